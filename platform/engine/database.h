@@ -1,0 +1,92 @@
+#pragma once
+// A base of tables over SQLite, in the words the logic speaks: tables with named indexes, seeks, moves, bookmarks.
+#include "platform/engine/schema.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace velm {
+
+enum class OpenMode {
+    Shared,           ///< read and write, other processes may have the base open
+    ExclusiveReadOnly ///< for media that cannot be written; the file is taken as unchanging
+};
+
+enum class OpenError {
+    None,
+    Missing,    ///< no such file; opening never creates one
+    Unreadable, ///< no permission, a folder, a device error
+    OldEngine,  ///< the signature of an older engine's file: another reader's business
+    Foreign,    ///< not a base: empty, truncated, or of another kind
+    ReadOnly    ///< Shared was asked for, and the file or its folder cannot be written
+};
+
+class Recordset;
+class Snapshot;
+
+/// One open base. Not movable between threads; every recordset must be gone (or closed) before it.
+class Database {
+public:
+    struct Opened {
+        std::unique_ptr<Database> database; ///< null when it failed
+        OpenError error = OpenError::None;
+        QString message; ///< the engine's own words, for a report
+    };
+
+    /// Opens an existing file and reads from it, so that a file of another kind fails here. The one place where file
+    /// formats are told apart.
+    static Opened open(const QString& path, OpenMode mode, const Schema& schema);
+
+    /// Makes an empty base with the tables of the schema; fails when the file exists. Only for makers of bases.
+    static Opened create(const QString& path, const Schema& schema);
+
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    QString path() const;
+    /// True when writes are possible.
+    bool updatable() const;
+
+    /// A table-type recordset on the first row of the primary order. Never fails: when the base lacks the table (or one
+    /// of its fields) the recordset is unusable, and its first use is a run-time error.
+    std::unique_ptr<Recordset> openTable(const QString& name);
+
+    /// A snapshot of a query, standing on its first row. Text marks in double quotes are translated to the engine's
+    /// single quotes first. Null and `error` set when the query cannot be run.
+    std::unique_ptr<Snapshot> openQuery(const QString& sql, QString* error = nullptr);
+
+    /// Transactions do not nest. begin() takes the write lock at once. commit() returns false (and has rolled back)
+    /// when the disk is full or fails.
+    bool begin();
+    bool commit();
+    void rollback();
+    bool inTransaction() const;
+
+    /// Runs statements without result (makers of bases, tests). False and lastError() on failure.
+    bool execute(const QString& sql);
+    QString lastError() const;
+
+    /// True when the whole file passes the engine's own check; slow, on demand only.
+    bool check(QString* report = nullptr);
+
+    /// Closes; open recordsets become unusable. Closing twice does nothing.
+    void close();
+
+    struct Private;
+    Private* d() const { return d_.get(); }
+
+private:
+    Database();
+    std::unique_ptr<Private> d_;
+};
+
+/// The double-quoted literals of a query text as single-quoted ones ("a""b" gives 'a"b'); the rest unchanged.
+QString translateQuotes(const QString& sql);
+
+} // namespace velm

@@ -1,0 +1,17 @@
+#pragma once
+// Finding text the way the rich text control does.
+#include "platform/richtext/richtext.h"
+
+namespace velm {
+
+struct FindOptions {
+    bool wholeWord = false; ///< no letter or digit right before or behind the hit
+    bool matchCase = false;
+};
+
+/// First hit that lies wholly in [start, end); end -1 is the text's end. -1 when there is none.
+qsizetype find(const RichText& text, QStringView what, qsizetype start, qsizetype end, FindOptions options);
+/// The same on plain text.
+qsizetype find(QStringView text, QStringView what, qsizetype start, qsizetype end, FindOptions options);
+
+} // namespace velm
