@@ -6,7 +6,8 @@
 
 namespace velm {
 
-/// Upper case unit by unit, accents kept; the result has the length of the argument (ß and ŉ stay as they are).
+/// Upper case unit by unit, accents kept; the result has the length of the argument (ß and ŉ stay as they are,
+/// and so do µ and ƒ, whose capitals the code page does not have).
 QString upperCase(QStringView text);
 
 /// Lower case unit by unit, accents kept, same length.
@@ -18,8 +19,9 @@ QString lowerCase(QStringView text);
 QString normalisemot(QStringView word);
 
 /// The stored order of text keys: bytes that compare (memcmp) first by normalisemot(upperCase(text)), then, behind a
-/// separator, by the upper-cased text with its accents. Texts that differ only in case have equal keys. All texts that
-/// share a folded prefix stand side by side.
+/// separator, by the upper-cased text with its accents (left out when it has none: that text comes first anyway). Texts
+/// that differ only in case have equal keys, all others different ones. All texts that share a folded prefix stand side
+/// by side.
 QByteArray sortKey(QStringView text);
 
 /// The part of sortKey() that all texts with this folded prefix begin with.
