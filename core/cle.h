@@ -1,0 +1,40 @@
+#pragma once
+// Document keys: a two-letter collection code and six digits, as in "CO000123".
+#include <QString>
+#include <QStringView>
+
+namespace velm {
+
+/// The order of the eleven collections wherever they are listed, looped over or counted.
+inline constexpr QStringView codestypes = u"COEUJPCLJRPRLTADGLVPDI";
+/// The order of the twelve window slots; IN is the index list.
+inline constexpr QStringView codesfenetres = u"COEUJPCLJRPRLTADGLVPDIIN";
+/// Only for the test of a key inside a document's markup. DI and VP stand the other way round; a plain search does not
+/// mind.
+inline constexpr QStringView codesmarques = u"COEUJPCLJRPRLTADGLDIVP";
+
+inline constexpr int nombredecollections = 11;
+inline constexpr int nombredefenetres = 12;
+
+/// Slot of a code: half of its position, an exact half rounded to the even slot (a pair that straddles two codes is
+/// found too). An unknown code gives 0, which is CO's slot.
+int indicedetype(QStringView code);
+
+/// The code of a slot from 0 to 11; empty outside.
+QString typedindice(int indice);
+
+/// The last six digits of a number, zero-padded: 7 gives "000007", 1234567 gives "234567".
+QString sixchiffres(qint64 nombre);
+
+/// A key cut by position: the first two characters and the rest.
+struct Cle {
+    QString code;
+    QString numero;
+    QString texte() const { return code + numero; }
+};
+Cle decoupecle(QStringView cle);
+
+/// True for exactly eight characters whose first two are found in `codesmarques`: what counts as a key in the markup.
+bool estcle(QStringView cle);
+
+} // namespace velm

@@ -1,0 +1,52 @@
+#pragma once
+// The collection's base: one database and eight recordsets, shared by everybody from start to exit. Each user sets the
+// index just before its seek, and finishes a walk before it gives control back.
+#include "platform/engine/recordset.h"
+
+#include <QStringView>
+
+namespace velm {
+
+class Corpus {
+public:
+    Corpus();
+    ~Corpus();
+    Corpus(const Corpus&) = delete;
+    Corpus& operator=(const Corpus&) = delete;
+
+    /// Opens the base at a path: shared first, then exclusive and read-only. No table is opened yet.
+    OpenError connecte(const QString& chemin);
+    bool connecte() const { return base_ != nullptr; }
+
+    /// Opens the eight tables in their order. A missing one is not noticed here: its first use is a run-time error.
+    void ouvretables();
+    /// Closes tables and base; `liens` is left to the closing of the base. Closing twice raises nothing.
+    void fermebase();
+
+    /// Which of the two attempts succeeded: false when the base was opened read-only.
+    bool updatable() const;
+    QString chemin() const;
+
+    Recordset& donnees() const { return table(donnees_, u"données"); }
+    Recordset& arborescences() const { return table(arborescences_, u"arborescences"); }
+    Recordset& parametres() const { return table(parametres_, u"paramètres"); }
+    Recordset& motcles() const { return table(motcles_, u"motclés"); }
+    Recordset& typedocument() const { return table(typedocument_, u"typedocument"); }
+    Recordset& liens() const { return table(liens_, u"liens"); }
+    Recordset& dico() const { return table(dico_, u"dico"); }
+    Recordset& generelien() const { return table(generelien_, u"generelien"); }
+    /// For snapshots from a query text.
+    Database& base() const;
+
+    /// Number of documents of a collection, from the packed text of `paramètres`; 0 for a code that is none of the
+    /// eleven.
+    qint64 compterarticles(QStringView code) const;
+
+private:
+    using Table = std::unique_ptr<Recordset>;
+    Recordset& table(const Table& table, QStringView nom) const;
+    std::unique_ptr<Database> base_;
+    Table donnees_, arborescences_, parametres_, motcles_, typedocument_, liens_, dico_, generelien_;
+};
+
+} // namespace velm
