@@ -1,0 +1,45 @@
+#pragma once
+// Small doors to the outside world, each with a scripted double in the tests.
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+
+namespace velm {
+
+class Horloge {
+public:
+    virtual ~Horloge() = default;
+    virtual QDateTime now() const = 0;
+};
+
+class SystemHorloge final : public Horloge {
+public:
+    QDateTime now() const override { return QDateTime::currentDateTime(); }
+};
+
+/// Hands things to the program that the user has for them. All are true when they were handed on.
+class Navigateur {
+public:
+    virtual ~Navigateur() = default;
+    virtual bool openUrl(const QString& address) = 0;
+    /// A new message to that address.
+    virtual bool mail(const QString& address) = 0;
+    /// A local file or folder.
+    virtual bool openFile(const QString& path) = 0;
+};
+
+struct ContenuPressePapiers {
+    QString texte;
+    /// The two rich forms may be empty.
+    QString html;
+    QByteArray rtf;
+};
+
+class PressePapiers {
+public:
+    virtual ~PressePapiers() = default;
+    virtual void pose(const ContenuPressePapiers& contenu) = 0;
+    virtual QString texte() const = 0;
+};
+
+} // namespace velm
