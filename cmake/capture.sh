@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# capture.sh PICTURE PROGRAM [ARGS...]: runs a program on a virtual display with a window manager, takes a picture once its
+# window stands still, and ends it.
+set -euo pipefail
+picture=$1
+shift
+size=${VELM_ECRAN:-1280x860}
+number=$((90 + RANDOM % 900))
+temp=$(mktemp -d)
+pids=()
+cleanup() {
+  for p in "${pids[@]}"; do kill "$p" 2>/dev/null || true; done
+  wait 2>/dev/null || true
+  rm -rf "$temp"
+}
+trap cleanup EXIT
+
+Xvfb ":$number" -screen 0 "${size}x24" -nolisten tcp >/dev/null 2>&1 &
+pids+=($!)
+export DISPLAY=":$number" QT_QPA_PLATFORM=xcb
+unset WAYLAND_DISPLAY
+for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
+openbox >/dev/null 2>&1 &
+pids+=($!)
+"$@" &
+program=$!
+pids+=("$program")
+
+# The picture is taken when two shots in a row are equal and show a window.
+last=""
+for _ in $(seq 60); do
+  sleep 0.5
+  kill -0 "$program" 2>/dev/null || { echo "the program ended before its window stood" >&2; exit 1; }
+  xdotool search --onlyvisible --pid "$program" >/dev/null 2>&1 || continue
+  import -silent -window root "$temp/shot.png"
+  now=$(identify -format '%#' "$temp/shot.png")
+  [ "$now" = "$last" ] && break
+  last=$now
+done
+mkdir -p "$(dirname "$picture")"
+mv "$temp/shot.png" "$picture"
+echo "$picture"

@@ -1,0 +1,82 @@
+#include "core/corpus.h"
+
+#include "core/cle.h"
+#include "platform/text/failure.h"
+#include "platform/text/number.h"
+
+namespace velm {
+
+Corpus::Corpus() = default;
+
+Corpus::~Corpus() {
+    fermebase();
+}
+
+OpenError Corpus::connecte(const QString& chemin) {
+    fermebase();
+    auto ouverte = Database::open(chemin, OpenMode::Shared, corpusSchema());
+    if (!ouverte.database)
+        ouverte = Database::open(chemin, OpenMode::ExclusiveReadOnly, corpusSchema());
+    base_ = std::move(ouverte.database);
+    return ouverte.error;
+}
+
+void Corpus::ouvretables() {
+    Database& ouverte = base();
+    donnees_ = ouverte.openTable(QStringLiteral("données"));
+    arborescences_ = ouverte.openTable(QStringLiteral("arborescences"));
+    parametres_ = ouverte.openTable(QStringLiteral("paramètres"));
+    motcles_ = ouverte.openTable(QStringLiteral("motclés"));
+    if (motcles_->usable())
+        motcles_->setIndex(QStringLiteral("primarykey"));
+    typedocument_ = ouverte.openTable(QStringLiteral("typedocument"));
+    liens_ = ouverte.openTable(QStringLiteral("liens"));
+    dico_ = ouverte.openTable(QStringLiteral("dico"));
+    generelien_ = ouverte.openTable(QStringLiteral("generelien"));
+}
+
+void Corpus::fermebase() {
+    motcles_.reset();
+    parametres_.reset();
+    arborescences_.reset();
+    donnees_.reset();
+    typedocument_.reset();
+    dico_.reset();
+    generelien_.reset();
+    // `liens` has no closing of its own: it goes with the base.
+    if (base_)
+        base_->close();
+    liens_.reset();
+    base_.reset();
+}
+
+bool Corpus::updatable() const {
+    return base_ && base_->updatable();
+}
+
+QString Corpus::chemin() const {
+    return base_ ? base_->path() : QString();
+}
+
+Database& Corpus::base() const {
+    if (!base_)
+        runtimeError(QStringLiteral("velm2000.dat"));
+    return *base_;
+}
+
+Recordset& Corpus::table(const Table& table, QStringView nom) const {
+    if (!table)
+        runtimeError(nom.toString());
+    return *table;
+}
+
+qint64 Corpus::compterarticles(QStringView code) const {
+    const qsizetype position = codestypes.indexOf(code) + 1;
+    if (position <= 0 || code.isEmpty())
+        return 0;
+    Recordset& rs = parametres();
+    rs.moveFirst();
+    return static_cast<qint64>(val(QStringView(rs.text(QStringLiteral("nbarticles"))).mid(3 * position - 3, 6)));
+}
+
+} // namespace velm

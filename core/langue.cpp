@@ -1,0 +1,59 @@
+#include "core/langue.h"
+
+#include "platform/system/files.h"
+#include "platform/text/failure.h"
+
+namespace velm {
+
+namespace {
+
+constexpr auto section = u"VELMORANTE 2000";
+
+QString cheminlangue(const QString& dossier, const QString& extension) {
+    return joinPath(dossier, QStringLiteral("langues/RES2000.") + extension);
+}
+
+/// The French file beside another one: the last two characters of the name replaced.
+QString fichierfrancais(const QString& chemin) {
+    return chemin.left(std::max<qsizetype>(0, chemin.size() - 2)) + QStringLiteral("FR");
+}
+
+} // namespace
+
+Langue::Langue(std::function<void(const QString&)> signale) : signale_(std::move(signale)), cache_(nombredetextes) {}
+
+void Langue::choisitfichier(const QString& dossierapplication, const QString& dossierprogramme,
+                            const QString& extension) {
+    dossierprogramme_ = dossierprogramme;
+    extension_ = extension;
+    fichier_ = cheminlangue(dossierapplication, extension);
+}
+
+QString Langue::lit(const QString& chemin, int n) {
+    auto profil = profils_.find(chemin);
+    if (profil == profils_.end())
+        profil = profils_.insert(chemin, Profile(chemin));
+    ++lectures_;
+    return profil->string(QStringView(section).toString(), QString::number(n), QString());
+}
+
+QString Langue::lireressource(int n) {
+    if (n < 0 || n >= nombredetextes)
+        runtimeError(QString::number(n));
+    if (!cache_.at(n).isEmpty())
+        return cache_.at(n);
+    QString texte = lit(fichier_, n);
+    if (texte.isEmpty() && !fichier_.endsWith(QStringLiteral("FR")))
+        texte = lit(fichierfrancais(fichier_), n);
+    if (texte.isEmpty()) {
+        // From now on the file beside the program is the language file, whatever the settings say.
+        fichier_ = cheminlangue(dossierprogramme_, extension_);
+        texte = lit(fichierfrancais(fichier_), n);
+    }
+    if (texte.isEmpty())
+        signale_(QString::number(n));
+    cache_[n] = texte;
+    return texte;
+}
+
+} // namespace velm
