@@ -13,12 +13,13 @@
 #include <QStringView>
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace velm {
 
-/// One INI text in memory. Names compare without case; of two equal names the first one counts. Lines that are not
-/// changed are written back byte by byte, also those that are no entries.
+/// One INI text in memory. Names compare without case; of two equal entries the first one counts, wherever it stands.
+/// Lines that are not changed are written back byte by byte, also those that are no entries.
 class IniDocument {
 public:
     /// Never fails: what is no section and no entry is kept as it is. Lines that are no valid UTF-8 are read as
@@ -37,20 +38,25 @@ private:
     struct Line {
         QByteArray raw;
         QString value;
-        bool blank = false;
     };
     struct Section {
         QByteArray header;
         std::vector<Line> lines;
-        QHash<QString, qsizetype> keys;
     };
+    struct Place {
+        size_t section;
+        size_t line;
+    };
+    using Name = std::pair<QString, QString>;
 
-    Section& section(const QString& name);
-    void addLine(Section& to, QByteArrayView raw);
+    void addLine(QByteArrayView raw, QString& sectionName);
+    bool addHeader(QByteArrayView raw, QByteArrayView trimmed, QString& sectionName);
+    size_t sectionNamed(QStringView name);
 
-    /// sections_[0] is what stands before the first header.
+    /// The first one is what stands before the first header: the section without a name.
     std::vector<Section> sections_ = std::vector<Section>(1);
-    QHash<QString, qsizetype> names_;
+    QHash<QString, size_t> names_ = {{QString(), 0}};
+    QHash<Name, Place> entries_;
 };
 
 } // namespace velm

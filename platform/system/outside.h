@@ -21,6 +21,7 @@ public:
 class Navigateur {
 public:
     virtual ~Navigateur() = default;
+    /// An address of the web; never a local file.
     virtual bool openUrl(const QString& address) = 0;
     /// A new message to that address.
     virtual bool mail(const QString& address) = 0;

@@ -5,8 +5,6 @@
 #include <QString>
 #include <QStringView>
 
-#include <vector>
-
 namespace velm {
 
 /// One INI file, loaded once (Windows-1252, or UTF-8 with its mark). Sections and keys compare without case; of equal
@@ -43,12 +41,12 @@ private:
     using Entries = QHash<QString, QStringView>;
 
     void parse();
+    Entries* addSection(QStringView name);
     const QStringView* find(QStringView section, QStringView key) const;
 
     /// The views of the entries point into this text: its characters do not move when the object does.
     QString text_;
-    std::vector<Entries> sections_;
-    QHash<QString, size_t> names_;
+    QHash<QString, Entries> sections_;
     bool loaded_ = false;
 };
 

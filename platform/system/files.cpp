@@ -1,0 +1,133 @@
+#include "platform/system/files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStorageInfo>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace velm {
+namespace {
+
+constexpr qint64 copyChunk = 30000;
+
+bool isSameFile(const QString& a, const QString& b) {
+    const QString canonical = QFileInfo(a).canonicalFilePath();
+    return !canonical.isEmpty() && canonical == QFileInfo(b).canonicalFilePath();
+}
+
+/// The copy itself; the target did not exist before.
+void copyChunks(QFile& from, QFile& to, const std::function<void(double)>& progress, CopieResultat& result) {
+    const qint64 total = from.size();
+    QByteArray chunk(std::min(total, copyChunk), Qt::Uninitialized);
+    while (result.written < total) {
+        const qint64 wanted = std::min(total - result.written, copyChunk);
+        const qint64 got = from.read(chunk.data(), wanted);
+        if (got <= 0) {
+            result.error = got < 0 ? from.errorString() : qt_error_string(EIO);
+            return;
+        }
+        if (to.write(chunk.constData(), got) != got) {
+            result.error = to.errorString();
+            return;
+        }
+        result.written += got;
+        if (progress)
+            progress(static_cast<double>(result.written) / static_cast<double>(total) * 100);
+    }
+    if (!to.flush())
+        result.error = to.errorString();
+}
+
+} // namespace
+
+QString joinPath(QStringView folder, QStringView name) {
+    if (folder.isEmpty() || name.isEmpty())
+        return (folder.isEmpty() ? name : folder).toString();
+    while (folder.endsWith(u'/'))
+        folder.chop(1);
+    while (name.startsWith(u'/'))
+        name = name.sliced(1);
+    return folder.toString() + u'/' + name.toString();
+}
+
+QString withSeparator(const QString& folder) {
+    return folder.isEmpty() || folder.endsWith(u'/') ? folder : folder + u'/';
+}
+
+QString folderOf(const QString& path) {
+    const qsizetype separator = path.lastIndexOf(u'/');
+    if (separator < 0)
+        return {};
+    return separator == 0 ? QStringLiteral("/") : path.first(separator);
+}
+
+bool fileExists(const QString& path) {
+    return !path.isEmpty() && QFileInfo(path).isFile();
+}
+
+std::optional<QDateTime> fileDate(const QString& path) {
+    return fileExists(path) ? std::optional(QFileInfo(path).lastModified()) : std::nullopt;
+}
+
+std::optional<qint64> fileSize(const QString& path) {
+    return fileExists(path) ? std::optional(QFileInfo(path).size()) : std::nullopt;
+}
+
+CopieResultat copiefichier(const QString& source, const QString& target,
+                           const std::function<void(double percent)>& progress) {
+    CopieResultat result;
+    if (!fileExists(source))
+        return result;
+    if (isSameFile(source, target)) {
+        result.error = qt_error_string(EEXIST);
+        return result;
+    }
+    // The source is opened first: a source that cannot be read shall not cost the target.
+    QFile from(source);
+    if (!from.open(QIODevice::ReadOnly)) {
+        result.error = from.errorString();
+        return result;
+    }
+    QFile to(target);
+    if (QFileInfo(target).exists() && !to.remove()) {
+        result.error = to.errorString();
+        return result;
+    }
+    if (!to.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        result.error = to.errorString();
+        return result;
+    }
+    copyChunks(from, to, progress, result);
+    to.close();
+    if (!result.ok())
+        to.remove();
+    return result;
+}
+
+std::optional<qint64> placelibre(const QString& path) {
+    QString place = QFileInfo(path).absoluteFilePath();
+    while (!QFileInfo::exists(place)) {
+        const QString above = QFileInfo(place).absolutePath();
+        if (above == place)
+            return std::nullopt;
+        place = above;
+    }
+    const QStorageInfo storage(place);
+    if (!storage.isValid() || !storage.isReady())
+        return std::nullopt;
+    return storage.bytesAvailable();
+}
+
+QString tempFolder() {
+    return QDir::tempPath();
+}
+
+bool makeWritable(const QString& path) {
+    const QFile::Permissions own = QFile::ReadOwner | QFile::WriteOwner;
+    return QFile::setPermissions(path, QFileInfo(path).permissions() | own);
+}
+
+} // namespace velm

@@ -1,0 +1,130 @@
+#include "platform/system/ui/qtdialogues.h"
+
+#include "platform/system/files.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <array>
+#include <utility>
+
+namespace velm {
+namespace {
+
+struct Pair {
+    Bouton bouton;
+    QMessageBox::StandardButton standard;
+};
+constexpr std::array<Pair, 4> answers = {{{Bouton::Ok, QMessageBox::Ok},
+                                          {Bouton::Annuler, QMessageBox::Cancel},
+                                          {Bouton::Oui, QMessageBox::Yes},
+                                          {Bouton::Non, QMessageBox::No}}};
+
+QMessageBox::Icon iconOf(Icone icone) {
+    switch (icone) {
+    case Icone::Question:
+        return QMessageBox::Question;
+    case Icone::Information:
+        return QMessageBox::Information;
+    case Icone::Exclamation:
+        return QMessageBox::Warning;
+    case Icone::Stop:
+        return QMessageBox::Critical;
+    case Icone::Aucune:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+void addButtons(QMessageBox& box, const Message& message) {
+    for (const Pair& pair : answers) {
+        if (message.boutons.testFlag(pair.bouton)) {
+            QPushButton* const button = box.addButton(pair.standard);
+            if (message.defaut == pair.bouton)
+                box.setDefaultButton(button);
+        }
+    }
+}
+
+/// The help button leaves the box open: its click is taken away from the box, which would close.
+void addHelp(QMessageBox& box, int contexte, const std::function<void(int)>& aide) {
+    QPushButton* const button = box.addButton(QMessageBox::Help);
+    QObject::disconnect(button, &QPushButton::clicked, nullptr, nullptr);
+    QObject::connect(button, &QPushButton::clicked, &box, [aide, contexte] { aide(contexte); });
+}
+
+std::optional<QString> run(QFileDialog& dialog) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return dialog.selectedFiles().first();
+}
+
+void prepare(QFileDialog& dialog, const ChoixFichier& choix) {
+    QStringList filters;
+    for (const Filtre& filtre : lisfiltres(choix.filtre)) {
+        // Qt takes the last pair of brackets for the patterns and shows only what stands before it.
+        const qsizetype bracket = filtre.libelle.lastIndexOf(QStringLiteral(" ("));
+        const QString label = bracket > 0 ? filtre.libelle.first(bracket) : filtre.libelle;
+        filters.append(label + QStringLiteral(" (") + filtre.motifs.join(u' ') + u')');
+    }
+    if (!filters.isEmpty())
+        dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(choix.extension);
+    if (!choix.dossier.isEmpty())
+        dialog.setDirectory(choix.dossier);
+    if (!choix.nom.isEmpty())
+        dialog.selectFile(choix.nom);
+}
+
+} // namespace
+
+QtDialogues::QtDialogues(std::function<void(int contexte)> aide) : aide_(std::move(aide)) {}
+
+Bouton QtDialogues::message(const Message& message) {
+    QMessageBox box(iconOf(message.icone), message.titre, message.texte, QMessageBox::NoButton,
+                    QApplication::activeWindow());
+    box.setObjectName(QStringLiteral("message"));
+    // The texts are texts: a name with "<" in it is no markup.
+    box.setTextFormat(Qt::PlainText);
+    addButtons(box, message);
+    if (box.buttons().isEmpty())
+        box.addButton(QMessageBox::Ok);
+    if (message.boutons.testFlag(Bouton::Aide) && aide_)
+        addHelp(box, message.contexteAide, aide_);
+    if (const auto escape = boutonAbandon(message.boutons); escape != Bouton::Ok)
+        box.setEscapeButton(escape == Bouton::Annuler ? QMessageBox::Cancel : QMessageBox::No);
+    box.exec();
+    const QMessageBox::StandardButton pressed = box.standardButton(box.clickedButton());
+    for (const Pair& pair : answers) {
+        if (pressed == pair.standard)
+            return pair.bouton;
+    }
+    return boutonAbandon(message.boutons);
+}
+
+std::optional<QString> QtDialogues::openFile(const ChoixFichier& choix) {
+    QFileDialog dialog(QApplication::activeWindow(), choix.titre);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    prepare(dialog, choix);
+    return run(dialog);
+}
+
+std::optional<QString> QtDialogues::saveFile(const ChoixFichier& choix) {
+    QFileDialog dialog(QApplication::activeWindow(), choix.titre);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    prepare(dialog, choix);
+    return run(dialog);
+}
+
+std::optional<QString> QtDialogues::chooseFolder(const QString& titre, const QString& dossier) {
+    QFileDialog dialog(QApplication::activeWindow(), titre, dossier);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return run(dialog);
+}
+
+} // namespace velm
