@@ -62,7 +62,7 @@ QVariant Reglages::lireparametre(const QString& section, const QString& cle, con
         // True counts as -1, so that a line "1" and a missing line both mean True.
         const qint64 entierdefaut =
             defaut.typeId() == QMetaType::Bool ? (defaut.toBool() ? -1 : 0) : roundHalfEven(defaut.toDouble());
-        return maitre_.integer(section, cle, entierdefaut);
+        return static_cast<qint64>(maitre_.integer(section, cle, static_cast<int>(entierdefaut)));
     }
     const QString texte = maitre_.string(section, cle, QString());
     return texte.isEmpty() ? defaut : QVariant(texte);
@@ -73,7 +73,21 @@ QString Reglages::getsetting(const QString& section, const QString& cle, const Q
 }
 
 bool Reglages::savesetting(const QString& section, const QString& cle, const QString& valeur) {
-    return magasin_.save(section, cle, valeur);
+    const bool ecrit = magasin_.save(section, cle, valeur);
+    if (!ecrit)
+        signaleechec();
+    return ecrit;
+}
+
+void Reglages::surechec(std::function<void(const QString& raison)> dit) {
+    dit_ = std::move(dit);
+}
+
+void Reglages::signaleechec() {
+    // Once is enough: every later write would fail for the same reason.
+    const auto dit = std::exchange(dit_, nullptr);
+    if (dit)
+        dit(magasin_.lastError());
 }
 
 QString Reglages::texte(const QString& section, const QString& cle, const QString& defaut, bool maitre) const {

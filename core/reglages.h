@@ -7,6 +7,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <functional>
+
 namespace velm {
 
 class Reglages {
@@ -27,6 +29,10 @@ public:
     QString getsetting(const QString& section, const QString& cle, const QString& defaut = QString()) const;
     /// Writes a user's value. A failure is said once (see ReglagesStore::lastError) and the program goes on.
     bool savesetting(const QString& section, const QString& cle, const QString& valeur);
+    /// Who says that settings cannot be written: called at the first failure only.
+    void surechec(std::function<void(const QString& raison)> dit);
+    /// For writers of a whole batch.
+    void signaleechec();
 
     // Readings with conversion; `maitre` sends the default through lireparametre first. A stored text that is no number
     // is a run-time error: values are never validated.
@@ -41,6 +47,7 @@ private:
     ReglagesStore& magasin_;
     Profile maitre_;
     QString cheminmaitre_;
+    std::function<void(const QString&)> dit_;
 };
 
 } // namespace velm

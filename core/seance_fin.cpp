@@ -94,13 +94,15 @@ bool Seance::quitteprogramme() {
     const EtatFenetres etat = ecrans_.etatfenetres();
     {
         // Everything that the exit writes reaches the disk at once; windows that save their own place join in.
-        const ReglagesStore::Batch lot(reglages_.magasin());
+        ReglagesStore::Batch lot(reglages_.magasin());
         ecritfenetres(etat);
         corpus_.fermebase();
         ecrans_.fermedossiers();
         ecrans_.sauvederniers();
         ecrans_.fermefenetres();
         ecritposition(etat.principale);
+        if (!lot.commit())
+            reglages_.signaleechec();
     }
     ecrans_.fermeprincipale();
     return true;

@@ -1,0 +1,119 @@
+#include "tests/core/seance_support.h"
+
+using namespace velm;
+
+namespace {
+
+class SeanceFin : public velm::essais::SeanceTest {
+protected:
+    bool quitte(std::initializer_list<Bouton> reponses) {
+        if (!corpus.connecte())
+            EXPECT_EQ(seance().demarre(), Demarrage::EnMarche);
+        ecrans.journal.clear();
+        dialogues.recus.clear();
+        dialogues.reponses.assign(reponses);
+        return seance().quitteprogramme();
+    }
+};
+
+} // namespace
+
+TEST_F(SeanceFin, DecliningTheQuestionLeavesEverythingAsItWas) {
+    EXPECT_FALSE(quitte({Bouton::Non}));
+    EXPECT_TRUE(ecrans.journal.isEmpty());
+    EXPECT_TRUE(corpus.connecte());
+    EXPECT_EQ(lu("POSITIONFORME", "MDICHILD"), u"(absent)");
+    ASSERT_EQ(dialogues.recus.size(), 1u);
+    const Message& m = dialogues.recus.front();
+    EXPECT_EQ(m.texte, u"Voulez-vous quitter le programme ?");
+    EXPECT_EQ(m.titre, u"Quitter");
+    EXPECT_EQ(m.icone, Icone::Question);
+    EXPECT_EQ(m.boutons, Bouton::Oui | Bouton::Non | Bouton::Aide);
+    EXPECT_EQ(m.contexteAide, 13);
+}
+
+TEST_F(SeanceFin, NoQuestionIsAskedWhenTheQuitSettingIsOne) {
+    stocke("GENERALITES", "CHECKQUIT", QStringLiteral("1"));
+    EXPECT_TRUE(quitte({}));
+    EXPECT_TRUE(dialogues.recus.empty());
+}
+
+TEST_F(SeanceFin, TheStepsStandInTheirOrder) {
+    EXPECT_TRUE(quitte({Bouton::Oui}));
+    EXPECT_EQ(ecrans.journal, (QStringList{QStringLiteral("ferme dossiers"), QStringLiteral("derniers"),
+                                           QStringLiteral("ferme fenêtres"), QStringLiteral("ferme principale")}));
+    EXPECT_FALSE(corpus.connecte());
+}
+
+TEST_F(SeanceFin, AnOpenPrintJobIsFinishedOnYes) {
+    ecrans.impression = true;
+    EXPECT_TRUE(quitte({Bouton::Oui, Bouton::Oui}));
+    EXPECT_TRUE(ecrans.a(QStringLiteral("termine")));
+    EXPECT_FALSE(ecrans.a(QStringLiteral("abandonne")));
+    EXPECT_TRUE(dialogues.recus.back().texte.endsWith(u'?'));
+    EXPECT_EQ(dialogues.recus.back().boutons, Bouton::Oui | Bouton::Non);
+}
+
+TEST_F(SeanceFin, AnOpenPrintJobIsThrownAwayOnAnyOtherAnswer) {
+    ecrans.impression = true;
+    EXPECT_TRUE(quitte({Bouton::Oui, Bouton::Annuler}));
+    EXPECT_TRUE(ecrans.a(QStringLiteral("abandonne")));
+    EXPECT_FALSE(ecrans.a(QStringLiteral("termine")));
+}
+
+TEST_F(SeanceFin, SlotFlagsAndKeysAreWrittenInSlotOrder) {
+    ecrans.etat.cochees[0] = true;
+    ecrans.etat.cochees[2] = true;
+    ecrans.etat.cochees[11] = true;
+    ecrans.etat.filles = {{QStringLiteral("Textes"), QStringLiteral("JP000007")},
+                          {QStringLiteral("Textes"), QStringLiteral("CO000005")},
+                          {QStringLiteral("Textes"), QStringLiteral("CO000006")},
+                          {QStringLiteral("Textes"), QString()}};
+    EXPECT_TRUE(quitte({Bouton::Oui}));
+    EXPECT_EQ(lu("POSITIONFORME", "MDICHILD"), u"-1X X        X");
+    EXPECT_EQ(lu("POSITIONFORME", "MDICHILDCONTENU"),
+              QStringLiteral("CO000005        JP000007").leftJustified(96, u' '));
+}
+
+TEST_F(SeanceFin, SearchWindowsAreNotRecorded) {
+    for (const char* nom : {"frmVelmorSelect", "fIndex", "frmchrono", "frmrechnum", "frmrechmotcle"})
+        ecrans.etat.filles.push_back({QString::fromUtf8(nom), QStringLiteral("CO000001")});
+    EXPECT_TRUE(quitte({Bouton::Oui}));
+    EXPECT_EQ(lu("POSITIONFORME", "MDICHILDCONTENU"), QString(96, u' '));
+}
+
+TEST_F(SeanceFin, TheActiveSlotIsFoundByTheCaptionOfItsEntry) {
+    ecrans.etat.libelles[3] = QStringLiteral("Codes et lois - Article premier");
+    ecrans.etat.titreactif = QStringLiteral("Codes et lois - Article premier");
+    EXPECT_TRUE(quitte({Bouton::Oui}));
+    EXPECT_TRUE(lu("POSITIONFORME", "MDICHILD").startsWith(QStringLiteral("03")));
+}
+
+TEST_F(SeanceFin, TheFramesPositionIsWrittenInAnyState) {
+    ecrans.etat.principale = {1, 30, 45, 6000, 5000};
+    ecrans.etat.largeurpane = 3210.5;
+    EXPECT_TRUE(quitte({Bouton::Oui}));
+    EXPECT_EQ(lu("POSITIONMDI", "WINDOWSSTATE"), u"1");
+    EXPECT_EQ(lu("POSITIONMDI", "WINDOWSLEFT"), u"30");
+    EXPECT_EQ(lu("POSITIONMDI", "WINDOWSTOP"), u"45");
+    EXPECT_EQ(lu("POSITIONMDI", "WINDOWSWIDTH"), u"6000");
+    EXPECT_EQ(lu("POSITIONMDI", "WINDOWSHEIGHT"), u"5000");
+    EXPECT_EQ(lu("EDITEUR", "LARGEURSELECTION"), u"3210.5");
+    EXPECT_EQ(lu("BASE", "CHEMIN"), dossier_.path() + u'/');
+}
+
+TEST_F(SeanceFin, WhatTheExitWroteIsReadByTheNextStart) {
+    stocke("GENERALITES", "RESTAUREFEN", QStringLiteral("1"));
+    ecrans.etat.cochees[2] = true;
+    ecrans.etat.filles = {{QStringLiteral("Textes"), QStringLiteral("JP000007")}};
+    EXPECT_TRUE(quitte({Bouton::Oui}));
+    seance_.reset();
+    ecrans.surcharge = [this] { seance().restaurefenetres(); };
+    EXPECT_EQ(seance().demarre(), Demarrage::EnMarche);
+    EXPECT_TRUE(ecrans.a(QStringLiteral("navigue TAJP000007")));
+}
+
+TEST_F(SeanceFin, TheWindowHandleIsNeverCleared) {
+    EXPECT_TRUE(quitte({Bouton::Oui}));
+    EXPECT_EQ(lu("HWND", "HWnd"), u"4242");
+}

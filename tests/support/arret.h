@@ -1,0 +1,26 @@
+#pragma once
+// A run-time error as an exception, for tests that must observe the end of the program.
+#include "platform/text/failure.h"
+
+#include <stdexcept>
+#include <utility>
+
+namespace velm::essais {
+
+struct Arret : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// While one lives, a run-time error throws Arret.
+class GardeArret {
+public:
+    GardeArret() : avant_(setRuntimeErrorHandler([](const QString& m) { throw Arret(m.toStdString()); })) {}
+    ~GardeArret() { setRuntimeErrorHandler(std::move(avant_)); }
+    GardeArret(const GardeArret&) = delete;
+    GardeArret& operator=(const GardeArret&) = delete;
+
+private:
+    RuntimeErrorHandler avant_;
+};
+
+} // namespace velm::essais
