@@ -60,13 +60,13 @@ QString Corpus::chemin() const {
 
 Database& Corpus::base() const {
     if (!base_)
-        runtimeError(QStringLiteral("velm2000.dat"));
+        runtimeError(Failure::Engine, {QStringLiteral("velm2000.dat")});
     return *base_;
 }
 
 Recordset& Corpus::table(const Table& table, QStringView nom) const {
     if (!table)
-        runtimeError(nom.toString());
+        runtimeError(Failure::MissingTable, {nom.toString()});
     return *table;
 }
 

@@ -39,7 +39,7 @@ QString Langue::lit(const QString& chemin, int n) {
 
 QString Langue::lireressource(int n) {
     if (n < 0 || n >= nombredetextes)
-        runtimeError(QString::number(n));
+        runtimeError(Failure::ArrayBounds, {QString::number(n), QString::number(nombredetextes - 1)});
     if (!cache_.at(n).isEmpty())
         return cache_.at(n);
     QString texte = lit(fichier_, n);

@@ -86,7 +86,7 @@ std::vector<Outil> litoutils(const Reglages& reglages, const QString& applicatio
     const QString section = QStringLiteral("TOOLS");
     const qint64 nombre = reglages.entier(section, QStringLiteral("NOMBRE"), 0, true);
     if (nombre > nombremaxoutils)
-        runtimeError(QStringLiteral("[TOOLS] NOMBRE = %1").arg(nombre));
+        runtimeError(Failure::ArrayBounds, {QString::number(nombre), QString::number(nombremaxoutils)});
     std::vector<Outil> outils;
     for (qint64 n = 1; n <= nombre; ++n) {
         const auto lit = [&](const QString& cle) {

@@ -17,7 +17,7 @@ std::optional<double> nombre(const QString& texte) {
 }
 
 [[noreturn]] void erreurdeconversion(const QString& section, const QString& cle, const QString& texte) {
-    runtimeError(QStringLiteral("[%1] %2 = %3").arg(section, cle, texte));
+    runtimeError(Failure::NotANumber, {section + u'/' + cle, texte});
 }
 
 QString motbooleen(bool valeur) {

@@ -17,13 +17,17 @@ RuntimeErrorHandler setRuntimeErrorHandler(RuntimeErrorHandler handler) {
     return std::exchange(handlerSlot(), std::move(handler));
 }
 
-void runtimeError(const QString& message) {
+void runtimeError(Failure what, const QStringList& parts) {
     if (handlerSlot()) {
-        handlerSlot()(message);
+        handlerSlot()({what, parts});
         std::abort();
     }
-    std::fprintf(stderr, "%s\n", qUtf8Printable(message));
+    std::fprintf(stderr, "%s\n", qUtf8Printable(parts.join(u' ')));
     std::exit(70);
+}
+
+void runtimeError(const QString& message) {
+    runtimeError(Failure::Engine, {message});
 }
 
 } // namespace velm

@@ -1,20 +1,38 @@
 #pragma once
 // The one road of a run-time error that the design lets end the program.
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
 namespace velm {
 
+/// What an error of this kind can be, with the parts that its message needs.
+enum class Failure {
+    ArrayBounds,  ///< the number, the greatest one
+    NotANumber,   ///< the setting, its text
+    MissingTable, ///< the table
+    Engine,       ///< what the engine says
+    MissingIndex, ///< the index, the table
+    MissingField  ///< the field
+};
+
+struct RuntimeFailure {
+    Failure what = Failure::Engine;
+    QStringList parts;
+};
+
 /// Ends the program through the installed handler. Used where the logic meets an error that nothing catches: a table
 /// that is missing when it is first used, a stored text that is no number, an array bound.
+[[noreturn]] void runtimeError(Failure what, const QStringList& parts);
+/// An error of the engine, in its own words.
 [[noreturn]] void runtimeError(const QString& message);
 
 /// The handler must not return (it ends the process, or throws in a test); if it does, the process is aborted.
-using RuntimeErrorHandler = std::function<void(const QString& message)>;
+using RuntimeErrorHandler = std::function<void(const RuntimeFailure& failure)>;
 
-/// Installs a handler and gives back the one before. Without any, the message goes to standard error and the process
-/// ends with code 70.
+/// Installs a handler and gives back the one before. Without any, the parts go to standard error and the process ends
+/// with code 70.
 RuntimeErrorHandler setRuntimeErrorHandler(RuntimeErrorHandler handler);
 
 } // namespace velm

@@ -14,7 +14,9 @@ struct Arret : std::runtime_error {
 /// While one lives, a run-time error throws Arret.
 class GardeArret {
 public:
-    GardeArret() : avant_(setRuntimeErrorHandler([](const QString& m) { throw Arret(m.toStdString()); })) {}
+    GardeArret()
+        : avant_(
+              setRuntimeErrorHandler([](const RuntimeFailure& f) { throw Arret(f.parts.join(u' ').toStdString()); })) {}
     ~GardeArret() { setRuntimeErrorHandler(std::move(avant_)); }
     GardeArret(const GardeArret&) = delete;
     GardeArret& operator=(const GardeArret&) = delete;

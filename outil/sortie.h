@@ -1,0 +1,62 @@
+#pragma once
+// What every command of the tool gets: the texts, its arguments, and two places to write.
+#include "core/langue.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+namespace velm::outil {
+
+/// Exit codes, the same for all commands.
+enum Code {
+    Reussite = 0,
+    Echec = 1,          ///< a file that cannot be read or written, a base that is none
+    LigneIncorrecte = 2,///< unknown command or option, missing argument
+    SourceFautive = 3,  ///< the source has errors: no base was written
+    DocumentAbsent = 4  ///< the base has no such document
+};
+
+class Contexte {
+public:
+    Contexte(Langue& langue, QStringList arguments, QString dossierprogramme);
+
+    /// Takes an option out of the arguments: true when it was there.
+    bool option(const QString& nom);
+    /// Takes an option and its value out; an empty text when it was not there.
+    QString valeur(const QString& nom);
+    /// The first option that nobody took.
+    QString optioninconnue() const;
+    const QStringList& arguments() const { return arguments_; }
+
+    QString texte(int id) { return langue_.lireressource(id); }
+    QString texte(int id, const QStringList& parties);
+    Langue& langue() { return langue_; }
+    QString dossierprogramme() const { return dossierprogramme_; }
+
+    void ecrit(const QByteArray& octets) const;
+    void ligne(const QString& texte) const;
+    void erreur(const QString& texte) const;
+
+    /// Says what is wrong and gives the code back.
+    int echoue(Code code, int id, const QStringList& parties = {});
+
+private:
+    Langue& langue_;
+    QStringList arguments_;
+    QString dossierprogramme_;
+};
+
+/// A whole file, or nothing with the failure said.
+std::optional<QByteArray> litfichier(Contexte& contexte, const QString& chemin);
+
+int compiler(Contexte& contexte);
+int synthese(Contexte& contexte);
+int dossiers(Contexte& contexte);
+int info(Contexte& contexte);
+int document(Contexte& contexte);
+int texte(Contexte& contexte);
+int rtf(Contexte& contexte);
+int formats(Contexte& contexte);
+
+} // namespace velm::outil
