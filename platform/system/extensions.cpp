@@ -2,9 +2,7 @@
 
 #include "platform/system/files.h"
 
-#include <QDir>
 #include <QFile>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -88,12 +86,11 @@ void bringUpToDate(const QString& path, const QByteArray& bytes, ExtensionsResul
     if (present.open(QIODevice::ReadOnly) && present.read(bytes.size() + 1) == bytes)
         return;
     present.close();
-    QDir().mkpath(folderOf(path));
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    const QString error = writeWhole(path, bytes);
+    if (error.isEmpty())
         result.written = true;
     else
-        result.errors.append(path + QStringLiteral(": ") + file.errorString());
+        result.errors.append(error);
 }
 
 /// Desktops without these programs read the files themselves.

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QStorageInfo>
 
 #include <algorithm>
@@ -37,8 +38,6 @@ void copyChunks(QFile& from, QFile& to, const std::function<void(double)>& progr
         if (progress)
             progress(static_cast<double>(result.written) / static_cast<double>(total) * 100);
     }
-    if (!to.flush())
-        result.error = to.errorString();
 }
 
 } // namespace
@@ -76,6 +75,16 @@ std::optional<qint64> fileSize(const QString& path) {
     return fileExists(path) ? std::optional(QFileInfo(path).size()) : std::nullopt;
 }
 
+QString writeWhole(const QString& path, const QByteArray& bytes) {
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QSaveFile file(path);
+    // Without a buffer: a disk that is full when a buffer is emptied at the end is not told by commit(), and the cut
+    // file would replace the good one.
+    const bool written =
+        file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(bytes) == bytes.size() && file.commit();
+    return written ? QString() : path + QStringLiteral(": ") + file.errorString();
+}
+
 CopieResultat copiefichier(const QString& source, const QString& target,
                            const std::function<void(double percent)>& progress) {
     CopieResultat result;
@@ -96,7 +105,7 @@ CopieResultat copiefichier(const QString& source, const QString& target,
         result.error = to.errorString();
         return result;
     }
-    if (!to.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+    if (!to.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
         result.error = to.errorString();
         return result;
     }

@@ -1,6 +1,7 @@
 #pragma once
 // Files and folders. Stored directories keep the form each step gave them (with or without the last separator); only
 // what is opened goes through joinPath().
+#include <QByteArray>
 #include <QDateTime>
 #include <QString>
 #include <QStringView>
@@ -28,6 +29,11 @@ std::optional<QDateTime> fileDate(const QString& path);
 
 /// Length in bytes; nothing for a file that is not there.
 std::optional<qint64> fileSize(const QString& path);
+
+/// Writes a whole file through a temporary one beside it, making its folder if need be: afterwards there is either the
+/// new file or, with an error, what was there before. The result is the error for people to read; empty when all went
+/// well.
+QString writeWhole(const QString& path, const QByteArray& bytes);
 
 struct CopieResultat {
     qint64 written = 0;

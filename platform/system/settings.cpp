@@ -2,10 +2,8 @@
 
 #include "platform/system/files.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <utility>
@@ -61,12 +59,9 @@ bool ReglagesStore::write() {
         return true;
     if (unreadable_)
         return false;
-    const QFileInfo info(path_);
-    QDir().mkpath(info.absolutePath());
-    QSaveFile file(path_);
-    const QByteArray bytes = document_.bytes();
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        lastError_ = path_ + QStringLiteral(": ") + file.errorString();
+    const QString error = writeWhole(path_, document_.bytes());
+    if (!error.isEmpty()) {
+        lastError_ = error;
         return false;
     }
     changed_ = false;

@@ -1,0 +1,158 @@
+#include "platform/system/singleinstance.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace velm;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class Instance : public testing::Test {
+protected:
+    QTemporaryDir folder;
+    const QString name = u"velm2000"_s;
+
+    template <typename Condition>
+    static bool eventually(Condition condition) {
+        QElapsedTimer clock;
+        clock.start();
+        while (!condition() && clock.elapsed() < 20000)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+        return condition();
+    }
+};
+
+TEST_F(Instance, TheFirstIsFirstAndTheSecondIsNot) {
+    const SingleInstance first(name, folder.path());
+    const SingleInstance second(name, folder.path());
+    const SingleInstance third(name, folder.path());
+    EXPECT_TRUE(first.first());
+    EXPECT_FALSE(second.first());
+    EXPECT_FALSE(third.first());
+}
+
+TEST_F(Instance, NamesAndFoldersAreApart) {
+    const QTemporaryDir other;
+    const SingleInstance first(name, folder.path());
+    EXPECT_TRUE(SingleInstance(u"other"_s, folder.path()).first());
+    EXPECT_TRUE(SingleInstance(name, other.path()).first());
+}
+
+TEST_F(Instance, TheLockEndsWithTheFirst) {
+    {
+        const SingleInstance first(name, folder.path());
+        EXPECT_TRUE(first.first());
+    }
+    EXPECT_TRUE(SingleInstance(name, folder.path()).first());
+}
+
+TEST_F(Instance, ARequestRaisesTheFirst) {
+    SingleInstance first(name, folder.path());
+    int raised = 0;
+    first.setOnRaise([&] { ++raised; });
+    const SingleInstance second(name, folder.path());
+    EXPECT_TRUE(second.raiseFirst());
+    EXPECT_TRUE(eventually([&] { return raised == 1; }));
+    EXPECT_TRUE(second.raiseFirst());
+    EXPECT_TRUE(eventually([&] { return raised == 2; }));
+}
+
+TEST_F(Instance, ARequestDuringTheStartIsNotLost) {
+    SingleInstance first(name, folder.path());
+    EXPECT_TRUE(SingleInstance(name, folder.path()).raiseFirst());
+    EXPECT_TRUE(SingleInstance(name, folder.path()).raiseFirst());
+    int raised = 0;
+    first.setOnRaise([&] { ++raised; });
+    EXPECT_TRUE(eventually([&] { return raised > 0; }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(raised, 1) << "waiting requests make one call";
+}
+
+TEST_F(Instance, ManyRequestsNeverBlock) {
+    const SingleInstance first(name, folder.path());
+    const SingleInstance second(name, folder.path());
+    for (int i = 0; i < 100000; ++i)
+        ASSERT_TRUE(second.raiseFirst());
+}
+
+TEST_F(Instance, OnlyASecondAsks) {
+    const SingleInstance first(name, folder.path());
+    EXPECT_FALSE(first.raiseFirst());
+}
+
+TEST_F(Instance, AKilledFirstLeavesNoLock) {
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        const SingleInstance first(name, folder.path());
+        const char answer = first.first() ? 'y' : 'n';
+        if (write(ready[1], &answer, 1) == 1)
+            pause();
+        _exit(0);
+    }
+    char answer = 0;
+    ASSERT_EQ(read(ready[0], &answer, 1), 1);
+    EXPECT_EQ(answer, 'y');
+    EXPECT_FALSE(SingleInstance(name, folder.path()).first());
+    EXPECT_TRUE(SingleInstance(name, folder.path()).raiseFirst());
+    kill(child, SIGKILL);
+    ASSERT_EQ(waitpid(child, nullptr, 0), child);
+    close(ready[0]);
+    close(ready[1]);
+    SingleInstance next(name, folder.path());
+    EXPECT_TRUE(next.first());
+    // The dead one's request went with it.
+    int raised = 0;
+    next.setOnRaise([&] { ++raised; });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(raised, 0);
+}
+
+TEST_F(Instance, AFolderThatIsMissingIsMade) {
+    const QString deep = folder.filePath(u"a/b"_s);
+    const SingleInstance first(name, deep);
+    EXPECT_TRUE(first.first());
+    EXPECT_FALSE(SingleInstance(name, deep).first());
+}
+
+TEST_F(Instance, AFolderThatCannotBeUsedLetsEveryProgramStart) {
+    QFile file(folder.filePath(u"file"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(SingleInstance(name, file.fileName()).first());
+    EXPECT_TRUE(SingleInstance(name, file.fileName() + u"/x"_s).first());
+    // One that others may write to is not trusted.
+    const QString open = folder.filePath(u"open"_s);
+    ASSERT_TRUE(QDir().mkpath(open));
+    ASSERT_EQ(chmod(QFile::encodeName(open).constData(), 0777), 0);
+    const SingleInstance first(name, open);
+    EXPECT_TRUE(first.first());
+    EXPECT_TRUE(SingleInstance(name, open).first());
+}
+
+TEST_F(Instance, SomethingElseInPlaceOfThePipeIsNotWrittenTo) {
+    QFile lure(folder.filePath(name + u".raise"_s));
+    ASSERT_TRUE(lure.open(QIODevice::WriteOnly));
+    SingleInstance first(name, folder.path());
+    EXPECT_TRUE(first.first());
+    first.setOnRaise([] { ADD_FAILURE(); });
+    EXPECT_FALSE(SingleInstance(name, folder.path()).raiseFirst());
+    EXPECT_EQ(QFileInfo(lure.fileName()).size(), 0);
+}
+
+TEST_F(Instance, TheUsualFolderIsTheUsersOwn) {
+    EXPECT_FALSE(SingleInstance::defaultFolder().isEmpty());
+}
+
+} // namespace

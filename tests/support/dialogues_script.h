@@ -1,0 +1,77 @@
+#pragma once
+// The user of a test: answers boxes and file dialogs from a script and remembers what was asked. Nothing blocks; a
+// question that the script does not foresee fails the test and is answered as if the box had been closed.
+#include "platform/system/dialogues.h"
+
+#include <deque>
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace velm::test {
+
+class DialoguesScript final : public Dialogues {
+public:
+    using Dialogues::message;
+
+    /// Next answers, in order.
+    std::deque<Bouton> answers;
+    std::deque<std::optional<QString>> openFiles;
+    std::deque<std::optional<QString>> saveFiles;
+    std::deque<std::optional<QString>> folders;
+    /// Boxes with nothing but an OK button need no answer in the script.
+    bool acceptPlainBoxes = true;
+
+    /// What was asked, in order.
+    std::vector<Message> messages;
+    std::vector<ChoixFichier> fileQuestions;
+
+    /// The texts of all boxes so far.
+    QStringList texts() const {
+        QStringList all;
+        for (const Message& m : messages)
+            all.append(m.texte);
+        return all;
+    }
+
+    Bouton message(const Message& message) override {
+        messages.push_back(message);
+        if (answers.empty() && acceptPlainBoxes && message.boutons == Boutons(Bouton::Ok))
+            return Bouton::Ok;
+        if (answers.empty()) {
+            ADD_FAILURE() << "no answer for the box: " << message.texte.toStdString();
+            return boutonAbandon(message.boutons);
+        }
+        const Bouton answer = answers.front();
+        answers.pop_front();
+        EXPECT_TRUE(message.boutons.testFlag(answer)) << "no such button in the box: " << message.texte.toStdString();
+        return answer;
+    }
+
+    std::optional<QString> openFile(const ChoixFichier& choix) override {
+        fileQuestions.push_back(choix);
+        return next(openFiles, "file to open");
+    }
+
+    std::optional<QString> saveFile(const ChoixFichier& choix) override {
+        fileQuestions.push_back(choix);
+        return next(saveFiles, "file to save");
+    }
+
+    std::optional<QString> chooseFolder(const QString& titre, const QString& dossier) override {
+        fileQuestions.push_back({titre, dossier, {}, {}, {}});
+        return next(folders, "folder");
+    }
+
+private:
+    static std::optional<QString> next(std::deque<std::optional<QString>>& from, const char* what) {
+        if (from.empty()) {
+            ADD_FAILURE() << "no answer for: " << what;
+            return std::nullopt;
+        }
+        auto answer = from.front();
+        from.pop_front();
+        return answer;
+    }
+};
+
+} // namespace velm::test

@@ -1,0 +1,67 @@
+#pragma once
+// Doubles of the outside world: they record what was asked of it and answer as told.
+#include "platform/system/drives.h"
+#include "platform/system/outside.h"
+#include "platform/system/process.h"
+
+#include <vector>
+
+namespace velm::test {
+
+class HorlogeScript final : public Horloge {
+public:
+    QDateTime time = QDateTime(QDate(2000, 2, 29), QTime(12, 0));
+    QDateTime now() const override { return time; }
+};
+
+class ProcessusScript final : public Processus {
+public:
+    struct Start {
+        QString program;
+        QStringList arguments;
+        QString folder;
+    };
+    std::vector<Start> starts;
+    bool works = true;
+
+    bool runDetached(const QString& program, const QStringList& arguments, const QString& folder) override {
+        starts.push_back({program, arguments, folder});
+        return works;
+    }
+};
+
+class NavigateurScript final : public Navigateur {
+public:
+    QStringList urls;
+    QStringList mails;
+    QStringList files;
+    bool works = true;
+
+    bool openUrl(const QString& address) override {
+        urls.append(address);
+        return works;
+    }
+    bool mail(const QString& address) override {
+        mails.append(address);
+        return works;
+    }
+    bool openFile(const QString& path) override {
+        files.append(path);
+        return works;
+    }
+};
+
+class PressePapiersScript final : public PressePapiers {
+public:
+    ContenuPressePapiers contenu;
+    void pose(const ContenuPressePapiers& nouveau) override { contenu = nouveau; }
+    QString texte() const override { return contenu.texte; }
+};
+
+class LecteursScript final : public Lecteurs {
+public:
+    QList<Lecteur> lecteurs;
+    QList<Lecteur> liste() const override { return lecteurs; }
+};
+
+} // namespace velm::test
