@@ -29,7 +29,11 @@ enum class OpenError {
 class Recordset;
 class Snapshot;
 
-/// One open base. Not movable between threads; every recordset must be gone (or closed) before it.
+/// One open base, for one thread. Recordsets and snapshots that are still there when it closes become unusable; table
+/// writers must be gone before.
+///
+/// A base that is damaged beyond its first page opens; the read that meets the damage is a run-time error with the
+/// engine's words.
 class Database {
 public:
     struct Opened {
@@ -42,7 +46,9 @@ public:
     /// formats are told apart.
     static Opened open(const QString& path, OpenMode mode, const Schema& schema);
 
-    /// Makes an empty base with the tables of the schema; fails when the file exists. Only for makers of bases.
+    /// Makes an empty base with the tables of the schema; fails when the file exists. Only for makers of bases: quick,
+    /// locked for everybody else until close(), and without a store's care for what is on the disk before sync(). The
+    /// same rows written in the same steps by the same version of the engine give the same bytes.
     static Opened create(const QString& path, const Schema& schema);
 
     ~Database();
@@ -53,13 +59,20 @@ public:
     /// True when writes are possible.
     bool updatable() const;
 
-    /// A table-type recordset on the first row of the primary order. Never fails: when the base lacks the table (or one
-    /// of its fields) the recordset is unusable, and its first use is a run-time error.
+    /// A table-type recordset on the first row of the primary order (of the row ids, where there is no primary key).
+    /// Never fails: when the base lacks the table the recordset is unusable, and its first use is a run-time error. A
+    /// field that the base lacks is a run-time error where it is read. An index or a key column that the base lacks
+    /// costs time only: the rows are then sorted at run time.
     std::unique_ptr<Recordset> openTable(const QString& name);
 
-    /// A snapshot of a query, standing on its first row. Text marks in double quotes are translated to the engine's
-    /// single quotes first. Null and `error` set when the query cannot be run.
+    /// A snapshot of one reading query, standing on its first row. Text marks in double quotes are translated to the
+    /// engine's single quotes first. Null and `error` set when the query cannot be run.
     std::unique_ptr<Snapshot> openQuery(const QString& sql, QString* error = nullptr);
+
+    /// Ends the read transaction that a base which is only read holds while it is in use, so that another program can
+    /// write to it; the next operation takes a new one. Positions stay. (A file replaced by renaming another over it
+    /// needs no such help: what is open goes on reading the old one until it is closed.)
+    void releaseLocks();
 
     /// Transactions do not nest. begin() takes the write lock at once. commit() returns false (and has rolled back)
     /// when the disk is full or fails.
@@ -74,6 +87,9 @@ public:
 
     /// True when the whole file passes the engine's own check; slow, on demand only.
     bool check(QString* report = nullptr);
+
+    /// Forces the file on the disk, for makers of bases before they give it its name. False when that fails.
+    bool sync();
 
     /// Closes; open recordsets become unusable. Closing twice does nothing.
     void close();

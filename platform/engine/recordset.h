@@ -13,7 +13,8 @@ struct Bookmark {
 };
 
 /// A table with a current row and a current index. Any operation on an unusable recordset (table missing, base closed)
-/// is a run-time error; a read beyond the ends gives Null.
+/// is a run-time error, and so are an unknown field and a file that cannot be read; a read beyond the ends gives Null.
+/// Recordsets do not disturb one another, not even on the same table.
 class Recordset {
 public:
     ~Recordset();
@@ -29,7 +30,10 @@ public:
     QString index() const;
 
     /// Positions by the leading fields of the index. On no match noMatch() is true and there is no current row (eof).
-    /// An empty text sorts before every other value; Null rows before everything.
+    /// An empty text sorts before every other value, also before numbers; Null rows before everything. Moves go on from
+    /// the row in the order of the index; rows with equal keys follow one another by row id. Text compares without
+    /// regard to case; folded fields by the order of sortKey(). Dates are texts yyyy-MM-dd or QDate. More keys than the
+    /// index has fields, or a seek without an index, are run-time errors.
     void seek(Seek how, const QVariant& k1);
     void seek(Seek how, const QVariant& k1, const QVariant& k2);
     void seek(Seek how, const QVariant& k1, const QVariant& k2, const QVariant& k3);
@@ -48,12 +52,13 @@ public:
     bool setBookmark(Bookmark place);
 
     /// Value of a field of the current row (of the edited values while editing). The lazy field is fetched on demand.
+    /// A whole number is a qlonglong, a date a text.
     QVariant value(const QString& field) const;
     /// As text, Null as the empty text. Dates in the form yyyy-MM-dd.
     QString text(const QString& field) const;
     /// As a whole number, Null and non-numbers as 0.
     qint64 number(const QString& field) const;
-    /// Raw bytes of a Bytes or Memo field.
+    /// Bytes of a Bytes or Memo field; of a text one byte for each character in the ANSI code page.
     QByteArray bytes(const QString& field) const;
     bool isNull(const QString& field) const;
 
@@ -64,6 +69,8 @@ public:
     /// is then dropped and lastError() tells why. After an addNew the position stays where it was.
     bool update();
     void cancelUpdate();
+    /// The row that the last addNew or edit wrote.
+    Bookmark lastModified() const;
     /// Deletes the current row; the next move goes to its neighbours.
     bool remove();
     QString lastError() const;
@@ -79,10 +86,14 @@ private:
     std::unique_ptr<Private> d_;
 };
 
-/// The rows of a query, read forward; at most `Snapshot::held` rows ahead in memory.
+/// The rows of a query, read forward. On a base that is only read they come from the file as they are asked for; of a
+/// store they are all taken at the beginning, so that no lock stays and later writes do not show. A lazy field is not
+/// among the columns of its table.
 class Snapshot {
 public:
     ~Snapshot();
+    Snapshot(const Snapshot&) = delete;
+    Snapshot& operator=(const Snapshot&) = delete;
     bool eof() const;
     void moveNext();
     QVariant value(const QString& field) const;
@@ -100,6 +111,8 @@ private:
 };
 
 /// Fast insertion into one table for makers of bases: values in the order of the given fields, key columns computed.
+/// Writers that live at the same time share one transaction (an open one is used), which ends with the last of them.
+/// On a table that is still empty the indexes that are not unique are built at the end, from sorted keys.
 class TableWriter {
 public:
     TableWriter(Database& database, const QString& table, const std::vector<QString>& fields);
@@ -109,6 +122,9 @@ public:
 
     /// False when the row cannot be written; lastError() of the database tells why. Rows get ascending row ids.
     bool add(const std::vector<QVariant>& values);
+
+    /// Builds what was put off and ends the writing; the destructor does it too, but cannot tell of a failure.
+    bool finish();
 
 private:
     struct Private;

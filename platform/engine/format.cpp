@@ -1,0 +1,133 @@
+#include "platform/engine/format.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <array>
+#include <cstring>
+#include <vector>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int headerSize = 100;
+using Header = std::array<unsigned char, headerSize>;
+
+unsigned bigEndian(const Header& header, size_t at, size_t size) {
+    unsigned value = 0;
+    for (size_t i = 0; i < size; ++i)
+        value = value << 8 | header[at + i];
+    return value;
+}
+
+bool hasSignature(const Header& header, size_t at, const char* signature) {
+    return std::memcmp(header.data() + at, signature, std::strlen(signature)) == 0;
+}
+
+FileFormat formatOf(const Header& header) {
+    // The engine's own signature includes its closing zero.
+    if (std::memcmp(header.data(), "SQLite format 3", 16) == 0)
+        return FileFormat::Base;
+    if (hasSignature(header, 4, "Standard Jet DB") || hasSignature(header, 4, "Standard ACE DB"))
+        return FileFormat::OldEngine;
+    return FileFormat::Foreign;
+}
+
+/// Reads through the engine's own file layer: closing an ordinary handle would drop the locks that this process may
+/// hold on the same file.
+class RawFile {
+public:
+    explicit RawFile(const QString& path) : vfs_(sqlite3_vfs_find(nullptr)) {
+        storage_.resize(static_cast<size_t>(vfs_->szOsFile) / sizeof(std::max_align_t) + 1);
+        name_ = sqlite3_create_filename(QFile::encodeName(path).constData(), "", "", 0, nullptr);
+        int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_MAIN_DB;
+        open_ = name_ != nullptr && vfs_->xOpen(vfs_, name_, file(), flags, &flags) == SQLITE_OK;
+    }
+    ~RawFile() {
+        if (open_)
+            file()->pMethods->xClose(file());
+        sqlite3_free_filename(name_);
+    }
+    RawFile(const RawFile&) = delete;
+    RawFile& operator=(const RawFile&) = delete;
+
+    bool isOpen() const { return open_; }
+    int read(Header& header) { return file()->pMethods->xRead(file(), header.data(), headerSize, 0); }
+
+private:
+    sqlite3_file* file() { return reinterpret_cast<sqlite3_file*>(storage_.data()); }
+
+    sqlite3_vfs* vfs_;
+    const char* name_ = nullptr;
+    std::vector<std::max_align_t> storage_;
+    bool open_ = false;
+};
+
+bool writable(const QString& path) {
+#ifdef Q_OS_UNIX
+    return faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
+#else
+    return QFileInfo(path).isWritable();
+#endif
+}
+
+} // namespace
+
+FileFormat detectFormat(const QString& path) {
+    const QFileInfo info(path);
+    if (!info.exists())
+        return FileFormat::Missing;
+    // A pipe or a device would keep the program waiting.
+    if (!info.isFile())
+        return FileFormat::Unreadable;
+    RawFile file(path);
+    if (!file.isOpen())
+        return FileFormat::Unreadable;
+    Header header{};
+    const int result = file.read(header);
+    if (result == SQLITE_IOERR_SHORT_READ) {
+        // The bytes that are missing read as zeros; a file of an old engine is recognised by its first page alone.
+        const FileFormat format = formatOf(header);
+        return format == FileFormat::Base ? FileFormat::Foreign : format;
+    }
+    return result == SQLITE_OK ? formatOf(header) : FileFormat::Unreadable;
+}
+
+bool canBeWritten(const QString& path) {
+    return writable(path) && writable(QFileInfo(path).absolutePath());
+}
+
+bool hasHotJournal(const QString& path) {
+    QFile journal(path + u"-journal"_s);
+    if (!journal.open(QIODevice::ReadOnly))
+        return false;
+    // A finished change leaves no journal, an empty one or one whose beginning is wiped out.
+    const QByteArray beginning = journal.read(8);
+    return !beginning.isEmpty() && beginning != QByteArray(beginning.size(), '\0');
+}
+
+bool isTruncated(sqlite3* handle) {
+    sqlite3_file* file = nullptr;
+    if (sqlite3_file_control(handle, "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file)) != SQLITE_OK ||
+        file == nullptr || file->pMethods == nullptr)
+        return true;
+    Header header{};
+    sqlite3_int64 size = 0;
+    if (file->pMethods->xRead(file, header.data(), headerSize, 0) != SQLITE_OK ||
+        file->pMethods->xFileSize(file, &size) != SQLITE_OK)
+        return true;
+    // The page count counts only when the change counter was written together with it.
+    if (bigEndian(header, 24, 4) != bigEndian(header, 92, 4))
+        return false;
+    const unsigned pageSize = bigEndian(header, 16, 2) == 1 ? 65536U : bigEndian(header, 16, 2);
+    return size < static_cast<sqlite3_int64>(bigEndian(header, 28, 4)) * pageSize;
+}
+
+} // namespace velm

@@ -1,0 +1,206 @@
+#include "platform/engine/schema.h"
+
+#include "platform/engine/statement.h"
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+template <typename Definition>
+const Definition* named(const std::vector<Definition>& definitions, const QString& name) {
+    for (const Definition& definition : definitions) {
+        if (definition.name == name)
+            return &definition;
+    }
+    return nullptr;
+}
+
+FieldDef text(const QString& name) {
+    return {name, FieldType::Text};
+}
+
+FieldDef number(const QString& name) {
+    return {name, FieldType::Long};
+}
+
+IndexField plain(const QString& field) {
+    return {field, false};
+}
+
+IndexField folded(const QString& field) {
+    return {field, true};
+}
+
+TableDef documents() {
+    return {u"données"_s,
+            {text(u"référence"_s),
+             text(u"numart"_s),
+             number(u"numeroarborescence"_s),
+             {u"Date"_s, FieldType::Date},
+             text(u"titre"_s),
+             text(u"motclé1"_s),
+             text(u"motclé2"_s),
+             text(u"motclé3"_s),
+             text(u"Source"_s),
+             text(u"typededocument"_s),
+             text(u"datecreation"_s),
+             text(u"datemodif"_s),
+             number(u"BackColor"_s),
+             {u"contenu"_s, FieldType::Memo}},
+            {{u"primarykey"_s, {plain(u"référence"_s), plain(u"numart"_s)}, true},
+             {u"numerodutype"_s, {plain(u"numeroarborescence"_s)}},
+             {u"idate"_s, {plain(u"Date"_s), plain(u"référence"_s), plain(u"numart"_s)}},
+             {u"icattitre"_s, {plain(u"référence"_s), folded(u"titre"_s), plain(u"numart"_s)}}},
+            u"contenu"_s};
+}
+
+TableDef tree() {
+    return {u"arborescences"_s,
+            {number(u"numerodutype"_s), number(u"dépendance"_s), text(u"référence"_s), number(u"ordre"_s),
+             text(u"typededonnées"_s), number(u"nbarticles"_s)},
+            {{u"primarykey"_s, {plain(u"numerodutype"_s)}, true},
+             // Serves the query for the children of a node.
+             {u"enfants"_s, {plain(u"référence"_s), plain(u"dépendance"_s), plain(u"ordre"_s)}}},
+            {}};
+}
+
+TableDef articleNumbers() {
+    // The number comes first, so that a seek by number alone walks across the collections.
+    return {u"generelien"_s,
+            {text(u"référence"_s), text(u"numart"_s), text(u"numarticle"_s), text(u"numtitre"_s), text(u"titre"_s)},
+            {{u"primarykey"_s, {folded(u"numarticle"_s), plain(u"référence"_s), plain(u"numart"_s)}},
+             {u"inumtitre"_s, {folded(u"numtitre"_s), plain(u"référence"_s), plain(u"numart"_s)}}},
+            {}};
+}
+
+TableDef links() {
+    return {
+        u"liens"_s,
+        {text(u"référencedépart"_s), text(u"numartdépart"_s), text(u"référencearrivée"_s), text(u"numartarrivée"_s)},
+        {{u"liens"_s, {plain(u"référencedépart"_s), plain(u"numartdépart"_s)}},
+         {u"correlats"_s, {plain(u"référencearrivée"_s), plain(u"numartarrivée"_s)}}},
+        {}};
+}
+
+TableDef items() {
+    return {u"données"_s,
+            {number(u"arborescence"_s), number(u"noordre"_s), text(u"référence"_s), text(u"numart"_s), text(u"titre"_s),
+             number(u"positiondébut"_s), number(u"positionfin"_s)},
+            {{u"primarykey"_s, {plain(u"arborescence"_s), plain(u"noordre"_s)}, true},
+             {u"iref"_s, {plain(u"référence"_s), plain(u"numart"_s), plain(u"noordre"_s)}}},
+            {}};
+}
+
+TableDef dossiers() {
+    return {u"arborescences"_s,
+            {number(u"numerodutype"_s), number(u"dépendance"_s), number(u"ordre"_s), text(u"typededonnées"_s),
+             number(u"nbarticles"_s)},
+            {{u"primarykey"_s, {plain(u"numerodutype"_s)}, true},
+             {u"enfants"_s, {plain(u"dépendance"_s), plain(u"ordre"_s)}}},
+            {}};
+}
+
+/// Text compares without regard to the case of unaccented letters, in the queries too; this much every tool can do.
+QString columnType(FieldType type) {
+    switch (type) {
+    case FieldType::Text:
+        return u"TEXT COLLATE NOCASE"_s;
+    case FieldType::Long:
+        return u"INTEGER"_s;
+    case FieldType::Date:
+    case FieldType::Memo:
+        return u"TEXT"_s;
+    case FieldType::Bytes:
+        break;
+    }
+    return u"BLOB"_s;
+}
+
+} // namespace
+
+const IndexDef* TableDef::index(const QString& wanted) const {
+    return named(indexes, wanted);
+}
+
+const FieldDef* TableDef::field(const QString& wanted) const {
+    return named(fields, wanted);
+}
+
+const TableDef* Schema::table(const QString& wanted) const {
+    return named(tables, wanted);
+}
+
+const Schema& corpusSchema() {
+    static const Schema schema{{documents(),
+                                tree(),
+                                {u"paramètres"_s, {text(u"nbarticles"_s)}, {}, {}},
+                                {u"motclés"_s,
+                                 {text(u"motcle"_s), number(u"nbarticle"_s)},
+                                 {{u"primarykey"_s, {folded(u"motcle"_s)}, true}},
+                                 {}},
+                                {u"typedocument"_s,
+                                 {text(u"typedocument"_s), number(u"numerodutype"_s), number(u"ordre"_s)},
+                                 {{u"iordre"_s, {plain(u"ordre"_s)}}},
+                                 {}},
+                                links(),
+                                {u"dico"_s,
+                                 {text(u"mot"_s), {u"liste"_s, FieldType::Bytes}},
+                                 {{u"primarykey"_s, {folded(u"mot"_s)}, true}},
+                                 {}},
+                                articleNumbers()},
+                               true};
+    return schema;
+}
+
+const Schema& dossiersSchema() {
+    static const Schema schema{{dossiers(), items(), {u"paramètres"_s, {number(u"dernoarborescence"_s)}, {}, {}}},
+                               false};
+    return schema;
+}
+
+QString keyColumn(const QString& field) {
+    return u"clé_"_s + field;
+}
+
+QString sideTable(const TableDef& table) {
+    return table.name + u'_' + table.lazyField;
+}
+
+QStringList foldedFields(const TableDef& table) {
+    QStringList fields;
+    for (const IndexDef& index : table.indexes) {
+        for (const IndexField& field : index.fields) {
+            if (field.folded && !fields.contains(field.field))
+                fields << field.field;
+        }
+    }
+    return fields;
+}
+
+std::vector<QString> tableStatements(const TableDef& table) {
+    // An id of its own, so that no compaction of the file renumbers the rows under the side table.
+    QStringList columns{u"id INTEGER PRIMARY KEY"_s};
+    for (const FieldDef& field : table.fields) {
+        if (field.name != table.lazyField)
+            columns << sql::quoted(field.name) + u' ' + columnType(field.type);
+    }
+    for (const QString& field : foldedFields(table))
+        columns << sql::quoted(keyColumn(field)) + u" BLOB"_s;
+    std::vector<QString> statements{u"CREATE TABLE "_s + sql::quoted(table.name) + u'(' + columns.join(u", "_s) + u')'};
+    if (!table.lazyField.isEmpty())
+        statements.push_back(u"CREATE TABLE "_s + sql::quoted(sideTable(table)) + u"(id INTEGER PRIMARY KEY, "_s +
+                             sql::quoted(table.lazyField) + u" TEXT)"_s);
+    return statements;
+}
+
+QString indexStatement(const TableDef& table, const IndexDef& index) {
+    QStringList columns;
+    for (const IndexField& field : index.fields)
+        columns << sql::quoted(field.folded ? keyColumn(field.field) : field.field);
+    return (index.unique ? u"CREATE UNIQUE INDEX "_s : u"CREATE INDEX "_s) +
+           sql::quoted(table.name + u'_' + index.name) + u" ON "_s + sql::quoted(table.name) + u'(' +
+           columns.join(u", "_s) + u')';
+}
+
+} // namespace velm

@@ -1,0 +1,204 @@
+#include "platform/engine/statement.h"
+
+#include "platform/text/ansi.h"
+#include "platform/text/number.h"
+
+#include <QDate>
+#include <QDateTime>
+
+#include <algorithm>
+
+namespace velm::sql {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+using Kind = Value::Kind;
+
+Value textValue(const QString& text) {
+    return {Kind::Text, 0, 0, text.toUtf8()};
+}
+
+bool ascii(QByteArrayView bytes) {
+    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+} // namespace
+
+QString quoted(const QString& name) {
+    QString doubled = name;
+    return u'"' + doubled.replace(u'"', u"\"\""_s) + u'"';
+}
+
+Value Value::of(const QVariant& value) {
+    if (!value.isValid() || value.isNull())
+        return {};
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::Long:
+    case QMetaType::LongLong:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+        return of(value.toLongLong());
+    case QMetaType::Float:
+    case QMetaType::Double:
+        return {Kind::Real, 0, value.toDouble(), {}};
+    case QMetaType::QByteArray:
+        return blob(value.toByteArray());
+    case QMetaType::QDate:
+    case QMetaType::QDateTime:
+        return textValue(value.toDate().toString(Qt::ISODate));
+    default:
+        return textValue(value.toString());
+    }
+}
+
+QVariant toVariant(const Cell& cell) {
+    switch (cell.kind) {
+    case Kind::Null:
+        break;
+    case Kind::Integer:
+        return cell.integer;
+    case Kind::Real:
+        return cell.real;
+    case Kind::Text:
+        return QString::fromUtf8(cell.bytes);
+    case Kind::Blob:
+        return cell.bytes.toByteArray();
+    }
+    return {};
+}
+
+QString toText(const Cell& cell) {
+    switch (cell.kind) {
+    case Kind::Null:
+        break;
+    case Kind::Integer:
+        return QString::number(cell.integer);
+    case Kind::Real:
+        return QString::number(cell.real, 'g', 15);
+    case Kind::Text:
+        return QString::fromUtf8(cell.bytes);
+    case Kind::Blob:
+        return ansi::decode(cell.bytes);
+    }
+    return {};
+}
+
+qint64 toNumber(const Cell& cell) {
+    switch (cell.kind) {
+    case Kind::Null:
+        break;
+    case Kind::Integer:
+        return cell.integer;
+    case Kind::Real:
+        return roundHalfEven(cell.real);
+    case Kind::Text:
+    case Kind::Blob:
+        return wholeNumber(toText(cell)).value_or(0);
+    }
+    return 0;
+}
+
+QByteArray toBytes(const Cell& cell) {
+    if (cell.kind == Kind::Blob || (cell.kind == Kind::Text && ascii(cell.bytes)))
+        return cell.bytes.toByteArray();
+    return ansi::encode(toText(cell));
+}
+
+Value toValue(const Cell& cell) {
+    return {cell.kind, cell.integer, cell.real, cell.bytes.toByteArray()};
+}
+
+bool Statement::prepare(sqlite3* handle, const QString& text, bool kept) {
+    sqlite3_finalize(raw_);
+    raw_ = nullptr;
+    const QByteArray utf8 = text.toUtf8();
+    const char* tail = nullptr;
+    const int result = sqlite3_prepare_v3(handle, utf8.constData(), static_cast<int>(utf8.size()),
+                                          kept ? SQLITE_PREPARE_PERSISTENT : 0U, &raw_, &tail);
+    if (result == SQLITE_OK && raw_ != nullptr && QByteArrayView(tail).trimmed().isEmpty())
+        return true;
+    sqlite3_finalize(raw_);
+    raw_ = nullptr;
+    return false;
+}
+
+void Statement::bind(int parameter, const Value& value) const {
+    const auto size = static_cast<sqlite3_uint64>(value.bytes.size());
+    switch (value.kind) {
+    case Kind::Null:
+        sqlite3_bind_null(raw_, parameter);
+        break;
+    case Kind::Integer:
+        sqlite3_bind_int64(raw_, parameter, value.integer);
+        break;
+    case Kind::Real:
+        sqlite3_bind_double(raw_, parameter, value.real);
+        break;
+    case Kind::Text:
+        sqlite3_bind_text64(raw_, parameter, value.bytes.constData(), size, SQLITE_STATIC, SQLITE_UTF8);
+        break;
+    case Kind::Blob:
+        sqlite3_bind_blob64(raw_, parameter, value.bytes.constData(), size, SQLITE_STATIC);
+        break;
+    }
+}
+
+int Statement::run() const {
+    int result = step();
+    while (result == SQLITE_ROW)
+        result = step();
+    const int again = sqlite3_reset(raw_);
+    return result == SQLITE_DONE ? again : result;
+}
+
+Cell Statement::cell(int column) const {
+    Cell cell;
+    switch (sqlite3_column_type(raw_, column)) {
+    case SQLITE_INTEGER:
+        cell.kind = Kind::Integer;
+        cell.integer = sqlite3_column_int64(raw_, column);
+        break;
+    case SQLITE_FLOAT:
+        cell.kind = Kind::Real;
+        cell.real = sqlite3_column_double(raw_, column);
+        break;
+    case SQLITE_TEXT: {
+        cell.kind = Kind::Text;
+        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(raw_, column));
+        cell.bytes = QByteArrayView(text, text ? sqlite3_column_bytes(raw_, column) : 0);
+        break;
+    }
+    case SQLITE_BLOB: {
+        cell.kind = Kind::Blob;
+        const auto* bytes = static_cast<const char*>(sqlite3_column_blob(raw_, column));
+        cell.bytes = QByteArrayView(bytes, bytes ? sqlite3_column_bytes(raw_, column) : 0);
+        break;
+    }
+    default:
+        break;
+    }
+    return cell;
+}
+
+void Row::take(const Statement& statement, int columns) {
+    entries_.resize(static_cast<size_t>(columns));
+    block_.clear();
+    for (int i = 0; i < columns; ++i) {
+        const Cell cell = statement.cell(i);
+        const auto offset = static_cast<qsizetype>(block_.size());
+        entries_[static_cast<size_t>(i)] = {cell.kind, cell.integer, cell.real, offset, cell.bytes.size()};
+        block_.insert(block_.end(), cell.bytes.begin(), cell.bytes.end());
+    }
+}
+
+Cell Row::at(int column) const {
+    if (column < 0 || column >= columns())
+        return {};
+    const Entry& entry = entries_[static_cast<size_t>(column)];
+    return {entry.kind, entry.integer, entry.real, QByteArrayView(block_.data() + entry.offset, entry.size)};
+}
+
+} // namespace velm::sql
