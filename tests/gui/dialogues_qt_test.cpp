@@ -1,0 +1,169 @@
+#include "platform/system/ui/qtdialogues.h"
+#include "platform/system/ui/qtoutside.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <gtest/gtest.h>
+
+using namespace velm;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Does something to the dialog that the next call shows, once it is there.
+template <typename Dialog>
+void whenShown(std::function<void(Dialog&)> act) {
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr || !dialog->isVisible())
+            return;
+        timer->stop();
+        timer->deleteLater();
+        act(*dialog);
+    });
+    timer->start(1);
+}
+
+void pressButton(QMessageBox::StandardButton which) {
+    whenShown<QMessageBox>([which](QMessageBox& box) { box.button(which)->click(); });
+}
+
+TEST(BoitesQt, EachButtonIsItsAnswer) {
+    const std::pair<Bouton, QMessageBox::StandardButton> rows[] = {{Bouton::Ok, QMessageBox::Ok},
+                                                                   {Bouton::Annuler, QMessageBox::Cancel},
+                                                                   {Bouton::Oui, QMessageBox::Yes},
+                                                                   {Bouton::Non, QMessageBox::No}};
+    QtDialogues boxes;
+    for (const auto& [bouton, standard] : rows) {
+        pressButton(standard);
+        EXPECT_EQ(boxes.message(u"texte"_s, u"titre"_s, Icone::Question,
+                                Bouton::Ok | Bouton::Annuler | Bouton::Oui | Bouton::Non),
+                  bouton);
+    }
+}
+
+TEST(BoitesQt, ShowTheTextAsItIs) {
+    QtDialogues boxes;
+    QString text;
+    QString title;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    Qt::TextFormat format = Qt::AutoText;
+    whenShown<QMessageBox>([&](QMessageBox& box) {
+        text = box.text();
+        title = box.windowTitle();
+        icon = box.icon();
+        format = box.textFormat();
+        box.button(QMessageBox::Ok)->click();
+    });
+    boxes.message(u"<b>x</b>"_s, u"titre"_s, Icone::Stop);
+    EXPECT_EQ(text, u"<b>x</b>"_s);
+    EXPECT_EQ(title, u"titre"_s);
+    EXPECT_EQ(icon, QMessageBox::Critical);
+    EXPECT_EQ(format, Qt::PlainText);
+}
+
+TEST(BoitesQt, ReturnPressesTheDefaultButton) {
+    QtDialogues boxes;
+    for (const Bouton bouton : {Bouton::Oui, Bouton::Non}) {
+        whenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        EXPECT_EQ(boxes.message(u"?"_s, {}, Icone::Question, Bouton::Oui | Bouton::Non, bouton), bouton);
+    }
+}
+
+TEST(BoitesQt, EscapeIsNeverAYes) {
+    QtDialogues boxes;
+    for (const Boutons boutons : {Bouton::Oui | Bouton::Non, Bouton::Oui | Bouton::Non | Bouton::Annuler,
+                                  Bouton::Ok | Bouton::Annuler, Boutons(Bouton::Ok)}) {
+        whenShown<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        EXPECT_EQ(boxes.message(u"?"_s, {}, Icone::Question, boutons), boutonAbandon(boutons));
+    }
+}
+
+TEST(BoitesQt, TheHelpButtonShowsThePageAndLeavesTheBox) {
+    QList<int> pages;
+    QtDialogues boxes([&](int contexte) { pages.append(contexte); });
+    whenShown<QMessageBox>([](QMessageBox& box) {
+        box.button(QMessageBox::Help)->click();
+        box.button(QMessageBox::Help)->click();
+        ASSERT_TRUE(box.isVisible());
+        box.button(QMessageBox::No)->click();
+    });
+    EXPECT_EQ(boxes.message(u"?"_s, {}, Icone::Question, Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Oui, 13),
+              Bouton::Non);
+    EXPECT_EQ(pages, (QList<int>{13, 13}));
+}
+
+TEST(BoitesQt, WithoutHelpThereIsNoHelpButton) {
+    QtDialogues boxes;
+    bool present = true;
+    whenShown<QMessageBox>([&](QMessageBox& box) {
+        present = box.button(QMessageBox::Help) != nullptr;
+        box.button(QMessageBox::Ok)->click();
+    });
+    boxes.message(u"?"_s, {}, Icone::Aucune, Bouton::Ok | Bouton::Aide);
+    EXPECT_FALSE(present);
+}
+
+TEST(FichiersQt, TheFileDialogStartsWhereItIsTold) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"velm2000.dat"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    QtDialogues dialogs;
+    QStringList filters;
+    QString start;
+    whenShown<QFileDialog>([&](QFileDialog& dialog) {
+        filters = dialog.nameFilters();
+        start = dialog.directory().absolutePath();
+        dialog.selectFile(file.fileName());
+        static_cast<QDialog&>(dialog).accept();
+    });
+    const auto chosen = dialogs.openFile({u"Trouver"_s, folder.path(), u"Base (*.DAT)|*.DAT|Tous (*.*)|*.*"_s, {}, {}});
+    EXPECT_EQ(chosen, file.fileName());
+    EXPECT_EQ(start, folder.path());
+    EXPECT_EQ(filters, (QStringList{u"Base (*.DAT *.dat)"_s, u"Tous (*)"_s}));
+}
+
+TEST(FichiersQt, GivingUpChoosesNothing) {
+    QtDialogues dialogs;
+    const auto reject = [] { whenShown<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); }); };
+    reject();
+    EXPECT_FALSE(dialogs.openFile({}));
+    reject();
+    EXPECT_FALSE(dialogs.saveFile({}));
+    reject();
+    EXPECT_FALSE(dialogs.chooseFolder(u"t"_s, u"/"_s));
+}
+
+TEST(PressePapiersQt, OffersTextAndBothRichForms) {
+    QtPressePapiers clipboard;
+    clipboard.pose({u"été"_s, u"<b>été</b>"_s, "{\\rtf1 \\'e9t\\'e9}"});
+    EXPECT_EQ(clipboard.texte(), u"été"_s);
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    EXPECT_EQ(data->html(), u"<b>été</b>"_s);
+    EXPECT_EQ(data->data(u"text/rtf"_s), "{\\rtf1 \\'e9t\\'e9}");
+    clipboard.pose({u"plain"_s, {}, {}});
+    EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->hasHtml());
+}
+
+TEST(NavigateurQt, AddressesThatAreNoneAreRefused) {
+    QtNavigateur browser;
+    EXPECT_FALSE(browser.openUrl(QString()));
+    EXPECT_FALSE(browser.openUrl(u"file:///etc/passwd"_s));
+    EXPECT_FALSE(browser.openUrl(u"/etc/passwd"_s));
+    EXPECT_FALSE(browser.mail(u" "_s));
+    EXPECT_FALSE(browser.mail(u"mailto:"_s));
+    EXPECT_FALSE(browser.openFile(QString()));
+}
+
+} // namespace
