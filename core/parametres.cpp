@@ -101,7 +101,9 @@ std::vector<Outil> litoutils(const Reglages& reglages, const QString& applicatio
     return outils;
 }
 
-TextesConstants littextes(Langue& langue) {
+} // namespace
+
+TextesConstants littextesconstants(Langue& langue) {
     TextesConstants t;
     t.stylecondense = langue.lireressource(1400);
     t.stylesuite = langue.lireressource(1401);
@@ -117,6 +119,8 @@ TextesConstants littextes(Langue& langue) {
     t.sur = langue.lireressource(2051);
     return t;
 }
+
+namespace {
 
 void remplitimages(Parametres& p) {
     for (std::size_t i = 0; i < p.imagesfermees.size(); ++i) {
@@ -177,7 +181,7 @@ Parametres litparametres(Reglages& reglages, Langue& langue, const QString& doss
     p.outils = litoutils(reglages, p.repertoireapplication);
 
     p.uniteentwips = unitetwips(p.unite);
-    p.textes = littextes(langue);
+    p.textes = littextesconstants(langue);
     remplitimages(p);
     p.separateurs = separateursmots();
     p.separateursjoker = separateursmotsjoker();

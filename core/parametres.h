@@ -133,6 +133,9 @@ struct Preferences {
     QString fichieraide; ///< aidechemin + separator + aidefichier
 };
 
+/// Fetches the constant texts.
+TextesConstants littextesconstants(Langue& langue);
+
 /// The publisher's web site, the default address of the help on the web.
 QString adresseediteur();
 

@@ -11,10 +11,10 @@ namespace velm::outil {
 /// Exit codes, the same for all commands.
 enum Code {
     Reussite = 0,
-    Echec = 1,          ///< a file that cannot be read or written, a base that is none
-    LigneIncorrecte = 2,///< unknown command or option, missing argument
-    SourceFautive = 3,  ///< the source has errors: no base was written
-    DocumentAbsent = 4  ///< the base has no such document
+    Echec = 1,           ///< a file that cannot be read or written, a base that is none
+    LigneIncorrecte = 2, ///< unknown command or option, missing argument
+    SourceFautive = 3,   ///< the source has errors: no base was written
+    DocumentAbsent = 4   ///< the base has no such document
 };
 
 class Contexte {

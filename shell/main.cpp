@@ -1,6 +1,61 @@
+#include "platform/system/extensions.h"
+#include "platform/system/settings.h"
+#include "platform/system/ui/qtdialogues.h"
+#include "platform/system/ui/qtoutside.h"
+#include "platform/widgets/look.h"
+#include "shell/ecrangeneral.h"
+#include "shell/programme.h"
+#include "shell/qtsablier.h"
+
 #include <QApplication>
+#include <QDir>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include <cstdlib>
+
+namespace {
+
+/// The portable folder beside the executable, or, installed under a prefix, the program's share of it.
+QString dossierprogramme() {
+    const QString executable = QCoreApplication::applicationDirPath();
+    const QString installe = QDir::cleanPath(executable + QStringLiteral("/../share/velmorante2000"));
+    const bool portable = QDir(executable + QStringLiteral("/langues")).exists() || !QDir(installe).exists();
+    return portable ? executable : installe;
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    return 0;
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("VELMORANTE2000"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VELM_VERSION));
+    Q_INIT_RESOURCE(velm);
+    QTranslator boutons;
+    if (boutons.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&boutons);
+    velm::look::apply(application, velm::look::themeOf(application.palette()));
+
+    velm::QtDialogues dialogues;
+    velm::QtNavigateur navigateur;
+    velm::SystemProcessus processus;
+    velm::QtSablier sablier;
+    velm::OptionsProgramme options;
+    options.dossierprogramme = dossierprogramme();
+    options.fichierprogramme = QCoreApplication::applicationFilePath();
+    options.lignedecommande = QCoreApplication::arguments().mid(1).join(u' ');
+    options.fichierreglages = velm::ReglagesStore::defaultPath();
+    options.dossierinstance = velm::SingleInstance::defaultFolder();
+    options.dossierdonnees = velm::Extensions::defaultDataFolder();
+
+    velm::Programme programme(options, {dialogues, navigateur, processus, sablier});
+    velm::setRuntimeErrorHandler([&](const velm::RuntimeFailure& erreur) {
+        // A second error while the first is being said must not open a second box.
+        velm::setRuntimeErrorHandler([](const velm::RuntimeFailure&) { std::_Exit(EXIT_FAILURE); });
+        programme.erreurfatale(erreur);
+        std::_Exit(EXIT_FAILURE);
+    });
+    if (programme.demarre() != velm::Demarrage::EnMarche)
+        return EXIT_SUCCESS;
+    return QApplication::exec();
 }

@@ -1,0 +1,240 @@
+// Commands that look into a base.
+#include "core/cle.h"
+#include "core/corpus.h"
+#include "core/parametres.h"
+#include "document/affichage.h"
+#include "outil/sortie.h"
+#include "platform/system/files.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace velm::outil {
+
+namespace {
+
+/// Opens the base, or says why it cannot be opened.
+int ouvre(Contexte& contexte, Corpus& corpus, const QString& chemin) {
+    switch (corpus.connecte(chemin)) {
+    case OpenError::None:
+        corpus.ouvretables();
+        return Reussite;
+    case OpenError::OldEngine:
+        return contexte.echoue(Echec, 9333, {chemin});
+    case OpenError::Foreign:
+        return contexte.echoue(Echec, 9332, {chemin});
+    default:
+        return contexte.echoue(Echec, 9330, {chemin});
+    }
+}
+
+/// The form of a document that nobody sees.
+class FormulaireMuet final : public FormulaireDocument {
+public:
+    RichTextControl& rtfRichTextBox1() override { return controle_; }
+    ListesLiens* listes() override { return &listes_; }
+    DocumentAffiche& document() override { return document_; }
+    void changetitre(const QString&) override { trouve_ = true; }
+    void activemenus() override {}
+    void rafraichit() override {}
+    ListeLaterale& listedesliens() override { return fermee_; }
+    ListeLaterale& listedescorrelats() override { return fermee_; }
+
+    /// The caption changes only when the document is found.
+    bool trouve() const { return trouve_; }
+
+private:
+    class Fermee final : public ListeLaterale {
+    public:
+        bool visible() const override { return false; }
+        int couleurbouton() const override { return 0; }
+        void recharge(const QString&, const QString&) override {}
+    };
+    RichTextControl controle_;
+    ListesLiens listes_;
+    DocumentAffiche document_;
+    Fermee fermee_;
+    bool trouve_ = false;
+};
+
+QJsonArray liensjson(const char* nature, const QStringList& cibles, const ListePositions& debuts,
+                     const ListePositions& fins, const QString& texte) {
+    QJsonArray liste;
+    for (qsizetype rang = 0; rang < debuts.nombre(); ++rang) {
+        const qsizetype debut = debuts.valeur(rang);
+        const qsizetype fin = fins.valeur(rang);
+        liste.append(QJsonObject{{QStringLiteral("nature"), QString::fromLatin1(nature)},
+                                 {QStringLiteral("debut"), debut},
+                                 {QStringLiteral("fin"), fin},
+                                 {QStringLiteral("texte"), texte.mid(debut, fin - debut)},
+                                 {QStringLiteral("cible"), cibles.value(rang)}});
+    }
+    return liste;
+}
+
+QJsonArray tousliens(const ListesLiens& listes, const QString& texte) {
+    QJsonArray tous =
+        liensjson("lien", listes.Listehyperlien, listes.Listestarthyperlien, listes.Listeendhyperlien, texte);
+    for (const QJsonArray& autres :
+         {liensjson("url", listes.ListeUrl, listes.ListeStartUrl, listes.ListeEndUrl, texte),
+          liensjson("mail", listes.ListeEmail, listes.ListeStartEmail, listes.ListeEndEmail, texte)}) {
+        for (const QJsonValue& lien : autres)
+            tous.append(lien);
+    }
+    return tous;
+}
+
+QJsonObject proprietes(const QString& cle, const DocumentAffiche& d) {
+    return {{QStringLiteral("cle"), cle},
+            {QStringLiteral("titre"), d.titre},
+            {QStringLiteral("motscles"), QJsonArray{d.motcle1, d.motcle2, d.motcle3}},
+            {QStringLiteral("source"), d.Source},
+            {QStringLiteral("date"), d.datetext},
+            {QStringLiteral("datecreation"), d.datecreation},
+            {QStringLiteral("datemodif"), d.datemodif},
+            {QStringLiteral("type"), d.typedocument},
+            {QStringLiteral("noeud"), d.numeroarborescence}};
+}
+
+QByteArray jsonligne(const QJsonDocument& json) {
+    return json.toJson(QJsonDocument::Indented);
+}
+
+/// What the options of the command ask for.
+struct Demande {
+    bool rtf = false;
+    bool liens = false;
+    bool condense = false;
+    bool json = false;
+};
+
+void ecritdocument(Contexte& contexte, const QString& cle, FormulaireMuet& formulaire, const Demande& demande) {
+    const QString texte = formulaire.rtfRichTextBox1().text();
+    const QJsonArray liens = tousliens(*formulaire.listes(), texte);
+    if (demande.json) {
+        QJsonObject objet = proprietes(cle, formulaire.document());
+        objet.insert(QStringLiteral("texte"), texte);
+        objet.insert(QStringLiteral("liens"), liens);
+        if (demande.rtf)
+            objet.insert(QStringLiteral("rtf"), QString::fromLatin1(formulaire.rtfRichTextBox1().textRtf()));
+        contexte.ecrit(jsonligne(QJsonDocument(objet)));
+    } else if (demande.rtf) {
+        contexte.ecrit(formulaire.rtfRichTextBox1().textRtf());
+    } else if (demande.liens) {
+        for (const QJsonValue& lien : liens) {
+            const QJsonObject o = lien.toObject();
+            contexte.ligne(QStringList{QString::number(o.value(QStringLiteral("debut")).toInteger()),
+                                       QString::number(o.value(QStringLiteral("fin")).toInteger()),
+                                       o.value(QStringLiteral("nature")).toString(),
+                                       o.value(QStringLiteral("cible")).toString(),
+                                       o.value(QStringLiteral("texte")).toString()}
+                               .join(u'\t'));
+        }
+    } else {
+        QString lignes = texte;
+        contexte.ecrit(lignes.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).toUtf8() + '\n');
+    }
+}
+
+} // namespace
+
+int document(Contexte& contexte) {
+    Demande demande;
+    demande.json = contexte.option(QStringLiteral("--json"));
+    demande.rtf = contexte.option(QStringLiteral("--rtf"));
+    demande.liens = contexte.option(QStringLiteral("--liens"));
+    demande.condense = contexte.option(QStringLiteral("--condense"));
+    contexte.option(QStringLiteral("--texte")); // what is written without any option
+    QString base = contexte.valeur(QStringLiteral("--base"));
+    if (base.isEmpty())
+        base = joinPath(contexte.dossierprogramme(), u"velm2000.dat");
+    if (!contexte.optioninconnue().isEmpty())
+        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
+    if (contexte.arguments().isEmpty())
+        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9393)});
+
+    Corpus corpus;
+    if (const int code = ouvre(contexte, corpus, base); code != Reussite)
+        return code;
+    // The collection's styles lie beside its base, else beside the program. The user's own settings have no say here.
+    ReglagesStore sansreglages{QString()};
+    Reglages reglages(sansreglages);
+    QString maitre = joinPath(folderOf(base), u"master.ini");
+    if (!fileExists(maitre))
+        maitre = joinPath(contexte.dossierprogramme(), u"master.ini");
+    reglages.choisitmaitre(maitre);
+    const TableStyles styles = litstyles(reglages, contexte.langue(), littextesconstants(contexte.langue()));
+    SablierMuet sablier;
+    FormulaireMuet formulaire;
+    const Cle cle = decoupecle(contexte.arguments().first());
+    affichedocument(formulaire, cle.code, cle.numero, demande.condense, QString(),
+                    {corpus, styles, sablier, [&](int indice) { return contexte.texte(indice + 10); }});
+    if (!formulaire.trouve())
+        return contexte.echoue(DocumentAbsent, 9334, {cle.texte()});
+    ecritdocument(contexte, cle.texte(), formulaire, demande);
+    return Reussite;
+}
+
+int info(Contexte& contexte) {
+    const bool json = contexte.option(QStringLiteral("--json"));
+    if (!contexte.optioninconnue().isEmpty())
+        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
+    if (contexte.arguments().isEmpty())
+        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9392)});
+    const QString chemin = contexte.arguments().first();
+    Corpus corpus;
+    if (const int code = ouvre(contexte, corpus, chemin); code != Reussite)
+        return code;
+
+    QJsonObject collections;
+    for (int indice = 0; indice < nombredecollections; ++indice)
+        collections.insert(typedindice(indice), corpus.compterarticles(typedindice(indice)));
+    const struct {
+        int id;
+        const char* cle;
+        Recordset& table;
+    } comptes[] = {{9382, "documents", corpus.donnees()}, {9383, "noeuds", corpus.arborescences()},
+                   {9384, "liens", corpus.liens()},       {9385, "mots", corpus.dico()},
+                   {9386, "motscles", corpus.motcles()},  {9387, "articles", corpus.generelien()},
+                   {9388, "types", corpus.typedocument()}};
+    const qint64 taille = QFileInfo(chemin).size();
+    if (json) {
+        QJsonObject objet{{QStringLiteral("base"), chemin},
+                          {QStringLiteral("octets"), taille},
+                          {QStringLiteral("lectureseule"), !corpus.updatable()},
+                          {QStringLiteral("collections"), collections}};
+        for (const auto& compte : comptes)
+            objet.insert(QString::fromLatin1(compte.cle), compte.table.recordCount());
+        contexte.ecrit(jsonligne(QJsonDocument(objet)));
+        return Reussite;
+    }
+    const auto ecrit = [&](const QString& nom, const QString& valeur) {
+        contexte.ligne(nom + QStringLiteral(" : ") + valeur);
+    };
+    ecrit(contexte.texte(9380), chemin);
+    ecrit(contexte.texte(9381), QString::number(taille));
+    ecrit(contexte.texte(9389), contexte.texte(corpus.updatable() ? 9396 : 9395));
+    for (const auto& compte : comptes)
+        ecrit(contexte.texte(compte.id), QString::number(compte.table.recordCount()));
+    for (int indice = 0; indice < nombredecollections; ++indice)
+        ecrit(typedindice(indice) + u' ' + contexte.texte(indice + 10),
+              QString::number(collections.value(typedindice(indice)).toInteger()));
+    return Reussite;
+}
+
+int dossiers(Contexte& contexte) {
+    if (contexte.arguments().isEmpty())
+        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9392)});
+    const QString chemin = contexte.arguments().first();
+    const auto cree = Database::create(chemin, dossiersSchema());
+    if (!cree.database)
+        return contexte.echoue(Echec, 9331, {chemin, cree.message});
+    TableWriter parametres(*cree.database, QStringLiteral("paramètres"), {QStringLiteral("dernoarborescence")});
+    if (!parametres.add({0}))
+        return contexte.echoue(Echec, 9331, {chemin, cree.database->lastError()});
+    return Reussite;
+}
+
+} // namespace velm::outil

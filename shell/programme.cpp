@@ -1,0 +1,217 @@
+#include "shell/programme.h"
+
+#include "core/cle.h"
+#include "document/affichage.h"
+#include "document/ui/textes.h"
+#include "platform/system/extensions.h"
+#include "platform/system/files.h"
+#include "shell/ecrangeneral.h"
+#include "shell/splash.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QIcon>
+
+namespace velm {
+
+Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
+    : options_(options), monde_(monde), instance_(QStringLiteral("velm2000"), options.dossierinstance),
+      magasin_(options.fichierreglages), reglages_(magasin_),
+      langue_([this](const QString& numero) { monde_.dialogues.message(numero, QString()); }),
+      seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, *this) {
+    reglages_.surechec([this](const QString&) {
+        monde_.dialogues.message(langue_.lireressource(9402).arg(magasin_.path()), langue_.lireressource(8),
+                                 Icone::Exclamation);
+    });
+}
+
+Programme::~Programme() = default;
+
+Environnement Programme::environnement() {
+    Environnement env;
+    env.dossierprogramme = options_.dossierprogramme;
+    env.fichierprogramme = options_.fichierprogramme;
+    env.nomprogramme = QFileInfo(options_.fichierprogramme).completeBaseName();
+    env.lignedecommande = options_.lignedecommande;
+    env.autreinstance = [this] { return !instance_.first(); };
+    // The handle of the settings names nothing here: the request to come forward goes to whoever holds the lock.
+    env.remonteinstance = [this](const QString&) { instance_.raiseFirst(); };
+    env.lance = [this](const QString& programme, const QString& argument) {
+        return monde_.processus.runDetached(programme, {argument});
+    };
+    env.enregistreextensions = [this](const QString& application, const QString& editeur) {
+        Extensions::Libelles libelles;
+        libelles.application = langue_.lireressource(8);
+        libelles.editeur = langue_.lireressource(2624);
+        Extensions(options_.dossierdonnees).registerAll(application, editeur, libelles, &monde_.processus);
+    };
+    return env;
+}
+
+Demarrage Programme::demarre() {
+    const Demarrage issue = seance_.demarre();
+    if (issue == Demarrage::EnMarche) {
+        instance_.setOnRaise([this] {
+            if (!ecran_)
+                return;
+            if (ecran_->isMinimized())
+                ecran_->showNormal();
+            ecran_->raise();
+            ecran_->activateWindow();
+        });
+    }
+    return issue;
+}
+
+QString Programme::raison(const RuntimeFailure& erreur) {
+    QString texte = langue_.lireressource(9405 + static_cast<int>(erreur.what));
+    for (const QString& partie : erreur.parts)
+        texte = texte.arg(partie);
+    return texte;
+}
+
+void Programme::erreurfatale(const RuntimeFailure& erreur) {
+    monde_.sablier.fixepointeur(Sablier::defaut);
+    fermeaccueil();
+    monde_.dialogues.message(langue_.lireressource(9401).arg(raison(erreur)), langue_.lireressource(9400), Icone::Stop);
+    corpus_.fermebase();
+}
+
+Textes* Programme::fenetre(int indice) const {
+    return fenetres_.at(static_cast<std::size_t>(indice));
+}
+
+void Programme::afficheetape(const QString& texte) {
+    // Before the splash stands, and after a missing base has put it away, the label is only remembered.
+    etape_ = texte;
+    if (accueil_)
+        accueil_->changeetape(texte);
+}
+
+void Programme::montreaccueil() {
+    accueil_ = std::make_unique<frmSplash>(frmSplash::Textes{
+        langue_.lireressource(8), langue_.lireressource(2) + u' ' + QCoreApplication::applicationVersion(),
+        langue_.lireressource(7)});
+    accueil_->changeetape(etape_);
+    accueil_->show();
+    accueil_->repaint();
+}
+
+void Programme::fermeaccueil() {
+    accueil_.reset();
+}
+
+void Programme::litstyles() {
+    styles_ = velm::litstyles(reglages_, langue_, seance_.parametres().textes);
+}
+
+void Programme::effacereconstructions() {}
+
+bool Programme::connexion() {
+    const QString dossier = seance_.parametres().repertoiredebase;
+    const OpenError erreur = corpus_.connecte(seance_.fichierbase());
+    QString texte =
+        langue_.lireressource(7101) + u'"' + dossier + QStringLiteral("\".\n\n") + langue_.lireressource(7102);
+    if (erreur == OpenError::OldEngine)
+        texte = langue_.lireressource(9403).arg(seance_.fichierbase());
+    else if (erreur == OpenError::Foreign)
+        texte = langue_.lireressource(9404).arg(seance_.fichierbase());
+    monde_.dialogues.message(texte, langue_.lireressource(7100), Icone::Exclamation);
+    return corpus_.connecte();
+}
+
+void Programme::ouvredossiers() {}
+
+void Programme::fermedossiers() {}
+
+QString Programme::chargeprincipale() {
+    ecran_ = std::make_unique<Ecrangeneral>([this](int n) { return langue_.lireressource(n); });
+    ecran_->setWindowIcon(QIcon(QStringLiteral(":/velmorante.svg")));
+    ecran_->avantfermeture = [this] { return seance_.quitteprogramme(); };
+    connect(ecran_.get(), &Ecrangeneral::quitter, this, [this] { seance_.quitteprogramme(); });
+    ecran_->place(seance_.positionprincipale());
+    seance_.afficheetape(langue_.lireressource(503));
+    seance_.restaurefenetres();
+    seance_.afficheetape(langue_.lireressource(504));
+    seance_.afficheetape(langue_.lireressource(505));
+    seance_.ouvrecriteresdelaligne();
+    return QString::number(ecran_->winId());
+}
+
+void Programme::montreprincipale() {
+    ecran_->montre();
+}
+
+void Programme::ouvrefichierdossier(const QString&) {}
+
+void Programme::ouvrefichiercriteres(const QString&) {}
+
+void Programme::astuce() {}
+
+bool Programme::impressionouverte() const {
+    return false;
+}
+
+void Programme::termineimpression() {}
+
+void Programme::abandonneimpression() {}
+
+EtatFenetres Programme::etatfenetres() const {
+    EtatFenetres etat;
+    if (!ecran_)
+        return etat;
+    for (std::size_t indice = 0; indice < fenetres_.size(); ++indice) {
+        const Textes* ouverte = fenetres_.at(indice);
+        etat.cochees.at(indice) = ouverte != nullptr;
+        if (ouverte)
+            etat.libelles.at(indice) = ouverte->windowTitle();
+    }
+    for (const Textes* ouverte : ecran_->fenetres())
+        etat.filles.push_back({ouverte->objectName(), ouverte->referencecourante()});
+    if (const Textes* active = ecran_->active())
+        etat.titreactif = active->windowTitle();
+    etat.principale = ecran_->position();
+    etat.largeurpane = seance_.preferences().largeurselection;
+    return etat;
+}
+
+void Programme::sauvederniers() {}
+
+void Programme::fermefenetres() {
+    if (ecran_)
+        ecran_->fermefenetres();
+}
+
+void Programme::fermeprincipale() {
+    if (ecran_)
+        ecran_->ferme();
+}
+
+Textes& Programme::ouvrefenetre(int indice) {
+    auto& place = fenetres_.at(static_cast<std::size_t>(indice));
+    if (!place) {
+        auto* nouvelle = new Textes(indice, seance_.libelle(indice));
+        place = nouvelle;
+        connect(nouvelle, &Textes::liensuivi, this,
+                [this](const QString& cle, const QString& texte) { navigue(QStringLiteral("TA") + cle, texte); });
+        connect(nouvelle, &Textes::adressesuivie, this, [this](const QString& a) { monde_.navigateur.openUrl(a); });
+        connect(nouvelle, &Textes::couriersuivi, this, [this](const QString& a) { monde_.navigateur.mail(a); });
+        ecran_->ajoute(nouvelle);
+    }
+    return *place;
+}
+
+void Programme::navigue(const QString& commande, const QString& ancre) {
+    const Cle cle = decoupecle(QStringView(commande).sliced(std::min<qsizetype>(2, commande.size())));
+    if (!commande.startsWith(QStringLiteral("TA")) || cle.numero.isEmpty())
+        return;
+    Textes& ouverte = ouvrefenetre(indicedetype(cle.code));
+    ecran_->avance(&ouverte);
+    if (ouverte.referencecourante() == cle.texte())
+        return;
+    affichedocument(ouverte, cle.code, cle.numero, false, ancre,
+                    {corpus_, styles_, monde_.sablier, [this](int indice) { return seance_.libelle(indice); }});
+    ouverte.changereferencecourante(cle.texte());
+}
+
+} // namespace velm

@@ -1,0 +1,108 @@
+#pragma once
+// The one place that knows everybody: owns the run's state and connects the rooms.
+#include "core/corpus.h"
+#include "core/langue.h"
+#include "core/reglages.h"
+#include "core/seance.h"
+#include "document/sablier.h"
+#include "document/styles.h"
+#include "platform/system/dialogues.h"
+#include "platform/system/outside.h"
+#include "platform/system/process.h"
+#include "platform/system/singleinstance.h"
+
+#include <QPointer>
+
+#include <array>
+#include <memory>
+
+namespace velm {
+
+class Ecrangeneral;
+class Textes;
+class frmSplash;
+
+/// The doors to the outside world; none is owned.
+struct MondeExterieur {
+    Dialogues& dialogues;
+    Navigateur& navigateur;
+    Processus& processus;
+    Sablier& sablier;
+};
+
+struct OptionsProgramme {
+    QString dossierprogramme; ///< no final separator
+    QString fichierprogramme;
+    QString lignedecommande; ///< arguments joined with blanks
+    QString fichierreglages;
+    QString dossierinstance; ///< where the lock of the single instance lies
+    QString dossierdonnees;  ///< the user's data folder, for the file types
+};
+
+class Programme final : public QObject, public Ecrans {
+    Q_OBJECT
+
+public:
+    Programme(const OptionsProgramme& options, MondeExterieur monde);
+    ~Programme() override;
+
+    Demarrage demarre();
+    bool quitteprogramme() { return seance_.quitteprogramme(); }
+
+    /// What happened in one box; open transactions are rolled back. The caller ends the process.
+    void erreurfatale(const RuntimeFailure& erreur);
+
+    Ecrangeneral* ecran() const { return ecran_.get(); }
+    Textes* fenetre(int indice) const;
+    Seance& seance() { return seance_; }
+    Corpus& corpus() { return corpus_; }
+    const TableStyles& styles() const { return styles_; }
+
+    // ---- Ecrans
+    void afficheetape(const QString& texte) override;
+    void montreaccueil() override;
+    void fermeaccueil() override;
+    void litstyles() override;
+    void effacereconstructions() override;
+    bool connexion() override;
+    void ouvredossiers() override;
+    void fermedossiers() override;
+    QString chargeprincipale() override;
+    void montreprincipale() override;
+    void navigue(const QString& commande) override { navigue(commande, QString()); }
+    void ouvrefichierdossier(const QString& chemin) override;
+    void ouvrefichiercriteres(const QString& chemin) override;
+    void astuce() override;
+    bool impressionouverte() const override;
+    void termineimpression() override;
+    void abandonneimpression() override;
+    EtatFenetres etatfenetres() const override;
+    void sauvederniers() override;
+    void fermefenetres() override;
+    void fermeprincipale() override;
+
+    /// Opens a document by "TA" and its key; `ancre` puts the caret.
+    void navigue(const QString& commande, const QString& ancre);
+
+private:
+    Environnement environnement();
+    Textes& ouvrefenetre(int indice);
+    void ouvreadresse(const QString& adresse);
+    QString raison(const RuntimeFailure& erreur);
+
+    OptionsProgramme options_;
+    MondeExterieur monde_;
+    SingleInstance instance_;
+    ReglagesStore magasin_;
+    Reglages reglages_;
+    Langue langue_;
+    Corpus corpus_;
+    TableStyles styles_;
+    Seance seance_;
+    QString etape_;
+    std::unique_ptr<frmSplash> accueil_;
+    std::unique_ptr<Ecrangeneral> ecran_;
+    std::array<QPointer<Textes>, 12> fenetres_;
+};
+
+} // namespace velm
