@@ -1,0 +1,127 @@
+#include "platform/richtext/rtf_fonts.h"
+
+#include "platform/richtext/rtf_scan.h"
+
+namespace velm::rtf {
+namespace {
+
+struct Name {
+    std::uint64_t letters;
+    constexpr explicit Name(const char* text) : letters(0) {
+        for (unsigned i = 0; text[i] != '\0'; ++i)
+            letters |= std::uint64_t{static_cast<unsigned char>(text[i])} << (i * 8);
+    }
+    constexpr bool operator==(const Letters& other) const { return letters == other.low && other.high == 0; }
+};
+constexpr Name fontWord("f");
+constexpr Name charsetWord("fcharset");
+constexpr Name pageWord("cpg");
+constexpr Name unicodeWord("u");
+constexpr qsizetype longestName = 256;
+
+QString decodeName(const QByteArray& bytes, const CodePage& page) {
+    QString name;
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(bytes[i]);
+        if (page.isLead(byte) && i + 1 < bytes.size()) {
+            const char16_t unit = page.pair(byte, static_cast<unsigned char>(bytes[++i]));
+            name += QChar(unit != 0 ? unit : u'\uFFFD');
+        } else if (page.units[byte] != 0) {
+            name += QChar(page.units[byte]);
+        }
+    }
+    return name.trimmed();
+}
+
+} // namespace
+
+const char* FontTable::read(const char* p, const char* end, bool withNames) {
+    Entry entry;
+    std::size_t depth = 1;
+    const auto append = [&](char c) {
+        if (withNames && entry.name.size() < longestName)
+            entry.name.append(c);
+    };
+    while (p != end) {
+        const char c = *p++;
+        if (c == '{') {
+            ++depth;
+            if (end - p >= 2 && p[0] == '\\' && p[1] == '*')
+                p = passGroup(p, end); // \panose, \falt
+        } else if (c == '}') {
+            if (--depth == 0) {
+                add(entry);
+                return p - 1;
+            }
+        } else if (c == ';') {
+            add(entry);
+            entry = Entry();
+        } else if (c != '\\') {
+            if (c != '\r' && c != '\n')
+                append(c);
+        } else if (p != end && isLetter(*p)) {
+            Letters letters;
+            Token token;
+            p = readNumber(readLetters(p, end, letters), end, token);
+            if (fontWord == letters)
+                entry.number = token.number;
+            else if (charsetWord == letters)
+                entry.page = codePageOfCharset(token.number);
+            else if (pageWord == letters && token.number > 0)
+                entry.page = token.number;
+            else if (unicodeWord == letters)
+                append(token.number > 0 && token.number < 0x80 ? static_cast<char>(token.number) : '?');
+        } else if (const int byte = p != end && *p == '\'' ? hexByte(p + 1, end) : -1; byte >= 0) {
+            append(static_cast<char>(byte));
+            p += 3;
+        } else if (p != end) {
+            ++p;
+        }
+    }
+    return end;
+}
+
+void FontTable::add(const Entry& entry) {
+    if (entry.number < 0)
+        return;
+    Font font;
+    if (entry.page != documentPage)
+        font.page = &codePage(entry.page);
+    font.family = decodeName(entry.name, font.page != nullptr ? *font.page : codePage(ansiPage));
+    const auto number = static_cast<std::size_t>(entry.number);
+    if (number < small_.size() && fonts_.size() < 0xFFFE) {
+        if (small_[number] == 0) {
+            fonts_.emplace_back();
+            small_[number] = static_cast<std::uint16_t>(fonts_.size());
+        }
+        fonts_[small_[number] - 1U] = std::move(font);
+        return;
+    }
+    const auto [place, isNew] = large_.try_emplace(entry.number, fonts_.size());
+    if (isNew)
+        fonts_.emplace_back();
+    fonts_[place->second] = std::move(font);
+}
+
+const FontTable::Font* FontTable::find(int number) const {
+    if (number >= 0 && static_cast<std::size_t>(number) < small_.size()) {
+        if (const std::uint16_t index = small_[static_cast<std::size_t>(number)])
+            return &fonts_[index - 1U];
+    }
+    if (large_.empty())
+        return nullptr;
+    const auto place = large_.find(number);
+    return place != large_.end() ? &fonts_[place->second] : nullptr;
+}
+
+const CodePage* FontTable::page(int number) const {
+    const Font* font = find(number);
+    return font != nullptr ? font->page : nullptr;
+}
+
+QString FontTable::family(int number) const {
+    const Font* font = find(number);
+    return font != nullptr ? font->family : QString();
+}
+
+} // namespace velm::rtf
