@@ -104,7 +104,8 @@ qint64 Reglages::entier(const QString& section, const QString& cle, qint64 defau
 
 double Reglages::reel(const QString& section, const QString& cle, double defaut, bool maitre) const {
     const qint64 parmaitre = maitre ? lireparametre(section, cle, defaut).toLongLong() : 0;
-    const QString texte = getsetting(section, cle, maitre ? QString::number(parmaitre) : QString::number(defaut));
+    const QString texte =
+        getsetting(section, cle, maitre ? QString::number(parmaitre) : QString::number(defaut, 'g', 15));
     const auto valeur = nombre(texte);
     if (!valeur)
         erreurdeconversion(section, cle, texte);

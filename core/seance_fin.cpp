@@ -72,7 +72,7 @@ void Seance::ecritfenetres(const EtatFenetres& etat) {
     reglages_.savesetting(section, QStringLiteral("MDICHILD"), fenetreactive(etat) + drapeaux);
     reglages_.savesetting(section, QStringLiteral("MDICHILDCONTENU"), cles);
     reglages_.savesetting(QStringLiteral("EDITEUR"), QStringLiteral("LARGEURSELECTION"),
-                          QString::number(etat.largeurpane));
+                          QString::number(etat.largeurpane, 'g', 9));
 }
 
 void Seance::ecritposition(const PositionFenetre& position) {

@@ -16,7 +16,7 @@ TEST_F(SeanceDebut, TheStepsStandInTheirOrder) {
     EXPECT_EQ(lu("HWND", "HWnd"), u"4242");
     EXPECT_EQ(lu("BASE", "APPLICATION"), dossier_.path());
     EXPECT_EQ(lu("BASE", "CHEMIN"), dossier_.path() + u'/');
-    EXPECT_EQ(extensions, QStringList{dossier_.path() + u"/|" + dossier_.path() + u'/'});
+    EXPECT_EQ(extensions, QStringList{dossier_.path() + QStringLiteral("/|") + dossier_.path() + u'/'});
 }
 
 TEST_F(SeanceDebut, ASecondInstanceShowsTheFirstAndOpensNothing) {
@@ -116,8 +116,8 @@ TEST_F(SeanceDebut, AnUpdateToolWithALaterProgramFileEndsTheStartAtOnce) {
     ecrit("cd/velm2000.exe", jour.addSecs(60));
     EXPECT_EQ(seance().demarre(), Demarrage::MiseAJour);
     ASSERT_EQ(lances.size(), 1);
-    EXPECT_EQ(lances.first(), chemin("cd/MAJver.exe") + u'|' + dossier_.path() + u"/," + chemin("cd") +
-                                  u"/,velm2000.exe,VELMORante 2000");
+    EXPECT_EQ(lances.first(), chemin("cd/MAJver.exe") + u'|' + dossier_.path() + QStringLiteral("/,") + chemin("cd") +
+                                  QStringLiteral("/,velm2000.exe,VELMORante 2000"));
     EXPECT_FALSE(ecrans.a(QStringLiteral("accueil")));
     EXPECT_TRUE(dialogues.recus.empty());
 }

@@ -7,8 +7,9 @@ namespace {
 class SeanceFin : public velm::essais::SeanceTest {
 protected:
     bool quitte(std::initializer_list<Bouton> reponses) {
-        if (!corpus.connecte())
+        if (!corpus.connecte()) {
             EXPECT_EQ(seance().demarre(), Demarrage::EnMarche);
+        }
         ecrans.journal.clear();
         dialogues.recus.clear();
         dialogues.reponses.assign(reponses);
