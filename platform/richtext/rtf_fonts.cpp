@@ -19,18 +19,13 @@ constexpr Name pageWord("cpg");
 constexpr Name unicodeWord("u");
 constexpr qsizetype longestName = 256;
 
-QString decodeName(const QByteArray& bytes, const CodePage& page) {
-    QString name;
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(bytes[i]);
-        if (page.isLead(byte) && i + 1 < bytes.size()) {
-            const char16_t unit = page.pair(byte, static_cast<unsigned char>(bytes[++i]));
-            name += QChar(unit != 0 ? unit : u'\uFFFD');
-        } else if (page.units[byte] != 0) {
-            name += QChar(page.units[byte]);
-        }
-    }
-    return name.trimmed();
+/// A character of a name by its number, `p` behind it; passes over the one character that stands for it.
+const char* readUnicode(const char* p, const char* end, int number, QString& name) {
+    if (name.size() < longestName)
+        name += QChar(static_cast<char16_t>(number));
+    if (p != end && *p == '\\' && end - p >= 4 && p[1] == '\'')
+        return p + 4;
+    return p != end && sortAt(p) == Sort::Plain && *p != ';' ? p + 1 : p;
 }
 
 } // namespace
@@ -39,8 +34,8 @@ const char* FontTable::read(const char* p, const char* end, bool withNames) {
     Entry entry;
     std::size_t depth = 1;
     const auto append = [&](char c) {
-        if (withNames && entry.name.size() < longestName)
-            entry.name.append(c);
+        if (withNames)
+            appendByte(entry, static_cast<unsigned char>(c));
     };
     while (p != end) {
         const char c = *p++;
@@ -70,7 +65,7 @@ const char* FontTable::read(const char* p, const char* end, bool withNames) {
             else if (pageWord == letters && token.number > 0)
                 entry.page = token.number;
             else if (unicodeWord == letters)
-                append(token.number > 0 && token.number < 0x80 ? static_cast<char>(token.number) : '?');
+                p = readUnicode(p, end, token.number, entry.name);
         } else if (const int byte = p != end && *p == '\'' ? hexByte(p + 1, end) : -1; byte >= 0) {
             append(static_cast<char>(byte));
             p += 3;
@@ -81,13 +76,28 @@ const char* FontTable::read(const char* p, const char* end, bool withNames) {
     return end;
 }
 
+void FontTable::appendByte(Entry& entry, unsigned char byte) {
+    if (entry.name.size() >= longestName)
+        return;
+    const CodePage& page = codePage(entry.page == documentPage ? ansiPage : entry.page);
+    if (entry.lead != 0) {
+        const char16_t unit = page.pair(entry.lead, byte);
+        entry.name += QChar(unit != 0 ? unit : u'\uFFFD');
+        entry.lead = 0;
+    } else if (page.isLead(byte)) {
+        entry.lead = byte;
+    } else if (page.units[byte] != 0) {
+        entry.name += QChar(page.units[byte]);
+    }
+}
+
 void FontTable::add(const Entry& entry) {
     if (entry.number < 0)
         return;
     Font font;
     if (entry.page != documentPage)
         font.page = &codePage(entry.page);
-    font.family = decodeName(entry.name, font.page != nullptr ? *font.page : codePage(ansiPage));
+    font.family = entry.name.trimmed();
     const auto number = static_cast<std::size_t>(entry.number);
     if (number < small_.size() && fonts_.size() < 0xFFFE) {
         if (small_[number] == 0) {

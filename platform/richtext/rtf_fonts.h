@@ -28,8 +28,10 @@ private:
     struct Entry {
         int number = -1;
         int page = documentPage;
-        QByteArray name; ///< bytes in the font's own page
+        QString name;
+        unsigned char lead = 0; ///< first byte of a pair in the name
     };
+    static void appendByte(Entry& entry, unsigned char byte);
     void add(const Entry& entry);
     const Font* find(int number) const;
 

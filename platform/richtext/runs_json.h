@@ -1,0 +1,14 @@
+#pragma once
+// The character formats of a rich text as a list for other programs.
+#include "platform/richtext/richtext.h"
+
+#include <QByteArray>
+
+namespace velm {
+
+/// A JSON list with one object per run of equal format: "text", "b", "i", "u", "strike", "hidden" (0 or 1), "size"
+/// (points), "color" ("#rrggbb", left out for the automatic one), "background" likewise, "font". Line ends are CR LF.
+/// UTF-8.
+QByteArray formatsJson(const RichText& text);
+
+} // namespace velm
