@@ -177,7 +177,7 @@ std::optional<Entry> entryOf(QByteArrayView line) {
 
 IniDocument IniDocument::parse(QByteArrayView bytes) {
     IniDocument document;
-    if (bytes.startsWith(QByteArrayView("\xEF\xBB\xBF")))
+    while (bytes.startsWith(QByteArrayView("\xEF\xBB\xBF")))
         bytes = bytes.sliced(3);
     QString sectionName;
     while (!bytes.isEmpty()) {

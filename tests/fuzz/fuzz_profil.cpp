@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
@@ -38,9 +39,9 @@ void profile(QByteArrayView bytes) {
 
 void settings(QByteArrayView bytes) {
     const qsizetype third = bytes.size() / 3;
-    const QString section = rawText(bytes.first(third).left(40));
-    const QString key = rawText(bytes.sliced(third, third).left(40));
-    const QString value = rawText(bytes.sliced(2 * third).left(200));
+    const QString section = rawText(bytes.first(std::min<qsizetype>(third, 40)));
+    const QString key = rawText(bytes.sliced(third, std::min<qsizetype>(third, 40)));
+    const QString value = rawText(bytes.sliced(2 * third));
     velm::IniDocument document = velm::IniDocument::parse(bytes);
     const velm::IniDocument again = velm::IniDocument::parse(document.bytes());
     require(again.bytes() == document.bytes());

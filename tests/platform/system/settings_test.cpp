@@ -162,7 +162,7 @@ TEST_F(Reglages, OfTwoEqualEntriesTheFirstCounts) {
 }
 
 TEST_F(Reglages, EntriesBeforeAnySectionBelongToTheOneWithoutAName) {
-    put("\xEF\xBB\xBFx=1\n[A]\nx=2\n");
+    put("\xEF\xBB\xBF\xEF\xBB\xBFx=1\n[A]\nx=2\n");
     ReglagesStore store(path);
     EXPECT_EQ(store.get(u"", u"x"), u"1"_s);
     EXPECT_TRUE(store.save(u"", u"y", u"3"_s));
