@@ -39,7 +39,8 @@ public:
     QByteArray textRtf() const;
     void setText(QStringView text);
 
-    // ---- selection, positions of the model
+    // ---- selection, positions of the model; clamped to the text. Setting it always tells the observer, even when it
+    // stays the same: the caret is to be brought into view.
     qsizetype selStart() const { return selStart_; }
     qsizetype selLength() const { return selLength_; }
     void setSelStart(qsizetype position); ///< sets the caret: the selection becomes empty
@@ -58,6 +59,7 @@ public:
 
     /// Finds from `start` (-1: from the selection's start) to `end` (-1: the text's end); selects the hit and returns
     /// its position, or -1 and leaves the selection.
+    /// An empty `what` is never found.
     qsizetype find(QStringView what, qsizetype start = -1, qsizetype end = -1, FindOptions options = {});
 
     // ---- properties of the selection (with an empty selection: of the insertion point; readers give nothing when
@@ -69,7 +71,7 @@ public:
     std::optional<bool> selUnderline() const;
     std::optional<bool> selStrikeThru() const;
     std::optional<int> selCharOffset() const; ///< twips
-    std::optional<int> selColor() const;
+    std::optional<int> selColor() const;      ///< autoColour: the automatic one
     std::optional<bool> selBullet() const;
     std::optional<int> selIndent() const; ///< left edge of first lines, twips
     std::optional<int> selRightIndent() const;
@@ -78,7 +80,7 @@ public:
     std::optional<std::vector<int>> selTabs() const;
 
     void setSelFontName(const QString& family);
-    void setSelFontSize(double points);
+    void setSelFontSize(double points); ///< to the half point; ignored outside 0.5 to 2160
     void setSelBold(bool on);
     void setSelItalic(bool on);
     void setSelUnderline(bool on);
@@ -91,6 +93,8 @@ public:
     void setSelRightIndent(int twips);
     void setSelHangingIndent(int twips);
     void setSelAlignment(Alignment alignment);
+    /// The count first, then the stops one by one: those that the paragraph had stay until they are set, new ones
+    /// stand once they are set (to more than 0). 32 at most.
     void setSelTabCount(int count);
     void setSelTab(int index, int twips); ///< index from 0; beyond the count: ignored
 
@@ -110,6 +114,20 @@ public:
 private:
     void changed();
     void selectionChanged();
+    void propertiesChanged();
+    /// Puts the caret where it is after a change of the text, and tells of both.
+    void caretAfterChange(qsizetype position);
+    template <typename T, typename Get>
+    std::optional<T> ofCharacters(Get get) const;
+    template <typename T, typename Get>
+    std::optional<T> ofParagraphs(Get get) const;
+    template <typename T>
+    void setCharacters(CharChange::Flag flag, T CharFormat::*member, const T& value);
+    template <typename T>
+    void setParagraphs(ParaChange::Flag flag, T ParaFormat::*member, const T& value);
+    CharFormat caretFormat() const;
+    std::vector<int> firstTabs() const;
+
     RichText text_;
     qsizetype selStart_ = 0;
     qsizetype selLength_ = 0;
@@ -120,9 +138,10 @@ private:
     bool pendingText_ = false;
     bool pendingSelection_ = false;
     bool pendingProperties_ = false;
-    std::optional<FormatId>
-        insertionFormat_; ///< set by character properties on an empty selection, until the caret moves
-    std::vector<int> pendingTabs_;
+    /// Set by character properties on an empty selection, until the caret moves.
+    std::optional<CharFormat> insertionFormat_;
+    /// The stops as they were set one by one, until the caret moves: the text holds them in order.
+    std::optional<std::vector<int>> pendingTabs_;
     RichTextObserver* observer_ = nullptr;
 };
 

@@ -9,7 +9,8 @@ struct FindOptions {
     bool matchCase = false;
 };
 
-/// First hit that lies wholly in [start, end); end -1 is the text's end. -1 when there is none.
+/// First hit that lies wholly in [start, end); end -1 is the text's end. -1 when there is none, or nothing to find.
+/// Case is folded unit by unit, accents count. For whole words the units right outside the range count as well.
 qsizetype find(const RichText& text, QStringView what, qsizetype start, qsizetype end, FindOptions options);
 /// The same on plain text.
 qsizetype find(QStringView text, QStringView what, qsizetype start, qsizetype end, FindOptions options);

@@ -68,7 +68,8 @@ struct CharChange {
         Hidden = 64,
         Offset = 128,
         Colour = 256,
-        Background = 512
+        Background = 512,
+        All = 1023
     };
     unsigned mask = 0;
     CharFormat values;

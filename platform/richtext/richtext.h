@@ -47,6 +47,7 @@ public:
 
     /// At the text's end: the formats of the tail, or of the last position if the last paragraph is not empty.
     FormatId charFormatIdAt(qsizetype position) const;
+    /// Looks for the paragraph's end: walk by paragraphEnd(), don't ask for every position.
     FormatId paraFormatIdAt(qsizetype position) const;
     /// References stay valid until clear() or an assignment. An unknown id stands for the default format.
     const CharFormat& charFormat(FormatId id) const;

@@ -140,6 +140,19 @@ void RichText::Private::moveKnown(qsizetype position, qsizetype removed, qsizety
         knownFrom = position + added - tailAdded;
 }
 
+qsizetype RichText::Private::learnParagraphEnd(qsizetype position) {
+    const qsizetype end = paragraphEnd(position);
+    if (position >= knownFrom && position < knownEnd)
+        return end;
+    waysOutside += end - position;
+    if (waysOutside >= knownEnd - knownFrom) {
+        knownFrom = position;
+        knownEnd = end;
+        waysOutside = 0;
+    }
+    return end;
+}
+
 void RichText::Private::closeEnd(FormatId character, FormatId paragraph) {
     if (lastIsEmpty()) {
         tailCharacter = character;
@@ -256,7 +269,11 @@ qsizetype RichText::replace(qsizetype position, qsizetype length, QStringView te
     const bool atEnd = start + removed == d_->length();
     const bool split = ends.behind >= 0;
     const FormatId character = d_->newTextFormat(start, removed);
-    const FormatId paragraph = atEnd || split ? d_->paragraphAt(start + removed) : FormatId{0};
+    FormatId paragraph = 0;
+    if (atEnd)
+        paragraph = d_->lastParagraph();
+    else if (split)
+        paragraph = d_->paragraphs[d_->learnParagraphEnd(start + removed) - 1];
     d_->moveKnown(start, removed, text.size(), ends.behind);
     std::copy_n(text.utf16(), text.size(), d_->splice(start, removed, text.size(), character));
     if (split)
@@ -333,11 +350,9 @@ void RichText::changeParagraphs(qsizetype position, qsizetype length, const Para
     });
     qsizetype from = start;
     do {
-        const qsizetype end = d_->paragraphEnd(from);
+        const qsizetype end = d_->learnParagraphEnd(from);
         if (end > from) {
             d_->paragraphs[end - 1] = changed(d_->paragraphs[end - 1]);
-            d_->knownFrom = from;
-            d_->knownEnd = end;
         } else {
             d_->closeEnd(d_->tailCharacter, changed(d_->lastParagraph()));
         }

@@ -24,9 +24,12 @@ struct RichText::Private {
 
     /// A stretch without a line end before the one that closes it: every position in [knownFrom, knownEnd) belongs to
     /// the paragraph that ends at knownEnd. Only changes set it, so that any number of threads may read one text. It
-    /// spares a run of changes in one long paragraph the way to its end each time.
+    /// spares a run of changes in one long paragraph the way to its end each time. Another stretch takes its place once
+    /// the ways outside it add up to its length: so changes here and there, and those that cut short paragraphs off the
+    /// long one, stay linear too.
     qsizetype knownFrom = 0;
     qsizetype knownEnd = 0;
+    qsizetype waysOutside = 0;
 
     qsizetype length() const { return text.size(); }
     QStringView first() const { return {text.first(), text.firstSize()}; }
@@ -43,6 +46,8 @@ struct RichText::Private {
     /// First position behind the paragraph that holds `position` (0 to length).
     qsizetype paragraphEnd(qsizetype position) const;
     FormatId paragraphAt(qsizetype position) const;
+    /// paragraphEnd() for changes, which may remember the way.
+    qsizetype learnParagraphEnd(qsizetype position);
 
     /// Puts `added` positions in the place of `removed`: unset text, formats `character` and 0. Returns the text.
     char16_t* splice(qsizetype position, qsizetype removed, qsizetype added, FormatId character);
