@@ -1,0 +1,133 @@
+#pragma once
+// The document view: shows a rich text control on its sheet and lets the user select in it.
+//
+// The control is the truth; the view follows it and gives the user's selection back. Positions are the control's.
+#include "platform/richtext/control.h"
+#include "platform/widgets/linkranges.h"
+#include "platform/widgets/showntext.h"
+#include "platform/widgets/viewformats.h"
+
+#include <QBasicTimer>
+#include <QTextEdit>
+
+#include <memory>
+#include <optional>
+
+namespace velm {
+
+class PaperLayout;
+
+class RichTextBox : public QTextEdit, private RichTextObserver {
+    Q_OBJECT
+
+public:
+    /// With a control of its own.
+    explicit RichTextBox(QWidget* parent = nullptr);
+    /// Shows a control that outlives the view.
+    explicit RichTextBox(RichTextControl& control, QWidget* parent = nullptr);
+    ~RichTextBox() override;
+
+    RichTextControl& control() { return control_; }
+    const RichTextControl& control() const { return control_; }
+
+    // ---- the control's words
+    qsizetype selStart() const { return control_.selStart(); }
+    qsizetype selLength() const { return control_.selLength(); }
+    void setSelStart(qsizetype position) { control_.setSelStart(position); }
+    void setSelLength(qsizetype length) { control_.setSelLength(length); }
+    void upTo(QStringView set, bool forward, bool negate) { control_.upTo(set, forward, negate); }
+    qsizetype findText(QStringView what, qsizetype start = -1, qsizetype end = -1, FindOptions options = {}) {
+        return control_.find(what, start, end, options);
+    }
+    void setRedraw(bool on) { control_.setRedraw(on); }
+
+    // ---- the view's own
+    static constexpr int leastZoom = 25;
+    static constexpr int mostZoom = 500;
+    int zoom() const { return zoom_; } ///< per cent
+    void setZoom(int percent);         ///< clamped; keeps the place; changes no stored format
+    void zoomStep(int steps);          ///< to the next of the usual sizes, up or down
+
+    /// Ranges that lead somewhere, in the owner's order. They hold until the next call.
+    void setLinkRanges(const std::vector<LinkRange>& ranges);
+
+    /// The character under a point of the viewport, or -1 when there is none.
+    qsizetype characterAt(const QPoint& point) const;
+    /// Scrolls, if need be, until the caret can be seen.
+    void revealCaret();
+
+signals:
+    /// The left button was released (a drag counts as well) or Return pressed; the selection's start.
+    void clicked(qsizetype position);
+    /// A context menu is wanted, by mouse or key.
+    void rightClicked(qsizetype position, const QPoint& globalPosition);
+    /// The mouse went to another character; -1 for none.
+    void hovered(qsizetype position);
+    /// The mouse went to another link; -1 for none.
+    void linkHovered(int index);
+    void zoomChanged(int percent);
+    /// The user or the program moved the selection.
+    void selectionMoved();
+
+protected:
+    QMimeData* createMimeDataFromSelection() const override;
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    void insertFromMimeData(const QMimeData* source) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    // A line at the window's top that stays there whatever happens to the heights above it.
+    struct Anchor {
+        int position = 0;
+        int offset = 0;
+        bool atTop = true;
+    };
+
+    void prepare();
+    void richTextChanged() override;
+    void richSelectionChanged() override;
+    void richPropertiesChanged() override;
+
+    void rebuild();
+    void showSelection();
+    void takeUserSelection();
+    void applySheet();
+    void placeLinks();
+    void hover(const QPoint& point);
+    void leaveHover();
+    void startSettling();
+    Anchor anchor() const;
+    void restore(const Anchor& anchor);
+    void layOutAround();
+    QPointF toDocument(const QPoint& point) const;
+
+    std::unique_ptr<RichTextControl> own_;
+    RichTextControl& control_;
+    ShownText shown_;
+    ViewFormats formats_;
+    PaperLayout* layout_ = nullptr; // the document's
+    std::vector<LinkRange> linkRanges_;
+    QBasicTimer settling_;
+    int zoom_ = 100;
+    int wheelRest_ = 0;
+    int hoveredLink_ = -1;
+    qsizetype hoveredPosition_ = -1;
+    bool visible_ = true;
+    bool following_ = false; ///< the control is being followed: what the document tells is no wish of the user
+    bool moving_ = false;    ///< the view itself scrolls
+    bool reveal_ = false;    ///< the caret is to be shown as soon as the window is
+};
+
+} // namespace velm

@@ -1,0 +1,150 @@
+// Keys and mouse of the document view.
+#include "platform/widgets/paperlayout.h"
+#include "platform/widgets/richtextbox.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+namespace velm {
+
+namespace {
+
+constexpr int wheelNotch = 120;
+
+} // namespace
+
+QPointF RichTextBox::toDocument(const QPoint& point) const {
+    return QPointF(point) + QPointF(horizontalScrollBar()->value(), verticalScrollBar()->value());
+}
+
+qsizetype RichTextBox::characterAt(const QPoint& point) const {
+    const int position = layout_->characterAt(toDocument(point));
+    return position < 0 ? -1 : shown_.toModel(position);
+}
+
+// ---- links and hovering
+
+void RichTextBox::setLinkRanges(const std::vector<LinkRange>& ranges) {
+    linkRanges_ = ranges;
+    placeLinks();
+    leaveHover();
+    viewport()->update();
+}
+
+void RichTextBox::placeLinks() {
+    std::vector<LinkRange> placed;
+    placed.reserve(linkRanges_.size());
+    for (const LinkRange& range : linkRanges_) {
+        placed.push_back({shown_.toDocument(range.start), shown_.toDocument(range.end)});
+    }
+    layout_->setLinks(LinkRanges(placed));
+}
+
+void RichTextBox::hover(const QPoint& point) {
+    const int position = layout_->characterAt(toDocument(point));
+    const int link = position < 0 ? -1 : layout_->links().at(position);
+    if (link != hoveredLink_) {
+        hoveredLink_ = link;
+        layout_->setHoveredLink(link);
+        viewport()->setCursor(link < 0 ? Qt::IBeamCursor : Qt::PointingHandCursor);
+        viewport()->update();
+        emit linkHovered(link);
+    }
+    const qsizetype place = position < 0 ? -1 : shown_.toModel(position);
+    if (place != hoveredPosition_) {
+        hoveredPosition_ = place;
+        emit hovered(place);
+    }
+}
+
+void RichTextBox::leaveHover() {
+    if (hoveredLink_ >= 0) {
+        hoveredLink_ = -1;
+        layout_->setHoveredLink(-1);
+        viewport()->setCursor(Qt::IBeamCursor);
+        viewport()->update();
+        emit linkHovered(-1);
+    }
+    if (hoveredPosition_ >= 0) {
+        hoveredPosition_ = -1;
+        emit hovered(-1);
+    }
+}
+
+void RichTextBox::leaveEvent(QEvent* event) {
+    QTextEdit::leaveEvent(event);
+    leaveHover();
+}
+
+bool RichTextBox::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::Leave) {
+        leaveHover();
+    }
+    return QTextEdit::viewportEvent(event);
+}
+
+// ---- mouse
+
+void RichTextBox::mouseMoveEvent(QMouseEvent* event) {
+    QTextEdit::mouseMoveEvent(event);
+    if (event->buttons() == Qt::NoButton) {
+        hover(event->position().toPoint());
+    }
+}
+
+void RichTextBox::mouseReleaseEvent(QMouseEvent* event) {
+    QTextEdit::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton) {
+        emit clicked(control_.selStart());
+    }
+}
+
+void RichTextBox::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        const int position = layout_->hitTest(toDocument(viewport()->mapFromGlobal(event->globalPos())), Qt::FuzzyHit);
+        emit rightClicked(shown_.toModel(position), event->globalPos());
+    } else {
+        const QPoint caret = viewport()->mapToGlobal(cursorRect().bottomLeft());
+        emit rightClicked(control_.selStart(), caret);
+    }
+}
+
+void RichTextBox::wheelEvent(QWheelEvent* event) {
+    if (!(event->modifiers() & Qt::ControlModifier)) {
+        wheelRest_ = 0;
+        QTextEdit::wheelEvent(event);
+        return;
+    }
+    event->accept();
+    wheelRest_ += event->angleDelta().y();
+    const int notches = wheelRest_ / wheelNotch;
+    wheelRest_ -= notches * wheelNotch;
+    zoomStep(notches);
+}
+
+// ---- keys
+
+void RichTextBox::keyPressEvent(QKeyEvent* event) {
+    const bool control = event->modifiers().testFlag(Qt::ControlModifier);
+    if (control && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)) {
+        zoomStep(1);
+    } else if (control && event->key() == Qt::Key_Minus) {
+        zoomStep(-1);
+    } else if (control && event->key() == Qt::Key_0) {
+        setZoom(100);
+    } else if (control && event->key() == Qt::Key_Insert) {
+        copy();
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        emit clicked(control_.selStart());
+    } else {
+        QTextEdit::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+}
+
+} // namespace velm

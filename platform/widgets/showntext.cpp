@@ -1,0 +1,149 @@
+#include "platform/widgets/showntext.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace velm {
+
+namespace {
+
+constexpr char16_t paragraphEnd = 0x2029;
+constexpr char16_t lineEnd = 0x2028;
+constexpr char16_t nothing = 0x2060; // word joiner: no width, no break
+
+/// What stands in the document for a character of the model.
+char16_t shape(char16_t unit, bool object) {
+    if (unit >= 0x20 && unit < 0x2028) {
+        return unit == 0x7F ? nothing : unit;
+    }
+    switch (unit) {
+    case u'\t':
+        return unit;
+    case u'\n':
+    case u'\v':
+    case u'\r': // a lone half of a line end
+    case lineEnd:
+        return lineEnd;
+    case paragraphEnd:
+        return u' ';
+    case 0xFFFC:
+        return object ? unit : u' ';
+    case 0xFDD0: // the document's own marks for the edges of frames
+    case 0xFDD1:
+    case 0xFFFE:
+    case 0xFFFF:
+        return 0xFFFD;
+    default:
+        return unit < 0x20 ? nothing : unit;
+    }
+}
+
+} // namespace
+
+ShownText::ShownText() : ShownText(RichText()) {}
+
+ShownText::ShownText(const RichText& rich) : objects_(rich.objects()), modelLength_(rich.length()) {
+    const QString model = rich.text();
+    text_.reserve(model.size());
+    paragraphs_.emplace_back();
+    rich.forEachRun(0, model.size(), [&](qsizetype start, qsizetype count, FormatId format) {
+        readRun(rich, model, start, count, format);
+    });
+    if (paragraphs_.back().start == model.size()) {
+        endParagraph(rich, -1, rich.tailCharacter());
+    } else {
+        endParagraph(rich, model.size() - 1, rich.charFormatIdAt(model.size() - 1));
+    }
+    findMainFormat(rich);
+}
+
+void ShownText::readRun(const RichText& rich, const QString& model, qsizetype start, qsizetype count, FormatId format) {
+    const CharFormat& look = rich.charFormat(format);
+    const bool object = look.object >= 0;
+    const qsizetype first = text_.size();
+    for (qsizetype i = start; i < start + count; ++i) {
+        const char16_t unit = model.at(i).unicode();
+        if (insideEnd_) {
+            insideEnd_ = false;
+            continue;
+        }
+        if (unit == u'\r' && i + 1 < model.size() && model.at(i + 1) == u'\n') {
+            endParagraph(rich, i, format);
+            paragraphs_.emplace_back().start = i + 2;
+            text_ += QChar(paragraphEnd);
+            insideEnd_ = true;
+            continue;
+        }
+        ShownParagraph& paragraph = paragraphs_.back();
+        paragraph.tabs = paragraph.tabs || unit == u'\t';
+        paragraph.pageBreak = unit == u'\f' && paragraph.start == i;
+        const bool unseen = look.hidden && !(unit == u'\r' || unit == u'\n');
+        text_ += QChar(unseen ? nothing : shape(unit, object));
+    }
+    if (text_.size() > first) {
+        runs_.push_back({static_cast<int>(first), static_cast<int>(text_.size() - first), format});
+    }
+}
+
+void ShownText::endParagraph(const RichText& rich, qsizetype position, FormatId mark) {
+    ShownParagraph& paragraph = paragraphs_.back();
+    paragraph.mark = mark;
+    paragraph.format = position < 0 ? rich.tailParagraph() : rich.paraFormatIdAt(position);
+    if (paragraph.format >= formats_.size()) {
+        formats_.resize(paragraph.format + 1);
+    }
+    formats_[paragraph.format] = rich.paraFormat(paragraph.format);
+}
+
+void ShownText::findMainFormat(const RichText& rich) {
+    std::vector<int> used;
+    for (const ShownRun& run : runs_) {
+        if (run.format >= used.size()) {
+            used.resize(run.format + 1);
+        }
+        used[run.format] += run.count;
+    }
+    const auto most = std::max_element(used.begin(), used.end());
+    mainFormat_ =
+        rich.charFormat(most == used.end() ? rich.tailCharacter() : static_cast<FormatId>(most - used.begin()));
+}
+
+const ShownParagraph& ShownText::paragraph(int number) const {
+    return paragraphs_[static_cast<std::size_t>(std::clamp(number, 0, count() - 1))];
+}
+
+const ParaFormat& ShownText::format(int number) const {
+    return formats_[paragraph(number).format];
+}
+
+int ShownText::paragraphAt(qsizetype model) const {
+    const auto after = std::upper_bound(paragraphs_.begin(), paragraphs_.end(), model,
+                                        [](qsizetype at, const ShownParagraph& p) { return at < p.start; });
+    return std::max(0, static_cast<int>(after - paragraphs_.begin()) - 1);
+}
+
+int ShownText::toDocument(qsizetype model) const {
+    model = std::clamp<qsizetype>(model, 0, modelLength_);
+    const int number = paragraphAt(model);
+    const qsizetype end = number + 1 < count() ? paragraph(number + 1).start - 2 : modelLength_;
+    return static_cast<int>(std::min(model, end)) - number;
+}
+
+qsizetype ShownText::toModel(int document) const {
+    document = std::clamp(document, 0, documentLength());
+    // The last paragraph that starts at or before the position; starts in the document are those of the model less the
+    // paragraph's number, so they ascend as well.
+    int low = 0;
+    int high = count() - 1;
+    while (low < high) {
+        const int middle = low + (high - low + 1) / 2;
+        if (documentStart(middle) <= document) {
+            low = middle;
+        } else {
+            high = middle - 1;
+        }
+    }
+    return document + low;
+}
+
+} // namespace velm
