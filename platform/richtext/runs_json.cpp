@@ -4,6 +4,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <array>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace velm {
@@ -31,12 +33,27 @@ QJsonObject runObject(const QString& text, const CharFormat& format) {
     return run;
 }
 
+/// A picture has no text of its own.
+QJsonObject pictureObject(const RichText& text, std::int32_t index) {
+    static constexpr std::array kinds{"png", "jpeg", "dib", "wmf", "emf", "unknown"};
+    QJsonObject run{{u"text"_s, QString()}};
+    if (static_cast<std::size_t>(index) < text.objects().size()) {
+        const RichObject& object = text.objects()[static_cast<std::size_t>(index)];
+        run.insert(u"picture"_s, QString::fromLatin1(kinds[static_cast<std::size_t>(object.kind)]));
+        run.insert(u"width"_s, object.width);
+        run.insert(u"height"_s, object.height);
+    }
+    return run;
+}
+
 } // namespace
 
 QByteArray formatsJson(const RichText& text) {
     QJsonArray runs;
     text.forEachRun(0, text.length(), [&](qsizetype start, qsizetype count, FormatId id) {
-        runs.append(runObject(text.text(start, count), text.charFormat(id)));
+        const CharFormat& format = text.charFormat(id);
+        runs.append(format.object < 0 ? runObject(text.text(start, count), format)
+                                      : pictureObject(text, format.object));
     });
     return QJsonDocument(runs).toJson(QJsonDocument::Compact);
 }

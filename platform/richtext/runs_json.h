@@ -8,7 +8,8 @@ namespace velm {
 
 /// A JSON list with one object per run of equal format: "text", "b", "i", "u", "strike", "hidden" (0 or 1), "size"
 /// (points), "color" ("#rrggbb", left out for the automatic one), "background" likewise, "font". Line ends are CR LF.
-/// UTF-8.
+/// UTF-8. A picture
+/// has an empty "text", its kind as "picture", and "width" and "height" in twips.
 QByteArray formatsJson(const RichText& text);
 
 } // namespace velm
