@@ -1,0 +1,97 @@
+#include "collection/collection.h"
+
+#include "collection/fabrique.h"
+#include "collection/source.h"
+#include "collection/temporaire.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int cadre = 9340;
+constexpr int marqueavertissement = 9379;
+constexpr double millisecondesparseconde = 1000;
+
+/// Problems by file and line; those of one line as they were found.
+void classe(Problemes& problemes) {
+    std::stable_sort(problemes.begin(), problemes.end(), [](const Probleme& a, const Probleme& b) {
+        return std::tie(a.fichier, a.ligne) < std::tie(b.fichier, b.ligne);
+    });
+}
+
+} // namespace
+
+qsizetype ResultatCompilation::erreurs() const {
+    return std::count_if(problemes.begin(), problemes.end(), [](const Probleme& p) { return !p.avertissement; });
+}
+
+qsizetype ResultatCompilation::avertissements() const {
+    return static_cast<qsizetype>(problemes.size()) - erreurs();
+}
+
+ResultatCompilation fabrique(const Provenance& provenance, const QString& base, Problemes problemes,
+                             const Progres& progres) {
+    ResultatCompilation resultat;
+    resultat.problemes = std::move(problemes);
+    BaseTemporaire temporaire(base);
+    const bool sain = resultat.erreurs() == 0;
+    if (temporaire.base() == nullptr) {
+        resultat.raison = temporaire.raison();
+        resultat.etat = temporaire.etat();
+        return resultat;
+    }
+    BilanDeFabrique bilan = fabriquebase(provenance, *temporaire.base(), progres);
+    std::move(bilan.problemes.begin(), bilan.problemes.end(), std::back_inserter(resultat.problemes));
+    classe(resultat.problemes);
+    resultat.comptes = bilan.comptes;
+    if (!sain || resultat.erreurs() > 0) {
+        resultat.etat = ResultatCompilation::Etat::SourceIncorrecte;
+        return resultat;
+    }
+    if (bilan.ecrit && temporaire.acheve()) {
+        resultat.etat = ResultatCompilation::Etat::Faite;
+        return resultat;
+    }
+    temporaire.echoue();
+    resultat.raison = temporaire.raison();
+    resultat.etat = temporaire.etat();
+    return resultat;
+}
+
+ResultatCompilation compile(const QString& source, const QString& base, const Progres& progres) {
+    QElapsedTimer temps;
+    temps.start();
+    if (progres)
+        progres(Etape::Lecture, 0, 0);
+    const SourceDossier dossier(source);
+    ResultatCompilation resultat = fabrique(dossier, base, dossier.problemes(), progres);
+    resultat.secondes = static_cast<double>(temps.elapsed()) / millisecondesparseconde;
+    return resultat;
+}
+
+QString phrase(const Probleme& probleme, const std::function<QString(int)>& texte) {
+    QString corps = texte(probleme.id);
+    // One after the other in one pass: an argument may hold a percent sign itself.
+    QString rempli;
+    for (qsizetype i = 0; i < corps.size(); ++i) {
+        const qsizetype numero = corps[i] == u'%' && i + 1 < corps.size() ? corps[i + 1].digitValue() : -1;
+        if (numero >= 1 && numero <= probleme.arguments.size()) {
+            rempli += probleme.arguments[numero - 1];
+            ++i;
+        } else {
+            rempli += corps[i];
+        }
+    }
+    if (probleme.avertissement)
+        rempli = texte(marqueavertissement) + u" : "_s + rempli;
+    if (probleme.fichier.isEmpty() || probleme.ligne == 0)
+        return rempli;
+    return texte(cadre).arg(probleme.fichier, QString::number(probleme.ligne), rempli);
+}
+
+} // namespace velm

@@ -1,0 +1,58 @@
+#pragma once
+// Making a base from a publisher's source folder, or from nothing.
+#include "collection/document.h"
+
+#include <functional>
+
+namespace velm {
+
+/// The steps of the work, by their numbers in the language file.
+enum class Etape { Lecture = 9370, MiseEnForme = 9371, Classement = 9372, Ecriture = 9373 };
+
+/// Hears how far a step is; called from the thread that called.
+using Progres = std::function<void(Etape etape, qint64 fait, qint64 total)>;
+
+struct ComptesDeBase {
+    qint64 documents = 0, noeuds = 0, liens = 0, mots = 0, motscles = 0, articles = 0, types = 0;
+    std::array<qint64, nombredecollections> parcollection{};
+};
+
+struct ResultatCompilation {
+    enum class Etat {
+        Faite,             ///< the base stands under its name
+        SourceIncorrecte,  ///< an error among the problems; nothing was written
+        DisquePlein,       ///< nothing was written
+        EcritureImpossible ///< nothing was written; `raison` tells why
+    };
+    Etat etat = Etat::EcritureImpossible;
+    Problemes problemes; ///< in the order of files and lines
+    ComptesDeBase comptes;
+    QString raison; ///< the system's own words
+    double secondes = 0;
+
+    bool faite() const { return etat == Etat::Faite; }
+    qsizetype erreurs() const;
+    qsizetype avertissements() const;
+};
+
+/// Makes the base at `base` from the source in the folder `source`. The base is made beside its place under a temporary
+/// name and takes its name when it is complete; an older base there is replaced. The same source gives the same bytes.
+ResultatCompilation compile(const QString& source, const QString& base, const Progres& progres = {});
+
+struct OptionsSynthese {
+    qint64 documents = 0;
+    /// Words of a body, on average.
+    int mots = 0;
+};
+/// The options of a collection of `documents` documents: bodies of about 5 KB up to 100,000 documents, smaller beyond,
+/// so that a million still fits a disk.
+OptionsSynthese optionssynthese(qint64 documents);
+
+/// Makes a base of invented documents; equal options give equal bytes.
+ResultatCompilation synthese(const OptionsSynthese& options, const QString& base, const Progres& progres = {});
+
+/// A problem in words: the frame of file and line around its text, with the mark of a warning. `texte` gives the
+/// language file's entries.
+QString phrase(const Probleme& probleme, const std::function<QString(int)>& texte);
+
+} // namespace velm

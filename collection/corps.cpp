@@ -1,0 +1,368 @@
+#include "collection/corps.h"
+
+#include "collection/jetons.h"
+#include "platform/richtext/rtf.h"
+
+#include <algorithm>
+#include <array>
+
+namespace velm {
+namespace {
+
+/// A shown text stops growing here, as a displayed one does.
+constexpr qsizetype longueurmaximale = 8 * 1024 * 1024;
+constexpr qsizetype longueurextrait = 40;
+
+/// Ink, accent (links and article numbers), slate (subtitles, quotations), grey (notes).
+constexpr QByteArrayView entete = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1036\\uc1"
+                                  "{\\fonttbl{\\f0\\froman\\fcharset0 Liberation Serif;}"
+                                  "{\\f1\\fswiss\\fcharset0 Liberation Sans;}}"
+                                  "{\\colortbl;\\red30\\green39\\blue50;\\red31\\green78\\blue121;"
+                                  "\\red58\\green70\\blue84;\\red85\\green96\\blue110;}\n";
+constexpr QByteArrayView couleurdelien = "\\cf2 ";
+
+struct Aspect {
+    QByteArrayView paragraphe;
+    QByteArrayView police;  ///< font and colour
+    QByteArrayView couleur; ///< the colour again, to return from a link
+    int demipoints;
+    bool gras;
+    bool italique;
+};
+
+/// The look that each paragraph style has without any style table. Sizes, colours and indents are those of the styles
+/// of the same names in the publisher's defaults, so that nothing jumps when a section's style is applied.
+constexpr std::array<Aspect, nombredestyles> aspects = {{
+    {"\\pard\\keepn\\sb120\\sa180\\sl276\\slmult1", "\\f1\\cf1", "\\cf1 ", 30, true, false},
+    {"\\pard\\keepn\\sb60\\sa140\\sl276\\slmult1", "\\f1\\cf3", "\\cf3 ", 24, false, false},
+    {"\\pard\\keepn\\sb180\\sa100\\sl276\\slmult1", "\\f1\\cf2", "\\cf2 ", 22, true, false},
+    {"\\pard\\sa140\\sl324\\slmult1", "\\f0\\cf1", "\\cf1 ", 22, false, false},
+    {"\\pard\\li284\\ri284\\sa100\\sl288\\slmult1", "\\f0\\cf4", "\\cf4 ", 18, false, false},
+    {"\\pard\\li284\\ri284\\sa100\\sl288\\slmult1", "\\f1\\cf4", "\\cf4 ", 18, false, false},
+    {"\\pard\\li284\\ri284\\sa100\\sl288\\slmult1", "\\f0\\cf4", "\\cf4 ", 18, false, false},
+    {"\\pard{\\pntext\\f0\\'95\\tab}{\\*\\pn\\pnlvlblt\\pnf0\\pnindent284{\\pntxtb\\'95}}"
+     "\\fi-284\\li568\\ri284\\sa80\\sl324\\slmult1",
+     "\\f0\\cf1", "\\cf1 ", 22, false, false},
+    {"\\pard\\li567\\ri567\\sa140\\sl324\\slmult1", "\\f0\\cf3", "\\cf3 ", 22, false, true},
+    {"\\pard\\qc\\li567\\ri567\\sa140\\sl324\\slmult1", "\\f0\\cf1", "\\cf1 ", 22, false, false},
+    {"\\pard\\sl264\\slmult1", "\\f1\\cf1", "\\cf1 ", 20, false, false},
+}};
+
+const Aspect& aspect(StyleSource style) {
+    return aspects[static_cast<std::size_t>(style)];
+}
+
+constexpr int apresrangee = 60;
+constexpr int aprestableau = 180;
+
+QByteArrayView lettredelien(Morceau::Genre genre) {
+    switch (genre) {
+    case Morceau::Genre::Web:
+        return "\\{U=";
+    case Morceau::Genre::Mail:
+        return "\\{E=";
+    default:
+        return "\\{L=";
+    }
+}
+
+bool estunseul(const std::vector<Morceau>& morceaux, Morceau::Genre genre) {
+    return morceaux.size() == 1 && morceaux.front().genre == genre;
+}
+
+} // namespace
+
+FaiseurDeCorps::FaiseurDeCorps(const Provenance& provenance) : provenance_(provenance) {
+    signale_ = [this](QStringView morceau, bool tolerable) {
+        probleme(probleme::balisage, morceau.toString(), tolerable);
+    };
+}
+
+void FaiseurDeCorps::fait(qsizetype document, CorpsFait& resultat) {
+    resultat_ = &resultat;
+    document_ = document;
+    resultat.montre.resize(0);
+    resultat.liens.clear();
+    resultat.problemes.clear();
+    inclus_.assign(1, document);
+    muet_ = false;
+    const Corps corps = provenance_.corps(document);
+    if (!corps.rtf.isNull()) {
+        resultat.contenu = corps.rtf;
+        richetexte(corps.rtf);
+        return;
+    }
+    rtf_.vide();
+    rtf_.commande(entete);
+    ecrit(corps.paragraphes);
+    rtf_.commande("}");
+    resultat.contenu = rtf_.resultat();
+}
+
+void FaiseurDeCorps::ecrit(const std::vector<Paragraphe>& paragraphes) {
+    section_.clear();
+    findue_ = false;
+    std::vector<QStringView> rangees;
+    for (std::size_t i = 0; i < paragraphes.size(); ++i) {
+        if (paragraphes[i].style != StyleSource::Tableau) {
+            paragraphe(paragraphes[i]);
+            continue;
+        }
+        rangees.clear();
+        for (; i < paragraphes.size() && paragraphes[i].style == StyleSource::Tableau; ++i)
+            rangees.push_back(paragraphes[i].texte);
+        --i;
+        tableau(rangees);
+    }
+    if (!section_.isEmpty())
+        rtf_.commande("\\{-S\\}");
+    if (findue_)
+        rtf_.commande("\\par");
+}
+
+/// Ends the paragraph before and begins one. The tokens that end and open sections stand at its very beginning: so a
+/// section takes its last line end with it when condensed display leaves it out.
+void FaiseurDeCorps::ouvreparagraphe(StyleSource style, QByteArrayView mise, int demipoints) {
+    if (findue_) {
+        rtf_.commande("\\par\n");
+        montre(u"\r\n");
+    }
+    findue_ = true;
+    style_ = style;
+    const Aspect& look = aspect(style);
+    rtf_.commande(look.paragraphe);
+    rtf_.commande(mise);
+    rtf_.commande("\\plain");
+    rtf_.commande(look.police);
+    rtf_.nombre("\\fs", demipoints);
+    rtf_.commande(look.gras ? (look.italique ? "\\b\\i " : "\\b ") : look.italique ? "\\i " : " ");
+    gras_ = look.gras;
+    italique_ = look.italique;
+    lien_ = false;
+    const QString& section = provenance_.sections()[static_cast<std::size_t>(style)];
+    if (section == section_)
+        return;
+    if (section.isEmpty()) {
+        rtf_.commande("\\{-S\\}");
+    } else {
+        rtf_.commande("\\{S=");
+        rtf_.texte(section);
+        rtf_.commande("\\}");
+    }
+    section_ = section;
+}
+
+void FaiseurDeCorps::format(bool gras, bool italique, bool lien) {
+    const Aspect& look = aspect(style_);
+    gras = gras || look.gras;
+    italique = italique || look.italique;
+    if (gras != gras_)
+        rtf_.commande(gras ? "\\b " : "\\b0 ");
+    if (italique != italique_)
+        rtf_.commande(italique ? "\\i " : "\\i0 ");
+    if (lien != lien_)
+        rtf_.commande(lien ? couleurdelien : look.couleur);
+    gras_ = gras;
+    italique_ = italique;
+    lien_ = lien;
+}
+
+void FaiseurDeCorps::ouvrelien(Morceau::Genre genre) {
+    rtf_.commande(lettredelien(genre));
+}
+
+void FaiseurDeCorps::fermelien(Morceau::Genre genre, QStringView cible) {
+    rtf_.commande("|");
+    rtf_.texte(cible);
+    rtf_.commande("\\}");
+    if (genre != Morceau::Genre::Lien)
+        return;
+    const CleDocument cle = lirecle(cible);
+    if (cle == pasdecle)
+        probleme(probleme::balisage, cible.toString(), false);
+    else
+        note(cle, cible);
+}
+
+void FaiseurDeCorps::paragraphe(const Paragraphe& paragraphe) {
+    decoupebalisage(paragraphe.texte, morceaux_, signale_);
+    ouvreparagraphe(paragraphe.style, {}, aspect(paragraphe.style).demipoints);
+    const Morceau* lien = nullptr;
+    for (const Morceau& morceau : morceaux_) {
+        switch (morceau.genre) {
+        case Morceau::Genre::Texte:
+            format(morceau.gras, morceau.italique, lien != nullptr);
+            rtf_.texte(morceau.texte);
+            montre(morceau.texte);
+            break;
+        case Morceau::Genre::Lien:
+        case Morceau::Genre::Web:
+        case Morceau::Genre::Mail:
+            lien = &morceau;
+            format(morceau.gras, morceau.italique, true);
+            ouvrelien(morceau.genre);
+            break;
+        case Morceau::Genre::FinDeLien:
+            fermelien(lien->genre, lien->texte);
+            lien = nullptr;
+            break;
+        case Morceau::Genre::Inclusion:
+            format(morceau.gras, morceau.italique, false);
+            rtf_.commande("\\{I=");
+            rtf_.texte(morceau.texte);
+            rtf_.commande("\\}");
+            inclut(morceau.texte);
+            break;
+        case Morceau::Genre::SautDePage:
+            rtf_.commande("\\{FF\\}");
+            montre(u"\r\n");
+            break;
+        case Morceau::Genre::FinDeLigne:
+            rtf_.commande(lien != nullptr ? " " : "\\line ");
+            montre(lien != nullptr ? u" " : u"\r\n");
+            break;
+        }
+    }
+    // An included document brings its own last paragraph end, a page break its own line ends.
+    if (estunseul(morceaux_, Morceau::Genre::Inclusion) || estunseul(morceaux_, Morceau::Genre::SautDePage))
+        findue_ = false;
+}
+
+void FaiseurDeCorps::fragments(const std::vector<Fragment>& cellule, const std::vector<LienDeTableau>& liens) {
+    int lien = -1;
+    const auto ferme = [&] {
+        if (lien >= 0)
+            fermelien(liens[static_cast<std::size_t>(lien)].genre, liens[static_cast<std::size_t>(lien)].cible);
+        lien = -1;
+    };
+    for (const Fragment& fragment : cellule) {
+        if (fragment.lien != lien)
+            ferme();
+        format(fragment.gras, fragment.italique, fragment.lien >= 0);
+        if (fragment.lien >= 0 && lien < 0)
+            ouvrelien(liens[static_cast<std::size_t>(fragment.lien)].genre);
+        lien = fragment.lien;
+        rtf_.texte(fragment.texte);
+        montre(fragment.texte);
+    }
+    ferme();
+}
+
+void FaiseurDeCorps::tableau(const std::vector<QStringView>& rangees) {
+    const DispositionTableau disposition = disposetableau(rangees, signale_);
+    EcritRtf mise;
+    for (std::size_t l = 0; l < disposition.lignes.size(); ++l) {
+        const LigneDeTableau& ligne = disposition.lignes[l];
+        mise.vide();
+        if (ligne.derniere)
+            mise.nombre("\\sa", l + 1 == disposition.lignes.size() ? aprestableau : apresrangee);
+        if (disposition.suspendu > 0) {
+            mise.nombre("\\fi-", disposition.suspendu);
+            mise.nombre("\\li", disposition.suspendu);
+        }
+        for (const int taquet : disposition.taquets)
+            mise.nombre("\\tx", taquet);
+        ouvreparagraphe(StyleSource::Tableau, mise.resultat(), disposition.demipoints);
+        bool premiere = true;
+        for (const auto& cellule : ligne.cellules) {
+            if (!premiere) {
+                format(false, false, false);
+                rtf_.commande("\\tab ");
+                montre(u"\t");
+            }
+            premiere = false;
+            fragments(cellule, disposition.liens);
+        }
+    }
+}
+
+void FaiseurDeCorps::montre(QStringView texte) {
+    if (resultat_->montre.size() + texte.size() <= longueurmaximale)
+        resultat_->montre.append(texte);
+}
+
+/// A link counts for the document that holds it, not for those that include it.
+void FaiseurDeCorps::note(CleDocument cible, QStringView texte) {
+    if (muet_ || cible == provenance_.cle(document_))
+        return;
+    if (provenance_.cherche(cible) < 0) {
+        probleme(probleme::lienabsent, texte.toString(), true);
+        return;
+    }
+    auto& liens = resultat_->liens;
+    if (std::find(liens.begin(), liens.end(), cible) == liens.end())
+        liens.push_back(cible);
+}
+
+void FaiseurDeCorps::probleme(int id, const QString& argument, bool avertissement) {
+    // What is wrong in an included document is told where it stands.
+    if (muet_)
+        return;
+    Probleme p = provenance_.lieu(document_);
+    p.id = id;
+    p.avertissement = avertissement;
+    p.arguments = {argument.left(longueurextrait)};
+    resultat_->problemes.push_back(std::move(p));
+}
+
+/// Adds the shown text of an included document.
+void FaiseurDeCorps::inclut(QStringView texte) {
+    const CleDocument cle = lirecle(texte);
+    if (cle == pasdecle) {
+        probleme(probleme::balisage, texte.toString(), false);
+        return;
+    }
+    const qsizetype cible = provenance_.cherche(cle);
+    if (cible < 0) {
+        probleme(probleme::inclusionabsente, texte.toString(), false);
+        return;
+    }
+    // Cycles are told by the check of the source; here they only must not run on.
+    if (std::find(inclus_.begin(), inclus_.end(), cible) != inclus_.end() ||
+        resultat_->montre.size() >= longueurmaximale)
+        return;
+    inclus_.push_back(cible);
+    CorpsFait inclus;
+    FaiseurDeCorps autre(provenance_);
+    autre.inclus_ = inclus_;
+    autre.muet_ = true;
+    autre.resultat_ = &inclus;
+    autre.document_ = cible;
+    const Corps corps = provenance_.corps(cible);
+    if (corps.rtf.isNull())
+        autre.ecrit(corps.paragraphes);
+    else
+        autre.richetexte(corps.rtf);
+    montre(inclus.montre);
+    montre(u"\r\n");
+    inclus_.pop_back();
+}
+
+void FaiseurDeCorps::richetexte(const QByteArray& rtf) {
+    QString texte;
+    rtfToText(rtf, texte, RtfLoad::Whole);
+    for (const Jeton& jeton : decoupejetons(texte)) {
+        switch (jeton.genre) {
+        case Jeton::Genre::Texte:
+            montre(jeton.texte);
+            break;
+        case Jeton::Genre::SautDePage:
+            montre(u"\r\n");
+            break;
+        case Jeton::Genre::Inclusion:
+            inclut(jeton.texte);
+            break;
+        case Jeton::Genre::Lien:
+            if (const CleDocument cle = lirecle(jeton.texte); cle != pasdecle)
+                note(cle, jeton.texte);
+            else
+                probleme(probleme::balisage, jeton.texte.toString(), true);
+            break;
+        case Jeton::Genre::Douteux:
+            probleme(probleme::balisage, jeton.texte.toString(), true);
+            break;
+        }
+    }
+}
+
+} // namespace velm

@@ -1,0 +1,288 @@
+#include "collection/source.h"
+
+#include "collection/chaine.h"
+#include "collection/lecture.h"
+#include "platform/text/letters.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+#include <map>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+constexpr QByteArrayView marqueutf8 = "\xEF\xBB\xBF";
+
+/// Where a line-based file may be cut so that each thread gets about the same.
+std::vector<QByteArrayView> tranchesdelignes(QByteArrayView contenu, int nombre) {
+    std::vector<QByteArrayView> tranches;
+    qsizetype debut = 0;
+    for (int k = 0; k < nombre && debut < contenu.size(); ++k) {
+        qsizetype fin = contenu.size();
+        if (k + 1 < nombre) {
+            fin = contenu.indexOf('\n', debut + (contenu.size() - debut) / (nombre - k));
+            fin = fin < 0 ? contenu.size() : fin + 1;
+        }
+        tranches.push_back(contenu.sliced(debut, fin - debut));
+        debut = fin;
+    }
+    return tranches;
+}
+
+struct Lecturedetranche {
+    std::vector<Fiche> fiches;
+    Problemes problemes;
+};
+
+} // namespace
+
+SourceDossier::~SourceDossier() = default;
+
+SourceDossier::SourceDossier(const QString& source) : dossier_(source) {
+    if (!QFileInfo(source).isDir()) {
+        problemes_.push_back({probleme::illisible, false, {}, 0, {source}});
+        return;
+    }
+    litreglages();
+    litnoeuds();
+    litdocuments();
+    verifienoeuds();
+    range();
+    for (Fiche& fiche : fiches_)
+        verifiedocument(fiche);
+    completetypes();
+    verifieinclusions();
+}
+
+qint64 SourceDossier::octets() const {
+    qint64 total = 0;
+    for (const Fichier& fichier : fichiers_)
+        total += fichier.contenu.size();
+    return total;
+}
+
+void SourceDossier::probleme(int fichier, qint64 ligne, int id, const QString& argument, bool avertissement) {
+    problemes_.push_back({id, avertissement, fichier < 0 ? QString() : fichiers_[static_cast<std::size_t>(fichier)].nom,
+                          ligne, argument.isEmpty() ? QStringList() : QStringList{argument}});
+}
+
+bool SourceDossier::litfichier(const QString& nom, bool exige) {
+    QFile fichier(dossier_.filePath(nom));
+    if (!exige && !fichier.exists())
+        return false;
+    QByteArray contenu;
+    if (fichier.open(QIODevice::ReadOnly))
+        contenu = fichier.readAll();
+    if (!fichier.isOpen() || fichier.error() != QFileDevice::NoError) {
+        problemes_.push_back({probleme::illisible, false, nom, 0, {nom}});
+        return false;
+    }
+    if (contenu.startsWith(marqueutf8))
+        contenu.remove(0, marqueutf8.size());
+    fichiers_.push_back({nom, contenu});
+    return true;
+}
+
+void SourceDossier::litreglages() {
+    reglages_.couleurs.fill(0xFFFFFF);
+    if (!litfichier(u"collection.json"_s, false))
+        return;
+    litcollection(fichiers_.back().contenu, reglages_,
+                  [this](qint64 ligne, int id, const QString& argument, bool avertissement) {
+                      probleme(static_cast<int>(fichiers_.size()) - 1, ligne, id, argument, avertissement);
+                  });
+}
+
+void SourceDossier::litnoeuds() {
+    if (!litfichier(u"arborescence.jsonl"_s, false))
+        return;
+    fichiernoeuds_ = static_cast<int>(fichiers_.size()) - 1;
+    parcourtlignes(fichiers_.back().contenu, 1, [this](QByteArrayView ligne, qint64 numero) {
+        Noeud noeud;
+        if (!litnoeud(ligne, noeud, [&](int id, const QString& argument, bool avertissement) {
+                probleme(fichiernoeuds_, numero, id, argument, avertissement);
+            }))
+            return;
+        if (parnumero_.contains(noeud.numero)) {
+            probleme(fichiernoeuds_, numero, probleme::noeudendouble, QString::number(noeud.numero));
+            return;
+        }
+        parnumero_.insert(noeud.numero, noeuds_.size());
+        avecarbre_[static_cast<std::size_t>(noeud.collection)] = true;
+        noeuds_.push_back(noeud);
+        lignesdesnoeuds_.push_back(numero);
+    });
+}
+
+void SourceDossier::litdocuments() {
+    QStringList noms = dossier_.entryList({u"documents*.jsonl"_s}, QDir::Files, QDir::Unsorted);
+    std::sort(noms.begin(), noms.end());
+    if (noms.isEmpty())
+        noms << u"documents.jsonl"_s;
+    for (const QString& nom : std::as_const(noms)) {
+        if (!litfichier(nom, true))
+            continue;
+        const int fichier = static_cast<int>(fichiers_.size()) - 1;
+        const auto tranches = tranchesdelignes(fichiers_.back().contenu, nombredouvriers());
+        std::vector<Lecturedetranche> lues(tranches.size());
+        std::vector<qint64> premieres(tranches.size(), 1);
+        for (std::size_t k = 1; k < tranches.size(); ++k)
+            premieres[k] = premieres[k - 1] + std::count(tranches[k - 1].begin(), tranches[k - 1].end(), '\n');
+        const auto lit = [&](std::size_t k) {
+            parcourtlignes(tranches[k], premieres[k], [&](QByteArrayView ligne, qint64 numero) {
+                Fiche fiche;
+                fiche.fichier = fichier;
+                fiche.ligne = numero;
+                fiche.brut = ligne;
+                if (litdocument(ligne, dossier_, fiche, [&](int id, const QString& argument, bool avertissement) {
+                        lues[k].problemes.push_back({id, avertissement, nom, numero,
+                                                     argument.isEmpty() ? QStringList() : QStringList{argument}});
+                    }))
+                    lues[k].fiches.push_back(std::move(fiche));
+            });
+        };
+        std::vector<std::thread> equipe;
+        for (std::size_t k = 1; k < tranches.size(); ++k)
+            equipe.emplace_back(lit, k);
+        if (!tranches.empty())
+            lit(0);
+        for (std::thread& membre : equipe)
+            membre.join();
+        for (Lecturedetranche& lue : lues) {
+            std::move(lue.fiches.begin(), lue.fiches.end(), std::back_inserter(fiches_));
+            std::move(lue.problemes.begin(), lue.problemes.end(), std::back_inserter(problemes_));
+        }
+    }
+}
+
+/// Puts the documents in the order of their keys, tells of keys that come twice, and drops all but the first.
+void SourceDossier::range() {
+    std::array<std::size_t, nombredecollections> rangs{};
+    for (std::size_t r = 0; r < nombredecollections; ++r)
+        rangs[static_cast<std::size_t>(collectionsparcode()[r])] = r;
+    const auto ordre = [&](const Fiche& f) {
+        return std::pair(rangs[static_cast<std::size_t>(collectiondelacle(f.entete.cle))], f.entete.cle);
+    };
+    std::stable_sort(fiches_.begin(), fiches_.end(),
+                     [&](const Fiche& a, const Fiche& b) { return ordre(a) < ordre(b); });
+    const auto fin = std::unique(fiches_.begin(), fiches_.end(), [&](const Fiche& a, const Fiche& b) {
+        if (a.entete.cle != b.entete.cle)
+            return false;
+        probleme(b.fichier, b.ligne, probleme::cleendouble, textedelacle(b.entete.cle));
+        return true;
+    });
+    fiches_.erase(fin, fiches_.end());
+    for (std::size_t i = 0; i < fiches_.size(); ++i) {
+        auto& [premier, nombre] = tranches_[static_cast<std::size_t>(collectiondelacle(fiches_[i].entete.cle))];
+        if (nombre++ == 0)
+            premier = i;
+    }
+}
+
+qsizetype SourceDossier::cherche(CleDocument cle) const {
+    const int collection = collectiondelacle(cle);
+    if (collection < 0 || collection >= nombredecollections)
+        return -1;
+    const auto [premier, nombre] = tranches_[static_cast<std::size_t>(collection)];
+    const auto debut = fiches_.begin() + static_cast<std::ptrdiff_t>(premier);
+    const auto fin = debut + static_cast<std::ptrdiff_t>(nombre);
+    const auto trouve =
+        std::lower_bound(debut, fin, cle, [](const Fiche& f, CleDocument c) { return f.entete.cle < c; });
+    return trouve != fin && trouve->entete.cle == cle ? trouve - fiches_.begin() : -1;
+}
+
+Corps SourceDossier::corps(qsizetype i) const {
+    const Fiche& f = fiche(i);
+    if (!f.rtf.isNull())
+        return {{}, f.rtf};
+    return {litparagraphes(f.brut), {}};
+}
+
+Probleme SourceDossier::lieu(qsizetype i) const {
+    const Fiche& f = fiche(i);
+    return {0, false, fichiers_[static_cast<std::size_t>(f.fichier)].nom, f.ligne, {}};
+}
+
+QString SourceDossier::libelledetete(qint64 noeud) const {
+    std::size_t tete = parnumero_.value(noeud);
+    // Parents that go round are told elsewhere.
+    for (std::size_t pas = 0; pas < noeuds_.size(); ++pas) {
+        const auto parent = parnumero_.constFind(noeuds_[tete].parent);
+        if (parent == parnumero_.constEnd())
+            break;
+        tete = *parent;
+    }
+    return noeuds_[tete].libelle;
+}
+
+/// The text that an article belongs to: what the source says, else the head of its branch if that names the number,
+/// else the piece of its origin that does, else the head of the branch, else the document's own title.
+QString SourceDossier::titredutexte(const Entete& e) const {
+    if (!e.titretexte.isEmpty() || (e.numarticle.isEmpty() && e.numtitre.isEmpty()))
+        return e.titretexte;
+    const QString tete = parnumero_.contains(e.noeud) ? libelledetete(e.noeud) : QString();
+    if (!e.numtitre.isEmpty() && !tete.contains(e.numtitre)) {
+        for (const QStringView morceau : QStringView(e.source).split(u';')) {
+            if (morceau.contains(e.numtitre))
+                return morceau.trimmed().toString();
+        }
+    }
+    return tete.isEmpty() ? e.titre : tete;
+}
+
+void SourceDossier::verifiedocument(Fiche& f) {
+    Entete& e = f.entete;
+    const auto collection = static_cast<std::size_t>(collectiondelacle(e.cle));
+    if (e.couleur < 0)
+        e.couleur = reglages_.couleurs[collection];
+    if (e.noeud != 0) {
+        const auto noeud = parnumero_.constFind(e.noeud);
+        if (noeud == parnumero_.constEnd())
+            probleme(f.fichier, f.ligne, probleme::noeudinconnu, QString::number(e.noeud));
+        else if (const Noeud& n = noeuds_[*noeud]; n.collection != collectiondelacle(e.cle)) {
+            problemes_.push_back({probleme::autrecollection,
+                                  false,
+                                  fichiers_[static_cast<std::size_t>(f.fichier)].nom,
+                                  f.ligne,
+                                  {QString::number(e.noeud), typedindice(n.collection)}});
+        }
+    } else if (avecarbre_[collection]) {
+        // The tree shows documents without a node only in a collection that has no branches.
+        probleme(f.fichier, f.ligne, probleme::champmanquant, u"noeud"_s, true);
+    }
+    e.titretexte = titredutexte(e);
+}
+
+/// Kinds of document: those of collection.json, and no others then; else those that occur, by their labels.
+void SourceDossier::completetypes() {
+    if (reglages_.typesdonnes) {
+        QSet<QString> connus;
+        for (const TypeDeDocument& type : reglages_.types)
+            connus.insert(type.libelle);
+        for (const Fiche& f : fiches_) {
+            if (!f.entete.type.isEmpty() && !connus.contains(f.entete.type))
+                probleme(f.fichier, f.ligne, probleme::typeinconnu, f.entete.type);
+        }
+        return;
+    }
+    QSet<QString> vus;
+    std::map<QByteArray, QStringList> libelles;
+    for (const Fiche& f : fiches_) {
+        if (f.entete.type.isEmpty() || vus.contains(f.entete.type))
+            continue;
+        vus.insert(f.entete.type);
+        libelles[sortKey(f.entete.type)] << f.entete.type;
+    }
+    for (auto& [cle, memes] : libelles) {
+        memes.sort();
+        for (const QString& libelle : memes)
+            reglages_.types.push_back({static_cast<qint64>(reglages_.types.size()) + 1, libelle});
+    }
+}
+
+} // namespace velm
