@@ -37,7 +37,7 @@ void Textes::rafraichit() {
 }
 
 void Textes::relieliens() {
-    std::vector<RichTextBox::LinkRange> plages;
+    std::vector<LinkRange> plages;
     const auto ajoute = [&](const ListePositions& debuts, const ListePositions& fins) {
         for (qsizetype rang = 0; rang < debuts.nombre(); ++rang)
             plages.push_back({debuts.valeur(rang), fins.valeur(rang)});

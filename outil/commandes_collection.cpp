@@ -1,0 +1,130 @@
+// Commands that make a base.
+#include "collection/collection.h"
+#include "outil/sortie.h"
+#include "platform/system/files.h"
+#include "platform/text/number.h"
+
+#include <QElapsedTimer>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <unistd.h>
+
+namespace velm::outil {
+
+namespace {
+
+constexpr std::size_t problemesaffiches = 200;
+
+/// Shows the steps on a terminal, at most ten times a second; a file or a pipe gets none of it.
+Progres progresterminal(Contexte& contexte) {
+    if (::isatty(STDERR_FILENO) == 0)
+        return {};
+    QElapsedTimer depuis;
+    depuis.start();
+    return [&contexte, depuis, derniere = std::optional<Etape>()](Etape etape, qint64 fait, qint64 total) mutable {
+        if (derniere == etape && fait < total && depuis.elapsed() < 100)
+            return;
+        derniere = etape;
+        depuis.restart();
+        const qint64 part = total > 0 ? fait * 100 / total : 100;
+        const QByteArray ligne =
+            '\r' + contexte.texte(static_cast<int>(etape)).toUtf8() + "  " + QByteArray::number(part) + " %   ";
+        std::fwrite(ligne.constData(), 1, static_cast<std::size_t>(ligne.size()), stderr);
+        if (etape == Etape::Ecriture && fait >= total)
+            std::fputc('\n', stderr);
+    };
+}
+
+QJsonObject comptesjson(const ComptesDeBase& c) {
+    return {{QStringLiteral("documents"), c.documents}, {QStringLiteral("noeuds"), c.noeuds},
+            {QStringLiteral("liens"), c.liens},         {QStringLiteral("mots"), c.mots},
+            {QStringLiteral("motscles"), c.motscles},   {QStringLiteral("articles"), c.articles},
+            {QStringLiteral("types"), c.types}};
+}
+
+void ecritjson(Contexte& contexte, const ResultatCompilation& resultat) {
+    QJsonArray problemes;
+    for (const Probleme& probleme : resultat.problemes)
+        problemes.append(phrase(probleme, [&](int id) { return contexte.texte(id); }));
+    const QJsonObject objet{{QStringLiteral("faite"), resultat.faite()},
+                            {QStringLiteral("secondes"), resultat.secondes},
+                            {QStringLiteral("erreurs"), resultat.erreurs()},
+                            {QStringLiteral("avertissements"), resultat.avertissements()},
+                            {QStringLiteral("problemes"), problemes},
+                            {QStringLiteral("comptes"), comptesjson(resultat.comptes)}};
+    contexte.ecrit(QJsonDocument(objet).toJson(QJsonDocument::Indented));
+}
+
+void ecritproblemes(Contexte& contexte, const ResultatCompilation& resultat) {
+    const std::size_t affiches = std::min(resultat.problemes.size(), problemesaffiches);
+    for (std::size_t rang = 0; rang < affiches; ++rang)
+        contexte.erreur(phrase(resultat.problemes[rang], [&](int id) { return contexte.texte(id); }));
+    if (resultat.problemes.size() > problemesaffiches)
+        contexte.erreur(contexte.texte(9369, {QString::number(problemesaffiches)}));
+    if (resultat.erreurs() > 0)
+        contexte.erreur(contexte.texte(9376, {QString::number(resultat.erreurs())}));
+    if (resultat.avertissements() > 0)
+        contexte.erreur(contexte.texte(9375, {QString::number(resultat.avertissements())}));
+}
+
+int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QString& base, bool json) {
+    if (json)
+        ecritjson(contexte, resultat);
+    else
+        ecritproblemes(contexte, resultat);
+    switch (resultat.etat) {
+    case ResultatCompilation::Etat::Faite:
+        break;
+    case ResultatCompilation::Etat::SourceIncorrecte:
+        return contexte.echoue(SourceFautive, 9378);
+    case ResultatCompilation::Etat::DisquePlein:
+        return contexte.echoue(Echec, 9337);
+    case ResultatCompilation::Etat::EcritureImpossible:
+        return contexte.echoue(Echec, 9331, {base, resultat.raison});
+    }
+    if (!json) {
+        const ComptesDeBase& c = resultat.comptes;
+        contexte.ligne(contexte.texte(
+            9374, {QString::number(c.documents), QString::number(c.liens), QString::number(c.mots)}));
+        contexte.ligne(contexte.texte(9377, {base, QString::number(resultat.secondes, 'f', 1)}));
+    }
+    return Reussite;
+}
+
+} // namespace
+
+int compiler(Contexte& contexte) {
+    const bool json = contexte.option(QStringLiteral("--json"));
+    if (!contexte.optioninconnue().isEmpty())
+        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
+    if (contexte.arguments().size() < 2)
+        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9390)});
+    const QString base = contexte.arguments().at(1);
+    return conclut(contexte, compile(contexte.arguments().first(), base, progresterminal(contexte)), base, json);
+}
+
+int synthese(Contexte& contexte) {
+    const bool json = contexte.option(QStringLiteral("--json"));
+    const QString mots = contexte.valeur(QStringLiteral("--mots"));
+    if (!contexte.optioninconnue().isEmpty())
+        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
+    if (contexte.arguments().size() < 2)
+        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9391)});
+    const auto documents = wholeNumber(contexte.arguments().first());
+    constexpr qint64 leplus = qint64{11} * 999999;
+    if (!documents || *documents < 1 || *documents > leplus)
+        return contexte.echoue(LigneIncorrecte, 9339, {contexte.arguments().first(), QStringLiteral("N")});
+    OptionsSynthese options = optionssynthese(*documents);
+    if (!mots.isEmpty()) {
+        const auto nombre = wholeNumber(mots);
+        if (!nombre || *nombre < 1 || *nombre > 100000)
+            return contexte.echoue(LigneIncorrecte, 9339, {mots, QStringLiteral("--mots")});
+        options.mots = static_cast<int>(*nombre);
+    }
+    const QString base = contexte.arguments().at(1);
+    return conclut(contexte, velm::synthese(options, base, progresterminal(contexte)), base, json);
+}
+
+} // namespace velm::outil
