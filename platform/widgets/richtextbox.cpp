@@ -189,6 +189,10 @@ void RichTextBox::revealCaret() {
     moving_ = before;
 }
 
+bool RichTextBox::isSettled() const {
+    return layout_->isComplete();
+}
+
 void RichTextBox::startSettling() {
     if (!layout_->isComplete()) {
         settling_.start(0, this);

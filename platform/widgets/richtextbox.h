@@ -53,6 +53,8 @@ public:
 
     /// The character under a point of the viewport, or -1 when there is none.
     qsizetype characterAt(const QPoint& point) const;
+    /// Nothing is left to lay out.
+    bool isSettled() const;
     /// Scrolls, if need be, until the caret can be seen.
     void revealCaret();
 
