@@ -8,23 +8,18 @@ namespace {
 constexpr std::size_t mostTabs = 32;
 
 struct LineEnds {
-    bool clean = true;     ///< all are CR LF
+    bool clean = true;     ///< all are CR LF; if not, the other member means nothing
     qsizetype behind = -1; ///< units behind the last one; -1: there is none
 };
 
 LineEnds lineEnds(QStringView text) {
     LineEnds result;
-    const bool any = text.contains(u'\n') || text.contains(u'\r');
-    for (qsizetype i = 0; any && i < text.size(); ++i) {
-        const char16_t unit = text[i].unicode();
-        if (unit != u'\r' && unit != u'\n')
-            continue;
-        if (unit == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n')
-            ++i;
-        else
-            result.clean = false;
+    for (qsizetype i = 0; (i = text.indexOf(u'\n', i)) >= 0; ++i) {
+        result.clean = result.clean && i > 0 && text[i - 1] == u'\r';
         result.behind = text.size() - i - 1;
     }
+    for (qsizetype i = 0; result.clean && (i = text.indexOf(u'\r', i)) >= 0; ++i)
+        result.clean = i + 1 < text.size() && text[i + 1] == u'\n';
     return result;
 }
 
