@@ -5,6 +5,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <cstdint>
 
 namespace velm {
@@ -101,25 +102,39 @@ void Profile::parse() {
         const qsizetype equals = line.indexOf(u'=');
         if (section == nullptr || equals < 0)
             continue;
-        const QString key = upperCase(trimmed(line.first(equals)));
+        const Name key{trimmed(line.first(equals))};
         if (!section->contains(key))
             section->insert(key, withoutQuotes(trimmed(line.sliced(equals + 1))));
     }
 }
 
 Profile::Entries* Profile::addSection(QStringView name) {
-    const QString folded = upperCase(name);
-    if (sections_.contains(folded))
+    if (sections_.contains({name}))
         return nullptr;
-    return &*sections_.insert(folded, Entries());
+    return &*sections_.insert({name}, Entries());
 }
 
 const QStringView* Profile::find(QStringView section, QStringView key) const {
-    const auto entries = sections_.constFind(upperCase(section));
+    const auto entries = sections_.constFind({section});
     if (entries == sections_.cend())
         return nullptr;
-    const auto entry = entries->constFind(upperCase(key));
+    const auto entry = entries->constFind({key});
     return entry == entries->cend() ? nullptr : &*entry;
+}
+
+bool Profile::Name::operator==(const Name& other) const noexcept {
+    return std::equal(text.begin(), text.end(), other.text.begin(), other.text.end(),
+                      [](QChar x, QChar y) { return x == y || upperUnit(x.unicode()) == upperUnit(y.unicode()); });
+}
+
+size_t Profile::Name::hash(size_t seed) const noexcept {
+    // Names are a few characters long; the seed keeps crafted ones from falling together.
+    size_t mixed = seed;
+    for (const QChar c : text) {
+        mixed = (mixed ^ upperUnit(c.unicode())) * 0x9E3779B97F4A7C15U;
+        mixed ^= mixed >> 32U;
+    }
+    return mixed;
 }
 
 bool Profile::contains(QStringView section, QStringView key) const {

@@ -38,15 +38,23 @@ public:
     int integer(QStringView section, QStringView key, int fallback = 0) const;
 
 private:
-    using Entries = QHash<QString, QStringView>;
+    /// A section or key as it stands in the text, compared without case.
+    struct Name {
+        QStringView text;
+
+        bool operator==(const Name& other) const noexcept;
+        size_t hash(size_t seed) const noexcept;
+        friend size_t qHash(const Name& name, size_t seed) noexcept { return name.hash(seed); }
+    };
+    using Entries = QHash<Name, QStringView>;
 
     void parse();
     Entries* addSection(QStringView name);
     const QStringView* find(QStringView section, QStringView key) const;
 
-    /// The views of the entries point into this text: its characters do not move when the object does.
+    /// The views of names and entries point into this text: its characters do not move when the object does.
     QString text_;
-    QHash<QString, Entries> sections_;
+    QHash<Name, Entries> sections_;
     bool loaded_ = false;
 };
 

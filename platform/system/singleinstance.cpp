@@ -45,7 +45,7 @@ int openPipe(const QString& path, int mode) {
 } // namespace
 
 QString SingleInstance::defaultFolder() {
-    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (!runtime.isEmpty() && isOurs(runtime))
         return runtime;
     return joinPath(tempFolder(), QStringLiteral("velmorante2000-%1").arg(geteuid()));

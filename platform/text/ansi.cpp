@@ -24,6 +24,14 @@ constexpr char16_t unitOf(unsigned char byte) {
     return isHigh(byte) ? high[byte - 0x80U] : char16_t(byte);
 }
 
+constexpr std::array<char16_t, 256> unitTable() {
+    std::array<char16_t, 256> table{};
+    for (unsigned i = 0; i < table.size(); ++i)
+        table[i] = unitOf(static_cast<unsigned char>(i));
+    return table;
+}
+constexpr std::array<char16_t, 256> units = unitTable();
+
 constexpr bool isSame(char16_t unit) {
     return unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF);
 }
@@ -41,7 +49,7 @@ void decodeInto(const unsigned char* from, qsizetype count, char16_t* to) {
         const __m128i isHighByte = _mm_cmpeq_epi8(_mm_min_epu8(above, span), above);
         if (_mm_movemask_epi8(isHighByte) != 0) {
             for (qsizetype k = i; k < i + 16; ++k)
-                to[k] = unitOf(from[k]);
+                to[k] = units[from[k]];
             continue;
         }
         _mm_storeu_si128(reinterpret_cast<__m128i*>(to + i), _mm_unpacklo_epi8(block, zero));
@@ -49,13 +57,13 @@ void decodeInto(const unsigned char* from, qsizetype count, char16_t* to) {
     }
 #endif
     for (; i < count; ++i)
-        to[i] = unitOf(from[i]);
+        to[i] = units[from[i]];
 }
 
 } // namespace
 
 char16_t toUnicode(unsigned char byte) {
-    return unitOf(byte);
+    return units[byte];
 }
 
 std::optional<unsigned char> fromUnicode(char16_t unit) {
@@ -77,19 +85,20 @@ QString decode(QByteArrayView bytes) {
 
 QByteArray encode(QStringView text, char substitute) {
     QByteArray bytes(text.size(), Qt::Uninitialized);
-    qsizetype n = 0;
+    char* const begin = bytes.data();
+    char* to = begin;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i].unicode();
         if (isSame(unit)) {
-            bytes[n++] = static_cast<char>(unit);
+            *to++ = static_cast<char>(unit);
             continue;
         }
         const auto byte = fromUnicode(unit);
-        bytes[n++] = byte ? static_cast<char>(*byte) : substitute;
+        *to++ = byte ? static_cast<char>(*byte) : substitute;
         if (QChar::isHighSurrogate(unit) && i + 1 < text.size() && text[i + 1].isLowSurrogate())
             ++i;
     }
-    bytes.truncate(n);
+    bytes.truncate(to - begin);
     return bytes;
 }
 

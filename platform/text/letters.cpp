@@ -59,14 +59,19 @@ Table tableOf(char16_t (*of)(char16_t)) {
     return table;
 }
 
-char16_t upper(char16_t unit) {
+/// Fetched once for each text, not for each of its units.
+const Table& upperTable() {
     static const Table table = tableOf(capital);
-    return unit < tableSize ? table[unit] : capital(unit);
+    return table;
 }
 
-char16_t lower(char16_t unit) {
+const Table& lowerTable() {
     static const Table table = tableOf(small);
-    return unit < tableSize ? table[unit] : small(unit);
+    return table;
+}
+
+char16_t upper(const Table& table, char16_t unit) {
+    return unit < tableSize ? table[unit] : capital(unit);
 }
 
 template <typename Map>
@@ -99,12 +104,17 @@ constexpr qsizetype bytesPerUnit = 3;
 
 } // namespace
 
+char16_t upperUnit(char16_t unit) {
+    return upper(upperTable(), unit);
+}
+
 QString upperCase(QStringView text) {
-    return mapped(text, upper);
+    return mapped(text, [&table = upperTable()](char16_t unit) { return upper(table, unit); });
 }
 
 QString lowerCase(QStringView text) {
-    return mapped(text, lower);
+    return mapped(text,
+                  [&table = lowerTable()](char16_t unit) { return unit < tableSize ? table[unit] : small(unit); });
 }
 
 QString normalisemot(QStringView word) {
@@ -112,11 +122,13 @@ QString normalisemot(QStringView word) {
 }
 
 QByteArray sortKey(QStringView text) {
+    const Table& table = upperTable();
     QByteArray key(bytesPerUnit * 2 * text.size() + 1, Qt::Uninitialized);
-    char* to = key.data();
+    char* const begin = key.data();
+    char* to = begin;
     bool accents = false;
     for (const QChar c : text) {
-        const char16_t unit = upper(c.unicode());
+        const char16_t unit = upper(table, c.unicode());
         const char16_t letter = fold(unit);
         accents = accents || letter != unit;
         to = appendUnit(to, letter);
@@ -125,18 +137,20 @@ QByteArray sortKey(QStringView text) {
     // A text without accents comes first among its equals with or without the second level.
     if (accents) {
         for (const QChar c : text)
-            to = appendUnit(to, upper(c.unicode()));
+            to = appendUnit(to, upper(table, c.unicode()));
     }
-    key.truncate(to - key.constData());
+    key.truncate(to - begin);
     return key;
 }
 
 QByteArray sortKeyPrefix(QStringView prefix) {
+    const Table& table = upperTable();
     QByteArray key(bytesPerUnit * prefix.size(), Qt::Uninitialized);
-    char* to = key.data();
+    char* const begin = key.data();
+    char* to = begin;
     for (const QChar c : prefix)
-        to = appendUnit(to, fold(upper(c.unicode())));
-    key.truncate(to - key.constData());
+        to = appendUnit(to, fold(upper(table, c.unicode())));
+    key.truncate(to - begin);
     return key;
 }
 

@@ -10,6 +10,9 @@ namespace velm {
 /// and so do µ and ƒ, whose capitals the code page does not have).
 QString upperCase(QStringView text);
 
+/// The same of one unit.
+char16_t upperUnit(char16_t unit);
+
 /// Lower case unit by unit, accents kept, same length.
 QString lowerCase(QStringView text);
 
