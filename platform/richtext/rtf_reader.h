@@ -22,7 +22,7 @@ qsizetype rtfStart(QByteArrayView bytes);
 template <class Sink>
 class Reader {
 public:
-    /// `text` is the buffer that the text is put into; its old content is lost.
+    /// `rtf` begins with its first brace. `text` is the buffer that the text is put into; its old content is lost.
     Reader(QByteArrayView rtf, QString& text, Sink& sink) : p_(rtf.begin()), end_(rtf.end()), text_(text), sink_(sink) {
         text_.resize(rtf.size() + slack);
         base_ = o_ = reinterpret_cast<char16_t*>(text_.data());
@@ -31,6 +31,8 @@ public:
     }
 
     void read(RtfLoad load) {
+        open();
+        p_ = passBlanks(p_, end_);
         run();
         if (load == RtfLoad::Whole && lineEnd_ == position() && lineEnd_ > 0) {
             o_ -= 2;
@@ -265,15 +267,15 @@ int Reader<Sink>::peekByte(const char*& p, bool raw) const {
     const char* q = p;
     while (q != end_ && (*q == '\r' || *q == '\n'))
         ++q;
-    if (q == end_ || *q == '{' || *q == '}')
+    if (q == end_)
         return -1;
     if (*q == '\\' && end_ - q >= 4 && q[1] == '\'') {
         const int value = hexByte(q + 2, end_);
         p = q + 4;
         return value;
     }
-    // A raw lead byte may be followed by a raw backslash that belongs to its pair.
-    if (*q == '\\' && !raw)
+    // Behind a raw lead byte even a raw backslash or brace belongs to the pair.
+    if (!raw && (*q == '\\' || *q == '{' || *q == '}'))
         return -1;
     p = q + 1;
     return byteAt(q);

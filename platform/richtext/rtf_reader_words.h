@@ -43,7 +43,8 @@ void Reader<Sink>::word(const Token& token) {
         sink_.apply(token);
         break;
     case Word::u:
-        unicode(token.number);
+        if (token.hasNumber)
+            unicode(token.number);
         break;
     case Word::uc:
         group_.fallbacks = std::clamp(token.numberOr(1), 0, 0xFFFF);
@@ -195,8 +196,6 @@ bool Reader<Sink>::destination(const Token& token) {
         break;
     case Word::shppict: // known, so that the group is read although it may be ignored
     case Word::ud:
-    case Word::shpinst:
-    case Word::shptxt:
         break;
     default:
         p_ = passGroup(p_, end_);
@@ -278,7 +277,9 @@ void Reader<Sink>::symbol() {
 /// \* before the first control word of a group: all of the group is passed over when the word is not known.
 template <class Sink>
 void Reader<Sink>::star() {
-    const bool opensGroup = groupStart_ != nullptr && passBlanks(groupStart_, end_) == p_ - 2;
+    if (groupStart_ != nullptr)
+        groupStart_ = passBlanks(groupStart_, p_ - 2);
+    const bool opensGroup = groupStart_ == p_ - 2;
     const char* q = passBlanks(p_, end_);
     if (!opensGroup || end_ - q < 2 || *q != '\\' || !isLetter(q[1]))
         return;

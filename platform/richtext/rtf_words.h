@@ -6,23 +6,21 @@
 namespace velm::rtf {
 
 // The order matters: the words of the first list change the text, those of the second only its formats.
-#define VELM_RTF_TEXT_WORDS(X)                                                                                         \
-    X(par)                                                                                                             \
-    X(tab) X(line) X(pard) X(plain) X(f) X(u) X(uc) X(cell) X(row) X(trowd) X(cellx) X(intbl) X(nestcell) X(nestrow)   \
-        X(trleft) X(trgaph) X(page) X(sect) X(column) X(lbr) X(bin) X(ansi) X(mac) X(pc) X(pca) X(ansicpg) X(deff)     \
-            X(fonttbl) X(colortbl) X(stylesheet) X(info) X(header) X(headerl) X(headerr) X(headerf) X(footer)          \
-                X(footerl) X(footerr) X(footerf) X(footnote) X(annotation) X(ftnsep) X(ftnsepc) X(ftncn) X(aftnsep)    \
-                    X(aftnsepc) X(aftncn) X(pict) X(nonshppict) X(shppict) X(fldinst) X(objdata) X(objclass)           \
-                        X(objname) X(pntext) X(listtext) X(pn) X(pntxta) X(pntxtb) X(nesttableprops) X(nonesttables)   \
-                            X(upr) X(ud) X(xe) X(tc) X(tcn) X(rxe) X(txe) X(listtable) X(revtbl) X(filetbl)            \
-                                X(private1) X(sp) X(shpinst) X(shptxt) X(shprslt) X(emdash) X(endash) X(bullet)        \
-                                    X(lquote) X(rquote) X(ldblquote) X(rdblquote) X(emspace) X(enspace) X(qmspace)     \
-                                        X(ltrmark) X(rtlmark) X(zwj) X(zwnj) X(zwbo) X(zwnbo)
-#define VELM_RTF_FORMAT_WORDS(X)                                                                                       \
-    X(b)                                                                                                               \
-    X(i) X(ul) X(ulnone) X(uld) X(uldb) X(uldash) X(uldashd) X(uldashdd) X(ulth) X(ulw) X(ulwave) X(strike) X(striked) \
-        X(v) X(fs) X(cf) X(cb) X(highlight) X(chcbpat) X(super) X(sub) X(nosupersub) X(up) X(dn) X(velmoffset) X(ql)   \
-            X(qr) X(qc) X(qj) X(qd) X(li) X(fi) X(ri) X(sb) X(sa) X(sl) X(slmult) X(tx)
+// clang-format off
+#define VELM_RTF_TEXT_WORDS(X) \
+    X(par) X(tab) X(line) X(pard) X(plain) X(f) X(u) X(uc) X(cell) X(row) X(trowd) X(cellx) X(intbl) X(nestcell) \
+    X(nestrow) X(trleft) X(trgaph) X(page) X(sect) X(column) X(lbr) X(bin) X(ansi) X(mac) X(pc) X(pca) X(ansicpg) \
+    X(deff) X(fonttbl) X(colortbl) X(stylesheet) X(info) X(header) X(headerl) X(headerr) X(headerf) X(footer) \
+    X(footerl) X(footerr) X(footerf) X(footnote) X(annotation) X(ftnsep) X(ftnsepc) X(ftncn) X(aftnsep) X(aftnsepc) \
+    X(aftncn) X(pict) X(nonshppict) X(shppict) X(fldinst) X(objdata) X(objclass) X(objname) X(pntext) X(listtext) \
+    X(pn) X(pntxta) X(pntxtb) X(nesttableprops) X(nonesttables) X(upr) X(ud) X(xe) X(tc) X(tcn) X(rxe) X(txe) \
+    X(listtable) X(revtbl) X(filetbl) X(private1) X(sp) X(shpinst) X(emdash) X(endash) X(bullet) X(lquote) X(rquote) \
+    X(ldblquote) X(rdblquote) X(emspace) X(enspace) X(qmspace) X(ltrmark) X(rtlmark) X(zwj) X(zwnj) X(zwbo) X(zwnbo)
+#define VELM_RTF_FORMAT_WORDS(X) \
+    X(b) X(i) X(ul) X(ulnone) X(uld) X(uldb) X(uldash) X(uldashd) X(uldashdd) X(ulth) X(ulw) X(ulwave) X(strike) \
+    X(striked) X(v) X(fs) X(cf) X(cb) X(highlight) X(chcbpat) X(super) X(sub) X(nosupersub) X(up) X(dn) \
+    X(velmoffset) X(ql) X(qr) X(qc) X(qj) X(qd) X(li) X(fi) X(ri) X(sb) X(sa) X(sl) X(slmult) X(tx)
+// clang-format on
 
 enum class Word : std::uint8_t {
     unknown,
