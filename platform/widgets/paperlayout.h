@@ -102,8 +102,10 @@ private:
 
     QTextBlock layOut(int number); ///< the block, laid out
     void layOut(int number, const QTextBlock& block);
-    int layOutLines(QTextLayout& lines, int number) const;
+    int layOutLines(QTextLayout& lines, int number) const; ///< the paragraph's height
+    int breakLines(QTextLayout& lines, const ParaFormat& format) const;
     QTextOption optionFor(const ParaFormat& format) const;
+    QList<QTextOption::Tab> tabsFor(const ParaFormat& format, double left) const;
     double lineLeft(const ParaFormat& format, bool first) const;
     int lineHeight(const ParaFormat& format, double natural) const;
     Line lineIn(int number, int line);

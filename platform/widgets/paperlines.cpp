@@ -44,20 +44,29 @@ QTextOption PaperLayout::optionFor(const ParaFormat& format) const {
         option.setAlignment(Qt::AlignJustify);
         break;
     }
-    const double scale = tabScale(device_.dpi);
-    option.setTabStopDistance(pixels(defaultTab) * scale);
+    return option;
+}
+
+// Stops count from the margin; the text engine counts them from the line's own left edge. Behind the paragraph's stops
+// come the usual ones, every half inch.
+QList<QTextOption::Tab> PaperLayout::tabsFor(const ParaFormat& format, double left) const {
     std::vector<std::int32_t> stops = format.tabs;
-    if (format.offset > 0) {
-        // The further lines' edge is a stop of the first line.
-        const std::int32_t edge = format.startIndent + format.offset;
+    const std::int32_t edge = format.startIndent + format.offset;
+    if (format.offset > 0) { // the further lines' edge is a stop of the first line
         stops.insert(std::upper_bound(stops.begin(), stops.end(), edge), edge);
     }
+    const std::int32_t last = stops.empty() ? 0 : stops.back();
+    for (std::int32_t stop = (last / defaultTab + 1) * defaultTab; pixels(stop) < page_.measure; stop += defaultTab) {
+        stops.push_back(stop);
+    }
+    const double scale = tabScale(device_.dpi);
     QList<QTextOption::Tab> tabs;
     for (const std::int32_t stop : stops) {
-        tabs.append(QTextOption::Tab(pixels(stop) * scale, QTextOption::LeftTab));
+        if (pixels(stop) > left) {
+            tabs.append(QTextOption::Tab((pixels(stop) - left) * scale, QTextOption::LeftTab));
+        }
     }
-    option.setTabs(tabs);
-    return option;
+    return tabs;
 }
 
 double PaperLayout::lineLeft(const ParaFormat& format, bool first) const {
@@ -83,7 +92,26 @@ int PaperLayout::lineHeight(const ParaFormat& format, double natural) const {
 
 int PaperLayout::layOutLines(QTextLayout& lines, int number) const {
     const ParaFormat& format = shown_->format(number);
-    lines.setTextOption(optionFor(format));
+    QTextOption option = optionFor(format);
+    if (!shown_->paragraph(number).tabs) {
+        lines.setTextOption(option);
+        return breakLines(lines, format);
+    }
+    // One list of stops serves the whole paragraph, for the engine uses it again when it draws. It is made for the
+    // first line, unless only further lines, which may begin elsewhere, hold tabs.
+    option.setTabs(tabsFor(format, lineLeft(format, true)));
+    lines.setTextOption(option);
+    const int height = breakLines(lines, format);
+    const bool elsewhere = !qFuzzyCompare(1 + lineLeft(format, true), 1 + lineLeft(format, false));
+    if (!elsewhere || lines.text().indexOf(u'\t') < lines.lineAt(0).textLength()) {
+        return height;
+    }
+    option.setTabs(tabsFor(format, lineLeft(format, false)));
+    lines.setTextOption(option);
+    return breakLines(lines, format);
+}
+
+int PaperLayout::breakLines(QTextLayout& lines, const ParaFormat& format) const {
     lines.beginLayout();
     double y = std::round(pixels(std::max(0, format.spaceBefore)));
     const double right = pixels(std::max(0, format.rightIndent));
@@ -93,8 +121,6 @@ int PaperLayout::layOutLines(QTextLayout& lines, int number) const {
             break;
         }
         const double left = lineLeft(format, first);
-        // The place comes before the width: tabs count from it.
-        line.setPosition(QPointF(left, y));
         line.setLineWidth(std::max(leastLine, page_.measure - left - right));
         const int height = lineHeight(format, line.height());
         line.setPosition(QPointF(left, y + std::round((height - line.height()) / 2)));

@@ -42,46 +42,61 @@ char16_t shape(char16_t unit, bool object) {
 
 ShownText::ShownText() : ShownText(RichText()) {}
 
+struct ShownText::Reading {
+    const RichText& rich;
+    QString model;
+    QChar* out = nullptr;
+    qsizetype written = 0;
+    bool insideEnd = false; ///< the LF of a CR LF comes next
+};
+
 ShownText::ShownText(const RichText& rich) : objects_(rich.objects()), modelLength_(rich.length()) {
-    const QString model = rich.text();
-    text_.reserve(model.size());
+    Reading reading{rich, rich.text()};
+    text_.resize(modelLength_);
+    reading.out = text_.data();
     paragraphs_.emplace_back();
-    rich.forEachRun(0, model.size(), [&](qsizetype start, qsizetype count, FormatId format) {
-        readRun(rich, model, start, count, format);
-    });
-    if (paragraphs_.back().start == model.size()) {
+    rich.forEachRun(0, modelLength_,
+                    [&](qsizetype start, qsizetype count, FormatId format) { readRun(reading, start, count, format); });
+    text_.truncate(reading.written);
+    if (paragraphs_.back().start == modelLength_) {
         endParagraph(rich, -1, rich.tailCharacter());
     } else {
-        endParagraph(rich, model.size() - 1, rich.charFormatIdAt(model.size() - 1));
+        endParagraph(rich, modelLength_ - 1, rich.charFormatIdAt(modelLength_ - 1));
     }
     findMainFormat(rich);
 }
 
-void ShownText::readRun(const RichText& rich, const QString& model, qsizetype start, qsizetype count, FormatId format) {
-    const CharFormat& look = rich.charFormat(format);
+void ShownText::readRun(Reading& reading, qsizetype start, qsizetype count, FormatId format) {
+    const CharFormat& look = reading.rich.charFormat(format);
     const bool object = look.object >= 0;
-    const qsizetype first = text_.size();
+    const QStringView model = reading.model;
+    const qsizetype first = reading.written;
     for (qsizetype i = start; i < start + count; ++i) {
-        const char16_t unit = model.at(i).unicode();
-        if (insideEnd_) {
-            insideEnd_ = false;
+        const char16_t unit = model[i].unicode();
+        if (unit >= 0x20 && unit < 0x7F && !look.hidden) { // most of all text
+            reading.out[reading.written++] = QChar(unit);
             continue;
         }
-        if (unit == u'\r' && i + 1 < model.size() && model.at(i + 1) == u'\n') {
-            endParagraph(rich, i, format);
+        if (reading.insideEnd) {
+            reading.insideEnd = false;
+            continue;
+        }
+        if (unit == u'\r' && i + 1 < model.size() && model[i + 1] == u'\n') {
+            endParagraph(reading.rich, i, format);
             paragraphs_.emplace_back().start = i + 2;
-            text_ += QChar(paragraphEnd);
-            insideEnd_ = true;
+            reading.out[reading.written++] = QChar(paragraphEnd);
+            reading.insideEnd = true;
             continue;
         }
         ShownParagraph& paragraph = paragraphs_.back();
         paragraph.tabs = paragraph.tabs || unit == u'\t';
-        paragraph.pageBreak = unit == u'\f' && paragraph.start == i;
-        const bool unseen = look.hidden && !(unit == u'\r' || unit == u'\n');
-        text_ += QChar(unseen ? nothing : shape(unit, object));
+        const bool pageBreak = unit == u'\f' && paragraph.start == i;
+        paragraph.pageBreak = pageBreak && (i + 1 == model.size() || model[i + 1] == u'\r');
+        const bool unseen = look.hidden && unit != u'\r' && unit != u'\n';
+        reading.out[reading.written++] = QChar(unseen ? nothing : shape(unit, object));
     }
-    if (text_.size() > first) {
-        runs_.push_back({static_cast<int>(first), static_cast<int>(text_.size() - first), format});
+    if (reading.written > first) {
+        runs_.push_back({static_cast<int>(first), static_cast<int>(reading.written - first), format});
     }
 }
 

@@ -54,7 +54,8 @@ public:
     const CharFormat& mainFormat() const { return mainFormat_; }
 
 private:
-    void readRun(const RichText& rich, const QString& model, qsizetype start, qsizetype count, FormatId format);
+    struct Reading;
+    void readRun(Reading& reading, qsizetype start, qsizetype count, FormatId format);
     void endParagraph(const RichText& rich, qsizetype position, FormatId mark);
     void findMainFormat(const RichText& rich);
 
@@ -65,7 +66,6 @@ private:
     QString text_;
     qsizetype modelLength_ = 0;
     CharFormat mainFormat_;
-    bool insideEnd_ = false; // while reading: the LF of a CR LF comes next
 };
 
 } // namespace velm
