@@ -21,7 +21,7 @@ constexpr qsizetype longestName = 256;
 
 /// A character of a name by its number, `p` behind it; passes over the one character that stands for it.
 const char* readUnicode(const char* p, const char* end, int number, QString& name) {
-    if (name.size() < longestName)
+    if (name.size() < longestName && (number < 0 || number >= ' '))
         name += QChar(static_cast<char16_t>(number));
     if (p != end && *p == '\\' && end - p >= 4 && p[1] == '\'')
         return p + 4;
@@ -64,12 +64,14 @@ const char* FontTable::read(const char* p, const char* end, bool withNames) {
                 entry.page = codePageOfCharset(token.number);
             else if (pageWord == letters && token.number > 0)
                 entry.page = token.number;
-            else if (unicodeWord == letters)
+            else if (unicodeWord == letters && token.hasNumber && withNames)
                 p = readUnicode(p, end, token.number, entry.name);
         } else if (const int byte = p != end && *p == '\'' ? hexByte(p + 1, end) : -1; byte >= 0) {
             append(static_cast<char>(byte));
             p += 3;
         } else if (p != end) {
+            if (*p == '\\' || *p == '{' || *p == '}')
+                append(*p);
             ++p;
         }
     }
@@ -86,7 +88,7 @@ void FontTable::appendByte(Entry& entry, unsigned char byte) {
         entry.lead = 0;
     } else if (page.isLead(byte)) {
         entry.lead = byte;
-    } else if (page.units[byte] != 0) {
+    } else if (page.units[byte] > u' ' || byte == ' ') {
         entry.name += QChar(page.units[byte]);
     }
 }

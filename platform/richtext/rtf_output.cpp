@@ -137,11 +137,23 @@ void Output::use(const CharFormat& format) {
     }
 }
 
+/// Signs of RTF, and the semicolon that would end the name, as bytes; all else beyond ASCII by its number.
+void Output::fontName(const QString& family) {
+    for (const QChar c : family) {
+        const char16_t unit = c.unicode();
+        if (unit == u';' || unit == u'\\' || unit == u'{' || unit == u'}' || unit < u' ')
+            hex(static_cast<unsigned char>(unit));
+        else if (unit < 0x7F)
+            put(static_cast<char>(unit));
+        else
+            unicode(unit);
+    }
+}
+
 void Output::header() {
     if (familyList_.isEmpty())
         use(CharFormat());
     character_.family = familyList_.front();
-    isSymbol_ = isSymbolFamily(character_.family);
     if (hasBullets_) {
         bulletFont_ = static_cast<int>(familyList_.size());
         familyList_.append(QStringLiteral("Symbol"));
@@ -154,15 +166,11 @@ void Output::header() {
         word("fcharset", isSymbolFamily(familyList_[i]) ? 2 : 0);
         bytes_.append(' ');
         afterWord_ = false;
-        for (const QChar c : familyList_[i]) {
-            if (c == u';' || c < u' ')
-                hex(static_cast<unsigned char>(c.unicode()));
-            else
-                unit(c.unicode());
-        }
+        fontName(familyList_[i]);
         bytes_.append(";}");
     }
     bytes_.append("}\r\n");
+    isSymbol_ = isSymbolFamily(character_.family);
     if (!colourList_.empty()) {
         bytes_.append("{\\colortbl ;");
         for (const std::int32_t colour : colourList_) {

@@ -37,6 +37,7 @@ private:
     void hex(unsigned char byte);
     void unit(char16_t unit);
     void unicode(char16_t unit);
+    void fontName(const QString& family);
     void bulletText();
     void paragraphWords(const ParaFormat& format);
     void offset(int twips);

@@ -59,8 +59,11 @@ void Writer::collect() {
     if (whole_)
         output_.use(text_.charFormat(text_.tailCharacter()));
     for (qsizetype at = 0; at < units_.size() && !output_.hasBullets();) {
+        const qsizetype end = units_.indexOf(u'\n', at) + 1;
+        if (end == 0)
+            break; // of a part, the last paragraph is written without its format
         output_.use(text_.paraFormatAt(start_ + at));
-        at = text_.paragraphEnd(start_ + at) - start_;
+        at = end;
     }
     if (whole_)
         output_.use(text_.paraFormat(text_.tailParagraph()));
