@@ -49,6 +49,7 @@ int main(int argc, char** argv) {
     options.dossierdonnees = velm::Extensions::defaultDataFolder();
 
     velm::Programme programme(options, {dialogues, navigateur, processus, sablier});
+    dialogues.setCaptions([&](velm::Bouton bouton) { return programme.libellebouton(bouton); });
     velm::setRuntimeErrorHandler([&](const velm::RuntimeFailure& erreur) {
         // A second error while the first is being said must not open a second box.
         velm::setRuntimeErrorHandler([](const velm::RuntimeFailure&) { std::_Exit(EXIT_FAILURE); });

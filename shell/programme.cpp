@@ -16,8 +16,10 @@ namespace velm {
 
 Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
     : options_(options), monde_(monde), instance_(QStringLiteral("velm2000"), options.dossierinstance),
-      magasin_(options.fichierreglages), reglages_(magasin_),
-      langue_([this](const QString& numero) { monde_.dialogues.message(numero, QString()); }),
+      magasin_(options.fichierreglages), reglages_(magasin_), langue_([this](const QString& numero) {
+          if (!silencieux_)
+              monde_.dialogues.message(numero, QString());
+      }),
       seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, *this) {
     reglages_.surechec([this](const QString&) {
         monde_.dialogues.message(langue_.lireressource(9402).arg(magasin_.path()), langue_.lireressource(8),
@@ -75,6 +77,23 @@ void Programme::erreurfatale(const RuntimeFailure& erreur) {
     fermeaccueil();
     monde_.dialogues.message(langue_.lireressource(9401).arg(raison(erreur)), langue_.lireressource(9400), Icone::Stop);
     corpus_.fermebase();
+}
+
+QString Programme::libellebouton(Bouton bouton) {
+    constexpr struct {
+        Bouton bouton;
+        int texte;
+    } libelles[] = {
+        {Bouton::Oui, 9270}, {Bouton::Non, 9271}, {Bouton::Annuler, 9272}, {Bouton::Aide, 9273}, {Bouton::Ok, 9274}};
+    // The box that reports a missing text has a button too: it must not ask for another box.
+    silencieux_ = true;
+    QString texte;
+    for (const auto& libelle : libelles) {
+        if (libelle.bouton == bouton)
+            texte = langue_.lireressource(libelle.texte);
+    }
+    silencieux_ = false;
+    return texte;
 }
 
 Textes* Programme::fenetre(int indice) const {

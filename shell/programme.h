@@ -52,6 +52,9 @@ public:
     /// What happened in one box; open transactions are rolled back. The caller ends the process.
     void erreurfatale(const RuntimeFailure& erreur);
 
+    /// Caption of a box's button; empty when the language file has none, without a box about that.
+    QString libellebouton(Bouton bouton);
+
     Ecrangeneral* ecran() const { return ecran_.get(); }
     Textes* fenetre(int indice) const;
     Seance& seance() { return seance_; }
@@ -92,6 +95,7 @@ private:
 
     OptionsProgramme options_;
     MondeExterieur monde_;
+    bool silencieux_ = false; ///< missing texts are not reported
     SingleInstance instance_;
     ReglagesStore magasin_;
     Reglages reglages_;

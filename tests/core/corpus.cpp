@@ -80,14 +80,14 @@ TEST_F(CorpusTest, AMissingTableIsNotReportedAtOpeningButAtItsFirstUse) {
     ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
     corpus.ouvretables();
     EXPECT_EQ(corpus.donnees().recordCount(), 2);
-    const essais::GardeArret garde;
-    EXPECT_THROW(corpus.liens().moveFirst(), essais::Arret);
+    const test::GardeArret garde;
+    EXPECT_THROW(corpus.liens().moveFirst(), test::Arret);
 }
 
 TEST_F(CorpusTest, AnUnopenedCorpusIsARunTimeError) {
-    const essais::GardeArret garde;
-    EXPECT_THROW(corpus.donnees(), essais::Arret);
-    EXPECT_THROW(corpus.base(), essais::Arret);
+    const test::GardeArret garde;
+    EXPECT_THROW(corpus.donnees(), test::Arret);
+    EXPECT_THROW(corpus.base(), test::Arret);
 }
 
 TEST_F(CorpusTest, TheKeywordTableStandsOnItsPrimaryKeyFromTheOpeningOn) {

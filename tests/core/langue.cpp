@@ -113,10 +113,10 @@ TEST_F(LangueTest, AnExtensionOfThreeLettersLosesItsLastTwo) {
 }
 
 TEST_F(LangueTest, AnIdOf10000IsAnError) {
-    const essais::GardeArret garde;
+    const test::GardeArret garde;
     Langue l = langue(QStringLiteral("FR"));
-    EXPECT_THROW(l.lireressource(10000), essais::Arret);
-    EXPECT_THROW(l.lireressource(-1), essais::Arret);
+    EXPECT_THROW(l.lireressource(10000), test::Arret);
+    EXPECT_THROW(l.lireressource(-1), test::Arret);
 }
 
 namespace {

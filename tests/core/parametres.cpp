@@ -160,8 +160,8 @@ TEST_F(ParametresTest, TwentyToolsAreReadAndTheTwentyFirstIsFatal) {
     EXPECT_EQ(p.outils[19].commande, u"outil");
     EXPECT_EQ(p.outils[19].infobulle, u"bulle");
     stocke("TOOLS", "NOMBRE", "21");
-    const essais::GardeArret garde;
-    EXPECT_THROW(premiers(), essais::Arret);
+    const test::GardeArret garde;
+    EXPECT_THROW(premiers(), test::Arret);
 }
 
 TEST_F(ParametresTest, AToolThatDoesNotExistIsTakenFromTheApplicationsFolder) {
@@ -177,16 +177,16 @@ TEST_F(ParametresTest, AToolThatDoesNotExistIsTakenFromTheApplicationsFolder) {
 }
 
 TEST_F(ParametresTest, AStoredTextThatIsNoNumberIsFatal) {
-    const essais::GardeArret garde;
+    const test::GardeArret garde;
     stocke("EDITEUR", "PRINTERMARGEHAUTE", "large");
-    EXPECT_THROW(premiers(), essais::Arret);
+    EXPECT_THROW(premiers(), test::Arret);
     stocke("EDITEUR", "PRINTERMARGEHAUTE", "");
-    EXPECT_THROW(premiers(), essais::Arret);
+    EXPECT_THROW(premiers(), test::Arret);
     stocke("EDITEUR", "PRINTERMARGEHAUTE", "99999999999");
-    EXPECT_THROW(premiers(), essais::Arret);
+    EXPECT_THROW(premiers(), test::Arret);
     stocke("EDITEUR", "PRINTERMARGEHAUTE", "567");
     stocke("EDITEUR", "CHOIXIMPRIMANTE", "peut-être");
-    EXPECT_THROW(premiers(), essais::Arret);
+    EXPECT_THROW(premiers(), test::Arret);
 }
 
 TEST_F(ParametresTest, AnEmptyLanguageExtensionBecomesFR) {

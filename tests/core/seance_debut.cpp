@@ -2,7 +2,7 @@
 #include "tests/support/arret.h"
 
 using namespace velm;
-using SeanceDebut = velm::essais::SeanceTest;
+using SeanceDebut = velm::test::SeanceTest;
 
 TEST_F(SeanceDebut, TheStepsStandInTheirOrder) {
     ASSERT_EQ(seance().demarre(), Demarrage::EnMarche);
@@ -119,7 +119,7 @@ TEST_F(SeanceDebut, AnUpdateToolWithALaterProgramFileEndsTheStartAtOnce) {
     EXPECT_EQ(lances.first(), chemin("cd/MAJver.exe") + u'|' + dossier_.path() + QStringLiteral("/,") + chemin("cd") +
                                   QStringLiteral("/,velm2000.exe,VELMORante 2000"));
     EXPECT_FALSE(ecrans.a(QStringLiteral("accueil")));
-    EXPECT_TRUE(dialogues.recus.empty());
+    EXPECT_TRUE(dialogues.messages.empty());
 }
 
 TEST_F(SeanceDebut, AnUpdateToolWithAProgramFileOfTheSameDateLetsTheStartGoOn) {
@@ -207,7 +207,7 @@ TEST_F(SeanceDebut, NoWindowComesBackWhenRestoringIsOff) {
     EXPECT_TRUE(ecrans.parmi(QStringLiteral("navigue")).isEmpty());
 }
 
-class Restauration : public velm::essais::SeanceTest {
+class Restauration : public velm::test::SeanceTest {
 protected:
     QStringList restaure(const QString& fenetres, const QString& contenus) {
         stocke("GENERALITES", "RESTAUREFEN", QStringLiteral("1"));

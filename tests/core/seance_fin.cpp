@@ -4,15 +4,15 @@ using namespace velm;
 
 namespace {
 
-class SeanceFin : public velm::essais::SeanceTest {
+class SeanceFin : public velm::test::SeanceTest {
 protected:
     bool quitte(std::initializer_list<Bouton> reponses) {
         if (!corpus.connecte()) {
             EXPECT_EQ(seance().demarre(), Demarrage::EnMarche);
         }
         ecrans.journal.clear();
-        dialogues.recus.clear();
-        dialogues.reponses.assign(reponses);
+        dialogues.messages.clear();
+        dialogues.answers.assign(reponses);
         return seance().quitteprogramme();
     }
 };
@@ -24,8 +24,8 @@ TEST_F(SeanceFin, DecliningTheQuestionLeavesEverythingAsItWas) {
     EXPECT_TRUE(ecrans.journal.isEmpty());
     EXPECT_TRUE(corpus.connecte());
     EXPECT_EQ(lu("POSITIONFORME", "MDICHILD"), u"(absent)");
-    ASSERT_EQ(dialogues.recus.size(), 1u);
-    const Message& m = dialogues.recus.front();
+    ASSERT_EQ(dialogues.messages.size(), 1u);
+    const Message& m = dialogues.messages.front();
     EXPECT_EQ(m.texte, u"Voulez-vous quitter le programme ?");
     EXPECT_EQ(m.titre, u"Quitter");
     EXPECT_EQ(m.icone, Icone::Question);
@@ -36,7 +36,7 @@ TEST_F(SeanceFin, DecliningTheQuestionLeavesEverythingAsItWas) {
 TEST_F(SeanceFin, NoQuestionIsAskedWhenTheQuitSettingIsOne) {
     stocke("GENERALITES", "CHECKQUIT", QStringLiteral("1"));
     EXPECT_TRUE(quitte({}));
-    EXPECT_TRUE(dialogues.recus.empty());
+    EXPECT_TRUE(dialogues.messages.empty());
 }
 
 TEST_F(SeanceFin, TheStepsStandInTheirOrder) {
@@ -51,13 +51,13 @@ TEST_F(SeanceFin, AnOpenPrintJobIsFinishedOnYes) {
     EXPECT_TRUE(quitte({Bouton::Oui, Bouton::Oui}));
     EXPECT_TRUE(ecrans.a(QStringLiteral("termine")));
     EXPECT_FALSE(ecrans.a(QStringLiteral("abandonne")));
-    EXPECT_TRUE(dialogues.recus.back().texte.endsWith(u'?'));
-    EXPECT_EQ(dialogues.recus.back().boutons, Bouton::Oui | Bouton::Non);
+    EXPECT_TRUE(dialogues.messages.back().texte.endsWith(u'?'));
+    EXPECT_EQ(dialogues.messages.back().boutons, Bouton::Oui | Bouton::Non);
 }
 
-TEST_F(SeanceFin, AnOpenPrintJobIsThrownAwayOnAnyOtherAnswer) {
+TEST_F(SeanceFin, AnOpenPrintJobIsThrownAwayOnAnyAnswerButYes) {
     ecrans.impression = true;
-    EXPECT_TRUE(quitte({Bouton::Oui, Bouton::Annuler}));
+    EXPECT_TRUE(quitte({Bouton::Oui, Bouton::Non}));
     EXPECT_TRUE(ecrans.a(QStringLiteral("abandonne")));
     EXPECT_FALSE(ecrans.a(QStringLiteral("termine")));
 }

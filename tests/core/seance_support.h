@@ -5,34 +5,15 @@
 #include "platform/engine/recordset.h"
 #include "platform/system/files.h"
 #include "platform/text/ansi.h"
+#include "tests/support/dialogues_script.h"
 
 #include <QDir>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include <deque>
 #include <gtest/gtest.h>
 
-namespace velm::essais {
-
-class DialoguesScriptes final : public Dialogues {
-public:
-    using Dialogues::message;
-    Bouton message(const Message& m) override {
-        recus.push_back(m);
-        if (reponses.empty())
-            return boutonAbandon(m.boutons);
-        const Bouton reponse = reponses.front();
-        reponses.pop_front();
-        return reponse;
-    }
-    std::optional<QString> openFile(const ChoixFichier&) override { return std::nullopt; }
-    std::optional<QString> saveFile(const ChoixFichier&) override { return std::nullopt; }
-    std::optional<QString> chooseFolder(const QString&, const QString&) override { return std::nullopt; }
-
-    std::deque<Bouton> reponses;
-    std::vector<Message> recus;
-};
+namespace velm::test {
 
 class EcransJournal final : public Ecrans {
 public:
@@ -125,7 +106,7 @@ protected:
     QStringList numeros;
     Langue langue{[this](const QString& n) { numeros.append(n); }};
     Corpus corpus;
-    DialoguesScriptes dialogues;
+    DialoguesScript dialogues;
     EcransJournal ecrans;
     Environnement env;
     bool autre = false;
@@ -135,4 +116,4 @@ protected:
     std::optional<Seance> seance_;
 };
 
-} // namespace velm::essais
+} // namespace velm::test

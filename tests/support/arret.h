@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
-namespace velm::essais {
+namespace velm::test {
 
 struct Arret : std::runtime_error {
     using std::runtime_error::runtime_error;
@@ -25,4 +25,4 @@ private:
     RuntimeErrorHandler avant_;
 };
 
-} // namespace velm::essais
+} // namespace velm::test

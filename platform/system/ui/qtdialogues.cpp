@@ -39,10 +39,19 @@ QMessageBox::Icon iconOf(Icone icone) {
     return QMessageBox::NoIcon;
 }
 
-void addButtons(QMessageBox& box, const Message& message) {
+using Captions = std::function<QString(Bouton)>;
+
+void setCaption(QPushButton* button, Bouton bouton, const Captions& captions) {
+    const QString caption = captions ? captions(bouton) : QString();
+    if (!caption.isEmpty())
+        button->setText(caption);
+}
+
+void addButtons(QMessageBox& box, const Message& message, const Captions& captions) {
     for (const Pair& pair : answers) {
         if (message.boutons.testFlag(pair.bouton)) {
             QPushButton* const button = box.addButton(pair.standard);
+            setCaption(button, pair.bouton, captions);
             if (message.defaut == pair.bouton)
                 box.setDefaultButton(button);
         }
@@ -50,8 +59,9 @@ void addButtons(QMessageBox& box, const Message& message) {
 }
 
 /// The help button leaves the box open: its click is taken away from the box, which would close.
-void addHelp(QMessageBox& box, int contexte, const std::function<void(int)>& aide) {
+void addHelp(QMessageBox& box, int contexte, const std::function<void(int)>& aide, const Captions& captions) {
     QPushButton* const button = box.addButton(QMessageBox::Help);
+    setCaption(button, Bouton::Aide, captions);
     QObject::disconnect(button, &QPushButton::clicked, nullptr, nullptr);
     QObject::connect(button, &QPushButton::clicked, &box, [aide, contexte] { aide(contexte); });
 }
@@ -89,11 +99,11 @@ Bouton QtDialogues::message(const Message& message) {
     box.setObjectName(QStringLiteral("message"));
     // The texts are texts: a name with "<" in it is no markup.
     box.setTextFormat(Qt::PlainText);
-    addButtons(box, message);
+    addButtons(box, message, captions_);
     if (box.buttons().isEmpty())
         box.addButton(QMessageBox::Ok);
     if (message.boutons.testFlag(Bouton::Aide) && aide_)
-        addHelp(box, message.contexteAide, aide_);
+        addHelp(box, message.contexteAide, aide_, captions_);
     if (const auto escape = boutonAbandon(message.boutons); escape != Bouton::Ok)
         box.setEscapeButton(escape == Bouton::Annuler ? QMessageBox::Cancel : QMessageBox::No);
     box.exec();

@@ -3,6 +3,7 @@
 #include "platform/system/dialogues.h"
 
 #include <functional>
+#include <utility>
 
 namespace velm {
 
@@ -12,6 +13,9 @@ public:
     /// `aide` shows a page of the help file; without it boxes have no help button.
     explicit QtDialogues(std::function<void(int contexte)> aide = {});
 
+    /// Captions of the buttons; where it gives none, Qt's own stand.
+    void setCaptions(std::function<QString(Bouton)> captions) { captions_ = std::move(captions); }
+
     using Dialogues::message;
     Bouton message(const Message& message) override;
     std::optional<QString> openFile(const ChoixFichier& choix) override;
@@ -20,6 +24,7 @@ public:
 
 private:
     std::function<void(int)> aide_;
+    std::function<QString(Bouton)> captions_;
 };
 
 } // namespace velm
