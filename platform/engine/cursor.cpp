@@ -3,6 +3,7 @@
 
 #include <QDate>
 
+#include <algorithm>
 #include <limits>
 
 namespace velm {
@@ -25,7 +26,8 @@ Recordset::Private::Order Recordset::Private::makeOrder(const IndexDef* index) c
     made.index = index;
     made.columns = u"rowid"_s + fieldColumns;
     made.source = sql::quoted(name);
-    made.width = 1 + static_cast<int>(fieldCells.size());
+    made.width =
+        1 + static_cast<int>(std::count_if(fieldCells.begin(), fieldCells.end(), [](int at) { return at > 0; }));
     if (index != nullptr) {
         for (const IndexField& field : index->fields) {
             const FieldDef* definition = table->field(field.field);

@@ -113,6 +113,8 @@ private:
 /// Fast insertion into one table for makers of bases: values in the order of the given fields, key columns computed.
 /// Writers that live at the same time share one transaction (an open one is used), which ends with the last of them.
 /// On a table that is still empty the indexes that are not unique are built at the end, from sorted keys.
+/// The side table of a lazy field can be written by itself, row by row in the order of its owner's rows, so that the
+/// two do not lie mixed in the file. Bytes given to a text field are its UTF-8.
 class TableWriter {
 public:
     TableWriter(Database& database, const QString& table, const std::vector<QString>& fields);

@@ -11,8 +11,10 @@ struct TableWriter::Private {
     Database* database = nullptr;
     Database::Private* db = nullptr;
     const TableDef* table = nullptr;
-    std::vector<bool> keyed; ///< by given field: its key follows it
-    size_t lazy = SIZE_MAX;  ///< which of the given fields goes to the side table
+    TableDef itself;           ///< the table itself when it is a side table
+    std::vector<bool> keyed;   ///< by given field: its key follows it
+    std::vector<bool> textual; ///< by given field: bytes are UTF-8
+    size_t lazy = SIZE_MAX;    ///< which of the given fields goes to the side table
     sql::Statement insert;
     sql::Statement insertSide;
     std::vector<const IndexDef*> putOff;
@@ -21,6 +23,7 @@ struct TableWriter::Private {
     bool good = true;
     bool finished = false;
 
+    void find(const QString& name);
     bool prepare(const std::vector<QString>& fields);
     void putOffIndexes();
     bool add(const std::vector<QVariant>& row);
@@ -34,6 +37,17 @@ bool TableWriter::Private::failed() {
     return false;
 }
 
+void TableWriter::Private::find(const QString& name) {
+    table = db->schema.table(name);
+    for (const TableDef& owner : db->schema.tables) {
+        const FieldDef* lazyField = owner.lazyField.isEmpty() ? nullptr : owner.field(owner.lazyField);
+        if (lazyField == nullptr || sideTable(owner) != name)
+            continue;
+        itself = {name, {*lazyField}, {}, {}};
+        table = &itself;
+    }
+}
+
 bool TableWriter::Private::prepare(const std::vector<QString>& fields) {
     QStringList columns;
     const QStringList folded = foldedFields(*table);
@@ -41,6 +55,8 @@ bool TableWriter::Private::prepare(const std::vector<QString>& fields) {
     const bool side = !table->lazyField.isEmpty() && db->hasTable(sideTable(*table));
     for (size_t i = 0; i < fields.size(); ++i) {
         keyed.push_back(folded.contains(fields[i]) && present.contains(keyColumn(fields[i])));
+        const FieldDef* field = table->field(fields[i]);
+        textual.push_back(field != nullptr && (field->type == FieldType::Text || field->type == FieldType::Memo));
         if (side && fields[i] == table->lazyField) {
             lazy = i;
             continue;
@@ -80,6 +96,8 @@ bool TableWriter::Private::add(const std::vector<QVariant>& row) {
     int parameter = 0;
     for (size_t i = 0; i < row.size(); ++i) {
         values[i] = sql::Value::of(row[i]);
+        if (textual[i] && values[i].kind == sql::Value::Kind::Blob)
+            values[i].kind = sql::Value::Kind::Text;
         if (i == lazy)
             continue;
         insert.bind(++parameter, values[i]);
@@ -119,7 +137,7 @@ TableWriter::TableWriter(Database& database, const QString& table, const std::ve
     : d_(std::make_unique<Private>()) {
     d_->database = &database;
     d_->db = database.d();
-    d_->table = d_->db->schema.table(table);
+    d_->find(table);
     if (d_->table == nullptr || d_->db->handle == nullptr) {
         d_->db->error = u"no such table: "_s + table;
         d_->good = false;
