@@ -2,6 +2,7 @@
 
 #include "platform/text/number.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace velm {
@@ -11,26 +12,14 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr qsizetype largeurchamp = 5;
 
-/// Puts the hourglass up for a stretch of work, unless somebody has done so already.
-class Attente {
-public:
-    explicit Attente(Sablier& sablier) : sablier_(sablier), mis_(sablier.pointeur() != Sablier::attente) {
-        if (mis_)
-            sablier_.fixepointeur(Sablier::attente);
-    }
-    ~Attente() {
-        if (mis_)
-            sablier_.fixepointeur(Sablier::defaut);
-    }
-    Attente(const Attente&) = delete;
-    Attente& operator=(const Attente&) = delete;
+constexpr std::size_t maximumtaquets = 32;
 
-private:
-    Sablier& sablier_;
-    bool mis_;
-};
+// A control refuses values that mean nothing; the property then stays as it is and the next one is set.
 
-/// A control refuses values that mean nothing; the property then stays as it is and the next one is set.
+bool taillevalable(int points) {
+    return points >= 1 && points <= 2160;
+}
+
 bool alignementconnu(int alignement) {
     return alignement >= 0 && alignement <= 3;
 }
@@ -38,7 +27,7 @@ bool alignementconnu(int alignement) {
 void appliquecaracteres(RichTextControl& controle, const Style& style) {
     if (!style.nomdelafonte.isEmpty())
         controle.setSelFontName(style.nomdelafonte);
-    if (style.tailledelafonte > 0)
+    if (taillevalable(style.tailledelafonte))
         controle.setSelFontSize(style.tailledelafonte);
     controle.setSelBold(style.gras);
     controle.setSelUnderline(style.souligne);
@@ -73,6 +62,14 @@ void appliquetaquets(RichTextControl& controle, const Style& style) {
         controle.setSelTab(static_cast<int>(k), stops[k]);
 }
 
+/// Stops as a paragraph holds them.
+std::vector<std::int32_t> ordonne(std::vector<std::int32_t> stops) {
+    std::erase_if(stops, [](std::int32_t stop) { return stop <= 0; });
+    std::sort(stops.begin(), stops.end());
+    stops.erase(std::unique(stops.begin(), stops.end()), stops.end());
+    return stops;
+}
+
 /// Inserts at a position and leaves the inserted text selected.
 void insere(RichTextControl& controle, qsizetype position, const QString& texte) {
     controle.setSelStart(position);
@@ -101,7 +98,7 @@ void marque(RichTextControl& controle, const QString& nom, const TableStyles& st
 
 std::vector<std::int32_t> taquets(QStringView tabulations) {
     std::vector<std::int32_t> stops;
-    for (qsizetype i = 0; i + largeurchamp <= tabulations.size(); i += largeurchamp) {
+    for (qsizetype i = 0; i + largeurchamp <= tabulations.size() && stops.size() < maximumtaquets; i += largeurchamp) {
         const qint64 valeur = roundHalfEven(val(tabulations.sliced(i, largeurchamp)));
         stops.push_back(static_cast<std::int32_t>(std::clamp<qint64>(valeur, std::numeric_limits<std::int32_t>::min(),
                                                                      std::numeric_limits<std::int32_t>::max())));
@@ -132,7 +129,7 @@ ChangementStyle changementdestyle(const Style& style) {
              CharChange::Colour;
     if (!style.nomdelafonte.isEmpty())
         c.mask |= CharChange::Family;
-    if (style.tailledelafonte > 0)
+    if (taillevalable(style.tailledelafonte))
         c.mask |= CharChange::Size;
     c.values.family = style.nomdelafonte;
     c.values.size = 2 * style.tailledelafonte;
@@ -156,7 +153,7 @@ ChangementStyle changementdestyle(const Style& style) {
         p.values.alignment = static_cast<Alignment>(style.alignement);
     }
     if (!style.tabulations.isEmpty())
-        resultat.taquets = taquets(style.tabulations);
+        resultat.taquets = ordonne(taquets(style.tabulations));
     resultat.indentpuce = style.indentpuce;
     return resultat;
 }

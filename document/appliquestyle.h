@@ -23,7 +23,8 @@ struct ChangementStyle {
 };
 ChangementStyle changementdestyle(const Style& style);
 
-/// The stops that a run of five-character fields stands for; what is left over at the end is no field.
+/// The stops that a run of five-character fields stands for; what is left over at the end is no field. A control
+/// takes 32 stops at most.
 std::vector<std::int32_t> taquets(QStringView tabulations);
 
 } // namespace velm

@@ -36,11 +36,13 @@ public:
 };
 
 /// Markup that includes itself behind a text, or links whose bar stands behind their brace, can grow without end. A
-/// pass stops, and what stands is kept, before the text would pass `texte` positions, or when it has put in more than
-/// `insere` of them (one change counting for 32 at least): rewriting can also go round in circles without growing.
+/// pass stops, and what stands is kept, before the text would pass `texte` positions; when it has put in more than
+/// `insere` of them, one change counting for 32 at least (rewriting can go round in circles without growing); or before
+/// the lists keep more than `retenu` positions of shown text (links inside links are kept once for each level).
 struct BornesPasses {
     qsizetype texte = qsizetype{8} * 1024 * 1024;
     qsizetype insere = qsizetype{256} * 1024 * 1024;
+    qsizetype retenu = qsizetype{32} * 1024 * 1024;
 };
 
 struct ContextePasses {

@@ -1,92 +1,106 @@
+#include "document/passe_liens.h"
+
 #include "document/passes.h"
 
 namespace velm::passes {
 namespace {
 
+constexpr qsizetype entete = 3; ///< the brace, the letter, and a character that nobody reads
+
 class Liens {
 public:
-    Liens(RichText& texte, ListesLiens* listes, const BornesPasses& bornes)
-        : texte_(texte), listes_(listes), compteur_(bornes) {
-        if (listes_ != nullptr)
-            listes_->vide();
-    }
+    Liens(const Plat& texte, RichText& hote, ListesLiens* listes, const BornesPasses& bornes)
+        : suite_(texte, hote), listes_(listes), compteur_(bornes) {}
 
-    void passe() {
-        qsizetype p = texte_.indexOf(u'{');
-        while (p >= 0) {
-            const Pas pas = jeton(p);
+    Plat passe() {
+        while (suite_.avance(u'{')) {
+            const Pas pas = jeton();
             if (pas == Pas::Arret)
-                return;
-            p = texte_.indexOf(u'{', pas == Pas::Saute ? p + 1 : p);
+                break;
+            if (pas == Pas::Saute)
+                suite_.ecrit(1);
         }
+        return suite_.finit();
     }
 
 private:
     enum class Pas { Saute, Change, Arret };
 
-    Pas jeton(qsizetype p) {
-        const char16_t c = texte_.at(p + 1);
-        const qsizetype q = texte_.indexOf(u'}', p + 1);
+    Pas jeton() {
+        const char16_t c = suite_.suivant(1);
+        const auto q = suite_.accolade();
         if (c != u'L' && c != u'U' && c != u'E') {
-            if (q < 0)
+            if (!q)
                 return Pas::Saute;
-            texte_.remove(p, q + 1 - p);
+            suite_.laisse(*q + 1);
             return Pas::Change;
         }
-        if (q < 0 && c != u'U')
+        if (!q && c != u'U')
             return Pas::Saute;
-        const qsizetype b = texte_.indexOf(u'|', p + 1);
-        if (c == u'L' && (b < 0 || q <= b))
+        const auto b = suite_.barre();
+        if (c == u'L' && (!b || *q <= *b))
             return Pas::Saute;
         // A web or mail token without its bar, a web token without its end: nothing changes, nor ever will.
-        if (q < 0 || b < 0)
+        if (!q || !b)
             return Pas::Arret;
-        return lien(c, p, q, b);
+        return lien(c, *q, *b);
     }
 
-    Pas lien(char16_t c, qsizetype p, qsizetype q, qsizetype b) {
-        const qsizetype debut = p + 3;
-        const qsizetype retire = q + 1 - p;
-        const qsizetype longueur = b - debut;
-        if (longueur >= 0 && !compteur_.permet(texte_.length(), retire, longueur))
+    /// `q` and `b` are the distances of the brace and the bar from the token's start.
+    Pas lien(char16_t c, qsizetype q, qsizetype b) {
+        const qsizetype longueur = b - entete;
+        if (longueur >= 0 && q < b && !compteur_.permet(suite_.longueur(), q + 1, longueur))
             return Pas::Arret;
-        note(c, p, q, b);
-        // Without even the character that is skipped there is no shown text: that statement fails each time.
+        if (longueur >= 0 && c == u'L' && listes_ != nullptr && !compteur_.retient(longueur))
+            return Pas::Arret;
+        if (listes_ != nullptr)
+            note(c, q, b);
+        // Without even the character that nobody reads there is no shown text: that statement fails each time.
         if (longueur < 0)
             return Pas::Arret;
-        const QString montre = texte_.text(debut, longueur);
-        const bool pareil = longueur == retire && montre == texte_.text(p, retire);
-        texte_.replace(p, retire, montre);
+        // The same three characters again: a token that puts itself back.
+        const bool pareil =
+            q + 1 == entete && longueur == entete && suite_.texte(0, entete) == suite_.texte(q + 1, entete);
+        suite_.montre(q, b);
         return pareil ? Pas::Arret : Pas::Change;
     }
 
     /// Positions are recorded by their arithmetic from the token. A length below 0 makes a statement fail, which is
-    /// passed over.
-    void note(char16_t c, qsizetype p, qsizetype q, qsizetype b) {
-        if (listes_ == nullptr)
-            return;
-        auto& debuts = c == u'L'   ? listes_->Listestarthyperlien
-                       : c == u'U' ? listes_->ListeStartUrl
-                                   : listes_->ListeStartEmail;
-        auto& cibles = c == u'L' ? listes_->Listehyperlien : c == u'U' ? listes_->ListeUrl : listes_->ListeEmail;
-        auto& fins = c == u'L' ? listes_->Listeendhyperlien : c == u'U' ? listes_->ListeEndUrl : listes_->ListeEndEmail;
-        debuts.ajoute(p);
-        if (q > b)
-            cibles.append(texte_.text(b + 1, q - b - 1));
-        fins.ajoute(b - 3);
-        if (c == u'L' && b >= p + 3)
-            listes_->ListeValeurHyperLien.append(texte_.text(p + 3, b - p - 3));
+    /// passed over: that list then has one row less than its companions.
+    void note(char16_t c, qsizetype q, qsizetype b) {
+        const qsizetype p = suite_.position();
+        if (c == u'L') {
+            noterang(listes_->Listestarthyperlien, listes_->Listehyperlien, listes_->Listeendhyperlien, p, q, b);
+            if (b >= entete)
+                listes_->ListeValeurHyperLien.append(suite_.texte(entete, b - entete));
+        } else if (c == u'U') {
+            noterang(listes_->ListeStartUrl, listes_->ListeUrl, listes_->ListeEndUrl, p, q, b);
+        } else {
+            noterang(listes_->ListeStartEmail, listes_->ListeEmail, listes_->ListeEndEmail, p, q, b);
+        }
     }
 
-    RichText& texte_;
+    void noterang(ListePositions& debuts, QStringList& cibles, ListePositions& fins, qsizetype p, qsizetype q,
+                  qsizetype b) {
+        debuts.ajoute(p);
+        if (q > b)
+            cibles.append(suite_.cible());
+        fins.ajoute(p + b - entete);
+    }
+
+    SuiteLiens suite_;
     ListesLiens* listes_;
     Compteur compteur_;
 };
 
 } // namespace
 
-void liens(RichText& texte, ListesLiens* listes, const BornesPasses& bornes) {
-    Liens(texte, listes, bornes).passe();
+std::optional<Plat> liens(const Plat& texte, RichText& hote, ListesLiens* listes, const BornesPasses& bornes) {
+    if (listes != nullptr)
+        listes->vide();
+    if (!texte.texte().contains(u'{'))
+        return std::nullopt;
+    return Liens(texte, hote, listes, bornes).passe();
 }
 
 } // namespace velm::passes

@@ -1,6 +1,13 @@
 #pragma once
-// The four passes one by one, on the control's text itself. Private to this folder and to its tests.
+// The four passes one by one. Private to this folder and to its tests.
+//
+// Each reads a flat text from left to right and writes a new one. What a pass changes can make a new token arise only
+// at the seam of the change: at most two characters of what is written already belong to it. So nothing is searched
+// twice, however the tokens lie.
 #include "document/balises.h"
+#include "document/plat.h"
+
+#include <optional>
 
 namespace velm::passes {
 
@@ -12,22 +19,32 @@ inline constexpr qsizetype insertionminimale = 32;
 class Compteur {
 public:
     explicit Compteur(const BornesPasses& bornes) : bornes_(bornes) {}
-    /// A change of a text of `longueur` positions: true when it may be made.
+    /// `insere` positions more in a text of `longueur`, where `retire` go: true when that may be done.
     bool permet(qsizetype longueur, qsizetype retire, qsizetype insere) {
         if (insere > retire && longueur - retire + insere > bornes_.texte)
             return false;
         total_ += std::max(insertionminimale, insere);
         return total_ <= bornes_.insere;
     }
+    /// A shown text that a list keeps.
+    bool retient(qsizetype longueur) {
+        retenu_ += longueur;
+        return retenu_ <= bornes_.retenu;
+    }
 
 private:
     BornesPasses bornes_;
     qsizetype total_ = 0;
+    qsizetype retenu_ = 0;
 };
 
-void inclusions(RichText& texte, SourceDeContenu& source, const BornesPasses& bornes);
-void sautsdepage(RichText& texte);
-void sections(RichTextControl& controle, bool abc, const ContextePasses& contexte);
-void liens(RichText& texte, ListesLiens* listes, const BornesPasses& bornes);
+// Each gives nothing when it has nothing to change. `hote` is the text whose format numbers count.
+
+std::optional<Plat> inclusions(const Plat& texte, RichText& hote, SourceDeContenu& source, const BornesPasses& bornes);
+std::optional<Plat> sautsdepage(const Plat& texte, RichText& hote);
+std::optional<Plat> sections(const Plat& texte, RichText& hote, RichTextControl& controle, bool abc,
+                             const ContextePasses& contexte);
+/// The lists are emptied first.
+std::optional<Plat> liens(const Plat& texte, RichText& hote, ListesLiens* listes, const BornesPasses& bornes);
 
 } // namespace velm::passes

@@ -23,4 +23,23 @@ private:
     int valeur_ = defaut;
 };
 
+/// Puts the hourglass up for a stretch of work, unless somebody has done so already.
+class Attente {
+public:
+    explicit Attente(Sablier& sablier) : sablier_(sablier), mis_(sablier.pointeur() != Sablier::attente) {
+        if (mis_)
+            sablier_.fixepointeur(Sablier::attente);
+    }
+    ~Attente() {
+        if (mis_)
+            sablier_.fixepointeur(Sablier::defaut);
+    }
+    Attente(const Attente&) = delete;
+    Attente& operator=(const Attente&) = delete;
+
+private:
+    Sablier& sablier_;
+    bool mis_;
+};
+
 } // namespace velm
