@@ -56,7 +56,8 @@ void PaperLayout::setDpi(int dpi) {
 }
 
 double PaperLayout::fontHeight() const {
-    return shown_ != nullptr ? shown_->mainFormat().size / 144.0 * device_.dpi : device_.dpi / 6.0;
+    const int halfPoints = shown_ != nullptr ? shown_->mainFormat().size : 24;
+    return std::clamp(halfPoints, 12, 96) / 144.0 * device_.dpi;
 }
 
 int PaperLayout::widestTabs() const {

@@ -10,6 +10,7 @@ namespace velm {
 
 namespace {
 
+constexpr int longest = 32767; // twips
 constexpr int fileHeader = 14; // what a bitmap in memory lacks to be a bitmap file
 
 std::uint32_t number32(const QByteArray& bytes, qsizetype at) {
@@ -79,7 +80,7 @@ QImage pictureOf(const RichObject& object) {
 
 QSize pictureSize(const RichObject& object) {
     if (object.width > 0 && object.height > 0) {
-        return {object.width, object.height};
+        return {std::min(object.width, longest), std::min(object.height, longest)};
     }
     Source source = sourceOf(object);
     QSize dots;
@@ -87,10 +88,11 @@ QSize pictureSize(const RichObject& object) {
         QBuffer buffer(&source.data);
         dots = QImageReader(&buffer, source.format).size();
     }
-    if (dots.isEmpty() || dots.width() > 32767 || dots.height() > 32767) {
+    if (dots.isEmpty()) {
         return {twipsPerInch, twipsPerInch};
     }
-    return dots * twipsPerPixel;
+    const int most = longest / twipsPerPixel;
+    return QSize(std::min(dots.width(), most), std::min(dots.height(), most)) * twipsPerPixel;
 }
 
 } // namespace velm

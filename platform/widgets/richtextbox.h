@@ -109,6 +109,7 @@ private:
     void placeLinks();
     void hover(const QPoint& point);
     void leaveHover();
+    void showMargins();
     void startSettling();
     Anchor anchor() const;
     void restore(const Anchor& anchor);

@@ -105,7 +105,9 @@ void RichTextBox::mouseReleaseEvent(QMouseEvent* event) {
 void RichTextBox::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     if (event->reason() == QContextMenuEvent::Mouse) {
-        const int position = layout_->hitTest(toDocument(viewport()->mapFromGlobal(event->globalPos())), Qt::FuzzyHit);
+        const QPointF point = toDocument(viewport()->mapFromGlobal(event->globalPos()));
+        const int exact = layout_->characterAt(point);
+        const int position = exact >= 0 ? exact : layout_->hitTest(point, Qt::FuzzyHit);
         emit rightClicked(shown_.toModel(position), event->globalPos());
     } else {
         const QPoint caret = viewport()->mapToGlobal(cursorRect().bottomLeft());
@@ -128,6 +130,18 @@ void RichTextBox::wheelEvent(QWheelEvent* event) {
 
 // ---- keys
 
+// With the caret on the first or last line the sheet's margin beyond it shows too.
+void RichTextBox::showMargins() {
+    QScrollBar& bar = *verticalScrollBar();
+    const int margin = layout_->page().margin;
+    const QRect caret = cursorRect();
+    if (bar.value() <= 2 * margin && caret.top() + bar.value() <= 2 * margin) {
+        bar.setValue(bar.minimum());
+    } else if (bar.value() >= bar.maximum() - 2 * margin && textCursor().atEnd()) {
+        bar.setValue(bar.maximum());
+    }
+}
+
 void RichTextBox::keyPressEvent(QKeyEvent* event) {
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);
     if (control && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)) {
@@ -142,6 +156,7 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
         emit clicked(control_.selStart());
     } else {
         QTextEdit::keyPressEvent(event);
+        showMargins();
         return;
     }
     event->accept();

@@ -38,6 +38,19 @@ char16_t shape(char16_t unit, bool object) {
     }
 }
 
+/// No length beyond what fits in sixteen bits, so that sums and pixels stay within bounds.
+ParaFormat bounded(ParaFormat format) {
+    const auto bound = [](std::int32_t& twips) { twips = std::clamp(twips, -32767, 32767); };
+    for (std::int32_t* length : {&format.startIndent, &format.offset, &format.rightIndent, &format.spaceBefore,
+                                 &format.spaceAfter, &format.lineSpacing}) {
+        bound(*length);
+    }
+    for (std::int32_t& stop : format.tabs) {
+        bound(stop);
+    }
+    return format;
+}
+
 } // namespace
 
 ShownText::ShownText() : ShownText(RichText()) {}
@@ -106,8 +119,12 @@ void ShownText::endParagraph(const RichText& rich, qsizetype position, FormatId 
     paragraph.format = position < 0 ? rich.tailParagraph() : rich.paraFormatIdAt(position);
     if (paragraph.format >= formats_.size()) {
         formats_.resize(paragraph.format + 1);
+        known_.resize(paragraph.format + 1);
     }
-    formats_[paragraph.format] = rich.paraFormat(paragraph.format);
+    if (!known_[paragraph.format]) {
+        known_[paragraph.format] = true;
+        formats_[paragraph.format] = bounded(rich.paraFormat(paragraph.format));
+    }
 }
 
 void ShownText::findMainFormat(const RichText& rich) {

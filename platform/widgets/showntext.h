@@ -34,7 +34,7 @@ public:
 
     int count() const { return static_cast<int>(paragraphs_.size()); }
     const ShownParagraph& paragraph(int number) const;
-    const ParaFormat& format(int number) const;
+    const ParaFormat& format(int number) const; ///< no length beyond 32767 twips
     const std::vector<ShownRun>& runs() const { return runs_; }
 
     /// Paragraph ends as U+2029, line ends inside a paragraph as U+2028; what has no shape is a joiner of no width.
@@ -61,7 +61,8 @@ private:
 
     std::vector<ShownParagraph> paragraphs_;
     std::vector<ShownRun> runs_;
-    std::vector<ParaFormat> formats_; // by id; unused ids are default
+    std::vector<ParaFormat> formats_; // by id, those that known_ tells
+    std::vector<bool> known_;
     std::vector<RichObject> objects_;
     QString text_;
     qsizetype modelLength_ = 0;

@@ -49,7 +49,7 @@ QString chooseFamily(const QString& family) {
 double raisedBy(std::int32_t twips, const QFont& font) {
     const QFontMetricsF metrics(font);
     const double points = metrics.height() * 72.0 / metrics.fontDpi();
-    return points > 0 ? twips * 100.0 / (points * twipsPerPoint) : 0;
+    return points > 0 ? std::clamp(twips, -32767, 32767) * 100.0 / (points * twipsPerPoint) : 0;
 }
 
 } // namespace
