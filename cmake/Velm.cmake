@@ -47,17 +47,9 @@ function(velm_pch target kind)
   endif()
 endfunction()
 
-# A room without sources yet still links.
-macro(velm_placeholder list)
-  if(NOT ${list})
-    set(${list} ${CMAKE_BINARY_DIR}/pch_core.cpp)
-  endif()
-endmacro()
-
 # velm_logic(NAME files... [LINK libs...]): a room's logic; no Qt beyond Core unless linked by name.
 function(velm_logic name)
   cmake_parse_arguments(A "" "" "LINK" ${ARGN})
-  velm_placeholder(A_UNPARSED_ARGUMENTS)
   add_library(${name} STATIC ${A_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PUBLIC velm_flags Qt6::Core ${A_LINK})
   get_target_property(libs ${name} LINK_LIBRARIES)
@@ -72,7 +64,6 @@ endfunction()
 # velm_ui(NAME files... [LINK libs...]): a room's windows.
 function(velm_ui name)
   cmake_parse_arguments(A "" "" "LINK" ${ARGN})
-  velm_placeholder(A_UNPARSED_ARGUMENTS)
   add_library(${name} STATIC ${A_UNPARSED_ARGUMENTS})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PUBLIC velm_flags Qt6::Widgets ${A_LINK})

@@ -10,6 +10,7 @@
 #include "platform/system/outside.h"
 #include "platform/system/process.h"
 #include "platform/system/singleinstance.h"
+#include "platform/text/failure.h"
 
 #include <QPointer>
 
