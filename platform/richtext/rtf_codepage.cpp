@@ -117,14 +117,14 @@ std::vector<CodePage> makeSinglePages() {
         page.number = upper.number;
         setLower(page);
         std::copy(upper.units.begin(), upper.units.end(), page.units.begin() + 0x80);
-        pages.push_back(std::move(page));
+        pages.push_back(page);
     }
     for (const int number : {symbolPage, 819, 28591})
         pages.push_back(identityPage(number));
     CodePage utf8 = identityPage(65001);
     utf8.kind = CodePage::Kind::Utf8;
     std::fill(utf8.units.begin() + 0x80, utf8.units.end(), char16_t{0});
-    pages.push_back(std::move(utf8));
+    pages.push_back(utf8);
     return pages;
 }
 

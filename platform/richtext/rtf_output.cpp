@@ -278,8 +278,22 @@ void Output::character(const CharFormat& format) {
 }
 
 void Output::text(QStringView units) {
-    for (const QChar c : units)
-        unit(c.unicode());
+    const auto isPlain = [](QChar c) { return c >= u' ' && c < u'\x7F' && c != u'\\' && c != u'{' && c != u'}'; };
+    for (qsizetype i = 0; i < units.size();) {
+        const qsizetype from = i++;
+        if (!isPlain(units[from])) {
+            unit(units[from].unicode());
+            continue;
+        }
+        put(units[from].toLatin1());
+        while (i < units.size() && isPlain(units[i]))
+            ++i;
+        const qsizetype at = bytes_.size();
+        bytes_.resize(at + i - from - 1);
+        char* to = bytes_.data() + at;
+        for (qsizetype k = from + 1; k < i; ++k)
+            *to++ = units[k].toLatin1();
+    }
 }
 
 void Output::picture(const RichObject& object) {

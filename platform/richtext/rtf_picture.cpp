@@ -112,8 +112,8 @@ PictureSize emfSize(QByteArrayView data) {
 /// Appends the bytes of hexadecimal digits from `p` on; stops at what is neither digit nor blank.
 const char* readHex(const char* p, const char* end, QByteArray& data, int& half) {
     for (; p != end; ++p) {
-        const int digit = charTables.hex[byteAt(p)];
-        if (digit >= 0) {
+        const std::uint8_t digit = charTables.hex[byteAt(p)];
+        if (digit != CharTables::noDigit) {
             if (half < 0) {
                 half = digit;
                 continue;

@@ -35,15 +35,16 @@ constexpr Sort sortOf(unsigned char c) {
 
 struct CharTables {
     Sort sort[256];
-    std::int8_t hex[256]; ///< value of a hexadecimal digit, else -1
+    std::uint8_t hex[256]; ///< value of a hexadecimal digit, else noDigit
+    static constexpr std::uint8_t noDigit = 0xFF;
     constexpr CharTables() : sort(), hex() {
         for (unsigned i = 0; i < 256; ++i) {
             const auto c = static_cast<unsigned char>(i);
             sort[i] = sortOf(c);
-            hex[i] = static_cast<std::int8_t>(c >= '0' && c <= '9'   ? c - '0'
-                                              : c >= 'a' && c <= 'f' ? c - 'a' + 10
-                                              : c >= 'A' && c <= 'F' ? c - 'A' + 10
-                                                                     : -1);
+            hex[i] = static_cast<std::uint8_t>(c >= '0' && c <= '9'   ? c - '0'
+                                               : c >= 'a' && c <= 'f' ? c - 'a' + 10
+                                               : c >= 'A' && c <= 'F' ? c - 'A' + 10
+                                                                      : noDigit);
         }
     }
 };
@@ -65,9 +66,9 @@ inline bool isDigit(char c) {
 inline int hexByte(const char* p, const char* end) {
     if (end - p < 2)
         return -1;
-    const int high = charTables.hex[byteAt(p)];
-    const int low = charTables.hex[byteAt(p + 1)];
-    return (high | low) < 0 ? -1 : high * 16 + low;
+    const unsigned high = charTables.hex[byteAt(p)];
+    const unsigned low = charTables.hex[byteAt(p + 1)];
+    return (high | low) > 15 ? -1 : static_cast<int>(high * 16 + low);
 }
 
 /// Copies plain characters to `out`, which moves on, up to the first that is not; returns its place. Up to 16 units
