@@ -31,8 +31,8 @@ last=""
 for _ in $(seq 60); do
   sleep 0.5
   kill -0 "$program" 2>/dev/null || { echo "the program ended before its window stood" >&2; exit 1; }
-  xdotool search --onlyvisible --pid "$program" >/dev/null 2>&1 || continue
   import -silent -window root "$temp/shot.png"
+  xdotool search --onlyvisible --pid "$program" >/dev/null 2>&1 || continue
   now=$(identify -format '%#' "$temp/shot.png")
   [ "$now" = "$last" ] && break
   last=$now

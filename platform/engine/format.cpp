@@ -87,7 +87,8 @@ FileFormat detectFormat(const QString& path) {
     // A pipe or a device would keep the program waiting.
     if (!info.isFile())
         return FileFormat::Unreadable;
-    RawFile file(path);
+    // The file layer itself follows no symbolic links.
+    RawFile file(info.canonicalFilePath());
     if (!file.isOpen())
         return FileFormat::Unreadable;
     Header header{};

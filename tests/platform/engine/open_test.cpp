@@ -1,0 +1,410 @@
+// What opens, what does not, and what each failure is called.
+#include "tests/platform/engine/base.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+namespace velm::testing {
+namespace {
+
+class OpenTest : public EngineTest {
+protected:
+    OpenError errorOf(const QString& file, OpenMode mode = OpenMode::Shared) {
+        const Database::Opened opened = Database::open(file, mode, corpusSchema());
+        EXPECT_EQ(opened.database == nullptr, opened.error != OpenError::None);
+        EXPECT_EQ(opened.message.isEmpty(), opened.error == OpenError::None);
+        return opened.error;
+    }
+    void expectBoth(const QString& file, OpenError error) {
+        EXPECT_EQ(errorOf(file, OpenMode::Shared), error);
+        EXPECT_EQ(errorOf(file, OpenMode::ExclusiveReadOnly), error);
+    }
+    void write(const QByteArray& bytes, const QString& name = u"base.dat"_s) {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    QByteArray contents() {
+        QFile file(path());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+    void make(const QString& name = u"base.dat"_s) {
+        auto made = Database::create(path(name), corpusSchema());
+        ASSERT_TRUE(made.database) << made.message.toStdString();
+        fill(*made.database, u"paramètres"_s, {u"nbarticles"_s}, {{u"     3"_s}});
+        std::vector<std::vector<QVariant>> words;
+        for (int i = 0; i < 2000; ++i)
+            words.push_back({u"MOT%1"_s.arg(i), QByteArray("A\0\0\1", 4)});
+        fill(*made.database, u"dico"_s, {u"mot"_s, u"liste"_s}, words);
+    }
+};
+
+/// Acts as a user without rights while it lives; the tests may run as one who has them all.
+class WithoutRights {
+public:
+    WithoutRights() {
+#ifdef Q_OS_UNIX
+        if (geteuid() == 0)
+            changed_ = seteuid(65534) == 0;
+#endif
+    }
+    ~WithoutRights() {
+#ifdef Q_OS_UNIX
+        if (changed_ && seteuid(0) != 0)
+            abort();
+#endif
+    }
+    WithoutRights(const WithoutRights&) = delete;
+    WithoutRights& operator=(const WithoutRights&) = delete;
+
+private:
+    bool changed_ = false;
+};
+
+TEST_F(OpenTest, AMissingFileFailsAndNoneIsMade) {
+    expectBoth(path(), OpenError::Missing);
+    expectBoth(path(u"no/folder/base.dat"_s), OpenError::Missing);
+    EXPECT_FALSE(QFile::exists(path()));
+    EXPECT_EQ(errorOf(QString()), OpenError::Unreadable) << "the empty path is the current folder";
+}
+
+TEST_F(OpenTest, AFolderIsUnreadable) {
+    QDir().mkdir(path());
+    expectBoth(path(), OpenError::Unreadable);
+}
+
+#ifdef Q_OS_UNIX
+TEST_F(OpenTest, APipeDoesNotKeepTheProgramWaiting) {
+    ASSERT_EQ(mkfifo(path().toUtf8().constData(), 0600), 0);
+    expectBoth(path(), OpenError::Unreadable);
+}
+#endif
+
+TEST_F(OpenTest, WhatIsNoBaseIsForeign) {
+    for (const QByteArray& bytes :
+         {QByteArray(), QByteArray("x"), QByteArray("SQLite format 3\0", 16), QByteArray("SQLite format 3 "),
+          QByteArray(100, '\0'), QByteArray(100, ' '), QByteArray("SQLite format 3\0", 16) + QByteArray(4096, '\0'),
+          QByteArray("SQLite format 3\0", 16) + QByteArray(4096, '\xff'),
+          QByteArray("{\\rtf1 texte}").repeated(1000)}) {
+        write(bytes);
+        expectBoth(path(), OpenError::Foreign);
+        EXPECT_EQ(contents(), bytes) << "the file is not touched";
+    }
+}
+
+TEST_F(OpenTest, AFileOfAnOldEngineIsRecognisedBySignature) {
+    for (const char* signature : {"Standard Jet DB", "Standard ACE DB"}) {
+        const QByteArray bytes = QByteArray("\0\1\0\0", 4) + signature + QByteArray(1, '\0');
+        write(bytes);
+        expectBoth(path(), OpenError::OldEngine);
+        write(bytes + QByteArray(5000, '\0'));
+        expectBoth(path(), OpenError::OldEngine);
+        write(' ' + bytes + QByteArray(5000, '\0'));
+        expectBoth(path(), OpenError::Foreign);
+    }
+}
+
+TEST_F(OpenTest, OldFilesOfTheFieldAreRecognised) {
+    const QDir folder(QStringLiteral(VELM_SOURCE_DIR "/../shared/jet"));
+    const QStringList files = folder.entryList({u"*.dat"_s}, QDir::Files);
+    if (files.isEmpty())
+        GTEST_SKIP() << "no old files here";
+    for (const QString& file : files)
+        expectBoth(folder.filePath(file), OpenError::OldEngine);
+}
+
+TEST_F(OpenTest, AnotherProgramsBaseIsForeign) {
+    foreign(u"CREATE TABLE autre(a); INSERT INTO autre VALUES(1)"_s);
+    expectBoth(path(), OpenError::Foreign);
+}
+
+TEST_F(OpenTest, SharedIsUpdatableAndReadOnlyIsNot) {
+    make();
+    EXPECT_TRUE(open(corpusSchema(), OpenMode::Shared)->updatable());
+    const auto base = open(corpusSchema(), OpenMode::ExclusiveReadOnly);
+    EXPECT_FALSE(base->updatable());
+    EXPECT_EQ(base->path(), path());
+    const auto settings = base->openTable(u"paramètres"_s);
+    settings->edit();
+    settings->setValue(u"nbarticles"_s, u"9"_s);
+    EXPECT_FALSE(settings->update());
+    EXPECT_NE(settings->lastError(), QString());
+    EXPECT_FALSE(settings->remove());
+    EXPECT_EQ(settings->text(u"nbarticles"_s), u"     3"_s);
+}
+
+TEST_F(OpenTest, AReadOnlyFileOrFolderFailsSharedAndOpensReadOnly) {
+    make();
+    const QString folder = QFileInfo(path()).absolutePath();
+    const auto all = QFileDevice::ReadOther | QFileDevice::ReadGroup | QFileDevice::ReadOwner | QFileDevice::ExeOther |
+                     QFileDevice::ExeGroup | QFileDevice::ExeOwner;
+    const auto writing = QFileDevice::WriteOther | QFileDevice::WriteGroup | QFileDevice::WriteOwner;
+    QFile::setPermissions(folder, all);
+    QFile::setPermissions(path(), all | writing);
+    {
+        const WithoutRights nobody;
+        EXPECT_EQ(errorOf(path()), OpenError::ReadOnly) << "the folder";
+        EXPECT_EQ(errorOf(path(), OpenMode::ExclusiveReadOnly), OpenError::None);
+    }
+    QFile::setPermissions(folder, all | writing);
+    QFile::setPermissions(path(), all);
+    {
+        const WithoutRights nobody;
+        EXPECT_EQ(errorOf(path()), OpenError::ReadOnly) << "the file";
+        EXPECT_EQ(errorOf(path(), OpenMode::ExclusiveReadOnly), OpenError::None);
+        EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList{u"base.dat"_s}) << "nothing is made beside it";
+    }
+    QFile::setPermissions(path(), QFileDevice::Permissions());
+    {
+        const WithoutRights nobody;
+        expectBoth(path(), OpenError::Unreadable);
+    }
+}
+
+TEST_F(OpenTest, NamesWithSignsOfAddressesOpenBothWays) {
+    QDir().mkdir(path(u"d?x=1&y#z%20é ü"_s));
+    for (const QString& name : {u"a?immutable=0#b.dat"_s, u"100%25.dat"_s, u"file:base.dat"_s, u"é à.dat"_s,
+                                u"d?x=1&y#z%20é ü/base.dat"_s, u"a'b\"c.dat"_s}) {
+        SCOPED_TRACE(name.toStdString());
+        make(name);
+        EXPECT_EQ(errorOf(path(name), OpenMode::Shared), OpenError::None);
+        EXPECT_EQ(errorOf(path(name), OpenMode::ExclusiveReadOnly), OpenError::None);
+    }
+}
+
+TEST_F(OpenTest, DoubledSeparatorsOpen) {
+    make();
+    const QString folder = QFileInfo(path()).absolutePath();
+    for (const QString& file : {folder + u"//base.dat"_s, u"//"_s + path(), folder + u"/./base.dat"_s}) {
+        EXPECT_EQ(errorOf(file, OpenMode::Shared), OpenError::None);
+        EXPECT_EQ(errorOf(file, OpenMode::ExclusiveReadOnly), OpenError::None);
+    }
+}
+
+TEST_F(OpenTest, ASymbolicLinkToABaseOpensBothWays) {
+    make();
+    const QString link = path() + u"-link"_s;
+    ASSERT_TRUE(QFile::link(path(), link));
+    expectBoth(link, OpenError::None);
+}
+
+TEST_F(OpenTest, ARelativePathOpens) {
+    make();
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(QFileInfo(path()).absolutePath());
+    expectBoth(u"base.dat"_s, OpenError::None);
+    expectBoth(u"./base.dat"_s, OpenError::None);
+    QDir::setCurrent(before);
+}
+
+TEST_F(OpenTest, ABaseOpenElsewhereStillOpens) {
+    make();
+    const auto first = open(corpusSchema());
+    const auto second = open(corpusSchema());
+    ASSERT_TRUE(first && second);
+    EXPECT_EQ(first->openTable(u"dico"_s)->text(u"mot"_s), second->openTable(u"dico"_s)->text(u"mot"_s));
+}
+
+#ifdef Q_OS_UNIX
+/// Whether another process finds a lock on the file.
+bool lockedForOthers(const QString& file) {
+    const pid_t child = fork();
+    if (child == 0) {
+        struct flock lock = {};
+        lock.l_type = F_WRLCK;
+        const int descriptor = ::open(file.toUtf8().constData(), O_RDWR);
+        const bool locked = fcntl(descriptor, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+        _exit(locked ? 1 : 0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 1;
+}
+
+TEST_F(OpenTest, LooksAtAFileWithoutDroppingTheLocksOfItsOwnProcess) {
+    make();
+    EXPECT_FALSE(lockedForOthers(path()));
+    const auto base = open(corpusSchema());
+    ASSERT_TRUE(base->begin());
+    EXPECT_TRUE(lockedForOthers(path()));
+    EXPECT_EQ(errorOf(path(), OpenMode::Shared), OpenError::None);
+    EXPECT_EQ(errorOf(path(), OpenMode::ExclusiveReadOnly), OpenError::None);
+    EXPECT_TRUE(lockedForOthers(path()));
+}
+
+TEST_F(OpenTest, ReleasedLocksAreGoneForOthers) {
+    make();
+    const auto base = open(corpusSchema());
+    const auto words = base->openTable(u"dico"_s);
+    words->seek(Seek::Equal, u"MOT5"_s);
+    EXPECT_TRUE(lockedForOthers(path()));
+    base->releaseLocks();
+    EXPECT_FALSE(lockedForOthers(path()));
+}
+#endif
+
+TEST_F(OpenTest, ATruncatedFileIsForeign) {
+    make();
+    const QByteArray whole = contents();
+    const qsizetype pageSize = 4096;
+    ASSERT_GT(whole.size(), 10 * pageSize);
+    for (qsizetype size = 0; size < whole.size(); size += pageSize) {
+        write(whole.left(size));
+        expectBoth(path(), OpenError::Foreign);
+    }
+    write(whole.left(whole.size() - 1));
+    expectBoth(path(), OpenError::Foreign);
+    write(whole);
+    expectBoth(path(), OpenError::None);
+    write(whole + QByteArray(4096, '\0'));
+    expectBoth(path(), OpenError::None);
+}
+
+TEST_F(OpenTest, AnInterruptedChangeIsUndoneAtTheSharedOpening) {
+    make();
+    const QByteArray before = contents();
+    QByteArray journal;
+    QByteArray half;
+    {
+        const auto base = open(corpusSchema());
+        ASSERT_TRUE(base->execute(u"PRAGMA cache_size=5"_s));
+        ASSERT_TRUE(base->begin());
+        // More than the cache holds, so that some of it is in the file before the end.
+        ASSERT_TRUE(base->execute(u"UPDATE dico SET liste=zeroblob(600)"_s));
+        half = contents();
+        QFile file(path(u"base.dat-journal"_s));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        journal = file.readAll();
+        base->rollback();
+    }
+    ASSERT_NE(half, before);
+    write(half);
+    write(journal, u"base.dat-journal"_s);
+    EXPECT_EQ(errorOf(path(), OpenMode::ExclusiveReadOnly), OpenError::Unreadable)
+        << "without writing it cannot be undone, and half a change is not shown";
+    EXPECT_EQ(errorOf(path(), OpenMode::Shared), OpenError::None);
+    EXPECT_EQ(contents(), before);
+    EXPECT_EQ(errorOf(path(), OpenMode::ExclusiveReadOnly), OpenError::None);
+}
+
+TEST_F(OpenTest, AnEmptyOrWipedJournalIsNoObstacle) {
+    make();
+    write(QByteArray(), u"base.dat-journal"_s);
+    EXPECT_EQ(errorOf(path(), OpenMode::ExclusiveReadOnly), OpenError::None);
+    write(QByteArray(512, '\0'), u"base.dat-journal"_s);
+    EXPECT_EQ(errorOf(path(), OpenMode::ExclusiveReadOnly), OpenError::None);
+}
+
+TEST_F(OpenTest, AnUpdateToolWritesAfterTheLocksAreReleased) {
+    make();
+    const auto base = open(corpusSchema());
+    const auto words = base->openTable(u"dico"_s);
+    words->seek(Seek::Equal, u"MOT5"_s);
+    words->moveNext();
+    EXPECT_EQ(words->text(u"mot"_s), u"MOT50"_s);
+    base->releaseLocks();
+    foreign(u"DELETE FROM dico WHERE mot='MOT500'"_s);
+    words->moveNext();
+    EXPECT_EQ(words->text(u"mot"_s), u"MOT501"_s) << "the walk goes on in what is there now";
+}
+
+TEST_F(OpenTest, AFileReplacedByAnotherIsReadOnAsItWas) {
+    make();
+    const auto base = open(corpusSchema());
+    const auto words = base->openTable(u"dico"_s);
+    make(u"new.dat"_s);
+    ASSERT_EQ(std::rename(path(u"new.dat"_s).toUtf8().constData(), path().toUtf8().constData()), 0);
+    EXPECT_EQ(rest(*words, u"mot"_s).size(), 2000);
+    words->seek(Seek::Equal, u"MOT77"_s);
+    EXPECT_FALSE(words->noMatch());
+}
+
+TEST_F(OpenTest, AMissingTableIsNoticedAtItsFirstUse) {
+    make();
+    foreign(u"DROP TABLE liens"_s);
+    const auto base = open(corpusSchema());
+    const auto links = base->openTable(u"liens"_s);
+    ASSERT_TRUE(links);
+    EXPECT_FALSE(links->usable());
+    EXPECT_EQ(links->table(), u"liens"_s);
+    EXPECT_THROW(links->setIndex(u"liens"_s), Ended);
+    EXPECT_THROW(links->seek(Seek::Equal, u"CO"_s, u"000001"_s), Ended);
+    EXPECT_THROW(links->eof(), Ended);
+    EXPECT_THROW(links->moveNext(), Ended);
+    EXPECT_THROW(links->text(u"numartdépart"_s), Ended);
+    EXPECT_THROW(links->recordCount(), Ended);
+    links->close();
+    const auto unknown = base->openTable(u"inconnue"_s);
+    EXPECT_FALSE(unknown->usable());
+    EXPECT_TRUE(base->openTable(u"dico"_s)->usable());
+}
+
+TEST_F(OpenTest, AMissingFieldIsNoticedWhereItIsRead) {
+    make();
+    foreign(u"ALTER TABLE paramètres RENAME TO p; CREATE TABLE paramètres(autre); INSERT INTO paramètres VALUES(1)"_s);
+    const auto base = open(corpusSchema());
+    const auto settings = base->openTable(u"paramètres"_s);
+    EXPECT_TRUE(settings->usable());
+    EXPECT_FALSE(settings->eof());
+    EXPECT_THROW(settings->text(u"nbarticles"_s), Ended);
+    EXPECT_THROW(settings->text(u"inconnu"_s), Ended);
+}
+
+TEST_F(OpenTest, AfterTheBaseIsClosedItsRecordsetsAreUnusable) {
+    make();
+    const auto base = open(corpusSchema());
+    const auto words = base->openTable(u"dico"_s);
+    base->close();
+    base->close();
+    EXPECT_FALSE(words->usable());
+    EXPECT_THROW(words->moveFirst(), Ended);
+    EXPECT_THROW(words->value(u"mot"_s), Ended);
+    words->close();
+    words->close();
+    EXPECT_FALSE(base->openTable(u"dico"_s)->usable());
+    EXPECT_FALSE(base->begin());
+    EXPECT_FALSE(base->execute(u"SELECT 1"_s));
+    EXPECT_FALSE(base->check());
+    EXPECT_FALSE(base->updatable());
+}
+
+TEST_F(OpenTest, AClosedRecordsetIsUnusableAndTheOthersAreNot) {
+    make();
+    const auto base = open(corpusSchema());
+    const auto one = base->openTable(u"dico"_s);
+    const auto other = base->openTable(u"dico"_s);
+    one->close();
+    EXPECT_THROW(one->eof(), Ended);
+    EXPECT_FALSE(other->eof());
+}
+
+TEST_F(OpenTest, CreateRefusesAFileThatIsThere) {
+    write("precious");
+    const auto made = Database::create(path(), corpusSchema());
+    EXPECT_FALSE(made.database);
+    EXPECT_NE(made.message, QString());
+    EXPECT_EQ(contents(), "precious");
+    EXPECT_FALSE(Database::create(path(u"no/folder.dat"_s), corpusSchema()).database);
+}
+
+TEST_F(OpenTest, AnEmptyStoreOpensAsItWasMade) {
+    Database::create(path(), dossiersSchema());
+    const auto base = open(dossiersSchema());
+    ASSERT_TRUE(base);
+    for (const TableDef& table : dossiersSchema().tables) {
+        EXPECT_TRUE(base->openTable(table.name)->usable());
+        EXPECT_TRUE(base->openTable(table.name)->eof());
+    }
+    EXPECT_TRUE(base->check());
+}
+
+} // namespace
+} // namespace velm::testing
