@@ -48,7 +48,7 @@ Value Value::of(const QVariant& value) {
         return blob(value.toByteArray());
     case QMetaType::QDate:
     case QMetaType::QDateTime:
-        return textValue(value.toDate().toString(Qt::ISODate));
+        return value.toDate().isValid() ? textValue(value.toDate().toString(Qt::ISODate)) : Value();
     default:
         return textValue(value.toString());
     }

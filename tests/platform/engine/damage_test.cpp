@@ -1,0 +1,128 @@
+// Damaged bases: whatever is in the file, either it does not open, or a read ends in a run-time error, or it works.
+#include "tests/platform/engine/base.h"
+#include "tests/platform/engine/exercise.h"
+
+#include <QFile>
+
+#include <map>
+#include <random>
+
+namespace velm::testing {
+namespace {
+
+class DamageTest : public EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        make();
+        whole = contents(path());
+        ASSERT_GT(whole.size(), 40 * 4096);
+    }
+
+    void make() {
+        auto made = Database::create(path(), corpusSchema());
+        ASSERT_TRUE(made.database);
+        TableWriter documents(
+            *made.database, u"données"_s,
+            {u"référence"_s, u"numart"_s, u"titre"_s, u"Date"_s, u"numeroarborescence"_s, u"contenu"_s});
+        TableWriter words(*made.database, u"dico"_s, {u"mot"_s, u"liste"_s});
+        TableWriter links(*made.database, u"liens"_s, {u"référencedépart"_s, u"numartdépart"_s});
+        for (int i = 0; i < 120; ++i) {
+            documents.add({u"CO"_s, u"%1"_s.arg(i, 6, 10, QChar(u'0')), u"Titre %1"_s.arg(i * 7 % 100),
+                           u"2001-02-0%1"_s.arg(i % 9 + 1), i / 5, QString(i * 16, u'x')});
+            words.add({u"MOT%1"_s.arg(i), QByteArray(i * 3, 'A')});
+            links.add({u"CO"_s, u"%1"_s.arg(i % 40, 6, 10, QChar(u'0'))});
+        }
+    }
+    static QByteArray contents(const QString& file) {
+        QFile source(file);
+        EXPECT_TRUE(source.open(QIODevice::ReadOnly));
+        return source.readAll();
+    }
+    void write(const QByteArray& bytes) {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(bytes);
+    }
+    void use(const QByteArray& bytes) {
+        for (const OpenMode mode : {OpenMode::ExclusiveReadOnly, OpenMode::Shared}) {
+            QFile::remove(path() + u"-journal"_s);
+            write(bytes);
+            ++outcomes[exercise<Ended>(path(), mode, corpusSchema())];
+        }
+    }
+
+    QByteArray whole;
+    std::map<Outcome, int> outcomes;
+};
+
+TEST_F(DamageTest, TheWholeBaseReads) {
+    use(whole);
+    EXPECT_EQ(outcomes[Outcome::Read], 2);
+}
+
+TEST_F(DamageTest, TruncatedAtEveryPageItDoesNotOpen) {
+    for (qsizetype size = 0; size < whole.size(); size += 4096)
+        use(whole.left(size));
+    EXPECT_EQ(outcomes[Outcome::NotOpened], 2 * static_cast<int>((whole.size() + 4095) / 4096));
+}
+
+TEST_F(DamageTest, TruncatedBehindAHeaderThatDoesNotTellItEndsInARunTimeError) {
+    QByteArray untold = whole;
+    untold[92] = static_cast<char>(untold[92] + 1); // the page count is then not trusted
+    for (qsizetype size = 4096; size < whole.size(); size += 4096)
+        use(untold.left(size));
+    EXPECT_EQ(outcomes[Outcome::Read], 0);
+    EXPECT_GT(outcomes[Outcome::Ended], 0);
+}
+
+TEST_F(DamageTest, FiveHundredFlippedBytes) {
+    std::mt19937 random(1);
+    for (int round = 0; round < 500; ++round) {
+        QByteArray damaged = whole;
+        const int flips = 1 + static_cast<int>(random() % 8);
+        for (int i = 0; i < flips; ++i) {
+            // One in four goes where the structure is: the header and the beginnings of pages.
+            auto at = static_cast<qsizetype>(random() % static_cast<unsigned>(whole.size()));
+            if (random() % 4 == 0)
+                at = at / 4096 * 4096 + static_cast<qsizetype>(random() % 110);
+            damaged[at] = static_cast<char>(static_cast<unsigned char>(damaged[at]) ^ (1U << random() % 8));
+        }
+        use(damaged);
+    }
+    EXPECT_GT(outcomes[Outcome::NotOpened], 0);
+    EXPECT_GT(outcomes[Outcome::Ended], 0);
+    EXPECT_GT(outcomes[Outcome::Read], 0);
+}
+
+TEST_F(DamageTest, PagesOfRubbishOrZeros) {
+    std::mt19937 random(2);
+    for (qsizetype page = 0; page < whole.size() / 4096; ++page) {
+        QByteArray damaged = whole;
+        for (qsizetype i = 0; i < 4096; ++i)
+            damaged[page * 4096 + i] = static_cast<char>(page % 2 == 0 ? 0 : random());
+        use(damaged);
+    }
+    EXPECT_GT(outcomes[Outcome::Ended], 0);
+}
+
+TEST_F(DamageTest, TheRunTimeErrorSpeaksTheEnginesWords) {
+    QByteArray damaged = whole;
+    for (qsizetype i = 4096; i < damaged.size(); ++i)
+        damaged[i] = '\x55';
+    write(damaged);
+    const auto base = open(corpusSchema());
+    ASSERT_TRUE(base);
+    const auto words = base->openTable(u"dico"_s);
+    try {
+        words->moveFirst();
+        FAIL() << "a page of rubbish was read";
+    } catch (const Ended& error) {
+        EXPECT_EQ(error.what_, Failure::Engine);
+        EXPECT_NE(std::string(error.what()).find("malformed"), std::string::npos) << error.what();
+    }
+    EXPECT_FALSE(base->check());
+}
+
+} // namespace
+} // namespace velm::testing
