@@ -280,10 +280,8 @@ qsizetype RichText::replace(qsizetype position, qsizetype length, QStringView te
 }
 
 qsizetype RichText::replace(qsizetype position, qsizetype length, const RichText& other) {
-    if (&other == this) {
-        const RichText same(other);
-        return replace(position, length, same);
-    }
+    if (&other == this)
+        return replace(position, length, copy(0, this->length()));
     const auto [start, removed] = changeRange(position, length);
     const qsizetype added = other.length();
     if (removed == 0 && added == 0)

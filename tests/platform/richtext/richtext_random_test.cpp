@@ -19,14 +19,14 @@ public:
     void play(int rounds) {
         for (int i = 0; i < rounds; ++i) {
             const quint64 before = text_.revision();
-            const QString old = text_.text();
             const int kind = step();
-            const QString differs = test::difference(text_, naive_);
+            const QString text = text_.text();
+            ASSERT_EQ(text, naive_.text()) << "round " << i << " kind " << kind;
+            ASSERT_TRUE(text == last_ ? text_.revision() >= before : text_.revision() > before);
+            last_ = text;
+            // A wrong format stays: looking for it now and then is enough.
+            const QString differs = i % 4 == 0 ? test::difference(text_, naive_) : QString();
             ASSERT_TRUE(differs.isEmpty()) << "round " << i << " kind " << kind << ": " << differs.toStdString();
-            ASSERT_GE(text_.revision(), before);
-            if (text_.text() != old) {
-                ASSERT_GT(text_.revision(), before);
-            }
             if (i % 16 == 0)
                 checkReading();
         }
@@ -184,10 +184,11 @@ private:
     std::mt19937 random_;
     RichText text_;
     NaiveText naive_;
+    QString last_;
 };
 
 TEST(RichTextRandom, ManyChangesKeepTextAndFormatsAsTheNaiveModelHasThem) {
-    for (unsigned seed = 0; seed < 100; ++seed) {
+    for (unsigned seed = 0; seed < 60; ++seed) {
         Player player(seed);
         player.play(2000);
         ASSERT_FALSE(::testing::Test::HasFailure()) << "seed " << seed;
