@@ -26,13 +26,14 @@ pids+=($!)
 program=$!
 pids+=("$program")
 
-# The picture is taken when two shots in a row are equal and show a window.
+# The picture is taken when two shots in a row are equal and show more than an empty screen.
 last=""
 for _ in $(seq 60); do
   sleep 0.5
   kill -0 "$program" 2>/dev/null || { echo "the program ended before its window stood" >&2; exit 1; }
   import -silent -window root "$temp/shot.png"
   xdotool search --onlyvisible --pid "$program" >/dev/null 2>&1 || continue
+  [ "$(identify -format '%k' "$temp/shot.png")" -gt 16 ] || continue
   now=$(identify -format '%#' "$temp/shot.png")
   [ "$now" = "$last" ] && break
   last=$now
