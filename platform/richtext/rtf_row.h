@@ -8,7 +8,7 @@ namespace velm::rtf {
 class Row {
 public:
     static constexpr int mostTabs = 32;   ///< stops that are remembered
-    static constexpr int mostFilled = 63; ///< cells up to which missing ones are filled up
+    static constexpr int mostFilled = 32; ///< cells up to which missing ones are filled up
 
     /// \trowd: the definitions begin anew; cells already read stay.
     void define() {
