@@ -56,12 +56,9 @@ ParaFormat NaiveText::paragraphAt(qsizetype position) const {
 CharFormat NaiveText::newFormat(qsizetype position, qsizetype removed) const {
     CharFormat format = tailCharacter;
     const bool starts = position == 0 || positions[at(position - 1)].unit == u'\n';
-    if (removed > 0)
-        format = positions[at(position)].character;
-    else if (!starts)
-        format = positions[at(position - 1)].character;
-    else if (position < size())
-        format = positions[at(position)].character;
+    const qsizetype source = removed > 0 || starts ? position : position - 1;
+    if (source < size())
+        format = positions[at(source)].character;
     format.object = -1;
     return format;
 }
