@@ -30,7 +30,6 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("VELMORANTE2000"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELM_VERSION));
-    Q_INIT_RESOURCE(velm);
     QTranslator boutons;
     if (boutons.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&boutons);

@@ -12,6 +12,11 @@
 #include <QFileInfo>
 #include <QIcon>
 
+/// A library's resources do not come in by themselves; the macro wants the global name space.
+static void initialiseressources() {
+    Q_INIT_RESOURCE(velm);
+}
+
 namespace velm {
 
 Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
@@ -21,10 +26,8 @@ Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
               monde_.dialogues.message(numero, QString());
       }),
       seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, *this) {
-    reglages_.surechec([this](const QString&) {
-        monde_.dialogues.message(langue_.lireressource(9402).arg(magasin_.path()), langue_.lireressource(8),
-                                 Icone::Exclamation);
-    });
+    initialiseressources();
+    reglages_.surechec([this](const QString&) { ditechec(); });
 }
 
 Programme::~Programme() = default;
@@ -120,7 +123,17 @@ void Programme::fermeaccueil() {
     accueil_.reset();
 }
 
+void Programme::ditechec() {
+    // The first write comes before the language file is known: the words have to wait for it.
+    echecretenu_ = langue_.fichier().isEmpty();
+    if (!echecretenu_)
+        monde_.dialogues.message(langue_.lireressource(9402).arg(magasin_.path()), langue_.lireressource(8),
+                                 Icone::Exclamation);
+}
+
 void Programme::litstyles() {
+    if (echecretenu_)
+        ditechec();
     styles_ = velm::litstyles(reglages_, langue_, seance_.parametres().textes);
 }
 

@@ -93,6 +93,7 @@ private:
     Textes& ouvrefenetre(int indice);
     void ouvreadresse(const QString& adresse);
     QString raison(const RuntimeFailure& erreur);
+    void ditechec(); ///< settings cannot be written
 
     OptionsProgramme options_;
     MondeExterieur monde_;
@@ -105,6 +106,7 @@ private:
     TableStyles styles_;
     Seance seance_;
     QString etape_;
+    bool echecretenu_ = false;
     std::unique_ptr<frmSplash> accueil_;
     std::unique_ptr<Ecrangeneral> ecran_;
     std::array<QPointer<Textes>, 12> fenetres_;
