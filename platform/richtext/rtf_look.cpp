@@ -72,7 +72,7 @@ void applyCharacter(CharLook& look, const Token& token, const std::vector<std::i
         break;
     }
     case Word::velmoffset: // the offset in twips where half points are too coarse
-        look.offset = twips(token.number);
+        look.offset = std::clamp(token.number, -largestSize * 10, largestSize * 10);
         look.script = 0;
         break;
     default: // the kinds of underlining
@@ -197,8 +197,10 @@ ParaFormat LookFormats::paraFormat(const ParaLook& look) const {
     format.alignment = look.alignment;
     format.startIndent = look.left + look.first;
     format.offset = -look.first;
-    if (look.bullet && look.first == 0)
+    if (look.bullet && look.first == 0) {
         format.offset = look.bulletIndent;
+        format.startIndent = std::min(format.startIndent, farthest - look.bulletIndent);
+    }
     format.rightIndent = look.right;
     format.bullet = look.bullet;
     format.spaceBefore = look.before;
@@ -239,11 +241,11 @@ FormatId LookFormats::id(const ParaLook& look) {
 FormatId LookFormats::id(const ParaLook& look, const Row& row) {
     ParaFormat format;
     const std::int32_t gap = std::clamp(row.gap, 0, 1440);
-    format.startIndent = std::max(twips(row.left) + gap, 0);
+    format.startIndent = std::clamp(twips(row.left) + gap, 0, farthest);
     format.spaceBefore = look.before;
     format.spaceAfter = look.after;
     for (int i = 0; i < row.stops(); ++i)
-        format.tabs.push_back(twips(row.edge(i)) + gap);
+        format.tabs.push_back(twips(twips(row.edge(i)) + gap));
     format.tabs = orderly(std::move(format.tabs));
     return text_.intern(format);
 }

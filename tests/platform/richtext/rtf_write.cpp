@@ -197,6 +197,14 @@ TEST(RtfWrite, PicturesSurvive) {
         EXPECT_LE(line.size(), 256);
 }
 
+TEST(RtfWrite, AbsurdLengthsSurviveToo) {
+    for (const char* rtf : {"{\\rtf1\\trgaph1\\trleft2147483647\\cellx2147483647\\row x}",
+                            "{\\rtf1\\li2147483647{\\*\\pn\\pnlvlblt\\pnindent2147483647}x\\line y\\par}",
+                            "{\\rtf1\\li-2147483647\\fi-2147483647\\ri2147483647\\sl-2147483647\\tx2147483647 x\\par}",
+                            "{\\rtf1\\up2147483647 a\\dn2147483647 b\\velmoffset-2147483647 c}"})
+        expectSurvives(velm::test::richOf(rtf));
+}
+
 TEST(RtfWrite, APartHasNoParagraphEndOfItsOwn) {
     RichText text;
     ParaFormat centred;
