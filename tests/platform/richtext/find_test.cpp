@@ -18,6 +18,14 @@ TEST(Find, CaseIsIgnoredUnlessAsked) {
     EXPECT_EQ(found(u"Le Code civil, code", u"code", 0, -1, {.matchCase = true}), 15);
 }
 
+TEST(Find, EveryLetterOfTheAlphabetHasTwoCases) {
+    const QString small = QStringLiteral("abcdefghijklmnopqrstuvwxyz {|}~`@[");
+    EXPECT_EQ(found(small, u"ABCDEFGHIJKLMNOPQRSTUVWXYZ {|}~`@["), 0);
+    EXPECT_EQ(found(small, u"[{"), -1);
+    EXPECT_EQ(found(small, u"@"), 32);
+    EXPECT_EQ(found(small, u"["), 33);
+}
+
 TEST(Find, AccentsCountAndHaveCase) {
     EXPECT_EQ(found(u"société", u"societe"), -1);
     EXPECT_EQ(found(u"SOCIÉTÉ", u"société"), 0);
@@ -79,6 +87,30 @@ TEST(Find, RepetitiveTextsDoNotSlowTheSearchDown) {
     text += u'b';
     EXPECT_EQ(found(text, needle), 900000);
     EXPECT_EQ(found(text, needle, 0, -1, {.matchCase = true}), 900000);
+}
+
+TEST(Find, RepetitiveTextsAreSearchedExactly) {
+    std::mt19937 random(11);
+    const auto number = [&random](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
+    for (int round = 0; round < 2000; ++round) {
+        // Long runs of one letter, so that false starts abound and the search changes its method.
+        const int rarity = number(2, 200);
+        QString text;
+        for (int i = number(0, 3000); i > 0; --i)
+            text += number(0, rarity) == 0 ? u'b' : u'a';
+        const qsizetype from = number(0, 3000);
+        const QString what = text.mid(from, number(1, 60)) + (number(0, 1) != 0 ? QStringLiteral("b") : QString());
+        const qsizetype start = number(0, 500);
+        const qsizetype expected = what.isEmpty() ? -1 : text.indexOf(what, start);
+        RichText rich;
+        rich.append(text, 0, 0);
+        rich.replace(number(0, 3000), 1, u"a");
+        ASSERT_EQ(found(text, what, start, -1, {.matchCase = true}), expected);
+        ASSERT_EQ(found(text, what, start), expected);
+        if (!what.isEmpty()) {
+            ASSERT_EQ(rich.indexOf(what, start), rich.text().indexOf(what, start));
+        }
+    }
 }
 
 /// The definition, place by place.
