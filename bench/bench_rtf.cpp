@@ -2,6 +2,8 @@
 #include "platform/richtext/rtf.h"
 
 #include <QByteArray>
+#include <QFile>
+#include <QString>
 
 #include <array>
 #include <benchmark/benchmark.h>
@@ -136,6 +138,23 @@ void writeDocuments(benchmark::State& state) {
 }
 BENCHMARK(writeDocuments)->Unit(benchmark::kMillisecond);
 
+/// Lays the documents down as files, so that other programs read the same ones.
+bool exportDocuments(const QString& folder) {
+    int number = 0;
+    for (const QByteArray& rtf : corpus()) {
+        QFile file(folder + u'/' + QString::number(++number) + QStringLiteral(".rtf"));
+        if (!file.open(QIODevice::WriteOnly) || file.write(rtf) != rtf.size())
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    if (argc == 3 && qstrcmp(argv[1], "--export") == 0)
+        return exportDocuments(QString::fromLocal8Bit(argv[2])) ? 0 : 1;
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
