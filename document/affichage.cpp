@@ -9,6 +9,7 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
+constexpr int blanc = 0xFFFFFF;
 const QString cleprimaire = u"primarykey"_s;
 
 /// Copies the row; the body comes last, since the passes move the shared table's current row.
@@ -27,7 +28,8 @@ void copieligne(FormulaireDocument& formulaire, const QString& code, bool abc, c
     document.typedocument = ligne.text(u"typededocument"_s);
     document.numeroarborescence = ligne.text(u"numeroarborescence"_s);
     RichTextControl& controle = formulaire.rtfRichTextBox1();
-    controle.setBackColor(static_cast<int>(ligne.number(u"BackColor"_s)));
+    // A row without a colour is shown on white paper rather than on black.
+    controle.setBackColor(ligne.isNull(u"BackColor"_s) ? blanc : static_cast<int>(ligne.number(u"BackColor"_s)));
     controle.setTextRtf(ligne.bytes(u"contenu"_s));
     SourceCorpus source(contexte.corpus);
     chargecontenu(formulaire, abc, {contexte.styles, source, contexte.sablier, contexte.bornes});

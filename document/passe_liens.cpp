@@ -49,7 +49,7 @@ private:
     /// `q` and `b` are the distances of the brace and the bar from the token's start.
     Pas lien(char16_t c, qsizetype q, qsizetype b) {
         const qsizetype longueur = b - entete;
-        if (longueur >= 0 && q < b && !compteur_.permet(suite_.longueur(), q + 1, longueur))
+        if (longueur >= 0 && q < b && sansfin(q, b))
             return Pas::Arret;
         if (longueur >= 0 && c == u'L' && listes_ != nullptr && !compteur_.retient(longueur))
             return Pas::Arret;
@@ -63,6 +63,13 @@ private:
             q + 1 == entete && longueur == entete && suite_.texte(0, entete) == suite_.texte(q + 1, entete);
         suite_.montre(q, b);
         return pareil ? Pas::Arret : Pas::Change;
+    }
+
+    /// A bar behind the brace copies what stands between: that may grow without end, or go round in a circle.
+    bool sansfin(qsizetype q, qsizetype b) {
+        const qsizetype derriere = suite_.longueur() - suite_.position() - b;
+        return !compteur_.permet(suite_.longueur(), q + 1, b - entete) ||
+               cercle_.ferme(suite_.position(), b, derriere, [&] { return suite_.texte(0, b); });
     }
 
     /// Positions are recorded by their arithmetic from the token. A length below 0 makes a statement fail, which is
@@ -91,6 +98,7 @@ private:
     SuiteLiens suite_;
     ListesLiens* listes_;
     Compteur compteur_;
+    Cercle cercle_;
 };
 
 } // namespace

@@ -74,6 +74,7 @@ private:
     void coupe(qsizetype nombre);
     void copie(qsizetype nombre);
     void laissedevant(qsizetype nombre);
+    std::size_t nouveau(const Noeud& noeud);
     std::size_t partage(std::size_t noeud, qsizetype place);
     void oublieregions();
 
@@ -81,6 +82,7 @@ private:
     RichText& hote_;
     Plat vers_;
     std::vector<Noeud> noeuds_;
+    std::vector<std::size_t> libres_; ///< passed, to be used again
     std::size_t tete_ = 0;
     qsizetype reste_ = 0;
     Lieu accolade_;

@@ -7,7 +7,9 @@
 #include "document/balises.h"
 #include "document/plat.h"
 
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace velm::passes {
 
@@ -36,6 +38,33 @@ private:
     BornesPasses bornes_;
     qsizetype total_ = 0;
     qsizetype retenu_ = 0;
+};
+
+/// Notices links that go round in a circle: at one place the same text stands again before the same bar. What lies
+/// before that place is final and what lies behind the bar is untouched, so everything will come again.
+class Cercle {
+public:
+    /// `longueur` positions before the bar, `derriere` from it on; `texte()` gives those before it.
+    template <typename Texte>
+    bool ferme(qsizetype position, qsizetype longueur, qsizetype derriere, Texte texte) {
+        constexpr int assez = 64; ///< passed over first: almost every text goes on
+        if (std::exchange(position_, position) != position)
+            pas_ = 0;
+        ++pas_;
+        if (pas_ > assez && longueur == repere_.size() && derriere == derriere_ && texte() == repere_)
+            return true;
+        if (pas_ >= assez && (pas_ & (pas_ - 1)) == 0) {
+            repere_ = texte();
+            derriere_ = derriere;
+        }
+        return false;
+    }
+
+private:
+    qsizetype position_ = -1;
+    int pas_ = 0;
+    QString repere_;
+    qsizetype derriere_ = 0;
 };
 
 // Each gives nothing when it has nothing to change. `hote` is the text whose format numbers count.

@@ -76,8 +76,10 @@ const SuiteLiens::Lieu& SuiteLiens::cherche(Lieu& lieu, char16_t unite, const Li
 // ---- going on
 
 void SuiteLiens::passevides() {
-    while (tete_ != aucun && noeuds_[tete_].debut == noeuds_[tete_].fin)
+    while (tete_ != aucun && noeuds_[tete_].debut == noeuds_[tete_].fin) {
+        libres_.push_back(tete_);
         tete_ = suitnoeud(tete_);
+    }
 }
 
 void SuiteLiens::oublieregions() {
@@ -181,9 +183,22 @@ void SuiteLiens::montre(qsizetype q, qsizetype b) {
         vers_.fixederniercaractere(region.caractere);
 }
 
+std::size_t SuiteLiens::nouveau(const Noeud& noeud) {
+    if (libres_.empty()) {
+        noeuds_.push_back(noeud);
+        return noeuds_.size() - 1;
+    }
+    const std::size_t n = libres_.back();
+    libres_.pop_back();
+    noeuds_[n] = noeud;
+    return n;
+}
+
+/// Cuts a stretch in two and gives the second one, or what follows when nothing is left for it.
 std::size_t SuiteLiens::partage(std::size_t noeud, qsizetype place) {
-    const std::size_t derriere = noeuds_.size();
-    noeuds_.push_back({place, noeuds_[noeud].fin, noeuds_[noeud].suivant});
+    if (place == noeuds_[noeud].fin)
+        return suitnoeud(noeud);
+    const std::size_t derriere = nouveau({place, noeuds_[noeud].fin, suitnoeud(noeud)});
     noeuds_[noeud].fin = place;
     noeuds_[noeud].suivant = derriere;
     for (Lieu* lieu : {&accolade_, &barre_, &ligne_}) {
@@ -200,7 +215,8 @@ void SuiteLiens::coupe(qsizetype nombre) {
     const std::size_t reste = partage(accolade_.noeud, accolade_.place + 1);
     noeuds_[noeudbarre].suivant = reste;
     // Neither is left before the cut.
-    accolade_ = {Lieu::Etat::Avant, reste, noeuds_[reste].debut, accolade_.reste - 1};
+    accolade_ = reste == aucun ? Lieu{Lieu::Etat::Absent}
+                               : Lieu{Lieu::Etat::Avant, reste, noeuds_[reste].debut, accolade_.reste - 1};
     barre_ = accolade_;
     reste_ -= nombre;
     passevides();
@@ -208,29 +224,31 @@ void SuiteLiens::coupe(qsizetype nombre) {
 
 /// Puts a copy of what stands between brace and bar behind the brace.
 void SuiteLiens::copie(qsizetype nombre) {
-    if (nombre > 0) {
-        std::size_t avant = accolade_.noeud;
-        const std::size_t original = partage(avant, accolade_.place + 1);
-        bool ligne = false;
-        std::vector<Noeud> copies;
-        for (std::size_t n = original; nombre > 0; n = suitnoeud(n)) {
-            const qsizetype ici = std::min(nombre, noeuds_[n].fin - noeuds_[n].debut);
-            if (ici > 0)
-                copies.push_back({noeuds_[n].debut, noeuds_[n].debut + ici, aucun});
-            nombre -= ici;
-            reste_ += ici;
-            accolade_.reste += ici;
+    std::size_t copie = accolade_.noeud;
+    std::size_t original = partage(copie, accolade_.place + 1);
+    while (nombre > 0 && noeuds_[original].debut == noeuds_[original].fin)
+        original = suitnoeud(original);
+    bool ligne = false;
+    std::size_t avant = original;
+    for (std::size_t n = original; nombre > 0; n = suitnoeud(n)) {
+        const Noeud modele = noeuds_[n];
+        const qsizetype ici = std::min(nombre, modele.fin - modele.debut);
+        if (ici == 0) {
+            // Empty stretches would be passed again and again.
+            noeuds_[avant].suivant = modele.suivant;
+            continue;
         }
-        for (const Noeud& copie : copies) {
-            ligne = ligne || de_.texte().sliced(copie.debut, copie.fin - copie.debut).contains(u'\n');
-            noeuds_[avant].suivant = noeuds_.size();
-            avant = noeuds_.size();
-            noeuds_.push_back(copie);
-        }
-        noeuds_[avant].suivant = original;
-        if (ligne)
-            ligne_.etat = Lieu::Etat::Inconnu;
+        avant = n;
+        nombre -= ici;
+        reste_ += ici;
+        accolade_.reste += ici;
+        ligne = ligne || de_.texte().sliced(modele.debut, ici).contains(u'\n');
+        const std::size_t suite = nouveau({modele.debut, modele.debut + ici, original});
+        noeuds_[copie].suivant = suite;
+        copie = suite;
     }
+    if (ligne)
+        ligne_.etat = Lieu::Etat::Inconnu;
 }
 
 } // namespace velm::passes

@@ -1,6 +1,6 @@
 #include "document_support.h"
 
-namespace velm::essais {
+namespace velm::test {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -97,4 +97,4 @@ QStringList Essai::liens() const {
     return rangs;
 }
 
-} // namespace velm::essais
+} // namespace velm::test

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace velm::essais {
+namespace velm::test {
 
 class FormulaireEssai : public FormulaireRiche {
 public:
@@ -65,4 +65,4 @@ public:
     BornesPasses bornes;
 };
 
-} // namespace velm::essais
+} // namespace velm::test

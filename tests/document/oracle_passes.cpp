@@ -3,7 +3,7 @@
 #include "core/cle.h"
 #include "document/passes.h"
 
-namespace velm::essais {
+namespace velm::test {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
@@ -149,6 +149,7 @@ bool Oracle::remplace(qsizetype p, qsizetype q, qsizetype b) {
 
 void Oracle::liens() {
     passes::Compteur compteur(contexte_.bornes);
+    passes::Cercle cercle;
     if (listes != nullptr)
         listes->vide();
     qsizetype p = instr(1, rtf.text(), u"{"_s);
@@ -162,7 +163,9 @@ void Oracle::liens() {
             const qsizetype longueur = b - (p + 3);
             if (longueur < 0)
                 return true;
-            return (q > b || compteur.permet(avant.size(), q - p + 1, longueur)) &&
+            return (q > b ||
+                    (compteur.permet(avant.size(), q - p + 1, longueur) &&
+                     !cercle.ferme(p - 1, b - p, avant.size() - b + 1, [&] { return avant.mid(p - 1, b - p); }))) &&
                    (c != u"L"_s || listes == nullptr || compteur.retient(longueur));
         };
         const auto cible = mid(avant, b + 1, q - b - 1);
@@ -234,4 +237,4 @@ void oraclechargecontenu(FormulaireRiche& formulaire, bool abc, const ContextePa
     formulaire.rtfRichTextBox1().setSelStart(0);
 }
 
-} // namespace velm::essais
+} // namespace velm::test

@@ -3,8 +3,8 @@
 // after every change. Slow, and right by inspection.
 #include "document/balises.h"
 
-namespace velm::essais {
+namespace velm::test {
 
 void oraclechargecontenu(FormulaireRiche& formulaire, bool abc, const ContextePasses& contexte);
 
-} // namespace velm::essais
+} // namespace velm::test

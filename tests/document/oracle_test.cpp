@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
-namespace velm::essais {
+namespace velm::test {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
@@ -171,4 +171,4 @@ TEST(PassesOracle, RandomTextsComeOutAsTheLiteralWordingHasThem) {
 }
 
 } // namespace
-} // namespace velm::essais
+} // namespace velm::test
