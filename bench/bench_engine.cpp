@@ -154,18 +154,42 @@ public:
             (u"SELECT référence, numart, titre, motclé1, motclé2, motclé3 FROM données WHERE "_s + where).toUtf8();
         sqlite3_stmt* statement = nullptr;
         sqlite3_prepare_v2(handle, text.constData(), -1, &statement, nullptr);
-        qsizetype size = 0;
-        if (sqlite3_step(statement) == SQLITE_ROW) {
-            for (int i = 0; i < 6; ++i) {
-                const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
-                size += QString::fromUtf8(bytes, sqlite3_column_bytes(statement, i)).size();
-            }
-        }
+        const qsizetype size = sqlite3_step(statement) == SQLITE_ROW ? fields(statement) : 0;
         sqlite3_finalize(statement);
         return size;
     }
 
+    template <typename Body>
+    bool preparedSeeks(Body body) const {
+        sqlite3_exec(handle, "BEGIN; PRAGMA cache_size=-32768", nullptr, nullptr, nullptr);
+        sqlite3_stmt* statement = nullptr;
+        const char* text = "SELECT référence, numart, titre, motclé1, motclé2, motclé3 FROM données "
+                           "WHERE référence=?1 AND numart=?2";
+        const bool prepared = sqlite3_prepare_v3(handle, text, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr) == 0;
+        body([statement](const QString& code, const QString& number) {
+            const QByteArray first = code.toUtf8();
+            const QByteArray second = number.toUtf8();
+            sqlite3_bind_text(statement, 1, first.constData(), static_cast<int>(first.size()), SQLITE_STATIC);
+            sqlite3_bind_text(statement, 2, second.constData(), static_cast<int>(second.size()), SQLITE_STATIC);
+            const qsizetype size = sqlite3_step(statement) == SQLITE_ROW ? fields(statement) : 0;
+            sqlite3_reset(statement);
+            return size;
+        });
+        sqlite3_finalize(statement);
+        sqlite3_exec(handle, "COMMIT", nullptr, nullptr, nullptr);
+        return prepared;
+    }
+
 private:
+    static qsizetype fields(sqlite3_stmt* statement) {
+        qsizetype size = 0;
+        for (int i = 0; i < 6; ++i) {
+            const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
+            size += QString::fromUtf8(bytes, sqlite3_column_bytes(statement, i)).size();
+        }
+        return size;
+    }
+
     sqlite3* handle = nullptr;
 };
 
@@ -189,6 +213,20 @@ void peerQueryForEachRowOfAWalk(benchmark::State& state) {
     }
 }
 BENCHMARK(peerQueryForEachRowOfAWalk)->Unit(benchmark::kMillisecond);
+
+/// The floor: one prepared statement of the bare engine inside a read transaction, only the six fields.
+void floorPreparedSeek(benchmark::State& state) {
+    const Plain plain;
+    benchmark::DoNotOptimize(plain.preparedSeeks([&](const auto& seek) {
+        int i = 0;
+        for (auto _ : state) {
+            const int number = scattered(i++ % documentsCount);
+            benchmark::DoNotOptimize(
+                seek(codes[static_cast<qsizetype>(number) * collections / documentsCount], sixDigits(number)));
+        }
+    }));
+}
+BENCHMARK(floorPreparedSeek)->Unit(benchmark::kMicrosecond);
 
 void writeSmallRows(benchmark::State& state) {
     constexpr int rows = 200'000;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace velm {
 namespace {
@@ -97,11 +98,16 @@ void Recordset::Private::dropPlan() {
     live = nullptr;
     plan.clear();
     stretch = 0;
+    behind = -1;
 }
 
 /// Takes the next row of the plan as the current one. False at its end.
 bool Recordset::Private::next() {
-    for (; stretch < plan.size(); ++stretch) {
+    for (;; ++stretch) {
+        if (stretch == plan.size() && behind >= 0)
+            addStretchesBehind(std::exchange(behind, -1));
+        if (stretch >= plan.size())
+            return false;
         if (live == nullptr) {
             const Stretch& entered = plan[stretch];
             const sql::Statement& statement = statementFor(entered);
@@ -127,7 +133,6 @@ bool Recordset::Private::next() {
         live->reset();
         live = nullptr;
     }
-    return false;
 }
 
 /// Adds the stretches that follow when the columns from `level` on are through, in the plan's direction.
@@ -218,7 +223,7 @@ Value Recordset::Private::keyValue(const Order& by, size_t column, const QVarian
     return key;
 }
 
-void Recordset::Private::find(Seek how, const std::vector<QVariant>& wanted) {
+void Recordset::Private::find(Seek how, std::span<const QVariant* const> wanted) {
     const Order& by = current();
     if (by.index == nullptr || wanted.size() > by.index->fields.size())
         fail(u"operation invalid without a current index"_s);
@@ -226,7 +231,7 @@ void Recordset::Private::find(Seek how, const std::vector<QVariant>& wanted) {
     backward = false;
     keys.resize(wanted.size());
     for (size_t i = 0; i < wanted.size(); ++i)
-        keys[i] = keyValue(by, i, wanted[i]);
+        keys[i] = keyValue(by, i, *wanted[i]);
     const int last = static_cast<int>(wanted.size()) - 1;
     const Value& limit = keys.back();
     bool found = false;
@@ -234,8 +239,9 @@ void Recordset::Private::find(Seek how, const std::vector<QVariant>& wanted) {
     case Seek::Equal:
         plan.push_back({last + 1, Bound::None, {}});
         found = next();
+        // What lies behind is no match, but the walk goes on there.
         if (found && db->streams())
-            addStretchesBehind(last);
+            behind = last;
         break;
     case Seek::GreaterOrEqual:
         // From Null on is all of it.

@@ -54,13 +54,14 @@ void guard(sqlite3* handle) {
                                keyFunction, nullptr, nullptr, nullptr);
 }
 
-const QString readSettings = u"PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA cache_size=-24576; "
+const QString readSettings = u"PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA cache_size=-32768; "
                              "PRAGMA temp_store=MEMORY"_s;
 const QString storeSettings = u"PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL"_s;
 /// A base in the making is written to a file of its own and given its name when it is complete.
-const QString buildSettings = u"PRAGMA page_size=4096; PRAGMA auto_vacuum=NONE; PRAGMA encoding='UTF-8'; "
-                              "PRAGMA journal_mode=MEMORY; PRAGMA synchronous=OFF; PRAGMA locking_mode=EXCLUSIVE; "
-                              "PRAGMA cache_size=-65536; PRAGMA temp_store=MEMORY"_s;
+const QString buildSettings =
+    u"PRAGMA page_size=4096; PRAGMA auto_vacuum=NONE; PRAGMA encoding='UTF-8'; "
+    "PRAGMA journal_mode=MEMORY; PRAGMA synchronous=OFF; PRAGMA locking_mode=EXCLUSIVE; PRAGMA secure_delete=OFF; "
+    "PRAGMA cache_size=-65536; PRAGMA temp_store=MEMORY"_s;
 
 Database::Opened failure(OpenError error, const QString& message) {
     return {nullptr, error, message};

@@ -3,6 +3,7 @@
 #include "platform/engine/recordset_p.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace velm {
@@ -196,19 +197,19 @@ QString Recordset::index() const {
 void Recordset::seek(Seek how, const QVariant& k1) {
     d_->ready();
     d_->leaveEdit();
-    d_->find(how, {k1});
+    d_->find(how, std::array{&k1});
 }
 
 void Recordset::seek(Seek how, const QVariant& k1, const QVariant& k2) {
     d_->ready();
     d_->leaveEdit();
-    d_->find(how, {k1, k2});
+    d_->find(how, std::array{&k1, &k2});
 }
 
 void Recordset::seek(Seek how, const QVariant& k1, const QVariant& k2, const QVariant& k3) {
     d_->ready();
     d_->leaveEdit();
-    d_->find(how, {k1, k2, k3});
+    d_->find(how, std::array{&k1, &k2, &k3});
 }
 
 bool Recordset::noMatch() const {

@@ -3,6 +3,7 @@
 #include "platform/text/failure.h"
 
 #include <optional>
+#include <span>
 #include <unordered_map>
 
 namespace velm {
@@ -69,6 +70,7 @@ struct Recordset::Private {
     std::vector<sql::Value> keys; ///< of the plan: index columns, then row id
     std::vector<Stretch> plan;
     size_t stretch = 0;
+    int behind = -1; ///< from which column on stretches are to be added at the end of the plan
     bool backward = false;
     const sql::Statement* live = nullptr; ///< stands on the current row, inside the stretch
 
@@ -103,7 +105,7 @@ struct Recordset::Private {
     void toEnd(bool toBackward);
     void move(bool toBackward);
     void addStretchesBehind(int level);
-    void find(Seek how, const std::vector<QVariant>& wanted);
+    void find(Seek how, std::span<const QVariant* const> wanted);
     sql::Value keyValue(const Order& by, size_t column, const QVariant& value) const;
     bool take(qint64 rowId);
 
