@@ -82,7 +82,7 @@ void FontTable::appendByte(Entry& entry, unsigned char byte) {
     if (entry.name.size() >= longestName)
         return;
     const CodePage& page = codePage(entry.page == documentPage ? ansiPage : entry.page);
-    if (entry.lead != 0) {
+    if (entry.lead != 0 && page.isLead(entry.lead)) { // the page may have changed in between
         const char16_t unit = page.pair(entry.lead, byte);
         entry.name += QChar(unit != 0 ? unit : u'\uFFFD');
         entry.lead = 0;

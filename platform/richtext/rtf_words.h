@@ -14,7 +14,7 @@ namespace velm::rtf {
     X(footerl) X(footerr) X(footerf) X(footnote) X(annotation) X(ftnsep) X(ftnsepc) X(ftncn) X(aftnsep) X(aftnsepc) \
     X(aftncn) X(pict) X(nonshppict) X(shppict) X(fldinst) X(objdata) X(objclass) X(objname) X(pntext) X(listtext) \
     X(pn) X(pntxta) X(pntxtb) X(nesttableprops) X(nonesttables) X(upr) X(ud) X(xe) X(tc) X(tcn) X(rxe) X(txe) \
-    X(listtable) X(revtbl) X(filetbl) X(private1) X(sp) X(shpinst) X(emdash) X(endash) X(bullet) X(lquote) X(rquote) \
+    X(listtable) X(revtbl) X(filetbl) X(sp) X(shpinst) X(emdash) X(endash) X(bullet) X(lquote) X(rquote) \
     X(ldblquote) X(rdblquote) X(emspace) X(enspace) X(qmspace) X(ltrmark) X(rtlmark) X(zwj) X(zwnj) X(zwbo) X(zwnbo)
 #define VELM_RTF_FORMAT_WORDS(X) \
     X(b) X(i) X(ul) X(ulnone) X(uld) X(uldb) X(uldash) X(uldashd) X(uldashdd) X(ulth) X(ulw) X(ulwave) X(strike) \

@@ -85,6 +85,11 @@ TEST(RtfCodePages, ALeadByteWithoutItsPair) {
     EXPECT_EQ(inCharset(128, "\\'93\\'20x"), u"\uFFFD x"_s);
 }
 
+TEST(RtfCodePages, AFontThatChangesItsPageInsideItsName) {
+    EXPECT_EQ(textOf("{\\rtf1{\\fonttbl{\\f0\\fcharset128\\'e6\\fcharset0 x;}}a}"), u"a"_s);
+    EXPECT_EQ(textOf("{\\rtf1{\\fonttbl{\\f0\\fcharset128\\'e6\\fcharset134\\'e6;}}a}"), u"a"_s);
+}
+
 TEST(RtfCodePages, Utf8AsAPage) {
     EXPECT_EQ(textOf("{\\rtf1\\ansi\\ansicpg65001 \\'c3\\'a9\xC3\xA9\xF0\x9F\x98\x8A}"), u"éé\U0001F60A"_s);
     EXPECT_EQ(textOf("{\\rtf1\\ansi\\ansicpg65001 \\'e9x\xC3}"), u"éxÃ"_s);
