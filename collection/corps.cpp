@@ -120,15 +120,10 @@ void FaiseurDeCorps::ecrit(const std::vector<Paragraphe>& paragraphes) {
         rtf_.commande("\\par");
 }
 
-/// Ends the paragraph before and begins one. The tokens that end and open sections stand at its very beginning: so a
-/// section takes its last line end with it when condensed display leaves it out.
-void FaiseurDeCorps::ouvreparagraphe(StyleSource style, QByteArrayView mise, int demipoints) {
-    if (findue_) {
-        rtf_.commande("\\par\n");
-        montre(u"\r\n");
-    }
-    findue_ = true;
+void FaiseurDeCorps::pose(StyleSource style, QByteArrayView mise, int demipoints) {
     style_ = style;
+    mise_ = mise.toByteArray();
+    demipoints_ = demipoints;
     const Aspect& look = aspect(style);
     rtf_.commande(look.paragraphe);
     rtf_.commande(mise);
@@ -139,6 +134,21 @@ void FaiseurDeCorps::ouvreparagraphe(StyleSource style, QByteArrayView mise, int
     gras_ = look.gras;
     italique_ = look.italique;
     lien_ = false;
+}
+
+/// Ends the paragraph before and begins one. The tokens that end and open sections stand at its very beginning: so a
+/// section takes its last line end with it when condensed display leaves it out.
+void FaiseurDeCorps::ouvreparagraphe(StyleSource style, QByteArrayView mise, int demipoints) {
+    if (findue_) {
+        rtf_.commande("\\par\n");
+        montre(u"\r\n");
+    }
+    // Formats carry on from paragraph to paragraph; a bullet has to be named each time.
+    if (findue_ && style == style_ && style != StyleSource::Liste && mise == mise_ && demipoints == demipoints_)
+        format(false, false, false);
+    else
+        pose(style, mise, demipoints);
+    findue_ = true;
     const QString& section = provenance_.sections()[static_cast<std::size_t>(style)];
     if (section == section_)
         return;

@@ -24,6 +24,7 @@ public:
 
 private:
     void ecrit(const std::vector<Paragraphe>& paragraphes);
+    void pose(StyleSource style, QByteArrayView mise, int demipoints);
     void ouvreparagraphe(StyleSource style, QByteArrayView mise, int demipoints);
     void paragraphe(const Paragraphe& paragraphe);
     void tableau(const std::vector<QStringView>& rangees);
@@ -47,6 +48,8 @@ private:
     std::vector<qsizetype> inclus_; ///< documents being included, the outermost first
     QString section_;
     StyleSource style_ = StyleSource::Alinea;
+    QByteArray mise_;
+    int demipoints_ = 0;
     bool findue_ = false; ///< a paragraph end is due before the next paragraph
     bool gras_ = false, italique_ = false, lien_ = false;
     bool muet_ = false; ///< only the shown text is wanted

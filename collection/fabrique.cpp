@@ -32,7 +32,6 @@ QVariant numart(CleDocument cle) {
 }
 
 struct Produit {
-    Entete entete;
     QByteArray contenu;
     std::vector<CleDocument> liens;
     Problemes problemes;
@@ -52,6 +51,7 @@ public:
     BilanDeFabrique fait() {
         std::vector<std::unique_ptr<Repertoire>> repertoires;
         bon_ = base_.begin();
+        entetes();
         documents(repertoires);
         const bool correct = std::all_of(bilan_.problemes.begin(), bilan_.problemes.end(),
                                          [](const Probleme& p) { return p.avertissement; });
@@ -84,29 +84,26 @@ private:
             repertoires.push_back(std::make_unique<Repertoire>());
             faiseurs.push_back(std::make_unique<FaiseurDeCorps>(provenance_));
         }
-        TableWriter donnees(base_, u"données"_s,
-                            {u"référence"_s, u"numart"_s, u"titre"_s, u"motclé1"_s, u"motclé2"_s, u"motclé3"_s,
-                             u"Source"_s, u"Date"_s, u"datecreation"_s, u"datemodif"_s, u"typededocument"_s,
-                             u"numeroarborescence"_s, u"BackColor"_s, u"contenu"_s});
+        // In a table of its own, behind the short rows: a walk over those then reads nothing else.
+        TableWriter contenus(base_, u"données_contenu"_s, {u"contenu"_s});
         TableWriter liens(base_, u"liens"_s,
                           {u"référencedépart"_s, u"numartdépart"_s, u"référencearrivée"_s, u"numartarrivée"_s});
         enchaine<Produit>(
             provenance_.nombre(), ouvriers,
             [&](int ouvrier, qsizetype i, Produit& produit) {
                 const auto k = static_cast<std::size_t>(ouvrier);
-                produit.entete = provenance_.entete(i);
                 faiseurs[k]->fait(i, corps[k]);
                 repertoires[k]->note(static_cast<quint32>(i), corps[k].montre);
                 produit.contenu = std::move(corps[k].contenu);
                 produit.liens = std::move(corps[k].liens);
                 produit.problemes = std::move(corps[k].problemes);
             },
-            [&](qsizetype i, Produit& produit) { prend(i, produit, donnees, liens); });
-        termine(donnees);
+            [&](qsizetype i, Produit& produit) { prend(i, produit, contenus, liens); });
+        termine(contenus);
         termine(liens);
     }
 
-    void prend(qsizetype i, Produit& produit, TableWriter& donnees, TableWriter& liens) {
+    void prend(qsizetype i, Produit& produit, TableWriter& contenus, TableWriter& liens) {
         for (Probleme& p : produit.problemes) {
             correct_ = correct_ && p.avertissement;
             bilan_.problemes.push_back(std::move(p));
@@ -114,27 +111,38 @@ private:
         annonce(Etape::MiseEnForme, i + 1, provenance_.nombre());
         if (!correct_ || !bon_)
             return;
-        const Entete& e = produit.entete;
-        ecrit(donnees, {code(e.cle), numart(e.cle), e.titre, ounul(e.motscles[0]), ounul(e.motscles[1]),
-                        ounul(e.motscles[2]), ounul(e.source), ounul(e.date), ounul(e.datecreation), ounul(e.datemodif),
-                        ounul(e.type), e.noeud, e.couleur, QString::fromLatin1(produit.contenu)});
+        ecrit(contenus, {produit.contenu});
+        const CleDocument cle = provenance_.cle(i);
         for (const CleDocument cible : produit.liens)
-            ecrit(liens, {code(e.cle), numart(e.cle), code(cible), numart(cible)});
-        compte(i, produit);
+            ecrit(liens, {code(cle), numart(cle), code(cible), numart(cible)});
+        bilan_.comptes.liens += static_cast<qint64>(produit.liens.size());
     }
 
-    void compte(qsizetype i, const Produit& produit) {
-        const Entete& e = produit.entete;
+    /// The short fields of all documents, in the order of the keys.
+    void entetes() {
+        TableWriter donnees(base_, u"données"_s,
+                            {u"référence"_s, u"numart"_s, u"titre"_s, u"motclé1"_s, u"motclé2"_s, u"motclé3"_s,
+                             u"Source"_s, u"Date"_s, u"datecreation"_s, u"datemodif"_s, u"typededocument"_s,
+                             u"numeroarborescence"_s, u"BackColor"_s});
+        for (qsizetype i = 0; i < provenance_.nombre() && bon_; ++i) {
+            const Entete e = provenance_.entete(i);
+            ecrit(donnees, {code(e.cle), numart(e.cle), e.titre, ounul(e.motscles[0]), ounul(e.motscles[1]),
+                            ounul(e.motscles[2]), ounul(e.source), ounul(e.date), ounul(e.datecreation),
+                            ounul(e.datemodif), ounul(e.type), e.noeud, e.couleur});
+            compte(i, e);
+        }
+        termine(donnees);
+    }
+
+    void compte(qsizetype i, const Entete& e) {
         ++bilan_.comptes.documents;
         ++bilan_.comptes.parcollection[static_cast<std::size_t>(collectiondelacle(e.cle))];
-        bilan_.comptes.liens += static_cast<qint64>(produit.liens.size());
         if (e.noeud != 0)
             ++parnoeud_[e.noeud];
-        for (std::size_t k = 0; k < e.motscles.size(); ++k) {
+        for (auto motcle = e.motscles.begin(); motcle != e.motscles.end(); ++motcle) {
             // A document counts once for a keyword that it bears twice.
-            if (!e.motscles[k].isEmpty() && std::find(e.motscles.begin(), e.motscles.begin() + static_cast<int>(k),
-                                                      e.motscles[k]) == e.motscles.begin() + static_cast<int>(k))
-                ++motscles_[e.motscles[k]];
+            if (!motcle->isEmpty() && std::find(e.motscles.begin(), motcle, *motcle) == motcle)
+                ++motscles_[*motcle];
         }
         if (!e.numarticle.isEmpty() || !e.numtitre.isEmpty())
             articles_.push_back({sortKey(e.numarticle), i});

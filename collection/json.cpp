@@ -1,6 +1,7 @@
 #include "collection/json.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <system_error>
 
@@ -10,6 +11,14 @@ namespace {
 /// Deeper values than this are no source of ours; the bound keeps passe() from running out of stack.
 constexpr int profondeurpermise = 64;
 constexpr qsizetype longueurextrait = 24;
+
+/// Bytes that stand for themselves inside a string.
+constexpr std::array<bool, 256> ordinaire = [] {
+    std::array<bool, 256> table{};
+    for (std::size_t c = 0x20; c < 0x80; ++c)
+        table[c] = c != '"' && c != '\\';
+    return table;
+}();
 
 bool chiffre(char c) {
     return c >= '0' && c <= '9';
@@ -224,45 +233,67 @@ bool LecteurJson::multioctet(QChar*& vers) {
     return true;
 }
 
+/// Moves to the first byte that is not plain: a quote, a backslash, a control or a byte above 127.
+void LecteurJson::ordinaires() {
+    while (p_ != fin_ && ordinaire[static_cast<unsigned char>(*p_)])
+        ++p_;
+}
+
+/// One escape or one character of several bytes, or an error.
+bool LecteurJson::autre(QChar*& vers) {
+    const auto c = static_cast<unsigned char>(*p_);
+    if (c >= 0x80)
+        return multioctet(vers);
+    if (c < 0x20)
+        return faute();
+    ++p_;
+    return echappe(vers);
+}
+
 QString LecteurJson::texte() {
     if (!attend('"'))
         return {};
+    // No character takes fewer bytes than units.
     const char* q = p_;
-    bool echappements = false;
-    while (q != fin_ && *q != '"') {
-        if (*q == '\\') {
-            echappements = true;
-            if (++q == fin_)
-                break;
-        }
-        ++q;
-    }
+    while (q != fin_ && *q != '"')
+        q += *q == '\\' && q + 1 != fin_ ? 2 : 1;
     QString resultat(q - p_, Qt::Uninitialized);
     QChar* const premier = resultat.data();
     QChar* vers = premier;
     while (juste()) {
+        const char* avant = p_;
+        ordinaires();
+        for (; avant != p_; ++avant)
+            *vers++ = QLatin1Char(*avant);
         if (p_ == fin_) {
             faute();
-            break;
-        }
-        const auto c = static_cast<unsigned char>(*p_);
-        if (c == '"') {
+        } else if (*p_ == '"') {
             ++p_;
             break;
-        }
-        if (echappements && c == '\\') {
-            ++p_;
-            echappe(vers);
-        } else if (c < 0x20) {
-            faute();
-        } else if (c < 0x80) {
-            *vers++ = QLatin1Char(*p_++);
         } else {
-            multioctet(vers);
+            autre(vers);
         }
     }
     resultat.truncate(vers - premier);
     return resultat;
+}
+
+void LecteurJson::passetexte() {
+    if (!attend('"'))
+        return;
+    std::array<QChar, 2> oublie;
+    while (juste()) {
+        ordinaires();
+        if (p_ == fin_) {
+            faute();
+        } else if (*p_ == '"') {
+            ++p_;
+            return;
+        } else {
+            QChar* vers = oublie.data();
+            autre(vers);
+        }
+    }
 }
 
 void LecteurJson::passe() {
@@ -277,7 +308,7 @@ void LecteurJson::passe() {
         nombre();
         return;
     case Genre::Texte:
-        texte();
+        passetexte();
         return;
     case Genre::Tableau:
         tableau([this] { passe(); });

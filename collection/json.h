@@ -71,6 +71,9 @@ private:
     bool mot(QByteArrayView mot);
     bool nombre();
     bool unite(unsigned& valeur);
+    void ordinaires();
+    void passetexte();
+    bool autre(QChar*& vers);
     bool echappe(QChar*& vers);
     bool multioctet(QChar*& vers);
 

@@ -106,7 +106,8 @@ std::optional<qint32> couleur(const QString& texte) {
 class LectureDeDocument {
 public:
     LectureDeDocument(QByteArrayView ligne, const QDir& dossier, Fiche& fiche, const Signale& signale)
-        : json_(ligne), champs_(json_, signale), ligne_(ligne), dossier_(dossier), fiche_(fiche), signale_(signale) {}
+        : json_(ligne), champs_(json_, signale), ligne_(ligne), dossier_(dossier), fiche_(fiche), signale_(signale),
+          inclut_(ligne.contains("{I=") || ligne.contains("\\u")) {}
 
     bool lit() {
         if (json_.genre() == LecteurJson::Genre::Objet)
@@ -193,8 +194,10 @@ private:
             json_.objet([&](const QString& membre) {
                 if (membre == u"style")
                     champs_.texte(membre, style);
-                else if (membre == u"texte")
+                else if (membre == u"texte" && (inclut_ || json_.genre() != LecteurJson::Genre::Texte))
                     champs_.texte(membre, texte);
+                else if (membre == u"texte")
+                    json_.passe();
                 else
                     champs_.inconnu(membre);
             });
@@ -296,6 +299,7 @@ private:
     QString collection_, couleur_, rtf_;
     std::optional<qint64> numero_, noeud_;
     bool corps_ = false;
+    bool inclut_ = false; ///< the paragraphs must be looked at for inclusions
 };
 
 } // namespace
