@@ -46,9 +46,7 @@ struct Recordset::Private {
     Database::Private* db = nullptr;
     QString name;
     const TableDef* table = nullptr;
-    bool absent = false; ///< the base has no such table
-    QStringList present;
-    bool side = false; ///< the lazy field has its side table
+    QStringList present; ///< columns that the base has
     std::vector<int> fieldCells;
     QString fieldColumns;
 
@@ -60,25 +58,28 @@ struct Recordset::Private {
     sql::Statement lazyInRow;
     sql::Statement counting;
 
-    Place place = Place::Pending;
     sql::Row row;
     sql::Row lazy;
-    bool lazyLoaded = false;
-    bool unmatched = false;
     std::optional<qint64> counted;
 
     std::vector<sql::Value> keys; ///< of the plan: index columns, then row id
     std::vector<Stretch> plan;
     size_t stretch = 0;
-    int behind = -1; ///< from which column on stretches are to be added at the end of the plan
-    bool backward = false;
     const sql::Statement* live = nullptr; ///< stands on the current row, inside the stretch
 
-    Editing editing = Editing::No;
     std::vector<std::optional<sql::Value>> edited;
     std::unordered_map<quint64, sql::Statement> changes;
     QString error;
     qint64 modified = 0;
+
+    int behind = -1; ///< from which column on stretches are to be added at the end of the plan
+    Place place = Place::Pending;
+    Editing editing = Editing::No;
+    bool absent = false; ///< the base has no such table
+    bool side = false;   ///< the lazy field has its side table
+    bool lazyLoaded = false;
+    bool unmatched = false;
+    bool backward = false;
 
     // Set-up
     void attach(Database::Private* database, const QString& tableName);
