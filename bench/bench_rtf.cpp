@@ -15,7 +15,7 @@ namespace {
 using velm::RichText;
 
 constexpr std::size_t documents = 5000;
-constexpr qsizetype documentSize = 10 * 1024;
+constexpr qsizetype documentSize = 10240;
 
 using Words = std::vector<QByteArray>;
 

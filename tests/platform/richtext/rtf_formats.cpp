@@ -195,11 +195,11 @@ TEST(RtfFormats, BulletsOfNewLists) {
 
 TEST(RtfFormats, TheLineBehindALineBreakContinuesItsParagraph) {
     const RichText text = richBody("{\\*\\pn\\pnlvlblt}\\fi-200\\li300\\sb50\\sa70 a\\line b\\line c\\par d\\par");
-    const ParaFormat first = text.paraFormatAt(0);
+    const ParaFormat& first = text.paraFormatAt(0);
     EXPECT_TRUE(first.bullet);
     EXPECT_EQ(first.spaceBefore, 50);
     EXPECT_EQ(first.spaceAfter, 0);
-    const ParaFormat last = text.paraFormatAt(6);
+    const ParaFormat& last = text.paraFormatAt(6);
     EXPECT_FALSE(last.bullet);
     EXPECT_EQ(last.startIndent, 300);
     EXPECT_EQ(last.offset, 0);

@@ -50,7 +50,7 @@ TEST(RtfTables, NestedCellsRunOnWithBlanks) {
 TEST(RtfTables, ColumnsAreTabStops) {
     const RichText text = richBody("\\trowd\\trgaph70\\trleft100\\cellx1000\\cellx3000\\pard\\intbl\\qc a\\cell b\\cell"
                                    "\\row\\pard e\\par");
-    const velm::ParaFormat row = text.paraFormatAt(0);
+    const velm::ParaFormat& row = text.paraFormatAt(0);
     EXPECT_EQ(row.tabs, (std::vector<std::int32_t>{1070, 3070}));
     EXPECT_EQ(row.startIndent, 170);
     EXPECT_EQ(row.alignment, velm::Alignment::Left);
