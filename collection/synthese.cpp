@@ -15,8 +15,8 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr qint64 plusdedocuments = 2'000'000;
 constexpr qint64 grandecollection = 200'000;
-constexpr int motsordinaires = 290;
-constexpr int motscourts = 60;
+constexpr int motsordinaires = 440;
+constexpr int motscourts = 70;
 constexpr double millisecondesparseconde = 1000;
 
 /// Share of each collection in a thousand, in the order of the eleven.
@@ -30,8 +30,9 @@ constexpr quint64 tauxfrequent = 57114;
 constexpr quint64 tauxmoyen = 19607;
 constexpr quint64 tauxentier = 100000;
 
-const QStringList genres = {u"Article législatif"_s, u"Article réglementaire"_s, u"Arrêt"_s, u"Avis"_s, u"Circulaire"_s,
-                            u"Décret"_s, u"Directive"_s, u"Fiche pratique"_s, u"Formulaire"_s, u"Rapport"_s};
+const QStringList genres = {
+    u"Article législatif"_s, u"Article réglementaire"_s, u"Arrêt"_s,      u"Avis"_s,   u"Circulaire"_s, u"Décret"_s,
+    u"Directive"_s,          u"Fiche pratique"_s,        u"Formulaire"_s, u"Rapport"_s};
 const QStringList niveaux = {u"Partie"_s, u"Livre"_s, u"Titre"_s, u"Chapitre"_s, u"Section"_s, u"Sous-section"_s};
 
 /// The tree of a collection: every leaf lies at the same depth, ancestors by division.
@@ -96,8 +97,7 @@ public:
         Corps corps;
         Alea alea = tirage(Usage::Corps, i);
         const Branche& b = branche(collectionde(i));
-        corps.paragraphes.push_back(
-            {StyleSource::Titre, noeuds_[static_cast<std::size_t>(noeudde(b, i) - 1)].libelle});
+        corps.paragraphes.push_back({StyleSource::Titre, noeuds_[static_cast<std::size_t>(noeudde(b, i) - 1)].libelle});
         corps.paragraphes.push_back({StyleSource::Article, u"Article "_s + article(i)});
         // Two fifths to eight fifths of the average.
         qint64 reste = options_.mots * (2 + static_cast<qint64>(alea.sous(7))) / 5 + 4;
@@ -215,7 +215,8 @@ private:
         for (quint64 rangee = 0; rangee < 3 + alea.sous(6); ++rangee) {
             QString texte;
             for (int c = 0; c < colonnes; ++c)
-                texte += (c > 0 ? u"\t"_s : QString()) + vocabulaire_.nom(alea) + u' ' + QString::number(alea.sous(999));
+                texte +=
+                    (c > 0 ? u"\t"_s : QString()) + vocabulaire_.nom(alea) + u' ' + QString::number(alea.sous(999));
             corps.paragraphes.push_back({StyleSource::Tableau, texte});
         }
     }

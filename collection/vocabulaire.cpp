@@ -11,12 +11,13 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 /// The head of the law of frequencies, in order.
-const QString outils = u"de la le et les des à du en un par une dans est au pour que sur qui ou ne sont aux avec ce son "
-                       "pas être sa ses cette peut il dont sous ces lorsque elle leur sans entre même tout après fait "
-                       "doit si toute selon deux mois jours ans œuvre délai contrat article loi personne demande droit "
-                       "conditions autorité décision service prix vente bien société dispositions tribunal présent "
-                       "mentionné application prévues titre cas compte conseil code durée montant acte accord juge "
-                       "ministre activité obligation professionnel information responsabilité État contrôle procédure"_s;
+const QString outils =
+    u"de la le et les des à du en un par une dans est au pour que sur qui ou ne sont aux avec ce son "
+    "pas être sa ses cette peut il dont sous ces lorsque elle leur sans entre même tout après fait "
+    "doit si toute selon deux mois jours ans œuvre délai contrat article loi personne demande droit "
+    "conditions autorité décision service prix vente bien société dispositions tribunal présent "
+    "mentionné application prévues titre cas compte conseil code durée montant acte accord juge "
+    "ministre activité obligation professionnel information responsabilité État contrôle procédure"_s;
 const QString prefixes = u"- re dé sur sous contre inter pré co in"_s;
 const QString racines = u"form port pos tract duc serv press mand vis stitu fér pens lég mesur plac charg cit clar "
                         "damn cern cour crit curs dict duir fend fin fix flu fond franch gard grad jur lev lim loc "
