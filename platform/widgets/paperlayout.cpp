@@ -179,7 +179,7 @@ void PaperLayout::layOutBetween(std::int64_t top, std::int64_t bottom) {
 }
 
 QSizeF PaperLayout::documentSize() const {
-    return {qreal(page_.width), qreal(heights_.total() + 2 * page_.margin)};
+    return {qreal(page_.width), qreal(heights_.total()) + 2.0 * page_.margin};
 }
 
 QRectF PaperLayout::frameBoundingRect(QTextFrame* frame) const {

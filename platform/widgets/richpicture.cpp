@@ -6,6 +6,8 @@
 #include <QImageReader>
 #include <QtEndian>
 
+#include <array>
+
 namespace velm {
 
 namespace {
@@ -48,6 +50,30 @@ QByteArray bitmapFile(const QByteArray& dib) {
     return file + dib;
 }
 
+/// The first bitmap that a metafile draws: most metafiles in texts hold one picture and nothing else.
+QByteArray bitmapInMetafile(const QByteArray& metafile) {
+    struct Kind {
+        std::uint32_t function;
+        qsizetype bitmap; // bytes from the record's start
+    };
+    static constexpr std::array kinds{Kind{0x0F43, 28}, Kind{0x0B41, 26}, Kind{0x0940, 22}, Kind{0x0D33, 24}};
+    const bool placeable = number32(metafile, 0) == 0x9AC6CDD7U;
+    qsizetype at = (placeable ? 22 : 0) + 18;
+    while (at + 6 <= metafile.size()) {
+        const auto size = static_cast<qsizetype>(number32(metafile, at)) * 2;
+        if (size < 6) {
+            break;
+        }
+        for (const Kind& kind : kinds) {
+            if (number16(metafile, at + 4) == kind.function && size > kind.bitmap + 12) {
+                return metafile.mid(at + kind.bitmap, size - kind.bitmap);
+            }
+        }
+        at += size;
+    }
+    return {};
+}
+
 struct Source {
     QByteArray data;
     const char* format = nullptr;
@@ -61,6 +87,8 @@ Source sourceOf(const RichObject& object) {
         return {object.data, "JPEG"};
     case RichObject::Kind::Dib:
         return {bitmapFile(object.data), "BMP"};
+    case RichObject::Kind::Wmf:
+        return {bitmapFile(bitmapInMetafile(object.data)), "BMP"};
     default:
         return {};
     }

@@ -3,6 +3,7 @@
 #include "sampletext.h"
 
 #include <QBuffer>
+#include <QImage>
 
 #include <gtest/gtest.h>
 
@@ -104,6 +105,36 @@ TEST(RichPicture, PngAndBareBitmapsAreRead) {
     const QImage eight = pictureOf({RichObject::Kind::Dib, encoded(indexed, "BMP").mid(14), 0, 0});
     ASSERT_EQ(eight.size(), image.size());
     EXPECT_EQ(eight.pixelColor(1, 2), QColor(Qt::yellow));
+}
+
+TEST(RichPicture, TheBitmapInsideAMetafileIsShown) {
+    const QByteArray dib = encoded(sampleImage(), "BMP").mid(14);
+    const auto words = [](quint32 value, int bytes) {
+        QByteArray out(bytes, '\0');
+        for (int i = 0; i < bytes; ++i) {
+            out[i] = static_cast<char>(value >> (8 * i));
+        }
+        return out;
+    };
+    const auto record = [&](quint32 function, const QByteArray& parameters) {
+        QByteArray padded = parameters;
+        padded.append(padded.size() % 2, '\0');
+        return words(static_cast<quint32>(6 + padded.size()) / 2, 4) + words(function, 2) + padded;
+    };
+    const QByteArray header(18, '\1');
+    const QByteArray origin = record(0x020B, QByteArray(4, '\0'));
+    for (const auto& [function, before] : {std::pair{0x0F43U, 22}, {0x0B41U, 20}, {0x0940U, 16}, {0x0D33U, 18}}) {
+        const QByteArray drawing = record(function, QByteArray(before, '\0') + dib);
+        const QByteArray placeable = words(0x9AC6CDD7U, 4) + QByteArray(18, '\0');
+        for (const QByteArray& metafile : {header + origin + drawing, placeable + header + origin + drawing}) {
+            const QImage image = pictureOf({RichObject::Kind::Wmf, metafile, 0, 0});
+            ASSERT_EQ(image.size(), sampleImage().size()) << function;
+            EXPECT_EQ(image.pixelColor(1, 2), QColor(Qt::yellow));
+        }
+        for (qsizetype cut = 0; cut < header.size() + origin.size() + drawing.size(); ++cut) {
+            pictureOf({RichObject::Kind::Wmf, (header + origin + drawing).left(cut), 0, 0});
+        }
+    }
 }
 
 TEST(RichPicture, DamagedDataGiveNoPicture) {
