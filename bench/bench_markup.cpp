@@ -1,6 +1,7 @@
 // The four passes on documents of 1 and 5 million characters, beside their literal wording, and on texts made to be
 // slow.
 #include "document/balises.h"
+#include "tests/document/oracle_passes.h"
 
 #include <QHash>
 
@@ -67,7 +68,10 @@ QString document(qsizetype longueur) {
     return texte;
 }
 
-void run(benchmark::State& state, const QString& texte, bool abc = false, bool aveclistes = true) {
+using Passes = void (*)(FormulaireRiche&, bool, const ContextePasses&);
+
+void run(benchmark::State& state, const QString& texte, bool abc = false, bool aveclistes = true,
+         Passes passes = chargecontenu) {
     const TableStyles table = styles();
     Source source;
     for (int i = 0; i < 20; ++i) {
@@ -85,7 +89,7 @@ void run(benchmark::State& state, const QString& texte, bool abc = false, bool a
         formulaire.controle.richTextForEdit() = rich;
         formulaire.controle.notifyChanged();
         state.ResumeTiming();
-        chargecontenu(formulaire, abc, {table, source, sablier});
+        passes(formulaire, abc, {table, source, sablier});
     }
     state.counters["chars"] = static_cast<double>(texte.size());
     state.SetItemsProcessed(state.iterations() * texte.size());
@@ -95,6 +99,12 @@ void BM_Document(benchmark::State& state) {
     run(state, document(state.range(0) * 1'000'000));
 }
 BENCHMARK(BM_Document)->Arg(1)->Arg(5)->Unit(benchmark::kMillisecond);
+
+/// The literal wording on the same documents, of 100,000, 1 million and 5 million characters.
+void BM_DocumentLiteral(benchmark::State& state) {
+    run(state, document(state.range(0) * 100'000), false, true, test::oraclechargecontenu);
+}
+BENCHMARK(BM_DocumentLiteral)->Arg(1)->Arg(10)->Arg(50)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 void BM_Condense(benchmark::State& state) {
     run(state, document(state.range(0) * 1'000'000), true);

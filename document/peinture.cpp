@@ -18,11 +18,12 @@ std::vector<std::int32_t> dessus(std::int32_t cellules, const std::vector<Trait>
         }
         return i;
     };
-    for (auto trait = traits.rbegin(); trait != traits.rend(); ++trait) {
-        if (!compte(trait->couleur))
+    for (std::size_t k = traits.size(); k-- > 0;) {
+        const Trait& trait = traits[k];
+        if (!compte(trait.couleur))
             continue;
-        for (std::int32_t i = premierenue(trait->debut); i < trait->fin; i = premierenue(i)) {
-            couleurs[static_cast<std::size_t>(i)] = trait->couleur;
+        for (std::int32_t i = premierenue(trait.debut); i < trait.fin; i = premierenue(i)) {
+            couleurs[static_cast<std::size_t>(i)] = trait.couleur;
             nue[static_cast<std::size_t>(i)] = i + 1;
         }
     }
