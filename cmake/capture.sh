@@ -23,6 +23,8 @@ unset WAYLAND_DISPLAY
 for _ in $(seq 100); do xdpyinfo >/dev/null 2>&1 && break; sleep 0.1; done
 openbox >/dev/null 2>&1 &
 pids+=($!)
+# A window shown before the manager stands may never be mapped.
+for _ in $(seq 100); do xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break; sleep 0.1; done
 "$@" &
 program=$!
 pids+=("$program")
