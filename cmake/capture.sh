@@ -15,7 +15,8 @@ cleanup() {
 }
 trap cleanup EXIT
 
-Xvfb ":$number" -screen 0 "${size}x24" -nolisten tcp >/dev/null 2>&1 &
+# Without -noreset the server starts afresh when its last client leaves, and takes the window manager with it.
+Xvfb ":$number" -screen 0 "${size}x24" -nolisten tcp -noreset >/dev/null 2>&1 &
 pids+=($!)
 export DISPLAY=":$number" QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR="$temp/run"
 mkdir -m 700 "$XDG_RUNTIME_DIR"
