@@ -191,6 +191,12 @@ const RichObject* PaperLayout::objectOf(const QTextFormat& format) const {
     return known ? &shown_->objects()[static_cast<std::size_t>(number)] : nullptr;
 }
 
+QSize PaperLayout::pictureTwips(int number, const RichObject& object) {
+    const auto known = pictureSizes_.find(number);
+    return known != pictureSizes_.end() ? known->second
+                                        : pictureSizes_.emplace(number, pictureSize(object)).first->second;
+}
+
 const QImage& PaperLayout::picture(int number, const RichObject& object) {
     const auto known = pictures_.find(number);
     return known != pictures_.end() ? known->second : pictures_.emplace(number, pictureOf(object)).first->second;

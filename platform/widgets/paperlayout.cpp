@@ -41,6 +41,7 @@ PaperLayout::~PaperLayout() = default;
 
 void PaperLayout::setContent(const ShownText* shown) {
     shown_ = shown;
+    pictureSizes_.clear();
     pictures_.clear();
     knownRevision_ = -1;
 }

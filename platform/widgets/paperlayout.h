@@ -103,11 +103,11 @@ private:
     QTextBlock layOut(int number); ///< the block, laid out
     void layOut(int number, const QTextBlock& block);
     int layOutLines(QTextLayout& lines, int number) const; ///< the paragraph's height
-    int breakLines(QTextLayout& lines, const ParaFormat& format) const;
+    int breakLines(QTextLayout& lines, int number) const;
     QTextOption optionFor(const ParaFormat& format) const;
     QList<QTextOption::Tab> tabsFor(const ParaFormat& format, double left) const;
     double lineLeft(const ParaFormat& format, bool first) const;
-    int lineHeight(const ParaFormat& format, double natural) const;
+    int lineHeight(const ParaFormat& format, double natural, bool pictures) const;
     Line lineIn(int number, int line);
     int slotTop(const QTextLayout& lines, int line, int height) const;
 
@@ -119,6 +119,7 @@ private:
     QList<QTextLayout::FormatRange> linkFormats(const QTextBlock& block,
                                                 const QList<QTextLayout::FormatRange>& selected) const;
     const RichObject* objectOf(const QTextFormat& format) const;
+    QSize pictureTwips(int number, const RichObject& object);
     const QImage& picture(int number, const RichObject& object);
 
     const ShownText* shown_ = nullptr;
@@ -132,6 +133,7 @@ private:
     look::Sheet sheet_;
     LinkRanges links_;
     int hovered_ = -1;
+    std::unordered_map<int, QSize> pictureSizes_;
     std::unordered_map<int, QImage> pictures_;
 };
 

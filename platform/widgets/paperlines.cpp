@@ -79,9 +79,11 @@ double PaperLayout::lineLeft(const ParaFormat& format, bool first) const {
     return std::clamp(left, double(-page_.margin), std::max(0.0, page_.measure - leastLine));
 }
 
-int PaperLayout::lineHeight(const ParaFormat& format, double natural) const {
+int PaperLayout::lineHeight(const ParaFormat& format, double natural, bool pictures) const {
     if (format.lineSpacing == 0) {
-        return qRound(natural * look::singleLine);
+        // The room between lines is the type's; a picture needs no more.
+        const double room = (look::singleLine - 1) * (pictures ? std::min(natural, 1.2 * fontHeight()) : natural);
+        return qRound(natural + room);
     }
     if (format.lineMultiple) {
         return std::max(1, qRound(natural * std::abs(format.lineSpacing) * singleMultiple));
@@ -95,23 +97,25 @@ int PaperLayout::layOutLines(QTextLayout& lines, int number) const {
     QTextOption option = optionFor(format);
     if (!shown_->paragraph(number).tabs) {
         lines.setTextOption(option);
-        return breakLines(lines, format);
+        return breakLines(lines, number);
     }
     // One list of stops serves the whole paragraph, for the engine uses it again when it draws. It is made for the
     // first line, unless only further lines, which may begin elsewhere, hold tabs.
     option.setTabs(tabsFor(format, lineLeft(format, true)));
     lines.setTextOption(option);
-    const int height = breakLines(lines, format);
+    const int height = breakLines(lines, number);
     const bool elsewhere = !qFuzzyCompare(1 + lineLeft(format, true), 1 + lineLeft(format, false));
     if (!elsewhere || lines.text().indexOf(u'\t') < lines.lineAt(0).textLength()) {
         return height;
     }
     option.setTabs(tabsFor(format, lineLeft(format, false)));
     lines.setTextOption(option);
-    return breakLines(lines, format);
+    return breakLines(lines, number);
 }
 
-int PaperLayout::breakLines(QTextLayout& lines, const ParaFormat& format) const {
+int PaperLayout::breakLines(QTextLayout& lines, int number) const {
+    const ParaFormat& format = shown_->format(number);
+    const bool pictures = shown_->paragraph(number).objects;
     lines.beginLayout();
     double y = std::round(pixels(std::max(0, format.spaceBefore)));
     const double right = pixels(std::max(0, format.rightIndent));
@@ -122,7 +126,7 @@ int PaperLayout::breakLines(QTextLayout& lines, const ParaFormat& format) const 
         }
         const double left = lineLeft(format, first);
         line.setLineWidth(std::max(leastLine, page_.measure - left - right));
-        const int height = lineHeight(format, line.height());
+        const int height = lineHeight(format, line.height(), pictures);
         line.setPosition(QPointF(left, y + std::round((height - line.height()) / 2)));
         y += height;
     }
@@ -221,7 +225,7 @@ void PaperLayout::resizeInlineObject(QTextInlineObject item, int position, const
     if (object == nullptr) {
         return;
     }
-    const QSize twips = pictureSize(*object);
+    const QSize twips = pictureTwips(format.intProperty(ViewFormats::Object), *object);
     const double width = pixels(twips.width());
     const double fit = std::min(1.0, page_.measure / width);
     item.setWidth(width * fit);

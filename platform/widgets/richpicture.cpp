@@ -1,12 +1,12 @@
 #include "platform/widgets/richpicture.h"
 
 #include "platform/text/twips.h"
+#include "platform/widgets/metafile.h"
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QLoggingCategory>
 #include <QtEndian>
-
-#include <array>
 
 namespace velm {
 
@@ -50,30 +50,6 @@ QByteArray bitmapFile(const QByteArray& dib) {
     return file + dib;
 }
 
-/// The first bitmap that a metafile draws: most metafiles in texts hold one picture and nothing else.
-QByteArray bitmapInMetafile(const QByteArray& metafile) {
-    struct Kind {
-        std::uint32_t function;
-        qsizetype bitmap; // bytes from the record's start
-    };
-    static constexpr std::array kinds{Kind{0x0F43, 28}, Kind{0x0B41, 26}, Kind{0x0940, 22}, Kind{0x0D33, 24}};
-    const bool placeable = number32(metafile, 0) == 0x9AC6CDD7U;
-    qsizetype at = (placeable ? 22 : 0) + 18;
-    while (at + 6 <= metafile.size()) {
-        const auto size = static_cast<qsizetype>(number32(metafile, at)) * 2;
-        if (size < 6) {
-            break;
-        }
-        for (const Kind& kind : kinds) {
-            if (number16(metafile, at + 4) == kind.function && size > kind.bitmap + 12) {
-                return metafile.mid(at + kind.bitmap, size - kind.bitmap);
-            }
-        }
-        at += size;
-    }
-    return {};
-}
-
 struct Source {
     QByteArray data;
     const char* format = nullptr;
@@ -88,22 +64,53 @@ Source sourceOf(const RichObject& object) {
     case RichObject::Kind::Dib:
         return {bitmapFile(object.data), "BMP"};
     case RichObject::Kind::Wmf:
-        return {bitmapFile(bitmapInMetafile(object.data)), "BMP"};
+        return {bitmapFile(bitmapInWmf(object.data)), "BMP"};
+    case RichObject::Kind::Emf:
+        return {bitmapFile(bitmapInEmf(object.data)), "BMP"};
     default:
         return {};
     }
+}
+
+/// All of a PNG's chunks to the last: of one that was cut short the decoder would complain aloud.
+bool isWholePng(const QByteArray& data) {
+    qsizetype at = 8;
+    while (at + 12 <= data.size()) {
+        const auto length = qsizetype{qFromBigEndian<std::uint32_t>(data.constData() + at)};
+        if (length > data.size() - at - 12) {
+            return false;
+        }
+        if (data.mid(at + 4, 4) == "IEND") {
+            return true;
+        }
+        at += length + 12;
+    }
+    return false;
+}
+
+// A damaged picture shows as a box; the decoders' complaints would tell nobody anything.
+void silenceDecoders() {
+    static const bool silenced = [] {
+        QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
+        return true;
+    }();
+    Q_UNUSED(silenced)
+}
+
+bool canBeRead(const Source& source) {
+    silenceDecoders();
+    return source.format != nullptr && !source.data.isEmpty() && (source.format[0] != 'P' || isWholePng(source.data));
 }
 
 } // namespace
 
 QImage pictureOf(const RichObject& object) {
     Source source = sourceOf(object);
-    if (source.format == nullptr || source.data.isEmpty()) {
+    if (!canBeRead(source)) {
         return {};
     }
     QBuffer buffer(&source.data);
-    QImageReader reader(&buffer, source.format);
-    return reader.read();
+    return QImageReader(&buffer, source.format).read();
 }
 
 QSize pictureSize(const RichObject& object) {
@@ -112,7 +119,7 @@ QSize pictureSize(const RichObject& object) {
     }
     Source source = sourceOf(object);
     QSize dots;
-    if (source.format != nullptr) {
+    if (canBeRead(source)) {
         QBuffer buffer(&source.data);
         dots = QImageReader(&buffer, source.format).size();
     }

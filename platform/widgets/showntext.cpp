@@ -103,6 +103,7 @@ void ShownText::readRun(Reading& reading, qsizetype start, qsizetype count, Form
         }
         ShownParagraph& paragraph = paragraphs_.back();
         paragraph.tabs = paragraph.tabs || unit == u'\t';
+        paragraph.objects = paragraph.objects || object;
         const bool pageBreak = unit == u'\f' && paragraph.start == i;
         paragraph.pageBreak = pageBreak && (i + 1 == model.size() || model[i + 1] == u'\r');
         const bool unseen = look.hidden && unit != u'\r' && unit != u'\n';

@@ -18,6 +18,7 @@ struct ShownParagraph {
     FormatId mark = 0;      ///< of its end
     bool pageBreak = false; ///< holds nothing but a page break
     bool tabs = false;      ///< holds a tab
+    bool objects = false;   ///< holds a picture
 };
 
 /// A run of one character format, in positions of the document.

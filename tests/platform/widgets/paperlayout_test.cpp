@@ -246,6 +246,7 @@ TEST_F(Page, APictureTakesItsStoredSizeButNeverMoreThanTheMeasure) {
         rich.append(u"\uFFFC", rich.intern(format), rich.intern(ParaFormat{}));
         show(rich);
         EXPECT_EQ(place(1).x(), std::min(width, layout().page().measure));
+        EXPECT_LE(layout().lineOf(0).height, 50 + 20); // no more leading than text has
     }
     const QImage shot = box.viewport()->grab().toImage();
     const QPoint middle(layout().page().textLeft + 100, place(0).y() + 1);
