@@ -1,3 +1,4 @@
+#include "document/appliquestyle.h"
 #include "document/styles.h"
 #include "document_support.h"
 #include "platform/text/ansi.h"
@@ -176,6 +177,28 @@ TEST_F(Styles, TheFirstRecordOfANameCounts) {
     stocke(u"STYLE09-NOM"_s, u"Deux fois"_s);
     EXPECT_EQ(lit().indice(u"Deux fois"), 5);
     EXPECT_EQ(lit().indice(u"deux fois"), -1);
+}
+
+TEST_F(Styles, TheDeliveredStylesAndTextsAgree) {
+    reglages_.choisitmaitre(QStringLiteral(VELM_SOURCE_DIR "/master.ini"));
+    ASSERT_TRUE(QFile::remove(dossier_.filePath(u"langues/RES2000.FR"_s)));
+    ASSERT_TRUE(
+        QFile::copy(QStringLiteral(VELM_SOURCE_DIR "/langues/RES2000.FR"), dossier_.filePath(u"langues/RES2000.FR"_s)));
+    Langue langue([this](const QString& numero) { signales_ += numero; });
+    langue.choisitfichier(dossier_.path(), dossier_.path(), u"FR"_s);
+    TextesConstants textes;
+    textes.stylecondense = langue.lireressource(1400);
+    textes.stylesuite = langue.lireressource(1401);
+    textes.stylemarque = langue.lireressource(1411);
+    const TableStyles table = litstyles(reglages_, langue, textes);
+    EXPECT_TRUE(signales_.isEmpty());
+    for (const QString& nom : {table.stylecondense, table.stylesuite, table.stylemarque, u"Titre"_s, u"Tableau"_s})
+        EXPECT_GE(table.indice(nom), 0) << nom.toStdString();
+    EXPECT_TRUE(stylemasque(table, langue.lireressource(1404), u""));
+    EXPECT_TRUE(stylemasque(table, langue.lireressource(1408), u""));
+    EXPECT_TRUE(stylemasque(table, table.stylesuite, langue.lireressource(1404)));
+    EXPECT_FALSE(stylemasque(table, table.stylesuite, u"Titre"));
+    EXPECT_FALSE(taquets(table.styles[static_cast<std::size_t>(table.indice(u"Tableau"))].tabulations).empty());
 }
 
 TEST(Stylemasque, ANameContainedInAnotherOneIsNotInTheCondensedList) {
