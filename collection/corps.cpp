@@ -266,12 +266,14 @@ void FaiseurDeCorps::tableau(const std::vector<QStringView>& rangees) {
         mise.vide();
         if (ligne.derniere)
             mise.nombre("\\sa", l + 1 == disposition.lignes.size() ? aprestableau : apresrangee);
-        if (disposition.suspendu > 0) {
+        if (disposition.suspendu > 0 && !ligne.pleine) {
             mise.nombre("\\fi-", disposition.suspendu);
             mise.nombre("\\li", disposition.suspendu);
         }
-        for (const int taquet : disposition.taquets)
-            mise.nombre("\\tx", taquet);
+        if (!ligne.pleine) {
+            for (const int taquet : disposition.taquets)
+                mise.nombre("\\tx", taquet);
+        }
         ouvreparagraphe(StyleSource::Tableau, mise.resultat(), disposition.demipoints);
         bool premiere = true;
         for (const auto& cellule : ligne.cellules) {

@@ -11,10 +11,22 @@ namespace {
 /// Width that a page offers, and the least distance between two columns.
 constexpr int largeurdepage = 9000;
 constexpr int gouttiere = 200;
+constexpr int gouttiereetroite = 110;
 /// A lone long column may begin this far to the right.
 constexpr int retraitmaximal = 4200;
-/// From the normal size down to the smallest that can still be read, in half points.
-constexpr std::array<int, 4> tailles = {20, 18, 16, 14};
+constexpr int taillenormale = 20; // half points
+constexpr int taillereduite = 18;
+/// Sizes and distances of columns that are tried in turn, down to the smallest that can still be read.
+struct Essai {
+    int taille;
+    int gouttiere;
+};
+constexpr std::array<Essai, 6> essais = {{{taillenormale, gouttiere},
+                                          {taillereduite, gouttiere},
+                                          {16, gouttiere},
+                                          {16, gouttiereetroite},
+                                          {14, gouttiereetroite},
+                                          {12, gouttiereetroite}}};
 /// The font at hand may be a little wider than the one measured.
 constexpr double aisance = 1.05;
 constexpr int retraitdespoursuites = 284;
@@ -135,13 +147,18 @@ int largeurdeligne(const std::vector<Mot>& ligne) {
 /// Widths of the columns with every line whole, and of their longest words.
 struct Mesures {
     std::vector<int> entieres, mots;
-    bool simples = true;        ///< no cell has a line end of its author's
-    bool dernieresimple = true; ///< the same of the last column
+    bool simples = true; ///< no cell has a line end of its author's
 };
+
+bool pleine(const Table& table, const Rangee& rangee) {
+    return rangee.size() == 1 && table.colonnes > 1;
+}
 
 Mesures mesure(const Table& table) {
     Mesures mesures{std::vector<int>(table.colonnes), std::vector<int>(table.colonnes)};
     for (const Rangee& rangee : table.rangees) {
+        if (pleine(table, rangee))
+            continue;
         for (std::size_t c = 0; c < rangee.size(); ++c) {
             mesures.simples = mesures.simples && rangee[c].lignes.size() == 1;
             for (const auto& ligne : rangee[c].lignes) {
@@ -154,10 +171,10 @@ Mesures mesure(const Table& table) {
     return mesures;
 }
 
-int somme(const std::vector<int>& largeurs, int demipoints) {
+int somme(const std::vector<int>& largeurs, int demipoints, int entre = gouttiere) {
     return std::accumulate(largeurs.begin(), largeurs.end(), 0,
-                           [=](int total, int l) { return total + twips(l, demipoints) + gouttiere; }) -
-           gouttiere;
+                           [=](int total, int l) { return total + twips(l, demipoints) + entre; }) -
+           entre;
 }
 
 void poseblancs(std::vector<Fragment>& cellule, const Mot& mot) {
@@ -189,30 +206,37 @@ std::vector<std::vector<Fragment>> plie(const Cellule& cellule, int largeur, int
     return lignes;
 }
 
-void poserangees(const Table& table, const std::vector<int>& largeurs, DispositionTableau& disposition) {
-    for (const Rangee& rangee : table.rangees) {
-        std::vector<std::vector<std::vector<Fragment>>> colonnes;
-        std::size_t hauteur = 1;
-        for (std::size_t c = 0; c < rangee.size(); ++c) {
-            colonnes.push_back(plie(rangee[c], largeurs.empty() ? 0 : largeurs[c], disposition.demipoints));
-            hauteur = std::max(hauteur, colonnes.back().size());
-        }
-        for (std::size_t l = 0; l < hauteur; ++l) {
-            LigneDeTableau ligne;
-            for (auto& colonne : colonnes)
-                ligne.cellules.push_back(l < colonne.size() ? std::move(colonne[l]) : std::vector<Fragment>());
-            while (ligne.cellules.size() > 1 && ligne.cellules.back().empty())
-                ligne.cellules.pop_back();
-            ligne.derniere = l + 1 == hauteur;
-            disposition.lignes.push_back(std::move(ligne));
-        }
+void poserangee(std::vector<std::vector<std::vector<Fragment>>> colonnes, bool pleine,
+                DispositionTableau& disposition) {
+    std::size_t hauteur = 1;
+    for (const auto& colonne : colonnes)
+        hauteur = std::max(hauteur, colonne.size());
+    for (std::size_t l = 0; l < hauteur; ++l) {
+        LigneDeTableau ligne;
+        for (auto& colonne : colonnes)
+            ligne.cellules.push_back(l < colonne.size() ? std::move(colonne[l]) : std::vector<Fragment>());
+        while (ligne.cellules.size() > 1 && ligne.cellules.back().empty())
+            ligne.cellules.pop_back();
+        ligne.derniere = l + 1 == hauteur;
+        ligne.pleine = pleine;
+        disposition.lignes.push_back(std::move(ligne));
     }
 }
 
-void posetaquets(const std::vector<int>& largeurs, DispositionTableau& disposition) {
+void poserangees(const Table& table, const std::vector<int>& largeurs, DispositionTableau& disposition) {
+    for (const Rangee& rangee : table.rangees) {
+        const bool entiere = pleine(table, rangee);
+        std::vector<std::vector<std::vector<Fragment>>> colonnes;
+        for (std::size_t c = 0; c < rangee.size(); ++c)
+            colonnes.push_back(plie(rangee[c], entiere || largeurs.empty() ? 0 : largeurs[c], disposition.demipoints));
+        poserangee(std::move(colonnes), entiere, disposition);
+    }
+}
+
+void posetaquets(const std::vector<int>& largeurs, DispositionTableau& disposition, int entre = gouttiere) {
     int x = 0;
     for (std::size_t c = 0; c + 1 < largeurs.size(); ++c) {
-        x += largeurs[c] + gouttiere;
+        x += largeurs[c] + entre;
         disposition.taquets.push_back(x);
     }
 }
@@ -225,9 +249,9 @@ std::vector<int> enTwips(const std::vector<int>& largeurs, int demipoints) {
 }
 
 bool suruneligne(const Table& table, const Mesures& mesures, DispositionTableau& disposition) {
-    if (!mesures.simples || somme(mesures.entieres, tailles[1]) > largeurdepage)
+    if (!mesures.simples || somme(mesures.entieres, taillereduite) > largeurdepage)
         return false;
-    disposition.demipoints = somme(mesures.entieres, tailles[0]) <= largeurdepage ? tailles[0] : tailles[1];
+    disposition.demipoints = somme(mesures.entieres, taillenormale) <= largeurdepage ? taillenormale : taillereduite;
     posetaquets(enTwips(mesures.entieres, disposition.demipoints), disposition);
     poserangees(table, {}, disposition);
     return true;
@@ -237,23 +261,24 @@ bool dernierelongue(const Table& table, const Mesures& mesures, DispositionTable
     if (!mesures.simples || table.colonnes < 2)
         return false;
     const std::vector<int> premieres(mesures.entieres.begin(), mesures.entieres.end() - 1);
-    if (somme(premieres, tailles[0]) + gouttiere > retraitmaximal)
+    if (somme(premieres, taillenormale) + gouttiere > retraitmaximal)
         return false;
-    disposition.demipoints = tailles[0];
-    posetaquets(enTwips(mesures.entieres, tailles[0]), disposition);
+    disposition.demipoints = taillenormale;
+    posetaquets(enTwips(mesures.entieres, taillenormale), disposition);
     disposition.suspendu = disposition.taquets.back();
     poserangees(table, {}, disposition);
     return true;
 }
 
 /// Every column gets its longest word, and a share of what is left by what it would like to have.
-std::vector<int> partage(const Mesures& mesures, int demipoints) {
+std::vector<int> partage(const Mesures& mesures, const Essai& essai) {
+    const int demipoints = essai.taille;
     std::vector<int> largeurs = enTwips(mesures.mots, demipoints);
     const std::vector<int> souhaits = enTwips(mesures.entieres, demipoints);
     double manque = 0;
     for (std::size_t c = 0; c < largeurs.size(); ++c)
         manque += souhaits[c] - largeurs[c];
-    const int reste = largeurdepage - somme(mesures.mots, demipoints);
+    const int reste = largeurdepage - somme(mesures.mots, demipoints, essai.gouttiere);
     const double part = manque > reste ? reste / manque : 1.0;
     for (std::size_t c = 0; c < largeurs.size(); ++c)
         largeurs[c] += static_cast<int>((souhaits[c] - largeurs[c]) * part);
@@ -261,12 +286,12 @@ std::vector<int> partage(const Mesures& mesures, int demipoints) {
 }
 
 bool encolonnes(const Table& table, const Mesures& mesures, DispositionTableau& disposition) {
-    for (const int taille : tailles) {
-        if (somme(mesures.mots, taille) > largeurdepage)
+    for (const Essai& essai : essais) {
+        if (somme(mesures.mots, essai.taille, essai.gouttiere) > largeurdepage)
             continue;
-        disposition.demipoints = taille;
-        const std::vector<int> largeurs = partage(mesures, taille);
-        posetaquets(largeurs, disposition);
+        disposition.demipoints = essai.taille;
+        const std::vector<int> largeurs = partage(mesures, essai);
+        posetaquets(largeurs, disposition, essai.gouttiere);
         poserangees(table, largeurs, disposition);
         return true;
     }
@@ -274,7 +299,7 @@ bool encolonnes(const Table& table, const Mesures& mesures, DispositionTableau& 
 }
 
 void alasuite(const Table& table, DispositionTableau& disposition) {
-    disposition.demipoints = tailles[0];
+    disposition.demipoints = taillenormale;
     disposition.suspendu = retraitdespoursuites;
     for (const Rangee& rangee : table.rangees) {
         std::vector<Fragment> texte;

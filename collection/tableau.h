@@ -15,6 +15,7 @@ struct Fragment {
 struct LigneDeTableau {
     std::vector<std::vector<Fragment>> cellules;
     bool derniere = false; ///< the last line of its row
+    bool pleine = false;   ///< a row of one cell alone: it takes the whole width
 };
 
 struct LienDeTableau {
@@ -36,6 +37,8 @@ struct DispositionTableau {
 ///  - only the last column is long: it wraps by itself under its own stop;
 ///  - columns of a fitting width, each cell wrapped by us, in the largest size at which the longest words fit;
 ///  - too many columns for any size: the cells of a row one after the other, parted by dashes.
+/// A row whose first cell alone holds something (a heading, a remark) runs over the whole width and does not count for
+/// the columns.
 DispositionTableau disposetableau(const std::vector<QStringView>& rangees, const SignaleBalisage& signale);
 
 } // namespace velm
