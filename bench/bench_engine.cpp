@@ -74,7 +74,7 @@ qsizetype shortFields(const Recordset& row) {
 
 void openBase(benchmark::State& state) {
     base();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         Opened opened;
         benchmark::DoNotOptimize(opened.documents->text(u"titre"_s));
     }
@@ -84,7 +84,7 @@ BENCHMARK(openBase)->Unit(benchmark::kMicrosecond);
 void seekAndShortFields(benchmark::State& state) {
     const Opened opened;
     int i = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const int number = scattered(i++ % documentsCount);
         opened.documents->seek(Seek::Equal, codes[static_cast<qsizetype>(number) * collections / documentsCount],
                                sixDigits(number));
@@ -96,7 +96,7 @@ BENCHMARK(seekAndShortFields)->Unit(benchmark::kMicrosecond);
 void seekAndBody(benchmark::State& state) {
     const Opened opened;
     int i = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const int number = scattered(i++ % documentsCount);
         opened.documents->seek(Seek::Equal, codes[static_cast<qsizetype>(number) * collections / documentsCount],
                                sixDigits(number));
@@ -107,7 +107,7 @@ BENCHMARK(seekAndBody)->Unit(benchmark::kMicrosecond);
 
 void walkCollection(benchmark::State& state) {
     const Opened opened;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         opened.documents->seek(Seek::GreaterOrEqual, u"CO"_s);
         for (int i = 0; i < walked && !opened.documents->eof(); ++i, opened.documents->moveNext())
             benchmark::DoNotOptimize(shortFields(*opened.documents));
@@ -118,7 +118,7 @@ BENCHMARK(walkCollection)->Unit(benchmark::kMillisecond);
 void walkByDate(benchmark::State& state) {
     const Opened opened;
     opened.documents->setIndex(u"idate"_s);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         opened.documents->seek(Seek::Greater, QString());
         for (int i = 0; i < walked && !opened.documents->eof(); ++i, opened.documents->moveNext())
             benchmark::DoNotOptimize(shortFields(*opened.documents));
@@ -129,7 +129,7 @@ BENCHMARK(walkByDate)->Unit(benchmark::kMillisecond);
 /// Each step disturbed by a bookmark to another row and back, as a window's event may do.
 void walkDisturbed(benchmark::State& state) {
     const Opened opened;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         opened.documents->seek(Seek::GreaterOrEqual, u"CO"_s);
         const Bookmark first = opened.documents->bookmark();
         for (int i = 0; i < walked / 10 && !opened.documents->eof(); ++i, opened.documents->moveNext()) {
@@ -196,7 +196,7 @@ private:
 void peerQueryForEachSeek(benchmark::State& state) {
     const Plain plain;
     int i = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const int number = scattered(i++ % documentsCount);
         benchmark::DoNotOptimize(plain.row(u"référence='%1' AND numart='%2'"_s.arg(
             codes[static_cast<qsizetype>(number) * collections / documentsCount], sixDigits(number))));
@@ -206,7 +206,7 @@ BENCHMARK(peerQueryForEachSeek)->Unit(benchmark::kMicrosecond);
 
 void peerQueryForEachRowOfAWalk(benchmark::State& state) {
     const Plain plain;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         for (int i = 0; i < walked; ++i)
             benchmark::DoNotOptimize(
                 plain.row(u"référence='CO' AND numart>='%1' ORDER BY référence, numart LIMIT 1"_s.arg(sixDigits(i))));
@@ -219,7 +219,7 @@ void floorPreparedSeek(benchmark::State& state) {
     const Plain plain;
     benchmark::DoNotOptimize(plain.preparedSeeks([&](const auto& seek) {
         int i = 0;
-        for (auto _ : state) {
+        for ([[maybe_unused]] auto _ : state) {
             const int number = scattered(i++ % documentsCount);
             benchmark::DoNotOptimize(
                 seek(codes[static_cast<qsizetype>(number) * collections / documentsCount], sixDigits(number)));
@@ -230,7 +230,7 @@ BENCHMARK(floorPreparedSeek)->Unit(benchmark::kMicrosecond);
 
 void writeSmallRows(benchmark::State& state) {
     constexpr int rows = 200'000;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const QTemporaryDir folder;
         auto made = Database::create(folder.filePath(u"liens.dat"_s), corpusSchema());
         TableWriter writer(*made.database, u"liens"_s,

@@ -30,8 +30,9 @@ struct Ground {
                                   {u"référence"_s, u"numart"_s, u"titre"_s, u"contenu"_s});
             TableWriter words(*made.database, u"dico"_s, {u"mot"_s, u"liste"_s});
             for (int i = 0; i < 60; ++i) {
-                documents.add({u"CO"_s, u"%1"_s.arg(i, 6, 10, QChar(u'0')), u"Titre"_s, QString(i * 90, u'x')});
-                words.add({u"MOT%1"_s.arg(i), QByteArray(i * 40, 'A')});
+                documents.add(
+                    {u"CO"_s, u"%1"_s.arg(i, 6, 10, QChar(u'0')), u"Titre"_s, QString(qsizetype(i) * 90, u'x')});
+                words.add({u"MOT%1"_s.arg(i), QByteArray(qsizetype(i) * 40, 'A')});
             }
         }
         QFile file(path);

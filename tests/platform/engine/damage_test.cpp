@@ -38,8 +38,8 @@ protected:
         TableWriter links(made, u"liens"_s, {u"référencedépart"_s, u"numartdépart"_s});
         for (int i = 0; i < 120; ++i) {
             documents.add({u"CO"_s, u"%1"_s.arg(i, 6, 10, QChar(u'0')), u"Titre %1"_s.arg(i * 7 % 100),
-                           u"2001-02-0%1"_s.arg(i % 9 + 1), i / 5, QString(i * 16, u'x')});
-            words.add({u"MOT%1"_s.arg(i), QByteArray(i * 3, 'A')});
+                           u"2001-02-0%1"_s.arg(i % 9 + 1), i / 5, QString(qsizetype(i) * 16, u'x')});
+            words.add({u"MOT%1"_s.arg(i), QByteArray(qsizetype(i) * 3, 'A')});
             links.add({u"CO"_s, u"%1"_s.arg(i % 40, 6, 10, QChar(u'0'))});
         }
     }

@@ -41,6 +41,7 @@ protected:
         ASSERT_TRUE(made.database) << made.message.toStdString();
         fill(*made.database, u"paramètres"_s, {u"nbarticles"_s}, {{u"     3"_s}});
         std::vector<std::vector<QVariant>> words;
+        words.reserve(2000);
         for (int i = 0; i < 2000; ++i)
             words.push_back({u"MOT%1"_s.arg(i), QByteArray("A\0\0\1", 4)});
         fill(*made.database, u"dico"_s, {u"mot"_s, u"liste"_s}, words);

@@ -131,6 +131,7 @@ protected:
 
     static std::vector<qint64> ids(const std::vector<Line>& order) {
         std::vector<qint64> result;
+        result.reserve(order.size());
         for (const Line& line : order)
             result.push_back(line.id);
         return result;
@@ -151,7 +152,7 @@ protected:
             const auto how = static_cast<Seek>(draw(3));
             std::vector<QVariant> keys =
                 keysOf(table, index, order[static_cast<size_t>(draw(static_cast<int>(order.size())))]);
-            keys.resize(static_cast<size_t>(draw(static_cast<int>(keys.size())) + 1));
+            keys.resize(static_cast<size_t>(draw(static_cast<int>(keys.size()))) + 1);
             for (size_t i = 0; i < keys.size(); ++i) {
                 if (draw(3) == 0)
                     keys[i] = draw(4) == 0 ? QVariant(QString()) : drawn(*table.field(index.fields[i].field));
