@@ -38,6 +38,21 @@ char16_t shape(char16_t unit, bool object) {
     }
 }
 
+/// French sets a blank before high punctuation and inside its quotation marks; at such a blank no line may end, however
+/// it was typed.
+void holdPunctuation(QString& text) {
+    QChar* const units = text.data();
+    for (qsizetype i = 1; i < text.size(); ++i) {
+        const char16_t unit = units[i].unicode();
+        const bool high = unit == u':' || unit == u';' || unit == u'?' || unit == u'!' || unit == u'»';
+        if (high && units[i - 1] == u' ') {
+            units[i - 1] = QChar::Nbsp;
+        } else if (unit == u' ' && units[i - 1] == u'«') {
+            units[i] = QChar::Nbsp;
+        }
+    }
+}
+
 /// No length beyond what fits in sixteen bits, so that sums and pixels stay within bounds.
 ParaFormat bounded(ParaFormat format) {
     const auto bound = [](std::int32_t& twips) { twips = std::clamp(twips, -32767, 32767); };
@@ -71,6 +86,7 @@ ShownText::ShownText(const RichText& rich) : objects_(rich.objects()), modelLeng
     rich.forEachRun(0, modelLength_,
                     [&](qsizetype start, qsizetype count, FormatId format) { readRun(reading, start, count, format); });
     text_.truncate(reading.written);
+    holdPunctuation(text_);
     if (paragraphs_.back().start == modelLength_) {
         endParagraph(rich, -1, rich.tailCharacter());
     } else {

@@ -38,7 +38,8 @@ public:
     const ParaFormat& format(int number) const; ///< no length beyond 32767 twips
     const std::vector<ShownRun>& runs() const { return runs_; }
 
-    /// Paragraph ends as U+2029, line ends inside a paragraph as U+2028; what has no shape is a joiner of no width.
+    /// Paragraph ends as U+2029, line ends inside a paragraph as U+2028; what has no shape is a joiner of no width;
+    /// blanks that belong to punctuation hold the line together.
     const QString& text() const { return text_; }
     int documentLength() const { return static_cast<int>(text_.size()); }
     qsizetype modelLength() const { return modelLength_; }

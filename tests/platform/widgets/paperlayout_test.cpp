@@ -288,6 +288,18 @@ TEST_F(Page, ATableOnTabStopsWidensTheSheetWhereTheWindowAllows) {
     EXPECT_EQ(place(4).x(), 800);
 }
 
+TEST_F(Page, NoLineBeginsWithHighPunctuation) {
+    for (int width = 500; width < 620; width += 3) {
+        box.resize(width, 600);
+        one(u"le consommateur : "_s.repeated(40), {});
+        settle();
+        const QTextBlock block = box.document()->firstBlock();
+        for (int i = 0; i < block.layout()->lineCount(); ++i) {
+            ASSERT_NE(block.text().at(block.layout()->lineAt(i).textStart()), u':');
+        }
+    }
+}
+
 TEST_F(Page, LineEndsInsideAParagraphBreakTheLine) {
     one(u"a\vb"_s, {});
     EXPECT_EQ(place(2).x(), 0);

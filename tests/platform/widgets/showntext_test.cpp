@@ -71,6 +71,12 @@ TEST(ShownText, HiddenTextKeepsItsPlaceWithoutWidth) {
     EXPECT_EQ(shown.count(), 2);
 }
 
+TEST(ShownText, BlanksOfPunctuationHoldTheLineTogether) {
+    const ShownText shown(oneRun(u"un : « deux » ; trois ? quatre ! : a b\u00A0:"_s));
+    EXPECT_EQ(shown.text(), u"un\u00A0: «\u00A0deux\u00A0»\u00A0; trois\u00A0? quatre\u00A0!\u00A0: a b\u00A0:"_s);
+    EXPECT_EQ(shown.modelLength(), shown.documentLength());
+}
+
 TEST(ShownText, AnObjectKeepsItsSign) {
     RichText rich = oneRun(u"a"_s);
     CharFormat format;
