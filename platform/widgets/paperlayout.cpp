@@ -12,8 +12,11 @@ namespace velm {
 
 namespace {
 
-constexpr int leastMeasure = 120;     // pixels; a narrower window cuts the text off rather than breaking every word
-constexpr double tabRoom = 4.0;       // ems that a table keeps behind its last stop
+constexpr int leastMeasure = 120;        // pixels; a narrower window cuts the text off rather than breaking every word
+constexpr double tabRoom = 4.0;          // ems that a table keeps behind its last stop
+constexpr std::int32_t tableRoom = 9000; // twips: tables are set for the width of a printed page's text
+constexpr int smallestPageType = 22;  // half points: a document of small tables or of large titles keeps the page that
+constexpr int largestPageType = 32;   // running text would have
 constexpr int tabMeasureLimit = 1100; // pixels at 96 dots to the inch, beyond which a table does not widen the sheet
 
 } // namespace
@@ -61,7 +64,13 @@ double PaperLayout::fontHeight() const {
     return std::clamp(halfPoints, 12, 96) / 144.0 * device_.dpi;
 }
 
-int PaperLayout::widestTabs() const {
+double PaperLayout::pageEm() const {
+    const int halfPoints = shown_ != nullptr ? shown_->mainFormat().size : smallestPageType;
+    return std::clamp(halfPoints, smallestPageType, largestPageType) / 144.0 * device_.dpi;
+}
+
+/// The width that tables on tab stops need; 0 when there are none.
+int PaperLayout::tableWidth() const {
     std::int32_t widest = 0;
     for (int i = 0; shown_ != nullptr && i < shown_->count(); ++i) {
         const ParaFormat& format = shown_->format(i);
@@ -70,16 +79,17 @@ int PaperLayout::widestTabs() const {
         }
     }
     const double limit = tabMeasureLimit * device_.dpi / 96.0;
-    return widest > 0 ? static_cast<int>(std::min(limit, pixels(widest) + tabRoom * fontHeight())) : 0;
+    const double needed = std::max(pixels(tableRoom), pixels(widest) + tabRoom * pageEm());
+    return widest > 0 ? static_cast<int>(std::min(limit, needed)) : 0;
 }
 
 void PaperLayout::updatePage() {
     PaperPage page;
     page.width = std::max(1, static_cast<int>(document()->pageSize().width()));
-    const double em = fontHeight();
+    const double em = pageEm();
     page.margin = qRound(look::sheetMargin * em);
     // Running French text in a book face takes about 0.43 em for a character.
-    const int longest = std::max(qRound(look::measureCharacters * 0.43 * em), widestTabs());
+    const int longest = std::max(qRound(look::measureCharacters * 0.43 * em), tableWidth());
     page.measure = std::clamp(page.width - 2 * page.margin, leastMeasure, std::max(leastMeasure, longest));
     page.sheetWidth = page.measure + 2 * page.margin;
     page.sheetLeft = std::max(0, (page.width - page.sheetWidth) / 2);

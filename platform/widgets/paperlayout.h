@@ -96,7 +96,8 @@ private:
     double pixels(std::int32_t twips) const { return twips * device_.dpi / 1440.0; }
     double fontHeight() const;
     void updatePage();
-    int widestTabs() const;
+    double pageEm() const;
+    int tableWidth() const;
     void forgetLines();
     int estimate(int number, double lineHeight, double averageWidth) const;
 

@@ -279,6 +279,24 @@ TEST_F(Page, TheMeasureIsBoundedAndCentred) {
     EXPECT_GE(layout().page().measure, 100);
 }
 
+TEST_F(Page, SmallPrintAndLargeTitlesKeepTheUsualPage) {
+    box.resize(1600, 600);
+    CharFormat type;
+    type.size = 22;
+    one(u"texte"_s, {}, type);
+    const int usual = layout().page().measure;
+    type.size = 14;
+    one(u"texte"_s, {}, type);
+    EXPECT_EQ(layout().page().measure, usual);
+    type.size = 72;
+    one(u"texte"_s, {}, type);
+    EXPECT_LT(layout().page().measure, 2 * usual);
+    ParaFormat table;
+    table.tabs = {2000};
+    one(u"a\tb"_s, table);
+    EXPECT_GE(layout().page().measure, 600);
+}
+
 TEST_F(Page, ATableOnTabStopsWidensTheSheetWhereTheWindowAllows) {
     box.resize(1600, 600);
     ParaFormat format;
