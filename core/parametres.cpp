@@ -144,11 +144,12 @@ QString separateursmotsjoker() {
 }
 
 QString adresseediteur() {
-    return QStringLiteral("https://www.velmorante.example/aide");
+    return QStringLiteral("https://www.example.org/velmorante/aide");
 }
 
 QString avecseparateur(const QString& repertoire) {
-    return repertoire.isEmpty() ? repertoire : repertoire + u'/';
+    // A stored place that ends in one already gets no second: it is written back at each start and would grow for ever.
+    return withSeparator(repertoire);
 }
 
 Parametres litparametres(Reglages& reglages, Langue& langue, const QString& dossierprogramme) {

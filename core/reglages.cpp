@@ -3,6 +3,8 @@
 #include "platform/text/failure.h"
 #include "platform/text/number.h"
 
+#include <cmath>
+
 namespace velm {
 
 namespace {
@@ -13,7 +15,8 @@ std::optional<double> nombre(const QString& texte) {
     brut.replace(u',', u'.');
     bool juste = false;
     const double valeur = brut.toDouble(&juste);
-    return juste ? std::optional(valeur) : std::nullopt;
+    // The words "inf" and "nan" are no numbers here.
+    return juste && std::isfinite(valeur) ? std::optional(valeur) : std::nullopt;
 }
 
 [[noreturn]] void erreurdeconversion(const QString& section, const QString& cle, const QString& texte) {

@@ -184,7 +184,13 @@ TEST_F(ParametresTest, AStoredTextThatIsNoNumberIsFatal) {
     EXPECT_THROW(premiers(), test::Arret);
     stocke("EDITEUR", "PRINTERMARGEHAUTE", "99999999999");
     EXPECT_THROW(premiers(), test::Arret);
+    for (const char* mot : {"nan", "inf", "-inf"}) {
+        stocke("EDITEUR", "PRINTERMARGEHAUTE", mot);
+        EXPECT_THROW(premiers(), test::Arret) << mot;
+    }
     stocke("EDITEUR", "PRINTERMARGEHAUTE", "567");
+    stocke("EDITEUR", "LARGEURSELECTION", "nan");
+    EXPECT_THROW(seconds(), test::Arret);
     stocke("EDITEUR", "CHOIXIMPRIMANTE", "peut-être");
     EXPECT_THROW(premiers(), test::Arret);
 }
@@ -225,7 +231,7 @@ TEST_F(ParametresTest, DirectoriesEndInASeparatorAfterReading) {
     stocke("BASE", "DOSSIERS", "/home/moi");
     const Parametres p = premiers();
     EXPECT_EQ(p.repertoiredebase, u"/media/disque/");
-    EXPECT_EQ(p.repertoireediteur, u"/opt/editeur//"); // the stored form is kept; opening never doubles
+    EXPECT_EQ(p.repertoireediteur, u"/opt/editeur/"); // one that is there already is not doubled
     EXPECT_TRUE(p.repertoireapplication.isEmpty());
     EXPECT_EQ(seconds().repertoiredossiers, u"/home/moi/");
 }

@@ -118,3 +118,40 @@ TEST_F(SeanceFin, TheWindowHandleIsNeverCleared) {
     EXPECT_TRUE(quitte({Bouton::Oui}));
     EXPECT_EQ(lu("HWND", "HWnd"), u"4242");
 }
+
+TEST_F(SeanceFin, ThePlaceOfTheBaseIsWrittenAlikeHoweverOftenTheProgramRuns) {
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_TRUE(quitte({Bouton::Oui}));
+        EXPECT_EQ(lu("BASE", "CHEMIN"), dossier_.path() + u'/');
+        seance_.reset();
+    }
+}
+
+TEST_F(SeanceFin, AnActiveWindowWithoutAnEntryIsNone) {
+    ecrans.etat.cochees[0] = true;
+    ecrans.etat.libelles[0] = QStringLiteral("Code - Article premier");
+    ecrans.etat.titreactif = QStringLiteral("Liste chronologique");
+    EXPECT_TRUE(quitte({Bouton::Oui}));
+    EXPECT_EQ(lu("POSITIONFORME", "MDICHILD"), u"-1X           ");
+}
+
+TEST_F(SeanceFin, NothingIsWrittenBeforeThePrintJobIsSettled) {
+    ecrans.impression = true;
+    ecrans.surabandon = [this] {
+        EXPECT_EQ(lu("POSITIONFORME", "MDICHILD"), u"(absent)");
+        EXPECT_TRUE(corpus.connecte());
+    };
+    EXPECT_TRUE(quitte({Bouton::Oui, Bouton::Non}));
+    EXPECT_EQ(ecrans.journal.first(), u"abandonne");
+    EXPECT_EQ(lu("POSITIONFORME", "MDICHILD"), u"-1            ");
+}
+
+TEST_F(SeanceFin, TheTablesAreClosedBeforeTheDossiersAndThePositionComesLast) {
+    ecrans.surfermedossiers = [this] {
+        EXPECT_FALSE(corpus.connecte());
+        EXPECT_NE(lu("POSITIONFORME", "MDICHILD"), u"(absent)");
+    };
+    ecrans.surfermefenetres = [this] { EXPECT_EQ(lu("POSITIONMDI", "WINDOWSSTATE"), u"(absent)"); };
+    EXPECT_TRUE(quitte({Bouton::Oui}));
+    EXPECT_EQ(lu("POSITIONMDI", "WINDOWSSTATE"), u"2");
+}

@@ -27,7 +27,11 @@ public:
         return surconnexion ? surconnexion() : false;
     }
     void ouvredossiers() override { note(QStringLiteral("dossiers")); }
-    void fermedossiers() override { note(QStringLiteral("ferme dossiers")); }
+    void fermedossiers() override {
+        note(QStringLiteral("ferme dossiers"));
+        if (surfermedossiers)
+            surfermedossiers();
+    }
     QString chargeprincipale() override {
         note(QStringLiteral("charge"));
         if (surcharge)
@@ -41,10 +45,18 @@ public:
     void astuce() override { note(QStringLiteral("astuce")); }
     bool impressionouverte() const override { return impression; }
     void termineimpression() override { note(QStringLiteral("termine")); }
-    void abandonneimpression() override { note(QStringLiteral("abandonne")); }
+    void abandonneimpression() override {
+        note(QStringLiteral("abandonne"));
+        if (surabandon)
+            surabandon();
+    }
     EtatFenetres etatfenetres() const override { return etat; }
     void sauvederniers() override { note(QStringLiteral("derniers")); }
-    void fermefenetres() override { note(QStringLiteral("ferme fenêtres")); }
+    void fermefenetres() override {
+        note(QStringLiteral("ferme fenêtres"));
+        if (surfermefenetres)
+            surfermefenetres();
+    }
     void fermeprincipale() override { note(QStringLiteral("ferme principale")); }
 
     bool a(const QString& ligne) const { return journal.contains(ligne); }
@@ -54,6 +66,9 @@ public:
     QStringList journal;
     std::function<bool()> surconnexion;
     std::function<void()> surcharge;
+    std::function<void()> surabandon;
+    std::function<void()> surfermedossiers;
+    std::function<void()> surfermefenetres;
     bool impression = false;
     EtatFenetres etat;
 };
