@@ -9,10 +9,6 @@ namespace {
 
 constexpr auto section = u"VELMORANTE 2000";
 
-QString cheminlangue(const QString& dossier, const QString& extension) {
-    return joinPath(dossier, QStringLiteral("langues/RES2000.") + extension);
-}
-
 /// The French file beside another one: the last two characters of the name replaced.
 QString fichierfrancais(const QString& chemin) {
     return chemin.left(std::max<qsizetype>(0, chemin.size() - 2)) + QStringLiteral("FR");
@@ -20,13 +16,17 @@ QString fichierfrancais(const QString& chemin) {
 
 } // namespace
 
+QString Langue::cheminfichier(const QString& dossier, const QString& extension) {
+    return joinPath(dossier, QStringLiteral("langues/RES2000.") + extension);
+}
+
 Langue::Langue(std::function<void(const QString&)> signale) : signale_(std::move(signale)), cache_(nombredetextes) {}
 
 void Langue::choisitfichier(const QString& dossierapplication, const QString& dossierprogramme,
                             const QString& extension) {
     dossierprogramme_ = dossierprogramme;
     extension_ = extension;
-    fichier_ = cheminlangue(dossierapplication, extension);
+    fichier_ = cheminfichier(dossierapplication, extension);
 }
 
 QString Langue::lit(const QString& chemin, int n) {
@@ -47,13 +47,27 @@ QString Langue::lireressource(int n) {
         texte = lit(fichierfrancais(fichier_), n);
     if (texte.isEmpty()) {
         // From now on the file beside the program is the language file, whatever the settings say.
-        fichier_ = cheminlangue(dossierprogramme_, extension_);
+        fichier_ = cheminfichier(dossierprogramme_, extension_);
         texte = lit(fichierfrancais(fichier_), n);
     }
     if (texte.isEmpty())
         signale_(QString::number(n));
     cache_[n] = texte;
     return texte;
+}
+
+QString remplace(const QString& texte, const QStringList& parties) {
+    QString resultat;
+    for (qsizetype i = 0; i < texte.size(); ++i) {
+        const int rang = texte.at(i) == u'%' && i + 1 < texte.size() ? texte.at(i + 1).digitValue() : 0;
+        if (rang >= 1 && rang <= parties.size()) {
+            resultat += parties.at(rang - 1);
+            ++i;
+        } else {
+            resultat += texte.at(i);
+        }
+    }
+    return resultat;
 }
 
 } // namespace velm

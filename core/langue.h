@@ -3,6 +3,7 @@
 #include "platform/system/profile.h"
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 #include <functional>
@@ -19,6 +20,8 @@ public:
     /// The language file: application folder + "/langues/RES2000." + extension. `dossierprogramme` is where the file is
     /// looked for after a failed look-up.
     void choisitfichier(const QString& dossierapplication, const QString& dossierprogramme, const QString& extension);
+    /// Path of a language's file in a folder.
+    static QString cheminfichier(const QString& dossier, const QString& extension);
     QString fichier() const { return fichier_; }
     QString extension() const { return extension_; }
 
@@ -40,5 +43,8 @@ private:
     QHash<QString, Profile> profils_;
     int lectures_ = 0;
 };
+
+/// A text with "%1", "%2"… replaced by the parts, in one pass: a part that holds such a mark itself stays as it is.
+QString remplace(const QString& texte, const QStringList& parties);
 
 } // namespace velm
