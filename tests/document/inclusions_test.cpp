@@ -118,7 +118,7 @@ TEST(Inclusions, ADocumentThatIncludesItselfBehindATextStopsAtTheBound) {
     Essai essai;
     essai.source.corps[u"CO000001"_s] = rtfde(u"x{I=CO000001}");
     const QString texte = essai.passe(u"{I=CO000001}"_s);
-    constexpr qsizetype borne = 8 * 1024 * 1024;
+    constexpr qsizetype borne = qsizetype{8} * 1024 * 1024;
     EXPECT_EQ(texte, QString(borne - 12, u'x')) << "the last token, which no longer fits, is deleted as an unknown one";
 }
 

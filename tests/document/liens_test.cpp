@@ -178,7 +178,7 @@ TEST(Links, AFormWithoutTheListsShowsTheSameText) {
 TEST(Links, LinksThatGrowForEverStopAtTheBound) {
     Essai essai;
     const QString texte = essai.passe(u"{U=}{U=}|"_s);
-    constexpr qsizetype borne = 8 * 1024 * 1024;
+    constexpr qsizetype borne = qsizetype{8} * 1024 * 1024;
     EXPECT_EQ(texte.size(), borne);
     EXPECT_EQ(texte.left(5), u"}}}}}"_s);
     EXPECT_EQ(texte.right(9), u"{U=}{U=}|"_s);
