@@ -189,7 +189,9 @@ int info(Contexte& contexte) {
         return code;
 
     QJsonObject collections;
-    for (int indice = 0; indice < nombredecollections; ++indice)
+    // A base may lack a table: that is told here, where nothing else uses it.
+    const bool comptees = corpus.parametres().usable();
+    for (int indice = 0; comptees && indice < nombredecollections; ++indice)
         collections.insert(typedindice(indice), corpus.compterarticles(typedindice(indice)));
     const struct {
         int id;
@@ -206,7 +208,8 @@ int info(Contexte& contexte) {
                           {QStringLiteral("lectureseule"), !corpus.updatable()},
                           {QStringLiteral("collections"), collections}};
         for (const auto& compte : comptes)
-            objet.insert(QString::fromLatin1(compte.cle), compte.table.recordCount());
+            objet.insert(QString::fromLatin1(compte.cle),
+                         compte.table.usable() ? QJsonValue(compte.table.recordCount()) : QJsonValue());
         contexte.ecrit(jsonligne(QJsonDocument(objet)));
         return Reussite;
     }
@@ -216,15 +219,23 @@ int info(Contexte& contexte) {
     ecrit(contexte.texte(9380), chemin);
     ecrit(contexte.texte(9381), QString::number(taille));
     ecrit(contexte.texte(9389), contexte.texte(corpus.updatable() ? 9396 : 9395));
-    for (const auto& compte : comptes)
-        ecrit(contexte.texte(compte.id), QString::number(compte.table.recordCount()));
-    for (int indice = 0; indice < nombredecollections; ++indice)
+    for (const auto& compte : comptes) {
+        if (compte.table.usable())
+            ecrit(contexte.texte(compte.id), QString::number(compte.table.recordCount()));
+        else
+            contexte.ligne(contexte.texte(9398, {compte.table.table()}));
+    }
+    if (!comptees)
+        contexte.ligne(contexte.texte(9398, {corpus.parametres().table()}));
+    for (int indice = 0; comptees && indice < nombredecollections; ++indice)
         ecrit(typedindice(indice) + u' ' + contexte.texte(indice + 10),
               QString::number(collections.value(typedindice(indice)).toInteger()));
     return Reussite;
 }
 
 int dossiers(Contexte& contexte) {
+    if (!contexte.optioninconnue().isEmpty())
+        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
     if (contexte.arguments().isEmpty())
         return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9392)});
     const QString chemin = contexte.arguments().first();

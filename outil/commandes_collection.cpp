@@ -48,12 +48,10 @@ void ecritjson(Contexte& contexte, const ResultatCompilation& resultat) {
     QJsonArray problemes;
     for (const Probleme& probleme : resultat.problemes)
         problemes.append(phrase(probleme, [&](int id) { return contexte.texte(id); }));
-    const QJsonObject objet{{QStringLiteral("faite"), resultat.faite()},
-                            {QStringLiteral("secondes"), resultat.secondes},
-                            {QStringLiteral("erreurs"), resultat.erreurs()},
-                            {QStringLiteral("avertissements"), resultat.avertissements()},
-                            {QStringLiteral("problemes"), problemes},
-                            {QStringLiteral("comptes"), comptesjson(resultat.comptes)}};
+    const QJsonObject objet{
+        {QStringLiteral("faite"), resultat.faite()},     {QStringLiteral("secondes"), resultat.secondes},
+        {QStringLiteral("erreurs"), resultat.erreurs()}, {QStringLiteral("avertissements"), resultat.avertissements()},
+        {QStringLiteral("problemes"), problemes},        {QStringLiteral("comptes"), comptesjson(resultat.comptes)}};
     contexte.ecrit(QJsonDocument(objet).toJson(QJsonDocument::Indented));
 }
 
@@ -86,8 +84,8 @@ int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QStri
     }
     if (!json) {
         const ComptesDeBase& c = resultat.comptes;
-        contexte.ligne(contexte.texte(
-            9374, {QString::number(c.documents), QString::number(c.liens), QString::number(c.mots)}));
+        contexte.ligne(
+            contexte.texte(9374, {QString::number(c.documents), QString::number(c.liens), QString::number(c.mots)}));
         contexte.ligne(contexte.texte(9377, {base, QString::number(resultat.secondes, 'f', 1)}));
     }
     return Reussite;

@@ -9,6 +9,8 @@ namespace {
 
 /// Runs `fait` on the bytes of the one file that the command names.
 int surunfichier(Contexte& contexte, const std::function<QByteArray(QByteArrayView)>& fait) {
+    if (!contexte.optioninconnue().isEmpty())
+        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
     if (contexte.arguments().isEmpty())
         return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9394)});
     const auto octets = litfichier(contexte, contexte.arguments().first());

@@ -1,9 +1,11 @@
+#include "core/reglages.h"
 #include "outil/sortie.h"
-#include "platform/system/settings.h"
+#include "platform/system/files.h"
 #include "platform/text/failure.h"
 
 #include <QCoreApplication>
 
+#include <cstdio>
 #include <cstdlib>
 
 using namespace velm;
@@ -64,16 +66,16 @@ int main(int argc, char** argv) {
     const QString dossier = QCoreApplication::applicationDirPath();
     QStringList manquants;
     Langue langue([&](const QString& numero) { manquants.append(numero); });
-    const ReglagesStore reglages;
-    QString extension = reglages.get(u"LANGUE", u"EXTENSION");
+    ReglagesStore magasin;
+    Reglages reglages(magasin);
+    reglages.choisitmaitre(joinPath(dossier, u"master.ini"));
+    QString extension = reglages.texte(QStringLiteral("LANGUE"), QStringLiteral("EXTENSION"), QString(), true);
     if (extension.isEmpty())
         extension = QStringLiteral("FR");
     langue.choisitfichier(dossier, dossier, extension);
     setRuntimeErrorHandler([&](const RuntimeFailure& erreur) {
-        QString raison = langue.lireressource(9405 + static_cast<int>(erreur.what));
-        for (const QString& partie : erreur.parts)
-            raison = raison.arg(partie);
-        outil::Contexte(langue, {}, dossier).erreur(raison);
+        outil::Contexte contexte(langue, {}, dossier);
+        contexte.erreur(contexte.texte(9405 + static_cast<int>(erreur.what), erreur.parts));
         std::_Exit(outil::Echec);
     });
 
@@ -89,6 +91,9 @@ int main(int argc, char** argv) {
         code = execute(contexte, nom);
     if (nom.isEmpty())
         code = outil::LigneIncorrecte;
+    // A result that a full disk has cut is no success.
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+        code = contexte.echoue(outil::Echec, 9331, {QStringLiteral("stdout"), qt_error_string()});
     // A text that is missing everywhere shows as its number, as in the program.
     for (const QString& numero : std::as_const(manquants))
         contexte.erreur(numero);

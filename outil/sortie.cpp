@@ -30,19 +30,7 @@ QString Contexte::optioninconnue() const {
 }
 
 QString Contexte::texte(int id, const QStringList& parties) {
-    QString t = texte(id);
-    // One pass: a part that holds "%1" itself must stay as it is.
-    QString resultat;
-    for (qsizetype i = 0; i < t.size(); ++i) {
-        const int rang = t.at(i) == u'%' && i + 1 < t.size() ? t.at(i + 1).digitValue() : 0;
-        if (rang >= 1 && rang <= parties.size()) {
-            resultat += parties.at(rang - 1);
-            ++i;
-        } else {
-            resultat += t.at(i);
-        }
-    }
-    return resultat;
+    return remplace(texte(id), parties);
 }
 
 void Contexte::ecrit(const QByteArray& octets) const {

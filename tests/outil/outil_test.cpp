@@ -72,7 +72,9 @@ TEST_F(OutilTest, AWrongCommandLineGivesTwo) {
           QStringList{QStringLiteral("info")}, QStringList{QStringLiteral("compiler"), QStringLiteral("x")},
           QStringList{QStringLiteral("synthese"), QStringLiteral("beaucoup"), chemin("b.dat")},
           QStringList{QStringLiteral("synthese"), QStringLiteral("0"), chemin("b.dat")},
-          QStringList{QStringLiteral("document"), QStringLiteral("CO000001"), QStringLiteral("--inconnue")}}) {
+          QStringList{QStringLiteral("document"), QStringLiteral("CO000001"), QStringLiteral("--inconnue")},
+          QStringList{QStringLiteral("texte"), QStringLiteral("--inconnue")},
+          QStringList{QStringLiteral("dossiers"), QStringLiteral("--inconnue")}}) {
         const Sortie sortie = lance(ligne);
         EXPECT_EQ(sortie.code, 2) << qPrintable(ligne.join(u' '));
         EXPECT_TRUE(sortie.texte.isEmpty());
@@ -213,4 +215,15 @@ TEST_F(OutilTest, AnEmptyStoreIsMadeButNeverReplaced) {
     const QStringList ligne{QStringLiteral("dossiers"), chemin("dossiers.dat")};
     EXPECT_EQ(lance(ligne).code, 0);
     EXPECT_EQ(lance(ligne).code, 1);
+}
+
+TEST_F(OutilTest, AResultThatAFullDiskCutsIsNoSuccess) {
+    if (!QFile::exists(QStringLiteral("/dev/full")))
+        GTEST_SKIP() << "no full device here";
+    QProcess processus;
+    processus.setStandardOutputFile(QStringLiteral("/dev/full"));
+    processus.start(QStringLiteral(VELM_BINARY_DIR "/bin/velmoutil"), {QStringLiteral("--help")});
+    ASSERT_TRUE(processus.waitForFinished(60000));
+    EXPECT_EQ(processus.exitCode(), 1);
+    EXPECT_TRUE(processus.readAllStandardError().contains("stdout"));
 }
