@@ -30,9 +30,6 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("VELMORANTE2000"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELM_VERSION));
-    QTranslator boutons;
-    if (boutons.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(&boutons);
     velm::look::apply(application, velm::look::themeOf(application.palette()));
 
     velm::QtDialogues dialogues;
@@ -57,5 +54,10 @@ int main(int argc, char** argv) {
     });
     if (programme.demarre() != velm::Demarrage::EnMarche)
         return EXIT_SUCCESS;
+    // What the toolkit itself says (menus of text fields, file dialogs) follows the program's language.
+    QTranslator boutons;
+    const QString langue = programme.seance().parametres().extensionlangue.toLower();
+    if (boutons.load(QStringLiteral("qtbase_") + langue, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&boutons);
     return QApplication::exec();
 }

@@ -69,16 +69,14 @@ Demarrage Programme::demarre() {
 }
 
 QString Programme::raison(const RuntimeFailure& erreur) {
-    QString texte = langue_.lireressource(9405 + static_cast<int>(erreur.what));
-    for (const QString& partie : erreur.parts)
-        texte = texte.arg(partie);
-    return texte;
+    return remplace(langue_.lireressource(9405 + static_cast<int>(erreur.what)), erreur.parts);
 }
 
 void Programme::erreurfatale(const RuntimeFailure& erreur) {
     monde_.sablier.fixepointeur(Sablier::defaut);
     fermeaccueil();
-    monde_.dialogues.message(langue_.lireressource(9401).arg(raison(erreur)), langue_.lireressource(9400), Icone::Stop);
+    monde_.dialogues.message(remplace(langue_.lireressource(9401), {raison(erreur)}), langue_.lireressource(9400),
+                             Icone::Stop);
     corpus_.fermebase();
 }
 
@@ -127,7 +125,7 @@ void Programme::ditechec() {
     // The first write comes before the language file is known: the words have to wait for it.
     echecretenu_ = langue_.fichier().isEmpty();
     if (!echecretenu_)
-        monde_.dialogues.message(langue_.lireressource(9402).arg(magasin_.path()), langue_.lireressource(8),
+        monde_.dialogues.message(remplace(langue_.lireressource(9402), {magasin_.path()}), langue_.lireressource(8),
                                  Icone::Exclamation);
 }
 
@@ -145,9 +143,9 @@ bool Programme::connexion() {
     QString texte =
         langue_.lireressource(7101) + u'"' + dossier + QStringLiteral("\".\n\n") + langue_.lireressource(7102);
     if (erreur == OpenError::OldEngine)
-        texte = langue_.lireressource(9403).arg(seance_.fichierbase());
+        texte = remplace(langue_.lireressource(9403), {seance_.fichierbase()});
     else if (erreur == OpenError::Foreign)
-        texte = langue_.lireressource(9404).arg(seance_.fichierbase());
+        texte = remplace(langue_.lireressource(9404), {seance_.fichierbase()});
     monde_.dialogues.message(texte, langue_.lireressource(7100), Icone::Exclamation);
     return corpus_.connecte();
 }
