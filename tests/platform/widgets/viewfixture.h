@@ -8,6 +8,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -62,6 +63,24 @@ protected:
     }
 
     RichTextBox box;
+};
+
+/// The same with a user's hands on it.
+class Box : public ViewTest {
+protected:
+    qsizetype selStart() const { return box.control().selStart(); }
+    qsizetype selLength() const { return box.control().selLength(); }
+    qsizetype find(QStringView what, qsizetype from = 0) { return box.control().richText().indexOf(what, from); }
+    bool caretIsVisible() {
+        const QRect caret = box.cursorRect();
+        return caret.top() >= 0 && caret.bottom() <= box.viewport()->height();
+    }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { QTest::keyClick(&box, key, modifiers); }
+    void wheel(int notches, Qt::KeyboardModifiers modifiers) {
+        QWheelEvent event(QPointF(100, 100), box.mapToGlobal(QPointF(100, 100)), QPoint(), QPoint(0, 120 * notches),
+                          Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(box.viewport(), &event);
+    }
 };
 
 } // namespace velm
