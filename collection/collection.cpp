@@ -57,7 +57,7 @@ ResultatCompilation fabrique(const Provenance& provenance, const QString& base, 
         resultat.etat = ResultatCompilation::Etat::Faite;
         return resultat;
     }
-    temporaire.echoue();
+    temporaire.echoue(bilan.ecrit ? temporaire.raison() : bilan.raison);
     resultat.raison = temporaire.raison();
     resultat.etat = temporaire.etat();
     return resultat;

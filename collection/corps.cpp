@@ -84,6 +84,7 @@ void FaiseurDeCorps::fait(qsizetype document, CorpsFait& resultat) {
     resultat.montre.resize(0);
     resultat.liens.clear();
     resultat.problemes.clear();
+    vus_.clear();
     inclus_.assign(1, document);
     muet_ = false;
     const Corps corps = provenance_.corps(document);
@@ -301,9 +302,10 @@ void FaiseurDeCorps::note(CleDocument cible, QStringView texte) {
         probleme(probleme::lienabsent, texte.toString(), true);
         return;
     }
-    auto& liens = resultat_->liens;
-    if (std::find(liens.begin(), liens.end(), cible) == liens.end())
-        liens.push_back(cible);
+    if (vus_.contains(cible))
+        return;
+    vus_.insert(cible);
+    resultat_->liens.push_back(cible);
 }
 
 void FaiseurDeCorps::probleme(int id, const QString& argument, bool avertissement) {

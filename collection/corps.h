@@ -5,6 +5,8 @@
 #include "collection/ecritrtf.h"
 #include "collection/tableau.h"
 
+#include <QSet>
+
 namespace velm {
 
 struct CorpsFait {
@@ -45,6 +47,7 @@ private:
     qsizetype document_ = 0;
     SignaleBalisage signale_;
     std::vector<Morceau> morceaux_;
+    QSet<CleDocument> vus_;         ///< targets noted so far
     std::vector<qsizetype> inclus_; ///< documents being included, the outermost first
     QString section_;
     StyleSource style_ = StyleSource::Alinea;

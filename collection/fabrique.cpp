@@ -50,7 +50,8 @@ public:
 
     BilanDeFabrique fait() {
         std::vector<std::unique_ptr<Repertoire>> repertoires;
-        bon_ = base_.begin();
+        if (!base_.begin())
+            echoue();
         entetes();
         documents(repertoires);
         const bool correct = std::all_of(bilan_.problemes.begin(), bilan_.problemes.end(),
@@ -62,7 +63,9 @@ public:
             arborescence();
             parametres();
         }
-        bilan_.ecrit = correct && bon_ && base_.commit();
+        if (correct && bon_ && !base_.commit())
+            echoue();
+        bilan_.ecrit = correct && bon_;
         return std::move(bilan_);
     }
 

@@ -8,13 +8,13 @@ namespace velm {
 
 struct BilanDeFabrique {
     bool ecrit = false; ///< every row is in the base
+    QString raison;     ///< why the base could not be written; empty otherwise
     Problemes problemes;
     ComptesDeBase comptes;
 };
 
 /// Fills an empty base with a collection. After a first error of the source nothing more is written, but the rest of
-/// the source is still checked. `ecrit` false without an error among the problems: the base could not be written, its
-/// lastError() tells why.
+/// the source is still checked. `ecrit` false without an error among the problems: the base could not be written.
 BilanDeFabrique fabriquebase(const Provenance& provenance, Database& base, const Progres& progres);
 
 } // namespace velm

@@ -48,8 +48,10 @@ void BaseTemporaire::note(const QString& raison) {
 }
 
 bool BaseTemporaire::acheve() {
-    if (!base_->sync())
+    if (!base_->sync()) {
+        raison_ = base_->lastError();
         return false;
+    }
     base_->close();
     std::error_code erreur;
     std::filesystem::rename(QFile::encodeName(provisoire_).constData(), QFile::encodeName(chemin_).constData(), erreur);
@@ -61,11 +63,11 @@ bool BaseTemporaire::acheve() {
     return true;
 }
 
-void BaseTemporaire::echoue() {
+void BaseTemporaire::echoue(const QString& raison) {
     if (base_ == nullptr)
         return;
     // A full disk is looked for while the file still takes its room.
-    note(raison_.isEmpty() ? base_->lastError() : raison_);
+    note(raison);
     base_.reset();
     QFile::remove(provisoire_);
 }

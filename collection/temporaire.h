@@ -18,8 +18,8 @@ public:
 
     /// Brings the file to the disk, closes it and gives it its name, in the place of an older one.
     bool acheve();
-    /// Notes that writing has failed, and removes the file.
-    void echoue();
+    /// Notes that writing has failed and why, and removes the file.
+    void echoue(const QString& raison);
 
     /// After a failure: why, and which kind it is.
     QString raison() const { return raison_; }
