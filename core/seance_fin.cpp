@@ -18,7 +18,7 @@ bool estfenetrederecherche(const QString& nom) {
 QString cledelafenetre(const EtatFenetres& etat, int indice) {
     // The twelfth slot reads past the end of the eleven codes and matches nothing.
     const QString code = codestypes.mid(2 * static_cast<qsizetype>(indice), 2).toString();
-    const QString rien(8, u' ');
+    QString rien(8, u' ');
     if (code.isEmpty())
         return rien;
     for (const FenetreFille& fille : etat.filles) {

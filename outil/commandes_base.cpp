@@ -80,7 +80,7 @@ QJsonArray tousliens(const ListesLiens& listes, const QString& texte) {
     for (const QJsonArray& autres :
          {liensjson("url", listes.ListeUrl, listes.ListeStartUrl, listes.ListeEndUrl, texte),
           liensjson("mail", listes.ListeEmail, listes.ListeStartEmail, listes.ListeEndEmail, texte)}) {
-        for (const QJsonValue& lien : autres)
+        for (const auto& lien : autres)
             tous.append(lien);
     }
     return tous;
@@ -123,7 +123,7 @@ void ecritdocument(Contexte& contexte, const QString& cle, FormulaireMuet& formu
     } else if (demande.rtf) {
         contexte.ecrit(formulaire.rtfRichTextBox1().textRtf());
     } else if (demande.liens) {
-        for (const QJsonValue& lien : liens) {
+        for (const auto& lien : liens) {
             const QJsonObject o = lien.toObject();
             contexte.ligne(QStringList{QString::number(o.value(QStringLiteral("debut")).toInteger()),
                                        QString::number(o.value(QStringLiteral("fin")).toInteger()),
