@@ -70,9 +70,21 @@ public:
     }
 
 private:
-    void ecrit(TableWriter& table, const std::vector<QVariant>& valeurs) { bon_ = bon_ && table.add(valeurs); }
+    void ecrit(TableWriter& table, const std::vector<QVariant>& valeurs) {
+        if (bon_ && !table.add(valeurs))
+            echoue();
+    }
 
-    void termine(TableWriter& table) { bon_ = bon_ && table.finish(); }
+    void termine(TableWriter& table) {
+        if (bon_ && !table.finish())
+            echoue();
+    }
+
+    /// The first failure is the one to tell of: what follows it fails for its sake.
+    void echoue() {
+        bon_ = false;
+        bilan_.raison = base_.lastError();
+    }
 
     void annonce(Etape etape, qint64 fait, qint64 total) {
         if (progres_ && (fait % beatdesprogres == 0 || fait == total))

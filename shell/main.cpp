@@ -32,7 +32,12 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationVersion(QStringLiteral(VELM_VERSION));
     velm::look::apply(application, velm::look::themeOf(application.palette()));
 
-    velm::QtDialogues dialogues;
+    // The boxes' help button needs the program, which needs the boxes.
+    velm::Programme* programmepret = nullptr;
+    velm::QtDialogues dialogues([&](int) {
+        if (programmepret)
+            programmepret->ouvreaide();
+    });
     velm::QtNavigateur navigateur;
     velm::SystemProcessus processus;
     velm::QtSablier sablier;
@@ -45,6 +50,7 @@ int main(int argc, char** argv) {
     options.dossierdonnees = velm::Extensions::defaultDataFolder();
 
     velm::Programme programme(options, {dialogues, navigateur, processus, sablier});
+    programmepret = &programme;
     dialogues.setCaptions([&](velm::Bouton bouton) { return programme.libellebouton(bouton); });
     velm::setRuntimeErrorHandler([&](const velm::RuntimeFailure& erreur) {
         // A second error while the first is being said must not open a second box.

@@ -97,6 +97,19 @@ QString Programme::libellebouton(Bouton bouton) {
     return texte;
 }
 
+void Programme::ouvreaide() {
+    // Disks that tell upper from lower case may hold the file under its other usual spelling.
+    const Preferences& preferences = seance_.preferences();
+    for (const QString& nom : {preferences.aidefichier, QStringLiteral("Velm2000.chm")}) {
+        const QString chemin = joinPath(preferences.aidechemin, nom);
+        if (!nom.isEmpty() && fileExists(chemin)) {
+            monde_.navigateur.openFile(chemin);
+            return;
+        }
+    }
+    monde_.dialogues.message(langue_.lireressource(7030), langue_.lireressource(8), Icone::Information);
+}
+
 Textes* Programme::fenetre(int indice) const {
     return fenetres_.at(static_cast<std::size_t>(indice));
 }

@@ -56,6 +56,9 @@ public:
     /// Caption of a box's button; empty when the language file has none, without a box about that.
     QString libellebouton(Bouton bouton);
 
+    /// Opens the help file of the settings, in either spelling of its name; says so when there is none.
+    void ouvreaide();
+
     Ecrangeneral* ecran() const { return ecran_.get(); }
     Textes* fenetre(int indice) const;
     Seance& seance() { return seance_; }

@@ -45,7 +45,7 @@ void Textes::relieliens() {
     ajoute(listes_.Listestarthyperlien, listes_.Listeendhyperlien);
     ajoute(listes_.ListeStartUrl, listes_.ListeEndUrl);
     ajoute(listes_.ListeStartEmail, listes_.ListeEndEmail);
-    vue_->setLinkRanges(std::move(plages));
+    vue_->setLinkRanges(plages);
 }
 
 void Textes::suit(qsizetype position) {

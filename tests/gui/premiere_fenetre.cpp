@@ -158,3 +158,14 @@ TEST_F(PremiereFenetre, StoredPlacesOffAnyScreenAreMovedOntoOne) {
     EXPECT_TRUE(QGuiApplication::primaryScreen()->availableGeometry().contains(place));
     EXPECT_GE(place.width(), 320);
 }
+
+TEST_F(PremiereFenetre, HelpOpensTheFileInEitherSpelling) {
+    demarre(QString());
+    programme->ouvreaide();
+    EXPECT_TRUE(navigateur.files.isEmpty());
+    EXPECT_EQ(dialogues.messages.size(), 1u);
+    QFile aide(dossier.filePath(QStringLiteral("Velm2000.chm")));
+    ASSERT_TRUE(aide.open(QIODevice::WriteOnly));
+    programme->ouvreaide();
+    EXPECT_EQ(navigateur.files, QStringList{aide.fileName()});
+}
