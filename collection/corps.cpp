@@ -11,6 +11,9 @@ namespace {
 
 /// A shown text stops growing here, as a displayed one does.
 constexpr qsizetype longueurmaximale = 8 * 1024 * 1024;
+/// Inclusions add no more to a text that is longer than this: included in each other ten times, ten times over, a few
+/// short documents would otherwise fill any memory.
+constexpr qsizetype longueuravecinclusions = 1024 * 1024;
 constexpr qsizetype longueurextrait = 40;
 
 /// Ink, accent (links and article numbers), slate (subtitles, quotations), grey (notes).
@@ -332,13 +335,24 @@ void FaiseurDeCorps::inclut(QStringView texte) {
         return;
     }
     // Cycles are told by the check of the source; here they only must not run on.
-    if (std::find(inclus_.begin(), inclus_.end(), cible) != inclus_.end() ||
-        resultat_->montre.size() >= longueurmaximale)
+    if (std::find(inclus_.begin(), inclus_.end(), cible) != inclus_.end())
         return;
+    const QString& ajout = texteinclus(cible);
+    if (resultat_->montre.size() + ajout.size() > longueuravecinclusions)
+        return;
+    montre(ajout);
+    montre(u"\r\n");
+}
+
+/// The shown text of a document that others include, made once.
+const QString& FaiseurDeCorps::texteinclus(qsizetype cible) {
+    if (const auto fait = textesinclus_->constFind(cible); fait != textesinclus_->constEnd())
+        return *fait;
     inclus_.push_back(cible);
     CorpsFait inclus;
     FaiseurDeCorps autre(provenance_);
     autre.inclus_ = inclus_;
+    autre.textesinclus_ = textesinclus_;
     autre.muet_ = true;
     autre.resultat_ = &inclus;
     autre.document_ = cible;
@@ -347,9 +361,8 @@ void FaiseurDeCorps::inclut(QStringView texte) {
         autre.ecrit(corps.paragraphes);
     else
         autre.richetexte(corps.rtf);
-    montre(inclus.montre);
-    montre(u"\r\n");
     inclus_.pop_back();
+    return *textesinclus_->insert(cible, inclus.montre);
 }
 
 void FaiseurDeCorps::richetexte(const QByteArray& rtf) {

@@ -5,7 +5,10 @@
 #include "collection/ecritrtf.h"
 #include "collection/tableau.h"
 
+#include <QHash>
 #include <QSet>
+
+#include <memory>
 
 namespace velm {
 
@@ -36,6 +39,7 @@ private:
     void format(bool gras, bool italique, bool lien);
     void montre(QStringView texte);
     void inclut(QStringView cle);
+    const QString& texteinclus(qsizetype cible);
     void note(CleDocument cible, QStringView texte);
     void probleme(int id, const QString& argument, bool avertissement);
 
@@ -49,6 +53,8 @@ private:
     std::vector<Morceau> morceaux_;
     QSet<CleDocument> vus_;         ///< targets noted so far
     std::vector<qsizetype> inclus_; ///< documents being included, the outermost first
+    /// Shared with the makers of included texts, which work for this one.
+    std::shared_ptr<QHash<qsizetype, QString>> textesinclus_ = std::make_shared<QHash<qsizetype, QString>>();
     QString section_;
     StyleSource style_ = StyleSource::Alinea;
     QByteArray mise_;
