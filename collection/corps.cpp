@@ -10,10 +10,10 @@ namespace velm {
 namespace {
 
 /// A shown text stops growing here, as a displayed one does.
-constexpr qsizetype longueurmaximale = 8 * 1024 * 1024;
+constexpr qsizetype longueurmaximale = qsizetype{8} * 1024 * 1024;
 /// Inclusions add no more to a text that is longer than this: included in each other ten times, ten times over, a few
 /// short documents would otherwise fill any memory.
-constexpr qsizetype longueuravecinclusions = 1024 * 1024;
+constexpr qsizetype longueuravecinclusions = qsizetype{1024} * 1024;
 constexpr qsizetype longueurextrait = 40;
 
 /// Ink, accent (links and article numbers), slate (subtitles, quotations), grey (notes).
