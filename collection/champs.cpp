@@ -2,6 +2,8 @@
 
 #include <QDate>
 
+#include <algorithm>
+
 namespace velm {
 namespace {
 
@@ -9,11 +11,18 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr qsizetype longueurdunedate = 10;
 
+/// Lists part their columns by tabs and their rows by line ends: a field holds neither.
+QString uneligne(QString texte) {
+    std::replace_if(
+        texte.begin(), texte.end(), [](QChar c) { return c < u' '; }, u' ');
+    return texte;
+}
+
 } // namespace
 
 void Champs::texte(const QString& nom, QString& valeur) {
     if (json_.genre() == LecteurJson::Genre::Texte)
-        valeur = json_.texte();
+        valeur = uneligne(json_.texte());
     else
         nulou(nom);
 }

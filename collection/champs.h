@@ -14,7 +14,7 @@ class Champs {
 public:
     Champs(LecteurJson& json, const Signale& signale) : json_(json), signale_(signale) {}
 
-    /// A text, or null.
+    /// A text of one line, or null; controls in it become blanks.
     void texte(const QString& nom, QString& valeur);
     /// A whole number, or null.
     void entier(const QString& nom, std::optional<qint64>& valeur);

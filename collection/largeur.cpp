@@ -1,5 +1,7 @@
 #include "collection/largeur.h"
 
+#include <QString>
+
 #include <array>
 
 namespace velm {

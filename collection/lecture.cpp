@@ -225,6 +225,21 @@ bool litdocument(QByteArrayView ligne, const QDir& dossier, Fiche& fiche, const 
     return LectureDeDocument(ligne, dossier, fiche, signale).lit();
 }
 
+namespace {
+
+/// Line ends of any kind become line feeds, other controls blanks; a tab stays.
+QString sanscontroles(QString texte) {
+    const auto controle = [](QChar c) { return c < u' ' && c != u'\t' && c != u'\n'; };
+    if (std::none_of(texte.cbegin(), texte.cend(), controle))
+        return texte;
+    texte.replace(u"\r\n"_s, u"\n"_s);
+    texte.replace(u'\r', u'\n');
+    std::replace_if(texte.begin(), texte.end(), controle, u' ');
+    return texte;
+}
+
+} // namespace
+
 std::vector<Paragraphe> litparagraphes(QByteArrayView ligne) {
     std::vector<Paragraphe> paragraphes;
     LecteurJson json(ligne);
@@ -242,7 +257,7 @@ std::vector<Paragraphe> litparagraphes(QByteArrayView ligne) {
                 else if (membre == u"style")
                     paragraphe.style = styledunom(json.texte()).value_or(StyleSource::Alinea);
                 else if (membre == u"texte")
-                    paragraphe.texte = json.texte();
+                    paragraphe.texte = sanscontroles(json.texte());
                 else
                     json.passe();
             });

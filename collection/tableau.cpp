@@ -2,7 +2,10 @@
 
 #include "collection/largeur.h"
 
+#include <QList>
+
 #include <algorithm>
+#include <array>
 #include <numeric>
 
 namespace velm {
