@@ -55,6 +55,7 @@ void enchaine(qsizetype nombre, int ouvriers, Fait&& fait, Prend&& prend) {
     };
 
     std::vector<std::thread> equipe;
+    equipe.reserve(static_cast<std::size_t>(ouvriers));
     for (int rang = 0; rang < ouvriers; ++rang)
         equipe.emplace_back(ouvrier, rang);
     for (qsizetype numero = 0; numero < nombredelots; ++numero) {
