@@ -15,7 +15,7 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr qint64 plusdedocuments = 2'000'000;
 constexpr qint64 grandecollection = 200'000;
-constexpr int motsordinaires = 440;
+constexpr int motsordinaires = 460;
 constexpr int motscourts = 70;
 constexpr double millisecondesparseconde = 1000;
 
