@@ -252,11 +252,10 @@ std::vector<Paragraphe> litparagraphes(QByteArrayView ligne) {
         json.tableau([&] {
             Paragraphe paragraphe;
             json.objet([&](const QString& membre) {
-                if (json.genre() != LecteurJson::Genre::Texte)
-                    json.passe();
-                else if (membre == u"style")
+                const bool texte = json.genre() == LecteurJson::Genre::Texte;
+                if (texte && membre == u"style")
                     paragraphe.style = styledunom(json.texte()).value_or(StyleSource::Alinea);
-                else if (membre == u"texte")
+                else if (texte && membre == u"texte")
                     paragraphe.texte = sanscontroles(json.texte());
                 else
                     json.passe();

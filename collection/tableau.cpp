@@ -238,6 +238,7 @@ void poserangees(const Table& table, const std::vector<int>& largeurs, Dispositi
 
 void posetaquets(const std::vector<int>& largeurs, DispositionTableau& disposition, int entre = gouttiere) {
     int x = 0;
+    disposition.taquets.reserve(largeurs.size());
     for (std::size_t c = 0; c + 1 < largeurs.size(); ++c) {
         x += largeurs[c] + entre;
         disposition.taquets.push_back(x);
@@ -246,6 +247,7 @@ void posetaquets(const std::vector<int>& largeurs, DispositionTableau& dispositi
 
 std::vector<int> enTwips(const std::vector<int>& largeurs, int demipoints) {
     std::vector<int> resultat;
+    resultat.reserve(largeurs.size());
     for (const int largeur : largeurs)
         resultat.push_back(twips(largeur, demipoints));
     return resultat;

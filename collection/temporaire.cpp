@@ -14,7 +14,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 /// With less than this left, a failed write is taken for a full disk whatever the engine calls it.
-constexpr qint64 placepresquenulle = 1024 * 1024;
+constexpr qint64 placepresquenulle = qint64{1024} * 1024;
 
 } // namespace
 

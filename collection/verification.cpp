@@ -49,11 +49,12 @@ void SourceDossier::verifienoeuds() {
             else if (etats[i] == Etat::Fini)
                 profondeur = profondeurs[i];
         }
-        for (auto n = chemin.rbegin(); n != chemin.rend(); ++n) {
-            profondeurs[*n] = ++profondeur;
-            etats[*n] = Etat::Fini;
+        std::reverse(chemin.begin(), chemin.end());
+        for (const std::size_t n : chemin) {
+            profondeurs[n] = ++profondeur;
+            etats[n] = Etat::Fini;
             if (profondeur == profondeurmaximale + 1)
-                probleme(fichiernoeuds_, lignesdesnoeuds_[*n], probleme::horslimites, QString::number(profondeur));
+                probleme(fichiernoeuds_, lignesdesnoeuds_[n], probleme::horslimites, QString::number(profondeur));
         }
     }
 }
