@@ -1,5 +1,7 @@
 #include "collection/tableau.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 namespace velm {
