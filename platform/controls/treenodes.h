@@ -1,0 +1,101 @@
+#pragma once
+// The nodes of a tree control, without the control: unique keys, pictures closed and open, tags. Nodes count from 1 in
+// the order of their making; 0 is no node. Views watch through TreeObserver.
+#include <QHash>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace velm {
+
+class TreeObserver {
+public:
+    virtual ~TreeObserver() = default;
+    virtual void treeReset() = 0;                      ///< all nodes are gone, or redraw came back on after changes
+    virtual void nodeAdding(int parent, int place) = 0; ///< before the node stands; place among its siblings from 0
+    virtual void nodeAdded(int node) = 0;
+    virtual void nodeChanged(int node) = 0;
+    virtual void nodeExpansion(int node, bool expanded) = 0; ///< the program opened or closed a node
+    virtual void nodeSelected(int node) = 0;                 ///< the program selected a node
+};
+
+class TreeNodes {
+public:
+    TreeNodes() = default;
+    TreeNodes(const TreeNodes&) = delete;
+    TreeNodes& operator=(const TreeNodes&) = delete;
+
+    /// Adds a last child of `parent` (0: a root) and gives its index; 0, with nothing changed, when the key is in use
+    /// or the parent is none. Duplicates are found in constant time.
+    int add(int parent, const QString& key, const QString& text, const QString& image,
+            const QString& selectedImage);
+    /// The same with the parent's key.
+    int addUnder(const QString& parentKey, const QString& key, const QString& text, const QString& image,
+                 const QString& selectedImage);
+    void clear();
+
+    int count() const { return static_cast<int>(nodes_.size()); }
+    bool contains(int node) const { return node >= 1 && node <= count(); }
+    /// Index of a key, 0 for none.
+    int indexOf(const QString& key) const { return byKey_.value(key, 0); }
+
+    // ---- of a node that stands
+    const QString& key(int node) const { return at(node).key; }
+    const QString& text(int node) const { return at(node).text; }
+    const QString& image(int node) const { return at(node).image; }
+    const QString& selectedImage(int node) const { return at(node).selectedImage; }
+    const QString& tag(int node) const { return at(node).tag; }
+    int parent(int node) const { return at(node).parent; }
+    int children(int node) const { return static_cast<int>(at(node).children.size()); }
+    int child(int node) const;            ///< the first one, 0 for none
+    int next(int node) const;             ///< the next sibling, 0 for none
+    int childAt(int node, int place) const; ///< from 0; node 0 gives the roots
+    int rootCount() const { return static_cast<int>(roots_.size()); }
+    int place(int node) const { return at(node).place; } ///< among its siblings, from 0
+    bool expanded(int node) const { return at(node).expanded; }
+
+    void setText(int node, const QString& text);
+    void setTag(int node, const QString& tag) { at(node).tag = tag; }
+    void setImages(int node, const QString& image, const QString& selectedImage);
+    /// By the program. Does not load anything: see TreeView::expanding for the user's expansions.
+    void setExpanded(int node, bool expanded);
+    /// What the view tells of the user's doing: kept, not told back.
+    void noteExpanded(int node, bool expanded) { at(node).expanded = expanded; }
+
+    int selected() const { return selected_; }
+    void select(int node); ///< 0 for none; a node that does not stand is none
+    void noteSelected(int node) { selected_ = node; }
+
+    /// While off, observers hear nothing; a change in between is told as one treeReset() when it comes back on.
+    void setRedraw(bool on);
+    bool redraw() const { return redraw_; }
+
+    void setObserver(TreeObserver* observer) { observer_ = observer; }
+
+private:
+    struct Node {
+        QString key;
+        QString text;
+        QString image;
+        QString selectedImage;
+        QString tag;
+        int parent = 0;
+        int place = 0;
+        bool expanded = false;
+        std::vector<int> children;
+    };
+    Node& at(int node) { return nodes_[static_cast<std::size_t>(node - 1)]; }
+    const Node& at(int node) const { return nodes_[static_cast<std::size_t>(node - 1)]; }
+    TreeObserver* told() const { return redraw_ ? observer_ : nullptr; }
+
+    std::vector<Node> nodes_;
+    std::vector<int> roots_;
+    QHash<QString, int> byKey_;
+    int selected_ = 0;
+    bool redraw_ = true;
+    bool changed_ = false;
+    TreeObserver* observer_ = nullptr;
+};
+
+} // namespace velm

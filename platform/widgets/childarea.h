@@ -1,0 +1,66 @@
+#pragma once
+// The area of a multiple-document frame: child windows over a colour and a picture.
+//
+// Offered: adding, activating, hiding and counting children; cascade and the two tilings; background. Ctrl+Tab and
+// Ctrl+F6 walk the windows, Ctrl+F4 and Ctrl+W close the active one. A maximised child fills the area and keeps the next
+// one maximised.
+#include <QMdiArea>
+#include <QPixmap>
+
+#include <vector>
+
+namespace velm {
+
+class ChildArea : public QMdiArea {
+    Q_OBJECT
+
+public:
+    explicit ChildArea(QWidget* parent = nullptr);
+
+    enum class Arrangement { Cascade = 0, TileHorizontal = 1, TileVertical = 2 };
+
+    /// Window states as they are stored.
+    enum State { Normal = 0, Minimised = 1, Maximised = 2 };
+
+    /// Puts a window into the area, hidden; it is deleted when it closes. Its icon and title are the frame's.
+    QMdiSubWindow* add(QWidget* child);
+    /// The sub-window around a child; null if it is none of this area.
+    QMdiSubWindow* around(const QWidget* child) const;
+    /// Places a child: twips, as they are stored; a width or height of 0 takes the usual size. Off the area it is moved
+    /// in. Called before it is shown the first time.
+    void place(QWidget* child, int state, int left, int top, int width, int height);
+    int stateOf(const QWidget* child) const;
+    /// Position and size in twips, of a window in normal state.
+    QRect twipsOf(const QWidget* child) const;
+
+    /// Shows a child, out of the minimised state, and activates it.
+    void activate(QWidget* child);
+    void hideChild(QWidget* child);
+    /// The child of the active sub-window, null for none (a hidden one is none).
+    QWidget* activeChild() const;
+    /// All children, in the order of their making, hidden ones too.
+    std::vector<QWidget*> children() const;
+
+    /// Arranges the visible windows that are not minimised; maximised ones become normal first.
+    void arrange(Arrangement arrangement);
+
+    /// What lies behind the windows: a picture drawn in the middle at most at its own size (null for none), over a colour.
+    void setBack(const QPixmap& picture, const QColor& colour);
+    const QPixmap& backPicture() const { return picture_; }
+    QColor backColour() const { return colour_; }
+
+signals:
+    void childActivated(QWidget* child); ///< null when none is active
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    std::vector<QMdiSubWindow*> arrangeable() const;
+
+    QPixmap picture_;
+    QColor colour_;
+};
+
+} // namespace velm

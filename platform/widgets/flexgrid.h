@@ -1,0 +1,120 @@
+#pragma once
+// The list of rows that all lists of the program use.
+//
+// Row 0 is the fixed header; rows of data count from 1, columns from 0 *as they stand on the screen*: a column that the
+// user drags elsewhere takes its texts, width and column data with it, and is addressed by its new place. Rows lie in
+// memory (addItem, setText) or come from a source that is asked when they are painted (setSource). Widths are twips.
+//
+// Offered: rows and cells; column data, widths, moves; sort with marks; merging of equal neighbours; selection of a
+// range of rows; the clip; tool tips of cells that do not fit; Redraw. Keyboard: arrows, Page, Home, End move, with
+// Shift extend; typing looks a row up by the beginning of column 0; Return activates.
+#include "platform/controls/gridsource.h"
+
+#include <QStringList>
+#include <QWidget>
+
+#include <memory>
+
+class QTableView;
+
+namespace velm {
+
+class FlexGrid : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit FlexGrid(QWidget* parent = nullptr);
+    ~FlexGrid() override;
+
+    enum class Align { Left, Centre, Right };
+    enum class Mark { None, Ascending, Descending };
+
+    // ---- columns
+    void setCols(int count);
+    int cols() const;
+    /// A width of 0 hides the column.
+    void setColWidth(int col, int twips);
+    int colWidth(int col) const;
+    void setColAlignment(int col, Align align);
+    /// A number that the owner keeps with a column; it moves with it.
+    void setColData(int col, int data);
+    int colData(int col) const;
+    /// Moves a column to another place.
+    void setColPosition(int col, int place);
+    /// Lets the user drag columns by their header cells.
+    void setColumnsMovable(bool movable);
+    /// One column takes the width that the others leave; -1 for none.
+    void setStretchCol(int col);
+    void setHeader(int col, const QString& text); ///< without a sort mark
+    QString header(int col) const;                ///< without its sort mark
+    /// As it stands in the cell: the header, then "<" or ">" for the sorted column.
+    QString headerCell(int col) const;
+    /// Type of the header row, in points (at most 1.2 times the grid's own is used).
+    void setHeaderFontSize(int points);
+
+    // ---- rows. Counts include row 0: an empty grid has one row.
+    int rows() const;
+    /// Cuts or adds empty rows at the end; 1 empties the grid. With a source, only 1 has a meaning: it drops the source.
+    void setRows(int count);
+    /// Appends a row from texts parted by tabs; the order is that of the columns as they stand.
+    void addItem(const QString& cells);
+    /// The same for many rows at once: one update of the view.
+    void addItems(const std::vector<QStringList>& rows);
+    void removeItem(int row);
+    QString text(int row, int col) const; ///< outside: the empty text
+    void setText(int row, int col, const QString& text);
+    /// Shows the rows of a source, which the grid takes over; null drops it.
+    void setSource(std::unique_ptr<GridSource> source);
+    GridSource* source() const;
+
+    // ---- order
+    /// Sorts by the text of a column (French order, case and accents last; equal rows keep their order) and puts the
+    /// mark on its header, and on no other.
+    void sort(int col, bool descending);
+    Mark sortMark(int col) const;
+    /// Puts or takes the mark alone.
+    void setSortMark(int col, Mark mark);
+    /// Equal neighbours of a column are shown as one cell, within what equals in the columns left of it.
+    void setMergeCells(bool merge);
+    bool mergeCells() const;
+
+    // ---- selection: the rows between row() and rowSel(); 0 when there is none
+    int row() const;
+    int rowSel() const;
+    void setRow(int row); ///< also rowSel; scrolls it into view
+    void setRowSel(int row);
+    void selectAll();
+    /// First and last selected rows; 0, 0 when there is none.
+    std::pair<int, int> selectedRows() const;
+    /// Selected cells: tabs between columns, CR between rows.
+    QString clip() const;
+    /// Row under a point of this widget: 0 the header, -1 none.
+    int rowAt(const QPoint& point) const;
+    int topRow() const;
+    void setTopRow(int row);
+
+    /// Off during fills: one repaint when it comes back on.
+    void setRedraw(bool on);
+
+    /// The inner view, for focus and tests.
+    QTableView* view() const;
+
+signals:
+    void clicked(int row, int col);       ///< left button; row 0 is the header
+    void doubleClicked(int row, int col); ///< left button; row 0 is the header
+    void rightClicked(int row, int col, const QPoint& globalPosition); ///< also by the context-menu key
+    void activated(int row);              ///< Return on a row
+    void deletePressed();
+    void rowChanged(int row);
+    void columnMoved(int from, int to); ///< by the user
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d_;
+};
+
+} // namespace velm

@@ -1,0 +1,19 @@
+#pragma once
+// The program's pictures by name. They are drawn as SVG with a few colours that stand for roles; each time one is
+// painted they take the colours of the palette around, so that a dark palette gives light strokes.
+#include <QIcon>
+#include <QString>
+#include <QStringList>
+
+namespace velm {
+
+/// Picture of a name from ":/icones/<name>.svg"; unknown names give a null icon. Drawn when painted, at the size and
+/// density that is asked for; disabled ones in 40 % ink. Icons of one name share their pixmaps.
+QIcon icon(const QString& name);
+bool hasIcon(const QString& name);
+/// All names, sorted.
+QStringList iconNames();
+/// Picture of a collection by its slot, 0 to 11, in its hue.
+QIcon collectionIcon(int slot);
+
+} // namespace velm

@@ -1,0 +1,32 @@
+#pragma once
+// A status bar of panels that are found by their text keys. Texts that do not fit are elided; the whole is the tool tip.
+#include <QStatusBar>
+
+#include <memory>
+
+class QProgressBar;
+
+namespace velm {
+
+class StatusBar : public QStatusBar {
+    Q_OBJECT
+
+public:
+    explicit StatusBar(QWidget* parent = nullptr);
+    ~StatusBar() override;
+
+    /// Adds a panel on the right of the others. Stretch 0: as wide as its text, at least `minimum` twips.
+    void addPanel(const QString& key, int stretch, int minimum = 0);
+    void setPanelText(const QString& key, const QString& text);
+    QString panelText(const QString& key) const;
+    /// A text that stands in a panel in place of its own until it is emptied: the target of a link.
+    void setPassing(const QString& key, const QString& text);
+    /// The progress bar of a panel, hidden until it is asked to show.
+    QProgressBar& progress(const QString& key);
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d_;
+};
+
+} // namespace velm

@@ -1,0 +1,85 @@
+#pragma once
+// A bar of tool buttons that are found by their text keys.
+//
+// Offered: plain, check, group, separator and drop-down buttons; keys are unique, buttons also count from 1; pictures
+// by name; docking at an edge of the main window by position number. Icons stand without text, tool tips carry the
+// shortcut; what does not fit goes into the platform's overflow menu.
+#include "platform/controls/buttonmenus.h"
+
+#include <QIcon>
+#include <QKeySequence>
+#include <QToolBar>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QMainWindow;
+class QToolButton;
+
+namespace velm {
+
+class Toolbar : public QToolBar {
+    Q_OBJECT
+
+public:
+    enum class Kind {
+        Plain,
+        Check,    ///< stays down until it is pressed again
+        Group,    ///< of neighbouring group buttons at most one is down
+        DropDown, ///< with a menu at its side
+        Separator
+    };
+
+    explicit Toolbar(QWidget* parent = nullptr);
+    ~Toolbar() override;
+
+    /// Who draws a picture of a name.
+    void setImages(std::function<QIcon(const QString& name)> images);
+
+    /// Adds a button at the end. The key is also its objectName. A key already in use, or an unknown one below, is an
+    /// error of the caller: asserted, and passed over in a release.
+    void addButton(const QString& key, Kind kind, const QString& image = QString());
+    bool hasButton(const QString& key) const;
+    int buttonCount() const;
+    QString keyAt(int index) const; ///< index from 1
+
+    void setToolTip(const QString& key, const QString& text);
+    QString toolTip(const QString& key) const; ///< as given, without the shortcut
+    /// Pressing it clicks the button wherever the focus is in the window; shown in the tool tip.
+    void setShortcut(const QString& key, const QKeySequence& shortcut);
+    void setButtonVisible(const QString& key, bool visible);
+    bool isButtonVisible(const QString& key) const; ///< as it was set
+    void setButtonEnabled(const QString& key, bool enabled);
+    bool isButtonEnabled(const QString& key) const;
+    /// Down or up; the look alone changes, no click is told. Of a group the others are released.
+    void setValue(const QString& key, bool down);
+    bool value(const QString& key) const;
+    void setImage(const QString& key, const QString& image);
+
+    /// The drop-down entries, held here or by whoever owns them elsewhere. The menu is made from them each time it
+    /// opens; at most `shownMenus` of them are shown, the rest stays reachable by their index.
+    void setMenus(const QString& key, const ButtonMenus* menus);
+    static constexpr int shownMenus = 40;
+
+    QToolButton* widget(const QString& key) const; ///< null for separators
+
+    /// The position number of a docked bar: 0 hidden (the edge is kept), 1 top, 2 bottom, 3 left, 4 right.
+    void dock(QMainWindow& window, int position);
+    int dockedAt() const; ///< 0 to 4
+
+signals:
+    void buttonClicked(const QString& key);
+    /// An entry of a drop-down was chosen; index from 1.
+    void menuClicked(const QString& key, int index, const QString& menuKey);
+    void rightClicked(const QPoint& globalPosition); ///< anywhere on the bar
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d_;
+};
+
+} // namespace velm

@@ -1,0 +1,55 @@
+#pragma once
+// A tree of nodes with pictures, shown from TreeNodes.
+//
+// Offered: nodes, keys, pictures, tags and selection through nodes(); the signals below for what the user does. A
+// node's open picture shows while it is expanded. Bulk changes between nodes().setRedraw(false) and (true) repaint once.
+// Keyboard: arrows, Home, End, Page, "+", "-", "*" on loaded nodes, Return activates, typing looks up.
+#include "platform/controls/treenodes.h"
+
+#include <QIcon>
+#include <QTreeView>
+
+#include <functional>
+#include <memory>
+
+namespace velm {
+
+class TreeView : public QTreeView {
+    Q_OBJECT
+
+public:
+    explicit TreeView(QWidget* parent = nullptr);
+    ~TreeView() override;
+
+    TreeNodes& nodes() { return nodes_; }
+    const TreeNodes& nodes() const { return nodes_; }
+
+    /// Who draws a picture of a name; names without one show none.
+    void setImages(std::function<QIcon(const QString& name)> images);
+    /// Scrolls until a node can be seen; opens what lies above it.
+    void ensureVisible(int node);
+    QModelIndex indexOf(int node) const;
+    int nodeOf(const QModelIndex& index) const;
+
+signals:
+    /// The user opens a node, before its children are shown: the moment to load what lies below.
+    void expanding(int node);
+    void collapsed(int node);
+    void nodeClicked(int node);       ///< left button
+    void nodeActivated(int node);     ///< double click or Return
+    void nodeRightClicked(int node, const QPoint& globalPosition); ///< node 0: beside all nodes
+    void selectionMoved(int node);
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    class Model;
+    TreeNodes nodes_;
+    std::unique_ptr<Model> model_;
+};
+
+} // namespace velm
