@@ -3,7 +3,8 @@
 // places it and what hangs on it.
 //
 // While it is dragged it tells every place on the way, so that the window follows the hand; Escape brings it back. With
-// the focus on it the arrow keys move it by 8 pixels, Home and End to the ends, a double click asks for the usual place.
+// the focus on it the arrow keys move it by 8 pixels, Home and End to the ends, a double click asks for the usual
+// place.
 #include <QWidget>
 
 namespace velm {
@@ -36,12 +37,17 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     int place() const;
+    int farthest() const;
     int along(const QPointF& global) const;
+    void drop(int position);
+    void endDrag();
 
-    Qt::Orientation orientation_;
+    Qt::Orientation orientation_ = Qt::Vertical;
     bool dragging_ = false;
     bool hovered_ = false;
     int grip_ = 0;
