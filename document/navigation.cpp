@@ -1,0 +1,378 @@
+#include "document/navigation.h"
+
+#include "platform/text/number.h"
+
+#include <algorithm>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+/// The list that a move takes from and the one that it fills.
+struct Listes {
+    ListeHistorique& source;
+    ListeHistorique& cible;
+};
+
+/// The document shown goes into the list of the other direction.
+void quitte(const Parcours& parcours, ListeHistorique& cible) {
+    cible.ajoute(parcours.referencecourante, QString(), parcours.titrecourant);
+}
+
+/// Forgetting the document shown makes it load again.
+void oublie(Parcours& parcours) {
+    parcours.referencecourante.clear();
+    parcours.titrecourant.clear();
+}
+
+/// One entry from the top of one list to the top of the other.
+void deplace(const Listes& listes, const QString& suffixe) {
+    listes.cible.ajoute(listes.source.cle(), suffixe, listes.source.titre());
+    listes.source.retire();
+}
+
+/// The document that is left goes on top of the back list.
+bool pousse(Parcours& parcours, const QString& cle) {
+    if (parcours.referencecourante.isEmpty() || parcours.referencecourante == cle)
+        return false;
+    quitte(parcours, parcours.historique.precedent);
+    return true;
+}
+
+bool enhaut(const ListeHistorique& liste, const QString& cle) {
+    return !liste.vide() && liste.cle() == cle;
+}
+
+int numerodentree(const QString& texte) {
+    constexpr double borne = 1e9;
+    return static_cast<int>(roundHalfEven(std::clamp(val(texte), -borne, borne)));
+}
+
+} // namespace
+
+Navigation::Navigation(HoteNavigation& hote, Corpus& corpus) : hote_(hote), corpus_(corpus) {}
+
+void Navigation::navigue(const QString& commande, bool replier, const QString& ancre) {
+    int indice = 0;
+    if (commande.startsWith(u"TA"))
+        indice = commandeta(commande, replier, ancre);
+    else if (commande.startsWith(u"LI"))
+        indice = commandeli(commande);
+    rafraichit(indice);
+}
+
+/// Gives the slot that the command computed, like commandeli().
+int Navigation::commandeta(const QString& commande, bool replier, const QString& ancre) {
+    const QString code = commande.mid(2, 2);
+    if (code == u"-1")
+        return pasglobal(Sens::Arriere, unpas);
+    if (code == u"+1")
+        return pasglobal(Sens::Avant, unpas);
+    const QString numero = commande.mid(4);
+    const int indice = indicedetype(code);
+    if (numero == u"-1")
+        pasfenetre(indice, Sens::Arriere, unpas);
+    else if (numero == u"+1")
+        pasfenetre(indice, Sens::Avant, unpas);
+    else
+        ouvre(code, numero, replier, ancre);
+    return indice;
+}
+
+int Navigation::commandeli(const QString& commande) {
+    const QString code = commande.mid(2, 2);
+    const QString lettre = commande.mid(4, 1);
+    if (lettre != u"P" && lettre != u"S")
+        return 0;
+    const Sens sens = lettre == u"P" ? Sens::Arriere : Sens::Avant;
+    const int n = std::max(1, numerodentree(commande.mid(5)));
+    if (code == u"TA")
+        return pasglobal(sens, n);
+    const int indice = indicedetype(code);
+    pasfenetre(indice, sens, n);
+    return indice;
+}
+
+void Navigation::ouvre(const QString& code, const QString& numero, bool replier, const QString& ancre) {
+    const QString cle = code + numero;
+    Emplacement* place = emplacement(indicedetype(code));
+    if (cle.isEmpty() || !place)
+        return;
+    const int indice = indicedetype(code);
+    if (replier)
+        place->replier = true;
+    if (!place->cochee || !maffichagetfu_)
+        assurefenetre(indice);
+    // What a window does when it takes the focus or shows a document may close it.
+    if (place->fenetre)
+        place->fenetre->prendfocus();
+    if (place->fenetre && place->fenetre->parcours().referencecourante != cle)
+        place->fenetre->affiche(code, numero, ancre);
+    if (!place->fenetre)
+        return;
+    place->fenetre->montreboutons(hote_.dossiersouverts());
+    memoriser(code, numero, place->fenetre->titre());
+}
+
+void Navigation::rouvre(const QString& cle) {
+    const auto [code, numero] = decoupecle(cle);
+    ouvre(code, numero, false, QString());
+}
+
+void Navigation::memoriser(const QString& code, const QString& numero, const QString& titre) {
+    const QString cle = code + numero;
+    const int indice = indicedetype(code);
+    const Emplacement* place = emplacement(indice);
+    if (!place)
+        return;
+    if (cle != derniersdocuments_.front())
+        retientdernier(cle, code + u'-' + titre);
+    Parcours* parcours = place->fenetre ? &place->fenetre->parcours() : nullptr;
+    if (!enhaut(global_.historique.precedent, cle)) {
+        pousse(global_, cle);
+        if (parcours && !enhaut(parcours->historique.precedent, cle))
+            pousse(*parcours, cle);
+    }
+    for (Parcours* celui : {&global_, parcours}) {
+        if (celui) {
+            celui->referencecourante = cle;
+            celui->titrecourant = titre;
+        }
+    }
+    rafraichit(indice);
+}
+
+void Navigation::retientdernier(const QString& cle, const QString& libelle) {
+    Derniers documents{cle};
+    Derniers libelles{libelle};
+    std::size_t libre = 1;
+    // The last entry is lost even where the document was listed already: the list gets shorter by one then.
+    for (std::size_t rang = 0; rang + 1 < derniersdocuments_.size(); ++rang) {
+        if (derniersdocuments_[rang] == cle)
+            continue;
+        documents[libre] = derniersdocuments_[rang];
+        libelles[libre] = derniersdocumentslibelles_[rang];
+        ++libre;
+    }
+    derniersdocuments_ = documents;
+    derniersdocumentslibelles_ = libelles;
+    hote_.majderniersdocuments();
+}
+
+// ---- histories
+
+void Navigation::pasfenetre(int indice, Sens sens, int n) {
+    const Emplacement* place = emplacement(indice);
+    if (!place || !place->fenetre)
+        return;
+    Parcours& parcours = place->fenetre->parcours();
+    auto& [precedent, suivant] = parcours.historique;
+    const Listes listes = sens == Sens::Arriere ? Listes{precedent, suivant} : Listes{suivant, precedent};
+    if (listes.source.vide())
+        return;
+    quitte(parcours, listes.cible);
+    for (int pas = 1; pas < n && listes.source.nombre() > 1; ++pas)
+        deplace(listes, QString());
+    const QString cle = listes.source.cle();
+    listes.source.retire();
+    oublie(parcours);
+    rouvre(cle);
+}
+
+/// Gives the slot of the document that is reached; 0 when there is none.
+int Navigation::pasglobal(Sens sens, int n) {
+    const auto listesde = [sens](Parcours& parcours) {
+        auto& [precedent, suivant] = parcours.historique;
+        return sens == Sens::Arriere ? Listes{precedent, suivant} : Listes{suivant, precedent};
+    };
+    const Listes listes = listesde(global_);
+    if (listes.source.vide())
+        return 0;
+    quitte(global_, listes.cible);
+    for (int pas = 1; pas < n && listes.source.nombre() > 1; ++pas)
+        deplace(listes, listes.source.suffixe());
+    const QString cle = listes.source.cle();
+    listes.source.retire();
+    oublie(global_);
+
+    const int indice = indicedetype(decoupecle(cle).code);
+    const Emplacement* place = emplacement(indice);
+    if (!place)
+        return indice;
+    if (!place->cochee)
+        assurefenetre(indice);
+    else if (place->fenetre)
+        place->fenetre->prendfocus();
+    if (!place->fenetre)
+        return indice;
+
+    // The window's list follows by one step, whatever stands on its top; a jump walks it to the document.
+    Parcours& parcours = place->fenetre->parcours();
+    const Listes siennes = listesde(parcours);
+    quitte(parcours, siennes.cible);
+    if (n != unpas && siennes.source.contient(cle)) {
+        while (siennes.source.cle() != cle)
+            deplace(siennes, siennes.source.suffixe());
+    }
+    siennes.source.retire();
+    oublie(parcours);
+    rouvre(cle);
+    return indice;
+}
+
+void Navigation::rafraichitglobal() {
+    hote_.activehistorique(!global_.historique.precedent.vide(), !global_.historique.suivant.vide());
+}
+
+void Navigation::rafraichit(int indice) {
+    rafraichitglobal();
+    if (FenetreNavigable* celle = fenetre(indice)) {
+        const Historique& historique = celle->parcours().historique;
+        celle->activehistorique(!historique.precedent.vide(), !historique.suivant.vide());
+    }
+}
+
+// ---- windows
+
+Navigation::Emplacement* Navigation::emplacement(int indice) {
+    return indice >= 0 && indice < nombredecollections ? &emplacements_[static_cast<std::size_t>(indice)] : nullptr;
+}
+
+const Navigation::Emplacement* Navigation::emplacement(int indice) const {
+    return indice >= 0 && indice < nombredecollections ? &emplacements_[static_cast<std::size_t>(indice)] : nullptr;
+}
+
+void Navigation::ouvrefenetre(int indice) {
+    Emplacement* place = emplacement(indice);
+    FenetreNavigable* nouvelle = place ? hote_.creefenetre(indice) : nullptr;
+    if (!nouvelle)
+        return;
+    place->fenetre = nouvelle;
+    place->ouverte = true;
+    place->cochee = true;
+    hote_.slotchange(indice, true);
+}
+
+/// Where one window serves a collection, a hidden one is shown again rather than a second one made.
+void Navigation::assurefenetre(int indice) {
+    const Emplacement* place = emplacement(indice);
+    if (place && maffichagetfu_ && place->ouverte && place->fenetre)
+        basculefenetre(indice, true);
+    else
+        ouvrefenetre(indice);
+}
+
+void Navigation::basculefenetre(int indice, bool visible) {
+    Emplacement* place = emplacement(indice);
+    if (!place)
+        return;
+    if (!place->ouverte || !place->fenetre) {
+        if (visible)
+            ouvrefenetre(indice);
+        return;
+    }
+    place->cochee = visible;
+    hote_.montrefenetre(indice, visible);
+    hote_.slotchange(indice, visible);
+}
+
+void Navigation::fermee(int indice, const FenetreNavigable* fenetre) {
+    Emplacement* place = emplacement(indice);
+    if (!place)
+        return;
+    place->ouverte = false;
+    place->cochee = false;
+    if (place->fenetre == fenetre)
+        place->fenetre = nullptr;
+    hote_.slotchange(indice, false);
+}
+
+bool Navigation::auneouverte() const {
+    return std::any_of(emplacements_.begin(), emplacements_.begin() + nombredecollections,
+                       [](const Emplacement& place) { return place.ouverte; });
+}
+
+FenetreNavigable* Navigation::fenetre(int indice) const {
+    const Emplacement* place = emplacement(indice);
+    return place ? place->fenetre : nullptr;
+}
+
+bool Navigation::fenetreouverte(int indice) const {
+    return indice >= 0 && indice < nombredefenetres && emplacements_[static_cast<std::size_t>(indice)].ouverte;
+}
+
+bool Navigation::maffichagef(int indice) const {
+    return indice >= 0 && indice < nombredefenetres && emplacements_[static_cast<std::size_t>(indice)].cochee;
+}
+
+void Navigation::indexouvert(bool ouvert) {
+    Emplacement& index = emplacements_.back();
+    index.ouverte = ouvert;
+    index.cochee = ouvert;
+    hote_.slotchange(nombredefenetres - 1, ouvert);
+}
+
+bool Navigation::prendreplier(int indice) {
+    Emplacement* place = emplacement(indice);
+    return place && std::exchange(place->replier, false);
+}
+
+// ---- neighbours and last documents
+
+void Navigation::voisin(FenetreNavigable& fenetre, const QString& code, bool haut) {
+    const Parcours& parcours = fenetre.parcours();
+    Recordset& donnees = corpus_.donnees();
+    donnees.setIndex(u"icattitre"_s);
+    donnees.seek(Seek::Equal, code, parcours.titrecourant, decoupecle(parcours.referencecourante).numero);
+    bool fin = donnees.noMatch();
+    if (!fin) {
+        if (haut)
+            donnees.movePrevious();
+        else
+            donnees.moveNext();
+        fin = donnees.bof() || donnees.eof() || donnees.text(u"référence"_s) != code;
+    }
+    if (fin) {
+        fenetre.activevoisin(haut, false);
+        return;
+    }
+    const qint64 numero = roundHalfEven(val(donnees.text(u"numart"_s)));
+    navigue(u"TA"_s + donnees.text(u"référence"_s) + sixchiffres(numero));
+}
+
+QStringList Navigation::entreesderniers() const {
+    QStringList entrees;
+    for (int rang = 0; rang < nombrederniers; ++rang) {
+        QString libelle = derniersdocumentslibelles_[static_cast<std::size_t>(rang)];
+        // An ampersand of the title is not an access key.
+        libelle.replace(u'&', u"&&"_s);
+        entrees << (libelle.isEmpty() ? QString() : u'&' + QString::number(rang + 1) + u' ' + libelle);
+    }
+    return entrees;
+}
+
+namespace {
+const QString section = u"DERNIERSDOCUMENTS"_s;
+}
+
+void Navigation::chargederniers(const Reglages& reglages) {
+    for (int rang = 0; rang < nombrederniers; ++rang) {
+        const QString numero = QString::number(rang);
+        derniersdocumentslibelles_[static_cast<std::size_t>(rang)] = reglages.getsetting(section, u"NOM"_s + numero);
+        derniersdocuments_[static_cast<std::size_t>(rang)] = reglages.getsetting(section, u"REF"_s + numero);
+    }
+}
+
+void Navigation::sauvederniers(Reglages& reglages) const {
+    ReglagesStore::Batch ensemble(reglages.magasin());
+    for (int rang = 0; rang < nombrederniers; ++rang) {
+        const QString numero = QString::number(rang);
+        reglages.savesetting(section, u"NOM"_s + numero, derniersdocumentslibelles_[static_cast<std::size_t>(rang)]);
+        reglages.savesetting(section, u"REF"_s + numero, derniersdocuments_[static_cast<std::size_t>(rang)]);
+    }
+    if (!ensemble.commit())
+        reglages.signaleechec();
+}
+
+} // namespace velm

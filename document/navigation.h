@@ -1,0 +1,143 @@
+#pragma once
+// How documents are reached: commands, the windows of the twelve slots, two levels of history, the last documents.
+#include "core/cle.h"
+#include "core/corpus.h"
+#include "core/reglages.h"
+#include "document/historique.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <array>
+
+namespace velm {
+
+/// What the navigation keeps with each document window. An empty key is no document.
+struct Parcours {
+    Historique historique;
+    QString referencecourante; ///< key of the document shown
+    QString titrecourant;
+};
+
+/// A document window as the navigation sees it. It tells Navigation::fermee() when it goes.
+class FenetreNavigable {
+public:
+    virtual ~FenetreNavigable() = default;
+    virtual Parcours& parcours() = 0;
+    virtual void prendfocus() = 0;
+    /// Shows a document with the state of its button `abc`; see affichedocument().
+    virtual void affiche(const QString& code, const QString& numero, const QString& ancre) = 0;
+    virtual QString titre() = 0; ///< of the document shown
+    /// `propriétés`, `abc` and their separators become visible, `Haut` and `Bas` enabled; with the dossiers open
+    /// `document` becomes visible.
+    virtual void montreboutons(bool dossiersouverts) = 0;
+    virtual void activehistorique(bool precedent, bool suivant) = 0; ///< enables or disables the two buttons
+    virtual void activevoisin(bool haut, bool actif) = 0;            ///< `Haut` or `Bas`
+};
+
+/// What the navigation asks of the frame.
+class HoteNavigation {
+public:
+    virtual ~HoteNavigation() = default;
+    /// A new window, captioned with the slot's label; null when there is no memory, which the frame has then said.
+    virtual FenetreNavigable* creefenetre(int indice) = 0;
+    /// Shows again, or hides, the window of a slot.
+    virtual void montrefenetre(int indice, bool visible) = 0;
+    /// The slot's button is to be down or up and its entry in the window menus checked or not.
+    virtual void slotchange(int indice, bool ouverte) = 0;
+    virtual void activehistorique(bool precedent, bool suivant) = 0; ///< of the frame's two buttons
+    virtual void majderniersdocuments() = 0;                         ///< the last documents have changed
+    virtual bool dossiersouverts() const = 0;
+};
+
+class Navigation {
+public:
+    static constexpr int nombrederniers = 9;
+
+    Navigation(HoteNavigation& hote, Corpus& corpus);
+
+    /// Carries out a command:
+    ///   "TA" + code + number        opens a document
+    ///   "TA-1" "TA+1"               a step in the frame's history
+    ///   "TA" + code + "-1" or "+1"  a step in the history of the slot's window
+    ///   "LITAP" "LITAS" + n         a jump to the n-th entry of the frame's history
+    ///   "LI" + code + "P", "S" + n  a jump in the history of the slot's window
+    /// Anything else does nothing. `replier` folds the window's panel at its next activation; `ancre` puts the caret,
+    /// unless the document is shown already. A step in an empty list does nothing; a jump beyond the last entry goes
+    /// to it, one before the first to the first.
+    void navigue(const QString& commande, bool replier = false, const QString& ancre = QString());
+    /// Records the document that the window of its slot has just shown: last documents and histories.
+    void memoriser(const QString& code, const QString& numero, const QString& titre);
+
+    /// Makes the window of a slot from 0 to 10. One that was there stays, and is no longer addressed by the slot.
+    void ouvrefenetre(int indice);
+    /// Shows or hides the window of a slot; it is made when there is none to show.
+    void basculefenetre(int indice, bool visible);
+    /// A window was unloaded: the slot counts as closed, also when another window of it is still there.
+    void fermee(int indice, const FenetreNavigable* fenetre);
+
+    /// The index list, which is slot 11 and no document window, came or went.
+    void indexouvert(bool ouvert);
+
+    bool auneouverte() const; ///< slots 0 to 10
+    FenetreNavigable* fenetre(int indice) const;
+    bool fenetreouverte(int indice) const; ///< slots 0 to 11, like maffichagef()
+    /// Whether the slot's entry in the window menus is checked: its window is open and not hidden.
+    bool maffichagef(int indice) const;
+    /// Whether the window must fold its panel at this activation; asking clears it.
+    bool prendreplier(int indice);
+
+    /// One window for each collection, or a new one at each opening.
+    bool unefenetre() const { return maffichagetfu_; }
+    void changeunefenetre(bool une) { maffichagetfu_ = une; }
+
+    /// Shows the neighbour in title order of the document of a window; at either end the button is disabled.
+    void voisin(FenetreNavigable& fenetre, const QString& code, bool haut);
+
+    const Historique& historique() const { return global_.historique; }
+    const QString& referencecourante() const { return global_.referencecourante; }
+    const QString& titrecourant() const { return global_.titrecourant; }
+
+    /// The newest first; empty entries at the end.
+    using Derniers = std::array<QString, nombrederniers>;
+    const Derniers& derniersdocuments() const { return derniersdocuments_; }
+    const Derniers& derniersdocumentslibelles() const { return derniersdocumentslibelles_; }
+    /// Captions of the nine menu entries; an empty one is hidden.
+    QStringList entreesderniers() const;
+    void chargederniers(const Reglages& reglages);
+    void sauvederniers(Reglages& reglages) const;
+
+private:
+    enum class Sens { Arriere, Avant };
+    static constexpr int unpas = 0; ///< a plain step, where a jump has the number of its entry
+
+    int commandeta(const QString& commande, bool replier, const QString& ancre);
+    int commandeli(const QString& commande);
+    void ouvre(const QString& code, const QString& numero, bool replier, const QString& ancre);
+    void rouvre(const QString& cle);
+    void assurefenetre(int indice);
+    void pasfenetre(int indice, Sens sens, int n);
+    int pasglobal(Sens sens, int n);
+    void retientdernier(const QString& cle, const QString& libelle);
+    void rafraichitglobal();
+    void rafraichit(int indice);
+
+    struct Emplacement {
+        FenetreNavigable* fenetre = nullptr;
+        bool ouverte = false;
+        bool cochee = false;
+        bool replier = false;
+    };
+    Emplacement* emplacement(int indice); ///< of documents: null for slot 11
+    const Emplacement* emplacement(int indice) const;
+
+    HoteNavigation& hote_;
+    Corpus& corpus_;
+    std::array<Emplacement, nombredefenetres> emplacements_;
+    bool maffichagetfu_ = true;
+    Parcours global_;
+    Derniers derniersdocuments_;
+    Derniers derniersdocumentslibelles_;
+};
+
+} // namespace velm
