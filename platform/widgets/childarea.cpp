@@ -1,22 +1,42 @@
 #include "platform/widgets/childarea.h"
 
 #include "platform/text/twips.h"
+#include "platform/widgets/look.h"
 
 #include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QPainter>
+#include <QPointer>
+#include <QScopeGuard>
+#include <QScrollBar>
 
 namespace velm {
 
-ChildArea::ChildArea(QWidget* parent) : QMdiArea(parent), colour_(palette().color(QPalette::Mid)) {
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    connect(this, &QMdiArea::subWindowActivated, this, [this] { emit childActivated(activeChild()); });
+namespace {
+
+QSize leastSize(const QMdiSubWindow& window) {
+    return window.minimumSizeHint().expandedTo(window.minimumSize());
 }
 
+} // namespace
+
+ChildArea::ChildArea(QWidget* parent) : QMdiArea(parent) {
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    connect(this, &QMdiArea::subWindowActivated, this, &ChildArea::tellActive);
+}
+
+ChildArea::~ChildArea() = default;
+
 QMdiSubWindow* ChildArea::add(QWidget* child) {
+    if (QMdiSubWindow* known = around(child))
+        return known;
+    child->hide();
     QMdiSubWindow* window = addSubWindow(child);
     window->setAttribute(Qt::WA_DeleteOnClose);
+    // A frame without its child is worth nothing.
+    connect(child, &QObject::destroyed, window, &QObject::deleteLater);
+    connect(window, &QObject::destroyed, this, [this, window] { placed_.erase(window); });
     return window;
 }
 
@@ -28,44 +48,129 @@ QMdiSubWindow* ChildArea::around(const QWidget* child) const {
     return nullptr;
 }
 
+QPoint ChildArea::scrolled() const {
+    return {horizontalScrollBar()->value(), verticalScrollBar()->value()};
+}
+
 void ChildArea::place(QWidget* child, int state, int left, int top, int width, int height) {
     QMdiSubWindow* window = around(child);
     if (!window)
         return;
-    window->setGeometry(pixelsFromTwips(left), pixelsFromTwips(top), pixelsFromTwips(width), pixelsFromTwips(height));
-    if (state == Maximised)
-        window->setWindowState(Qt::WindowMaximized);
-    else if (state == Minimised)
-        window->setWindowState(Qt::WindowMinimized);
+    Placed& placed = placed_[window];
+    placed.wish.place = {pixelsFromTwips(left), pixelsFromTwips(top), pixelsFromTwips(width), pixelsFromTwips(height)};
+    placed.wish.rank = 0;
+    for (const QMdiSubWindow* other : subWindowList()) {
+        if (other != window && !other->isHidden())
+            ++placed.wish.rank;
+    }
+    placed.state = state;
+    fit(*window, placed);
+}
+
+void ChildArea::fit(QMdiSubWindow& window, Placed& placed) {
+    placed.wish.least = leastSize(window);
+    placed.fitted = fittedPlace(placed.wish, viewport()->size()).translated(-scrolled());
+    window.setGeometry(placed.fitted);
+}
+
+/// A window keeps to what was wished for it as long as nobody has moved it: the area may take its size only later.
+void ChildArea::fitPlaced() {
+    for (auto entry = placed_.begin(); entry != placed_.end();) {
+        QMdiSubWindow& window = *entry->first;
+        const bool shownOtherwise = window.isMaximized() || window.isMinimized();
+        if (!shownOtherwise && window.geometry() != entry->second.fitted) {
+            entry = placed_.erase(entry);
+            continue;
+        }
+        if (!shownOtherwise)
+            fit(window, entry->second);
+        ++entry;
+    }
 }
 
 int ChildArea::stateOf(const QWidget* child) const {
-    const QMdiSubWindow* window = around(child);
+    QMdiSubWindow* window = around(child);
     if (!window)
         return Normal;
+    const auto placed = placed_.find(window);
+    if (placed != placed_.end() && placed->second.state != Normal)
+        return placed->second.state;
     return window->isMinimized() ? Minimised : window->isMaximized() ? Maximised : Normal;
 }
 
 QRect ChildArea::twipsOf(const QWidget* child) const {
     const QMdiSubWindow* window = around(child);
-    const QRect place = window ? window->geometry() : QRect();
+    if (!window)
+        return {};
+    const QRect place = window->geometry().translated(scrolled());
     return {twipsFromPixels(place.x()), twipsFromPixels(place.y()), twipsFromPixels(place.width()),
             twipsFromPixels(place.height())};
+}
+
+void ChildArea::showPlaced(QWidget* child) {
+    QMdiSubWindow* window = around(child);
+    if (!window)
+        return;
+    const auto placed = placed_.find(window);
+    const int state = placed == placed_.end() ? int(Normal) : std::exchange(placed->second.state, int(Normal));
+    if (state == Minimised) {
+        child->show();
+        window->showMinimized();
+        return;
+    }
+    const QMdiSubWindow* before = currentSubWindow();
+    const bool filling = before && before != window && !before->isHidden() && before->isMaximized();
+    // Shown at once in the state that it shall have.
+    const bool updating = updatesEnabled();
+    setUpdatesEnabled(false);
+    const auto again = qScopeGuard([&] { setUpdatesEnabled(updating); });
+    child->show();
+    if (state == Maximised || filling)
+        window->showMaximized();
+    else
+        window->show();
+    focus(*window);
 }
 
 void ChildArea::activate(QWidget* child) {
     QMdiSubWindow* window = around(child);
     if (!window)
         return;
+    const auto placed = placed_.find(window);
+    if (placed != placed_.end() && placed->second.state == Minimised)
+        placed->second.state = Normal;
+    if (window->isHidden()) {
+        showPlaced(child);
+        return;
+    }
     if (window->isMinimized())
         window->showNormal();
-    window->show();
-    setActiveSubWindow(window);
+    focus(*window);
+}
+
+void ChildArea::focus(QMdiSubWindow& window) {
+    setActiveSubWindow(&window);
+    QWidget* child = window.widget();
+    if (!child || child->isAncestorOf(focusWidget()) || child->hasFocus())
+        return;
+    QWidget* last = child->focusWidget();
+    (last ? last : child)->setFocus(Qt::ActiveWindowFocusReason);
 }
 
 void ChildArea::hideChild(QWidget* child) {
-    if (QMdiSubWindow* window = around(child))
-        window->hide();
+    QMdiSubWindow* window = around(child);
+    if (!window || window->isHidden())
+        return;
+    QMdiSubWindow* next = nullptr;
+    for (QMdiSubWindow* other : subWindowList(ActivationHistoryOrder)) {
+        if (other != window && !other->isHidden() && !other->isMinimized())
+            next = other;
+    }
+    // The next one comes forward first, so that it takes over a maximised one's place.
+    if (currentSubWindow() == window)
+        setActiveSubWindow(next);
+    window->hide();
+    tellActive();
 }
 
 QWidget* ChildArea::activeChild() const {
@@ -73,31 +178,63 @@ QWidget* ChildArea::activeChild() const {
     return window && !window->isHidden() ? window->widget() : nullptr;
 }
 
+void ChildArea::tellActive() {
+    QWidget* active = activeChild();
+    if (told_ == active)
+        return;
+    told_ = active;
+    emit childActivated(active);
+}
+
 std::vector<QWidget*> ChildArea::children() const {
     std::vector<QWidget*> all;
-    for (const QMdiSubWindow* window : subWindowList(CreationOrder))
-        all.push_back(window->widget());
+    for (const QMdiSubWindow* window : subWindowList(CreationOrder)) {
+        if (QWidget* child = window->widget())
+            all.push_back(child);
+    }
     return all;
 }
 
-std::vector<QMdiSubWindow*> ChildArea::arrangeable() const {
+std::vector<QMdiSubWindow*> ChildArea::arrangeable(WindowOrder order) const {
     std::vector<QMdiSubWindow*> windows;
-    for (QMdiSubWindow* window : subWindowList(CreationOrder)) {
-        if (window->isVisible() && !window->isMinimized())
+    for (QMdiSubWindow* window : subWindowList(order)) {
+        if (!window->isHidden() && !window->isMinimized())
             windows.push_back(window);
     }
     return windows;
 }
 
+QSize ChildArea::roomForArranging() const {
+    QSize room = maximumViewportSize();
+    for (const QMdiSubWindow* window : subWindowList()) {
+        if (!window->isHidden() && window->isMinimized())
+            return room - QSize(0, window->height());
+    }
+    return room;
+}
+
 void ChildArea::arrange(Arrangement arrangement) {
-    for (QMdiSubWindow* window : arrangeable()) {
+    const bool updating = updatesEnabled();
+    setUpdatesEnabled(false);
+    const auto again = qScopeGuard([&] { setUpdatesEnabled(updating); });
+    const bool cascading = arrangement == Arrangement::Cascade;
+    // The active window lies on top; in a cascade that is the last place.
+    const std::vector<QMdiSubWindow*> windows = arrangeable(cascading ? StackingOrder : CreationOrder);
+    std::vector<QSize> least;
+    for (QMdiSubWindow* window : windows) {
         if (window->isMaximized())
             window->showNormal();
+        placed_.erase(window);
+        least.push_back(leastSize(*window));
     }
-    if (arrangement == Arrangement::Cascade)
-        cascadeSubWindows();
-    else
-        tileSubWindows();
+    horizontalScrollBar()->setValue(0);
+    verticalScrollBar()->setValue(0);
+    const auto along = arrangement == Arrangement::TileHorizontal ? Qt::Vertical : Qt::Horizontal;
+    const int bar = verticalScrollBar()->sizeHint().width();
+    const auto places =
+        cascading ? cascadePlaces(least, roomForArranging()) : tilePlaces(least, roomForArranging(), along, bar);
+    for (std::size_t index = 0; index < windows.size(); ++index)
+        windows[index]->setGeometry(places[index]);
 }
 
 void ChildArea::setBack(const QPixmap& picture, const QColor& colour) {
@@ -106,18 +243,110 @@ void ChildArea::setBack(const QPixmap& picture, const QColor& colour) {
     viewport()->update();
 }
 
-void ChildArea::paintEvent(QPaintEvent* event) {
-    QPainter painter(viewport());
-    painter.fillRect(event->rect(), colour_);
-    if (picture_.isNull())
-        return;
-    const QSizeF size = picture_.deviceIndependentSize();
-    painter.drawPixmap(QPointF((viewport()->width() - size.width()) / 2, (viewport()->height() - size.height()) / 2),
-                       picture_);
+QColor ChildArea::shownColour() const {
+    return colour_.isValid() ? colour_ : palette().color(QPalette::Window).darker(112);
 }
 
-void ChildArea::keyPressEvent(QKeyEvent* event) {
-    QMdiArea::keyPressEvent(event);
+void ChildArea::paintEvent(QPaintEvent* event) {
+    QPainter painter(viewport());
+    painter.fillRect(event->rect(), shownColour());
+    if (picture_.isNull())
+        return;
+    const QSize size = picture_.deviceIndependentSize().toSize();
+    painter.drawPixmap((viewport()->width() - size.width()) / 2, (viewport()->height() - size.height()) / 2, picture_);
+}
+
+void ChildArea::resizeEvent(QResizeEvent* event) {
+    QMdiArea::resizeEvent(event);
+    fitPlaced();
+    viewport()->update();
+}
+
+void ChildArea::scrollContentsBy(int dx, int dy) {
+    QMdiArea::scrollContentsBy(dx, dy);
+    viewport()->update(); // the picture stays in the middle
+}
+
+void ChildArea::walk(bool forward) {
+    if (forward)
+        activateNextSubWindow();
+    else
+        activatePreviousSubWindow();
+    if (QMdiSubWindow* window = activeSubWindow())
+        focus(*window);
+}
+
+bool ChildArea::windowKey(const QKeyEvent& event, bool perform) {
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const bool shift = modifiers == (Qt::ControlModifier | Qt::ShiftModifier);
+    if (!shift && modifiers != Qt::ControlModifier)
+        return false;
+    switch (event.key()) {
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+    case Qt::Key_F6:
+        if (perform)
+            walk(!shift);
+        return true;
+    case Qt::Key_F4:
+    case Qt::Key_W:
+        if (shift)
+            return false;
+        if (perform && activeChild())
+            currentSubWindow()->close();
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// A child that closes takes its frame along, after it has been asked itself.
+bool ChildArea::closeAround(QObject& child, QEvent& event) {
+    QMdiSubWindow* window = around(qobject_cast<QWidget*>(&child));
+    if (!window)
+        return false;
+    child.event(&event);
+    if (event.isAccepted())
+        window->close();
+    return true;
+}
+
+void ChildArea::hideAround(QWidget& child) {
+    // Later, for frames hide their children, too, when they close or are minimised.
+    const QPointer<QWidget> hidden(&child);
+    QMetaObject::invokeMethod(
+        this,
+        [this, hidden] {
+            const QMdiSubWindow* window = hidden ? around(hidden) : nullptr;
+            if (window && !window->isMinimized() && hidden->isHidden())
+                hideChild(hidden);
+        },
+        Qt::QueuedConnection);
+}
+
+bool ChildArea::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress: {
+        auto* widget = qobject_cast<QWidget*>(watched);
+        const bool press = event->type() == QEvent::KeyPress;
+        if (!widget || widget->window() != window() || !windowKey(static_cast<QKeyEvent&>(*event), press))
+            break;
+        event->accept();
+        return true;
+    }
+    case QEvent::Close:
+        if (closeAround(*watched, *event))
+            return true;
+        break;
+    case QEvent::HideToParent:
+        if (auto* child = qobject_cast<QWidget*>(watched); child && around(child))
+            hideAround(*child);
+        break;
+    default:
+        break;
+    }
+    return QMdiArea::eventFilter(watched, event);
 }
 
 } // namespace velm

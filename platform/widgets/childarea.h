@@ -2,11 +2,15 @@
 // The area of a multiple-document frame: child windows over a colour and a picture.
 //
 // Offered: adding, activating, hiding and counting children; cascade and the two tilings; background. Ctrl+Tab and
-// Ctrl+F6 walk the windows, Ctrl+F4 and Ctrl+W close the active one. A maximised child fills the area and keeps the next
-// one maximised.
+// Ctrl+F6 walk the windows, Ctrl+F4 and Ctrl+W close the active one. A maximised child fills the area and keeps the
+// next one maximised.
+#include "platform/widgets/childareaplaces.h"
+
 #include <QMdiArea>
 #include <QPixmap>
+#include <QPointer>
 
+#include <map>
 #include <vector>
 
 namespace velm {
@@ -16,13 +20,15 @@ class ChildArea : public QMdiArea {
 
 public:
     explicit ChildArea(QWidget* parent = nullptr);
+    ~ChildArea() override;
 
     enum class Arrangement { Cascade = 0, TileHorizontal = 1, TileVertical = 2 };
 
     /// Window states as they are stored.
     enum State { Normal = 0, Minimised = 1, Maximised = 2 };
 
-    /// Puts a window into the area, hidden; it is deleted when it closes. Its icon and title are the frame's.
+    /// Puts a window into the area, hidden; it is deleted when it closes. Its icon and title are the frame's. Its own
+    /// close() and hide() take the frame along.
     QMdiSubWindow* add(QWidget* child);
     /// The sub-window around a child; null if it is none of this area.
     QMdiSubWindow* around(const QWidget* child) const;
@@ -33,8 +39,10 @@ public:
     /// Position and size in twips, of a window in normal state.
     QRect twipsOf(const QWidget* child) const;
 
-    /// Shows a child, out of the minimised state, and activates it.
+    /// Shows a child, out of the minimised state, and activates it. Over a maximised window it is maximised, too.
     void activate(QWidget* child);
+    /// The same, but one that was placed minimised is shown so.
+    void showPlaced(QWidget* child);
     void hideChild(QWidget* child);
     /// The child of the active sub-window, null for none (a hidden one is none).
     QWidget* activeChild() const;
@@ -44,7 +52,8 @@ public:
     /// Arranges the visible windows that are not minimised; maximised ones become normal first.
     void arrange(Arrangement arrangement);
 
-    /// What lies behind the windows: a picture drawn in the middle at most at its own size (null for none), over a colour.
+    /// What lies behind the windows: a picture drawn in the middle at its own size (null for none), over a colour. An
+    /// invalid colour stands for the palette's.
     void setBack(const QPixmap& picture, const QColor& colour);
     const QPixmap& backPicture() const { return picture_; }
     QColor backColour() const { return colour_; }
@@ -54,13 +63,34 @@ signals:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    std::vector<QMdiSubWindow*> arrangeable() const;
+    struct Placed {
+        ChildWish wish;
+        QRect fitted;
+        int state = Normal; ///< until it is shown
+    };
+
+    std::vector<QMdiSubWindow*> arrangeable(WindowOrder order) const;
+    QSize roomForArranging() const;
+    QPoint scrolled() const;
+    QColor shownColour() const;
+    void fit(QMdiSubWindow& window, Placed& placed);
+    void fitPlaced();
+    void focus(QMdiSubWindow& window);
+    void tellActive();
+    void walk(bool forward);
+    bool windowKey(const QKeyEvent& event, bool perform);
+    bool closeAround(QObject& child, QEvent& event);
+    void hideAround(QWidget& child);
 
     QPixmap picture_;
     QColor colour_;
+    std::map<QMdiSubWindow*, Placed> placed_;
+    QPointer<QWidget> told_;
 };
 
 } // namespace velm

@@ -8,6 +8,9 @@
 #include <QHash>
 #include <QMainWindow>
 #include <QMenu>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QStyleOptionToolButton>
 #include <QToolButton>
 
 #include <algorithm>
@@ -20,8 +23,14 @@ namespace {
 constexpr int iconSide = 20;
 constexpr qsizetype longestEntry = 60;
 
+/// A text without a mnemonic.
 QString literal(QString text) {
     return text.replace(u'&', QStringLiteral("&&"));
+}
+
+/// A tool tip that is never taken for markup, and wraps.
+QString plainTip(const QString& text) {
+    return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
 }
 
 } // namespace
@@ -42,6 +51,7 @@ struct Toolbar::Private {
     std::vector<Button> buttons;
     QHash<QString, std::size_t> places;
     std::function<QIcon(const QString&)> images = &icon;
+    QPointer<QMainWindow> window;
     int position = 0;
     int edge = 1;
 
@@ -51,6 +61,8 @@ struct Toolbar::Private {
         return place == places.constEnd() ? nullptr : &buttons[*place];
     }
     const Button* find(const QString& key) const { return const_cast<Private*>(this)->find(key); }
+
+    QIcon picture(const QString& name) const { return name.isEmpty() || !images ? QIcon() : images(name); }
 
     static void showTip(Button& button) {
         const QString keys = button.shortcut.toString(QKeySequence::NativeText);
@@ -72,7 +84,7 @@ Toolbar::~Toolbar() = default;
 void Toolbar::setImages(std::function<QIcon(const QString& name)> images) {
     d_->images = std::move(images);
     for (Private::Button& button : d_->buttons)
-        button.action->setIcon(button.image.isEmpty() ? QIcon() : d_->images(button.image));
+        button.action->setIcon(d_->picture(button.image));
 }
 
 void Toolbar::addButton(const QString& key, Kind kind, const QString& image) {
@@ -87,14 +99,29 @@ void Toolbar::addButton(const QString& key, Kind kind, const QString& image) {
     }
     action->setCheckable(kind == Kind::Check || kind == Kind::Group);
     action->setSeparator(kind == Kind::Separator);
+    action->setIcon(d_->picture(image));
     d_->places.insert(key, d_->buttons.size());
     d_->buttons.push_back({key, kind, action, image, {}, {}});
-    if (!image.isEmpty())
-        action->setIcon(d_->images(image));
     addAction(action);
-    if (QWidget* button = widgetForAction(action))
-        button->setObjectName(key);
+    if (d_->window)
+        d_->window->addAction(action);
+    widgetForAction(action)->setObjectName(key);
     connect(action, &QAction::triggered, this, [this, key] { emit buttonClicked(key); });
+    if (QToolButton* button = widget(key)) {
+        button->installEventFilter(this);
+        chooseTabStop(nullptr);
+    }
+    if (kind == Kind::DropDown)
+        addMenu(key, *action);
+}
+
+void Toolbar::addMenu(const QString& key, QAction& action) {
+    auto* menu = new QMenu(this);
+    menu->setToolTipsVisible(true);
+    menu->setObjectName(key);
+    connect(menu, &QMenu::aboutToShow, this, [this, key, menu] { fillMenu(key, *menu); });
+    action.setMenu(menu);
+    widget(key)->setPopupMode(QToolButton::MenuButtonPopup);
 }
 
 bool Toolbar::hasButton(const QString& key) const {
@@ -170,34 +197,29 @@ bool Toolbar::value(const QString& key) const {
 void Toolbar::setImage(const QString& key, const QString& image) {
     if (Private::Button* button = d_->find(key)) {
         button->image = image;
-        button->action->setIcon(image.isEmpty() ? QIcon() : d_->images(image));
+        button->action->setIcon(d_->picture(image));
     }
 }
 
 void Toolbar::setMenus(const QString& key, const ButtonMenus* menus) {
-    Private::Button* button = d_->find(key);
-    if (!button)
-        return;
-    button->menus = menus;
-    auto* shown = widget(key);
-    if (!shown || shown->menu())
-        return;
-    auto* menu = new QMenu(this);
-    connect(menu, &QMenu::aboutToShow, this, [this, key, menu] {
-        menu->clear();
-        const ButtonMenus* entries = d_->find(key)->menus;
-        for (int index = 1; entries && index <= std::min(entries->count(), shownMenus); ++index) {
-            const ButtonMenu& entry = entries->at(index);
-            const QString text =
-                entry.text.size() > longestEntry ? entry.text.left(longestEntry - 1) + u'\u2026' : entry.text;
-            QAction* action = menu->addAction(literal(text));
-            action->setEnabled(entry.enabled);
-            connect(action, &QAction::triggered, this,
-                    [this, key, index, menuKey = entry.key] { emit menuClicked(key, index, menuKey); });
-        }
-    });
-    button->action->setMenu(menu);
-    shown->setPopupMode(QToolButton::MenuButtonPopup);
+    if (Private::Button* button = d_->find(key))
+        button->menus = menus;
+}
+
+void Toolbar::fillMenu(const QString& key, QMenu& menu) {
+    menu.clear();
+    const ButtonMenus* entries = d_->find(key)->menus;
+    for (int index = 1; entries && index <= std::min(entries->count(), shownMenus); ++index) {
+        const ButtonMenu& entry = entries->at(index);
+        const QString line = entry.text.simplified();
+        const bool elided = line.size() > longestEntry;
+        QAction* action = menu.addAction(literal(elided ? line.left(longestEntry - 1) + u'\u2026' : line));
+        action->setToolTip(elided ? plainTip(line) : QString());
+        action->setObjectName(entry.key);
+        action->setEnabled(entry.enabled);
+        connect(action, &QAction::triggered, this,
+                [this, key, index, menuKey = entry.key] { emit menuClicked(key, index, menuKey); });
+    }
 }
 
 QToolButton* Toolbar::widget(const QString& key) const {
@@ -213,6 +235,10 @@ void Toolbar::dock(QMainWindow& window, int position) {
     if (position > 0)
         d_->edge = position;
     d_->position = position;
+    if (d_->window != &window) {
+        d_->window = &window;
+        window.addActions(actions()); // shortcuts of a hidden bar go on working
+    }
     const Qt::ToolBarArea area = areas.at(static_cast<std::size_t>(d_->edge - 1));
     if (window.toolBarArea(this) != area)
         window.addToolBar(area, this);
@@ -226,6 +252,109 @@ int Toolbar::dockedAt() const {
 void Toolbar::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     emit rightClicked(event->globalPos());
+}
+
+void Toolbar::chooseTabStop(QToolButton* wanted) {
+    const auto usable = [this](const QToolButton* button) {
+        return button && button->isEnabled() && button->isVisibleTo(this);
+    };
+    QToolButton* first = nullptr;
+    QToolButton* before = nullptr;
+    for (const Private::Button& button : d_->buttons) {
+        QToolButton* shown = widget(button.key);
+        if (!usable(shown))
+            continue;
+        first = first ? first : shown;
+        before = shown->focusPolicy() != Qt::NoFocus && !before ? shown : before;
+    }
+    QToolButton* chosen = usable(wanted) ? wanted : before ? before : first;
+    for (const Private::Button& button : d_->buttons) {
+        QToolButton* shown = widget(button.key);
+        if (shown && shown != chosen)
+            shown->setFocusPolicy(Qt::NoFocus);
+    }
+    if (chosen)
+        chosen->setFocusPolicy(Qt::TabFocus);
+}
+
+void Toolbar::moveFocus(const QToolButton& from, int step) {
+    std::vector<QToolButton*> reachable;
+    std::ptrdiff_t here = 0;
+    for (const Private::Button& button : d_->buttons) {
+        QToolButton* shown = widget(button.key);
+        if (shown == &from)
+            here = std::ssize(reachable);
+        if (shown && shown->isEnabled() && shown->isVisible())
+            reachable.push_back(shown);
+    }
+    if (reachable.empty())
+        return;
+    const auto target = std::clamp<std::ptrdiff_t>(here + step, 0, std::ssize(reachable) - 1);
+    reachable[static_cast<std::size_t>(target)]->setFocus(Qt::TabFocusReason);
+}
+
+bool Toolbar::buttonKey(QToolButton& button, const QKeyEvent& event) {
+    const bool across = orientation() == Qt::Horizontal;
+    const int key = event.key();
+    if (key == (across ? Qt::Key_Left : Qt::Key_Up))
+        moveFocus(button, -1);
+    else if (key == (across ? Qt::Key_Right : Qt::Key_Down))
+        moveFocus(button, 1);
+    else if (key == Qt::Key_Home)
+        moveFocus(button, -buttonCount());
+    else if (key == Qt::Key_End)
+        moveFocus(button, buttonCount());
+    else if (key == (across ? Qt::Key_Down : Qt::Key_Right) && hasEntries(button))
+        button.showMenu();
+    else
+        return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right;
+    return true;
+}
+
+bool Toolbar::hasEntries(const QToolButton& button) const {
+    const ButtonMenus* menus = d_->find(button.objectName())->menus;
+    return menus && !menus->isEmpty();
+}
+
+/// Whether a press would open a menu that has nothing to show.
+bool Toolbar::opensNothing(const QToolButton& button, const QPoint& position) const {
+    if (!button.menu() || hasEntries(button))
+        return false;
+    QStyleOptionToolButton option;
+    option.initFrom(&button);
+    option.subControls = QStyle::SC_All;
+    option.features = QStyleOptionToolButton::MenuButtonPopup | QStyleOptionToolButton::HasMenu;
+    return button.style()
+        ->subControlRect(QStyle::CC_ToolButton, &option, QStyle::SC_ToolButtonMenu, &button)
+        .contains(position);
+}
+
+bool Toolbar::eventFilter(QObject* watched, QEvent* event) {
+    auto* button = qobject_cast<QToolButton*>(watched);
+    if (!button)
+        return QToolBar::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        chooseTabStop(button);
+        break;
+    case QEvent::EnabledChange:
+    case QEvent::ShowToParent:
+    case QEvent::HideToParent:
+        chooseTabStop(nullptr);
+        break;
+    case QEvent::KeyPress:
+        if (buttonKey(*button, static_cast<QKeyEvent&>(*event)))
+            return true;
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        if (opensNothing(*button, static_cast<QMouseEvent*>(event)->position().toPoint()))
+            return true;
+        break;
+    default:
+        break;
+    }
+    return QToolBar::eventFilter(watched, event);
 }
 
 } // namespace velm

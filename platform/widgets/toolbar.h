@@ -3,7 +3,8 @@
 //
 // Offered: plain, check, group, separator and drop-down buttons; keys are unique, buttons also count from 1; pictures
 // by name; docking at an edge of the main window by position number. Icons stand without text, tool tips carry the
-// shortcut; what does not fit goes into the platform's overflow menu.
+// shortcut; what does not fit goes into the platform's overflow menu. The Tab key reaches a bar once, the arrow keys,
+// Home and End walk its buttons.
 #include "platform/controls/buttonmenus.h"
 
 #include <QIcon>
@@ -15,6 +16,7 @@
 #include <vector>
 
 class QMainWindow;
+class QMenu;
 class QToolButton;
 
 namespace velm {
@@ -76,8 +78,17 @@ signals:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void addMenu(const QString& key, QAction& action);
+    void fillMenu(const QString& key, QMenu& menu);
+    bool hasEntries(const QToolButton& button) const;
+    bool opensNothing(const QToolButton& button, const QPoint& position) const;
+    bool buttonKey(QToolButton& button, const QKeyEvent& event);
+    void moveFocus(const QToolButton& from, int step);
+    void chooseTabStop(QToolButton* wanted);
+
     struct Private;
     std::unique_ptr<Private> d_;
 };
