@@ -1,0 +1,224 @@
+#include "document/arborescence.h"
+
+#include "core/cle.h"
+#include "platform/text/number.h"
+
+#include <QSet>
+
+#include <utility>
+#include <vector>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int racine = 1;
+constexpr QChar marquefeuille = u'@';
+const QString chargee = u"+"_s;
+
+/// A bulk of changes that is shown once.
+class SansRedessin {
+public:
+    explicit SansRedessin(TreeNodes& arbre) : arbre_(arbre), avant_(arbre.redraw()) { arbre_.setRedraw(false); }
+    ~SansRedessin() { arbre_.setRedraw(avant_); }
+    SansRedessin(const SansRedessin&) = delete;
+    SansRedessin& operator=(const SansRedessin&) = delete;
+
+private:
+    TreeNodes& arbre_;
+    bool avant_;
+};
+
+struct Branche {
+    qint64 numero;
+    QString libelle;
+    bool feuilles;
+};
+
+/// The rows below a node. They are taken before anything is added: each of them seeks in the same table.
+std::vector<Branche> branches(Recordset& table, const QString& code, qint64 parent, bool uneseule) {
+    std::vector<Branche> lues;
+    table.setIndex(u"enfants"_s);
+    table.seek(Seek::Equal, code, parent);
+    if (table.noMatch())
+        return lues;
+    for (; !table.eof(); table.moveNext()) {
+        if (table.number(u"dépendance"_s) != parent ||
+            table.text(u"référence"_s).compare(code, Qt::CaseInsensitive) != 0)
+            break;
+        lues.push_back(
+            {table.number(u"numerodutype"_s), table.text(u"typededonnées"_s), table.number(u"nbarticles"_s) != 0});
+        if (uneseule)
+            break;
+    }
+    return lues;
+}
+
+bool feuille(const QString& cle) {
+    return cle.startsWith(marquefeuille);
+}
+
+qint64 numerodenoeud(const QString& cle) {
+    return wholeNumber(QStringView(cle).sliced(std::min<qsizetype>(2, cle.size()))).value_or(0);
+}
+
+} // namespace
+
+Arborescence::Arborescence(Corpus& corpus, const Parametres& parametres, Sablier& sablier, Libelle libelle)
+    : corpus_(corpus), parametres_(parametres), sablier_(sablier), libelle_(std::move(libelle)) {}
+
+void Arborescence::chargearbrebase(TreeNodes& arbre, const QString& code) {
+    const SansRedessin ensemble(arbre);
+    arbre.clear();
+    arbre.add(0, code + numberText(0), libelle_(indicedetype(code)), imagenoeud(1, false), imagenoeud(1, true));
+    profondeurmax_ = avance;
+    chargebranche(arbre, racine);
+}
+
+void Arborescence::chargebranche(TreeNodes& arbre, int noeud, bool /*relance*/) {
+    if (!arbre.contains(noeud) || feuille(arbre.key(noeud)))
+        return;
+    const SansRedessin ensemble(arbre);
+    charge(arbre, noeud, false);
+}
+
+/// `feuillesvues`: the documents of the node were added with it. No deeper than there are pictures.
+void Arborescence::charge(TreeNodes& arbre, int noeud, bool feuillesvues) {
+    const QString cle = arbre.key(noeud);
+    const QString code = cle.left(2);
+    const qint64 numero = numerodenoeud(cle);
+    const int profondeur = niveaunoeud(arbre, noeud) + 1;
+    const bool limite = profondeur >= profondeurmax_ || profondeur >= profondeursimages;
+    const std::vector<Branche> lues = branches(corpus_.arborescences(), code, numero, limite);
+    if (limite && !lues.empty())
+        return;
+    for (const Branche& branche : lues) {
+        const int ajoute = arbre.add(noeud, code + numberText(branche.numero), branche.libelle,
+                                     imagenoeud(profondeur, false), imagenoeud(profondeur, true));
+        if (ajoute == 0)
+            continue;
+        if (branche.feuilles)
+            ajoutefeuilles(arbre, ajoute, code, branche.numero);
+        charge(arbre, ajoute, branche.feuilles);
+    }
+    // Documents of a node that has no branches and counts no documents hang under the root.
+    if (lues.empty() && !feuillesvues)
+        ajoutefeuilles(arbre, arbre.indexOf(code + numberText(0)), code, numero);
+    arbre.setTag(noeud, chargee);
+}
+
+void Arborescence::ajoutefeuilles(TreeNodes& arbre, int parent, const QString& code, qint64 numero) {
+    if (parent == 0)
+        return;
+    const QString image = u"document"_s;
+    Recordset& donnees = corpus_.donnees();
+    donnees.setIndex(u"numerodutype"_s);
+    donnees.seek(Seek::Equal, numero);
+    if (donnees.noMatch())
+        return;
+    for (; !donnees.eof() && donnees.number(u"numeroarborescence"_s) == numero; donnees.moveNext()) {
+        const QString reference = donnees.text(u"référence"_s);
+        if (reference.compare(code, Qt::CaseInsensitive) == 0)
+            arbre.add(parent, marquefeuille + reference + donnees.text(u"numart"_s), donnees.text(u"titre"_s), image,
+                      image);
+    }
+}
+
+void Arborescence::developpe(TreeNodes& arbre, int noeud) {
+    if (!arbre.contains(noeud) || arbre.children(noeud) == 0)
+        return;
+    const Attente attente(sablier_);
+    const SansRedessin ensemble(arbre);
+    profondeurmax_ = niveaunoeud(arbre, noeud) + avance;
+    // Documents of a branch may come to hang under the root while it is being walked: only what stands now is looked
+    // at.
+    const int nombre = arbre.children(noeud);
+    for (int place = 0; place < nombre; ++place) {
+        const int enfant = arbre.childAt(noeud, place);
+        if (arbre.tag(enfant) != chargee)
+            chargebranche(arbre, enfant, true);
+    }
+}
+
+void Arborescence::ouvre(TreeNodes& arbre, int noeud) {
+    if (arbre.children(noeud) == 0)
+        return;
+    developpe(arbre, noeud);
+    arbre.setExpanded(noeud, true);
+}
+
+void Arborescence::ouvreancetres(TreeNodes& arbre, int noeud) {
+    std::vector<int> chemin;
+    for (int parent = arbre.parent(noeud); parent != 0; parent = arbre.parent(parent))
+        chemin.push_back(parent);
+    for (auto parent = chemin.rbegin(); parent != chemin.rend(); ++parent)
+        ouvre(arbre, *parent);
+}
+
+void Arborescence::cherchebranche(TreeNodes& arbre, qint64 numero) {
+    if (!arbre.contains(racine))
+        return;
+    const SansRedessin ensemble(arbre);
+    const QString code = arbre.key(racine).left(2);
+    const auto noeudde = [&](qint64 cherche) { return arbre.indexOf(code + numberText(cherche)); };
+    // Up by what each branch hangs from, to one that stands in the tree.
+    std::vector<qint64> manquants;
+    QSet<qint64> vus;
+    Recordset& table = corpus_.arborescences();
+    table.setIndex(u"primarykey"_s);
+    qint64 courant = numero;
+    while (noeudde(courant) == 0) {
+        table.seek(Seek::Equal, courant);
+        if (vus.contains(courant) || table.noMatch())
+            return;
+        vus.insert(courant);
+        manquants.push_back(courant);
+        courant = table.number(u"dépendance"_s);
+    }
+    // And down again: opening a branch loads what its children lack.
+    int noeud = noeudde(courant);
+    ouvreancetres(arbre, noeud);
+    arbre.select(noeud);
+    for (auto suivant = manquants.rbegin(); suivant != manquants.rend(); ++suivant) {
+        ouvre(arbre, noeud);
+        noeud = noeudde(*suivant);
+        if (noeud == 0)
+            return;
+        arbre.select(noeud);
+    }
+}
+
+void Arborescence::choisitdocument(TreeNodes& arbre, const QString& cle) {
+    const int noeud = arbre.indexOf(marquefeuille + cle);
+    if (noeud == 0)
+        return;
+    const SansRedessin ensemble(arbre);
+    ouvreancetres(arbre, noeud);
+    arbre.select(noeud);
+}
+
+int Arborescence::niveaunoeud(const TreeNodes& arbre, int noeud) {
+    int niveau = 0;
+    for (; arbre.contains(noeud) && noeud != racine && arbre.parent(noeud) != 0; noeud = arbre.parent(noeud))
+        ++niveau;
+    return niveau;
+}
+
+QString Arborescence::imagenoeud(int profondeur, bool ouvert) const {
+    const auto& images = ouvert ? parametres_.imagesouvertes : parametres_.imagesfermees;
+    return profondeur >= 0 && profondeur < profondeursimages ? images[static_cast<std::size_t>(profondeur)] : QString();
+}
+
+void Arborescence::viderarbre(TreeNodes& arbre) {
+    const SansRedessin ensemble(arbre);
+    arbre.clear();
+}
+
+QString Arborescence::commandeclic(const TreeNodes& arbre, int noeud, const QString& code) {
+    if (!arbre.contains(noeud) || !feuille(arbre.key(noeud)))
+        return {};
+    return u"TA"_s + code + arbre.key(noeud).mid(3);
+}
+
+} // namespace velm

@@ -1,0 +1,65 @@
+#pragma once
+// The contents tree of a collection: branches and documents, loaded a few levels at a time and always ahead of what is
+// open.
+#include "core/corpus.h"
+#include "core/parametres.h"
+#include "document/sablier.h"
+#include "platform/controls/treenodes.h"
+
+#include <QString>
+
+#include <functional>
+
+namespace velm {
+
+/// Node keys: code + " 0" for the root, code + number as text (" 12") for a branch, "@" + key for a document. A node
+/// with the tag "+" has its children. A key that is in the tree already is not added again.
+class Arborescence {
+public:
+    /// The label of the collection of a slot.
+    using Libelle = std::function<QString(int indice)>;
+
+    /// `parametres` lends the pictures by depth; nothing is owned.
+    Arborescence(Corpus& corpus, const Parametres& parametres, Sablier& sablier, Libelle libelle);
+
+    /// Empties the tree and loads a collection down to the third level.
+    void chargearbrebase(TreeNodes& arbre, const QString& code);
+    /// Loads the children of a node down to `profondeurmax`. `relance` says that it was begun once; it makes no
+    /// difference.
+    void chargebranche(TreeNodes& arbre, int noeud, bool relance = false);
+    /// The user opens a node: whatever its children lack below them is loaded.
+    void developpe(TreeNodes& arbre, int noeud);
+
+    /// Selects the branch of a number, loading and opening what leads to it. Stops at a number that the base does not
+    /// know and at branches that hang in a circle.
+    void cherchebranche(TreeNodes& arbre, qint64 numero);
+    /// Selects the leaf of a document, and opens what leads to it. Nothing happens when it is not in the tree.
+    void choisitdocument(TreeNodes& arbre, const QString& cle);
+
+    /// Steps from a node up to the root, which is node 1 and gives 0.
+    static int niveaunoeud(const TreeNodes& arbre, int noeud);
+    /// Picture of a branch at a depth from 0 to 10; empty beyond.
+    QString imagenoeud(int profondeur, bool ouvert) const;
+    static void viderarbre(TreeNodes& arbre);
+    /// What a click on a node asks of the navigation: for a document "TA" + code + its number, else nothing.
+    static QString commandeclic(const TreeNodes& arbre, int noeud, const QString& code);
+
+    int profondeurmax() const { return profondeurmax_; }
+    void fixeprofondeurmax(int profondeur) { profondeurmax_ = profondeur; }
+
+private:
+    void charge(TreeNodes& arbre, int noeud, bool feuillesvues);
+    void ajoutefeuilles(TreeNodes& arbre, int parent, const QString& code, qint64 numero);
+    void ouvre(TreeNodes& arbre, int noeud);
+    void ouvreancetres(TreeNodes& arbre, int noeud);
+
+    static constexpr int avance = 3; ///< levels that are loaded ahead
+
+    Corpus& corpus_;
+    const Parametres& parametres_;
+    Sablier& sablier_;
+    Libelle libelle_;
+    int profondeurmax_ = avance;
+};
+
+} // namespace velm

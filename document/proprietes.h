@@ -1,0 +1,49 @@
+#pragma once
+// What the properties dialog shows of a document.
+#include "core/corpus.h"
+#include "document/affichage.h"
+#include "document/arborescence.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <array>
+
+namespace velm {
+
+/// The kinds of document, in their order: label and number of each.
+struct TypesDocument {
+    QStringList combotype;
+    QStringList numerotype;
+};
+
+TypesDocument littypesdocument(Corpus& corpus);
+
+/// Row of the first entry that begins with a text, whatever its letters' case, or -1.
+int chercheliste(const QStringList& entrees, const QString& texte);
+
+/// The texts of the dialog's controls.
+struct Proprietes {
+    QString reference;
+    QString numart;
+    QString Titre;
+    std::array<QString, 3> motcle;
+    QString Source;
+    QString datetext;
+    QString datecreation;
+    QString datemodif;
+    int choixtype = 0;  ///< collection, as its place in the order of the collections
+    int combotype = -1; ///< kind of document, as its row; -1 for none
+    QString numeroarborescence;
+
+    friend bool operator==(const Proprietes&, const Proprietes&) = default;
+};
+
+/// Of the document that a window shows.
+Proprietes afficheproprietes(const QString& referencecourante, const QString& titrecourant,
+                             const DocumentAffiche& document, const TypesDocument& types);
+
+/// The collection's tree, opened down to the branch and the leaf of the document.
+void montrearborescence(Arborescence& arborescence, TreeNodes& arbre, const Proprietes& proprietes);
+
+} // namespace velm
