@@ -1,0 +1,171 @@
+#include "document/dispositiontextes.h"
+
+#include "platform/text/twips.h"
+
+#include <algorithm>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int positionlaterale = 360; // of an upright bar that would begin folded
+constexpr int positionhaute = 1000;   // of a lying one
+constexpr int texteminimal = 1500;    // what the panel leaves to the text, as long as there is so much
+
+// A panel below these sizes shows no block at all rather than slivers of one.
+constexpr int largeurlisible = 600;
+constexpr int hauteurlisible = 300;
+// A panel below these is opened when the user asks for a block.
+constexpr int largeurcommode = 1800;
+constexpr int hauteurcommode = 1200;
+constexpr int hauteurligne = 640; // for the line of the word search
+constexpr int largeurhabituelle = 4305;
+
+} // namespace
+
+bool DispositionTextes::replie() const {
+    return posseparateur <= (droite() ? 0 : hauteurbarre);
+}
+
+void DispositionTextes::changetaille(int largeur, int hauteur, const MesuresTextes& mesures) {
+    largeur_ = std::max(0, largeur);
+    hauteur_ = std::max(0, hauteur);
+    mesures_ = mesures;
+}
+
+void DispositionTextes::charge(bool listeselectionvisible) {
+    if (listeselectionvisible)
+        return;
+    if (droite()) {
+        if (posseparateur == 0)
+            posseparateur = positionlaterale;
+    } else if (posseparateur <= hauteurbarre) {
+        posseparateur = positionhaute;
+    }
+}
+
+void DispositionTextes::plie() {
+    posseparateur = droite() ? 0 : hauteurbarre;
+}
+
+void DispositionTextes::deplie(bool recherche) {
+    const int etendue = droite() ? posseparateur : posseparateur - hauteurbarre;
+    const int commode = droite() ? largeurcommode : recherche ? hauteurligne : hauteurcommode;
+    if (etendue < commode)
+        posseparateur = placehabituelle();
+}
+
+void DispositionTextes::changearrangement(const QString& nouveau) {
+    const bool etaitreplie = replie();
+    vh = nouveau;
+    if (etaitreplie)
+        plie();
+    else
+        deplie(false);
+}
+
+int DispositionTextes::placehabituelle() const {
+    if (droite())
+        return std::max(positionlaterale, std::min(largeurhabituelle, largeur_ * 2 / 5));
+    return hauteurbarre + std::max(hauteurligne, (hauteur_ - mesures_.barre) / 3);
+}
+
+void DispositionTextes::ouvrelistes() {
+    if (listesvisibles)
+        return;
+    listesvisibles = true;
+    posseparateurlisteh = places_.rtfRichTextBox1.top() + places_.rtfRichTextBox1.height() / 2;
+}
+
+QRect DispositionTextes::rect(int gauche, int haut, int largeur, int hauteur) const {
+    const int x = std::clamp(gauche, 0, largeur_);
+    const int y = std::clamp(haut, 0, hauteur_);
+    return {x, y, std::clamp(gauche + largeur - x, 0, largeur_ - x), std::clamp(haut + hauteur - y, 0, hauteur_ - y)};
+}
+
+void DispositionTextes::deplaceseparateur() {
+    const int haut = std::min(mesures_.barre, hauteur_);
+    const int hauteur = std::max(0, places_.separateurlisteh.top() - haut);
+    const int trait = mesures_.trait;
+    if (droite()) {
+        const int x = std::clamp(posseparateur, 0, std::max(0, largeur_ - trait - texteminimal));
+        places_.panneau = rect(0, haut, x, hauteur);
+        places_.separateur = rect(x, haut, trait, hauteur);
+        places_.rtfRichTextBox1 = rect(x + trait, haut, largeur_ - x - trait, hauteur);
+        places_.panneaulisible = x >= largeurlisible && hauteur > 0;
+        return;
+    }
+    const int y = std::clamp(posseparateur - hauteurbarre, 0, std::max(0, hauteur - trait - texteminimal));
+    const int ligne = std::min(trait, hauteur - std::min(y, hauteur));
+    places_.panneau = rect(0, haut, largeur_, y);
+    places_.separateur = rect(0, haut + y, largeur_, ligne);
+    places_.rtfRichTextBox1 = rect(0, haut + y + ligne, largeur_, hauteur - y - ligne);
+    places_.panneaulisible = y >= hauteurlisible;
+}
+
+void DispositionTextes::replaceseparateur() {
+    if (posseparateurlistev > largeur_)
+        posseparateurlistev = largeur_ / 2;
+    if (listesvisibles) {
+        posseparateurlisteh = std::min(posseparateurlisteh, hauteur_ - 660 - 120);
+        if (posseparateurlisteh < 60)
+            posseparateurlisteh = 240;
+    } else {
+        posseparateurlisteh = hauteur_ - mesures_.trait - mesures_.entete;
+    }
+    placelistes();
+    deplaceseparateur();
+}
+
+void DispositionTextes::placelistes() {
+    const int barre = std::min(mesures_.barre, hauteur_);
+    const int plusbas = std::max(barre, hauteur_ - mesures_.trait - mesures_.entete);
+    const int haut = std::clamp(posseparateurlisteh, barre, plusbas);
+    const int entete = haut + mesures_.trait;
+    const int grille = entete + mesures_.entete;
+    const int trait = std::min(mesures_.trait, largeur_);
+    const int x = std::clamp(posseparateurlistev, 0, largeur_ - trait);
+    const int reste = largeur_ - x - trait;
+    places_.separateurlisteh = rect(0, haut, largeur_, mesures_.trait);
+    places_.entetelistedesliens = rect(0, entete, x, mesures_.entete);
+    places_.separateurlistev = rect(x, entete, trait, hauteur_ - entete);
+    places_.entetelistedescorrelats = rect(x + trait, entete, reste, mesures_.entete);
+    const int hauteurgrille = listesvisibles ? hauteur_ - grille : 0;
+    places_.flexlistedesliens = rect(0, grille, x, hauteurgrille);
+    places_.flexlistedescorreles = rect(x + trait, grille, reste, hauteurgrille);
+}
+
+bool DispositionTextes::lache(const QString& source, const QPoint& coin) {
+    if (source == u"separateur") {
+        posseparateur = std::max(0, droite() ? coin.x() : coin.y() - mesures_.barre + hauteurbarre);
+        deplaceseparateur();
+        return true;
+    }
+    if (source == u"separateurlisteh")
+        posseparateurlisteh = coin.y();
+    else if (source == u"separateurlistev")
+        posseparateurlistev = coin.x();
+    else
+        return false;
+    replaceseparateur();
+    return true;
+}
+
+int DispositionTextes::widthblocrecherche(int largeur) {
+    constexpr int marges = 180;
+    return largeur > marges ? largeur - marges : 0;
+}
+
+int DispositionTextes::Heightblocrecherche(int hauteur, int champs) {
+    return hauteur > champs ? hauteur - champs : 0;
+}
+
+QRect pixelsdetwips(const QRect& twips) {
+    const auto pixel = [](int t) { return (t + twipsPerPixel / 2) / twipsPerPixel; };
+    const int x = pixel(twips.x());
+    const int y = pixel(twips.y());
+    return {x, y, pixel(twips.x() + twips.width()) - x, pixel(twips.y() + twips.height()) - y};
+}
+
+} // namespace velm

@@ -1,0 +1,93 @@
+#pragma once
+// How a document window is divided: a panel left of the text or above it, the text, two lists below. Twips throughout;
+// the toolkit's pixels are made of the edges of the rectangles, so that nothing gapes and nothing overlaps.
+#include <QPoint>
+#include <QRect>
+#include <QString>
+
+namespace velm {
+
+/// What the toolkit needs for the parts of a fixed height.
+struct MesuresTextes {
+    int barre = 0;  ///< the tool bar on top
+    int entete = 0; ///< the headers of the two lists
+    int trait = 75; ///< thickness of the bars that are dragged
+};
+
+/// Where every control lies. Sizes are never negative, and nothing reaches beyond the window.
+struct PlacesTextes {
+    QRect panneau;               ///< of whichever block is shown
+    bool panneaulisible = false; ///< there is room enough in it to show a block
+    QRect separateur;
+    QRect rtfRichTextBox1;
+    QRect separateurlisteh;
+    QRect separateurlistev;
+    QRect entetelistedesliens;
+    QRect entetelistedescorrelats;
+    QRect flexlistedesliens;
+    QRect flexlistedescorreles;
+};
+
+class DispositionTextes {
+public:
+    /// The position counts from the window's top with a tool bar of this height, whatever height the real one has.
+    static constexpr int hauteurbarre = 360;
+
+    // ---- state, which the window keeps and stores
+    QString vh = QStringLiteral("1"); ///< "0": panel left of the text, else above it
+    int posseparateur = 1000;
+    int posseparateurlisteh = 0;
+    int posseparateurlistev = 0;
+    bool listesvisibles = false; ///< the grids are shown; the headers always are
+
+    bool droite() const { return vh == u"0"; } ///< the panel's bar stands upright
+    bool replie() const;                       ///< the panel is folded away
+
+    /// Inner size of the window. Places nothing yet.
+    void changetaille(int largeur, int hauteur, const MesuresTextes& mesures);
+    int largeur() const { return largeur_; }
+    int hauteur() const { return hauteur_; }
+
+    /// The stored position as a new window takes it: with the selection list hidden it must not begin folded.
+    void charge(bool listeselectionvisible);
+    /// Halves the lower lists.
+    void partagelistes() { posseparateurlistev = largeur_ / 2 - 30; }
+    /// Folds the panel away.
+    void plie();
+    /// Opens a panel that is too small to show a block, `recherche` for the search block, which is content with a line.
+    void deplie(bool recherche);
+    void changearrangement(const QString& nouveau);
+    /// Where the panel's bar is put by a double click.
+    int placehabituelle() const;
+    /// Shows the grids, in the lower half of the text; hides them.
+    void ouvrelistes();
+    void fermelistes() { listesvisibles = false; }
+
+    /// Places the panel, its bar and the text.
+    void deplaceseparateur();
+    /// Places the lower lists, then all the rest. To be called on every resize.
+    void replaceseparateur();
+    /// A bar, by its name, is dropped with its upper left corner there. False: none of this window's bars.
+    bool lache(const QString& source, const QPoint& coin);
+
+    const PlacesTextes& places() const { return places_; }
+
+    /// Width of the fields of the search block in a panel of this width, and height of its list of results under fields
+    /// of the height `champs`.
+    static int widthblocrecherche(int largeur);
+    static int Heightblocrecherche(int hauteur, int champs);
+
+private:
+    void placelistes();
+    QRect rect(int gauche, int haut, int largeur, int hauteur) const;
+
+    int largeur_ = 0;
+    int hauteur_ = 0;
+    MesuresTextes mesures_;
+    PlacesTextes places_;
+};
+
+/// A rectangle of twips in pixels: its edges are rounded, so that neighbours stay neighbours.
+QRect pixelsdetwips(const QRect& twips);
+
+} // namespace velm

@@ -1,0 +1,48 @@
+#pragma once
+// The documents of a collection as rows of a grid. Only their row ids are held; the fields of a row are read when it is
+// painted, and kept for a while.
+#include "core/corpus.h"
+#include "document/reglagestextes.h"
+#include "platform/controls/gridsource.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace velm {
+
+class ListeCollection final : public GridSource {
+public:
+    static constexpr int colonnes = colonnesvisibles + 1;
+
+    /// `ordre`: a digit for each column, see ordredescolonnes(). The rows stand in no order yet. A base without
+    /// the table is a run-time error.
+    ListeCollection(Corpus& corpus, const QString& code, const QString& ordre);
+
+    int rowCount() const override { return static_cast<int>(lignes_.size()); }
+    QString text(int row, int column) const override;
+    /// By the key of sortKey(). Equal rows keep their order, those of equal titles stand by their number.
+    bool sort(int column, bool descending) override;
+
+    /// Key of the document of a row from 0; empty outside.
+    QString cle(int row) const;
+
+    /// Field of a digit: "0" titre, "1" to "3" the keywords, "4" numart; empty for anything else.
+    static QString champ(QChar chiffre);
+
+private:
+    bool trieparcle(bool descending);
+    void triepartexte(const QString& champ, bool descending);
+    const QStringList& cellules(int row) const;
+
+    Corpus& corpus_;
+    QString code_;
+    QStringList champs_;
+    std::vector<qint64> lignes_;
+    std::unique_ptr<Recordset> table_;
+    mutable QHash<qint64, QStringList> lues_;
+};
+
+} // namespace velm

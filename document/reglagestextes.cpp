@@ -1,0 +1,98 @@
+#include "document/reglagestextes.h"
+
+#include "platform/text/number.h"
+
+#include <algorithm>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+const QString section = u"POSITIONFORME"_s;
+constexpr int chiffreslargeur = 6;
+constexpr int largeurdefaut = 2000;
+
+/// Window settings must never keep a window from opening: any text is read as the number it begins with.
+int nombre(const Reglages& reglages, const QString& nom, int indice, int defaut) {
+    constexpr double borne = 1'000'000;
+    const QString texte = reglages.getsetting(section, nom + QString::number(indice), QString::number(defaut));
+    return static_cast<int>(roundHalfEven(std::clamp(val(texte), -borne, borne)));
+}
+
+QString texte(const Reglages& reglages, const QString& nom, int indice) {
+    return reglages.getsetting(section, nom + QString::number(indice));
+}
+
+} // namespace
+
+ReglagesTextes litreglagestextes(const Reglages& reglages, int indice) {
+    ReglagesTextes lus;
+    const int etat = nombre(reglages, u"WINDOWSSTATE"_s, indice, 0);
+    lus.place.etat = etat >= 0 && etat <= 2 ? etat : 0;
+    lus.place.gauche = nombre(reglages, u"WINDOWSLEFT"_s, indice, 0);
+    lus.place.haut = nombre(reglages, u"WINDOWSTOP"_s, indice, 0);
+    lus.place.largeur = std::max(0, nombre(reglages, u"WINDOWSWIDTH"_s, indice, 0));
+    lus.place.hauteur = std::max(0, nombre(reglages, u"WINDOWSHEIGHT"_s, indice, lus.place.hauteur));
+    lus.ar = QString::number(std::clamp(nombre(reglages, u"WINDOWSARBRE"_s, indice, 0), 0, 2));
+    lus.vh = nombre(reglages, u"WINDOWSSEPARVH"_s, indice, 1) == 0 ? u"0"_s : u"1"_s;
+    lus.posseparateur = std::max(0, nombre(reglages, u"WINDOWSSEPAR"_s, indice, lus.posseparateur));
+    lus.listeordre = ordredescolonnes(texte(reglages, u"ORDRECOLONNE"_s, indice));
+    lus.listelargeurs = largeursaenregistrer(largeursdescolonnes(texte(reglages, u"LARGEURCOLONNE"_s, indice)));
+    return lus;
+}
+
+void ecritreglagestextes(Reglages& reglages, int indice, const ReglagesTextes& valeurs) {
+    ReglagesStore::Batch lot(reglages.magasin());
+    const auto ecrit = [&](const QString& nom, const QString& valeur) {
+        reglages.savesetting(section, nom + QString::number(indice), valeur);
+    };
+    ecrit(u"WINDOWSSTATE"_s, QString::number(valeurs.place.etat));
+    if (valeurs.place.etat == 0) {
+        ecrit(u"WINDOWSLEFT"_s, QString::number(valeurs.place.gauche));
+        ecrit(u"WINDOWSTOP"_s, QString::number(valeurs.place.haut));
+        ecrit(u"WINDOWSWIDTH"_s, QString::number(valeurs.place.largeur));
+        ecrit(u"WINDOWSHEIGHT"_s, QString::number(valeurs.place.hauteur));
+    }
+    ecrit(u"WINDOWSSEPAR"_s, QString::number(valeurs.posseparateur));
+    ecrit(u"WINDOWSSEPARVH"_s, valeurs.vh);
+    ecrit(u"WINDOWSARBRE"_s, valeurs.ar);
+    ecrit(u"ORDRECOLONNE"_s, valeurs.listeordre);
+    ecrit(u"LARGEURCOLONNE"_s, valeurs.listelargeurs);
+    if (!lot.commit())
+        reglages.signaleechec();
+}
+
+QString ordredescolonnes(QStringView enregistre) {
+    const QString premiers = enregistre.left(colonnesvisibles).toString();
+    QString tries = premiers;
+    std::sort(tries.begin(), tries.end());
+    return (tries == u"0123" ? premiers : u"0123"_s) + u'4';
+}
+
+QString ordreaenregistrer(const std::array<int, colonnesvisibles>& champs) {
+    QString ordre;
+    for (const int champ : champs)
+        ordre += champ >= 0 && champ < colonnesvisibles ? QString::number(champ) : u"4"_s;
+    return ordre + u'4';
+}
+
+std::array<int, colonnesvisibles> largeursdescolonnes(QStringView enregistre) {
+    std::array<int, colonnesvisibles> largeurs{};
+    for (int colonne = 0; colonne < colonnesvisibles; ++colonne) {
+        const double lue = val(enregistre.mid(chiffreslargeur * colonne, chiffreslargeur));
+        constexpr double plusgrande = 30'000;
+        largeurs.at(static_cast<std::size_t>(colonne)) =
+            lue >= 1 ? static_cast<int>(std::min(lue, plusgrande)) : largeurdefaut;
+    }
+    return largeurs;
+}
+
+QString largeursaenregistrer(const std::array<int, colonnesvisibles>& largeurs) {
+    QString texte;
+    for (const int largeur : largeurs)
+        texte += QString::number(std::clamp(largeur, 0, 999'999)).rightJustified(chiffreslargeur, u'0');
+    return texte;
+}
+
+} // namespace velm

@@ -1,0 +1,234 @@
+#include "document/dispositiontextes.h"
+
+#include <gtest/gtest.h>
+#include <vector>
+
+using namespace velm;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr MesuresTextes mesures{480, 420, 75};
+
+DispositionTextes disposition(const QString& vh, int position, int largeur = 12000, int hauteur = 9000) {
+    DispositionTextes d;
+    d.vh = vh;
+    d.posseparateur = position;
+    d.changetaille(largeur, hauteur, mesures);
+    d.partagelistes();
+    d.replaceseparateur();
+    return d;
+}
+
+std::vector<QRect> toutes(const PlacesTextes& p) {
+    return {p.panneau,
+            p.separateur,
+            p.rtfRichTextBox1,
+            p.separateurlisteh,
+            p.separateurlistev,
+            p.entetelistedesliens,
+            p.entetelistedescorrelats,
+            p.flexlistedesliens,
+            p.flexlistedescorreles};
+}
+
+qint64 aire(const QRect& r) {
+    return qint64{r.width()} * r.height();
+}
+
+/// Everything lies in the window, nothing overlaps, and with the tool bar the parts fill it.
+void attendpavage(const DispositionTextes& d) {
+    const QRect fenetre(0, 0, d.largeur(), d.hauteur());
+    qint64 somme = qint64{d.largeur()} * std::min(mesures.barre, d.hauteur());
+    const auto places = toutes(d.places());
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        EXPECT_GE(places[i].width(), 0) << i;
+        EXPECT_GE(places[i].height(), 0) << i;
+        if (aire(places[i]) == 0)
+            continue;
+        EXPECT_TRUE(fenetre.contains(places[i])) << i;
+        somme += aire(places[i]);
+        for (std::size_t j = 0; j < i; ++j)
+            EXPECT_FALSE(places[i].intersects(places[j])) << i << ' ' << j;
+    }
+    EXPECT_EQ(somme, aire(fenetre));
+}
+
+} // namespace
+
+TEST(DispositionTextes, ThePanelIsLeftOfTheTextForZeroAndAboveItForOne) {
+    const DispositionTextes gauche = disposition(u"0"_s, 3000);
+    EXPECT_EQ(gauche.places().separateur.left(), 3000);
+    EXPECT_EQ(gauche.places().panneau, QRect(0, 480, 3000, 9000 - 480 - 75 - 420));
+    EXPECT_EQ(gauche.places().rtfRichTextBox1.left(), 3075);
+    EXPECT_EQ(gauche.places().rtfRichTextBox1.height(), gauche.places().panneau.height());
+
+    const DispositionTextes dessus = disposition(u"1"_s, 3000);
+    EXPECT_EQ(dessus.places().panneau, QRect(0, 480, 12000, 3000 - 360));
+    EXPECT_EQ(dessus.places().separateur.top(), 480 + 2640);
+    EXPECT_EQ(dessus.places().rtfRichTextBox1.width(), 12000);
+}
+
+TEST(DispositionTextes, ThePartsFillTheWindowWithoutGapOrOverlap) {
+    for (const auto& vh : {u"0"_s, u"1"_s}) {
+        for (const bool listes : {false, true}) {
+            for (const int position : {0, 360, 1000, 4305, 100'000}) {
+                DispositionTextes d = disposition(vh, position);
+                if (listes)
+                    d.ouvrelistes();
+                d.replaceseparateur();
+                SCOPED_TRACE(position);
+                attendpavage(d);
+            }
+        }
+    }
+}
+
+TEST(DispositionTextes, NoControlGetsANegativeSizeInANarrowWindow) {
+    for (const auto& vh : {u"0"_s, u"1"_s}) {
+        for (const int largeur : {0, 30, 75, 400, 900}) {
+            for (const int hauteur : {0, 100, 480, 500, 900, 1400}) {
+                DispositionTextes d = disposition(vh, 4305);
+                d.ouvrelistes();
+                d.changetaille(largeur, hauteur, mesures);
+                d.replaceseparateur();
+                SCOPED_TRACE(testing::Message() << largeur << 'x' << hauteur);
+                attendpavage(d);
+            }
+        }
+    }
+}
+
+TEST(DispositionTextes, ABarAtZeroBecomes360OnTheLeftArrangementWhenTheResultListIsHidden) {
+    DispositionTextes d = disposition(u"0"_s, 0);
+    d.charge(false);
+    EXPECT_EQ(d.posseparateur, 360);
+    d.posseparateur = 10;
+    d.charge(false);
+    EXPECT_EQ(d.posseparateur, 10);
+}
+
+TEST(DispositionTextes, ABarUnder361Becomes1000OnTheOtherArrangementWhenTheResultListIsHidden) {
+    DispositionTextes d = disposition(u"1"_s, 360);
+    d.charge(false);
+    EXPECT_EQ(d.posseparateur, 1000);
+    d.posseparateur = 361;
+    d.charge(false);
+    EXPECT_EQ(d.posseparateur, 361);
+}
+
+TEST(DispositionTextes, ABarAtZeroStaysZeroWhenTheResultListIsVisible) {
+    for (const auto& vh : {u"0"_s, u"1"_s}) {
+        DispositionTextes d = disposition(vh, 0);
+        d.charge(true);
+        EXPECT_EQ(d.posseparateur, 0);
+    }
+}
+
+TEST(DispositionTextes, FoldingPutsTheBarTo0OrTo360AndHidesThePanel) {
+    DispositionTextes gauche = disposition(u"0"_s, 3000);
+    gauche.plie();
+    gauche.deplaceseparateur();
+    EXPECT_EQ(gauche.posseparateur, 0);
+    EXPECT_EQ(gauche.places().panneau.width(), 0);
+    EXPECT_FALSE(gauche.places().panneaulisible);
+
+    DispositionTextes dessus = disposition(u"1"_s, 3000);
+    dessus.plie();
+    dessus.deplaceseparateur();
+    EXPECT_EQ(dessus.posseparateur, 360);
+    EXPECT_EQ(dessus.places().panneau.height(), 0);
+    EXPECT_TRUE(dessus.replie());
+}
+
+TEST(DispositionTextes, DroppingABarMovesItByItsSourcesRule) {
+    DispositionTextes d = disposition(u"0"_s, 3000);
+    EXPECT_TRUE(d.lache(u"separateur"_s, {2500, 700}));
+    EXPECT_EQ(d.posseparateur, 2500);
+    EXPECT_EQ(d.places().separateur.left(), 2500);
+    d.vh = u"1"_s;
+    EXPECT_TRUE(d.lache(u"separateur"_s, {2500, 2000}));
+    EXPECT_EQ(d.posseparateur, 2000 - 480 + 360);
+    EXPECT_EQ(d.places().separateur.top(), 2000);
+    d.ouvrelistes();
+    EXPECT_TRUE(d.lache(u"separateurlisteh"_s, {0, 5000}));
+    EXPECT_EQ(d.posseparateurlisteh, 5000);
+    EXPECT_EQ(d.places().separateurlisteh.top(), 5000);
+    EXPECT_TRUE(d.lache(u"separateurlistev"_s, {4000, 0}));
+    EXPECT_EQ(d.posseparateurlistev, 4000);
+    EXPECT_EQ(d.places().entetelistedesliens.width(), 4000);
+    EXPECT_FALSE(d.lache(u"separateurrecherche"_s, {1, 1}));
+}
+
+TEST(DispositionTextes, AVeryFarPositionLeavesTheTextItsRoomAndStaysStored) {
+    const DispositionTextes d = disposition(u"0"_s, 50'000);
+    EXPECT_EQ(d.posseparateur, 50'000);
+    EXPECT_GE(d.places().rtfRichTextBox1.width(), 1500);
+}
+
+TEST(DispositionTextes, ClosedListsLeaveTheirHeadersAtTheBottom) {
+    const DispositionTextes d = disposition(u"0"_s, 3000);
+    EXPECT_EQ(d.places().separateurlisteh, QRect(0, 9000 - 495, 12000, 75));
+    EXPECT_EQ(d.places().entetelistedesliens, QRect(0, 9000 - 420, 5970, 420));
+    EXPECT_EQ(d.places().flexlistedesliens.height(), 0);
+}
+
+TEST(DispositionTextes, OpenedListsTakeTheLowerHalfOfTheText) {
+    DispositionTextes d = disposition(u"0"_s, 3000);
+    const QRect texte = d.places().rtfRichTextBox1;
+    d.ouvrelistes();
+    d.replaceseparateur();
+    EXPECT_EQ(d.posseparateurlisteh, texte.top() + texte.height() / 2);
+    EXPECT_EQ(d.places().flexlistedesliens.height(), 9000 - d.posseparateurlisteh - 75 - 420);
+    d.fermelistes();
+    d.replaceseparateur();
+    EXPECT_EQ(d.places().rtfRichTextBox1, texte);
+}
+
+TEST(DispositionTextes, TheListsBarsStayInTheWindow) {
+    DispositionTextes d = disposition(u"0"_s, 3000);
+    d.ouvrelistes();
+    d.posseparateurlisteh = 20'000;
+    d.posseparateurlistev = 20'000;
+    d.replaceseparateur();
+    EXPECT_EQ(d.posseparateurlisteh, 9000 - 780);
+    EXPECT_EQ(d.posseparateurlistev, 6000);
+    d.posseparateurlisteh = 59;
+    d.replaceseparateur();
+    EXPECT_EQ(d.posseparateurlisteh, 240);
+}
+
+TEST(DispositionTextes, APanelTooSmallForABlockOpensToItsUsualPlace) {
+    DispositionTextes d = disposition(u"1"_s, 1000);
+    d.deplie(true);
+    EXPECT_EQ(d.posseparateur, 1000); // a line is enough for the words
+    d.deplie(false);
+    EXPECT_EQ(d.posseparateur, d.placehabituelle());
+    d = disposition(u"0"_s, 0);
+    d.deplie(true);
+    EXPECT_EQ(d.posseparateur, 4305);
+}
+
+TEST(DispositionTextes, AFoldedPanelStaysFoldedInTheOtherArrangement) {
+    DispositionTextes d = disposition(u"1"_s, 360);
+    d.changearrangement(u"0"_s);
+    EXPECT_EQ(d.posseparateur, 0);
+    d.changearrangement(u"1"_s);
+    EXPECT_EQ(d.posseparateur, 360);
+}
+
+TEST(DispositionTextes, TheSearchBlocksFieldsKeepTheirMargins) {
+    EXPECT_EQ(DispositionTextes::widthblocrecherche(181), 1);
+    EXPECT_EQ(DispositionTextes::widthblocrecherche(180), 0);
+    EXPECT_EQ(DispositionTextes::Heightblocrecherche(706, 705), 1);
+    EXPECT_EQ(DispositionTextes::Heightblocrecherche(705, 705), 0);
+    EXPECT_EQ(DispositionTextes::Heightblocrecherche(0, 705), 0);
+}
+
+TEST(DispositionTextes, PixelsKeepNeighboursTogether) {
+    for (int x = 0; x < 60; ++x) {
+        const QRect a = pixelsdetwips({0, 0, x, 10});
+        const QRect b = pixelsdetwips({x, 0, 100, 10});
+        EXPECT_EQ(a.x() + a.width(), b.x());
+    }
+}
