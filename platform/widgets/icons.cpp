@@ -11,6 +11,7 @@
 #include <QSvgRenderer>
 
 #include <array>
+#include <utility>
 
 /// A library's resources do not come in by themselves; the macro wants the global name space.
 static void loadResources() {
@@ -81,6 +82,16 @@ QByteArray coloured(QByteArray svg, const Colours& colours) {
     return svg;
 }
 
+/// The drawings keep their long lines on every third unit of the grid. Where those fall between pixels and a stroke is
+/// an odd number of pixels wide, half a pixel makes them sharp.
+qreal nudgeOf(int side) {
+    constexpr int units = 24;
+    constexpr qreal stroke = 1.75;
+    const bool onPixels = side * 3 % units == 0;
+    const bool odd = qRound(stroke * side / units) % 2 == 1;
+    return onPixels && odd ? 0.5 : 0;
+}
+
 class Engine final : public QIconEngine {
 public:
     explicit Engine(QString name) : name_(std::move(name)) {}
@@ -96,22 +107,32 @@ public:
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
         const qreal density = painter->device()->devicePixelRatio();
-        QPixmap picture = pixmap((QSizeF(rect.size()) * density).toSize(), mode, state);
-        picture.setDevicePixelRatio(density);
-        painter->drawPixmap(rect.topLeft(), picture);
+        painter->drawPixmap(rect.topLeft(),
+                            scaledPixmap((QSizeF(rect.size()) * density).toSize(), mode, state, density));
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        return scaledPixmap(size, mode, state, 1);
     }
 
     /// The size counts device pixels.
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal density) override {
         if (size.isEmpty())
             return {};
         const Colours colours = coloursOf(name_, mode);
-        const QString key =
-            u"velm/%1/%2x%3/%4/%5/%6"_s.arg(name_, QString::number(size.width()), QString::number(size.height()),
-                                            QString::number(mode), colours.ink.name(), colours.accent.name());
+        const QString key = QStringList{u"velm"_s,
+                                        name_,
+                                        QString::number(size.width()),
+                                        QString::number(size.height()),
+                                        QString::number(density),
+                                        QString::number(mode),
+                                        colours.ink.name(),
+                                        colours.accent.name()}
+                                .join(u'/');
         QPixmap picture;
         if (!QPixmapCache::find(key, &picture)) {
             picture = drawn(size, mode, colours);
+            picture.setDevicePixelRatio(density);
             QPixmapCache::insert(key, picture);
         }
         return picture;
@@ -126,10 +147,10 @@ private:
             return QPixmap::fromImage(image);
         QSvgRenderer renderer(coloured(file.readAll(), colours));
         const int side = std::min(size.width(), size.height());
-        QRect square(0, 0, side, side);
-        square.moveCenter(image.rect().center());
+        const QPointF corner((size.width() - side) / 2, (size.height() - side) / 2);
+        const qreal nudge = nudgeOf(side);
         QPainter painter(&image);
-        renderer.render(&painter, square);
+        renderer.render(&painter, QRectF(corner + QPointF(nudge, nudge), QSizeF(side, side)));
         if (mode == QIcon::Disabled) {
             // Faded as a whole: strokes that cross would show if each were translucent.
             painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
@@ -162,6 +183,18 @@ QStringList iconNames() {
 
 QIcon collectionIcon(int slot) {
     return icon(u"collection"_s + QString::number(slot));
+}
+
+QCursor iconCursor(const QString& name, double density) {
+    constexpr int side = 24;
+    constexpr std::array<std::pair<QStringView, QPoint>, 2> tips{{{u"Curseur1", {5, 3}}, {u"Pointeur", {10, 4}}}};
+    for (const auto& [pointer, tip] : tips) {
+        if (pointer == name) {
+            const QSize pixels = (QSizeF(side, side) * density).toSize();
+            return QCursor(Engine(name).scaledPixmap(pixels, QIcon::Normal, QIcon::Off, density), tip.x(), tip.y());
+        }
+    }
+    return Qt::ArrowCursor;
 }
 
 } // namespace velm

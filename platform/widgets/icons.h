@@ -1,6 +1,7 @@
 #pragma once
 // The program's pictures by name. They are drawn as SVG with a few colours that stand for roles; each time one is
 // painted they take the colours of the palette around, so that a dark palette gives light strokes.
+#include <QCursor>
 #include <QIcon>
 #include <QString>
 #include <QStringList>
@@ -15,5 +16,7 @@ bool hasIcon(const QString& name);
 QStringList iconNames();
 /// Picture of a collection by its slot, 0 to 11, in its hue.
 QIcon collectionIcon(int slot);
+/// A pointer of the mouse, "Curseur1" or "Pointeur", sharp at a screen's density; the arrow for other names.
+QCursor iconCursor(const QString& name, double density);
 
 } // namespace velm
