@@ -5,6 +5,8 @@
 #include "document/ui/textes.h"
 #include "platform/engine/recordset.h"
 #include "platform/system/settings.h"
+#include "platform/system/ui/qtoutside.h"
+#include "platform/widgets/richtextbox.h"
 
 #include <QApplication>
 #include <QImage>
@@ -40,6 +42,16 @@ QByteArray corps(int caracteres) {
     return rtf + '}';
 }
 
+/// A frame without windows of its own.
+struct HoteMuet final : HoteNavigation {
+    FenetreNavigable* creefenetre(int) override { return nullptr; }
+    void montrefenetre(int, bool) override {}
+    void slotchange(int, bool) override {}
+    void activehistorique(bool, bool) override {}
+    void majderniersdocuments() override {}
+    bool dossiersouverts() const override { return false; }
+};
+
 struct Lecteur {
     Lecteur() {
         const QString chemin = dossier.filePath(QStringLiteral("velm2000.dat"));
@@ -57,15 +69,27 @@ struct Lecteur {
         reglages.choisitmaitre(QStringLiteral(VELM_SOURCE_DIR "/master.ini"));
         langue.choisitfichier(QStringLiteral(VELM_SOURCE_DIR), QStringLiteral(VELM_SOURCE_DIR), QStringLiteral("FR"));
         styles = litstyles(reglages, langue, littextesconstants(langue));
-        fenetre.resize(1280, 860);
-        fenetre.show();
+        const ContexteTextes contexte{.corpus = corpus,
+                                      .reglages = reglages,
+                                      .navigation = navigation,
+                                      .styles = styles,
+                                      .parametres = parametres,
+                                      .sablier = sablier,
+                                      .navigateur = navigateur,
+                                      .pressepapiers = pressepapiers,
+                                      .rafraichir = rafraichir,
+                                      .texte = [this](int numero) { return langue.lireressource(numero); },
+                                      .libelle = [](int) { return QStringLiteral("Code"); }};
+        fenetre = std::make_unique<Textes>(0, contexte);
+        fenetre->resize(1280, 860);
+        fenetre->show();
     }
 
     void ouvre(int rang, bool abc = false) {
-        affichedocument(fenetre, QStringLiteral("CO"), sixchiffres(rang + 1), abc, QString(),
+        affichedocument(*fenetre, QStringLiteral("CO"), sixchiffres(rang + 1), abc, QString(),
                         {corpus, styles, sablier, [](int) { return QStringLiteral("Code"); }});
     }
-    void peint() { fenetre.vue().viewport()->render(&image); }
+    void peint() { fenetre->vue().viewport()->render(&image); }
 
     QTemporaryDir dossier;
     Corpus corpus;
@@ -74,7 +98,13 @@ struct Lecteur {
     Langue langue{[](const QString&) {}};
     TableStyles styles;
     SablierMuet sablier;
-    Textes fenetre{0, QStringLiteral("Code")};
+    HoteMuet hote;
+    Navigation navigation{hote, corpus};
+    Parametres parametres;
+    QtNavigateur navigateur;
+    QtPressePapiers pressepapiers;
+    std::array<bool, nombredefenetres> rafraichir{};
+    std::unique_ptr<Textes> fenetre;
     QImage image{1280, 860, QImage::Format_ARGB32_Premultiplied};
 };
 

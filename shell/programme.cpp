@@ -111,7 +111,7 @@ void Programme::ouvreaide() {
 }
 
 Textes* Programme::fenetre(int indice) const {
-    return fenetres_.at(static_cast<std::size_t>(indice));
+    return dynamic_cast<Textes*>(navigation_.fenetre(indice));
 }
 
 void Programme::afficheetape(const QString& texte) {
@@ -203,8 +203,8 @@ EtatFenetres Programme::etatfenetres() const {
     EtatFenetres etat;
     if (!ecran_)
         return etat;
-    for (std::size_t indice = 0; indice < fenetres_.size(); ++indice) {
-        const Textes* ouverte = fenetres_.at(indice);
+    for (std::size_t indice = 0; indice < etat.cochees.size(); ++indice) {
+        const Textes* ouverte = fenetre(static_cast<int>(indice));
         etat.cochees.at(indice) = ouverte != nullptr;
         if (ouverte)
             etat.libelles.at(indice) = ouverte->windowTitle();
@@ -230,31 +230,31 @@ void Programme::fermeprincipale() {
         ecran_->ferme();
 }
 
-Textes& Programme::ouvrefenetre(int indice) {
-    auto& place = fenetres_.at(static_cast<std::size_t>(indice));
-    if (!place) {
-        auto* nouvelle = new Textes(indice, seance_.libelle(indice));
-        place = nouvelle;
-        connect(nouvelle, &Textes::liensuivi, this,
-                [this](const QString& cle, const QString& texte) { navigue(QStringLiteral("TA") + cle, texte); });
-        connect(nouvelle, &Textes::adressesuivie, this, [this](const QString& a) { monde_.navigateur.openUrl(a); });
-        connect(nouvelle, &Textes::couriersuivi, this, [this](const QString& a) { monde_.navigateur.mail(a); });
-        ecran_->ajoute(nouvelle);
-    }
-    return *place;
+FenetreNavigable* Programme::creefenetre(int indice) {
+    ContexteTextes contexte{.corpus = corpus_,
+                            .reglages = reglages_,
+                            .navigation = navigation_,
+                            .styles = styles_,
+                            .parametres = seance_.parametres(),
+                            .sablier = monde_.sablier,
+                            .navigateur = monde_.navigateur,
+                            .pressepapiers = pressepapiers_,
+                            .rafraichir = rafraichir_,
+                            .texte = [this](int numero) { return langue_.lireressource(numero); },
+                            .libelle = [this](int celui) { return seance_.libelle(celui); }};
+    auto* nouvelle = new Textes(indice, contexte);
+    connect(nouvelle, &Textes::premierplan, this, [this, nouvelle] { ecran_->avance(nouvelle); });
+    ecran_->ajoute(nouvelle);
+    return nouvelle;
+}
+
+void Programme::montrefenetre(int indice, bool visible) {
+    if (Textes* celle = fenetre(indice); celle && celle->parentWidget())
+        celle->parentWidget()->setVisible(visible);
 }
 
 void Programme::navigue(const QString& commande, const QString& ancre) {
-    const Cle cle = decoupecle(QStringView(commande).sliced(std::min<qsizetype>(2, commande.size())));
-    if (!commande.startsWith(QStringLiteral("TA")) || cle.numero.isEmpty())
-        return;
-    Textes& ouverte = ouvrefenetre(indicedetype(cle.code));
-    ecran_->avance(&ouverte);
-    if (ouverte.referencecourante() == cle.texte())
-        return;
-    affichedocument(ouverte, cle.code, cle.numero, false, ancre,
-                    {corpus_, styles_, monde_.sablier, [this](int indice) { return seance_.libelle(indice); }});
-    ouverte.changereferencecourante(cle.texte());
+    navigation_.navigue(commande, false, ancre);
 }
 
 } // namespace velm

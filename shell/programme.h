@@ -4,15 +4,15 @@
 #include "core/langue.h"
 #include "core/reglages.h"
 #include "core/seance.h"
+#include "document/navigation.h"
 #include "document/sablier.h"
 #include "document/styles.h"
 #include "platform/system/dialogues.h"
 #include "platform/system/outside.h"
 #include "platform/system/process.h"
 #include "platform/system/singleinstance.h"
+#include "platform/system/ui/qtoutside.h"
 #include "platform/text/failure.h"
-
-#include <QPointer>
 
 #include <array>
 #include <memory>
@@ -40,7 +40,7 @@ struct OptionsProgramme {
     QString dossierdonnees;  ///< the user's data folder, for the file types
 };
 
-class Programme final : public QObject, public Ecrans {
+class Programme final : public QObject, public Ecrans, public HoteNavigation {
     Q_OBJECT
 
 public:
@@ -91,10 +91,16 @@ public:
     /// Opens a document by "TA" and its key; `ancre` puts the caret.
     void navigue(const QString& commande, const QString& ancre);
 
+    // ---- HoteNavigation
+    FenetreNavigable* creefenetre(int indice) override;
+    void montrefenetre(int indice, bool visible) override;
+    void slotchange(int, bool) override {}
+    void activehistorique(bool, bool) override {}
+    void majderniersdocuments() override {}
+    bool dossiersouverts() const override { return false; }
+
 private:
     Environnement environnement();
-    Textes& ouvrefenetre(int indice);
-    void ouvreadresse(const QString& adresse);
     QString raison(const RuntimeFailure& erreur);
     void ditechec(); ///< settings cannot be written
 
@@ -110,9 +116,11 @@ private:
     Seance seance_;
     QString etape_;
     bool echecretenu_ = false;
+    QtPressePapiers pressepapiers_;
+    std::array<bool, nombredefenetres> rafraichir_{};
+    Navigation navigation_{*this, corpus_};
     std::unique_ptr<frmSplash> accueil_;
     std::unique_ptr<Ecrangeneral> ecran_;
-    std::array<QPointer<Textes>, 12> fenetres_;
 };
 
 } // namespace velm

@@ -1,34 +1,175 @@
 #include "document/ui/textes.h"
 
+#include "core/cle.h"
+#include "document/ui/blocrecherche.h"
+#include "document/ui/listedeliens.h"
+#include "platform/text/twips.h"
+#include "platform/widgets/flexgrid.h"
+#include "platform/widgets/icons.h"
+#include "platform/widgets/richhtml.h"
+#include "platform/widgets/richtextbox.h"
+#include "platform/widgets/splitterbar.h"
+#include "platform/widgets/toolbar.h"
+#include "platform/widgets/treeview.h"
+
 #include <QCloseEvent>
-#include <QVBoxLayout>
+#include <QLineEdit>
+
+#include <algorithm>
 
 namespace velm {
 
-namespace {
+using namespace Qt::Literals::StringLiterals;
 
-/// Row of the link that covers a position, or -1.
-qsizetype rangdulien(const ListePositions& debuts, const ListePositions& fins, qsizetype position) {
-    for (qsizetype rang = 0; rang < debuts.nombre(); ++rang) {
-        if (position >= debuts.valeur(rang) && position < fins.valeur(rang))
-            return rang;
-    }
-    return -1;
+Textes::Textes(int indice, const ContexteTextes& contexte, QWidget* parent)
+    : QWidget(parent), indice_(indice), code_(typedindice(indice)), contexte_(contexte),
+      arborescence_(contexte.corpus, contexte.parametres, contexte.sablier, contexte.libelle) {
+    setObjectName(u"Textes"_s);
+    setWindowTitle(contexte_.libelle(indice_));
+    setWindowIcon(collectionIcon(indice_));
+    construit();
+    charge();
+    connecte();
 }
 
-} // namespace
+Textes::~Textes() {
+    // A window that goes without having been closed must not be addressed any more.
+    if (!decharge_)
+        contexte_.navigation.fermee(indice_, this);
+}
 
-Textes::Textes(int indice, const QString& libelle, QWidget* parent)
-    : QWidget(parent), indice_(indice), vue_(new RichTextBox(this)) {
-    setObjectName(QStringLiteral("Textes"));
-    setWindowTitle(libelle);
-    vue_->setObjectName(QStringLiteral("rtfRichTextBox1"));
-    vue_->setAccessibleName(libelle);
-    auto* disposition = new QVBoxLayout(this);
-    disposition->setContentsMargins(0, 0, 0, 0);
-    disposition->addWidget(vue_);
-    setFocusProxy(vue_);
-    connect(vue_, &RichTextBox::clicked, this, &Textes::suit);
+// ---- load, activation, unload
+
+void Textes::charge() {
+    reglages_ = litreglagestextes(contexte_.reglages, indice_);
+    if (contexte_.montremosaique && contexte_.formesouvertes && contexte_.formesouvertes() > 3)
+        contexte_.montremosaique(true);
+    disposition_.vh = reglages_.vh;
+    disposition_.posseparateur = reglages_.posseparateur;
+    barre_->setValue(disposition_.droite() ? u"barrehoriz"_s : u"barreverti"_s, true);
+    ar_ = reglages_.ar;
+    disposition_.charge(demande(contexte_.listeselectionvisible));
+    traitear();
+    place();
+}
+
+PlaceTextes Textes::placevoulue() const {
+    PlaceTextes voulue = reglages_.place;
+    // Where no width was stored the height is only a default: both are then the frame's to choose.
+    if (voulue.largeur == 0)
+        voulue.hauteur = 0;
+    return voulue;
+}
+
+void Textes::activation() {
+    if (contexte_.navigation.prendreplier(indice_)) {
+        disposition_.plie();
+        disposition_.deplaceseparateur();
+    }
+    rafraichitsibesoin();
+    place();
+    QLineEdit* mots = blocrecherche_->Textedico();
+    if (ar_ == u"0" && !referencecourante().isEmpty() && mots->isEnabled() && mots->isVisible())
+        mots->setFocus();
+    else if (!focusici())
+        vue_->setFocus();
+}
+
+bool Textes::focusici() const {
+    const QWidget* celui = window()->focusWidget();
+    return celui && celui != this && isAncestorOf(celui) && celui->isVisible();
+}
+
+void Textes::rafraichitsibesoin() {
+    bool& demandee = contexte_.rafraichir.at(static_cast<std::size_t>(indice_));
+    if (demandee && !referencecourante().isEmpty())
+        affichedocumentcourant(false);
+    demandee = false;
+}
+
+void Textes::ecritreglages() {
+    if (contexte_.place)
+        reglages_.place = contexte_.place(*this);
+    reglages_.ar = ar_;
+    reglages_.vh = disposition_.vh;
+    reglages_.posseparateur = disposition_.posseparateur;
+    std::array<int, colonnesvisibles> champs{-1, -1, -1, -1};
+    if (flexcharge_) {
+        std::array<int, colonnesvisibles> largeurs{};
+        for (int colonne = 0; colonne < colonnesvisibles; ++colonne) {
+            champs.at(static_cast<std::size_t>(colonne)) = flex_->colData(colonne);
+            largeurs.at(static_cast<std::size_t>(colonne)) = flex_->colWidth(colonne);
+        }
+        reglages_.listelargeurs = largeursaenregistrer(largeurs);
+    }
+    reglages_.listeordre = ordreaenregistrer(champs);
+    ecritreglagestextes(contexte_.reglages, indice_, reglages_);
+}
+
+void Textes::decharge() {
+    if (decharge_)
+        return;
+    decharge_ = true;
+    ecritreglages();
+    contexte_.navigation.fermee(indice_, this);
+    // This form still counts: the buttons go one window earlier than they came.
+    if (contexte_.montremosaique && contexte_.formesouvertes && contexte_.formesouvertes() < 5)
+        contexte_.montremosaique(false);
+    emit cible(QString());
+    emit ferme();
+}
+
+void Textes::closeEvent(QCloseEvent* evenement) {
+    decharge();
+    QWidget::closeEvent(evenement);
+}
+
+void Textes::resizeEvent(QResizeEvent* evenement) {
+    QWidget::resizeEvent(evenement);
+    place();
+}
+
+void Textes::showEvent(QShowEvent* evenement) {
+    QWidget::showEvent(evenement);
+    if (!partage_) {
+        partage_ = true;
+        disposition_.partagelistes();
+        place();
+    }
+}
+
+void Textes::changeEvent(QEvent* evenement) {
+    QWidget::changeEvent(evenement);
+    switch (evenement->type()) {
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+        if (vue_)
+            place();
+        break;
+    case QEvent::ActivationChange:
+        if (vue_ && isActiveWindow() && focusici())
+            rafraichitsibesoin();
+        break;
+    default:
+        break;
+    }
+}
+
+// ---- what the opening of a document asks of its window
+
+RichTextControl& Textes::rtfRichTextBox1() {
+    return vue_->control();
+}
+
+void Textes::changetitre(const QString& titre) {
+    setWindowTitle(titre);
+    vue_->setAccessibleName(titre);
+}
+
+void Textes::activemenus() {
+    if (std::exchange(menusactifs_, true))
+        return;
+    emit menuschanges();
 }
 
 void Textes::rafraichit() {
@@ -36,37 +177,68 @@ void Textes::rafraichit() {
     vue_->viewport()->update();
 }
 
-void Textes::relieliens() {
-    std::vector<LinkRange> plages;
-    const auto ajoute = [&](const ListePositions& debuts, const ListePositions& fins) {
-        for (qsizetype rang = 0; rang < debuts.nombre(); ++rang)
-            plages.push_back({debuts.valeur(rang), fins.valeur(rang)});
-    };
-    ajoute(listes_.Listestarthyperlien, listes_.Listeendhyperlien);
-    ajoute(listes_.ListeStartUrl, listes_.ListeEndUrl);
-    ajoute(listes_.ListeStartEmail, listes_.ListeEndEmail);
-    vue_->setLinkRanges(plages);
+ListeLaterale& Textes::listedesliens() {
+    return *liens_;
 }
 
-void Textes::suit(qsizetype position) {
-    qsizetype rang = rangdulien(listes_.Listestarthyperlien, listes_.Listeendhyperlien, position);
-    if (rang >= 0) {
-        emit liensuivi(listes_.Listehyperlien.value(rang), listes_.ListeValeurHyperLien.value(rang));
-        return;
-    }
-    rang = rangdulien(listes_.ListeStartUrl, listes_.ListeEndUrl, position);
-    if (rang >= 0) {
-        emit adressesuivie(listes_.ListeUrl.value(rang));
-        return;
-    }
-    rang = rangdulien(listes_.ListeStartEmail, listes_.ListeEndEmail, position);
-    if (rang >= 0)
-        emit couriersuivi(listes_.ListeEmail.value(rang));
+ListeLaterale& Textes::listedescorrelats() {
+    return *correlats_;
 }
 
-void Textes::closeEvent(QCloseEvent* evenement) {
-    emit ferme();
-    QWidget::closeEvent(evenement);
+// ---- what the navigation asks of it
+
+void Textes::prendfocus() {
+    emit premierplan();
+    activation();
+}
+
+void Textes::affiche(const QString& code, const QString& numero, const QString& ancre) {
+    affichedocument(*this, code, numero, barre_->value(u"abc"_s), ancre,
+                    {contexte_.corpus, contexte_.styles, contexte_.sablier, contexte_.libelle, contexte_.bornes});
+}
+
+void Textes::affichedocumentcourant(bool abc) {
+    const auto [code, numero] = decoupecle(referencecourante());
+    affichedocument(*this, code, numero, abc, QString(),
+                    {contexte_.corpus, contexte_.styles, contexte_.sablier, contexte_.libelle, contexte_.bornes});
+}
+
+void Textes::montreboutons(bool dossiersouverts) {
+    for (const auto& cle : {u"propriétés"_s, u"barrepropriétés"_s, u"abc"_s, u"barreabc"_s})
+        barre_->setButtonVisible(cle, true);
+    barre_->setButtonEnabled(u"Haut"_s, true);
+    barre_->setButtonEnabled(u"Bas"_s, true);
+    if (dossiersouverts)
+        barre_->setButtonVisible(u"document"_s, true);
+}
+
+void Textes::activehistorique(bool precedent, bool suivant) {
+    barre_->setButtonEnabled(u"Précédent"_s, precedent);
+    barre_->setButtonEnabled(u"Suivant"_s, suivant);
+}
+
+void Textes::activevoisin(bool haut, bool actif) {
+    barre_->setButtonEnabled(haut ? u"Haut"_s : u"Bas"_s, actif);
+}
+
+// ---- commands
+
+void Textes::copie() {
+    const RichTextControl& controle = vue_->control();
+    if (controle.length() == 0)
+        return;
+    const bool tout = controle.selLength() == 0;
+    const qsizetype debut = tout ? 0 : controle.selStart();
+    const qsizetype longueur = tout ? controle.length() : controle.selLength();
+    contexte_.pressepapiers.pose({richPlain(controle.richText(), debut, longueur),
+                                  richHtml(controle.richText(), debut, longueur),
+                                  tout ? controle.textRtf() : controle.selRtf()});
+}
+
+void Textes::toutselectionner() {
+    vue_->setSelStart(0);
+    vue_->setSelLength(vue_->control().length());
+    vue_->setFocus();
 }
 
 } // namespace velm

@@ -1,67 +1,218 @@
 #pragma once
-// The window of a collection's documents: a rich text with its links.
+// The window of a collection's documents: a panel with the contents, the list of the collection or the word search; the
+// text; the lists of what the document cites and what cites it.
 #include "document/affichage.h"
-#include "platform/widgets/richtextbox.h"
+#include "document/arborescence.h"
+#include "document/dispositiontextes.h"
+#include "document/navigation.h"
+#include "document/reglagestextes.h"
+#include "platform/system/outside.h"
 
 #include <QWidget>
 
+#include <array>
+#include <functional>
+#include <memory>
+
+class QAction;
+class QMenu;
+
 namespace velm {
 
-class Textes final : public QWidget, public FormulaireDocument {
+class BlocRecherche;
+class FlexGrid;
+class ListeDeLiens;
+class RichTextBox;
+class SplitterBar;
+class Toolbar;
+class TreeView;
+
+/// What document windows need of their surroundings; all of it outlives them.
+struct ContexteTextes {
+    Corpus& corpus;
+    Reglages& reglages;
+    Navigation& navigation;
+    const TableStyles& styles;
+    const Parametres& parametres; ///< the pictures of the tree
+    Sablier& sablier;
+    Navigateur& navigateur;
+    PressePapiers& pressepapiers;
+    std::array<bool, nombredefenetres>& rafraichir; ///< by slot: show again at the next focus
+    std::function<QString(int numero)> texte;       ///< of the language file
+    std::function<QString(int indice)> libelle;     ///< of a slot: caption before there is a document
+    // The following may be missing: then the answer is false, or 0, or nothing happens.
+    std::function<bool()> listeselectionvisible = {};
+    std::function<bool()> dossiersouverts = {};
+    std::function<int()> formesouvertes = {};                      ///< the frame and the asking window count
+    std::function<void(bool visible)> montremosaique = {};         ///< the frame's buttons of the three arrangements
+    std::function<PlaceTextes(const QWidget& fenetre)> place = {}; ///< where the frame has put a window
+    BornesPasses bornes = {};
+};
+
+class Textes final : public QWidget, public FormulaireDocument, public FenetreNavigable {
     Q_OBJECT
 
 public:
-    /// A window for the slot of a collection. The caption is `libelle` until a document is shown.
-    Textes(int indice, const QString& libelle, QWidget* parent = nullptr);
+    /// A window for a slot from 0 to 10, with the slot's stored settings; the caption is the slot's label until a
+    /// document is shown.
+    Textes(int indice, const ContexteTextes& contexte, QWidget* parent = nullptr);
+    ~Textes() override;
 
     int indice() const { return indice_; }
-    /// Key of the document shown; empty for none.
-    QString referencecourante() const { return referencecourante_; }
-    void changereferencecourante(const QString& cle) { referencecourante_ = cle; }
-    QString titrecourant() const { return document_.titre; }
-    RichTextBox& vue() const { return *vue_; }
+    QString code() const { return code_; }
+    /// Where the settings want it, for the frame to place it before it is shown.
+    PlaceTextes placevoulue() const;
+    /// Key and title of the document shown; empty for none.
+    QString referencecourante() const { return parcours_.referencecourante; }
+    QString titrecourant() const { return parcours_.titrecourant; }
+
+    // ---- controls
+    RichTextBox& vue() const { return *vue_; } ///< rtfRichTextBox1
+    Toolbar& barrechild() const { return *barre_; }
+    TreeView& arbre() const { return *arbre_; }
+    FlexGrid& flex() const { return *flex_; }
+    ListeDeLiens& liens() const { return *liens_; }
+    ListeDeLiens& correlats() const { return *correlats_; }
+    const DispositionTextes& disposition() const { return disposition_; }
+    QString ar() const { return ar_; }
+
+    // ---- what the frame tells
+    /// The window became the active one of the frame: folds the panel if a link asks for it, shows the document again
+    /// if the options ask for it, puts the focus.
+    void activation();
+
+    // ---- commands that menus and the frame share
+    /// The selection, or the whole rich text when nothing is selected, on the clipboard.
+    void copie();
+    void toutselectionner();
+    /// A document has been shown: the entries that need one are enabled.
+    bool menusactifs() const { return menusactifs_; }
 
     // ---- what the opening of a document asks of its window
-    RichTextControl& rtfRichTextBox1() override { return vue_->control(); }
+    RichTextControl& rtfRichTextBox1() override;
     ListesLiens* listes() override { return &listes_; }
     DocumentAffiche& document() override { return document_; }
-    void changetitre(const QString& titre) override { setWindowTitle(titre); }
-    void activemenus() override { menusactifs_ = true; }
+    void changetitre(const QString& titre) override;
+    void activemenus() override;
     void rafraichit() override;
-    ListeLaterale& listedesliens() override { return liens_; }
-    ListeLaterale& listedescorrelats() override { return correlats_; }
+    ListeLaterale& listedesliens() override;
+    ListeLaterale& listedescorrelats() override;
 
-    bool menusactifs() const { return menusactifs_; }
-    /// Tells the view where links lie, once a document is shown.
-    void relieliens();
+    // ---- what the navigation asks of it
+    Parcours& parcours() override { return parcours_; }
+    void prendfocus() override;
+    void affiche(const QString& code, const QString& numero, const QString& ancre) override;
+    QString titre() override { return document_.titre; }
+    void montreboutons(bool dossiersouverts) override;
+    void activehistorique(bool precedent, bool suivant) override;
+    void activevoisin(bool haut, bool actif) override;
 
 signals:
-    void liensuivi(const QString& cle, const QString& texte); ///< an internal link was clicked
-    void adressesuivie(const QString& adresse);
-    void couriersuivi(const QString& adresse);
-    void ferme();
+    // What other rooms do for this window.
+    void impression();
+    void enregistrer();
+    void envoyer(int comment); ///< 0 as text, 1 as an attachment
+    /// The document, or the selected part of it, for the dossiers; all empty: the dossiers are to open alone.
+    void ranger(const QString& cle, const QString& titre, qsizetype debut, qsizetype longueur);
+    void selection(const QStringList& cles); ///< to become the selection list, in this order
+    void premierplan();                      ///< wants to be the active window of the frame
+    void cible(const QString& texte);        ///< what the link under the pointer leads to; empty for none
+    void menuschanges();                     ///< menusactifs() has changed
+    void ferme();                            ///< the settings are written, the slot is released
 
 protected:
     void closeEvent(QCloseEvent* evenement) override;
+    void resizeEvent(QResizeEvent* evenement) override;
+    void showEvent(QShowEvent* evenement) override;
+    void changeEvent(QEvent* evenement) override;
+    void keyPressEvent(QKeyEvent* evenement) override;
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
-    /// No list stands beside the text of this window.
-    class SansListe final : public ListeLaterale {
-    public:
-        bool visible() const override { return false; }
-        int couleurbouton() const override { return 0; }
-        void recharge(const QString&, const QString&) override {}
-    };
+    QString texte(int numero) const { return contexte_.texte(numero); }
+    bool demande(const std::function<bool()>& question) const { return question && question(); }
+
+    // ---- controls
+    void construit();
+    void construitbarre();
+    void montreinfobulles();
+    void construitpanneau();
+    void construitlistes();
+    void construitmenus();
+    void connecte();
+
+    // ---- tool bar
+    void clicbarre(const QString& cle);
+    void clicmenu(const QString& cle, int rang);
+    void changeabc();
+    void infobulleabc();
+    void montredossiers(bool ouverts);
+    void cachemots();
+    void range();
+    void montreproprietes();
+
+    // ---- blocks
+    void changebloc(const QString& ar); ///< by the user
+    void traitear();
+    void chargerarbre();
+    void chargerflex();
+    void ouvreligne(int ligne);
+    void triecolonne(int colonne);
+    void clicnoeud(int noeud);
+
+    // ---- division
+    void place();
+    void applique();
+    void montrebloc();
+    void lache(const SplitterBar& barre, int position);
+    void changearrangement(const QString& vh); ///< by the user
+    bool focusici() const;
+
+    // ---- links
+    void basculeliste(ListeDeLiens& liste);
+    void relieliens();
     void suit(qsizetype position);
+    void survole(int lien);
+    QString ciblede(int lien) const;
+
+    void menutexte(const QPoint& ou);
+    void montremenuliste(QMenu& menu, const ListeDeLiens& liste, const QPoint& ou);
+    void affichedocumentcourant(bool abc);
+    void rafraichitsibesoin();
+    void charge();
+    void decharge();
+    void ecritreglages();
 
     int indice_;
-    RichTextBox* vue_;
+    QString code_;
+    ContexteTextes contexte_;
+    ReglagesTextes reglages_;
+    DispositionTextes disposition_;
+    Arborescence arborescence_;
+    QString ar_;
+    Parcours parcours_;
     ListesLiens listes_;
     DocumentAffiche document_;
-    SansListe liens_;
-    SansListe correlats_;
-    QString referencecourante_;
+
+    Toolbar* barre_ = nullptr;
+    RichTextBox* vue_ = nullptr;
+    TreeView* arbre_ = nullptr;
+    FlexGrid* flex_ = nullptr;
+    BlocRecherche* blocrecherche_ = nullptr;
+    SplitterBar* separateur_ = nullptr;
+    SplitterBar* separateurlisteh_ = nullptr;
+    SplitterBar* separateurlistev_ = nullptr;
+    ListeDeLiens* liens_ = nullptr;
+    ListeDeLiens* correlats_ = nullptr;
+    QMenu* menutexte_ = nullptr;
+    QMenu* menuliens_ = nullptr;
+    QMenu* menucorrelats_ = nullptr;
+
+    bool arbrecharge_ = false;
+    bool flexcharge_ = false;
     bool menusactifs_ = false;
+    bool partage_ = false; ///< the lower lists have been halved
+    bool decharge_ = false;
 };
 
 } // namespace velm

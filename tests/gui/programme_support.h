@@ -3,6 +3,7 @@
 #include "core/cle.h"
 #include "document/ui/textes.h"
 #include "platform/engine/recordset.h"
+#include "platform/widgets/richtextbox.h"
 #include "shell/ecrangeneral.h"
 #include "shell/programme.h"
 #include "tests/support/dialogues_script.h"

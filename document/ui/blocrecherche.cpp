@@ -1,0 +1,79 @@
+#include "document/ui/blocrecherche.h"
+
+#include "document/dispositiontextes.h"
+#include "document/ui/etiquette.h"
+#include "platform/text/twips.h"
+#include "platform/widgets/look.h"
+
+#include <QEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+BlocRecherche::BlocRecherche(const std::function<QString(int)>& texte, QWidget* fenetre)
+    : QWidget(fenetre), etiquette_(new Etiquette(texte(9095), this)), mots_(new QLineEdit(this)),
+      bouton_(new QPushButton(texte(9096), this)), resultat_(new QListWidget(this)) {
+    setObjectName(u"blocrecherche"_s);
+    mots_->setObjectName(u"Textedico"_s);
+    mots_->setAccessibleName(texte(9095));
+    etiquette_->setBuddy(mots_);
+    bouton_->setObjectName(u"cmdokdico"_s);
+    bouton_->setAccessibleName(texte(9096));
+    resultat_->setObjectName(u"resultat"_s);
+    resultat_->setAccessibleName(texte(9084));
+    setAccessibleName(texte(9084));
+    for (QWidget* controle :
+         {static_cast<QWidget*>(mots_), static_cast<QWidget*>(bouton_), static_cast<QWidget*>(resultat_)})
+        controle->setEnabled(false);
+}
+
+void BlocRecherche::moveblocrecherche() {
+    const int largeur = pixelsFromTwips(DispositionTextes::widthblocrecherche(twipsFromPixels(width())));
+    const int gauche = (width() - largeur) / 2;
+    const int ligne = std::max(mots_->sizeHint().height(), bouton_->sizeHint().height());
+    const int bouton = bouton_->sizeHint().width();
+    const int libelle = etiquette_->sizeHint().width();
+    // Wide and low, as above the text: one line. Narrow, as beside it: one below the other.
+    constexpr int champminimal = 160;
+    const bool uneligne = libelle + bouton + champminimal + 2 * look::spacing <= largeur;
+    int haut = look::grid + look::grid / 2;
+    if (uneligne) {
+        etiquette_->setGeometry(gauche, haut, libelle, ligne);
+        const int champ = std::min(largeur - libelle - bouton - 2 * look::spacing, 480);
+        mots_->setGeometry(gauche + libelle + look::spacing, haut + (ligne - mots_->sizeHint().height()) / 2, champ,
+                           mots_->sizeHint().height());
+        bouton_->setGeometry(mots_->geometry().right() + 1 + look::spacing, haut, bouton, ligne);
+        haut += ligne;
+    } else {
+        const int texte = etiquette_->sizeHint().height();
+        etiquette_->setGeometry(gauche, haut, largeur, texte);
+        haut += texte + look::grid;
+        mots_->setGeometry(gauche, haut, largeur, mots_->sizeHint().height());
+        haut += mots_->height() + look::spacing;
+        bouton_->setGeometry(gauche + std::max(0, largeur - bouton), haut, std::min(bouton, largeur), ligne);
+        haut += ligne;
+    }
+    haut += look::spacing;
+    const int reste = DispositionTextes::Heightblocrecherche(height(), haut + look::spacing);
+    resultat_->setGeometry(gauche, haut, largeur, reste);
+    resultat_->setVisible(reste > resultat_->fontMetrics().height());
+}
+
+void BlocRecherche::resizeEvent(QResizeEvent* evenement) {
+    QWidget::resizeEvent(evenement);
+    moveblocrecherche();
+}
+
+void BlocRecherche::changeEvent(QEvent* evenement) {
+    QWidget::changeEvent(evenement);
+    if (evenement->type() == QEvent::FontChange || evenement->type() == QEvent::StyleChange)
+        moveblocrecherche();
+}
+
+} // namespace velm

@@ -1,0 +1,32 @@
+#include "document/ui/etiquette.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+
+namespace velm {
+
+QSize Etiquette::minimumSizeHint() const {
+    return {0, QLabel::minimumSizeHint().height()};
+}
+
+void Etiquette::paintEvent(QPaintEvent*) {
+    QPainter peintre(this);
+    const QRect place = contentsRect();
+    style()->drawItemText(&peintre, place, QStyle::visualAlignment(layoutDirection(), alignment()), palette(),
+                          isEnabled(), fontMetrics().elidedText(text(), Qt::ElideRight, place.width()),
+                          foregroundRole());
+}
+
+bool Etiquette::event(QEvent* evenement) {
+    if (evenement->type() != QEvent::ToolTip || !toolTip().isEmpty())
+        return QLabel::event(evenement);
+    if (fontMetrics().horizontalAdvance(text()) > contentsRect().width())
+        QToolTip::showText(static_cast<QHelpEvent*>(evenement)->globalPos(), text(), this);
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+} // namespace velm

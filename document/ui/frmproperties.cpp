@@ -1,0 +1,218 @@
+#include "document/ui/frmproperties.h"
+
+#include "core/cle.h"
+#include "platform/text/number.h"
+#include "platform/text/twips.h"
+#include "platform/widgets/icons.h"
+#include "platform/widgets/look.h"
+#include "platform/widgets/treeview.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScreen>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+const QString section = u"POSITIONFORME"_s;
+const QString clelargeur = u"PROPRIETESWIDTH"_s;
+const QString clehauteur = u"PROPRIETESHEIGHT"_s;
+
+/// A field that shows its text and lets it be selected.
+void lecture(QLineEdit& champ) {
+    champ.setReadOnly(true);
+    champ.setCursorPosition(0);
+}
+
+/// A list of which one entry is shown, as a field: it neither opens nor changes.
+class ComboLecture final : public QComboBox {
+public:
+    explicit ComboLecture(QWidget* parent) : QComboBox(parent) {
+        setEditable(true);
+        setInsertPolicy(NoInsert);
+        setFocusPolicy(Qt::NoFocus);
+        lecture(*lineEdit());
+        lineEdit()->setFrame(true);
+        lineEdit()->setFocusPolicy(Qt::StrongFocus);
+        lineEdit()->installEventFilter(this);
+        setCompleter(nullptr);
+        setContextMenuPolicy(Qt::PreventContextMenu);
+    }
+    void showPopup() override {}
+
+protected:
+    void paintEvent(QPaintEvent*) override {} // the field inside is all there is to see
+    void resizeEvent(QResizeEvent*) override { lineEdit()->setGeometry(rect()); }
+    void wheelEvent(QWheelEvent* evenement) override { evenement->ignore(); }
+    void keyPressEvent(QKeyEvent* evenement) override { evenement->ignore(); }
+};
+
+int nombre(const Reglages& reglages, const QString& cle) {
+    constexpr double borne = 100'000;
+    return pixelsFromTwips(static_cast<int>(std::clamp(val(reglages.getsetting(section, cle)), 0.0, borne)));
+}
+
+} // namespace
+
+frmproperties::frmproperties(const ContexteProprietes& contexte, QWidget* parent)
+    : QDialog(parent), contexte_(contexte),
+      arborescence_(contexte.corpus, contexte.parametres, contexte.sablier, contexte.libelle),
+      types_(littypesdocument(contexte.corpus)) {
+    setObjectName(u"frmproperties"_s);
+    setWindowTitle(contexte_.texte(1607));
+    construit();
+    for (int collection = 0; collection < nombredecollections; ++collection)
+        choixtype_->addItem(contexte_.texte(10 + collection));
+    combotype_->addItems(types_.combotype);
+    numerotype_->addItems(types_.numerotype);
+    restauretaille();
+}
+
+QLineEdit* frmproperties::champ(const QString& nom, int numerotexte) {
+    auto* champ = new QLineEdit(this);
+    champ->setObjectName(nom);
+    champ->setAccessibleName(contexte_.texte(numerotexte));
+    lecture(*champ);
+    return champ;
+}
+
+QComboBox* frmproperties::choix(const QString& nom, int numerotexte) {
+    auto* choix = new ComboLecture(this);
+    choix->setObjectName(nom);
+    choix->setAccessibleName(contexte_.texte(numerotexte));
+    choix->lineEdit()->setAccessibleName(contexte_.texte(numerotexte));
+    return choix;
+}
+
+void frmproperties::construit() {
+    reference_ = champ(u"référence"_s, 9110);
+    numart_ = champ(u"numart"_s, 9111);
+    titre_ = champ(u"Titre"_s, 9112);
+    for (std::size_t rang = 0; rang < motcle_.size(); ++rang)
+        motcle_.at(rang) = champ(u"motcle"_s, 9113 + static_cast<int>(rang));
+    source_ = champ(u"Source"_s, 9116);
+    datetext_ = champ(u"datetext"_s, 9117);
+    datecreation_ = champ(u"datecreation"_s, 9118);
+    datemodif_ = champ(u"datemodif"_s, 9119);
+    choixtype_ = choix(u"choixtype"_s, 9120);
+    combotype_ = choix(u"combotype"_s, 9121);
+    numerotype_ = new QListWidget(this);
+    numerotype_->setObjectName(u"numerotype"_s);
+    numerotype_->hide();
+    numeroarborescence_ = champ(u"numeroarborescence"_s, 9122);
+    arbre_ = new TreeView(this);
+    arbre_->setObjectName(u"TreeView1"_s);
+    arbre_->setAccessibleName(contexte_.texte(9123));
+    arbre_->setImages(&icon);
+    connect(arbre_, &TreeView::expanding, this, [this](int noeud) { arborescence_.developpe(arbre_->nodes(), noeud); });
+    fermer_ = new QPushButton(contexte_.texte(9124), this);
+    fermer_->setObjectName(u"Command2"_s);
+    fermer_->setDefault(true);
+    connect(fermer_, &QPushButton::clicked, this, &QDialog::close);
+
+    // Two columns of labels with their fields; long texts take both.
+    auto* grille = new QGridLayout(this);
+    grille->setContentsMargins(look::windowMargin, look::windowMargin, look::windowMargin, look::windowMargin);
+    grille->setHorizontalSpacing(look::spacing);
+    grille->setVerticalSpacing(look::spacing);
+    grille->setColumnMinimumWidth(2, 0);
+    int rangee = 0;
+    const auto etiquette = [this, grille](int numerotexte, QWidget* nomme, int ou, int colonne) {
+        auto* libelle = new QLabel(contexte_.texte(numerotexte), this);
+        libelle->setBuddy(nomme);
+        grille->addWidget(libelle, ou, colonne, Qt::AlignLeft | Qt::AlignVCenter);
+    };
+    const auto entiere = [&](int numerotexte, QWidget* controle) {
+        etiquette(numerotexte, controle, rangee, 0);
+        grille->addWidget(controle, rangee++, 1, 1, 3);
+    };
+    const auto paire = [&](int numerotexte, QWidget* gauche, int autretexte, QWidget* droite) {
+        etiquette(numerotexte, gauche, rangee, 0);
+        grille->addWidget(gauche, rangee, 1);
+        etiquette(autretexte, droite, rangee, 2);
+        grille->addWidget(droite, rangee++, 3);
+    };
+    paire(9110, reference_, 9111, numart_);
+    entiere(9112, titre_);
+    for (std::size_t rang = 0; rang < motcle_.size(); ++rang)
+        entiere(9113 + static_cast<int>(rang), motcle_.at(rang));
+    entiere(9116, source_);
+    entiere(9117, datetext_);
+    paire(9118, datecreation_, 9119, datemodif_);
+    entiere(9120, choixtype_);
+    entiere(9121, combotype_);
+    entiere(9122, numeroarborescence_);
+    auto* libellearbre = new QLabel(contexte_.texte(9123), this);
+    libellearbre->setBuddy(arbre_);
+    grille->addWidget(libellearbre, rangee, 0, Qt::AlignLeft | Qt::AlignTop);
+    grille->addWidget(arbre_, rangee, 1, 1, 3);
+    grille->setRowStretch(rangee++, 1);
+    grille->setColumnStretch(1, 1);
+    grille->setColumnStretch(3, 1);
+    grille->setRowMinimumHeight(rangee++, look::groupSpacing - 2 * look::spacing);
+    grille->addWidget(fermer_, rangee, 0, 1, 4, Qt::AlignRight);
+}
+
+void frmproperties::restauretaille() {
+    const int largeur = nombre(contexte_.reglages, clelargeur);
+    const int hauteur = nombre(contexte_.reglages, clehauteur);
+    constexpr QSize premiere(620, 640);
+    const QSize ecran = screen()->availableSize();
+    const QSize voulue(largeur > 0 ? largeur : premiere.width(), hauteur > 0 ? hauteur : premiere.height());
+    resize(voulue.boundedTo(ecran).expandedTo(minimumSizeHint()));
+}
+
+void frmproperties::afficheproprietes(const QString& referencecourante, const QString& titrecourant,
+                                      const DocumentAffiche& document) {
+    proprietes_ = velm::afficheproprietes(referencecourante, titrecourant, document, types_);
+    const auto met = [](QLineEdit* champ, const QString& texte) {
+        champ->setText(texte);
+        champ->setCursorPosition(0);
+    };
+    met(reference_, proprietes_.reference);
+    met(numart_, proprietes_.numart);
+    met(titre_, proprietes_.Titre);
+    for (std::size_t rang = 0; rang < motcle_.size(); ++rang)
+        met(motcle_.at(rang), proprietes_.motcle.at(rang));
+    met(source_, proprietes_.Source);
+    met(datetext_, proprietes_.datetext);
+    met(datecreation_, proprietes_.datecreation);
+    met(datemodif_, proprietes_.datemodif);
+    combotype_->setCurrentIndex(proprietes_.combotype);
+    choixtype_->setCurrentIndex(proprietes_.choixtype);
+    met(numeroarborescence_, proprietes_.numeroarborescence);
+    setWindowModality(Qt::ApplicationModal);
+    show();
+}
+
+void frmproperties::showEvent(QShowEvent* evenement) {
+    QDialog::showEvent(evenement);
+    if (evenement->spontaneous())
+        return;
+    montrearborescence(arborescence_, arbre_->nodes(), proprietes_);
+    if (arbre_->nodes().selected() != 0)
+        arbre_->ensureVisible(arbre_->nodes().selected());
+    fermer_->setFocus();
+}
+
+void frmproperties::hideEvent(QHideEvent* evenement) {
+    if (!evenement->spontaneous()) {
+        ReglagesStore::Batch lot(contexte_.reglages.magasin());
+        contexte_.reglages.savesetting(section, clelargeur, QString::number(twipsFromPixels(width())));
+        contexte_.reglages.savesetting(section, clehauteur, QString::number(twipsFromPixels(height())));
+        if (!lot.commit())
+            contexte_.reglages.signaleechec();
+    }
+    QDialog::hideEvent(evenement);
+}
+
+} // namespace velm

@@ -1,0 +1,83 @@
+#pragma once
+// One of the two lists below the text: what the document cites, or what cites it. A header with the button that opens
+// and closes it, and a grid; the window places both.
+#include "core/corpus.h"
+#include "document/affichage.h"
+#include "document/liens.h"
+
+#include <QElapsedTimer>
+#include <QWidget>
+
+#include <functional>
+
+class QToolButton;
+
+namespace velm {
+
+class FlexGrid;
+
+class ListeDeLiens final : public QObject, public ListeLaterale {
+    Q_OBJECT
+
+public:
+    static constexpr int fermee = 255; ///< red: the header button's colour while the list is closed
+
+    /// What tells the two apart.
+    struct Sorte {
+        QString entete;
+        QString bouton;
+        QString etiquette;
+        QString grille;
+        int textebouton;
+        int texteetiquette;
+        std::vector<LigneLien> (*charge)(Corpus& corpus, const QString& cle);
+    };
+    static Sorte liens();
+    static Sorte correlats();
+
+    ListeDeLiens(const Sorte& sorte, Corpus& corpus, const std::function<QString(int)>& texte, QWidget* fenetre);
+
+    QWidget* entete() const { return entete_; }
+    QToolButton* bouton() const { return bouton_; }
+    FlexGrid* grille() const { return grille_; }
+    /// Height of the header, pixels.
+    int hauteurentete() const;
+
+    bool visible() const override;
+    int couleurbouton() const override { return couleur_; }
+    void recharge(const QString& code, const QString& numero) override;
+
+    bool ouverte() const { return couleur_ == ListeLaterale::ouverte; }
+    void ouvre(const QString& cle); ///< loads and turns green
+    void ferme();                   ///< empties and turns red
+    /// Keys of the rows, in the order of the grid.
+    QStringList cles() const;
+    void ouvrelignecourante();
+
+signals:
+    void basculee(); ///< the header's button was pressed
+    void ligneouverte(const QString& cle);
+    void menudemande(const QPoint& ou);
+
+protected:
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
+
+private:
+    void construitentete(const Sorte& sorte, const std::function<QString(int)>& texte);
+    void construitgrille(const Sorte& sorte, const std::function<QString(int)>& texte);
+    void charge(const QString& cle);
+    void clic(int ligne, int colonne);
+    void ouvreligne(int ligne);
+    void trie(int colonne);
+    void peintetat();
+
+    Corpus& corpus_;
+    std::vector<LigneLien> (*charge_)(Corpus& corpus, const QString& cle);
+    QWidget* entete_;
+    QToolButton* bouton_;
+    FlexGrid* grille_;
+    int couleur_ = fermee;
+    QElapsedTimer depuisouverture_;
+};
+
+} // namespace velm

@@ -1,0 +1,121 @@
+// The controls of a document window, and who hears them.
+#include "document/ui/blocrecherche.h"
+#include "document/ui/listedeliens.h"
+#include "document/ui/textes.h"
+#include "platform/widgets/flexgrid.h"
+#include "platform/widgets/richtextbox.h"
+#include "platform/widgets/splitterbar.h"
+#include "platform/widgets/toolbar.h"
+#include "platform/widgets/treeview.h"
+
+#include <QKeyEvent>
+#include <QTableView>
+#include <QToolButton>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+void Textes::construit() {
+    // In the order in which the Tab key walks them.
+    construitbarre();
+    construitpanneau();
+    separateur_ = new SplitterBar(Qt::Vertical, this);
+    separateur_->setObjectName(u"separateur"_s);
+    vue_ = new RichTextBox(this);
+    vue_->setObjectName(u"rtfRichTextBox1"_s);
+    vue_->setAccessibleName(windowTitle());
+    vue_->setFrameShape(QFrame::NoFrame);
+    construitlistes();
+    construitmenus();
+    setFocusProxy(vue_);
+}
+
+void Textes::construitlistes() {
+    separateurlisteh_ = new SplitterBar(Qt::Horizontal, this);
+    separateurlisteh_->setObjectName(u"separateurlisteh"_s);
+    liens_ = new ListeDeLiens(ListeDeLiens::liens(), contexte_.corpus, contexte_.texte, this);
+    separateurlistev_ = new SplitterBar(Qt::Vertical, this);
+    separateurlistev_->setObjectName(u"separateurlistev"_s);
+    correlats_ = new ListeDeLiens(ListeDeLiens::correlats(), contexte_.corpus, contexte_.texte, this);
+}
+
+void Textes::connecte() {
+    connect(arbre_, &TreeView::expanding, this, [this](int noeud) { arborescence_.developpe(arbre_->nodes(), noeud); });
+    connect(arbre_, &TreeView::nodeClicked, this, &Textes::clicnoeud);
+    connect(arbre_, &TreeView::nodeActivated, this, &Textes::clicnoeud);
+    connect(flex_, &FlexGrid::doubleClicked, this, [this](int ligne, int colonne) {
+        if (ligne == 0)
+            triecolonne(colonne);
+        else
+            ouvreligne(ligne);
+    });
+    connect(flex_, &FlexGrid::activated, this, &Textes::ouvreligne);
+    connect(vue_, &RichTextBox::clicked, this, &Textes::suit);
+    connect(vue_, &RichTextBox::linkHovered, this, &Textes::survole);
+    connect(vue_, &RichTextBox::rightClicked, this, [this](qsizetype, const QPoint& ou) { menutexte(ou); });
+    for (const SplitterBar* barre : {separateur_, separateurlisteh_, separateurlistev_})
+        connect(barre, &SplitterBar::dropped, this, [this, barre](int position) { lache(*barre, position); });
+    connect(separateur_, &SplitterBar::usualPlaceWanted, this, [this] {
+        disposition_.posseparateur = disposition_.placehabituelle();
+        place();
+    });
+    connect(separateurlistev_, &SplitterBar::usualPlaceWanted, this, [this] {
+        disposition_.partagelistes();
+        place();
+    });
+    connect(separateurlisteh_, &SplitterBar::usualPlaceWanted, this, [this] {
+        disposition_.fermelistes();
+        disposition_.replaceseparateur();
+        disposition_.ouvrelistes();
+        place();
+    });
+    for (ListeDeLiens* liste : {liens_, correlats_}) {
+        connect(liste, &ListeDeLiens::basculee, this, [this, liste] { basculeliste(*liste); });
+        connect(liste, &ListeDeLiens::ligneouverte, this,
+                [this](const QString& cle) { contexte_.navigation.navigue(u"TA"_s + cle); });
+    }
+    // The buttons at the side of the mouse walk the frame's history, wherever the pointer is.
+    for (QWidget* surface :
+         {static_cast<QWidget*>(this), vue_->viewport(), arbre_->viewport(), flex_->view()->viewport(),
+          liens_->grille()->view()->viewport(), correlats_->grille()->view()->viewport()})
+        surface->installEventFilter(this);
+}
+
+bool Textes::eventFilter(QObject* objet, QEvent* evenement) {
+    if (evenement->type() == QEvent::MouseButtonPress || evenement->type() == QEvent::MouseButtonDblClick) {
+        const Qt::MouseButton bouton = static_cast<QMouseEvent*>(evenement)->button();
+        if (bouton == Qt::BackButton || bouton == Qt::ForwardButton) {
+            contexte_.navigation.navigue(bouton == Qt::BackButton ? u"TA-1"_s : u"TA+1"_s);
+            return true;
+        }
+    }
+    return QWidget::eventFilter(objet, evenement);
+}
+
+void Textes::keyPressEvent(QKeyEvent* evenement) {
+    // What the control with the focus has no use for: the text takes the keys that scroll it.
+    switch (evenement->key()) {
+    case Qt::Key_Escape:
+        if (!vue_->hasFocus()) {
+            vue_->setFocus();
+            return;
+        }
+        break;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        if (!vue_->hasFocus()) {
+            QKeyEvent suite(evenement->type(), evenement->key(), evenement->modifiers(), evenement->text());
+            static_cast<QObject*>(vue_)->event(&suite);
+            return;
+        }
+        break;
+    default:
+        break;
+    }
+    QWidget::keyPressEvent(evenement);
+}
+
+} // namespace velm

@@ -1,0 +1,153 @@
+// The panel of a document window, its division, and what hangs on the bars.
+#include "document/listecollection.h"
+#include "document/ui/blocrecherche.h"
+#include "document/ui/listedeliens.h"
+#include "document/ui/textes.h"
+#include "platform/text/twips.h"
+#include "platform/widgets/flexgrid.h"
+#include "platform/widgets/icons.h"
+#include "platform/widgets/richtextbox.h"
+#include "platform/widgets/splitterbar.h"
+#include "platform/widgets/toolbar.h"
+#include "platform/widgets/treeview.h"
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+void Textes::construitpanneau() {
+    arbre_ = new TreeView(this);
+    arbre_->setObjectName(u"arbre"_s);
+    arbre_->setAccessibleName(texte(9082));
+    arbre_->setFrameShape(QFrame::NoFrame);
+    arbre_->setImages(&icon);
+    flex_ = new FlexGrid(this);
+    flex_->setObjectName(u"flex"_s);
+    flex_->setAccessibleName(texte(9083));
+    blocrecherche_ = new BlocRecherche(contexte_.texte, this);
+}
+
+// ---- blocks
+
+void Textes::changebloc(const QString& ar) {
+    ar_ = ar;
+    disposition_.deplie(ar == u"0");
+    disposition_.deplaceseparateur();
+    traitear();
+    applique();
+}
+
+void Textes::traitear() {
+    barre_->setValue(u"arbre"_s, ar_ == u"1");
+    barre_->setValue(u"tableau"_s, ar_ == u"2");
+    barre_->setValue(u"recherchedico"_s, ar_ == u"0");
+    if (ar_ == u"1" && !arbrecharge_)
+        chargerarbre();
+    if (ar_ == u"2" && !flexcharge_)
+        chargerflex();
+    montrebloc();
+    barre_->update();
+}
+
+void Textes::montrebloc() {
+    const bool lisible = disposition_.places().panneaulisible;
+    const QWidget* avant = window()->focusWidget();
+    arbre_->setVisible(lisible && ar_ == u"1");
+    flex_->setVisible(lisible && ar_ == u"2");
+    blocrecherche_->setVisible(lisible && ar_ == u"0");
+    // Where the focus was in a block that has gone, it goes to the text.
+    if (avant && isAncestorOf(avant) && !avant->isVisibleTo(this))
+        vue_->setFocus();
+}
+
+void Textes::chargerarbre() {
+    arborescence_.chargearbrebase(arbre_->nodes(), code_);
+    arbrecharge_ = true;
+}
+
+void Textes::chargerflex() {
+    const Attente attente(contexte_.sablier);
+    flex_->setRedraw(false);
+    flex_->setCols(ListeCollection::colonnes);
+    flex_->setHeaderFontSize(14);
+    flex_->setColumnsMovable(true);
+    flex_->setMergeCells(true);
+    const QString ordre = ordredescolonnes(reglages_.listeordre);
+    const auto largeurs = largeursdescolonnes(reglages_.listelargeurs);
+    for (int colonne = 0; colonne < ListeCollection::colonnes; ++colonne) {
+        const int chiffre = ordre.at(colonne).digitValue();
+        flex_->setColWidth(colonne, colonne < colonnesvisibles ? largeurs.at(static_cast<std::size_t>(colonne)) : 0);
+        flex_->setColData(colonne, chiffre);
+        flex_->setHeader(colonne, texte(300 + chiffre));
+    }
+    flex_->setSource(std::make_unique<ListeCollection>(contexte_.corpus, code_, ordre));
+    flex_->sort(0, false);
+    flex_->setRedraw(true);
+    flexcharge_ = true;
+}
+
+void Textes::ouvreligne(int ligne) {
+    const auto* liste = static_cast<const ListeCollection*>(flex_->source());
+    const QString cle = liste && ligne > 0 ? liste->cle(ligne - 1) : QString();
+    if (!cle.isEmpty())
+        contexte_.navigation.navigue(u"TA"_s + cle);
+}
+
+void Textes::triecolonne(int colonne) {
+    const Attente attente(contexte_.sablier);
+    flex_->sort(colonne, flex_->sortMark(colonne) == FlexGrid::Mark::Ascending);
+}
+
+void Textes::clicnoeud(int noeud) {
+    const QString commande = Arborescence::commandeclic(arbre_->nodes(), noeud, code_);
+    if (commande.isEmpty())
+        return;
+    contexte_.navigation.navigue(commande);
+    cachemots();
+}
+
+// ---- division
+
+void Textes::place() {
+    const MesuresTextes mesures{twipsFromPixels(barre_->sizeHint().height()), twipsFromPixels(liens_->hauteurentete()),
+                                twipsFromPixels(SplitterBar::thickness)};
+    disposition_.changetaille(twipsFromPixels(width()), twipsFromPixels(height()), mesures);
+    disposition_.replaceseparateur();
+    applique();
+}
+
+void Textes::applique() {
+    const PlacesTextes& places = disposition_.places();
+    const auto pose = [](QWidget* controle, const QRect& twips) { controle->setGeometry(pixelsdetwips(twips)); };
+    barre_->setGeometry(0, 0, width(), std::min(barre_->sizeHint().height(), height()));
+    separateur_->setOrientation(disposition_.droite() ? Qt::Vertical : Qt::Horizontal);
+    for (QWidget* bloc :
+         {static_cast<QWidget*>(arbre_), static_cast<QWidget*>(flex_), static_cast<QWidget*>(blocrecherche_)})
+        pose(bloc, places.panneau);
+    pose(separateur_, places.separateur);
+    pose(vue_, places.rtfRichTextBox1);
+    pose(separateurlisteh_, places.separateurlisteh);
+    pose(separateurlistev_, places.separateurlistev);
+    pose(liens_->entete(), places.entetelistedesliens);
+    pose(correlats_->entete(), places.entetelistedescorrelats);
+    pose(liens_->grille(), places.flexlistedesliens);
+    pose(correlats_->grille(), places.flexlistedescorreles);
+    liens_->grille()->setVisible(disposition_.listesvisibles);
+    correlats_->grille()->setVisible(disposition_.listesvisibles);
+    separateurlisteh_->setEnabled(disposition_.listesvisibles);
+    montrebloc();
+}
+
+void Textes::lache(const SplitterBar& barre, int position) {
+    const int twips = twipsFromPixels(position);
+    const bool debout = barre.orientation() == Qt::Vertical;
+    disposition_.lache(barre.objectName(), debout ? QPoint(twips, 0) : QPoint(0, twips));
+    applique();
+}
+
+void Textes::changearrangement(const QString& vh) {
+    disposition_.changearrangement(vh);
+    place();
+}
+
+} // namespace velm
