@@ -23,10 +23,15 @@ QSize leastSize(const QMdiSubWindow& window) {
 ChildArea::ChildArea(QWidget* parent) : QMdiArea(parent) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setActivationOrder(ActivationHistoryOrder); // closing one brings the one used before forward
     connect(this, &QMdiArea::subWindowActivated, this, &ChildArea::tellActive);
 }
 
-ChildArea::~ChildArea() = default;
+ChildArea::~ChildArea() {
+    // The windows go while there is somebody to forget them.
+    disconnect(this, &QMdiArea::subWindowActivated, this, nullptr);
+    qDeleteAll(subWindowList());
+}
 
 QMdiSubWindow* ChildArea::add(QWidget* child) {
     if (QMdiSubWindow* known = around(child))
@@ -113,19 +118,21 @@ void ChildArea::showPlaced(QWidget* child) {
         return;
     const auto placed = placed_.find(window);
     const int state = placed == placed_.end() ? int(Normal) : std::exchange(placed->second.state, int(Normal));
+    const QMdiSubWindow* before = front();
+    const bool filling = state == Maximised || (before && before != window && before->isMaximized());
+    if (state == Minimised || filling)
+        placed_.erase(window); // its place is where it will be restored
     if (state == Minimised) {
         child->show();
         window->showMinimized();
         return;
     }
-    const QMdiSubWindow* before = currentSubWindow();
-    const bool filling = before && before != window && !before->isHidden() && before->isMaximized();
     // Shown at once in the state that it shall have.
     const bool updating = updatesEnabled();
     setUpdatesEnabled(false);
     const auto again = qScopeGuard([&] { setUpdatesEnabled(updating); });
     child->show();
-    if (state == Maximised || filling)
+    if (filling)
         window->showMaximized();
     else
         window->show();
@@ -157,25 +164,36 @@ void ChildArea::focus(QMdiSubWindow& window) {
     (last ? last : child)->setFocus(Qt::ActiveWindowFocusReason);
 }
 
+/// The window that was used last of those that are shown, icons last.
+QMdiSubWindow* ChildArea::lastUsed(const QMdiSubWindow* except) const {
+    QMdiSubWindow* last = nullptr;
+    for (QMdiSubWindow* window : subWindowList(ActivationHistoryOrder)) {
+        const bool better = !last || !window->isMinimized() || last->isMinimized();
+        if (window != except && !window->isHidden() && better)
+            last = window;
+    }
+    return last;
+}
+
+QMdiSubWindow* ChildArea::front() const {
+    QMdiSubWindow* current = currentSubWindow();
+    return current && !current->isHidden() ? current : lastUsed(nullptr);
+}
+
 void ChildArea::hideChild(QWidget* child) {
     QMdiSubWindow* window = around(child);
     if (!window || window->isHidden())
         return;
-    QMdiSubWindow* next = nullptr;
-    for (QMdiSubWindow* other : subWindowList(ActivationHistoryOrder)) {
-        if (other != window && !other->isHidden() && !other->isMinimized())
-            next = other;
-    }
     // The next one comes forward first, so that it takes over a maximised one's place.
-    if (currentSubWindow() == window)
-        setActiveSubWindow(next);
+    if (front() == window)
+        setActiveSubWindow(lastUsed(window));
     window->hide();
     tellActive();
 }
 
 QWidget* ChildArea::activeChild() const {
-    const QMdiSubWindow* window = currentSubWindow();
-    return window && !window->isHidden() ? window->widget() : nullptr;
+    const QMdiSubWindow* window = front();
+    return window ? window->widget() : nullptr;
 }
 
 void ChildArea::tellActive() {
@@ -267,13 +285,22 @@ void ChildArea::scrollContentsBy(int dx, int dy) {
     viewport()->update(); // the picture stays in the middle
 }
 
+bool ChildArea::viewportEvent(QEvent* event) {
+    const bool handled = QMdiArea::viewportEvent(event);
+    // The one used before may be hidden: then the next one after it.
+    if (event->type() == QEvent::ChildRemoved && !activeSubWindow() && front())
+        setActiveSubWindow(front());
+    return handled;
+}
+
 void ChildArea::walk(bool forward) {
-    if (forward)
-        activateNextSubWindow();
-    else
-        activatePreviousSubWindow();
-    if (QMdiSubWindow* window = activeSubWindow())
-        focus(*window);
+    QList<QMdiSubWindow*> windows = subWindowList(CreationOrder);
+    windows.removeIf([](const QMdiSubWindow* window) { return window->isHidden(); });
+    if (windows.isEmpty())
+        return;
+    const qsizetype here = windows.indexOf(front());
+    const qsizetype next = here < 0 ? 0 : here + (forward ? 1 : -1) + windows.size();
+    focus(*windows[next % windows.size()]);
 }
 
 bool ChildArea::windowKey(const QKeyEvent& event, bool perform) {
@@ -292,8 +319,8 @@ bool ChildArea::windowKey(const QKeyEvent& event, bool perform) {
     case Qt::Key_W:
         if (shift)
             return false;
-        if (perform && activeChild())
-            currentSubWindow()->close();
+        if (QMdiSubWindow* window = front(); perform && window)
+            window->close();
         return true;
     default:
         return false;

@@ -65,6 +65,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    bool viewportEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -81,6 +82,8 @@ private:
     void fit(QMdiSubWindow& window, Placed& placed);
     void fitPlaced();
     void focus(QMdiSubWindow& window);
+    QMdiSubWindow* lastUsed(const QMdiSubWindow* except) const;
+    QMdiSubWindow* front() const;
     void tellActive();
     void walk(bool forward);
     bool windowKey(const QKeyEvent& event, bool perform);

@@ -227,6 +227,11 @@ QToolButton* Toolbar::widget(const QString& key) const {
     return button ? qobject_cast<QToolButton*>(widgetForAction(button->action)) : nullptr;
 }
 
+QMenu* Toolbar::menu(const QString& key) const {
+    const Private::Button* button = d_->find(key);
+    return button ? button->action->menu() : nullptr;
+}
+
 void Toolbar::dock(QMainWindow& window, int position) {
     static constexpr std::array areas{Qt::TopToolBarArea, Qt::BottomToolBarArea, Qt::LeftToolBarArea,
                                       Qt::RightToolBarArea};
@@ -318,7 +323,7 @@ bool Toolbar::hasEntries(const QToolButton& button) const {
 
 /// Whether a press would open a menu that has nothing to show.
 bool Toolbar::opensNothing(const QToolButton& button, const QPoint& position) const {
-    if (!button.menu() || hasEntries(button))
+    if (button.popupMode() != QToolButton::MenuButtonPopup || hasEntries(button))
         return false;
     QStyleOptionToolButton option;
     option.initFrom(&button);

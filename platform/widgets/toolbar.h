@@ -65,6 +65,7 @@ public:
     static constexpr int shownMenus = 40;
 
     QToolButton* widget(const QString& key) const; ///< null for separators
+    QMenu* menu(const QString& key) const;         ///< the menu of a drop-down, null for others
 
     /// The position number of a docked bar: 0 hidden (the edge is kept), 1 top, 2 bottom, 3 left, 4 right.
     void dock(QMainWindow& window, int position);

@@ -1,0 +1,388 @@
+#include "platform/widgets/toolbar.h"
+#include "tests/support/eventually.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class ToolbarTest : public testing::Test {
+protected:
+    ToolbarTest() : bar(new Toolbar(&frame)), field(new QLineEdit(&frame)) {
+        frame.setCentralWidget(field);
+        frame.resize(600, 400);
+        bar->setImages([this](const QString& name) {
+            asked.push_back(name);
+            QPixmap picture(20, 20);
+            picture.fill(name == u"rouge" ? Qt::red : Qt::blue);
+            return QIcon(picture);
+        });
+        bar->addButton(u"Précédent"_s, Toolbar::Kind::DropDown, u"rouge"_s);
+        bar->addButton(u"filet"_s, Toolbar::Kind::Separator);
+        bar->addButton(u"Imprimer"_s, Toolbar::Kind::Plain, u"bleu"_s);
+        bar->addButton(u"Rechercher"_s, Toolbar::Kind::Check);
+        bar->addButton(u"arbre"_s, Toolbar::Kind::Group);
+        bar->addButton(u"tableau"_s, Toolbar::Kind::Group);
+        bar->addButton(u"recherchedico"_s, Toolbar::Kind::Group);
+        bar->addButton(u"abc"_s, Toolbar::Kind::Check);
+        bar->addButton(u"barrehoriz"_s, Toolbar::Kind::Group);
+        bar->addButton(u"barreverti"_s, Toolbar::Kind::Group);
+        bar->dock(frame, 1);
+    }
+
+    void showFrame() {
+        frame.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&frame));
+        frame.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&frame));
+    }
+    void click(const QString& key) {
+        QToolButton* button = bar->widget(key);
+        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
+    }
+    /// The entries of a drop-down as they are shown.
+    QMenu* opened(const QString& key) {
+        QMenu* menu = bar->menu(key);
+        menu->popup({});
+        return menu;
+    }
+
+    QMainWindow frame;
+    Toolbar* bar;
+    QLineEdit* field;
+    std::vector<QString> asked;
+};
+
+QStringList texts(const QMenu& menu) {
+    QStringList all;
+    for (const QAction* action : menu.actions())
+        all.push_back(action->text());
+    return all;
+}
+
+} // namespace
+
+// ---- keys, pictures, tool tips
+
+TEST_F(ToolbarTest, ButtonsAreFoundByKeyAndCountFromOne) {
+    EXPECT_EQ(bar->buttonCount(), 10);
+    EXPECT_EQ(bar->keyAt(1), u"Précédent");
+    EXPECT_EQ(bar->keyAt(10), u"barreverti");
+    EXPECT_TRUE(bar->hasButton(u"Imprimer"_s));
+    EXPECT_FALSE(bar->hasButton(u"imprimer"_s));
+    EXPECT_EQ(bar->widget(u"Imprimer"_s)->objectName(), u"Imprimer");
+    EXPECT_EQ(bar->widget(u"filet"_s), nullptr);
+}
+
+#ifdef QT_NO_DEBUG
+TEST_F(ToolbarTest, UnknownAndRepeatedKeysArePassedOver) {
+    bar->addButton(u"Imprimer"_s, Toolbar::Kind::Check);
+    bar->addButton(QString(), Toolbar::Kind::Plain);
+    EXPECT_EQ(bar->buttonCount(), 10);
+    bar->setValue(u"absent"_s, true);
+    bar->setToolTip(u"absent"_s, u"x"_s);
+    bar->setMenus(u"absent"_s, nullptr);
+    EXPECT_FALSE(bar->value(u"absent"_s));
+    EXPECT_FALSE(bar->isButtonVisible(u"absent"_s));
+    EXPECT_EQ(bar->widget(u"absent"_s), nullptr);
+    EXPECT_EQ(bar->keyAt(0), QString());
+    EXPECT_EQ(bar->keyAt(11), QString());
+}
+#endif
+
+TEST_F(ToolbarTest, PicturesComeByName) {
+    EXPECT_EQ(asked, (std::vector<QString>{u"rouge"_s, u"bleu"_s}));
+    bar->setImage(u"Imprimer"_s, u"rouge"_s);
+    const QPixmap picture = bar->widget(u"Imprimer"_s)->icon().pixmap(20);
+    EXPECT_EQ(picture.toImage().pixelColor(10, 10), QColor(Qt::red));
+    bar->setImages([](const QString&) { return QIcon(); });
+    EXPECT_TRUE(bar->widget(u"Imprimer"_s)->icon().isNull());
+}
+
+TEST_F(ToolbarTest, TheToolTipCarriesTheShortcut) {
+    bar->setToolTip(u"Imprimer"_s, u"Imprimer & éjecter"_s);
+    EXPECT_EQ(bar->widget(u"Imprimer"_s)->toolTip(), u"Imprimer & éjecter");
+    bar->setShortcut(u"Imprimer"_s, QKeySequence(Qt::CTRL | Qt::Key_P));
+    EXPECT_EQ(bar->toolTip(u"Imprimer"_s), u"Imprimer & éjecter");
+    EXPECT_EQ(bar->widget(u"Imprimer"_s)->toolTip(), u"Imprimer & éjecter (Ctrl+P)");
+    EXPECT_EQ(bar->widget(u"Imprimer"_s)->accessibleName(), u"Imprimer & éjecter");
+    bar->setToolTip(u"Imprimer"_s, u"Imprimer la page"_s);
+    EXPECT_EQ(bar->widget(u"Imprimer"_s)->toolTip(), u"Imprimer la page (Ctrl+P)");
+}
+
+TEST_F(ToolbarTest, AShortcutClicksWhereverTheFocusIsAndOfAHiddenBarToo) {
+    bar->setShortcut(u"Imprimer"_s, QKeySequence(Qt::CTRL | Qt::Key_P));
+    showFrame();
+    field->setFocus();
+    const QSignalSpy clicked(bar, &Toolbar::buttonClicked);
+    QTest::keyClick(field, Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(clicked.count(), 1);
+    bar->dock(frame, 0);
+    QTest::keyClick(field, Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(clicked.count(), 2);
+    bar->setButtonEnabled(u"Imprimer"_s, false);
+    QTest::keyClick(field, Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(clicked.count(), 2);
+}
+
+// ---- clicks and values
+
+TEST_F(ToolbarTest, AClickTellsTheKey) {
+    showFrame();
+    const QSignalSpy clicked(bar, &Toolbar::buttonClicked);
+    click(u"Imprimer"_s);
+    ASSERT_EQ(clicked.count(), 1);
+    EXPECT_EQ(clicked.at(0).at(0).toString(), u"Imprimer");
+    click(u"Précédent"_s);
+    EXPECT_EQ(clicked.count(), 2);
+    EXPECT_FALSE(bar->value(u"Imprimer"_s));
+}
+
+TEST_F(ToolbarTest, ACheckButtonStaysDownUntilItIsPressedAgain) {
+    showFrame();
+    click(u"Rechercher"_s);
+    EXPECT_TRUE(bar->value(u"Rechercher"_s));
+    click(u"Rechercher"_s);
+    EXPECT_FALSE(bar->value(u"Rechercher"_s));
+}
+
+TEST_F(ToolbarTest, AtMostOneOfAGroupIsDown) {
+    showFrame();
+    bar->setValue(u"barrehoriz"_s, true);
+    click(u"arbre"_s);
+    click(u"tableau"_s);
+    EXPECT_FALSE(bar->value(u"arbre"_s));
+    EXPECT_TRUE(bar->value(u"tableau"_s));
+    EXPECT_TRUE(bar->value(u"barrehoriz"_s));
+    click(u"tableau"_s);
+    EXPECT_TRUE(bar->value(u"tableau"_s));
+    bar->setValue(u"barreverti"_s, true);
+    EXPECT_FALSE(bar->value(u"barrehoriz"_s));
+    bar->setValue(u"barreverti"_s, false);
+    EXPECT_FALSE(bar->value(u"barreverti"_s));
+    EXPECT_FALSE(bar->value(u"barrehoriz"_s));
+}
+
+TEST_F(ToolbarTest, SettingAValueTellsNoClick) {
+    const QSignalSpy clicked(bar, &Toolbar::buttonClicked);
+    bar->setValue(u"Rechercher"_s, true);
+    bar->setValue(u"arbre"_s, true);
+    bar->setValue(u"tableau"_s, true);
+    bar->setValue(u"Imprimer"_s, true);
+    EXPECT_EQ(clicked.count(), 0);
+    EXPECT_TRUE(bar->value(u"Rechercher"_s));
+    EXPECT_FALSE(bar->value(u"Imprimer"_s));
+}
+
+TEST_F(ToolbarTest, ButtonsAndSeparatorsHideByKey) {
+    showFrame();
+    bar->setButtonVisible(u"filet"_s, false);
+    bar->setButtonVisible(u"Imprimer"_s, false);
+    EXPECT_FALSE(bar->isButtonVisible(u"filet"_s));
+    EVENTUALLY(!bar->widget(u"Imprimer"_s)->isVisible());
+    EXPECT_TRUE(bar->isButtonEnabled(u"Imprimer"_s));
+    bar->setButtonEnabled(u"Imprimer"_s, false);
+    bar->setButtonVisible(u"Imprimer"_s, true);
+    EVENTUALLY(bar->widget(u"Imprimer"_s)->isVisible());
+    EXPECT_FALSE(bar->widget(u"Imprimer"_s)->isEnabled());
+    EXPECT_FALSE(bar->isButtonEnabled(u"Imprimer"_s));
+}
+
+// ---- drop-downs
+
+TEST_F(ToolbarTest, TheMenuIsMadeFromItsEntriesEachTimeItOpens) {
+    ButtonMenus menus;
+    bar->setMenus(u"Précédent"_s, &menus);
+    menus.add(1, u"c1"_s, u"Premier"_s);
+    menus.add(1, u"c2"_s, u"Dol & fraude"_s);
+    showFrame();
+    EXPECT_EQ(texts(*opened(u"Précédent"_s)), (QStringList{u"Dol && fraude"_s, u"Premier"_s}));
+    bar->menu(u"Précédent"_s)->hide();
+    menus.remove(1);
+    menus.setEnabled(1, false);
+    QMenu* menu = opened(u"Précédent"_s);
+    EXPECT_EQ(texts(*menu), QStringList{u"Premier"_s});
+    EXPECT_FALSE(menu->actions().front()->isEnabled());
+    menu->hide();
+}
+
+TEST_F(ToolbarTest, ChoosingAnEntryTellsItsIndexAndKeyAndClicksNoButton) {
+    ButtonMenus menus;
+    menus.add(1, u"c1"_s, u"Un"_s);
+    menus.add(2, u"c2"_s, u"Deux"_s);
+    bar->setMenus(u"Précédent"_s, &menus);
+    showFrame();
+    const QSignalSpy clicked(bar, &Toolbar::buttonClicked);
+    const QSignalSpy chosen(bar, &Toolbar::menuClicked);
+    QMenu* menu = opened(u"Précédent"_s);
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions().at(1)).center());
+    ASSERT_EQ(chosen.count(), 1);
+    EXPECT_EQ(chosen.at(0), (QVariantList{u"Précédent"_s, 2, u"c2"_s}));
+    EXPECT_EQ(clicked.count(), 0);
+}
+
+TEST_F(ToolbarTest, LongEntriesAreElidedAndToldWhole) {
+    ButtonMenus menus;
+    const QString title = u"Code de la consommation, article <L. 111-1> sur l’information précontractuelle"_s;
+    menus.add(1, QString(), title);
+    menus.add(2, QString(), u"ligne\tune\nligne deux"_s);
+    bar->setMenus(u"Précédent"_s, &menus);
+    QMenu* menu = opened(u"Précédent"_s);
+    EXPECT_EQ(menu->actions().at(0)->text().size(), 60);
+    EXPECT_TRUE(menu->actions().at(0)->text().endsWith(u'\u2026'));
+    EXPECT_TRUE(menu->actions().at(0)->toolTip().contains(u"&lt;L. 111-1&gt;"));
+    EXPECT_EQ(menu->actions().at(1)->text(), u"ligne une ligne deux");
+    menu->hide();
+}
+
+TEST_F(ToolbarTest, OnlyTheFirstEntriesAreShown) {
+    ButtonMenus menus;
+    for (int index = 1; index <= 5000; ++index)
+        menus.add(0, QString(), QString::number(index));
+    bar->setMenus(u"Précédent"_s, &menus);
+    QMenu* menu = opened(u"Précédent"_s);
+    EXPECT_EQ(menu->actions().size(), Toolbar::shownMenus);
+    EXPECT_EQ(menu->actions().last()->text(), u"40");
+    menu->hide();
+}
+
+TEST_F(ToolbarTest, TheArrowOfADropDownWithoutEntriesOpensNothing) {
+    ButtonMenus menus;
+    bar->setMenus(u"Précédent"_s, &menus);
+    showFrame();
+    QToolButton* button = bar->widget(u"Précédent"_s);
+    const QSignalSpy clicked(bar, &Toolbar::buttonClicked);
+    // A menu that opened would hold the press until it is closed.
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(button->width() - 4, button->height() / 2));
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(clicked.count(), 0);
+    bar->setMenus(u"Précédent"_s, nullptr);
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(button->width() - 4, button->height() / 2));
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(ToolbarTest, TheArrowOpensTheMenuAndAKeyToo) {
+    ButtonMenus menus;
+    menus.add(1, u"c1"_s, u"Un"_s);
+    bar->setMenus(u"Précédent"_s, &menus);
+    showFrame();
+    QToolButton* button = bar->widget(u"Précédent"_s);
+    QMenu* menu = bar->menu(u"Précédent"_s);
+    const QSignalSpy shown(menu, &QMenu::aboutToShow);
+    const QSignalSpy chosen(bar, &Toolbar::menuClicked);
+    const auto choose = [&] {
+        QTimer::singleShot(0, menu, [menu] { menu->actions().front()->trigger(); });
+        QTimer::singleShot(0, menu, [menu] { menu->close(); });
+    };
+    choose();
+    QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(button->width() - 4, button->height() / 2));
+    EXPECT_EQ(shown.count(), 1);
+    button->setFocus();
+    choose();
+    QTest::keyClick(button, Qt::Key_Down);
+    EXPECT_EQ(shown.count(), 2);
+    EXPECT_EQ(chosen.count(), 2);
+}
+
+// ---- the bar
+
+TEST_F(ToolbarTest, ABarDocksAtAnEdgeByItsNumber) {
+    showFrame();
+    const std::vector<std::pair<int, Qt::ToolBarArea>> edges{
+        {2, Qt::BottomToolBarArea}, {3, Qt::LeftToolBarArea}, {4, Qt::RightToolBarArea}, {1, Qt::TopToolBarArea}};
+    for (const auto& [position, edge] : edges) {
+        bar->dock(frame, position);
+        EXPECT_EQ(frame.toolBarArea(bar), edge);
+        EXPECT_EQ(bar->dockedAt(), position);
+        EXPECT_TRUE(bar->isVisible());
+        EXPECT_EQ(bar->orientation(), position > 2 ? Qt::Vertical : Qt::Horizontal);
+    }
+}
+
+TEST_F(ToolbarTest, AHiddenBarKeepsItsEdge) {
+    showFrame();
+    bar->dock(frame, 3);
+    bar->dock(frame, 0);
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(bar->dockedAt(), 0);
+    EXPECT_EQ(frame.toolBarArea(bar), Qt::LeftToolBarArea);
+    bar->dock(frame, 5);
+    bar->dock(frame, -1);
+    EXPECT_EQ(bar->dockedAt(), 0);
+    bar->dock(frame, 1);
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_EQ(frame.toolBarArea(bar), Qt::TopToolBarArea);
+}
+
+TEST_F(ToolbarTest, TheUserCannotDragABarAway) {
+    EXPECT_FALSE(bar->isMovable());
+    EXPECT_FALSE(bar->isFloatable());
+}
+
+TEST_F(ToolbarTest, ARightClickIsToldAndTheFramesOwnMenuStaysAway) {
+    showFrame();
+    const QSignalSpy told(bar, &Toolbar::rightClicked);
+    for (QWidget* target : {static_cast<QWidget*>(bar->widget(u"Imprimer"_s)), static_cast<QWidget*>(bar)}) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, target->mapToGlobal(QPoint(5, 5)));
+        QApplication::sendEvent(target, &event);
+        EXPECT_TRUE(event.isAccepted());
+    }
+    EXPECT_EQ(told.count(), 2);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(ToolbarTest, WhatDoesNotFitStaysReachable) {
+    frame.resize(130, 200);
+    showFrame();
+    EXPECT_FALSE(bar->widget(u"barreverti"_s)->isVisible());
+    auto* more = bar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
+    ASSERT_NE(more, nullptr);
+    EXPECT_TRUE(more->isVisible());
+}
+
+TEST_F(ToolbarTest, TheTabKeyReachesABarOnceAndTheArrowsWalkIt) {
+    showFrame();
+    bar->widget(u"Précédent"_s)->setFocus();
+    const auto focused = [] { return QApplication::focusWidget()->objectName(); };
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    EXPECT_EQ(focused(), u"Imprimer");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
+    EXPECT_EQ(focused(), u"barreverti");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    EXPECT_EQ(focused(), u"barreverti");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
+    EXPECT_EQ(focused(), u"barrehoriz");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), field);
+    QTest::keyClick(field, Qt::Key_Backtab);
+    EXPECT_EQ(focused(), u"barrehoriz");
+    bar->setButtonEnabled(u"barrehoriz"_s, false);
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_Backtab);
+    EXPECT_EQ(focused(), u"Précédent");
+}
+
+TEST_F(ToolbarTest, BarsAreEquallyHighWhateverTheirButtons) {
+    auto* other = new Toolbar(&frame);
+    other->addButton(u"seul"_s, Toolbar::Kind::Plain, u"bleu"_s);
+    other->dock(frame, 2);
+    showFrame();
+    EXPECT_EQ(other->height(), bar->height());
+    EXPECT_EQ(other->widget(u"seul"_s)->height(), bar->widget(u"Précédent"_s)->height());
+}
+
+} // namespace velm
