@@ -39,6 +39,7 @@ QMdiSubWindow* ChildArea::add(QWidget* child) {
     child->hide();
     QMdiSubWindow* window = addSubWindow(child);
     window->setAttribute(Qt::WA_DeleteOnClose);
+    window->hide(); // in so many words, or it would appear with the area
     // A frame without its child is worth nothing.
     connect(child, &QObject::destroyed, window, &QObject::deleteLater);
     connect(window, &QObject::destroyed, this, [this, window] { placed_.erase(window); });
