@@ -1,12 +1,22 @@
 #include "shell/ecrangeneral.h"
 
-#include "document/ui/textes.h"
+#include "core/cle.h"
 #include "platform/text/twips.h"
+#include "platform/widgets/childarea.h"
+#include "platform/widgets/icons.h"
+#include "platform/widgets/look.h"
+#include "platform/widgets/statusbar.h"
+#include "platform/widgets/toolbar.h"
+#include "platform/widgets/viewformats.h"
+#include "shell/fonds.h"
+#include "shell/menus.h"
+#include "shell/volet.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
-#include <QMdiArea>
-#include <QMdiSubWindow>
+#include <QHBoxLayout>
+#include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
 
@@ -27,24 +37,106 @@ QRect visible(QRect place) {
     return place;
 }
 
+/// The colour as a breath over the windows' own.
+QColor assombrie(const QColor& couleur, const QColor& surface) {
+    const auto melange = [](int a, int b) { return (a + 11 * b) / 12; };
+    return {melange(couleur.red(), surface.red()), melange(couleur.green(), surface.green()),
+            melange(couleur.blue(), surface.blue())};
+}
+
 } // namespace
 
-Ecrangeneral::Ecrangeneral(const std::function<QString(int)>& texte) : aire_(new QMdiArea(this)) {
+Ecrangeneral::Ecrangeneral(const std::function<QString(int)>& texte)
+    : texte_(texte), aire_(new ChildArea), volet_(new VoletSelection(this)),
+      menus_(new MenusEcran(*menuBar(), texte, icon)), barreetat_(new StatusBar(this)) {
     setObjectName(QStringLiteral("Ecrangeneral"));
     setWindowTitle(texte(8));
-    setCentralWidget(aire_);
+    setContextMenuPolicy(Qt::NoContextMenu);
     aire_->setObjectName(QStringLiteral("aire"));
-    aire_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    aire_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    aire_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation, false);
 
-    QMenu* fichier = menuBar()->addMenu(texte(1603));
-    fichier->setObjectName(QStringLiteral("mfichier"));
-    QAction* quitte = fichier->addAction(texte(116));
-    quitte->setObjectName(QStringLiteral("mfichier3"));
-    quitte->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    quitte->setMenuRole(QAction::QuitRole);
-    connect(quitte, &QAction::triggered, this, &Ecrangeneral::quitter);
+    auto* centre = new QWidget(this);
+    auto* disposition = new QHBoxLayout(centre);
+    disposition->setContentsMargins({});
+    disposition->setSpacing(0);
+    disposition->addWidget(volet_);
+    disposition->addWidget(aire_, 1);
+    setCentralWidget(centre);
+    volet_->hide();
+
+    barreetat_->setObjectName(QStringLiteral("barreétat"));
+    barreetat_->addPanel(QStringLiteral("wait"), 1);
+    setStatusBar(barreetat_);
+
+    barrecommande_ = barre("barrecommande", 130, Barre::Commande);
+    barreecran_ = barre("barreécran", 132, Barre::Ecran);
+    barreoutils_ = barre("barreoutils", 131, Barre::Outils);
+    garnitcommande(texte);
+    garnitecran(texte);
+    garnitselection(texte);
+    qApp->installEventFilter(this);
+}
+
+Ecrangeneral::~Ecrangeneral() = default;
+
+Toolbar& Ecrangeneral::de(Barre barre) const {
+    return barre == Barre::Commande ? *barrecommande_ : barre == Barre::Ecran ? *barreecran_ : *barreoutils_;
+}
+
+Toolbar* Ecrangeneral::barre(const char* nom, int texte, Barre laquelle) {
+    auto* nouvelle = new Toolbar(this);
+    nouvelle->setObjectName(QString::fromUtf8(nom));
+    nouvelle->setWindowTitle(texte_(texte).remove(u'&'));
+    nouvelle->setImages(icon);
+    connect(nouvelle, &Toolbar::rightClicked, this,
+            [this, laquelle](const QPoint& ici) { menus_->menudebarre(laquelle)->popup(ici); });
+    return nouvelle;
+}
+
+void Ecrangeneral::placebarre(Barre barre, int position) {
+    de(barre).dock(*this, position);
+    menus_->cocheposition(barre, position);
+    if (barre == Barre::Ecran)
+        barrecommande_->setValue(QStringLiteral("Barrefenêtre"), position != 0);
+    if (barre == Barre::Outils)
+        barrecommande_->setValue(QStringLiteral("Barreoutils"), position != 0);
+}
+
+void Ecrangeneral::montrebarreetat(bool visible) {
+    barreetat_->setVisible(visible);
+    menus_->entree(QStringLiteral("maffichage0(3)"))->setChecked(visible);
+}
+
+void Ecrangeneral::placefond(const FondEcran& fond) {
+    if (fond.couleur)
+        fond_.couleur = fond.couleur;
+    fond_.image = fond.image;
+    peintfond();
+}
+
+void Ecrangeneral::peintfond() {
+    QColor couleur = palette().color(QPalette::Window);
+    if (fond_.couleur)
+        couleur = viewColour(static_cast<std::int32_t>(*fond_.couleur));
+    // A light ground would outshine the documents of a dark desk.
+    if (look::themeOf(palette()) == look::Theme::Dark)
+        couleur = assombrie(couleur, palette().color(QPalette::Window));
+    aire_->setBack(fond_.image >= 0 ? fondecran(fond_.image, aire_->size(), devicePixelRatioF()) : QPixmap(), couleur);
+}
+
+void Ecrangeneral::montreselection(bool montree) {
+    volet_->setVisible(montree);
+    barrecommande_->setValue(QStringLiteral("Rechercher"), montree);
+}
+
+void Ecrangeneral::montreslot(int indice, bool ouverte) {
+    barreecran_->setValue(clebouton(indice), ouverte);
+    menus_->entree(QStringLiteral("maffichagef"), indice)->setChecked(ouverte);
+}
+
+void Ecrangeneral::montredispositions(bool visibles) {
+    for (const QString& cle :
+         {QStringLiteral("Cascade"), QStringLiteral("Horizontalement"), QStringLiteral("Verticalement")})
+        barrecommande_->setButtonVisible(cle, visibles);
 }
 
 void Ecrangeneral::place(const PositionFenetre& position) {
@@ -68,49 +160,10 @@ void Ecrangeneral::montre() {
 
 PositionFenetre Ecrangeneral::position() const {
     // The frame's own size is written whatever its state: maximised, that is the size it has on the screen.
-    const QRect place = geometry();
+    const QRect ici = geometry();
     const int etat = isMinimized() ? Reduit : isMaximized() ? Agrandi : Normal;
-    return {etat, twipsFromPixels(place.x()), twipsFromPixels(place.y()), twipsFromPixels(place.width()),
-            twipsFromPixels(place.height())};
-}
-
-void Ecrangeneral::ajoute(Textes* fenetre) {
-    QMdiSubWindow* cadre = aire_->addSubWindow(fenetre);
-    cadre->setAttribute(Qt::WA_DeleteOnClose);
-    cadre->setWindowIcon(windowIcon());
-    cadre->resize(720, 560);
-    if (aire_->subWindowList().size() == 1)
-        cadre->showMaximized();
-    else
-        cadre->show();
-}
-
-void Ecrangeneral::avance(Textes* fenetre) {
-    auto* cadre = qobject_cast<QMdiSubWindow*>(fenetre->parentWidget());
-    if (!cadre)
-        return;
-    if (cadre->isMinimized())
-        cadre->showNormal();
-    aire_->setActiveSubWindow(cadre);
-    fenetre->setFocus();
-}
-
-std::vector<Textes*> Ecrangeneral::fenetres() const {
-    std::vector<Textes*> liste;
-    for (const QMdiSubWindow* cadre : aire_->subWindowList()) {
-        if (auto* fenetre = qobject_cast<Textes*>(cadre->widget()))
-            liste.push_back(fenetre);
-    }
-    return liste;
-}
-
-Textes* Ecrangeneral::active() const {
-    const QMdiSubWindow* cadre = aire_->activeSubWindow();
-    return cadre ? qobject_cast<Textes*>(cadre->widget()) : nullptr;
-}
-
-void Ecrangeneral::fermefenetres() {
-    aire_->closeAllSubWindows();
+    return {etat, twipsFromPixels(ici.x()), twipsFromPixels(ici.y()), twipsFromPixels(ici.width()),
+            twipsFromPixels(ici.height())};
 }
 
 void Ecrangeneral::ferme() {
@@ -131,6 +184,25 @@ void Ecrangeneral::closeEvent(QCloseEvent* evenement) {
         }
     }
     evenement->accept();
+}
+
+void Ecrangeneral::changeEvent(QEvent* evenement) {
+    QMainWindow::changeEvent(evenement);
+    if (evenement->type() == QEvent::PaletteChange)
+        peintfond();
+}
+
+bool Ecrangeneral::eventFilter(QObject* objet, QEvent* evenement) {
+    // The mouse's own back and forward buttons work wherever the pointer is over the frame.
+    if (evenement->type() == QEvent::MouseButtonPress && QApplication::activeModalWidget() == nullptr) {
+        const Qt::MouseButton bouton = static_cast<QMouseEvent*>(evenement)->button();
+        auto* ici = qobject_cast<QWidget*>(objet);
+        if ((bouton == Qt::BackButton || bouton == Qt::ForwardButton) && ici && ici->window() == this) {
+            emit historiquevoulu(bouton == Qt::BackButton);
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(objet, evenement);
 }
 
 } // namespace velm

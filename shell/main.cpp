@@ -41,6 +41,7 @@ int main(int argc, char** argv) {
     velm::QtNavigateur navigateur;
     velm::SystemProcessus processus;
     velm::QtSablier sablier;
+    velm::QtPressePapiers pressepapiers;
     velm::OptionsProgramme options;
     options.dossierprogramme = dossierprogramme();
     options.fichierprogramme = QCoreApplication::applicationFilePath();
@@ -49,7 +50,7 @@ int main(int argc, char** argv) {
     options.dossierinstance = velm::SingleInstance::defaultFolder();
     options.dossierdonnees = velm::Extensions::defaultDataFolder();
 
-    velm::Programme programme(options, {dialogues, navigateur, processus, sablier});
+    velm::Programme programme(options, {dialogues, navigateur, processus, sablier, pressepapiers});
     programmepret = &programme;
     dialogues.setCaptions([&](velm::Bouton bouton) { return programme.libellebouton(bouton); });
     velm::setRuntimeErrorHandler([&](const velm::RuntimeFailure& erreur) {

@@ -1,16 +1,14 @@
 #include "shell/programme.h"
 
-#include "core/cle.h"
-#include "document/affichage.h"
-#include "document/ui/textes.h"
 #include "platform/system/extensions.h"
 #include "platform/system/files.h"
+#include "shell/bureau.h"
+#include "shell/commandes.h"
 #include "shell/ecrangeneral.h"
 #include "shell/splash.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QIcon>
 
 /// A library's resources do not come in by themselves; the macro wants the global name space.
 static void initialiseressources() {
@@ -25,7 +23,7 @@ Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
           if (!silencieux_)
               monde_.dialogues.message(numero, QString());
       }),
-      seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, *this) {
+      seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, *this), barres_(reglages_) {
     initialiseressources();
     reglages_.surechec([this](const QString&) { ditechec(); });
 }
@@ -48,6 +46,9 @@ Environnement Programme::environnement() {
         Extensions::Libelles libelles;
         libelles.application = langue_.lireressource(8);
         libelles.editeur = langue_.lireressource(2624);
+        libelles.criteres = langue_.lireressource(9440);
+        libelles.dossier = langue_.lireressource(9441);
+        libelles.modele = langue_.lireressource(9442);
         Extensions(options_.dossierdonnees).registerAll(application, editeur, libelles, &monde_.processus);
     };
     return env;
@@ -108,153 +109,6 @@ void Programme::ouvreaide() {
         }
     }
     monde_.dialogues.message(langue_.lireressource(7030), langue_.lireressource(8), Icone::Information);
-}
-
-Textes* Programme::fenetre(int indice) const {
-    return dynamic_cast<Textes*>(navigation_.fenetre(indice));
-}
-
-void Programme::afficheetape(const QString& texte) {
-    // Before the splash stands, and after a missing base has put it away, the label is only remembered.
-    etape_ = texte;
-    if (accueil_)
-        accueil_->changeetape(texte);
-}
-
-void Programme::montreaccueil() {
-    accueil_ = std::make_unique<frmSplash>(frmSplash::Textes{
-        langue_.lireressource(8), langue_.lireressource(2) + u' ' + QCoreApplication::applicationVersion(),
-        langue_.lireressource(7)});
-    accueil_->changeetape(etape_);
-    accueil_->show();
-    accueil_->repaint();
-}
-
-void Programme::fermeaccueil() {
-    accueil_.reset();
-}
-
-void Programme::ditechec() {
-    // The first write comes before the language file is known: the words have to wait for it.
-    echecretenu_ = langue_.fichier().isEmpty();
-    if (!echecretenu_)
-        monde_.dialogues.message(remplace(langue_.lireressource(9402), {magasin_.path()}), langue_.lireressource(8),
-                                 Icone::Exclamation);
-}
-
-void Programme::litstyles() {
-    if (echecretenu_)
-        ditechec();
-    styles_ = velm::litstyles(reglages_, langue_, seance_.parametres().textes);
-}
-
-void Programme::effacereconstructions() {}
-
-bool Programme::connexion() {
-    const QString dossier = seance_.parametres().repertoiredebase;
-    const OpenError erreur = corpus_.connecte(seance_.fichierbase());
-    QString texte =
-        langue_.lireressource(7101) + u'"' + dossier + QStringLiteral("\".\n\n") + langue_.lireressource(7102);
-    if (erreur == OpenError::OldEngine)
-        texte = remplace(langue_.lireressource(9403), {seance_.fichierbase()});
-    else if (erreur == OpenError::Foreign)
-        texte = remplace(langue_.lireressource(9404), {seance_.fichierbase()});
-    monde_.dialogues.message(texte, langue_.lireressource(7100), Icone::Exclamation);
-    return corpus_.connecte();
-}
-
-void Programme::ouvredossiers() {}
-
-void Programme::fermedossiers() {}
-
-QString Programme::chargeprincipale() {
-    ecran_ = std::make_unique<Ecrangeneral>([this](int n) { return langue_.lireressource(n); });
-    ecran_->setWindowIcon(QIcon(QStringLiteral(":/velmorante.svg")));
-    ecran_->avantfermeture = [this] { return seance_.quitteprogramme(); };
-    connect(ecran_.get(), &Ecrangeneral::quitter, this, [this] { seance_.quitteprogramme(); });
-    ecran_->place(seance_.positionprincipale());
-    seance_.afficheetape(langue_.lireressource(503));
-    seance_.restaurefenetres();
-    seance_.afficheetape(langue_.lireressource(504));
-    seance_.afficheetape(langue_.lireressource(505));
-    seance_.ouvrecriteresdelaligne();
-    return QString::number(ecran_->winId());
-}
-
-void Programme::montreprincipale() {
-    ecran_->montre();
-}
-
-void Programme::ouvrefichierdossier(const QString&) {}
-
-void Programme::ouvrefichiercriteres(const QString&) {}
-
-void Programme::astuce() {}
-
-bool Programme::impressionouverte() const {
-    return false;
-}
-
-void Programme::termineimpression() {}
-
-void Programme::abandonneimpression() {}
-
-EtatFenetres Programme::etatfenetres() const {
-    EtatFenetres etat;
-    if (!ecran_)
-        return etat;
-    for (std::size_t indice = 0; indice < etat.cochees.size(); ++indice) {
-        const Textes* ouverte = fenetre(static_cast<int>(indice));
-        etat.cochees.at(indice) = ouverte != nullptr;
-        if (ouverte)
-            etat.libelles.at(indice) = ouverte->windowTitle();
-    }
-    for (const Textes* ouverte : ecran_->fenetres())
-        etat.filles.push_back({ouverte->objectName(), ouverte->referencecourante()});
-    if (const Textes* active = ecran_->active())
-        etat.titreactif = active->windowTitle();
-    etat.principale = ecran_->position();
-    etat.largeurpane = seance_.preferences().largeurselection;
-    return etat;
-}
-
-void Programme::sauvederniers() {}
-
-void Programme::fermefenetres() {
-    if (ecran_)
-        ecran_->fermefenetres();
-}
-
-void Programme::fermeprincipale() {
-    if (ecran_)
-        ecran_->ferme();
-}
-
-FenetreNavigable* Programme::creefenetre(int indice) {
-    ContexteTextes contexte{.corpus = corpus_,
-                            .reglages = reglages_,
-                            .navigation = navigation_,
-                            .styles = styles_,
-                            .parametres = seance_.parametres(),
-                            .sablier = monde_.sablier,
-                            .navigateur = monde_.navigateur,
-                            .pressepapiers = pressepapiers_,
-                            .rafraichir = rafraichir_,
-                            .texte = [this](int numero) { return langue_.lireressource(numero); },
-                            .libelle = [this](int celui) { return seance_.libelle(celui); }};
-    auto* nouvelle = new Textes(indice, contexte);
-    connect(nouvelle, &Textes::premierplan, this, [this, nouvelle] { ecran_->avance(nouvelle); });
-    ecran_->ajoute(nouvelle);
-    return nouvelle;
-}
-
-void Programme::montrefenetre(int indice, bool visible) {
-    if (Textes* celle = fenetre(indice); celle && celle->parentWidget())
-        celle->parentWidget()->setVisible(visible);
-}
-
-void Programme::navigue(const QString& commande, const QString& ancre) {
-    navigation_.navigue(commande, false, ancre);
 }
 
 } // namespace velm

@@ -1,24 +1,28 @@
 #pragma once
 // The one place that knows everybody: owns the run's state and connects the rooms.
+#include "core/barres.h"
+#include "core/cle.h"
 #include "core/corpus.h"
 #include "core/langue.h"
 #include "core/reglages.h"
 #include "core/seance.h"
-#include "document/navigation.h"
 #include "document/sablier.h"
 #include "document/styles.h"
 #include "platform/system/dialogues.h"
 #include "platform/system/outside.h"
 #include "platform/system/process.h"
 #include "platform/system/singleinstance.h"
-#include "platform/system/ui/qtoutside.h"
 #include "platform/text/failure.h"
+
+#include <QPointer>
 
 #include <array>
 #include <memory>
 
 namespace velm {
 
+class Bureau;
+class Commandes;
 class Ecrangeneral;
 class Textes;
 class frmSplash;
@@ -29,6 +33,7 @@ struct MondeExterieur {
     Navigateur& navigateur;
     Processus& processus;
     Sablier& sablier;
+    PressePapiers& pressepapiers;
 };
 
 struct OptionsProgramme {
@@ -40,7 +45,7 @@ struct OptionsProgramme {
     QString dossierdonnees;  ///< the user's data folder, for the file types
 };
 
-class Programme final : public QObject, public Ecrans, public HoteNavigation {
+class Programme final : public QObject, public Ecrans {
     Q_OBJECT
 
 public:
@@ -60,6 +65,8 @@ public:
     void ouvreaide();
 
     Ecrangeneral* ecran() const { return ecran_.get(); }
+    Bureau& bureau() const { return *bureau_; }
+    Commandes& commandes() const { return *commandes_; }
     Textes* fenetre(int indice) const;
     Seance& seance() { return seance_; }
     Corpus& corpus() { return corpus_; }
@@ -76,7 +83,7 @@ public:
     void fermedossiers() override;
     QString chargeprincipale() override;
     void montreprincipale() override;
-    void navigue(const QString& commande) override { navigue(commande, QString()); }
+    void navigue(const QString& commande) override;
     void ouvrefichierdossier(const QString& chemin) override;
     void ouvrefichiercriteres(const QString& chemin) override;
     void astuce() override;
@@ -88,19 +95,14 @@ public:
     void fermefenetres() override;
     void fermeprincipale() override;
 
-    /// Opens a document by "TA" and its key; `ancre` puts the caret.
-    void navigue(const QString& commande, const QString& ancre);
-
-    // ---- HoteNavigation
-    FenetreNavigable* creefenetre(int indice) override;
-    void montrefenetre(int indice, bool visible) override;
-    void slotchange(int, bool) override {}
-    void activehistorique(bool, bool) override {}
-    void majderniersdocuments() override {}
-    bool dossiersouverts() const override { return false; }
+    void montreapropos();
+    void montrepartenaires();
 
 private:
     Environnement environnement();
+    Textes* fabriquefenetre(int indice);
+    void chargebarres();
+    void chargecommandes();
     QString raison(const RuntimeFailure& erreur);
     void ditechec(); ///< settings cannot be written
 
@@ -116,11 +118,12 @@ private:
     Seance seance_;
     QString etape_;
     bool echecretenu_ = false;
-    QtPressePapiers pressepapiers_;
-    std::array<bool, nombredefenetres> rafraichir_{};
-    Navigation navigation_{*this, corpus_};
+    EtatBarres barres_;
+    std::array<bool, nombredefenetres> rafraichir_{}; ///< by slot: shown again at the next focus
     std::unique_ptr<frmSplash> accueil_;
     std::unique_ptr<Ecrangeneral> ecran_;
+    std::unique_ptr<Bureau> bureau_;
+    std::unique_ptr<Commandes> commandes_;
 };
 
 } // namespace velm

@@ -34,6 +34,8 @@ protected:
         ASSERT_TRUE(
             QFile::copy(QStringLiteral(VELM_SOURCE_DIR "/master.ini"), dossier.filePath(QStringLiteral("master.ini"))));
         ecritbase();
+        // A tip would stand before everything else.
+        regle(u"OPTIONS", u"TIPS", QStringLiteral("0"));
     }
     void TearDown() override { programme.reset(); }
 
@@ -66,10 +68,13 @@ protected:
         options.fichierreglages = dossier.filePath(QStringLiteral("reglages.ini"));
         options.dossierinstance = dossier.path();
         options.dossierdonnees = dossier.filePath(QStringLiteral("donnees"));
-        programme = std::make_unique<Programme>(options, MondeExterieur{dialogues, navigateur, processus, sablier});
+        programme = std::make_unique<Programme>(options, MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers});
         return programme->demarre();
     }
 
+    void regle(QStringView section, QStringView cle, const QString& valeur) const {
+        ReglagesStore(dossier.filePath(QStringLiteral("reglages.ini"))).save(section, cle, valeur);
+    }
     QString reglage(const char* section, const char* cle) const {
         return ReglagesStore(dossier.filePath(QStringLiteral("reglages.ini")))
             .get(QString::fromUtf8(section), QString::fromUtf8(cle), QStringLiteral("(absent)"));
@@ -89,6 +94,7 @@ protected:
     NavigateurScript navigateur;
     ProcessusScript processus;
     SablierMuet sablier;
+    PressePapiersScript pressepapiers;
     std::unique_ptr<Programme> programme;
 };
 

@@ -1,5 +1,6 @@
 // What opens, what does not, and what each failure is called.
 #include "tests/platform/engine/base.h"
+#include "tests/support/without_rights.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -13,6 +14,8 @@
 
 namespace velm::testing {
 namespace {
+
+using test::WithoutRights;
 
 class OpenTest : public EngineTest {
 protected:
@@ -46,28 +49,6 @@ protected:
             words.push_back({u"MOT%1"_s.arg(i), QByteArray("A\0\0\1", 4)});
         fill(*made.database, u"dico"_s, {u"mot"_s, u"liste"_s}, words);
     }
-};
-
-/// Acts as a user without rights while it lives; the tests may run as one who has them all.
-class WithoutRights {
-public:
-    WithoutRights() {
-#ifdef Q_OS_UNIX
-        if (geteuid() == 0)
-            changed_ = seteuid(65534) == 0;
-#endif
-    }
-    ~WithoutRights() {
-#ifdef Q_OS_UNIX
-        if (changed_ && seteuid(0) != 0)
-            abort();
-#endif
-    }
-    WithoutRights(const WithoutRights&) = delete;
-    WithoutRights& operator=(const WithoutRights&) = delete;
-
-private:
-    bool changed_ = false;
 };
 
 TEST_F(OpenTest, AMissingFileFailsAndNoneIsMade) {

@@ -1,0 +1,226 @@
+// The reading desk with a whole collection: what a reader waits for in the windows, and what a long session costs.
+//   bench_bureau BASE [--session N]     without --session the benchmarks run, with it N documents are opened and closed
+#include "core/cle.h"
+#include "document/ui/textes.h"
+#include "platform/engine/recordset.h"
+#include "platform/system/settings.h"
+#include "platform/system/ui/qtdialogues.h"
+#include "platform/system/ui/qtoutside.h"
+#include "platform/widgets/childarea.h"
+#include "platform/widgets/flexgrid.h"
+#include "platform/widgets/look.h"
+#include "platform/widgets/toolbar.h"
+#include "platform/widgets/treeview.h"
+#include "shell/bureau.h"
+#include "shell/ecrangeneral.h"
+#include "shell/programme.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QMdiSubWindow>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+using namespace velm;
+
+/// The collection whose tree and list are shown: that with the most documents.
+constexpr int collection = 3;
+
+class Bureaudessai {
+public:
+    explicit Bureaudessai(const QString& base) {
+        QDir(dossier_.path()).mkpath(QStringLiteral("langues"));
+        QFile::copy(QStringLiteral(VELM_SOURCE_DIR "/langues/RES2000.FR"),
+                    dossier_.filePath(QStringLiteral("langues/RES2000.FR")));
+        QFile::link(QFileInfo(base).absoluteFilePath(), dossier_.filePath(QStringLiteral("velm2000.dat")));
+        const QString reglages = dossier_.filePath(QStringLiteral("reglages.ini"));
+        ReglagesStore magasin(reglages);
+        magasin.save(u"OPTIONS", u"TIPS", QStringLiteral("0"));
+        magasin.save(u"GENERALITES", u"CHECKQUIT", QStringLiteral("1"));
+        OptionsProgramme options;
+        options.dossierprogramme = dossier_.path();
+        options.fichierprogramme = dossier_.filePath(QStringLiteral("velm2000"));
+        options.fichierreglages = reglages;
+        options.dossierinstance = dossier_.path();
+        options.dossierdonnees = dossier_.filePath(QStringLiteral("donnees"));
+        programme_ = std::make_unique<Programme>(
+            options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_, pressepapiers_});
+        prete_ = programme_->demarre() == Demarrage::EnMarche;
+        QCoreApplication::processEvents();
+    }
+
+    bool prete() const { return prete_; }
+    Bureau& bureau() { return programme_->bureau(); }
+    Navigation& navigation() { return bureau().navigation(); }
+    Corpus& corpus() { return programme_->corpus(); }
+
+    /// A fresh window of the collection, painted.
+    Textes& fenetre() {
+        ferme();
+        navigation().ouvrefenetre(collection);
+        peint();
+        return *bureau().fenetre(collection);
+    }
+    void ferme() {
+        bureau().fermefenetres();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+    /// Paints what waits to be painted.
+    static void peint() {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+
+    /// Keys of the collection in order of the length of their bodies.
+    QStringList clesparlongueur() {
+        std::vector<std::pair<qint64, QString>> cles;
+        const QString code = typedindice(collection);
+        Recordset& donnees = corpus().donnees();
+        donnees.setIndex(QStringLiteral("primarykey"));
+        for (donnees.seek(Seek::GreaterOrEqual, code); !donnees.eof(); donnees.moveNext()) {
+            if (donnees.text(QStringLiteral("référence")) != code)
+                break;
+            cles.emplace_back(donnees.bytes(QStringLiteral("contenu")).size(),
+                              code + donnees.text(QStringLiteral("numart")));
+        }
+        std::ranges::sort(cles);
+        QStringList liste;
+        for (const auto& [taille, cle] : cles)
+            liste.append(cle);
+        return liste;
+    }
+
+private:
+    QTemporaryDir dossier_;
+    QtDialogues dialogues_{[](int) {}};
+    QtNavigateur navigateur_;
+    SystemProcessus processus_;
+    SablierMuet sablier_;
+    QtPressePapiers pressepapiers_;
+    std::unique_ptr<Programme> programme_;
+    bool prete_ = false;
+};
+
+Bureaudessai* bureau = nullptr;
+
+void presse(Textes& fenetre, const QString& cle) {
+    emit fenetre.barrechild().buttonClicked(cle);
+    Bureaudessai::peint();
+}
+
+void sommaire(benchmark::State& etat) {
+    for ([[maybe_unused]] const auto& tour : etat) {
+        etat.PauseTiming();
+        Textes& fenetre = bureau->fenetre();
+        etat.ResumeTiming();
+        presse(fenetre, QStringLiteral("arbre"));
+    }
+}
+
+/// The slowest expansion of a walk that opens every node of the tree.
+void developpement(benchmark::State& etat) {
+    double pire = 0;
+    int noeuds = 0;
+    for ([[maybe_unused]] const auto& tour : etat) {
+        Textes& fenetre = bureau->fenetre();
+        presse(fenetre, QStringLiteral("arbre"));
+        TreeView& arbre = fenetre.arbre();
+        for (int noeud = 1; noeud <= arbre.nodes().count(); ++noeud) {
+            if (arbre.nodes().children(noeud) == 0)
+                continue;
+            QElapsedTimer montre;
+            montre.start();
+            arbre.expand(arbre.indexOf(noeud));
+            Bureaudessai::peint();
+            pire = std::max(pire, static_cast<double>(montre.nsecsElapsed()) * 1e-9);
+        }
+        noeuds = arbre.nodes().count();
+        etat.SetIterationTime(pire);
+    }
+    etat.counters["nodes"] = noeuds;
+}
+
+void liste(benchmark::State& etat) {
+    int lignes = 0;
+    for ([[maybe_unused]] const auto& tour : etat) {
+        etat.PauseTiming();
+        Textes& fenetre = bureau->fenetre();
+        etat.ResumeTiming();
+        presse(fenetre, QStringLiteral("tableau"));
+        lignes = fenetre.flex().rows() - 1;
+    }
+    etat.counters["rows"] = lignes;
+}
+
+void ouverture(benchmark::State& etat) {
+    const QStringList cles = bureau->clesparlongueur();
+    Textes& fenetre = bureau->fenetre();
+    qsizetype rang = cles.size() / 2;
+    for ([[maybe_unused]] const auto& tour : etat) {
+        // Neighbours in length: all of median size, none shown twice in a row.
+        rang = cles.size() / 2 + (rang + 1) % 20;
+        bureau->navigation().navigue(QStringLiteral("TA") + cles.at(rang));
+        fenetre.vue().viewport()->repaint();
+    }
+}
+
+BENCHMARK(sommaire)->Name("Tree/first show")->Unit(benchmark::kMillisecond);
+BENCHMARK(developpement)->Name("Tree/slowest expansion")->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
+BENCHMARK(liste)->Name("List/shown")->Unit(benchmark::kMillisecond);
+BENCHMARK(ouverture)->Name("Navigate/median article")->Unit(benchmark::kMillisecond);
+
+/// Resident memory, MB.
+double memoire() {
+    QFile etat(QStringLiteral("/proc/self/status"));
+    if (!etat.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& ligne : etat.readAll().split('\n')) {
+        if (ligne.startsWith("VmRSS:"))
+            return ligne.mid(6).simplified().split(' ').first().toDouble() / 1024;
+    }
+    return 0;
+}
+
+void session(int documents) {
+    const QStringList cles = bureau->clesparlongueur();
+    double depart = 0;
+    for (int rang = 0; rang < documents; ++rang) {
+        bureau->navigation().navigue(QStringLiteral("TA") + cles.at((rang * 7919LL) % cles.size()));
+        Bureaudessai::peint();
+        bureau->ferme();
+        if (rang == std::min(99, documents - 1))
+            depart = memoire();
+    }
+    std::printf("%d documents opened and closed: %.1f MB after the first 100, %.1f MB at the end\n", documents, depart,
+                memoire());
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    benchmark::Initialize(&argc, argv);
+    QApplication application(argc, argv);
+    velm::look::apply(application, velm::look::Theme::Light);
+    const QStringList mots = QCoreApplication::arguments();
+    const QString base = mots.value(1, QCoreApplication::applicationDirPath() + QStringLiteral("/velm2000.dat"));
+    Bureaudessai essai(base);
+    if (!essai.prete())
+        return 1;
+    bureau = &essai;
+    if (mots.value(2) == QStringLiteral("--session"))
+        session(mots.value(3, QStringLiteral("1000")).toInt());
+    else
+        benchmark::RunSpecifiedBenchmarks();
+    essai.ferme();
+}

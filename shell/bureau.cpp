@@ -1,0 +1,138 @@
+#include "shell/bureau.h"
+
+#include "core/cle.h"
+#include "document/ui/textes.h"
+#include "platform/widgets/statusbar.h"
+#include "platform/widgets/toolbar.h"
+#include "shell/ecrangeneral.h"
+#include "shell/menus.h"
+
+#include <QMdiSubWindow>
+
+namespace velm {
+
+namespace {
+
+/// Windows in the frame beyond which arranging them makes sense; the frame itself counts.
+constexpr int formesadisposer = 3;
+
+} // namespace
+
+Bureau::Bureau(Ecrangeneral& ecran, Corpus& corpus, std::function<Textes*(int indice)> fabrique)
+    : ecran_(ecran), fabrique_(std::move(fabrique)), navigation_(*this, corpus) {
+    ecran_.barrecommande().setMenus(QStringLiteral("Précédent"), &navigation_.historique().precedent.menus());
+    ecran_.barrecommande().setMenus(QStringLiteral("Suivant"), &navigation_.historique().suivant.menus());
+    connect(&ecran_.aire(), &ChildArea::childActivated, this, [this](QWidget* fenetre) {
+        if (auto* textes = qobject_cast<Textes*>(fenetre))
+            textes->activation();
+        majmenus();
+    });
+}
+
+Bureau::~Bureau() = default;
+
+FenetreNavigable* Bureau::creefenetre(int indice) {
+    // A window that is being made counts as a form already.
+    enfabrication_ = 1;
+    Textes* nouvelle = fabrique_(indice);
+    enfabrication_ = 0;
+    if (!nouvelle)
+        return nullptr;
+    QMdiSubWindow* cadre = ecran_.aire().add(nouvelle);
+    cadre->setWindowIcon(nouvelle->windowIcon());
+    suit(*nouvelle);
+    const PlaceTextes place = nouvelle->placevoulue();
+    ecran_.aire().place(nouvelle, place.etat, place.gauche, place.haut, place.largeur, place.hauteur);
+    ecran_.aire().activate(nouvelle);
+    return nouvelle;
+}
+
+void Bureau::suit(Textes& fenetre) {
+    const int indice = fenetre.indice();
+    connect(&fenetre, &QWidget::windowTitleChanged, this, [this, indice](const QString& titre) {
+        ecran_.menus().nommeecran(indice, titre);
+    });
+    ecran_.menus().nommeecran(indice, fenetre.windowTitle());
+    connect(&fenetre, &Textes::menuschanges, this, &Bureau::majmenus);
+    connect(&fenetre, &Textes::premierplan, this, [this, ici = &fenetre] { ecran_.aire().activate(ici); });
+    connect(&fenetre, &Textes::cible, this, [this](const QString& texte) {
+        ecran_.barreetat().setPassing(QStringLiteral("wait"), texte);
+    });
+    connect(&fenetre, &Textes::ferme, this, [this, indice] { ecran_.menus().cocheecran(indice, false); });
+}
+
+void Bureau::montrefenetre(int indice, bool visible) {
+    Textes* presente = fenetre(indice);
+    if (!presente)
+        return;
+    if (visible)
+        ecran_.aire().activate(presente);
+    else
+        ecran_.aire().hideChild(presente);
+}
+
+void Bureau::slotchange(int indice, bool ouverte) {
+    ecran_.montreslot(indice, ouverte);
+    ecran_.menus().cocheecran(indice, navigation_.fenetreouverte(indice));
+}
+
+void Bureau::activehistorique(bool precedent, bool suivant) {
+    ecran_.barrecommande().setButtonEnabled(QStringLiteral("Précédent"), precedent);
+    ecran_.barrecommande().setButtonEnabled(QStringLiteral("Suivant"), suivant);
+}
+
+void Bureau::majderniersdocuments() {
+    ecran_.menus().changederniers(navigation_.entreesderniers());
+}
+
+void Bureau::basculeslot(int indice) {
+    navigation_.basculefenetre(indice, !navigation_.maffichagef(indice));
+}
+
+void Bureau::amene(int indice) {
+    if (Textes* presente = fenetre(indice)) {
+        ecran_.aire().activate(presente);
+        presente->setFocus();
+    }
+}
+
+void Bureau::arrange(ChildArea::Arrangement disposition) {
+    ecran_.aire().arrange(disposition);
+}
+
+std::vector<Textes*> Bureau::fenetres() const {
+    std::vector<Textes*> liste;
+    for (QWidget* fille : ecran_.aire().children()) {
+        if (auto* textes = qobject_cast<Textes*>(fille))
+            liste.push_back(textes);
+    }
+    return liste;
+}
+
+Textes* Bureau::fenetre(int indice) const {
+    return navigation_.fenetreouverte(indice) ? dynamic_cast<Textes*>(navigation_.fenetre(indice)) : nullptr;
+}
+
+Textes* Bureau::active() const {
+    return qobject_cast<Textes*>(ecran_.aire().activeChild());
+}
+
+int Bureau::nombredeformes() const {
+    return static_cast<int>(ecran_.aire().children().size()) + 1 + enfabrication_;
+}
+
+void Bureau::majdispositions() {
+    ecran_.montredispositions(nombredeformes() > formesadisposer);
+}
+
+void Bureau::majmenus() {
+    const Textes* textes = active();
+    ecran_.menus().montredocument(textes != nullptr, textes && textes->menusactifs());
+    ecran_.menus().marqueactive(textes ? textes->indice() : -1);
+}
+
+void Bureau::fermefenetres() {
+    ecran_.aire().closeAllSubWindows();
+}
+
+} // namespace velm

@@ -1,0 +1,64 @@
+#pragma once
+// The desk: the document windows in their slots, and what keeps the frame's bars and menus in step with them.
+#include "document/navigation.h"
+#include "platform/widgets/childarea.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+#include <vector>
+
+namespace velm {
+
+class Ecrangeneral;
+class Textes;
+
+class Bureau final : public QObject, public HoteNavigation {
+    Q_OBJECT
+
+public:
+    /// `fabrique` makes the window of a slot; the frame's area takes it over.
+    Bureau(Ecrangeneral& ecran, Corpus& corpus, std::function<Textes*(int indice)> fabrique);
+    ~Bureau() override;
+
+    Navigation& navigation() { return navigation_; }
+
+    // ---- HoteNavigation
+    FenetreNavigable* creefenetre(int indice) override;
+    void montrefenetre(int indice, bool visible) override;
+    void slotchange(int indice, bool ouverte) override;
+    void activehistorique(bool precedent, bool suivant) override;
+    void majderniersdocuments() override;
+    bool dossiersouverts() const override { return dossiersouverts_; }
+    void changedossiersouverts(bool ouverts) { dossiersouverts_ = ouverts; }
+
+    /// A slot's button or menu entry was pressed: makes, shows or hides its window.
+    void basculeslot(int indice);
+    /// Brings a slot's window forward, from the window list.
+    void amene(int indice);
+    void arrange(ChildArea::Arrangement disposition);
+
+    /// All document windows in the order of their making, hidden ones too.
+    std::vector<Textes*> fenetres() const;
+    Textes* fenetre(int indice) const;
+    /// The active document window; null when none is.
+    Textes* active() const;
+    /// Created forms, the frame among them.
+    int nombredeformes() const;
+    /// Shows the buttons that arrange windows when there are more than three forms.
+    void majdispositions();
+    void fermefenetres();
+
+private:
+    void suit(Textes& fenetre);
+    void majmenus();
+
+    Ecrangeneral& ecran_;
+    std::function<Textes*(int)> fabrique_;
+    Navigation navigation_;
+    bool dossiersouverts_ = false;
+    int enfabrication_ = 0;
+};
+
+} // namespace velm

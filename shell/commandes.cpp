@@ -1,0 +1,175 @@
+#include "shell/commandes.h"
+
+#include "core/formes.h"
+#include "document/ui/textes.h"
+#include "platform/widgets/flexgrid.h"
+#include "platform/widgets/toolbar.h"
+#include "shell/bureau.h"
+#include "shell/ecrangeneral.h"
+#include "shell/menus.h"
+#include "shell/volet.h"
+
+#include <QAction>
+#include <QApplication>
+
+namespace velm {
+
+namespace {
+
+/// The grid that a widget lies in, itself included; null for none.
+FlexGrid* grilleautour(QWidget* widget) {
+    for (; widget; widget = widget->parentWidget()) {
+        if (auto* grille = qobject_cast<FlexGrid*>(widget))
+            return grille;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Commandes::Commandes(Ecrangeneral& ecran, Bureau& bureau, EtatBarres& barres, Reglages& reglages,
+                     PressePapiers& pressepapiers, Programme programme)
+    : ecran_(ecran), bureau_(bureau), barres_(barres), reglages_(reglages), pressepapiers_(pressepapiers),
+      programme_(std::move(programme)) {
+    apprendcommandes();
+    apprendentrees();
+    connect(&ecran_, &Ecrangeneral::commande, this, &Commandes::commande);
+    connect(&ecran_, &Ecrangeneral::commandemenu, this, &Commandes::commandemenu);
+    connect(&ecran_, &Ecrangeneral::slotpresse, this, [this](int indice) { bureau_.basculeslot(indice); });
+    connect(&ecran_, &Ecrangeneral::historiquevoulu, this, [this](bool precedent) {
+        const QString cle = precedent ? QStringLiteral("Précédent") : QStringLiteral("Suivant");
+        if (ecran_.barrecommande().isButtonEnabled(cle))
+            commande(cle);
+    });
+    connect(&ecran_.menus(), &MenusEcran::choisie, this, &Commandes::entree);
+}
+
+void Commandes::apprendcommandes() {
+    const auto navigue = [this](const QString& ordre) { bureau_.navigation().navigue(ordre); };
+    const auto arrange = [this](ChildArea::Arrangement disposition) {
+        return [this, disposition](int) { bureau_.arrange(disposition); };
+    };
+    commandes_ = {
+        {QStringLiteral("Précédent"), [navigue](int) { navigue(QStringLiteral("TA-1")); }},
+        {QStringLiteral("Suivant"), [navigue](int) { navigue(QStringLiteral("TA+1")); }},
+        {QStringLiteral("Copier"), [this](int) { copier(); }},
+        {QStringLiteral("Rechercher"),
+         [this](int) { montreselection(ecran_.barrecommande().value(QStringLiteral("Rechercher"))); }},
+        {QStringLiteral("Barrefenêtre"), [this](int) { basculebarre(Barre::Ecran); }},
+        {QStringLiteral("Barreoutils"), [this](int) { basculebarre(Barre::Outils); }},
+        {QStringLiteral("Cascade"), arrange(ChildArea::Arrangement::Cascade)},
+        {QStringLiteral("Horizontalement"), arrange(ChildArea::Arrangement::TileHorizontal)},
+        {QStringLiteral("Verticalement"), arrange(ChildArea::Arrangement::TileVertical)},
+    };
+}
+
+void Commandes::apprendentrees() {
+    const auto place = [this](Barre barre) {
+        return [this, barre](int position) { placebarre(barre, position); };
+    };
+    entrees_ = {
+        {QStringLiteral("medition0"),
+         [this](int indice) {
+             if (indice == 0)
+                 copier();
+             else if (indice == 1)
+                 toutselectionner();
+         }},
+        {QStringLiteral("mselection"), [this](int) { montreselection(true); }},
+        {QStringLiteral("mnuLastFile"),
+         [this](int indice) {
+             const QString cle = bureau_.navigation().derniersdocuments().at(static_cast<std::size_t>(indice));
+             bureau_.navigation().navigue(QStringLiteral("TA") + cle, true);
+         }},
+        {QStringLiteral("mfichier3"), [this](int) { programme_.quitte(); }},
+        {QStringLiteral("mbarre1"), place(Barre::Commande)},
+        {QStringLiteral("mbarre2"), place(Barre::Ecran)},
+        {QStringLiteral("mbarre3"), place(Barre::Outils)},
+        {QStringLiteral("maffichage0"), [this](int) { commutebarreetat(); }},
+        {QStringLiteral("maffichagef"), [this](int indice) { bureau_.basculeslot(indice); }},
+        {QStringLiteral("maffichagetfu"), [this](int) { changeunefenetre(!bureau_.navigation().unefenetre()); }},
+        {QStringLiteral("mdisposition"),
+         [this](int sorte) { bureau_.arrange(static_cast<ChildArea::Arrangement>(sorte)); }},
+        {QStringLiteral("mlistefenetre"), [this](int rang) { bureau_.amene(rang - 1); }},
+        {QStringLiteral("maide0"),
+         [this](int indice) {
+             if (indice == 0)
+                 programme_.astuce();
+             else if (indice == 2)
+                 programme_.aide();
+         }},
+        {QStringLiteral("maide1"),
+         [this](int indice) { indice == 0 ? programme_.apropos() : programme_.partenaires(); }},
+    };
+}
+
+void Commandes::commande(const QString& cle) {
+    if (const auto deed = commandes_.constFind(cle); deed != commandes_.cend())
+        (*deed)(0);
+}
+
+void Commandes::commandemenu(const QString& cle, int rang) {
+    const QString saut = cle == QStringLiteral("Précédent") ? QStringLiteral("LITAP")
+                         : cle == QStringLiteral("Suivant") ? QStringLiteral("LITAS")
+                                                            : QString();
+    if (!saut.isEmpty())
+        bureau_.navigation().navigue(saut + QString::number(rang));
+}
+
+void Commandes::entree(const QString& nom, int indice) {
+    if (const auto deed = entrees_.constFind(nom); deed != entrees_.cend())
+        (*deed)(indice);
+}
+
+void Commandes::copier() {
+    QWidget* active = ecran_.aire().activeChild();
+    if (!active || active->objectName() == QStringLiteral("frmVelmorSelect"))
+        return;
+    if (!estformerecherche(active->objectName())) {
+        // A window that is neither a document nor such a list (the index) has nothing to copy, and says nothing.
+        if (auto* textes = qobject_cast<Textes*>(active))
+            textes->copie();
+        return;
+    }
+    if (auto* liste = active->findChild<FlexGrid*>(QStringLiteral("flex"))) {
+        liste->selectAll();
+        pressepapiers_.pose({liste->clip(), {}, {}});
+    }
+}
+
+void Commandes::toutselectionner() {
+    if (FlexGrid* grille = grilleautour(QApplication::focusWidget()))
+        grille->selectAll();
+    else if (Textes* textes = bureau_.active())
+        textes->toutselectionner();
+}
+
+void Commandes::placebarre(Barre barre, int position) {
+    barres_.place(barre, position);
+    ecran_.placebarre(barre, barres_.position(barre));
+}
+
+void Commandes::basculebarre(Barre barre) {
+    placebarre(barre, barres_.visible(barre) ? 0 : barres_.dernierposition(barre));
+}
+
+void Commandes::commutebarreetat() {
+    barres_.commuteetat();
+    ecran_.montrebarreetat(barres_.etat());
+}
+
+void Commandes::changeunefenetre(bool une) {
+    reglages_.savesetting(QStringLiteral("GENERALITES"), QStringLiteral("MULTIFENETRE"),
+                          une ? QStringLiteral("1") : QStringLiteral("0"));
+    bureau_.navigation().changeunefenetre(une);
+    ecran_.menus().entree(QStringLiteral("maffichagetfu"))->setChecked(une);
+}
+
+void Commandes::montreselection(bool montree) {
+    ecran_.montreselection(montree);
+    if (!montree)
+        programme_.videcompte();
+    bureau_.majdispositions();
+}
+
+} // namespace velm

@@ -1,0 +1,208 @@
+// What start and exit ask of the windows.
+#include "core/cle.h"
+#include "document/ui/textes.h"
+#include "platform/widgets/childarea.h"
+#include "shell/bureau.h"
+#include "shell/commandes.h"
+#include "shell/ecrangeneral.h"
+#include "shell/menus.h"
+#include "shell/programme.h"
+#include "shell/splash.h"
+#include "shell/volet.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QIcon>
+
+namespace velm {
+
+void Programme::afficheetape(const QString& texte) {
+    // Before the splash stands, and after a missing base has put it away, the label is only remembered.
+    etape_ = texte;
+    if (accueil_)
+        accueil_->changeetape(texte);
+}
+
+void Programme::montreaccueil() {
+    accueil_ = std::make_unique<frmSplash>(frmSplash::Textes{
+        langue_.lireressource(8), langue_.lireressource(2) + u' ' + QCoreApplication::applicationVersion(),
+        langue_.lireressource(7)});
+    accueil_->changeetape(etape_);
+    accueil_->show();
+    accueil_->repaint();
+}
+
+void Programme::fermeaccueil() {
+    accueil_.reset();
+}
+
+void Programme::ditechec() {
+    // The first write comes before the language file is known: the words have to wait for it.
+    echecretenu_ = langue_.fichier().isEmpty();
+    if (!echecretenu_)
+        monde_.dialogues.message(remplace(langue_.lireressource(9402), {magasin_.path()}), langue_.lireressource(8),
+                                 Icone::Exclamation);
+}
+
+void Programme::litstyles() {
+    if (echecretenu_)
+        ditechec();
+    styles_ = velm::litstyles(reglages_, langue_, seance_.parametres().textes);
+}
+
+void Programme::effacereconstructions() {
+    rafraichir_.fill(false);
+}
+
+bool Programme::connexion() {
+    const QString dossier = seance_.parametres().repertoiredebase;
+    const OpenError erreur = corpus_.connecte(seance_.fichierbase());
+    QString texte =
+        langue_.lireressource(7101) + u'"' + dossier + QStringLiteral("\".\n\n") + langue_.lireressource(7102);
+    if (erreur == OpenError::OldEngine)
+        texte = remplace(langue_.lireressource(9403), {seance_.fichierbase()});
+    else if (erreur == OpenError::Foreign)
+        texte = remplace(langue_.lireressource(9404), {seance_.fichierbase()});
+    monde_.dialogues.message(texte, langue_.lireressource(7100), Icone::Exclamation);
+    return corpus_.connecte();
+}
+
+void Programme::ouvredossiers() {}
+
+void Programme::fermedossiers() {}
+
+QString Programme::chargeprincipale() {
+    const auto texte = [this](int numero) { return langue_.lireressource(numero); };
+    ecran_ = std::make_unique<Ecrangeneral>(texte);
+    ecran_->setWindowIcon(QIcon(QStringLiteral(":/velmorante.svg")));
+    ecran_->avantfermeture = [this] { return seance_.quitteprogramme(); };
+    bureau_ = std::make_unique<Bureau>(*ecran_, corpus_, [this](int indice) { return fabriquefenetre(indice); });
+    chargecommandes();
+    ecran_->place(seance_.positionprincipale());
+    const Preferences& preferences = seance_.preferences();
+    if (const auto fond = velm::fondecran(preferences.fond != 0 ? preferences.fondno : -1, preferences.fondcouleur))
+        ecran_->placefond(*fond);
+    ecran_->picturesselection().changelargeurpane(preferences.largeurselection);
+    seance_.afficheetape(langue_.lireressource(503));
+    chargebarres();
+    seance_.restaurefenetres();
+    seance_.afficheetape(langue_.lireressource(504));
+    bureau_->navigation().chargederniers(reglages_);
+    bureau_->majderniersdocuments();
+    seance_.afficheetape(langue_.lireressource(505));
+    seance_.ouvrecriteresdelaligne();
+    return QString::number(ecran_->winId());
+}
+
+void Programme::chargebarres() {
+    barres_.charge(seance_.preferences());
+    for (const Barre barre : toutesbarres)
+        ecran_->placebarre(barre, barres_.position(barre));
+    ecran_->montrebarreetat(barres_.etat());
+}
+
+void Programme::chargecommandes() {
+    Commandes::Programme autour;
+    autour.quitte = [this] { seance_.quitteprogramme(); };
+    autour.aide = [this] { ouvreaide(); };
+    autour.astuce = [this] { astuce(); };
+    autour.apropos = [this] { montreapropos(); };
+    autour.partenaires = [this] { montrepartenaires(); };
+    commandes_ = std::make_unique<Commandes>(*ecran_, *bureau_, barres_, reglages_, monde_.pressepapiers, autour);
+    const bool une = seance_.parametres().multifenetre != 0;
+    bureau_->navigation().changeunefenetre(une);
+    ecran_->menus().entree(QStringLiteral("maffichagetfu"))->setChecked(une);
+    ecran_->menus().entree(QStringLiteral("maide1(1)"))->setEnabled(!seance_.fichierpartenaires().isEmpty());
+}
+
+void Programme::montreprincipale() {
+    ecran_->montre();
+}
+
+void Programme::navigue(const QString& commande) {
+    bureau_->navigation().navigue(commande);
+}
+
+Textes* Programme::fabriquefenetre(int indice) {
+    ContexteTextes contexte{corpus_,
+                            reglages_,
+                            bureau_->navigation(),
+                            styles_,
+                            seance_.parametres(),
+                            monde_.sablier,
+                            monde_.navigateur,
+                            monde_.pressepapiers,
+                            rafraichir_,
+                            [this](int numero) { return langue_.lireressource(numero); },
+                            [this](int slot) { return seance_.libelle(slot); }};
+    contexte.listeselectionvisible = [this] { return ecran_->picturesselection().isVisible(); };
+    contexte.dossiersouverts = [this] { return bureau_->dossiersouverts(); };
+    contexte.formesouvertes = [this] { return bureau_->nombredeformes(); };
+    contexte.montremosaique = [this](bool visible) { ecran_->montredispositions(visible); };
+    contexte.place = [this](const QWidget& fenetre) {
+        const QRect ici = ecran_->aire().twipsOf(&fenetre);
+        return PlaceTextes{ecran_->aire().stateOf(&fenetre), ici.left(), ici.top(), ici.width(), ici.height()};
+    };
+    return new Textes(indice, contexte);
+}
+
+Textes* Programme::fenetre(int indice) const {
+    return bureau_ ? bureau_->fenetre(indice) : nullptr;
+}
+
+void Programme::astuce() {}
+
+void Programme::montreapropos() {}
+
+void Programme::montrepartenaires() {}
+
+void Programme::ouvrefichierdossier(const QString&) {}
+
+void Programme::ouvrefichiercriteres(const QString&) {
+    // The panel of the search comes up; reading the file is the search's.
+    commandes_->montreselection(true);
+}
+
+bool Programme::impressionouverte() const {
+    return false;
+}
+
+void Programme::termineimpression() {}
+
+void Programme::abandonneimpression() {}
+
+EtatFenetres Programme::etatfenetres() const {
+    EtatFenetres etat;
+    if (!ecran_)
+        return etat;
+    for (int indice = 0; indice < nombredefenetres; ++indice) {
+        const auto rang = static_cast<std::size_t>(indice);
+        etat.cochees.at(rang) = bureau_->navigation().maffichagef(indice);
+        if (const Textes* ouverte = bureau_->fenetre(indice))
+            etat.libelles.at(rang) = ouverte->windowTitle();
+    }
+    for (const Textes* ouverte : bureau_->fenetres())
+        etat.filles.push_back({ouverte->objectName(), ouverte->referencecourante()});
+    if (const Textes* active = bureau_->active())
+        etat.titreactif = active->windowTitle();
+    etat.principale = ecran_->position();
+    etat.largeurpane = ecran_->picturesselection().largeurpane();
+    return etat;
+}
+
+void Programme::sauvederniers() {
+    if (bureau_)
+        bureau_->navigation().sauvederniers(reglages_);
+}
+
+void Programme::fermefenetres() {
+    if (bureau_)
+        bureau_->fermefenetres();
+}
+
+void Programme::fermeprincipale() {
+    if (ecran_)
+        ecran_->ferme();
+}
+
+} // namespace velm

@@ -1,0 +1,69 @@
+#include "shell/volet.h"
+
+#include "platform/text/twips.h"
+#include "platform/widgets/flexgrid.h"
+#include "platform/widgets/icons.h"
+#include "platform/widgets/splitterbar.h"
+#include "platform/widgets/toolbar.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace velm {
+
+namespace {
+
+constexpr int largeurminimale = 60;
+constexpr int bordure = 60;
+constexpr int largeurusuelle = 4305;
+
+} // namespace
+
+VoletSelection::VoletSelection(QWidget* parent)
+    : QWidget(parent), recherchetoolbar_(new Toolbar(this)), flex_(new FlexGrid(this)),
+      separateurrecherche_(new SplitterBar(Qt::Vertical, this)) {
+    setObjectName(QStringLiteral("picturesélection"));
+    recherchetoolbar_->setObjectName(QStringLiteral("recherchetoolbar"));
+    recherchetoolbar_->setImages(icon);
+    flex_->setObjectName(QStringLiteral("flex"));
+    separateurrecherche_->setObjectName(QStringLiteral("separateurrecherche"));
+    connect(separateurrecherche_, &SplitterBar::dropped, this,
+            [this](int position) { changelargeurliste(twipsFromPixels(position)); });
+    connect(separateurrecherche_, &SplitterBar::usualPlaceWanted, this, [this] { changelargeurpane(largeurusuelle); });
+    changelargeurpane(largeurusuelle);
+}
+
+void VoletSelection::changelargeurpane(double twips) {
+    // What is stored may be anything: no panel is wider than the widths that the list knows.
+    const double borne = std::isfinite(twips) ? twips : largeurusuelle;
+    changelargeurliste(static_cast<int>(
+        std::clamp(borne - bordure, 0.0, static_cast<double>(std::numeric_limits<qint16>::max()))));
+}
+
+void VoletSelection::changelargeurliste(int twips) {
+    largeurliste_ = std::min<int>(twips, std::numeric_limits<qint16>::max());
+    ajustepane();
+}
+
+void VoletSelection::ajustepane() {
+    largeurliste_ = std::max(largeurliste_, largeurminimale);
+    largeurpane_ = largeurliste_ + bordure;
+    setFixedWidth(std::max(pixelsFromTwips(static_cast<int>(largeurpane_)), SplitterBar::thickness));
+    dispose();
+}
+
+void VoletSelection::resizeEvent(QResizeEvent* evenement) {
+    QWidget::resizeEvent(evenement);
+    dispose();
+}
+
+void VoletSelection::dispose() {
+    const int largeur = std::max(width() - SplitterBar::thickness, 0);
+    const int haut = recherchetoolbar_->sizeHint().height();
+    separateurrecherche_->setGeometry(largeur, 0, SplitterBar::thickness, height());
+    recherchetoolbar_->setGeometry(0, 0, largeur, haut);
+    flex_->setGeometry(0, haut, largeur, std::max(height() - haut, 0));
+}
+
+} // namespace velm

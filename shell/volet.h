@@ -1,0 +1,41 @@
+#pragma once
+// The selection panel at the left of the frame: the place of the result list, and the bar that resizes it.
+#include <QWidget>
+
+namespace velm {
+
+class FlexGrid;
+class SplitterBar;
+class Toolbar;
+
+class VoletSelection final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit VoletSelection(QWidget* parent);
+
+    FlexGrid& flex() const { return *flex_; }
+    Toolbar& recherchetoolbar() const { return *recherchetoolbar_; }
+
+    /// Width of the panel, twips: that of the list, at least 60, and 60 more. Stored as the panel's.
+    void changelargeurpane(double twips);
+    double largeurpane() const { return largeurpane_; }
+    /// Width of the list, twips.
+    void changelargeurliste(int twips);
+    int largeurliste() const { return largeurliste_; }
+
+protected:
+    void resizeEvent(QResizeEvent* evenement) override;
+
+private:
+    void ajustepane();
+    void dispose();
+
+    Toolbar* recherchetoolbar_;
+    FlexGrid* flex_;
+    SplitterBar* separateurrecherche_;
+    int largeurliste_ = 0;
+    double largeurpane_ = 0;
+};
+
+} // namespace velm
