@@ -21,9 +21,8 @@
 #include <QMdiSubWindow>
 #include <QTemporaryDir>
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
+#include <benchmark/benchmark.h>
 #include <cstdio>
 #include <memory>
 

@@ -29,7 +29,11 @@ Bureau::Bureau(Ecrangeneral& ecran, Corpus& corpus, std::function<Textes*(int in
     });
 }
 
-Bureau::~Bureau() = default;
+Bureau::~Bureau() {
+    // The windows know the navigation: none of them outlives it.
+    for (QWidget* fille : ecran_.aire().children())
+        delete ecran_.aire().around(fille);
+}
 
 FenetreNavigable* Bureau::creefenetre(int indice) {
     // A window that is being made counts as a form already.
@@ -49,15 +53,13 @@ FenetreNavigable* Bureau::creefenetre(int indice) {
 
 void Bureau::suit(Textes& fenetre) {
     const int indice = fenetre.indice();
-    connect(&fenetre, &QWidget::windowTitleChanged, this, [this, indice](const QString& titre) {
-        ecran_.menus().nommeecran(indice, titre);
-    });
+    connect(&fenetre, &QWidget::windowTitleChanged, this,
+            [this, indice](const QString& titre) { ecran_.menus().nommeecran(indice, titre); });
     ecran_.menus().nommeecran(indice, fenetre.windowTitle());
     connect(&fenetre, &Textes::menuschanges, this, &Bureau::majmenus);
     connect(&fenetre, &Textes::premierplan, this, [this, ici = &fenetre] { ecran_.aire().activate(ici); });
-    connect(&fenetre, &Textes::cible, this, [this](const QString& texte) {
-        ecran_.barreetat().setPassing(QStringLiteral("wait"), texte);
-    });
+    connect(&fenetre, &Textes::cible, this,
+            [this](const QString& texte) { ecran_.barreetat().setPassing(QStringLiteral("wait"), texte); });
     connect(&fenetre, &Textes::ferme, this, [this, indice] { ecran_.menus().cocheecran(indice, false); });
 }
 

@@ -64,9 +64,7 @@ void Commandes::apprendcommandes() {
 }
 
 void Commandes::apprendentrees() {
-    const auto place = [this](Barre barre) {
-        return [this, barre](int position) { placebarre(barre, position); };
-    };
+    const auto place = [this](Barre barre) { return [this, barre](int position) { placebarre(barre, position); }; };
     entrees_ = {
         {QStringLiteral("medition0"),
          [this](int indice) {

@@ -27,8 +27,8 @@ public:
         std::function<void()> videcompte; ///< empties the status panel of the list
     };
 
-    Commandes(Ecrangeneral& ecran, Bureau& bureau, EtatBarres& barres, Reglages& reglages,
-              PressePapiers& pressepapiers, Programme programme);
+    Commandes(Ecrangeneral& ecran, Bureau& bureau, EtatBarres& barres, Reglages& reglages, PressePapiers& pressepapiers,
+              Programme programme);
 
     /// A button of the command bar by its key, as a click tells it. An unknown key does nothing.
     void commande(const QString& cle);

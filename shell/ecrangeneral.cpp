@@ -8,7 +8,6 @@
 #include "platform/widgets/statusbar.h"
 #include "platform/widgets/toolbar.h"
 #include "platform/widgets/viewformats.h"
-#include "shell/fonds.h"
 #include "shell/menus.h"
 #include "shell/volet.h"
 
@@ -120,7 +119,7 @@ void Ecrangeneral::peintfond() {
     // A light ground would outshine the documents of a dark desk.
     if (look::themeOf(palette()) == look::Theme::Dark)
         couleur = assombrie(couleur, palette().color(QPalette::Window));
-    aire_->setBack(fond_.image >= 0 ? fondecran(fond_.image, aire_->size(), devicePixelRatioF()) : QPixmap(), couleur);
+    aire_->setBack(QPixmap(), couleur);
 }
 
 void Ecrangeneral::montreselection(bool montree) {

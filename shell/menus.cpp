@@ -111,8 +111,8 @@ void MenusEcran::menufichier(QMenuBar& barre) {
     for (int indice = 0; indice < nombredederniers; ++indice)
         ajoute(fichier, "mnuLastFile", indice, QString());
     fichier.addSeparator();
-    QAction* quitte = ajoute(fichier, "mfichier3", -1, texte_(116), {QStringLiteral("quitter")},
-                             QKeySequence(Qt::CTRL | Qt::Key_Q));
+    QAction* quitte =
+        ajoute(fichier, "mfichier3", -1, texte_(116), {QStringLiteral("quitter")}, QKeySequence(Qt::CTRL | Qt::Key_Q));
     quitte->setMenuRole(QAction::QuitRole);
 }
 

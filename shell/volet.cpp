@@ -37,8 +37,8 @@ VoletSelection::VoletSelection(QWidget* parent)
 void VoletSelection::changelargeurpane(double twips) {
     // What is stored may be anything: no panel is wider than the widths that the list knows.
     const double borne = std::isfinite(twips) ? twips : largeurusuelle;
-    changelargeurliste(static_cast<int>(
-        std::clamp(borne - bordure, 0.0, static_cast<double>(std::numeric_limits<qint16>::max()))));
+    changelargeurliste(
+        static_cast<int>(std::clamp(borne - bordure, 0.0, static_cast<double>(std::numeric_limits<qint16>::max()))));
 }
 
 void VoletSelection::changelargeurliste(int twips) {

@@ -1,3 +1,4 @@
+#include "shell/bureau.h"
 #include "tests/gui/programme_support.h"
 #include "tests/support/arret.h"
 
@@ -98,7 +99,7 @@ TEST_F(PremiereFenetre, WindowsOfTheLastRunComeBackWhenAsked) {
     ASSERT_NE(programme->fenetre(0), nullptr);
     ASSERT_NE(programme->fenetre(2), nullptr);
     EXPECT_EQ(programme->fenetre(2)->referencecourante(), u"JP000007");
-    EXPECT_EQ(programme->ecran()->active(), programme->fenetre(0));
+    EXPECT_EQ(programme->bureau().active(), programme->fenetre(0));
 }
 
 TEST_F(PremiereFenetre, AMissingBaseIsSaidOnceAndEndsTheStart) {

@@ -68,7 +68,8 @@ protected:
         options.fichierreglages = dossier.filePath(QStringLiteral("reglages.ini"));
         options.dossierinstance = dossier.path();
         options.dossierdonnees = dossier.filePath(QStringLiteral("donnees"));
-        programme = std::make_unique<Programme>(options, MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers});
+        programme = std::make_unique<Programme>(
+            options, MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers});
         return programme->demarre();
     }
 

@@ -26,7 +26,8 @@ TEST_F(SecondeInstance, ShowsTheFirstAndDropsItsCommandLine) {
     programme->ecran()->showMinimized();
     ASSERT_TRUE(programme->ecran()->isMinimized());
 
-    Programme seconde(options(QStringLiteral("CO2")), MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers});
+    Programme seconde(options(QStringLiteral("CO2")),
+                      MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers});
     EXPECT_EQ(seconde.demarre(), Demarrage::AutreInstance);
     EXPECT_EQ(seconde.ecran(), nullptr);
     EXPECT_FALSE(seconde.corpus().connecte());
