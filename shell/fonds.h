@@ -1,0 +1,20 @@
+#pragma once
+// The pictures behind the windows of the frame: fine line drawings of our own, drawn for the size and the density of
+// the screen they are shown on.
+#include <QColor>
+#include <QPixmap>
+#include <QSize>
+
+namespace velm {
+
+inline constexpr int nombredefonds = 5;
+
+/// The colour under picture 0 to 4; invalid for other numbers.
+QColor couleurdefond(int numero);
+
+/// Picture 0 to 4 with nothing behind its lines, to be laid in the middle over its colour. It may be larger than the
+/// frame: the drawing goes out from its middle. The size counts pixels of the layout; null for other numbers and for
+/// empty sizes.
+QPixmap fondecran(int numero, const QSize& taille, qreal densite);
+
+} // namespace velm
