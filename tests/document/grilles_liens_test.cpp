@@ -1,0 +1,85 @@
+// The rows of the grids of links and correlates.
+#include "base_support.h"
+#include "document/liens.h"
+
+namespace velm::test {
+namespace {
+
+class GrillesLiens : public BaseDocument {
+protected:
+    void SetUp() override {
+        BaseDocument::SetUp();
+        documents = {{u"CO000001"_s, u"Un"_s}, {u"CO000002"_s, u"Deux"_s}, {u"EU000001"_s, u"Directive"_s}};
+        liens = {{u"CO000001"_s, u"EU000001"_s}, {u"CO000001"_s, u"EU000009"_s}, {u"CO000001"_s, u"CO000002"_s},
+                 {u"CO000001"_s, u"EU000001"_s}, {u"CO000002"_s, u"EU000001"_s}, {u"LT000007"_s, u"EU000001"_s},
+                 {u"LT000007"_s, u"XX000001"_s}};
+    }
+};
+
+TEST_F(GrillesLiens, TheLinksOfADocumentAreListedOnceEach) {
+    ouvre();
+    const std::vector<LigneLien> attendues = {{u"EU"_s, u"Directive"_s, u"EU000001"_s},
+                                              {u"CO"_s, u"Deux"_s, u"CO000002"_s}};
+    EXPECT_EQ(chargeliens(corpus, u"CO000001"_s), attendues);
+}
+
+TEST_F(GrillesLiens, ALinkToAnAbsentDocumentIsSkippedAndTheNextOneIsShown) {
+    liens.insert(liens.begin(), {u"CO000001"_s, u"JP000404"_s});
+    ouvre();
+    EXPECT_EQ(chargeliens(corpus, u"CO000001"_s).size(), 2U);
+    EXPECT_TRUE(chargeliens(corpus, u"LT000007"_s).size() == 1U);
+}
+
+TEST_F(GrillesLiens, CorrelatesListWhatCitesTheDocument) {
+    ouvre();
+    const std::vector<LigneLien> attendues = {{u"CO"_s, u"Un"_s, u"CO000001"_s}, {u"CO"_s, u"Deux"_s, u"CO000002"_s}};
+    EXPECT_EQ(chargecorrelats(corpus, u"EU000001"_s), attendues);
+    EXPECT_TRUE(chargecorrelats(corpus, u"CO000001"_s).empty());
+}
+
+TEST_F(GrillesLiens, AnEmptyKeyFillsNothing) {
+    ouvre();
+    EXPECT_TRUE(chargeliens(corpus, {}).empty());
+    EXPECT_TRUE(chargecorrelats(corpus, {}).empty());
+}
+
+TEST_F(GrillesLiens, ADocumentWithoutRowsHasAnEmptyList) {
+    ouvre();
+    EXPECT_TRUE(chargeliens(corpus, u"EU000001"_s).empty());
+    for (const QString& cle : {u"ZZ999999"_s, u"C"_s, u"CO"_s, u"CO00000100"_s})
+        EXPECT_TRUE(chargeliens(corpus, cle).empty()) << cle.toStdString();
+}
+
+TEST_F(GrillesLiens, ABaseWithoutLinksHasEmptyLists) {
+    liens.clear();
+    ouvre();
+    EXPECT_TRUE(chargeliens(corpus, u"CO000001"_s).empty());
+    EXPECT_TRUE(chargecorrelats(corpus, u"CO000001"_s).empty());
+}
+
+TEST_F(GrillesLiens, TurningLinksIntoAListKeepsTheGridsOrder) {
+    ouvre();
+    const auto lignes = lignesselection(corpus, {u"EU000001"_s, u"CO000404"_s, u"CO000002"_s, u"CO000001"_s});
+    ASSERT_EQ(lignes.size(), 3U);
+    EXPECT_EQ(lignes[0], (LigneSelection{u"EU"_s, u"000001"_s, u"Directive"_s, u"EU000001 un"_s, u"EU000001 deux"_s,
+                                         u"EU000001 trois"_s}));
+    EXPECT_EQ(lignes[1].titre, u"Deux"_s);
+    EXPECT_EQ(lignes[2].numart, u"000001"_s);
+    EXPECT_TRUE(lignesselection(corpus, {}).empty());
+}
+
+TEST_F(GrillesLiens, ALongListIsWhole) {
+    constexpr int nombre = 3'000;
+    for (int i = 1; i <= nombre; ++i) {
+        documents.push_back({u"JP"_s + QString::number(i).rightJustified(6, u'0'), u"Arrêt %1"_s.arg(i)});
+        for (int fois = 0; fois < 2; ++fois)
+            liens.push_back({u"EU000001"_s, documents.back().cle});
+    }
+    ouvre();
+    const auto lignes = chargeliens(corpus, u"EU000001"_s);
+    ASSERT_EQ(static_cast<int>(lignes.size()), nombre);
+    EXPECT_EQ(lignes.back(), (LigneLien{u"JP"_s, u"Arrêt 3000"_s, u"JP003000"_s}));
+}
+
+} // namespace
+} // namespace velm::test
