@@ -10,6 +10,8 @@
 #include <QScopeGuard>
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace velm {
 
 namespace {
@@ -252,8 +254,21 @@ void ChildArea::arrange(Arrangement arrangement) {
     const int bar = verticalScrollBar()->sizeHint().width();
     const auto places =
         cascading ? cascadePlaces(least, roomForArranging()) : tilePlaces(least, roomForArranging(), along, bar);
-    for (std::size_t index = 0; index < windows.size(); ++index)
+    tiled_.clear();
+    for (std::size_t index = 0; index < windows.size(); ++index) {
         windows[index]->setGeometry(places[index]);
+        if (!cascading)
+            tiled_.emplace_back(windows[index], places[index]);
+    }
+    tiling_ = arrangement;
+}
+
+/// Whether the tiles lie as they were laid, and nothing beside them.
+bool ChildArea::isTiled() const {
+    const auto windows = arrangeable(CreationOrder);
+    return !tiled_.empty() && std::ranges::equal(windows, tiled_, [](const QMdiSubWindow* window, const auto& tile) {
+        return window == tile.first && !window->isMaximized() && window->geometry() == tile.second;
+    });
 }
 
 void ChildArea::setBack(const QPixmap& picture, const QColor& colour) {
@@ -278,6 +293,8 @@ void ChildArea::paintEvent(QPaintEvent* event) {
 void ChildArea::resizeEvent(QResizeEvent* event) {
     QMdiArea::resizeEvent(event);
     fitPlaced();
+    if (isTiled())
+        arrange(tiling_);
     viewport()->update();
 }
 

@@ -11,6 +11,7 @@
 #include <QPointer>
 
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace velm {
@@ -49,7 +50,8 @@ public:
     /// All children, in the order of their making, hidden ones too.
     std::vector<QWidget*> children() const;
 
-    /// Arranges the visible windows that are not minimised; maximised ones become normal first.
+    /// Arranges the visible windows that are not minimised; maximised ones become normal first. Tiles fill the area
+    /// also when it changes its size, until a window is moved.
     void arrange(Arrangement arrangement);
 
     /// What lies behind the windows: a picture drawn in the middle at its own size (null for none), over a colour. An
@@ -77,6 +79,7 @@ private:
 
     std::vector<QMdiSubWindow*> arrangeable(WindowOrder order) const;
     QSize roomForArranging() const;
+    bool isTiled() const;
     QPoint scrolled() const;
     QColor shownColour() const;
     void fit(QMdiSubWindow& window, Placed& placed);
@@ -93,6 +96,8 @@ private:
     QPixmap picture_;
     QColor colour_;
     std::map<QMdiSubWindow*, Placed> placed_;
+    std::vector<std::pair<const QMdiSubWindow*, QRect>> tiled_; ///< compared only
+    Arrangement tiling_ = Arrangement::Cascade;
     QPointer<QWidget> told_;
 };
 

@@ -1,5 +1,7 @@
 #include "platform/widgets/look.h"
 
+#include "platform/widgets/framestyle.h"
+
 #include <QApplication>
 #include <QFontDatabase>
 #include <QStyleFactory>
@@ -82,7 +84,7 @@ Theme themeOf(const QPalette& palette) {
 
 void apply(QApplication& application, Theme theme) {
     if (QStyle* style = QStyleFactory::create(u"Fusion"_s)) {
-        QApplication::setStyle(style);
+        QApplication::setStyle(new FrameStyle(style));
     }
     QApplication::setPalette(palette(theme));
     application.setProperty("thème", theme == Theme::Light ? u"clair"_s : u"sombre"_s);

@@ -1,5 +1,6 @@
 #include "platform/widgets/splitterbar.h"
 
+#include "platform/widgets/framestyle.h"
 #include "platform/widgets/look.h"
 
 #include <QApplication>
@@ -125,7 +126,7 @@ void SplitterBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const bool lively = dragging_ || hovered_ || hasFocus();
     const int line = lively ? 3 : 1;
-    const QColor colour = lively ? look::accentColour(look::themeOf(palette())) : palette().color(QPalette::Mid);
+    const QColor colour = lively ? look::accentColour(look::themeOf(palette())) : quietLine(palette());
     const int from = (thickness - line) / 2;
     painter.fillRect(orientation_ == Qt::Vertical ? QRect(from, 0, line, height()) : QRect(0, from, width(), line),
                      colour);

@@ -1,6 +1,7 @@
 #include "platform/widgets/statusbar.h"
 
 #include "platform/text/twips.h"
+#include "platform/widgets/framestyle.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -87,7 +88,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         if (ruled_)
-            QPainter(this).fillRect(0, 3, 1, height() - 6, palette().color(QPalette::Mid));
+            QPainter(this).fillRect(0, 3, 1, height() - 6, quietLine(palette()));
     }
 
 private:

@@ -1,5 +1,6 @@
 #pragma once
-// A status bar of panels that are found by their text keys. Texts that do not fit are elided; the whole is the tool tip.
+// A status bar of panels that are found by their text keys. Texts that do not fit are elided; the whole is the tool
+// tip.
 #include <QStatusBar>
 
 #include <memory>

@@ -360,6 +360,20 @@ TEST_F(ChildAreaTest, TilingFillsTheAreaToTheLastPixel) {
     EXPECT_TRUE(made[2]->hasFocus());
 }
 
+TEST_F(ChildAreaTest, TilesFollowTheAreaUntilOneIsMoved) {
+    showFrame();
+    const auto made = addShown(2);
+    area->arrange(ChildArea::Arrangement::TileVertical);
+    frame.resize(1001, 640);
+    EVENTUALLY(placeOf(made[0]).width() + placeOf(made[1]).width() == 1001);
+    EXPECT_EQ(placeOf(made[1]).height(), inside().height());
+    area->around(made[1])->move(30, 40);
+    const QRect moved = placeOf(made[1]);
+    frame.resize(900, 600);
+    EVENTUALLY(area->width() == 900);
+    EXPECT_EQ(placeOf(made[1]), moved);
+}
+
 TEST_F(ChildAreaTest, HiddenAndMinimisedWindowsAreNotArranged) {
     showFrame();
     const auto made = addShown(4);
