@@ -4,7 +4,6 @@
 #include <QHash>
 #include <QString>
 
-#include <optional>
 #include <vector>
 
 namespace velm {
@@ -12,12 +11,14 @@ namespace velm {
 class TreeObserver {
 public:
     virtual ~TreeObserver() = default;
-    virtual void treeReset() = 0;                      ///< all nodes are gone, or redraw came back on after changes
-    virtual void nodeAdding(int parent, int place) = 0; ///< before the node stands; place among its siblings from 0
-    virtual void nodeAdded(int node) = 0;
-    virtual void nodeChanged(int node) = 0;
+    virtual void treeReset() = 0; ///< all nodes are gone; told even while redraw is off
+    /// The nodes from `first` to count() are new, each behind the children that its parent had.
+    virtual void nodesAdded(int first) = 0;
+    virtual void nodeChanged(int node) = 0;                  ///< text or pictures; 0: of several nodes
     virtual void nodeExpansion(int node, bool expanded) = 0; ///< the program opened or closed a node
     virtual void nodeSelected(int node) = 0;                 ///< the program selected a node
+    /// Off: what comes is told when redraw is on again. On: all that was to be told has been told.
+    virtual void redrawSwitched(bool on) = 0;
 };
 
 class TreeNodes {
@@ -28,8 +29,7 @@ public:
 
     /// Adds a last child of `parent` (0: a root) and gives its index; 0, with nothing changed, when the key is in use
     /// or the parent is none. Duplicates are found in constant time.
-    int add(int parent, const QString& key, const QString& text, const QString& image,
-            const QString& selectedImage);
+    int add(int parent, const QString& key, const QString& text, const QString& image, const QString& selectedImage);
     /// The same with the parent's key.
     int addUnder(const QString& parentKey, const QString& key, const QString& text, const QString& image,
                  const QString& selectedImage);
@@ -40,7 +40,7 @@ public:
     /// Index of a key, 0 for none.
     int indexOf(const QString& key) const { return byKey_.value(key, 0); }
 
-    // ---- of a node that stands
+    // ---- of a node; one that does not stand has empty texts and neither parent nor children
     const QString& key(int node) const { return at(node).key; }
     const QString& text(int node) const { return at(node).text; }
     const QString& image(int node) const { return at(node).image; }
@@ -48,26 +48,27 @@ public:
     const QString& tag(int node) const { return at(node).tag; }
     int parent(int node) const { return at(node).parent; }
     int children(int node) const { return static_cast<int>(at(node).children.size()); }
-    int child(int node) const;            ///< the first one, 0 for none
-    int next(int node) const;             ///< the next sibling, 0 for none
+    int child(int node) const;              ///< the first one, 0 for none; node 0 gives the first root
+    int next(int node) const;               ///< the next sibling, 0 for none
     int childAt(int node, int place) const; ///< from 0; node 0 gives the roots
     int rootCount() const { return static_cast<int>(roots_.size()); }
     int place(int node) const { return at(node).place; } ///< among its siblings, from 0
+    int level(int node) const { return at(node).level; } ///< steps up to its root, which has 0
     bool expanded(int node) const { return at(node).expanded; }
 
     void setText(int node, const QString& text);
-    void setTag(int node, const QString& tag) { at(node).tag = tag; }
+    void setTag(int node, const QString& tag);
     void setImages(int node, const QString& image, const QString& selectedImage);
     /// By the program. Does not load anything: see TreeView::expanding for the user's expansions.
     void setExpanded(int node, bool expanded);
     /// What the view tells of the user's doing: kept, not told back.
-    void noteExpanded(int node, bool expanded) { at(node).expanded = expanded; }
+    void noteExpanded(int node, bool expanded);
 
     int selected() const { return selected_; }
     void select(int node); ///< 0 for none; a node that does not stand is none
-    void noteSelected(int node) { selected_ = node; }
+    void noteSelected(int node) { selected_ = contains(node) ? node : 0; }
 
-    /// While off, observers hear nothing; a change in between is told as one treeReset() when it comes back on.
+    /// While off, the observer hears of nothing but a clear(); when it comes back on, of what changed, in few words.
     void setRedraw(bool on);
     bool redraw() const { return redraw_; }
 
@@ -82,19 +83,31 @@ private:
         QString tag;
         int parent = 0;
         int place = 0;
+        int level = 0;
         bool expanded = false;
         std::vector<int> children;
     };
-    Node& at(int node) { return nodes_[static_cast<std::size_t>(node - 1)]; }
-    const Node& at(int node) const { return nodes_[static_cast<std::size_t>(node - 1)]; }
-    TreeObserver* told() const { return redraw_ ? observer_ : nullptr; }
+    /// What is still to be told when redraw comes back on.
+    struct Untold {
+        int added = 0; ///< first new node, 0 for none
+        bool changed = false;
+        bool selected = false;
+        std::vector<int> expansions;
+    };
+    static const Node& none();
+    const Node& at(int node) const { return contains(node) ? nodes_[static_cast<std::size_t>(node - 1)] : none(); }
+    Node* find(int node) { return contains(node) ? &nodes_[static_cast<std::size_t>(node - 1)] : nullptr; }
+    std::vector<int>& childrenOf(int parent);
+    void tellAdded(int node);
+    void tellChanged(int node);
+    void tellUntold();
 
     std::vector<Node> nodes_;
     std::vector<int> roots_;
     QHash<QString, int> byKey_;
     int selected_ = 0;
     bool redraw_ = true;
-    bool changed_ = false;
+    Untold untold_;
     TreeObserver* observer_ = nullptr;
 };
 

@@ -7,7 +7,9 @@
 //
 // Offered: rows and cells; column data, widths, moves; sort with marks; merging of equal neighbours; selection of a
 // range of rows; the clip; tool tips of cells that do not fit; Redraw. Keyboard: arrows, Page, Home, End move, with
-// Shift extend; typing looks a row up by the beginning of column 0; Return activates.
+// Shift extend; Ctrl+A selects all; Ctrl+C copies what is seen of the selected rows; typing looks a row up by the
+// beginning of the first column that is shown; Return activates. A press on one of several selected rows keeps them for
+// the time of a double click, which is told with all of them selected.
 #include "platform/controls/gridsource.h"
 
 #include <QStringList>
@@ -37,7 +39,7 @@ public:
     int colWidth(int col) const;
     void setColAlignment(int col, Align align);
     /// A number that the owner keeps with a column; it moves with it.
-    void setColData(int col, int data);
+    void setColData(int col, int number);
     int colData(int col) const;
     /// Moves a column to another place.
     void setColPosition(int col, int place);
@@ -45,23 +47,27 @@ public:
     void setColumnsMovable(bool movable);
     /// One column takes the width that the others leave; -1 for none.
     void setStretchCol(int col);
-    void setHeader(int col, const QString& text); ///< without a sort mark
+    void setHeader(int col, const QString& text); ///< a sort mark at its end is left out
     QString header(int col) const;                ///< without its sort mark
-    /// As it stands in the cell: the header, then "<" or ">" for the sorted column.
+    /// As it stands in the cell: the header, then ">" for the column sorted ascending, "<" descending.
     QString headerCell(int col) const;
     /// Type of the header row, in points (at most 1.2 times the grid's own is used).
     void setHeaderFontSize(int points);
 
-    // ---- rows. Counts include row 0: an empty grid has one row.
+    // ---- rows. Counts include row 0: an empty grid has one row. Rows of a source are neither added, removed nor
+    // changed.
     int rows() const;
-    /// Cuts or adds empty rows at the end; 1 empties the grid. With a source, only 1 has a meaning: it drops the source.
+    /// Cuts or adds empty rows at the end; 1 empties the grid. With a source, only 1 has a meaning: it drops the
+    /// source.
     void setRows(int count);
     /// Appends a row from texts parted by tabs; the order is that of the columns as they stand.
     void addItem(const QString& cells);
     /// The same for many rows at once: one update of the view.
     void addItems(const std::vector<QStringList>& rows);
+    /// The rows below move up; the selection stays at its place.
     void removeItem(int row);
-    QString text(int row, int col) const; ///< outside: the empty text
+    QString text(int row, int col) const; ///< row 0: the header cell; outside: the empty text
+    /// In row 0, a mark at the end of the text sets the sort mark.
     void setText(int row, int col, const QString& text);
     /// Shows the rows of a source, which the grid takes over; null drops it.
     void setSource(std::unique_ptr<GridSource> source);
@@ -69,16 +75,19 @@ public:
 
     // ---- order
     /// Sorts by the text of a column (French order, case and accents last; equal rows keep their order) and puts the
-    /// mark on its header, and on no other.
-    void sort(int col, bool descending);
+    /// mark on its header, and on no other. The selected row stays selected where it goes. Nothing happens, and false
+    /// comes back, when a source cannot sort so.
+    bool sort(int col, bool descending);
     Mark sortMark(int col) const;
     /// Puts or takes the mark alone.
     void setSortMark(int col, Mark mark);
     /// Equal neighbours of a column are shown as one cell, within what equals in the columns left of it.
     void setMergeCells(bool merge);
     bool mergeCells() const;
+    /// Whether a cell is shown as one with the cell above it.
+    bool joinsAbove(int row, int col) const;
 
-    // ---- selection: the rows between row() and rowSel(); 0 when there is none
+    // ---- selection: the rows between row() and rowSel(); 0 when there is none. Row numbers beyond the last are it.
     int row() const;
     int rowSel() const;
     void setRow(int row); ///< also rowSel; scrolls it into view
@@ -86,33 +95,36 @@ public:
     void selectAll();
     /// First and last selected rows; 0, 0 when there is none.
     std::pair<int, int> selectedRows() const;
-    /// Selected cells: tabs between columns, CR between rows.
+    /// Selected cells of all columns, hidden ones too: tabs between columns, CR between rows.
     QString clip() const;
     /// Row under a point of this widget: 0 the header, -1 none.
     int rowAt(const QPoint& point) const;
-    int topRow() const;
+    int topRow() const; ///< the first data row that is seen
     void setTopRow(int row);
 
     /// Off during fills: one repaint when it comes back on.
     void setRedraw(bool on);
+    bool redraw() const;
 
     /// The inner view, for focus and tests.
     QTableView* view() const;
 
 signals:
-    void clicked(int row, int col);       ///< left button; row 0 is the header
-    void doubleClicked(int row, int col); ///< left button; row 0 is the header
+    void clicked(int row, int col);                                    ///< left button; row 0 is the header
+    void doubleClicked(int row, int col);                              ///< left button; row 0 is the header
     void rightClicked(int row, int col, const QPoint& globalPosition); ///< also by the context-menu key
-    void activated(int row);              ///< Return on a row
+    void activated(int row);                                           ///< Return on a row
     void deletePressed();
-    void rowChanged(int row);
+    void rowChanged(int row);           ///< row() has another value, by the user or the program
     void columnMoved(int from, int to); ///< by the user
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    void showFirst();
+
     struct Private;
     std::unique_ptr<Private> d_;
 };

@@ -2,8 +2,9 @@
 // A tree of nodes with pictures, shown from TreeNodes.
 //
 // Offered: nodes, keys, pictures, tags and selection through nodes(); the signals below for what the user does. A
-// node's open picture shows while it is expanded. Bulk changes between nodes().setRedraw(false) and (true) repaint once.
-// Keyboard: arrows, Home, End, Page, "+", "-", "*" on loaded nodes, Return activates, typing looks up.
+// node's open picture shows while it is expanded. Changes between nodes().setRedraw(false) and (true) repaint once.
+// Keyboard: arrows, Home, End, Page, "+", "-" move and open; "*" opens the loaded nodes below; Return activates; typing
+// looks up. What the program does through nodes() is shown and causes none of the signals.
 #include "platform/controls/treenodes.h"
 
 #include <QIcon>
@@ -32,24 +33,37 @@ public:
     int nodeOf(const QModelIndex& index) const;
 
 signals:
-    /// The user opens a node, before its children are shown: the moment to load what lies below.
+    /// The user opens a node, before its children are painted: the moment to load what lies below. Nodes that "*"
+    /// opened are told when their children come into sight.
     void expanding(int node);
     void collapsed(int node);
-    void nodeClicked(int node);       ///< left button
-    void nodeActivated(int node);     ///< double click or Return
+    void nodeClicked(int node);                                    ///< left button
+    void nodeActivated(int node);                                  ///< double click or Return
     void nodeRightClicked(int node, const QPoint& globalPosition); ///< node 0: beside all nodes
     void selectionMoved(int node);
 
 protected:
+    void initViewItemOption(QStyleOptionViewItem* option) const override;
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    bool viewportEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
-    class Model;
+    class Watch;
+    void userOpened(const QModelIndex& index);
+    void userClosed(const QModelIndex& index);
+    void openLoaded(int node);
+    void giveRoom(int node);
+
     TreeNodes nodes_;
-    std::unique_ptr<Model> model_;
+    std::unique_ptr<Watch> watch_;
 };
 
 } // namespace velm

@@ -1,0 +1,27 @@
+#pragma once
+// How lists look: distances, hairlines, the quiet selection of a list that the keyboard does not reach, tool tips.
+#include <QColor>
+#include <QFontMetrics>
+#include <QPalette>
+
+class QHelpEvent;
+class QWidget;
+
+namespace velm::gridlook {
+
+inline constexpr int padding = 8;       ///< beside the text of a cell
+inline constexpr int narrowPadding = 3; ///< where a text would not fit otherwise
+
+/// One line of text with air around it: 24 pixels at the usual size.
+int rowHeight(const QFontMetrics& metrics);
+/// A line that parts rows without being noticed.
+QColor hairline(const QPalette& palette);
+/// The palette of a list without focus: its selection is grey.
+QPalette unfocused(const QPalette& palette);
+
+/// Where the text of a cell stands in it.
+QRect textRect(const QRect& cell, int textWidth);
+/// Shows a text beside the pointer when it does not fit into its cell; hides the tip otherwise.
+void showTip(QWidget* widget, const QHelpEvent& event, const QRect& cell, const QString& text, bool elided);
+
+} // namespace velm::gridlook

@@ -1,0 +1,51 @@
+#pragma once
+// Rows of texts in memory, and the order of texts in lists. Rows and columns count from 0.
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+namespace velm {
+
+/// The order that puts texts into French order (capitals do not count, accents last); texts that stand equal keep their
+/// order, upwards and downwards. The result names, for each place, the row that goes there.
+std::vector<int> frenchOrder(int count, const std::function<QString(int row)>& text, bool descending);
+
+class GridRows {
+public:
+    int columns() const { return columns_; }
+    int count() const { return static_cast<int>(order_.size()); }
+
+    /// The cells of the first columns stay, in the order that `from` names them; -1 is a new column.
+    void setColumns(const std::vector<int>& from);
+    void reserve(int count);
+    /// Appends an empty row and gives its index.
+    int append();
+    void resize(int count);
+    void remove(int row);
+
+    QString text(int row, int column) const;
+    void setText(int row, int column, const QString& text);
+
+    void sort(int column, bool descending);
+    /// A number that stays with a row while it stands, wherever it moves.
+    int identity(int row) const { return order_[static_cast<std::size_t>(row)]; }
+    /// Where a row is now; -1 for none.
+    int find(int identity) const;
+
+private:
+    std::size_t cell(int row, int column) const {
+        return static_cast<std::size_t>(identity(row)) * static_cast<std::size_t>(columns_) +
+               static_cast<std::size_t>(column);
+    }
+    bool holds(int row, int column) const { return row >= 0 && row < count() && column >= 0 && column < columns_; }
+    void release(int row);
+
+    int columns_ = 0;
+    std::vector<QString> cells_; ///< of all rows, one behind the other, in the order of their making
+    std::vector<int> order_;     ///< which of them stands where
+    std::vector<int> free_;      ///< removed ones, to be used again
+};
+
+} // namespace velm
