@@ -92,7 +92,8 @@ Toolbar* Ecrangeneral::barre(const char* nom, int texte, Barre laquelle) {
 }
 
 void Ecrangeneral::placebarre(Barre barre, int position) {
-    de(barre).dock(*this, position);
+    // A bar without buttons would be nothing but a strip of empty ground.
+    de(barre).dock(*this, de(barre).buttonCount() > 0 ? position : 0);
     menus_->cocheposition(barre, position);
     if (barre == Barre::Ecran)
         barrecommande_->setValue(QStringLiteral("Barrefenêtre"), position != 0);

@@ -59,6 +59,8 @@ void Ecrangeneral::garnitcommande(const std::function<QString(int)>& texte) {
     barrecommande_->setShortcut(QStringLiteral("Précédent"), QKeySequence(Qt::ALT | Qt::Key_Left));
     barrecommande_->setShortcut(QStringLiteral("Suivant"), QKeySequence(Qt::ALT | Qt::Key_Right));
     barrecommande_->setShortcut(QStringLiteral("Rechercher"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
+    // Shortcuts work with the bar hidden too.
+    addActions(barrecommande_->actions());
     montredispositions(false);
     connect(barrecommande_, &Toolbar::buttonClicked, this, &Ecrangeneral::commande);
     connect(barrecommande_, &Toolbar::menuClicked, this,

@@ -2,6 +2,7 @@
 #include "core/cle.h"
 #include "document/ui/textes.h"
 #include "platform/widgets/childarea.h"
+#include "platform/widgets/statusbar.h"
 #include "shell/bureau.h"
 #include "shell/commandes.h"
 #include "shell/ecrangeneral.h"
@@ -108,6 +109,7 @@ void Programme::chargecommandes() {
     autour.astuce = [this] { astuce(); };
     autour.apropos = [this] { montreapropos(); };
     autour.partenaires = [this] { montrepartenaires(); };
+    autour.videcompte = [this] { ecran_->barreetat().setPanelText(QStringLiteral("wait"), QString()); };
     commandes_ = std::make_unique<Commandes>(*ecran_, *bureau_, barres_, reglages_, monde_.pressepapiers, autour);
     const bool une = seance_.parametres().multifenetre != 0;
     bureau_->navigation().changeunefenetre(une);

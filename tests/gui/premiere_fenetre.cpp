@@ -120,6 +120,7 @@ TEST_F(PremiereFenetre, AForeignFileAsBaseIsSaidOnce) {
 }
 
 TEST_F(PremiereFenetre, SettingsThatCannotBeWrittenAreSaidOnceAndTheProgramGoesOn) {
+    ASSERT_TRUE(QFile::remove(dossier.filePath(QStringLiteral("reglages.ini"))));
     ASSERT_TRUE(QDir(dossier.path()).mkpath(QStringLiteral("reglages.ini"))); // a folder stands in the file's place
     EXPECT_EQ(demarre(QStringLiteral("CO1")), Demarrage::EnMarche);
     EXPECT_EQ(dialogues.messages.size(), 1u);
