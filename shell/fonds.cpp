@@ -196,7 +196,7 @@ QColor couleurdefond(int numero) {
     return choisi ? QColor::fromRgb(choisi->couleur) : QColor();
 }
 
-QPixmap fondecran(int numero, const QSize& taille, qreal densite) {
+QPixmap imagedefond(int numero, const QSize& taille, qreal densite, look::Theme theme) {
     const Fond* choisi = fond(numero);
     if (!choisi || taille.isEmpty() || !(densite > 0))
         return {};
@@ -206,7 +206,10 @@ QPixmap fondecran(int numero, const QSize& taille, qreal densite) {
     QPainter peintre(&image);
     peintre.setRenderHint(QPainter::Antialiasing);
     peintre.translate(taille.width() / 2.0, taille.height() / 2.0);
-    peintre.setPen(QColor::fromRgb(choisi->trait));
+    const bool clair = theme == look::Theme::Light;
+    peintre.setPen(QColor::fromRgb(clair ? choisi->trait : choisi->couleur));
+    // Light lines on a dark ground need less to be seen.
+    peintre.setOpacity(clair ? 1 : 0.45);
     choisi->dessin(peintre, QRectF(QPointF(-taille.width() / 2.0, -taille.height() / 2.0), QSizeF(taille)));
     return image;
 }
