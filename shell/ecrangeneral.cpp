@@ -8,6 +8,7 @@
 #include "platform/widgets/statusbar.h"
 #include "platform/widgets/toolbar.h"
 #include "platform/widgets/viewformats.h"
+#include "shell/fonds.h"
 #include "shell/menus.h"
 #include "shell/volet.h"
 
@@ -120,7 +121,9 @@ void Ecrangeneral::peintfond() {
     // A light ground would outshine the documents of a dark desk.
     if (look::themeOf(palette()) == look::Theme::Dark)
         couleur = assombrie(couleur, palette().color(QPalette::Window));
-    aire_->setBack(QPixmap(), couleur);
+    // Drawn once for the whole screen: the frame shows its middle, whatever size it takes.
+    const QSize taille = screen()->size();
+    aire_->setBack(fond_.image >= 0 ? fondecran(fond_.image, taille, devicePixelRatioF()) : QPixmap(), couleur);
 }
 
 void Ecrangeneral::montreselection(bool montree) {
