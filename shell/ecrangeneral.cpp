@@ -123,7 +123,10 @@ void Ecrangeneral::peintfond() {
         couleur = assombrie(couleur, palette().color(QPalette::Window));
     // Drawn once for the whole screen: the frame shows its middle, whatever size it takes.
     const QSize taille = screen()->size();
-    aire_->setBack(fond_.image >= 0 ? fondecran(fond_.image, taille, devicePixelRatioF()) : QPixmap(), couleur);
+    QPixmap image;
+    if (fond_.image >= 0)
+        image = imagedefond(fond_.image, taille, devicePixelRatioF(), look::themeOf(palette()));
+    aire_->setBack(image, couleur);
 }
 
 void Ecrangeneral::montreselection(bool montree) {

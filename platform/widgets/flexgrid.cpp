@@ -88,7 +88,7 @@ QString FlexGrid::Private::lines(bool hidden, const QString& between) const {
     QString text;
     if (view->end() < 0)
         return text;
-    const auto [first, last] = std::minmax(view->anchor(), view->end());
+    const auto [first, last] = std::minmax({view->anchor(), view->end()});
     for (int row = first; row <= last; ++row) {
         if (row > first)
             text += between;
