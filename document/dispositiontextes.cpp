@@ -11,7 +11,9 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr int positionlaterale = 360; // of an upright bar that would begin folded
 constexpr int positionhaute = 1000;   // of a lying one
-constexpr int texteminimal = 1500;    // what the panel leaves to the text, as long as there is so much
+// What the panel leaves to the text, where half of the window is not less.
+constexpr int largeurtexte = 4500;
+constexpr int hauteurtexte = 3000;
 
 // A panel below these sizes shows no block at all rather than slivers of one.
 constexpr int largeurlisible = 600;
@@ -89,14 +91,16 @@ void DispositionTextes::deplaceseparateur() {
     const int hauteur = std::max(0, places_.separateurlisteh.top() - haut);
     const int trait = mesures_.trait;
     if (droite()) {
-        const int x = std::clamp(posseparateur, 0, std::max(0, largeur_ - trait - texteminimal));
+        const int x =
+            std::clamp(posseparateur, 0, std::max(0, largeur_ - trait - std::min(largeurtexte, largeur_ / 2)));
         places_.panneau = rect(0, haut, x, hauteur);
         places_.separateur = rect(x, haut, trait, hauteur);
         places_.rtfRichTextBox1 = rect(x + trait, haut, largeur_ - x - trait, hauteur);
         places_.panneaulisible = x >= largeurlisible && hauteur > 0;
         return;
     }
-    const int y = std::clamp(posseparateur - hauteurbarre, 0, std::max(0, hauteur - trait - texteminimal));
+    const int y =
+        std::clamp(posseparateur - hauteurbarre, 0, std::max(0, hauteur - trait - std::min(hauteurtexte, hauteur / 2)));
     const int ligne = std::min(trait, hauteur - std::min(y, hauteur));
     places_.panneau = rect(0, haut, largeur_, y);
     places_.separateur = rect(0, haut + y, largeur_, ligne);

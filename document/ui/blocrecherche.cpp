@@ -42,7 +42,9 @@ void BlocRecherche::moveblocrecherche() {
     // Wide and low, as above the text: one line. Narrow, as beside it: one below the other.
     constexpr int champminimal = 160;
     const bool uneligne = libelle + bouton + champminimal + 2 * look::spacing <= largeur;
-    int haut = look::grid + look::grid / 2;
+    constexpr int marge = look::grid + look::grid / 2;
+    const bool avecresultat = height() - ligne - 3 * look::spacing > 2 * resultat_->fontMetrics().height();
+    int haut = uneligne && !avecresultat ? std::max(0, (height() - ligne) / 2) : marge;
     if (uneligne) {
         etiquette_->setGeometry(gauche, haut, libelle, ligne);
         const int champ = std::min(largeur - libelle - bouton - 2 * look::spacing, 480);
@@ -62,7 +64,7 @@ void BlocRecherche::moveblocrecherche() {
     haut += look::spacing;
     const int reste = DispositionTextes::Heightblocrecherche(height(), haut + look::spacing);
     resultat_->setGeometry(gauche, haut, largeur, reste);
-    resultat_->setVisible(reste > resultat_->fontMetrics().height());
+    resultat_->setVisible(avecresultat && reste > resultat_->fontMetrics().height());
 }
 
 void BlocRecherche::resizeEvent(QResizeEvent* evenement) {

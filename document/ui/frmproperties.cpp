@@ -119,12 +119,12 @@ void frmproperties::construit() {
     fermer_->setDefault(true);
     connect(fermer_, &QPushButton::clicked, this, &QDialog::close);
 
-    // Two columns of labels with their fields; long texts take both.
+    // Two columns of labels with their fields, parted by an empty one; long texts take both.
+    constexpr int derniere = 4;
     auto* grille = new QGridLayout(this);
     grille->setContentsMargins(look::windowMargin, look::windowMargin, look::windowMargin, look::windowMargin);
     grille->setHorizontalSpacing(look::spacing);
     grille->setVerticalSpacing(look::spacing);
-    grille->setColumnMinimumWidth(2, 0);
     int rangee = 0;
     const auto etiquette = [this, grille](int numerotexte, QWidget* nomme, int ou, int colonne) {
         auto* libelle = new QLabel(contexte_.texte(numerotexte), this);
@@ -133,13 +133,13 @@ void frmproperties::construit() {
     };
     const auto entiere = [&](int numerotexte, QWidget* controle) {
         etiquette(numerotexte, controle, rangee, 0);
-        grille->addWidget(controle, rangee++, 1, 1, 3);
+        grille->addWidget(controle, rangee++, 1, 1, derniere);
     };
     const auto paire = [&](int numerotexte, QWidget* gauche, int autretexte, QWidget* droite) {
         etiquette(numerotexte, gauche, rangee, 0);
         grille->addWidget(gauche, rangee, 1);
-        etiquette(autretexte, droite, rangee, 2);
-        grille->addWidget(droite, rangee++, 3);
+        etiquette(autretexte, droite, rangee, 3);
+        grille->addWidget(droite, rangee++, derniere);
     };
     paire(9110, reference_, 9111, numart_);
     entiere(9112, titre_);
@@ -154,12 +154,12 @@ void frmproperties::construit() {
     auto* libellearbre = new QLabel(contexte_.texte(9123), this);
     libellearbre->setBuddy(arbre_);
     grille->addWidget(libellearbre, rangee, 0, Qt::AlignLeft | Qt::AlignTop);
-    grille->addWidget(arbre_, rangee, 1, 1, 3);
+    grille->addWidget(arbre_, rangee, 1, 1, derniere);
     grille->setRowStretch(rangee++, 1);
     grille->setColumnStretch(1, 1);
-    grille->setColumnStretch(3, 1);
+    grille->setColumnStretch(derniere, 1);
     grille->setRowMinimumHeight(rangee++, look::groupSpacing - 2 * look::spacing);
-    grille->addWidget(fermer_, rangee, 0, 1, 4, Qt::AlignRight);
+    grille->addWidget(fermer_, rangee, 0, 1, derniere + 1, Qt::AlignRight);
 }
 
 void frmproperties::restauretaille() {
@@ -176,6 +176,7 @@ void frmproperties::afficheproprietes(const QString& referencecourante, const QS
     proprietes_ = velm::afficheproprietes(referencecourante, titrecourant, document, types_);
     const auto met = [](QLineEdit* champ, const QString& texte) {
         champ->setText(texte);
+        champ->setToolTip(texte);
         champ->setCursorPosition(0);
     };
     met(reference_, proprietes_.reference);

@@ -163,7 +163,8 @@ TEST(DispositionTextes, DroppingABarMovesItByItsSourcesRule) {
 TEST(DispositionTextes, AVeryFarPositionLeavesTheTextItsRoomAndStaysStored) {
     const DispositionTextes d = disposition(u"0"_s, 50'000);
     EXPECT_EQ(d.posseparateur, 50'000);
-    EXPECT_GE(d.places().rtfRichTextBox1.width(), 1500);
+    EXPECT_EQ(d.places().rtfRichTextBox1.width(), 4500);
+    EXPECT_EQ(disposition(u"0"_s, 50'000, 6000).places().rtfRichTextBox1.width(), 3000);
 }
 
 TEST(DispositionTextes, ClosedListsLeaveTheirHeadersAtTheBottom) {
