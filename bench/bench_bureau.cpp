@@ -9,6 +9,7 @@
 #include "platform/widgets/childarea.h"
 #include "platform/widgets/flexgrid.h"
 #include "platform/widgets/look.h"
+#include "platform/widgets/richtextbox.h"
 #include "platform/widgets/toolbar.h"
 #include "platform/widgets/treeview.h"
 #include "shell/bureau.h"
@@ -69,6 +70,9 @@ public:
         return *bureau().fenetre(collection);
     }
     void ferme() {
+        // The next window begins with a block that costs nothing.
+        for (const Textes* fenetre : bureau().fenetres())
+            emit fenetre->barrechild().buttonClicked(QStringLiteral("recherchedico"));
         bureau().fermefenetres();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
