@@ -145,9 +145,14 @@ void balance(QPainter& peintre, const QRectF&) {
     peintre.drawPath(chemin);
     trace(peintre, 1, 0.36);
     for (const double cote : {-220.0, 220.0}) {
-        for (const double bord : {-74.0, -18.0, 18.0, 74.0})
-            peintre.drawLine(QLineF(cote, -150, cote + bord, 40));
-        QPainterPath plateau(QPointF(cote - 80, 40));
+        // The strings hang apart on a ring: meeting in a point they would add up to a blot.
+        QPainterPath plateau;
+        plateau.addEllipse(QPointF(cote, -142), 8, 8);
+        for (const double bord : {-74.0, -18.0, 18.0, 74.0}) {
+            plateau.moveTo(cote + bord / 12, -134);
+            plateau.lineTo(cote + bord, 40);
+        }
+        plateau.moveTo(cote - 80, 40);
         plateau.cubicTo(cote - 62, 92, cote + 62, 92, cote + 80, 40);
         plateau.closeSubpath();
         peintre.drawPath(plateau);

@@ -1,0 +1,132 @@
+#include "shell/frmabout.h"
+
+#include "platform/system/dialogues.h"
+#include "platform/widgets/look.h"
+#include "shell/frmabout_logo.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QShowEvent>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QVersionNumber>
+
+namespace velm {
+
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int cotelogo = 64;
+constexpr int largeurtexte = 360;
+constexpr int intervalle = 110;
+
+} // namespace
+
+QString versioncourte(const QString& version) {
+    const QVersionNumber lue = QVersionNumber::fromString(version);
+    return QVersionNumber(lue.majorVersion(), lue.minorVersion(), lue.microVersion()).toString();
+}
+
+frmAbout::frmAbout(const std::function<QString(int)>& texte, const QString& version, Rappels rappels,
+                   Dialogues& dialogues, QWidget* parent)
+    : QDialog(parent), texte_(texte), rappels_(std::move(rappels)), dialogues_(dialogues) {
+    setObjectName(u"frmAbout"_s);
+    setWindowTitle(texte_(161));
+    setWindowModality(Qt::ApplicationModal);
+    minuterie_ = new QTimer(this);
+    minuterie_->setObjectName(u"Timer1"_s);
+    minuterie_->setInterval(intervalle);
+    construit(version);
+    connect(minuterie_, &QTimer::timeout, logo_, &Logo::suivante);
+    connect(logo_, &Logo::clique, this, &frmAbout::basculeanimation);
+}
+
+void frmAbout::construit(const QString& version) {
+    logo_ = new Logo(cotelogo, this);
+    logo_->setObjectName(u"Picture2"_s);
+    logo_->setAccessibleName(texte_(8));
+
+    auto* titre = new QLabel(texte_(8), this);
+    titre->setObjectName(u"lblTitle"_s);
+    QFont police = titre->font();
+    police.setPointSizeF(police.pointSizeF() * 1.2);
+    police.setWeight(QFont::DemiBold);
+    titre->setFont(police);
+    auto* numero = new QLabel(texte_(2) + u' ' + versioncourte(version), this);
+    numero->setObjectName(u"lblVersion"_s);
+    numero->setTextInteractionFlags(Qt::TextSelectableByMouse);
+
+    QStringList phrases;
+    for (const int n : {60, 61, 62, 63})
+        phrases.append(texte_(n));
+    auto* conditions = new QLabel(phrases.join(u' '), this);
+    conditions->setObjectName(u"conditions"_s);
+    conditions->setTextFormat(Qt::PlainText);
+    conditions->setWordWrap(true);
+    conditions->setMinimumWidth(largeurtexte);
+
+    auto* ok = new QPushButton(texte_(4), this);
+    ok->setObjectName(u"cmdok"_s);
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &QDialog::close);
+    auto* systeme = new QPushButton(texte_(5), this);
+    systeme->setObjectName(u"cmdSysInfo"_s);
+    systeme->setAutoDefault(false);
+    connect(systeme, &QPushButton::clicked, this, &frmAbout::informationssysteme);
+
+    auto* colonne = new QVBoxLayout;
+    colonne->setSpacing(look::grid);
+    colonne->addWidget(titre);
+    colonne->addWidget(numero);
+    colonne->addSpacing(look::windowMargin);
+    colonne->addWidget(conditions);
+    colonne->addStretch();
+    auto* corps = new QHBoxLayout;
+    corps->setSpacing(look::groupSpacing);
+    corps->addWidget(logo_, 0, Qt::AlignTop);
+    corps->addLayout(colonne, 1);
+    auto* pied = new QHBoxLayout;
+    pied->setSpacing(look::spacing);
+    pied->addStretch();
+    pied->addWidget(systeme);
+    pied->addWidget(ok);
+    auto* disposition = new QVBoxLayout(this);
+    disposition->setContentsMargins(look::windowMargin, look::windowMargin, look::windowMargin, look::windowMargin);
+    disposition->setSpacing(look::groupSpacing);
+    disposition->setSizeConstraint(QLayout::SetFixedSize);
+    disposition->addLayout(corps);
+    disposition->addLayout(pied);
+    setTabOrder(ok, systeme);
+    ok->setFocus();
+}
+
+void frmAbout::showEvent(QShowEvent* evenement) {
+    QDialog::showEvent(evenement);
+    if (evenement->spontaneous())
+        return;
+    minuterie_->start();
+    if (rappels_.estmontree)
+        rappels_.estmontree();
+}
+
+void frmAbout::hideEvent(QHideEvent* evenement) {
+    if (!evenement->spontaneous())
+        minuterie_->stop();
+    QDialog::hideEvent(evenement);
+}
+
+void frmAbout::basculeanimation() {
+    if (minuterie_->isActive())
+        minuterie_->stop();
+    else
+        minuterie_->start();
+}
+
+void frmAbout::informationssysteme() {
+    if (!rappels_.lancesysinfo || !rappels_.lancesysinfo())
+        dialogues_.message(texte_(6), texte_(161), Icone::Information);
+}
+
+} // namespace velm

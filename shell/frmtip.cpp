@@ -1,0 +1,119 @@
+#include "shell/frmtip.h"
+
+#include "core/astuces.h"
+#include "platform/widgets/icons.h"
+#include "platform/widgets/look.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace velm {
+
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int coteimage = 48;
+constexpr int largeurtexte = 400;
+constexpr int hauteurtexte = 96;
+
+/// The sheet that the tip lies on: white like a document, and scrolled if the tip is long.
+QScrollArea* feuille(QLabel* texte, QWidget* parent) {
+    texte->setWordWrap(true);
+    texte->setTextFormat(Qt::PlainText);
+    texte->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    texte->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    texte->setMargin(look::windowMargin);
+    auto* zone = new QScrollArea(parent);
+    zone->setWidget(texte);
+    zone->setWidgetResizable(true);
+    zone->setMinimumSize(largeurtexte, hauteurtexte);
+    zone->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    zone->setBackgroundRole(QPalette::Base);
+    texte->setBackgroundRole(QPalette::Base);
+    return zone;
+}
+
+} // namespace
+
+frmTip::frmTip(const std::function<QString(int)>& texte, Astuces& astuces, const QString& fichier, Demarrage demarrage,
+               QWidget* parent)
+    : QDialog(parent), astuces_(astuces), change_(std::move(demarrage.change)) {
+    setObjectName(u"frmTip"_s);
+    setWindowTitle(texte(3000));
+    setWindowModality(Qt::ApplicationModal);
+    construit(texte, demarrage.coche);
+    if (!astuces_.loadtips(fichier))
+        texte_->setText(texte(3004));
+    montreastuce();
+}
+
+void frmTip::construit(const std::function<QString(int)>& texte, bool coche) {
+    auto* image = new QLabel(this);
+    image->setObjectName(u"Image1"_s);
+    image->setPixmap(icon(u"astuce"_s).pixmap(QSize(coteimage, coteimage), devicePixelRatioF()));
+
+    auto* titre = new QLabel(texte(3003), this);
+    titre->setObjectName(u"Label1"_s);
+    QFont police = titre->font();
+    police.setPointSizeF(police.pointSizeF() * 1.2);
+    police.setWeight(QFont::DemiBold);
+    titre->setFont(police);
+
+    texte_ = new QLabel;
+    texte_->setObjectName(u"lblTipText"_s);
+    texte_->setAccessibleName(texte(3000));
+    QScrollArea* zone = feuille(texte_, this);
+
+    auto* case_ = new QCheckBox(texte(3001), this);
+    case_->setObjectName(u"chkLoadTipsAtStartup"_s);
+    case_->setChecked(coche);
+    connect(case_, &QCheckBox::clicked, this, [this](bool cochee) {
+        if (change_)
+            change_(cochee);
+    });
+
+    auto* ok = new QPushButton(texte(4), this);
+    ok->setObjectName(u"cmdok"_s);
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &QDialog::close);
+    auto* suivante = new QPushButton(texte(3002), this);
+    suivante->setObjectName(u"cmdNextTip"_s);
+    suivante->setAutoDefault(false);
+    connect(suivante, &QPushButton::clicked, this, [this] {
+        astuces_.nexttip();
+        montreastuce();
+    });
+
+    auto* tete = new QHBoxLayout;
+    tete->setSpacing(look::windowMargin);
+    tete->addWidget(image);
+    tete->addWidget(titre, 1);
+    auto* pied = new QHBoxLayout;
+    pied->setSpacing(look::spacing);
+    pied->addWidget(case_);
+    pied->addSpacing(look::groupSpacing);
+    pied->addStretch();
+    pied->addWidget(suivante);
+    pied->addWidget(ok);
+    auto* disposition = new QVBoxLayout(this);
+    disposition->setContentsMargins(look::windowMargin, look::windowMargin, look::windowMargin, look::windowMargin);
+    disposition->setSpacing(look::windowMargin);
+    disposition->addLayout(tete);
+    disposition->addWidget(zone, 1);
+    disposition->addLayout(pied);
+    setTabOrder(ok, suivante);
+    setTabOrder(suivante, case_);
+    ok->setFocus();
+}
+
+void frmTip::montreastuce() {
+    if (astuces_.nombre() > 0)
+        texte_->setText(astuces_.displaycurrenttip());
+}
+
+} // namespace velm
