@@ -1,5 +1,5 @@
 // The reading desk with a whole collection: what a reader waits for in the windows, and what a long session costs.
-//   bench_bureau BASE [--session N]     without --session the benchmarks run, with it N documents are opened and closed
+//   bench_bureau BASE [--documents N]     without --documents the benchmarks run, with it N documents are opened and closed
 #include "core/cle.h"
 #include "document/ui/textes.h"
 #include "platform/engine/recordset.h"
@@ -221,7 +221,7 @@ int main(int argc, char** argv) {
     if (!essai.prete())
         return 1;
     bureau = &essai;
-    if (mots.value(2) == QStringLiteral("--session"))
+    if (mots.value(2) == QStringLiteral("--documents"))
         session(mots.value(3, QStringLiteral("1000")).toInt());
     else
         benchmark::RunSpecifiedBenchmarks();
