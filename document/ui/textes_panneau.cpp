@@ -61,7 +61,9 @@ void Textes::montrebloc() {
 }
 
 void Textes::chargerarbre() {
-    arborescence_.chargearbrebase(arbre_->nodes(), code_);
+    TreeNodes& noeuds = arbre_->nodes();
+    arborescence_.chargearbrebase(noeuds, code_);
+    noeuds.setExpanded(1, true); // what lies below it is loaded already
     arbrecharge_ = true;
 }
 
