@@ -129,15 +129,6 @@ void Textes::resizeEvent(QResizeEvent* evenement) {
     place();
 }
 
-void Textes::showEvent(QShowEvent* evenement) {
-    QWidget::showEvent(evenement);
-    if (!partage_) {
-        partage_ = true;
-        disposition_.partagelistes();
-        place();
-    }
-}
-
 void Textes::changeEvent(QEvent* evenement) {
     QWidget::changeEvent(evenement);
     switch (evenement->type()) {

@@ -123,7 +123,6 @@ signals:
 protected:
     void closeEvent(QCloseEvent* evenement) override;
     void resizeEvent(QResizeEvent* evenement) override;
-    void showEvent(QShowEvent* evenement) override;
     void changeEvent(QEvent* evenement) override;
     void keyPressEvent(QKeyEvent* evenement) override;
     bool eventFilter(QObject* objet, QEvent* evenement) override;
@@ -211,7 +210,7 @@ private:
     bool arbrecharge_ = false;
     bool flexcharge_ = false;
     bool menusactifs_ = false;
-    bool partage_ = false; ///< the lower lists have been halved
+    bool partage_ = true; ///< the lower lists share the width until the user moves their bar
     bool decharge_ = false;
 };
 

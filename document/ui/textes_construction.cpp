@@ -61,7 +61,7 @@ void Textes::connecte() {
         place();
     });
     connect(separateurlistev_, &SplitterBar::usualPlaceWanted, this, [this] {
-        disposition_.partagelistes();
+        partage_ = true;
         place();
     });
     connect(separateurlisteh_, &SplitterBar::usualPlaceWanted, this, [this] {

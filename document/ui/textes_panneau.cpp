@@ -114,6 +114,8 @@ void Textes::place() {
     const MesuresTextes mesures{twipsFromPixels(barre_->sizeHint().height()), twipsFromPixels(liens_->hauteurentete()),
                                 twipsFromPixels(SplitterBar::thickness)};
     disposition_.changetaille(twipsFromPixels(width()), twipsFromPixels(height()), mesures);
+    if (partage_)
+        disposition_.partagelistes();
     disposition_.replaceseparateur();
     applique();
 }
@@ -143,6 +145,7 @@ void Textes::applique() {
 void Textes::lache(const SplitterBar& barre, int position) {
     const int twips = twipsFromPixels(position);
     const bool debout = barre.orientation() == Qt::Vertical;
+    partage_ = partage_ && &barre != separateurlistev_;
     disposition_.lache(barre.objectName(), debout ? QPoint(twips, 0) : QPoint(0, twips));
     applique();
 }

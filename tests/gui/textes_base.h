@@ -65,7 +65,7 @@ protected:
     static QByteArray corps(int numero) {
         if (numero == 1)
             return "{\\rtf1\\ansi Voir \\{L=l'article 2|CO000002\\} et \\{U=le site|https://example.org\\} ou "
-                   "\\{E=nous|a@example.org\\} puis \\{L=ailleurs|CO000099\\}.\\par "
+                   "\\{E=nous|a@example.org\\} puis \\{L=ailleurs|CO000099\\} et \\{L=Ligne 40|CO000002\\}.\\par "
                    "\\{S=Commentaire\\}Une note.\\{-S\\}\\par}";
         QByteArray texte = "{\\rtf1\\ansi Texte " + QByteArray::number(numero) + ".\\par ";
         for (int ligne = 0; ligne < 80; ++ligne)

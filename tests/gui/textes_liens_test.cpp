@@ -144,9 +144,10 @@ TEST_F(LiensTextes, AClickOutsideOpensNothing) {
 
 TEST_F(LiensTextes, AnInternalLinkPassesItsShownTextAsAnchorAndFoldsThePanel) {
     Textes& fenetre = ouvre("CO000001");
-    cliquetexte(fenetre, 8);
+    cliquetexte(fenetre, fenetre.vue().control().text().indexOf(u"Ligne 40"_s) + 3);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
     EXPECT_TRUE(fenetre.disposition().replie());
+    EXPECT_TRUE(fenetre.vue().control().text().mid(fenetre.vue().selStart()).startsWith(u"Ligne 40."_s));
 }
 
 TEST_F(LiensTextes, WebAndMailLinksGoToTheUsersPrograms) {
