@@ -10,6 +10,36 @@
 
 namespace velm {
 
+namespace {
+
+/// The colours of a list with or without the focus.
+struct Tones {
+    explicit Tones(const QWidget& view)
+        : palette(view.hasFocus() ? view.palette() : gridlook::unfocused(view.palette())),
+          group(!view.isEnabled()       ? QPalette::Disabled
+                : view.isActiveWindow() ? QPalette::Active
+                                        : QPalette::Inactive) {}
+    QColor ground() const { return palette.color(group, QPalette::Highlight); }
+    QColor text(bool selected) const {
+        return palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text);
+    }
+    QColor line() const { return gridlook::hairline(palette); }
+
+    QPalette palette;
+    QPalette::ColorGroup group;
+};
+
+void paintGround(QPainter& painter, const QRect& rect, const Tones& tones, bool selected, bool line) {
+    if (selected) {
+        painter.fillRect(rect, tones.ground());
+    } else if (line) {
+        painter.setPen(tones.line());
+        painter.drawLine(rect.bottomLeft(), rect.bottomRight());
+    }
+}
+
+} // namespace
+
 struct GridView::Delegate : public QStyledItemDelegate {
     explicit Delegate(GridView* owner) : QStyledItemDelegate(owner), view(*owner) {}
 
@@ -17,22 +47,15 @@ struct GridView::Delegate : public QStyledItemDelegate {
         const int row = index.row();
         const int place = view.placeOf(index.column());
         const bool selected = view.isSelected(row);
-        const QPalette colours = view.hasFocus() ? option.palette : gridlook::unfocused(option.palette);
-        const QPalette::ColorGroup group =
-            view.isEnabled() ? (view.isActiveWindow() ? QPalette::Active : QPalette::Inactive) : QPalette::Disabled;
-        if (selected)
-            painter->fillRect(option.rect, colours.color(group, QPalette::Highlight));
-        if (!selected && !view.joinsAbove(row + 1, place)) {
-            painter->setPen(gridlook::hairline(colours));
-            painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
-        }
+        const Tones tones(view);
+        paintGround(*painter, option.rect, tones, selected, !view.joinsAbove(row + 1, place));
         if (!view.showsText(row, place))
             return;
         const QString text = index.data().toString();
         if (text.isEmpty())
             return;
         painter->setFont(option.font);
-        painter->setPen(colours.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
+        painter->setPen(tones.text(selected));
         const QFontMetrics& metrics = option.fontMetrics;
         const QRect rect = gridlook::textRect(option.rect, metrics.horizontalAdvance(text));
         painter->drawText(rect, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine,
@@ -105,7 +128,7 @@ void GridView::restoreSelection() {
     if (end_ < 0 || columns == 0 || std::max(anchor_, end_) >= model_.rowCount()) {
         selection.clear();
     } else {
-        const auto [first, last] = std::minmax(anchor_, end_);
+        const auto [first, last] = std::minmax({anchor_, end_});
         selection.select({model_.index(first, 0), model_.index(last, columns - 1)},
                          QItemSelectionModel::ClearAndSelect);
         selection.setCurrentIndex(model_.index(end_, logicalAt(firstPlace())), QItemSelectionModel::NoUpdate);
@@ -205,6 +228,19 @@ void GridView::paintEvent(QPaintEvent* event) {
     }
     QTableView::paintEvent(event);
     joins_.clear();
+    paintBeside();
+}
+
+void GridView::paintBeside() {
+    const int left = header_->length() - header_->offset();
+    const int width = viewport()->width() - left;
+    if (width <= 0)
+        return;
+    QPainter painter(viewport());
+    const Tones tones(*this);
+    const int last = std::min(topRow() + pageRows() + 1, model_.rowCount());
+    for (int row = topRow(); row < last; ++row)
+        paintGround(painter, {left, rowViewportPosition(row), width, rowHeight(row)}, tones, isSelected(row), true);
 }
 
 void GridView::scrollContentsBy(int dx, int dy) {

@@ -83,6 +83,8 @@ private:
     /// Number of places, from the left, that a row shows as one with the row above.
     int joined(int row) const;
     int joinedNow(int row) const;
+    /// Right of the last column, rows go on.
+    void paintBeside();
     int pageRows() const;
     int firstPlace() const;
     int placeAt(int x) const;

@@ -23,7 +23,9 @@ protected:
 private:
     static void complain(QtMsgType type, const QMessageLogContext& context, const QString& message) {
         Q_UNUSED(context)
-        if (type != QtDebugMsg && type != QtInfoMsg) {
+        // The platform without a screen does not care for size hints and stacking, and says so.
+        const bool ofPlatform = message.startsWith(QStringLiteral("This plugin does not support"));
+        if (type != QtDebugMsg && type != QtInfoMsg && !ofPlatform) {
             ADD_FAILURE() << "toolkit warning: " << message.toStdString();
         }
     }

@@ -1,0 +1,365 @@
+// What the user does in a grid: mouse, keyboard, tool tips.
+#include "gridfixture.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QHelpEvent>
+#include <QToolTip>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class FlexGridInput : public GridTest {
+protected:
+    FlexGridInput() {
+        number(100);
+        grid.setColWidth(0, 3000);
+    }
+    int pageRows() const { return rowsWidget()->height() / grid.view()->rowHeight(0); }
+    void rightClick(int row, int col) { QTest::mouseClick(rowsWidget(), Qt::RightButton, {}, pointOf(row, col)); }
+    QString tipAt(QWidget* widget, const QPoint& at) {
+        QHelpEvent help(QEvent::ToolTip, at, widget->mapToGlobal(at));
+        QApplication::sendEvent(widget, &help);
+        return QToolTip::text();
+    }
+    /// A tip that stands goes after a moment.
+    bool noTipAt(QWidget* widget, const QPoint& at) {
+        tipAt(widget, at);
+        return QTest::qWaitFor([] { return !QToolTip::isVisible(); });
+    }
+};
+
+} // namespace
+
+TEST_F(FlexGridInput, ArrowsAndPagesMoveTheRow) {
+    QSignalSpy changed(&grid, &FlexGrid::rowChanged);
+    key(Qt::Key_Down);
+    EXPECT_EQ(range(), GridTest::Range(1, 1));
+    key(Qt::Key_Down);
+    key(Qt::Key_Down);
+    key(Qt::Key_Up);
+    EXPECT_EQ(range(), GridTest::Range(2, 2));
+    key(Qt::Key_End);
+    EXPECT_EQ(range(), GridTest::Range(100, 100));
+    key(Qt::Key_Down);
+    EXPECT_EQ(grid.row(), 100);
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(grid.row(), 100 - pageRows());
+    key(Qt::Key_Home);
+    EXPECT_EQ(range(), GridTest::Range(1, 1));
+    EXPECT_EQ(grid.topRow(), 1);
+    key(Qt::Key_PageDown);
+    EXPECT_EQ(grid.row(), 1 + pageRows());
+    EXPECT_EQ(changed.last().at(0).toInt(), 1 + pageRows());
+    EXPECT_EQ(changed.size(), 8);
+}
+
+TEST_F(FlexGridInput, ShiftExtendsTheRange) {
+    grid.setRow(5);
+    key(Qt::Key_Down, Qt::ShiftModifier);
+    key(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(range(), GridTest::Range(5, 7));
+    EXPECT_EQ(grid.view()->selectionModel()->selectedRows().size(), 3);
+    for (int i = 0; i < 4; ++i)
+        key(Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(range(), GridTest::Range(5, 3));
+    EXPECT_EQ(grid.selectedRows(), std::pair(3, 5));
+    key(Qt::Key_Down);
+    EXPECT_EQ(range(), GridTest::Range(4, 4));
+    press(9, 0, Qt::ShiftModifier);
+    EXPECT_EQ(range(), GridTest::Range(4, 9));
+}
+
+TEST_F(FlexGridInput, TheProgramSetsTheRangeToo) {
+    grid.setRowSel(4);
+    EXPECT_EQ(range(), GridTest::Range(4, 4));
+    grid.setRowSel(90);
+    EXPECT_EQ(range(), GridTest::Range(4, 90));
+    grid.setRow(1000);
+    EXPECT_EQ(range(), GridTest::Range(100, 100));
+    grid.setRow(0);
+    EXPECT_EQ(range(), GridTest::Range(0, 0));
+    EXPECT_EQ(grid.selectedRows(), std::pair(0, 0));
+    EXPECT_FALSE(grid.view()->selectionModel()->hasSelection());
+    grid.setRow(-4);
+    EXPECT_EQ(grid.row(), 0);
+}
+
+TEST_F(FlexGridInput, ControlASelectsAllRows) {
+    key(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(range(), GridTest::Range(1, 100));
+    EXPECT_EQ(grid.topRow(), 1);
+    EXPECT_EQ(grid.clip().count(u'\r'), 99);
+}
+
+TEST_F(FlexGridInput, TheClipHoldsAllColumnsOfTheSelectedRows) {
+    grid.setRow(3);
+    grid.setRowSel(2);
+    EXPECT_EQ(grid.clip(), u"ligne 2\t2\rligne 3\t3"_s);
+    grid.setColPosition(1, 0);
+    EXPECT_EQ(grid.clip(), u"2\tligne 2\r3\tligne 3"_s);
+    grid.setColWidth(0, 0);
+    EXPECT_EQ(grid.clip(), u"2\tligne 2\r3\tligne 3"_s);
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), u"ligne 2\r\nligne 3"_s);
+}
+
+TEST_F(FlexGridInput, TheMouseDragsARange) {
+    QSignalSpy clicked(&grid, &FlexGrid::clicked);
+    QTest::mousePress(rowsWidget(), Qt::LeftButton, {}, pointOf(2, 0));
+    EXPECT_EQ(range(), GridTest::Range(2, 2));
+    QTest::mouseMove(rowsWidget(), pointOf(6, 1));
+    EXPECT_EQ(range(), GridTest::Range(2, 6));
+    QTest::mouseMove(rowsWidget(), pointOf(1, 1));
+    QTest::mouseRelease(rowsWidget(), Qt::LeftButton, {}, pointOf(1, 1));
+    EXPECT_EQ(range(), GridTest::Range(2, 1));
+    EXPECT_EQ(clicked.size(), 0);
+}
+
+TEST_F(FlexGridInput, ADragBelowTheRowsScrollsOn) {
+    QTest::mousePress(rowsWidget(), Qt::LeftButton, {}, pointOf(2, 0));
+    QTest::mouseMove(rowsWidget(), {20, rowsWidget()->height() + 10});
+    EXPECT_TRUE(QTest::qWaitFor([this] { return grid.rowSel() > 2 + pageRows(); }));
+    EXPECT_GT(grid.topRow(), 1);
+    QTest::mouseMove(rowsWidget(), {20, -10});
+    EXPECT_TRUE(QTest::qWaitFor([this] { return grid.rowSel() == 1; }));
+    QTest::mouseRelease(rowsWidget(), Qt::LeftButton, {}, {20, -10});
+    EXPECT_EQ(range(), GridTest::Range(2, 1));
+}
+
+TEST_F(FlexGridInput, AClickIsToldOnceAndADoubleClickAfterIt) {
+    QSignalSpy clicked(&grid, &FlexGrid::clicked);
+    QSignalSpy doubled(&grid, &FlexGrid::doubleClicked);
+    press(4, 1);
+    ASSERT_EQ(clicked.size(), 1);
+    EXPECT_EQ(clicked.at(0).at(0).toInt(), 4);
+    EXPECT_EQ(clicked.at(0).at(1).toInt(), 1);
+    EXPECT_EQ(range(), GridTest::Range(4, 4));
+    pressTwice(rowsWidget(), pointOf(5, 0));
+    ASSERT_EQ(doubled.size(), 1);
+    EXPECT_EQ(doubled.at(0).at(0).toInt(), 5);
+    EXPECT_EQ(clicked.size(), 2);
+    press(5, 0);
+    EXPECT_EQ(clicked.size(), 3);
+}
+
+TEST_F(FlexGridInput, ADoubleClickIsToldWithAllSelectedRows) {
+    grid.setRow(3);
+    grid.setRowSel(6);
+    GridTest::Range seen;
+    QObject::connect(&grid, &FlexGrid::doubleClicked, &grid, [&] { seen = range(); });
+    pressTwice(rowsWidget(), pointOf(4, 0));
+    EXPECT_EQ(seen, GridTest::Range(3, 6));
+}
+
+TEST_F(FlexGridInput, ASingleClickInARangeGivesItUpAfterAWhile) {
+    grid.setRow(3);
+    grid.setRowSel(6);
+    press(4, 0);
+    EXPECT_EQ(range(), GridTest::Range(3, 6));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return range() == GridTest::Range(4, 4); }));
+    grid.setRow(3);
+    grid.setRowSel(6);
+    press(5, 0);
+    key(Qt::Key_Down);
+    EXPECT_EQ(range(), GridTest::Range(6, 6));
+}
+
+TEST_F(FlexGridInput, ADragFromWithinARangeStartsAnew) {
+    grid.setRow(3);
+    grid.setRowSel(6);
+    QTest::mousePress(rowsWidget(), Qt::LeftButton, {}, pointOf(4, 0));
+    QTest::mouseMove(rowsWidget(), pointOf(8, 0));
+    QTest::mouseRelease(rowsWidget(), Qt::LeftButton, {}, pointOf(8, 0));
+    EXPECT_EQ(range(), GridTest::Range(4, 8));
+}
+
+TEST_F(FlexGridInput, TheHeaderIsRowZero) {
+    QSignalSpy clicked(&grid, &FlexGrid::clicked);
+    QSignalSpy doubled(&grid, &FlexGrid::doubleClicked);
+    QSignalSpy right(&grid, &FlexGrid::rightClicked);
+    grid.setColPosition(0, 1);
+    QTest::mouseClick(headerWidget(), Qt::LeftButton, {}, headerPoint(1));
+    ASSERT_EQ(clicked.size(), 1);
+    EXPECT_EQ(clicked.at(0).at(0).toInt(), 0);
+    EXPECT_EQ(clicked.at(0).at(1).toInt(), 1);
+    pressTwice(headerWidget(), headerPoint(0));
+    ASSERT_EQ(doubled.size(), 1);
+    EXPECT_EQ(doubled.at(0).at(0).toInt(), 0);
+    EXPECT_EQ(doubled.at(0).at(1).toInt(), 0);
+    QTest::mouseClick(headerWidget(), Qt::RightButton, {}, headerPoint(0));
+    ASSERT_EQ(right.size(), 1);
+    EXPECT_EQ(right.at(0).at(0).toInt(), 0);
+    EXPECT_EQ(grid.row(), 0);
+}
+
+TEST_F(FlexGridInput, ColumnsThatCanBeDraggedCanBeClickedToo) {
+    grid.setColumnsMovable(true);
+    QSignalSpy clicked(&grid, &FlexGrid::clicked);
+    QTest::mouseClick(headerWidget(), Qt::LeftButton, {}, headerPoint(0));
+    EXPECT_EQ(clicked.size(), 1);
+}
+
+TEST_F(FlexGridInput, ARightClickSelectsWhatIsNotSelected) {
+    QSignalSpy right(&grid, &FlexGrid::rightClicked);
+    QSignalSpy clicked(&grid, &FlexGrid::clicked);
+    grid.setRow(3);
+    grid.setRowSel(5);
+    rightClick(4, 0);
+    EXPECT_EQ(range(), GridTest::Range(3, 5));
+    rightClick(7, 1);
+    EXPECT_EQ(range(), GridTest::Range(7, 7));
+    ASSERT_EQ(right.size(), 2);
+    EXPECT_EQ(right.at(1).at(0).toInt(), 7);
+    EXPECT_EQ(right.at(1).at(1).toInt(), 1);
+    EXPECT_EQ(right.at(1).at(2).toPoint(), rowsWidget()->mapToGlobal(pointOf(7, 1)));
+    EXPECT_EQ(clicked.size(), 0);
+}
+
+TEST_F(FlexGridInput, TheMenuKeyAsksAtTheSelectedRow) {
+    QSignalSpy right(&grid, &FlexGrid::rightClicked);
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, {5, 5}, rowsWidget()->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(rowsWidget(), &menu);
+    EXPECT_EQ(right.size(), 0);
+    grid.setRow(90);
+    grid.setTopRow(1);
+    QContextMenuEvent again(QContextMenuEvent::Keyboard, {5, 5}, rowsWidget()->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(rowsWidget(), &again);
+    ASSERT_EQ(right.size(), 1);
+    EXPECT_EQ(right.at(0).at(0).toInt(), 90);
+    const QPoint at = rowsWidget()->mapFromGlobal(right.at(0).at(2).toPoint());
+    EXPECT_EQ(grid.rowAt(rowsWidget()->mapTo(&grid, at)), 90);
+}
+
+TEST_F(FlexGridInput, ReturnActivatesAndDeleteIsTold) {
+    QSignalSpy activated(&grid, &FlexGrid::activated);
+    QSignalSpy deleted(&grid, &FlexGrid::deletePressed);
+    key(Qt::Key_Return);
+    EXPECT_EQ(activated.size(), 0);
+    grid.setRow(8);
+    key(Qt::Key_Return);
+    key(Qt::Key_Enter, Qt::KeypadModifier);
+    key(Qt::Key_Delete);
+    ASSERT_EQ(activated.size(), 2);
+    EXPECT_EQ(activated.at(0).at(0).toInt(), 8);
+    EXPECT_EQ(deleted.size(), 1);
+}
+
+TEST_F(FlexGridInput, TypingLooksARowUp) {
+    grid.setRows(1);
+    for (const QString& text : {u"abri"_s, u"École"_s, u"écran"_s, u"Zone"_s, u"abus"_s})
+        grid.addItem(text);
+    QTest::keyClicks(grid.view(), u"ecr"_s);
+    EXPECT_EQ(grid.row(), 3);
+    QTest::qWait(QApplication::keyboardInputInterval() + 20);
+    QTest::keyClicks(grid.view(), u"a"_s);
+    EXPECT_EQ(grid.row(), 5);
+    QTest::keyClicks(grid.view(), u"a"_s);
+    EXPECT_EQ(grid.row(), 1);
+    QTest::keyClicks(grid.view(), u"xyz"_s);
+    EXPECT_EQ(grid.row(), 1);
+}
+
+TEST_F(FlexGridInput, KeysThatAreNotItsOwnGoOn) {
+    class Catcher : public QWidget {
+    public:
+        QList<int> keys;
+
+    protected:
+        void keyPressEvent(QKeyEvent* event) override { keys.append(event->key()); }
+    } window;
+    FlexGrid inner(&window);
+    inner.setCols(1);
+    inner.addItem(u"a"_s);
+    window.show();
+    for (const auto code : {Qt::Key_Escape, Qt::Key_F5, Qt::Key_Down})
+        QTest::keyClick(inner.view(), code);
+    QTest::keyClick(inner.view(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(window.keys, (QList<int>{Qt::Key_Escape, Qt::Key_F5, Qt::Key_Control, Qt::Key_F}));
+}
+
+TEST_F(FlexGridInput, TheSelectionStaysAtItsPlaceWhenRowsGo) {
+    grid.setRow(3);
+    grid.setRowSel(5);
+    for (int i = 0; i < 3; ++i)
+        grid.removeItem(3);
+    EXPECT_EQ(range(), GridTest::Range(3, 3));
+    EXPECT_EQ(grid.text(3, 1), u"6"_s);
+    EXPECT_EQ(grid.view()->selectionModel()->currentIndex().row(), 2);
+    grid.setRow(97);
+    grid.removeItem(97);
+    EXPECT_EQ(range(), GridTest::Range(96, 96));
+    grid.removeItem(1);
+    EXPECT_EQ(grid.row(), 95);
+    grid.setRows(1);
+    EXPECT_EQ(range(), GridTest::Range(0, 0));
+}
+
+TEST_F(FlexGridInput, RowsAreFoundUnderAPoint) {
+    EXPECT_EQ(grid.rowAt({10, 4}), 0);
+    EXPECT_EQ(grid.rowAt(rowsWidget()->mapTo(&grid, pointOf(3, 0))), 3);
+    EXPECT_EQ(grid.rowAt({10, -5}), -1);
+    grid.setRows(3);
+    EXPECT_EQ(grid.rowAt({10, 250}), -1);
+    grid.setRow(1);
+    QTest::mouseClick(rowsWidget(), Qt::LeftButton, {}, {10, 200});
+    EXPECT_EQ(grid.row(), 1) << "a click beside the rows changes nothing";
+}
+
+TEST_F(FlexGridInput, OnlyACellThatDoesNotFitHasATip) {
+    const QString whole = u"Un titre <très> long qui ne tient pas dans la colonne où il se trouve"_s;
+    grid.setText(1, 0, whole);
+    grid.setHeader(0, u"Un titre de colonne qui ne tient pas non plus dans sa cellule"_s);
+    EXPECT_TRUE(tipAt(rowsWidget(), pointOf(1, 0)).contains(u"&lt;très&gt; long"_s));
+    EXPECT_TRUE(noTipAt(rowsWidget(), pointOf(2, 0)));
+    EXPECT_TRUE(noTipAt(rowsWidget(), pointOf(1, 1)));
+    EXPECT_TRUE(tipAt(headerWidget(), headerPoint(0)).contains(u"non plus"_s));
+    EXPECT_TRUE(noTipAt(headerWidget(), headerPoint(1)));
+    grid.setColWidth(0, 15000);
+    EXPECT_TRUE(noTipAt(rowsWidget(), {20, 5}));
+}
+
+TEST_F(FlexGridInput, ARangeWithoutFocusIsGrey) {
+    grid.setRow(2);
+    const auto ground = [this] {
+        const QPoint at(190, pointOf(2, 0).y());
+        return grid.grab().toImage().pixelColor(rowsWidget()->mapTo(&grid, at));
+    };
+    EXPECT_EQ(ground(), grid.palette().color(QPalette::Active, QPalette::Highlight));
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !grid.view()->hasFocus(); }));
+    EXPECT_LT(ground().hslSaturation(), 60);
+    EXPECT_NE(ground(), grid.palette().color(QPalette::Base));
+}
+
+TEST_F(FlexGridInput, ToolsForPeopleWhoCannotSeeReadAndSelectCells) {
+    grid.setHeader(0, u"Titre"_s);
+    grid.setAccessibleName(u"Liste des liens"_s);
+    grid.hide();
+    grid.show();
+    EXPECT_EQ(grid.view()->accessibleName(), u"Liste des liens"_s);
+    QAccessibleInterface* view = QAccessible::queryAccessibleInterface(grid.view());
+    ASSERT_TRUE(view && view->tableInterface());
+    EXPECT_EQ(view->tableInterface()->cellAt(1, 0)->text(QAccessible::Name), u"ligne 2"_s);
+    grid.view()->selectionModel()->select(grid.view()->model()->index(6, 0),
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    EXPECT_EQ(grid.row(), 7);
+}
+
+TEST_F(FlexGridInput, RowsGrowWithTheType) {
+    const int before = grid.view()->rowHeight(0);
+    QFont font = grid.font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    grid.setFont(font);
+    EXPECT_GT(grid.view()->rowHeight(0), before * 3 / 2);
+    const int header = grid.view()->horizontalHeader()->sizeHint().height();
+    grid.setHeaderFontSize(200);
+    EXPECT_LE(grid.view()->horizontalHeader()->sizeHint().height(), header * 13 / 10);
+}
+
+} // namespace velm
