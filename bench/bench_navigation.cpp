@@ -202,7 +202,7 @@ QStringList commandes(int nombre, const QStringList& cles) {
     const auto de = [&](int borne) { return static_cast<int>(hasard() % static_cast<unsigned>(borne)); };
     QStringList faites;
     for (int i = 0; i < nombre; ++i) {
-        const QString cle = cles.at(de(static_cast<int>(cles.size())));
+        const QString& cle = cles.at(de(static_cast<int>(cles.size())));
         const QString code = cle.left(2);
         const QString sens = de(2) == 0 ? u"-1"_s : u"+1"_s;
         const QString lettre = de(2) == 0 ? u"P"_s : u"S"_s;

@@ -5,6 +5,7 @@
 
 #include <QSet>
 
+#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -152,8 +153,8 @@ void Arborescence::ouvreancetres(TreeNodes& arbre, int noeud) {
     std::vector<int> chemin;
     for (int parent = arbre.parent(noeud); parent != 0; parent = arbre.parent(parent))
         chemin.push_back(parent);
-    for (auto parent = chemin.rbegin(); parent != chemin.rend(); ++parent)
-        ouvre(arbre, *parent);
+    for (const int parent : std::views::reverse(chemin))
+        ouvre(arbre, parent);
 }
 
 void Arborescence::cherchebranche(TreeNodes& arbre, qint64 numero) {
@@ -180,9 +181,9 @@ void Arborescence::cherchebranche(TreeNodes& arbre, qint64 numero) {
     int noeud = noeudde(courant);
     ouvreancetres(arbre, noeud);
     arbre.select(noeud);
-    for (auto suivant = manquants.rbegin(); suivant != manquants.rend(); ++suivant) {
+    for (const qint64 suivant : std::views::reverse(manquants)) {
         ouvre(arbre, noeud);
-        noeud = noeudde(*suivant);
+        noeud = noeudde(suivant);
         if (noeud == 0)
             return;
         arbre.select(noeud);

@@ -39,7 +39,7 @@ public:
             modele_.maffichagetfu = une;
             return u"une fenêtre %1"_s.arg(une);
         }
-        const QString faite = commande(sort);
+        QString faite = commande(sort);
         const bool replier = nombre(4) == 0;
         navigation_.navigue(faite, replier);
         modele_.navigue(faite, replier);
@@ -65,7 +65,7 @@ public:
         for (std::size_t i = 0; i < hote_.fenetres.size() && faux.isEmpty(); ++i) {
             const FenetreModele* m = modele_.toutes[i].get();
             FenetreEssai* f = hote_.fenetres[i].get();
-            const QString ou = u"fenêtre %1"_s.arg(i);
+            QString ou = u"fenêtre %1"_s.arg(i);
             if ((m == nullptr) != (f == nullptr))
                 return ou;
             if (!m)
