@@ -170,9 +170,11 @@ void filigrane(QPainter& peintre, const QRectF& etendue) {
     constexpr double pas = 8;
     trace(peintre, 0.9, 0.26);
     const int lignes = int(etendue.height() / 2 / interligne) + 2;
+    const int colonnes = int(etendue.width() / 2 / pas) + 2;
     for (int ligne = -lignes; ligne <= lignes; ++ligne) {
         QPainterPath chemin;
-        for (double x = etendue.left() - pas; x <= etendue.right() + pas; x += pas) {
+        for (int colonne = -colonnes; colonne <= colonnes; ++colonne) {
+            const double x = colonne * pas;
             const double y = ligne * interligne;
             const double houle = std::exp(-(x * x + 2.2 * y * y) / (2 * 240.0 * 240.0));
             const QPointF point(x, y + 10 * std::sin(x / 90) + 34 * houle * std::sin(x / 38 + ligne * 0.42));

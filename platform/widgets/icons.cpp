@@ -147,10 +147,10 @@ private:
             return QPixmap::fromImage(image);
         QSvgRenderer renderer(coloured(file.readAll(), colours));
         const int side = std::min(size.width(), size.height());
-        const QPointF corner((size.width() - side) / 2, (size.height() - side) / 2);
+        const QPoint corner((size.width() - side) / 2, (size.height() - side) / 2);
         const qreal nudge = nudgeOf(side);
         QPainter painter(&image);
-        renderer.render(&painter, QRectF(corner + QPointF(nudge, nudge), QSizeF(side, side)));
+        renderer.render(&painter, QRectF(QPointF(corner) + QPointF(nudge, nudge), QSizeF(side, side)));
         if (mode == QIcon::Disabled) {
             // Faded as a whole: strokes that cross would show if each were translucent.
             painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
