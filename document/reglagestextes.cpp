@@ -10,7 +10,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 const QString section = u"POSITIONFORME"_s;
-constexpr int chiffreslargeur = 6;
+constexpr qsizetype chiffreslargeur = 6;
 constexpr int largeurdefaut = 2000;
 
 /// Window settings must never keep a window from opening: any text is read as the number it begins with.
