@@ -1,5 +1,6 @@
 #pragma once
 // The one place that knows everybody: owns the run's state and connects the rooms.
+#include "core/astuces.h"
 #include "core/barres.h"
 #include "core/cle.h"
 #include "core/corpus.h"
@@ -15,9 +16,12 @@
 #include "platform/text/failure.h"
 
 #include <QPointer>
+#include <QRandomGenerator>
 
 #include <array>
 #include <memory>
+
+class QDialog;
 
 namespace velm {
 
@@ -103,6 +107,7 @@ private:
     Textes* fabriquefenetre(int indice);
     void chargebarres();
     void chargecommandes();
+    void montre(QDialog* fenetre);
     QString raison(const RuntimeFailure& erreur);
     void ditechec(); ///< settings cannot be written
 
@@ -119,6 +124,7 @@ private:
     QString etape_;
     bool echecretenu_ = false;
     EtatBarres barres_;
+    Astuces astuces_{[] { return QRandomGenerator::global()->generateDouble(); }};
     std::array<bool, nombredefenetres> rafraichir_{}; ///< by slot: shown again at the next focus
     std::unique_ptr<frmSplash> accueil_;
     std::unique_ptr<Ecrangeneral> ecran_;

@@ -1,14 +1,19 @@
 // What start and exit ask of the windows.
+#include "core/astuces.h"
 #include "core/cle.h"
 #include "document/ui/textes.h"
+#include "platform/system/systeminfo.h"
 #include "platform/widgets/childarea.h"
 #include "platform/widgets/statusbar.h"
 #include "shell/bureau.h"
 #include "shell/commandes.h"
 #include "shell/ecrangeneral.h"
+#include "shell/frmabout.h"
+#include "shell/frmtip.h"
 #include "shell/menus.h"
 #include "shell/programme.h"
 #include "shell/splash.h"
+#include "shell/sponsor.h"
 #include "shell/volet.h"
 
 #include <QAction>
@@ -26,8 +31,9 @@ void Programme::afficheetape(const QString& texte) {
 
 void Programme::montreaccueil() {
     accueil_ = std::make_unique<frmSplash>(frmSplash::Textes{
-        langue_.lireressource(8), langue_.lireressource(2) + u' ' + QCoreApplication::applicationVersion(),
+        langue_.lireressource(8), langue_.lireressource(2) + u' ' + versioncourte(QCoreApplication::applicationVersion()),
         langue_.lireressource(7)});
+    accueil_->estmontree = [this] { monde_.sablier.fixepointeur(Sablier::defaut); };
     accueil_->changeetape(etape_);
     accueil_->show();
     accueil_->repaint();
@@ -152,11 +158,36 @@ Textes* Programme::fenetre(int indice) const {
     return bureau_ ? bureau_->fenetre(indice) : nullptr;
 }
 
-void Programme::astuce() {}
+void Programme::montre(QDialog* fenetre) {
+    fenetre->setAttribute(Qt::WA_DeleteOnClose);
+    fenetre->show();
+}
 
-void Programme::montreapropos() {}
+void Programme::astuce() {
+    const Parametres& parametres = seance_.parametres();
+    const QString fichier = Astuces::cheminfichier(parametres.repertoireapplication, parametres.extensionlangue);
+    const auto coche = reglages_.entier(QStringLiteral("OPTIONS"), QStringLiteral("TIPS"), 1, true) != 0;
+    const auto change = [this](bool montrees) {
+        reglages_.savesetting(QStringLiteral("OPTIONS"), QStringLiteral("TIPS"),
+                              montrees ? QStringLiteral("1") : QStringLiteral("0"));
+    };
+    montre(new frmTip([this](int numero) { return langue_.lireressource(numero); }, astuces_, fichier,
+                      {coche, change}, ecran_.get()));
+}
 
-void Programme::montrepartenaires() {}
+void Programme::montreapropos() {
+    monde_.sablier.fixepointeur(Sablier::attente);
+    frmAbout::Rappels rappels;
+    rappels.lancesysinfo = [this] { return startsysinfo(SystemRegistre(), monde_.processus); };
+    rappels.estmontree = [this] { monde_.sablier.fixepointeur(Sablier::defaut); };
+    montre(new frmAbout([this](int numero) { return langue_.lireressource(numero); },
+                        QCoreApplication::applicationVersion(), rappels, monde_.dialogues, ecran_.get()));
+}
+
+void Programme::montrepartenaires() {
+    montre(new sponsor([this](int numero) { return langue_.lireressource(numero); }, seance_.fichierpartenaires(),
+                       ecran_.get()));
+}
 
 void Programme::ouvrefichierdossier(const QString&) {}
 

@@ -54,7 +54,7 @@ void guard(sqlite3* handle) {
                                keyFunction, nullptr, nullptr, nullptr);
 }
 
-const QString readSettings = u"PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA cache_size=-32768; "
+const QString readSettings = u"PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA cache_size=-16384; "
                              "PRAGMA temp_store=MEMORY"_s;
 const QString storeSettings = u"PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL"_s;
 /// A base in the making is written to a file of its own and given its name when it is complete.

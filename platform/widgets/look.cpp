@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QPixmapCache>
 #include <QStyleFactory>
 
 #include <array>
@@ -87,6 +88,8 @@ void apply(QApplication& application, Theme theme) {
         QApplication::setStyle(new FrameStyle(style));
     }
     QApplication::setPalette(palette(theme));
+    // The style keeps its buttons of every width in there: more than this is never used again.
+    QPixmapCache::setCacheLimit(3 * 1024);
     application.setProperty("thème", theme == Theme::Light ? u"clair"_s : u"sombre"_s);
 }
 
