@@ -1,5 +1,6 @@
 // The reading desk with a whole collection: what a reader waits for in the windows, and what a long session costs.
-//   bench_bureau BASE [--documents N]     without --documents the benchmarks run, with it N documents are opened and closed
+//   bench_bureau BASE [--documents N]     without --documents the benchmarks run, with it N documents are opened and
+//   closed
 #include "core/cle.h"
 #include "document/ui/textes.h"
 #include "platform/engine/recordset.h"
@@ -23,9 +24,9 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <malloc.h>
 #include <benchmark/benchmark.h>
 #include <cstdio>
+#include <malloc.h>
 #include <memory>
 
 namespace {

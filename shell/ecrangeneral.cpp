@@ -73,7 +73,6 @@ Ecrangeneral::Ecrangeneral(const std::function<QString(int)>& texte)
     garnitcommande(texte);
     garnitecran(texte);
     garnitselection(texte);
-    qApp->installEventFilter(this);
 }
 
 Ecrangeneral::~Ecrangeneral() = default;
@@ -198,17 +197,12 @@ void Ecrangeneral::changeEvent(QEvent* evenement) {
         peintfond();
 }
 
-bool Ecrangeneral::eventFilter(QObject* objet, QEvent* evenement) {
-    // The mouse's own back and forward buttons work wherever the pointer is over the frame.
-    if (evenement->type() == QEvent::MouseButtonPress && QApplication::activeModalWidget() == nullptr) {
-        const Qt::MouseButton bouton = static_cast<QMouseEvent*>(evenement)->button();
-        auto* ici = qobject_cast<QWidget*>(objet);
-        if ((bouton == Qt::BackButton || bouton == Qt::ForwardButton) && ici && ici->window() == this) {
-            emit historiquevoulu(bouton == Qt::BackButton);
-            return true;
-        }
-    }
-    return QMainWindow::eventFilter(objet, evenement);
+void Ecrangeneral::mousePressEvent(QMouseEvent* evenement) {
+    // The mouse's own back and forward buttons, where no window beneath the pointer has taken them.
+    if (evenement->button() == Qt::BackButton || evenement->button() == Qt::ForwardButton)
+        emit historiquevoulu(evenement->button() == Qt::BackButton);
+    else
+        QMainWindow::mousePressEvent(evenement);
 }
 
 } // namespace velm

@@ -66,7 +66,7 @@ signals:
 protected:
     void closeEvent(QCloseEvent* evenement) override;
     void changeEvent(QEvent* evenement) override;
-    bool eventFilter(QObject* objet, QEvent* evenement) override;
+    void mousePressEvent(QMouseEvent* evenement) override;
 
 private:
     Toolbar* barre(const char* nom, int texte, Barre laquelle);

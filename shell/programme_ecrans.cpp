@@ -30,9 +30,10 @@ void Programme::afficheetape(const QString& texte) {
 }
 
 void Programme::montreaccueil() {
-    accueil_ = std::make_unique<frmSplash>(frmSplash::Textes{
-        langue_.lireressource(8), langue_.lireressource(2) + u' ' + versioncourte(QCoreApplication::applicationVersion()),
-        langue_.lireressource(7)});
+    accueil_ = std::make_unique<frmSplash>(
+        frmSplash::Textes{langue_.lireressource(8),
+                          langue_.lireressource(2) + u' ' + versioncourte(QCoreApplication::applicationVersion()),
+                          langue_.lireressource(7)});
     accueil_->estmontree = [this] { monde_.sablier.fixepointeur(Sablier::defaut); };
     accueil_->changeetape(etape_);
     accueil_->show();
@@ -171,8 +172,8 @@ void Programme::astuce() {
         reglages_.savesetting(QStringLiteral("OPTIONS"), QStringLiteral("TIPS"),
                               montrees ? QStringLiteral("1") : QStringLiteral("0"));
     };
-    montre(new frmTip([this](int numero) { return langue_.lireressource(numero); }, astuces_, fichier,
-                      {coche, change}, ecran_.get()));
+    montre(new frmTip([this](int numero) { return langue_.lireressource(numero); }, astuces_, fichier, {coche, change},
+                      ecran_.get()));
 }
 
 void Programme::montreapropos() {

@@ -100,7 +100,9 @@ void Textes::ecritreglages() {
             champs.at(static_cast<std::size_t>(colonne)) = flex_->colData(colonne);
             largeurs.at(static_cast<std::size_t>(colonne)) = flex_->colWidth(colonne);
         }
-        reglages_.listelargeurs = largeursaenregistrer(largeurs);
+        repartitcolonnes();
+        if (!largeurslibres_)
+            reglages_.listelargeurs = largeursaenregistrer(largeurs);
     }
     reglages_.listeordre = ordreaenregistrer(champs);
     ecritreglagestextes(contexte_.reglages, indice_, reglages_);

@@ -155,6 +155,7 @@ private:
     void traitear();
     void chargerarbre();
     void chargerflex();
+    void repartitcolonnes();
     void ouvreligne(int ligne);
     void triecolonne(int colonne);
     void clicnoeud(int noeud);
@@ -209,6 +210,9 @@ private:
 
     bool arbrecharge_ = false;
     bool flexcharge_ = false;
+    bool largeurslibres_ = false; ///< nobody has touched a width of the list
+    int largeurtitre_ = 0;        ///< of its titles and its keywords, as they were last set here
+    int largeurmotcle_ = 0;
     bool menusactifs_ = false;
     bool partage_ = true; ///< the lower lists share the width until the user moves their bar
     bool decharge_ = false;

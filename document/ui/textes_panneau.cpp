@@ -6,10 +6,13 @@
 #include "platform/text/twips.h"
 #include "platform/widgets/flexgrid.h"
 #include "platform/widgets/icons.h"
+#include "platform/widgets/look.h"
 #include "platform/widgets/richtextbox.h"
 #include "platform/widgets/splitterbar.h"
 #include "platform/widgets/toolbar.h"
 #include "platform/widgets/treeview.h"
+
+#include <QStyle>
 
 namespace velm {
 
@@ -84,8 +87,30 @@ void Textes::chargerflex() {
     }
     flex_->setSource(std::make_unique<ListeCollection>(contexte_.corpus, code_, ordre));
     flex_->sort(0, false);
-    flex_->setRedraw(true);
+    largeurslibres_ = largeurs == largeursdescolonnes(QString());
+    largeurtitre_ = largeurmotcle_ = largeurs[0];
     flexcharge_ = true;
+    repartitcolonnes();
+    flex_->setRedraw(true);
+}
+
+void Textes::repartitcolonnes() {
+    // As long as nobody has touched a width the columns share the room that is there, two parts for the titles.
+    if (!flexcharge_ || !largeurslibres_)
+        return;
+    const auto parcolonne = [this](auto&& fais) {
+        for (int colonne = 0; colonne < colonnesvisibles; ++colonne)
+            fais(colonne, flex_->colData(colonne) == 0 ? largeurtitre_ : largeurmotcle_);
+    };
+    parcolonne([this](int colonne, int largeur) { largeurslibres_ &= flex_->colWidth(colonne) == largeur; });
+    if (!largeurslibres_)
+        return;
+    const int usuelle = largeursdescolonnes(QString())[0];
+    const int barre = twipsFromPixels(style()->pixelMetric(QStyle::PM_ScrollBarExtent) + look::grid);
+    const int place = twipsFromPixels(flex_->width()) - barre;
+    largeurmotcle_ = std::max(usuelle, twipsFromPixels(pixelsFromTwips(place / (colonnesvisibles + 1))));
+    largeurtitre_ = std::max(usuelle, place - (colonnesvisibles - 1) * largeurmotcle_);
+    parcolonne([this](int colonne, int largeur) { flex_->setColWidth(colonne, largeur); });
 }
 
 void Textes::ouvreligne(int ligne) {
@@ -128,6 +153,7 @@ void Textes::applique() {
     for (QWidget* bloc :
          {static_cast<QWidget*>(arbre_), static_cast<QWidget*>(flex_), static_cast<QWidget*>(blocrecherche_)})
         pose(bloc, places.panneau);
+    repartitcolonnes();
     pose(separateur_, places.separateur);
     pose(vue_, places.rtfRichTextBox1);
     pose(separateurlisteh_, places.separateurlisteh);
