@@ -18,15 +18,21 @@ constexpr int keyStep = 8;
 
 } // namespace
 
-SplitterBar::SplitterBar(Qt::Orientation orientation, QWidget* parent) : QWidget(parent) {
+SplitterBar::SplitterBar(Qt::Orientation orientation, QWidget* parent) : QWidget(parent), orientation_(orientation) {
     setFocusPolicy(Qt::TabFocus);
-    setOrientation(orientation);
+    applyOrientation();
 }
 
 void SplitterBar::setOrientation(Qt::Orientation orientation) {
+    if (orientation == orientation_)
+        return; // owners say it at every step of a drag
     endDrag();
     orientation_ = orientation;
-    const bool upright = orientation == Qt::Vertical;
+    applyOrientation();
+}
+
+void SplitterBar::applyOrientation() {
+    const bool upright = orientation_ == Qt::Vertical;
     setMinimumSize(upright ? thickness : 0, upright ? 0 : thickness);
     setMaximumSize(upright ? thickness : QWIDGETSIZE_MAX, upright ? QWIDGETSIZE_MAX : thickness);
     setCursor(upright ? Qt::SplitHCursor : Qt::SplitVCursor);

@@ -44,10 +44,11 @@ private:
     int place() const;
     int farthest() const;
     int along(const QPointF& global) const;
+    void applyOrientation();
     void drop(int position);
     void endDrag();
 
-    Qt::Orientation orientation_ = Qt::Vertical;
+    Qt::Orientation orientation_;
     bool dragging_ = false;
     bool hovered_ = false;
     int grip_ = 0;

@@ -70,6 +70,15 @@ TEST_F(SplitterBarTest, ALyingBarFollowsTheHandDownwards) {
     EXPECT_EQ(bar.height(), SplitterBar::thickness);
 }
 
+TEST_F(SplitterBarTest, AnOwnerThatPlacesAllAnewAtEachStepKeepsTheDrag) {
+    QObject::connect(&bar, &SplitterBar::dropped, &window, [this] { bar.setOrientation(bar.orientation()); });
+    press({102, 50});
+    move({120, 50});
+    move({152, 50});
+    release({152, 50});
+    EXPECT_EQ(bar.x(), 150);
+}
+
 TEST_F(SplitterBarTest, TheBarStaysInsideTheWindow) {
     press({102, 50});
     move({-500, 50});

@@ -1,0 +1,68 @@
+#include "tests/e2e/host.h"
+
+#include "platform/system/settings.h"
+#include "shell/bureau.h"
+#include "shell/ecrangeneral.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QMessageBox>
+#include <QThread>
+
+namespace velm::e2e {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+bool copyInto(const QDir& folder, const QDir& from, const QString& name) {
+    return QFile::copy(from.filePath(name), folder.filePath(name));
+}
+
+} // namespace
+
+Host::Host() {
+    const QDir portable(QStringLiteral(VELM_BINARY_DIR "/bin"));
+    const QDir folder(folder_.path());
+    // What the program registers with the desktop stays in its folder.
+    qputenv("XDG_DATA_HOME", QFile::encodeName(folder.filePath(u"donnees"_s)));
+    ready_ = folder_.isValid() && folder.mkpath(u"langues"_s);
+    for (const QString& name : {u"velm2000.dat"_s, u"dossiers.dat"_s, u"master.ini"_s})
+        ready_ = ready_ && copyInto(folder, portable, name);
+    for (const QString& name : QDir(portable.filePath(u"langues"_s)).entryList(QDir::Files))
+        ready_ = ready_ && copyInto(folder, portable, u"langues/"_s + name);
+}
+
+Host::~Host() = default;
+
+void Host::setSetting(QStringView section, QStringView key, const QString& value) const {
+    ReglagesStore(QDir(folder()).filePath(u"reglages.ini"_s)).save(section, key, value);
+}
+
+Demarrage Host::start() {
+    OptionsProgramme options;
+    options.dossierprogramme = folder();
+    options.fichierprogramme = QDir(folder()).filePath(u"velm2000"_s);
+    options.fichierreglages = QDir(folder()).filePath(u"reglages.ini"_s);
+    options.dossierinstance = folder();
+    options.dossierdonnees = QDir(folder()).filePath(u"donnees"_s);
+    program_ = std::make_unique<Programme>(
+        options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_, pressepapiers_});
+    dialogues_.setCaptions([this](Bouton bouton) { return program_->libellebouton(bouton); });
+    return program_->demarre();
+}
+
+bool Host::hasEnded() const {
+    return frame() && !frame()->isVisible() && QThread::currentThread()->loopLevel() == 1;
+}
+
+Textes* Host::front() const {
+    return frame() ? program_->bureau().active() : nullptr;
+}
+
+QMessageBox* Host::box() {
+    return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+}
+
+} // namespace velm::e2e

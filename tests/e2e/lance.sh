@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# lance.sh PROGRAM [ARGS...]: runs a program on a display of its own with a window manager, and ends both after it. The
+# answer is the program's; 77 when a tool is missing.
+set -euo pipefail
+for tool in Xvfb openbox xdotool xprop; do
+  command -v "$tool" >/dev/null || { echo "SKIPPED: $tool is not installed"; exit 77; }
+done
+
+temp=$(mktemp -d)
+pids=()
+cleanup() {
+  for p in "${pids[@]}"; do kill "$p" 2>/dev/null || true; done
+  wait 2>/dev/null || true
+  rm -rf "$temp"
+}
+trap cleanup EXIT
+trap 'exit 143' TERM INT
+
+# The server takes a free number and tells it once it listens. Without -noreset it starts afresh when its last client
+# leaves, and takes the window manager with it.
+mkfifo "$temp/number"
+Xvfb -displayfd 3 -screen 0 1280x900x24 -dpi 96 -nolisten tcp -noreset 3>"$temp/number" >/dev/null 2>"$temp/xvfb" &
+pids+=($!)
+if ! read -r -t 60 number <"$temp/number"; then
+  echo "the display did not start:" >&2
+  cat "$temp/xvfb" >&2
+  exit 1
+fi
+
+mkdir -m 700 "$temp/run"
+export DISPLAY=":$number" QT_QPA_PLATFORM=xcb QT_FONT_DPI=96 QT_SCALE_FACTOR=1 NO_AT_BRIDGE=1
+export HOME="$temp" XDG_RUNTIME_DIR="$temp/run" XDG_CONFIG_HOME="$temp/config" XDG_DATA_HOME="$temp/data"
+export XDG_CACHE_HOME="$temp/cache"
+unset WAYLAND_DISPLAY QT_STYLE_OVERRIDE QT_QPA_PLATFORMTHEME
+
+openbox >/dev/null 2>&1 &
+pids+=($!)
+# A window shown before the manager stands may never be mapped.
+for _ in $(seq 600); do
+  xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && break
+  sleep 0.1
+done
+
+"$@" &
+program=$!
+pids+=("$program")
+status=0
+wait "$program" || status=$?
+exit "$status"
