@@ -1,8 +1,5 @@
-#include "platform/widgets/flexgrid.h"
-
 #include "platform/text/twips.h"
-#include "platform/widgets/gridmodel.h"
-#include "platform/widgets/gridview.h"
+#include "platform/widgets/flexgrid_p.h"
 
 #include <QClipboard>
 #include <QEvent>
@@ -11,70 +8,6 @@
 #include <QVBoxLayout>
 
 namespace velm {
-namespace {
-
-constexpr QChar ascendingMark = u'>';
-constexpr QChar descendingMark = u'<';
-
-FlexGrid::Mark markOf(const QString& cell) {
-    return cell.endsWith(ascendingMark)    ? FlexGrid::Mark::Ascending
-           : cell.endsWith(descendingMark) ? FlexGrid::Mark::Descending
-                                           : FlexGrid::Mark::None;
-}
-
-QString withoutMark(const QString& cell) {
-    return markOf(cell) == FlexGrid::Mark::None ? cell : cell.chopped(1);
-}
-
-} // namespace
-
-struct FlexGrid::Private {
-    explicit Private(FlexGrid* grid) : model(grid), view(new GridView(model, grid)) {}
-
-    bool hasPlace(int place) const { return place >= 0 && place < model.columnCount(); }
-    int logical(int place) const { return view->logicalAt(place); }
-    GridModel::Column& column(int place) { return model.column(logical(place)); }
-    std::vector<int> order() const {
-        std::vector<int> columns;
-        for (int place = 0; place < model.columnCount(); ++place)
-            columns.push_back(logical(place));
-        return columns;
-    }
-    bool isStretched(int column) const {
-        return stretched == column && !view->header().isSectionHidden(column) && view->header().sectionSize(column) > 0;
-    }
-    void showColumn(int column);
-    void showColumns();
-    QString line(int row, bool hidden) const;
-    QString lines(bool hidden, const QString& between) const;
-    void clampSelection(bool reveal = false) { view->select(view->anchor(), view->end(), reveal); }
-
-    GridModel model;
-    GridView* view;
-    int stretched = -1;     ///< logical column
-    bool arranging = false; ///< the program, not the user, changes the header
-    bool goHome = false;    ///< the rows are others: show the first one
-};
-
-void FlexGrid::Private::showColumn(int column) {
-    const QScopedValueRollback guard(arranging, true);
-    GridHeader& header = view->header();
-    const int twips = model.column(column).twips;
-    header.setSectionResizeMode(column, column == stretched ? QHeaderView::Stretch : QHeaderView::Interactive);
-    header.setSectionHidden(column, twips <= 0);
-    if (twips > 0 && column != stretched)
-        header.resizeSection(column, std::max(1, pixelsFromTwips(twips)));
-}
-
-void FlexGrid::Private::showColumns() {
-    const QScopedValueRollback guard(arranging, true);
-    GridHeader& header = view->header();
-    for (int column = 0; column < model.columnCount(); ++column) {
-        header.moveSection(header.visualIndex(column), column);
-        showColumn(column);
-    }
-}
-
 QString FlexGrid::Private::line(int row, bool hidden) const {
     QStringList cells;
     for (int place = 0; place < model.columnCount(); ++place) {
@@ -129,107 +62,6 @@ FlexGrid::~FlexGrid() {
     delete d_->view;
 }
 
-// ---- columns
-
-void FlexGrid::setCols(int count) {
-    count = std::max(count, 0);
-    if (count == cols())
-        return;
-    std::vector<int> from = d_->order();
-    const int stretchPlace = d_->stretched < 0 ? -1 : d_->view->placeOf(d_->stretched);
-    from.resize(static_cast<std::size_t>(count), -1);
-    d_->stretched = stretchPlace < count ? stretchPlace : -1;
-    {
-        const QScopedValueRollback guard(d_->arranging, true);
-        d_->model.setColumns(from);
-    }
-    d_->showColumns();
-    d_->view->restoreSelection();
-}
-
-int FlexGrid::cols() const {
-    return d_->model.columnCount();
-}
-
-void FlexGrid::setColWidth(int col, int twips) {
-    if (!d_->hasPlace(col))
-        return;
-    d_->column(col).twips = std::max(twips, 0);
-    d_->showColumn(d_->logical(col));
-}
-
-int FlexGrid::colWidth(int col) const {
-    if (!d_->hasPlace(col))
-        return 0;
-    const int column = d_->logical(col);
-    return d_->isStretched(column) ? twipsFromPixels(d_->view->header().sectionSize(column))
-                                   : d_->model.column(column).twips;
-}
-
-void FlexGrid::setColAlignment(int col, Align align) {
-    if (!d_->hasPlace(col))
-        return;
-    d_->column(col).align = align;
-    d_->model.headerChanged(d_->logical(col));
-    d_->view->viewport()->update();
-}
-
-void FlexGrid::setColData(int col, int number) {
-    if (d_->hasPlace(col))
-        d_->column(col).data = number;
-}
-
-int FlexGrid::colData(int col) const {
-    return d_->hasPlace(col) ? d_->column(col).data : 0;
-}
-
-void FlexGrid::setColPosition(int col, int place) {
-    if (!d_->hasPlace(col) || !d_->hasPlace(place))
-        return;
-    const QScopedValueRollback guard(d_->arranging, true);
-    d_->view->header().moveSection(col, place);
-}
-
-void FlexGrid::setColumnsMovable(bool movable) {
-    d_->view->header().setSectionsMovable(movable);
-}
-
-void FlexGrid::setStretchCol(int col) {
-    const int before = d_->stretched;
-    d_->stretched = d_->hasPlace(col) ? d_->logical(col) : -1;
-    for (const int column : {before, d_->stretched}) {
-        if (column >= 0)
-            d_->showColumn(column);
-    }
-}
-
-void FlexGrid::setHeader(int col, const QString& text) {
-    if (!d_->hasPlace(col))
-        return;
-    d_->column(col).header = withoutMark(text);
-    d_->model.headerChanged(d_->logical(col));
-}
-
-QString FlexGrid::header(int col) const {
-    return d_->hasPlace(col) ? d_->column(col).header : QString();
-}
-
-QString FlexGrid::headerCell(int col) const {
-    switch (sortMark(col)) {
-    case Mark::Ascending:
-        return header(col) + ascendingMark;
-    case Mark::Descending:
-        return header(col) + descendingMark;
-    case Mark::None:
-        break;
-    }
-    return header(col);
-}
-
-void FlexGrid::setHeaderFontSize(int points) {
-    d_->view->header().setPoints(points);
-}
-
 // ---- rows
 
 int FlexGrid::rows() const {
@@ -270,8 +102,7 @@ void FlexGrid::setText(int row, int col, const QString& text) {
     if (!d_->hasPlace(col))
         return;
     if (row == 0) {
-        d_->column(col).mark = markOf(text);
-        setHeader(col, text);
+        setHeaderCell(col, text);
         return;
     }
     d_->model.setText(row - 1, d_->logical(col), text);
@@ -310,17 +141,6 @@ bool FlexGrid::sort(int col, bool descending) {
             showFirst();
     }
     return true;
-}
-
-FlexGrid::Mark FlexGrid::sortMark(int col) const {
-    return d_->hasPlace(col) ? d_->column(col).mark : Mark::None;
-}
-
-void FlexGrid::setSortMark(int col, Mark mark) {
-    if (!d_->hasPlace(col) || sortMark(col) == mark)
-        return;
-    d_->column(col).mark = mark;
-    d_->model.headerChanged(d_->logical(col));
 }
 
 void FlexGrid::setMergeCells(bool merge) {

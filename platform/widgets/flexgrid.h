@@ -69,7 +69,8 @@ public:
     QString text(int row, int col) const; ///< row 0: the header cell; outside: the empty text
     /// In row 0, a mark at the end of the text sets the sort mark.
     void setText(int row, int col, const QString& text);
-    /// Shows the rows of a source, which the grid takes over; null drops it.
+    /// Shows the rows of a source, which the grid takes over; null drops it. When their number changes, Redraw off and
+    /// on tells the grid.
     void setSource(std::unique_ptr<GridSource> source);
     GridSource* source() const;
 
@@ -124,6 +125,7 @@ protected:
 
 private:
     void showFirst();
+    void setHeaderCell(int col, const QString& text);
 
     struct Private;
     std::unique_ptr<Private> d_;

@@ -7,31 +7,16 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 
 namespace velm {
 namespace {
 
 constexpr double largest = 1.2; ///< a heading against the text below it
-constexpr int arrowWidth = 7;
+constexpr int arrowWidth = gridlook::chevronWidth;
 constexpr int arrowGap = 6;
 
 QColor arrowColour(const QPalette& palette) {
     return look::accentColour(look::themeOf(palette));
-}
-
-/// A chevron with its point upwards for an ascending order.
-void paintArrow(QPainter& painter, const QPointF& centre, bool ascending, const QColor& colour) {
-    const double half = arrowWidth / 2.0;
-    const double rise = ascending ? -half / 2.0 : half / 2.0;
-    QPainterPath path(centre + QPointF(-half, -rise));
-    path.lineTo(centre + QPointF(0, rise));
-    path.lineTo(centre + QPointF(half, -rise));
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPath(path);
-    painter.restore();
 }
 
 } // namespace
@@ -83,7 +68,7 @@ GridHeader::Parts GridHeader::partsOf(const QRect& rect, int logicalIndex) const
     const QFontMetrics metrics(textFont());
     const bool marked = column.mark != FlexGrid::Mark::None;
     const int beside = marked ? arrowWidth + arrowGap : 0;
-    const QRect inner = gridlook::textRect(rect, metrics.horizontalAdvance(column.header) + beside);
+    const QRect inner = gridlook::textRect(rect);
     const int room = std::max(inner.width() - beside, 0);
     Parts parts;
     parts.text = metrics.elidedText(column.header, Qt::ElideRight, room);
@@ -112,10 +97,13 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int logicalI
     painter->drawText(parts.textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, parts.text);
     const FlexGrid::Mark mark = model_.column(logicalIndex).mark;
     if (mark != FlexGrid::Mark::None)
-        paintArrow(*painter, parts.arrow, mark == FlexGrid::Mark::Ascending, arrowColour(colours));
-    painter->setPen(colours.color(QPalette::Mid));
+        gridlook::paintChevron(*painter, parts.arrow,
+                               mark == FlexGrid::Mark::Ascending ? gridlook::Point::Up : gridlook::Point::Down,
+                               arrowColour(colours));
+    painter->setPen(QPen(colours.color(QPalette::Mid), 0));
     painter->drawLine(rect.bottomLeft(), rect.bottomRight());
-    painter->drawLine(rect.right(), rect.top() + 6, rect.right(), rect.bottom() - 6);
+    if (rect.right() < viewport()->width() - 1)
+        painter->drawLine(rect.right(), rect.top() + 6, rect.right(), rect.bottom() - 6);
 }
 
 void GridHeader::paintEvent(QPaintEvent* event) {
@@ -127,7 +115,7 @@ void GridHeader::paintEvent(QPaintEvent* event) {
         return;
     QPainter painter(viewport());
     painter.fillRect(rest, palette().color(QPalette::Window));
-    painter.setPen(palette().color(QPalette::Mid));
+    painter.setPen(QPen(palette().color(QPalette::Mid), 0));
     painter.drawLine(rest.bottomLeft(), rest.bottomRight());
 }
 

@@ -3,6 +3,8 @@
 #include "platform/widgets/look.h"
 
 #include <QHelpEvent>
+#include <QPainter>
+#include <QPainterPath>
 #include <QToolTip>
 #include <QWidget>
 
@@ -20,8 +22,13 @@ QColor mixed(const QColor& a, const QColor& b, double part) {
 } // namespace
 
 int rowHeight(const QFontMetrics& metrics) {
-    const int height = metrics.height() + 2 * look::grid;
+    const int height = metrics.height() + 2 * look::grid + 1;
     return height + height % 2;
+}
+
+int iconEdge(const QFontMetrics& metrics) {
+    constexpr int usual = 16;
+    return std::max(usual, metrics.height() / look::grid * look::grid);
 }
 
 QColor hairline(const QPalette& palette) {
@@ -35,10 +42,25 @@ QPalette unfocused(const QPalette& palette) {
     return quiet;
 }
 
-QRect textRect(const QRect& cell, int textWidth) {
-    const int free = cell.width() - textWidth;
-    const int side = free >= 2 * padding ? padding : qBound(narrowPadding, free / 2, padding);
+QRect textRect(const QRect& cell) {
+    const int side = cell.width() < 6 * padding ? narrowPadding : padding;
     return cell.adjusted(side, 0, -side, 0);
+}
+
+void paintChevron(QPainter& painter, const QPointF& centre, Point point, const QColor& colour) {
+    constexpr double half = chevronWidth / 2.0;
+    constexpr double stroke = 1.6;
+    const double turn = point == Point::Up ? 0 : point == Point::Right ? 90 : 180;
+    QPainterPath path(QPointF(-half, half / 2));
+    path.lineTo(0, -half / 2);
+    path.lineTo(half, half / 2);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, stroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.translate(centre);
+    painter.rotate(turn);
+    painter.drawPath(path);
+    painter.restore();
 }
 
 void showTip(QWidget* widget, const QHelpEvent& event, const QRect& cell, const QString& text, bool elided) {

@@ -5,22 +5,30 @@
 #include <QPalette>
 
 class QHelpEvent;
+class QPainter;
 class QWidget;
 
 namespace velm::gridlook {
 
 inline constexpr int padding = 8;       ///< beside the text of a cell
-inline constexpr int narrowPadding = 3; ///< where a text would not fit otherwise
+inline constexpr int narrowPadding = 3; ///< in columns of a letter or two
 
 /// One line of text with air around it: 24 pixels at the usual size.
 int rowHeight(const QFontMetrics& metrics);
+/// Edge of a picture beside such a text.
+int iconEdge(const QFontMetrics& metrics);
 /// A line that parts rows without being noticed.
 QColor hairline(const QPalette& palette);
 /// The palette of a list without focus: its selection is grey.
 QPalette unfocused(const QPalette& palette);
 
-/// Where the text of a cell stands in it.
-QRect textRect(const QRect& cell, int textWidth);
+/// Where the text of a cell may stand in it.
+QRect textRect(const QRect& cell);
+enum class Point { Up, Down, Right };
+inline constexpr int chevronWidth = 7;
+/// The small arrow of sorted columns and of branches.
+void paintChevron(QPainter& painter, const QPointF& centre, Point point, const QColor& colour);
+
 /// Shows a text beside the pointer when it does not fit into its cell; hides the tip otherwise.
 void showTip(QWidget* widget, const QHelpEvent& event, const QRect& cell, const QString& text, bool elided);
 

@@ -33,7 +33,7 @@ void paintGround(QPainter& painter, const QRect& rect, const Tones& tones, bool 
     if (selected) {
         painter.fillRect(rect, tones.ground());
     } else if (line) {
-        painter.setPen(tones.line());
+        painter.setPen(QPen(tones.line(), 0));
         painter.drawLine(rect.bottomLeft(), rect.bottomRight());
     }
 }
@@ -57,7 +57,7 @@ struct GridView::Delegate : public QStyledItemDelegate {
         painter->setFont(option.font);
         painter->setPen(tones.text(selected));
         const QFontMetrics& metrics = option.fontMetrics;
-        const QRect rect = gridlook::textRect(option.rect, metrics.horizontalAdvance(text));
+        const QRect rect = gridlook::textRect(option.rect);
         painter->drawText(rect, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine,
                           metrics.elidedText(text, Qt::ElideRight, rect.width()));
     }
@@ -114,11 +114,24 @@ void GridView::select(int anchor, int end, bool reveal) {
     anchor_ = std::max(anchor_, -1);
     if (!model_.silent()) {
         restoreSelection();
-        if (reveal && end_ >= 0)
-            scrollTo(model_.index(end_, 0));
+        if (reveal)
+            revealEnd();
     }
     if (anchor_ != before && onAnchorChanged)
         onAnchorChanged();
+}
+
+void GridView::revealEnd() {
+    // Before the view is shown, nobody knows how many rows it will hold.
+    revealWhenShown_ = !isVisible();
+    if (!revealWhenShown_ && end_ >= 0)
+        scrollTo(model_.index(end_, 0));
+}
+
+void GridView::showEvent(QShowEvent* event) {
+    QTableView::showEvent(event);
+    if (revealWhenShown_)
+        revealEnd();
 }
 
 void GridView::restoreSelection() {
@@ -216,7 +229,7 @@ QRect GridView::cellRect(int row, int place) const {
 
 bool GridView::cellElided(int row, int place) const {
     const int width = fontMetrics().horizontalAdvance(model_.text(row, logicalAt(place)));
-    return width > gridlook::textRect(cellRect(row, place), width).width();
+    return width > gridlook::textRect(cellRect(row, place)).width();
 }
 
 void GridView::paintEvent(QPaintEvent* event) {

@@ -66,6 +66,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     bool viewportEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -93,6 +94,7 @@ private:
     void dragTo(int y);
     void settlePress();
     void adoptSelection();
+    void revealEnd();
     int lookUpWalking(const QString& beginning, int from, int count, int logical) const;
 
     GridModel& model_;
@@ -101,6 +103,7 @@ private:
     int end_ = -1;
     bool syncing_ = false;
     bool merging_ = false;
+    bool revealWhenShown_ = false;
 
     /// Of the rows that are being painted; empty otherwise.
     std::vector<int> joins_;

@@ -1,6 +1,7 @@
 #include "platform/widgets/treeview.h"
 
 #include "platform/widgets/gridlook.h"
+#include "platform/widgets/look.h"
 #include "platform/widgets/treeviewmodel.h"
 
 #include <QHeaderView>
@@ -24,7 +25,7 @@ struct RowDelegate : public QStyledItemDelegate {
         const int width = QStyledItemDelegate::sizeHint(option, index).width();
         return {width, gridlook::rowHeight(QFontMetrics(option.font))};
     }
-    /// The rectangle of the text, and whether all of it fits in.
+    /// Whether the whole text can be seen.
     bool fits(QStyleOptionViewItem option, const QModelIndex& index) const {
         initStyleOption(&option, index);
         const QStyle* style = option.widget->style();
@@ -32,6 +33,21 @@ struct RowDelegate : public QStyledItemDelegate {
         const int room =
             style->subElementRect(QStyle::SE_ItemViewItemText, &option, option.widget).width() - 2 * margin;
         return option.fontMetrics.horizontalAdvance(option.text) <= room;
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        // One row, one look: no frame around the text of the current one.
+        option->state.setFlag(QStyle::State_HasFocus, false);
+        const bool grey =
+            option->state.testFlag(QStyle::State_Selected) && option->widget && !option->widget->hasFocus();
+        if (grey && !option->icon.isNull()) {
+            // On grey, the picture keeps its colours.
+            const QPixmap usual = option->icon.pixmap(option->decorationSize, option->widget->devicePixelRatioF());
+            option->icon = QIcon(usual);
+            option->icon.addPixmap(usual, QIcon::Selected);
+        }
     }
 };
 
@@ -132,6 +148,7 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent), watch_(std::make_unique
     connect(this, &QTreeView::doubleClicked, this,
             [this](const QModelIndex& index) { emit nodeActivated(nodeOf(index)); });
     nodes_.setObserver(watch_.get());
+    takeFont();
 }
 
 TreeView::~TreeView() {
@@ -239,10 +256,31 @@ void TreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, co
     watch_->comesIntoSight(nodes_.parent(nodeOf(index)));
 }
 
+void TreeView::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const {
+    if (!model()->hasChildren(index))
+        return;
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    const bool selected = selectionModel()->isSelected(index);
+    QColor colour = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+    constexpr float quiet = 0.6F;
+    colour.setAlphaF(selected && hasFocus() ? 1.0F : quiet);
+    const QPointF centre(rect.right() + 1 - indentation() / 2.0, rect.top() + rect.height() / 2.0);
+    gridlook::paintChevron(*painter, centre, isExpanded(index) ? gridlook::Point::Down : gridlook::Point::Right,
+                           colour);
+}
+
 void TreeView::changeEvent(QEvent* event) {
     QTreeView::changeEvent(event);
     if (event->type() == QEvent::FontChange)
-        scheduleDelayedItemsLayout();
+        takeFont();
+}
+
+void TreeView::takeFont() {
+    const int edge = gridlook::iconEdge(fontMetrics());
+    setIconSize({edge, edge});
+    setIndentation(edge + look::grid);
+    scheduleDelayedItemsLayout();
 }
 
 bool TreeView::viewportEvent(QEvent* event) {

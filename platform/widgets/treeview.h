@@ -45,6 +45,7 @@ signals:
 protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     bool viewportEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -61,6 +62,7 @@ private:
     void userClosed(const QModelIndex& index);
     void openLoaded(int node);
     void giveRoom(int node);
+    void takeFont();
 
     TreeNodes nodes_;
     std::unique_ptr<Watch> watch_;
