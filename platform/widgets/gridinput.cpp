@@ -142,12 +142,7 @@ void GridView::timerEvent(QTimerEvent* event) {
 
 void GridView::focusInEvent(QFocusEvent* event) {
     // Not the table's own: it would make a first cell current that nobody selected.
-    QAbstractScrollArea::focusInEvent(event);
-    viewport()->update();
-}
-
-void GridView::focusOutEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusOutEvent(event);
+    event->accept();
     viewport()->update();
 }
 

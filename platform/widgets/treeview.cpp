@@ -9,8 +9,8 @@
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
-#include <QTimer>
 
+#include <ranges>
 #include <unordered_set>
 
 namespace velm {
@@ -100,8 +100,8 @@ public:
         }
         if (above.size() > 1)
             view.scheduleDelayedItemsLayout();
-        for (auto parent = above.rbegin(); parent != above.rend(); ++parent)
-            view.setExpanded(model.indexOf(*parent), true);
+        for (const int parent : std::views::reverse(above))
+            view.setExpanded(model.indexOf(parent), true);
     }
 
     /// The children of a node are being painted: it is told after that, once.
@@ -109,7 +109,8 @@ public:
         if (owed.erase(node) == 0)
             return;
         if (seen.empty())
-            QTimer::singleShot(0, &view, [this] { tellSeen(); });
+            QMetaObject::invokeMethod(
+                &view, [this] { tellSeen(); }, Qt::QueuedConnection);
         seen.push_back(node);
     }
     void tellSeen() {
@@ -346,7 +347,7 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
 
 void TreeView::focusInEvent(QFocusEvent* event) {
     // Not the tree's own: it would make a first node current that nobody selected.
-    QAbstractScrollArea::focusInEvent(event);
+    event->accept();
     viewport()->update();
 }
 
