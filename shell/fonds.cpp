@@ -209,7 +209,8 @@ QPixmap imagedefond(int numero, const QSize& taille, qreal densite, look::Theme 
         return {};
     QPixmap image((QSizeF(taille) * densite).toSize());
     image.setDevicePixelRatio(densite);
-    image.fill(Qt::transparent);
+    // A veil over the strong colours below: the documents are to be the brightest thing on the screen.
+    image.fill(theme == look::Theme::Light ? QColor(0xEE, 0xEC, 0xE6, 0xB4) : QColor(Qt::transparent));
     QPainter peintre(&image);
     peintre.setRenderHint(QPainter::Antialiasing);
     peintre.translate(taille.width() / 2.0, taille.height() / 2.0);

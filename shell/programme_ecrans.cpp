@@ -19,6 +19,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QIcon>
+#include <QScreen>
 
 namespace velm {
 
@@ -161,6 +162,13 @@ Textes* Programme::fenetre(int indice) const {
 
 void Programme::montre(QDialog* fenetre) {
     fenetre->setAttribute(Qt::WA_DeleteOnClose);
+    // At the start the frame does not have its size yet, but the screen has.
+    if (ecran_->isMaximized()) {
+        fenetre->adjustSize();
+        QRect place(QPoint(), fenetre->size());
+        place.moveCenter(ecran_->screen()->availableGeometry().center());
+        fenetre->move(place.topLeft());
+    }
     fenetre->show();
 }
 
