@@ -53,6 +53,11 @@ Demarrage Host::start() {
     return program_->demarre();
 }
 
+QString Host::copyExecutable() const {
+    const QString copy = QDir(folder()).filePath(u"velm2000"_s);
+    return QFile::copy(QStringLiteral(VELM_BINARY_DIR "/bin/velm2000"), copy) ? copy : QString();
+}
+
 bool Host::hasEnded() const {
     return frame() && !frame()->isVisible() && QThread::currentThread()->loopLevel() == 1;
 }

@@ -26,6 +26,8 @@ public:
     void setSetting(QStringView section, QStringView key, const QString& value) const;
 
     Demarrage start();
+    /// The executable itself beside its collection; its path, empty when it cannot stand there.
+    QString copyExecutable() const;
     /// The frame has closed and nothing of the program is at work any more.
     bool hasEnded() const;
     /// Forgets a program that has ended.

@@ -48,10 +48,11 @@ protected:
     }
 
     /// Asks to quit by the keyboard, and answers.
-    void quit(QMessageBox::StandardButton answer) {
+    void quit(QMessageBox::StandardButton answer, const QString& picture = {}) {
         key(u"ctrl+q"_s);
         ASSERT_TRUE(becomes([] { return Host::box() && Host::box()->isActiveWindow(); }));
-        photo(answer == QMessageBox::No ? u"09-question-non"_s : u"09-question"_s);
+        if (!picture.isEmpty())
+            photo(picture);
         ASSERT_TRUE(touch([answer] { return Host::box() ? Spot::of(Host::box()->button(answer)) : Spot(); }));
         ASSERT_TRUE(becomes([] { return !Host::box(); }));
     }
@@ -190,7 +191,7 @@ TEST_F(Roads, FromTheTreeByLinksAndBackToTheEndAndIntoTheNextRun) {
 
     ASSERT_NO_FATAL_FAILURE(quit(QMessageBox::No));
     EXPECT_TRUE(inProgram([this] { return host->frame()->isVisible(); }));
-    ASSERT_NO_FATAL_FAILURE(quit(QMessageBox::Yes));
+    ASSERT_NO_FATAL_FAILURE(quit(QMessageBox::Yes, u"09-question"_s));
     ASSERT_TRUE(becomes([this] { return host->hasEnded(); }));
     inProgram([this] { host->clear(); });
 

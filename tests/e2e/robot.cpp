@@ -3,10 +3,12 @@
 #include "tests/e2e/thread.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QPixmap>
 #include <QProcess>
 #include <QScreen>
+#include <QThread>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -20,11 +22,17 @@ namespace {
 constexpr int toolMilliseconds = 60000;
 constexpr int dragSteps = 8;
 
-void xdotool(const QStringList& arguments) {
+/// What a tool says, nothing when it fails.
+std::optional<QString> said(const QString& program, const QStringList& arguments) {
     QProcess tool;
-    tool.start(u"xdotool"_s, arguments);
-    const bool done = tool.waitForFinished(toolMilliseconds) && tool.exitCode() == 0;
-    EXPECT_TRUE(done) << arguments.join(u' ').toStdString() << ": " << tool.readAllStandardError().toStdString();
+    tool.start(program, arguments);
+    if (!tool.waitForFinished(toolMilliseconds) || tool.exitStatus() != QProcess::NormalExit || tool.exitCode() != 0)
+        return std::nullopt;
+    return QString::fromUtf8(tool.readAllStandardOutput()).trimmed();
+}
+
+void xdotool(const QStringList& arguments) {
+    EXPECT_TRUE(said(u"xdotool"_s, arguments)) << arguments.join(u' ').toStdString();
 }
 
 QStringList to(const QPoint& point) {
@@ -68,6 +76,21 @@ Spot Spot::named(const QWidget* within, const QString& name) {
 
 void key(const QString& combination) {
     xdotool({u"key"_s, combination});
+}
+
+bool comesForward(qint64 process, const QString& title) {
+    const QDeadlineTimer end(toolMilliseconds);
+    while (!end.hasExpired()) {
+        const auto window = said(u"xdotool"_s, {u"getactivewindow"_s});
+        const auto properties = said(u"xprop"_s, {u"-id"_s, window.value_or(u"0"_s), u"-notype"_s, u"_NET_WM_PID"_s,
+                                                  u"_NET_WM_NAME"_s, u"_NET_WM_WINDOW_TYPE"_s})
+                                    .value_or(QString());
+        if (properties.contains(u"_NET_WM_PID = %1\n"_s.arg(process)) &&
+            properties.contains(u"_NET_WM_NAME = \""_s + title) && !properties.contains(u"TYPE_SPLASH"_s))
+            return true;
+        QThread::msleep(100);
+    }
+    return false;
 }
 
 bool touch(const Where& where, Hand hand) {

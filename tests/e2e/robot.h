@@ -13,6 +13,9 @@ namespace velm::e2e {
 /// A key with its modifiers in the words of X: "ctrl+q", "alt+Left", "Return".
 void key(const QString& combination);
 
+/// Waits until the window with the keyboard belongs to a process and has a title that begins so; a splash is none.
+bool comesForward(qint64 process, const QString& title);
+
 enum class Hand { Click, DoubleClick, WheelDown };
 
 /// A widget and the part of it that is meant, in its own pixels.
