@@ -1,5 +1,6 @@
 #include "platform/widgets/framestyle.h"
 
+#include "platform/widgets/icons.h"
 #include "platform/widgets/look.h"
 
 #include <QGuiApplication>
@@ -202,12 +203,27 @@ void FrameStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
 
 int FrameStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* returned) const {
-    return hint == SH_WindowFrame_Mask ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
+    // Buttons of boxes say in words what they do.
+    if (hint == SH_WindowFrame_Mask || hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
 }
 
 QIcon FrameStyle::standardIcon(StandardPixmap standard, const QStyleOption* option, const QWidget* widget) const {
     if (standard == SP_ToolBarHorizontalExtensionButton || standard == SP_ToolBarVerticalExtensionButton)
         return QIcon(new MoreEngine(standard == SP_ToolBarVerticalExtensionButton));
+    switch (standard) {
+    case SP_MessageBoxQuestion:
+        return icon(QStringLiteral("boitequestion"));
+    case SP_MessageBoxInformation:
+        return icon(QStringLiteral("boiteinformation"));
+    case SP_MessageBoxWarning:
+        return icon(QStringLiteral("boiteattention"));
+    case SP_MessageBoxCritical:
+        return icon(QStringLiteral("boitearret"));
+    default:
+        break;
+    }
     return QProxyStyle::standardIcon(standard, option, widget);
 }
 
