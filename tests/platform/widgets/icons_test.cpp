@@ -23,10 +23,10 @@ const QStringList tools =
     "rangerdocument Index précédentrecherche suivantrecherche affichercritères regrouper "
     "ouvrircritères sauvercritères imprimercritères envoyercritères liens corrélats Liste "
     "LargesIcones SmallIcones"_s.split(u' ');
-const QStringList entries =
-    u"quitter enregistrer envoyer texte piècejointe ranger sélectionnertout chercher "
-    "configurerimprimante majnet options astuce aideweb aide apropos partenaires éditeur ouvrir "
-    "retirer outil éjecter abandonner"_s.split(u' ');
+const QStringList entries = u"quitter enregistrer envoyer texte piècejointe ranger sélectionnertout chercher "
+                            "configurerimprimante majnet options astuce aideweb aide apropos boitearret boiteattention "
+                            "boiteinformation boitequestion partenaires éditeur ouvrir "
+                            "retirer outil éjecter abandonner"_s.split(u' ');
 const QStringList nodes =
     u"collectionfermée collectionouverte livrefermé livreouvert chapitrefermé chapitreouvert document "
     "dossierfermé dossierouvert dossierdocument dossierextrait dossiernouveau dossiermodifié "
