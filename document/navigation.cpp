@@ -341,17 +341,6 @@ void Navigation::voisin(FenetreNavigable& fenetre, const QString& code, bool hau
     navigue(u"TA"_s + donnees.text(u"référence"_s) + sixchiffres(numero));
 }
 
-QStringList Navigation::entreesderniers() const {
-    QStringList entrees;
-    for (int rang = 0; rang < nombrederniers; ++rang) {
-        QString libelle = derniersdocumentslibelles_[static_cast<std::size_t>(rang)];
-        // An ampersand of the title is not an access key.
-        libelle.replace(u'&', u"&&"_s);
-        entrees << (libelle.isEmpty() ? QString() : u'&' + QString::number(rang + 1) + u' ' + libelle);
-    }
-    return entrees;
-}
-
 namespace {
 const QString section = u"DERNIERSDOCUMENTS"_s;
 }

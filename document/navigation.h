@@ -102,8 +102,6 @@ public:
     using Derniers = std::array<QString, nombrederniers>;
     const Derniers& derniersdocuments() const { return derniersdocuments_; }
     const Derniers& derniersdocumentslibelles() const { return derniersdocumentslibelles_; }
-    /// Captions of the nine menu entries; an empty one is hidden.
-    QStringList entreesderniers() const;
     void chargederniers(const Reglages& reglages);
     void sauvederniers(Reglages& reglages) const;
 

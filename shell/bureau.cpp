@@ -23,6 +23,9 @@ Bureau::Bureau(Ecrangeneral& ecran, Corpus& corpus, std::function<Textes*(int in
     ecran_.barrecommande().setMenus(QStringLiteral("Précédent"), &navigation_.historique().precedent.menus());
     ecran_.barrecommande().setMenus(QStringLiteral("Suivant"), &navigation_.historique().suivant.menus());
     connect(&ecran_.aire(), &ChildArea::childActivated, this, [this](QWidget* fenetre) {
+        // Windows that come forward while all of them are closed have no base to show anything from.
+        if (enfermeture_)
+            return;
         if (auto* textes = qobject_cast<Textes*>(fenetre))
             textes->activation();
         majmenus();
@@ -53,8 +56,11 @@ FenetreNavigable* Bureau::creefenetre(int indice) {
 
 void Bureau::suit(Textes& fenetre) {
     const int indice = fenetre.indice();
-    connect(&fenetre, &QWidget::windowTitleChanged, this,
-            [this, indice](const QString& titre) { ecran_.menus().nommeecran(indice, titre); });
+    // With several windows of a collection, the entry of the slot names the one that it brings forward.
+    connect(&fenetre, &QWidget::windowTitleChanged, this, [this, indice, ici = &fenetre](const QString& titre) {
+        if (this->fenetre(indice) == ici)
+            ecran_.menus().nommeecran(indice, titre);
+    });
     ecran_.menus().nommeecran(indice, fenetre.windowTitle());
     connect(&fenetre, &Textes::menuschanges, this, &Bureau::majmenus);
     connect(&fenetre, &Textes::premierplan, this, [this, ici = &fenetre] { ecran_.aire().activate(ici); });
@@ -84,11 +90,14 @@ void Bureau::activehistorique(bool precedent, bool suivant) {
 }
 
 void Bureau::majderniersdocuments() {
-    ecran_.menus().changederniers(navigation_.entreesderniers());
+    const Navigation::Derniers& titres = navigation_.derniersdocumentslibelles();
+    ecran_.menus().changederniers({titres.begin(), titres.end()});
 }
 
 void Bureau::basculeslot(int indice) {
     navigation_.basculefenetre(indice, !navigation_.maffichagef(indice));
+    // The press alone has moved the button: it follows what came of it.
+    ecran_.montreslot(indice, navigation_.maffichagef(indice));
 }
 
 void Bureau::amene(int indice) {
@@ -134,6 +143,7 @@ void Bureau::majmenus() {
 }
 
 void Bureau::fermefenetres() {
+    enfermeture_ = true;
     ecran_.aire().closeAllSubWindows();
 }
 

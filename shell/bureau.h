@@ -48,6 +48,7 @@ public:
     int nombredeformes() const;
     /// Shows the buttons that arrange windows when there are more than three forms.
     void majdispositions();
+    /// Closes every window for good: none of them shows anything any more.
     void fermefenetres();
 
 private:
@@ -59,6 +60,7 @@ private:
     Navigation navigation_;
     bool dossiersouverts_ = false;
     int enfabrication_ = 0;
+    bool enfermeture_ = false;
 };
 
 } // namespace velm

@@ -18,7 +18,9 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRegion>
 #include <QScreen>
+#include <QWindow>
 
 namespace velm {
 
@@ -26,11 +28,26 @@ namespace {
 
 enum Etat { Normal = 0, Reduit = 1, Agrandi = 2 };
 
-/// The place on a screen that is there; one off every screen is moved onto the first.
+constexpr QSize tailleminimale(320, 240);
+
+/// What a maximised frame comes back to: the middle of its screen with some desktop around it.
+QRect usuelle() {
+    const QRect libre = QGuiApplication::primaryScreen()->availableGeometry();
+    QRect place(QPoint(), (libre.size() * 4 / 5).expandedTo(tailleminimale));
+    place.moveCenter(libre.center());
+    return place;
+}
+
+/// The place on the screens that are there; what sticks out is moved onto the screen of its middle, or onto the first.
 QRect visible(QRect place) {
+    QRegion ecrans;
+    for (const QScreen* present : QGuiApplication::screens())
+        ecrans += present->availableGeometry();
+    if (QRegion(place).subtracted(ecrans).isEmpty() && place.size().expandedTo(tailleminimale) == place.size())
+        return place;
     const QScreen* ecran = QGuiApplication::screenAt(place.center());
     const QRect libre = (ecran ? ecran : QGuiApplication::primaryScreen())->availableGeometry();
-    place.setSize(place.size().expandedTo(QSize(320, 240)).boundedTo(libre.size()));
+    place.setSize(place.size().expandedTo(tailleminimale).boundedTo(libre.size()));
     if (!libre.contains(place))
         place.moveTopLeft({std::clamp(place.left(), libre.left(), libre.right() - place.width() + 1),
                            std::clamp(place.top(), libre.top(), libre.bottom() - place.height() + 1)});
@@ -146,11 +163,18 @@ void Ecrangeneral::montredispositions(bool visibles) {
 
 void Ecrangeneral::place(const PositionFenetre& position) {
     etat_ = position.etat;
-    setGeometry(visible({pixelsFromTwips(position.gauche), pixelsFromTwips(position.haut),
-                         pixelsFromTwips(position.largeur), pixelsFromTwips(position.hauteur)}));
+    // The place of a maximised frame is that of its screen, which is no place for the frame made smaller.
+    if (etat_ == Agrandi)
+        setGeometry(usuelle());
+    else
+        setGeometry(visible({pixelsFromTwips(position.gauche), pixelsFromTwips(position.haut),
+                             pixelsFromTwips(position.largeur), pixelsFromTwips(position.hauteur)}));
 }
 
 void Ecrangeneral::montre() {
+    // The ground is drawn for the size and the density of one screen.
+    winId();
+    connect(windowHandle(), &QWindow::screenChanged, this, &Ecrangeneral::peintfond, Qt::UniqueConnection);
     switch (etat_) {
     case Agrandi:
         showMaximized();

@@ -3,6 +3,7 @@
 // pressed, and decides nothing.
 #include "core/barres.h"
 #include "core/seance.h"
+#include "platform/controls/buttonmenus.h"
 
 #include <QMainWindow>
 
@@ -79,6 +80,7 @@ private:
     static QString clebouton(int indice);
 
     std::function<QString(int)> texte_;
+    ButtonMenus ejections_; ///< what the button of the print job offers
     ChildArea* aire_;
     VoletSelection* volet_;
     MenusEcran* menus_;

@@ -56,6 +56,10 @@ void Ecrangeneral::garnitcommande(const std::function<QString(int)>& texte) {
             {"Horizontalement", Kind::Plain, 142},
             {"Verticalement", Kind::Plain, 141}},
            texte);
+    ejections_.add(1, QStringLiteral("imprimereject1"), texte(1203));
+    ejections_.add(2, QStringLiteral("imprimereject2"), texte(4405));
+    ejections_.add(3, QStringLiteral("imprimereject3"), texte(4406));
+    barrecommande_->setMenus(QStringLiteral("imprimereject"), &ejections_);
     barrecommande_->setShortcut(QStringLiteral("Précédent"), QKeySequence(Qt::ALT | Qt::Key_Left));
     barrecommande_->setShortcut(QStringLiteral("Suivant"), QKeySequence(Qt::ALT | Qt::Key_Right));
     barrecommande_->setShortcut(QStringLiteral("Rechercher"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));

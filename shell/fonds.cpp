@@ -1,5 +1,8 @@
 #include "shell/fonds.h"
 
+#include "core/barres.h"
+#include "platform/widgets/viewformats.h"
+
 #include <QLineF>
 #include <QPainter>
 #include <QPainterPath>
@@ -18,7 +21,6 @@ constexpr double pi = std::numbers::pi;
 using Dessin = void (*)(QPainter& peintre, const QRectF& etendue);
 
 struct Fond {
-    QRgb couleur;
     QRgb trait;
     Dessin dessin;
 };
@@ -188,19 +190,18 @@ void filigrane(QPainter& peintre, const QRectF& etendue) {
 }
 
 const Fond* fond(int numero) {
-    static constexpr std::array<Fond, nombredefonds> fonds{{{0xFFFFFFC0, 0xFFA8923C, rosace},
-                                                            {0xFFFFDBAD, 0xFFA8672C, semis},
-                                                            {0xFFF7F1DB, 0xFF8A7A48, doublepage},
-                                                            {0xFFECE9E1, 0xFF77705F, balance},
-                                                            {0xFFFFFFFF, 0xFF1F4E79, filigrane}}};
+    static constexpr std::array<Fond, nombredefonds> fonds{{{0xFFA8923C, rosace},
+                                                            {0xFFA8672C, semis},
+                                                            {0xFF8A7A48, doublepage},
+                                                            {0xFF77705F, balance},
+                                                            {0xFF1F4E79, filigrane}}};
     return numero >= 0 && numero < nombredefonds ? &fonds.at(static_cast<std::size_t>(numero)) : nullptr;
 }
 
 } // namespace
 
 QColor couleurdefond(int numero) {
-    const Fond* choisi = fond(numero);
-    return choisi ? QColor::fromRgb(choisi->couleur) : QColor();
+    return fond(numero) ? viewColour(static_cast<std::int32_t>(*fondecran(numero, 0)->couleur)) : QColor();
 }
 
 QPixmap imagedefond(int numero, const QSize& taille, qreal densite, look::Theme theme) {
@@ -215,7 +216,7 @@ QPixmap imagedefond(int numero, const QSize& taille, qreal densite, look::Theme 
     peintre.setRenderHint(QPainter::Antialiasing);
     peintre.translate(taille.width() / 2.0, taille.height() / 2.0);
     const bool clair = theme == look::Theme::Light;
-    peintre.setPen(QColor::fromRgb(clair ? choisi->trait : choisi->couleur));
+    peintre.setPen(clair ? QColor::fromRgb(choisi->trait) : couleurdefond(numero));
     // Light lines on a dark ground need less to be seen.
     peintre.setOpacity(clair ? 1 : 0.45);
     choisi->dessin(peintre, QRectF(QPointF(-taille.width() / 2.0, -taille.height() / 2.0), QSizeF(taille)));

@@ -9,8 +9,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QLibraryInfo>
-#include <QTranslator>
 
 #include <cstdlib>
 
@@ -61,10 +59,5 @@ int main(int argc, char** argv) {
     });
     if (programme.demarre() != velm::Demarrage::EnMarche)
         return EXIT_SUCCESS;
-    // What the toolkit itself says (menus of text fields, file dialogs) follows the program's language.
-    QTranslator boutons;
-    const QString langue = programme.seance().parametres().extensionlangue.toLower();
-    if (boutons.load(QStringLiteral("qtbase_") + langue, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(&boutons);
     return QApplication::exec();
 }

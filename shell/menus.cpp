@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QFontMetrics>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
@@ -13,14 +14,43 @@ namespace velm {
 namespace {
 
 constexpr int nombredederniers = 9;
+constexpr int caracteresdetitre = 64; ///< average ones, that a title may take of a menu's width
 
 QString nomindice(const QString& nom, int indice) {
     return nom + u'(' + QString::number(indice) + u')';
 }
 
-/// A caption that came from a document: its ampersands are no accelerators.
-QString sansraccourci(QString libelle) {
-    return libelle.replace(u'&', QStringLiteral("&&"));
+/// A caption that came from a document: its ampersands are no accelerators, its tabs no columns.
+QString sansraccourci(const QString& libelle) {
+    return libelle.simplified().replace(u'&', QStringLiteral("&&"));
+}
+
+/// Captions an entry with a title that may be of any length: what is cut out of it stands in the tool tip.
+void intitule(QAction& action, const QMenu& menu, const QString& debut, const QString& titre) {
+    const QString ligne = titre.simplified();
+    const QFontMetrics mesure = menu.fontMetrics();
+    const QString montre = mesure.elidedText(ligne, Qt::ElideMiddle, mesure.averageCharWidth() * caracteresdetitre);
+    action.setText(debut + sansraccourci(montre));
+    action.setToolTip(montre == ligne ? QString() : ligne);
+}
+
+/// Where the five choices of a bar stand: in the view menu and in the bar's own pop-up.
+struct MenusDeBarre {
+    const char* dansmenu;
+    const char* nom; ///< of the pop-up
+    const char* contextuel;
+};
+
+MenusDeBarre menusdebarre(Barre barre) {
+    switch (barre) {
+    case Barre::Ecran:
+        return {"mbarre2", "ContextMenuBarreTable", "mbarre6"};
+    case Barre::Outils:
+        return {"mbarre3", "ContextMenuBarreoutils", "mbarre4"};
+    case Barre::Commande:
+        break;
+    }
+    return {"mbarre1", "ContextMenuBarreCommandes", "mbarre5"};
 }
 
 } // namespace
@@ -34,6 +64,7 @@ MenusEcran::MenusEcran(QMenuBar& barre, const std::function<QString(int)>& texte
     menuoutils(barre);
     menufenetre(barre);
     menuaide(barre);
+    menuscontextuels(barre);
     // The side editor has no menu of its own, only this entry in the bar.
     QAction* editeur = barre.addAction(texte_(9017));
     editeur->setObjectName(QStringLiteral("mediteur"));
@@ -89,7 +120,8 @@ QAction* MenusEcran::ajoute(QMenu& menu, const char* nom, int indice, const QStr
 }
 
 void MenusEcran::menufichier(QMenuBar& barre) {
-    QMenu& fichier = *menu(barre, "mfichier", 1603);
+    fichier_ = menu(barre, "mfichier", 1603);
+    QMenu& fichier = *fichier_;
     desdocuments_ << ajoute(fichier, "mfichier0", 0, texte_(9050), {QStringLiteral("enregistrer"), false, true},
                             QKeySequence::Save);
     QMenu* envoi = sousmenu(fichier, QStringLiteral("mfichiersend"), 9051);
@@ -124,14 +156,26 @@ void MenusEcran::menuedition(QMenuBar& barre) {
     ajoute(edition, "medition0", 2, texte_(9058), {QStringLiteral("chercher"), false, true}, QKeySequence::Find);
 }
 
-void MenusEcran::menubarre(QMenu& affichage, Barre barre, int texte) {
-    const int rang = static_cast<int>(barre);
-    QMenu* positions = sousmenu(affichage, QStringLiteral("maffichage0(%1)").arg(rang), texte);
-    const QByteArray nom = "mbarre" + QByteArray::number(rang + 1);
+void MenusEcran::positions(QMenu& menu, const char* tableau) {
     constexpr std::array textes{133, 134, 135, 1322, 1324};
+    auto* groupe = new QActionGroup(&menu);
     for (int position = 0; position < nombredepositions; ++position)
-        ajoute(*positions, nom.constData(), position, texte_(textes[static_cast<std::size_t>(position)]), {{}, true});
-    menusbarres_[static_cast<std::size_t>(rang)] = positions;
+        groupe->addAction(
+            ajoute(menu, tableau, position, texte_(textes[static_cast<std::size_t>(position)]), {{}, true}));
+}
+
+void MenusEcran::menubarre(QMenu& affichage, Barre barre, int texte) {
+    const QString nom = QStringLiteral("maffichage0(%1)").arg(static_cast<int>(barre));
+    positions(*sousmenu(affichage, nom, texte), menusdebarre(barre).dansmenu);
+}
+
+void MenusEcran::menuscontextuels(QWidget& parent) {
+    for (const Barre barre : toutesbarres) {
+        auto* nouveau = new QMenu(&parent);
+        nouveau->setObjectName(QString::fromLatin1(menusdebarre(barre).nom));
+        positions(*nouveau, menusdebarre(barre).contextuel);
+        menusbarres_[static_cast<std::size_t>(barre)] = nouveau;
+    }
 }
 
 void MenusEcran::menuaffichage(QMenuBar& barre) {
@@ -162,7 +206,8 @@ void MenusEcran::menuoutils(QMenuBar& barre) {
 }
 
 void MenusEcran::menufenetre(QMenuBar& barre) {
-    QMenu& fenetre = *menu(barre, "mfenetre", 9010);
+    fenetre_ = menu(barre, "mfenetre", 9010);
+    QMenu& fenetre = *fenetre_;
     const std::array<QString, 3> images{QStringLiteral("Cascade"), QStringLiteral("Horizontalement"),
                                         QStringLiteral("Verticalement")};
     constexpr std::array textes{140, 142, 141};
@@ -193,9 +238,11 @@ QMenu* MenusEcran::menudebarre(Barre barre) const {
 }
 
 void MenusEcran::cocheposition(Barre barre, int position) {
-    const QString nom = QStringLiteral("mbarre%1").arg(static_cast<int>(barre) + 1);
-    for (int indice = 0; indice < nombredepositions; ++indice)
-        entree(nom, indice)->setChecked(indice == position);
+    const MenusDeBarre menus = menusdebarre(barre);
+    for (const char* tableau : {menus.dansmenu, menus.contextuel}) {
+        for (int indice = 0; indice < nombredepositions; ++indice)
+            entree(QString::fromLatin1(tableau), indice)->setChecked(indice == position);
+    }
 }
 
 void MenusEcran::montredocument(bool active, bool charge) {
@@ -206,14 +253,14 @@ void MenusEcran::montredocument(bool active, bool charge) {
         entree(QStringLiteral("medition0"), indice)->setEnabled(active && charge);
 }
 
-void MenusEcran::changederniers(const QStringList& libelles) {
+void MenusEcran::changederniers(const QStringList& titres) {
     for (int indice = 0; indice < nombredederniers; ++indice) {
         QAction* action = entree(QStringLiteral("mnuLastFile"), indice);
-        const QString libelle = libelles.value(indice);
-        action->setVisible(!libelle.isEmpty());
-        action->setText(libelle);
+        const QString titre = titres.value(indice);
+        action->setVisible(!titre.isEmpty());
+        intitule(*action, *fichier_, u'&' + QString::number(indice + 1) + u' ', titre);
     }
-    lineLastFile_->setVisible(!libelles.value(0).isEmpty());
+    lineLastFile_->setVisible(!titres.value(0).isEmpty());
 }
 
 void MenusEcran::cocheecran(int indice, bool visible) {
@@ -221,7 +268,7 @@ void MenusEcran::cocheecran(int indice, bool visible) {
 }
 
 void MenusEcran::nommeecran(int indice, const QString& titre) {
-    entree(QStringLiteral("mlistefenetre"), indice + 1)->setText(sansraccourci(titre));
+    intitule(*entree(QStringLiteral("mlistefenetre"), indice + 1), *fenetre_, QString(), titre);
 }
 
 void MenusEcran::marqueactive(int indice) {

@@ -35,16 +35,16 @@ public:
     QAction* entree(const QString& nom) const;
     QAction* entree(const QString& tableau, int indice) const;
 
-    /// The five choices of a bar, for its pop-up; the entries are those of the menu bar.
+    /// The pop-up of a bar: its five choices.
     QMenu* menudebarre(Barre barre) const;
-    /// Checks the position of a bar, and no other.
+    /// Checks the position of a bar, and no other, in the menu bar and in its pop-up.
     void cocheposition(Barre barre, int position);
 
     /// Shows the entries of documents when one is active. `charge`: it shows a document.
     void montredocument(bool active, bool charge);
 
-    /// Captions of the last documents, nine at most; empty ones and, without any, their separator hide.
-    void changederniers(const QStringList& libelles);
+    /// Titles of the last documents, nine at most; empty ones and, without any, their separator hide.
+    void changederniers(const QStringList& titres);
 
     /// The entry of a slot in the window list.
     void cocheecran(int indice, bool visible);
@@ -68,11 +68,15 @@ private:
     void menufenetre(QMenuBar& barre);
     void menuaide(QMenuBar& barre);
     void menubarre(QMenu& affichage, Barre barre, int texte);
+    void menuscontextuels(QWidget& parent);
+    void positions(QMenu& menu, const char* tableau);
 
     std::function<QString(int)> texte_;
     std::function<QIcon(const QString&)> image_;
     QMap<QString, QAction*> entrees_;
     std::array<QMenu*, 3> menusbarres_{};
+    QMenu* fichier_ = nullptr;
+    QMenu* fenetre_ = nullptr;
     QAction* lineLastFile_ = nullptr;
     QList<QAction*> desdocuments_; ///< shown while a document window is active
 };

@@ -60,8 +60,8 @@ Demarrage Programme::demarre() {
         instance_.setOnRaise([this] {
             if (!ecran_)
                 return;
-            if (ecran_->isMinimized())
-                ecran_->showNormal();
+            // Out of the icon, and as large as it was before.
+            ecran_->setWindowState(ecran_->windowState() & ~Qt::WindowMinimized);
             ecran_->raise();
             ecran_->activateWindow();
         });

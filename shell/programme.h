@@ -17,6 +17,7 @@
 
 #include <QPointer>
 #include <QRandomGenerator>
+#include <QTranslator>
 
 #include <array>
 #include <memory>
@@ -107,6 +108,7 @@ private:
     Textes* fabriquefenetre(int indice);
     void chargebarres();
     void chargecommandes();
+    void traduitoutils(); ///< what the toolkit itself says follows the program's language
     void montre(QDialog* fenetre);
     QString raison(const RuntimeFailure& erreur);
     void ditechec(); ///< settings cannot be written
@@ -125,6 +127,7 @@ private:
     bool echecretenu_ = false;
     EtatBarres barres_;
     Astuces astuces_{[] { return QRandomGenerator::global()->generateDouble(); }};
+    QTranslator motsdesoutils_;
     std::array<bool, nombredefenetres> rafraichir_{}; ///< by slot: shown again at the next focus
     std::unique_ptr<frmSplash> accueil_;
     std::unique_ptr<Ecrangeneral> ecran_;

@@ -19,6 +19,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QIcon>
+#include <QLibraryInfo>
 #include <QScreen>
 
 namespace velm {
@@ -82,6 +83,7 @@ void Programme::fermedossiers() {}
 
 QString Programme::chargeprincipale() {
     const auto texte = [this](int numero) { return langue_.lireressource(numero); };
+    traduitoutils();
     ecran_ = std::make_unique<Ecrangeneral>(texte);
     ecran_->setWindowIcon(QIcon(QStringLiteral(":/velmorante.svg")));
     ecran_->avantfermeture = [this] { return seance_.quitteprogramme(); };
@@ -170,6 +172,12 @@ void Programme::montre(QDialog* fenetre) {
         fenetre->move(place.topLeft());
     }
     fenetre->show();
+}
+
+void Programme::traduitoutils() {
+    const QString langue = seance_.parametres().extensionlangue.toLower();
+    if (motsdesoutils_.load(QStringLiteral("qtbase_") + langue, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&motsdesoutils_);
 }
 
 void Programme::astuce() {

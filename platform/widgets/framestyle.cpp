@@ -201,6 +201,20 @@ void FrameStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     painter->drawRect(rect.adjusted(0, 0, -1, -1));
 }
 
+void FrameStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (!item || (element != CE_MenuItem && element != CE_MenuBarItem)) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    // A tint under the chosen entry, so that its picture stays as legible as its words.
+    QStyleOptionMenuItem quiet = *item;
+    quiet.palette.setColor(QPalette::Highlight, surface(item->palette, true));
+    quiet.palette.setColor(QPalette::HighlightedText, item->palette.color(QPalette::WindowText));
+    QProxyStyle::drawControl(element, &quiet, painter, widget);
+}
+
 int FrameStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* returned) const {
     // Buttons of boxes say in words what they do.

@@ -320,17 +320,6 @@ TEST_F(DerniersDocuments, TheLabelOfALastDocumentIsCodeDashTitle) {
     EXPECT_EQ(navigation.derniersdocumentslibelles()[0], u"EU-EU numéro 4"_s);
 }
 
-TEST_F(DerniersDocuments, TheMenuShowsADigitAndTheLabelAndHidesEmptyEntries) {
-    titres[u"CO000002"_s] = u"Prix & délais"_s;
-    ouvre(1, 2);
-    const QStringList entrees = navigation.entreesderniers();
-    ASSERT_EQ(entrees.size(), 9);
-    EXPECT_EQ(entrees[0], u"&1 CO-Prix && délais"_s) << "an ampersand of the title is no access key";
-    EXPECT_EQ(entrees[1], u"&2 CO-CO numéro 1"_s);
-    for (int i = 2; i < 9; ++i)
-        EXPECT_TRUE(entrees[i].isEmpty());
-}
-
 TEST_F(DerniersDocuments, TheyAreKeptFromRunToRun) {
     QTemporaryDir dossier;
     const QString fichier = dossier.filePath(u"reglages.ini"_s);
@@ -357,7 +346,7 @@ TEST_F(DerniersDocuments, WithoutSettingsTheListIsEmpty) {
     ouvre(1, 2);
     navigation.chargederniers(Reglages(magasin));
     EXPECT_TRUE(derniers().isEmpty());
-    EXPECT_EQ(navigation.entreesderniers(), QStringList(9));
+    EXPECT_EQ(navigation.derniersdocumentslibelles(), Navigation::Derniers());
 }
 
 } // namespace
