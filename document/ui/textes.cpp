@@ -14,6 +14,7 @@
 
 #include <QCloseEvent>
 #include <QLineEdit>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -181,8 +182,11 @@ ListeLaterale& Textes::listedescorrelats() {
 // ---- what the navigation asks of it
 
 void Textes::prendfocus() {
+    // Whoever brings it forward may close it.
+    const QPointer<Textes> encore(this);
     emit premierplan();
-    activation();
+    if (encore)
+        activation();
 }
 
 void Textes::affiche(const QString& code, const QString& numero, const QString& ancre) {

@@ -22,6 +22,7 @@ void Textes::construit() {
     construitpanneau();
     separateur_ = new SplitterBar(Qt::Vertical, this);
     separateur_->setObjectName(u"separateur"_s);
+    separateur_->setAccessibleName(texte(9097));
     vue_ = new RichTextBox(this);
     vue_->setObjectName(u"rtfRichTextBox1"_s);
     vue_->setAccessibleName(windowTitle());
@@ -34,9 +35,11 @@ void Textes::construit() {
 void Textes::construitlistes() {
     separateurlisteh_ = new SplitterBar(Qt::Horizontal, this);
     separateurlisteh_->setObjectName(u"separateurlisteh"_s);
+    separateurlisteh_->setAccessibleName(texte(9098));
     liens_ = new ListeDeLiens(ListeDeLiens::liens(), contexte_.corpus, contexte_.texte, this);
     separateurlistev_ = new SplitterBar(Qt::Vertical, this);
     separateurlistev_->setObjectName(u"separateurlistev"_s);
+    separateurlistev_->setAccessibleName(texte(9099));
     correlats_ = new ListeDeLiens(ListeDeLiens::correlats(), contexte_.corpus, contexte_.texte, this);
 }
 

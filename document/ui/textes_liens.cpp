@@ -60,6 +60,7 @@ void Textes::suit(qsizetype position) {
     const Clic clic = clicdans(listes_, position);
     switch (clic.vers) {
     case Clic::Vers::Document:
+        emit cible(QString()); // the pointer rests where the link was
         contexte_.navigation.navigue(u"TA"_s + clic.cible, true, clic.ancre);
         break;
     case Clic::Vers::Adresse:

@@ -58,8 +58,9 @@ struct GridView::Delegate : public QStyledItemDelegate {
         painter->setPen(tones.text(selected));
         const QFontMetrics& metrics = option.fontMetrics;
         const QRect rect = gridlook::textRect(option.rect);
+        // Titles that share their beginning ("Code de commerce, art. …") are told apart by their end.
         painter->drawText(rect, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine,
-                          metrics.elidedText(text, Qt::ElideRight, rect.width()));
+                          metrics.elidedText(text, Qt::ElideMiddle, rect.width()));
     }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {

@@ -106,6 +106,7 @@ void RichTextBox::richSelectionChanged() {
     if (following_) {
         return;
     }
+    leaveReached();
     showSelection();
     revealCaret();
     emit selectionMoved();
@@ -134,6 +135,7 @@ void RichTextBox::takeUserSelection() {
     control_.setSelStart(start);
     control_.setSelLength(length);
     following_ = false;
+    leaveReached();
     emit selectionMoved();
 }
 

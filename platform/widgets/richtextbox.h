@@ -2,6 +2,7 @@
 // The document view: shows a rich text control on its sheet and lets the user select in it.
 //
 // The control is the truth; the view follows it and gives the user's selection back. Positions are the control's.
+// Tab and Shift+Tab select the next link from the caret on, or the one before it; where there is none the focus leaves.
 #include "platform/richtext/control.h"
 #include "platform/widgets/linkranges.h"
 #include "platform/widgets/showntext.h"
@@ -59,13 +60,14 @@ public:
     void revealCaret();
 
 signals:
-    /// The left button was released (a drag counts as well) or Return pressed; the selection's start.
+    /// The left button was released (a drag counts as well) or Return pressed; the selection's start. A double click
+    /// is told once.
     void clicked(qsizetype position);
     /// A context menu is wanted, by mouse or key.
     void rightClicked(qsizetype position, const QPoint& globalPosition);
     /// The mouse went to another character; -1 for none.
     void hovered(qsizetype position);
-    /// The mouse went to another link; -1 for none.
+    /// The mouse, or the Tab key, went to another link; -1 for none.
     void linkHovered(int index);
     void zoomChanged(int percent);
     /// The user or the program moved the selection.
@@ -83,6 +85,10 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
@@ -109,6 +115,8 @@ private:
     void placeLinks();
     void hover(const QPoint& point);
     void leaveHover();
+    bool reachLink(bool next);
+    void leaveReached();
     void showMargins();
     void startSettling();
     Anchor anchor() const;
@@ -126,6 +134,8 @@ private:
     int zoom_ = 100;
     int wheelRest_ = 0;
     int hoveredLink_ = -1;
+    int reachedLink_ = -1; ///< selected by the Tab key
+    bool doubled_ = false; ///< the release to come ends a double click
     qsizetype hoveredPosition_ = -1;
     bool visible_ = true;
     bool following_ = false; ///< the control is being followed: what the document tells is no wish of the user

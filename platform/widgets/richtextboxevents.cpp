@@ -31,6 +31,7 @@ void RichTextBox::setLinkRanges(const std::vector<LinkRange>& ranges) {
     linkRanges_ = ranges;
     placeLinks();
     leaveHover();
+    leaveReached();
     viewport()->update();
 }
 
@@ -74,6 +75,45 @@ void RichTextBox::leaveHover() {
     }
 }
 
+bool RichTextBox::reachLink(bool next) {
+    const qsizetype caret = control_.selStart();
+    const qsizetype from = control_.selLength() > 0 ? caret + 1 : caret;
+    int found = -1;
+    const auto startOf = [this](int link) { return linkRanges_[static_cast<std::size_t>(link)].start; };
+    for (int link = 0; link < static_cast<int>(linkRanges_.size()); ++link) {
+        const LinkRange& range = linkRanges_[static_cast<std::size_t>(link)];
+        const bool beyond = next ? range.start >= from : range.start < caret;
+        const bool nearer = found < 0 || (next ? range.start < startOf(found) : range.start > startOf(found));
+        if (range.start < range.end && range.end <= control_.length() && beyond && nearer) {
+            found = link;
+        }
+    }
+    if (found < 0) {
+        return false;
+    }
+    const LinkRange range = linkRanges_[static_cast<std::size_t>(found)];
+    control_.setSelStart(range.start);
+    control_.setSelLength(range.end - range.start);
+    reachedLink_ = found;
+    emit linkHovered(found);
+    return true;
+}
+
+void RichTextBox::leaveReached() {
+    if (std::exchange(reachedLink_, -1) >= 0) {
+        emit linkHovered(-1);
+    }
+}
+
+bool RichTextBox::focusNextPrevChild(bool next) {
+    return reachLink(next) || QTextEdit::focusNextPrevChild(next);
+}
+
+void RichTextBox::focusOutEvent(QFocusEvent* event) {
+    QTextEdit::focusOutEvent(event);
+    leaveReached();
+}
+
 void RichTextBox::leaveEvent(QEvent* event) {
     QTextEdit::leaveEvent(event);
     leaveHover();
@@ -95,9 +135,20 @@ void RichTextBox::mouseMoveEvent(QMouseEvent* event) {
     }
 }
 
+void RichTextBox::mousePressEvent(QMouseEvent* event) {
+    doubled_ = false;
+    QTextEdit::mousePressEvent(event);
+}
+
+void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event) {
+    // Its first half was told already; the second may fall on the document that the first one has opened.
+    doubled_ = event->button() == Qt::LeftButton;
+    QTextEdit::mouseDoubleClickEvent(event);
+}
+
 void RichTextBox::mouseReleaseEvent(QMouseEvent* event) {
     QTextEdit::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton) {
+    if (event->button() == Qt::LeftButton && !std::exchange(doubled_, false)) {
         emit clicked(control_.selStart());
     }
 }

@@ -137,7 +137,7 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent), watch_(std::make_unique
     setUniformRowHeights(true);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
-    setTextElideMode(Qt::ElideRight);
+    setTextElideMode(Qt::ElideMiddle); // titles share their beginnings
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollMode(ScrollPerPixel);
     connect(this, &QTreeView::expanded, this, &TreeView::userOpened);

@@ -164,6 +164,7 @@ TEST_F(LiensTextes, TheLinkUnderThePointerTellsItsTarget) {
     QStringList cibles;
     QObject::connect(&fenetre, &Textes::cible, &fenetre, [&](const QString& texte) { cibles << texte; });
     const QString texte = fenetre.vue().control().text();
+    QTest::mouseMove(fenetre.vue().viewport(), {1, 1});
     for (const auto& mot : {u"article"_s, u"le site"_s, u"nous"_s, u"ailleurs"_s, u"Voir"_s}) {
         fenetre.vue().setSelStart(texte.indexOf(mot) + 1);
         QTest::mouseMove(fenetre.vue().viewport(), fenetre.vue().cursorRect().center() + QPoint(2, 0));

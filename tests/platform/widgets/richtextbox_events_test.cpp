@@ -154,6 +154,39 @@ TEST_F(Box, TheHandShowsOverALink) {
     EXPECT_EQ(over.last().at(0).value<qsizetype>(), -1);
 }
 
+TEST_F(Box, TheTabKeySelectsTheLinksInTheOrderOfTheText) {
+    show(sample::plain({u"un deux trois"_s, u"quatre"_s}));
+    box.setLinkRanges({{15, 21}, {3, 7}, {9, 9}, {20, 900}});
+    QSignalSpy overLink(&box, &RichTextBox::linkHovered);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(selStart(), 3);
+    EXPECT_EQ(selLength(), 4);
+    ASSERT_EQ(overLink.count(), 1);
+    EXPECT_EQ(overLink.last().at(0).toInt(), 1);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(selStart(), 15);
+    EXPECT_EQ(overLink.last().at(0).toInt(), 0);
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(selStart(), 3);
+    EXPECT_EQ(overLink.last().at(0).toInt(), 1);
+    key(Qt::Key_Right);
+    EXPECT_EQ(overLink.last().at(0).toInt(), -1);
+    box.setLinkRanges({});
+    EXPECT_EQ(box.control().selLength(), 0);
+}
+
+TEST_F(Box, ADoubleClickIsToldOnce) {
+    show(sample::plain({u"un deux trois"_s}));
+    const QSignalSpy clicked(&box, &RichTextBox::clicked);
+    QTest::mouseClick(box.viewport(), Qt::LeftButton, {}, pointOf(4));
+    QTest::mouseDClick(box.viewport(), Qt::LeftButton, {}, pointOf(4));
+    QTest::mouseRelease(box.viewport(), Qt::LeftButton, {}, pointOf(4));
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_EQ(box.control().selText(), u"deux");
+    QTest::mouseClick(box.viewport(), Qt::LeftButton, {}, pointOf(1));
+    EXPECT_EQ(clicked.count(), 2);
+}
+
 TEST_F(Box, LinksAreDrawnInTheirOwnColour) {
     show(sample::plain({u"mmmmmmmmmm"_s}));
     const auto blues = [&] {
