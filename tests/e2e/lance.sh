@@ -31,6 +31,7 @@ mkdir -m 700 "$temp/run"
 export DISPLAY=":$number" QT_QPA_PLATFORM=xcb QT_FONT_DPI=96 QT_SCALE_FACTOR=1 NO_AT_BRIDGE=1
 export HOME="$temp" XDG_RUNTIME_DIR="$temp/run" XDG_CONFIG_HOME="$temp/config" XDG_DATA_HOME="$temp/data"
 export XDG_CACHE_HOME="$temp/cache"
+export LSAN_OPTIONS="suppressions=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/fuites.supp:print_suppressions=0"
 unset WAYLAND_DISPLAY QT_STYLE_OVERRIDE QT_QPA_PLATFORMTHEME
 
 openbox >/dev/null 2>&1 &

@@ -27,9 +27,9 @@ TEST(TheProgram, EndsWhenItsQuestionIsAnswered) {
     program.start(executable, {u"CO2"_s});
     ASSERT_TRUE(program.waitForStarted(milliseconds));
     ASSERT_TRUE(comesForward(program.processId(), u"VELMORante 2000"_s));
-    photo(u"20-programme"_s);
     key(u"ctrl+q"_s);
     ASSERT_TRUE(comesForward(program.processId(), u"Quitter"_s));
+    photo(u"20-programme"_s);
     key(u"Return"_s);
     EXPECT_TRUE(program.waitForFinished(milliseconds));
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);

@@ -13,6 +13,8 @@
 #include <QTest>
 #include <QTextEdit>
 
+#include <array>
+#include <climits>
 #include <gtest/gtest.h>
 
 namespace velm {
@@ -211,13 +213,13 @@ TEST_F(ChildAreaTest, APlaceIsGivenBackInTwips) {
 
 TEST_F(ChildAreaTest, NonsenseGivesAWindowThatCanBeReached) {
     showFrame();
-    const std::vector<QRect> nonsense{{-1000000, -1000000, -5, -5},
-                                      {1000000, 1000000, 1000000, 1000000},
-                                      {0, 1000000, 6000, 1},
-                                      {INT_MIN, INT_MAX, INT_MAX, INT_MIN}};
-    for (const QRect& stored : nonsense) {
+    const std::vector<std::array<int, 4>> nonsense{{-1000000, -1000000, -5, -5},
+                                                   {1000000, 1000000, 1000000, 1000000},
+                                                   {0, 1000000, 6000, 1},
+                                                   {INT_MIN, INT_MAX, INT_MAX, INT_MIN}};
+    for (const auto& [left, top, width, height] : nonsense) {
         Child* child = add();
-        area->place(child, 7, stored.x(), stored.y(), stored.width(), stored.height());
+        area->place(child, 7, left, top, width, height);
         area->activate(child);
         const QRect place = placeOf(child);
         EXPECT_TRUE(inside().contains(place)) << place.x() << ' ' << place.y();
