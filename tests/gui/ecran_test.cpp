@@ -2,49 +2,19 @@
 #include "platform/widgets/childarea.h"
 #include "platform/widgets/flexgrid.h"
 #include "platform/widgets/statusbar.h"
-#include "platform/widgets/toolbar.h"
 #include "shell/bureau.h"
-#include "shell/commandes.h"
-#include "shell/menus.h"
 #include "shell/volet.h"
-#include "tests/gui/programme_support.h"
+#include "tests/gui/ecran_support.h"
 
-#include <QAction>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QToolButton>
 
 using namespace velm;
 
 namespace {
 
-class EcranTest : public test::ProgrammeTest {
-protected:
-    Ecrangeneral& ecran() const { return *programme->ecran(); }
-    MenusEcran& menus() const { return ecran().menus(); }
-    QAction* entree(const char* nom) const { return menus().entree(QString::fromUtf8(nom)); }
-    QAction* entree(const char* nom, int indice) const { return menus().entree(QString::fromUtf8(nom), indice); }
-    void presse(Toolbar& barre, const char* cle) const {
-        QToolButton* bouton = barre.widget(QString::fromUtf8(cle));
-        ASSERT_NE(bouton, nullptr);
-        QTest::mouseClick(bouton, Qt::LeftButton);
-    }
-    void redemarre(const QString& ligne = QString()) {
-        dialogues.answers.push_back(Bouton::Oui);
-        ASSERT_TRUE(programme->quitteprogramme());
-        programme.reset();
-        ASSERT_EQ(demarre(ligne), Demarrage::EnMarche);
-    }
-    std::vector<int> positionscochees(const char* menu) const {
-        std::vector<int> cochees;
-        for (int indice = 0; indice < 5; ++indice) {
-            if (entree(menu, indice)->isChecked())
-                cochees.push_back(indice);
-        }
-        return cochees;
-    }
-};
+using EcranTest = test::EcranTest;
 
 } // namespace
 

@@ -37,6 +37,17 @@ TEST_F(SecondeInstance, ShowsTheFirstAndDropsItsCommandLine) {
     EXPECT_TRUE(dialogues.messages.empty());
 }
 
+TEST_F(SecondeInstance, AFrameMadeAnIconComesBackAsLargeAsItWas) {
+    ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
+    ASSERT_TRUE(programme->ecran()->isMaximized());
+    programme->ecran()->setWindowState(Qt::WindowMaximized | Qt::WindowMinimized);
+    ASSERT_TRUE(programme->ecran()->isMinimized());
+    Programme seconde(options(QString()), MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers});
+    EXPECT_EQ(seconde.demarre(), Demarrage::AutreInstance);
+    QTRY_VERIFY_WITH_TIMEOUT(!programme->ecran()->isMinimized(), 5000);
+    EXPECT_TRUE(programme->ecran()->isMaximized());
+}
+
 TEST_F(SecondeInstance, TheHandleIsWrittenAtTheStartAndOutlivesTheProgram) {
     ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
     const QString handle = reglage("HWND", "HWnd");
