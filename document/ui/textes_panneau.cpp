@@ -84,6 +84,7 @@ void Textes::chargerflex() {
         flex_->setColWidth(colonne, colonne < colonnesvisibles ? largeurs.at(static_cast<std::size_t>(colonne)) : 0);
         flex_->setColData(colonne, chiffre);
         flex_->setHeader(colonne, texte(300 + chiffre));
+        flex_->setHeaderAlignment(colonne, FlexGrid::Align::Centre);
     }
     flex_->setSource(std::make_unique<ListeCollection>(contexte_.corpus, code_, ordre));
     flex_->sort(0, false);

@@ -37,7 +37,8 @@ public:
     /// A width of 0 hides the column.
     void setColWidth(int col, int twips);
     int colWidth(int col) const;
-    void setColAlignment(int col, Align align);
+    void setColAlignment(int col, Align align); ///< of the cells and of the header
+    void setHeaderAlignment(int col, Align align);
     /// A number that the owner keeps with a column; it moves with it.
     void setColData(int col, int number);
     int colData(int col) const;

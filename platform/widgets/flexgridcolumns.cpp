@@ -80,8 +80,15 @@ void FlexGrid::setColAlignment(int col, Align align) {
     if (!d_->hasPlace(col))
         return;
     d_->column(col).align = align;
-    d_->model.headerChanged(d_->logical(col));
+    setHeaderAlignment(col, align);
     d_->view->viewport()->update();
+}
+
+void FlexGrid::setHeaderAlignment(int col, Align align) {
+    if (!d_->hasPlace(col))
+        return;
+    d_->column(col).headerAlign = align;
+    d_->model.headerChanged(d_->logical(col));
 }
 
 void FlexGrid::setColData(int col, int number) {

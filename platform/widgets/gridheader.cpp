@@ -75,13 +75,13 @@ GridHeader::Parts GridHeader::partsOf(const QRect& rect, int logicalIndex) const
     parts.elided = parts.text != column.header;
     const int width = std::min(metrics.horizontalAdvance(parts.text), room);
     const int free = room - width;
-    const int left = column.align == FlexGrid::Align::Left     ? inner.left()
-                     : column.align == FlexGrid::Align::Centre ? inner.left() + free / 2
-                                                               : inner.left() + free + beside;
+    const int left = column.headerAlign == FlexGrid::Align::Left     ? inner.left()
+                     : column.headerAlign == FlexGrid::Align::Centre ? inner.left() + free / 2
+                                                                     : inner.left() + free + beside;
     parts.textRect = QRect(left, rect.top(), width + 1, rect.height());
     // Beside the text, on the side where it does not disturb the edge that the column is aligned to.
     const double arrowCentre = arrowWidth / 2.0 + (width > 0 ? arrowGap : 0);
-    const double x = column.align == FlexGrid::Align::Right ? left - arrowCentre : left + width + arrowCentre;
+    const double x = column.headerAlign == FlexGrid::Align::Right ? left - arrowCentre : left + width + arrowCentre;
     parts.arrow = QPointF(x, rect.center().y() + 0.5);
     return parts;
 }

@@ -2,6 +2,22 @@
 
 namespace velm {
 
+namespace {
+
+int alignmentOf(FlexGrid::Align align) {
+    switch (align) {
+    case FlexGrid::Align::Centre:
+        return static_cast<int>(Qt::AlignHCenter | Qt::AlignVCenter);
+    case FlexGrid::Align::Right:
+        return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
+    case FlexGrid::Align::Left:
+        break;
+    }
+    return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+} // namespace
+
 int GridModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(columns_.size());
 }
@@ -14,7 +30,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
         return text(index.row(), index.column());
     case Qt::TextAlignmentRole:
-        return headerData(index.column(), Qt::Horizontal, role);
+        return alignmentOf(column(index.column()).align);
     default:
         return {};
     }
@@ -25,17 +41,9 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
         return {};
     if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole)
         return column(section).header;
-    if (role != Qt::TextAlignmentRole)
-        return {};
-    switch (column(section).align) {
-    case FlexGrid::Align::Centre:
-        return static_cast<int>(Qt::AlignHCenter | Qt::AlignVCenter);
-    case FlexGrid::Align::Right:
-        return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
-    case FlexGrid::Align::Left:
-        break;
-    }
-    return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+    if (role == Qt::TextAlignmentRole)
+        return alignmentOf(column(section).headerAlign);
+    return {};
 }
 
 template <typename Change>

@@ -14,6 +14,7 @@ public:
     struct Column {
         QString header;
         FlexGrid::Align align = FlexGrid::Align::Left;
+        FlexGrid::Align headerAlign = FlexGrid::Align::Left;
         FlexGrid::Mark mark = FlexGrid::Mark::None;
         int data = 0;
         int twips = 960;

@@ -100,6 +100,8 @@ void RichTextBox::showSelection() {
     verticalScrollBar()->setValue(value);
     moving_ = false;
     following_ = false;
+    // What the toolkit repaints of a selection that goes is lower than the lines of the sheet.
+    viewport()->update();
 }
 
 void RichTextBox::richSelectionChanged() {
@@ -135,6 +137,7 @@ void RichTextBox::takeUserSelection() {
     control_.setSelStart(start);
     control_.setSelLength(length);
     following_ = false;
+    viewport()->update();
     leaveReached();
     emit selectionMoved();
 }

@@ -156,6 +156,9 @@ TEST_F(FenetreTextes, TheListHasFourVisibleColumnsAndAHiddenNumber) {
     for (int colonne = 0; colonne < 4; ++colonne) {
         EXPECT_EQ(flex.header(colonne), banc->langue.lireressource(300 + colonne));
         EXPECT_GE(flex.colWidth(colonne), 2000);
+        const QAbstractItemModel* lignes = flex.view()->model();
+        EXPECT_EQ(lignes->headerData(colonne, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), Qt::AlignCenter);
+        EXPECT_TRUE(lignes->index(0, colonne).data(Qt::TextAlignmentRole).toInt() & Qt::AlignLeft);
     }
     EXPECT_EQ(flex.colWidth(4), 0);
     EXPECT_EQ(flex.sortMark(0), FlexGrid::Mark::Ascending);
