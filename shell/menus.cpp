@@ -14,7 +14,7 @@ namespace velm {
 namespace {
 
 constexpr int nombredederniers = 9;
-constexpr int caracteresdetitre = 64; ///< average ones, that a title may take of a menu's width
+constexpr int caracteresdetitre = 80; ///< average ones, that a title may take of a menu's width
 
 QString nomindice(const QString& nom, int indice) {
     return nom + u'(' + QString::number(indice) + u')';

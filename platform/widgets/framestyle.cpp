@@ -169,6 +169,22 @@ private:
     bool downwards_;
 };
 
+/// Things whose edge is darker than the window: in a dark palette nobody sees it.
+bool isOutlined(QStyle::PrimitiveElement element) {
+    return element == QStyle::PE_PanelMenu || element == QStyle::PE_FrameLineEdit ||
+           element == QStyle::PE_IndicatorCheckBox || element == QStyle::PE_Frame;
+}
+
+void drawOutline(const QStyleOption& option, QPainter& painter) {
+    if (option.state & QStyle::State_HasFocus)
+        return; // has an edge of its own
+    painter.save();
+    painter.setPen(quietLine(option.palette));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
 } // namespace
 
 QColor quietLine(const QPalette& palette) {
@@ -192,6 +208,8 @@ void FrameStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
                                const QWidget* widget) const {
     if (element != PE_FrameWindow) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (isOutlined(element) && look::themeOf(option->palette) == look::Theme::Dark)
+            drawOutline(*option, *painter);
         return;
     }
     const QRect rect = option->rect;
