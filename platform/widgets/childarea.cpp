@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QScopeGuard>
 #include <QScrollBar>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -359,14 +360,11 @@ bool ChildArea::closeAround(QObject& child, QEvent& event) {
 void ChildArea::hideAround(QWidget& child) {
     // Later, for frames hide their children, too, when they close or are minimised.
     const QPointer<QWidget> hidden(&child);
-    QMetaObject::invokeMethod(
-        this,
-        [this, hidden] {
-            const QMdiSubWindow* window = hidden ? around(hidden) : nullptr;
-            if (window && !window->isMinimized() && hidden->isHidden())
-                hideChild(hidden);
-        },
-        Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [this, hidden] {
+        const QMdiSubWindow* window = hidden ? around(hidden) : nullptr;
+        if (window && !window->isMinimized() && hidden->isHidden())
+            hideChild(hidden);
+    });
 }
 
 bool ChildArea::eventFilter(QObject* watched, QEvent* event) {

@@ -1,6 +1,7 @@
 #include "shell/bureau.h"
 #include "tests/gui/programme_support.h"
 #include "tests/support/arret.h"
+#include "tests/support/eventually.h"
 
 #include <QMenuBar>
 
@@ -66,7 +67,7 @@ TEST_F(PremiereFenetre, AcceptingItClosesTheFrameAndLeavesTheSettings) {
     demarre(QStringLiteral("JP7"));
     dialogues.answers = {Bouton::Oui};
     EXPECT_TRUE(programme->ecran()->close());
-    QTRY_VERIFY_WITH_TIMEOUT(!programme->ecran()->isVisible(), 1000);
+    EVENTUALLY(!programme->ecran()->isVisible());
     EXPECT_EQ(reglage("POSITIONFORME", "MDICHILD"), u"02  X         ");
     EXPECT_EQ(reglage("POSITIONFORME", "MDICHILDCONTENU"),
               (QString(16, u' ') + QStringLiteral("JP000007")).leftJustified(96));

@@ -1,5 +1,6 @@
 #include "document/ui/frmproperties.h"
 #include "tests/gui/textes_base.h"
+#include "tests/support/eventually.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -122,7 +123,7 @@ TEST_F(ProprietesTest, ClosingChangesNothing) {
     montre("CO000001");
     EXPECT_TRUE(boite->isModal());
     QTest::mouseClick(boite->findChild<QPushButton*>(u"Command2"_s), Qt::LeftButton);
-    QTRY_VERIFY_WITH_TIMEOUT(boite.isNull(), 1000);
+    EVENTUALLY(boite.isNull());
     EXPECT_EQ(banc->fenetre(0)->referencecourante(), u"CO000001");
 }
 
@@ -130,7 +131,7 @@ TEST_F(ProprietesTest, EscapeClosesAndTheSizeIsKept) {
     frmproperties& premiere = montre("CO000001");
     premiere.resize(700, 660);
     QTest::keyClick(&premiere, Qt::Key_Escape);
-    QTRY_VERIFY_WITH_TIMEOUT(boite.isNull(), 1000);
+    EVENTUALLY(boite.isNull());
     EXPECT_EQ(montre("CO000001").size(), QSize(700, 660));
 }
 

@@ -1,5 +1,6 @@
 // A second start while the program runs: the first comes to the front, and nothing else happens.
 #include "tests/gui/programme_support.h"
+#include "tests/support/eventually.h"
 
 using namespace velm;
 
@@ -32,7 +33,7 @@ TEST_F(SecondeInstance, ShowsTheFirstAndDropsItsCommandLine) {
     EXPECT_EQ(seconde.ecran(), nullptr);
     EXPECT_FALSE(seconde.corpus().connecte());
 
-    QTRY_VERIFY_WITH_TIMEOUT(!programme->ecran()->isMinimized(), 5000);
+    EVENTUALLY(!programme->ecran()->isMinimized());
     EXPECT_EQ(programme->fenetre(0)->referencecourante(), u"CO000001");
     EXPECT_TRUE(dialogues.messages.empty());
 }

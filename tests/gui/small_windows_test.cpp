@@ -8,6 +8,7 @@
 #include "shell/splash.h"
 #include "shell/sponsor.h"
 #include "tests/support/dialogues_script.h"
+#include "tests/support/eventually.h"
 
 #include <QCheckBox>
 #include <QImage>
@@ -185,7 +186,7 @@ TEST_F(Astuce, ALongTipIsScrolledAndNotCut) {
     fenetre.show();
     EXPECT_LE(fenetre.height(), fenetre.screen()->availableSize().height());
     const QLabel& label = dans<QLabel>(fenetre, u"lblTipText"_s);
-    QTRY_VERIFY_WITH_TIMEOUT(label.height() >= label.heightForWidth(label.width()), 5000);
+    EVENTUALLY(label.height() >= label.heightForWidth(label.width()));
     EXPECT_LT(fenetre.height(), label.height());
 }
 
@@ -219,7 +220,7 @@ TEST_F(APropos, AClickOnTheLogoStopsAndStartsTheAnimation) {
     EXPECT_FALSE(minuterie.isActive());
     fenetre_.show();
     EXPECT_TRUE(minuterie.isActive());
-    QTRY_COMPARE_WITH_TIMEOUT(logo.image() >= 2, true, 5000);
+    EVENTUALLY(logo.image() >= 2);
     QTest::mouseClick(&logo, Qt::LeftButton);
     EXPECT_FALSE(minuterie.isActive());
     QTest::mouseClick(&logo, Qt::RightButton);

@@ -2,6 +2,7 @@
 #include "document/ui/frmproperties.h"
 #include "document/ui/listedeliens.h"
 #include "tests/gui/textes_base.h"
+#include "tests/support/eventually.h"
 
 #include <QAbstractButton>
 #include <QContextMenuEvent>
@@ -180,7 +181,7 @@ TEST_F(ClavierTextes, MenusOpenByTheKeyboard) {
         auto* menu = fenetre.findChild<QMenu*>(nom);
         ASSERT_NE(menu, nullptr);
         menuauclavier(*surface);
-        QTRY_VERIFY_WITH_TIMEOUT(menu->isVisible(), 1000);
+        EVENTUALLY(menu->isVisible());
         menu->close();
     }
     EXPECT_EQ(fenetre.liens().grille()->row(), 2);

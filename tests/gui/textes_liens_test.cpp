@@ -1,6 +1,7 @@
 // The document window: links in the text and beside it, the tree, the pop-up menus.
 #include "document/ui/listedeliens.h"
 #include "tests/gui/textes_base.h"
+#include "tests/support/eventually.h"
 
 #include <QMenu>
 
@@ -195,7 +196,7 @@ TEST_F(LiensTextes, TheMenuOfAListOpensTheRowUnderThePointer) {
     emit grille.rightClicked(1, 1, {10, 10});
     auto* menu = fenetre.findChild<QMenu*>(u"ContextMenuLiens"_s);
     ASSERT_NE(menu, nullptr);
-    QTRY_VERIFY_WITH_TIMEOUT(menu->isVisible(), 1000);
+    EVENTUALLY(menu->isVisible());
     EXPECT_EQ(grille.row(), 1);
     menu->close();
     entree(fenetre, u"MnuLiensOuvrir"_s)->trigger();
@@ -207,7 +208,7 @@ TEST_F(LiensTextes, TheTextsMenuHoldsItsEntriesAndCopies) {
     emit fenetre.vue().rightClicked(0, {10, 10});
     auto* menu = fenetre.findChild<QMenu*>(u"ContextMenu"_s);
     ASSERT_NE(menu, nullptr);
-    QTRY_VERIFY_WITH_TIMEOUT(menu->isVisible(), 1000);
+    EVENTUALLY(menu->isVisible());
     menu->close();
     for (const auto& nom : {u"MnuPrint"_s, u"MnuSend0"_s, u"MnuSend1"_s, u"MnuStore"_s}) {
         ASSERT_NE(entree(fenetre, nom), nullptr) << nom.toStdString();

@@ -1,5 +1,6 @@
 // The document window: settings, division, blocks.
 #include "tests/gui/textes_base.h"
+#include "tests/support/eventually.h"
 
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
@@ -175,7 +176,7 @@ TEST_F(FenetreTextes, WidthsThatNobodyTouchedShareTheRoomAndAreNotStored) {
     EXPECT_GT(flex.colWidth(0), 2000);
     EXPECT_NEAR(flex.colWidth(0), 2 * flex.colWidth(1), 60);
     fenetre.resize(300, 700);
-    QTRY_VERIFY(std::abs(flex.colWidth(1) - 2000) < 15);
+    EVENTUALLY(std::abs(flex.colWidth(1) - 2000) < 15);
     fenetre.close();
     EXPECT_EQ(banc->lu(u"LARGEURCOLONNE0"_s), u"002000002000002000002000");
 }

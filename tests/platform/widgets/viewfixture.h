@@ -3,6 +3,7 @@
 #include "platform/widgets/paperlayout.h"
 #include "platform/widgets/richtextbox.h"
 #include "sampletext.h"
+#include "tests/support/eventually.h"
 
 #include <QApplication>
 #include <QScrollBar>
@@ -48,7 +49,7 @@ protected:
         box.control().notifyChanged();
         box.control().setRedraw(true);
     }
-    void settle() { QTRY_VERIFY_WITH_TIMEOUT(box.isSettled(), 60000); }
+    void settle() { EVENTUALLY_WITHIN(60000, box.isSettled()); }
     PaperLayout& layout() { return *qobject_cast<PaperLayout*>(box.document()->documentLayout()); }
     /// Where a position of the model stands, in pixels from the text's left edge and the sheet's top.
     QPoint place(qsizetype position) {
