@@ -4,6 +4,7 @@
 #include "tests/support/arret.h"
 
 #include <QDir>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -154,6 +155,29 @@ TEST(LanguesLivrees, TheTextsOfStartAndExitAreThere) {
         EXPECT_FALSE(francais.string(titre, QString::number(n)).isEmpty()) << n;
     for (int n = 10; n <= 21; ++n)
         EXPECT_FALSE(francais.string(titre, QString::number(n)).isEmpty()) << n;
+}
+
+TEST(LanguesLivrees, TheTableTellsTheRoleOfEveryText) {
+    QFile table(QStringLiteral(VELM_SOURCE_DIR "/langues/README.md"));
+    ASSERT_TRUE(table.open(QIODevice::ReadOnly));
+    static const QRegularExpression rangee(QStringLiteral("^\\| (\\d+) \\| (.*\\S) \\|$"),
+                                           QRegularExpression::MultilineOption);
+    QStringList roles;
+    for (auto trouvee = rangee.globalMatch(QString::fromUtf8(table.readAll())); trouvee.hasNext();)
+        roles << trouvee.next().captured(1);
+    EXPECT_EQ(roles.removeDuplicates(), 0);
+    for (const char* extension : {"FR", "EN"}) {
+        QFile fichier(QStringLiteral(VELM_SOURCE_DIR "/langues/RES2000.") + QString::fromLatin1(extension));
+        ASSERT_TRUE(fichier.open(QIODevice::ReadOnly));
+        QStringList textes;
+        for (const QByteArray& ligne : fichier.readAll().split('\n')) {
+            if (const qsizetype egal = ligne.indexOf('='); egal > 0)
+                textes << QString::fromLatin1(ligne.first(egal));
+        }
+        textes.sort();
+        roles.sort();
+        EXPECT_EQ(textes, roles) << extension;
+    }
 }
 
 TEST(LanguesLivrees, StyleNamesAreTheSameInEveryLanguageFile) {
