@@ -9,7 +9,6 @@
 #include <QPointer>
 #include <QScopeGuard>
 #include <QScrollBar>
-#include <QTimer>
 
 #include <algorithm>
 
@@ -28,6 +27,7 @@ ChildArea::ChildArea(QWidget* parent) : QMdiArea(parent) {
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setActivationOrder(ActivationHistoryOrder); // closing one brings the one used before forward
     connect(this, &QMdiArea::subWindowActivated, this, &ChildArea::tellActive);
+    connect(this, &ChildArea::childHid, this, &ChildArea::hideFrames, Qt::QueuedConnection);
 }
 
 ChildArea::~ChildArea() {
@@ -359,12 +359,17 @@ bool ChildArea::closeAround(QObject& child, QEvent& event) {
 
 void ChildArea::hideAround(QWidget& child) {
     // Later, for frames hide their children, too, when they close or are minimised.
-    const QPointer<QWidget> hidden(&child);
-    QTimer::singleShot(0, this, [this, hidden] {
-        const QMdiSubWindow* window = hidden ? around(hidden) : nullptr;
-        if (window && !window->isMinimized() && hidden->isHidden())
-            hideChild(hidden);
-    });
+    hidden_.insert(&child);
+    emit childHid(QPrivateSignal());
+}
+
+void ChildArea::hideFrames() {
+    for (const QMdiSubWindow* window : subWindowList()) {
+        QWidget* child = window->widget();
+        if (child && hidden_.contains(child) && child->isHidden() && !window->isMinimized())
+            hideChild(child);
+    }
+    hidden_.clear();
 }
 
 bool ChildArea::eventFilter(QObject* watched, QEvent* event) {

@@ -9,6 +9,7 @@
 #include <QMdiArea>
 #include <QPixmap>
 #include <QPointer>
+#include <QSet>
 
 #include <map>
 #include <utility>
@@ -62,6 +63,7 @@ public:
 
 signals:
     void childActivated(QWidget* child); ///< null when none is active
+    void childHid(QPrivateSignal);       ///< the area's own: a child has hidden itself
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -92,6 +94,7 @@ private:
     bool windowKey(const QKeyEvent& event, bool perform);
     bool closeAround(QObject& child, QEvent& event);
     void hideAround(QWidget& child);
+    void hideFrames();
 
     QPixmap picture_;
     QColor colour_;
@@ -99,6 +102,7 @@ private:
     std::vector<std::pair<const QMdiSubWindow*, QRect>> tiled_; ///< compared only
     Arrangement tiling_ = Arrangement::Cascade;
     QPointer<QWidget> told_;
+    QSet<const QWidget*> hidden_; ///< by themselves; compared only
 };
 
 } // namespace velm
