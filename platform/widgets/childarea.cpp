@@ -3,8 +3,8 @@
 #include "platform/text/twips.h"
 #include "platform/widgets/look.h"
 
-#include <QKeyEvent>
 #include <QMdiSubWindow>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QScopeGuard>
@@ -310,91 +310,6 @@ bool ChildArea::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::ChildRemoved && !activeSubWindow() && front())
         setActiveSubWindow(front());
     return handled;
-}
-
-void ChildArea::walk(bool forward) {
-    QList<QMdiSubWindow*> windows = subWindowList(CreationOrder);
-    windows.removeIf([](const QMdiSubWindow* window) { return window->isHidden(); });
-    if (windows.isEmpty())
-        return;
-    const qsizetype here = windows.indexOf(front());
-    const qsizetype next = here < 0 ? 0 : here + (forward ? 1 : -1) + windows.size();
-    focus(*windows[next % windows.size()]);
-}
-
-bool ChildArea::windowKey(const QKeyEvent& event, bool perform) {
-    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-    const bool shift = modifiers == (Qt::ControlModifier | Qt::ShiftModifier);
-    if (!shift && modifiers != Qt::ControlModifier)
-        return false;
-    switch (event.key()) {
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-    case Qt::Key_F6:
-        if (perform)
-            walk(!shift);
-        return true;
-    case Qt::Key_F4:
-    case Qt::Key_W:
-        if (shift)
-            return false;
-        if (QMdiSubWindow* window = front(); perform && window)
-            window->close();
-        return true;
-    default:
-        return false;
-    }
-}
-
-/// A child that closes takes its frame along, after it has been asked itself.
-bool ChildArea::closeAround(QObject& child, QEvent& event) {
-    QMdiSubWindow* window = around(qobject_cast<QWidget*>(&child));
-    if (!window)
-        return false;
-    child.event(&event);
-    if (event.isAccepted())
-        window->close();
-    return true;
-}
-
-void ChildArea::hideAround(QWidget& child) {
-    // Later, for frames hide their children, too, when they close or are minimised.
-    hidden_.insert(&child);
-    emit childHid(QPrivateSignal());
-}
-
-void ChildArea::hideFrames() {
-    for (const QMdiSubWindow* window : subWindowList()) {
-        QWidget* child = window->widget();
-        if (child && hidden_.contains(child) && child->isHidden() && !window->isMinimized())
-            hideChild(child);
-    }
-    hidden_.clear();
-}
-
-bool ChildArea::eventFilter(QObject* watched, QEvent* event) {
-    switch (event->type()) {
-    case QEvent::ShortcutOverride:
-    case QEvent::KeyPress: {
-        auto* widget = qobject_cast<QWidget*>(watched);
-        const bool press = event->type() == QEvent::KeyPress;
-        if (!widget || widget->window() != window() || !windowKey(static_cast<QKeyEvent&>(*event), press))
-            break;
-        event->accept();
-        return true;
-    }
-    case QEvent::Close:
-        if (closeAround(*watched, *event))
-            return true;
-        break;
-    case QEvent::HideToParent:
-        if (auto* child = qobject_cast<QWidget*>(watched); child && around(child))
-            hideAround(*child);
-        break;
-    default:
-        break;
-    }
-    return QMdiArea::eventFilter(watched, event);
 }
 
 } // namespace velm
