@@ -53,7 +53,7 @@ protected:
     QDialog* astuce() const { return fenetre("frmTip"); }
     void ferme(const char* nom) const {
         QTest::keyClick(fenetre(nom), Qt::Key_Escape);
-        QTRY_VERIFY(!ecran().findChild<QDialog*>(QString::fromLatin1(nom)));
+        EVENTUALLY(!ecran().findChild<QDialog*>(QString::fromLatin1(nom)));
     }
     void restaure(const QString& fenetres, const QString& contenus) {
         regle(u"GENERALITES", u"RESTAUREFEN", QStringLiteral("1"));

@@ -157,7 +157,7 @@ TEST_F(MenusTest, CtrlTabWalksTheWindows) {
     QTest::keyPress(programme->fenetre(2)->vue().viewport(), Qt::Key_Control);
     QTest::keyClick(programme->fenetre(2)->vue().viewport(), Qt::Key_Tab, Qt::ControlModifier);
     QTest::keyRelease(programme->fenetre(2)->vue().viewport(), Qt::Key_Control);
-    QTRY_VERIFY(programme->bureau().active() == programme->fenetre(0));
+    EVENTUALLY(programme->bureau().active() == programme->fenetre(0));
     EXPECT_TRUE(entree("mlistefenetre", 1)->isChecked());
 }
 

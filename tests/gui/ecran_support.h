@@ -4,6 +4,7 @@
 #include "shell/commandes.h"
 #include "shell/menus.h"
 #include "tests/gui/programme_support.h"
+#include "tests/support/eventually.h"
 
 #include <QAction>
 #include <QToolButton>

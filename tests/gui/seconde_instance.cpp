@@ -45,7 +45,7 @@ TEST_F(SecondeInstance, AFrameMadeAnIconComesBackAsLargeAsItWas) {
     ASSERT_TRUE(programme->ecran()->isMinimized());
     Programme seconde(options(QString()), MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers});
     EXPECT_EQ(seconde.demarre(), Demarrage::AutreInstance);
-    QTRY_VERIFY_WITH_TIMEOUT(!programme->ecran()->isMinimized(), 5000);
+    EVENTUALLY(!programme->ecran()->isMinimized());
     EXPECT_TRUE(programme->ecran()->isMaximized());
 }
 
