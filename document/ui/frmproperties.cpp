@@ -166,7 +166,9 @@ void frmproperties::restauretaille() {
     const int largeur = nombre(contexte_.reglages, clelargeur);
     const int hauteur = nombre(contexte_.reglages, clehauteur);
     constexpr QSize premiere(620, 640);
-    const QSize ecran = screen()->availableSize();
+    // The frame around it, which nobody knows before it is shown, must stand on the screen as well.
+    constexpr QSize cadre(2 * look::windowMargin, 4 * look::windowMargin);
+    const QSize ecran = screen()->availableSize() - cadre;
     const QSize voulue(largeur > 0 ? largeur : premiere.width(), hauteur > 0 ? hauteur : premiere.height());
     resize(voulue.boundedTo(ecran).expandedTo(minimumSizeHint()));
 }

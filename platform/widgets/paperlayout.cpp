@@ -87,7 +87,9 @@ void PaperLayout::updatePage() {
     PaperPage page;
     page.width = std::max(1, static_cast<int>(document()->pageSize().width()));
     const double em = pageEm();
-    page.margin = qRound(look::sheetMargin * em);
+    // A narrow window is for the text: the margin gives way before the measure does.
+    constexpr int parts = 12;
+    page.margin = std::min(qRound(look::sheetMargin * em), std::max(look::spacing, page.width / parts));
     // Running French text in a book face takes about 0.43 em for a character.
     const int longest = std::max(qRound(look::measureCharacters * 0.43 * em), tableWidth());
     page.measure = std::clamp(page.width - 2 * page.margin, leastMeasure, std::max(leastMeasure, longest));

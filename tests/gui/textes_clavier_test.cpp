@@ -241,3 +241,17 @@ TEST_F(ClavierTextes, AFollowedLinkIsNotTheTargetUnderThePointerAnyMore) {
     cliquetexte(fenetre, lien);
     EXPECT_EQ(cible, QString());
 }
+
+TEST_F(ClavierTextes, TheTextOfANarrowWindowIsNotCut) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.resize(150, 500);
+    const RichTextBox& vue = fenetre.vue();
+    QTextCursor curseur(vue.document());
+    int droite = 0;
+    while (!curseur.atEnd()) {
+        curseur.movePosition(QTextCursor::NextCharacter);
+        droite = std::max(droite, vue.cursorRect(curseur).left());
+    }
+    EXPECT_GT(droite, 90);
+    EXPECT_LE(droite, vue.viewport()->width());
+}
