@@ -8,6 +8,9 @@
 #include "shell/menus.h"
 
 #include <QMdiSubWindow>
+#include <QScopedValueRollback>
+
+#include <new>
 
 namespace velm {
 
@@ -40,11 +43,17 @@ Bureau::~Bureau() {
 
 FenetreNavigable* Bureau::creefenetre(int indice) {
     // A window that is being made counts as a form already.
-    enfabrication_ = 1;
-    Textes* nouvelle = fabrique_(indice);
-    enfabrication_ = 0;
+    const QScopedValueRollback fabrication(enfabrication_, 1);
+    Textes* nouvelle = nullptr;
+    try {
+        nouvelle = fabrique_(indice);
+    } catch (const std::bad_alloc&) {
+        if (sansmemoire)
+            sansmemoire();
+    }
     if (!nouvelle)
         return nullptr;
+    enfabrication_ = 0;
     QMdiSubWindow* cadre = ecran_.aire().add(nouvelle);
     cadre->setWindowIcon(nouvelle->windowIcon());
     suit(*nouvelle);

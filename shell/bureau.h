@@ -23,6 +23,8 @@ public:
     ~Bureau() override;
 
     Navigation& navigation() { return navigation_; }
+    /// There was no memory for a window: to be said to the user. The run goes on without the window.
+    std::function<void()> sansmemoire;
 
     // ---- HoteNavigation
     FenetreNavigable* creefenetre(int indice) override;

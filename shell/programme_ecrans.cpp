@@ -22,6 +22,8 @@
 #include <QLibraryInfo>
 #include <QScreen>
 
+#include <cerrno>
+
 namespace velm {
 
 void Programme::afficheetape(const QString& texte) {
@@ -88,6 +90,9 @@ QString Programme::chargeprincipale() {
     ecran_->setWindowIcon(QIcon(QStringLiteral(":/velmorante.svg")));
     ecran_->avantfermeture = [this] { return seance_.quitteprogramme(); };
     bureau_ = std::make_unique<Bureau>(*ecran_, corpus_, [this](int indice) { return fabriquefenetre(indice); });
+    bureau_->sansmemoire = [this] {
+        monde_.dialogues.message(qt_error_string(ENOMEM), langue_.lireressource(8), Icone::Exclamation);
+    };
     chargecommandes();
     ecran_->place(seance_.positionprincipale());
     const Preferences& preferences = seance_.preferences();
