@@ -1,0 +1,29 @@
+#include "search/masques.h"
+
+#include "platform/text/number.h"
+
+namespace velm {
+
+namespace {
+
+constexpr int chiffresparlargeur = 6;
+constexpr int titreducaractere = 252; ///< plus the character's code: 300 for "0"
+
+} // namespace
+
+int largeurdumasque(QStringView largeurs, int colonne) {
+    const qsizetype debut = qsizetype{chiffresparlargeur} * colonne;
+    return debut < 0 || debut >= largeurs.size() ? 0 : static_cast<int>(val(largeurs.mid(debut, chiffresparlargeur)));
+}
+
+int champdumasque(QStringView ordre, int colonne) {
+    if (colonne < 0 || colonne >= ordre.size() || ordre[colonne] < u'0' || ordre[colonne] > u'9')
+        return -1;
+    return ordre[colonne].unicode() - u'0';
+}
+
+int titreduchamp(QChar chiffre) {
+    return titreducaractere + chiffre.unicode();
+}
+
+} // namespace velm
