@@ -159,6 +159,21 @@ qint64 Snapshot::number(const QString& field) const {
     return sql::toNumber(d_->row.at(d_->column(field)));
 }
 
+QString Snapshot::text(int column) const {
+    return sql::toText(d_->row.at(column));
+}
+
+qint64 Snapshot::number(int column) const {
+    return sql::toNumber(d_->row.at(column));
+}
+
+std::optional<QByteArrayView> Snapshot::utf8(int column) const {
+    const sql::Cell cell = d_->row.at(column);
+    if (cell.kind != sql::Value::Kind::Text && cell.kind != sql::Value::Kind::Null)
+        return std::nullopt;
+    return cell.bytes;
+}
+
 int Snapshot::columns() const {
     return static_cast<int>(d_->names.size());
 }

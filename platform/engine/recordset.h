@@ -99,7 +99,11 @@ public:
     QVariant value(const QString& field) const;
     QVariant value(int column) const;
     QString text(const QString& field) const;
+    QString text(int column) const;
     qint64 number(const QString& field) const;
+    qint64 number(int column) const;
+    /// The UTF-8 of a text as it lies in the row, until the next move; a Null is empty. Nothing for numbers and bytes.
+    std::optional<QByteArrayView> utf8(int column) const;
     int columns() const;
 
     struct Private;

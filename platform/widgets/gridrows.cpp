@@ -1,71 +1,8 @@
 #include "platform/widgets/gridrows.h"
 
-#include "platform/text/letters.h"
-
 #include <algorithm>
-#include <cstring>
 
 namespace velm {
-namespace {
-
-/// A sort key: its first bytes as one number, the whole in a store that all keys share.
-struct Key {
-    quint64 head;
-    std::size_t begin;
-    std::size_t size;
-    int row;
-};
-constexpr std::size_t headSize = sizeof(quint64);
-
-quint64 headOf(const QByteArray& key) {
-    quint64 head = 0;
-    for (qsizetype i = 0; i < static_cast<qsizetype>(headSize); ++i)
-        head = head << 8 | (i < key.size() ? static_cast<unsigned char>(key[i]) : 0U);
-    return head;
-}
-
-class Keys {
-public:
-    Keys(int count, const std::function<QString(int)>& text) {
-        keys_.reserve(static_cast<std::size_t>(count));
-        for (int row = 0; row < count; ++row) {
-            const QByteArray key = sortKey(text(row));
-            keys_.push_back({headOf(key), bytes_.size(), static_cast<std::size_t>(key.size()), row});
-            bytes_.insert(bytes_.end(), key.begin(), key.end());
-        }
-    }
-
-    std::vector<int> order(bool descending) {
-        std::sort(keys_.begin(), keys_.end(), [this, descending](const Key& a, const Key& b) {
-            const int difference = compare(a, b);
-            return difference == 0 ? a.row < b.row : (difference < 0) != descending;
-        });
-        std::vector<int> rows;
-        rows.reserve(keys_.size());
-        for (const Key& key : keys_)
-            rows.push_back(key.row);
-        return rows;
-    }
-
-private:
-    int compare(const Key& a, const Key& b) const {
-        if (a.head != b.head)
-            return a.head < b.head ? -1 : 1;
-        const int difference = std::memcmp(bytes_.data() + a.begin, bytes_.data() + b.begin, std::min(a.size, b.size));
-        if (difference != 0 || a.size == b.size)
-            return difference;
-        return a.size < b.size ? -1 : 1;
-    }
-
-    std::vector<Key> keys_;
-    std::vector<char> bytes_;
-};
-
-} // namespace
-
-std::vector<int> frenchOrder(int count, const std::function<QString(int row)>& text, bool descending) {
-    return Keys(count, text).order(descending);
-}
 
 void GridRows::setColumns(const std::vector<int>& from) {
     const auto now = from.size();

@@ -1,16 +1,13 @@
 #pragma once
-// Rows of texts in memory, and the order of texts in lists. Rows and columns count from 0.
+// Rows of texts in memory. Rows and columns count from 0.
+#include "platform/text/frenchorder.h"
+
 #include <QString>
 #include <QStringList>
 
-#include <functional>
 #include <vector>
 
 namespace velm {
-
-/// The order that puts texts into French order (capitals do not count, accents last); texts that stand equal keep their
-/// order, upwards and downwards. The result names, for each place, the row that goes there.
-std::vector<int> frenchOrder(int count, const std::function<QString(int row)>& text, bool descending);
 
 class GridRows {
 public:

@@ -1,0 +1,266 @@
+#include "search/listeselection.h"
+
+#include "platform/text/frenchorder.h"
+#include "platform/text/number.h"
+#include "search/masques.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace velm {
+
+namespace {
+
+/// The header of this column is not set.
+constexpr int colonnesanstitre = 4;
+/// Row numbers are whole numbers with one more for the header.
+constexpr int plusdelignes = std::numeric_limits<int>::max() - 1;
+constexpr int motdepluriel = 2172;
+constexpr int motdusingulier = 2171;
+
+} // namespace
+
+/// Columns of a source stay where they were made; a grid that shows them elsewhere asks by their first places.
+class ListeSelection::Source final : public GridSource {
+public:
+    explicit Source(ListeSelection& liste) : liste_(liste) {}
+
+    int rowCount() const override { return liste_.lignes(); }
+    QString text(int row, int column) const override {
+        return liste_.champ(row + 1, static_cast<Champ>(champdecolonne(column)));
+    }
+    bool sort(int column, bool descending) override {
+        const int champ = champdecolonne(column);
+        for (int place = 0; place < colonnes; ++place) {
+            if (liste_.coldata(place) == champ)
+                liste_.trie(place, descending);
+        }
+        return champ >= 0;
+    }
+
+private:
+    static int champdecolonne(int column) {
+        return column == colonnecle ? static_cast<int>(Clef) : champdumasque(masqueordre, column);
+    }
+    ListeSelection& liste_;
+};
+
+ListeSelection::ListeSelection(const std::function<QString(int)>& texte) : capacite_(plusdelignes) {
+    for (int i = 0; i < colonnesvisibles; ++i) {
+        Colonne& neuve = colonnes_[static_cast<std::size_t>(i)];
+        neuve.champ = champdumasque(masqueordre, i);
+        neuve.largeur = largeurdumasque(masquelargeurs, i);
+        if (i != colonnesanstitre)
+            neuve.entete = texte(titreduchamp(masqueordre[i]));
+    }
+    colonnes_[colonnecle].champ = Clef;
+}
+
+int ListeSelection::coldata(int place) const {
+    return colonnela(place) ? colonne(place).champ : -1;
+}
+
+int ListeSelection::largeur(int place) const {
+    return colonnela(place) ? colonne(place).largeur : 0;
+}
+
+void ListeSelection::changelargeur(int place, int twips) {
+    if (place >= 0 && place < colonnesvisibles)
+        colonnes_[static_cast<std::size_t>(place)].largeur = std::max(twips, 0);
+}
+
+QString ListeSelection::entete(int place) const {
+    return colonnela(place) ? colonne(place).entete : QString();
+}
+
+QString ListeSelection::entetecellule(int place) const {
+    switch (marque(place)) {
+    case Marque::Ascendante:
+        return entete(place) + u'>';
+    case Marque::Descendante:
+        return entete(place) + u'<';
+    case Marque::Aucune:
+        break;
+    }
+    return entete(place);
+}
+
+void ListeSelection::deplacecolonne(int de, int vers) {
+    if (de < 0 || de >= colonnesvisibles || vers < 0 || vers >= colonnesvisibles)
+        return;
+    const auto a = colonnes_.begin() + de;
+    const auto b = colonnes_.begin() + vers;
+    if (de < vers)
+        std::rotate(a, a + 1, b + 1);
+    else
+        std::rotate(b, a, a + 1);
+}
+
+void ListeSelection::vide() {
+    textes_.clear();
+    lignes_.clear();
+    ordre_.clear();
+    row_ = rowsel_ = 0;
+}
+
+void ListeSelection::reserve(int lignes) {
+    lignes_.reserve(static_cast<std::size_t>(std::max(lignes, 0)));
+    ordre_.reserve(lignes_.capacity());
+}
+
+int ListeSelection::ajouteauflex(const FicheDocument& fiche) {
+    if (lignes() >= capacite_)
+        return -1;
+    const std::size_t avant = textes_.size();
+    const std::size_t lignesavant = lignes_.size();
+    try {
+        Ligne neuve{avant, {}};
+        std::size_t rang = 0;
+        // In the order of Champ.
+        for (const QStringView champ :
+             {fiche.titre, fiche.motcle1, fiche.motcle2, fiche.motcle3, fiche.numart, fiche.reference, fiche.cle}) {
+            textes_.insert(textes_.end(), champ.utf16(), champ.utf16() + champ.size());
+            neuve.fins[rang++] = static_cast<quint32>(textes_.size() - avant);
+        }
+        lignes_.push_back(neuve);
+        ordre_.push_back(static_cast<quint32>(lignes_.size() - 1));
+    } catch (const std::bad_alloc&) {
+        textes_.resize(avant);
+        lignes_.resize(lignesavant);
+        return -1;
+    }
+    return 0;
+}
+
+void ListeSelection::supprime(int rang) {
+    if (rang < 1 || rang > lignes())
+        return;
+    if (lignes() == 1)
+        return vide();
+    ordre_.erase(ordre_.begin() + rang - 1);
+    row_ = std::min(row_, lignes());
+    rowsel_ = std::min(rowsel_, lignes());
+}
+
+void ListeSelection::supprime(const std::vector<int>& rangs) {
+    auto vers = ordre_.begin();
+    auto retire = rangs.begin();
+    for (int rang = 1; rang <= static_cast<int>(ordre_.size()); ++rang) {
+        if (retire != rangs.end() && *retire == rang)
+            ++retire;
+        else
+            *vers++ = ordre_[static_cast<std::size_t>(rang) - 1];
+    }
+    ordre_.erase(vers, ordre_.end());
+    if (ordre_.empty())
+        return vide();
+    choisit(row_, rowsel_);
+}
+
+void ListeSelection::supprimeselection() {
+    const auto [premier, dernier] = rangschoisis();
+    if (premier < 1)
+        return;
+    if (premier == 1 && dernier == lignes())
+        return vide();
+    ordre_.erase(ordre_.begin() + premier - 1, ordre_.begin() + dernier);
+    row_ = rowsel_ = std::min(premier, lignes());
+}
+
+QString ListeSelection::texte(int rang, int place) const {
+    if (!colonnela(place))
+        return {};
+    return rang == 0 ? entetecellule(place) : champ(rang, static_cast<Champ>(colonne(place).champ));
+}
+
+QString ListeSelection::champ(int rang, Champ champ) const {
+    if (rang < 1 || rang > lignes() || champ < Titre || champ > Clef)
+        return {};
+    const Ligne& l = ligne(rang);
+    const auto numero = static_cast<std::size_t>(champ);
+    const std::size_t debut = numero == 0 ? 0 : l.fins[numero - 1];
+    const QStringView vu(textes_.data() + l.debut + debut, static_cast<qsizetype>(l.fins[numero] - debut));
+    return vu.toString();
+}
+
+ListeSelection::Marque ListeSelection::marque(int place) const {
+    return colonnela(place) ? colonne(place).marque : Marque::Aucune;
+}
+
+void ListeSelection::trie(int place) {
+    trie(place, marque(place) == Marque::Ascendante);
+}
+
+void ListeSelection::trie(int place, bool descendant) {
+    if (!colonnela(place))
+        return;
+    effacemarquestri();
+    colonnes_[static_cast<std::size_t>(place)].marque = descendant ? Marque::Descendante : Marque::Ascendante;
+    range(colonne(place).champ, descendant);
+}
+
+void ListeSelection::range(int parchamp, bool descendant) {
+    const std::vector<int> places = frenchOrder(
+        lignes(), [&](int rang) { return champ(rang + 1, static_cast<Champ>(parchamp)); }, descendant);
+    std::vector<quint32> ordre;
+    ordre.reserve(places.size());
+    int suivie = 0;
+    for (const int place : places) {
+        ordre.push_back(ordre_[static_cast<std::size_t>(place)]);
+        if (place + 1 == row_)
+            suivie = static_cast<int>(ordre.size());
+    }
+    ordre_ = std::move(ordre);
+    row_ = rowsel_ = suivie;
+}
+
+void ListeSelection::effacemarquestri() {
+    for (Colonne& une : colonnes_)
+        une.marque = Marque::Aucune;
+}
+
+void ListeSelection::choisit(int row, int rowsel) {
+    row_ = std::clamp(row, 0, lignes());
+    rowsel_ = std::clamp(rowsel, 0, lignes());
+}
+
+std::pair<int, int> ListeSelection::rangschoisis() const {
+    return std::minmax(row_, rowsel_);
+}
+
+bool ListeSelection::suivantrecherche() {
+    if (row_ >= lignes())
+        return false;
+    choisit(row_ + 1, row_ + 1);
+    return true;
+}
+
+bool ListeSelection::precedentrecherche() {
+    if (row_ < 2)
+        return false;
+    choisit(row_ - 1, row_ - 1);
+    return true;
+}
+
+PublicationFin ListeSelection::publie() const {
+    const bool present = rows() > 1;
+    return {present, true, present};
+}
+
+std::unique_ptr<GridSource> ListeSelection::source() {
+    return std::make_unique<Source>(*this);
+}
+
+QString textecompte(qint64 nombre, const std::function<QString(int)>& texte) {
+    return numberText(nombre) + u' ' + texte(nombre > 1 ? motdepluriel : motdusingulier);
+}
+
+int infobulleregrouper(bool enfonce) {
+    return enfonce ? 2608 : 2605;
+}
+
+int infobullecriteres(bool enfonce) {
+    return enfonce ? 2431 : 2430;
+}
+
+} // namespace velm

@@ -1,0 +1,39 @@
+#include "search/recherche.h"
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+qint64 limitedindex(int listindex) {
+    constexpr qint64 premiere = 50;
+    constexpr qint64 seconde = 100;
+    return listindex == 0 ? premiere : listindex == 1 ? seconde : sanslimite;
+}
+
+void commenceliste(const Atelier& atelier) {
+    atelier.liste.visible = false;
+    atelier.liste.vide();
+    atelier.curseurattente(QString());
+}
+
+PublicationFin finitliste(const Atelier& atelier, EtatRecherche& etat) {
+    const PublicationFin publication = atelier.liste.publie();
+    etat.resultatpresent = publication.resultatpresent;
+    etat.rechercheactive = false;
+    atelier.liste.effacemarquestri();
+    atelier.liste.visible = true;
+    return publication;
+}
+
+int ajoutedocument(ListeSelection& liste, const Recordset& donnees) {
+    const QString reference = donnees.text(u"référence"_s);
+    const QString numart = donnees.text(u"numart"_s);
+    const QString titre = donnees.text(u"titre"_s);
+    const QString motcle1 = donnees.text(u"motclé1"_s);
+    const QString motcle2 = donnees.text(u"motclé2"_s);
+    const QString motcle3 = donnees.text(u"motclé3"_s);
+    const QString cle = reference + numart;
+    return liste.ajouteauflex({reference, numart, titre, motcle1, motcle2, motcle3, cle});
+}
+
+} // namespace velm
