@@ -8,6 +8,8 @@ namespace velm {
 
 namespace {
 
+constexpr std::size_t premieretaille = 4096;
+
 std::uint32_t entreeen(const char* octets) {
     std::uint32_t valeur = 0;
     std::memcpy(&valeur, octets, sizeof valeur);
@@ -140,8 +142,13 @@ QByteArray unionlistes(const QByteArray& a, const QByteArray& b) {
     QByteArray resultat = longue;
     resultat.reserve(longue.size() + courte.size());
     // Every stretch of four bytes that begins on a posting or one or two bytes behind its start counts as held.
+    std::array<bool, 256> premiers{};
+    for (qsizetype ici = 0; ici < courte.size(); ici += octetsparentree)
+        premiers[static_cast<unsigned char>(courte[ici])] = true;
     const auto marque = [&](qsizetype debut) {
-        if (debut >= 0 && debut % octetsparentree != octetsparentree - 1 && debut + octetsparentree <= resultat.size())
+        if (debut >= 0 && debut % octetsparentree != octetsparentree - 1 &&
+            debut + octetsparentree <= resultat.size() &&
+            premiers[static_cast<unsigned char>(std::as_const(resultat)[debut])])
             table.marque(entreeen(resultat.constData() + debut));
     };
     for (qsizetype debut = 0; debut + octetsparentree <= resultat.size(); ++debut)
@@ -166,7 +173,7 @@ void UnionDeListes::ajoute(const QByteArray& liste) {
         valide_ = false;
         return;
     }
-    if (!valide_)
+    if (connait(liste) || !valide_)
         recommence();
     for (qsizetype ici = 0; ici < liste.size(); ici += octetsparentree) {
         const char* piece = liste.constData() + ici;
@@ -178,8 +185,21 @@ void UnionDeListes::ajoute(const QByteArray& liste) {
     }
 }
 
+bool UnionDeListes::connait(const QByteArray& liste) {
+    bool neuf = false;
+    for (qsizetype ici = 0; ici < liste.size(); ici += octetsparentree) {
+        bool& connu = premiers_[static_cast<unsigned char>(liste[ici])];
+        neuf = neuf || !connu;
+        connu = true;
+    }
+    return neuf;
+}
+
 void UnionDeListes::recommence() {
-    cases_.assign(16, 0);
+    std::size_t taille = premieretaille;
+    while (taille < static_cast<std::size_t>(resultat_.size()))
+        taille *= 2;
+    cases_.assign(taille, 0);
     remplies_ = 0;
     zero_ = false;
     valide_ = true;
@@ -188,7 +208,9 @@ void UnionDeListes::recommence() {
 
 void UnionDeListes::retient(qsizetype depuis) {
     for (qsizetype debut = depuis; debut + octetsparentree <= resultat_.size(); ++debut) {
-        if (debut % octetsparentree != octetsparentree - 1)
+        const qsizetype decalage = debut % octetsparentree;
+        if (decalage == 0 ||
+            (decalage != octetsparentree - 1 && premiers_[static_cast<unsigned char>(std::as_const(resultat_)[debut])]))
             insere(entreeen(resultat_.constData() + debut));
     }
 }
@@ -221,7 +243,7 @@ void UnionDeListes::insere(std::uint32_t entree) {
 }
 
 void UnionDeListes::agrandit() {
-    const std::vector<std::uint32_t> avant = std::exchange(cases_, std::vector<std::uint32_t>(2 * cases_.size()));
+    const std::vector<std::uint32_t> avant = std::exchange(cases_, std::vector<std::uint32_t>(4 * cases_.size()));
     const std::size_t masque = cases_.size() - 1;
     for (const std::uint32_t entree : avant) {
         if (entree == 0)

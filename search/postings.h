@@ -5,6 +5,7 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <vector>
@@ -38,8 +39,10 @@ private:
     void insere(std::uint32_t entree);
     void agrandit();
     void recommence();
+    bool connait(const QByteArray& liste);
 
     QByteArray resultat_;
+    std::array<bool, 256> premiers_{}; // bytes that begin a posting: only stretches that begin so are ever looked for
     std::vector<std::uint32_t> cases_; // open addressing; 0 is empty, the key 0 itself is zero_
     std::size_t remplies_ = 0;
     bool zero_ = false;
