@@ -1,7 +1,6 @@
 #include "search/postings.h"
 
 #include <gtest/gtest.h>
-
 #include <random>
 
 using namespace velm;

@@ -1,0 +1,107 @@
+#include "search/cession.h"
+#include "search/selectionoutil.h"
+#include "tests/search/recherche_support.h"
+
+#include <QFile>
+
+using namespace velm;
+using namespace velm::test;
+
+namespace {
+
+class CessionTest : public BaseRecherche {};
+
+class SelectionOutilTest : public BaseRecherche {
+protected:
+    QString ecrit(const QByteArray& octets) const {
+        QFile fichier(fichierselection(dossier.path()));
+        EXPECT_TRUE(fichier.open(QIODevice::WriteOnly));
+        fichier.write(octets);
+        return fichier.fileName();
+    }
+};
+
+} // namespace
+
+TEST_F(CessionTest, EventsPassOnlyAfterAStepOfTime) {
+    Cession longue({}, std::chrono::hours(1));
+    EXPECT_FALSE(longue.due());
+    Cession courte({}, std::chrono::milliseconds(0));
+    EXPECT_TRUE(courte.due());
+}
+
+TEST_F(CessionTest, ATableIsPutBackOnItsIndexAndItsRow) {
+    ajoutedocuments(5);
+    ouvre();
+    Recordset& donnees = corpus.donnees();
+    donnees.setIndex(u"primarykey"_s);
+    donnees.seek(Seek::Equal, u"CO"_s, u"000003"_s);
+    evenement = [&] {
+        donnees.setIndex(u"idate"_s);
+        donnees.moveLast();
+    };
+    EXPECT_TRUE(cession.cede(donnees, true));
+    EXPECT_EQ(donnees.index(), u"primarykey");
+    EXPECT_EQ(donnees.text(u"numart"_s), u"000003");
+    donnees.moveNext();
+    EXPECT_EQ(donnees.text(u"numart"_s), u"000004");
+}
+
+TEST_F(CessionTest, AStoppedSearchDoesNotTouchTheTableAgain) {
+    ajoutedocuments(2);
+    ouvre();
+    Recordset& donnees = corpus.donnees();
+    donnees.setIndex(u"primarykey"_s);
+    bool active = true;
+    evenement = [&] {
+        active = false;
+        corpus.base().close();
+    };
+    EXPECT_FALSE(cession.cede(donnees, active));
+}
+
+TEST_F(SelectionOutilTest, TheFileFillsTheListAndIsDeleted) {
+    ajoutedocuments(4);
+    ouvre();
+    const QString chemin = ecrit("pr\xEAt\r\ncr\xE9"
+                                 "dit\r\nCO000003\r\nZZ000001\r\n\r\nCO\r\nCO000001\r\nCO000099\r\n");
+    const auto resultat = remplitdepuisoutil(chemin, atelier(), etat);
+    ASSERT_TRUE(resultat);
+    EXPECT_EQ(resultat->hits, 2);
+    EXPECT_EQ(resultat->fin, (PublicationFin{true, true, true}));
+    EXPECT_EQ(cles(), QStringList({u"CO000003"_s, u"CO000001"_s}));
+    EXPECT_EQ(liste.mot1, u"prêt");
+    EXPECT_EQ(liste.mot2, u"crédit");
+    EXPECT_EQ(panneau.last(), u" 2 documents");
+    EXPECT_TRUE(liste.visible);
+    EXPECT_FALSE(QFile::exists(chemin));
+}
+
+TEST_F(SelectionOutilTest, NoFileChangesNothing) {
+    ajoutedocuments(1);
+    ouvre();
+    liste.mot1 = u"avant"_s;
+    liste.ajouteauflex({u"CO", u"000001", u"t", u"", u"", u"", u"CO000001"});
+    EXPECT_FALSE(remplitdepuisoutil(fichierselection(dossier.path()), atelier(), etat));
+    EXPECT_EQ(liste.rows(), 2);
+    EXPECT_EQ(liste.mot1, u"avant");
+    EXPECT_TRUE(panneau.isEmpty());
+}
+
+TEST_F(SelectionOutilTest, AFileOfOneLineSetsOneWord) {
+    ouvre();
+    liste.mot2 = u"avant"_s;
+    ASSERT_TRUE(remplitdepuisoutil(ecrit("mot"), atelier(), etat));
+    EXPECT_EQ(liste.mot1, u"mot");
+    EXPECT_EQ(liste.mot2, u"avant");
+    EXPECT_EQ(panneau.last(), u" 0 document");
+    ASSERT_TRUE(remplitdepuisoutil(ecrit(""), atelier(), etat));
+    EXPECT_EQ(liste.mot1, u"mot");
+}
+
+TEST_F(SelectionOutilTest, AFullListStopsTheReading) {
+    ajoutedocuments(4);
+    ouvre();
+    liste.limitelignes(1);
+    EXPECT_EQ(remplitdepuisoutil(ecrit("a\nb\nCO000001\nCO000002\n"), atelier(), etat)->hits, 1);
+}

@@ -1,0 +1,277 @@
+#include "search/largeurvolet.h"
+#include "search/listeselection.h"
+#include "search/masques.h"
+
+#include <gtest/gtest.h>
+
+using namespace velm;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QString texte(int id) {
+    switch (id) {
+    case 2171:
+        return u"document"_s;
+    case 2172:
+        return u"documents"_s;
+    default:
+        return u"t%1"_s.arg(id);
+    }
+}
+
+class ListeSelectionTest : public testing::Test {
+protected:
+    int ajoute(const QString& cle, const QString& titre, const QString& motcle = u"m"_s) {
+        const QString reference = cle.left(2);
+        const QString numart = cle.mid(2);
+        return liste.ajouteauflex({reference, numart, titre, motcle, u"m2", u"m3", cle});
+    }
+    QStringList titres() const {
+        QStringList tous;
+        for (int rang = 1; rang < liste.rows(); ++rang)
+            tous << liste.champ(rang, ListeSelection::Titre);
+        return tous;
+    }
+    QStringList ligne(int rang) const {
+        QStringList cellules;
+        for (int colonne = 0; colonne < ListeSelection::colonnes; ++colonne)
+            cellules << liste.texte(rang, colonne);
+        return cellules;
+    }
+    ListeSelection liste{texte};
+};
+
+} // namespace
+
+TEST_F(ListeSelectionTest, TheListStartsWithItsHeaderOnlyAndHidden) {
+    EXPECT_EQ(liste.rows(), 1);
+    EXPECT_EQ(liste.row(), 0);
+    EXPECT_FALSE(liste.visible);
+    EXPECT_EQ(liste.publie(), (PublicationFin{false, true, false}));
+}
+
+TEST_F(ListeSelectionTest, WidthsOrderAndHeadersComeFromTheMasks) {
+    const std::vector<int> largeurs{3000, 2000, 2000, 2000, 500, 1000, 0};
+    const std::vector<int> champs{0, 1, 2, 3, 5, 4, 6};
+    for (int i = 0; i < ListeSelection::colonnes; ++i) {
+        EXPECT_EQ(liste.largeur(i), largeurs[static_cast<std::size_t>(i)]);
+        EXPECT_EQ(liste.coldata(i), champs[static_cast<std::size_t>(i)]);
+    }
+    EXPECT_EQ(ligne(0),
+              QStringList({u"t300"_s, u"t301"_s, u"t302"_s, u"t303"_s, QString(u""_s), u"t304"_s, QString(u""_s)}));
+    EXPECT_EQ(liste.coldata(-1), -1);
+    EXPECT_EQ(liste.coldata(7), -1);
+}
+
+TEST_F(ListeSelectionTest, MasksAreReadByGroups) {
+    EXPECT_EQ(largeurdumasque(u"000500001000", 1), 1000);
+    EXPECT_EQ(largeurdumasque(u"00050", 0), 50);
+    EXPECT_EQ(largeurdumasque(u"000500", 1), 0);
+    EXPECT_EQ(largeurdumasque(u"000500", -1), 0);
+    EXPECT_EQ(champdumasque(u"540", 1), 4);
+    EXPECT_EQ(champdumasque(u"5x", 1), -1);
+    EXPECT_EQ(champdumasque(u"5", 1), -1);
+    EXPECT_EQ(titreduchamp(u'4'), 304);
+}
+
+TEST_F(ListeSelectionTest, ARowIsFilledByMeaningAfterColumnsWereMoved) {
+    ajoute(u"CO000001"_s, u"Avant"_s);
+    liste.deplacecolonne(0, 5);
+    ajoute(u"EU000002"_s, u"Après"_s);
+    EXPECT_EQ(ligne(0),
+              QStringList({u"t301"_s, u"t302"_s, u"t303"_s, QString(u""_s), u"t304"_s, u"t300"_s, QString(u""_s)}));
+    EXPECT_EQ(ligne(1), QStringList({u"m"_s, u"m2"_s, u"m3"_s, u"CO"_s, u"000001"_s, u"Avant"_s, u"CO000001"_s}));
+    EXPECT_EQ(ligne(2), QStringList({u"m"_s, u"m2"_s, u"m3"_s, u"EU"_s, u"000002"_s, u"Après"_s, u"EU000002"_s}));
+    EXPECT_EQ(liste.coldata(5), ListeSelection::Titre);
+    EXPECT_EQ(liste.largeur(5), 3000);
+    liste.deplacecolonne(5, 0);
+    EXPECT_EQ(liste.coldata(0), ListeSelection::Titre);
+    EXPECT_EQ(liste.coldata(5), ListeSelection::Numart);
+    // The key and places that are none stay where they are.
+    liste.deplacecolonne(6, 0);
+    liste.deplacecolonne(0, 6);
+    liste.deplacecolonne(-1, 0);
+    EXPECT_EQ(liste.coldata(6), ListeSelection::Clef);
+    EXPECT_EQ(liste.coldata(0), ListeSelection::Titre);
+}
+
+TEST_F(ListeSelectionTest, AFullListTakesNoRow) {
+    liste.limitelignes(1);
+    EXPECT_EQ(ajoute(u"CO000001"_s, u"Un"_s), 0);
+    EXPECT_EQ(ajoute(u"CO000002"_s, u"Deux"_s), -1);
+    EXPECT_EQ(liste.rows(), 2);
+}
+
+TEST_F(ListeSelectionTest, CellsOutsideTheListAreEmpty) {
+    ajoute(u"CO000001"_s, u"Un"_s);
+    for (const int rang : {-1, 2, 1000})
+        EXPECT_TRUE(liste.texte(rang, 0).isEmpty());
+    EXPECT_TRUE(liste.texte(1, -1).isEmpty());
+    EXPECT_TRUE(liste.texte(1, 7).isEmpty());
+}
+
+TEST_F(ListeSelectionTest, AHeaderSortsAndASecondTimeReverses) {
+    for (const QString& titre : {u"église"_s, u"Zoo"_s, u"eglise"_s, u"Abri"_s, u"ZOO"_s})
+        ajoute(u"CO000001"_s, titre);
+    liste.trie(0);
+    EXPECT_EQ(titres(), QStringList({u"Abri"_s, u"eglise"_s, u"église"_s, u"Zoo"_s, u"ZOO"_s}));
+    EXPECT_EQ(liste.entetecellule(0), u"t300>");
+    liste.trie(0);
+    EXPECT_EQ(titres(), QStringList({u"Zoo"_s, u"ZOO"_s, u"église"_s, u"eglise"_s, u"Abri"_s}));
+    EXPECT_EQ(liste.entetecellule(0), u"t300<");
+    liste.trie(0);
+    EXPECT_EQ(liste.entetecellule(0), u"t300>");
+}
+
+TEST_F(ListeSelectionTest, OnlyOneHeaderBearsAMarkAndItMovesWithItsColumn) {
+    ajoute(u"CO000001"_s, u"Un"_s);
+    liste.trie(1);
+    liste.trie(4);
+    for (int i = 0; i < ListeSelection::colonnes; ++i)
+        EXPECT_EQ(liste.marque(i) != ListeSelection::Marque::Aucune, i == 4) << i;
+    EXPECT_EQ(liste.entetecellule(4), u">");
+    liste.deplacecolonne(4, 0);
+    EXPECT_EQ(liste.entetecellule(0), u">");
+    liste.effacemarquestri();
+    EXPECT_TRUE(liste.entetecellule(0).isEmpty());
+}
+
+TEST_F(ListeSelectionTest, TheSelectedRowStaysSelectedWhereTheSortPutsIt) {
+    ajoute(u"CO000001"_s, u"b"_s);
+    ajoute(u"CO000002"_s, u"a"_s);
+    liste.choisit(1, 1);
+    liste.trie(0);
+    EXPECT_EQ(liste.row(), 2);
+    EXPECT_EQ(liste.rowsel(), 2);
+    EXPECT_EQ(liste.cle(liste.row()), u"CO000001");
+}
+
+TEST_F(ListeSelectionTest, TheNextRowStopsAtTheLastThePreviousAtTheFirst) {
+    EXPECT_FALSE(liste.suivantrecherche());
+    EXPECT_FALSE(liste.precedentrecherche());
+    for (const QString& cle : {u"CO000001"_s, u"CO000002"_s, u"CO000003"_s})
+        ajoute(cle, cle);
+    EXPECT_TRUE(liste.suivantrecherche());
+    EXPECT_EQ(liste.row(), 1);
+    EXPECT_FALSE(liste.precedentrecherche());
+    liste.choisit(1, 3);
+    EXPECT_TRUE(liste.suivantrecherche());
+    EXPECT_EQ(liste.rangschoisis(), std::pair(2, 2));
+    EXPECT_TRUE(liste.suivantrecherche());
+    EXPECT_FALSE(liste.suivantrecherche());
+    EXPECT_EQ(liste.row(), 3);
+    EXPECT_TRUE(liste.precedentrecherche());
+    EXPECT_EQ(liste.row(), 2);
+}
+
+TEST_F(ListeSelectionTest, RemovingRowsMovesTheOthersUp) {
+    for (const QString& titre : {u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s})
+        ajoute(u"CO000001"_s, titre);
+    liste.choisit(3, 2);
+    liste.supprimeselection();
+    EXPECT_EQ(titres(), QStringList({u"a"_s, u"d"_s, u"e"_s}));
+    EXPECT_EQ(liste.row(), 2);
+    liste.supprime(3);
+    EXPECT_EQ(titres(), QStringList({u"a"_s, u"d"_s}));
+    liste.supprime(0);
+    liste.supprime(3);
+    EXPECT_EQ(liste.rows(), 3);
+    // Rows that come later do not mix with what was removed.
+    ajoute(u"CO000009"_s, u"f"_s);
+    EXPECT_EQ(titres(), QStringList({u"a"_s, u"d"_s, u"f"_s}));
+    EXPECT_EQ(liste.cle(3), u"CO000009");
+}
+
+TEST_F(ListeSelectionTest, ManyRowsGoAtOnce) {
+    for (const QString& titre : {u"a"_s, u"b"_s, u"c"_s, u"d"_s})
+        ajoute(u"CO000001"_s, titre);
+    liste.choisit(4, 4);
+    liste.supprime(std::vector<int>{1, 3});
+    EXPECT_EQ(titres(), QStringList({u"b"_s, u"d"_s}));
+    EXPECT_EQ(liste.row(), 2);
+    liste.supprime(std::vector<int>{1, 2});
+    EXPECT_EQ(liste.rows(), 1);
+    EXPECT_EQ(liste.row(), 0);
+}
+
+TEST_F(ListeSelectionTest, RemovingAllRowsLeavesTheHeader) {
+    ajoute(u"CO000001"_s, u"a"_s);
+    ajoute(u"CO000002"_s, u"b"_s);
+    liste.choisit(1, 2);
+    liste.supprimeselection();
+    EXPECT_EQ(liste.rows(), 1);
+    EXPECT_EQ(textecompte(liste.lignes(), texte), u" 0 document");
+    liste.supprimeselection();
+    ajoute(u"CO000003"_s, u"c"_s);
+    liste.supprime(1);
+    EXPECT_EQ(liste.rows(), 1);
+}
+
+TEST_F(ListeSelectionTest, TheCountIsSingularUpToOne) {
+    EXPECT_EQ(textecompte(0, texte), u" 0 document");
+    EXPECT_EQ(textecompte(1, texte), u" 1 document");
+    EXPECT_EQ(textecompte(2, texte), u" 2 documents");
+}
+
+TEST_F(ListeSelectionTest, TheEndOfASearchEnablesTheButtonsWhenRowsExist) {
+    ajoute(u"CO000001"_s, u"a"_s);
+    EXPECT_EQ(liste.publie(), (PublicationFin{true, true, true}));
+}
+
+TEST_F(ListeSelectionTest, GroupingAndCriteriaButtonsChangeTheirToolTips) {
+    EXPECT_EQ(infobulleregrouper(true), 2608);
+    EXPECT_EQ(infobulleregrouper(false), 2605);
+    EXPECT_EQ(infobullecriteres(true), 2431);
+    EXPECT_EQ(infobullecriteres(false), 2430);
+}
+
+TEST_F(ListeSelectionTest, AGridSeesTheColumnsAtTheirFirstPlaces) {
+    ajoute(u"CO000001"_s, u"b"_s);
+    ajoute(u"EU000002"_s, u"a"_s);
+    const auto source = liste.source();
+    liste.deplacecolonne(0, 5);
+    EXPECT_EQ(source->rowCount(), 2);
+    EXPECT_EQ(source->text(0, 0), u"b");
+    EXPECT_EQ(source->text(0, 4), u"CO");
+    EXPECT_EQ(source->text(0, 5), u"000001");
+    EXPECT_EQ(source->text(1, 6), u"EU000002");
+    EXPECT_TRUE(source->text(2, 0).isEmpty());
+    EXPECT_TRUE(source->text(0, 7).isEmpty());
+    EXPECT_TRUE(source->sort(0, false));
+    EXPECT_EQ(source->text(0, 0), u"a");
+    EXPECT_EQ(liste.marque(5), ListeSelection::Marque::Ascendante);
+    EXPECT_FALSE(source->sort(9, false));
+}
+
+TEST(LargeurVoletTest, ThePaneIsNeverNarrowerThanItsMinimum) {
+    LargeurVolet volet(4365);
+    EXPECT_EQ(volet.largeurliste(), 4305);
+    EXPECT_EQ(volet.largeurpane(), 4365);
+    volet.changelargeurliste(10);
+    EXPECT_EQ(volet.largeurliste(), 60);
+    EXPECT_EQ(volet.largeurpane(), 120);
+    EXPECT_EQ(volet.largeurflex(), 0);
+    EXPECT_EQ(volet.gaucheseparateur(), 20);
+    volet.changelargeurliste(100'000);
+    EXPECT_EQ(volet.largeurliste(), 32'767);
+    EXPECT_EQ(LargeurVolet(-5).largeurliste(), 60);
+    EXPECT_EQ(LargeurVolet(1e300).largeurliste(), 32'767);
+}
+
+TEST(LargeurVoletTest, WhereTheSeparatorIsDroppedTellsTheWidth) {
+    LargeurVolet volet(1060);
+    volet.depose(LargeurVolet::Cible::Volet, 1500);
+    EXPECT_EQ(volet.largeurliste(), 1500);
+    volet.depose(LargeurVolet::Cible::Document, 200);
+    EXPECT_EQ(volet.largeurliste(), 1700);
+    volet.depose(LargeurVolet::Cible::Formulaire, 100);
+    EXPECT_EQ(volet.largeurliste(), 1860);
+    volet.aumoins(LargeurVolet::minimumoutil);
+    EXPECT_EQ(volet.largeurliste(), 2000);
+    volet.aumoins(100);
+    EXPECT_EQ(volet.largeurliste(), 2000);
+    EXPECT_EQ(volet.largeurflex(), 1910);
+    EXPECT_EQ(LargeurVolet::hauteurflex(1000), 520);
+    EXPECT_EQ(LargeurVolet::hauteurflex(100), 0);
+}

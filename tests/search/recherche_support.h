@@ -1,0 +1,141 @@
+#pragma once
+// A small base with documents, words and tree nodes, and everything a search works with.
+#include "core/cle.h"
+#include "search/recherche.h"
+#include "search/typescherches.h"
+#include "tests/support/arret.h"
+#include "tests/support/dialogues_script.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace velm::test {
+
+using namespace Qt::Literals::StringLiterals;
+
+/// A posting: the letter of a collection and a number.
+inline QByteArray entree(char lettre, int numero) {
+    QByteArray octets(1, lettre);
+    for (const int decalage : {16, 8, 0})
+        octets += static_cast<char>(numero >> decalage & 0xFF);
+    return octets;
+}
+
+/// Postings of CO from a first to a last number.
+inline QByteArray entrees(int premier, int dernier, char lettre = 'A') {
+    QByteArray octets;
+    for (int numero = premier; numero <= dernier; ++numero)
+        octets += entree(lettre, numero);
+    return octets;
+}
+
+struct DocumentCherche {
+    QString cle;
+    QString titre;
+    QStringList motscles = {};
+    qint64 noeud = 0;
+};
+
+class BaseRecherche : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(dossier.isValid()); }
+
+    /// Makes the base of what the members hold, and opens it.
+    void ouvre() {
+        const QString chemin = dossier.filePath(u"velm2000.dat"_s);
+        {
+            const auto base = Database::create(chemin, corpusSchema());
+            ASSERT_NE(base.database, nullptr);
+            TableWriter table(*base.database, u"données"_s,
+                              {u"référence"_s, u"numart"_s, u"titre"_s, u"motclé1"_s, u"motclé2"_s, u"motclé3"_s,
+                               u"numeroarborescence"_s});
+            std::array<qint64, nombredecollections> comptes{};
+            for (const DocumentCherche& d : documents) {
+                std::vector<QVariant> ligne{d.cle.left(2), d.cle.mid(2),
+                                            d.titre.isNull() ? QVariant() : QVariant(d.titre)};
+                for (qsizetype i = 0; i < 3; ++i)
+                    ligne.push_back(i < d.motscles.size() ? QVariant(d.motscles.at(i)) : QVariant());
+                ligne.push_back(d.noeud);
+                ASSERT_TRUE(table.add(ligne));
+                ++comptes[static_cast<std::size_t>(indicedetype(d.cle.left(2)))];
+            }
+            TableWriter arbre(*base.database, u"arborescences"_s,
+                              {u"numerodutype"_s, u"dépendance"_s, u"référence"_s, u"ordre"_s, u"typededonnées"_s});
+            for (const auto& [numero, libelle] : noeuds)
+                ASSERT_TRUE(arbre.add({numero, 0, u"CO"_s, numero, libelle}));
+            TableWriter dico(*base.database, u"dico"_s, {u"mot"_s, u"liste"_s});
+            for (const auto& [mot, postes] : mots)
+                ASSERT_TRUE(dico.add({mot, postes}));
+            TableWriter parametres(*base.database, u"paramètres"_s, {u"nbarticles"_s});
+            QString packs;
+            for (const qint64 compte : comptes)
+                packs += sixchiffres(compte);
+            ASSERT_TRUE(parametres.add({packs}));
+        }
+        ASSERT_EQ(corpus.connecte(chemin), OpenError::None);
+        corpus.ouvretables();
+    }
+
+    /// Documents of CO from number 1 on, titled by their number.
+    void ajoutedocuments(int nombre) {
+        for (int numero = 1; numero <= nombre; ++numero)
+            documents.push_back({u"CO"_s + sixchiffres(numero), u"Titre %1"_s.arg(numero)});
+    }
+
+    Atelier atelier() {
+        return {corpus,
+                liste,
+                sablier,
+                dialogues,
+                cession,
+                [](int id) { return textes(id); },
+                [this](const QString& texte) { panneau << texte; }};
+    }
+
+    static QString textes(int id) {
+        switch (id) {
+        case 2171:
+            return u"document"_s;
+        case 2172:
+            return u"documents"_s;
+        case 7300:
+            return u"inconnu"_s;
+        case 7302:
+            return u"La recherche a trouvé"_s;
+        case 7303:
+            return u"Recherche par mots"_s;
+        case 7306:
+            return u"documents. N’afficher que 200"_s;
+        default:
+            return u"t%1"_s.arg(id);
+        }
+    }
+
+    QStringList cles() const {
+        QStringList toutes;
+        for (int rang = 1; rang < liste.rows(); ++rang)
+            toutes << liste.cle(rang);
+        return toutes;
+    }
+
+    QTemporaryDir dossier;
+    std::vector<DocumentCherche> documents;
+    std::vector<std::pair<QString, QByteArray>> mots;
+    std::vector<std::pair<qint64, QString>> noeuds;
+    Corpus corpus;
+    ListeSelection liste{[](int id) { return textes(id); }};
+    SablierMuet sablier;
+    DialoguesScript dialogues;
+    /// Each step gives its turn to what `evenement` does.
+    std::function<void()> evenement;
+    Cession cession{[this] {
+                        if (evenement)
+                            evenement();
+                    },
+                    std::chrono::milliseconds(0)};
+    EtatRecherche etat;
+    QStringList panneau;
+};
+
+} // namespace velm::test
