@@ -35,7 +35,7 @@ qsizetype ResultatCompilation::avertissements() const {
 }
 
 ResultatCompilation fabrique(const Provenance& provenance, const QString& base, Problemes problemes,
-                             const Progres& progres) {
+                             const Progres& progres, bool textes) {
     ResultatCompilation resultat;
     resultat.problemes = std::move(problemes);
     BaseTemporaire temporaire(base);
@@ -45,7 +45,7 @@ ResultatCompilation fabrique(const Provenance& provenance, const QString& base, 
         resultat.etat = temporaire.etat();
         return resultat;
     }
-    BilanDeFabrique bilan = fabriquebase(provenance, *temporaire.base(), progres);
+    BilanDeFabrique bilan = fabriquebase(provenance, *temporaire.base(), progres, textes);
     std::move(bilan.problemes.begin(), bilan.problemes.end(), std::back_inserter(resultat.problemes));
     classe(resultat.problemes);
     resultat.comptes = bilan.comptes;
@@ -63,13 +63,13 @@ ResultatCompilation fabrique(const Provenance& provenance, const QString& base, 
     return resultat;
 }
 
-ResultatCompilation compile(const QString& source, const QString& base, const Progres& progres) {
+ResultatCompilation compile(const QString& source, const QString& base, const Progres& progres, bool textes) {
     QElapsedTimer temps;
     temps.start();
     if (progres)
         progres(Etape::Lecture, 0, 0);
     const SourceDossier dossier(source);
-    ResultatCompilation resultat = fabrique(dossier, base, dossier.problemes(), progres);
+    ResultatCompilation resultat = fabrique(dossier, base, dossier.problemes(), progres, textes);
     resultat.secondes = static_cast<double>(temps.elapsed()) / millisecondesparseconde;
     return resultat;
 }

@@ -37,12 +37,16 @@ struct ResultatCompilation {
 
 /// Makes the base at `base` from the source in the folder `source`. The base is made beside its place under a temporary
 /// name and takes its name when it is complete; an older base there is replaced. The same source gives the same bytes.
-ResultatCompilation compile(const QString& source, const QString& base, const Progres& progres = {});
+/// `textes`: with the folded texts of the bodies, which make a search through them quicker and change nothing else.
+ResultatCompilation compile(const QString& source, const QString& base, const Progres& progres = {},
+                            bool textes = true);
 
 struct OptionsSynthese {
     qint64 documents = 0;
     /// Words of a body, on average.
     int mots = 0;
+    /// With the folded texts of the bodies.
+    bool textes = true;
 };
 /// The options of a collection of `documents` documents: bodies of about 5 KB up to 100,000 documents, smaller beyond,
 /// so that a million still fits a disk.

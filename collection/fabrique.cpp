@@ -4,6 +4,9 @@
 #include "collection/corps.h"
 #include "collection/mots.h"
 #include "platform/engine/recordset.h"
+#include "platform/engine/rowreader.h"
+#include "platform/richtext/foldtext.h"
+#include "platform/richtext/rtf.h"
 #include "platform/text/letters.h"
 
 #include <QHash>
@@ -45,8 +48,8 @@ struct Article {
 
 class Fabrique {
 public:
-    Fabrique(const Provenance& provenance, Database& base, const Progres& progres)
-        : provenance_(provenance), base_(base), progres_(progres) {}
+    Fabrique(const Provenance& provenance, Database& base, const Progres& progres, bool textes)
+        : provenance_(provenance), base_(base), progres_(progres), avectextes_(textes) {}
 
     BilanDeFabrique fait() {
         std::vector<std::unique_ptr<Repertoire>> repertoires;
@@ -62,6 +65,8 @@ public:
             articles();
             arborescence();
             parametres();
+            if (avectextes_)
+                textes();
         }
         if (correct && bon_ && !base_.commit())
             echoue();
@@ -240,9 +245,29 @@ private:
         termine(table);
     }
 
+    /// The folded texts, behind everything else: their pages follow one another.
+    void textes() {
+        if (bon_ && !base_.makeTable(u"textes"_s))
+            echoue();
+        RowReader corps(base_, u"données_contenu"_s, {u"contenu"_s});
+        TableWriter table(base_, u"textes"_s, {u"version"_s, u"texte"_s});
+        QString texte;
+        for (qint64 rangee = 1; rangee <= provenance_.nombre() && bon_; ++rangee) {
+            if (corps.read(rangee) != RowReader::Found::Row) {
+                echoue();
+                return;
+            }
+            rtfToText(corps.bytes(0), texte, RtfLoad::Whole);
+            corps.release();
+            ecrit(table, {foldedTextVersion(), foldedText(texte)});
+        }
+        termine(table);
+    }
+
     const Provenance& provenance_;
     Database& base_;
     const Progres& progres_;
+    bool avectextes_;
     BilanDeFabrique bilan_;
     bool bon_ = true;
     bool correct_ = true;
@@ -253,8 +278,8 @@ private:
 
 } // namespace
 
-BilanDeFabrique fabriquebase(const Provenance& provenance, Database& base, const Progres& progres) {
-    return Fabrique(provenance, base, progres).fait();
+BilanDeFabrique fabriquebase(const Provenance& provenance, Database& base, const Progres& progres, bool textes) {
+    return Fabrique(provenance, base, progres, textes).fait();
 }
 
 } // namespace velm

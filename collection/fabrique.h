@@ -15,6 +15,7 @@ struct BilanDeFabrique {
 
 /// Fills an empty base with a collection. After a first error of the source nothing more is written, but the rest of
 /// the source is still checked. `ecrit` false without an error among the problems: the base could not be written.
-BilanDeFabrique fabriquebase(const Provenance& provenance, Database& base, const Progres& progres);
+/// `textes`: with the table of folded texts.
+BilanDeFabrique fabriquebase(const Provenance& provenance, Database& base, const Progres& progres, bool textes);
 
 } // namespace velm

@@ -294,7 +294,7 @@ ResultatCompilation synthese(const OptionsSynthese& options, const QString& base
         return resultat;
     }
     const ProvenanceInventee provenance(options);
-    ResultatCompilation resultat = fabrique(provenance, base, {}, progres);
+    ResultatCompilation resultat = fabrique(provenance, base, {}, progres, options.textes);
     resultat.secondes = static_cast<double>(temps.elapsed()) / millisecondesparseconde;
     return resultat;
 }

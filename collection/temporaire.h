@@ -36,6 +36,6 @@ private:
 
 /// The rest of both ways to a base.
 ResultatCompilation fabrique(const Provenance& provenance, const QString& base, Problemes problemes,
-                             const Progres& progres);
+                             const Progres& progres, bool textes);
 
 } // namespace velm

@@ -95,16 +95,19 @@ int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QStri
 
 int compiler(Contexte& contexte) {
     const bool json = contexte.option(QStringLiteral("--json"));
+    const bool textes = !contexte.option(QStringLiteral("--sans-texte"));
     if (!contexte.optioninconnue().isEmpty())
         return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
     if (contexte.arguments().size() < 2)
         return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9390)});
     const QString base = contexte.arguments().at(1);
-    return conclut(contexte, compile(contexte.arguments().first(), base, progresterminal(contexte)), base, json);
+    return conclut(contexte, compile(contexte.arguments().first(), base, progresterminal(contexte), textes), base,
+                   json);
 }
 
 int synthese(Contexte& contexte) {
     const bool json = contexte.option(QStringLiteral("--json"));
+    const bool textes = !contexte.option(QStringLiteral("--sans-texte"));
     const QString mots = contexte.valeur(QStringLiteral("--mots"));
     if (!contexte.optioninconnue().isEmpty())
         return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
@@ -115,6 +118,7 @@ int synthese(Contexte& contexte) {
     if (!documents || *documents < 1 || *documents > leplus)
         return contexte.echoue(LigneIncorrecte, 9339, {contexte.arguments().first(), QStringLiteral("N")});
     OptionsSynthese options = optionssynthese(*documents);
+    options.textes = textes;
     if (!mots.isEmpty()) {
         const auto nombre = wholeNumber(mots);
         if (!nombre || *nombre < 1 || *nombre > 100000)

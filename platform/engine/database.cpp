@@ -187,12 +187,8 @@ Database::Opened Database::create(const QString& path, const Schema& schema) {
         guard(d.handle);
         made = d.run(buildSettings) && database->begin();
     }
-    for (const TableDef& table : d.schema.tables) {
-        for (const QString& statement : tableStatements(table))
-            made = made && d.run(statement);
-        for (const IndexDef& index : table.indexes)
-            made = made && d.run(indexStatement(table, index));
-    }
+    for (const TableDef& table : d.schema.tables)
+        made = made && (table.optional || d.make(table));
     made = made && database->commit();
     if (!made) {
         d.noteError();

@@ -46,7 +46,7 @@ public:
     /// formats are told apart.
     static Opened open(const QString& path, OpenMode mode, const Schema& schema);
 
-    /// Makes an empty base with the tables of the schema; fails when the file exists. Only for makers of bases: quick,
+    /// Makes an empty base with the tables of the schema that are not optional; fails when the file exists. Only for makers of bases: quick,
     /// locked for everybody else until close(), and without a store's care for what is on the disk before sync(). The
     /// same rows written in the same steps by the same version of the engine give the same bytes.
     static Opened create(const QString& path, const Schema& schema);
@@ -87,6 +87,9 @@ public:
 
     /// True when the whole file passes the engine's own check; slow, on demand only.
     bool check(QString* report = nullptr);
+
+    /// Makes an optional table of the schema in a base that lacks it, for makers of bases. False on failure.
+    bool makeTable(const QString& name);
 
     /// Forces the file on the disk, for makers of bases before they give it its name. False when that fails.
     bool sync();

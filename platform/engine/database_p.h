@@ -31,6 +31,8 @@ struct Database::Private {
     /// Keeps the engine's words.
     void noteError();
     bool run(const QString& statement);
+    /// Makes a table with its side table and its indexes.
+    bool make(const TableDef& table);
     bool hasTable(const QString& name) const;
     QStringList columnsOf(const QString& table) const;
     /// True when the base holds this index under our name and on our columns.

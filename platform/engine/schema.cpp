@@ -148,7 +148,9 @@ const Schema& corpusSchema() {
                                  {text(u"mot"_s), {u"liste"_s, FieldType::Bytes}},
                                  {{u"primarykey"_s, {folded(u"mot"_s)}, true}},
                                  {}},
-                                articleNumbers()},
+                                articleNumbers(),
+                                // Bodies as plain text, folded, under the row ids of their documents.
+                                {u"textes"_s, {number(u"version"_s), {u"texte"_s, FieldType::Bytes}}, {}, {}, true}},
                                true};
     return schema;
 }

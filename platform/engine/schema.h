@@ -36,6 +36,8 @@ struct TableDef {
     std::vector<IndexDef> indexes;
     /// The field kept out of the row, in the side table `<table>_<field>` under the same row id; empty for none.
     QString lazyField;
+    /// A base is whole without it: it is made only on demand (Database::makeTable).
+    bool optional = false;
 
     const IndexDef* index(const QString& name) const;
     const FieldDef* field(const QString& name) const;

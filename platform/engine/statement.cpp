@@ -107,6 +107,13 @@ QByteArray toBytes(const Cell& cell) {
     return ansi::encode(toText(cell));
 }
 
+QByteArrayView viewBytes(const Cell& cell, QByteArray& buffer) {
+    if (cell.kind == Kind::Blob || (cell.kind == Kind::Text && ascii(cell.bytes)))
+        return cell.bytes;
+    buffer = ansi::encode(toText(cell));
+    return buffer;
+}
+
 Value toValue(const Cell& cell) {
     return {cell.kind, cell.integer, cell.real, cell.bytes.toByteArray()};
 }

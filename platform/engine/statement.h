@@ -41,6 +41,8 @@ QString toText(const Cell& cell);
 qint64 toNumber(const Cell& cell);
 /// The bytes of a blob; a text gives its bytes in the ANSI code page, one for each character.
 QByteArray toBytes(const Cell& cell);
+/// The same without a copy where the bytes lie ready; else in `buffer`.
+QByteArrayView viewBytes(const Cell& cell, QByteArray& buffer);
 Value toValue(const Cell& cell);
 
 class Statement {

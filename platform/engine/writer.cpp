@@ -7,6 +7,26 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
+bool Database::makeTable(const QString& name) {
+    const TableDef* table = d_->handle != nullptr ? d_->schema.table(name) : nullptr;
+    if (table == nullptr) {
+        d_->error = u"no such table: "_s + name;
+        return false;
+    }
+    if (!d_->writing)
+        releaseLocks();
+    return d_->make(*table);
+}
+
+bool Database::Private::make(const TableDef& table) {
+    bool made = true;
+    for (const QString& statement : tableStatements(table))
+        made = made && run(statement);
+    for (const IndexDef& index : table.indexes)
+        made = made && run(indexStatement(table, index));
+    return made;
+}
+
 struct TableWriter::Private {
     Database* database = nullptr;
     Database::Private* db = nullptr;

@@ -19,6 +19,8 @@ bool readRtf(QByteArrayView rtf, RichText& out, RtfLoad load = RtfLoad::Whole);
 QString rtfToText(QByteArrayView rtf, RtfLoad load = RtfLoad::Whole);
 /// The same into a buffer that is kept from call to call; false when it is no RTF.
 bool rtfToText(QByteArrayView rtf, QString& out, RtfLoad load);
+/// The beginning of the same text: at least `atLeast` units, all when it has fewer.
+bool rtfToTextStart(QByteArrayView rtf, QString& out, qsizetype atLeast);
 
 /// Version of the decoder: stored plain text made by another version is stale.
 int rtfDecoderVersion();

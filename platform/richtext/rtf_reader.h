@@ -34,6 +34,18 @@ public:
         open();
         p_ = passBlanks(p_, end_);
         run();
+        finish(load);
+    }
+
+    /// Stops some way behind the first `atLeast` units: what may still change lies behind them.
+    void readStart(qsizetype atLeast) {
+        constexpr qsizetype unsettled = 4; // a line end that would be dropped, half of a pair
+        stop_ = atLeast + unsettled;
+        read(RtfLoad::Whole);
+    }
+
+private:
+    void finish(RtfLoad load) {
         if (load == RtfLoad::Whole && lineEnd_ == position() && lineEnd_ > 0) {
             o_ -= 2;
             sink_.dropLineEnd();
@@ -43,7 +55,6 @@ public:
         text_.truncate(position());
     }
 
-private:
     struct Group {
         const CodePage* page = nullptr;
         int font = -1;     ///< -1: the document's default
@@ -90,6 +101,7 @@ private:
     char16_t* o_ = nullptr;
     const char* groupStart_ = nullptr; ///< behind the last opening brace
     bool done_ = false;
+    qsizetype stop_ = std::numeric_limits<qsizetype>::max();
     bool hasSurrogates_ = false;
     QString& text_;
     Sink& sink_;
@@ -130,7 +142,7 @@ void Reader<Sink>::run() {
         } else {
             p = copyPlain(p, end_, o);
         }
-        if (p == end_)
+        if (p == end_ || o - base_ >= stop_)
             break;
         switch (sortAt(p)) {
         case Sort::Backslash:

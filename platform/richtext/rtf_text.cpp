@@ -62,6 +62,17 @@ bool rtfToText(QByteArrayView rtf, QString& out, RtfLoad load) {
     return true;
 }
 
+bool rtfToTextStart(QByteArrayView rtf, QString& out, qsizetype atLeast) {
+    const qsizetype start = rtf::rtfStart(rtf);
+    if (start < 0) {
+        out.resize(0);
+        return false;
+    }
+    rtf::TextSink sink;
+    rtf::Reader<rtf::TextSink>(rtf.sliced(start), out, sink).readStart(atLeast);
+    return true;
+}
+
 QString rtfToText(QByteArrayView rtf, RtfLoad load) {
     QString text;
     rtfToText(rtf, text, load);

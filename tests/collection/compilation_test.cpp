@@ -175,7 +175,7 @@ TEST_F(Compilation, AFullDiskIsToldAsSuch) {
     ASSERT_NE(temporaire.base(), nullptr);
     // What the engine says on a disk without room it also says of a file that may not grow.
     ASSERT_TRUE(temporaire.base()->execute(u"PRAGMA max_page_count=40"_s));
-    const BilanDeFabrique bilan = fabriquebase(source, *temporaire.base(), {});
+    const BilanDeFabrique bilan = fabriquebase(source, *temporaire.base(), {}, true);
     EXPECT_FALSE(bilan.ecrit);
     temporaire.echoue(bilan.raison);
     EXPECT_EQ(temporaire.etat(), Etat::DisquePlein);
