@@ -3,6 +3,7 @@
 #include "core/corpus.h"
 #include "core/parametres.h"
 #include "document/affichage.h"
+#include "outil/base.h"
 #include "outil/sortie.h"
 #include "platform/system/files.h"
 
@@ -14,21 +15,6 @@
 namespace velm::outil {
 
 namespace {
-
-/// Opens the base, or says why it cannot be opened.
-int ouvre(Contexte& contexte, Corpus& corpus, const QString& chemin) {
-    switch (corpus.connecte(chemin)) {
-    case OpenError::None:
-        corpus.ouvretables();
-        return Reussite;
-    case OpenError::OldEngine:
-        return contexte.echoue(Echec, 9333, {chemin});
-    case OpenError::Foreign:
-        return contexte.echoue(Echec, 9332, {chemin});
-    default:
-        return contexte.echoue(Echec, 9330, {chemin});
-    }
-}
 
 /// The form of a document that nobody sees.
 class FormulaireMuet final : public FormulaireDocument {
@@ -147,16 +133,14 @@ int document(Contexte& contexte) {
     demande.liens = contexte.option(QStringLiteral("--liens"));
     demande.condense = contexte.option(QStringLiteral("--condense"));
     contexte.option(QStringLiteral("--texte")); // what is written without any option
-    QString base = contexte.valeur(QStringLiteral("--base"));
-    if (base.isEmpty())
-        base = joinPath(contexte.dossierprogramme(), u"velm2000.dat");
+    const QString base = cheminbase(contexte);
     if (!contexte.optioninconnue().isEmpty())
         return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
     if (contexte.arguments().isEmpty())
         return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9393)});
 
     Corpus corpus;
-    if (const int code = ouvre(contexte, corpus, base); code != Reussite)
+    if (const int code = ouvrebase(contexte, corpus, base); code != Reussite)
         return code;
     // The collection's styles lie beside its base, else beside the program. The user's own settings have no say here.
     ReglagesStore sansreglages{QString()};
@@ -185,7 +169,7 @@ int info(Contexte& contexte) {
         return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9392)});
     const QString chemin = contexte.arguments().first();
     Corpus corpus;
-    if (const int code = ouvre(contexte, corpus, chemin); code != Reussite)
+    if (const int code = ouvrebase(contexte, corpus, chemin); code != Reussite)
         return code;
 
     QJsonObject collections;

@@ -22,7 +22,8 @@ struct Commande {
 constexpr Commande commandes[] = {{"compiler", 9310, 9390, outil::compiler}, {"synthese", 9311, 9391, outil::synthese},
                                   {"info", 9312, 9392, outil::info},         {"document", 9313, 9393, outil::document},
                                   {"texte", 9314, 9394, outil::texte},       {"rtf", 9315, 9394, outil::rtf},
-                                  {"formats", 9316, 9394, outil::formats},   {"dossiers", 9318, 9392, outil::dossiers}};
+                                  {"formats", 9316, 9394, outil::formats},   {"dossiers", 9318, 9392, outil::dossiers},
+                                  {"mots", 9450, 9452, outil::mots},         {"rapide", 9451, 9453, outil::rapide}};
 
 void aide(outil::Contexte& contexte) {
     contexte.ligne(contexte.texte(9301));
@@ -35,7 +36,7 @@ void aide(outil::Contexte& contexte) {
                                 contexte.texte(commande.description)));
     contexte.ligne(QString());
     contexte.ligne(contexte.texte(9303));
-    for (const int id : {9304, 9305, 9307, 9306, 9317})
+    for (const int id : {9304, 9305, 9307, 9454, 9306, 9317})
         contexte.ligne(QStringLiteral("  ") + contexte.texte(id));
     contexte.ligne(QString());
     contexte.ligne(contexte.texte(9308));

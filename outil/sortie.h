@@ -56,6 +56,8 @@ int dossiers(Contexte& contexte);
 int info(Contexte& contexte);
 int document(Contexte& contexte);
 int texte(Contexte& contexte);
+int mots(Contexte& contexte);
+int rapide(Contexte& contexte);
 int rtf(Contexte& contexte);
 int formats(Contexte& contexte);
 

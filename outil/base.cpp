@@ -1,0 +1,26 @@
+#include "outil/base.h"
+
+#include "platform/system/files.h"
+
+namespace velm::outil {
+
+QString cheminbase(Contexte& contexte) {
+    const QString base = contexte.valeur(QStringLiteral("--base"));
+    return base.isEmpty() ? joinPath(contexte.dossierprogramme(), u"velm2000.dat") : base;
+}
+
+int ouvrebase(Contexte& contexte, Corpus& corpus, const QString& chemin) {
+    switch (corpus.connecte(chemin)) {
+    case OpenError::None:
+        corpus.ouvretables();
+        return Reussite;
+    case OpenError::OldEngine:
+        return contexte.echoue(Echec, 9333, {chemin});
+    case OpenError::Foreign:
+        return contexte.echoue(Echec, 9332, {chemin});
+    default:
+        return contexte.echoue(Echec, 9330, {chemin});
+    }
+}
+
+} // namespace velm::outil
