@@ -101,6 +101,7 @@ void Ecrangeneral::garnitselection(const std::function<QString(int)>& texte) {
             {"imprimercritères", Kind::Plain, 9034, true},
             {"envoyercritères", Kind::Plain, 9035, true}},
            texte);
+    volet_->nomme(texte(9028), texte(9029));
     FlexGrid& liste = volet_->flex();
     constexpr int colonnes = 4;
     liste.setCols(colonnes);

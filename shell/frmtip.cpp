@@ -68,6 +68,7 @@ void frmTip::construit(const std::function<QString(int)>& texte, bool coche) {
     texte_->setObjectName(u"lblTipText"_s);
     texte_->setAccessibleName(texte(3000));
     QScrollArea* zone = feuille(texte_, this);
+    zone->setAccessibleName(texte(3000));
 
     auto* case_ = new QCheckBox(texte(3001), this);
     case_->setObjectName(u"chkLoadTipsAtStartup"_s);

@@ -34,6 +34,11 @@ VoletSelection::VoletSelection(QWidget* parent)
     changelargeurpane(largeurusuelle);
 }
 
+void VoletSelection::nomme(const QString& liste, const QString& separateur) {
+    flex_->setAccessibleName(liste);
+    separateurrecherche_->setAccessibleName(separateur);
+}
+
 void VoletSelection::changelargeurpane(double twips) {
     // What is stored may be anything: no panel is wider than the widths that the list knows.
     const double borne = std::isfinite(twips) ? twips : largeurusuelle;

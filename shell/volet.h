@@ -17,6 +17,9 @@ public:
     FlexGrid& flex() const { return *flex_; }
     Toolbar& recherchetoolbar() const { return *recherchetoolbar_; }
 
+    /// What the list and the bar beside it are called where they are spoken.
+    void nomme(const QString& liste, const QString& separateur);
+
     /// Width of the panel, twips: that of the list, at least 60, and 60 more. Stored as the panel's.
     void changelargeurpane(double twips);
     double largeurpane() const { return largeurpane_; }

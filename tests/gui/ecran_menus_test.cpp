@@ -5,6 +5,7 @@
 #include "shell/volet.h"
 #include "tests/gui/ecran_support.h"
 
+#include <QAccessible>
 #include <QContextMenuEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -198,6 +199,24 @@ TEST_F(MenusTest, WhatIsNotBuiltYetStandsInItsPlaceAndIsOff) {
     ASSERT_NE(ejections, nullptr);
     emit ejections->aboutToShow();
     EXPECT_EQ(ejections->actions().size(), 3);
+}
+
+TEST_F(MenusTest, EverythingThatTakesTheFocusHasAnAccessibleName) {
+    demarre(QStringLiteral("CO1"));
+    entree("mselection")->trigger();
+    entree("maide0", 0)->trigger();
+    entree("maide1", 0)->trigger();
+    int vus = 0;
+    for (QWidget* widget : ecran().findChildren<QWidget*>()) {
+        if (!widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus) || qobject_cast<QMdiSubWindow*>(widget))
+            continue;
+        const QAccessibleInterface* pont = QAccessible::queryAccessibleInterface(widget);
+        ASSERT_NE(pont, nullptr);
+        EXPECT_FALSE(pont->text(QAccessible::Name).isEmpty())
+            << widget->metaObject()->className() << ' ' << widget->objectName().toStdString();
+        ++vus;
+    }
+    EXPECT_GT(vus, 10);
 }
 
 TEST_F(MenusTest, TheToolkitsOwnMenusSpeakTheLanguageFromTheFirstWindowOn) {
