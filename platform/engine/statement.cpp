@@ -7,6 +7,7 @@
 #include <QDateTime>
 
 #include <algorithm>
+#include <cstring>
 
 namespace velm::sql {
 namespace {
@@ -19,7 +20,16 @@ Value textValue(const QString& text) {
 }
 
 bool ascii(QByteArrayView bytes) {
-    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    constexpr qsizetype step = sizeof(quint64);
+    const char* p = bytes.begin();
+    quint64 all = 0;
+    for (; bytes.end() - p >= step; p += step) {
+        quint64 word = 0;
+        std::memcpy(&word, p, step);
+        all |= word;
+    }
+    return (all & 0x8080808080808080U) == 0 &&
+           std::all_of(p, bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 } // namespace
