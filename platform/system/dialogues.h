@@ -42,6 +42,8 @@ struct ChoixFichier {
     QString nom;
     /// Put behind a name typed without one when saving, without its point.
     QString extension;
+    /// When saving: asks whether an existing file shall be replaced. False where the caller asks.
+    bool demanderemplacement = true;
 };
 
 class Dialogues {
@@ -58,7 +60,7 @@ public:
 
     /// The chosen path; nothing when the user gave up.
     virtual std::optional<QString> openFile(const ChoixFichier& choix) = 0;
-    /// As before, having asked whether an existing file shall be replaced.
+    /// The same for a file to be written.
     virtual std::optional<QString> saveFile(const ChoixFichier& choix) = 0;
     virtual std::optional<QString> chooseFolder(const QString& titre, const QString& dossier) = 0;
 };

@@ -126,6 +126,7 @@ std::optional<QString> QtDialogues::saveFile(const ChoixFichier& choix) {
     QFileDialog dialog(QApplication::activeWindow(), choix.titre);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !choix.demanderemplacement);
     prepare(dialog, choix);
     return run(dialog);
 }

@@ -1,0 +1,105 @@
+#include "platform/system/courrier.h"
+
+#include "platform/system/files.h"
+
+#include <QFileInfo>
+#include <QObject>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <list>
+#include <utility>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+/// A message on its way. The command may run as long as the mail program does, or hand the message on and end.
+struct Envoi {
+    Envoi() : folder(joinPath(tempFolder(), u"velm2000-XXXXXX")) {}
+
+    QTemporaryDir folder;
+    QProcess process;
+};
+
+} // namespace
+
+struct SystemCourrier::Private {
+    QString command;
+    std::list<Envoi> envois;
+
+    void forget(const Envoi* envoi) {
+        envois.remove_if([envoi](const Envoi& one) { return &one == envoi; });
+    }
+    /// Not while a signal of its process is being handled.
+    void failLater(const Envoi& envoi, const Failed& failed, const QString& told) {
+        const auto fail = [this, which = &envoi, failed, told] {
+            forget(which);
+            failed(Failure::NoMailProgram, told);
+        };
+        QMetaObject::invokeMethod(&context, fail, Qt::QueuedConnection);
+    }
+
+    QObject context; ///< goes first: nothing is heard of a process that is ended with this object
+};
+
+SystemCourrier::SystemCourrier(QString command) : d_(std::make_unique<Private>()) {
+    d_->command = std::move(command);
+}
+
+SystemCourrier::~SystemCourrier() {
+    for (Envoi& envoi : d_->envois) {
+        envoi.process.disconnect(&d_->context);
+        // The command ends; a mail program that it has opened goes on.
+        if (envoi.process.state() != QProcess::NotRunning) {
+            envoi.process.kill();
+            envoi.process.waitForFinished();
+        }
+    }
+}
+
+QStringList SystemCourrier::arguments(const Courriel& courriel, const QString& path) {
+    QStringList list{u"--utf8"_s};
+    // An empty text is a mistake to the command.
+    if (!courriel.subject.isEmpty())
+        list << u"--subject"_s << courriel.subject;
+    if (!courriel.body.isEmpty())
+        list << u"--body"_s << courriel.body;
+    return list << u"--attach"_s << path;
+}
+
+void SystemCourrier::compose(const Courriel& courriel, Failed failed) {
+    const QString program = QStandardPaths::findExecutable(d_->command);
+    if (program.isEmpty()) {
+        failed(Failure::NoMailProgram, {});
+        return;
+    }
+    Envoi& envoi = d_->envois.emplace_back();
+    const QString path = envoi.folder.filePath(QFileInfo(courriel.fileName).fileName());
+    const QString error = envoi.folder.isValid() ? writeWhole(path, courriel.file) : envoi.folder.errorString();
+    if (!error.isEmpty()) {
+        d_->forget(&envoi);
+        failed(Failure::NotWritten, error);
+        return;
+    }
+    QObject::connect(&envoi.process, &QProcess::finished, &d_->context,
+                     [this, &envoi, failed](int code, QProcess::ExitStatus status) {
+                         if (code == 0 && status == QProcess::NormalExit)
+                             return;
+                         const QByteArray told = envoi.process.readAllStandardError();
+                         d_->failLater(envoi, failed, QString::fromLocal8Bit(told).trimmed());
+                     });
+    QObject::connect(&envoi.process, &QProcess::errorOccurred, &d_->context,
+                     [this, &envoi, failed](QProcess::ProcessError what) {
+                         // `finished` tells of the others.
+                         if (what == QProcess::FailedToStart)
+                             d_->failLater(envoi, failed, envoi.process.errorString());
+                     });
+    envoi.process.setStandardInputFile(QProcess::nullDevice());
+    envoi.process.setStandardOutputFile(QProcess::nullDevice());
+    envoi.process.start(program, arguments(courriel, path), QIODevice::ReadOnly);
+}
+
+} // namespace velm
