@@ -1,0 +1,99 @@
+#include "search/dialoguescriteres.h"
+
+#include "platform/system/files.h"
+
+#include <QFile>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+ChoixFichier FichiersCriteres::choix() const {
+    ChoixFichier choix;
+    choix.filtre = texte_(2612) + u"(*.cv2)|*.cv2"_s;
+    choix.extension = u"cv2"_s;
+    return choix;
+}
+
+/// The bytes of a file, or nothing when it cannot be read. Of a file that does not begin as these do only the
+/// beginning is read, however long it is.
+std::optional<QByteArray> FichiersCriteres::lit(const QString& chemin) {
+    const Attente attente(sablier_);
+    QFile fichier(chemin);
+    if (!fileExists(chemin) || !fichier.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    QByteArray octets = fichier.read(FichierCriteres::entete.size() + 2);
+    if (litfichiercriteres(octets))
+        octets += fichier.readAll();
+    if (fichier.error() != QFileDevice::NoError)
+        return std::nullopt;
+    return octets;
+}
+
+std::optional<FichierCriteres> FichiersCriteres::ouvrircriteres(const QString& nom) {
+    QString chemin = nom;
+    if (chemin.isEmpty()) {
+        const std::optional<QString> choisi = dialogues_.openFile(choix());
+        if (!choisi)
+            return std::nullopt;
+        chemin = *choisi;
+        if (chemin.right(4).toUpper() != u".CV2" &&
+            dialogues_.message(texte_(1361) + u" ?"_s, texte_(2615), Icone::Aucune, Bouton::Oui | Bouton::Non) !=
+                Bouton::Oui)
+            return std::nullopt;
+    }
+    const std::optional<QByteArray> octets = lit(chemin);
+    if (!octets) {
+        dialogues_.message(texte_(2620) + u' ' + chemin + u' ' + texte_(2181), texte_(2029), Icone::Stop);
+        return std::nullopt;
+    }
+    std::optional<FichierCriteres> lu = litfichiercriteres(*octets);
+    if (!lu)
+        dialogues_.message(texte_(2615), texte_(601), Icone::Stop);
+    return lu;
+}
+
+bool FichiersCriteres::sauvercriteres(const FichierCriteres& fichier) {
+    ChoixFichier ou = choix();
+    ou.demanderemplacement = false;
+    const std::optional<QString> chemin = dialogues_.saveFile(ou);
+    if (!chemin)
+        return false;
+    if (fileSize(*chemin).value_or(0) != 0 &&
+        dialogues_.message(texte_(2620) + u' ' + *chemin + u' ' + texte_(2621), texte_(2622), Icone::Aucune,
+                           Bouton::Oui | Bouton::Non) != Bouton::Oui)
+        return false;
+    const QString erreur = [&] {
+        const Attente attente(sablier_);
+        return writeWhole(*chemin, ecritcriteres(fichier));
+    }();
+    if (!erreur.isEmpty())
+        dialogues_.message(texte_(9470).arg(erreur), texte_(2622), Icone::Stop);
+    return erreur.isEmpty();
+}
+
+void FichiersCriteres::envoyercriteres(const FichierCriteres& fichier) {
+    if (fichier.lignes.empty())
+        return;
+    const Courriel courriel{{}, u" "_s, u"VELM2000.CV2"_s, ecritcriteres(fichier)};
+    courrier_.compose(courriel, [this](Courrier::Failure echec, const QString& erreur) {
+        if (echec == Courrier::Failure::NotWritten)
+            dialogues_.message(texte_(9470).arg(erreur), texte_(9472), Icone::Stop);
+        else
+            dialogues_.message(texte_(9471), texte_(9472), Icone::Exclamation);
+    });
+}
+
+PublicationFin restitue(const FichierCriteres& fichier, const Atelier& atelier, EtatRecherche& etat) {
+    etat.rechercheactive = false;
+    rendmots(fichier, atelier.liste);
+    atelier.liste.visible = false;
+    rendlignes(fichier, atelier.liste);
+    atelier.curseurattente(textecompte(atelier.liste.lignes(), atelier.texte));
+    const PublicationFin publication = atelier.liste.publie();
+    etat.resultatpresent = publication.resultatpresent;
+    atelier.liste.visible = true;
+    return publication;
+}
+
+} // namespace velm

@@ -1,0 +1,189 @@
+#include "search/fichiercriteres.h"
+
+#include "platform/text/ansi.h"
+#include "platform/text/number.h"
+#include "search/remplacecodes.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+class Ecrivain {
+public:
+    void texte(QStringView ligne) {
+        QString propre = ligne.toString();
+        propre.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
+        octets_ += ansi::encode(propre) + "\r\n";
+    }
+    void nombre(qint64 valeur) { texte(QString::number(valeur)); }
+    void coche(bool valeur) { nombre(valeur ? 1 : 0); }
+    QByteArray octets() { return std::move(octets_); }
+
+private:
+    QByteArray octets_;
+};
+
+class Lecteur {
+public:
+    explicit Lecteur(QByteArrayView octets) : octets_(octets) {}
+
+    bool fini() const { return place_ >= octets_.size(); }
+    QString texte() {
+        const auto* const debut = octets_.begin() + std::min(place_, octets_.size());
+        const auto* const fin = std::find_if(debut, octets_.end(), [](char c) { return c == '\r' || c == '\n'; });
+        place_ = fin - octets_.begin();
+        if (!fini())
+            place_ += octets_.sliced(place_).startsWith("\r\n") ? 2 : 1;
+        return ansi::decode({debut, fin});
+    }
+    int nombre() {
+        constexpr qint64 leplus = std::numeric_limits<int>::max();
+        return static_cast<int>(std::clamp(roundHalfEven(val(texte())), -leplus, leplus));
+    }
+    bool coche() { return nombre() != 0; }
+
+private:
+    QByteArrayView octets_;
+    qsizetype place_ = 0;
+};
+
+QString boutonsentexte(const std::array<bool, nombredecollections>& boutons) {
+    QString texte;
+    for (const bool enfonce : boutons)
+        texte += enfonce ? u'X' : u' ';
+    return texte;
+}
+
+void litonglets(Lecteur& lecteur, FichierCriteres& f) {
+    Criteres& c = f.criteres;
+    f.ongletrecherche = lecteur.nombre();
+    f.Textedico = lecteur.texte();
+    f.checkandordico = lecteur.nombre();
+    f.Combonombredico = lecteur.nombre();
+    f.texterapide = lecteur.texte();
+    f.combonombre = lecteur.nombre();
+    f.combomotcle = lecteur.texte();
+    for (bool& place : c.emplacement)
+        place = lecteur.coche();
+    c.texterech[0] = lecteur.texte();
+    c.motentier[0] = lecteur.coche();
+    c.respectminmaj[0] = lecteur.coche();
+    f.conjonction = lecteur.texte();
+    c.texterech[1] = lecteur.texte();
+    c.motentier[1] = lecteur.coche();
+    c.respectminmaj[1] = lecteur.coche();
+    f.combotype = lecteur.texte();
+    c.textejour = lecteur.texte();
+    c.textemois = lecteur.texte();
+    c.texteannee = lecteur.texte();
+    const QString boutons = lecteur.texte();
+    for (std::size_t i = 0; i < f.boutons.size(); ++i)
+        f.boutons[i] = boutons.mid(static_cast<qsizetype>(i), 1) == u"X";
+}
+
+void litlignes(Lecteur& lecteur, FichierCriteres& f) {
+    const int rows = lecteur.nombre();
+    for (int& champ : f.coldata)
+        champ = lecteur.nombre();
+    for (int rang = 1; rang < rows; ++rang) {
+        FichierCriteres::Ligne ligne;
+        for (QString& cellule : ligne.cellules)
+            cellule = lecteur.texte();
+        // A row of which the file lacks the end is none.
+        if (lecteur.fini())
+            return;
+        ligne.cle = lecteur.texte();
+        f.lignes.push_back(std::move(ligne));
+    }
+}
+
+} // namespace
+
+QByteArray ecritcriteres(const FichierCriteres& f) {
+    const Criteres& c = f.criteres;
+    Ecrivain e;
+    e.texte(FichierCriteres::entete);
+    e.nombre(f.ongletrecherche);
+    e.texte(f.Textedico);
+    e.nombre(f.checkandordico);
+    e.nombre(f.Combonombredico);
+    e.texte(f.texterapide);
+    e.nombre(f.combonombre);
+    e.texte(f.combomotcle);
+    for (const bool place : c.emplacement)
+        e.coche(place);
+    e.texte(c.texterech[0]);
+    e.coche(c.motentier[0]);
+    e.coche(c.respectminmaj[0]);
+    e.texte(f.conjonction);
+    e.texte(c.texterech[1]);
+    e.coche(c.motentier[1]);
+    e.coche(c.respectminmaj[1]);
+    e.texte(f.combotype);
+    e.texte(c.textejour);
+    e.texte(c.textemois);
+    e.texte(c.texteannee);
+    e.texte(boutonsentexte(f.boutons));
+    e.nombre(static_cast<qint64>(f.lignes.size()) + 1);
+    for (const int champ : f.coldata)
+        e.nombre(champ);
+    for (const FichierCriteres::Ligne& ligne : f.lignes) {
+        for (const QString& cellule : ligne.cellules)
+            e.texte(cellule);
+        e.texte(ligne.cle);
+    }
+    return e.octets();
+}
+
+std::optional<FichierCriteres> litfichiercriteres(QByteArrayView octets) {
+    Lecteur lecteur(octets);
+    if (lecteur.texte() != FichierCriteres::entete)
+        return std::nullopt;
+    FichierCriteres f;
+    litonglets(lecteur, f);
+    litlignes(lecteur, f);
+    return f;
+}
+
+void prendlignes(FichierCriteres& f, const ListeSelection& liste) {
+    for (std::size_t colonne = 0; colonne < f.coldata.size(); ++colonne)
+        f.coldata[colonne] = liste.coldata(static_cast<int>(colonne));
+    f.lignes.clear();
+    f.lignes.reserve(static_cast<std::size_t>(liste.lignes()));
+    for (int rang = 1; rang < liste.rows(); ++rang) {
+        FichierCriteres::Ligne ligne;
+        for (std::size_t colonne = 0; colonne < ligne.cellules.size(); ++colonne)
+            ligne.cellules[colonne] = liste.texte(rang, static_cast<int>(colonne));
+        ligne.cle = liste.cle(rang);
+        f.lignes.push_back(std::move(ligne));
+    }
+}
+
+void rendlignes(const FichierCriteres& f, ListeSelection& liste) {
+    liste.vide();
+    for (const FichierCriteres::Ligne& ligne : f.lignes) {
+        std::array<QStringView, ListeSelection::Clef> champs;
+        for (std::size_t colonne = 0; colonne < f.coldata.size(); ++colonne) {
+            if (const int champ = f.coldata[colonne]; champ >= 0 && champ < ListeSelection::Clef)
+                champs[static_cast<std::size_t>(champ)] = ligne.cellules[colonne];
+        }
+        if (liste.ajouteauflex({champs[ListeSelection::Reference], champs[ListeSelection::Numart],
+                                champs[ListeSelection::Titre], champs[ListeSelection::Motcle1],
+                                champs[ListeSelection::Motcle2], champs[ListeSelection::Motcle3], ligne.cle}) != 0)
+            return;
+    }
+}
+
+void rendmots(const FichierCriteres& f, ListeSelection& liste) {
+    if (!f.texterapide.isEmpty())
+        liste.mot1 = remplacecodes(f.texterapide);
+    if (!f.criteres.texterech[0].isEmpty())
+        liste.mot1 = remplacecodes(f.criteres.texterech[0]);
+    liste.mot2 = remplacecodes(f.criteres.texterech[1]);
+}
+
+} // namespace velm
