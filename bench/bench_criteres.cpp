@@ -1,0 +1,123 @@
+// The criteria search through all bodies: on the base that VELM_BASE names, else on an invented collection. Whether
+// that base holds the folded texts shows in the figures; a run on each kind compares them.
+#include "collection/collection.h"
+#include "search/recherchecriteres.h"
+#include "search/typescherches.h"
+
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+#include <cstdlib>
+
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+using namespace velm;
+
+constexpr int documents = 20'000;
+
+class Refuse final : public Dialogues {
+public:
+    using Dialogues::message;
+    Bouton message(const Message&) override { return Bouton::Non; }
+    std::optional<QString> openFile(const ChoixFichier&) override { return std::nullopt; }
+    std::optional<QString> saveFile(const ChoixFichier&) override { return std::nullopt; }
+    std::optional<QString> chooseFolder(const QString&, const QString&) override { return std::nullopt; }
+};
+
+struct Base {
+    Base() {
+        QString chemin = qEnvironmentVariable("VELM_BASE");
+        if (chemin.isEmpty()) {
+            chemin = dossier.filePath(u"velm2000.dat"_s);
+            if (!synthese(optionssynthese(documents), chemin).faite())
+                abandonne();
+        }
+        if (corpus.connecte(chemin) != OpenError::None)
+            abandonne();
+        corpus.ouvretables();
+    }
+    [[noreturn]] static void abandonne() {
+        std::fputs("bench_criteres: no base\n", stderr);
+        std::exit(1);
+    }
+
+    QTemporaryDir dossier;
+    Corpus corpus;
+    ListeSelection selection{[](int) { return QString(); }};
+    SablierMuet sablier;
+    Refuse dialogues;
+    Cession cession;
+    Atelier atelier{
+        corpus, selection, sablier, dialogues, cession, [](int) { return QString(); }, [](const QString&) {}};
+    EtatRecherche etat;
+};
+
+std::unique_ptr<Base> commune;
+
+enum Facon { Simple, Casse, Entier };
+
+void corps(benchmark::State& state, const QString& texte, Facon facon) {
+    Criteres criteres;
+    criteres.texterech[0] = texte;
+    criteres.emplacement = {false, true, false};
+    criteres.respectminmaj[0] = facon == Casse;
+    criteres.motentier[0] = facon == Entier;
+    RechercheCriteres recherche(commune->atelier, {});
+    ResultatCriteres resultat;
+    for ([[maybe_unused]] auto _ : state)
+        resultat = recherche.cherche(criteres, {}, touteslettres(), commune->etat);
+    state.counters["rows"] = static_cast<double>(resultat.hits);
+    state.counters["seen"] = static_cast<double>(resultat.vus);
+}
+
+void mesure(const char* nom, const QString& texte, Facon facon) {
+    benchmark::RegisterBenchmark(nom, [texte, facon](benchmark::State& state) { corps(state, texte, facon); })
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime();
+}
+
+void touslesdocuments(benchmark::State& state) {
+    Criteres criteres;
+    RechercheCriteres recherche(commune->atelier, {});
+    ResultatCriteres resultat;
+    for ([[maybe_unused]] auto _ : state)
+        resultat = recherche.cherche(criteres, {}, touteslettres(), commune->etat);
+    state.counters["rows"] = static_cast<double>(resultat.hits);
+}
+BENCHMARK(touslesdocuments)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// The bodies of the rows of the list, of which most go.
+void affine(benchmark::State& state) {
+    Criteres tous;
+    Criteres criteres;
+    criteres.texterech[0] = u"garantie"_s;
+    criteres.emplacement = {false, true, false};
+    RechercheCriteres recherche(commune->atelier, {});
+    ResultatCriteres resultat;
+    for ([[maybe_unused]] auto _ : state) {
+        state.PauseTiming();
+        recherche.cherche(tous, {}, touteslettres(), commune->etat);
+        state.ResumeTiming();
+        resultat = recherche.affine(criteres, {}, commune->etat);
+    }
+    state.counters["rows"] = static_cast<double>(resultat.hits);
+    state.counters["seen"] = static_cast<double>(resultat.vus);
+}
+BENCHMARK(affine)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    commune = std::make_unique<Base>();
+    mesure("commun", u"consommateur"_s, Simple);
+    mesure("phrase", u"le consommateur"_s, Simple);
+    mesure("casse", u"consommateur"_s, Casse);
+    mesure("motentier", u"consommateur"_s, Entier);
+    mesure("rare", u"clauses abusives"_s, Simple);
+    mesure("absent", u"zyxwvut"_s, Simple);
+    benchmark::RunSpecifiedBenchmarks();
+    commune.reset();
+    return 0;
+}
