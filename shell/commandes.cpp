@@ -167,10 +167,7 @@ void Commandes::changeunefenetre(bool une) {
 }
 
 void Commandes::montreselection(bool montree) {
-    ecran_.montreselection(montree);
-    if (!montree)
-        programme_.videcompte();
-    bureau_.majdispositions();
+    programme_.montreselection(montree);
 }
 
 } // namespace velm

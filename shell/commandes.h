@@ -24,7 +24,7 @@ public:
         std::function<void()> astuce;
         std::function<void()> apropos;
         std::function<void()> partenaires;
-        std::function<void()> videcompte; ///< empties the status panel of the list
+        std::function<void(bool visible)> montreselection; ///< shows or hides the panel of the selection list
     };
 
     Commandes(Ecrangeneral& ecran, Bureau& bureau, EtatBarres& barres, Reglages& reglages, PressePapiers& pressepapiers,

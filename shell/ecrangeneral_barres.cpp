@@ -1,7 +1,6 @@
 // What stands on the frame's bars.
 #include "core/cle.h"
 #include "platform/widgets/childarea.h"
-#include "platform/widgets/flexgrid.h"
 #include "platform/widgets/toolbar.h"
 #include "shell/ecrangeneral.h"
 #include "shell/volet.h"
@@ -102,11 +101,6 @@ void Ecrangeneral::garnitselection(const std::function<QString(int)>& texte) {
             {"envoyercritères", Kind::Plain, 9035, true}},
            texte);
     volet_->nomme(texte(9028), texte(9029));
-    FlexGrid& liste = volet_->flex();
-    constexpr int colonnes = 4;
-    liste.setCols(colonnes);
-    for (int colonne = 0; colonne < colonnes; ++colonne)
-        liste.setHeader(colonne, texte(300 + colonne));
 }
 
 } // namespace velm

@@ -5,6 +5,7 @@
 #include "shell/bureau.h"
 #include "shell/commandes.h"
 #include "shell/ecrangeneral.h"
+#include "shell/selection.h"
 #include "shell/splash.h"
 
 #include <QCoreApplication>

@@ -29,6 +29,7 @@ namespace velm {
 class Bureau;
 class Commandes;
 class Ecrangeneral;
+class Selection;
 class Textes;
 class frmSplash;
 
@@ -71,6 +72,7 @@ public:
 
     Ecrangeneral* ecran() const { return ecran_.get(); }
     Bureau& bureau() const { return *bureau_; }
+    Selection& selection() const { return *selection_; }
     Commandes& commandes() const { return *commandes_; }
     Textes* fenetre(int indice) const;
     Seance& seance() { return seance_; }
@@ -132,6 +134,7 @@ private:
     std::unique_ptr<frmSplash> accueil_;
     std::unique_ptr<Ecrangeneral> ecran_;
     std::unique_ptr<Bureau> bureau_;
+    std::unique_ptr<Selection> selection_;
     std::unique_ptr<Commandes> commandes_;
 };
 

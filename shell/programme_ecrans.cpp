@@ -4,7 +4,6 @@
 #include "document/ui/textes.h"
 #include "platform/system/systeminfo.h"
 #include "platform/widgets/childarea.h"
-#include "platform/widgets/statusbar.h"
 #include "shell/bureau.h"
 #include "shell/commandes.h"
 #include "shell/ecrangeneral.h"
@@ -12,6 +11,7 @@
 #include "shell/frmtip.h"
 #include "shell/menus.h"
 #include "shell/programme.h"
+#include "shell/selection.h"
 #include "shell/splash.h"
 #include "shell/sponsor.h"
 #include "shell/volet.h"
@@ -93,6 +93,8 @@ QString Programme::chargeprincipale() {
     bureau_->sansmemoire = [this] {
         monde_.dialogues.message(qt_error_string(ENOMEM), langue_.lireressource(8), Icone::Exclamation);
     };
+    selection_ = std::make_unique<Selection>(
+        *ecran_, *bureau_, Selection::Monde{corpus_, reglages_, monde_.sablier, monde_.dialogues, texte});
     chargecommandes();
     ecran_->place(seance_.positionprincipale());
     const Preferences& preferences = seance_.preferences();
@@ -124,7 +126,7 @@ void Programme::chargecommandes() {
     autour.astuce = [this] { astuce(); };
     autour.apropos = [this] { montreapropos(); };
     autour.partenaires = [this] { montrepartenaires(); };
-    autour.videcompte = [this] { ecran_->barreetat().setPanelText(QStringLiteral("wait"), QString()); };
+    autour.montreselection = [this](bool visible) { selection_->affichemenuselection(visible); };
     commandes_ = std::make_unique<Commandes>(*ecran_, *bureau_, barres_, reglages_, monde_.pressepapiers, autour);
     const bool une = seance_.parametres().multifenetre != 0;
     bureau_->navigation().changeunefenetre(une);

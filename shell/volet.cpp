@@ -8,21 +8,18 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace velm {
 
 namespace {
 
-constexpr int largeurminimale = 60;
-constexpr int bordure = 60;
 constexpr int largeurusuelle = 4305;
 
 } // namespace
 
 VoletSelection::VoletSelection(QWidget* parent)
     : QWidget(parent), recherchetoolbar_(new Toolbar(this)), flex_(new FlexGrid(this)),
-      separateurrecherche_(new SplitterBar(Qt::Vertical, this)) {
+      separateurrecherche_(new SplitterBar(Qt::Vertical, this)), largeur_(largeurusuelle) {
     setObjectName(QStringLiteral("picturesélection"));
     recherchetoolbar_->setObjectName(QStringLiteral("recherchetoolbar"));
     recherchetoolbar_->setImages(icon);
@@ -40,21 +37,18 @@ void VoletSelection::nomme(const QString& liste, const QString& separateur) {
 }
 
 void VoletSelection::changelargeurpane(double twips) {
-    // What is stored may be anything: no panel is wider than the widths that the list knows.
-    const double borne = std::isfinite(twips) ? twips : largeurusuelle;
-    changelargeurliste(
-        static_cast<int>(std::clamp(borne - bordure, 0.0, static_cast<double>(std::numeric_limits<qint16>::max()))));
+    // What is stored may be anything.
+    largeur_ = LargeurVolet(std::isfinite(twips) ? twips : largeurusuelle);
+    ajustepane();
 }
 
 void VoletSelection::changelargeurliste(int twips) {
-    largeurliste_ = std::min<int>(twips, std::numeric_limits<qint16>::max());
+    largeur_.changelargeurliste(twips);
     ajustepane();
 }
 
 void VoletSelection::ajustepane() {
-    largeurliste_ = std::max(largeurliste_, largeurminimale);
-    largeurpane_ = largeurliste_ + bordure;
-    setFixedWidth(std::max(pixelsFromTwips(static_cast<int>(largeurpane_)), SplitterBar::thickness));
+    setFixedWidth(std::max(pixelsFromTwips(static_cast<int>(largeur_.largeurpane())), SplitterBar::thickness));
     dispose();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 // The selection panel at the left of the frame: the place of the result list, and the bar that resizes it.
+#include "search/largeurvolet.h"
+
 #include <QWidget>
 
 namespace velm {
@@ -22,10 +24,10 @@ public:
 
     /// Width of the panel, twips: that of the list, at least 60, and 60 more. Stored as the panel's.
     void changelargeurpane(double twips);
-    double largeurpane() const { return largeurpane_; }
+    double largeurpane() const { return largeur_.largeurpane(); }
     /// Width of the list, twips.
     void changelargeurliste(int twips);
-    int largeurliste() const { return largeurliste_; }
+    int largeurliste() const { return largeur_.largeurliste(); }
 
 protected:
     void resizeEvent(QResizeEvent* evenement) override;
@@ -37,8 +39,7 @@ private:
     Toolbar* recherchetoolbar_;
     FlexGrid* flex_;
     SplitterBar* separateurrecherche_;
-    int largeurliste_ = 0;
-    double largeurpane_ = 0;
+    LargeurVolet largeur_;
 };
 
 } // namespace velm

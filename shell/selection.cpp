@@ -1,0 +1,289 @@
+#include "shell/selection.h"
+
+#include "core/cle.h"
+#include "core/reglages.h"
+#include "platform/widgets/flexgrid.h"
+#include "platform/widgets/statusbar.h"
+#include "platform/widgets/toolbar.h"
+#include "search/recherchedico.h"
+#include "search/selectionoutil.h"
+#include "shell/bureau.h"
+#include "shell/ecrangeneral.h"
+#include "shell/volet.h"
+
+#include <QCoreApplication>
+#include <QMenu>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+Selection::Selection(Ecrangeneral& ecran, Bureau& bureau, const Monde& monde)
+    : ecran_(ecran), bureau_(bureau), monde_(monde), liste_(monde.texte),
+      cession_([] { QCoreApplication::processEvents(); }),
+      atelier_{
+          monde.corpus, liste_, monde.sablier, monde.dialogues, cession_, monde.texte, [this](const QString& etat) {
+              ecran_.barreetat().setPanelText(u"wait"_s, etat);
+          }} {
+    litcolonnes();
+    prepareflex();
+    construitmenu();
+    barre().setButtonEnabled(u"regrouper"_s, true);
+    connect(&barre(), &Toolbar::buttonClicked, this, &Selection::clicbarre);
+    montrelignes();
+}
+
+Selection::~Selection() {
+    // The grid reads the rows here.
+    flex().setSource(nullptr);
+}
+
+FlexGrid& Selection::flex() const {
+    return ecran_.picturesselection().flex();
+}
+
+Toolbar& Selection::barre() const {
+    return ecran_.picturesselection().recherchetoolbar();
+}
+
+// ---- the form's side
+
+void Selection::commence() {
+    if (++remplissages_ > 1)
+        return;
+    flex().setRedraw(false);
+    flex().hide();
+}
+
+void Selection::acheve() {
+    if (--remplissages_ == 0)
+        montrelignes();
+}
+
+void Selection::montrelignes() {
+    for (int colonne = 0; colonne < ListeSelection::colonnesvisibles; ++colonne) {
+        const ListeSelection::Marque marque = liste_.marque(colonne);
+        flex().setSortMark(colonne, marque == ListeSelection::Marque::Ascendante    ? FlexGrid::Mark::Ascending
+                                    : marque == ListeSelection::Marque::Descendante ? FlexGrid::Mark::Descending
+                                                                                    : FlexGrid::Mark::None);
+    }
+    flex().setRedraw(true);
+    montreselection();
+    if (liste_.row() == 0)
+        flex().setTopRow(1);
+    flex().setVisible(liste_.visible);
+}
+
+void Selection::publie(const PublicationFin& fin) {
+    for (const QString& cle :
+         {u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s, u"envoyercritères"_s})
+        barre().setButtonEnabled(cle, fin.resultatpresent);
+    barre().setButtonEnabled(u"ouvrircritères"_s, fin.ouvrircriteres);
+    emit publiee(fin);
+}
+
+void Selection::formulairevisible(bool visible) {
+    barre().setValue(u"affichercritères"_s, visible);
+    barre().setToolTip(u"affichercritères"_s, texte(infobullecriteres(visible)));
+}
+
+void Selection::montreliste() {
+    ecran_.montreselection(true);
+    bureau_.majdispositions();
+}
+
+// ---- the panel
+
+void Selection::affichemenuselection(bool visible) {
+    ecran_.montreselection(visible);
+    if (!visible)
+        atelier_.curseurattente(QString());
+    if (!visible || !liste_.visible)
+        emit criteresvoulus(visible);
+    bureau_.majdispositions();
+}
+
+void Selection::clicbarre(const QString& cle) {
+    if (cle == u"affichercritères")
+        emit criteresvoulus(barre().value(cle));
+    else if (cle == u"regrouper")
+        regroupe();
+    else if (cle == u"suivantrecherche")
+        suivantrecherche();
+    else if (cle == u"précédentrecherche")
+        precedentrecherche();
+}
+
+void Selection::regroupe() {
+    const bool enfonce = barre().value(u"regrouper"_s);
+    flex().setMergeCells(enfonce);
+    barre().setToolTip(u"regrouper"_s, texte(infobulleregrouper(enfonce)));
+}
+
+// ---- the grid
+
+void Selection::prepareflex() {
+    FlexGrid& grille = flex();
+    constexpr int pointsdestitres = 10;
+    grille.setRedraw(false);
+    grille.setCols(ListeSelection::colonnes);
+    grille.setHeaderFontSize(pointsdestitres);
+    grille.setColumnsMovable(true);
+    // The source knows its columns by their first places: they are made there and then moved.
+    const ListeSelection premiere(monde_.texte);
+    for (int colonne = 0; colonne < ListeSelection::colonnes; ++colonne) {
+        grille.setColData(colonne, premiere.coldata(colonne));
+        grille.setHeader(colonne, premiere.entete(colonne));
+        grille.setColAlignment(colonne, FlexGrid::Align::Left);
+        grille.setHeaderAlignment(colonne, FlexGrid::Align::Centre);
+    }
+    for (int place = 0; place < ListeSelection::colonnesvisibles; ++place) {
+        int ici = place;
+        while (grille.colData(ici) != liste_.coldata(place))
+            ++ici;
+        grille.setColPosition(ici, place);
+    }
+    for (int colonne = 0; colonne < ListeSelection::colonnes; ++colonne)
+        grille.setColWidth(colonne, liste_.largeur(colonne));
+    grille.setSource(liste_.source());
+    connect(&grille, &FlexGrid::columnMoved, this, [this](int de, int vers) { liste_.deplacecolonne(de, vers); });
+    connect(&grille, &FlexGrid::doubleClicked, this, [this](int ligne, int colonne) {
+        if (ligne == 0)
+            trie(colonne);
+        else
+            ouvre();
+    });
+    connect(&grille, &FlexGrid::activated, this, &Selection::ouvre);
+    connect(&grille, &FlexGrid::deletePressed, this, &Selection::supprime);
+    connect(&grille, &FlexGrid::rightClicked, this, [this](int, int, const QPoint& ou) {
+        if (flex().row() > 0)
+            menu_->popup(ou);
+    });
+}
+
+void Selection::construitmenu() {
+    menu_ = new QMenu(&ecran_.picturesselection());
+    menu_->setObjectName(u"ContextMenu"_s);
+    const auto entree = [this](const QString& nom, int numero) {
+        QAction* action = menu_->addAction(texte(numero));
+        action->setObjectName(nom);
+        return action;
+    };
+    connect(entree(u"ContextMenuOuvrir"_s, 9018), &QAction::triggered, this, &Selection::ouvre);
+    connect(entree(u"ContextMenuSuppress"_s, 9019), &QAction::triggered, this, &Selection::supprime);
+    entree(u"ContextMenuPrint"_s, 9020)->setEnabled(false);
+}
+
+void Selection::litcolonnes() {}
+
+void Selection::ecritcolonnes() {}
+
+void Selection::suitselection() {
+    liste_.choisit(flex().row(), flex().rowSel());
+}
+
+void Selection::montreselection() {
+    flex().setRow(liste_.row());
+    if (liste_.rowsel() != liste_.row())
+        flex().setRowSel(liste_.rowsel());
+}
+
+void Selection::trie(int colonne) {
+    if (remplissages_ > 0)
+        return;
+    const Attente attente(monde_.sablier);
+    suitselection();
+    flex().sort(colonne, flex().sortMark(colonne) == FlexGrid::Mark::Ascending);
+    montreselection();
+}
+
+void Selection::ouvre() {
+    if (remplissages_ > 0)
+        return;
+    suitselection();
+    const auto [premiere, derniere] = liste_.rangschoisis();
+    QStringList cles;
+    for (int rang = std::max(premiere, 1); rang <= derniere; ++rang)
+        cles << liste_.cle(rang);
+    for (const QString& cle : std::as_const(cles))
+        ouvrecle(cle);
+}
+
+void Selection::ouvrecle(const QString& cle) {
+    bureau_.navigation().navigue(u"TA"_s + cle, true);
+}
+
+void Selection::supprime() {
+    if (remplissages_ > 0 || flex().row() < 1)
+        return;
+    suitselection();
+    flex().setRedraw(false);
+    liste_.supprimeselection();
+    flex().setRedraw(true);
+    montreselection();
+    atelier_.curseurattente(textecompte(liste_.lignes(), monde_.texte));
+}
+
+void Selection::suivantrecherche() {
+    if (remplissages_ > 0)
+        return;
+    suitselection();
+    if (!liste_.suivantrecherche())
+        return;
+    montreselection();
+    ouvre();
+}
+
+void Selection::precedentrecherche() {
+    if (remplissages_ > 0)
+        return;
+    suitselection();
+    if (!liste_.precedentrecherche())
+        return;
+    montreselection();
+    ouvre();
+}
+
+// ---- lists that come from elsewhere
+
+void Selection::remplit(const QStringList& cles) {
+    {
+        const Remplissage remplissage(*this);
+        commenceliste(atelier_);
+        Recordset& donnees = monde_.corpus.donnees();
+        donnees.setIndex(u"primarykey"_s);
+        for (const QString& cle : cles) {
+            const auto [code, numero] = decoupecle(cle);
+            donnees.seek(Seek::Equal, code, numero);
+            if (!donnees.noMatch() && ajoutedocument(liste_, donnees) != 0)
+                break;
+        }
+        publie(finitliste(atelier_, etat_));
+        atelier_.curseurattente(textecompte(liste_.lignes(), monde_.texte));
+    }
+    montreliste();
+}
+
+void Selection::cherchedans(QStringView code, const QString& mots, const std::function<void(const QString&)>& ligne) {
+    const Remplissage remplissage(*this);
+    const ResultatDico resultat = RechercheDico(atelier_, ligne).cherche(DemandeDico::defenetre(mots, code), etat_);
+    publie(resultat.fin);
+    if (resultat.fin.resultatpresent)
+        montreliste();
+    else
+        ecran_.montreselection(false);
+}
+
+bool Selection::prenddoutil(const QString& dossiertemporaire) {
+    const Remplissage remplissage(*this);
+    const auto resultat = remplitdepuisoutil(fichierselection(dossiertemporaire), atelier_, etat_);
+    if (!resultat)
+        return false;
+    publie(resultat->fin);
+    VoletSelection& volet = ecran_.picturesselection();
+    volet.changelargeurliste(std::max(volet.largeurliste(), LargeurVolet::minimumoutil));
+    montreliste();
+    return true;
+}
+
+} // namespace velm
