@@ -1,9 +1,11 @@
 #pragma once
 // Doubles of the outside world: they record what was asked of it and answer as told.
+#include "platform/system/courrier.h"
 #include "platform/system/drives.h"
 #include "platform/system/outside.h"
 #include "platform/system/process.h"
 
+#include <optional>
 #include <vector>
 
 namespace velm::test {
@@ -48,6 +50,20 @@ public:
     bool openFile(const QString& path) override {
         files.append(path);
         return works;
+    }
+};
+
+class CourrierScript final : public Courrier {
+public:
+    std::vector<Courriel> mails;
+    /// What goes wrong, if anything does.
+    std::optional<Failure> failure;
+    QString error;
+
+    void compose(const Courriel& courriel, Failed failed) override {
+        mails.push_back(courriel);
+        if (failure)
+            failed(*failure, error);
     }
 };
 
