@@ -6,6 +6,7 @@
 #include <QActionGroup>
 #include <QContextMenuEvent>
 #include <QHash>
+#include <QLayout>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMouseEvent>
@@ -77,6 +78,10 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent), d_(std::make_unique<Privat
     setFloatable(false);
     setIconSize({iconSide, iconSide});
     setToolButtonStyle(Qt::ToolButtonIconOnly);
+    connect(this, &QToolBar::orientationChanged, this, [this] {
+        for (const Private::Button& button : d_->buttons)
+            alignButton(button.key);
+    });
 }
 
 Toolbar::~Toolbar() = default;
@@ -113,6 +118,13 @@ void Toolbar::addButton(const QString& key, Kind kind, const QString& image) {
     }
     if (kind == Kind::DropDown)
         addMenu(key, *action);
+    alignButton(key);
+}
+
+void Toolbar::alignButton(const QString& key) {
+    // On an upright bar the arrows of drop-downs stand beside the column of pictures, and do not push theirs out of it.
+    if (QToolButton* button = widget(key))
+        layout()->setAlignment(button, orientation() == Qt::Vertical ? Qt::AlignLeft : Qt::Alignment());
 }
 
 void Toolbar::addMenu(const QString& key, QAction& action) {

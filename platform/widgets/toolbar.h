@@ -83,6 +83,7 @@ protected:
 
 private:
     void addMenu(const QString& key, QAction& action);
+    void alignButton(const QString& key);
     void fillMenu(const QString& key, QMenu& menu);
     bool hasEntries(const QToolButton& button) const;
     bool opensNothing(const QToolButton& button, const QPoint& position) const;

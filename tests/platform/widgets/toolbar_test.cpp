@@ -1,18 +1,8 @@
-#include "platform/widgets/toolbar.h"
-#include "tests/support/eventually.h"
+#include "tests/platform/widgets/toolbar_support.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QContextMenuEvent>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMenu>
 #include <QSignalSpy>
-#include <QTest>
 #include <QTimer>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
 
 namespace velm {
 
@@ -20,52 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-class ToolbarTest : public testing::Test {
-protected:
-    ToolbarTest() : bar(new Toolbar(&frame)), field(new QLineEdit(&frame)) {
-        frame.setCentralWidget(field);
-        frame.resize(600, 400);
-        bar->setImages([this](const QString& name) {
-            asked.push_back(name);
-            QPixmap picture(20, 20);
-            picture.fill(name == u"rouge" ? Qt::red : Qt::blue);
-            return QIcon(picture);
-        });
-        bar->addButton(u"Précédent"_s, Toolbar::Kind::DropDown, u"rouge"_s);
-        bar->addButton(u"filet"_s, Toolbar::Kind::Separator);
-        bar->addButton(u"Imprimer"_s, Toolbar::Kind::Plain, u"bleu"_s);
-        bar->addButton(u"Rechercher"_s, Toolbar::Kind::Check);
-        bar->addButton(u"arbre"_s, Toolbar::Kind::Group);
-        bar->addButton(u"tableau"_s, Toolbar::Kind::Group);
-        bar->addButton(u"recherchedico"_s, Toolbar::Kind::Group);
-        bar->addButton(u"abc"_s, Toolbar::Kind::Check);
-        bar->addButton(u"barrehoriz"_s, Toolbar::Kind::Group);
-        bar->addButton(u"barreverti"_s, Toolbar::Kind::Group);
-        bar->dock(frame, 1);
-    }
-
-    void showFrame() {
-        frame.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&frame));
-        frame.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&frame));
-    }
-    void click(const QString& key) {
-        QToolButton* button = bar->widget(key);
-        QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
-    }
-    /// The entries of a drop-down as they are shown.
-    QMenu* opened(const QString& key) {
-        QMenu* menu = bar->menu(key);
-        menu->popup({});
-        return menu;
-    }
-
-    QMainWindow frame;
-    Toolbar* bar;
-    QLineEdit* field;
-    std::vector<QString> asked;
-};
+using ToolbarTest = test::ToolbarTest;
 
 QStringList texts(const QMenu& menu) {
     QStringList all;
@@ -296,93 +241,6 @@ TEST_F(ToolbarTest, TheArrowOpensTheMenuAndAKeyToo) {
     QTest::keyClick(button, Qt::Key_Down);
     EXPECT_EQ(shown.count(), 2);
     EXPECT_EQ(chosen.count(), 2);
-}
-
-// ---- the bar
-
-TEST_F(ToolbarTest, ABarDocksAtAnEdgeByItsNumber) {
-    showFrame();
-    const std::vector<std::pair<int, Qt::ToolBarArea>> edges{
-        {2, Qt::BottomToolBarArea}, {3, Qt::LeftToolBarArea}, {4, Qt::RightToolBarArea}, {1, Qt::TopToolBarArea}};
-    for (const auto& [position, edge] : edges) {
-        bar->dock(frame, position);
-        EXPECT_EQ(frame.toolBarArea(bar), edge);
-        EXPECT_EQ(bar->dockedAt(), position);
-        EXPECT_TRUE(bar->isVisible());
-        EXPECT_EQ(bar->orientation(), position > 2 ? Qt::Vertical : Qt::Horizontal);
-    }
-}
-
-TEST_F(ToolbarTest, AHiddenBarKeepsItsEdge) {
-    showFrame();
-    bar->dock(frame, 3);
-    bar->dock(frame, 0);
-    EXPECT_FALSE(bar->isVisible());
-    EXPECT_EQ(bar->dockedAt(), 0);
-    EXPECT_EQ(frame.toolBarArea(bar), Qt::LeftToolBarArea);
-    bar->dock(frame, 5);
-    bar->dock(frame, -1);
-    EXPECT_EQ(bar->dockedAt(), 0);
-    bar->dock(frame, 1);
-    EXPECT_TRUE(bar->isVisible());
-    EXPECT_EQ(frame.toolBarArea(bar), Qt::TopToolBarArea);
-}
-
-TEST_F(ToolbarTest, TheUserCannotDragABarAway) {
-    EXPECT_FALSE(bar->isMovable());
-    EXPECT_FALSE(bar->isFloatable());
-}
-
-TEST_F(ToolbarTest, ARightClickIsToldAndTheFramesOwnMenuStaysAway) {
-    showFrame();
-    const QSignalSpy told(bar, &Toolbar::rightClicked);
-    for (QWidget* target : {static_cast<QWidget*>(bar->widget(u"Imprimer"_s)), static_cast<QWidget*>(bar)}) {
-        QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, target->mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(target, &event);
-        EXPECT_TRUE(event.isAccepted());
-    }
-    EXPECT_EQ(told.count(), 2);
-    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-}
-
-TEST_F(ToolbarTest, WhatDoesNotFitStaysReachable) {
-    frame.resize(130, 200);
-    showFrame();
-    EXPECT_FALSE(bar->widget(u"barreverti"_s)->isVisible());
-    auto* more = bar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
-    ASSERT_NE(more, nullptr);
-    EXPECT_TRUE(more->isVisible());
-}
-
-TEST_F(ToolbarTest, TheTabKeyReachesABarOnceAndTheArrowsWalkIt) {
-    showFrame();
-    bar->widget(u"Précédent"_s)->setFocus();
-    const auto focused = [] { return QApplication::focusWidget()->objectName(); };
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
-    EXPECT_EQ(focused(), u"Imprimer");
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
-    EXPECT_EQ(focused(), u"barreverti");
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
-    EXPECT_EQ(focused(), u"barreverti");
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
-    EXPECT_EQ(focused(), u"barrehoriz");
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    EXPECT_EQ(QApplication::focusWidget(), field);
-    QTest::keyClick(field, Qt::Key_Backtab);
-    EXPECT_EQ(focused(), u"barrehoriz");
-    bar->setButtonEnabled(u"barrehoriz"_s, false);
-    field->setFocus();
-    QTest::keyClick(field, Qt::Key_Backtab);
-    EXPECT_EQ(focused(), u"Précédent");
-}
-
-TEST_F(ToolbarTest, BarsAreEquallyHighWhateverTheirButtons) {
-    auto* other = new Toolbar(&frame);
-    other->addButton(u"seul"_s, Toolbar::Kind::Plain, u"bleu"_s);
-    other->dock(frame, 2);
-    showFrame();
-    EXPECT_EQ(other->height(), bar->height());
-    EXPECT_EQ(other->widget(u"seul"_s)->height(), bar->widget(u"Précédent"_s)->height());
 }
 
 } // namespace velm
