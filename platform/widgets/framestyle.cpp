@@ -226,6 +226,12 @@ void FrameStyle::drawControl(ControlElement element, const QStyleOption* option,
         QProxyStyle::drawControl(element, option, painter, widget);
         return;
     }
+    if (item->menuItemType == QStyleOptionMenuItem::Separator && item->text.isEmpty()) {
+        const QRect rect = item->rect;
+        painter->fillRect(rect.left() + look::grid, rect.center().y(), rect.width() - 2 * look::grid, 1,
+                          quietLine(item->palette));
+        return;
+    }
     // A tint under the chosen entry, so that its picture stays as legible as its words.
     QStyleOptionMenuItem quiet = *item;
     quiet.palette.setColor(QPalette::Highlight, surface(item->palette, true));

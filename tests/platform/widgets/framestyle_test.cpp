@@ -3,7 +3,7 @@
 
 #include <QPainter>
 #include <QStyleFactory>
-#include <QStyleOptionTitleBar>
+#include <QStyleOption>
 
 #include <gtest/gtest.h>
 
@@ -75,6 +75,19 @@ TEST_P(FrameStyleTest, ThinLinesAreSeen) {
     QImage picture(2, 1, QImage::Format_RGB32);
     picture.setPixelColor(0, 0, palette.color(QPalette::Window));
     picture.setPixelColor(1, 0, quietLine(palette));
+    EXPECT_GE(contrast(picture), 1.3);
+}
+
+TEST_P(FrameStyleTest, TheLinesBetweenMenuEntriesAreSeen) {
+    QStyleOptionMenuItem option;
+    option.rect = QRect(0, 0, 100, 7);
+    option.palette = look::palette(GetParam());
+    option.menuItemType = QStyleOptionMenuItem::Separator;
+    QImage picture(100, 7, QImage::Format_RGB32);
+    picture.fill(option.palette.color(QPalette::Base));
+    QPainter painter(&picture);
+    style.drawControl(QStyle::CE_MenuItem, &option, &painter);
+    painter.end();
     EXPECT_GE(contrast(picture), 1.3);
 }
 
