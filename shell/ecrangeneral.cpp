@@ -20,6 +20,7 @@
 #include <QMenuBar>
 #include <QRegion>
 #include <QScreen>
+#include <QToolButton>
 #include <QWindow>
 
 namespace velm {
@@ -145,6 +146,15 @@ void Ecrangeneral::peintfond() {
     aire_->setBack(image, couleur);
 }
 
+void Ecrangeneral::posepointeurs() {
+    const qreal densite = devicePixelRatioF();
+    aire_->viewport()->setCursor(iconCursor(QStringLiteral("Curseur1"), densite));
+    for (const Barre barre : toutesbarres) {
+        for (QToolButton* bouton : de(barre).findChildren<QToolButton*>())
+            bouton->setCursor(iconCursor(QStringLiteral("Pointeur"), densite));
+    }
+}
+
 void Ecrangeneral::montreselection(bool montree) {
     volet_->setVisible(montree);
     barrecommande_->setValue(QStringLiteral("Rechercher"), montree);
@@ -175,6 +185,8 @@ void Ecrangeneral::montre() {
     // The ground is drawn for the size and the density of one screen.
     winId();
     connect(windowHandle(), &QWindow::screenChanged, this, &Ecrangeneral::peintfond, Qt::UniqueConnection);
+    connect(windowHandle(), &QWindow::screenChanged, this, &Ecrangeneral::posepointeurs, Qt::UniqueConnection);
+    posepointeurs();
     switch (etat_) {
     case Agrandi:
         showMaximized();

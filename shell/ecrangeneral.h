@@ -76,6 +76,7 @@ private:
     void garnitselection(const std::function<QString(int)>& texte);
     Toolbar& de(Barre barre) const;
     void peintfond();
+    void posepointeurs();
     /// Key of a slot's button: the code, or "Index" for the last, which has no collection.
     static QString clebouton(int indice);
 

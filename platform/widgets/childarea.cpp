@@ -40,6 +40,9 @@ QMdiSubWindow* ChildArea::add(QWidget* child) {
     if (QMdiSubWindow* known = around(child))
         return known;
     child->hide();
+    // The ground may have a pointer of its own, which is not that of the windows on it.
+    if (!child->testAttribute(Qt::WA_SetCursor))
+        child->setCursor(Qt::ArrowCursor);
     QMdiSubWindow* window = addSubWindow(child);
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->hide(); // in so many words, or it would appear with the area

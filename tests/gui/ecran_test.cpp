@@ -177,66 +177,21 @@ TEST_F(EcranTest, OneWindowModeIsWrittenAtOnce) {
     EXPECT_EQ(programme->bureau().fenetres().size(), 2u);
 }
 
-TEST_F(EcranTest, TheGroundTakesPictureAndColour) {
-    regle(u"GENERALITES", u"FONDNO", QStringLiteral("2"));
-    demarre(QString());
-    EXPECT_FALSE(ecran().aire().backPicture().isNull());
-    EXPECT_EQ(ecran().aire().backColour(), QColor(0xF7, 0xF1, 0xDB));
-    ecran().placefond({-1, {}});
-    EXPECT_TRUE(ecran().aire().backPicture().isNull());
-    EXPECT_EQ(ecran().aire().backColour(), QColor(0xF7, 0xF1, 0xDB));
-    ecran().placefond(*velm::fondecran(5, 0x0000FF));
-    EXPECT_EQ(ecran().aire().backColour(), QColor(0xFF, 0, 0));
-}
-
-TEST_F(EcranTest, WithoutAGroundThereIsNoPicture) {
-    regle(u"GENERALITES", u"FOND", QStringLiteral("0"));
-    demarre(QString());
-    EXPECT_TRUE(ecran().aire().backPicture().isNull());
-}
-
-TEST_F(EcranTest, CopyingWithNoWindowDoesNothing) {
-    demarre(QString());
-    presse(ecran().barrecommande(), "Copier");
-    EXPECT_TRUE(pressepapiers.contenu.texte.isEmpty());
-}
-
-TEST_F(EcranTest, CopyingASelectionCopiesOnlyIt) {
+TEST_F(EcranTest, OneWindowModeIsMirroredInEveryWindow) {
     demarre(QStringLiteral("CO1"));
-    programme->fenetre(0)->vue().setSelStart(5);
-    programme->fenetre(0)->vue().setSelLength(9);
-    presse(ecran().barrecommande(), "Copier");
-    EXPECT_EQ(pressepapiers.contenu.texte, u"l’article");
-}
-
-TEST_F(EcranTest, CopyingWithoutASelectionCopiesTheWholeAndLeavesTheTextAlone) {
-    demarre(QStringLiteral("CO2"));
-    const QString avant = programme->fenetre(0)->vue().control().text();
-    presse(ecran().barrecommande(), "Copier");
-    EXPECT_TRUE(pressepapiers.contenu.texte.startsWith(QStringLiteral("Deux.")));
-    EXPECT_TRUE(pressepapiers.contenu.rtf.startsWith("{\\rtf1"));
-    EXPECT_EQ(programme->fenetre(0)->vue().control().text(), avant);
-    EXPECT_EQ(programme->fenetre(0)->vue().selLength(), 0);
-}
-
-TEST_F(EcranTest, CopyingInAListCopiesAllItsRows) {
-    demarre(QString());
-    for (const char* nom : {"frmchrono", "fIndex", "frmVelmorSelect"}) {
-        auto* forme = new QWidget;
-        forme->setObjectName(QString::fromUtf8(nom));
-        auto* liste = new FlexGrid(forme);
-        liste->setObjectName(QStringLiteral("flex"));
-        liste->setCols(2);
-        liste->addItem(QStringLiteral("un\tdeux"));
-        liste->addItem(QStringLiteral("trois\tquatre"));
-        ecran().aire().add(forme);
-        ecran().aire().activate(forme);
-        pressepapiers.contenu = {};
-        presse(ecran().barrecommande(), "Copier");
-        const bool copie = qstrcmp(nom, "frmchrono") == 0;
-        EXPECT_EQ(pressepapiers.contenu.texte, copie ? QStringLiteral("un\tdeux\rtrois\tquatre") : QString()) << nom;
+    programme->navigue(QStringLiteral("TAJP000007"));
+    for (const bool une : {false, true}) {
+        entree("maffichagetfu")->trigger();
+        for (Textes* ouverte : programme->bureau().fenetres()) {
+            ecran().aire().activate(ouverte);
+            // Every window is served by the frame's menu bar: no second entry could say otherwise.
+            const auto entrees = ecran().findChildren<QAction*>(QStringLiteral("maffichagetfu"));
+            ASSERT_EQ(entrees.size(), 1);
+            EXPECT_TRUE(entrees.front()->isVisible());
+            EXPECT_EQ(entrees.front()->isChecked(), une) << ouverte->code().toStdString();
+        }
+        EXPECT_EQ(programme->bureau().navigation().unefenetre(), une);
     }
-    EXPECT_TRUE(dialogues.messages.empty());
 }
 
 TEST_F(EcranTest, ThePartnersEntryIsDisabledWithoutAPicture) {

@@ -68,9 +68,10 @@ private:
             ADD_FAILURE() << "no answer for: " << what;
             return std::nullopt;
         }
-        auto answer = from.front();
+        const bool chosen = from.front().has_value();
+        const QString path = from.front().value_or(QString());
         from.pop_front();
-        return answer;
+        return chosen ? std::optional(path) : std::nullopt;
     }
 };
 
