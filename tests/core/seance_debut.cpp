@@ -19,6 +19,13 @@ TEST_F(SeanceDebut, TheStepsStandInTheirOrder) {
     EXPECT_EQ(extensions, QStringList{dossier_.path() + QStringLiteral("/|") + dossier_.path() + u'/'});
 }
 
+TEST_F(SeanceDebut, TheStepLabelEndsInThreeDots) {
+    seance().afficheetape(QStringLiteral("Lecture"));
+    EXPECT_EQ(ecrans.journal, QStringList{QStringLiteral("étape Lecture...")});
+    seance().afficheetape(QString());
+    EXPECT_EQ(ecrans.journal.last(), u"étape ...");
+}
+
 TEST_F(SeanceDebut, ASecondInstanceShowsTheFirstAndOpensNothing) {
     autre = true;
     env.lignedecommande = QStringLiteral("CO123");
