@@ -112,7 +112,7 @@ void Textes::construitmenus() {
     envoi->setObjectName(u"MnuSendfile"_s);
     envoi->setEnabled(false);
     for (int comment = 0; comment < 2; ++comment)
-        connect(entree(*envoi, u"MnuSend"_s + QString::number(comment), texte(9063 + comment),
+        connect(entree(*envoi, u"MnuSend(%1)"_s.arg(comment), texte(9063 + comment),
                        comment == 0 ? u"texte"_s : u"piècejointe"_s, false),
                 &QAction::triggered, this, [this, comment] { emit envoyer(comment); });
     connect(entree(*menutexte_, u"MnuStore"_s, texte(9065), u"rangerdocument"_s, false), &QAction::triggered, this,

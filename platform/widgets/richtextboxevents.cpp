@@ -204,7 +204,8 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
     } else if (control && event->key() == Qt::Key_Insert) {
         copy();
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        emit clicked(control_.selStart());
+        // Where two links touch, a link that was reached is meant itself and not the one that ends where it begins.
+        emit clicked(control_.selStart() + (reachedLink_ >= 0 ? 1 : 0));
     } else {
         QTextEdit::keyPressEvent(event);
         showMargins();

@@ -335,6 +335,7 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
     const int node = nodeOf(currentIndex());
     const bool bare = (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) == Qt::NoModifier;
     if (bare && node != 0 && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        emit nodeReturned(node);
         emit nodeActivated(node);
     } else if (bare && node != 0 && event->key() == Qt::Key_Asterisk) {
         openLoaded(node);

@@ -39,6 +39,7 @@ signals:
     void collapsed(int node);
     void nodeClicked(int node);                                    ///< left button
     void nodeActivated(int node);                                  ///< double click or Return
+    void nodeReturned(int node);                                   ///< Return alone, where a click acts already
     void nodeRightClicked(int node, const QPoint& globalPosition); ///< node 0: beside all nodes
     void selectionMoved(int node);
 

@@ -3,7 +3,9 @@
 #include "tests/gui/textes_base.h"
 #include "tests/support/eventually.h"
 
+#include <QApplication>
 #include <QMenu>
+#include <QMouseEvent>
 
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
@@ -135,6 +137,30 @@ TEST_F(LiensTextes, AClickOnTheFirstAndBehindTheLastCharacterOpensTheLink) {
     EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
 }
 
+TEST_F(LiensTextes, ADragCountsAsAClickWhereItsSelectionBegins) {
+    // "Voir l'article 2 et": the link begins at 5 and ends behind 15.
+    const auto tirede = [this](qsizetype de, qsizetype a) {
+        const Textes& fenetre = ouvre("CO000001");
+        const auto ou = [&fenetre](qsizetype position) {
+            fenetre.vue().setSelStart(position);
+            return fenetre.vue().cursorRect().center();
+        };
+        const QPoint debut = ou(de);
+        const QPoint fin = ou(a);
+        QWidget* surface = fenetre.vue().viewport();
+        QTest::mousePress(surface, Qt::LeftButton, {}, debut);
+        QMouseEvent chemin(QEvent::MouseMove, fin, surface->mapToGlobal(fin), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(surface, &chemin);
+        QTest::mouseRelease(surface, Qt::LeftButton, {}, fin);
+        return fenetre.referencecourante();
+    };
+    EXPECT_EQ(tirede(1, 9), u"CO000001");
+    EXPECT_EQ(banc->fenetre(0)->vue().control().selText(), u"oir l'ar");
+    EXPECT_EQ(tirede(9, 18), u"CO000002");
+    EXPECT_EQ(tirede(18, 9), u"CO000002");
+    EXPECT_EQ(tirede(9, 1), u"CO000001");
+}
+
 TEST_F(LiensTextes, AClickOutsideOpensNothing) {
     Textes& fenetre = ouvre("CO000001");
     cliquetexte(fenetre, 1);
@@ -210,7 +236,7 @@ TEST_F(LiensTextes, TheTextsMenuHoldsItsEntriesAndCopies) {
     ASSERT_NE(menu, nullptr);
     EVENTUALLY(menu->isVisible());
     menu->close();
-    for (const auto& nom : {u"MnuPrint"_s, u"MnuSend0"_s, u"MnuSend1"_s, u"MnuStore"_s}) {
+    for (const auto& nom : {u"MnuPrint"_s, u"MnuSend(0)"_s, u"MnuSend(1)"_s, u"MnuStore"_s}) {
         ASSERT_NE(entree(fenetre, nom), nullptr) << nom.toStdString();
         EXPECT_FALSE(entree(fenetre, nom)->isEnabled()) << nom.toStdString();
     }
@@ -258,6 +284,22 @@ TEST_F(ArbreTextes, AClickOnADocumentOpensItWithoutFoldingThePanel) {
     EXPECT_EQ(fenetre.referencecourante(), u"CO000003");
     EXPECT_EQ(fenetre.disposition().posseparateur, position);
     EXPECT_TRUE(fenetre.arbre().isVisible());
+}
+
+TEST_F(ArbreTextes, ADoubleClickOnADocumentOpensOneWindowOnly) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"arbre"_s);
+    banc->navigation.changeunefenetre(false);
+    TreeView& arbre = fenetre.arbre();
+    cliquenoeud(arbre, u"@CO000003"_s);
+    const QPoint ici = arbre.visualRect(arbre.currentIndex()).center();
+    QTest::mouseDClick(arbre.viewport(), Qt::LeftButton, {}, ici);
+    QTest::mouseRelease(arbre.viewport(), Qt::LeftButton, {}, ici);
+    EXPECT_EQ(banc->fenetres.size(), 2U);
+    arbre.setFocus();
+    QTest::keyClick(&arbre, Qt::Key_Return);
+    EXPECT_EQ(banc->fenetres.size(), 3U);
 }
 
 TEST_F(ArbreTextes, AClickOnABranchDoesNothing) {

@@ -175,6 +175,21 @@ TEST_F(Box, TheTabKeySelectsTheLinksInTheOrderOfTheText) {
     EXPECT_EQ(box.control().selLength(), 0);
 }
 
+TEST_F(Box, ReturnOpensTheLinkThatTheTabKeyReachedAndNotTheOneItTouches) {
+    show(sample::plain({u"un deux trois"_s}));
+    box.setLinkRanges({{0, 3}, {3, 7}});
+    const QSignalSpy clicked(&box, &RichTextBox::clicked);
+    key(Qt::Key_Tab);
+    key(Qt::Key_Tab);
+    EXPECT_EQ(selStart(), 3);
+    key(Qt::Key_Return);
+    ASSERT_EQ(clicked.count(), 1);
+    EXPECT_EQ(clicked.at(0).at(0).toLongLong(), 4) << "at 3 the first link ends";
+    key(Qt::Key_Left);
+    key(Qt::Key_Return);
+    EXPECT_EQ(clicked.at(1).at(0).toLongLong(), selStart());
+}
+
 TEST_F(Box, ADoubleClickIsToldOnce) {
     show(sample::plain({u"un deux trois"_s}));
     const QSignalSpy clicked(&box, &RichTextBox::clicked);

@@ -21,6 +21,34 @@ using TreeViewTest = TreeTest;
 
 } // namespace
 
+TEST_F(TreeViewTest, APictureKeepsItsColoursOnTheGreyOfASelectionWithoutFocus) {
+    tree.setImages([](const QString&) { return plain(Qt::red); });
+    plant();
+    nodes.select(1);
+    const auto reds = [this] {
+        const QImage row = tree.viewport()->grab(rectOf(1)).toImage();
+        int count = 0;
+        for (int y = 0; y < row.height(); ++y) {
+            for (int x = 0; x < row.width(); ++x)
+                count += row.pixelColor(x, y) == QColor(Qt::red) ? 1 : 0;
+        }
+        return count;
+    };
+    EXPECT_EQ(reds(), 0) << "with the focus it takes the tint of the selection";
+    tree.clearFocus();
+    EXPECT_EQ(reds(), tree.iconSize().width() * tree.iconSize().height());
+}
+
+TEST_F(TreeViewTest, ReturnIsToldApartFromADoubleClick) {
+    plant();
+    const QSignalSpy returned(&tree, &TreeView::nodeReturned);
+    clickTwice(1);
+    EXPECT_EQ(returned.count(), 0);
+    key(Qt::Key_Return);
+    ASSERT_EQ(returned.count(), 1);
+    EXPECT_EQ(returned.at(0).at(0).toInt(), 1);
+}
+
 TEST_F(TreeViewTest, NodesStandBelowTheirParents) {
     plant();
     const QAbstractItemModel& model = *tree.model();
