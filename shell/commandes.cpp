@@ -72,6 +72,8 @@ void Commandes::apprendentrees() {
                  copier();
              else if (indice == 1)
                  toutselectionner();
+             else if (indice == 2)
+                 programme_.cherche();
          }},
         {QStringLiteral("mselection"), [this](int) { montreselection(true); }},
         {QStringLiteral("mnuLastFile"),

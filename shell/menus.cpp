@@ -249,7 +249,7 @@ void MenusEcran::montredocument(bool active, bool charge) {
     for (QAction* action : std::as_const(desdocuments_))
         action->setVisible(active);
     // A hidden menu keeps its shortcuts: they must not act on what is not there.
-    for (int indice = 0; indice < 2; ++indice)
+    for (int indice = 0; indice < 3; ++indice)
         entree(QStringLiteral("medition0"), indice)->setEnabled(active && charge);
 }
 

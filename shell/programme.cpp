@@ -1,5 +1,6 @@
 #include "shell/programme.h"
 
+#include "document/ui/frmfindform.h"
 #include "platform/system/extensions.h"
 #include "platform/system/files.h"
 #include "shell/bureau.h"

@@ -31,6 +31,7 @@ class Commandes;
 class Ecrangeneral;
 class Selection;
 class Textes;
+class frmFindForm;
 class frmSplash;
 
 /// The doors to the outside world; none is owned.
@@ -102,6 +103,8 @@ public:
     void fermefenetres() override;
     void fermeprincipale() override;
 
+    /// Shows the find dialog of the active document window.
+    void montrerecherche();
     void montreapropos();
     void montrepartenaires();
 
@@ -135,6 +138,7 @@ private:
     std::unique_ptr<Ecrangeneral> ecran_;
     std::unique_ptr<Bureau> bureau_;
     std::unique_ptr<Selection> selection_;
+    QPointer<frmFindForm> recherchetexte_; ///< the frame's child
     std::unique_ptr<Commandes> commandes_;
 };
 

@@ -1,9 +1,11 @@
 // What start and exit ask of the windows.
 #include "core/astuces.h"
 #include "core/cle.h"
+#include "document/ui/frmfindform.h"
 #include "document/ui/textes.h"
 #include "platform/system/systeminfo.h"
 #include "platform/widgets/childarea.h"
+#include "platform/widgets/richtextbox.h"
 #include "shell/bureau.h"
 #include "shell/commandes.h"
 #include "shell/ecrangeneral.h"
@@ -126,6 +128,7 @@ void Programme::chargecommandes() {
     autour.astuce = [this] { astuce(); };
     autour.apropos = [this] { montreapropos(); };
     autour.partenaires = [this] { montrepartenaires(); };
+    autour.cherche = [this] { montrerecherche(); };
     autour.montreselection = [this](bool visible) { selection_->affichemenuselection(visible); };
     commandes_ = std::make_unique<Commandes>(*ecran_, *bureau_, barres_, reglages_, monde_.pressepapiers, autour);
     const bool une = seance_.parametres().multifenetre != 0;
@@ -162,7 +165,18 @@ Textes* Programme::fabriquefenetre(int indice) {
         const QRect ici = ecran_->aire().twipsOf(&fenetre);
         return PlaceTextes{ecran_->aire().stateOf(&fenetre), ici.left(), ici.top(), ici.width(), ici.height()};
     };
-    return new Textes(indice, contexte);
+    contexte.marquage = [this] {
+        const Preferences& preferences = seance_.preferences();
+        return Marquage{static_cast<int>(preferences.marquecouleur), preferences.marquebold != 0,
+                        preferences.marqueitalic != 0, preferences.marqueauto != 0};
+    };
+    contexte.cherchemots = [this](const QString& code, const QString& mots,
+                                  const std::function<void(const QString&)>& ligne) {
+        selection_->cherchedans(code, mots, ligne);
+    };
+    auto* fenetre = new Textes(indice, contexte);
+    connect(fenetre, &Textes::selection, this, [this](const QStringList& cles) { selection_->remplit(cles); });
+    return fenetre;
 }
 
 Textes* Programme::fenetre(int indice) const {
@@ -197,6 +211,22 @@ void Programme::astuce() {
     };
     montre(new frmTip([this](int numero) { return langue_.lireressource(numero); }, astuces_, fichier, {coche, change},
                       ecran_.get()));
+}
+
+void Programme::montrerecherche() {
+    const auto active = [this] {
+        const Textes* fenetre = bureau_->active();
+        return fenetre ? frmFindForm::Cible{&fenetre->vue().control(),
+                                            fenetre->referencecourante() + QString::number(quintptr(fenetre))}
+                       : frmFindForm::Cible{};
+    };
+    if (!recherchetexte_)
+        recherchetexte_ = new frmFindForm([this](int numero) { return langue_.lireressource(numero); },
+                                          monde_.dialogues, active, ecran_.get());
+    const Textes* fenetre = bureau_->active();
+    const QString choisi = fenetre ? fenetre->vue().control().selText() : QString();
+    constexpr qsizetype plusdecaracteres = 100;
+    recherchetexte_->montre(choisi.size() > plusdecaracteres || choisi.contains(u'\r') ? QString() : choisi);
 }
 
 void Programme::montreapropos() {

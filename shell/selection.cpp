@@ -2,6 +2,7 @@
 
 #include "core/cle.h"
 #include "core/reglages.h"
+#include "document/ui/textes.h"
 #include "platform/widgets/flexgrid.h"
 #include "platform/widgets/statusbar.h"
 #include "platform/widgets/toolbar.h"
@@ -211,6 +212,9 @@ void Selection::ouvre() {
 
 void Selection::ouvrecle(const QString& cle) {
     bureau_.navigation().navigue(u"TA"_s + cle, true);
+    Textes* fenetre = bureau_.active();
+    if (fenetre && fenetre->code() == decoupecle(cle).code)
+        fenetre->recoitmots(liste_.mot1, liste_.mot2);
 }
 
 void Selection::supprime() {

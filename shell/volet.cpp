@@ -25,6 +25,7 @@ VoletSelection::VoletSelection(QWidget* parent)
     recherchetoolbar_->setImages(icon);
     flex_->setObjectName(QStringLiteral("flex"));
     separateurrecherche_->setObjectName(QStringLiteral("separateurrecherche"));
+    separateurrecherche_->setBounds(window());
     connect(separateurrecherche_, &SplitterBar::dropped, this,
             [this](int position) { changelargeurliste(twipsFromPixels(position)); });
     connect(separateurrecherche_, &SplitterBar::usualPlaceWanted, this, [this] { changelargeurpane(largeurusuelle); });

@@ -5,6 +5,7 @@
 #include "platform/text/twips.h"
 #include "platform/widgets/look.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QLineEdit>
 #include <QListWidget>
@@ -28,9 +29,40 @@ BlocRecherche::BlocRecherche(const std::function<QString(int)>& texte, QWidget* 
     resultat_->setObjectName(u"resultat"_s);
     resultat_->setAccessibleName(texte(9084));
     setAccessibleName(texte(9084));
-    for (QWidget* controle :
-         {static_cast<QWidget*>(mots_), static_cast<QWidget*>(bouton_), static_cast<QWidget*>(resultat_)})
-        controle->setEnabled(false);
+    resultat_->setUniformItemSizes(true);
+    connect(bouton_, &QPushButton::clicked, this, &BlocRecherche::lance);
+    connect(mots_, &QLineEdit::returnPressed, this, &BlocRecherche::lance);
+    for (const auto choix : {&QListWidget::itemClicked, &QListWidget::itemActivated}) {
+        connect(resultat_, choix, this, [this](const QListWidgetItem* ligne) {
+            if (ligne)
+                reprend(ligne->text());
+        });
+    }
+}
+
+void BlocRecherche::lance() {
+    resultat_->clear();
+    emit recherche(mots_->text());
+}
+
+void BlocRecherche::reprend(const QString& ligne) {
+    const qsizetype fin = ligne.indexOf(u" :"_s);
+    // The second half of a double click would fall on the lines of the search that the first one has begun.
+    const bool double_ = depuisclic_.isValid() && !depuisclic_.hasExpired(QApplication::doubleClickInterval());
+    if (fin < 0 || double_)
+        return;
+    depuisclic_.start();
+    mots_->setText(ligne.left(fin));
+    lance();
+}
+
+void BlocRecherche::ajouteligne(const QString& ligne) {
+    resultat_->addItem(ligne);
+    constexpr int image = 16;
+    if (depuislignes_.isValid() && !depuislignes_.hasExpired(image))
+        return;
+    depuislignes_.start();
+    resultat_->viewport()->repaint();
 }
 
 void BlocRecherche::moveblocrecherche() {

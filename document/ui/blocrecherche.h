@@ -1,5 +1,6 @@
 #pragma once
 // The block of the panel that looks words up in the window's collection.
+#include <QElapsedTimer>
 #include <QWidget>
 
 #include <functional>
@@ -20,6 +21,13 @@ public:
 
     QLineEdit* Textedico() const { return mots_; }
     QListWidget* resultat() const { return resultat_; }
+    /// Adds a line to the result and shows it, though a search goes on.
+    void ajouteligne(const QString& ligne);
+
+signals:
+    /// The words are to be looked up: the button, Return in the box, or a click on a line of the result, whose word has
+    /// gone into the box.
+    void recherche(const QString& mots);
 
 protected:
     void resizeEvent(QResizeEvent* evenement) override;
@@ -27,11 +35,15 @@ protected:
 
 private:
     void moveblocrecherche();
+    void lance();
+    void reprend(const QString& ligne);
 
     Etiquette* etiquette_;
     QLineEdit* mots_;
     QPushButton* bouton_;
     QListWidget* resultat_;
+    QElapsedTimer depuislignes_; ///< since the result was painted
+    QElapsedTimer depuisclic_;   ///< since a line was clicked
 };
 
 } // namespace velm

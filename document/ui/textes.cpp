@@ -190,12 +190,14 @@ void Textes::prendfocus() {
 }
 
 void Textes::affiche(const QString& code, const QString& numero, const QString& ancre) {
+    barre_->setValue(u"marqueauto"_s, false); // the text comes without marks
     affichedocument(*this, code, numero, barre_->value(u"abc"_s), ancre,
                     {contexte_.corpus, contexte_.styles, contexte_.sablier, contexte_.libelle, contexte_.bornes});
 }
 
 void Textes::affichedocumentcourant(bool abc) {
     const auto [code, numero] = decoupecle(referencecourante());
+    barre_->setValue(u"marqueauto"_s, false);
     affichedocument(*this, code, numero, abc, QString(),
                     {contexte_.corpus, contexte_.styles, contexte_.sablier, contexte_.libelle, contexte_.bornes});
 }

@@ -4,6 +4,7 @@
 #include "document/affichage.h"
 #include "document/arborescence.h"
 #include "document/dispositiontextes.h"
+#include "document/marques.h"
 #include "document/navigation.h"
 #include "document/reglagestextes.h"
 #include "platform/system/outside.h"
@@ -15,6 +16,7 @@
 #include <memory>
 
 class QAction;
+class QLineEdit;
 class QMenu;
 
 namespace velm {
@@ -46,6 +48,13 @@ struct ContexteTextes {
     std::function<int()> formesouvertes = {};                      ///< the frame and the asking window count
     std::function<void(bool visible)> montremosaique = {};         ///< the frame's buttons of the three arrangements
     std::function<PlaceTextes(const QWidget& fenetre)> place = {}; ///< where the frame has put a window
+    std::function<Marquage()> marquage = {};                       ///< how found words are marked, now
+    /// Looks words up in the collection of a window and puts the documents into the selection list; each result line is
+    /// told at once.
+    std::function<void(const QString& code, const QString& mots, const std::function<void(const QString&)>& ligne)>
+        cherchemots = {};
+    /// Offers words while they are typed into a box.
+    std::function<void(QLineEdit& mots)> completemots = {};
     BornesPasses bornes = {};
 };
 
@@ -80,6 +89,11 @@ public:
     /// The window became the active one of the frame: folds the panel if a link asks for it, shows the document again
     /// if the options ask for it, puts the focus.
     void activation();
+
+    /// The document was opened from the selection list: the words to walk through come with it, and are marked if the
+    /// settings want it; the view, not the caret, goes to the first mark.
+    void recoitmots(const QString& mot1, const QString& mot2);
+    const MotsCherches& mots() const { return mots_; }
 
     // ---- commands that menus and the frame share
     /// The selection, or the whole rich text when nothing is selected, on the clipboard.
@@ -146,7 +160,11 @@ private:
     void changeabc();
     void infobulleabc();
     void montredossiers(bool ouverts);
-    void cachemots();
+    void montremots(bool visibles);
+    qsizetype marque(); ///< where the first mark is, -1 for none
+    void changemarqueauto();
+    void vamot(bool suivant);
+    void cherchemots(const QString& mots);
     void range();
     void montreproprietes();
 
@@ -193,6 +211,7 @@ private:
     Parcours parcours_;
     ListesLiens listes_;
     DocumentAffiche document_;
+    MotsCherches mots_;
 
     Toolbar* barre_ = nullptr;
     RichTextBox* vue_ = nullptr;

@@ -49,13 +49,13 @@ void Textes::construitbarre() {
     barre_->setShortcut(u"propriétés"_s, QKeySequence(Qt::ALT | Qt::Key_Return));
     barre_->setMenus(u"Précédent"_s, &parcours_.historique.precedent.menus());
     barre_->setMenus(u"Suivant"_s, &parcours_.historique.suivant.menus());
-    for (const auto& cle :
-         {u"Précédent"_s, u"Suivant"_s, u"Haut"_s, u"Bas"_s, u"motprécédent"_s, u"motsuivant"_s, u"marqueauto"_s})
+    barre_->setShortcut(u"motprécédent"_s, QKeySequence(Qt::SHIFT | Qt::Key_F3));
+    barre_->setShortcut(u"motsuivant"_s, QKeySequence(Qt::Key_F3));
+    for (const auto& cle : {u"Précédent"_s, u"Suivant"_s, u"Haut"_s, u"Bas"_s})
         barre_->setButtonEnabled(cle, false);
-    for (const auto& cle :
-         {u"propriétés"_s, u"barrepropriétés"_s, u"abc"_s, u"barreabc"_s, u"document"_s, u"marqueauto"_s})
+    for (const auto& cle : {u"propriétés"_s, u"barrepropriétés"_s, u"abc"_s, u"barreabc"_s, u"document"_s})
         barre_->setButtonVisible(cle, false);
-    cachemots();
+    montremots(false);
     montredossiers(demande(contexte_.dossiersouverts));
     connect(barre_, &Toolbar::buttonClicked, this, &Textes::clicbarre);
     connect(barre_, &Toolbar::menuClicked, this, &Textes::clicmenu);
@@ -81,12 +81,6 @@ void Textes::montredossiers(bool ouverts) {
         barre_->setButtonVisible(cle, ouverts);
 }
 
-/// A document that was not reached from a search has no marked words.
-void Textes::cachemots() {
-    barre_->setButtonVisible(u"motprécédent"_s, false);
-    barre_->setButtonVisible(u"motsuivant"_s, false);
-}
-
 void Textes::clicbarre(const QString& cle) {
     Navigation& navigation = contexte_.navigation;
     if (cle == u"Précédent")
@@ -109,6 +103,10 @@ void Textes::clicbarre(const QString& cle) {
         montreproprietes();
     else if (cle == u"abc")
         changeabc();
+    else if (cle == u"motprécédent" || cle == u"motsuivant")
+        vamot(cle == u"motsuivant");
+    else if (cle == u"marqueauto")
+        changemarqueauto();
     else if (cle == u"dossiers")
         emit ranger(QString(), QString(), 0, 0);
     else if (cle == u"document")

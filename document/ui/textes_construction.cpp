@@ -73,6 +73,7 @@ void Textes::connecte() {
         disposition_.ouvrelistes();
         place();
     });
+    connect(blocrecherche_, &BlocRecherche::recherche, this, &Textes::cherchemots);
     for (ListeDeLiens* liste : {liens_, correlats_}) {
         connect(liste, &ListeDeLiens::basculee, this, [this, liste] { basculeliste(*liste); });
         connect(liste, &ListeDeLiens::ligneouverte, this,

@@ -132,7 +132,7 @@ void Textes::construitmenus() {
                        u"ouvrir"_s, true),
                 &QAction::triggered, this, [liste] { liste->ouvrelignecourante(); });
         connect(entree(*menu, cites ? u"MnuLiensSelection"_s : u"MnuCorrelatsSelection"_s, texte(cites ? 9069 : 9071),
-                       u"Liste"_s, false),
+                       u"Liste"_s, true),
                 &QAction::triggered, this, [this, liste] { emit selection(liste->cles()); });
         connect(liste, &ListeDeLiens::menudemande, this,
                 [this, menu, liste](const QPoint& ou) { montremenuliste(*menu, *liste, ou); });
@@ -154,6 +154,7 @@ void Textes::menutexte(const QPoint& ou) {
 
 void Textes::montremenuliste(QMenu& menu, const ListeDeLiens& liste, const QPoint& ou) {
     menu.actions().first()->setEnabled(liste.grille()->row() > 0);
+    menu.actions().last()->setEnabled(liste.grille()->rows() > 1);
     menu.popup(ou);
 }
 

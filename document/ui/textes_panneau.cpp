@@ -28,6 +28,9 @@ void Textes::construitpanneau() {
     flex_->setObjectName(u"flex"_s);
     flex_->setAccessibleName(texte(9083));
     blocrecherche_ = new BlocRecherche(contexte_.texte, this);
+    blocrecherche_->setEnabled(static_cast<bool>(contexte_.cherchemots));
+    if (contexte_.completemots)
+        contexte_.completemots(*blocrecherche_->Textedico());
 }
 
 // ---- blocks
@@ -131,7 +134,7 @@ void Textes::clicnoeud(int noeud) {
     if (commande.isEmpty())
         return;
     contexte_.navigation.navigue(commande);
-    cachemots();
+    montremots(false); // a document that was not reached from a search has no marked words
 }
 
 // ---- division

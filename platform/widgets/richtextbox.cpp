@@ -177,8 +177,12 @@ void RichTextBox::layOutAround() {
 }
 
 void RichTextBox::revealCaret() {
-    reveal_ = !isVisible();
-    const int position = shown_.toDocument(control_.selStart());
+    reveal(control_.selStart());
+}
+
+void RichTextBox::reveal(qsizetype wanted) {
+    reveal_ = isVisible() ? -1 : wanted;
+    const int position = shown_.toDocument(wanted);
     const int height = viewport()->height();
     PaperLayout::Line line = layout_->lineOf(position);
     layout_->layOutBetween(line.top - height, line.top + height);
@@ -235,8 +239,8 @@ void RichTextBox::resizeEvent(QResizeEvent* event) {
 
 void RichTextBox::showEvent(QShowEvent* event) {
     QTextEdit::showEvent(event);
-    if (std::exchange(reveal_, false)) {
-        revealCaret();
+    if (const qsizetype wanted = std::exchange(reveal_, -1); wanted >= 0) {
+        reveal(wanted);
     }
 }
 

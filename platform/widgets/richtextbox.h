@@ -58,6 +58,8 @@ public:
     bool isSettled() const;
     /// Scrolls, if need be, until the caret can be seen.
     void revealCaret();
+    /// The same for any place of the text; the caret stays where it is.
+    void reveal(qsizetype position);
 
 signals:
     /// The left button was released (a drag counts as well) or Return pressed; the selection's start. A double click
@@ -140,7 +142,7 @@ private:
     bool visible_ = true;
     bool following_ = false; ///< the control is being followed: what the document tells is no wish of the user
     bool moving_ = false;    ///< the view itself scrolls
-    bool reveal_ = false;    ///< the caret is to be shown as soon as the window is
+    qsizetype reveal_ = -1;  ///< this place is to be shown as soon as the window is
 };
 
 } // namespace velm

@@ -47,7 +47,11 @@ int SplitterBar::farthest() const {
     const QWidget* within = parentWidget();
     if (!within)
         return place();
-    return std::max(0, (orientation_ == Qt::Vertical ? within->width() : within->height()) - thickness);
+    const bool upright = orientation_ == Qt::Vertical;
+    if (!bounds_ || !bounds_->isAncestorOf(within))
+        return std::max(0, (upright ? within->width() : within->height()) - thickness);
+    const QPoint corner = within->mapFrom(bounds_, bounds_->rect().bottomRight()) + QPoint(1, 1);
+    return std::max(0, (upright ? corner.x() : corner.y()) - thickness);
 }
 
 int SplitterBar::along(const QPointF& global) const {

@@ -18,6 +18,8 @@ public:
 
     void setOrientation(Qt::Orientation orientation);
     Qt::Orientation orientation() const { return orientation_; }
+    /// How far it may be dragged: to the end of this widget, in which its parent lies, instead of the parent's.
+    void setBounds(const QWidget* within) { bounds_ = within; }
     /// Thickness in pixels.
     static constexpr int thickness = 5;
 
@@ -49,6 +51,7 @@ private:
     void endDrag();
 
     Qt::Orientation orientation_;
+    const QWidget* bounds_ = nullptr;
     bool dragging_ = false;
     bool hovered_ = false;
     int grip_ = 0;

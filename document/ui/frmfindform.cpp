@@ -1,0 +1,104 @@
+#include "document/ui/frmfindform.h"
+
+#include "platform/widgets/look.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int largeurchamp = 320;
+constexpr int titredesmessages = 1350;
+
+template <typename T>
+T* nomme(T* controle, const char* nom) {
+    controle->setObjectName(QString::fromLatin1(nom));
+    return controle;
+}
+
+} // namespace
+
+frmFindForm::frmFindForm(const std::function<QString(int)>& texte, Dialogues& dialogues, std::function<Cible()> active,
+                         QWidget* parent)
+    : QDialog(parent), texte_(texte), dialogues_(dialogues), active_(std::move(active)) {
+    setObjectName(u"frmFindForm"_s);
+    setWindowTitle(texte_(9100));
+    setModal(false);
+    construit();
+}
+
+void frmFindForm::construit() {
+    txtFind_ = nomme(new QLineEdit(this), "txtFind");
+    txtFind_->setMinimumWidth(largeurchamp);
+    txtFind_->setClearButtonEnabled(true);
+    auto* etiquette = new QLabel(texte_(9101), this);
+    etiquette->setBuddy(txtFind_);
+    txtFind_->setAccessibleName(texte_(9101));
+    checkmot_ = nomme(new QCheckBox(texte_(9102), this), "checkmot");
+    checkcasse_ = nomme(new QCheckBox(texte_(9103), this), "checkcasse");
+    cmdFindNext_ = nomme(new QPushButton(texte_(9104), this), "cmdFindNext");
+    cmdFindNext_->setDefault(true);
+    cmdFindNext_->setEnabled(false);
+    auto* fermer = nomme(new QPushButton(texte_(9105), this), "cmdCancel");
+    fermer->setAutoDefault(false);
+
+    auto* boutons = new QHBoxLayout;
+    boutons->setSpacing(look::spacing);
+    boutons->addStretch(1);
+    boutons->addWidget(cmdFindNext_);
+    boutons->addWidget(fermer);
+    auto* colonne = new QVBoxLayout(this);
+    colonne->setContentsMargins(look::windowMargin, look::windowMargin, look::windowMargin, look::windowMargin);
+    colonne->setSpacing(look::spacing);
+    colonne->addWidget(etiquette);
+    colonne->addWidget(txtFind_);
+    colonne->addWidget(checkmot_);
+    colonne->addWidget(checkcasse_);
+    colonne->addSpacing(look::spacing);
+    colonne->addLayout(boutons);
+    colonne->setSizeConstraint(QLayout::SetFixedSize);
+
+    connect(txtFind_, &QLineEdit::textChanged, this, [this](const QString& texte) {
+        cmdFindNext_->setEnabled(!texte.isEmpty());
+        recherche_.recommence();
+    });
+    connect(cmdFindNext_, &QPushButton::clicked, this, &frmFindForm::suivant);
+    connect(fermer, &QPushButton::clicked, this, &frmFindForm::reject);
+}
+
+void frmFindForm::montre(const QString& propose) {
+    if (!propose.isEmpty())
+        txtFind_->setText(propose);
+    show();
+    raise();
+    activateWindow();
+    txtFind_->setFocus();
+    txtFind_->selectAll();
+}
+
+void frmFindForm::suivant() {
+    const Cible cible = active_();
+    if (!cible.controle) {
+        reject();
+        return;
+    }
+    if (std::exchange(document_, cible.document) != cible.document)
+        recherche_.recommence();
+    const int options = RechercheTexte::options(checkmot_->isChecked(), checkcasse_->isChecked());
+    const auto issue = recherche_.suivant(*cible.controle, txtFind_->text(), options);
+    if (issue == RechercheTexte::Issue::Trouve)
+        return;
+    constexpr int absent = 122;
+    constexpr int termine = 1357;
+    dialogues_.message(texte_(issue == RechercheTexte::Issue::Absent ? absent : termine), texte_(titredesmessages));
+}
+
+} // namespace velm

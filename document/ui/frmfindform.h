@@ -1,0 +1,47 @@
+#pragma once
+// The find dialog: looks for a text in the active document window. It stays on top of the frame and lets it be used.
+#include "document/recherchetexte.h"
+#include "platform/system/dialogues.h"
+
+#include <QDialog>
+
+#include <functional>
+
+class QCheckBox;
+class QLineEdit;
+class QPushButton;
+
+namespace velm {
+
+class frmFindForm final : public QDialog {
+    Q_OBJECT
+
+public:
+    /// What it looks in: a control and what tells its document from others.
+    struct Cible {
+        RichTextControl* controle = nullptr; ///< null: no document window is active
+        QString document;
+    };
+    /// `texte` gives a text by its number, `active` what is to be looked in.
+    frmFindForm(const std::function<QString(int)>& texte, Dialogues& dialogues, std::function<Cible()> active,
+                QWidget* parent = nullptr);
+
+    /// Shows it, or brings it forward, with its text selected. A text that is given is put into it.
+    void montre(const QString& propose);
+    void suivant();
+
+private:
+    void construit();
+
+    std::function<QString(int)> texte_;
+    Dialogues& dialogues_;
+    std::function<Cible()> active_;
+    RechercheTexte recherche_;
+    QString document_;
+    QLineEdit* txtFind_ = nullptr;
+    QCheckBox* checkmot_ = nullptr;
+    QCheckBox* checkcasse_ = nullptr;
+    QPushButton* cmdFindNext_ = nullptr;
+};
+
+} // namespace velm
