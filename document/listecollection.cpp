@@ -68,7 +68,8 @@ const QStringList& ListeCollection::cellules(int row) const {
     if (lues_.size() >= lignesretenues)
         lues_.clear();
     QStringList lues;
-    const bool la = table_->setBookmark({id});
+    // At the exit the base is closed before its windows: what of them is still painted is no failure.
+    const bool la = table_->usable() && table_->setBookmark({id});
     for (const QString& champ : champs_)
         lues << (la ? table_->text(champ) : QString());
     return *lues_.insert(id, lues);

@@ -25,6 +25,7 @@ public:
     QString text(int row, int column) const override;
     /// By the key of sortKey(). Equal rows keep their order, those of equal titles stand by their number.
     bool sort(int column, bool descending) override;
+    // Once the base is closed, rows that were not read before are empty.
 
     /// Key of the document of a row from 0; empty outside.
     QString cle(int row) const;

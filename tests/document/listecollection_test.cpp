@@ -55,6 +55,18 @@ TEST_F(ListeCollectionTest, HoldsTheDocumentsOfItsCollectionOnly) {
     EXPECT_EQ(ListeCollection(corpus, u"EU"_s, u"01234"_s).rowCount(), 0);
 }
 
+TEST_F(ListeCollectionTest, OnceTheBaseIsClosedRowsThatWereNotReadAreEmpty) {
+    ouvre();
+    ListeCollection liste(corpus, u"CL"_s, u"01234"_s);
+    liste.sort(4, false);
+    EXPECT_EQ(liste.text(0, 0), u"Zinc");
+    corpus.fermebase();
+    EXPECT_EQ(liste.rowCount(), 4);
+    EXPECT_EQ(liste.text(0, 0), u"Zinc");
+    EXPECT_EQ(liste.text(3, 0), QString());
+    EXPECT_EQ(liste.cle(3), QString());
+}
+
 TEST_F(ListeCollectionTest, TheOrdersDigitsPickTheFields) {
     ouvre();
     ListeCollection liste(corpus, u"CL"_s, u"31204"_s);

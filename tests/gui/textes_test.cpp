@@ -89,6 +89,37 @@ TEST_F(FenetreTextes, ABarAtZeroDependsOnTheSelectionList) {
     EXPECT_EQ(ouvre("JP000007").disposition().posseparateur, 1000);
 }
 
+TEST_F(FenetreTextes, ActivationPutsTheFocusIntoTheWordsOfTheSearchThatIsShown) {
+    Textes& fenetre = ouvre("CO000001");
+    auto* mots = controle(fenetre, u"Textedico"_s);
+    fenetre.vue().setFocus();
+    mots->setEnabled(false);
+    fenetre.activation();
+    EXPECT_EQ(fenetre.focusWidget(), &fenetre.vue());
+    mots->setEnabled(true);
+    fenetre.activation();
+    EXPECT_EQ(fenetre.focusWidget(), mots);
+    presse(fenetre, u"arbre"_s);
+    fenetre.vue().setFocus();
+    fenetre.activation();
+    EXPECT_EQ(fenetre.focusWidget(), &fenetre.vue());
+
+    banc->navigation.ouvrefenetre(2);
+    Textes& vide = *banc->fenetre(2);
+    controle(vide, u"Textedico"_s)->setEnabled(true);
+    vide.vue().setFocus();
+    vide.activation();
+    EXPECT_EQ(vide.focusWidget(), &vide.vue()) << "there is no document yet";
+}
+
+TEST_F(FenetreTextes, OpeningAgainWhatIsShownLeavesTheCaretWhereItIs) {
+    Textes& fenetre = ouvre("CO000002");
+    fenetre.vue().setSelStart(40);
+    banc->navigation.navigue(u"TACO000002"_s, false, u"Ligne 60"_s);
+    EXPECT_EQ(fenetre.vue().selStart(), 40);
+    EXPECT_FALSE(fenetre.barrechild().isButtonEnabled(u"Précédent"_s));
+}
+
 TEST_F(FenetreTextes, ALinkClickFoldsThePanelTo0OrTo360) {
     Textes& fenetre = ouvre("CO000001");
     cliquetexte(fenetre, 7);
@@ -279,6 +310,16 @@ TEST_F(FenetreTextes, ClosingReleasesTheSlotsButtonAndMenuEntry) {
     EXPECT_FALSE(banc->navigation.maffichagef(0));
     EXPECT_EQ(banc->slots_.back(), (std::pair{0, false}));
     EXPECT_EQ(banc->fenetre(0), nullptr);
+}
+
+TEST_F(FenetreTextes, AListIsPaintedAndItsWindowClosedAfterTheBaseWas) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"tableau"_s);
+    fenetre.flex().sort(0, true);
+    banc->corpus.fermebase();
+    EXPECT_FALSE(fenetre.grab().isNull());
+    fenetre.close();
+    EXPECT_EQ(banc->lu(u"ORDRECOLONNE0"_s), u"01234");
 }
 
 TEST_F(FenetreTextes, AWindowThatIsDeletedIsNotAddressedAnyMore) {
