@@ -262,6 +262,18 @@ private:
             ecrit(table, {foldedTextVersion(), foldedText(texte)});
         }
         termine(table);
+        gardetextes();
+    }
+
+    /// Whoever changes a body takes its folded text away; nobody has to know of this table for that.
+    void gardetextes() {
+        constexpr std::array<std::pair<QStringView, QStringView>, 3> changements{
+            {{u"INSERT", u"NEW"}, {u"UPDATE", u"OLD"}, {u"DELETE", u"OLD"}}};
+        for (const auto& [changement, rangee] : changements) {
+            if (bon_ && !base_.execute(u"CREATE TRIGGER \"textes_%1\" AFTER %1 ON \"données_contenu\" BEGIN "
+                                       "DELETE FROM \"textes\" WHERE id=%2.id; END"_s.arg(changement, rangee)))
+                echoue();
+        }
     }
 
     const Provenance& provenance_;

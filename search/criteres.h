@@ -59,6 +59,7 @@ struct CriteresLus {
     std::array<bool, 3> emplacement{};
     bool nie = false; ///< the first text must be absent
     int conjonction = Criteres::Et;
+    bool sanstable = false; ///< every body is decoded, whatever folded text the base holds
 
     bool sanstexte() const { return !emplacement[0] && !emplacement[1] && !emplacement[2]; }
     /// Whether a document that has passed everything else is still to be searched for a text.

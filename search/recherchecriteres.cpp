@@ -20,10 +20,11 @@ enum Colonne { Rangee, Numart, Titre, Motcle1, Motcle2, Motcle3, Source, Type, D
 class Parcours {
 public:
     Parcours(const Atelier& atelier, const std::function<void(qint64, qint64)>& progres, EtatRecherche& etat,
-             ResultatCriteres& resultat, Criteres& criteres, const TypesDocument& types)
+             ResultatCriteres& resultat, Criteres& criteres, const TypesDocument& types, bool sanstable)
         : atelier_(atelier), progres_(progres), etat_(etat), resultat_(resultat) {
         avancetexte(criteres);
         criteres_ = litcriteres(criteres, types);
+        criteres_.sanstable = sanstable;
     }
 
 protected:
@@ -328,7 +329,7 @@ ResultatCriteres RechercheCriteres::cherche(Criteres& criteres, const TypesDocum
     etat.rechercheactive = true;
     atelier_.cession.commence();
     commenceliste(atelier_);
-    ParcoursTable(atelier_, progres_, etat, resultat, criteres, types).cherche(lettres);
+    ParcoursTable(atelier_, progres_, etat, resultat, criteres, types, sanstable_).cherche(lettres);
     resultat.fin = finitliste(atelier_, etat);
     return resultat;
 }
@@ -338,7 +339,7 @@ ResultatCriteres RechercheCriteres::affine(Criteres& criteres, const TypesDocume
     etat.rechercheactive = true;
     atelier_.cession.commence();
     atelier_.liste.visible = false;
-    ParcoursListe(atelier_, progres_, etat, resultat, criteres, types).affine();
+    ParcoursListe(atelier_, progres_, etat, resultat, criteres, types, sanstable_).affine();
     resultat.fin = finitliste(atelier_, etat);
     return resultat;
 }

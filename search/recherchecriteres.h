@@ -26,6 +26,9 @@ public:
     ResultatCriteres cherche(Criteres& criteres, const TypesDocument& types, const QByteArray& lettres,
                              EtatRecherche& etat);
 
+    /// Searches bodies without the folded texts that the base may hold. What is found is the same.
+    void sanstable(bool sans) { sanstable_ = sans; }
+
     /// Takes out of the list what does not pass. A row whose document is gone is tested on the document on which
     /// `données` stood before.
     ResultatCriteres affine(Criteres& criteres, const TypesDocument& types, EtatRecherche& etat);
@@ -33,6 +36,7 @@ public:
 private:
     Atelier atelier_;
     std::function<void(qint64, qint64)> progres_;
+    bool sanstable_ = false;
 };
 
 /// Number of the next lot's documents: as many as keep a lot within a few milliseconds.
