@@ -1,0 +1,31 @@
+#pragma once
+// The last texts of a search box, which its drop-down offers again: newest first, each once, not too many.
+#include "core/reglages.h"
+
+#include <QStringList>
+
+namespace velm {
+
+class DerniersTextes {
+public:
+    static constexpr qsizetype plusdetextes = 12;
+    /// A longer one is a pasted page, and no search to come back to.
+    static constexpr qsizetype pluslong = 250;
+
+    /// The texts are kept in the settings under this name with their rank behind it.
+    explicit DerniersTextes(QString cle) : cle_(std::move(cle)) {}
+
+    const QStringList& textes() const { return textes_; }
+    /// A search with this text begins. One without a text leaves no trace.
+    void ajoute(const QString& texte);
+    void charge(const Reglages& reglages);
+    void sauve(Reglages& reglages) const;
+
+private:
+    bool retenu(const QString& texte) const;
+
+    QString cle_;
+    QStringList textes_;
+};
+
+} // namespace velm

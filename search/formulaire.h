@@ -1,0 +1,119 @@
+#pragma once
+// What the search form does, without its controls: which search runs, what its buttons start and stop, when the list
+// can be narrowed, what is kept from one run of the program to the next.
+#include "core/reglages.h"
+#include "search/dernierstextes.h"
+#include "search/etatformulaire.h"
+#include "search/hoteselection.h"
+
+#include <functional>
+#include <optional>
+
+namespace velm {
+
+enum class Onglet { Rapide, Criteres, Mots };
+
+/// Text boxes that remember what was searched.
+enum class BoiteTexte { Rapide, Premier, Second, Mots };
+
+/// The controls, as the logic sees them.
+class VueFormulaire {
+public:
+    virtual ~VueFormulaire() = default;
+
+    virtual EtatFormulaire etat() const = 0;
+    virtual void montre(const EtatFormulaire& etat) = 0;
+    virtual void montreonglet(Onglet onglet) = 0;
+    virtual void montrecriteres(const Criteres& criteres) = 0;
+    virtual void montremots(const QString& mots) = 0;
+    virtual void offremotscles(const QStringList& items) = 0;
+    virtual void offrederniers(BoiteTexte boite, const QStringList& textes) = 0;
+    /// Option2 can be chosen.
+    virtual void permetaffinage(bool permis) = 0;
+    /// Sets Option2, else Option1.
+    virtual void choisitaffinage(bool affinage) = 0;
+    /// Option2 is enabled and set.
+    virtual bool affinage() const = 0;
+    /// Caption of a tab's search button.
+    virtual void libelle(Onglet onglet, const QString& texte) = 0;
+    virtual void montreprogres(qint64 vus, qint64 total) = 0;
+    virtual void cacheprogres() = 0;
+    virtual void videresultat() = 0;
+    virtual void ajouteresultat(const QString& ligne) = 0;
+    /// The text box of a tab gets the focus.
+    virtual void focus(Onglet onglet) = 0;
+    virtual void cache() = 0;
+};
+
+class Formulaire {
+public:
+    struct Monde {
+        HoteSelection& hote;
+        Reglages& reglages;
+        std::function<QString(int)> texte;
+    };
+    Formulaire(const Monde& monde, VueFormulaire& vue);
+
+    /// The form as it first appears, with what the last run has left.
+    void charge();
+    /// What the next run shall find.
+    void decharge();
+
+    // ---- what the window tells
+    /// The form has become the active window.
+    void active();
+    void ongletchange(Onglet onglet);
+    /// The search button of a tab: starts, or stops what it has started. Another search than the one that runs stops it
+    /// and begins when it has left.
+    void clic(Onglet onglet);
+    /// A cancel button: hides the form when no search runs.
+    void annuler();
+    /// Stops a search that runs, and hides the form.
+    void ferme();
+    /// The escape key: stops a search that runs, or else hides the form.
+    void echappe();
+    void annulercriteres();
+    /// A line of `resultat` was clicked.
+    void choisitligne(const QString& ligne);
+
+    // ---- criteria files
+    FichierCriteres fichier() const;
+    /// Restores a search, as soon as none runs any more.
+    void prendfichier(const FichierCriteres& fichier);
+
+    bool recherche() const { return encours_; }
+    const ItemsFormulaire& items() const { return items_; }
+    const TypesDocument& types() const { return types_; }
+
+private:
+    QString texte(int numero) const { return monde_.texte(numero); }
+    Atelier& atelier() const { return monde_.hote.atelier(); }
+    bool ilyadeslignes() const;
+    void arrete() { monde_.hote.etat().rechercheactive = false; }
+    /// Runs a piece of work that needs the list for itself: now, or when the search that runs has left.
+    void quandlibre(std::function<void()> travail);
+    void travaille(const std::function<void()>& travail);
+    void cherche(Onglet onglet);
+    PublicationFin cherchevite(const EtatFormulaire& etat);
+    PublicationFin cherchecriteres(const EtatFormulaire& etat);
+    std::optional<PublicationFin> cherchemots(const EtatFormulaire& etat);
+    void retient(BoiteTexte boite, const QString& texte);
+    DerniersTextes& derniers(BoiteTexte boite) { return derniers_.at(static_cast<std::size_t>(boite)); }
+    void finit(const PublicationFin& fin);
+    void lirelesmotscles();
+    void restitue(const FichierCriteres& fichier);
+    std::function<void(qint64, qint64)> progres();
+
+    Monde monde_;
+    VueFormulaire& vue_;
+    TypesDocument types_;
+    ListeMotsCles motscles_;
+    ItemsFormulaire items_;
+    std::array<DerniersTextes, 4> derniers_;
+    bool encours_ = false;
+    std::array<bool, 3> arrets_{}; ///< by tab: its button stops
+    std::function<void()> suite_;
+    bool charge_ = false;
+};
+
+} // namespace velm

@@ -1,0 +1,59 @@
+#include "search/ui/boitederniers.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+
+namespace velm {
+
+BoiteDerniers::BoiteDerniers(const QString& nom, const QString& derniers, QWidget* parent) : QComboBox(parent) {
+    constexpr int largeurminimale = 12;
+    setEditable(true);
+    setInsertPolicy(NoInsert);
+    setCompleter(nullptr);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(largeurminimale);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    lineEdit()->setObjectName(nom);
+    view()->setAccessibleName(derniers);
+    view()->setTextElideMode(Qt::ElideMiddle);
+}
+
+void BoiteDerniers::offre(const QStringList& textes) {
+    const QSignalBlocker muet(this);
+    const QString garde = texte();
+    const int caret = lineEdit()->cursorPosition();
+    clear();
+    addItems(textes);
+    for (int rang = 0; rang < count(); ++rang)
+        setItemData(rang, itemText(rang), Qt::ToolTipRole);
+    setCurrentIndex(-1);
+    lineEdit()->setText(garde);
+    lineEdit()->setCursorPosition(caret);
+}
+
+void BoiteDerniers::metstexte(const QString& texte) {
+    if (lineEdit()->text() != texte)
+        lineEdit()->setText(texte);
+}
+
+void BoiteDerniers::showPopup() {
+    if (count() > 0)
+        QComboBox::showPopup();
+}
+
+void BoiteDerniers::keyPressEvent(QKeyEvent* evenement) {
+    // The arrows open the list instead of putting another text in place of what is being typed.
+    const bool fleche = evenement->key() == Qt::Key_Down || evenement->key() == Qt::Key_Up;
+    if (!fleche)
+        QComboBox::keyPressEvent(evenement);
+    else if (evenement->key() == Qt::Key_Down)
+        showPopup();
+}
+
+void BoiteDerniers::wheelEvent(QWheelEvent* evenement) {
+    evenement->ignore();
+}
+
+} // namespace velm

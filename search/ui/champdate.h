@@ -1,0 +1,30 @@
+#pragma once
+// A box of the date: it is not left while what it holds cannot be.
+#include <QLineEdit>
+
+#include <functional>
+
+namespace velm {
+
+class ChampDate final : public QLineEdit {
+    Q_OBJECT
+
+public:
+    using QLineEdit::QLineEdit;
+
+    /// Whether a text may stand when the box is left; without it any may.
+    std::function<bool(QStringView texte)> valide;
+    /// What becomes of a text when the box is left.
+    std::function<QString(const QString& texte)> complete;
+    /// Whether a key may be typed.
+    std::function<bool(QStringView frappe)> touche;
+
+    /// The box is to be left: completes its text. False, and the box takes the focus, when it must stay.
+    bool quitte();
+
+protected:
+    void focusOutEvent(QFocusEvent* evenement) override;
+    void keyPressEvent(QKeyEvent* evenement) override;
+};
+
+} // namespace velm
