@@ -134,7 +134,9 @@ void Textes::clicnoeud(int noeud) {
     if (commande.isEmpty())
         return;
     contexte_.navigation.navigue(commande);
-    montremots(false); // a document that was not reached from a search has no marked words
+    // A document that was not reached from a search has no marked words to walk through.
+    for (const auto& cle : {u"motprécédent"_s, u"motsuivant"_s})
+        barre_->setButtonVisible(cle, false);
 }
 
 // ---- division

@@ -92,11 +92,12 @@ TEST_F(FenetreTextes, ABarAtZeroDependsOnTheSelectionList) {
 TEST_F(FenetreTextes, ActivationPutsTheFocusIntoTheWordsOfTheSearchThatIsShown) {
     Textes& fenetre = ouvre("CO000001");
     auto* mots = controle(fenetre, u"Textedico"_s);
+    auto* bloc = controle(fenetre, u"blocrecherche"_s);
     fenetre.vue().setFocus();
-    mots->setEnabled(false);
+    bloc->setEnabled(false);
     fenetre.activation();
     EXPECT_EQ(fenetre.focusWidget(), &fenetre.vue());
-    mots->setEnabled(true);
+    bloc->setEnabled(true);
     fenetre.activation();
     EXPECT_EQ(fenetre.focusWidget(), mots);
     presse(fenetre, u"arbre"_s);
@@ -106,7 +107,7 @@ TEST_F(FenetreTextes, ActivationPutsTheFocusIntoTheWordsOfTheSearchThatIsShown) 
 
     banc->navigation.ouvrefenetre(2);
     Textes& vide = *banc->fenetre(2);
-    controle(vide, u"Textedico"_s)->setEnabled(true);
+    controle(vide, u"blocrecherche"_s)->setEnabled(true);
     vide.vue().setFocus();
     vide.activation();
     EXPECT_EQ(vide.focusWidget(), &vide.vue()) << "there is no document yet";
