@@ -23,7 +23,8 @@ constexpr Commande commandes[] = {{"compiler", 9310, 9390, outil::compiler}, {"s
                                   {"info", 9312, 9392, outil::info},         {"document", 9313, 9393, outil::document},
                                   {"texte", 9314, 9394, outil::texte},       {"rtf", 9315, 9394, outil::rtf},
                                   {"formats", 9316, 9394, outil::formats},   {"dossiers", 9318, 9392, outil::dossiers},
-                                  {"mots", 9450, 9452, outil::mots},         {"rapide", 9451, 9453, outil::rapide}};
+                                  {"mots", 9450, 9452, outil::mots},         {"rapide", 9451, 9453, outil::rapide},
+                                  {"criteres", 9473, 9474, outil::criteres}, {"cv2", 9475, 9476, outil::cv2}};
 
 void aide(outil::Contexte& contexte) {
     contexte.ligne(contexte.texte(9301));
@@ -36,7 +37,7 @@ void aide(outil::Contexte& contexte) {
                                 contexte.texte(commande.description)));
     contexte.ligne(QString());
     contexte.ligne(contexte.texte(9303));
-    for (const int id : {9304, 9305, 9307, 9454, 9306, 9317})
+    for (const int id : {9304, 9305, 9307, 9454, 9477, 9478, 9479, 9480, 9306, 9317})
         contexte.ligne(QStringLiteral("  ") + contexte.texte(id));
     contexte.ligne(QString());
     contexte.ligne(contexte.texte(9308));

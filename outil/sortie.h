@@ -58,6 +58,8 @@ int document(Contexte& contexte);
 int texte(Contexte& contexte);
 int mots(Contexte& contexte);
 int rapide(Contexte& contexte);
+int criteres(Contexte& contexte);
+int cv2(Contexte& contexte);
 int rtf(Contexte& contexte);
 int formats(Contexte& contexte);
 

@@ -55,7 +55,8 @@ TEST_F(OutilTest, HelpNamesEveryCommandAndEveryExitCode) {
     const Sortie aide = lance({QStringLiteral("--help")});
     EXPECT_EQ(aide.code, 0);
     EXPECT_TRUE(aide.erreurs.isEmpty()) << aide.erreurs.constData();
-    for (const char* mot : {"compiler", "synthese", "info", "document", "texte", "rtf", "formats", "dossiers", "mots", "rapide"}) {
+    for (const char* mot :
+         {"compiler", "synthese", "info", "document", "texte", "rtf", "formats", "dossiers", "mots", "rapide"}) {
         EXPECT_TRUE(aide.texte.contains(mot)) << mot;
         const Sortie detail = lance({QString::fromLatin1(mot), QStringLiteral("--help")});
         EXPECT_EQ(detail.code, 0) << mot;
