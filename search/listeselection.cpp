@@ -15,6 +15,8 @@ namespace {
 constexpr int colonnesanstitre = 4;
 /// Row numbers are whole numbers with one more for the header.
 constexpr int plusdelignes = std::numeric_limits<int>::max() - 1;
+constexpr int pluspetitelargeur = 60;
+constexpr int plusgrandelargeur = 32767;
 constexpr int motdepluriel = 2172;
 constexpr int motdusingulier = 2171;
 
@@ -94,6 +96,36 @@ void ListeSelection::deplacecolonne(int de, int vers) {
         std::rotate(a, a + 1, b + 1);
     else
         std::rotate(b, a, a + 1);
+}
+
+QString ListeSelection::ordre() const {
+    QString masque;
+    for (int place = 0; place < colonnesvisibles; ++place)
+        masque += QString::number(colonne(place).champ);
+    return masque;
+}
+
+QString ListeSelection::largeurs() const {
+    QString masque;
+    for (int place = 0; place < colonnesvisibles; ++place)
+        masque += QString::number(std::min(colonne(place).largeur, plusgrandelargeur)).rightJustified(6, u'0');
+    return masque;
+}
+
+void ListeSelection::prendcolonnes(QStringView ordre, QStringView largeurs) {
+    if (ordre.size() == colonnesvisibles && std::is_permutation(ordre.begin(), ordre.end(), masqueordre.begin())) {
+        for (int place = 0; place < colonnesvisibles; ++place) {
+            int ici = place;
+            while (colonne(ici).champ != champdumasque(ordre, place))
+                ++ici;
+            deplacecolonne(ici, place);
+        }
+    }
+    for (int place = 0; place < colonnesvisibles; ++place) {
+        const int largeur = largeurdumasque(largeurs, place);
+        if (largeur >= pluspetitelargeur && largeur <= plusgrandelargeur)
+            changelargeur(place, largeur);
+    }
 }
 
 void ListeSelection::vide() {

@@ -55,6 +55,12 @@ public:
     QString entetecellule(int colonne) const;
     /// Puts a column at another place (the key stays where it is).
     void deplacecolonne(int colonne, int place);
+    /// Order and widths of the six columns as they stand, in the form of the masks.
+    QString ordre() const;
+    QString largeurs() const;
+    /// Takes an order and widths that were stored so. An order that does not name each of the six once, and a width
+    /// that is no number or none that can be seen, changes nothing.
+    void prendcolonnes(QStringView ordre, QStringView largeurs);
 
     // ---- rows
     int rows() const { return lignes() + 1; }

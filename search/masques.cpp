@@ -2,18 +2,24 @@
 
 #include "platform/text/number.h"
 
+#include <algorithm>
+
 namespace velm {
 
 namespace {
 
 constexpr int chiffresparlargeur = 6;
+constexpr double plusgrande = 999'999;
 constexpr int titreducaractere = 252; ///< plus the character's code: 300 for "0"
 
 } // namespace
 
 int largeurdumasque(QStringView largeurs, int colonne) {
     const qsizetype debut = qsizetype{chiffresparlargeur} * colonne;
-    return debut < 0 || debut >= largeurs.size() ? 0 : static_cast<int>(val(largeurs.mid(debut, chiffresparlargeur)));
+    if (debut < 0 || debut >= largeurs.size())
+        return 0;
+    // Six characters may also say 1e9999.
+    return static_cast<int>(std::clamp(val(largeurs.mid(debut, chiffresparlargeur)), 0.0, plusgrande));
 }
 
 int champdumasque(QStringView ordre, int colonne) {

@@ -280,6 +280,8 @@ EtatFenetres Programme::etatfenetres() const {
 void Programme::sauvederniers() {
     if (bureau_)
         bureau_->navigation().sauvederniers(reglages_);
+    if (selection_)
+        selection_->ecritcolonnes();
 }
 
 void Programme::fermefenetres() {

@@ -19,6 +19,14 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+const QString sectionrecherche = u"RECHERCHE"_s;
+const QString cleordre = u"ORDRECOLONNE"_s;
+const QString clelargeurs = u"LARGEURCOLONNE"_s;
+
+} // namespace
+
 Selection::Selection(Ecrangeneral& ecran, Bureau& bureau, const Monde& monde)
     : ecran_(ecran), bureau_(bureau), monde_(monde), liste_(monde.texte),
       cession_([] { QCoreApplication::processEvents(); }),
@@ -175,9 +183,22 @@ void Selection::construitmenu() {
     entree(u"ContextMenuPrint"_s, 9020)->setEnabled(false);
 }
 
-void Selection::litcolonnes() {}
+void Selection::litcolonnes() {
+    const Reglages& reglages = monde_.reglages;
+    liste_.prendcolonnes(reglages.getsetting(sectionrecherche, cleordre),
+                         reglages.getsetting(sectionrecherche, clelargeurs));
+}
 
-void Selection::ecritcolonnes() {}
+void Selection::ecritcolonnes() {
+    const QString largeurs = liste_.largeurs();
+    for (int colonne = 0; colonne < ListeSelection::colonnesvisibles; ++colonne)
+        liste_.changelargeur(colonne, flex().colWidth(colonne));
+    Reglages& reglages = monde_.reglages;
+    if (liste_.ordre() != reglages.getsetting(sectionrecherche, cleordre, ListeSelection::masqueordre.toString()))
+        reglages.savesetting(sectionrecherche, cleordre, liste_.ordre());
+    if (liste_.largeurs() != largeurs)
+        reglages.savesetting(sectionrecherche, clelargeurs, liste_.largeurs());
+}
 
 void Selection::suitselection() {
     liste_.choisit(flex().row(), flex().rowSel());

@@ -30,6 +30,7 @@ BlocRecherche::BlocRecherche(const std::function<QString(int)>& texte, QWidget* 
     resultat_->setAccessibleName(texte(9084));
     setAccessibleName(texte(9084));
     resultat_->setUniformItemSizes(true);
+    resultat_->setSpacing(look::grid / 2);
     connect(bouton_, &QPushButton::clicked, this, &BlocRecherche::lance);
     connect(mots_, &QLineEdit::returnPressed, this, &BlocRecherche::lance);
     for (const auto choix : {&QListWidget::itemClicked, &QListWidget::itemActivated}) {

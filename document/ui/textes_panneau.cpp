@@ -12,6 +12,7 @@
 #include "platform/widgets/toolbar.h"
 #include "platform/widgets/treeview.h"
 
+#include <QLineEdit>
 #include <QStyle>
 
 namespace velm {
@@ -41,6 +42,8 @@ void Textes::changebloc(const QString& ar) {
     disposition_.deplaceseparateur();
     traitear();
     applique();
+    if (ar_ == u"0" && blocrecherche_->Textedico()->isVisible())
+        blocrecherche_->Textedico()->setFocus();
 }
 
 void Textes::traitear() {

@@ -275,3 +275,24 @@ TEST(LargeurVoletTest, WhereTheSeparatorIsDroppedTellsTheWidth) {
     EXPECT_EQ(LargeurVolet::hauteurflex(1000), 520);
     EXPECT_EQ(LargeurVolet::hauteurflex(100), 0);
 }
+
+TEST_F(ListeSelectionTest, OrderAndWidthsAreTakenBackAsTheyWereStored) {
+    liste.deplacecolonne(0, 3);
+    liste.changelargeur(0, 1234);
+    EXPECT_EQ(liste.ordre(), u"123054"_s);
+    EXPECT_EQ(liste.largeurs(), u"001234002000002000003000000500001000"_s);
+    ListeSelection autre(texte);
+    autre.prendcolonnes(liste.ordre(), liste.largeurs());
+    EXPECT_EQ(autre.ordre(), liste.ordre());
+    EXPECT_EQ(autre.largeurs(), liste.largeurs());
+    EXPECT_EQ(autre.entete(3), liste.entete(3));
+}
+
+TEST_F(ListeSelectionTest, DamagedOrdersAndWidthsChangeNothing) {
+    const QString ordre = liste.ordre();
+    const QString largeurs = liste.largeurs();
+    for (const QString& mauvais : {QString(), u"0"_s, u"012344"_s, u"0123546"_s, u"01235x"_s, u"012356"_s})
+        liste.prendcolonnes(mauvais, u"000000-00001e99999999999abc"_s);
+    EXPECT_EQ(liste.ordre(), ordre);
+    EXPECT_EQ(liste.largeurs(), largeurs);
+}
