@@ -54,7 +54,7 @@ public:
         options.dossierinstance = dossier_.path();
         options.dossierdonnees = dossier_.filePath(QStringLiteral("donnees"));
         programme_ = std::make_unique<Programme>(
-            options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_, pressepapiers_});
+            options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_, pressepapiers_, courrier_});
         prete_ = programme_->demarre() == Demarrage::EnMarche;
         QCoreApplication::processEvents();
     }
@@ -111,6 +111,7 @@ private:
     SystemProcessus processus_;
     SablierMuet sablier_;
     QtPressePapiers pressepapiers_;
+    SystemCourrier courrier_;
     std::unique_ptr<Programme> programme_;
     bool prete_ = false;
 };

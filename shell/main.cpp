@@ -40,6 +40,7 @@ int main(int argc, char** argv) {
     velm::SystemProcessus processus;
     velm::QtSablier sablier;
     velm::QtPressePapiers pressepapiers;
+    velm::SystemCourrier courrier;
     velm::OptionsProgramme options;
     options.dossierprogramme = dossierprogramme();
     options.fichierprogramme = QCoreApplication::applicationFilePath();
@@ -48,7 +49,7 @@ int main(int argc, char** argv) {
     options.dossierinstance = velm::SingleInstance::defaultFolder();
     options.dossierdonnees = velm::Extensions::defaultDataFolder();
 
-    velm::Programme programme(options, {dialogues, navigateur, processus, sablier, pressepapiers});
+    velm::Programme programme(options, {dialogues, navigateur, processus, sablier, pressepapiers, courrier});
     programmepret = &programme;
     dialogues.setCaptions([&](velm::Bouton bouton) { return programme.libellebouton(bouton); });
     velm::setRuntimeErrorHandler([&](const velm::RuntimeFailure& erreur) {

@@ -6,6 +6,7 @@
 #include "shell/bureau.h"
 #include "shell/commandes.h"
 #include "shell/ecrangeneral.h"
+#include "shell/recherches.h"
 #include "shell/selection.h"
 #include "shell/splash.h"
 

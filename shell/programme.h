@@ -9,6 +9,7 @@
 #include "core/seance.h"
 #include "document/sablier.h"
 #include "document/styles.h"
+#include "platform/system/courrier.h"
 #include "platform/system/dialogues.h"
 #include "platform/system/outside.h"
 #include "platform/system/process.h"
@@ -29,6 +30,7 @@ namespace velm {
 class Bureau;
 class Commandes;
 class Ecrangeneral;
+class Recherches;
 class Selection;
 class Textes;
 class frmFindForm;
@@ -41,6 +43,7 @@ struct MondeExterieur {
     Processus& processus;
     Sablier& sablier;
     PressePapiers& pressepapiers;
+    Courrier& courrier;
 };
 
 struct OptionsProgramme {
@@ -74,6 +77,7 @@ public:
     Ecrangeneral* ecran() const { return ecran_.get(); }
     Bureau& bureau() const { return *bureau_; }
     Selection& selection() const { return *selection_; }
+    Recherches& recherches() const { return *recherches_; }
     Commandes& commandes() const { return *commandes_; }
     Textes* fenetre(int indice) const;
     Seance& seance() { return seance_; }
@@ -138,6 +142,7 @@ private:
     std::unique_ptr<Ecrangeneral> ecran_;
     std::unique_ptr<Bureau> bureau_;
     std::unique_ptr<Selection> selection_;
+    std::unique_ptr<Recherches> recherches_;
     QPointer<frmFindForm> recherchetexte_; ///< the frame's child
     std::unique_ptr<Commandes> commandes_;
 };

@@ -13,6 +13,7 @@
 #include "shell/frmtip.h"
 #include "shell/menus.h"
 #include "shell/programme.h"
+#include "shell/recherches.h"
 #include "shell/selection.h"
 #include "shell/splash.h"
 #include "shell/sponsor.h"
@@ -97,6 +98,8 @@ QString Programme::chargeprincipale() {
     };
     selection_ = std::make_unique<Selection>(
         *ecran_, *bureau_, Selection::Monde{corpus_, reglages_, monde_.sablier, monde_.dialogues, texte});
+    recherches_ = std::make_unique<Recherches>(
+        *ecran_, *selection_, Recherches::Monde{reglages_, monde_.sablier, monde_.dialogues, monde_.courrier, texte});
     chargecommandes();
     ecran_->place(seance_.positionprincipale());
     const Preferences& preferences = seance_.preferences();
@@ -245,9 +248,9 @@ void Programme::montrepartenaires() {
 
 void Programme::ouvrefichierdossier(const QString&) {}
 
-void Programme::ouvrefichiercriteres(const QString&) {
-    // The panel of the search comes up; reading the file is the search's.
+void Programme::ouvrefichiercriteres(const QString& chemin) {
     commandes_->montreselection(true);
+    recherches_->ouvrircriteres(chemin);
 }
 
 bool Programme::impressionouverte() const {
@@ -285,6 +288,8 @@ void Programme::sauvederniers() {
 }
 
 void Programme::fermefenetres() {
+    if (recherches_)
+        recherches_->ferme();
     if (bureau_)
         bureau_->fermefenetres();
 }

@@ -48,6 +48,7 @@ private:
     SystemProcessus processus_;
     QtSablier sablier_;
     QtPressePapiers pressepapiers_;
+    SystemCourrier courrier_;
     std::unique_ptr<Programme> program_;
 };
 

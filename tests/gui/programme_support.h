@@ -69,7 +69,7 @@ protected:
         options.dossierinstance = dossier.path();
         options.dossierdonnees = dossier.filePath(QStringLiteral("donnees"));
         programme = std::make_unique<Programme>(
-            options, MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers});
+            options, MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier});
         return programme->demarre();
     }
 
@@ -96,6 +96,7 @@ protected:
     ProcessusScript processus;
     SablierMuet sablier;
     PressePapiersScript pressepapiers;
+    CourrierScript courrier;
     std::unique_ptr<Programme> programme;
 };
 

@@ -1,0 +1,79 @@
+#include "shell/recherches.h"
+
+#include "platform/widgets/childarea.h"
+#include "platform/widgets/icons.h"
+#include "platform/widgets/toolbar.h"
+#include "shell/ecrangeneral.h"
+#include "shell/selection.h"
+#include "shell/volet.h"
+
+#include <QMdiSubWindow>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+Recherches::Recherches(Ecrangeneral& ecran, Selection& selection, const Monde& monde)
+    : ecran_(ecran), selection_(selection), monde_(monde),
+      fichiers_(monde.dialogues, monde.sablier, monde.courrier, monde.texte) {
+    Toolbar& barre = ecran_.picturesselection().recherchetoolbar();
+    for (const QString& cle : {u"affichercritères"_s, u"ouvrircritères"_s})
+        barre.setButtonEnabled(cle, true);
+    connect(&barre, &Toolbar::buttonClicked, this, &Recherches::clicbarre);
+    connect(&selection_, &Selection::criteresvoulus, this, &Recherches::montre);
+    connect(&ecran_.aire(), &ChildArea::childActivated, this, [this](const QWidget* active) {
+        if (formulaire_ && active == formulaire_)
+            formulaire_->activation();
+    });
+}
+
+FrmVelmorSelect& Recherches::leformulaire() {
+    if (!formulaire_) {
+        formulaire_ = new FrmVelmorSelect({selection_, monde_.reglages, monde_.texte});
+        ecran_.aire().add(formulaire_)->setWindowIcon(icon(u"Rechercher"_s));
+        connect(formulaire_, &FrmVelmorSelect::cachevoulu, this, [this] { montre(false); });
+    }
+    return *formulaire_;
+}
+
+void Recherches::montre(bool montre) {
+    if (montre)
+        ecran_.aire().activate(&leformulaire());
+    else if (formulaire_)
+        ecran_.aire().hideChild(formulaire_);
+    selection_.formulairevisible(montre);
+}
+
+void Recherches::clicbarre(const QString& cle) {
+    if (cle == u"ouvrircritères")
+        ouvrircriteres();
+    else if (cle == u"sauvercritères")
+        sauvercriteres();
+    else if (cle == u"envoyercritères")
+        envoyercriteres();
+}
+
+void Recherches::ouvrircriteres(const QString& nom) {
+    const std::optional<FichierCriteres> fichier = fichiers_.ouvrircriteres(nom);
+    if (!fichier)
+        return;
+    montre(true);
+    leformulaire().formulaire().prendfichier(*fichier);
+}
+
+void Recherches::sauvercriteres() {
+    fichiers_.sauvercriteres(leformulaire().formulaire().fichier());
+}
+
+void Recherches::envoyercriteres() {
+    fichiers_.envoyercriteres(leformulaire().formulaire().fichier());
+}
+
+void Recherches::ferme() {
+    if (!formulaire_)
+        return;
+    formulaire_->formulaire().ferme();
+    formulaire_->formulaire().decharge();
+}
+
+} // namespace velm

@@ -1,0 +1,51 @@
+#pragma once
+// The search form in the frame: makes it when it is first wanted, shows and hides it, and does what the bar of the list
+// asks of it. The form lives as long as the frame.
+#include "search/dialoguescriteres.h"
+#include "search/ui/frmvelmorselect.h"
+
+#include <QObject>
+#include <QPointer>
+
+namespace velm {
+
+class Ecrangeneral;
+class Reglages;
+class Selection;
+
+class Recherches final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Nothing is owned; all of it outlives this.
+    struct Monde {
+        Reglages& reglages;
+        Sablier& sablier;
+        Dialogues& dialogues;
+        Courrier& courrier;
+        std::function<QString(int)> texte;
+    };
+    Recherches(Ecrangeneral& ecran, Selection& selection, const Monde& monde);
+
+    /// Null as long as nobody has wanted it.
+    FrmVelmorSelect* formulaire() const { return formulaire_; }
+    void montre(bool montre);
+    /// Restores the search of a criteria file; without a name the user chooses one.
+    void ouvrircriteres(const QString& nom = {});
+    void sauvercriteres();
+    void envoyercriteres();
+    /// The program ends: a search that runs stops, and what the form has to leave is written.
+    void ferme();
+
+private:
+    FrmVelmorSelect& leformulaire();
+    void clicbarre(const QString& cle);
+
+    Ecrangeneral& ecran_;
+    Selection& selection_;
+    Monde monde_;
+    FichiersCriteres fichiers_;
+    QPointer<FrmVelmorSelect> formulaire_;
+};
+
+} // namespace velm
