@@ -52,6 +52,24 @@ TEST(BoitesQt, EachButtonIsItsAnswer) {
     }
 }
 
+TEST(BoitesQt, ABoxOfTheStartStandsBeforeTheSplash) {
+    QWidget splash(nullptr, Qt::SplashScreen | Qt::WindowStaysOnTopHint);
+    splash.setAttribute(Qt::WA_ShowWithoutActivating);
+    splash.show();
+    if (QApplication::activeWindow() != nullptr)
+        QApplication::setActiveWindow(nullptr);
+    const QWidget* owner = nullptr;
+    bool above = false;
+    whenShown<QMessageBox>([&](QMessageBox& box) {
+        owner = box.parentWidget();
+        above = box.windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+        box.button(QMessageBox::Ok)->click();
+    });
+    QtDialogues().message(u"texte"_s, u"titre"_s, Icone::Stop);
+    EXPECT_EQ(owner, &splash);
+    EXPECT_TRUE(above);
+}
+
 TEST(BoitesQt, ShowTheTextAsItIs) {
     QtDialogues boxes;
     QString text;

@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -66,7 +67,26 @@ void addHelp(QMessageBox& box, int contexte, const std::function<void(int)>& aid
     QObject::connect(button, &QPushButton::clicked, &box, [aide, contexte] { aide(contexte); });
 }
 
+/// A box belongs to the window that is at work, and to the one that is there when none is yet.
+QWidget* ownerOfBoxes() {
+    if (QWidget* const active = QApplication::activeWindow())
+        return active;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto shown = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && (window->windowType() == Qt::Window || window->windowType() == Qt::SplashScreen);
+    });
+    return shown == windows.end() ? nullptr : *shown;
+}
+
+/// What is asked while a window stays above all others, as a splash does, has to stand there as well.
+void raiseAboveOwner(QDialog& box) {
+    const QWidget* const owner = box.parentWidget();
+    if (owner != nullptr && owner->windowFlags().testFlag(Qt::WindowStaysOnTopHint))
+        box.setWindowFlag(Qt::WindowStaysOnTopHint);
+}
+
 std::optional<QString> run(QFileDialog& dialog) {
+    raiseAboveOwner(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     return dialog.selectedFiles().first();
@@ -94,8 +114,7 @@ void prepare(QFileDialog& dialog, const ChoixFichier& choix) {
 QtDialogues::QtDialogues(std::function<void(int contexte)> aide) : aide_(std::move(aide)) {}
 
 Bouton QtDialogues::message(const Message& message) {
-    QMessageBox box(iconOf(message.icone), message.titre, message.texte, QMessageBox::NoButton,
-                    QApplication::activeWindow());
+    QMessageBox box(iconOf(message.icone), message.titre, message.texte, QMessageBox::NoButton, ownerOfBoxes());
     box.setObjectName(QStringLiteral("message"));
     // The texts are texts: a name with "<" in it is no markup.
     box.setTextFormat(Qt::PlainText);
@@ -106,6 +125,7 @@ Bouton QtDialogues::message(const Message& message) {
         addHelp(box, message.contexteAide, aide_, captions_);
     if (const auto escape = boutonAbandon(message.boutons); escape != Bouton::Ok)
         box.setEscapeButton(escape == Bouton::Annuler ? QMessageBox::Cancel : QMessageBox::No);
+    raiseAboveOwner(box);
     box.exec();
     const QMessageBox::StandardButton pressed = box.standardButton(box.clickedButton());
     for (const Pair& pair : answers) {
@@ -116,14 +136,14 @@ Bouton QtDialogues::message(const Message& message) {
 }
 
 std::optional<QString> QtDialogues::openFile(const ChoixFichier& choix) {
-    QFileDialog dialog(QApplication::activeWindow(), choix.titre);
+    QFileDialog dialog(ownerOfBoxes(), choix.titre);
     dialog.setFileMode(QFileDialog::ExistingFile);
     prepare(dialog, choix);
     return run(dialog);
 }
 
 std::optional<QString> QtDialogues::saveFile(const ChoixFichier& choix) {
-    QFileDialog dialog(QApplication::activeWindow(), choix.titre);
+    QFileDialog dialog(ownerOfBoxes(), choix.titre);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !choix.demanderemplacement);
@@ -132,7 +152,7 @@ std::optional<QString> QtDialogues::saveFile(const ChoixFichier& choix) {
 }
 
 std::optional<QString> QtDialogues::chooseFolder(const QString& titre, const QString& dossier) {
-    QFileDialog dialog(QApplication::activeWindow(), titre, dossier);
+    QFileDialog dialog(ownerOfBoxes(), titre, dossier);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
     return run(dialog);
