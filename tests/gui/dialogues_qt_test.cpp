@@ -98,6 +98,23 @@ TEST(BoitesQt, ReturnPressesTheDefaultButton) {
     }
 }
 
+TEST(BoitesQt, WithoutADefaultReturnAgreesInEveryOrderOfButtons) {
+    QtDialogues boxes([](int) { ADD_FAILURE() << "help was asked for"; });
+    const auto pressReturn = [](QMessageBox& box) {
+        QTest::keyClick(&box, Qt::Key_Return);
+        if (box.isVisible())
+            box.reject();
+    };
+    for (int order = 0; order <= 3; ++order) {
+        qApp->setStyleSheet(u"* { button-layout: %1 }"_s.arg(order));
+        whenShown<QMessageBox>(pressReturn);
+        EXPECT_EQ(boxes.message(u"?"_s, {}, Icone::Question, Bouton::Oui | Bouton::Non | Bouton::Aide), Bouton::Oui);
+        whenShown<QMessageBox>(pressReturn);
+        EXPECT_EQ(boxes.message(u"?"_s, {}, Icone::Question, Bouton::Ok | Bouton::Annuler), Bouton::Ok);
+    }
+    qApp->setStyleSheet(QString());
+}
+
 TEST(BoitesQt, EscapeIsNeverAYes) {
     QtDialogues boxes;
     for (const Boutons boutons : {Bouton::Oui | Bouton::Non, Bouton::Oui | Bouton::Non | Bouton::Annuler,

@@ -53,7 +53,10 @@ void addButtons(QMessageBox& box, const Message& message, const Captions& captio
         if (message.boutons.testFlag(pair.bouton)) {
             QPushButton* const button = box.addButton(pair.standard);
             setCaption(button, pair.bouton, captions);
-            if (message.defaut == pair.bouton)
+            // Without a wish it is the one that agrees, wherever the platform puts its buttons.
+            const bool agrees = pair.bouton == Bouton::Ok || pair.bouton == Bouton::Oui;
+            const bool first = message.defaut == Bouton::Aucun && agrees && !box.defaultButton();
+            if (message.defaut == pair.bouton || first)
                 box.setDefaultButton(button);
         }
     }
