@@ -52,12 +52,13 @@ protected:
 
 TEST_F(LiensEnListe, TurningLinksIntoAListEnablesTheListsButtons) {
     Textes& fenetre = ouvre();
-    const QStringList boutons{u"précédentrecherche"_s, u"suivantrecherche"_s, u"ouvrircritères"_s};
-    for (const QString& cle : boutons)
+    const QStringList delaliste{u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s,
+                                u"envoyercritères"_s};
+    for (const QString& cle : delaliste)
         EXPECT_FALSE(active(cle)) << cle.toStdString();
     fenetre.liens().bouton()->click();
     choisit(fenetre, u"MnuLiensSelection"_s);
-    for (const QString& cle : boutons)
+    for (const QString& cle : delaliste + QStringList{u"ouvrircritères"_s})
         EXPECT_TRUE(active(cle)) << cle.toStdString();
     EXPECT_TRUE(ecran().picturesselection().flex().isVisible());
     EXPECT_EQ(ecran().picturesselection().flex().rows(), 3);
