@@ -208,7 +208,8 @@ TEST_F(MenusTest, EverythingThatTakesTheFocusHasAnAccessibleName) {
     entree("maide1", 0)->trigger();
     int vus = 0;
     for (QWidget* widget : ecran().findChildren<QWidget*>()) {
-        if (!widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus) || qobject_cast<QMdiSubWindow*>(widget))
+        const bool prend = widget->isVisible() && widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy();
+        if (!prend || qobject_cast<QMdiSubWindow*>(widget))
             continue;
         const QAccessibleInterface* pont = QAccessible::queryAccessibleInterface(widget);
         ASSERT_NE(pont, nullptr);
