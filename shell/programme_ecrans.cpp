@@ -6,6 +6,8 @@
 #include "platform/system/systeminfo.h"
 #include "platform/widgets/childarea.h"
 #include "platform/widgets/richtextbox.h"
+#include "search/motscommencant.h"
+#include "search/ui/completionmots.h"
 #include "shell/bureau.h"
 #include "shell/commandes.h"
 #include "shell/ecrangeneral.h"
@@ -176,6 +178,11 @@ Textes* Programme::fabriquefenetre(int indice) {
     contexte.cherchemots = [this](const QString& code, const QString& mots,
                                   const std::function<void(const QString&)>& ligne) {
         selection_->cherchedans(code, mots, ligne);
+    };
+    contexte.completemots = [this](QLineEdit& mots) {
+        new CompletionMots(
+            &mots, [this](const QString& debut, int nombre) { return motscommencant(corpus_, debut, nombre); },
+            separateursmots(), langue_.lireressource(9459));
     };
     auto* fenetre = new Textes(indice, contexte);
     connect(fenetre, &Textes::selection, this, [this](const QStringList& cles) { selection_->remplit(cles); });
