@@ -13,14 +13,19 @@
 #include "platform/widgets/richtextbox.h"
 #include "platform/widgets/toolbar.h"
 #include "platform/widgets/treeview.h"
+#include "search/recherchedico.h"
+#include "search/typescherches.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
 #include "shell/programme.h"
+#include "shell/selection.h"
+#include "tests/platform/widgets/sampletext.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QMdiSubWindow>
+#include <QTableView>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -63,6 +68,7 @@ public:
     Bureau& bureau() { return programme_->bureau(); }
     Navigation& navigation() { return bureau().navigation(); }
     Corpus& corpus() { return programme_->corpus(); }
+    Selection& selection() { return programme_->selection(); }
 
     /// A fresh window of the collection, painted.
     Textes& fenetre() {
@@ -179,6 +185,52 @@ void ouverture(benchmark::State& etat) {
     }
 }
 
+/// From the words to the painted rows, as the search form goes there.
+void deuxmots(benchmark::State& etat) {
+    Selection& selection = bureau->selection();
+    RechercheDico recherche(selection.atelier(), [](const QString&) {});
+    selection.montreliste();
+    Bureaudessai::peint();
+    qint64 lignes = 0;
+    for ([[maybe_unused]] const auto& tour : etat) {
+        {
+            const Remplissage remplissage(selection);
+            const ResultatDico resultat = recherche.cherche(
+                {QStringLiteral("consommateur garantie"), touteslettres(), true, limitedindex(0)}, selection.etat());
+            selection.publie(resultat.fin);
+            lignes = resultat.hits;
+        }
+        selection.flex().view()->viewport()->repaint();
+    }
+    etat.counters["rows"] = static_cast<double>(lignes);
+}
+
+/// All occurrences of a word in a document of a million characters, marked and painted.
+void marques(benchmark::State& etat) {
+    constexpr qsizetype longueur = 1'000'000;
+    const auto nombre = static_cast<qsizetype>(etat.range(0));
+    const QString mot = QStringLiteral("zyxwvut");
+    RichText texte = sample::longText(longueur);
+    for (qsizetype rang = 1; rang <= nombre; ++rang)
+        texte.replace(rang * (texte.length() / (nombre + 1)), mot.size(), mot);
+    RichTextBox vue;
+    vue.resize(900, 800);
+    vue.show();
+    qsizetype marquees = 0;
+    for ([[maybe_unused]] const auto& tour : etat) {
+        etat.PauseTiming();
+        vue.control().richTextForEdit() = texte;
+        vue.control().notifyChanged();
+        Bureaudessai::peint();
+        etat.ResumeTiming();
+        marquees = marquemots(vue.control(), {mot, QString(), 0}, {255, true, false, true}).nombre;
+        vue.viewport()->repaint();
+    }
+    etat.counters["marks"] = static_cast<double>(marquees);
+}
+
+BENCHMARK(deuxmots)->Name("Search/two words, 50 rows painted")->Unit(benchmark::kMillisecond);
+BENCHMARK(marques)->Name("Marks/in 1 MB")->Arg(500)->Unit(benchmark::kMillisecond);
 BENCHMARK(sommaire)->Name("Tree/first show")->Unit(benchmark::kMillisecond);
 BENCHMARK(developpement)->Name("Tree/slowest expansion")->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3);
 BENCHMARK(liste)->Name("List/shown")->Unit(benchmark::kMillisecond);
