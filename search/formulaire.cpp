@@ -181,8 +181,12 @@ void Formulaire::cherche(Onglet onglet) {
     arret = false;
     vue_.cacheprogres();
     vue_.libelle(onglet, texte(recherchertexte));
-    if (fin)
-        finit(*fin);
+    if (!fin)
+        return;
+    finit(*fin);
+    // The walks tell what they have found, and nothing of nothing.
+    if (onglet != Onglet::Mots && atelier().liste.lignes() == 0)
+        atelier().curseurattente(textecompte(0, monde_.texte));
 }
 
 void Formulaire::finit(const PublicationFin& fin) {

@@ -12,6 +12,9 @@ BoiteDerniers::BoiteDerniers(const QString& nom, const QString& derniers, QWidge
     setEditable(true);
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
+    // The focus is the text box's own, keys reach it once, and come here when it has no use for them.
+    lineEdit()->setFocusProxy(nullptr);
+    setFocusProxy(lineEdit());
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(largeurminimale);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -45,11 +48,10 @@ void BoiteDerniers::showPopup() {
 
 void BoiteDerniers::keyPressEvent(QKeyEvent* evenement) {
     // The arrows open the list instead of putting another text in place of what is being typed.
-    const bool fleche = evenement->key() == Qt::Key_Down || evenement->key() == Qt::Key_Up;
-    if (!fleche)
-        QComboBox::keyPressEvent(evenement);
-    else if (evenement->key() == Qt::Key_Down)
+    if (evenement->key() == Qt::Key_Down || evenement->key() == Qt::Key_F4)
         showPopup();
+    else
+        evenement->ignore();
 }
 
 void BoiteDerniers::wheelEvent(QWheelEvent* evenement) {

@@ -23,7 +23,7 @@ CompletionMots::CompletionMots(QLineEdit* ligne, Mots mots, QString separateurs,
     attente_.setInterval(pause);
     connect(ligne_, &QLineEdit::textEdited, this, [this] {
         // An open list stays where it is until the next one, but what was chosen in it was meant for another text.
-        liste_->popup()->setCurrentIndex({});
+        liste_->popup()->selectionModel()->clear();
         attente_.start();
     });
     connect(ligne_, &QLineEdit::returnPressed, this, &CompletionMots::renonce);
@@ -49,8 +49,9 @@ void CompletionMots::propose() {
         return;
     }
     modele_->setStringList(mots);
-    liste_->popup()->setCurrentIndex({});
     liste_->complete();
+    // A list that takes the focus makes its first row the current one: nothing is chosen yet.
+    liste_->popup()->selectionModel()->clear();
 }
 
 void CompletionMots::prend(const QString& mot) {
@@ -69,7 +70,7 @@ bool CompletionMots::eventFilter(QObject* objet, QEvent* evenement) {
     const int touche = static_cast<QKeyEvent*>(evenement)->key();
     const bool prise = touche == Qt::Key_Return || touche == Qt::Key_Enter || touche == Qt::Key_Tab;
     const QModelIndex choisi = liste_->popup()->currentIndex();
-    if (!prise || !choisi.isValid())
+    if (!prise || !liste_->popup()->selectionModel()->isSelected(choisi))
         return QObject::eventFilter(objet, evenement);
     liste_->popup()->hide();
     prend(choisi.data().toString());
