@@ -1,0 +1,185 @@
+// The road of one request: two words, the list, a document with its marks, and what else a hand does on the way.
+#include "document/ui/textes.h"
+#include "platform/widgets/flexgrid.h"
+#include "platform/widgets/richtextbox.h"
+#include "platform/widgets/toolbar.h"
+#include "search/ui/frmvelmorselect.h"
+#include "shell/ecrangeneral.h"
+#include "shell/recherches.h"
+#include "shell/selection.h"
+#include "shell/volet.h"
+#include "tests/e2e/host.h"
+#include "tests/e2e/robot.h"
+#include "tests/e2e/thread.h"
+
+#include <QDialog>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTableView>
+
+#include <gtest/gtest.h>
+
+namespace velm::e2e {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int markColour = 0x8000FF;
+
+class Finding : public testing::Test {
+protected:
+    void SetUp() override {
+        inProgram([this] { host = std::make_unique<Host>(); });
+        ASSERT_TRUE(host->isReady());
+        host->setSetting(u"OPTIONS", u"TIPS", u"0"_s);
+        host->setSetting(u"GENERALITES", u"CHECKQUIT", u"1"_s);
+        ASSERT_EQ(inProgram([this] { return host->start(); }), Demarrage::EnMarche);
+        ASSERT_TRUE(becomes([this] { return host->frame()->isVisible() && host->frame()->isActiveWindow(); }));
+    }
+    void TearDown() override {
+        if (HasFailure())
+            photo(u"echec-"_s + QString::fromUtf8(testing::UnitTest::GetInstance()->current_test_info()->name()));
+        inProgram([this] { host.reset(); });
+    }
+
+    // ---- what is looked at; in the program's thread
+
+    Selection& list() const { return host->program().selection(); }
+    FlexGrid& grid() const { return list().flex(); }
+    QWidget* form() const { return host->program().recherches().formulaire(); }
+    QWidget* finder() const { return host->frame()->findChild<QDialog*>(u"frmFindForm"_s); }
+    Spot command(const QString& name) const { return Spot::named(&host->frame()->barrecommande(), name); }
+    Spot listTool(const QString& name) const {
+        return Spot::named(&host->frame()->picturesselection().recherchetoolbar(), name);
+    }
+    Spot tool(const QString& name) const {
+        return host->front() ? Spot::named(&host->front()->barrechild(), name) : Spot();
+    }
+    Spot tab(int number) const {
+        auto* tabs = form() ? form()->findChild<QTabWidget*>(u"ongletrecherche"_s) : nullptr;
+        return tabs ? Spot{tabs->tabBar(), tabs->tabBar()->tabRect(number)} : Spot();
+    }
+    Spot row(int number) const {
+        const QTableView& view = *grid().view();
+        return {view.viewport(), view.visualRect(view.model()->index(number - 1, 0)) & view.viewport()->rect()};
+    }
+    Spot header(int place) const {
+        const QHeaderView& header = *grid().view()->horizontalHeader();
+        const int column = header.logicalIndex(place);
+        return {header.viewport(),
+                QRect(header.sectionViewportPosition(column), 0, header.sectionSize(column), header.height())};
+    }
+    int marks() const {
+        int count = 0;
+        const RichText& text = host->front()->vue().control().richText();
+        text.forEachRun(0, text.length(), [&](qsizetype, qsizetype, FormatId format) {
+            count += text.charFormat(format).colour == markColour ? 1 : 0;
+        });
+        return count;
+    }
+    QString selected() const { return host->front() ? host->front()->vue().control().selText().toLower() : QString(); }
+    bool shows(const QString& document) const {
+        return host->front() && host->front()->referencecourante() == document;
+    }
+
+    // ---- what the user does
+
+    static void type(const QString& words) {
+        for (const QChar letter : words)
+            key(letter == u' ' ? u"space"_s : QString(letter));
+    }
+    /// Types into the box of a name that has the keyboard, and waits until it holds the words.
+    void typeInto(const std::function<QWidget*()>& within, const QString& name, const QString& words) {
+        const auto box = [&] { return within() ? within()->findChild<QLineEdit*>(name) : nullptr; };
+        ASSERT_TRUE(becomes([&] { return box() && box()->hasFocus(); }));
+        type(words);
+        ASSERT_TRUE(becomes([&] { return box()->text() == words; }));
+    }
+    void searchTwoWords() {
+        ASSERT_TRUE(touch([this] { return command(u"Rechercher"_s); }));
+        ASSERT_TRUE(becomes([this] { return form() && form()->isVisible(); }));
+        ASSERT_TRUE(touch([this] { return tab(2); }));
+        ASSERT_NO_FATAL_FAILURE(typeInto([this] { return form(); }, u"Textedico"_s, u"vendeur garantie"_s));
+        photo(u"21-mots"_s);
+        key(u"Return"_s);
+        ASSERT_TRUE(becomes([this] { return grid().isVisible() && grid().rows() > 2; }));
+        photo(u"22-liste"_s);
+    }
+
+    std::unique_ptr<Host> host;
+};
+
+} // namespace
+
+TEST_F(Finding, TwoWordsAListADocumentWithItsMarksAndTheNextOne) {
+    ASSERT_NO_FATAL_FAILURE(searchTwoWords());
+    EXPECT_EQ(inProgram([this] { return list().liste().mot1; }), u"GARANTIE");
+
+    ASSERT_TRUE(touch([this] { return row(1); }));
+    ASSERT_TRUE(becomes([this] { return grid().row() == 1 && grid().view()->hasFocus(); }));
+    const QString first = inProgram([this] { return grid().text(1, 6); });
+    key(u"Return"_s);
+    ASSERT_TRUE(becomes([&] { return shows(first); }));
+    EXPECT_GT(inProgram([this] { return marks(); }), 1);
+    photo(u"23-marques"_s);
+
+    ASSERT_TRUE(touch([this] { return tool(u"motsuivant"_s); }));
+    ASSERT_TRUE(becomes([this] { return selected() == u"garantie" || selected() == u"vendeur"; }));
+    const qsizetype hit = inProgram([this] { return host->front()->vue().selStart(); });
+    photo(u"24-mot-suivant"_s);
+    key(u"F3"_s);
+    ASSERT_TRUE(becomes([&] { return host->front()->vue().selStart() > hit; }));
+    key(u"shift+F3"_s);
+    ASSERT_TRUE(becomes([&] { return host->front()->vue().selStart() <= hit; }));
+
+    ASSERT_TRUE(touch([this] { return tool(u"marqueauto"_s); }));
+    ASSERT_TRUE(becomes([this] { return marks() == 0 && host->front()->vue().selStart() == 0; }));
+
+    const QString second = inProgram([this] { return grid().text(2, 6); });
+    ASSERT_TRUE(touch([this] { return listTool(u"suivantrecherche"_s); }));
+    ASSERT_TRUE(becomes([&] { return shows(second) && marks() > 0; }));
+}
+
+TEST_F(Finding, TheListIsSortedEmptiedAndHidden) {
+    ASSERT_NO_FATAL_FAILURE(searchTwoWords());
+    const int rows = inProgram([this] { return grid().rows(); });
+    ASSERT_TRUE(touch([this] { return header(0); }, Hand::DoubleClick));
+    ASSERT_TRUE(becomes([this] { return grid().headerCell(0).endsWith(u'>'); }));
+    ASSERT_TRUE(touch([this] { return row(2); }));
+    key(u"Delete"_s);
+    ASSERT_TRUE(becomes([&] { return grid().rows() == rows - 1; }));
+    ASSERT_TRUE(touch([this] { return listTool(u"regrouper"_s); }));
+    ASSERT_TRUE(becomes([this] { return grid().mergeCells(); }));
+    const int before = inProgram([this] { return host->frame()->picturesselection().width(); });
+    ASSERT_TRUE(
+        drag([this] { return Spot::named(&host->frame()->picturesselection(), u"separateurrecherche"_s); }, {250, 0}));
+    ASSERT_TRUE(becomes([&] { return std::abs(host->frame()->picturesselection().width() - before - 250) < 8; }));
+    photo(u"25-liste-large"_s);
+    ASSERT_TRUE(touch([this] { return row(1); }));
+    key(u"ctrl+a"_s);
+    ASSERT_TRUE(becomes([&] { return grid().selectedRows() == std::pair(1, rows - 2); }));
+    key(u"Delete"_s);
+    ASSERT_TRUE(becomes([this] { return grid().rows() == 1; }));
+    key(u"ctrl+shift+f"_s);
+    ASSERT_TRUE(becomes(
+        [this] { return !host->frame()->picturesselection().isVisible() && !(form() && form()->isVisible()); }));
+}
+
+TEST_F(Finding, ATextIsFoundInTheDocument) {
+    ASSERT_NO_FATAL_FAILURE(searchTwoWords());
+    ASSERT_TRUE(touch([this] { return row(1); }, Hand::DoubleClick));
+    ASSERT_TRUE(becomes([this] { return host->front() && !host->front()->referencecourante().isEmpty(); }));
+    key(u"ctrl+f"_s);
+    ASSERT_NO_FATAL_FAILURE(typeInto([this] { return finder(); }, u"txtFind"_s, u"vendeur"_s));
+    key(u"Return"_s);
+    ASSERT_TRUE(becomes([this] { return selected() == u"vendeur"; }));
+    photo(u"26-chercher"_s);
+    key(u"Escape"_s);
+    ASSERT_TRUE(becomes([this] { return !finder()->isVisible() && host->frame()->isActiveWindow(); }));
+}
+
+} // namespace velm::e2e
