@@ -1,6 +1,7 @@
 #include "shell/selection.h"
 
 #include "core/cle.h"
+#include "core/langue.h"
 #include "core/reglages.h"
 #include "document/ui/textes.h"
 #include "platform/widgets/flexgrid.h"
@@ -23,6 +24,8 @@ namespace {
 
 const QString sectionrecherche = u"RECHERCHE"_s;
 const QString cleordre = u"ORDRECOLONNE"_s;
+/// So many documents are opened without a question: a list with all its rows selected takes its time.
+constexpr qsizetype plusdouvertures = 50;
 const QString clelargeurs = u"LARGEURCOLONNE"_s;
 
 } // namespace
@@ -227,8 +230,17 @@ void Selection::ouvre() {
     QStringList cles;
     for (int rang = std::max(premiere, 1); rang <= derniere; ++rang)
         cles << liste_.cle(rang);
+    if (cles.size() > plusdouvertures && !veutouvrir(cles.size()))
+        return;
     for (const QString& cle : std::as_const(cles))
         ouvrecle(cle);
+}
+
+bool Selection::veutouvrir(qsizetype nombre) const {
+    constexpr int question = 9495;
+    constexpr int titre = 8;
+    return monde_.dialogues.message(remplace(texte(question), {QString::number(nombre)}), texte(titre), Icone::Question,
+                                    Bouton::Oui | Bouton::Non, Bouton::Non) == Bouton::Oui;
 }
 
 void Selection::ouvrecle(const QString& cle) {

@@ -52,7 +52,7 @@ public:
     void affichemenuselection(bool visible);
 
     // ---- the rows
-    /// Opens the selected rows one after the other, with the words to mark.
+    /// Opens the selected rows one after the other, with the words to mark; more than fifty after a question.
     void ouvre();
     /// Removes the selected rows and shows the new count.
     void supprime();
@@ -86,6 +86,7 @@ private:
     void suitselection();
     void montreselection();
     void montrelignes();
+    bool veutouvrir(qsizetype nombre) const;
     void ouvrecle(const QString& cle);
 
     Ecrangeneral& ecran_;

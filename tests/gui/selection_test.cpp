@@ -177,6 +177,42 @@ TEST_F(SelectionTest, ARowWhoseDocumentIsGoneOpensNothingElse) {
     EXPECT_GT(nombre, 0);
 }
 
+TEST_F(SelectionTest, ManyRowsAreOpenedAfterAQuestionOnly) {
+    QStringList cles;
+    for (int i = 0; i < 51; ++i)
+        cles << (i < 50 ? u"CO000001"_s : u"CO000002"_s);
+    ouvre(cles);
+    flex().selectAll();
+    dialogues.answers.push_back(Bouton::Non);
+    QTest::keyClick(flex().view(), Qt::Key_Return);
+    EXPECT_EQ(active(), nullptr);
+    ASSERT_EQ(dialogues.messages.size(), 1u);
+    EXPECT_TRUE(dialogues.messages.back().texte.contains(u"51"));
+    EXPECT_EQ(dialogues.messages.back().defaut, Bouton::Non);
+    dialogues.answers.push_back(Bouton::Oui);
+    QTest::keyClick(flex().view(), Qt::Key_Return);
+    EXPECT_EQ(active()->referencecourante(), u"CO000002");
+    flex().setRow(1);
+    flex().setRowSel(50);
+    QTest::keyClick(flex().view(), Qt::Key_Return);
+    EXPECT_EQ(active()->referencecourante(), u"CO000001");
+    EXPECT_EQ(dialogues.messages.size(), 2u);
+}
+
+TEST_F(SelectionTest, OpeningACriteriaFileIsAlwaysEnabled) {
+    ouvre({});
+    EXPECT_TRUE(enabled("ouvrircritères"));
+    liste().publie({false, true, false});
+    EXPECT_TRUE(enabled("ouvrircritères"));
+    EXPECT_FALSE(enabled("sauvercritères"));
+    liste().publie({true, true, true});
+    EXPECT_TRUE(enabled("ouvrircritères"));
+    EXPECT_TRUE(enabled("sauvercritères"));
+    EXPECT_TRUE(enabled("envoyercritères"));
+    EXPECT_TRUE(enabled("précédentrecherche"));
+    EXPECT_TRUE(enabled("suivantrecherche"));
+}
+
 TEST_F(SelectionTest, TheNextRowOpensAndStopsAtTheLastThePreviousAtTheFirst) {
     ouvre();
     presse(barre(), "suivantrecherche");
