@@ -184,8 +184,13 @@ void Formulaire::cherche(Onglet onglet) {
     if (!fin)
         return;
     finit(*fin);
-    // The walks tell what they have found, and nothing of nothing.
-    if (onglet != Onglet::Mots && atelier().liste.lignes() == 0)
+    if (onglet != Onglet::Mots)
+        ditaucun();
+}
+
+/// The walks tell what they have found, and nothing of nothing.
+void Formulaire::ditaucun() const {
+    if (atelier().liste.lignes() == 0)
         atelier().curseurattente(textecompte(0, monde_.texte));
 }
 
@@ -252,6 +257,8 @@ std::optional<PublicationFin> Formulaire::cherchemots(const EtatFormulaire& etat
         return std::nullopt;
     }
     retient(BoiteTexte::Mots, etat.Textedico);
+    if (resultat.issue == ResultatDico::Issue::Terminee)
+        ditaucun();
     return resultat.fin;
 }
 

@@ -100,6 +100,7 @@ private:
     void retient(BoiteTexte boite, const QString& texte);
     DerniersTextes& derniers(BoiteTexte boite) { return derniers_.at(static_cast<std::size_t>(boite)); }
     void finit(const PublicationFin& fin);
+    void ditaucun() const;
     void lirelesmotscles();
     void restitue(const FichierCriteres& fichier);
     std::function<void(qint64, qint64)> progres();

@@ -29,7 +29,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// The form keeps its lines together where there is more room than they need.
-constexpr int largeurutile = 760;
+constexpr QSize tailleutile(760, 620);
 
 QString tableau(const QString& nom, int indice) {
     return u"%1(%2)"_s.arg(nom).arg(indice);
@@ -65,7 +65,6 @@ QVBoxLayout* dispositiondepage(QWidget* page) {
 
 void FrmVelmorSelect::construit() {
     auto* centre = new QWidget(this);
-    centre->setMaximumWidth(largeurutile);
     auto* disposition = new QVBoxLayout(centre);
     disposition->setContentsMargins(look::windowMargin, look::windowMargin, look::windowMargin, look::spacing);
     disposition->setSpacing(look::windowMargin);
@@ -86,10 +85,13 @@ void FrmVelmorSelect::construit() {
     place.setRetainSizeWhenHidden(true);
     ProgressBar_->setSizePolicy(place);
     disposition->addWidget(ProgressBar_);
-    auto* dehors = new QHBoxLayout(this);
+    // In the middle, as large as it can use.
+    auto* dehors = new QGridLayout(this);
     dehors->setContentsMargins({});
-    dehors->addWidget(centre, 1);
-    dehors->addStretch();
+    dehors->addWidget(centre, 0, 0);
+    dehors->setColumnStretch(0, 1);
+    dehors->setRowStretch(0, 1);
+    centre->setMaximumSize(tailleutile.expandedTo(centre->sizeHint()));
 }
 
 QWidget* FrmVelmorSelect::construitcollections() {
@@ -104,6 +106,8 @@ QWidget* FrmVelmorSelect::construitcollections() {
         barre_cran_->setToolTip(cle, texte(10 + collection));
         barre_cran_->setValue(cle, true);
     }
+    // All of them at once: none goes into the bar's overflow.
+    barre_cran_->setMinimumWidth(barre_cran_->sizeHint().width());
     auto* toutes = bouton(u"toutsélect"_s, 2220);
     auto* aucune = bouton(u"toutdéselect"_s, 2221);
     connect(toutes, &QPushButton::clicked, this, [this] { presse(true); });

@@ -234,6 +234,7 @@ TEST_F(RecherchesTest, ReturnInTheLineStartsTheSearchByWords) {
     clique(u"cmdokdico"_s);
     EXPECT_EQ(lignes(), (QStringList{u"clause : 4 ( 0 )"_s, u"contrat : 4 ( 0 )"_s}));
     EXPECT_EQ(liste.lignes(), 0);
+    EXPECT_EQ(panneau.last(), u" 0 document");
 }
 
 TEST_F(RecherchesTest, ATextOfTwoCharactersMovesToTheCriteriaTab) {
