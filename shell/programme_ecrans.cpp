@@ -226,7 +226,7 @@ void Programme::astuce() {
 void Programme::montrerecherche() {
     const auto active = [this] {
         const Textes* fenetre = bureau_->active();
-        return fenetre ? frmFindForm::Cible{&fenetre->vue().control(),
+        return fenetre ? frmFindForm::Cible{&fenetre->vue(),
                                             fenetre->referencecourante() + QString::number(quintptr(fenetre))}
                        : frmFindForm::Cible{};
     };

@@ -1,12 +1,14 @@
 #include "document/ui/frmfindform.h"
 
 #include "platform/widgets/look.h"
+#include "platform/widgets/richtextbox.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace velm {
@@ -16,6 +18,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int largeurchamp = 320;
+constexpr int hauteurdeligne = 24;
 constexpr int titredesmessages = 1350;
 
 template <typename T>
@@ -84,18 +87,30 @@ void frmFindForm::montre(const QString& propose) {
     txtFind_->selectAll();
 }
 
+void frmFindForm::decouvre(const RichTextBox& vue) {
+    const QRect ligne = vue.cursorRect();
+    const QRect hit(vue.viewport()->mapToGlobal(ligne.topLeft()), ligne.size());
+    const QRect ici = frameGeometry();
+    if (!ici.intersects(hit.adjusted(-hauteurdeligne, 0, hauteurdeligne, 0)))
+        return;
+    const QRect ecran = screen()->availableGeometry();
+    const int dessous = hit.bottom() + hauteurdeligne;
+    const int dessus = hit.top() - hauteurdeligne - ici.height();
+    move(ici.left(), dessous + ici.height() <= ecran.bottom() || dessus < ecran.top() ? dessous : dessus);
+}
+
 void frmFindForm::suivant() {
     const Cible cible = active_();
-    if (!cible.controle) {
+    if (!cible.vue) {
         reject();
         return;
     }
     if (std::exchange(document_, cible.document) != cible.document)
         recherche_.recommence();
     const int options = RechercheTexte::options(checkmot_->isChecked(), checkcasse_->isChecked());
-    const auto issue = recherche_.suivant(*cible.controle, txtFind_->text(), options);
+    const auto issue = recherche_.suivant(cible.vue->control(), txtFind_->text(), options);
     if (issue == RechercheTexte::Issue::Trouve)
-        return;
+        return decouvre(*cible.vue);
     constexpr int absent = 122;
     constexpr int termine = 1357;
     dialogues_.message(texte_(issue == RechercheTexte::Issue::Absent ? absent : termine), texte_(titredesmessages));

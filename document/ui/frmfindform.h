@@ -13,13 +13,15 @@ class QPushButton;
 
 namespace velm {
 
+class RichTextBox;
+
 class frmFindForm final : public QDialog {
     Q_OBJECT
 
 public:
-    /// What it looks in: a control and what tells its document from others.
+    /// What it looks in: a text and what tells its document from others.
     struct Cible {
-        RichTextControl* controle = nullptr; ///< null: no document window is active
+        RichTextBox* vue = nullptr; ///< null: no document window is active
         QString document;
     };
     /// `texte` gives a text by its number, `active` what is to be looked in.
@@ -32,6 +34,8 @@ public:
 
 private:
     void construit();
+    /// Out of the way of the hit.
+    void decouvre(const RichTextBox& vue);
 
     std::function<QString(int)> texte_;
     Dialogues& dialogues_;

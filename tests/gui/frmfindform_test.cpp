@@ -72,6 +72,26 @@ TEST_F(FrmFindFormTest, TheFindDialogStartsOverInAnotherDocumentAndKnowsItsBoxes
     EXPECT_FALSE(boite->isVisible());
 }
 
+TEST_F(FrmFindFormTest, TheFindDialogGoesOutOfTheWayOfTheHit) {
+    ouvre({});
+    programme->navigue(u"TACO000001"_s);
+    programme->montrerecherche();
+    auto* boite = ecran().findChild<QDialog*>(u"frmFindForm"_s);
+    auto* texte = boite->findChild<QLineEdit*>(u"txtFind"_s);
+    auto* suivant = boite->findChild<QPushButton*>(u"cmdFindNext"_s);
+    const RichTextBox& vue = active()->vue();
+    const auto hit = [&vue] {
+        return QRect(vue.viewport()->mapToGlobal(vue.cursorRect().topLeft()), vue.cursorRect().size());
+    };
+    texte->setText(u"prix"_s);
+    suivant->click();
+    boite->move(hit().center() - QPoint(100, 60));
+    EVENTUALLY(boite->frameGeometry().intersects(hit()));
+    texte->setText(u"prix,"_s);
+    suivant->click();
+    EVENTUALLY(!boite->frameGeometry().intersects(hit()));
+}
+
 TEST_F(FrmFindFormTest, TheFindDialogProposesWhatIsSelected) {
     ouvre({});
     programme->navigue(u"TACO000001"_s);
