@@ -131,7 +131,9 @@ std::optional<qint64> placelibre(const QString& path) {
 }
 
 QString tempFolder() {
-    return QDir::tempPath();
+    // Empty when the environment names a folder that is not there.
+    const QString folder = QDir::tempPath();
+    return folder.isEmpty() ? QStringLiteral("/tmp") : folder;
 }
 
 bool makeWritable(const QString& path) {

@@ -180,6 +180,21 @@ TEST(FichiersQt, GivingUpChoosesNothing) {
     EXPECT_FALSE(dialogs.chooseFolder(u"t"_s, u"/"_s));
 }
 
+TEST(FichiersQt, TheQuestionAboutAnExistingFileIsLeftToWhoWantsIt) {
+    QtDialogues dialogs;
+    for (const bool asks : {true, false}) {
+        ChoixFichier choix;
+        choix.demanderemplacement = asks;
+        bool confirms = !asks;
+        whenShown<QFileDialog>([&](QFileDialog& dialog) {
+            confirms = !dialog.testOption(QFileDialog::DontConfirmOverwrite);
+            dialog.reject();
+        });
+        EXPECT_FALSE(dialogs.saveFile(choix));
+        EXPECT_EQ(confirms, asks);
+    }
+}
+
 TEST(PressePapiersQt, OffersTextAndBothRichForms) {
     QtPressePapiers clipboard;
     clipboard.pose({u"été"_s, u"<b>été</b>"_s, "{\\rtf1 \\'e9t\\'e9}"});

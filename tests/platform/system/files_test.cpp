@@ -197,6 +197,10 @@ TEST_F(Fichiers, AReadOnlyCopyIsMadeWritable) {
 TEST_F(Fichiers, TheTemporaryFolderIsThere) {
     EXPECT_TRUE(QDir(tempFolder()).exists());
     EXPECT_FALSE(tempFolder().endsWith(u'/'));
+    const QByteArray before = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(at(u"not/there"_s)));
+    EXPECT_EQ(tempFolder(), u"/tmp");
+    before.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before);
 }
 
 } // namespace
