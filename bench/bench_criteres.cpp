@@ -112,7 +112,8 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     commune = std::make_unique<Base>();
     mesure("commun", u"consommateur"_s, Simple);
-    mesure("phrase", u"le consommateur"_s, Simple);
+    mesure("phrase", u"de la"_s, Simple);
+    mesure("phraserare", u"le consommateur"_s, Simple);
     mesure("casse", u"consommateur"_s, Casse);
     mesure("motentier", u"consommateur"_s, Entier);
     mesure("rare", u"clauses abusives"_s, Simple);
