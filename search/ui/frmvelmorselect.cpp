@@ -45,8 +45,12 @@ void FrmVelmorSelect::relie() {
         connect(champ(boitede(onglet)), &QLineEdit::returnPressed, this, [this, onglet] { lance(onglet); });
     }
     connect(champ(BoiteTexte::Second), &QLineEdit::returnPressed, this, [this] { lance(Onglet::Criteres); });
-    connect(resultat_, &QListWidget::itemClicked, this,
-            [this](const QListWidgetItem* ligne) { formulaire_.choisitligne(ligne->text()); });
+    for (ChampDate* date : {textejour_, textemois_, texteannee_})
+        connect(date, &QLineEdit::returnPressed, this, [this] { lance(Onglet::Criteres); });
+    // The Return key on a line does what a click does.
+    for (const auto choisie : {&QListWidget::itemClicked, &QListWidget::itemActivated})
+        connect(resultat_, choisie, this,
+                [this](const QListWidgetItem* ligne) { formulaire_.choisitligne(ligne->text()); });
 }
 
 BoiteTexte FrmVelmorSelect::boitede(Onglet onglet) {
@@ -95,10 +99,20 @@ void FrmVelmorSelect::closeEvent(QCloseEvent* evenement) {
 }
 
 void FrmVelmorSelect::keyPressEvent(QKeyEvent* evenement) {
+    const bool controle = evenement->modifiers() == Qt::ControlModifier;
     if (evenement->matches(QKeySequence::Cancel))
         formulaire_.echappe();
+    else if (controle && evenement->key() == Qt::Key_PageDown)
+        change(1);
+    else if (controle && evenement->key() == Qt::Key_PageUp)
+        change(-1);
     else
         QWidget::keyPressEvent(evenement);
+}
+
+void FrmVelmorSelect::change(int pas) {
+    const int nombre = ongletrecherche_->count();
+    montreonglet(static_cast<Onglet>((ongletrecherche_->currentIndex() + pas + nombre) % nombre));
 }
 
 // ---- the controls as the logic sees them

@@ -64,6 +64,7 @@ private:
     // ---- making
     QString texte(int numero) const { return texte_(numero); }
     void construit();
+    void ordonne();
     QWidget* construitcollections();
     QWidget* ongletrapide();
     QWidget* ongletcriteres();
@@ -82,6 +83,8 @@ private:
     void relie();
 
     void lance(Onglet onglet);
+    /// One tab on or back, round the ends.
+    void change(int pas);
     void presse(bool enfonces);
     QLineEdit* champ(BoiteTexte laquelle) const;
     BoiteDerniers& de(BoiteTexte laquelle) const { return *boites_.at(static_cast<std::size_t>(laquelle)); }

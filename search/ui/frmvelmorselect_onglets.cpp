@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStringListModel>
+#include <QTabBar>
 #include <QTabWidget>
 
 namespace velm {
@@ -85,6 +86,7 @@ void FrmVelmorSelect::construit() {
     place.setRetainSizeWhenHidden(true);
     ProgressBar_->setSizePolicy(place);
     disposition->addWidget(ProgressBar_);
+    ordonne();
     // In the middle, as large as it can use.
     auto* dehors = new QGridLayout(this);
     dehors->setContentsMargins({});
@@ -92,6 +94,29 @@ void FrmVelmorSelect::construit() {
     dehors->setColumnStretch(0, 1);
     dehors->setRowStretch(0, 1);
     centre->setMaximumSize(tailleutile.expandedTo(centre->sizeHint()));
+}
+
+/// The Tab key goes as one reads, and of the buttons below a tab to the searching one first.
+void FrmVelmorSelect::ordonne() {
+    const QStringList noms{
+        u"toutsélect"_s,     u"toutdéselect"_s,    u"texterapide"_s,  u"combonombre"_s,      u"cmdokrapide"_s,
+        u"annulerrapide"_s,  u"prefixe"_s,         u"texterech(0)"_s, u"motentier(0)"_s,     u"respectminmaj(0)"_s,
+        u"conjonction"_s,    u"texterech(1)"_s,    u"motentier(1)"_s, u"respectminmaj(1)"_s, u"emplacement(0)"_s,
+        u"emplacement(1)"_s, u"emplacement(2)"_s,  u"combomotcle"_s,  u"combotype"_s,        u"textejour"_s,
+        u"textemois"_s,      u"texteannée"_s,      u"Option1"_s,      u"Option2"_s,          u"cmdok"_s,
+        u"annuler"_s,        u"annulercriteres"_s, u"Textedico"_s,    u"checkandordico"_s,   u"Combonombredico"_s,
+        u"cmdokdico"_s,      u"annulerdico"_s,     u"resultat"_s};
+    QWidget* avant = nullptr;
+    for (const QString& nom : noms) {
+        auto* const celui = findChild<QWidget*>(nom);
+        if (avant)
+            setTabOrder(avant, celui);
+        avant = celui;
+        if (nom == u"toutdéselect") {
+            setTabOrder(avant, ongletrecherche_->tabBar());
+            avant = ongletrecherche_->tabBar();
+        }
+    }
 }
 
 QWidget* FrmVelmorSelect::construitcollections() {

@@ -334,3 +334,36 @@ TEST_F(CadreTest, AFileOpenedDuringASearchEndsIt) {
     EXPECT_EQ(panneau.last(), u" 1 document");
     EXPECT_EQ(bouton(u"cmdokrapide"_s).text(), chercher);
 }
+
+TEST_F(CadreTest, TheTabKeyGoesAsOneReads) {
+    const auto marche = [this](const QString& debut, qsizetype pas) {
+        champ(debut).setFocus();
+        QStringList noms{debut};
+        while (noms.size() < pas) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            noms << QApplication::focusWidget()->objectName();
+        }
+        return noms;
+    };
+    EXPECT_EQ(marche(u"texterapide"_s, 4),
+              (QStringList{u"texterapide"_s, u"combonombre"_s, u"cmdokrapide"_s, u"annulerrapide"_s}));
+    onglet(Onglet::Criteres);
+    EXPECT_EQ(
+        marche(u"texterech(0)"_s, 19),
+        (QStringList{u"texterech(0)"_s, u"motentier(0)"_s, u"respectminmaj(0)"_s, u"conjonction"_s, u"texterech(1)"_s,
+                     u"motentier(1)"_s, u"respectminmaj(1)"_s, u"emplacement(0)"_s, u"emplacement(1)"_s,
+                     u"emplacement(2)"_s, u"combomotcle"_s, u"combotype"_s, u"textejour"_s, u"textemois"_s,
+                     u"texteannée"_s, u"Option1"_s, u"cmdok"_s, u"annuler"_s, u"annulercriteres"_s}));
+    onglet(Onglet::Mots);
+    EXPECT_EQ(marche(u"Textedico"_s, 6), (QStringList{u"Textedico"_s, u"checkandordico"_s, u"Combonombredico"_s,
+                                                      u"cmdokdico"_s, u"annulerdico"_s, u"resultat"_s}));
+}
+
+TEST_F(CadreTest, KeysWalkTheTabs) {
+    for (const auto& [touche, boite] :
+         {std::pair(Qt::Key_PageDown, u"texterech(0)"_s), std::pair(Qt::Key_PageDown, u"Textedico"_s),
+          std::pair(Qt::Key_PageDown, u"texterapide"_s), std::pair(Qt::Key_PageUp, u"Textedico"_s)}) {
+        QTest::keyClick(QApplication::focusWidget(), touche, Qt::ControlModifier);
+        EXPECT_TRUE(champ(boite).hasFocus()) << qPrintable(boite);
+    }
+}

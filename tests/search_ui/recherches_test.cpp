@@ -267,6 +267,10 @@ TEST_F(RecherchesTest, ClickingAResultLineCopiesItsWord) {
                           resultat.visualItemRect(resultat.item(rang)).center());
         EXPECT_EQ(champ(u"Textedico"_s).text(), mot);
     }
+    resultat.setFocus();
+    resultat.setCurrentRow(0);
+    QTest::keyClick(&resultat, Qt::Key_Return);
+    EXPECT_EQ(champ(u"Textedico"_s).text(), u"clause");
     EXPECT_EQ(hote.publications.size(), publications);
 }
 
