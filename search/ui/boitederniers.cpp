@@ -15,6 +15,7 @@ BoiteDerniers::BoiteDerniers(const QString& nom, const QString& derniers, QWidge
     // The focus is the text box's own, keys reach it once, and come here when it has no use for them.
     lineEdit()->setFocusProxy(nullptr);
     setFocusProxy(lineEdit());
+    lineEdit()->installEventFilter(this);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(largeurminimale);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -44,6 +45,13 @@ void BoiteDerniers::metstexte(const QString& texte) {
 void BoiteDerniers::showPopup() {
     if (count() > 0)
         QComboBox::showPopup();
+}
+
+bool BoiteDerniers::eventFilter(QObject* objet, QEvent* evenement) {
+    // The frame around the text box shows that it has the focus.
+    if (objet == lineEdit() && (evenement->type() == QEvent::FocusIn || evenement->type() == QEvent::FocusOut))
+        update();
+    return QComboBox::eventFilter(objet, evenement);
 }
 
 void BoiteDerniers::keyPressEvent(QKeyEvent* evenement) {

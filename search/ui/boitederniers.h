@@ -20,6 +20,7 @@ public:
     void showPopup() override;
 
 protected:
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
     void keyPressEvent(QKeyEvent* evenement) override;
     void wheelEvent(QWheelEvent* evenement) override;
 };
