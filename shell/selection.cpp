@@ -4,6 +4,7 @@
 #include "core/langue.h"
 #include "core/reglages.h"
 #include "document/ui/textes.h"
+#include "platform/system/files.h"
 #include "platform/widgets/flexgrid.h"
 #include "platform/widgets/statusbar.h"
 #include "platform/widgets/toolbar.h"
@@ -15,6 +16,7 @@
 
 #include <QCoreApplication>
 #include <QMenu>
+#include <QTimer>
 
 namespace velm {
 
@@ -68,8 +70,15 @@ void Selection::commence() {
 }
 
 void Selection::acheve() {
-    if (--remplissages_ == 0)
-        montrelignes();
+    if (--remplissages_ > 0)
+        return;
+    montrelignes();
+    // Not here: the search that has just left may still be on its way out.
+    if (suite_)
+        QTimer::singleShot(0, this, [this] {
+            if (auto travail = std::exchange(suite_, {}))
+                quandlibre(std::move(travail));
+        });
 }
 
 void Selection::montrelignes() {
@@ -283,7 +292,20 @@ void Selection::precedentrecherche() {
 
 // ---- lists that come from elsewhere
 
+void Selection::quandlibre(std::function<void()> travail) {
+    if (remplissages_ == 0) {
+        travail();
+        return;
+    }
+    suite_ = std::move(travail);
+    etat_.rechercheactive = false;
+}
+
 void Selection::remplit(const QStringList& cles) {
+    quandlibre([this, cles] { remplitmaintenant(cles); });
+}
+
+void Selection::remplitmaintenant(const QStringList& cles) {
     {
         const Remplissage remplissage(*this);
         commenceliste(atelier_);
@@ -301,26 +323,41 @@ void Selection::remplit(const QStringList& cles) {
     montreliste();
 }
 
-void Selection::cherchedans(QStringView code, const QString& mots, const std::function<void(const QString&)>& ligne) {
+void Selection::cherchedans(const QString& code, const QString& mots,
+                            const std::function<void(const QString&)>& ligne) {
+    quandlibre([this, code, mots, ligne] { cherchemaintenant(code, mots, ligne); });
+}
+
+void Selection::cherchemaintenant(const QString& code, const QString& mots,
+                                  const std::function<void(const QString&)>& ligne) {
     const Remplissage remplissage(*this);
     const ResultatDico resultat = RechercheDico(atelier_, ligne).cherche(DemandeDico::defenetre(mots, code), etat_);
     publie(resultat.fin);
-    if (resultat.fin.resultatpresent)
+    if (resultat.fin.resultatpresent) {
         montreliste();
-    else
-        ecran_.montreselection(false);
+        return;
+    }
+    ecran_.montreselection(false);
+    bureau_.majdispositions();
 }
 
 bool Selection::prenddoutil(const QString& dossiertemporaire) {
-    const Remplissage remplissage(*this);
-    const auto resultat = remplitdepuisoutil(fichierselection(dossiertemporaire), atelier_, etat_);
-    if (!resultat)
+    const QString chemin = fichierselection(dossiertemporaire);
+    if (!fileExists(chemin))
         return false;
+    quandlibre([this, chemin] { prendmaintenant(chemin); });
+    return true;
+}
+
+void Selection::prendmaintenant(const QString& chemin) {
+    const Remplissage remplissage(*this);
+    const auto resultat = remplitdepuisoutil(chemin, atelier_, etat_);
+    if (!resultat)
+        return;
     publie(resultat->fin);
     VoletSelection& volet = ecran_.picturesselection();
     volet.changelargeurliste(std::max(volet.largeurliste(), LargeurVolet::minimumoutil));
     montreliste();
-    return true;
 }
 
 } // namespace velm

@@ -59,10 +59,11 @@ public:
     void trie(int colonne);
     void suivantrecherche();
     void precedentrecherche();
+    // What follows fills the list at once; while a search of the form does so, that one is stopped and waited for.
     /// Turns keys into the list, in this order; those without a document are passed over.
     void remplit(const QStringList& cles);
     /// The search by words of a document window, in its collection; each result line is told at once.
-    void cherchedans(QStringView code, const QString& mots, const std::function<void(const QString&)>& ligne);
+    void cherchedans(const QString& code, const QString& mots, const std::function<void(const QString&)>& ligne);
     /// What a selection tool has left in a folder; false when it left nothing.
     bool prenddoutil(const QString& dossiertemporaire);
 
@@ -78,6 +79,10 @@ signals:
 private:
     QString texte(int numero) const { return monde_.texte(numero); }
     Toolbar& barre() const;
+    void quandlibre(std::function<void()> travail);
+    void remplitmaintenant(const QStringList& cles);
+    void cherchemaintenant(const QString& code, const QString& mots, const std::function<void(const QString&)>& ligne);
+    void prendmaintenant(const QString& chemin);
     void prepareflex();
     void litcolonnes();
     void construitmenu();
@@ -98,6 +103,7 @@ private:
     EtatRecherche etat_;
     QMenu* menu_ = nullptr;
     int remplissages_ = 0;
+    std::function<void()> suite_; ///< to be done when the list is free
 };
 
 } // namespace velm

@@ -4,6 +4,8 @@
 #include "platform/widgets/richtextbox.h"
 #include "platform/widgets/toolbar.h"
 
+#include <QPointer>
+
 namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
@@ -53,8 +55,13 @@ void Textes::vamot(bool suivant) {
 }
 
 void Textes::cherchemots(const QString& mots) {
-    if (contexte_.cherchemots)
-        contexte_.cherchemots(code_, mots, [this](const QString& ligne) { blocrecherche_->ajouteligne(ligne); });
+    if (!contexte_.cherchemots)
+        return;
+    // The search may have to wait for another one, and the window be closed meanwhile.
+    contexte_.cherchemots(code_, mots, [bloc = QPointer(blocrecherche_)](const QString& ligne) {
+        if (bloc)
+            bloc->ajouteligne(ligne);
+    });
 }
 
 } // namespace velm

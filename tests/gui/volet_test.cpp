@@ -94,6 +94,26 @@ TEST_F(VoletTest, NothingOfTheListIsTouchedWhileItIsFilled) {
     EXPECT_TRUE(flex().redraw());
 }
 
+TEST_F(VoletTest, AListThatComesWhileASearchRunsStopsItAndWaitsForItsEnd) {
+    ouvre({});
+    QStringList lignes;
+    {
+        const Remplissage recherche(liste());
+        liste().etat().rechercheactive = true;
+        liste().remplit({u"CO000001"_s});
+        EXPECT_FALSE(liste().etat().rechercheactive);
+        EXPECT_EQ(liste().liste().lignes(), 0);
+        liste().etat().rechercheactive = true;
+        // The newest one wins.
+        liste().cherchedans(u"CO"_s, u"deux"_s, [&](const QString& ligne) { lignes << ligne; });
+        EXPECT_FALSE(liste().etat().rechercheactive);
+        EXPECT_TRUE(lignes.isEmpty());
+    }
+    EVENTUALLY(lignes.size() == 1);
+    EXPECT_EQ(colonne(6), (QStringList{u"CO000002"_s, u"CO000004"_s}));
+    EXPECT_TRUE(flex().isVisible());
+}
+
 // ---- the word search of a document window
 
 TEST_F(VoletTest, TheBlockOfAWindowSearchesItsOwnCollectionForAllWords) {
@@ -130,14 +150,14 @@ TEST_F(VoletTest, ASearchOfAWindowWithoutAResultHidesTheListAndReleasesTheButton
     ouvre();
     programme->navigue(u"TACO000001"_s);
     QStringList lignes;
-    liste().cherchedans(u"CO", u"ab introuvable"_s, [&](const QString& ligne) { lignes << ligne; });
+    liste().cherchedans(u"CO"_s, u"ab introuvable"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(flex().rows(), 1);
     EXPECT_TRUE(flex().isHidden());
     EXPECT_FALSE(ecran().barrecommande().value(u"Rechercher"_s));
     EXPECT_EQ(lignes.size(), 2);
     EXPECT_FALSE(enabled("suivantrecherche"));
     // A line of one letter is refused word by word, not sent elsewhere.
-    liste().cherchedans(u"CO", u"a"_s, [&](const QString& ligne) { lignes << ligne; });
+    liste().cherchedans(u"CO"_s, u"a"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(lignes.size(), 3);
 }
 
