@@ -8,8 +8,8 @@ namespace velm {
 using namespace Qt::Literals::StringLiterals;
 
 LecteurDeCorps::LecteurDeCorps(const Database& base, const CriteresLus& criteres)
-    : plies_(base, criteres.sanstable ? QString() : u"textes"_s, {u"version"_s, u"texte"_s}), contenus_(base, u"données_contenu"_s, {u"contenu"_s}),
-      rangees_(base, u"données"_s, {u"contenu"_s}) {
+    : plies_(base, criteres.sanstable ? QString() : u"textes"_s, {u"version"_s, u"texte"_s}),
+      contenus_(base, u"données_contenu"_s, {u"contenu"_s}), rangees_(base, u"données"_s, {u"contenu"_s}) {
     for (std::size_t n = 0; n < cherches_.size(); ++n)
         cherches_[n] = {criteres.textes[n], foldedText(criteres.textes[n]), criteres.options[n]};
 }

@@ -24,7 +24,7 @@ public:
         std::function<void()> astuce;
         std::function<void()> apropos;
         std::function<void()> partenaires;
-        std::function<void()> cherche; ///< the find dialog
+        std::function<void()> cherche;                     ///< the find dialog
         std::function<void(bool visible)> montreselection; ///< shows or hides the panel of the selection list
     };
 

@@ -138,8 +138,8 @@ TEST_F(DemarrageTest, TheAboutBoxPutsTheHourglassAwayOnceItShows) {
     options.fichierreglages = dossier.filePath(QStringLiteral("reglages.ini"));
     options.dossierinstance = dossier.path();
     options.dossierdonnees = dossier.filePath(QStringLiteral("donnees"));
-    programme =
-        std::make_unique<Programme>(options, MondeExterieur{dialogues, navigateur, processus, note, pressepapiers, courrier});
+    programme = std::make_unique<Programme>(
+        options, MondeExterieur{dialogues, navigateur, processus, note, pressepapiers, courrier});
     ASSERT_EQ(programme->demarre(), Demarrage::EnMarche);
     note.pris.clear();
     entree("maide1", 0)->trigger();

@@ -43,7 +43,8 @@ TEST_F(SecondeInstance, AFrameMadeAnIconComesBackAsLargeAsItWas) {
     ASSERT_TRUE(programme->ecran()->isMaximized());
     programme->ecran()->setWindowState(Qt::WindowMaximized | Qt::WindowMinimized);
     ASSERT_TRUE(programme->ecran()->isMinimized());
-    Programme seconde(options(QString()), MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier});
+    Programme seconde(options(QString()),
+                      MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier});
     EXPECT_EQ(seconde.demarre(), Demarrage::AutreInstance);
     EVENTUALLY(!programme->ecran()->isMinimized());
     EXPECT_TRUE(programme->ecran()->isMaximized());
