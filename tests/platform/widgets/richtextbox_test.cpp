@@ -141,6 +141,32 @@ TEST_F(Box, TheCaretIsScrolledIntoViewWhereverItGoes) {
     }
 }
 
+TEST_F(Box, AnyPlaceCanBeShownWhileTheCaretStaysWhereItIs) {
+    show(sample::longText(400000));
+    box.setSelStart(7);
+    const qsizetype length = box.control().length();
+    for (const qsizetype part : {50, 100, 3, 0}) {
+        const qsizetype place = length * part / 100;
+        box.reveal(place);
+        box.viewport()->repaint();
+        const QPoint there = pointOf(place);
+        EXPECT_GE(there.y(), 0) << part;
+        EXPECT_LE(there.y(), box.viewport()->height()) << part;
+        EXPECT_EQ(box.selStart(), 7);
+    }
+}
+
+TEST_F(Box, APlaceIsShownAsSoonAsTheWindowIs) {
+    show(sample::longText(100000));
+    box.hide();
+    box.reveal(50000);
+    box.show();
+    box.viewport()->repaint();
+    EXPECT_GE(pointOf(50000).y(), 0);
+    EXPECT_LE(pointOf(50000).y(), box.viewport()->height());
+    EXPECT_EQ(box.selStart(), 0);
+}
+
 TEST_F(Box, WhatIsReadStaysInPlaceWhileTheRestIsLaidOut) {
     show(sample::longText(600000));
     EXPECT_FALSE(box.isSettled());

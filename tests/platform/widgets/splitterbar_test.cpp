@@ -88,6 +88,29 @@ TEST_F(SplitterBarTest, TheBarStaysInsideTheWindow) {
     release({5000, 50});
 }
 
+TEST_F(SplitterBarTest, ABarAtTheEndOfAPanelGoesAsFarAsTheWindowAroundIt) {
+    QWidget panel(&window);
+    panel.setGeometry(50, 0, 100, 300);
+    SplitterBar edge(Qt::Vertical, &panel);
+    edge.setGeometry(95, 0, SplitterBar::thickness, 300);
+    panel.show();
+    std::vector<int> places;
+    QObject::connect(&edge, &SplitterBar::dropped, &panel, [&](int position) { places.push_back(position); });
+    const auto drag = [&](int by) {
+        const QPoint grip = edge.rect().center();
+        QTest::mousePress(&edge, Qt::LeftButton, {}, grip);
+        QTest::mouseMove(&edge, grip + QPoint(by, 0));
+        QTest::mouseRelease(&edge, Qt::LeftButton, {}, grip + QPoint(by, 0));
+    };
+    drag(50);
+    EXPECT_TRUE(places.empty()); // it stands at the end of its parent
+    edge.setBounds(&window);
+    drag(50);
+    drag(5000);
+    drag(-5000);
+    EXPECT_EQ(places, (std::vector<int>{145, 400 - 50 - SplitterBar::thickness, 0}));
+}
+
 TEST_F(SplitterBarTest, ADragWithoutAWayTellsNothing) {
     press({102, 50});
     move({102, 90});
