@@ -1,9 +1,12 @@
-// The criteria search through all bodies: on the base that VELM_BASE names, else on an invented collection. Whether
-// that base holds the folded texts shows in the figures; a run on each kind compares them.
+// The criteria search through all bodies: on the base that VELM_BASE names, else on an invented collection. With
+// --export FOLDER it writes the texts of that base as files instead, for programs to compare with.
 #include "collection/collection.h"
+#include "platform/richtext/rtf.h"
+#include "platform/text/ansi.h"
 #include "search/recherchecriteres.h"
 #include "search/typescherches.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -55,7 +58,7 @@ struct Base {
 
 std::unique_ptr<Base> commune;
 
-enum Facon { Simple, Casse, Entier };
+enum Facon { Simple, Casse, Entier, SansTable };
 
 void corps(benchmark::State& state, const QString& texte, Facon facon) {
     Criteres criteres;
@@ -64,6 +67,7 @@ void corps(benchmark::State& state, const QString& texte, Facon facon) {
     criteres.respectminmaj[0] = facon == Casse;
     criteres.motentier[0] = facon == Entier;
     RechercheCriteres recherche(commune->atelier, {});
+    recherche.sanstable(facon == SansTable);
     ResultatCriteres resultat;
     for ([[maybe_unused]] auto _ : state)
         resultat = recherche.cherche(criteres, {}, touteslettres(), commune->etat);
@@ -106,13 +110,36 @@ void affine(benchmark::State& state) {
 }
 BENCHMARK(affine)->Unit(benchmark::kMillisecond)->UseRealTime();
 
+/// The texts of all bodies as files, for programs that search files.
+int exporte(const QString& dossier) {
+    const auto corps = commune->corpus.base().openQuery(u"SELECT contenu FROM données_contenu"_s);
+    if (!corps)
+        return 1;
+    constexpr int parfichier = 1000;
+    QFile fichier;
+    for (int i = 0; !corps->eof(); corps->moveNext(), ++i) {
+        if (i % parfichier == 0) {
+            fichier.close();
+            fichier.setFileName(dossier + u"/%1.txt"_s.arg(i / parfichier));
+            if (!fichier.open(QIODevice::WriteOnly))
+                return 1;
+        }
+        if (fichier.write(rtfToText(ansi::encode(corps->text(0)), RtfLoad::Whole).toUtf8() + '\n') < 0)
+            return 1;
+    }
+    return 0;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     commune = std::make_unique<Base>();
+    if (argc == 3 && QByteArrayView(argv[1]) == "--export")
+        return exporte(QFile::decodeName(argv[2]));
     mesure("commun", u"consommateur"_s, Simple);
     mesure("phrase", u"de la"_s, Simple);
+    mesure("phrase_sans_table", u"de la"_s, SansTable);
     mesure("phraserare", u"le consommateur"_s, Simple);
     mesure("casse", u"consommateur"_s, Casse);
     mesure("motentier", u"consommateur"_s, Entier);
