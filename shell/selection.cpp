@@ -16,6 +16,7 @@
 
 #include <QCoreApplication>
 #include <QMenu>
+#include <QTableView>
 #include <QTimer>
 
 namespace velm {
@@ -65,6 +66,7 @@ Toolbar& Selection::barre() const {
 void Selection::commence() {
     if (++remplissages_ > 1)
         return;
+    focus_ = flex().view()->hasFocus();
     flex().setRedraw(false);
     flex().hide();
 }
@@ -93,6 +95,10 @@ void Selection::montrelignes() {
     if (liste_.row() == 0)
         flex().setTopRow(1);
     flex().setVisible(liste_.visible);
+    // What is hidden gives the focus to its neighbour.
+    const QWidget* avec = ecran_.focusWidget();
+    if (std::exchange(focus_, false) && liste_.visible && (!avec || ecran_.picturesselection().isAncestorOf(avec)))
+        flex().setFocus();
 }
 
 void Selection::publie(const PublicationFin& fin) {

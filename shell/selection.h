@@ -103,6 +103,7 @@ private:
     EtatRecherche etat_;
     QMenu* menu_ = nullptr;
     int remplissages_ = 0;
+    bool focus_ = false;          ///< the grid had it before it was hidden
     std::function<void()> suite_; ///< to be done when the list is free
 };
 

@@ -76,6 +76,15 @@ TEST_F(VoletTest, DraggingTheBarResizesThePaneBothWaysAndNeverBelowItsMinimum) {
     EXPECT_GE(volet().width(), SplitterBar::thickness);
 }
 
+TEST_F(VoletTest, TheFocusComesBackToAListThatWasFilledAnew) {
+    ouvre();
+    flex().setFocus();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
+    ASSERT_TRUE(flex().view()->hasFocus());
+    liste().remplit({u"CO000003"_s});
+    EXPECT_TRUE(flex().view()->hasFocus());
+}
+
 TEST_F(VoletTest, NothingOfTheListIsTouchedWhileItIsFilled) {
     ouvre();
     flex().setRow(2);
