@@ -15,6 +15,7 @@
 #include <QRadioButton>
 #include <QStringListModel>
 #include <QTabWidget>
+#include <QTimer>
 
 namespace velm {
 
@@ -36,8 +37,7 @@ void FrmVelmorSelect::relie() {
         if (onglet < 0)
             return;
         // The tab bar takes the focus with the click: the box has it after that.
-        QMetaObject::invokeMethod(
-            this, [this] { focus(static_cast<Onglet>(ongletrecherche_->currentIndex())); }, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, [this] { focus(static_cast<Onglet>(ongletrecherche_->currentIndex())); });
     });
     for (const Onglet onglet : {Onglet::Rapide, Onglet::Criteres, Onglet::Mots}) {
         connect(lancer_.at(static_cast<std::size_t>(onglet)), &QPushButton::clicked, this,
