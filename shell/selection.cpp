@@ -343,6 +343,8 @@ void Selection::cherchemaintenant(const QString& code, const QString& mots,
         montreliste();
         return;
     }
+    if (resultat.issue == ResultatDico::Issue::Terminee)
+        atelier_.curseurattente(textecompte(0, monde_.texte));
     ecran_.montreselection(false);
     bureau_.majdispositions();
 }

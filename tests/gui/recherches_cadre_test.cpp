@@ -97,6 +97,23 @@ TEST_F(RecherchesCadreTest, ItsButtonShowsAndHidesTheForm) {
     EXPECT_EQ(champ(u"texterapide"_s).text(), u"gardé");
 }
 
+TEST_F(RecherchesCadreTest, HidingThePaneHidesTheForm) {
+    ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
+    presse(ecran().barrecommande(), "Rechercher");
+    ASSERT_TRUE(montre());
+    champ(u"texterapide"_s).setText(u"rien de tel"_s);
+    clique(u"cmdokrapide"_s);
+    presse(ecran().barrecommande(), "Rechercher");
+    EXPECT_FALSE(ecran().picturesselection().isVisible());
+    EXPECT_FALSE(montre());
+    EXPECT_FALSE(barre().value(u"affichercritères"_s));
+    // A search has run: the list is there, if empty, and the form stays where it is.
+    presse(ecran().barrecommande(), "Rechercher");
+    EXPECT_TRUE(ecran().picturesselection().isVisible());
+    EXPECT_TRUE(programme->selection().flex().isVisible());
+    EXPECT_FALSE(montre());
+}
+
 TEST_F(RecherchesCadreTest, AFormThatClosesReleasesItsButton) {
     ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
     entree("mselection")->trigger();

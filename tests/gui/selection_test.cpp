@@ -2,6 +2,7 @@
 #include "tests/gui/selection_support.h"
 
 #include <QMenu>
+#include <QMenuBar>
 
 using namespace velm;
 using namespace velm::test;
@@ -211,6 +212,38 @@ TEST_F(SelectionTest, OpeningACriteriaFileIsAlwaysEnabled) {
     EXPECT_TRUE(enabled("envoyercritères"));
     EXPECT_TRUE(enabled("précédentrecherche"));
     EXPECT_TRUE(enabled("suivantrecherche"));
+}
+
+TEST_F(SelectionTest, TheEndOfASearchTouchesTheButtonsOfTheListOnly) {
+    ouvre({});
+    const auto etats = [this] {
+        QList<bool> tous;
+        for (const Toolbar* autre : {&ecran().barrecommande(), &ecran().barreecran()}) {
+            for (int rang = 1; rang <= autre->buttonCount(); ++rang)
+                tous << autre->isButtonEnabled(autre->keyAt(rang));
+        }
+        for (const QAction* action : ecran().menuBar()->findChildren<QAction*>())
+            tous << action->isEnabled();
+        return tous;
+    };
+    const QList<bool> avant = etats();
+    liste().publie({true, true, true});
+    EXPECT_EQ(etats(), avant);
+    liste().publie({false, true, false});
+    EXPECT_EQ(etats(), avant);
+    for (const char* cle : {"détruire", "détruirebarre", "majgroupe"})
+        EXPECT_EQ(barre().widget(QString::fromUtf8(cle)), nullptr) << cle;
+}
+
+TEST_F(SelectionTest, TheStatusTextLeavesThePointerAlone) {
+    ouvre();
+    liste().atelier().curseurattente(u"En cours"_s);
+    EXPECT_EQ(etat(), u"En cours");
+    EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
+    const Attente attente(sablier);
+    liste().atelier().curseurattente(QString());
+    EXPECT_EQ(etat(), QString());
+    EXPECT_EQ(sablier.pointeur(), Sablier::attente);
 }
 
 TEST_F(SelectionTest, TheNextRowOpensAndStopsAtTheLastThePreviousAtTheFirst) {

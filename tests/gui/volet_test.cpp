@@ -164,6 +164,7 @@ TEST_F(VoletTest, ASearchOfAWindowWithoutAResultHidesTheListAndReleasesTheButton
     EXPECT_TRUE(flex().isHidden());
     EXPECT_FALSE(ecran().barrecommande().value(u"Rechercher"_s));
     EXPECT_EQ(lignes.size(), 2);
+    EXPECT_EQ(etat(), u" 0 document");
     EXPECT_FALSE(enabled("suivantrecherche"));
     // A line of one letter is refused word by word, not sent elsewhere.
     liste().cherchedans(u"CO"_s, u"a"_s, [&](const QString& ligne) { lignes << ligne; });

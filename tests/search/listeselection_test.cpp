@@ -124,6 +124,13 @@ TEST_F(ListeSelectionTest, AHeaderSortsAndASecondTimeReverses) {
     EXPECT_EQ(liste.entetecellule(0), u"t300>");
 }
 
+TEST_F(ListeSelectionTest, NumbersSortAsText) {
+    for (const QString& titre : {u"9"_s, u"10"_s, u"100"_s, u"2"_s})
+        ajoute(u"CO000001"_s, titre);
+    liste.trie(0);
+    EXPECT_EQ(titres(), QStringList({u"10"_s, u"100"_s, u"2"_s, u"9"_s}));
+}
+
 TEST_F(ListeSelectionTest, OnlyOneHeaderBearsAMarkAndItMovesWithItsColumn) {
     ajoute(u"CO000001"_s, u"Un"_s);
     liste.trie(1);

@@ -151,3 +151,19 @@ TEST(PostingsTest, ListsAreSortedByLengthWithTheirCompanions) {
         }
     }
 }
+
+TEST(PostingsTest, ListsOfEqualLengthComeInAnyOrder) {
+    QStringList ordres;
+    for (const double tirage : {0.0, 0.4, 0.99}) {
+        std::vector<QByteArray> listes{{}, "A111", "A222", "A333"};
+        std::vector<QString> mots{{}, QStringLiteral("un"), QStringLiteral("deux"), QStringLiteral("trois")};
+        trierlistes(listes, mots, 1, 3, [tirage] { return tirage; });
+        const QString ordre = mots[1] + u' ' + mots[2] + u' ' + mots[3];
+        if (!ordres.contains(ordre))
+            ordres << ordre;
+        // Each list keeps its companion wherever it goes.
+        for (std::size_t i = 1; i < listes.size(); ++i)
+            EXPECT_EQ(listes[i], mots[i] == u"un" ? "A111" : mots[i] == u"deux" ? "A222" : "A333");
+    }
+    EXPECT_GT(ordres.size(), 1) << "the draw decides nothing";
+}

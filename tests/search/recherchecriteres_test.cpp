@@ -342,6 +342,17 @@ TEST_P(RechercheCriteresTest, NarrowingARowWhoseDocumentIsGoneUsesTheCurrentReco
     EXPECT_EQ(cles(), ::liste({u"CO000077"_s, u"EU000001"_s, u"CO000099"_s}));
 }
 
+TEST_P(RechercheCriteresTest, NarrowingARowWhoseDocumentIsGoneWithoutACurrentRecordTestsAnEmptyOne) {
+    petite();
+    for (const QString& cle : {u"CO000077"_s, u"EU000001"_s})
+        liste.ajouteauflex({cle.left(2), cle.mid(2), {}, {}, {}, {}, cle});
+    corpus.donnees().moveLast();
+    corpus.donnees().moveNext();
+    texte(u"garantie"_s);
+    affine();
+    EXPECT_EQ(cles(), ::liste({u"EU000001"_s}));
+}
+
 TEST_P(RechercheCriteresTest, AStopKeepsTheRowsFound) {
     beaucoup(40);
     texte(u"pair"_s);

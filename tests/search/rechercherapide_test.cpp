@@ -140,6 +140,14 @@ TEST_F(RechercheRapideTest, ANodeThatIsNotThereIsNoHit) {
     EXPECT_EQ(cherche(u"z"_s).hits, 0);
 }
 
+TEST_F(RechercheRapideTest, ATextAsLongAsABoxTakesIsSearched) {
+    const QString longue = u"été "_s.repeated(8191) + u"fin"_s;
+    documents = {{u"CO000001"_s, longue}, {u"CO000002"_s, longue.chopped(1)}};
+    ouvre();
+    cherche(upperCase(longue));
+    EXPECT_EQ(cles(), QStringList(u"CO000001"_s));
+}
+
 TEST_F(RechercheRapideTest, AStopKeepsTheRowsFound) {
     ajoutedocuments(20);
     ouvre();

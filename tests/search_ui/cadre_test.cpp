@@ -127,6 +127,34 @@ TEST_F(CadreTest, TheKeywordListIsFilledOnce) {
     EXPECT_EQ(combo(u"combomotcle"_s).currentIndex(), 2);
 }
 
+TEST_F(CadreTest, AHundredThousandKeywordsAreOfferedAndFound) {
+    constexpr int nombre = 100'000;
+    {
+        TableWriter table(corpus.base(), u"motclés"_s, {u"motcle"_s});
+        for (int numero = 1; numero <= nombre; ++numero)
+            ASSERT_TRUE(table.add({u"mot %1"_s.arg(numero)}));
+    }
+    corpus.ouvretables();
+    onglet(Onglet::Criteres);
+    EXPECT_EQ(combo(u"combomotcle"_s).count(), nombre + 4);
+    combo(u"combomotcle"_s).setCurrentIndex(combo(u"combomotcle"_s).findText(u"mot 77777"_s, Qt::MatchFixedString));
+    EXPECT_EQ(formulaire->formulaire().fichier().combomotcle, u"mot 77777");
+    clique(u"cmdok"_s);
+    EXPECT_EQ(liste.lignes(), 0);
+    clique(u"annulercriteres"_s);
+    EXPECT_EQ(combo(u"combomotcle"_s).currentIndex(), 0);
+}
+
+TEST_F(CadreTest, AFileFindsItsKeywordThoughTheCriteriaWereNeverShown) {
+    FichierCriteres fichier;
+    fichier.ongletrecherche = 2;
+    fichier.combomotcle = u"Vente"_s;
+    formulaire->formulaire().prendfichier(fichier);
+    EXPECT_EQ(onglets().currentIndex(), 2);
+    EXPECT_EQ(combo(u"combomotcle"_s).currentText(), u"Vente");
+    EXPECT_EQ(combo(u"combomotcle"_s).count(), 4);
+}
+
 TEST_F(CadreTest, TheLimitListsAreRemembered) {
     combo(u"combonombre"_s).setCurrentIndex(1);
     combo(u"Combonombredico"_s).setCurrentIndex(2);
