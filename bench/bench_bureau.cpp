@@ -6,6 +6,7 @@
 #include "platform/engine/recordset.h"
 #include "platform/system/settings.h"
 #include "platform/system/ui/qtdialogues.h"
+#include "platform/system/ui/qtimprimante.h"
 #include "platform/system/ui/qtoutside.h"
 #include "platform/widgets/childarea.h"
 #include "platform/widgets/flexgrid.h"
@@ -58,8 +59,8 @@ public:
         options.fichierreglages = reglages;
         options.dossierinstance = dossier_.path();
         options.dossierdonnees = dossier_.filePath(QStringLiteral("donnees"));
-        programme_ = std::make_unique<Programme>(
-            options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_, pressepapiers_, courrier_});
+        programme_ = std::make_unique<Programme>(options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_,
+                                                                         pressepapiers_, courrier_, imprimante_});
         prete_ = programme_->demarre() == Demarrage::EnMarche;
         QCoreApplication::processEvents();
     }
@@ -118,6 +119,7 @@ private:
     SablierMuet sablier_;
     QtPressePapiers pressepapiers_;
     SystemCourrier courrier_;
+    QtImprimante imprimante_;
     std::unique_ptr<Programme> programme_;
     bool prete_ = false;
 };

@@ -1,6 +1,7 @@
 #include "platform/system/extensions.h"
 #include "platform/system/settings.h"
 #include "platform/system/ui/qtdialogues.h"
+#include "platform/system/ui/qtimprimante.h"
 #include "platform/system/ui/qtoutside.h"
 #include "platform/widgets/look.h"
 #include "shell/ecrangeneral.h"
@@ -41,6 +42,7 @@ int main(int argc, char** argv) {
     velm::QtSablier sablier;
     velm::QtPressePapiers pressepapiers;
     velm::SystemCourrier courrier;
+    velm::QtImprimante imprimante;
     velm::OptionsProgramme options;
     options.dossierprogramme = dossierprogramme();
     options.fichierprogramme = QCoreApplication::applicationFilePath();
@@ -49,7 +51,8 @@ int main(int argc, char** argv) {
     options.dossierinstance = velm::SingleInstance::defaultFolder();
     options.dossierdonnees = velm::Extensions::defaultDataFolder();
 
-    velm::Programme programme(options, {dialogues, navigateur, processus, sablier, pressepapiers, courrier});
+    velm::Programme programme(options,
+                              {dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante});
     programmepret = &programme;
     dialogues.setCaptions([&](velm::Bouton bouton) { return programme.libellebouton(bouton); });
     velm::setRuntimeErrorHandler([&](const velm::RuntimeFailure& erreur) {

@@ -44,6 +44,7 @@ struct MondeExterieur {
     Sablier& sablier;
     PressePapiers& pressepapiers;
     Courrier& courrier;
+    Imprimante& imprimante;
 };
 
 struct OptionsProgramme {

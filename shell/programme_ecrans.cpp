@@ -99,7 +99,8 @@ QString Programme::chargeprincipale() {
         monde_.dialogues.message(qt_error_string(ENOMEM), langue_.lireressource(8), Icone::Exclamation);
     };
     selection_ = std::make_unique<Selection>(
-        *ecran_, *bureau_, Selection::Monde{corpus_, reglages_, monde_.sablier, monde_.dialogues, texte});
+        *ecran_, *bureau_,
+        Selection::Monde{corpus_, reglages_, monde_.sablier, monde_.dialogues, monde_.imprimante, texte});
     recherches_ = std::make_unique<Recherches>(
         *ecran_, *selection_, Recherches::Monde{reglages_, monde_.sablier, monde_.dialogues, monde_.courrier, texte});
     chargecommandes();

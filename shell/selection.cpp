@@ -102,8 +102,8 @@ void Selection::montrelignes() {
 }
 
 void Selection::publie(const PublicationFin& fin) {
-    for (const QString& cle :
-         {u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s, u"envoyercritères"_s})
+    for (const QString& cle : {u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s,
+                               u"imprimercritères"_s, u"envoyercritères"_s})
         barre().setButtonEnabled(cle, fin.resultatpresent);
     barre().setButtonEnabled(u"ouvrircritères"_s, fin.ouvrircriteres);
     emit publiee(fin);
@@ -135,6 +135,8 @@ void Selection::clicbarre(const QString& cle) {
         emit criteresvoulus(barre().value(cle));
     else if (cle == u"regrouper")
         regroupe();
+    else if (cle == u"imprimercritères")
+        imprime();
     else if (cle == u"suivantrecherche")
         suivantrecherche();
     else if (cle == u"précédentrecherche")
@@ -198,7 +200,7 @@ void Selection::construitmenu() {
     };
     connect(entree(u"ContextMenuOuvrir"_s, 9018), &QAction::triggered, this, &Selection::ouvre);
     connect(entree(u"ContextMenuSuppress"_s, 9019), &QAction::triggered, this, &Selection::supprime);
-    entree(u"ContextMenuPrint"_s, 9020)->setEnabled(false);
+    connect(entree(u"ContextMenuPrint"_s, 9020), &QAction::triggered, this, &Selection::imprime);
 }
 
 void Selection::litcolonnes() {
@@ -274,6 +276,28 @@ void Selection::supprime() {
     flex().setRedraw(true);
     montreselection();
     atelier_.curseurattente(textecompte(liste_.lignes(), monde_.texte));
+}
+
+void Selection::imprime() {
+    constexpr int question = 2432;
+    constexpr int titre = 33;
+    constexpr int impossible = 9496;
+    if (remplissages_ > 0 || liste_.lignes() == 0 ||
+        monde_.dialogues.message(texte(question) + u" ?"_s, texte(titre), Icone::Question, Bouton::Oui | Bouton::Non) !=
+            Bouton::Oui)
+        return;
+    flex().selectAll();
+    TableauImprime tableau{texte(titre), {}, {}, flex().clip()};
+    for (int colonne = 0; colonne < flex().cols(); ++colonne) {
+        tableau.entetes << flex().header(colonne);
+        tableau.largeurs << flex().colWidth(colonne);
+    }
+    const bool imprimee = [&] {
+        const Attente attente(monde_.sablier);
+        return monde_.imprimante.imprime(tableau);
+    }();
+    if (!imprimee)
+        monde_.dialogues.message(texte(impossible), texte(titre), Icone::Exclamation);
 }
 
 void Selection::suivantrecherche() {

@@ -2,6 +2,7 @@
 // The selection list in its panel: the one owner of the rows, which binds them to the grid, opens their documents and
 // works on them. Searches reach it as a HoteSelection.
 #include "platform/system/dialogues.h"
+#include "platform/system/outside.h"
 #include "search/hoteselection.h"
 
 #include <QObject>
@@ -30,6 +31,7 @@ public:
         Reglages& reglages;
         Sablier& sablier;
         Dialogues& dialogues;
+        Imprimante& imprimante;
         std::function<QString(int)> texte;
     };
     Selection(Ecrangeneral& ecran, Bureau& bureau, const Monde& monde);
@@ -56,6 +58,8 @@ public:
     void ouvre();
     /// Removes the selected rows and shows the new count.
     void supprime();
+    /// Prints all rows, after a question.
+    void imprime();
     void trie(int colonne);
     void suivantrecherche();
     void precedentrecherche();

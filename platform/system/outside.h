@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 
 namespace velm {
 
@@ -41,6 +42,23 @@ public:
     virtual ~PressePapiers() = default;
     virtual void pose(const ContenuPressePapiers& contenu) = 0;
     virtual QString texte() const = 0;
+};
+
+/// A list on paper.
+struct TableauImprime {
+    QString titre; ///< by which the printer's queue shows it
+    QStringList entetes;
+    /// Shares of the paper's width; a column of width 0 is left out.
+    QList<int> largeurs;
+    /// CR between rows, tabs between cells.
+    QString lignes;
+};
+
+class Imprimante {
+public:
+    virtual ~Imprimante() = default;
+    /// Prints on the user's own printer, without asking; false when there is none, or none that takes it.
+    virtual bool imprime(const TableauImprime& tableau) = 0;
 };
 
 } // namespace velm

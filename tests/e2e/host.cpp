@@ -48,7 +48,7 @@ Demarrage Host::start() {
     options.dossierinstance = folder();
     options.dossierdonnees = QDir(folder()).filePath(u"donnees"_s);
     program_ = std::make_unique<Programme>(
-        options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_, pressepapiers_, courrier_});
+        options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_, pressepapiers_, courrier_, imprimante_});
     dialogues_.setCaptions([this](Bouton bouton) { return program_->libellebouton(bouton); });
     return program_->demarre();
 }

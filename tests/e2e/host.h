@@ -3,6 +3,7 @@
 // constructor belongs into the program's thread.
 #include "platform/system/process.h"
 #include "platform/system/ui/qtdialogues.h"
+#include "platform/system/ui/qtimprimante.h"
 #include "platform/system/ui/qtoutside.h"
 #include "shell/programme.h"
 #include "shell/qtsablier.h"
@@ -49,6 +50,7 @@ private:
     QtSablier sablier_;
     QtPressePapiers pressepapiers_;
     SystemCourrier courrier_;
+    QtImprimante imprimante_;
     std::unique_ptr<Programme> program_;
 };
 

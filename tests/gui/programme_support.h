@@ -69,7 +69,7 @@ protected:
         options.dossierinstance = dossier.path();
         options.dossierdonnees = dossier.filePath(QStringLiteral("donnees"));
         programme = std::make_unique<Programme>(
-            options, MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier});
+            options, MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante});
         return programme->demarre();
     }
 
@@ -97,6 +97,7 @@ protected:
     SablierMuet sablier;
     PressePapiersScript pressepapiers;
     CourrierScript courrier;
+    ImprimanteScript imprimante;
     std::unique_ptr<Programme> programme;
 };
 

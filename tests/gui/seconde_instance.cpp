@@ -28,7 +28,7 @@ TEST_F(SecondeInstance, ShowsTheFirstAndDropsItsCommandLine) {
     ASSERT_TRUE(programme->ecran()->isMinimized());
 
     Programme seconde(options(QStringLiteral("CO2")),
-                      MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier});
+                      MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante});
     EXPECT_EQ(seconde.demarre(), Demarrage::AutreInstance);
     EXPECT_EQ(seconde.ecran(), nullptr);
     EXPECT_FALSE(seconde.corpus().connecte());
@@ -44,7 +44,7 @@ TEST_F(SecondeInstance, AFrameMadeAnIconComesBackAsLargeAsItWas) {
     programme->ecran()->setWindowState(Qt::WindowMaximized | Qt::WindowMinimized);
     ASSERT_TRUE(programme->ecran()->isMinimized());
     Programme seconde(options(QString()),
-                      MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier});
+                      MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante});
     EXPECT_EQ(seconde.demarre(), Demarrage::AutreInstance);
     EVENTUALLY(!programme->ecran()->isMinimized());
     EXPECT_TRUE(programme->ecran()->isMaximized());

@@ -307,8 +307,52 @@ TEST_F(SelectionTest, TheRightButtonOffersTheRowUnderIt) {
     auto* popup = volet().findChild<QMenu*>(u"ContextMenu"_s);
     EVENTUALLY(popup->isVisible());
     EXPECT_EQ(flex().row(), 3);
-    EXPECT_FALSE(menu("ContextMenuPrint")->isEnabled());
+    EXPECT_TRUE(menu("ContextMenuPrint")->isEnabled());
     popup->close();
     menu("ContextMenuOuvrir")->trigger();
     EXPECT_EQ(active()->referencecourante(), u"CO000003");
+}
+
+// ---- printing
+
+TEST_F(SelectionTest, PrintingTheListAsksFirst) {
+    ouvre();
+    flex().setRow(2);
+    dialogues.answers = {Bouton::Non, Bouton::Oui, Bouton::Oui};
+    presse(barre(), "imprimercritères");
+    EXPECT_TRUE(imprimante.tableaux.empty());
+    ASSERT_EQ(dialogues.messages.size(), 1U);
+    EXPECT_EQ(dialogues.messages.front().texte, u"Voulez-vous imprimer la liste ?");
+    EXPECT_EQ(dialogues.messages.front().titre, u"Impression de la liste");
+    EXPECT_EQ(dialogues.messages.front().icone, Icone::Question);
+    EXPECT_EQ(dialogues.messages.front().boutons, Bouton::Oui | Bouton::Non);
+    presse(barre(), "imprimercritères");
+    menu("ContextMenuPrint")->trigger();
+    ASSERT_EQ(imprimante.tableaux.size(), 2U);
+    for (const TableauImprime& tableau : imprimante.tableaux) {
+        EXPECT_EQ(tableau.lignes.count(u'\r'), 4);
+        EXPECT_TRUE(tableau.lignes.startsWith(u"Béta\t"));
+        EXPECT_EQ(tableau.entetes.value(0), u"Titre");
+        EXPECT_EQ(tableau.largeurs, (QList<int>{3000, 2000, 2000, 2000, 500, 1000, 0}));
+    }
+    EXPECT_EQ(flex().selectedRows(), (std::pair{1, 5}));
+    EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
+}
+
+TEST_F(SelectionTest, AnEmptyListIsNotPrinted) {
+    ouvre({});
+    menu("ContextMenuPrint")->trigger();
+    EXPECT_TRUE(dialogues.messages.empty());
+    EXPECT_TRUE(imprimante.tableaux.empty());
+}
+
+TEST_F(SelectionTest, APrinterThatFailsIsSaidOnce) {
+    ouvre();
+    imprimante.works = false;
+    dialogues.acceptPlainBoxes = true;
+    dialogues.answers = {Bouton::Oui, Bouton::Ok};
+    presse(barre(), "imprimercritères");
+    ASSERT_EQ(dialogues.messages.size(), 2U);
+    EXPECT_EQ(dialogues.messages.back().icone, Icone::Exclamation);
+    EXPECT_EQ(dialogues.messages.back().titre, u"Impression de la liste");
 }

@@ -74,6 +74,17 @@ public:
     QString texte() const override { return contenu.texte; }
 };
 
+class ImprimanteScript final : public Imprimante {
+public:
+    std::vector<TableauImprime> tableaux;
+    bool works = true;
+
+    bool imprime(const TableauImprime& tableau) override {
+        tableaux.push_back(tableau);
+        return works;
+    }
+};
+
 class LecteursScript final : public Lecteurs {
 public:
     QList<Lecteur> lecteurs;
