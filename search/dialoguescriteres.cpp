@@ -92,6 +92,8 @@ PublicationFin restitue(const FichierCriteres& fichier, const Atelier& atelier, 
     atelier.curseurattente(textecompte(atelier.liste.lignes(), atelier.texte));
     const PublicationFin publication = atelier.liste.publie();
     etat.resultatpresent = publication.resultatpresent;
+    // The rows stand as they were saved.
+    atelier.liste.effacemarquestri();
     atelier.liste.visible = true;
     return publication;
 }

@@ -159,6 +159,7 @@ TEST_F(DialoguesCriteresTest, RowsComeBackWithoutASearch) {
     EXPECT_FALSE(etat.rechercheactive);
     EXPECT_TRUE(liste.visible);
     EXPECT_EQ(panneau, QStringList(u" 2 documents"_s));
+    EXPECT_EQ(liste.marque(0), ListeSelection::Marque::Aucune);
     EXPECT_EQ(liste.mot1, u"rapide");
     EXPECT_EQ(restitue(fichier(0), atelier(), etat), (PublicationFin{false, true, false}));
     EXPECT_EQ(liste.rows(), 1);
