@@ -17,7 +17,6 @@
 #include <QCoreApplication>
 #include <QMenu>
 #include <QTableView>
-#include <QTimer>
 
 namespace velm {
 
@@ -40,6 +39,11 @@ Selection::Selection(Ecrangeneral& ecran, Bureau& bureau, const Monde& monde)
           monde.corpus, liste_, monde.sablier, monde.dialogues, cession_, monde.texte, [this](const QString& etat) {
               ecran_.barreetat().setPanelText(u"wait"_s, etat);
           }} {
+    reprise_.setSingleShot(true);
+    connect(&reprise_, &QTimer::timeout, this, [this] {
+        if (auto travail = std::exchange(suite_, {}))
+            quandlibre(std::move(travail));
+    });
     litcolonnes();
     prepareflex();
     construitmenu();
@@ -77,10 +81,7 @@ void Selection::acheve() {
     montrelignes();
     // Not here: the search that has just left may still be on its way out.
     if (suite_)
-        QTimer::singleShot(0, this, [this] {
-            if (auto travail = std::exchange(suite_, {}))
-                quandlibre(std::move(travail));
-        });
+        reprise_.start(0);
 }
 
 void Selection::montrelignes() {

@@ -6,6 +6,7 @@
 #include "search/hoteselection.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <functional>
 
@@ -109,6 +110,7 @@ private:
     int remplissages_ = 0;
     bool focus_ = false;          ///< the grid had it before it was hidden
     std::function<void()> suite_; ///< to be done when the list is free
+    QTimer reprise_;
 };
 
 } // namespace velm

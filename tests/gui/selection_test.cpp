@@ -206,9 +206,11 @@ TEST_F(SelectionTest, OpeningACriteriaFileIsAlwaysEnabled) {
     liste().publie({false, true, false});
     EXPECT_TRUE(enabled("ouvrircritères"));
     EXPECT_FALSE(enabled("sauvercritères"));
+    EXPECT_FALSE(enabled("imprimercritères"));
     liste().publie({true, true, true});
     EXPECT_TRUE(enabled("ouvrircritères"));
     EXPECT_TRUE(enabled("sauvercritères"));
+    EXPECT_TRUE(enabled("imprimercritères"));
     EXPECT_TRUE(enabled("envoyercritères"));
     EXPECT_TRUE(enabled("précédentrecherche"));
     EXPECT_TRUE(enabled("suivantrecherche"));
