@@ -101,7 +101,7 @@ private:
             ligne_(libelle + u" :"_s + nombredentrees(liste));
             return liste;
         }
-        const QByteArray voulues = filtretypes(liste, demande_.lettres);
+        QByteArray voulues = filtretypes(liste, demande_.lettres);
         ligne_(libelle + u" :"_s + nombredentrees(liste) + u" ("_s + nombredentrees(voulues) + u" )"_s);
         return voulues;
     }

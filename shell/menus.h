@@ -3,6 +3,7 @@
 #include "core/barres.h"
 
 #include <QIcon>
+#include <QKeySequence>
 #include <QMap>
 #include <QObject>
 
@@ -10,7 +11,6 @@
 
 class QAction;
 class QActionGroup;
-class QKeySequence;
 class QMenu;
 class QMenuBar;
 

@@ -33,13 +33,9 @@ struct SystemCourrier::Private {
     void forget(const Envoi* envoi) {
         envois.remove_if([envoi](const Envoi& one) { return &one == envoi; });
     }
-    /// Not while a signal of its process is being handled.
-    void failLater(const Envoi& envoi, const Failed& failed, const QString& told) {
-        const auto fail = [this, which = &envoi, failed, told] {
-            forget(which);
-            failed(Failure::NoMailProgram, told);
-        };
-        QMetaObject::invokeMethod(&context, fail, Qt::QueuedConnection);
+    void fail(const Envoi& envoi, const Failed& failed, const QString& told) {
+        forget(&envoi);
+        failed(Failure::NoMailProgram, told);
     }
 
     QObject context; ///< goes first: nothing is heard of a process that is ended with this object
@@ -84,19 +80,22 @@ void SystemCourrier::compose(const Courriel& courriel, Failed failed) {
         failed(Failure::NotWritten, error);
         return;
     }
-    QObject::connect(&envoi.process, &QProcess::finished, &d_->context,
-                     [this, &envoi, failed](int code, QProcess::ExitStatus status) {
-                         if (code == 0 && status == QProcess::NormalExit)
-                             return;
-                         const QByteArray told = envoi.process.readAllStandardError();
-                         d_->failLater(envoi, failed, QString::fromLocal8Bit(told).trimmed());
-                     });
-    QObject::connect(&envoi.process, &QProcess::errorOccurred, &d_->context,
-                     [this, &envoi, failed](QProcess::ProcessError what) {
-                         // `finished` tells of the others.
-                         if (what == QProcess::FailedToStart)
-                             d_->failLater(envoi, failed, envoi.process.errorString());
-                     });
+    // What has failed is forgotten with its process, which is not to be in the middle of a signal then.
+    QObject::connect(
+        &envoi.process, &QProcess::finished, &d_->context,
+        [this, &envoi, failed](int code, QProcess::ExitStatus status) {
+            if (code != 0 || status != QProcess::NormalExit)
+                d_->fail(envoi, failed, QString::fromLocal8Bit(envoi.process.readAllStandardError()).trimmed());
+        },
+        Qt::QueuedConnection);
+    QObject::connect(
+        &envoi.process, &QProcess::errorOccurred, &d_->context,
+        [this, &envoi, failed](QProcess::ProcessError what) {
+            // `finished` tells of the others.
+            if (what == QProcess::FailedToStart)
+                d_->fail(envoi, failed, envoi.process.errorString());
+        },
+        Qt::QueuedConnection);
     envoi.process.setStandardInputFile(QProcess::nullDevice());
     envoi.process.setStandardOutputFile(QProcess::nullDevice());
     envoi.process.start(program, arguments(courriel, path), QIODevice::ReadOnly);

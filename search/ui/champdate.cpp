@@ -18,6 +18,16 @@ bool ChampDate::quitte() {
     return true;
 }
 
+ChampDate::ChampDate(QWidget* parent) : QLineEdit(parent) {
+    connect(
+        this, &ChampDate::abandonne, this,
+        [this] {
+            if (isVisible() && !hasFocus())
+                quitte();
+        },
+        Qt::QueuedConnection);
+}
+
 void ChampDate::focusOutEvent(QFocusEvent* evenement) {
     QLineEdit::focusOutEvent(evenement);
     // Only the user's own leaving: two boxes that held the focus against one another would never end.
@@ -27,13 +37,7 @@ void ChampDate::focusOutEvent(QFocusEvent* evenement) {
     case Qt::MouseFocusReason:
     case Qt::ShortcutFocusReason:
         // The focus is on its way: it comes back once it has arrived.
-        QMetaObject::invokeMethod(
-            this,
-            [this] {
-                if (isVisible() && !hasFocus())
-                    quitte();
-            },
-            Qt::QueuedConnection);
+        emit abandonne();
         break;
     default:
         break;

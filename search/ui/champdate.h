@@ -10,7 +10,7 @@ class ChampDate final : public QLineEdit {
     Q_OBJECT
 
 public:
-    using QLineEdit::QLineEdit;
+    explicit ChampDate(QWidget* parent = nullptr);
 
     /// Whether a text may stand when the box is left; without it any may.
     std::function<bool(QStringView texte)> valide;
@@ -21,6 +21,10 @@ public:
 
     /// The box is to be left: completes its text. False, and the box takes the focus, when it must stay.
     bool quitte();
+
+signals:
+    /// The user goes on to another control.
+    void abandonne();
 
 protected:
     void focusOutEvent(QFocusEvent* evenement) override;

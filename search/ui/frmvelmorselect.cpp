@@ -15,7 +15,6 @@
 #include <QRadioButton>
 #include <QStringListModel>
 #include <QTabWidget>
-#include <QTimer>
 
 namespace velm {
 
@@ -33,12 +32,14 @@ FrmVelmorSelect::FrmVelmorSelect(const Formulaire::Monde& monde, QWidget* parent
 void FrmVelmorSelect::relie() {
     connect(ongletrecherche_, &QTabWidget::currentChanged, this,
             [this](int onglet) { formulaire_.ongletchange(static_cast<Onglet>(onglet)); });
-    connect(ongletrecherche_, &QTabWidget::tabBarClicked, this, [this](int onglet) {
-        if (onglet < 0)
-            return;
-        // The tab bar takes the focus with the click: the box has it after that.
-        QTimer::singleShot(0, this, [this] { focus(static_cast<Onglet>(ongletrecherche_->currentIndex())); });
-    });
+    // The tab bar takes the focus with the click: the box has it after that.
+    connect(
+        ongletrecherche_, &QTabWidget::tabBarClicked, this,
+        [this](int onglet) {
+            if (onglet >= 0)
+                focus(static_cast<Onglet>(ongletrecherche_->currentIndex()));
+        },
+        Qt::QueuedConnection);
     for (const Onglet onglet : {Onglet::Rapide, Onglet::Criteres, Onglet::Mots}) {
         connect(lancer_.at(static_cast<std::size_t>(onglet)), &QPushButton::clicked, this,
                 [this, onglet] { lance(onglet); });
