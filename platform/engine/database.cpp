@@ -38,6 +38,11 @@ QByteArray unchangingName(const QString& path) {
     return "file://" + QUrl::toPercentEncoding(path.mid(slashes), "/") + "?immutable=1";
 }
 
+/// Counting its memory takes the library a lock that all connections share, and nobody asks for the count.
+void keepNoStatistics() {
+    [[maybe_unused]] static const int once = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+}
+
 /// What a base may not do to us, however it was made.
 void guard(sqlite3* handle) {
     sqlite3_extended_result_codes(handle, 1);
@@ -150,6 +155,7 @@ Database::Opened Database::open(const QString& path, OpenMode mode, const Schema
     d.schema = schema;
     const int flags = SQLITE_OPEN_NOMUTEX | (shared ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
     const QByteArray name = shared ? plainName(absolute) : unchangingName(absolute);
+    keepNoStatistics();
     if (sqlite3_open_v2(name.constData(), &d.handle, flags, nullptr) != SQLITE_OK) {
         d.noteError();
         return failure(OpenError::Unreadable, d.error);
@@ -181,6 +187,7 @@ Database::Opened Database::create(const QString& path, const Schema& schema) {
     d.schema = schema;
     d.building = true;
     d.updatable = true;
+    keepNoStatistics();
     bool made = sqlite3_open_v2(plainName(absolute).constData(), &d.handle, SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_READWRITE,
                                 nullptr) == SQLITE_OK;
     if (made) {
