@@ -13,12 +13,15 @@
 #include "tests/e2e/thread.h"
 
 #include <QDialog>
+#include <QFile>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QProcess>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -32,8 +35,10 @@ constexpr int markColour = 0x8000FF;
 
 class Finding : public testing::Test {
 protected:
-    void SetUp() override {
-        inProgram([this] { host = std::make_unique<Host>(); });
+    void SetUp() override { begin({}); }
+    /// On the collection of a base, or on the sample.
+    void begin(const QString& base) {
+        inProgram([&] { host = std::make_unique<Host>(base); });
         ASSERT_TRUE(host->isReady());
         host->setSetting(u"OPTIONS", u"TIPS", u"0"_s);
         host->setSetting(u"GENERALITES", u"CHECKQUIT", u"1"_s);
@@ -99,18 +104,43 @@ protected:
         type(words);
         ASSERT_TRUE(becomes([&] { return box()->text() == words; }));
     }
-    void searchTwoWords() {
+    void openForm() {
         ASSERT_TRUE(touch([this] { return command(u"Rechercher"_s); }));
         ASSERT_TRUE(becomes([this] { return form() && form()->isVisible(); }));
+    }
+    void searchWords(const QString& words, const QString& picture) {
         ASSERT_TRUE(touch([this] { return tab(2); }));
-        ASSERT_NO_FATAL_FAILURE(typeInto([this] { return form(); }, u"Textedico"_s, u"vendeur garantie"_s));
-        photo(u"21-mots"_s);
+        ASSERT_NO_FATAL_FAILURE(typeInto([this] { return form(); }, u"Textedico"_s, words));
+        photo(picture);
         key(u"Return"_s);
         ASSERT_TRUE(becomes([this] { return grid().isVisible() && grid().rows() > 2; }));
+    }
+    void searchTwoWords() {
+        ASSERT_NO_FATAL_FAILURE(openForm());
+        ASSERT_NO_FATAL_FAILURE(searchWords(u"vendeur garantie"_s, u"21-mots"_s));
         photo(u"22-liste"_s);
     }
 
     std::unique_ptr<Host> host;
+};
+
+/// On the real collection, where it is at hand.
+class FindingInTheRealCollection : public Finding {
+protected:
+    void SetUp() override {
+        const QString source = QStringLiteral(VELM_SOURCE_DIR "/../shared/corpus");
+        if (!QFile::exists(source + u"/documents.jsonl"_s))
+            GTEST_SKIP() << "the real collection is not at hand";
+        ASSERT_TRUE(folder.isValid());
+        const QString base = folder.filePath(u"velm2000.dat"_s);
+        QProcess compiler;
+        compiler.start(QStringLiteral(VELM_BINARY_DIR "/bin/velmoutil"), {u"compiler"_s, source, base});
+        ASSERT_TRUE(compiler.waitForFinished(300'000));
+        ASSERT_EQ(compiler.exitCode(), 0) << compiler.readAllStandardError().toStdString();
+        ASSERT_NO_FATAL_FAILURE(begin(base));
+    }
+
+    QTemporaryDir folder;
 };
 
 } // namespace
@@ -180,6 +210,37 @@ TEST_F(Finding, ATextIsFoundInTheDocument) {
     photo(u"26-chercher"_s);
     key(u"Escape"_s);
     ASSERT_TRUE(becomes([this] { return !finder()->isVisible() && host->frame()->isActiveWindow(); }));
+}
+
+TEST_F(FindingInTheRealCollection, ARequestIsAnsweredFromItsWordsToTheMarkedDocument) {
+    // A document window looks words up in its own collection.
+    ASSERT_TRUE(touch([this] { return Spot::named(&host->frame()->barreecran(), u"CL"_s); }));
+    ASSERT_TRUE(becomes([this] { return host->front() != nullptr; }));
+    ASSERT_TRUE(touch([this] { return Spot::named(host->front(), u"Textedico"_s); }));
+    ASSERT_NO_FATAL_FAILURE(typeInto([this] { return host->front(); }, u"Textedico"_s, u"bail commercial"_s));
+    key(u"Return"_s);
+    ASSERT_TRUE(becomes([this] { return grid().isVisible() && grid().rows() > 5; }));
+    photo(u"31-bloc"_s);
+
+    ASSERT_TRUE(touch([this] { return listTool(u"affichercritères"_s); }));
+    ASSERT_TRUE(becomes([this] { return form() && form()->isVisible(); }));
+    photo(u"32-rapide"_s);
+    ASSERT_TRUE(touch([this] { return tab(1); }));
+    photo(u"33-criteres"_s);
+    ASSERT_NO_FATAL_FAILURE(searchWords(u"consommateur contrat"_s, u"34-mots"_s));
+    EXPECT_EQ(inProgram([this] { return grid().rows(); }), 51); // the limit of the list that is first
+    ASSERT_TRUE(
+        drag([this] { return Spot::named(&host->frame()->picturesselection(), u"separateurrecherche"_s); }, {400, 0}));
+    // Neighbours are grouped within those of the columns before theirs.
+    ASSERT_TRUE(drag([this] { return header(1); }, {-190, 0}));
+    ASSERT_TRUE(becomes([this] { return grid().colData(0) == ListeSelection::Motcle1; }));
+    ASSERT_TRUE(touch([this] { return listTool(u"regrouper"_s); }));
+    ASSERT_TRUE(becomes([this] { return grid().mergeCells() && grid().joinsAbove(2, 0); }));
+    photo(u"35-liste-groupee"_s);
+
+    ASSERT_TRUE(touch([this] { return row(1); }, Hand::DoubleClick));
+    ASSERT_TRUE(becomes([this] { return host->front() && marks() > 1; }));
+    photo(u"36-marques"_s);
 }
 
 } // namespace velm::e2e

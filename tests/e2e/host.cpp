@@ -22,13 +22,16 @@ bool copyInto(const QDir& folder, const QDir& from, const QString& name) {
 
 } // namespace
 
-Host::Host() {
+Host::Host(const QString& base) {
     const QDir portable(QStringLiteral(VELM_BINARY_DIR "/bin"));
     const QDir folder(folder_.path());
     // What the program registers with the desktop stays in its folder.
     qputenv("XDG_DATA_HOME", QFile::encodeName(folder.filePath(u"donnees"_s)));
     ready_ = folder_.isValid() && folder.mkpath(u"langues"_s);
-    for (const QString& name : {u"velm2000.dat"_s, u"dossiers.dat"_s, u"master.ini"_s})
+    const QString collection = u"velm2000.dat"_s;
+    const QString source = base.isEmpty() ? portable.filePath(collection) : base;
+    ready_ = ready_ && QFile::copy(source, folder.filePath(collection));
+    for (const QString& name : {u"dossiers.dat"_s, u"master.ini"_s})
         ready_ = ready_ && copyInto(folder, portable, name);
     for (const QString& name : QDir(portable.filePath(u"langues"_s)).entryList(QDir::Files))
         ready_ = ready_ && copyInto(folder, portable, u"langues/"_s + name);

@@ -1,6 +1,6 @@
 #pragma once
-// The real program with its real boxes, on a copy of the sample collection in a folder of its own. All but the
-// constructor belongs into the program's thread.
+// The real program with its real boxes, on a copy of the sample collection in a folder of its own, or on another
+// collection. All but the constructor belongs into the program's thread.
 #include "platform/system/process.h"
 #include "platform/system/ui/qtdialogues.h"
 #include "platform/system/ui/qtimprimante.h"
@@ -18,7 +18,8 @@ namespace velm::e2e {
 
 class Host {
 public:
-    Host();
+    /// `base` is the collection's; the sample's without it.
+    explicit Host(const QString& base = {});
     ~Host();
 
     /// What was copied could be copied.
