@@ -69,35 +69,52 @@ void BlocRecherche::ajouteligne(const QString& ligne) {
 void BlocRecherche::moveblocrecherche() {
     const int largeur = pixelsFromTwips(DispositionTextes::widthblocrecherche(twipsFromPixels(width())));
     const int gauche = (width() - largeur) / 2;
-    const int ligne = std::max(mots_->sizeHint().height(), bouton_->sizeHint().height());
-    const int bouton = bouton_->sizeHint().width();
-    const int libelle = etiquette_->sizeHint().width();
-    // Wide and low, as above the text: one line. Narrow, as beside it: one below the other.
-    constexpr int champminimal = 160;
-    const bool uneligne = libelle + bouton + champminimal + 2 * look::spacing <= largeur;
     constexpr int marge = look::grid + look::grid / 2;
+    const int ligne = hauteurligne();
+    const int empile =
+        etiquette_->sizeHint().height() + look::grid + mots_->sizeHint().height() + look::spacing + ligne + 2 * marge;
+    constexpr int champminimal = 160;
+    const int libelle = etiquette_->sizeHint().width() + look::spacing;
+    const bool large = libelle + champminimal + look::spacing + bouton_->sizeHint().width() <= largeur;
+    // Wide and low, as above the text: one line, which in a narrow window does without the label. Narrow, as beside it:
+    // one below the other.
+    const bool uneligne = large || height() < empile;
     const bool avecresultat = height() - ligne - 3 * look::spacing > 2 * resultat_->fontMetrics().height();
     int haut = uneligne && !avecresultat ? std::max(0, (height() - ligne) / 2) : marge;
-    if (uneligne) {
-        etiquette_->setGeometry(gauche, haut, libelle, ligne);
-        const int champ = std::min(largeur - libelle - bouton - 2 * look::spacing, 480);
-        mots_->setGeometry(gauche + libelle + look::spacing, haut + (ligne - mots_->sizeHint().height()) / 2, champ,
-                           mots_->sizeHint().height());
-        bouton_->setGeometry(mots_->geometry().right() + 1 + look::spacing, haut, bouton, ligne);
-        haut += ligne;
-    } else {
-        const int texte = etiquette_->sizeHint().height();
-        etiquette_->setGeometry(gauche, haut, largeur, texte);
-        haut += texte + look::grid;
-        mots_->setGeometry(gauche, haut, largeur, mots_->sizeHint().height());
-        haut += mots_->height() + look::spacing;
-        bouton_->setGeometry(gauche + std::max(0, largeur - bouton), haut, std::min(bouton, largeur), ligne);
-        haut += ligne;
-    }
-    haut += look::spacing;
+    etiquette_->setVisible(large || !uneligne);
+    mots_->setPlaceholderText(etiquette_->isHidden() ? mots_->accessibleName() : QString());
+    haut = (uneligne ? disposeligne(gauche, haut, largeur) : disposepile(gauche, haut, largeur)) + look::spacing;
     const int reste = DispositionTextes::Heightblocrecherche(height(), haut + look::spacing);
     resultat_->setGeometry(gauche, haut, largeur, reste);
     resultat_->setVisible(avecresultat && reste > resultat_->fontMetrics().height());
+}
+
+int BlocRecherche::hauteurligne() const {
+    return std::max(mots_->sizeHint().height(), bouton_->sizeHint().height());
+}
+
+int BlocRecherche::disposeligne(int gauche, int haut, int largeur) {
+    constexpr int champmaximal = 480;
+    const int ligne = hauteurligne();
+    const int libelle = etiquette_->isHidden() ? 0 : etiquette_->sizeHint().width() + look::spacing;
+    const int bouton = std::min(bouton_->sizeHint().width(), largeur / 2);
+    etiquette_->setGeometry(gauche, haut, std::max(0, libelle - look::spacing), ligne);
+    mots_->setGeometry(gauche + libelle, haut + (ligne - mots_->sizeHint().height()) / 2,
+                       std::min(largeur - libelle - bouton - look::spacing, champmaximal), mots_->sizeHint().height());
+    bouton_->setGeometry(mots_->geometry().right() + 1 + look::spacing, haut, bouton, ligne);
+    return haut + ligne;
+}
+
+int BlocRecherche::disposepile(int gauche, int haut, int largeur) {
+    const int ligne = hauteurligne();
+    const int texte = etiquette_->sizeHint().height();
+    const int bouton = bouton_->sizeHint().width();
+    etiquette_->setGeometry(gauche, haut, largeur, texte);
+    haut += texte + look::grid;
+    mots_->setGeometry(gauche, haut, largeur, mots_->sizeHint().height());
+    haut += mots_->height() + look::spacing;
+    bouton_->setGeometry(gauche + std::max(0, largeur - bouton), haut, std::min(bouton, largeur), ligne);
+    return haut + ligne;
 }
 
 void BlocRecherche::resizeEvent(QResizeEvent* evenement) {

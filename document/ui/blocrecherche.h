@@ -35,6 +35,11 @@ protected:
 
 private:
     void moveblocrecherche();
+    int hauteurligne() const;
+    /// Places the label, if it is shown, the box and the button in a line or one below the other; returns where that
+    /// ends.
+    int disposeligne(int gauche, int haut, int largeur);
+    int disposepile(int gauche, int haut, int largeur);
     void lance();
     void reprend(const QString& ligne);
 

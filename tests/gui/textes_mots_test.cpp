@@ -64,6 +64,33 @@ protected:
     std::unique_ptr<Textes> celle;
 };
 
+TEST(BlocRechercheTest, TheBoxAndItsButtonAreWholeInEverySize) {
+    BlocRecherche bloc([](int) { return u"Mots de la collection"_s; }, nullptr);
+    auto* mots = bloc.findChild<QLineEdit*>(u"Textedico"_s);
+    auto* bouton = bloc.findChild<QPushButton*>(u"cmdokdico"_s);
+    bloc.show();
+    const int ligne = std::max(mots->sizeHint().height(), bouton->sizeHint().height());
+    for (int largeur = 200; largeur <= 1200; largeur += 50) {
+        for (int hauteur = ligne; hauteur <= 12 * ligne; hauteur += 7) {
+            bloc.resize(largeur, hauteur);
+            ASSERT_TRUE(bloc.rect().contains(mots->geometry())) << largeur << 'x' << hauteur;
+            ASSERT_TRUE(bloc.rect().contains(bouton->geometry())) << largeur << 'x' << hauteur;
+            ASSERT_FALSE(mots->geometry().intersects(bouton->geometry())) << largeur << 'x' << hauteur;
+            ASSERT_GE(mots->width(), 60) << largeur << 'x' << hauteur;
+        }
+    }
+}
+
+TEST(BlocRechercheTest, WithoutRoomForItsLabelTheBoxSaysWhatItIsFor) {
+    BlocRecherche bloc([](int) { return u"Mots de la collection"_s; }, nullptr);
+    auto* mots = bloc.findChild<QLineEdit*>(u"Textedico"_s);
+    bloc.show();
+    bloc.resize(260, 40);
+    EXPECT_EQ(mots->placeholderText(), u"Mots de la collection");
+    bloc.resize(260, 400);
+    EXPECT_EQ(mots->placeholderText(), QString());
+}
+
 } // namespace
 
 TEST_F(TextesMotsTest, WordsThatComeWithADocumentAreMarkedAndShowTheButtons) {
