@@ -258,29 +258,10 @@ TEST(LargeurVoletTest, ThePaneIsNeverNarrowerThanItsMinimum) {
     volet.changelargeurliste(10);
     EXPECT_EQ(volet.largeurliste(), 60);
     EXPECT_EQ(volet.largeurpane(), 120);
-    EXPECT_EQ(volet.largeurflex(), 0);
-    EXPECT_EQ(volet.gaucheseparateur(), 20);
     volet.changelargeurliste(100'000);
     EXPECT_EQ(volet.largeurliste(), 32'767);
     EXPECT_EQ(LargeurVolet(-5).largeurliste(), 60);
     EXPECT_EQ(LargeurVolet(1e300).largeurliste(), 32'767);
-}
-
-TEST(LargeurVoletTest, WhereTheSeparatorIsDroppedTellsTheWidth) {
-    LargeurVolet volet(1060);
-    volet.depose(LargeurVolet::Cible::Volet, 1500);
-    EXPECT_EQ(volet.largeurliste(), 1500);
-    volet.depose(LargeurVolet::Cible::Document, 200);
-    EXPECT_EQ(volet.largeurliste(), 1700);
-    volet.depose(LargeurVolet::Cible::Formulaire, 100);
-    EXPECT_EQ(volet.largeurliste(), 1860);
-    volet.aumoins(LargeurVolet::minimumoutil);
-    EXPECT_EQ(volet.largeurliste(), 2000);
-    volet.aumoins(100);
-    EXPECT_EQ(volet.largeurliste(), 2000);
-    EXPECT_EQ(volet.largeurflex(), 1910);
-    EXPECT_EQ(LargeurVolet::hauteurflex(1000), 520);
-    EXPECT_EQ(LargeurVolet::hauteurflex(100), 0);
 }
 
 TEST_F(ListeSelectionTest, OrderAndWidthsAreTakenBackAsTheyWereStored) {
