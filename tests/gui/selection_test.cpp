@@ -234,7 +234,7 @@ TEST_F(SelectionTest, TheEndOfASearchTouchesTheButtonsOfTheListOnly) {
     liste().publie({false, true, false});
     EXPECT_EQ(etats(), avant);
     for (const char* cle : {"détruire", "détruirebarre", "majgroupe"})
-        EXPECT_EQ(barre().widget(QString::fromUtf8(cle)), nullptr) << cle;
+        EXPECT_FALSE(barre().hasButton(QString::fromUtf8(cle))) << cle;
 }
 
 TEST_F(SelectionTest, TheStatusTextLeavesThePointerAlone) {
