@@ -5,7 +5,7 @@
 
 #include <QSet>
 
-#include <ranges>
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -153,7 +153,8 @@ void Arborescence::ouvreancetres(TreeNodes& arbre, int noeud) {
     std::vector<int> chemin;
     for (int parent = arbre.parent(noeud); parent != 0; parent = arbre.parent(parent))
         chemin.push_back(parent);
-    for (const int parent : std::views::reverse(chemin))
+    std::reverse(chemin.begin(), chemin.end());
+    for (const int parent : chemin)
         ouvre(arbre, parent);
 }
 
@@ -181,7 +182,8 @@ void Arborescence::cherchebranche(TreeNodes& arbre, qint64 numero) {
     int noeud = noeudde(courant);
     ouvreancetres(arbre, noeud);
     arbre.select(noeud);
-    for (const qint64 suivant : std::views::reverse(manquants)) {
+    std::reverse(manquants.begin(), manquants.end());
+    for (const qint64 suivant : manquants) {
         ouvre(arbre, noeud);
         noeud = noeudde(suivant);
         if (noeud == 0)

@@ -10,7 +10,7 @@
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 
-#include <ranges>
+#include <algorithm>
 #include <unordered_set>
 
 namespace velm {
@@ -100,7 +100,8 @@ public:
         }
         if (above.size() > 1)
             view.scheduleDelayedItemsLayout();
-        for (const int parent : std::views::reverse(above))
+        std::reverse(above.begin(), above.end());
+        for (const int parent : above)
             view.setExpanded(model.indexOf(parent), true);
     }
 
