@@ -1,6 +1,6 @@
 // The criteria search through all bodies: on the base that VELM_BASE names, else on an invented collection. With
 // --export FOLDER it writes the texts of that base as files instead, for programs to compare with.
-#include "collection/collection.h"
+#include "bench/basederecherche.h"
 #include "platform/richtext/rtf.h"
 #include "platform/text/ansi.h"
 #include "search/recherchecriteres.h"
@@ -19,44 +19,7 @@ using namespace velm;
 
 constexpr int documents = 20'000;
 
-class Refuse final : public Dialogues {
-public:
-    using Dialogues::message;
-    Bouton message(const Message&) override { return Bouton::Non; }
-    std::optional<QString> openFile(const ChoixFichier&) override { return std::nullopt; }
-    std::optional<QString> saveFile(const ChoixFichier&) override { return std::nullopt; }
-    std::optional<QString> chooseFolder(const QString&, const QString&) override { return std::nullopt; }
-};
-
-struct Base {
-    Base() {
-        QString chemin = qEnvironmentVariable("VELM_BASE");
-        if (chemin.isEmpty()) {
-            chemin = dossier.filePath(u"velm2000.dat"_s);
-            if (!synthese(optionssynthese(documents), chemin).faite())
-                abandonne();
-        }
-        if (corpus.connecte(chemin) != OpenError::None)
-            abandonne();
-        corpus.ouvretables();
-    }
-    [[noreturn]] static void abandonne() {
-        std::fputs("bench_criteres: no base\n", stderr);
-        std::exit(1);
-    }
-
-    QTemporaryDir dossier;
-    Corpus corpus;
-    ListeSelection selection{[](int) { return QString(); }};
-    SablierMuet sablier;
-    Refuse dialogues;
-    Cession cession;
-    Atelier atelier{
-        corpus, selection, sablier, dialogues, cession, [](int) { return QString(); }, [](const QString&) {}};
-    EtatRecherche etat;
-};
-
-std::unique_ptr<Base> commune;
+std::unique_ptr<BaseDeRecherche> commune;
 
 enum Facon { Simple, Casse, Entier, SansTable };
 
@@ -134,7 +97,7 @@ int exporte(const QString& dossier) {
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    commune = std::make_unique<Base>();
+    commune = std::make_unique<BaseDeRecherche>(optionssynthese(documents));
     if (argc == 3 && QByteArrayView(argv[1]) == "--export")
         return exporte(QFile::decodeName(argv[2]));
     mesure("commun", u"consommateur"_s, Simple);

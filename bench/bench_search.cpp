@@ -1,13 +1,11 @@
 // The searches and the list they fill, on 100,000 documents: on the base that VELM_BASE names, else on an invented
 // collection with short bodies, which no search here reads.
-#include "collection/collection.h"
+#include "bench/basederecherche.h"
 #include "core/cle.h"
 #include "search/postings.h"
 #include "search/recherchedico.h"
 #include "search/rechercherapide.h"
 #include "search/typescherches.h"
-
-#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 #include <cstdlib>
@@ -20,46 +18,13 @@ using namespace velm;
 constexpr int documents = 100'000;
 constexpr int motsparcorps = 60;
 
-class Refuse final : public Dialogues {
-public:
-    using Dialogues::message;
-    Bouton message(const Message&) override { return Bouton::Non; }
-    std::optional<QString> openFile(const ChoixFichier&) override { return std::nullopt; }
-    std::optional<QString> saveFile(const ChoixFichier&) override { return std::nullopt; }
-    std::optional<QString> chooseFolder(const QString&, const QString&) override { return std::nullopt; }
-};
-
-struct Base {
-    Base() {
-        QString chemin = qEnvironmentVariable("VELM_BASE");
-        if (chemin.isEmpty()) {
-            chemin = dossier.filePath(u"velm2000.dat"_s);
-            if (!synthese({documents, motsparcorps}, chemin).faite())
-                abandonne();
-        }
-        if (corpus.connecte(chemin) != OpenError::None)
-            abandonne();
-        corpus.ouvretables();
-    }
-    [[noreturn]] static void abandonne() {
-        std::fputs("bench_search: no base\n", stderr);
-        std::exit(1);
-    }
+struct Base : BaseDeRecherche {
+    Base() : BaseDeRecherche({documents, motsparcorps}) {}
     QByteArray liste(const QString& mot) {
         corpus.dico().setIndex(u"primarykey"_s);
         corpus.dico().seek(Seek::Equal, mot.toUpper());
         return corpus.dico().noMatch() ? QByteArray() : corpus.dico().bytes(u"liste"_s);
     }
-
-    QTemporaryDir dossier;
-    Corpus corpus;
-    ListeSelection selection{[](int) { return QString(); }};
-    SablierMuet sablier;
-    Refuse dialogues;
-    Cession cession;
-    Atelier atelier{
-        corpus, selection, sablier, dialogues, cession, [](int) { return QString(); }, [](const QString&) {}};
-    EtatRecherche etat;
 };
 
 std::unique_ptr<Base> commune;

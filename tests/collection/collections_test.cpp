@@ -38,8 +38,7 @@ protected:
 
 TEST_F(Collections, TheSampleCompilesWithoutAProblem) {
     const QString source = dossier(u"collection/exemple"_s);
-    if (!QFile::exists(source + u"/documents.jsonl"_s))
-        GTEST_SKIP() << "no sample collection yet";
+    ASSERT_TRUE(QFile::exists(source + u"/documents.jsonl"_s));
     const ResultatCompilation resultat = velm::compile(source, base());
     EXPECT_TRUE(resultat.faite());
     EXPECT_EQ(textes(resultat), QStringList{});
