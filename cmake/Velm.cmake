@@ -28,6 +28,12 @@ if(VELM_COVERAGE)
   target_link_options(velm_flags INTERFACE --coverage)
 endif()
 
+# The fast linker where there is one: some twenty programs are linked against static rooms.
+find_program(LLD_PROGRAM ld.lld)
+if(LLD_PROGRAM)
+  target_link_options(velm_flags INTERFACE -fuse-ld=lld)
+endif()
+
 # Shared precompiled headers: one for logic, one for windows.
 foreach(kind core widgets)
   file(WRITE ${CMAKE_BINARY_DIR}/pch_${kind}.cpp "")
