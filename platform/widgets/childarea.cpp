@@ -1,9 +1,10 @@
 #include "platform/widgets/childarea.h"
 
 #include "platform/text/twips.h"
+#include "platform/widgets/childframe.h"
 #include "platform/widgets/look.h"
 
-#include <QMdiSubWindow>
+#include <QApplication>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
@@ -14,20 +15,19 @@
 
 namespace velm {
 
-namespace {
-
-QSize leastSize(const QMdiSubWindow& window) {
-    return window.minimumSizeHint().expandedTo(window.minimumSize());
-}
-
-} // namespace
-
 ChildArea::ChildArea(QWidget* parent) : QMdiArea(parent) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setActivationOrder(ActivationHistoryOrder); // closing one brings the one used before forward
     connect(this, &QMdiArea::subWindowActivated, this, &ChildArea::tellActive);
     connect(this, &ChildArea::childHid, this, &ChildArea::hideFrames, Qt::QueuedConnection);
+    // Connected before any window is: they answer a click into one of their controls by becoming the active one, and
+    // then it must be known which one has the focus. What is hidden has it only on its way to another one.
+    connect(qApp, &QApplication::focusChanged, this, [](const QWidget*, QWidget* now) {
+        ChildFrame* frame = ChildFrame::around(now);
+        if (frame && now != frame->widget() && now->isVisible())
+            frame->rememberControl(now);
+    });
 }
 
 ChildArea::~ChildArea() {
@@ -43,21 +43,30 @@ QMdiSubWindow* ChildArea::add(QWidget* child) {
     // The ground may have a pointer of its own, which is not that of the windows on it.
     if (!child->testAttribute(Qt::WA_SetCursor))
         child->setCursor(Qt::ArrowCursor);
-    QMdiSubWindow* window = addSubWindow(child);
-    window->setAttribute(Qt::WA_DeleteOnClose);
-    window->hide(); // in so many words, or it would appear with the area
+    auto* frame = new ChildFrame(child);
+    addSubWindow(frame);
+    frame->hide(); // in so many words, or it would appear with the area
     // A frame without its child is worth nothing.
-    connect(child, &QObject::destroyed, window, &QObject::deleteLater);
-    connect(window, &QObject::destroyed, this, [this, window] { placed_.erase(window); });
-    return window;
+    connect(child, &QObject::destroyed, frame, &QObject::deleteLater);
+    return frame;
+}
+
+ChildFrame* ChildArea::frameOf(const QWidget* child) const {
+    auto* frame = child ? qobject_cast<ChildFrame*>(child->parentWidget()) : nullptr;
+    return frame && frame->widget() == child && subWindowList().contains(frame) ? frame : nullptr;
 }
 
 QMdiSubWindow* ChildArea::around(const QWidget* child) const {
-    for (QMdiSubWindow* window : subWindowList()) {
-        if (child && window->widget() == child)
-            return window;
+    return frameOf(child);
+}
+
+QList<ChildFrame*> ChildArea::frames(WindowOrder order) const {
+    QList<ChildFrame*> all;
+    for (QMdiSubWindow* window : subWindowList(order)) {
+        if (auto* frame = qobject_cast<ChildFrame*>(window))
+            all << frame;
     }
-    return nullptr;
+    return all;
 }
 
 QPoint ChildArea::scrolled() const {
@@ -65,73 +74,45 @@ QPoint ChildArea::scrolled() const {
 }
 
 void ChildArea::place(QWidget* child, int state, int left, int top, int width, int height) {
-    QMdiSubWindow* window = around(child);
-    if (!window)
+    ChildFrame* frame = frameOf(child);
+    if (!frame)
         return;
-    Placed& placed = placed_[window];
-    placed.wish.place = {pixelsFromTwips(left), pixelsFromTwips(top), pixelsFromTwips(width), pixelsFromTwips(height)};
-    placed.wish.rank = 0;
-    for (const QMdiSubWindow* other : subWindowList()) {
-        if (other != window && !other->isHidden())
-            ++placed.wish.rank;
-    }
-    placed.state = state;
-    fit(*window, placed);
-}
-
-void ChildArea::fit(QMdiSubWindow& window, Placed& placed) {
-    placed.wish.least = leastSize(window);
-    placed.fitted = fittedPlace(placed.wish, viewport()->size()).translated(-scrolled());
-    window.setGeometry(placed.fitted);
-}
-
-/// A window keeps to what was wished for it as long as nobody has moved it: the area may take its size only later.
-void ChildArea::fitPlaced() {
-    for (auto entry = placed_.begin(); entry != placed_.end();) {
-        QMdiSubWindow& window = *entry->first;
-        const bool shownOtherwise = window.isMaximized() || window.isMinimized();
-        if (!shownOtherwise && window.geometry() != entry->second.fitted) {
-            entry = placed_.erase(entry);
-            continue;
-        }
-        if (!shownOtherwise)
-            fit(window, entry->second);
-        ++entry;
-    }
+    ChildWish wish{{pixelsFromTwips(left), pixelsFromTwips(top), pixelsFromTwips(width), pixelsFromTwips(height)}, {}};
+    for (const ChildFrame* other : frames())
+        wish.rank += other != frame && !other->isHidden() ? 1 : 0;
+    frame->wish(wish, state);
 }
 
 int ChildArea::stateOf(const QWidget* child) const {
-    QMdiSubWindow* window = around(child);
-    if (!window)
+    const ChildFrame* frame = frameOf(child);
+    if (!frame)
         return Normal;
-    const auto placed = placed_.find(window);
-    if (placed != placed_.end() && placed->second.state != Normal)
-        return placed->second.state;
-    return window->isMinimized() ? Minimised : window->isMaximized() ? Maximised : Normal;
+    if (frame->wishedState() != Normal)
+        return frame->wishedState();
+    return frame->isMinimized() ? Minimised : frame->isMaximized() ? Maximised : Normal;
 }
 
 QRect ChildArea::twipsOf(const QWidget* child) const {
-    const QMdiSubWindow* window = around(child);
-    if (!window)
+    const ChildFrame* frame = frameOf(child);
+    if (!frame)
         return {};
-    const QRect place = window->geometry().translated(scrolled());
+    const QRect place = frame->geometry().translated(scrolled());
     return {twipsFromPixels(place.x()), twipsFromPixels(place.y()), twipsFromPixels(place.width()),
             twipsFromPixels(place.height())};
 }
 
 void ChildArea::showPlaced(QWidget* child) {
-    QMdiSubWindow* window = around(child);
-    if (!window)
+    ChildFrame* frame = frameOf(child);
+    if (!frame)
         return;
-    const auto placed = placed_.find(window);
-    const int state = placed == placed_.end() ? int(Normal) : std::exchange(placed->second.state, int(Normal));
-    const QMdiSubWindow* before = front();
-    const bool filling = state == Maximised || (before && before != window && before->isMaximized());
+    const int state = frame->takeWishedState();
+    const ChildFrame* before = front();
+    const bool filling = state == Maximised || (before && before != frame && before->isMaximized());
     if (state == Minimised || filling)
-        placed_.erase(window); // its place is where it will be restored
+        frame->delayPlace();
     if (state == Minimised) {
         child->show();
-        window->showMinimized();
+        frame->showMinimized();
         return;
     }
     // Shown at once in the state that it shall have.
@@ -140,67 +121,62 @@ void ChildArea::showPlaced(QWidget* child) {
     const auto again = qScopeGuard([&] { setUpdatesEnabled(updating); });
     child->show();
     if (filling)
-        window->showMaximized();
+        frame->showMaximized();
     else
-        window->show();
-    focus(*window);
+        frame->show();
+    focus(*frame);
 }
 
 void ChildArea::activate(QWidget* child) {
-    QMdiSubWindow* window = around(child);
-    if (!window)
+    ChildFrame* frame = frameOf(child);
+    if (!frame)
         return;
-    const auto placed = placed_.find(window);
-    if (placed != placed_.end() && placed->second.state == Minimised)
-        placed->second.state = Normal;
-    if (window->isHidden()) {
+    if (frame->wishedState() == Minimised)
+        frame->takeWishedState();
+    if (frame->isHidden())
         showPlaced(child);
-        return;
-    }
-    if (window->isMinimized())
-        window->showNormal();
-    focus(*window);
+    if (frame->isMinimized())
+        frame->showNormal();
+    focus(*frame);
 }
 
-void ChildArea::focus(QMdiSubWindow& window) {
-    setActiveSubWindow(&window);
-    QWidget* child = window.widget();
-    if (!child || child->isAncestorOf(focusWidget()) || child->hasFocus())
-        return;
-    QWidget* last = child->focusWidget();
-    (last ? last : child)->setFocus(Qt::ActiveWindowFocusReason);
+void ChildArea::focus(ChildFrame& frame) {
+    const QWidget* before = told_;
+    setActiveSubWindow(&frame);
+    if (before != told_ || !frame.hasFocusInside())
+        frame.giveFocus(Qt::ActiveWindowFocusReason);
 }
 
 /// The window that was used last of those that are shown, icons last.
-QMdiSubWindow* ChildArea::lastUsed(const QMdiSubWindow* except) const {
-    QMdiSubWindow* last = nullptr;
-    for (QMdiSubWindow* window : subWindowList(ActivationHistoryOrder)) {
-        const bool better = !last || !window->isMinimized() || last->isMinimized();
-        if (window != except && !window->isHidden() && better)
-            last = window;
+ChildFrame* ChildArea::lastUsed(const ChildFrame* except) const {
+    ChildFrame* last = nullptr;
+    for (ChildFrame* frame : frames(ActivationHistoryOrder)) {
+        const bool better = !last || !frame->isMinimized() || last->isMinimized();
+        if (frame != except && !frame->isHidden() && better)
+            last = frame;
     }
     return last;
 }
 
-QMdiSubWindow* ChildArea::front() const {
-    QMdiSubWindow* current = currentSubWindow();
+ChildFrame* ChildArea::front() const {
+    auto* current = qobject_cast<ChildFrame*>(currentSubWindow());
     return current && !current->isHidden() ? current : lastUsed(nullptr);
 }
 
 void ChildArea::hideChild(QWidget* child) {
-    QMdiSubWindow* window = around(child);
-    if (!window || window->isHidden())
+    ChildFrame* frame = frameOf(child);
+    if (!frame || frame->isHidden())
         return;
     // The next one comes forward first, so that it takes over a maximised one's place.
-    if (front() == window)
-        setActiveSubWindow(lastUsed(window));
-    window->hide();
+    if (front() == frame)
+        setActiveSubWindow(lastUsed(frame));
+    frame->hide();
     tellActive();
 }
 
 QWidget* ChildArea::activeChild() const {
-    const QMdiSubWindow* window = front();
-    return window ? window->widget() : nullptr;
+    const ChildFrame* frame = front();
+    return frame ? frame->widget() : nullptr;
 }
 
 void ChildArea::tellActive() {
@@ -208,32 +184,32 @@ void ChildArea::tellActive() {
     if (told_ == active)
         return;
     told_ = active;
+    // Before the toolkit looks for a control by itself.
+    if (ChildFrame* frame = frameOf(active))
+        frame->giveFocus(Qt::ActiveWindowFocusReason);
     emit childActivated(active);
 }
 
 std::vector<QWidget*> ChildArea::children() const {
     std::vector<QWidget*> all;
-    for (const QMdiSubWindow* window : subWindowList(CreationOrder)) {
-        if (QWidget* child = window->widget())
+    for (const ChildFrame* frame : frames()) {
+        if (QWidget* child = frame->widget())
             all.push_back(child);
     }
     return all;
 }
 
-std::vector<QMdiSubWindow*> ChildArea::arrangeable(WindowOrder order) const {
-    std::vector<QMdiSubWindow*> windows;
-    for (QMdiSubWindow* window : subWindowList(order)) {
-        if (!window->isHidden() && !window->isMinimized())
-            windows.push_back(window);
-    }
+QList<ChildFrame*> ChildArea::arrangeable(WindowOrder order) const {
+    QList<ChildFrame*> windows = frames(order);
+    windows.removeIf([](const ChildFrame* frame) { return frame->isHidden() || frame->isMinimized(); });
     return windows;
 }
 
 QSize ChildArea::roomForArranging() const {
     QSize room = maximumViewportSize();
-    for (const QMdiSubWindow* window : subWindowList()) {
-        if (!window->isHidden() && window->isMinimized())
-            return room - QSize(0, window->height());
+    for (const ChildFrame* frame : frames()) {
+        if (!frame->isHidden() && frame->isMinimized())
+            return room - QSize(0, frame->height());
     }
     return room;
 }
@@ -244,13 +220,13 @@ void ChildArea::arrange(Arrangement arrangement) {
     const auto again = qScopeGuard([&] { setUpdatesEnabled(updating); });
     const bool cascading = arrangement == Arrangement::Cascade;
     // The active window lies on top; in a cascade that is the last place.
-    const std::vector<QMdiSubWindow*> windows = arrangeable(cascading ? StackingOrder : CreationOrder);
+    const QList<ChildFrame*> windows = arrangeable(cascading ? StackingOrder : CreationOrder);
     std::vector<QSize> least;
-    for (QMdiSubWindow* window : windows) {
-        if (window->isMaximized())
-            window->showNormal();
-        placed_.erase(window);
-        least.push_back(leastSize(*window));
+    for (ChildFrame* frame : windows) {
+        frame->forgetWish();
+        if (frame->isMaximized())
+            frame->showNormal();
+        least.push_back(frame->leastSize());
     }
     horizontalScrollBar()->setValue(0);
     verticalScrollBar()->setValue(0);
@@ -258,21 +234,22 @@ void ChildArea::arrange(Arrangement arrangement) {
     const int bar = verticalScrollBar()->sizeHint().width();
     const auto places =
         cascading ? cascadePlaces(least, roomForArranging()) : tilePlaces(least, roomForArranging(), along, bar);
-    tiled_.clear();
-    for (std::size_t index = 0; index < windows.size(); ++index) {
-        windows[index]->setGeometry(places[index]);
-        if (!cascading)
-            tiled_.emplace_back(windows[index], places[index]);
+    for (ChildFrame* frame : frames())
+        frame->setTile({});
+    for (std::size_t index = 0; index < places.size(); ++index) {
+        ChildFrame* frame = windows[static_cast<qsizetype>(index)];
+        frame->setGeometry(places[index]);
+        frame->setTile(cascading ? QRect() : places[index]);
     }
+    tiles_ = windows.size();
     tiling_ = arrangement;
 }
 
 /// Whether the tiles lie as they were laid, and nothing beside them.
 bool ChildArea::isTiled() const {
-    const auto windows = arrangeable(CreationOrder);
-    return !tiled_.empty() && std::ranges::equal(windows, tiled_, [](const QMdiSubWindow* window, const auto& tile) {
-        return window == tile.first && !window->isMaximized() && window->geometry() == tile.second;
-    });
+    const QList<ChildFrame*> windows = arrangeable(CreationOrder);
+    return !windows.isEmpty() && windows.size() == tiles_ &&
+           std::ranges::all_of(windows, [](const ChildFrame* frame) { return frame->liesInItsTile(); });
 }
 
 void ChildArea::setBack(const QPixmap& picture, const QColor& colour) {
@@ -296,7 +273,8 @@ void ChildArea::paintEvent(QPaintEvent* event) {
 
 void ChildArea::resizeEvent(QResizeEvent* event) {
     QMdiArea::resizeEvent(event);
-    fitPlaced();
+    for (ChildFrame* frame : frames())
+        frame->followArea();
     if (isTiled())
         arrange(tiling_);
     viewport()->update();

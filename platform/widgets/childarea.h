@@ -3,19 +3,16 @@
 //
 // Offered: adding, activating, hiding and counting children; cascade and the two tilings; background. Ctrl+Tab and
 // Ctrl+F6 walk the windows, Ctrl+F4 and Ctrl+W close the active one. A maximised child fills the area and keeps the
-// next one maximised.
-#include "platform/widgets/childareaplaces.h"
-
+// next one maximised. A child that comes back gives the focus to the control that had it last.
 #include <QMdiArea>
 #include <QPixmap>
 #include <QPointer>
-#include <QSet>
 
-#include <map>
-#include <utility>
 #include <vector>
 
 namespace velm {
+
+class ChildFrame;
 
 class ChildArea : public QMdiArea {
     Q_OBJECT
@@ -73,36 +70,27 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct Placed {
-        ChildWish wish;
-        QRect fitted;
-        int state = Normal; ///< until it is shown
-    };
-
-    std::vector<QMdiSubWindow*> arrangeable(WindowOrder order) const;
+    QList<ChildFrame*> frames(WindowOrder order = CreationOrder) const;
+    ChildFrame* frameOf(const QWidget* child) const;
+    QList<ChildFrame*> arrangeable(WindowOrder order) const;
     QSize roomForArranging() const;
     bool isTiled() const;
     QPoint scrolled() const;
     QColor shownColour() const;
-    void fit(QMdiSubWindow& window, Placed& placed);
-    void fitPlaced();
-    void focus(QMdiSubWindow& window);
-    QMdiSubWindow* lastUsed(const QMdiSubWindow* except) const;
-    QMdiSubWindow* front() const;
+    void focus(ChildFrame& frame);
+    ChildFrame* lastUsed(const ChildFrame* except) const;
+    ChildFrame* front() const;
     void tellActive();
     void walk(bool forward);
     bool windowKey(const QKeyEvent& event, bool perform);
     bool closeAround(QObject& child, QEvent& event);
-    void hideAround(QWidget& child);
     void hideFrames();
 
     QPixmap picture_;
     QColor colour_;
-    std::map<QMdiSubWindow*, Placed> placed_;
-    std::vector<std::pair<const QMdiSubWindow*, QRect>> tiled_; ///< compared only
     Arrangement tiling_ = Arrangement::Cascade;
+    qsizetype tiles_ = 0; ///< windows that the last tiling laid
     QPointer<QWidget> told_;
-    QSet<const QWidget*> hidden_; ///< by themselves; compared only
 };
 
 } // namespace velm

@@ -1,14 +1,14 @@
 // Keys of the area, and what its windows do by themselves.
 #include "platform/widgets/childarea.h"
+#include "platform/widgets/childframe.h"
 
 #include <QKeyEvent>
-#include <QMdiSubWindow>
 
 namespace velm {
 
 void ChildArea::walk(bool forward) {
-    QList<QMdiSubWindow*> windows = subWindowList(CreationOrder);
-    windows.removeIf([](const QMdiSubWindow* window) { return window->isHidden(); });
+    QList<ChildFrame*> windows = frames();
+    windows.removeIf([](const ChildFrame* frame) { return frame->isHidden(); });
     if (windows.isEmpty())
         return;
     const qsizetype here = windows.indexOf(front());
@@ -32,8 +32,8 @@ bool ChildArea::windowKey(const QKeyEvent& event, bool perform) {
     case Qt::Key_W:
         if (shift)
             return false;
-        if (QMdiSubWindow* window = front(); perform && window)
-            window->close();
+        if (ChildFrame* frame = front(); perform && frame)
+            frame->close();
         return true;
     default:
         return false;
@@ -42,28 +42,21 @@ bool ChildArea::windowKey(const QKeyEvent& event, bool perform) {
 
 /// A child that closes takes its frame along, after it has been asked itself.
 bool ChildArea::closeAround(QObject& child, QEvent& event) {
-    QMdiSubWindow* window = around(qobject_cast<QWidget*>(&child));
-    if (!window)
+    ChildFrame* frame = frameOf(qobject_cast<QWidget*>(&child));
+    if (!frame)
         return false;
     child.event(&event);
     if (event.isAccepted())
-        window->close();
+        frame->close();
     return true;
 }
 
-void ChildArea::hideAround(QWidget& child) {
-    // Later, for frames hide their children, too, when they close or are minimised.
-    hidden_.insert(&child);
-    emit childHid(QPrivateSignal());
-}
-
 void ChildArea::hideFrames() {
-    for (const QMdiSubWindow* window : subWindowList()) {
-        QWidget* child = window->widget();
-        if (child && hidden_.contains(child) && child->isHidden() && !window->isMinimized())
+    for (ChildFrame* frame : frames()) {
+        QWidget* child = frame->widget();
+        if (std::exchange(frame->childHid, false) && child && child->isHidden() && !frame->isMinimized())
             hideChild(child);
     }
-    hidden_.clear();
 }
 
 bool ChildArea::eventFilter(QObject* watched, QEvent* event) {
@@ -82,8 +75,11 @@ bool ChildArea::eventFilter(QObject* watched, QEvent* event) {
             return true;
         break;
     case QEvent::HideToParent:
-        if (auto* child = qobject_cast<QWidget*>(watched); child && around(child))
-            hideAround(*child);
+        // Later, for frames hide their children, too, when they close or are minimised.
+        if (ChildFrame* frame = frameOf(qobject_cast<QWidget*>(watched))) {
+            frame->childHid = true;
+            emit childHid(QPrivateSignal());
+        }
         break;
     default:
         break;

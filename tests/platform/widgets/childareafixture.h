@@ -2,6 +2,7 @@
 // A frame with an area of child windows.
 #include "platform/text/twips.h"
 #include "platform/widgets/childarea.h"
+#include "platform/widgets/childareaplaces.h"
 #include "tests/support/eventually.h"
 
 #include <QApplication>
