@@ -59,7 +59,7 @@ FenetreNavigable* Bureau::creefenetre(int indice) {
     suit(*nouvelle);
     const PlaceTextes place = nouvelle->placevoulue();
     ecran_.aire().place(nouvelle, place.etat, place.gauche, place.haut, place.largeur, place.hauteur);
-    ecran_.aire().activate(nouvelle);
+    ecran_.aire().showPlaced(nouvelle);
     return nouvelle;
 }
 
@@ -72,10 +72,15 @@ void Bureau::suit(Textes& fenetre) {
     });
     ecran_.menus().nommeecran(indice, fenetre.windowTitle());
     connect(&fenetre, &Textes::menuschanges, this, &Bureau::majmenus);
-    connect(&fenetre, &Textes::premierplan, this, [this, ici = &fenetre] { ecran_.aire().activate(ici); });
+    connect(&fenetre, &Textes::premierplan, this, [this, ici = &fenetre] { avance(*ici); });
     connect(&fenetre, &Textes::cible, this,
             [this](const QString& texte) { ecran_.barreetat().setPassing(QStringLiteral("wait"), texte); });
     connect(&fenetre, &Textes::ferme, this, [this, indice] { ecran_.menus().cocheecran(indice, false); });
+}
+
+void Bureau::avance(Textes& fenetre) {
+    if (!enrestauration_ || ecran_.aire().stateOf(&fenetre) != ChildArea::Minimised)
+        ecran_.aire().activate(&fenetre);
 }
 
 void Bureau::montrefenetre(int indice, bool visible) {
@@ -90,7 +95,7 @@ void Bureau::montrefenetre(int indice, bool visible) {
 
 void Bureau::slotchange(int indice, bool ouverte) {
     ecran_.montreslot(indice, ouverte);
-    ecran_.menus().cocheecran(indice, navigation_.fenetreouverte(indice));
+    ecran_.menus().cocheecran(indice, ouverte);
 }
 
 void Bureau::activehistorique(bool precedent, bool suivant) {
@@ -110,10 +115,8 @@ void Bureau::basculeslot(int indice) {
 }
 
 void Bureau::amene(int indice) {
-    if (Textes* presente = fenetre(indice)) {
-        ecran_.aire().activate(presente);
-        presente->setFocus();
-    }
+    if (fenetre(indice))
+        navigation_.basculefenetre(indice, true);
 }
 
 void Bureau::arrange(ChildArea::Arrangement disposition) {
@@ -153,7 +156,15 @@ void Bureau::majmenus() {
 
 void Bureau::fermefenetres() {
     enfermeture_ = true;
+    // A maximised window that closes hands its state on to the next one: what they are is written before any closes.
+    for (Textes* ouverte : fenetres())
+        ouverte->decharge();
     ecran_.aire().closeAllSubWindows();
+}
+
+void Bureau::restaure(const std::function<void()>& ouverture) {
+    const QScopedValueRollback restauration(enrestauration_, true);
+    ouverture();
 }
 
 } // namespace velm

@@ -52,9 +52,12 @@ public:
     void majdispositions();
     /// Closes every window for good: none of them shows anything any more.
     void fermefenetres();
+    /// Opens the windows of the last run: one that was left as an icon stays one.
+    void restaure(const std::function<void()>& ouverture);
 
 private:
     void suit(Textes& fenetre);
+    void avance(Textes& fenetre);
     void majmenus();
 
     Ecrangeneral& ecran_;
@@ -63,6 +66,7 @@ private:
     bool dossiersouverts_ = false;
     int enfabrication_ = 0;
     bool enfermeture_ = false;
+    bool enrestauration_ = false;
 };
 
 } // namespace velm

@@ -111,7 +111,7 @@ QString Programme::chargeprincipale() {
     ecran_->picturesselection().changelargeurpane(preferences.largeurselection);
     seance_.afficheetape(langue_.lireressource(503));
     chargebarres();
-    seance_.restaurefenetres();
+    bureau_->restaure([this] { seance_.restaurefenetres(); });
     seance_.afficheetape(langue_.lireressource(504));
     bureau_->navigation().chargederniers(reglages_);
     bureau_->majderniersdocuments();

@@ -44,8 +44,16 @@ void Recherches::montre(bool montre) {
     selection_.formulairevisible(montre);
 }
 
+void Recherches::basculeformulaire() {
+    // An icon comes back, whatever the button makes of its press.
+    const bool reduit = formulaire_ && ecran_.aire().stateOf(formulaire_) == ChildArea::Minimised;
+    montre(reduit || ecran_.picturesselection().recherchetoolbar().value(u"affichercritères"_s));
+}
+
 void Recherches::clicbarre(const QString& cle) {
-    if (cle == u"ouvrircritères")
+    if (cle == u"affichercritères")
+        basculeformulaire();
+    else if (cle == u"ouvrircritères")
         ouvrircriteres();
     else if (cle == u"sauvercritères")
         sauvercriteres();

@@ -40,6 +40,7 @@ public:
 private:
     FrmVelmorSelect& leformulaire();
     void clicbarre(const QString& cle);
+    void basculeformulaire();
 
     Ecrangeneral& ecran_;
     Selection& selection_;

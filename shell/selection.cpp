@@ -132,9 +132,7 @@ void Selection::affichemenuselection(bool visible) {
 }
 
 void Selection::clicbarre(const QString& cle) {
-    if (cle == u"affichercritères")
-        emit criteresvoulus(barre().value(cle));
-    else if (cle == u"regrouper")
+    if (cle == u"regrouper")
         regroupe();
     else if (cle == u"imprimercritères")
         imprime();

@@ -6,6 +6,8 @@
 #include "platform/widgets/splitterbar.h"
 #include "platform/widgets/toolbar.h"
 
+#include <QLayout>
+
 #include <algorithm>
 #include <cmath>
 
@@ -26,8 +28,9 @@ VoletSelection::VoletSelection(QWidget* parent)
     flex_->setObjectName(QStringLiteral("flex"));
     separateurrecherche_->setObjectName(QStringLiteral("separateurrecherche"));
     separateurrecherche_->setBounds(window());
-    connect(separateurrecherche_, &SplitterBar::dropped, this,
-            [this](int position) { changelargeurliste(twipsFromPixels(position)); });
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+    setMinimumWidth(SplitterBar::thickness);
+    connect(separateurrecherche_, &SplitterBar::dropped, this, &VoletSelection::lache);
     connect(separateurrecherche_, &SplitterBar::usualPlaceWanted, this, [this] { changelargeurpane(largeurusuelle); });
     changelargeurpane(largeurusuelle);
 }
@@ -48,9 +51,22 @@ void VoletSelection::changelargeurliste(int twips) {
     ajustepane();
 }
 
+QSize VoletSelection::sizeHint() const {
+    return {std::max(pixelsFromTwips(static_cast<int>(largeur_.largeurpane())), SplitterBar::thickness), 0};
+}
+
 void VoletSelection::ajustepane() {
-    setFixedWidth(std::max(pixelsFromTwips(static_cast<int>(largeur_.largeurpane())), SplitterBar::thickness));
-    dispose();
+    updateGeometry();
+    // At once: whoever drags the bar sees it follow.
+    if (QLayout* autour = parentWidget() ? parentWidget()->layout() : nullptr)
+        autour->activate();
+}
+
+void VoletSelection::lache(int position) {
+    changelargeurliste(twipsFromPixels(position));
+    // What there was no room for is not kept either: the bar stays under the hand on its way back.
+    if (width() < sizeHint().width())
+        changelargeurpane(twipsFromPixels(width()));
 }
 
 void VoletSelection::resizeEvent(QResizeEvent* evenement) {

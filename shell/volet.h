@@ -22,7 +22,10 @@ public:
     /// What the list and the bar beside it are called where they are spoken.
     void nomme(const QString& liste, const QString& separateur);
 
-    /// Width of the panel, twips: that of the list, at least 60, and 60 more. Stored as the panel's.
+    QSize sizeHint() const override;
+
+    /// Width that the panel is to have, twips: that of the list, at least 60, and 60 more. Stored as the panel's. It
+    /// takes at most what the frame has beside its windows.
     void changelargeurpane(double twips);
     double largeurpane() const { return largeur_.largeurpane(); }
     /// Width of the list, twips.
@@ -34,6 +37,7 @@ protected:
 
 private:
     void ajustepane();
+    void lache(int position);
     void dispose();
 
     Toolbar* recherchetoolbar_;

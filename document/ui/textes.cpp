@@ -62,17 +62,22 @@ PlaceTextes Textes::placevoulue() const {
     return voulue;
 }
 
-void Textes::activation() {
+/// What a link or the options have asked for the next time the window is wanted.
+void Textes::prepare() {
     if (contexte_.navigation.prendreplier(indice_)) {
         disposition_.plie();
         disposition_.deplaceseparateur();
     }
     rafraichitsibesoin();
     place();
+}
+
+void Textes::activation() {
+    prepare();
     QLineEdit* mots = blocrecherche_->Textedico();
     if (ar_ == u"0" && !referencecourante().isEmpty() && mots->isEnabled() && mots->isVisible())
         mots->setFocus();
-    else if (!focusici())
+    else if (!focusici() && vue_->isVisibleTo(window()))
         vue_->setFocus();
 }
 
@@ -185,8 +190,12 @@ void Textes::prendfocus() {
     // Whoever brings it forward may close it.
     const QPointer<Textes> encore(this);
     emit premierplan();
-    if (encore)
-        activation();
+    if (!encore)
+        return;
+    // In front already, it leaves the focus to the control that has it.
+    prepare();
+    if (!focusici() && vue_->isVisibleTo(window()))
+        vue_->setFocus();
 }
 
 void Textes::affiche(const QString& code, const QString& numero, const QString& ancre) {

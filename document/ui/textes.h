@@ -89,6 +89,9 @@ public:
     /// The window became the active one of the frame: folds the panel if a link asks for it, shows the document again
     /// if the options ask for it, puts the focus.
     void activation();
+    /// Writes the settings and releases the slot, once, as its closing does: for the end of the run, where a window
+    /// that goes changes the state of the next one.
+    void decharge();
 
     /// The document was opened from the selection list: the words to walk through come with it, and are marked if the
     /// settings want it; the view, not the caret, goes to the first mark.
@@ -139,6 +142,7 @@ protected:
     void resizeEvent(QResizeEvent* evenement) override;
     void changeEvent(QEvent* evenement) override;
     void keyPressEvent(QKeyEvent* evenement) override;
+    void focusInEvent(QFocusEvent* evenement) override;
     bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
@@ -197,8 +201,8 @@ private:
     void montremenuliste(QMenu& menu, const ListeDeLiens& liste, const QPoint& ou);
     void affichedocumentcourant(bool abc);
     void rafraichitsibesoin();
+    void prepare();
     void charge();
-    void decharge();
     void ecritreglages();
 
     int indice_;

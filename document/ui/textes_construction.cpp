@@ -29,7 +29,6 @@ void Textes::construit() {
     vue_->setFrameShape(QFrame::NoFrame);
     construitlistes();
     construitmenus();
-    setFocusProxy(vue_);
 }
 
 void Textes::construitlistes() {
@@ -95,6 +94,11 @@ bool Textes::eventFilter(QObject* objet, QEvent* evenement) {
         }
     }
     return QWidget::eventFilter(objet, evenement);
+}
+
+void Textes::focusInEvent(QFocusEvent* evenement) {
+    // Not by a focus proxy, which would send the Tab key back to the text before it has walked all controls.
+    vue_->setFocus(evenement->reason());
 }
 
 void Textes::keyPressEvent(QKeyEvent* evenement) {

@@ -7,7 +7,10 @@
 #include <QAbstractButton>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QSet>
 #include <QSignalSpy>
+
+#include <map>
 
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
@@ -41,6 +44,30 @@ protected:
             celui = celui->parentWidget();
         return celui ? celui->objectName() : QString();
     }
+    /// The window's own controls in the order in which a key comes to them, from its bar on and round to it again.
+    static QStringList tour(const Textes& fenetre, Qt::Key touche) {
+        const auto presse = [&] {
+            const bool retour = touche == Qt::Key_Backtab;
+            QTest::keyClick(fenetre.focusWidget(), touche, retour ? Qt::ShiftModifier : Qt::NoModifier);
+        };
+        constexpr int tropdepas = 40;
+        for (int pas = 0; pas < tropdepas && ou(fenetre) != u"barrechild"; ++pas)
+            presse();
+        QStringList chemin{ou(fenetre)};
+        for (int pas = 0; pas < tropdepas; ++pas) {
+            presse();
+            if (ou(fenetre) == chemin.first())
+                return chemin;
+            if (ou(fenetre) != chemin.last())
+                chemin << ou(fenetre);
+        }
+        return chemin << u"(jamais revenu)"_s;
+    }
+    /// The same walk the other way round begins at the bar as well.
+    static QStringList envers(QStringList chemin) {
+        std::reverse(chemin.begin() + 1, chemin.end());
+        return chemin;
+    }
     static void menuauclavier(QWidget& surface) {
         QContextMenuEvent demande(QContextMenuEvent::Keyboard, surface.rect().center(),
                                   surface.mapToGlobal(surface.rect().center()));
@@ -63,21 +90,53 @@ TEST_F(ClavierTextes, EveryControlThatTakesTheFocusTellsItsName) {
     EXPECT_EQ(sansnom(*boite).join(u", "), QString());
 }
 
-TEST_F(ClavierTextes, TheTabKeyWalksTheWindowFromItsBarToItsLists) {
+TEST_F(ClavierTextes, TheTabKeyWalksAllControlsOfTheWindowAndComesBackToTheFirst) {
+    const std::map<QString, QStringList> blocs{
+        {u"arbre"_s, {u"arbre"_s}}, {u"tableau"_s, {u"flex"_s}}, {u"recherchedico"_s, {u"blocrecherche"_s}}};
     Textes& fenetre = devant("CO000002");
-    presse(fenetre, u"barrehoriz"_s);
-    presse(fenetre, u"arbre"_s);
+    controle(fenetre, u"blocrecherche"_s)->setEnabled(true);
     fenetre.liens().bouton()->click();
-    fenetre.arbre().setFocus();
-    QStringList chemin{ou(fenetre)};
-    for (int pas = 0; pas < 9; ++pas) {
-        QTest::keyClick(fenetre.focusWidget(), Qt::Key_Tab);
-        if (ou(fenetre) != chemin.last())
-            chemin << ou(fenetre);
+    presse(fenetre, u"barrehoriz"_s);
+    for (const auto& [bouton, panneau] : blocs) {
+        presse(fenetre, bouton);
+        const QStringList attendu = QStringList(u"barrechild"_s) + panneau + QStringList{u"separateur"_s,
+                                                                                         u"rtfRichTextBox1"_s,
+                                                                                         u"separateurlisteh"_s,
+                                                                                         u"entetelistedesliens"_s,
+                                                                                         u"flexlistedesliens"_s,
+                                                                                         u"separateurlistev"_s,
+                                                                                         u"entetelistedescorrelats"_s,
+                                                                                         u"flexlistedescorrélats"_s};
+        EXPECT_EQ(tour(fenetre, Qt::Key_Tab).join(u' ').toStdString(), attendu.join(u' ').toStdString());
+        EXPECT_EQ(tour(fenetre, Qt::Key_Backtab).join(u' ').toStdString(), envers(attendu).join(u' ').toStdString());
     }
-    EXPECT_EQ(chemin.mid(0, 9), (QStringList{u"arbre"_s, u"separateur"_s, u"rtfRichTextBox1"_s, u"separateurlisteh"_s,
-                                             u"entetelistedesliens"_s, u"flexlistedesliens"_s, u"separateurlistev"_s,
-                                             u"entetelistedescorrelats"_s, u"flexlistedescorrélats"_s}));
+}
+
+TEST_F(ClavierTextes, TheTabKeyMissesNoControlThatTakesTheFocus) {
+    for (const auto& disposition : {u"barrehoriz"_s, u"barreverti"_s}) {
+        Textes& fenetre = devant("CO000002");
+        controle(fenetre, u"blocrecherche"_s)->setEnabled(true);
+        presse(fenetre, disposition);
+        presse(fenetre, u"recherchedico"_s);
+        tire(*controle<SplitterBar>(fenetre, u"separateur"_s), {200, 200});
+        fenetre.liens().bouton()->click();
+        QSet<const QWidget*> attendus;
+        for (const QWidget* enfant : fenetre.findChildren<QWidget*>()) {
+            if (enfant->isVisible() && enfant->isEnabled() && (enfant->focusPolicy() & Qt::TabFocus) &&
+                !enfant->focusProxy())
+                attendus << enfant;
+        }
+        EXPECT_GT(attendus.size(), 10);
+        const QWidget* depart = fenetre.focusWidget();
+        QSet<const QWidget*> vus;
+        for (int pas = 0; pas < 40 && (pas == 0 || fenetre.focusWidget() != depart); ++pas) {
+            vus << fenetre.focusWidget();
+            QTest::keyClick(fenetre.focusWidget(), Qt::Key_Tab);
+        }
+        EXPECT_EQ(fenetre.focusWidget(), depart);
+        EXPECT_EQ(vus, attendus);
+        fenetre.close();
+    }
 }
 
 TEST_F(ClavierTextes, TheTabKeyWalksTheLinksOfTheTextAndReturnOpensOne) {
