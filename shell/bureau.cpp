@@ -151,6 +151,11 @@ void Bureau::majmenus() {
     ecran_.menus().marqueactive(textes ? textes->indice() : -1);
 }
 
+void Bureau::notefenetres() {
+    for (Textes* ouverte : fenetres())
+        ouverte->ecritreglages();
+}
+
 void Bureau::fermefenetres() {
     enfermeture_ = true;
     ecran_.aire().closeAllSubWindows();
