@@ -156,6 +156,8 @@ public:
     /// File and line to name in a problem with the document's body.
     virtual Probleme lieu(qsizetype i) const = 0;
 
+    /// Of the whole collection; empty for none.
+    virtual QString titre() const { return {}; }
     virtual const std::vector<Noeud>& noeuds() const = 0;
     virtual const std::vector<TypeDeDocument>& types() const = 0;
     virtual const Sections& sections() const = 0;

@@ -240,8 +240,8 @@ private:
         QString nombres;
         for (const qint64 nombre : bilan_.comptes.parcollection)
             nombres += sixchiffres(nombre);
-        TableWriter table(base_, u"paramètres"_s, {u"nbarticles"_s});
-        ecrit(table, {nombres});
+        TableWriter table(base_, u"paramètres"_s, {u"nbarticles"_s, u"titre"_s});
+        ecrit(table, {nombres, ounul(provenance_.titre())});
         termine(table);
     }
 

@@ -45,6 +45,7 @@ public:
     Entete entete(qsizetype i) const override { return fiche(i).entete; }
     Corps corps(qsizetype i) const override;
     Probleme lieu(qsizetype i) const override;
+    QString titre() const override { return reglages_.titre; }
     const std::vector<Noeud>& noeuds() const override { return noeuds_; }
     const std::vector<TypeDeDocument>& types() const override { return reglages_.types; }
     const Sections& sections() const override { return reglages_.sections; }

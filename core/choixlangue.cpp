@@ -36,7 +36,8 @@ ChoixLangue choisitlangue(const QString& extension, QString& courante, const QSt
                           Reglages& reglages, Langue& langue, Dialogues& dialogues) {
     if (extension == courante)
         return ChoixLangue::Identique;
-    if (!fileExists(Langue::cheminfichier(repertoireapplication, extension))) {
+    // Any other extension would be read as the French one at the next start.
+    if (!Langue::estextension(extension) || !fileExists(Langue::cheminfichier(repertoireapplication, extension))) {
         dialogues.message(langue.lireressource(600), langue.lireressource(601), Icone::Stop);
         return ChoixLangue::SansFichier;
     }

@@ -1,6 +1,8 @@
 #include "core/corpus.h"
 
 #include "core/cle.h"
+#include "platform/engine/rowreader.h"
+#include "platform/text/ansi.h"
 #include "platform/text/failure.h"
 #include "platform/text/number.h"
 
@@ -77,6 +79,14 @@ qint64 Corpus::compterarticles(QStringView code) const {
     Recordset& rs = parametres();
     rs.moveFirst();
     return static_cast<qint64>(val(QStringView(rs.text(QStringLiteral("nbarticles"))).mid(3 * position - 3, 6)));
+}
+
+QString Corpus::titre() const {
+    if (!base_)
+        return {};
+    // A base may be older than the field, or damaged there: that ends nothing.
+    RowReader parametres(*base_, QStringLiteral("paramètres"), {QStringLiteral("titre")});
+    return parametres.read(1) == RowReader::Found::Row ? ansi::decode(parametres.bytes(0)).simplified() : QString();
 }
 
 } // namespace velm

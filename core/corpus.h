@@ -42,6 +42,9 @@ public:
     /// eleven.
     qint64 compterarticles(QStringView code) const;
 
+    /// What the publisher calls the collection; empty when the base does not tell.
+    QString titre() const;
+
 private:
     using Table = std::unique_ptr<Recordset>;
     Recordset& table(const Table& table, QStringView nom) const;

@@ -3,6 +3,8 @@
 #include "platform/system/files.h"
 #include "platform/text/failure.h"
 
+#include <algorithm>
+
 namespace velm {
 
 namespace {
@@ -20,13 +22,18 @@ QString Langue::cheminfichier(const QString& dossier, const QString& extension) 
     return joinPath(dossier, QStringLiteral("langues/RES2000.") + extension);
 }
 
+bool Langue::estextension(QStringView extension) {
+    const auto lettre = [](QChar c) { return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z'); };
+    return extension.size() == 2 && std::all_of(extension.begin(), extension.end(), lettre);
+}
+
 Langue::Langue(std::function<void(const QString&)> signale) : signale_(std::move(signale)), cache_(nombredetextes) {}
 
 void Langue::choisitfichier(const QString& dossierapplication, const QString& dossierprogramme,
                             const QString& extension) {
     dossierprogramme_ = dossierprogramme;
-    extension_ = extension;
-    fichier_ = cheminfichier(dossierapplication, extension);
+    extension_ = estextension(extension) ? extension : QStringLiteral("FR");
+    fichier_ = cheminfichier(dossierapplication, extension_);
 }
 
 QString Langue::lit(const QString& chemin, int n) {

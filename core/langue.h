@@ -17,8 +17,11 @@ public:
     /// `signale` shows a box with a number: a text that is missing everywhere. Replaceable in tests.
     explicit Langue(std::function<void(const QString& numero)> signale);
 
-    /// The language file: application folder + "/langues/RES2000." + extension. `dossierprogramme` is where the file is
-    /// looked for after a failed look-up.
+    /// True for the short name of a language: two letters.
+    static bool estextension(QStringView extension);
+
+    /// The language file: application folder + "/langues/RES2000." + extension, where anything but two letters counts
+    /// as "FR". `dossierprogramme` is where the file is looked for after a failed look-up.
     void choisitfichier(const QString& dossierapplication, const QString& dossierprogramme, const QString& extension);
     /// Path of a language's file in a folder.
     static QString cheminfichier(const QString& dossier, const QString& extension);

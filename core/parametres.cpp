@@ -1,7 +1,6 @@
 #include "core/parametres.h"
 
 #include "platform/system/files.h"
-#include "platform/text/failure.h"
 
 namespace velm {
 
@@ -84,9 +83,9 @@ int unitetwips(int unite) {
 
 std::vector<Outil> litoutils(const Reglages& reglages, const QString& application) {
     const QString section = QStringLiteral("TOOLS");
-    const qint64 nombre = reglages.entier(section, QStringLiteral("NOMBRE"), 0, true);
-    if (nombre > nombremaxoutils)
-        runtimeError(Failure::ArrayBounds, {QString::number(nombre), QString::number(nombremaxoutils)});
+    Bornes bornes;
+    bornes.max = nombremaxoutils;
+    const qint64 nombre = reglages.entier(section, QStringLiteral("NOMBRE"), 0, true, bornes);
     std::vector<Outil> outils;
     for (qint64 n = 1; n <= nombre; ++n) {
         const auto lit = [&](const QString& cle) {
@@ -164,10 +163,10 @@ Parametres litparametres(Reglages& reglages, Langue& langue, const QString& doss
     p.fichiermaitre = p.repertoireapplication + QStringLiteral("/master.ini");
     reglages.choisitmaitre(p.fichiermaitre);
 
-    p.extensionlangue = reglages.texte(QStringLiteral("LANGUE"), QStringLiteral("EXTENSION"), QString(), true);
-    if (p.extensionlangue.isEmpty())
-        p.extensionlangue = QStringLiteral("FR");
-    langue.choisitfichier(p.repertoireapplication, dossierprogramme, p.extensionlangue);
+    langue.choisitfichier(
+        p.repertoireapplication, dossierprogramme,
+        reglages.texte(QStringLiteral("LANGUE"), QStringLiteral("EXTENSION"), QStringLiteral("FR"), true));
+    p.extensionlangue = langue.extension();
 
     p.unite = static_cast<int>(reglages.entier(sectionediteur(), QStringLiteral("UNITE"), 0, true));
     p.impression = LecteurImpression(reglages, QString()).lit();

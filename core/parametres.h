@@ -85,7 +85,7 @@ struct Parametres {
     QString repertoireapplication;
     QString repertoireediteur;
     QString fichiermaitre;
-    QString extensionlangue;
+    QString extensionlangue; ///< two letters
 
     int unite = 0;        ///< 0 centimetres, 1 inches
     int uniteentwips = 0; ///< 567, 1440, or 0 for any other unit

@@ -1,9 +1,10 @@
 #include "core/reglages.h"
 
-#include "platform/text/failure.h"
+#include "platform/text/letters.h"
 #include "platform/text/number.h"
 
 #include <cmath>
+#include <utility>
 
 namespace velm {
 
@@ -19,10 +20,6 @@ std::optional<double> nombre(const QString& texte) {
     return juste && std::isfinite(valeur) ? std::optional(valeur) : std::nullopt;
 }
 
-[[noreturn]] void erreurdeconversion(const QString& section, const QString& cle, const QString& texte) {
-    runtimeError(Failure::NotANumber, {section + u'/' + cle, texte});
-}
-
 QString motbooleen(bool valeur) {
     return valeur ? QStringLiteral("True") : QStringLiteral("False");
 }
@@ -35,6 +32,38 @@ std::optional<bool> booleendetexte(const QString& texte) {
     }
     const auto valeur = nombre(brut);
     return valeur ? std::optional(*valeur != 0) : std::nullopt;
+}
+
+/// A line of a file by its name, whatever its case.
+QString nomdeligne(const QString& fichier, const QString& section, const QString& cle) {
+    return upperCase(section + u'\n' + cle) + u'\n' + fichier;
+}
+
+RuntimeFailure pasunnombre(const QString& texte) {
+    return {Failure::NotANumber, {texte}};
+}
+
+std::optional<RuntimeFailure> convertitreel(const QString& texte, double& valeur) {
+    const auto lue = nombre(texte);
+    valeur = lue.value_or(0);
+    return lue ? std::nullopt : std::optional(pasunnombre(texte));
+}
+
+std::optional<RuntimeFailure> convertitentier(const QString& texte, const Bornes& bornes, double& valeur) {
+    if (auto faute = convertitreel(texte, valeur))
+        return faute;
+    const qint64 entier = roundHalfEven(valeur);
+    valeur = static_cast<double>(entier);
+    if (entier >= bornes.min && entier <= bornes.max)
+        return std::nullopt;
+    return RuntimeFailure{Failure::ArrayBounds,
+                          {texte, QString::number(entier > bornes.max ? bornes.max : bornes.min)}};
+}
+
+std::optional<RuntimeFailure> convertitbooleen(const QString& texte, double& valeur) {
+    const auto lue = booleendetexte(texte);
+    valeur = lue.value_or(false) ? 1 : 0;
+    return lue ? std::nullopt : std::optional(pasunnombre(texte));
 }
 
 bool estnumerique(const QVariant& valeur) {
@@ -76,10 +105,22 @@ QString Reglages::getsetting(const QString& section, const QString& cle, const Q
 }
 
 bool Reglages::savesetting(const QString& section, const QString& cle, const QString& valeur) {
+    ecartes_.remove(nomdeligne(magasin_.path(), section, cle));
     const bool ecrit = magasin_.save(section, cle, valeur);
     if (!ecrit)
         signaleechec();
     return ecrit;
+}
+
+bool Reglages::note(const QString& section, const QString& cle, const QString& valeur) {
+    const auto remplacant = ecartes_.constFind(nomdeligne(magasin_.path(), section, cle));
+    if (remplacant != ecartes_.cend() && nombre(valeur) == *remplacant)
+        return true;
+    return savesetting(section, cle, valeur);
+}
+
+void Reglages::surfaute(std::function<bool(const RuntimeFailure& faute)> decide) {
+    decide_ = std::move(decide);
 }
 
 void Reglages::surechec(std::function<void(const QString& raison)> dit) {
@@ -97,32 +138,64 @@ QString Reglages::texte(const QString& section, const QString& cle, const QStrin
     return getsetting(section, cle, maitre ? lireparametre(section, cle, defaut).toString() : defaut);
 }
 
-qint64 Reglages::entier(const QString& section, const QString& cle, qint64 defaut, bool maitre) const {
-    const double valeur = reel(section, cle, static_cast<double>(defaut), maitre);
-    constexpr double borne = 2147483648.0;
-    if (valeur >= borne || valeur < -borne)
-        erreurdeconversion(section, cle, getsetting(section, cle));
-    return roundHalfEven(valeur);
+/// What stands for a setting now, strongest first; lines that are set aside count as if they were not there.
+Reglages::Ligne Reglages::ligne(const QString& section, const QString& cle, const QString& defaut, bool maitre) const {
+    const auto compte = [&](const QString& fichier) { return !ecartes_.contains(nomdeligne(fichier, section, cle)); };
+    if (magasin_.contains(section, cle) && compte(magasin_.path()))
+        return {magasin_.get(section, cle), magasin_.path()};
+    if (maitre && maitre_.contains(section, cle) && compte(cheminmaitre_))
+        return {QString::number(maitre_.integer(section, cle)), cheminmaitre_};
+    return {defaut, {}};
+}
+
+void Reglages::ecarte(const QString& section, const QString& cle, const Ligne& ligne,
+                      const RuntimeFailure& faute) const {
+    RuntimeFailure dite = faute;
+    if (dite.what == Failure::NotANumber)
+        dite.parts.prepend(section + u'/' + cle);
+    if (ligne.fichier.isEmpty())
+        runtimeError(dite); // a default is never at fault, and nothing stands behind it
+    dite.setting = FaultySetting{ligne.fichier, section, cle, ligne.texte};
+    if (decide_ && decide_(dite)) {
+        ecartes_.insert(nomdeligne(ligne.fichier, section, cle), 0);
+        return;
+    }
+    dite.said = decide_ != nullptr;
+    runtimeError(dite);
+}
+
+double Reglages::lit(const QString& section, const QString& cle, const QString& defaut, bool maitre,
+                     const Conversion& convertit) const {
+    for (;;) {
+        const Ligne ici = ligne(section, cle, defaut, maitre);
+        double valeur = 0;
+        const auto faute = convertit(ici.texte, valeur);
+        if (faute) {
+            ecarte(section, cle, ici, *faute);
+            continue;
+        }
+        const auto ecartee = ecartes_.find(nomdeligne(magasin_.path(), section, cle));
+        if (ecartee != ecartes_.end())
+            *ecartee = valeur;
+        return valeur;
+    }
+}
+
+qint64 Reglages::entier(const QString& section, const QString& cle, qint64 defaut, bool maitre,
+                        const Bornes& bornes) const {
+    return static_cast<qint64>(
+        lit(section, cle, QString::number(defaut), maitre,
+            [&bornes](const QString& texte, double& valeur) { return convertitentier(texte, bornes, valeur); }));
 }
 
 double Reglages::reel(const QString& section, const QString& cle, double defaut, bool maitre) const {
-    const qint64 parmaitre = maitre ? lireparametre(section, cle, defaut).toLongLong() : 0;
-    const QString texte =
-        getsetting(section, cle, maitre ? QString::number(parmaitre) : QString::number(defaut, 'g', 15));
-    const auto valeur = nombre(texte);
-    if (!valeur)
-        erreurdeconversion(section, cle, texte);
-    return *valeur;
+    // The publisher's numbers are whole ones, and so is the default that takes their road.
+    const QString pardefaut = maitre ? QString::number(roundHalfEven(defaut)) : QString::number(defaut, 'g', 15);
+    return lit(section, cle, pardefaut, maitre, convertitreel);
 }
 
 bool Reglages::booleen(const QString& section, const QString& cle, bool defaut, bool maitre) const {
-    const QString pardefaut =
-        maitre ? QString::number(lireparametre(section, cle, defaut).toLongLong()) : motbooleen(defaut);
-    const QString texte = getsetting(section, cle, pardefaut);
-    const auto valeur = booleendetexte(texte);
-    if (!valeur)
-        erreurdeconversion(section, cle, texte);
-    return *valeur;
+    return lit(section, cle, motbooleen(defaut), maitre, convertitbooleen) != 0;
 }
 
 } // namespace velm

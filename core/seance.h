@@ -68,6 +68,7 @@ public:
     virtual void abandonneimpression() = 0;
     virtual EtatFenetres etatfenetres() const = 0;
     virtual void sauvederniers() = 0;
+    virtual void notefenetres() = 0;  ///< every form writes what it leaves when it closes, and stays open
     virtual void fermefenetres() = 0; ///< hides and unloads every form but the frame
     virtual void fermeprincipale() = 0;
 };
@@ -112,6 +113,11 @@ public:
 
     /// The exit sequence. False: the user refused and nothing was closed.
     bool quitteprogramme();
+    /// The same without its questions, for an end that nobody is asked about. An open print job is thrown away. Nothing
+    /// happens when the program has ended already.
+    void termine();
+    /// Writes what the exit sequence writes and closes nothing: the desktop's session may end, or go on after all.
+    void enregistre();
 
     void afficheetape(const QString& texte);
     /// Label of a slot from 0 to 11 (text slot + 10).
@@ -132,6 +138,7 @@ private:
     void cherchepartenaires();
     bool metajour();
     bool quittequestions();
+    void ferme();
     void ecritfenetres(const EtatFenetres& etat);
     void ecritposition(const PositionFenetre& position);
 
@@ -146,6 +153,7 @@ private:
     QString fichierbase_;
     QString fichierpartenaires_;
     bool sansastuce_ = false;
+    bool fermee_ = false; ///< the exit sequence has begun to close
 };
 
 } // namespace velm

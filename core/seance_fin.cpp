@@ -71,15 +71,13 @@ void Seance::ecritfenetres(const EtatFenetres& etat) {
     const QString section = QStringLiteral("POSITIONFORME");
     reglages_.savesetting(section, QStringLiteral("MDICHILD"), fenetreactive(etat) + drapeaux);
     reglages_.savesetting(section, QStringLiteral("MDICHILDCONTENU"), cles);
-    reglages_.savesetting(QStringLiteral("EDITEUR"), QStringLiteral("LARGEURSELECTION"),
-                          QString::number(etat.largeurpane, 'g', 9));
+    reglages_.note(QStringLiteral("EDITEUR"), QStringLiteral("LARGEURSELECTION"),
+                   QString::number(etat.largeurpane, 'g', 9));
 }
 
 void Seance::ecritposition(const PositionFenetre& position) {
     const QString section = QStringLiteral("POSITIONMDI");
-    const auto ecrit = [&](const QString& cle, int valeur) {
-        reglages_.savesetting(section, cle, QString::number(valeur));
-    };
+    const auto ecrit = [&](const QString& cle, int valeur) { reglages_.note(section, cle, QString::number(valeur)); };
     ecrit(QStringLiteral("WINDOWSSTATE"), position.etat);
     ecrit(QStringLiteral("WINDOWSLEFT"), position.gauche);
     ecrit(QStringLiteral("WINDOWSTOP"), position.haut);
@@ -91,6 +89,20 @@ void Seance::ecritposition(const PositionFenetre& position) {
 bool Seance::quitteprogramme() {
     if (!quittequestions())
         return false;
+    ferme();
+    return true;
+}
+
+void Seance::termine() {
+    if (fermee_)
+        return;
+    if (ecrans_.impressionouverte())
+        ecrans_.abandonneimpression();
+    ferme();
+}
+
+void Seance::ferme() {
+    fermee_ = true;
     const EtatFenetres etat = ecrans_.etatfenetres();
     {
         // Everything that the exit writes reaches the disk at once; windows that save their own place join in.
@@ -105,7 +117,19 @@ bool Seance::quitteprogramme() {
             reglages_.signaleechec();
     }
     ecrans_.fermeprincipale();
-    return true;
+}
+
+void Seance::enregistre() {
+    if (fermee_)
+        return;
+    const EtatFenetres etat = ecrans_.etatfenetres();
+    ReglagesStore::Batch lot(reglages_.magasin());
+    ecritfenetres(etat);
+    ecrans_.sauvederniers();
+    ecrans_.notefenetres();
+    ecritposition(etat.principale);
+    if (!lot.commit())
+        reglages_.signaleechec();
 }
 
 } // namespace velm

@@ -1,7 +1,5 @@
 #include "document/styles.h"
 
-#include "platform/text/failure.h"
-
 #include <limits>
 
 namespace velm {
@@ -29,10 +27,8 @@ public:
         return static_cast<int>(reglages_.entier(section, cle(suffixe), defaut, true));
     }
     int court16(const QString& suffixe, int defaut = 0) const {
-        const int valeur = long32(suffixe, defaut);
-        if (valeur < std::numeric_limits<qint16>::min() || valeur > std::numeric_limits<qint16>::max())
-            runtimeError(Failure::NotANumber, {section + u'/' + cle(suffixe), QString::number(valeur)});
-        return valeur;
+        constexpr Bornes bornes{std::numeric_limits<qint16>::min(), std::numeric_limits<qint16>::max()};
+        return static_cast<int>(reglages_.entier(section, cle(suffixe), defaut, true, bornes));
     }
 
 private:

@@ -1,3 +1,4 @@
+#include "core/raisons.h"
 #include "core/reglages.h"
 #include "outil/sortie.h"
 #include "platform/system/files.h"
@@ -71,13 +72,12 @@ int main(int argc, char** argv) {
     ReglagesStore magasin;
     Reglages reglages(magasin);
     reglages.choisitmaitre(joinPath(dossier, u"master.ini"));
-    QString extension = reglages.texte(QStringLiteral("LANGUE"), QStringLiteral("EXTENSION"), QString(), true);
-    if (extension.isEmpty())
-        extension = QStringLiteral("FR");
-    langue.choisitfichier(dossier, dossier, extension);
+    langue.choisitfichier(
+        dossier, dossier,
+        reglages.texte(QStringLiteral("LANGUE"), QStringLiteral("EXTENSION"), QStringLiteral("FR"), true));
     setRuntimeErrorHandler([&](const RuntimeFailure& erreur) {
         outil::Contexte contexte(langue, {}, dossier);
-        contexte.erreur(contexte.texte(9405 + static_cast<int>(erreur.what), erreur.parts));
+        contexte.erreur(raisondelerreur(langue, erreur));
         std::_Exit(outil::Echec);
     });
 

@@ -154,6 +154,11 @@ void Bureau::majmenus() {
     ecran_.menus().marqueactive(textes ? textes->indice() : -1);
 }
 
+void Bureau::notefenetres() {
+    for (Textes* ouverte : fenetres())
+        ouverte->ecritreglages();
+}
+
 void Bureau::fermefenetres() {
     enfermeture_ = true;
     // A maximised window that closes hands its state on to the next one: what they are is written before any closes.

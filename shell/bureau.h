@@ -50,6 +50,8 @@ public:
     int nombredeformes() const;
     /// Shows the buttons that arrange windows when there are more than three forms.
     void majdispositions();
+    /// Every window writes what it writes when it closes.
+    void notefenetres();
     /// Closes every window for good: none of them shows anything any more.
     void fermefenetres();
     /// Opens the windows of the last run: one that was left as an icon stays one.

@@ -1,5 +1,6 @@
 #include "shell/frmabout.h"
 
+#include "core/langue.h"
 #include "platform/system/dialogues.h"
 #include "platform/widgets/look.h"
 #include "shell/frmabout_logo.h"
@@ -21,6 +22,7 @@ using namespace Qt::Literals::StringLiterals;
 constexpr int cotelogo = 64;
 constexpr int largeurtexte = 360;
 constexpr int intervalle = 110;
+constexpr qsizetype caracteresdetitre = 160;
 
 } // namespace
 
@@ -29,8 +31,8 @@ QString versioncourte(const QString& version) {
     return QVersionNumber(lue.majorVersion(), lue.minorVersion(), lue.microVersion()).toString();
 }
 
-frmAbout::frmAbout(const std::function<QString(int)>& texte, const QString& version, Rappels rappels,
-                   Dialogues& dialogues, QWidget* parent)
+frmAbout::frmAbout(const std::function<QString(int)>& texte, const QString& version, const QString& collection,
+                   Rappels rappels, Dialogues& dialogues, QWidget* parent)
     : QDialog(parent), texte_(texte), rappels_(std::move(rappels)), dialogues_(dialogues) {
     setObjectName(u"frmAbout"_s);
     setWindowTitle(texte_(161));
@@ -38,12 +40,24 @@ frmAbout::frmAbout(const std::function<QString(int)>& texte, const QString& vers
     minuterie_ = new QTimer(this);
     minuterie_->setObjectName(u"Timer1"_s);
     minuterie_->setInterval(intervalle);
-    construit(version);
+    construit(version, collection);
     connect(minuterie_, &QTimer::timeout, logo_, &Logo::suivante);
     connect(logo_, &Logo::clique, this, &frmAbout::basculeanimation);
 }
 
-void frmAbout::construit(const QString& version) {
+/// What a publisher calls it may be of any length; the box is not.
+QLabel* frmAbout::titredelabase(const QString& collection) {
+    const bool entier = collection.size() <= caracteresdetitre;
+    auto* titre =
+        new QLabel(remplace(texte_(9521), {entier ? collection : collection.left(caracteresdetitre) + u'…'}), this);
+    titre->setObjectName(u"lblCollection"_s);
+    titre->setTextFormat(Qt::PlainText);
+    titre->setWordWrap(true);
+    titre->setFixedWidth(largeurtexte);
+    return titre;
+}
+
+void frmAbout::construit(const QString& version, const QString& collection) {
     logo_ = new Logo(cotelogo, this);
     logo_->setObjectName(u"Picture2"_s);
     logo_->setAccessibleName(texte_(8));
@@ -80,6 +94,8 @@ void frmAbout::construit(const QString& version) {
     colonne->setSpacing(look::grid);
     colonne->addWidget(titre);
     colonne->addWidget(numero);
+    if (!collection.isEmpty())
+        colonne->addWidget(titredelabase(collection));
     colonne->addSpacing(look::windowMargin);
     colonne->addWidget(conditions);
     colonne->addStretch();

@@ -4,6 +4,7 @@
 
 #include <functional>
 
+class QLabel;
 class QTimer;
 
 namespace velm {
@@ -23,15 +24,17 @@ public:
         std::function<void()> estmontree;   ///< the window is on the screen
     };
 
-    frmAbout(const std::function<QString(int)>& texte, const QString& version, Rappels rappels, Dialogues& dialogues,
-             QWidget* parent = nullptr);
+    /// `collection` is the title of the open base; empty for none.
+    frmAbout(const std::function<QString(int)>& texte, const QString& version, const QString& collection,
+             Rappels rappels, Dialogues& dialogues, QWidget* parent = nullptr);
 
 protected:
     void showEvent(QShowEvent* evenement) override;
     void hideEvent(QHideEvent* evenement) override;
 
 private:
-    void construit(const QString& version);
+    void construit(const QString& version, const QString& collection);
+    QLabel* titredelabase(const QString& collection);
     void basculeanimation();
     void informationssysteme();
 

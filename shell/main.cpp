@@ -4,14 +4,11 @@
 #include "platform/system/ui/qtimprimante.h"
 #include "platform/system/ui/qtoutside.h"
 #include "platform/widgets/look.h"
-#include "shell/ecrangeneral.h"
-#include "shell/programme.h"
+#include "shell/application.h"
+#include "shell/lancement.h"
 #include "shell/qtsablier.h"
 
-#include <QApplication>
 #include <QDir>
-
-#include <cstdlib>
 
 namespace {
 
@@ -26,7 +23,7 @@ QString dossierprogramme() {
 } // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+    velm::Application application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("VELMORANTE2000"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELM_VERSION));
     velm::look::apply(application, velm::look::themeOf(application.palette()));
@@ -50,18 +47,10 @@ int main(int argc, char** argv) {
     options.fichierreglages = velm::ReglagesStore::defaultPath();
     options.dossierinstance = velm::SingleInstance::defaultFolder();
     options.dossierdonnees = velm::Extensions::defaultDataFolder();
-
-    velm::Programme programme(options,
-                              {dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante});
-    programmepret = &programme;
-    dialogues.setCaptions([&](velm::Bouton bouton) { return programme.libellebouton(bouton); });
-    velm::setRuntimeErrorHandler([&](const velm::RuntimeFailure& erreur) {
-        // A second error while the first is being said must not open a second box.
-        velm::setRuntimeErrorHandler([](const velm::RuntimeFailure&) { std::_Exit(EXIT_FAILURE); });
-        programme.erreurfatale(erreur);
-        std::_Exit(EXIT_FAILURE);
-    });
-    if (programme.demarre() != velm::Demarrage::EnMarche)
-        return EXIT_SUCCESS;
-    return QApplication::exec();
+    return velm::lance(
+        application, options, {dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante},
+        [&](velm::Programme& programme) {
+            programmepret = &programme;
+            dialogues.setCaptions([&programme](velm::Bouton bouton) { return programme.libellebouton(bouton); });
+        });
 }

@@ -22,10 +22,8 @@ namespace velm {
 
 Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
     : options_(options), monde_(monde), instance_(QStringLiteral("velm2000"), options.dossierinstance),
-      magasin_(options.fichierreglages), reglages_(magasin_), langue_([this](const QString& numero) {
-          if (!silencieux_)
-              monde_.dialogues.message(numero, QString());
-      }),
+      magasin_(options.fichierreglages), reglages_(magasin_),
+      langue_([this](const QString& numero) { avis_.textemanquant(numero); }), avis_(monde.dialogues, langue_),
       seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, *this), barres_(reglages_) {
     initialiseressources();
     reglages_.surechec([this](const QString&) { ditechec(); });
@@ -58,7 +56,10 @@ Environnement Programme::environnement() {
 }
 
 Demarrage Programme::demarre() {
+    // A setting that keeps the program from starting can be left aside; later ones end it.
+    reglages_.surfaute([this](const RuntimeFailure& faute) { return avis_.continueavecledefaut(faute); });
     const Demarrage issue = seance_.demarre();
+    reglages_.surfaute(nullptr);
     if (issue == Demarrage::EnMarche) {
         instance_.setOnRaise([this] {
             if (!ecran_)
@@ -72,33 +73,18 @@ Demarrage Programme::demarre() {
     return issue;
 }
 
-QString Programme::raison(const RuntimeFailure& erreur) {
-    return remplace(langue_.lireressource(9405 + static_cast<int>(erreur.what)), erreur.parts);
-}
-
 void Programme::erreurfatale(const RuntimeFailure& erreur) {
     monde_.sablier.fixepointeur(Sablier::defaut);
     fermeaccueil();
-    monde_.dialogues.message(remplace(langue_.lireressource(9401), {raison(erreur)}), langue_.lireressource(9400),
-                             Icone::Stop);
+    avis_.fin(erreur);
     corpus_.fermebase();
 }
 
-QString Programme::libellebouton(Bouton bouton) {
-    constexpr struct {
-        Bouton bouton;
-        int texte;
-    } libelles[] = {
-        {Bouton::Oui, 9270}, {Bouton::Non, 9271}, {Bouton::Annuler, 9272}, {Bouton::Aide, 9273}, {Bouton::Ok, 9274}};
-    // The box that reports a missing text has a button too: it must not ask for another box.
-    silencieux_ = true;
-    QString texte;
-    for (const auto& libelle : libelles) {
-        if (libelle.bouton == bouton)
-            texte = langue_.lireressource(libelle.texte);
-    }
-    silencieux_ = false;
-    return texte;
+void Programme::ditsansmemoire(bool audebut) {
+    monde_.sablier.fixepointeur(Sablier::defaut);
+    if (audebut)
+        fermeaccueil();
+    avis_.sansmemoire(audebut);
 }
 
 void Programme::ouvreaide() {

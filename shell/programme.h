@@ -1,6 +1,7 @@
 #pragma once
 // The one place that knows everybody: owns the run's state and connects the rooms.
 #include "core/astuces.h"
+#include "core/avis.h"
 #include "core/barres.h"
 #include "core/cle.h"
 #include "core/corpus.h"
@@ -65,12 +66,17 @@ public:
 
     Demarrage demarre();
     bool quitteprogramme() { return seance_.quitteprogramme(); }
+    /// What an ordinary end writes and closes, without its questions; and what it writes, closing nothing.
+    void termine() { seance_.termine(); }
+    void enregistre() { seance_.enregistre(); }
 
     /// What happened in one box; open transactions are rolled back. The caller ends the process.
     void erreurfatale(const RuntimeFailure& erreur);
+    /// There was no memory for something; at the start the caller ends the process.
+    void ditsansmemoire(bool audebut);
 
     /// Caption of a box's button; empty when the language file has none, without a box about that.
-    QString libellebouton(Bouton bouton);
+    QString libellebouton(Bouton bouton) { return avis_.libellebouton(bouton); }
 
     /// Opens the help file of the settings, in either spelling of its name; says so when there is none.
     void ouvreaide();
@@ -105,6 +111,7 @@ public:
     void abandonneimpression() override;
     EtatFenetres etatfenetres() const override;
     void sauvederniers() override;
+    void notefenetres() override;
     void fermefenetres() override;
     void fermeprincipale() override;
 
@@ -120,16 +127,15 @@ private:
     void chargecommandes();
     void traduitoutils(); ///< what the toolkit itself says follows the program's language
     void montre(QDialog* fenetre);
-    QString raison(const RuntimeFailure& erreur);
     void ditechec(); ///< settings cannot be written
 
     OptionsProgramme options_;
     MondeExterieur monde_;
-    bool silencieux_ = false; ///< missing texts are not reported
     SingleInstance instance_;
     ReglagesStore magasin_;
     Reglages reglages_;
     Langue langue_;
+    Avis avis_;
     Corpus corpus_;
     TableStyles styles_;
     Seance seance_;

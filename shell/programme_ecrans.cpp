@@ -141,6 +141,7 @@ void Programme::chargecommandes() {
     bureau_->navigation().changeunefenetre(une);
     ecran_->menus().entree(QStringLiteral("maffichagetfu"))->setChecked(une);
     ecran_->menus().entree(QStringLiteral("maide1(1)"))->setEnabled(!seance_.fichierpartenaires().isEmpty());
+    ecran_->menus().entree(QStringLiteral("mediteur"))->setVisible(seance_.preferences().menuediteur);
 }
 
 void Programme::montreprincipale() {
@@ -246,7 +247,8 @@ void Programme::montreapropos() {
     rappels.lancesysinfo = [this] { return startsysinfo(SystemRegistre(), monde_.processus); };
     rappels.estmontree = [this] { monde_.sablier.fixepointeur(Sablier::defaut); };
     montre(new frmAbout([this](int numero) { return langue_.lireressource(numero); },
-                        QCoreApplication::applicationVersion(), rappels, monde_.dialogues, ecran_.get()));
+                        QCoreApplication::applicationVersion(), corpus_.titre(), rappels, monde_.dialogues,
+                        ecran_.get()));
 }
 
 void Programme::montrepartenaires() {
@@ -293,6 +295,13 @@ void Programme::sauvederniers() {
         bureau_->navigation().sauvederniers(reglages_);
     if (selection_)
         selection_->ecritcolonnes();
+}
+
+void Programme::notefenetres() {
+    if (recherches_)
+        recherches_->note();
+    if (bureau_)
+        bureau_->notefenetres();
 }
 
 void Programme::fermefenetres() {

@@ -77,11 +77,15 @@ void Recherches::envoyercriteres() {
     fichiers_.envoyercriteres(leformulaire().formulaire().fichier());
 }
 
+void Recherches::note() {
+    if (formulaire_)
+        formulaire_->formulaire().decharge();
+}
+
 void Recherches::ferme() {
-    if (!formulaire_)
-        return;
-    formulaire_->formulaire().ferme();
-    formulaire_->formulaire().decharge();
+    if (formulaire_)
+        formulaire_->formulaire().ferme();
+    note();
 }
 
 } // namespace velm

@@ -34,6 +34,8 @@ public:
     void ouvrircriteres(const QString& nom = {});
     void sauvercriteres();
     void envoyercriteres();
+    /// Writes what the form has to leave.
+    void note();
     /// The program ends: a search that runs stops, and what the form has to leave is written.
     void ferme();
 

@@ -98,6 +98,9 @@ public:
     void recoitmots(const QString& mot1, const QString& mot2);
     const MotsCherches& mots() const { return mots_; }
 
+    /// Writes the window's settings, as its closing does.
+    void ecritreglages();
+
     // ---- commands that menus and the frame share
     /// The selection, or the whole rich text when nothing is selected, on the clipboard.
     void copie();
@@ -203,7 +206,6 @@ private:
     void rafraichitsibesoin();
     void prepare();
     void charge();
-    void ecritreglages();
 
     int indice_;
     QString code_;

@@ -134,7 +134,7 @@ const TableDef* Schema::table(const QString& wanted) const {
 const Schema& corpusSchema() {
     static const Schema schema{{documents(),
                                 tree(),
-                                {u"paramètres"_s, {text(u"nbarticles"_s)}, {}, {}},
+                                {u"paramètres"_s, {text(u"nbarticles"_s), text(u"titre"_s)}, {}, {}},
                                 {u"motclés"_s,
                                  {text(u"motcle"_s), number(u"nbarticle"_s)},
                                  {{u"primarykey"_s, {folded(u"motcle"_s)}, true}},

@@ -32,6 +32,10 @@ struct Message {
     Bouton defaut = Bouton::Aucun;
     /// Page of the help file that the help button shows.
     int contexteAide = 0;
+    /// Caption of a check box above the buttons; empty for none.
+    QString option = {};
+    /// Where the state of the check box goes when the box closes; not owned, may be null.
+    bool* optioncochee = nullptr;
 };
 
 struct ChoixFichier {
@@ -55,7 +59,7 @@ public:
 
     Bouton message(const QString& texte, const QString& titre, Icone icone = Icone::Aucune,
                    Boutons boutons = Bouton::Ok, Bouton defaut = Bouton::Aucun, int contexteAide = 0) {
-        return message(Message{texte, titre, icone, boutons, defaut, contexteAide});
+        return message(Message{texte, titre, icone, boutons, defaut, contexteAide, {}, nullptr});
     }
 
     /// The chosen path; nothing when the user gave up.

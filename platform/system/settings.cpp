@@ -2,16 +2,25 @@
 
 #include "platform/system/files.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QStandardPaths>
 
+#include <cerrno>
 #include <utility>
 
 namespace velm {
+namespace {
+
+/// How long another writer is waited for; each holds the lock for one small file.
+constexpr int lockMilliseconds = 2000;
+
+} // namespace
 
 ReglagesStore::ReglagesStore(QString path) : path_(std::move(path)) {
-    load();
+    load(document_);
 }
 
 QString ReglagesStore::defaultPath() {
@@ -19,21 +28,23 @@ QString ReglagesStore::defaultPath() {
                     u"VELMORANTE2000/VELMORANTE2000.ini");
 }
 
-void ReglagesStore::load() {
+/// Reads the file; one that is not there is an empty one. False, with the reason in lastError_, when it is there and
+/// cannot be read.
+bool ReglagesStore::load(IniDocument& document) {
     const QFileInfo info(path_);
     if (!info.exists() && !info.isSymLink())
-        return;
+        return true;
     QFile file(path_);
     if (file.open(QIODevice::ReadOnly)) {
         const QByteArray bytes = file.readAll();
         if (file.error() == QFileDevice::NoError) {
-            document_ = IniDocument::parse(bytes);
-            return;
+            document = IniDocument::parse(bytes);
+            return true;
         }
     }
-    // A link to nowhere holds nothing that could be lost.
-    unreadable_ = info.exists();
     lastError_ = path_ + QStringLiteral(": ") + file.errorString();
+    // A link to nowhere holds nothing that could be lost.
+    return !info.exists();
 }
 
 QString ReglagesStore::get(QStringView section, QStringView key, const QString& fallback) const {
@@ -49,22 +60,38 @@ bool ReglagesStore::save(QStringView section, QStringView key, const QString& va
     const auto stored = document_.value(section, key);
     if (!stored || *stored != value) {
         document_.set(section, key, value);
-        changed_ = true;
+        changes_.push_back({section.toString(), key.toString(), value});
     }
     return batches_ > 0 || write();
 }
 
 bool ReglagesStore::write() {
-    if (!changed_)
+    if (changes_.empty())
         return true;
-    if (unreadable_)
+    // Where no lock can be made, the write itself tells what is wrong with the place.
+    QDir().mkpath(QFileInfo(path_).absolutePath());
+    QLockFile lock(path_ + QStringLiteral(".lock"));
+    if (!lock.tryLock(lockMilliseconds) && lock.error() == QLockFile::LockFailedError) {
+        lastError_ = lock.fileName() + QStringLiteral(": ") + qt_error_string(EWOULDBLOCK);
         return false;
-    const QString error = writeWhole(path_, document_.bytes());
+    }
+    return writeUnderLock();
+}
+
+bool ReglagesStore::writeUnderLock() {
+    IniDocument now;
+    if (!load(now))
+        return false;
+    // In the order in which they were made: of two of one name the later one counts.
+    for (const Change& change : changes_)
+        now.set(change.section, change.key, change.value);
+    const QString error = writeWhole(path_, now.bytes());
     if (!error.isEmpty()) {
         lastError_ = error;
         return false;
     }
-    changed_ = false;
+    document_ = std::move(now);
+    changes_.clear();
     lastError_.clear();
     return true;
 }

@@ -5,11 +5,15 @@
 #include <QString>
 #include <QStringView>
 
+#include <vector>
+
 namespace velm {
 
-/// Sections and keys compare without case and keep their order. The file is read once, at construction, and then held
-/// in memory; each change writes the whole file through a temporary one, so that it is always either the old or the
-/// new one. Whatever the file holds besides (comments, lines that nobody understands) is written back as it was.
+/// Sections and keys compare without case and keep their order. The file is read at construction and then held in
+/// memory. Each write reads it again and puts nothing but its own changes into what stands there now, so that those of
+/// another program during the run survive; a lock beside the file keeps two writers apart. It writes the whole file
+/// through a temporary one, so that it is always either the old or the new one. Whatever the file holds besides
+/// (comments, lines that nobody understands) is written back as it was.
 class ReglagesStore {
 public:
     /// Opens the settings of that file; a missing one is empty settings. One that is there but cannot be read gives
@@ -26,9 +30,9 @@ public:
 
     bool contains(QStringView section, QStringView key) const;
 
-    /// Stores any text and writes the file (unless the text is the stored one already). False when the file could not
-    /// be written: lastError() tells why, the file is the one before, and the value holds for this run; the next save
-    /// tries again. Inside a batch nothing is written and the result is true.
+    /// Stores any text and writes the file (unless the text is the one that get() gives already). False when the file
+    /// could not be written: lastError() tells why, the file is the one before, and the value holds for this run; the
+    /// next save tries again. Inside a batch nothing is written and the result is true.
     bool save(QStringView section, QStringView key, const QString& value);
 
     /// While one of these lives, save() only collects; the end of the outermost one writes once.
@@ -52,16 +56,22 @@ public:
     QString lastError() const { return lastError_; }
 
 private:
-    void load();
+    struct Change {
+        QString section;
+        QString key;
+        QString value;
+    };
+
+    bool load(IniDocument& document);
     bool write();
+    bool writeUnderLock();
     bool endBatch();
 
     QString path_;
-    IniDocument document_;
+    IniDocument document_;        ///< what get() gives: the file with the changes
+    std::vector<Change> changes_; ///< not in the file yet, in their order
     QString lastError_;
     int batches_ = 0;
-    bool changed_ = false;
-    bool unreadable_ = false;
 };
 
 } // namespace velm

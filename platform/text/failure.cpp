@@ -17,13 +17,19 @@ RuntimeErrorHandler setRuntimeErrorHandler(RuntimeErrorHandler handler) {
     return std::exchange(handlerSlot(), std::move(handler));
 }
 
-void runtimeError(Failure what, const QStringList& parts) {
-    if (handlerSlot()) {
-        handlerSlot()({what, parts});
+void runtimeError(const RuntimeFailure& failure) {
+    // A copy: what the handler holds must outlive the handler's being replaced from inside it.
+    const RuntimeErrorHandler handler = handlerSlot();
+    if (handler) {
+        handler(failure);
         std::abort();
     }
-    std::fprintf(stderr, "%s\n", qUtf8Printable(parts.join(u' ')));
+    std::fprintf(stderr, "%s\n", qUtf8Printable(failure.parts.join(u' ')));
     std::exit(70);
+}
+
+void runtimeError(Failure what, const QStringList& parts) {
+    runtimeError(RuntimeFailure{what, parts});
 }
 
 void runtimeError(const QString& message) {

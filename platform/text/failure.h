@@ -4,12 +4,13 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 
 namespace velm {
 
 /// What an error of this kind can be, with the parts that its message needs.
 enum class Failure {
-    ArrayBounds,  ///< the number, the greatest one
+    ArrayBounds,  ///< the number, its limit
     NotANumber,   ///< the setting, its text
     MissingTable, ///< the table
     Engine,       ///< what the engine says
@@ -17,18 +18,30 @@ enum class Failure {
     MissingField  ///< the field
 };
 
+/// A line of a settings file whose value cannot be used.
+struct FaultySetting {
+    QString file;
+    QString section;
+    QString key;
+    QString text; ///< its value as it stands there
+};
+
 struct RuntimeFailure {
     Failure what = Failure::Engine;
-    QStringList parts;
+    QStringList parts = {};
+    std::optional<FaultySetting> setting = {}; ///< what there is to mend, when the error lies in a setting
+    bool said = false;                         ///< the user knows already and has chosen to end
 };
 
 /// Ends the program through the installed handler. Used where the logic meets an error that nothing catches: a table
 /// that is missing when it is first used, a stored text that is no number, an array bound.
+[[noreturn]] void runtimeError(const RuntimeFailure& failure);
 [[noreturn]] void runtimeError(Failure what, const QStringList& parts);
 /// An error of the engine, in its own words.
 [[noreturn]] void runtimeError(const QString& message);
 
-/// The handler must not return (it ends the process, or throws in a test); if it does, the process is aborted.
+/// The handler must not return (it ends the process, or throws in a test); if it does, the process is aborted. It may
+/// install another one while it runs.
 using RuntimeErrorHandler = std::function<void(const RuntimeFailure& failure)>;
 
 /// Installs a handler and gives back the one before. Without any, the parts go to standard error and the process ends

@@ -1,6 +1,7 @@
 #include "collection/fabrique.h"
 #include "collection/source.h"
 #include "collection/temporaire.h"
+#include "core/corpus.h"
 #include "tests/collection/dossier.h"
 #include "tests/support/full_disk.h"
 
@@ -101,6 +102,20 @@ TEST_F(Compilation, ThePublishersKindsKeepTheirNumbersAndOrder) {
     EXPECT_EQ(rangees(*ouvre(), u"typedocument"_s, {u"typedocument"_s, u"numerodutype"_s, u"ordre"_s}),
               (QStringList{u"Loi|9|1"_s, u"Avis|2|2"_s}));
     EXPECT_EQ(rangees(*ouvre(), u"données"_s, {u"BackColor"_s}), QStringList{u"65536"_s});
+}
+
+TEST_F(Compilation, TheTitleOfTheCollectionStandsInTheBase) {
+    documents(document("CO", 1, "x"));
+    ASSERT_TRUE(compile().faite());
+    const auto titre = [this] {
+        Corpus corpus;
+        EXPECT_EQ(corpus.connecte(base()), OpenError::None);
+        return corpus.titre();
+    };
+    EXPECT_EQ(titre(), QString()) << "none was given";
+    ecrit(u"collection.json"_s, R"({"titre":" Œuvres – l’essai "})");
+    ASSERT_TRUE(compile().faite());
+    EXPECT_EQ(titre(), u"Œuvres – l’essai");
 }
 
 TEST_F(Compilation, SeveralDocumentFilesAreReadInTheOrderOfTheirNames) {

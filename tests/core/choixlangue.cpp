@@ -95,6 +95,13 @@ TEST_F(ChoixLangueTest, ChoosingALanguageWithoutAFileChangesNothingAndSaysSo) {
     EXPECT_EQ(courante_, u"FR");
 }
 
+TEST_F(ChoixLangueTest, AnExtensionOfOtherThanTwoLettersCannotBeChosen) {
+    ecrit("langues/RES2000.ENG", "[VELMORANTE 2000]\r\n7=seven\r\n");
+    EXPECT_EQ(choisit("ENG"), ChoixLangue::SansFichier);
+    EXPECT_EQ(dialogues_.messages.size(), 1u);
+    EXPECT_EQ(stockee(), u"(absent)");
+}
+
 TEST_F(ChoixLangueTest, ChoosingALanguageAndAnsweringNoKeepsTheSetting) {
     dialogues_.answers = {Bouton::Non};
     EXPECT_EQ(choisit("EN"), ChoixLangue::Refuse);

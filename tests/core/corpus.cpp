@@ -84,6 +84,27 @@ TEST_F(CorpusTest, AMissingTableIsNotReportedAtOpeningButAtItsFirstUse) {
     EXPECT_THROW(corpus.liens().moveFirst(), test::Arret);
 }
 
+TEST_F(CorpusTest, ABaseWithoutATitleGivesNone) {
+    const test::GardeArret garde; // nothing here is a run-time error
+    EXPECT_EQ(corpus.titre(), QString()) << "no base at all";
+    const auto ordre = [this](const QString& sql) {
+        const auto base = Database::open(chemin(), OpenMode::Shared, corpusSchema());
+        ASSERT_TRUE(base.database && base.database->execute(sql));
+    };
+    const auto titre = [this] {
+        EXPECT_EQ(corpus.connecte(chemin()), OpenError::None);
+        return corpus.titre();
+    };
+    ordre(QStringLiteral("UPDATE paramètres SET titre='Ma  base\n'"));
+    EXPECT_EQ(titre(), u"Ma base");
+    corpus.fermebase();
+    ordre(QStringLiteral("ALTER TABLE paramètres DROP COLUMN titre"));
+    EXPECT_EQ(titre(), QString()) << "a base older than the field";
+    corpus.fermebase();
+    ordre(QStringLiteral("DROP TABLE paramètres"));
+    EXPECT_EQ(titre(), QString());
+}
+
 TEST_F(CorpusTest, AnUnopenedCorpusIsARunTimeError) {
     const test::GardeArret garde;
     EXPECT_THROW(corpus.donnees(), test::Arret);

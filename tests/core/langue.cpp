@@ -107,10 +107,18 @@ TEST_F(LangueTest, AfterAFailedLookUpTheFileBesideTheProgramIsUsedForGood) {
     EXPECT_TRUE(signales_.isEmpty());
 }
 
-TEST_F(LangueTest, AnExtensionOfThreeLettersLosesItsLastTwo) {
-    ecrit(QStringLiteral("application"), QStringLiteral("EFR"), QStringLiteral("7=sept\r\n"));
-    Langue l = langue(QStringLiteral("ENG"));
-    EXPECT_EQ(l.lireressource(7), u"sept");
+TEST_F(LangueTest, AnExtensionOfOtherThanTwoLettersIsTheFrenchFile) {
+    ecrit(QStringLiteral("application"), QStringLiteral("FR"), QStringLiteral("7=sept\r\n"));
+    ecrit(QStringLiteral("application"), QStringLiteral("ENG"), QStringLiteral("7=seven\r\n"));
+    ecrit(QStringLiteral("application"), QStringLiteral("EFR"), QStringLiteral("7=faux\r\n"));
+    for (const QString& extension : {QStringLiteral("ENG"), QStringLiteral("E"), QStringLiteral("FRA"), QString(),
+                                     QStringLiteral("1R"), QStringLiteral("F "), QStringLiteral("/../FR")}) {
+        Langue l = langue(extension);
+        EXPECT_EQ(l.extension(), u"FR") << extension.toStdString();
+        EXPECT_EQ(l.lireressource(7), u"sept") << extension.toStdString();
+    }
+    EXPECT_EQ(langue(QStringLiteral("EN")).extension(), u"EN");
+    EXPECT_TRUE(signales_.isEmpty());
 }
 
 TEST_F(LangueTest, AnIdOf10000IsAnError) {

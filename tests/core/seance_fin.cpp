@@ -155,3 +155,59 @@ TEST_F(SeanceFin, TheTablesAreClosedBeforeTheDossiersAndThePositionComesLast) {
     EXPECT_TRUE(quitte({Bouton::Oui}));
     EXPECT_EQ(lu("POSITIONMDI", "WINDOWSSTATE"), u"2");
 }
+
+TEST_F(SeanceFin, AnEndThatNobodyIsAskedAboutWritesAndClosesAsTheOther) {
+    ecrans.impression = true;
+    ecrans.etat.largeurpane = 3000;
+    ASSERT_EQ(seance().demarre(), Demarrage::EnMarche);
+    ecrans.journal.clear();
+    seance().termine();
+    EXPECT_TRUE(dialogues.messages.empty());
+    EXPECT_EQ(ecrans.journal,
+              (QStringList{QStringLiteral("abandonne"), QStringLiteral("ferme dossiers"), QStringLiteral("derniers"),
+                           QStringLiteral("ferme fenêtres"), QStringLiteral("ferme principale")}));
+    EXPECT_EQ(lu("EDITEUR", "LARGEURSELECTION"), u"3000");
+    EXPECT_EQ(lu("POSITIONMDI", "WINDOWSWIDTH"), u"9600");
+    EXPECT_FALSE(corpus.connecte());
+}
+
+TEST_F(SeanceFin, ASecondEndDoesNothing) {
+    EXPECT_TRUE(quitte({Bouton::Oui}));
+    stocke("EDITEUR", "LARGEURSELECTION", QStringLiteral("77"));
+    ecrans.journal.clear();
+    seance().termine();
+    seance().enregistre();
+    EXPECT_TRUE(ecrans.journal.isEmpty());
+    EXPECT_EQ(lu("EDITEUR", "LARGEURSELECTION"), u"77");
+}
+
+TEST_F(SeanceFin, TheSessionsEndWritesWhatTheEndWritesAndClosesNothing) {
+    ecrans.impression = true;
+    ecrans.etat.largeurpane = 3000;
+    ecrans.etat.cochees[1] = true;
+    ecrans.etat.filles.push_back({QStringLiteral("Textes"), QStringLiteral("EU000007")});
+    ASSERT_EQ(seance().demarre(), Demarrage::EnMarche);
+    ecrans.journal.clear();
+    seance().enregistre();
+    EXPECT_EQ(ecrans.journal, (QStringList{QStringLiteral("derniers"), QStringLiteral("note fenêtres")}));
+    EXPECT_EQ(lu("EDITEUR", "LARGEURSELECTION"), u"3000");
+    EXPECT_EQ(lu("POSITIONFORME", "MDICHILD"), u"-1 X          ");
+    EXPECT_EQ(lu("POSITIONFORME", "MDICHILDCONTENU").mid(8, 8), u"EU000007");
+    EXPECT_EQ(lu("POSITIONMDI", "WINDOWSWIDTH"), u"9600");
+    EXPECT_TRUE(corpus.connecte());
+    EXPECT_TRUE(quitte({Bouton::Oui, Bouton::Non})) << "called off: an ordinary end comes later";
+}
+
+TEST_F(SeanceFin, PlacesThatAreSetAsideStayInTheirFileUntilTheyChange) {
+    stocke("EDITEUR", "LARGEURSELECTION", QStringLiteral("large"));
+    stocke("POSITIONMDI", "WINDOWSWIDTH", QStringLiteral("beaucoup"));
+    stocke("POSITIONMDI", "WINDOWSLEFT", QStringLiteral("gauche"));
+    reglages.surfaute([](const RuntimeFailure&) { return true; });
+    ecrans.surcharge = [this] { ecrans.etat.principale = seance().positionprincipale(); };
+    ASSERT_EQ(seance().demarre(), Demarrage::EnMarche);
+    ecrans.etat.principale.gauche = 15;
+    EXPECT_TRUE(quitte({Bouton::Oui}));
+    EXPECT_EQ(lu("EDITEUR", "LARGEURSELECTION"), u"large");
+    EXPECT_EQ(lu("POSITIONMDI", "WINDOWSWIDTH"), u"beaucoup");
+    EXPECT_EQ(lu("POSITIONMDI", "WINDOWSLEFT"), u"15");
+}

@@ -52,6 +52,7 @@ public:
     }
     EtatFenetres etatfenetres() const override { return etat; }
     void sauvederniers() override { note(QStringLiteral("derniers")); }
+    void notefenetres() override { note(QStringLiteral("note fenêtres")); }
     void fermefenetres() override {
         note(QStringLiteral("ferme fenêtres"));
         if (surfermefenetres)

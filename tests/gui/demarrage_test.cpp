@@ -148,6 +148,32 @@ TEST_F(DemarrageTest, TheAboutBoxPutsTheHourglassAwayOnceItShows) {
     programme.reset(); // before the pointer that it knows
 }
 
+TEST_F(DemarrageTest, TheSideEditorsEntryShowsAsTheSettingWants) {
+    demarre(QString());
+    EXPECT_TRUE(entree("mediteur")->isVisible());
+    for (const auto& [valeur, visible] : {std::pair("0", false), std::pair("False", false), std::pair("-1", true)}) {
+        regle(u"MASTER", u"EDITEUR", QString::fromLatin1(valeur));
+        programme.reset();
+        demarre(QString());
+        EXPECT_EQ(entree("mediteur")->isVisible(), visible) << valeur;
+    }
+}
+
+TEST_F(DemarrageTest, TheAboutBoxNamesTheCollectionOfTheOpenBase) {
+    {
+        const auto base =
+            Database::open(dossier.filePath(QStringLiteral("velm2000.dat")), OpenMode::Shared, corpusSchema());
+        TableWriter parametres(*base.database, QStringLiteral("paramètres"), {QStringLiteral("titre")});
+        ASSERT_TRUE(parametres.add({QStringLiteral("Ma collection")}));
+    }
+    demarre(QString());
+    entree("maide1", 0)->trigger();
+    ASSERT_NE(fenetre("frmAbout"), nullptr);
+    const auto* titre = fenetre("frmAbout")->findChild<QLabel*>(QStringLiteral("lblCollection"));
+    ASSERT_NE(titre, nullptr);
+    EXPECT_TRUE(titre->text().contains(QStringLiteral("Ma collection")));
+}
+
 TEST_F(DemarrageTest, ThePartnersWindowOpensFromItsEntryInThePicturesSize) {
     ASSERT_TRUE(QImage(140, 90, QImage::Format_RGB32).save(dossier.filePath(QStringLiteral("partners.bmp"))));
     demarre(QString());

@@ -76,6 +76,7 @@ protected:
     bool outil_ = true;
     frmAbout fenetre_{texte_,
                       u"1.2.3"_s,
+                      u"Ma <b>collection</b>"_s,
                       {[this] {
                            ++lancements_;
                            return outil_;
@@ -193,6 +194,23 @@ TEST_F(APropos, TheVersionHasThreeNumbers) {
     EXPECT_EQ(versioncourte(u"4"_s), u"4.0.0");
     EXPECT_EQ(versioncourte(u"4.5.6.7-essai"_s), u"4.5.6");
     EXPECT_EQ(versioncourte(QString()), u"0.0.0");
+}
+
+TEST_F(APropos, TheTitleOfTheCollectionStandsThereAsItIs) {
+    const QLabel& titre = dans<QLabel>(fenetre_, u"lblCollection"_s);
+    EXPECT_EQ(titre.text(), remplace(texte_(9521), {u"Ma <b>collection</b>"_s}));
+    EXPECT_EQ(titre.textFormat(), Qt::PlainText);
+    frmAbout sans(texte_, u"1.2.3"_s, QString(), {}, dialogues_);
+    EXPECT_EQ(sans.findChild<QLabel*>(u"lblCollection"_s), nullptr);
+}
+
+TEST_F(APropos, ATitleOfAnyLengthLeavesTheBoxItsSize) {
+    frmAbout longue(texte_, u"1.2.3"_s, QString(100'000, u'W'), {}, dialogues_);
+    longue.show();
+    fenetre_.show();
+    EXPECT_EQ(longue.width(), fenetre_.width());
+    EXPECT_LT(longue.height(), 2 * fenetre_.height());
+    EXPECT_TRUE(dans<QLabel>(longue, u"lblCollection"_s).text().endsWith(u'…'));
 }
 
 TEST_F(APropos, JoinsFourSentencesWithBlanks) {

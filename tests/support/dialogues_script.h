@@ -18,6 +18,8 @@ public:
     std::deque<std::optional<QString>> openFiles;
     std::deque<std::optional<QString>> saveFiles;
     std::deque<std::optional<QString>> folders;
+    /// Whether the check boxes of boxes that have one are ticked, in order; unticked when there are no more.
+    std::deque<bool> ticks;
     /// Boxes with nothing but an OK button need no answer in the script.
     bool acceptPlainBoxes = true;
 
@@ -35,6 +37,7 @@ public:
 
     Bouton message(const Message& message) override {
         messages.push_back(message);
+        tick(message);
         if (answers.empty() && acceptPlainBoxes && message.boutons == Boutons(Bouton::Ok))
             return Bouton::Ok;
         if (answers.empty()) {
@@ -63,6 +66,18 @@ public:
     }
 
 private:
+    void tick(const Message& message) {
+        if (message.option.isEmpty())
+            return;
+        const bool ticked = !ticks.empty() && ticks.front();
+        if (!ticks.empty())
+            ticks.pop_front();
+        if (message.optioncochee)
+            *message.optioncochee = ticked;
+        // What it points to does not outlive the box.
+        messages.back().optioncochee = nullptr;
+    }
+
     static std::optional<QString> next(std::deque<std::optional<QString>>& from, const char* what) {
         if (from.empty()) {
             ADD_FAILURE() << "no answer for: " << what;

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -128,8 +129,12 @@ Bouton QtDialogues::message(const Message& message) {
         addHelp(box, message.contexteAide, aide_, captions_);
     if (const auto escape = boutonAbandon(message.boutons); escape != Bouton::Ok)
         box.setEscapeButton(escape == Bouton::Annuler ? QMessageBox::Cancel : QMessageBox::No);
+    if (!message.option.isEmpty())
+        box.setCheckBox(new QCheckBox(message.option, &box));
     raiseAboveOwner(box);
     box.exec();
+    if (box.checkBox() && message.optioncochee)
+        *message.optioncochee = box.checkBox()->isChecked();
     const QMessageBox::StandardButton pressed = box.standardButton(box.clickedButton());
     for (const Pair& pair : answers) {
         if (pressed == pair.standard)

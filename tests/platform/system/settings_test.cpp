@@ -3,10 +3,12 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLockFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace velm;
@@ -237,6 +239,78 @@ TEST_F(Reglages, WhatCannotBeReadIsNotWrittenOver) {
     EXPECT_FALSE(store.lastError().isEmpty());
     EXPECT_EQ(store.get(u"A", u"x"), u"1"_s);
     EXPECT_TRUE(QDir(path + u"/inside"_s).exists());
+}
+
+TEST_F(Reglages, AnotherProgramsChangesDuringTheRunSurvive) {
+    put("[A]\nx=1\ny=1\n");
+    ReglagesStore store(path);
+    put("; theirs\n[A]\nx=1\ny=2\nz=3\n[B]\nk=4\n");
+    EXPECT_TRUE(store.save(u"A", u"x", u"5"_s));
+    EXPECT_EQ(content(), "; theirs\n[A]\nx=5\ny=2\nz=3\n[B]\nk=4\n");
+    EXPECT_EQ(store.get(u"A", u"y"), u"2"_s) << "what was found there counts from now on";
+    put("[A]\nx=6\n");
+    {
+        ReglagesStore::Batch batch(store);
+        EXPECT_TRUE(store.save(u"A", u"n", u"7"_s));
+        EXPECT_TRUE(store.save(u"A", u"n", u"8"_s));
+        EXPECT_TRUE(store.save(u"A", u"x", u"5"_s)) << "nothing that this program has changed";
+        EXPECT_TRUE(batch.commit());
+    }
+    EXPECT_EQ(content(), "[A]\nx=6\nn=8\n");
+}
+
+TEST_F(Reglages, AFileThatWentDuringTheRunComesBackWithTheNewChangesAlone) {
+    put("[A]\nx=1\ny=1\n");
+    ReglagesStore store(path);
+    ASSERT_TRUE(QFile::remove(path));
+    EXPECT_TRUE(store.save(u"A", u"x", u"2"_s));
+    EXPECT_EQ(content(), "[A]\nx=2\n");
+}
+
+TEST_F(Reglages, WhatCannotBeReadAnyMoreIsNotWrittenOver) {
+    put("[A]\nx=1\n");
+    ReglagesStore store(path);
+    ASSERT_TRUE(QFile::remove(path));
+    ASSERT_TRUE(QDir().mkpath(path + u"/inside"_s));
+    EXPECT_FALSE(store.save(u"A", u"x", u"2"_s));
+    EXPECT_TRUE(store.lastError().contains(path));
+    EXPECT_EQ(store.get(u"A", u"x"), u"2"_s);
+    ASSERT_TRUE(QDir(path).removeRecursively());
+    put("[A]\nx=1\ny=9\n");
+    EXPECT_TRUE(store.save(u"A", u"z", u"3"_s)) << "the collected changes are written when it can be read again";
+    EXPECT_EQ(content(), "[A]\nx=2\ny=9\nz=3\n");
+}
+
+TEST_F(Reglages, TwoWritersAtOnceLoseNothingOfEachOther) {
+    constexpr int changes = 60;
+    const auto writes = [this](QChar name) {
+        ReglagesStore store(path);
+        for (int i = 0; i < changes; ++i)
+            EXPECT_TRUE(store.save(u"A", name + QString::number(i), u"1"_s)) << store.lastError().toStdString();
+    };
+    std::thread other(writes, u'b');
+    writes(u'a');
+    other.join();
+    const ReglagesStore store(path);
+    for (int i = 0; i < changes; ++i) {
+        EXPECT_TRUE(store.contains(u"A", u'a' + QString::number(i))) << i;
+        EXPECT_TRUE(store.contains(u"A", u'b' + QString::number(i))) << i;
+    }
+    EXPECT_EQ(filesLeft(), QStringList(u"VELMORANTE2000.ini"_s));
+}
+
+TEST_F(Reglages, WhileAnotherWriterHoldsTheFileNothingIsWritten) {
+    put("[A]\nx=1\n");
+    ReglagesStore store(path);
+    {
+        QLockFile held(path + u".lock"_s);
+        ASSERT_TRUE(held.tryLock());
+        EXPECT_FALSE(store.save(u"A", u"x", u"2"_s));
+        EXPECT_TRUE(store.lastError().contains(held.fileName()));
+        EXPECT_EQ(content(), "[A]\nx=1\n");
+    }
+    EXPECT_TRUE(store.save(u"A", u"y", u"3"_s));
+    EXPECT_EQ(content(), "[A]\nx=2\ny=3\n");
 }
 
 TEST_F(Reglages, NoTemporaryFileIsLeft) {
