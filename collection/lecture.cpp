@@ -6,8 +6,7 @@
 #include "collection/jetons.h"
 #include "platform/richtext/rtf.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include <QDir>
 
 #include <algorithm>
 
@@ -22,8 +21,8 @@ constexpr qsizetype longueurdutitre = 255;
 
 class LectureDeDocument {
 public:
-    LectureDeDocument(QByteArrayView ligne, const QDir& dossier, Fiche& fiche, const Signale& signale)
-        : json_(ligne), champs_(json_, signale), ligne_(ligne), dossier_(dossier), fiche_(fiche), signale_(signale),
+    LectureDeDocument(QByteArrayView ligne, const FichiersSource& fichiers, Fiche& fiche, const Signale& signale)
+        : json_(ligne), champs_(json_, signale), ligne_(ligne), fichiers_(fichiers), fiche_(fiche), signale_(signale),
           inclut_(ligne.contains("{I=") || ligne.contains("\\u")) {}
 
     bool lit() {
@@ -140,20 +139,16 @@ private:
     }
 
     void fichierrtf() {
-        const QString chemin = QDir::cleanPath(rtf_);
-        const QString racine = dossier_.canonicalPath();
-        const QFileInfo info(dossier_.filePath(chemin));
-        if (QDir::isAbsolutePath(chemin) || chemin == u".."_s || chemin.startsWith(u"../"_s) ||
-            (info.exists() && !info.canonicalFilePath().startsWith(racine + u'/'))) {
+        if (fichiers_.dehors(rtf_)) {
             signale_(probleme::horsdudossier, rtf_, false);
             return;
         }
-        QFile fichier(info.filePath());
-        if (!info.isFile() || !fichier.open(QIODevice::ReadOnly)) {
+        const auto lu = fichiers_.lit(QDir::cleanPath(rtf_));
+        if (!lu) {
             signale_(probleme::rtfabsent, rtf_, false);
             return;
         }
-        const QByteArray contenu = fichier.readAll();
+        const QByteArray& contenu = *lu;
         RichText texte;
         if (!readRtf(contenu, texte)) {
             signale_(probleme::pasdurtf, rtf_, false);
@@ -210,7 +205,7 @@ private:
     LecteurJson json_;
     Champs champs_;
     QByteArrayView ligne_;
-    const QDir& dossier_;
+    const FichiersSource& fichiers_;
     Fiche& fiche_;
     const Signale& signale_;
     QString collection_, couleur_, rtf_;
@@ -221,8 +216,8 @@ private:
 
 } // namespace
 
-bool litdocument(QByteArrayView ligne, const QDir& dossier, Fiche& fiche, const Signale& signale) {
-    return LectureDeDocument(ligne, dossier, fiche, signale).lit();
+bool litdocument(QByteArrayView ligne, const FichiersSource& fichiers, Fiche& fiche, const Signale& signale) {
+    return LectureDeDocument(ligne, fichiers, fiche, signale).lit();
 }
 
 namespace {

@@ -14,8 +14,8 @@ using Signale = std::function<void(int id, const QString& argument, bool avertis
 void parcourtlignes(QByteArrayView contenu, qint64 premiere,
                     const std::function<void(QByteArrayView ligne, qint64 numero)>& ligne);
 
-/// Reads a line of documents. False when it gives no document at all. `dossier` is where its rich text file lies.
-bool litdocument(QByteArrayView ligne, const QDir& dossier, Fiche& fiche, const Signale& signale);
+/// Reads a line of documents. False when it gives no document at all. `fichiers` are where its rich text file lies.
+bool litdocument(QByteArrayView ligne, const FichiersSource& fichiers, Fiche& fiche, const Signale& signale);
 /// The paragraphs of a line that litdocument() has accepted.
 std::vector<Paragraphe> litparagraphes(QByteArrayView ligne);
 

@@ -4,8 +4,6 @@
 #include "collection/lecture.h"
 #include "platform/text/letters.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
@@ -17,6 +15,8 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr QByteArrayView marqueutf8 = "\xEF\xBB\xBF";
+/// Less than this is read sooner than a thread is started.
+constexpr qsizetype octetspartranche = 65536;
 
 /// Where a line-based file may be cut so that each thread gets about the same.
 std::vector<QByteArrayView> tranchesdelignes(QByteArrayView contenu, int nombre) {
@@ -43,9 +43,11 @@ struct Lecturedetranche {
 
 SourceDossier::~SourceDossier() = default;
 
-SourceDossier::SourceDossier(const QString& source) : dossier_(source) {
-    if (!QFileInfo(source).isDir()) {
-        problemes_.push_back({probleme::illisible, false, {}, 0, {source}});
+SourceDossier::SourceDossier(const QString& source) : SourceDossier(std::make_unique<DossierDeFichiers>(source)) {}
+
+SourceDossier::SourceDossier(std::unique_ptr<const FichiersSource> fichiers) : source_(std::move(fichiers)) {
+    if (!source_->present()) {
+        problemes_.push_back({probleme::illisible, false, {}, 0, {source_->lieu()}});
         return;
     }
     litreglages();
@@ -72,19 +74,16 @@ void SourceDossier::probleme(int fichier, qint64 ligne, int id, const QString& a
 }
 
 bool SourceDossier::litfichier(const QString& nom, bool exige) {
-    QFile fichier(dossier_.filePath(nom));
-    if (!exige && !fichier.exists())
+    if (!exige && !source_->existe(nom))
         return false;
-    QByteArray contenu;
-    if (fichier.open(QIODevice::ReadOnly))
-        contenu = fichier.readAll();
-    if (!fichier.isOpen() || fichier.error() != QFileDevice::NoError) {
+    auto contenu = source_->lit(nom);
+    if (!contenu) {
         problemes_.push_back({probleme::illisible, false, nom, 0, {nom}});
         return false;
     }
-    if (contenu.startsWith(marqueutf8))
-        contenu.remove(0, marqueutf8.size());
-    fichiers_.push_back({nom, contenu});
+    if (contenu->startsWith(marqueutf8))
+        contenu->remove(0, marqueutf8.size());
+    fichiers_.push_back({nom, *contenu});
     return true;
 }
 
@@ -120,15 +119,16 @@ void SourceDossier::litnoeuds() {
 }
 
 void SourceDossier::litdocuments() {
-    QStringList noms = dossier_.entryList({u"documents*.jsonl"_s}, QDir::Files, QDir::Unsorted);
-    std::sort(noms.begin(), noms.end());
+    QStringList noms = source_->noms(u"documents*.jsonl"_s);
     if (noms.isEmpty())
         noms << u"documents.jsonl"_s;
     for (const QString& nom : std::as_const(noms)) {
         if (!litfichier(nom, true))
             continue;
         const int fichier = static_cast<int>(fichiers_.size()) - 1;
-        const auto tranches = tranchesdelignes(fichiers_.back().contenu, nombredouvriers());
+        const QByteArray& contenu = fichiers_.back().contenu;
+        const auto parts = std::clamp<qsizetype>(contenu.size() / octetspartranche, 1, nombredouvriers());
+        const auto tranches = tranchesdelignes(contenu, static_cast<int>(parts));
         std::vector<Lecturedetranche> lues(tranches.size());
         std::vector<qint64> premieres(tranches.size(), 1);
         for (std::size_t k = 1; k < tranches.size(); ++k)
@@ -139,7 +139,7 @@ void SourceDossier::litdocuments() {
                 fiche.fichier = fichier;
                 fiche.ligne = numero;
                 fiche.brut = ligne;
-                if (litdocument(ligne, dossier_, fiche, [&](int id, const QString& argument, bool avertissement) {
+                if (litdocument(ligne, *source_, fiche, [&](int id, const QString& argument, bool avertissement) {
                         lues[k].problemes.push_back({id, avertissement, nom, numero,
                                                      argument.isEmpty() ? QStringList() : QStringList{argument}});
                     }))

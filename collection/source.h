@@ -1,9 +1,11 @@
 #pragma once
 // A publisher's source folder, read and checked.
 #include "collection/document.h"
+#include "collection/fichiers.h"
 
-#include <QDir>
 #include <QHash>
+
+#include <memory>
 
 namespace velm {
 
@@ -32,6 +34,7 @@ struct Reglagesdecollection {
 class SourceDossier : public Provenance {
 public:
     explicit SourceDossier(const QString& source);
+    explicit SourceDossier(std::unique_ptr<const FichiersSource> fichiers);
     ~SourceDossier() override;
 
     /// Everything that is wrong but the markup of the bodies, which is told when they are made.
@@ -69,7 +72,7 @@ private:
     QString titredutexte(const Entete& entete) const;
     QString libelledetete(qint64 noeud) const;
 
-    QDir dossier_;
+    std::unique_ptr<const FichiersSource> source_;
     std::vector<Fichier> fichiers_;
     std::vector<Fiche> fiches_;
     std::vector<Noeud> noeuds_;

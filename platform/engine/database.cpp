@@ -121,17 +121,9 @@ OpenError probe(Database::Private& d) {
     return OpenError::None;
 }
 
-} // namespace
-
-Database::Database() : d_(std::make_unique<Private>()) {}
-
-Database::~Database() {
-    close();
-}
-
-Database::Opened Database::open(const QString& path, OpenMode mode, const Schema& schema) {
-    const QString absolute = QDir::current().absoluteFilePath(path);
-    switch (detectFormat(absolute)) {
+/// No error for what may be a base.
+Database::Opened refusal(FileFormat format) {
+    switch (format) {
     case FileFormat::Missing:
         return failure(OpenError::Missing, u"unable to open database file"_s);
     case FileFormat::Unreadable:
@@ -143,6 +135,39 @@ Database::Opened Database::open(const QString& path, OpenMode mode, const Schema
     case FileFormat::Base:
         break;
     }
+    return failure(OpenError::None, {});
+}
+
+/// What an opened handle still needs to be a base.
+Database::Opened begun(std::unique_ptr<Database> database, bool shared) {
+    Database::Private& d = *database->d();
+    guard(d.handle);
+    d.run(readSettings);
+    d.immutable = !shared;
+    d.beginReading();
+    if (const OpenError error = probe(d); error != OpenError::None)
+        return failure(error, d.error);
+    if (shared && sqlite3_db_readonly(d.handle, "main") != 0)
+        return failure(OpenError::ReadOnly, u"attempt to write a readonly database"_s);
+    d.updatable = shared;
+    if (shared && !d.schema.onlyRead)
+        d.run(storeSettings);
+    d.error.clear();
+    return {std::move(database), OpenError::None, {}};
+}
+
+} // namespace
+
+Database::Database() : d_(std::make_unique<Private>()) {}
+
+Database::~Database() {
+    close();
+}
+
+Database::Opened Database::open(const QString& path, OpenMode mode, const Schema& schema) {
+    const QString absolute = QDir::current().absoluteFilePath(path);
+    if (Opened refused = refusal(detectFormat(absolute)); refused.error != OpenError::None)
+        return refused;
     const bool shared = mode == OpenMode::Shared;
     if (shared && !canBeWritten(absolute))
         return failure(OpenError::ReadOnly, u"attempt to write a readonly database"_s);
@@ -160,19 +185,23 @@ Database::Opened Database::open(const QString& path, OpenMode mode, const Schema
         d.noteError();
         return failure(OpenError::Unreadable, d.error);
     }
-    guard(d.handle);
-    d.run(readSettings);
-    d.immutable = !shared;
-    d.beginReading();
-    if (const OpenError error = probe(d); error != OpenError::None)
-        return failure(error, d.error);
-    if (shared && sqlite3_db_readonly(d.handle, "main") != 0)
-        return failure(OpenError::ReadOnly, u"attempt to write a readonly database"_s);
-    d.updatable = shared;
-    if (shared && !schema.onlyRead)
-        d.run(storeSettings);
-    d.error.clear();
-    return {std::move(database), OpenError::None, {}};
+    return begun(std::move(database), shared);
+}
+
+Database::Opened Database::openBytes(const QByteArray& bytes, OpenMode mode, const Schema& schema) {
+    if (Opened refused = refusal(formatOfBytes(bytes)); refused.error != OpenError::None)
+        return refused;
+    const bool shared = mode == OpenMode::Shared;
+    std::unique_ptr<Database> database(new Database);
+    Private& d = *database->d_;
+    d.schema = schema;
+    constexpr int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY;
+    keepNoStatistics();
+    if (sqlite3_open_v2(":memory:", &d.handle, flags, nullptr) != SQLITE_OK || !d.takeBytes(bytes, shared)) {
+        d.noteError();
+        return failure(OpenError::Unreadable, d.error);
+    }
+    return begun(std::move(database), shared);
 }
 
 Database::Opened Database::create(const QString& path, const Schema& schema) {

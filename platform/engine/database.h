@@ -46,6 +46,10 @@ public:
     /// formats are told apart.
     static Opened open(const QString& path, OpenMode mode, const Schema& schema);
 
+    /// Opens a base that lies in memory, as open() does a file of these bytes; nothing of it touches a disk, path() is
+    /// empty. Changes that Shared allows stay in the open base and go with it.
+    static Opened openBytes(const QByteArray& bytes, OpenMode mode, const Schema& schema);
+
     /// Makes an empty base with the tables of the schema that are not optional; fails when the file exists. Only for
     /// makers of bases: quick, locked for everybody else until close(), and without a store's care for what is on the
     /// disk before sync(). The same rows written in the same steps by the same version of the engine give the same

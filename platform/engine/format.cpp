@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <vector>
@@ -31,10 +32,11 @@ bool hasSignature(const Header& header, size_t at, const char* signature) {
     return std::memcmp(header.data() + at, signature, std::strlen(signature)) == 0;
 }
 
-FileFormat formatOf(const Header& header) {
+/// `size` bytes of the header are there, the missing ones read as zeros.
+FileFormat formatOf(const Header& header, qsizetype size) {
     // The engine's own signature includes its closing zero.
     if (std::memcmp(header.data(), "SQLite format 3", 16) == 0)
-        return FileFormat::Base;
+        return size < headerSize ? FileFormat::Foreign : FileFormat::Base;
     if (hasSignature(header, 4, "Standard Jet DB") || hasSignature(header, 4, "Standard ACE DB"))
         return FileFormat::OldEngine;
     return FileFormat::Foreign;
@@ -93,12 +95,15 @@ FileFormat detectFormat(const QString& path) {
         return FileFormat::Unreadable;
     Header header{};
     const int result = file.read(header);
-    if (result == SQLITE_IOERR_SHORT_READ) {
-        // The bytes that are missing read as zeros; a file of an old engine is recognised by its first page alone.
-        const FileFormat format = formatOf(header);
-        return format == FileFormat::Base ? FileFormat::Foreign : format;
-    }
-    return result == SQLITE_OK ? formatOf(header) : FileFormat::Unreadable;
+    if (result == SQLITE_IOERR_SHORT_READ)
+        return formatOf(header, 0);
+    return result == SQLITE_OK ? formatOf(header, headerSize) : FileFormat::Unreadable;
+}
+
+FileFormat formatOfBytes(QByteArrayView bytes) {
+    Header header{};
+    std::copy_n(bytes.begin(), std::min<qsizetype>(bytes.size(), headerSize), header.begin());
+    return formatOf(header, bytes.size());
 }
 
 bool canBeWritten(const QString& path) {

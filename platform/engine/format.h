@@ -11,6 +11,8 @@ enum class FileFormat { Missing, Unreadable, Base, OldEngine, Foreign };
 /// Looks at the first bytes of a file, never at its name. A reader for another format is hung in where the answer is
 /// used, in Database::open().
 FileFormat detectFormat(const QString& path);
+/// The same for a file's content.
+FileFormat formatOfBytes(QByteArrayView bytes);
 
 /// True when the file and its folder can be written: the engine needs the folder for its journal.
 bool canBeWritten(const QString& path);

@@ -1,14 +1,13 @@
-// Source folders of any content: the files stand one after the other in an input, parted by a byte that no text holds.
+// Sources of any content: the files stand one after the other in an input, parted by a byte that no text holds.
 // What a source shows must be what its stored body shows.
 #include "collection/corps.h"
 #include "collection/jetons.h"
 #include "collection/mots.h"
 #include "collection/source.h"
 #include "platform/richtext/rtf.h"
+#include "tests/collection/memoire.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 
@@ -18,17 +17,6 @@ using namespace Qt::Literals::StringLiterals;
 using namespace velm;
 
 constexpr char entrefichiers = '\xFE';
-
-const QTemporaryDir& dossier() {
-    static const QTemporaryDir fait;
-    return fait;
-}
-
-void ecrit(const QString& nom, const QByteArray& contenu) {
-    QFile fichier(dossier().filePath(nom));
-    if (!fichier.open(QIODevice::WriteOnly | QIODevice::Truncate) || fichier.write(contenu) != contenu.size())
-        abort();
-}
 
 void verifie(const CorpsFait& corps) {
     RichText texte;
@@ -53,12 +41,12 @@ void verifie(const CorpsFait& corps) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const QByteArray entree(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-    const QList<QByteArray> fichiers = entree.split(entrefichiers);
-    ecrit(u"documents.jsonl"_s, fichiers[0]);
-    ecrit(u"arborescence.jsonl"_s, fichiers.value(1));
-    ecrit(u"collection.json"_s, fichiers.value(2));
-    ecrit(u"corps.rtf"_s, fichiers.value(3));
-    const SourceDossier source(dossier().path());
+    const QList<QByteArray> parts = entree.split(entrefichiers);
+    std::map<QString, QByteArray> fichiers{{u"documents.jsonl"_s, parts[0]}};
+    constexpr std::array autres{"arborescence.jsonl", "collection.json", "corps.rtf"};
+    for (std::size_t i = 0; i < autres.size() && static_cast<qsizetype>(i) + 1 < parts.size(); ++i)
+        fichiers.emplace(QString::fromLatin1(autres[i]), parts[static_cast<qsizetype>(i) + 1]);
+    const SourceDossier source(std::make_unique<test::FichiersEnMemoire>(std::move(fichiers)));
     FaiseurDeCorps faiseur(source);
     std::vector<std::unique_ptr<Repertoire>> repertoires;
     repertoires.push_back(std::make_unique<Repertoire>());

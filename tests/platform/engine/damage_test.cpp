@@ -61,7 +61,10 @@ protected:
     void use(const QByteArray& bytes, OpenMode mode) {
         QFile::remove(path() + u"-journal"_s);
         write(bytes);
-        ++outcomes[exercise<Ended>(path(), mode, corpusSchema())];
+        const Schema& schema = corpusSchema();
+        const Outcome outcome = exercise<Ended>(Database::open(path(), mode, schema), schema);
+        ++outcomes[outcome];
+        EXPECT_EQ(exercise<Ended>(Database::openBytes(bytes, mode, schema), schema), outcome) << "in memory";
     }
     void use(const QByteArray& bytes) {
         use(bytes, OpenMode::ExclusiveReadOnly);

@@ -3,6 +3,9 @@
 // the fuzz target; a run-time error must have been made an exception.
 #include "platform/engine/recordset.h"
 
+#include <array>
+#include <memory>
+
 namespace velm::testing {
 
 enum class Outcome { NotOpened, Ended, Read };
@@ -27,14 +30,23 @@ inline void walkIndex(Recordset& recordset, const TableDef& table) {
     for (recordset.moveLast(); !recordset.bof() && rows > 0; recordset.movePrevious(), --rows)
         (void)recordset.bookmark();
     (void)recordset.setBookmark(last);
-    for (const Seek how : {Seek::Equal, Seek::GreaterOrEqual, Seek::Greater}) {
-        recordset.seek(how, QStringLiteral("CO"));
-        recordset.moveNext();
-        recordset.seek(how, 5);
-        recordset.movePrevious();
-        recordset.seek(how, QString());
-        recordset.seek(how, QVariant());
-    }
+}
+
+inline void seekIndex(Recordset& recordset, Seek how) {
+    recordset.seek(how, QStringLiteral("CO"));
+    recordset.moveNext();
+    recordset.seek(how, 5);
+    recordset.movePrevious();
+    recordset.seek(how, QString());
+    recordset.seek(how, QVariant());
+}
+
+inline void queryTable(Database& base, const TableDef& table) {
+    const auto rows = base.openQuery(QStringLiteral("SELECT * FROM \"\"\"") + table.name);
+    const auto all = base.openQuery(QStringLiteral("SELECT * FROM [") + table.name +
+                                    QStringLiteral("] WHERE rowid>\"0\" ORDER BY 2"));
+    for (int i = 0; all && !all->eof() && i < mostRows; ++i, all->moveNext())
+        (void)all->value(1);
 }
 
 inline void changeTable(Database& base, Recordset& recordset, const TableDef& table) {
@@ -54,41 +66,64 @@ inline void changeTable(Database& base, Recordset& recordset, const TableDef& ta
     (void)base.commit();
 }
 
-/// `errorType` is what a run-time error throws.
+/// One of the ways in which the program uses a table, by its number.
+class TableUse {
+public:
+    TableUse(Database& base, const TableDef& table)
+        : base_(base), table_(table), recordset_(base.openTable(table.name)) {}
+    ~TableUse() { base_.rollback(); }
+    TableUse(const TableUse&) = delete;
+    TableUse& operator=(const TableUse&) = delete;
+
+    size_t count() const { return plain + table_.indexes.size() * ofIndex + 1; }
+    void operator()(size_t number) {
+        if (number == 0)
+            (void)recordset_->recordCount();
+        else if (number == 1)
+            readRow(*recordset_, table_);
+        else if (number == 2)
+            queryTable(base_, table_);
+        else if (number + 1 == count())
+            changeTable(base_, *recordset_, table_);
+        else
+            useIndex((number - plain) / ofIndex, (number - plain) % ofIndex);
+    }
+
+private:
+    static constexpr size_t plain = 3;
+    static constexpr size_t ofIndex = 4;
+
+    void useIndex(size_t index, size_t number) {
+        constexpr std::array seeks{Seek::Equal, Seek::GreaterOrEqual, Seek::Greater};
+        recordset_->setIndex(table_.indexes[index].name);
+        if (number < seeks.size())
+            seekIndex(*recordset_, seeks[number]);
+        else
+            walkIndex(*recordset_, table_);
+    }
+
+    Database& base_;
+    const TableDef& table_;
+    std::unique_ptr<Recordset> recordset_;
+};
+
+/// All uses of all tables, one after the other. `ErrorType` is what a run-time error throws.
 template <typename ErrorType>
-Outcome exercise(const QString& path, OpenMode mode, const Schema& schema) {
-    const Database::Opened opened = Database::open(path, mode, schema);
+Outcome exercise(const Database::Opened& opened, const Schema& schema) {
     if (!opened.database)
         return Outcome::NotOpened;
     (void)opened.database->execute(QStringLiteral("PRAGMA synchronous=OFF")); // nobody waits for this disk
     Outcome outcome = Outcome::Read;
-    // A table that ends in a run-time error says nothing of the next one.
-    const auto attempt = [&outcome](const auto& work) {
-        try {
-            work();
-        } catch (const ErrorType&) {
-            outcome = Outcome::Ended;
-        }
-    };
     for (const TableDef& table : schema.tables) {
-        const auto recordset = opened.database->openTable(table.name);
-        attempt([&] { (void)recordset->recordCount(); });
-        attempt([&] { readRow(*recordset, table); });
-        for (const IndexDef& index : table.indexes) {
-            attempt([&] {
-                recordset->setIndex(index.name);
-                walkIndex(*recordset, table);
-            });
+        TableUse use(*opened.database, table);
+        for (size_t number = 0; number < use.count(); ++number) {
+            try {
+                use(number);
+            } catch (const ErrorType&) {
+                // It says nothing of the next use.
+                outcome = Outcome::Ended;
+            }
         }
-        attempt([&] {
-            const auto rows = opened.database->openQuery(QStringLiteral("SELECT * FROM \"\"\"") + table.name);
-            const auto all = opened.database->openQuery(QStringLiteral("SELECT * FROM [") + table.name +
-                                                        QStringLiteral("] WHERE rowid>\"0\" ORDER BY 2"));
-            for (int i = 0; all && !all->eof() && i < mostRows; ++i, all->moveNext())
-                (void)all->value(1);
-        });
-        attempt([&] { changeTable(*opened.database, *recordset, table); });
-        opened.database->rollback();
     }
     return outcome;
 }

@@ -195,6 +195,71 @@ TEST_F(OpenTest, ABaseOpenElsewhereStillOpens) {
     EXPECT_EQ(first->openTable(u"dico"_s)->text(u"mot"_s), second->openTable(u"dico"_s)->text(u"mot"_s));
 }
 
+TEST_F(OpenTest, ABaseInMemoryReadsAsItsFileDoes) {
+    make();
+    const QByteArray bytes = contents();
+    QFile::remove(path());
+    for (const OpenMode mode : {OpenMode::Shared, OpenMode::ExclusiveReadOnly}) {
+        const Database::Opened opened = Database::openBytes(bytes, mode, corpusSchema());
+        ASSERT_TRUE(opened.database) << opened.message.toStdString();
+        EXPECT_EQ(opened.error, OpenError::None);
+        EXPECT_EQ(opened.database->path(), QString());
+        const auto words = opened.database->openTable(u"dico"_s);
+        EXPECT_EQ(rest(*words, u"mot"_s).size(), 2000);
+        words->setIndex(u"primarykey"_s);
+        words->seek(Seek::Equal, u"MOT77"_s);
+        EXPECT_FALSE(words->noMatch());
+        EXPECT_TRUE(opened.database->check());
+    }
+    EXPECT_TRUE(QDir(QFileInfo(path()).path()).isEmpty()) << "no file is made";
+}
+
+TEST_F(OpenTest, ABaseInMemoryChangesOnlyWhereItMayAndOnlyItself) {
+    make();
+    const QByteArray bytes = contents();
+    const QByteArray before(bytes.constData(), bytes.size());
+    const auto growBy = [&](OpenMode mode) {
+        const Database::Opened opened = Database::openBytes(bytes, mode, corpusSchema());
+        EXPECT_EQ(opened.database->updatable(), mode == OpenMode::Shared);
+        const bool done =
+            opened.database->execute(u"UPDATE dico SET liste=zeroblob(9000)"_s) && opened.database->check();
+        const auto words = opened.database->openTable(u"dico"_s);
+        EXPECT_EQ(words->bytes(u"liste"_s).size(), done ? 9000 : 4);
+        return done;
+    };
+    EXPECT_FALSE(growBy(OpenMode::ExclusiveReadOnly));
+    EXPECT_TRUE(growBy(OpenMode::Shared));
+    EXPECT_EQ(bytes, before);
+    EXPECT_EQ(contents(), before);
+}
+
+TEST_F(OpenTest, WhatIsNoBaseInMemoryIsCalledAsItsFileIs) {
+    make();
+    const QByteArray whole = contents();
+    QByteArray older("\0\1\0\0Standard Jet DB", 19);
+    std::vector<QByteArray> all{QByteArray(),
+                                QByteArray("x"),
+                                QByteArray("SQLite format 3\0", 16),
+                                whole.left(50),
+                                whole.left(100),
+                                whole.left(4096),
+                                whole.left(whole.size() - 1),
+                                whole,
+                                QByteArray("SQLite format 3\0", 16) + QByteArray(4096, '\xff'),
+                                older,
+                                older + QByteArray(5000, '\0'),
+                                QByteArray(5000, ' ')};
+    for (const QByteArray& bytes : all) {
+        write(bytes);
+        for (const OpenMode mode : {OpenMode::Shared, OpenMode::ExclusiveReadOnly}) {
+            const Database::Opened opened = Database::openBytes(bytes, mode, corpusSchema());
+            EXPECT_EQ(opened.error, errorOf(path(), mode)) << bytes.size();
+            EXPECT_EQ(opened.database == nullptr, opened.error != OpenError::None);
+            EXPECT_EQ(opened.message.isEmpty(), opened.error == OpenError::None);
+        }
+    }
+}
+
 #ifdef Q_OS_UNIX
 /// Whether another process finds a lock on the file.
 bool lockedForOthers(const QString& file) {

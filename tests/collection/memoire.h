@@ -1,0 +1,39 @@
+#pragma once
+// A source that lies in memory.
+#include "collection/fichiers.h"
+
+#include <map>
+#include <utility>
+
+namespace velm::test {
+
+class FichiersEnMemoire final : public FichiersSource {
+public:
+    explicit FichiersEnMemoire(std::map<QString, QByteArray> fichiers) : fichiers_(std::move(fichiers)) {}
+
+    QString lieu() const override { return QStringLiteral("memoire"); }
+    bool present() const override { return true; }
+    QStringList noms(const QString& motif) const override {
+        QStringList noms;
+        for (const auto& [nom, contenu] : fichiers_) {
+            if (QDir::match(motif, nom))
+                noms << nom;
+        }
+        return noms;
+    }
+    bool existe(const QString& nom) const override { return fichiers_.contains(nom); }
+    std::optional<QByteArray> lit(const QString& nom) const override {
+        const auto lu = fichiers_.find(nom);
+        return lu == fichiers_.end() ? std::nullopt : std::optional(lu->second);
+    }
+    bool dehors(const QString& chemin) const override {
+        const QString propre = QDir::cleanPath(chemin);
+        return QDir::isAbsolutePath(propre) || propre == QStringLiteral("..") ||
+               propre.startsWith(QStringLiteral("../"));
+    }
+
+private:
+    std::map<QString, QByteArray> fichiers_;
+};
+
+} // namespace velm::test
