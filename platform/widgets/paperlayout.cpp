@@ -147,16 +147,18 @@ QTextBlock PaperLayout::layOut(int number) {
     return block;
 }
 
-void PaperLayout::layOut(int number, const QTextBlock& block) {
+bool PaperLayout::layOut(int number, const QTextBlock& block) {
     if (number < 0 || number >= heights_.count() || laid_[static_cast<std::size_t>(number)] == generation_) {
-        return;
+        return false;
     }
     QTextLayout& lines = *block.layout();
     const int height = layOutLines(lines, number);
     laid_[static_cast<std::size_t>(number)] = generation_;
-    if (height != heights_.height(number)) {
-        heights_.setHeight(number, height);
+    if (height == heights_.height(number)) {
+        return false;
     }
+    heights_.setHeight(number, height);
+    return true;
 }
 
 bool PaperLayout::settle(int milliseconds) {
@@ -175,20 +177,35 @@ bool PaperLayout::settle(int milliseconds) {
     return isComplete();
 }
 
-void PaperLayout::layOutBetween(std::int64_t top, std::int64_t bottom) {
+bool PaperLayout::layOutBetween(std::int64_t top, std::int64_t bottom) {
     int number = heights_.at(std::max<std::int64_t>(0, top - page_.margin));
     if (number < 0) {
-        return;
+        return false;
     }
-    std::int64_t y = heights_.top(number) + page_.margin;
+    bool changed = false;
+    std::int64_t y = paragraphTop(number);
     for (QTextBlock block = document()->findBlockByNumber(number); block.isValid() && number < heights_.count();
          block = block.next(), ++number) {
-        layOut(number, block);
+        changed |= layOut(number, block);
         y += heights_.height(number);
         if (y > bottom) {
             break;
         }
     }
+    return changed;
+}
+
+SeenPlaces PaperLayout::placesFrom(std::int64_t top, int height) const {
+    SeenPlaces places;
+    int number = heights_.at(top - page_.margin);
+    std::int64_t y = number < 0 ? height : paragraphTop(number) - top;
+    for (; y < height; y += heights_.height(number++)) {
+        places.push_back({number, static_cast<int>(y)});
+        if (number == heights_.count()) {
+            break;
+        }
+    }
+    return places;
 }
 
 QSizeF PaperLayout::documentSize() const {

@@ -7,6 +7,7 @@
 #include "platform/widgets/heighttree.h"
 #include "platform/widgets/linkranges.h"
 #include "platform/widgets/look.h"
+#include "platform/widgets/seenplaces.h"
 #include "platform/widgets/showntext.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -54,8 +55,13 @@ public:
     bool isComplete() const { return next_ >= heights_.count(); }
     /// Lays out for about so many milliseconds; true when all is done.
     bool settle(int milliseconds);
-    /// Lays out what lies between two heights, as far as is known before.
-    void layOutBetween(std::int64_t top, std::int64_t bottom);
+    /// Lays out what lies between two heights, as far as is known before; true when that changed a height.
+    bool layOutBetween(std::int64_t top, std::int64_t bottom);
+    /// What a window of this height shows from `top` on.
+    SeenPlaces placesFrom(std::int64_t top, int height) const;
+    /// Of a paragraph; of the one behind the last, where the text ends.
+    std::int64_t paragraphTop(int number) const { return heights_.top(number) + page_.margin; }
+    int paragraphCount() const { return heights_.count(); }
 
     struct Line {
         int start = 0; ///< in the document
@@ -101,8 +107,8 @@ private:
     void forgetLines();
     int estimate(int number, double lineHeight, double averageWidth) const;
 
-    QTextBlock layOut(int number); ///< the block, laid out
-    void layOut(int number, const QTextBlock& block);
+    QTextBlock layOut(int number);                         ///< the block, laid out
+    bool layOut(int number, const QTextBlock& block);      ///< whether the height changed
     int layOutLines(QTextLayout& lines, int number) const; ///< the paragraph's height
     int breakLines(QTextLayout& lines, int number) const;
     QTextOption optionFor(const ParaFormat& format) const;

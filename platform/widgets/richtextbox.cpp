@@ -22,6 +22,22 @@ constexpr std::array zoomSteps{25, 50, 67, 75, 80, 90, 100, 110, 125, 150, 175, 
 
 } // namespace
 
+class RichTextBox::Moving {
+public:
+    explicit Moving(RichTextBox& view) : view_(view) { ++view_.moving_; }
+    ~Moving() {
+        if (view_.moving_ == 1) {
+            view_.followPlaces();
+        }
+        --view_.moving_;
+    }
+    Moving(const Moving&) = delete;
+    Moving& operator=(const Moving&) = delete;
+
+private:
+    RichTextBox& view_;
+};
+
 RichTextBox::RichTextBox(QWidget* parent)
     : QTextEdit(parent), own_(std::make_unique<RichTextControl>()), control_(*own_) {
     prepare();
@@ -52,6 +68,7 @@ void RichTextBox::prepare() {
     connect(this, &QTextEdit::selectionChanged, this, &RichTextBox::takeUserSelection);
     control_.setObserver(this);
     applySheet();
+    const Moving moving(*this);
     rebuild();
     showSelection();
 }
@@ -61,6 +78,7 @@ void RichTextBox::prepare() {
 void RichTextBox::richTextChanged() {
     const QString before = shown_.text();
     const Anchor place = anchor();
+    const Moving moving(*this);
     rebuild();
     showSelection();
     if (shown_.text() == before) {
@@ -91,14 +109,13 @@ void RichTextBox::showSelection() {
     if (cursor.selectionStart() == start && cursor.selectionEnd() == end) {
         return;
     }
+    const Anchor place = anchor();
+    const Moving moving(*this);
     following_ = true;
-    moving_ = true; // the caret is revealed by our own rule
     cursor.setPosition(start);
     cursor.setPosition(end, QTextCursor::KeepAnchor);
-    const int value = verticalScrollBar()->value();
     setTextCursor(cursor);
-    verticalScrollBar()->setValue(value);
-    moving_ = false;
+    restore(place); // the caret is revealed by our own rule
     following_ = false;
     // What the toolkit repaints of a selection that goes is lower than the lines of the sheet.
     viewport()->update();
@@ -144,7 +161,8 @@ void RichTextBox::takeUserSelection() {
 
 // ---- place
 
-RichTextBox::Anchor RichTextBox::anchor() const {
+RichTextBox::Anchor RichTextBox::anchor() {
+    stay();
     const int value = verticalScrollBar()->value();
     if (value <= layout_->page().margin) {
         return {0, value, true};
@@ -154,7 +172,7 @@ RichTextBox::Anchor RichTextBox::anchor() const {
 }
 
 void RichTextBox::restore(const Anchor& anchor) {
-    const bool before = std::exchange(moving_, true);
+    const Moving moving(*this);
     if (anchor.atTop) {
         verticalScrollBar()->setValue(anchor.offset);
     } else {
@@ -162,7 +180,6 @@ void RichTextBox::restore(const Anchor& anchor) {
         emit layout_->documentSizeChanged(layout_->documentSize());
         verticalScrollBar()->setValue(static_cast<int>(line.top) + std::min(anchor.offset, line.height - 1));
     }
-    moving_ = before;
 }
 
 void RichTextBox::layOutAround() {
@@ -176,11 +193,49 @@ void RichTextBox::layOutAround() {
     restore(place);
 }
 
+/// Where the toolkit had something laid out above the screen, what the screen shows stays where it is.
+void RichTextBox::stay() {
+    if (moving_ > 0 || seen_.empty()) {
+        return;
+    }
+    const SeenPlace first = seen_.front();
+    const int value = static_cast<int>(layout_->paragraphTop(first.paragraph)) - first.top;
+    if (value != verticalScrollBar()->value()) {
+        const Moving moving(*this);
+        emit layout_->documentSizeChanged(layout_->documentSize());
+        verticalScrollBar()->setValue(value);
+    }
+}
+
+/// Pixels move only together: where places went apart, all is painted anew. What the screen shows is laid out first, so
+/// that painting changes no height.
+void RichTextBox::followPlaces() {
+    const Anchor place = anchor();
+    const int height = viewport()->height();
+    const QScrollBar& bar = *verticalScrollBar();
+    while (layout_->layOutBetween(bar.value(), bar.value() + height)) {
+        restore(place);
+    }
+    SeenPlaces now = layout_->placesFrom(bar.value(), height);
+    if (now == seen_) {
+        return;
+    }
+    const std::optional<int> move = commonMove(seen_, now);
+    seen_ = std::move(now);
+    leaveHover();
+    if (move.value_or(0) != 0) {
+        viewport()->scroll(0, *move);
+    } else {
+        viewport()->update();
+    }
+}
+
 void RichTextBox::revealCaret() {
     reveal(control_.selStart());
 }
 
 void RichTextBox::reveal(qsizetype wanted) {
+    const Moving moving(*this);
     reveal_ = isVisible() ? -1 : wanted;
     const int position = shown_.toDocument(wanted);
     const int height = viewport()->height();
@@ -188,14 +243,12 @@ void RichTextBox::reveal(qsizetype wanted) {
     layout_->layOutBetween(line.top - height, line.top + height);
     line = layout_->lineOf(position);
     emit layout_->documentSizeChanged(layout_->documentSize());
-    const bool before = std::exchange(moving_, true);
     const int value = verticalScrollBar()->value();
     if (position == 0) {
         verticalScrollBar()->setValue(0);
     } else if (line.top < value || line.top + line.height > value + height) {
         verticalScrollBar()->setValue(static_cast<int>(line.top) - height / 4);
     }
-    moving_ = before;
 }
 
 bool RichTextBox::isSettled() const {
@@ -214,25 +267,27 @@ void RichTextBox::timerEvent(QTimerEvent* event) {
         return;
     }
     const Anchor place = anchor();
+    const Moving moving(*this);
     if (layout_->settle(sliceMilliseconds)) {
         settling_.stop();
     }
     restore(place);
 }
 
+// The toolkit's own answer would move the pixels by what the bar moved; heights may have changed meanwhile.
 void RichTextBox::scrollContentsBy(int dx, int dy) {
-    QTextEdit::scrollContentsBy(dx, dy);
-    if (!moving_) {
+    Q_UNUSED(dx)
+    Q_UNUSED(dy)
+    if (moving_ == 0) {
+        const Moving moving(*this);
         layOutAround();
     }
-    leaveHover();
 }
 
 void RichTextBox::resizeEvent(QResizeEvent* event) {
     const Anchor place = anchor();
-    moving_ = true;
+    const Moving moving(*this);
     QTextEdit::resizeEvent(event);
-    moving_ = false;
     restore(place);
     startSettling();
 }
@@ -252,10 +307,9 @@ void RichTextBox::setZoom(int percent) {
         return;
     }
     const Anchor place = anchor();
+    const Moving moving(*this);
     zoom_ = percent;
-    moving_ = true;
     layout_->setDpi(qRound(screenDpi * percent / 100.0));
-    moving_ = false;
     restore(place);
     startSettling();
     viewport()->update();

@@ -5,6 +5,7 @@
 // Tab and Shift+Tab select the next link from the caret on, or the one before it; where there is none the focus leaves.
 #include "platform/richtext/control.h"
 #include "platform/widgets/linkranges.h"
+#include "platform/widgets/seenplaces.h"
 #include "platform/widgets/showntext.h"
 #include "platform/widgets/viewformats.h"
 
@@ -105,6 +106,9 @@ private:
         bool atTop = true;
     };
 
+    // While one lives heights and scroll bar may change at will; when the last goes, the pixels follow.
+    class Moving;
+
     void prepare();
     void richTextChanged() override;
     void richSelectionChanged() override;
@@ -121,9 +125,11 @@ private:
     void leaveReached();
     void showMargins();
     void startSettling();
-    Anchor anchor() const;
+    Anchor anchor();
     void restore(const Anchor& anchor);
     void layOutAround();
+    void stay();
+    void followPlaces();
     QPointF toDocument(const QPoint& point) const;
 
     std::unique_ptr<RichTextControl> own_;
@@ -141,7 +147,8 @@ private:
     qsizetype hoveredPosition_ = -1;
     bool visible_ = true;
     bool following_ = false; ///< the control is being followed: what the document tells is no wish of the user
-    bool moving_ = false;    ///< the view itself scrolls
+    int moving_ = 0;         ///< how many live
+    SeenPlaces seen_;        ///< what the pixels show
     qsizetype reveal_ = -1;  ///< this place is to be shown as soon as the window is
 };
 

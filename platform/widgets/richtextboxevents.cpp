@@ -120,6 +120,7 @@ void RichTextBox::leaveEvent(QEvent* event) {
 }
 
 bool RichTextBox::viewportEvent(QEvent* event) {
+    stay();
     if (event->type() == QEvent::Leave) {
         leaveHover();
     }
@@ -194,6 +195,7 @@ void RichTextBox::showMargins() {
 }
 
 void RichTextBox::keyPressEvent(QKeyEvent* event) {
+    stay();
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);
     if (control && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)) {
         zoomStep(1);
