@@ -1,67 +1,97 @@
 #include "platform/widgets/documentfill.h"
 
-#include <QTextCursor>
 #include <QTextDocument>
+
+#include <algorithm>
 
 namespace velm {
 
 namespace {
 
-class Filler {
-public:
-    Filler(QTextDocument& document, const ShownText& shown, const RichText& rich, ViewFormats& formats)
-        : cursor_(&document), shown_(shown), rich_(rich), formats_(formats) {}
-
-    void fill() {
-        cursor_.beginEditBlock();
-        cursor_.select(QTextCursor::Document);
-        cursor_.removeSelectedText();
-        cursor_.setBlockFormat({});
-        cursor_.setBlockCharFormat(formats_.format(rich_, shown_.paragraph(0).mark));
-        for (const ShownRun& run : shown_.runs()) {
-            insert(run);
-        }
-        cursor_.endEditBlock();
-    }
-
-private:
-    // An empty paragraph takes its height from the format of the end before it: there its own end's format is put.
-    void insert(const ShownRun& run) {
-        int from = run.start;
-        const int end = run.start + run.count;
-        for (int i = from; i < end; ++i) {
-            if (shown_.text().at(i) != QChar::ParagraphSeparator) {
-                continue;
-            }
-            const ShownParagraph& next = shown_.paragraph(++paragraph_);
-            const bool empty = shown_.documentStart(paragraph_ + 1) == i + 2 || i + 1 == shown_.documentLength();
-            if (empty && next.mark != run.format) {
-                insertPlain(from, i, run.format);
-                cursor_.insertBlock({}, formats_.format(rich_, next.mark));
-                from = i + 1;
-            }
-        }
-        insertPlain(from, end, run.format);
-    }
-
-    void insertPlain(int from, int to, FormatId format) {
-        if (to > from) {
-            cursor_.insertText(shown_.text().mid(from, to - from), formats_.format(rich_, format));
-        }
-    }
-
-    QTextCursor cursor_;
-    const ShownText& shown_;
-    const RichText& rich_;
-    ViewFormats& formats_;
-    int paragraph_ = 0;
-};
+// What the document takes to begin them, in characters added.
+constexpr qsizetype costOfRun = 100;
+constexpr qsizetype costOfBlock = 200;
 
 } // namespace
 
-void fillDocument(QTextDocument& document, const ShownText& shown, const RichText& rich, ViewFormats& formats) {
+DocumentFill::DocumentFill(QTextDocument& document) : cursor_(&document) {}
+
+void DocumentFill::begin(const ShownText& shown, const RichText& rich) {
+    shown_ = &shown;
+    run_ = 0;
+    runCount_ = shown.runs().size();
+    position_ = 0;
+    block_ = 0;
+    formats_.reset();
+    for (const ShownRun& run : shown.runs()) {
+        formats_.add(rich, run.format);
+    }
+    for (int i = 0; i < shown.count(); ++i) {
+        formats_.add(rich, shown.paragraph(i).mark);
+    }
+    QTextDocument& document = *cursor_.document();
     document.setUndoRedoEnabled(false);
-    Filler(document, shown, rich, formats).fill();
+    document.clear(); // at once; to remove the text would take it apart piece by piece
+    cursor_.setBlockCharFormat(formats_.at(shown.paragraph(0).mark));
+}
+
+bool DocumentFill::step(qsizetype characters) {
+    if (isDone()) {
+        return true;
+    }
+    cursor_.beginEditBlock();
+    for (qsizetype left = characters; left > 0 && run_ < runCount_;) {
+        const ShownRun& run = shown_->runs()[run_];
+        left -= costOfRun;
+        fill(run, left);
+        if (position_ == run.start + run.count) {
+            ++run_;
+        }
+    }
+    cursor_.endEditBlock();
+    return isDone();
+}
+
+int DocumentFill::blocks() const {
+    return isDone() && shown_ != nullptr ? shown_->count() : block_;
+}
+
+void DocumentFill::fill(const ShownRun& run, qsizetype& left) {
+    const QStringView text = shown_->text();
+    const int end = run.start + run.count;
+    int from = position_;
+    do {
+        const qsizetype room = std::clamp<qsizetype>(left, 1, end - position_);
+        const qsizetype blockEnd = text.sliced(position_, room).indexOf(QChar::ParagraphSeparator);
+        const qsizetype added = blockEnd < 0 ? room : blockEnd + 1;
+        position_ += static_cast<int>(added);
+        left -= added;
+        if (blockEnd >= 0) {
+            left -= costOfBlock;
+            beginBlock(run, from);
+        }
+    } while (left > 0 && position_ < end);
+    insert(from, run);
+}
+
+// An empty block takes its height from the format of the end before it: there its own end's format is put.
+void DocumentFill::beginBlock(const ShownRun& run, int& from) {
+    ++block_;
+    const FormatId mark = shown_->paragraph(block_).mark;
+    const bool empty = shown_->documentStart(block_) == shown_->documentEnd(block_);
+    if (empty && mark != run.format) {
+        --position_;
+        insert(from, run);
+        cursor_.insertBlock({}, formats_.at(mark));
+        from = ++position_;
+    }
+}
+
+/// What lies between `from` and position_.
+void DocumentFill::insert(int from, const ShownRun& run) {
+    if (position_ > from) {
+        cursor_.insertText(shown_->text().mid(from, position_ - from), formats_.at(run.format));
+    }
 }
 
 } // namespace velm

@@ -1,50 +1,62 @@
 #include "platform/widgets/linkranges.h"
 
 #include <algorithm>
+#include <set>
 
 namespace velm {
 
-LinkRanges::LinkRanges(const std::vector<LinkRange>& ranges) {
-    entries_.reserve(ranges.size());
+namespace {
+
+struct Edge {
+    qsizetype at = 0;
+    int index = 0;
+    bool opens = false;
+};
+
+std::vector<Edge> edgesOf(const std::vector<LinkRange>& ranges) {
+    std::vector<Edge> edges;
+    edges.reserve(2 * ranges.size());
     for (std::size_t i = 0; i < ranges.size(); ++i) {
         if (ranges[i].start >= 0 && ranges[i].start < ranges[i].end) {
-            entries_.push_back({ranges[i].start, ranges[i].end, static_cast<int>(i), 0});
+            edges.push_back({ranges[i].start, static_cast<int>(i), true});
+            edges.push_back({ranges[i].end, static_cast<int>(i), false});
         }
     }
-    std::stable_sort(entries_.begin(), entries_.end(),
-                     [](const Entry& a, const Entry& b) { return a.start < b.start; });
-    qsizetype furthest = 0;
-    for (Entry& entry : entries_) {
-        furthest = std::max(furthest, entry.end);
-        entry.furthest = furthest;
+    std::sort(edges.begin(), edges.end(), [](const Edge& a, const Edge& b) { return a.at < b.at; });
+    return edges;
+}
+
+} // namespace
+
+// From edge to edge the lowest of the open ranges counts.
+LinkRanges::LinkRanges(const std::vector<LinkRange>& ranges) {
+    std::set<int> open;
+    qsizetype from = 0;
+    for (const Edge& edge : edgesOf(ranges)) {
+        if (!open.empty() && from < edge.at) {
+            const int index = *open.begin();
+            if (!entries_.empty() && entries_.back().end == from && entries_.back().index == index) {
+                entries_.back().end = edge.at;
+            } else {
+                entries_.push_back({from, edge.at, index});
+            }
+        }
+        from = edge.at;
+        edge.opens ? open.insert(edge.index).second : open.erase(edge.index) > 0;
     }
 }
 
-std::vector<LinkRanges::Entry> LinkRanges::within(qsizetype start, qsizetype end) const {
-    std::vector<Entry> found;
-    auto entry = std::lower_bound(entries_.begin(), entries_.end(), end,
-                                  [](const Entry& e, qsizetype position) { return e.start < position; });
-    while (entry != entries_.begin()) {
-        --entry;
-        if (entry->furthest <= start) {
-            break;
-        }
-        if (entry->end > start) {
-            found.push_back(*entry);
-        }
-    }
-    std::reverse(found.begin(), found.end());
-    return found;
+std::span<const LinkRanges::Entry> LinkRanges::within(qsizetype start, qsizetype end) const {
+    const auto first = std::upper_bound(entries_.begin(), entries_.end(), start,
+                                        [](qsizetype position, const Entry& e) { return position < e.end; });
+    const auto last = std::lower_bound(first, entries_.end(), end,
+                                       [](const Entry& e, qsizetype position) { return e.start < position; });
+    return {first, last};
 }
 
 int LinkRanges::at(qsizetype position) const {
-    int best = -1;
-    for (const Entry& entry : within(position, position + 1)) {
-        if (best < 0 || entry.index < best) {
-            best = entry.index;
-        }
-    }
-    return best;
+    const auto found = within(position, position + 1);
+    return found.empty() ? -1 : found.front().index;
 }
 
 } // namespace velm

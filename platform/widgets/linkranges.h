@@ -1,7 +1,9 @@
 #pragma once
-// Ranges of the text that lead somewhere. They may overlap; each keeps the number under which its owner knows it.
+// Ranges of the text that lead somewhere. Where they overlap the first of the owner's list counts; each keeps the
+// number under which its owner knows it.
 #include <QtGlobal>
 
+#include <span>
 #include <vector>
 
 namespace velm {
@@ -14,11 +16,11 @@ struct LinkRange {
 
 class LinkRanges {
 public:
+    /// A stretch that leads to one place.
     struct Entry {
         qsizetype start = 0;
         qsizetype end = 0;
         int index = 0;
-        qsizetype furthest = 0; ///< the greatest end up to here
     };
 
     LinkRanges() = default;
@@ -27,11 +29,11 @@ public:
     bool isEmpty() const { return entries_.empty(); }
     /// The range of the lowest number that covers the position, or -1.
     int at(qsizetype position) const;
-    /// Those that overlap [start, end), by start.
-    std::vector<Entry> within(qsizetype start, qsizetype end) const;
+    /// The stretches that touch [start, end), in the order of the text; they do not overlap.
+    std::span<const Entry> within(qsizetype start, qsizetype end) const;
 
 private:
-    std::vector<Entry> entries_;
+    std::vector<Entry> entries_; // in the order of the text
 };
 
 } // namespace velm

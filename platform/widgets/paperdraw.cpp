@@ -1,4 +1,5 @@
 // What the sheet shows: text, selection, links, bullets, page breaks, pictures, caret.
+#include "platform/widgets/linkpaint.h"
 #include "platform/widgets/paperlayout.h"
 #include "platform/widgets/richpicture.h"
 #include "platform/widgets/viewformats.h"
@@ -10,35 +11,6 @@
 
 namespace velm {
 
-namespace {
-
-// Text of a decided colour keeps it in a link; black and greys take the link's.
-bool isGreyish(const QColor& colour) {
-    const auto [least, most] = std::minmax({colour.red(), colour.green(), colour.blue()});
-    return most - least < 48;
-}
-
-using Ranges = QList<QTextLayout::FormatRange>;
-
-/// Appends what of a range lies outside the selections, which ascend: there the selection's look counts.
-void appendOutside(Ranges& ranges, QTextLayout::FormatRange range, const Ranges& selections) {
-    const int end = range.start + range.length;
-    for (const QTextLayout::FormatRange& selection : selections) {
-        const int to = std::min(end, selection.start);
-        if (range.start < to) {
-            range.length = to - range.start;
-            ranges.append(range);
-        }
-        range.start = std::max(range.start, selection.start + selection.length);
-    }
-    if (range.start < end) {
-        range.length = end - range.start;
-        ranges.append(range);
-    }
-}
-
-} // namespace
-
 void PaperLayout::draw(QPainter* painter, const PaintContext& context) {
     const QRectF clip = context.clip.isValid() ? context.clip : QRectF(QPointF(), documentSize());
     int number = heights_.at(static_cast<std::int64_t>(std::floor(clip.top())) - page_.margin);
@@ -47,25 +19,30 @@ void PaperLayout::draw(QPainter* painter, const PaintContext& context) {
     }
     painter->save();
     painter->setPen(sheet_.ink);
-    for (QTextBlock block = document()->findBlockByNumber(number); block.isValid() && number < heights_.count();
+    for (QTextBlock block = document()->findBlockByNumber(number); number < available_;
          block = block.next(), ++number) {
-        if (double(heights_.top(number) + page_.margin) > clip.bottom()) {
+        const auto top = double(paragraphTop(number));
+        if (top > clip.bottom()) {
             break;
         }
         layOut(number, block);
-        drawBlock(*painter, context, number, block);
+        // From the block's own corner: far down a long text the engine's numbers end.
+        const QPointF corner(page_.textLeft, top);
+        painter->translate(corner);
+        drawBlock(*painter, context, number, block, clip.translated(-corner));
+        painter->translate(-corner);
     }
     painter->restore();
 }
 
-void PaperLayout::drawBlock(QPainter& painter, const PaintContext& context, int number, const QTextBlock& block) {
-    const QTextLayout& lines = *block.layout();
-    const double top = double(heights_.top(number) + page_.margin);
+void PaperLayout::drawBlock(QPainter& painter, const PaintContext& context, int number, const QTextBlock& block,
+                            const QRectF& clip) {
+    QTextLayout& lines = *block.layout();
     if (shown_->paragraph(number).pageBreak) {
-        drawPageBreak(painter, lines, top);
+        drawPageBreak(painter, lines);
     }
-    if (shown_->format(number).bullet) {
-        drawBullet(painter, number, block, top);
+    if (shown_->format(number).bullet && shown_->paragraph(number).first) {
+        drawBullet(painter, number, block);
     }
     const int start = block.position();
     const int end = start + block.length() - 1;
@@ -80,31 +57,61 @@ void PaperLayout::drawBlock(QPainter& painter, const PaintContext& context, int 
         range.start = std::max(from, start) - start;
         range.length = std::min(to, end) - start - range.start;
         range.format = selection.format;
-        drawSelection(painter, lines, number, top, range, to > end && block.next().isValid());
+        drawSelection(painter, lines, number, range,
+                      to > end && shown_->paragraph(number).last && block.next().isValid());
         range.format.setBackground(Qt::transparent); // is drawn; but what the text itself has must not show
         selected.append(range);
     }
-    const QPointF origin(page_.textLeft, top);
-    lines.draw(&painter, origin, linkFormats(block, selected) + selected, context.clip);
+    drawText(painter, lines, number, clip, selected);
     if (context.cursorPosition >= start && context.cursorPosition <= end) {
-        lines.drawCursor(&painter, origin, context.cursorPosition - start, 1 + device_.dpi / 144);
+        lines.drawCursor(&painter, QPointF(), context.cursorPosition - start, 1 + device_.dpi / 144);
     }
+}
+
+// Links are drawn in passes of their own, the rest around them.
+void PaperLayout::drawText(QPainter& painter, QTextLayout& lines, int number, const QRectF& clip,
+                           const QList<QTextLayout::FormatRange>& selected) {
+    const LineBands bands(lines, heights_.height(number));
+    const int first = bands.at(static_cast<int>(std::floor(clip.top())));
+    const int last = bands.at(static_cast<int>(std::ceil(clip.bottom())));
+    const std::vector<LinkPass> passes =
+        LinkPaint(*shown_, links_, sheet_, hovered_).passes(number, lines, bands, first, last, selected);
+    if (passes.empty()) {
+        lines.draw(&painter, QPointF(), selected, clip);
+        return;
+    }
+    QTextLayout::FormatRange all{0, 0, {}};
+    all.length = shown_->documentEnd(number) - shown_->documentStart(number);
+    QRegion rest(clip.toAlignedRect());
+    lines.setCacheEnabled(true); // what the passes share is shaped once
+    for (const LinkPass& pass : passes) {
+        rest -= pass.where;
+        all.format = pass.look;
+        painter.save();
+        painter.setClipRegion(pass.where, Qt::IntersectClip);
+        lines.draw(&painter, QPointF(), {all}, clip & QRectF(pass.where.boundingRect()));
+        painter.restore();
+    }
+    lines.setCacheEnabled(false);
+    painter.save();
+    painter.setClipRegion(rest, Qt::IntersectClip);
+    lines.draw(&painter, QPointF(), selected, clip);
+    painter.restore();
 }
 
 // The selection fills its lines' whole height, so that no stripes stand between them; but not the room around the
 // paragraph.
-void PaperLayout::drawSelection(QPainter& painter, const QTextLayout& lines, int number, double top,
+void PaperLayout::drawSelection(QPainter& painter, const QTextLayout& lines, int number,
                                 const QTextLayout::FormatRange& range, bool pastEnd) const {
     const double endMark = 0.3 * fontHeight();
-    const ParaFormat& format = shown_->format(number);
-    const int before = qRound(pixels(std::max(0, format.spaceBefore)));
-    const int height = heights_.height(number) - qRound(pixels(std::max(0, format.spaceAfter)));
-    for (int i = 0; i < lines.lineCount(); ++i) {
+    const int before = setter().spaceBefore(number);
+    const LineBands bands(lines, heights_.height(number) - setter().spaceAfter(number));
+    for (int i = 0; i < bands.count(); ++i) {
         const QTextLine line = lines.lineAt(i);
         const int lineEnd = line.textStart() + line.textLength();
         const int from = std::max(range.start, line.textStart());
         const int to = std::min(range.start + range.length, lineEnd);
-        const bool last = i + 1 == lines.lineCount();
+        const bool last = i + 1 == bands.count();
         if (from > to || (from == to && !(last && pastEnd))) {
             continue;
         }
@@ -113,14 +120,13 @@ void PaperLayout::drawSelection(QPainter& painter, const QTextLayout& lines, int
         if (last && pastEnd) {
             right += endMark;
         }
-        const int slot = std::max(before, slotTop(lines, i, height));
-        const QRectF band(page_.textLeft + std::min(left, right), top + slot, std::abs(right - left),
-                          slotTop(lines, i + 1, height) - slot);
+        const int bandTop = std::max(before, bands.top(i));
+        const QRectF band(std::min(left, right), bandTop, std::abs(right - left), bands.top(i + 1) - bandTop);
         painter.fillRect(band, range.format.background());
     }
 }
 
-void PaperLayout::drawBullet(QPainter& painter, int number, const QTextBlock& block, double top) const {
+void PaperLayout::drawBullet(QPainter& painter, int number, const QTextBlock& block) const {
     const QTextLine line = block.layout()->lineAt(0);
     if (!line.isValid()) {
         return;
@@ -129,8 +135,8 @@ void PaperLayout::drawBullet(QPainter& painter, int number, const QTextBlock& bl
     const QTextCharFormat format = first.atEnd() ? block.charFormat() : first.fragment().charFormat();
     const double em = format.fontPointSize() / 72.0 * device_.dpi;
     const double radius = std::max(1.5, 0.15 * em);
-    const double left = page_.textLeft + std::max(pixels(shown_->format(number).startIndent), double(-page_.margin));
-    const QPointF centre(left + 0.08 * em + radius, top + line.y() + line.ascent() - 0.26 * em);
+    const double left = std::max(pixels(shown_->format(number).startIndent), double(-page_.margin));
+    const QPointF centre(left + 0.08 * em + radius, line.y() + line.ascent() - 0.26 * em);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
@@ -139,49 +145,15 @@ void PaperLayout::drawBullet(QPainter& painter, int number, const QTextBlock& bl
     painter.restore();
 }
 
-void PaperLayout::drawPageBreak(QPainter& painter, const QTextLayout& lines, double top) const {
+void PaperLayout::drawPageBreak(QPainter& painter, const QTextLayout& lines) const {
     const QTextLine line = lines.lineAt(0);
-    const double y = std::floor(top + line.y() + line.height() / 2) + 0.5;
+    const double y = std::floor(line.y() + line.height() / 2) + 0.5;
     QPen pen(sheet_.rule, 1);
     pen.setDashPattern({4, 4});
     painter.save();
     painter.setPen(pen);
-    painter.drawLine(QPointF(page_.textLeft, y), QPointF(page_.textLeft + page_.measure, y));
+    painter.drawLine(QPointF(0, y), QPointF(page_.measure, y));
     painter.restore();
-}
-
-QList<QTextLayout::FormatRange> PaperLayout::linkFormats(const QTextBlock& block,
-                                                         const QList<QTextLayout::FormatRange>& selected) const {
-    QList<QTextLayout::FormatRange> ranges;
-    const int start = block.position();
-    const auto links = links_.within(start, start + block.length() - 1);
-    if (links.empty()) {
-        return ranges;
-    }
-    for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
-        const QTextFragment fragment = piece.fragment();
-        const QTextCharFormat look = fragment.charFormat();
-        const bool recolour = !look.hasProperty(QTextFormat::ForegroundBrush) || isGreyish(look.foreground().color());
-        for (const LinkRanges::Entry& link : links) {
-            const int from = std::max(static_cast<int>(link.start), fragment.position());
-            const int to = std::min(static_cast<int>(link.end), fragment.position() + fragment.length());
-            if (from >= to) {
-                continue;
-            }
-            QTextLayout::FormatRange range;
-            range.start = from - start;
-            range.length = to - from;
-            range.format = look;
-            if (recolour) {
-                range.format.setForeground(sheet_.link);
-            }
-            if (link.index == hovered_) {
-                range.format.setFontUnderline(true);
-            }
-            appendOutside(ranges, range, selected);
-        }
-    }
-    return ranges;
 }
 
 const RichObject* PaperLayout::objectOf(const QTextFormat& format) const {

@@ -18,6 +18,8 @@ constexpr std::int32_t tableRoom = 9000; // twips: tables are set for the width 
 constexpr int smallestPageType = 22;  // half points: a document of small tables or of large titles keeps the page that
 constexpr int largestPageType = 32;   // running text would have
 constexpr int tabMeasureLimit = 1100; // pixels at 96 dots to the inch, beyond which a table does not widen the sheet
+constexpr std::size_t mostLines = 2000; // blocks that keep their lines; more than any screen shows
+constexpr double tallest = 2e9;         // pixels: what a scroll bar can tell of
 
 } // namespace
 
@@ -44,9 +46,12 @@ PaperLayout::~PaperLayout() = default;
 
 void PaperLayout::setContent(const ShownText* shown) {
     shown_ = shown;
+    available_ = 0;
+    lines_.clear();
     pictureSizes_.clear();
     pictures_.clear();
-    knownRevision_ = -1;
+    updatePage();
+    forgetLines();
 }
 
 void PaperLayout::setDpi(int dpi) {
@@ -71,13 +76,7 @@ double PaperLayout::pageEm() const {
 
 /// The width that tables on tab stops need; 0 when there are none.
 int PaperLayout::tableWidth() const {
-    std::int32_t widest = 0;
-    for (int i = 0; shown_ != nullptr && i < shown_->count(); ++i) {
-        const ParaFormat& format = shown_->format(i);
-        if (shown_->paragraph(i).tabs && !format.tabs.empty()) {
-            widest = std::max(widest, format.tabs.back());
-        }
-    }
+    const std::int32_t widest = shown_ != nullptr ? shown_->widestTable() : 0;
     const double limit = tabMeasureLimit * device_.dpi / 96.0;
     const double needed = std::max(pixels(tableRoom), pixels(widest) + tabRoom * pageEm());
     return widest > 0 ? static_cast<int>(std::min(limit, needed)) : 0;
@@ -100,24 +99,25 @@ void PaperLayout::updatePage() {
     page_ = page;
     if (measureDiffers) {
         forgetLines();
-        emit measureChanged();
     }
 }
 
 int PaperLayout::estimate(int number, double lineHeight, double averageWidth) const {
     const ParaFormat& format = shown_->format(number);
-    const int end = number + 1 < shown_->count() ? shown_->documentStart(number + 1) - 1 : shown_->documentLength();
-    const int length = end - shown_->documentStart(number);
+    const int length = shown_->documentEnd(number) - shown_->documentStart(number);
     const double room = std::max(40.0, page_.measure - pixels(format.startIndent + format.rightIndent));
     const double lines = std::max(1.0, std::ceil(length * averageWidth / room));
-    return qRound(lines * lineHeight + pixels(std::max(0, format.spaceBefore) + std::max(0, format.spaceAfter)));
+    return qRound(lines * lineHeight) + setter().spaceBefore(number) + setter().spaceAfter(number);
 }
 
 void PaperLayout::forgetLines() {
-    ++generation_;
+    for (const int number : std::exchange(lines_, {})) {
+        document()->findBlockByNumber(number).layout()->clearLayout();
+    }
     next_ = 0;
-    const int count = shown_ != nullptr ? std::min(shown_->count(), document()->blockCount()) : 0;
-    laid_.resize(static_cast<std::size_t>(count));
+    const int count = shown_ != nullptr ? shown_->count() : 0;
+    laid_.assign(static_cast<std::size_t>(count), false);
+    lined_.assign(static_cast<std::size_t>(count), false);
     std::vector<int> heights(static_cast<std::size_t>(count));
     const double em = fontHeight();
     for (int i = 0; i < count; ++i) {
@@ -126,19 +126,17 @@ void PaperLayout::forgetLines() {
     heights_.assign(std::move(heights));
 }
 
+// The document is filled from what is known already; only the window's width may be another.
 void PaperLayout::documentChanged(int from, int removed, int added) {
     Q_UNUSED(from)
     Q_UNUSED(removed)
     Q_UNUSED(added)
-    if (document()->revision() != knownRevision_) {
-        knownRevision_ = document()->revision();
-        updatePage();
-        forgetLines();
-    } else {
-        updatePage(); // only the window's width
-    }
+    const PaperPage before = page_;
+    updatePage();
     emit documentSizeChanged(documentSize());
-    emit update();
+    if (page_ != before) {
+        emit update();
+    }
 }
 
 QTextBlock PaperLayout::layOut(int number) {
@@ -147,52 +145,96 @@ QTextBlock PaperLayout::layOut(int number) {
     return block;
 }
 
-void PaperLayout::layOut(int number, const QTextBlock& block) {
-    if (number < 0 || number >= heights_.count() || laid_[static_cast<std::size_t>(number)] == generation_) {
-        return;
+bool PaperLayout::layOut(int number, const QTextBlock& block) {
+    if (number < 0 || number >= available_ || lined_[static_cast<std::size_t>(number)]) {
+        return false;
     }
-    QTextLayout& lines = *block.layout();
-    const int height = layOutLines(lines, number);
-    laid_[static_cast<std::size_t>(number)] = generation_;
-    if (height != heights_.height(number)) {
-        heights_.setHeight(number, height);
+    const int height = setter().set(*block.layout(), number, work_);
+    keepLines(number);
+    return takeHeight(number, height);
+}
+
+// A layout of its own for the while: the block's would keep its lines, and the engine behind them.
+void PaperLayout::measure(int number, const QTextBlock& block) {
+    if (!laid_[static_cast<std::size_t>(number)]) {
+        QTextLayout lines(block);
+        takeHeight(number, setter().set(lines, number, work_));
+    }
+}
+
+bool PaperLayout::takeHeight(int number, int height) {
+    laid_[static_cast<std::size_t>(number)] = true;
+    if (height == heights_.height(number)) {
+        return false;
+    }
+    heights_.setHeight(number, height);
+    return true;
+}
+
+void PaperLayout::keepLines(int number) {
+    lined_[static_cast<std::size_t>(number)] = true;
+    lines_.push_back(number);
+    if (lines_.size() > mostLines) {
+        const int oldest = lines_.front();
+        lines_.pop_front();
+        lined_[static_cast<std::size_t>(oldest)] = false;
+        document()->findBlockByNumber(oldest).layout()->clearLayout();
     }
 }
 
 bool PaperLayout::settle(int milliseconds) {
+    constexpr int stride = 4000; // characters between two looks at the clock
     QElapsedTimer clock;
     clock.start();
     QTextBlock block = document()->findBlockByNumber(next_);
-    while (next_ < heights_.count() && block.isValid()) {
-        layOut(next_, block);
-        block = block.next();
-        ++next_;
-        if (next_ % 8 == 0 && clock.elapsed() >= milliseconds) {
-            break;
+    for (int left = stride; next_ < available_; block = block.next(), ++next_) {
+        measure(next_, block);
+        left -= 100 + shown_->documentEnd(next_) - shown_->documentStart(next_);
+        if (left <= 0) {
+            left = stride;
+            if (clock.elapsed() >= milliseconds) {
+                ++next_;
+                break;
+            }
         }
     }
     emit documentSizeChanged(documentSize());
     return isComplete();
 }
 
-void PaperLayout::layOutBetween(std::int64_t top, std::int64_t bottom) {
+bool PaperLayout::layOutBetween(std::int64_t top, std::int64_t bottom) {
     int number = heights_.at(std::max<std::int64_t>(0, top - page_.margin));
     if (number < 0) {
-        return;
+        return false;
     }
-    std::int64_t y = heights_.top(number) + page_.margin;
-    for (QTextBlock block = document()->findBlockByNumber(number); block.isValid() && number < heights_.count();
+    bool changed = false;
+    std::int64_t y = paragraphTop(number);
+    for (QTextBlock block = document()->findBlockByNumber(number); number < available_;
          block = block.next(), ++number) {
-        layOut(number, block);
+        changed |= layOut(number, block);
         y += heights_.height(number);
         if (y > bottom) {
             break;
         }
     }
+    return changed;
+}
+
+SeenPlaces PaperLayout::placesFrom(std::int64_t top, int height) const {
+    SeenPlaces places;
+    int number = heights_.at(top - page_.margin);
+    std::int64_t y = number < 0 ? height : paragraphTop(number) - top;
+    for (; y < height; y += heights_.height(number++)) {
+        places.push_back({number, static_cast<int>(y)});
+        if (number == heights_.count()) {
+            break;
+        }
+    }
+    return places;
 }
 
 QSizeF PaperLayout::documentSize() const {
-    return {qreal(page_.width), qreal(heights_.total()) + 2.0 * page_.margin};
+    return {qreal(page_.width), std::min(tallest, qreal(heights_.total()) + 2.0 * page_.margin)};
 }
 
 QRectF PaperLayout::frameBoundingRect(QTextFrame* frame) const {
@@ -207,7 +249,7 @@ QRectF PaperLayout::blockBoundingRect(const QTextBlock& block) const {
 
 QRectF PaperLayout::blockRect(const QTextBlock& block) {
     const int number = block.blockNumber();
-    if (number < 0 || number >= heights_.count()) {
+    if (number < 0 || number >= available_) {
         return {};
     }
     layOut(number, block);

@@ -1,12 +1,17 @@
 #pragma once
-// Lays a document out on its sheet, paragraph by paragraph and only when asked.
+// Lays a document out on its sheet, block by block and only when asked.
 //
-// Paragraphs not yet laid out count with an estimated height, so that any place of a long document can be shown at
-// once; settle() does the rest in slices. Lengths of the model are twips on a screen of dpi() dots to the inch, which
-// is how the view is enlarged: no format changes. Heights and tops are whole pixels.
+// Blocks not yet laid out count with an estimated height, so that any place of a long document can be shown at once;
+// settle() does the rest in slices, and keeps of each block no more than its height: lines are kept for what was shown
+// of late. The document may still be filling: what it does not hold yet counts with its estimate too. Lengths of the
+// model are twips on a screen of dpi() dots to the inch, which is how the view is enlarged: no format changes. Heights
+// and tops are whole pixels.
 #include "platform/widgets/heighttree.h"
+#include "platform/widgets/linesetter.h"
 #include "platform/widgets/linkranges.h"
 #include "platform/widgets/look.h"
+#include "platform/widgets/paperpage.h"
+#include "platform/widgets/seenplaces.h"
 #include "platform/widgets/showntext.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -15,21 +20,10 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
+#include <deque>
 #include <unordered_map>
 
 namespace velm {
-
-/// Where sheet and text lie in the width of the window.
-struct PaperPage {
-    int width = 0;
-    int sheetLeft = 0;
-    int sheetWidth = 0;
-    int textLeft = 0;
-    int measure = 1; ///< width of the text
-    int margin = 0;  ///< above and below the text
-
-    friend bool operator==(const PaperPage&, const PaperPage&) = default;
-};
 
 class PaperLayout final : public QAbstractTextDocumentLayout {
     Q_OBJECT
@@ -38,8 +32,12 @@ public:
     explicit PaperLayout(QTextDocument* document);
     ~PaperLayout() override;
 
-    /// What the document holds next; the filling that follows makes it known. Stays the caller's.
+    /// What the document is to hold. Stays the caller's.
     void setContent(const ShownText* shown);
+    /// As many of its blocks as the document holds whole.
+    void setAvailable(int blocks) { available_ = blocks; }
+    bool isFilledTo(std::int64_t y) const { return available_ >= heights_.count() || paragraphTop(available_) > y; }
+    bool isAvailable(int position) const { return shown_ != nullptr && shown_->blockAt(position) < available_; }
     const PaperPage& page() const { return page_; }
 
     int dpi() const { return device_.dpi; }
@@ -54,8 +52,14 @@ public:
     bool isComplete() const { return next_ >= heights_.count(); }
     /// Lays out for about so many milliseconds; true when all is done.
     bool settle(int milliseconds);
-    /// Lays out what lies between two heights, as far as is known before.
-    void layOutBetween(std::int64_t top, std::int64_t bottom);
+    const LayoutWork& work() const { return work_; }
+    /// Lays out what lies between two heights, as far as is known before; true when that changed a height.
+    bool layOutBetween(std::int64_t top, std::int64_t bottom);
+    /// What a window of this height shows from `top` on.
+    SeenPlaces placesFrom(std::int64_t top, int height) const;
+    /// Of a paragraph; of the one behind the last, where the text ends.
+    std::int64_t paragraphTop(int number) const { return heights_.top(number) + page_.margin; }
+    int paragraphCount() const { return heights_.count(); }
 
     struct Line {
         int start = 0; ///< in the document
@@ -75,10 +79,6 @@ public:
     QRectF frameBoundingRect(QTextFrame* frame) const override;
     QRectF blockBoundingRect(const QTextBlock& block) const override;
 
-signals:
-    /// The width changed what fits on a line: all lines are laid out anew.
-    void measureChanged();
-
 protected:
     void documentChanged(int from, int removed, int added) override;
     void resizeInlineObject(QTextInlineObject item, int position, const QTextFormat& format) override;
@@ -93,6 +93,7 @@ private:
         int metric(PaintDeviceMetric metric) const override;
     };
 
+    LineSetter setter() const { return {*shown_, page_, device_.dpi, fontHeight()}; }
     double pixels(std::int32_t twips) const { return twips * device_.dpi / 1440.0; }
     double fontHeight() const;
     void updatePage();
@@ -101,24 +102,22 @@ private:
     void forgetLines();
     int estimate(int number, double lineHeight, double averageWidth) const;
 
-    QTextBlock layOut(int number); ///< the block, laid out
-    void layOut(int number, const QTextBlock& block);
-    int layOutLines(QTextLayout& lines, int number) const; ///< the paragraph's height
-    int breakLines(QTextLayout& lines, int number) const;
-    QTextOption optionFor(const ParaFormat& format) const;
-    QList<QTextOption::Tab> tabsFor(const ParaFormat& format, double left) const;
-    double lineLeft(const ParaFormat& format, bool first) const;
-    int lineHeight(const ParaFormat& format, double natural, bool pictures) const;
+    QTextBlock layOut(int number);                    ///< the block, with its lines
+    bool layOut(int number, const QTextBlock& block); ///< whether the height changed
+    void measure(int number, const QTextBlock& block);
+    bool takeHeight(int number, int height);
+    void keepLines(int number);
+    Line estimatedLine(int number) const;
     Line lineIn(int number, int line);
-    int slotTop(const QTextLayout& lines, int line, int height) const;
 
-    void drawBlock(QPainter& painter, const PaintContext& context, int number, const QTextBlock& block);
-    void drawBullet(QPainter& painter, int number, const QTextBlock& block, double top) const;
-    void drawPageBreak(QPainter& painter, const QTextLayout& lines, double top) const;
-    void drawSelection(QPainter& painter, const QTextLayout& lines, int number, double top,
-                       const QTextLayout::FormatRange& range, bool pastEnd) const;
-    QList<QTextLayout::FormatRange> linkFormats(const QTextBlock& block,
-                                                const QList<QTextLayout::FormatRange>& selected) const;
+    void drawBlock(QPainter& painter, const PaintContext& context, int number, const QTextBlock& block,
+                   const QRectF& clip);
+    void drawText(QPainter& painter, QTextLayout& lines, int number, const QRectF& clip,
+                  const QList<QTextLayout::FormatRange>& selected);
+    void drawBullet(QPainter& painter, int number, const QTextBlock& block) const;
+    void drawPageBreak(QPainter& painter, const QTextLayout& lines) const;
+    void drawSelection(QPainter& painter, const QTextLayout& lines, int number, const QTextLayout::FormatRange& range,
+                       bool pastEnd) const;
     const RichObject* objectOf(const QTextFormat& format) const;
     QSize pictureTwips(int number, const RichObject& object);
     const QImage& picture(int number, const RichObject& object);
@@ -127,10 +126,12 @@ private:
     Device device_;
     PaperPage page_;
     HeightTree heights_;
-    std::vector<std::uint32_t> laid_; ///< generation in which a paragraph was laid out
-    std::uint32_t generation_ = 1;
-    int next_ = 0; ///< settle() goes on here: all before is laid out
-    int knownRevision_ = -1;
+    int available_ = 0;       ///< blocks that the document holds
+    std::vector<bool> laid_;  ///< blocks whose height is known
+    std::vector<bool> lined_; ///< blocks that have their lines
+    std::deque<int> lines_;   ///< the same, in the order in which they came by them
+    int next_ = 0;            ///< settle() goes on here: all before is laid out
+    LayoutWork work_;
     look::Sheet sheet_;
     LinkRanges links_;
     int hovered_ = -1;

@@ -1,11 +1,11 @@
 #include "platform/widgets/richtextbox.h"
 
-#include "platform/widgets/documentfill.h"
 #include "platform/widgets/look.h"
 #include "platform/widgets/paperlayout.h"
 #include "platform/widgets/richmime.h"
 
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextDocument>
 #include <QTimerEvent>
@@ -18,6 +18,9 @@ namespace {
 
 constexpr int screenDpi = 96;
 constexpr int sliceMilliseconds = 6; // of laying out between two rounds of events
+// Of filling, in characters: what takes as long, and what is there at once; no publisher's text is longer.
+constexpr qsizetype sliceCharacters = 400'000;
+constexpr qsizetype charactersAtOnce = 4'000'000;
 constexpr std::array zoomSteps{25, 50, 67, 75, 80, 90, 100, 110, 125, 150, 175, 200, 250, 300, 400, 500};
 
 } // namespace
@@ -43,6 +46,8 @@ void RichTextBox::prepare() {
     layout_ = new PaperLayout(document());
     document()->setDefaultFont(look::documentFont());
     document()->setDocumentLayout(layout_);
+    fill_ = std::make_unique<DocumentFill>(*document());
+    place_ = std::make_unique<ViewPlace>(*this, *layout_, [this] { leaveHover(); });
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     viewport()->setAutoFillBackground(false);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -53,53 +58,89 @@ void RichTextBox::prepare() {
     control_.setObserver(this);
     applySheet();
     rebuild();
-    showSelection();
 }
 
 // ---- following the control
 
 void RichTextBox::richTextChanged() {
     const QString before = shown_.text();
-    const Anchor place = anchor();
-    rebuild();
-    showSelection();
-    if (shown_.text() == before) {
-        restore(place); // only the looks changed
-    } else {
-        revealCaret();
+    {
+        const ViewPlace::Anchor place = place_->anchor();
+        const ViewPlace::Moving moving(*place_);
+        rebuild();
+        if (shown_.text() != before) {
+            revealCaret();
+        } else if (place.atTop || layout_->isAvailable(place.position)) { // only the looks changed
+            place_->restore(place);
+        } else {
+            anchor_ = place;
+        }
     }
     emit selectionMoved();
 }
 
 void RichTextBox::rebuild() {
-    following_ = true;
-    const RichText& rich = control_.richText();
-    formats_.reset();
-    shown_ = ShownText(rich);
-    layout_->setContent(&shown_);
-    fillDocument(*document(), shown_, rich, formats_);
-    following_ = false;
+    const ViewPlace::Moving moving(*place_);
+    anchor_.reset();
+    {
+        const QScopedValueRollback following(following_, true);
+        shown_ = ShownText(control_.richText());
+        layout_->setContent(&shown_);
+        fill_->begin(shown_, control_.richText());
+        fill_->step(charactersAtOnce);
+    }
+    layout_->setAvailable(fill_->blocks());
     placeLinks();
     leaveHover();
-    startSettling();
+    showSelection();
+    viewport()->update();
+    keepWorking();
+}
+
+void RichTextBox::fillSlice() {
+    const ViewPlace::Anchor place = place_->anchor();
+    const ViewPlace::Moving moving(*place_);
+    const bool ahead = layout_->isFilledTo(verticalScrollBar()->value() + viewport()->height());
+    {
+        const QScopedValueRollback following(following_, true);
+        fill_->step(sliceCharacters);
+    }
+    layout_->setAvailable(fill_->blocks());
+    place_->restore(place);
+    showSelection();
+    showWhatWaited();
+    if (!ahead) {
+        viewport()->update();
+    }
+}
+
+void RichTextBox::showWhatWaited() {
+    if (anchor_ && layout_->isAvailable(anchor_->position)) {
+        place_->restore(*std::exchange(anchor_, std::nullopt));
+    }
+    if (reveal_ >= 0 && isVisible() && layout_->isAvailable(shown_.toDocument(reveal_))) {
+        reveal(reveal_);
+    }
 }
 
 void RichTextBox::showSelection() {
     QTextCursor cursor = textCursor();
-    const int start = shown_.toDocument(control_.selStart());
-    const int end = shown_.toDocument(control_.selStart() + control_.selLength());
+    int start = shown_.toDocument(control_.selStart());
+    int end = shown_.toDocument(control_.selStart() + control_.selLength());
+    selectionWaits_ = !layout_->isAvailable(end);
+    if (selectionWaits_) {
+        start = end = 0;
+    }
     if (cursor.selectionStart() == start && cursor.selectionEnd() == end) {
         return;
     }
-    following_ = true;
-    moving_ = true; // the caret is revealed by our own rule
+    const ViewPlace::Anchor place = place_->anchor();
+    const ViewPlace::Moving moving(*place_);
+    const QScopedValueRollback following(following_, true);
     cursor.setPosition(start);
     cursor.setPosition(end, QTextCursor::KeepAnchor);
-    const int value = verticalScrollBar()->value();
     setTextCursor(cursor);
-    verticalScrollBar()->setValue(value);
-    moving_ = false;
-    following_ = false;
+    place_->restore(place); // the caret is revealed by our own rule
     // What the toolkit repaints of a selection that goes is lower than the lines of the sheet.
     viewport()->update();
 }
@@ -144,102 +185,74 @@ void RichTextBox::takeUserSelection() {
 
 // ---- place
 
-RichTextBox::Anchor RichTextBox::anchor() const {
-    const int value = verticalScrollBar()->value();
-    if (value <= layout_->page().margin) {
-        return {0, value, true};
-    }
-    const PaperLayout::Line line = layout_->lineAt(value);
-    return {line.start, static_cast<int>(value - line.top), false};
-}
-
-void RichTextBox::restore(const Anchor& anchor) {
-    const bool before = std::exchange(moving_, true);
-    if (anchor.atTop) {
-        verticalScrollBar()->setValue(anchor.offset);
-    } else {
-        const PaperLayout::Line line = layout_->lineOf(anchor.position);
-        emit layout_->documentSizeChanged(layout_->documentSize());
-        verticalScrollBar()->setValue(static_cast<int>(line.top) + std::min(anchor.offset, line.height - 1));
-    }
-    moving_ = before;
-}
-
-void RichTextBox::layOutAround() {
-    if (layout_->isComplete()) {
-        return;
-    }
-    const Anchor place = anchor();
-    const int value = verticalScrollBar()->value();
-    const int height = viewport()->height();
-    layout_->layOutBetween(value - height, value + 2 * height);
-    restore(place);
-}
-
 void RichTextBox::revealCaret() {
     reveal(control_.selStart());
 }
 
 void RichTextBox::reveal(qsizetype wanted) {
-    reveal_ = isVisible() ? -1 : wanted;
     const int position = shown_.toDocument(wanted);
-    const int height = viewport()->height();
-    PaperLayout::Line line = layout_->lineOf(position);
-    layout_->layOutBetween(line.top - height, line.top + height);
-    line = layout_->lineOf(position);
-    emit layout_->documentSizeChanged(layout_->documentSize());
-    const bool before = std::exchange(moving_, true);
-    const int value = verticalScrollBar()->value();
-    if (position == 0) {
-        verticalScrollBar()->setValue(0);
-    } else if (line.top < value || line.top + line.height > value + height) {
-        verticalScrollBar()->setValue(static_cast<int>(line.top) - height / 4);
+    const bool available = layout_->isAvailable(position);
+    anchor_.reset();
+    reveal_ = isVisible() && available ? -1 : wanted;
+    if (available) {
+        place_->reveal(position);
     }
-    moving_ = before;
 }
 
 bool RichTextBox::isSettled() const {
-    return layout_->isComplete();
+    return fill_->isDone() && layout_->isComplete();
 }
 
-void RichTextBox::startSettling() {
-    if (!layout_->isComplete()) {
-        settling_.start(0, this);
+void RichTextBox::keepWorking() {
+    if (!isSettled()) {
+        working_.start(0, this);
     }
 }
 
 void RichTextBox::timerEvent(QTimerEvent* event) {
-    if (event->timerId() != settling_.timerId()) {
+    if (event->timerId() != working_.timerId()) {
         QTextEdit::timerEvent(event);
         return;
     }
-    const Anchor place = anchor();
-    if (layout_->settle(sliceMilliseconds)) {
-        settling_.stop();
+    if (!fill_->isDone()) {
+        fillSlice();
+        return;
     }
-    restore(place);
+    const ViewPlace::Anchor place = place_->anchor();
+    const ViewPlace::Moving moving(*place_);
+    if (layout_->settle(sliceMilliseconds)) {
+        working_.stop();
+    }
+    place_->restore(place);
 }
 
+// The toolkit's own answer would move the pixels by what the bar moved; heights may have changed meanwhile.
 void RichTextBox::scrollContentsBy(int dx, int dy) {
-    QTextEdit::scrollContentsBy(dx, dy);
-    if (!moving_) {
-        layOutAround();
+    Q_UNUSED(dx)
+    Q_UNUSED(dy)
+    if (place_->isMoving()) {
+        return;
     }
-    leaveHover();
+    const ViewPlace::Moving moving(*place_);
+    place_->layOutAround();
+    if (isVisible()) { // who goes elsewhere no longer waits
+        reveal_ = -1;
+        anchor_.reset();
+    }
 }
 
 void RichTextBox::resizeEvent(QResizeEvent* event) {
-    const Anchor place = anchor();
-    moving_ = true;
+    const ViewPlace::Anchor place = place_->anchor();
+    const ViewPlace::Moving moving(*place_);
     QTextEdit::resizeEvent(event);
-    moving_ = false;
-    restore(place);
-    startSettling();
+    place_->restore(place);
+    keepWorking();
 }
 
 void RichTextBox::showEvent(QShowEvent* event) {
+    const qsizetype wanted = std::exchange(reveal_, -1);
     QTextEdit::showEvent(event);
-    if (const qsizetype wanted = std::exchange(reveal_, -1); wanted >= 0) {
+    if (wanted >= 0) {
         reveal(wanted);
     }
 }
@@ -251,13 +264,14 @@ void RichTextBox::setZoom(int percent) {
     if (percent == zoom_) {
         return;
     }
-    const Anchor place = anchor();
-    zoom_ = percent;
-    moving_ = true;
-    layout_->setDpi(qRound(screenDpi * percent / 100.0));
-    moving_ = false;
-    restore(place);
-    startSettling();
+    {
+        const ViewPlace::Anchor place = place_->anchor();
+        const ViewPlace::Moving moving(*place_);
+        zoom_ = percent;
+        layout_->setDpi(qRound(screenDpi * percent / 100.0));
+        place_->restore(place);
+    }
+    keepWorking();
     viewport()->update();
     emit zoomChanged(zoom_);
 }

@@ -2,11 +2,14 @@
 // The document view: shows a rich text control on its sheet and lets the user select in it.
 //
 // The control is the truth; the view follows it and gives the user's selection back. Positions are the control's.
+// A text of ordinary size is there at once, and is laid out where it is looked at. Of a longer one the view takes in
+// what lies ahead between two rounds of events; what is to be shown of it shows as soon as it is there.
 // Tab and Shift+Tab select the next link from the caret on, or the one before it; where there is none the focus leaves.
 #include "platform/richtext/control.h"
+#include "platform/widgets/documentfill.h"
 #include "platform/widgets/linkranges.h"
 #include "platform/widgets/showntext.h"
-#include "platform/widgets/viewformats.h"
+#include "platform/widgets/viewplace.h"
 
 #include <QBasicTimer>
 #include <QTextEdit>
@@ -54,7 +57,7 @@ public:
 
     /// The character under a point of the viewport, or -1 when there is none.
     qsizetype characterAt(const QPoint& point) const;
-    /// Nothing is left to lay out.
+    /// Nothing is left to take in and to lay out.
     bool isSettled() const;
     /// Scrolls, if need be, until the caret can be seen.
     void revealCaret();
@@ -98,19 +101,14 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-    // A line at the window's top that stays there whatever happens to the heights above it.
-    struct Anchor {
-        int position = 0;
-        int offset = 0;
-        bool atTop = true;
-    };
-
     void prepare();
     void richTextChanged() override;
     void richSelectionChanged() override;
     void richPropertiesChanged() override;
 
     void rebuild();
+    void fillSlice();
+    void showWhatWaited();
     void showSelection();
     void takeUserSelection();
     void applySheet();
@@ -120,19 +118,18 @@ private:
     bool reachLink(bool next);
     void leaveReached();
     void showMargins();
-    void startSettling();
-    Anchor anchor() const;
-    void restore(const Anchor& anchor);
-    void layOutAround();
+    bool selectToEnd(const QKeyEvent& event);
+    void keepWorking();
     QPointF toDocument(const QPoint& point) const;
 
     std::unique_ptr<RichTextControl> own_;
     RichTextControl& control_;
     ShownText shown_;
-    ViewFormats formats_;
     PaperLayout* layout_ = nullptr; // the document's
+    std::unique_ptr<DocumentFill> fill_;
+    std::unique_ptr<ViewPlace> place_;
     std::vector<LinkRange> linkRanges_;
-    QBasicTimer settling_;
+    QBasicTimer working_; ///< while there is something to take in or to lay out
     int zoom_ = 100;
     int wheelRest_ = 0;
     int hoveredLink_ = -1;
@@ -141,8 +138,10 @@ private:
     qsizetype hoveredPosition_ = -1;
     bool visible_ = true;
     bool following_ = false; ///< the control is being followed: what the document tells is no wish of the user
-    bool moving_ = false;    ///< the view itself scrolls
-    qsizetype reveal_ = -1;  ///< this place is to be shown as soon as the window is
+    /// What is to be shown as soon as it can: the window hidden, or the document not filled so far.
+    qsizetype reveal_ = -1;
+    std::optional<ViewPlace::Anchor> anchor_;
+    bool selectionWaits_ = false;
 };
 
 } // namespace velm

@@ -120,6 +120,9 @@ void RichTextBox::leaveEvent(QEvent* event) {
 }
 
 bool RichTextBox::viewportEvent(QEvent* event) {
+    if (place_) { // the toolkit's constructor has events of its own
+        place_->stay();
+    }
     if (event->type() == QEvent::Leave) {
         leaveHover();
     }
@@ -181,6 +184,20 @@ void RichTextBox::wheelEvent(QWheelEvent* event) {
 
 // ---- keys
 
+// While the document fills, its end is not the text's.
+bool RichTextBox::selectToEnd(const QKeyEvent& event) {
+    const bool all = event.matches(QKeySequence::SelectAll);
+    const bool select = event.matches(QKeySequence::SelectEndOfDocument);
+    if (fill_->isDone() || !(all || select || event.matches(QKeySequence::MoveToEndOfDocument))) {
+        return false;
+    }
+    const qsizetype end = control_.length();
+    const qsizetype start = all ? 0 : (select ? control_.selStart() : end);
+    control_.setSelStart(start);
+    control_.setSelLength(end - start);
+    return true;
+}
+
 // With the caret on the first or last line the sheet's margin beyond it shows too.
 void RichTextBox::showMargins() {
     QScrollBar& bar = *verticalScrollBar();
@@ -194,6 +211,7 @@ void RichTextBox::showMargins() {
 }
 
 void RichTextBox::keyPressEvent(QKeyEvent* event) {
+    place_->stay();
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);
     if (control && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal)) {
         zoomStep(1);
@@ -206,7 +224,7 @@ void RichTextBox::keyPressEvent(QKeyEvent* event) {
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         // Where two links touch, a link that was reached is meant itself and not the one that ends where it begins.
         emit clicked(control_.selStart() + (reachedLink_ >= 0 ? 1 : 0));
-    } else {
+    } else if (!selectToEnd(*event)) {
         QTextEdit::keyPressEvent(event);
         showMargins();
         return;

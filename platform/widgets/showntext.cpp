@@ -1,7 +1,8 @@
 #include "platform/widgets/showntext.h"
 
+#include "platform/widgets/longparagraphs.h"
+
 #include <algorithm>
-#include <limits>
 
 namespace velm {
 
@@ -86,6 +87,10 @@ ShownText::ShownText(const RichText& rich) : objects_(rich.objects()), modelLeng
     rich.forEachRun(0, modelLength_,
                     [&](qsizetype start, qsizetype count, FormatId format) { readRun(reading, start, count, format); });
     text_.truncate(reading.written);
+    finish(rich);
+}
+
+void ShownText::finish(const RichText& rich) {
     holdPunctuation(text_);
     if (paragraphs_.back().start == modelLength_) {
         endParagraph(rich, -1, rich.tailCharacter());
@@ -93,6 +98,8 @@ ShownText::ShownText(const RichText& rich) : objects_(rich.objects()), modelLeng
         endParagraph(rich, modelLength_ - 1, rich.charFormatIdAt(modelLength_ - 1));
     }
     findMainFormat(rich);
+    findColours(rich);
+    partParagraphs(longestPart, paragraphs_, runs_, text_);
 }
 
 void ShownText::readRun(Reading& reading, qsizetype start, qsizetype count, FormatId format) {
@@ -112,8 +119,10 @@ void ShownText::readRun(Reading& reading, qsizetype start, qsizetype count, Form
         }
         if (unit == u'\r' && i + 1 < model.size() && model[i + 1] == u'\n') {
             endParagraph(reading.rich, i, format);
-            paragraphs_.emplace_back().start = i + 2;
             reading.out[reading.written++] = QChar(paragraphEnd);
+            ShownParagraph& next = paragraphs_.emplace_back();
+            next.start = i + 2;
+            next.documentStart = static_cast<int>(reading.written);
             reading.insideEnd = true;
             continue;
         }
@@ -141,6 +150,18 @@ void ShownText::endParagraph(const RichText& rich, qsizetype position, FormatId 
     if (!known_[paragraph.format]) {
         known_[paragraph.format] = true;
         formats_[paragraph.format] = bounded(rich.paraFormat(paragraph.format));
+    }
+    if (const auto& tabs = formats_[paragraph.format].tabs; paragraph.tabs && !tabs.empty()) {
+        widestTable_ = std::max(widestTable_, tabs.back());
+    }
+}
+
+void ShownText::findColours(const RichText& rich) {
+    for (const ShownRun& run : runs_) {
+        if (run.format >= colours_.size()) {
+            colours_.resize(run.format + 1, autoColour);
+        }
+        colours_[run.format] = rich.charFormat(run.format).colour;
     }
 }
 
@@ -174,25 +195,20 @@ int ShownText::paragraphAt(qsizetype model) const {
 int ShownText::toDocument(qsizetype model) const {
     model = std::clamp<qsizetype>(model, 0, modelLength_);
     const int number = paragraphAt(model);
-    const qsizetype end = number + 1 < count() ? paragraph(number + 1).start - 2 : modelLength_;
-    return static_cast<int>(std::min(model, end)) - number;
+    const qsizetype inside = model - paragraph(number).start;
+    return static_cast<int>(std::min<qsizetype>(documentStart(number) + inside, documentEnd(number)));
+}
+
+int ShownText::blockAt(int document) const {
+    const auto after = std::upper_bound(paragraphs_.begin(), paragraphs_.end(), document,
+                                        [](int at, const ShownParagraph& p) { return at < p.documentStart; });
+    return std::max(0, static_cast<int>(after - paragraphs_.begin()) - 1);
 }
 
 qsizetype ShownText::toModel(int document) const {
     document = std::clamp(document, 0, documentLength());
-    // The last paragraph that starts at or before the position; starts in the document are those of the model less the
-    // paragraph's number, so they ascend as well.
-    int low = 0;
-    int high = count() - 1;
-    while (low < high) {
-        const int middle = low + (high - low + 1) / 2;
-        if (documentStart(middle) <= document) {
-            low = middle;
-        } else {
-            high = middle - 1;
-        }
-    }
-    return document + low;
+    const ShownParagraph& block = paragraph(blockAt(document));
+    return block.start + (document - block.documentStart);
 }
 
 } // namespace velm

@@ -100,14 +100,13 @@ QTextCharFormat viewFormat(const CharFormat& format) {
     return view;
 }
 
-const QTextCharFormat& ViewFormats::format(const RichText& rich, FormatId id) {
+void ViewFormats::add(const RichText& rich, FormatId id) {
     if (id >= formats_.size()) {
         formats_.resize(id + 1);
     }
     if (!formats_[id]) {
         formats_[id] = viewFormat(rich.charFormat(id));
     }
-    return *formats_[id];
 }
 
 } // namespace velm

@@ -19,9 +19,11 @@ public:
     /// Type of the document's objects: pictures.
     static constexpr int pictureType = QTextFormat::UserObject + 1;
 
-    /// Formats of another text; what was converted is forgotten.
+    /// Another text follows; what was converted is forgotten.
     void reset() { formats_.clear(); }
-    const QTextCharFormat& format(const RichText& rich, FormatId id);
+    void add(const RichText& rich, FormatId id);
+    /// One that was added.
+    const QTextCharFormat& at(FormatId id) const { return *formats_[id]; }
 
 private:
     std::vector<std::optional<QTextCharFormat>> formats_;

@@ -1,6 +1,7 @@
 #include "platform/widgets/linkranges.h"
 
 #include <gtest/gtest.h>
+#include <random>
 
 namespace velm {
 
@@ -35,6 +36,34 @@ TEST(LinkRanges, GivesThoseThatTouchAStretch) {
     EXPECT_EQ(within[0].index, 0);
     EXPECT_EQ(within[1].index, 1);
     EXPECT_TRUE(links.within(40, 50).empty());
+    EXPECT_EQ(links.within(0, 100).size(), 3U) << "what lies under another one does not count";
+}
+
+TEST(LinkRanges, AgreesWithAWalkOverAllOfThem) {
+    std::mt19937 random(5);
+    const auto upTo = [&random](unsigned bound) { return static_cast<qsizetype>(random() % bound); };
+    for (int round = 0; round < 300; ++round) {
+        std::vector<LinkRange> ranges(random() % 12);
+        for (LinkRange& range : ranges) {
+            range.start = upTo(60) - 2;
+            range.end = range.start + upTo(20) - 2;
+        }
+        const LinkRanges links(ranges);
+        qsizetype end = 0;
+        for (const LinkRanges::Entry& entry : links.within(0, 200)) {
+            ASSERT_LT(entry.start, entry.end);
+            ASSERT_LE(end, entry.start);
+            end = entry.end;
+        }
+        for (qsizetype position = 0; position < 90; ++position) {
+            int first = -1;
+            for (int i = static_cast<int>(ranges.size()) - 1; i >= 0; --i) {
+                const LinkRange& range = ranges[static_cast<std::size_t>(i)];
+                first = range.start >= 0 && range.start <= position && position < range.end ? i : first;
+            }
+            ASSERT_EQ(links.at(position), first);
+        }
+    }
 }
 
 } // namespace velm
