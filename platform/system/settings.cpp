@@ -2,7 +2,6 @@
 
 #include "platform/system/files.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -23,17 +22,14 @@ void ReglagesStore::load() {
     const QFileInfo info(path_);
     if (!info.exists() && !info.isSymLink())
         return;
-    QFile file(path_);
-    if (file.open(QIODevice::ReadOnly)) {
-        const QByteArray bytes = file.readAll();
-        if (file.error() == QFileDevice::NoError) {
-            document_ = IniDocument::parse(bytes);
-            return;
-        }
+    const FileBytes file = readPlain(path_);
+    if (file.ok()) {
+        document_ = IniDocument::parse(file.bytes);
+        return;
     }
     // A link to nowhere holds nothing that could be lost.
     unreadable_ = info.exists();
-    lastError_ = path_ + QStringLiteral(": ") + file.errorString();
+    lastError_ = path_ + QStringLiteral(": ") + file.error.words;
 }
 
 QString ReglagesStore::get(QStringView section, QStringView key, const QString& fallback) const {
