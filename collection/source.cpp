@@ -2,9 +2,9 @@
 
 #include "collection/chaine.h"
 #include "collection/lecture.h"
+#include "platform/system/files.h"
 #include "platform/text/letters.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QSet>
 
@@ -45,7 +45,9 @@ SourceDossier::~SourceDossier() = default;
 
 SourceDossier::SourceDossier(const QString& source) : dossier_(source) {
     if (!QFileInfo(source).isDir()) {
-        problemes_.push_back({probleme::illisible, false, {}, 0, {source}});
+        const bool la = QFileInfo::exists(source);
+        problemes_.push_back(
+            {probleme::illisible, false, {}, 0, {source}, la ? Obstacle::NotFolder : Obstacle::Missing});
         return;
     }
     litreglages();
@@ -67,24 +69,20 @@ qint64 SourceDossier::octets() const {
 }
 
 void SourceDossier::probleme(int fichier, qint64 ligne, int id, const QString& argument, bool avertissement) {
-    problemes_.push_back({id, avertissement, fichier < 0 ? QString() : fichiers_[static_cast<std::size_t>(fichier)].nom,
-                          ligne, argument.isEmpty() ? QStringList() : QStringList{argument}});
+    problemes_.push_back({id, avertissement, fichier < 0 ? QString() : nomdufichier(fichier), ligne,
+                          argument.isEmpty() ? QStringList() : QStringList{argument}});
 }
 
 bool SourceDossier::litfichier(const QString& nom, bool exige) {
-    QFile fichier(dossier_.filePath(nom));
-    if (!exige && !fichier.exists())
-        return false;
-    QByteArray contenu;
-    if (fichier.open(QIODevice::ReadOnly))
-        contenu = fichier.readAll();
-    if (!fichier.isOpen() || fichier.error() != QFileDevice::NoError) {
-        problemes_.push_back({probleme::illisible, false, nom, 0, {nom}});
+    FileBytes lu = readPlain(dossier_.filePath(nom));
+    if (!lu.ok()) {
+        if (exige || lu.error.kind != Obstacle::Missing)
+            problemes_.push_back({probleme::illisible, false, nom, 0, {nom}, lu.error.kind});
         return false;
     }
-    if (contenu.startsWith(marqueutf8))
-        contenu.remove(0, marqueutf8.size());
-    fichiers_.push_back({nom, contenu});
+    if (lu.bytes.startsWith(marqueutf8))
+        lu.bytes.remove(0, marqueutf8.size());
+    fichiers_.push_back({nom, std::move(lu.bytes)});
     return true;
 }
 
@@ -92,10 +90,10 @@ void SourceDossier::litreglages() {
     reglages_.couleurs.fill(0xFFFFFF);
     if (!litfichier(u"collection.json"_s, false))
         return;
-    litcollection(fichiers_.back().contenu, reglages_,
-                  [this](qint64 ligne, int id, const QString& argument, bool avertissement) {
-                      probleme(static_cast<int>(fichiers_.size()) - 1, ligne, id, argument, avertissement);
-                  });
+    litcollection(fichiers_.back().contenu, reglages_, [this](Probleme p) {
+        p.fichier = fichiers_.back().nom;
+        problemes_.push_back(std::move(p));
+    });
 }
 
 void SourceDossier::litnoeuds() {
@@ -104,9 +102,12 @@ void SourceDossier::litnoeuds() {
     fichiernoeuds_ = static_cast<int>(fichiers_.size()) - 1;
     parcourtlignes(fichiers_.back().contenu, 1, [this](QByteArrayView ligne, qint64 numero) {
         Noeud noeud;
-        if (!litnoeud(ligne, noeud, [&](int id, const QString& argument, bool avertissement) {
-                probleme(fichiernoeuds_, numero, id, argument, avertissement);
-            }))
+        const Signale signale([&](Probleme p) {
+            p.fichier = nomdufichier(fichiernoeuds_);
+            p.ligne = numero;
+            problemes_.push_back(std::move(p));
+        });
+        if (!litnoeud(ligne, noeud, signale))
             return;
         if (parnumero_.contains(noeud.numero)) {
             probleme(fichiernoeuds_, numero, probleme::noeudendouble, QString::number(noeud.numero));
@@ -139,10 +140,12 @@ void SourceDossier::litdocuments() {
                 fiche.fichier = fichier;
                 fiche.ligne = numero;
                 fiche.brut = ligne;
-                if (litdocument(ligne, dossier_, fiche, [&](int id, const QString& argument, bool avertissement) {
-                        lues[k].problemes.push_back({id, avertissement, nom, numero,
-                                                     argument.isEmpty() ? QStringList() : QStringList{argument}});
-                    }))
+                const Signale signale([&](Probleme p) {
+                    p.fichier = nom;
+                    p.ligne = numero;
+                    lues[k].problemes.push_back(std::move(p));
+                });
+                if (litdocument(ligne, dossier_, fiche, signale))
                     lues[k].fiches.push_back(std::move(fiche));
             });
         };
@@ -205,7 +208,7 @@ Corps SourceDossier::corps(qsizetype i) const {
 
 Probleme SourceDossier::lieu(qsizetype i) const {
     const Fiche& f = fiche(i);
-    return {0, false, fichiers_[static_cast<std::size_t>(f.fichier)].nom, f.ligne, {}};
+    return {0, false, nomdufichier(f.fichier), f.ligne, {}, Obstacle::None, f.fichierrtf};
 }
 
 QString SourceDossier::libelledetete(qint64 noeud) const {
@@ -247,7 +250,7 @@ void SourceDossier::verifiedocument(Fiche& f) {
         else if (const Noeud& n = noeuds_[*noeud]; n.collection != collectiondelacle(e.cle)) {
             problemes_.push_back({probleme::autrecollection,
                                   false,
-                                  fichiers_[static_cast<std::size_t>(f.fichier)].nom,
+                                  nomdufichier(f.fichier),
                                   f.ligne,
                                   {QString::number(e.noeud), typedindice(n.collection)}});
         }
