@@ -3,6 +3,8 @@
 #include "collection/fabrique.h"
 #include "collection/source.h"
 #include "collection/temporaire.h"
+#include "core/langue.h"
+#include "core/obstacles.h"
 
 #include <QElapsedTimer>
 
@@ -14,6 +16,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int cadre = 9340;
+constexpr int cadreducorps = 9542;
 constexpr int marqueavertissement = 9379;
 constexpr double millisecondesparseconde = 1000;
 
@@ -22,6 +25,12 @@ void classe(Problemes& problemes) {
     std::stable_sort(problemes.begin(), problemes.end(), [](const Probleme& a, const Probleme& b) {
         return std::tie(a.fichier, a.ligne) < std::tie(b.fichier, b.ligne);
     });
+}
+
+void prendechec(const BaseTemporaire& temporaire, ResultatCompilation& resultat) {
+    resultat.obstacle = temporaire.obstacle();
+    resultat.raison = temporaire.raison();
+    resultat.etat = temporaire.etat();
 }
 
 } // namespace
@@ -41,8 +50,7 @@ ResultatCompilation fabrique(const Provenance& provenance, const QString& base, 
     BaseTemporaire temporaire(base);
     const bool sain = resultat.erreurs() == 0;
     if (temporaire.base() == nullptr) {
-        resultat.raison = temporaire.raison();
-        resultat.etat = temporaire.etat();
+        prendechec(temporaire, resultat);
         return resultat;
     }
     BilanDeFabrique bilan = fabriquebase(provenance, *temporaire.base(), progres, textes);
@@ -57,9 +65,11 @@ ResultatCompilation fabrique(const Provenance& provenance, const QString& base, 
         resultat.etat = ResultatCompilation::Etat::Faite;
         return resultat;
     }
-    temporaire.echoue(bilan.ecrit ? temporaire.raison() : bilan.raison);
-    resultat.raison = temporaire.raison();
-    resultat.etat = temporaire.etat();
+    if (bilan.ecrit)
+        temporaire.echoue(temporaire.obstacle(), temporaire.raison());
+    else
+        temporaire.echoue(bilan.obstacle, bilan.raison);
+    prendechec(temporaire, resultat);
     return resultat;
 }
 
@@ -75,23 +85,17 @@ ResultatCompilation compile(const QString& source, const QString& base, const Pr
 }
 
 QString phrase(const Probleme& probleme, const std::function<QString(int)>& texte) {
-    QString corps = texte(probleme.id);
-    // One after the other in one pass: an argument may hold a percent sign itself.
-    QString rempli;
-    for (qsizetype i = 0; i < corps.size(); ++i) {
-        const qsizetype numero = corps[i] == u'%' && i + 1 < corps.size() ? corps[i + 1].digitValue() : -1;
-        if (numero >= 1 && numero <= probleme.arguments.size()) {
-            rempli += probleme.arguments[numero - 1];
-            ++i;
-        } else {
-            rempli += corps[i];
-        }
-    }
+    QStringList arguments = probleme.arguments;
+    if (probleme.obstacle != Obstacle::None)
+        arguments << raison(probleme.obstacle, QString(), texte);
+    QString rempli = remplace(texte(probleme.id), arguments);
     if (probleme.avertissement)
         rempli = texte(marqueavertissement) + u" : "_s + rempli;
     if (probleme.fichier.isEmpty() || probleme.ligne == 0)
         return rempli;
-    return texte(cadre).arg(probleme.fichier, QString::number(probleme.ligne), rempli);
+    const QStringList place{probleme.fichier, QString::number(probleme.ligne), rempli};
+    return probleme.corps.isEmpty() ? remplace(texte(cadre), place)
+                                    : remplace(texte(cadreducorps), QStringList{probleme.corps} + place);
 }
 
 } // namespace velm

@@ -22,12 +22,13 @@ struct ResultatCompilation {
         Faite,             ///< the base stands under its name
         SourceIncorrecte,  ///< an error among the problems; nothing was written
         DisquePlein,       ///< nothing was written
-        EcritureImpossible ///< nothing was written; `raison` tells why
+        EcritureImpossible ///< nothing was written; `obstacle` and `raison` tell why
     };
     Etat etat = Etat::EcritureImpossible;
     Problemes problemes; ///< in the order of files and lines
     ComptesDeBase comptes;
-    QString raison; ///< the system's own words
+    Obstacle obstacle = Obstacle::None; ///< of a base that could not be written
+    QString raison;                     ///< the system's own words
     double secondes = 0;
 
     bool faite() const { return etat == Etat::Faite; }

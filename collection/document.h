@@ -1,6 +1,7 @@
 #pragma once
 // A publisher's collection in memory: documents, tree nodes, kinds, and the problems that a source may have.
 #include "core/cle.h"
+#include "platform/text/obstacle.h"
 
 #include <QByteArray>
 #include <QString>
@@ -19,6 +20,10 @@ struct Probleme {
     QString fichier;            ///< relative to the source folder; empty for none
     qint64 ligne = 0;           ///< from 1; 0 for the file as a whole
     QStringList arguments;
+    /// Why a file could not be read: its words follow the arguments. None for every other problem.
+    Obstacle obstacle = Obstacle::None;
+    /// The rich text file that is wrong, where the line only names it.
+    QString corps = {};
 
     friend bool operator==(const Probleme&, const Probleme&) = default;
 };

@@ -57,9 +57,7 @@ public:
             echoue();
         entetes();
         documents(repertoires);
-        const bool correct = std::all_of(bilan_.problemes.begin(), bilan_.problemes.end(),
-                                         [](const Probleme& p) { return p.avertissement; });
-        if (correct && bon_) {
+        if (correct_ && bon_) {
             dictionnaire(repertoires);
             motscles();
             articles();
@@ -68,9 +66,9 @@ public:
             if (avectextes_)
                 textes();
         }
-        if (correct && bon_ && !base_.commit())
+        if (correct_ && bon_ && !base_.commit())
             echoue();
-        bilan_.ecrit = correct && bon_;
+        bilan_.ecrit = correct_ && bon_;
         return std::move(bilan_);
     }
 
@@ -89,6 +87,7 @@ private:
     void echoue() {
         bon_ = false;
         bilan_.raison = base_.lastError();
+        bilan_.obstacle = base_.obstacle();
     }
 
     void annonce(Etape etape, qint64 fait, qint64 total) {

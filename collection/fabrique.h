@@ -7,8 +7,9 @@
 namespace velm {
 
 struct BilanDeFabrique {
-    bool ecrit = false; ///< every row is in the base
-    QString raison;     ///< why the base could not be written; empty otherwise
+    bool ecrit = false;                 ///< every row is in the base
+    QString raison;                     ///< why the base could not be written; empty otherwise
+    Obstacle obstacle = Obstacle::None; ///< the kind of that
     Problemes problemes;
     ComptesDeBase comptes;
 };

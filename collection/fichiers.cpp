@@ -1,6 +1,5 @@
 #include "collection/fichiers.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -9,8 +8,9 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-bool DossierDeFichiers::present() const {
-    return QFileInfo(lieu_).isDir();
+Obstacle DossierDeFichiers::obstacle() const {
+    const QFileInfo info(lieu_);
+    return info.isDir() ? Obstacle::None : info.exists() ? Obstacle::NotFolder : Obstacle::Missing;
 }
 
 QStringList DossierDeFichiers::noms(const QString& motif) const {
@@ -19,18 +19,8 @@ QStringList DossierDeFichiers::noms(const QString& motif) const {
     return noms;
 }
 
-bool DossierDeFichiers::existe(const QString& nom) const {
-    return dossier_.exists(nom);
-}
-
-std::optional<QByteArray> DossierDeFichiers::lit(const QString& nom) const {
-    const QString chemin = dossier_.filePath(nom);
-    QFile fichier(chemin);
-    // A pipe or a device would keep the compiler waiting.
-    if (!QFileInfo(chemin).isFile() || !fichier.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QByteArray contenu = fichier.readAll();
-    return fichier.error() == QFileDevice::NoError ? std::optional(contenu) : std::nullopt;
+FileBytes DossierDeFichiers::lit(const QString& nom) const {
+    return readPlain(dossier_.filePath(nom));
 }
 
 bool DossierDeFichiers::dehors(const QString& chemin) const {

@@ -1,11 +1,10 @@
 #pragma once
 // The files that a source consists of, wherever they lie.
-#include <QByteArray>
+#include "platform/system/files.h"
+
 #include <QDir>
 #include <QString>
 #include <QStringList>
-
-#include <optional>
 
 namespace velm {
 
@@ -19,14 +18,13 @@ public:
 
     /// Where the source lies, for a message.
     virtual QString lieu() const = 0;
-    /// False when there is no source at all.
-    virtual bool present() const = 0;
+    /// Why there is no source at all; None when there is one.
+    virtual Obstacle obstacle() const = 0;
     /// Names of the source's own files that a pattern ("documents*.jsonl") fits, in the order of their letters.
     virtual QStringList noms(const QString& motif) const = 0;
 
-    virtual bool existe(const QString& nom) const = 0;
-    /// All of a file of the source's own; nothing when it cannot be read.
-    virtual std::optional<QByteArray> lit(const QString& nom) const = 0;
+    /// All of a file of the source's own, or why it cannot be read.
+    virtual FileBytes lit(const QString& nom) const = 0;
     /// True when a name that stands in a document leads out of the source.
     virtual bool dehors(const QString& chemin) const = 0;
 };
@@ -37,10 +35,9 @@ public:
     explicit DossierDeFichiers(const QString& dossier) : lieu_(dossier), dossier_(dossier) {}
 
     QString lieu() const override { return lieu_; }
-    bool present() const override;
+    Obstacle obstacle() const override;
     QStringList noms(const QString& motif) const override;
-    bool existe(const QString& nom) const override;
-    std::optional<QByteArray> lit(const QString& nom) const override;
+    FileBytes lit(const QString& nom) const override;
     bool dehors(const QString& chemin) const override;
 
 private:

@@ -5,6 +5,7 @@
 #include "collection/ecritrtf.h"
 #include "collection/jetons.h"
 #include "platform/richtext/rtf.h"
+#include "platform/system/files.h"
 
 #include <QDir>
 
@@ -143,18 +144,20 @@ private:
             signale_(probleme::horsdudossier, rtf_, false);
             return;
         }
-        const auto lu = fichiers_.lit(QDir::cleanPath(rtf_));
-        if (!lu) {
-            signale_(probleme::rtfabsent, rtf_, false);
+        const FileBytes lu = fichiers_.lit(QDir::cleanPath(rtf_));
+        if (!lu.ok()) {
+            const bool absent = lu.error.kind == Obstacle::Missing;
+            signale_(absent ? probleme::rtfabsent : probleme::illisible, rtf_, false,
+                     absent ? Obstacle::None : lu.error.kind);
             return;
         }
-        const QByteArray& contenu = *lu;
         RichText texte;
-        if (!readRtf(contenu, texte)) {
+        if (!readRtf(lu.bytes, texte)) {
             signale_(probleme::pasdurtf, rtf_, false);
             return;
         }
-        fiche_.rtf = septbits(contenu);
+        fiche_.fichierrtf = rtf_;
+        fiche_.rtf = septbits(lu.bytes);
         // Binary data stands in it: written anew, it is in seven bits.
         if (fiche_.rtf.isEmpty())
             fiche_.rtf = writeRtf(texte);

@@ -7,8 +7,19 @@
 
 namespace velm {
 
-/// Reports a problem of the line being read.
-using Signale = std::function<void(int id, const QString& argument, bool avertissement)>;
+/// Reports a problem of the line being read: who made it puts file and line in.
+class Signale {
+public:
+    template <typename Dit>
+    explicit Signale(Dit dit) : dit_(std::move(dit)) {}
+
+    void operator()(int id, const QString& argument, bool avertissement, Obstacle obstacle = Obstacle::None) const {
+        dit_({id, avertissement, {}, 0, argument.isEmpty() ? QStringList() : QStringList{argument}, obstacle});
+    }
+
+private:
+    std::function<void(Probleme)> dit_;
+};
 
 /// Calls back for each line that is not blank, with its number from 1.
 void parcourtlignes(QByteArrayView contenu, qint64 premiere,
@@ -22,9 +33,8 @@ std::vector<Paragraphe> litparagraphes(QByteArrayView ligne);
 /// Reads a line of arborescence.jsonl.
 bool litnoeud(QByteArrayView ligne, Noeud& noeud, const Signale& signale);
 
-/// Reads collection.json; `ligne` of the problems is that of the place in the file.
-void litcollection(
-    QByteArrayView contenu, Reglagesdecollection& reglages,
-    const std::function<void(qint64 ligne, int id, const QString& argument, bool avertissement)>& signale);
+/// Reads collection.json; the problems have the line of their place in the file.
+void litcollection(QByteArrayView contenu, Reglagesdecollection& reglages,
+                   const std::function<void(Probleme)>& signale);
 
 } // namespace velm

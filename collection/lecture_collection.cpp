@@ -73,14 +73,13 @@ bool litnoeud(QByteArrayView ligne, Noeud& noeud, const Signale& signale) {
 
 namespace {
 
-using SignaleLigne = std::function<void(qint64, int, const QString&, bool)>;
-
 class LectureDeCollection {
 public:
-    LectureDeCollection(QByteArrayView contenu, Reglagesdecollection& reglages, const SignaleLigne& signale)
-        : contenu_(contenu), json_(contenu),
-          signale_([this, &signale](int id, const QString& argument, bool avertissement) {
-              signale(ligne(), id, argument, avertissement);
+    LectureDeCollection(QByteArrayView contenu, Reglagesdecollection& reglages,
+                        const std::function<void(Probleme)>& signale)
+        : contenu_(contenu), json_(contenu), signale_([this, &signale](Probleme p) {
+              p.ligne = ligne();
+              signale(std::move(p));
           }),
           champs_(json_, signale_), reglages_(reglages) {
         reglages_.couleurs.fill(0xFFFFFF);
@@ -187,7 +186,8 @@ private:
 
 } // namespace
 
-void litcollection(QByteArrayView contenu, Reglagesdecollection& reglages, const SignaleLigne& signale) {
+void litcollection(QByteArrayView contenu, Reglagesdecollection& reglages,
+                   const std::function<void(Probleme)>& signale) {
     LectureDeCollection(contenu, reglages, signale).lit();
 }
 

@@ -2,6 +2,7 @@
 
 #include "collection/chaine.h"
 #include "collection/lecture.h"
+#include "platform/system/files.h"
 #include "platform/text/letters.h"
 
 #include <QSet>
@@ -46,8 +47,8 @@ SourceDossier::~SourceDossier() = default;
 SourceDossier::SourceDossier(const QString& source) : SourceDossier(std::make_unique<DossierDeFichiers>(source)) {}
 
 SourceDossier::SourceDossier(std::unique_ptr<const FichiersSource> fichiers) : source_(std::move(fichiers)) {
-    if (!source_->present()) {
-        problemes_.push_back({probleme::illisible, false, {}, 0, {source_->lieu()}});
+    if (const Obstacle obstacle = source_->obstacle(); obstacle != Obstacle::None) {
+        problemes_.push_back({probleme::illisible, false, {}, 0, {source_->lieu()}, obstacle});
         return;
     }
     litreglages();
@@ -69,21 +70,20 @@ qint64 SourceDossier::octets() const {
 }
 
 void SourceDossier::probleme(int fichier, qint64 ligne, int id, const QString& argument, bool avertissement) {
-    problemes_.push_back({id, avertissement, fichier < 0 ? QString() : fichiers_[static_cast<std::size_t>(fichier)].nom,
-                          ligne, argument.isEmpty() ? QStringList() : QStringList{argument}});
+    problemes_.push_back({id, avertissement, fichier < 0 ? QString() : nomdufichier(fichier), ligne,
+                          argument.isEmpty() ? QStringList() : QStringList{argument}});
 }
 
 bool SourceDossier::litfichier(const QString& nom, bool exige) {
-    if (!exige && !source_->existe(nom))
-        return false;
-    auto contenu = source_->lit(nom);
-    if (!contenu) {
-        problemes_.push_back({probleme::illisible, false, nom, 0, {nom}});
+    FileBytes lu = source_->lit(nom);
+    if (!lu.ok()) {
+        if (exige || lu.error.kind != Obstacle::Missing)
+            problemes_.push_back({probleme::illisible, false, nom, 0, {nom}, lu.error.kind});
         return false;
     }
-    if (contenu->startsWith(marqueutf8))
-        contenu->remove(0, marqueutf8.size());
-    fichiers_.push_back({nom, *contenu});
+    if (lu.bytes.startsWith(marqueutf8))
+        lu.bytes.remove(0, marqueutf8.size());
+    fichiers_.push_back({nom, std::move(lu.bytes)});
     return true;
 }
 
@@ -91,10 +91,10 @@ void SourceDossier::litreglages() {
     reglages_.couleurs.fill(0xFFFFFF);
     if (!litfichier(u"collection.json"_s, false))
         return;
-    litcollection(fichiers_.back().contenu, reglages_,
-                  [this](qint64 ligne, int id, const QString& argument, bool avertissement) {
-                      probleme(static_cast<int>(fichiers_.size()) - 1, ligne, id, argument, avertissement);
-                  });
+    litcollection(fichiers_.back().contenu, reglages_, [this](Probleme p) {
+        p.fichier = fichiers_.back().nom;
+        problemes_.push_back(std::move(p));
+    });
 }
 
 void SourceDossier::litnoeuds() {
@@ -103,9 +103,12 @@ void SourceDossier::litnoeuds() {
     fichiernoeuds_ = static_cast<int>(fichiers_.size()) - 1;
     parcourtlignes(fichiers_.back().contenu, 1, [this](QByteArrayView ligne, qint64 numero) {
         Noeud noeud;
-        if (!litnoeud(ligne, noeud, [&](int id, const QString& argument, bool avertissement) {
-                probleme(fichiernoeuds_, numero, id, argument, avertissement);
-            }))
+        const Signale signale([&](Probleme p) {
+            p.fichier = nomdufichier(fichiernoeuds_);
+            p.ligne = numero;
+            problemes_.push_back(std::move(p));
+        });
+        if (!litnoeud(ligne, noeud, signale))
             return;
         if (parnumero_.contains(noeud.numero)) {
             probleme(fichiernoeuds_, numero, probleme::noeudendouble, QString::number(noeud.numero));
@@ -139,10 +142,12 @@ void SourceDossier::litdocuments() {
                 fiche.fichier = fichier;
                 fiche.ligne = numero;
                 fiche.brut = ligne;
-                if (litdocument(ligne, *source_, fiche, [&](int id, const QString& argument, bool avertissement) {
-                        lues[k].problemes.push_back({id, avertissement, nom, numero,
-                                                     argument.isEmpty() ? QStringList() : QStringList{argument}});
-                    }))
+                const Signale signale([&](Probleme p) {
+                    p.fichier = nom;
+                    p.ligne = numero;
+                    lues[k].problemes.push_back(std::move(p));
+                });
+                if (litdocument(ligne, *source_, fiche, signale))
                     lues[k].fiches.push_back(std::move(fiche));
             });
         };
@@ -205,7 +210,7 @@ Corps SourceDossier::corps(qsizetype i) const {
 
 Probleme SourceDossier::lieu(qsizetype i) const {
     const Fiche& f = fiche(i);
-    return {0, false, fichiers_[static_cast<std::size_t>(f.fichier)].nom, f.ligne, {}};
+    return {0, false, nomdufichier(f.fichier), f.ligne, {}, Obstacle::None, f.fichierrtf};
 }
 
 QString SourceDossier::libelledetete(qint64 noeud) const {
@@ -247,7 +252,7 @@ void SourceDossier::verifiedocument(Fiche& f) {
         else if (const Noeud& n = noeuds_[*noeud]; n.collection != collectiondelacle(e.cle)) {
             problemes_.push_back({probleme::autrecollection,
                                   false,
-                                  fichiers_[static_cast<std::size_t>(f.fichier)].nom,
+                                  nomdufichier(f.fichier),
                                   f.ligne,
                                   {QString::number(e.noeud), typedindice(n.collection)}});
         }

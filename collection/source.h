@@ -16,6 +16,7 @@ struct Fiche {
     qint64 ligne = 0;
     QByteArrayView brut;                 ///< the line, for the paragraphs
     QByteArray rtf;                      ///< body from a rich text file; null for paragraphs
+    QString fichierrtf;                  ///< that file, as the line names it
     std::vector<CleDocument> inclusions; ///< keys named in {I=…}
 };
 
@@ -69,6 +70,7 @@ private:
     void verifiedocument(Fiche& fiche);
     void verifieinclusions();
     void probleme(int fichier, qint64 ligne, int id, const QString& argument, bool avertissement = false);
+    const QString& nomdufichier(int fichier) const { return fichiers_[static_cast<std::size_t>(fichier)].nom; }
     QString titredutexte(const Entete& entete) const;
     QString libelledetete(qint64 noeud) const;
 

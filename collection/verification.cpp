@@ -38,7 +38,7 @@ void SourceDossier::verifienoeuds() {
             if (noeuds_[*parent].collection != noeud.collection) {
                 problemes_.push_back({probleme::autrecollection,
                                       false,
-                                      fichiers_[static_cast<std::size_t>(fichiernoeuds_)].nom,
+                                      nomdufichier(fichiernoeuds_),
                                       lignesdesnoeuds_[i],
                                       {QString::number(noeud.parent), typedindice(noeuds_[*parent].collection)}});
             }
@@ -70,13 +70,15 @@ void SourceDossier::verifieinclusions() {
     const auto boucle = [&](std::size_t retour) {
         QStringList cles;
         auto p = std::find_if(chemin.begin(), chemin.end(), [&](const Pas& pas) { return pas.document == retour; });
-        const Fiche& f = fiches_[chemin.back().document];
         for (; p != chemin.end() && cles.size() < plusdeclesnommees; ++p)
             cles << textedelacle(fiches_[p->document].entete.cle);
         if (p != chemin.end())
             cles << u"…"_s;
         cles << textedelacle(fiches_[retour].entete.cle);
-        probleme(f.fichier, f.ligne, probleme::inclusionsenboucle, cles.join(u" → "_s));
+        Probleme tourne = lieu(static_cast<qsizetype>(chemin.back().document));
+        tourne.id = probleme::inclusionsenboucle;
+        tourne.arguments = {cles.join(u" → "_s)};
+        problemes_.push_back(std::move(tourne));
     };
     for (std::size_t depart = 0; depart < fiches_.size(); ++depart) {
         if (etats[depart] != Etat::Neuf || fiches_[depart].inclusions.empty())

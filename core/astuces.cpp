@@ -3,8 +3,6 @@
 #include "platform/system/files.h"
 #include "platform/text/ansi.h"
 
-#include <QFile>
-
 namespace velm {
 
 namespace {
@@ -35,12 +33,10 @@ QString Astuces::cheminfichier(const QString& dossierapplication, const QString&
 bool Astuces::loadtips(const QString& fichier) {
     astuces_.clear();
     courante_ = 0;
-    if (fichier.isEmpty() || !fileExists(fichier))
+    const FileBytes source = readPlain(fichier);
+    if (!source.ok())
         return false;
-    QFile source(fichier);
-    if (!source.open(QIODevice::ReadOnly))
-        return false;
-    astuces_ = lignes(ansi::decodeFile(source.readAll()));
+    astuces_ = lignes(ansi::decodeFile(source.bytes));
     nexttip();
     return true;
 }

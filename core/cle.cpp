@@ -25,6 +25,13 @@ Cle decoupecle(QStringView cle) {
     return {cle.left(2).toString(), cle.sliced(std::min<qsizetype>(2, cle.size())).toString()};
 }
 
+std::optional<Cle> clesaisie(QStringView texte) {
+    const auto numero = texte.size() > 2 ? wholeNumber(texte.sliced(2)) : std::nullopt;
+    if (!numero)
+        return std::nullopt;
+    return Cle{texte.first(2).toString().toUpper(), sixchiffres(*numero)};
+}
+
 bool estcle(QStringView cle) {
     return cle.size() == 8 && codesmarques.contains(cle.left(2));
 }

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <optional>
+
 namespace velm {
 
 /// The order of the eleven collections wherever they are listed, looped over or counted.
@@ -33,6 +35,10 @@ struct Cle {
     QString texte() const { return code + numero; }
 };
 Cle decoupecle(QStringView cle);
+
+/// A key as somebody writes it: two letters in either case, and a whole number ("co88" is CO000088). Nothing for any
+/// other text.
+std::optional<Cle> clesaisie(QStringView texte);
 
 /// True for exactly eight characters whose first two are found in `codesmarques`: what counts as a key in the markup.
 bool estcle(QStringView cle);

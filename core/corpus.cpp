@@ -20,6 +20,7 @@ OpenError Corpus::connecte(const QString& chemin) {
     if (!ouverte.database)
         ouverte = Database::open(chemin, OpenMode::ExclusiveReadOnly, corpusSchema());
     base_ = std::move(ouverte.database);
+    echec_ = {ouverte.obstacle, ouverte.message};
     return ouverte.error;
 }
 

@@ -16,6 +16,12 @@ public:
 
     /// Opens the base at a path: shared first, then exclusive and read-only. No table is opened yet.
     OpenError connecte(const QString& chemin);
+    /// Why the last attempt failed.
+    struct Echec {
+        Obstacle kind = Obstacle::None;
+        QString words;
+    };
+    const Echec& echec() const { return echec_; }
     bool connecte() const { return base_ != nullptr; }
 
     /// Opens the eight tables in their order. A missing one is not noticed here: its first use is a run-time error.
@@ -49,6 +55,7 @@ private:
     using Table = std::unique_ptr<Recordset>;
     Recordset& table(const Table& table, QStringView nom) const;
     std::unique_ptr<Database> base_;
+    Echec echec_;
     Table donnees_, arborescences_, parametres_, motcles_, typedocument_, liens_, dico_, generelien_;
 };
 

@@ -4,7 +4,7 @@
 
 namespace velm::outil {
 
-QString cheminbase(Contexte& contexte) {
+QString cheminbase(const Contexte& contexte) {
     const QString base = contexte.valeur(QStringLiteral("--base"));
     return base.isEmpty() ? joinPath(contexte.dossierprogramme(), u"velm2000.dat") : base;
 }
@@ -19,7 +19,7 @@ int ouvrebase(Contexte& contexte, Corpus& corpus, const QString& chemin) {
     case OpenError::Foreign:
         return contexte.echoue(Echec, 9332, {chemin});
     default:
-        return contexte.echoue(Echec, 9330, {chemin});
+        return contexte.echouefichier(9330, chemin, corpus.echec().kind, corpus.echec().words);
     }
 }
 

@@ -5,8 +5,8 @@
 
 namespace velm::outil {
 
-/// The base that --base names, else the one beside the program. Takes the option out of the arguments.
-QString cheminbase(Contexte& contexte);
+/// The base that --base names, else the one beside the program.
+QString cheminbase(const Contexte& contexte);
 
 /// Opens the base, or says why it cannot be opened.
 int ouvrebase(Contexte& contexte, Corpus& corpus, const QString& chemin);

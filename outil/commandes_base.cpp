@@ -7,6 +7,7 @@
 #include "outil/sortie.h"
 #include "platform/system/files.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -45,31 +46,44 @@ private:
     bool trouve_ = false;
 };
 
-QJsonArray liensjson(const char* nature, const QStringList& cibles, const ListePositions& debuts,
-                     const ListePositions& fins, const QString& texte) {
-    QJsonArray liste;
-    for (qsizetype rang = 0; rang < debuts.nombre(); ++rang) {
-        const qsizetype debut = debuts.valeur(rang);
-        const qsizetype fin = fins.valeur(rang);
-        liste.append(QJsonObject{{QStringLiteral("nature"), QString::fromLatin1(nature)},
-                                 {QStringLiteral("debut"), debut},
-                                 {QStringLiteral("fin"), fin},
-                                 {QStringLiteral("texte"), texte.mid(debut, fin - debut)},
-                                 {QStringLiteral("cible"), cibles.value(rang)}});
-    }
-    return liste;
+struct Lien {
+    QString nature;
+    qsizetype debut;
+    qsizetype fin;
+    QString cible;
+};
+
+/// All links of the document: those to other documents, addresses of the web, addresses of mail.
+template <typename Fait>
+void chaquelien(const ListesLiens& l, Fait&& fait) {
+    const auto liste = [&](const QString& nature, const QStringList& cibles, const ListePositions& debuts,
+                           const ListePositions& fins) {
+        for (qsizetype rang = 0; rang < debuts.nombre(); ++rang)
+            fait(Lien{nature, debuts.valeur(rang), fins.valeur(rang), cibles.value(rang)});
+    };
+    liste(QStringLiteral("lien"), l.Listehyperlien, l.Listestarthyperlien, l.Listeendhyperlien);
+    liste(QStringLiteral("url"), l.ListeUrl, l.ListeStartUrl, l.ListeEndUrl);
+    liste(QStringLiteral("mail"), l.ListeEmail, l.ListeStartEmail, l.ListeEndEmail);
 }
 
-QJsonArray tousliens(const ListesLiens& listes, const QString& texte) {
-    QJsonArray tous =
-        liensjson("lien", listes.Listehyperlien, listes.Listestarthyperlien, listes.Listeendhyperlien, texte);
-    for (const QJsonArray& autres :
-         {liensjson("url", listes.ListeUrl, listes.ListeStartUrl, listes.ListeEndUrl, texte),
-          liensjson("mail", listes.ListeEmail, listes.ListeStartEmail, listes.ListeEndEmail, texte)}) {
-        for (const auto& lien : autres)
-            tous.append(lien);
-    }
+QJsonArray liensjson(const ListesLiens& listes, const QString& texte) {
+    QJsonArray tous;
+    chaquelien(listes, [&](const Lien& lien) {
+        tous.append(QJsonObject{{QStringLiteral("nature"), lien.nature},
+                                {QStringLiteral("debut"), lien.debut},
+                                {QStringLiteral("fin"), lien.fin},
+                                {QStringLiteral("texte"), texte.mid(lien.debut, lien.fin - lien.debut)},
+                                {QStringLiteral("cible"), lien.cible}});
+    });
     return tous;
+}
+
+void ecritliens(const Contexte& contexte, const ListesLiens& listes, const QString& texte) {
+    chaquelien(listes, [&](const Lien& lien) {
+        contexte.ligne(QStringList{QString::number(lien.debut), QString::number(lien.fin), lien.nature, lien.cible,
+                                   texte.mid(lien.debut, lien.fin - lien.debut)}
+                           .join(u'\t'));
+    });
 }
 
 QJsonObject proprietes(const QString& cle, const DocumentAffiche& d) {
@@ -98,26 +112,17 @@ struct Demande {
 
 void ecritdocument(Contexte& contexte, const QString& cle, FormulaireMuet& formulaire, const Demande& demande) {
     const QString texte = formulaire.rtfRichTextBox1().text();
-    const QJsonArray liens = tousliens(*formulaire.listes(), texte);
     if (demande.json) {
         QJsonObject objet = proprietes(cle, formulaire.document());
         objet.insert(QStringLiteral("texte"), texte);
-        objet.insert(QStringLiteral("liens"), liens);
+        objet.insert(QStringLiteral("liens"), liensjson(*formulaire.listes(), texte));
         if (demande.rtf)
             objet.insert(QStringLiteral("rtf"), QString::fromLatin1(formulaire.rtfRichTextBox1().textRtf()));
         contexte.ecrit(jsonligne(QJsonDocument(objet)));
     } else if (demande.rtf) {
         contexte.ecrit(formulaire.rtfRichTextBox1().textRtf());
     } else if (demande.liens) {
-        for (const auto& lien : liens) {
-            const QJsonObject o = lien.toObject();
-            contexte.ligne(QStringList{QString::number(o.value(QStringLiteral("debut")).toInteger()),
-                                       QString::number(o.value(QStringLiteral("fin")).toInteger()),
-                                       o.value(QStringLiteral("nature")).toString(),
-                                       o.value(QStringLiteral("cible")).toString(),
-                                       o.value(QStringLiteral("texte")).toString()}
-                               .join(u'\t'));
-        }
+        ecritliens(contexte, *formulaire.listes(), texte);
     } else {
         QString lignes = texte;
         contexte.ecrit(lignes.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).toUtf8() + '\n');
@@ -132,12 +137,7 @@ int document(Contexte& contexte) {
     demande.rtf = contexte.option(QStringLiteral("--rtf"));
     demande.liens = contexte.option(QStringLiteral("--liens"));
     demande.condense = contexte.option(QStringLiteral("--condense"));
-    contexte.option(QStringLiteral("--texte")); // what is written without any option
     const QString base = cheminbase(contexte);
-    if (!contexte.optioninconnue().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
-    if (contexte.arguments().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9393)});
 
     Corpus corpus;
     if (const int code = ouvrebase(contexte, corpus, base); code != Reussite)
@@ -152,7 +152,10 @@ int document(Contexte& contexte) {
     const TableStyles styles = litstyles(reglages, contexte.langue(), littextesconstants(contexte.langue()));
     SablierMuet sablier;
     FormulaireMuet formulaire;
-    const Cle cle = decoupecle(contexte.arguments().first());
+    const std::optional<Cle> saisie = clesaisie(contexte.arguments().first());
+    if (!saisie)
+        return contexte.echoue(DocumentAbsent, 9334, contexte.arguments());
+    const Cle& cle = *saisie;
     affichedocument(formulaire, cle.code, cle.numero, demande.condense, QString(),
                     {corpus, styles, sablier, [&](int indice) { return contexte.texte(indice + 10); }});
     if (!formulaire.trouve())
@@ -163,10 +166,6 @@ int document(Contexte& contexte) {
 
 int info(Contexte& contexte) {
     const bool json = contexte.option(QStringLiteral("--json"));
-    if (!contexte.optioninconnue().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
-    if (contexte.arguments().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9392)});
     const QString chemin = contexte.arguments().first();
     Corpus corpus;
     if (const int code = ouvrebase(contexte, corpus, chemin); code != Reussite)
@@ -218,18 +217,21 @@ int info(Contexte& contexte) {
 }
 
 int dossiers(Contexte& contexte) {
-    if (!contexte.optioninconnue().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
-    if (contexte.arguments().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9392)});
     const QString chemin = contexte.arguments().first();
     const auto cree = Database::create(chemin, dossiersSchema());
     if (!cree.database)
-        return contexte.echoue(Echec, 9331, {chemin, cree.message});
-    TableWriter parametres(*cree.database, QStringLiteral("paramètres"), {QStringLiteral("dernoarborescence")});
-    if (!parametres.add({0}))
-        return contexte.echoue(Echec, 9331, {chemin, cree.database->lastError()});
-    return Reussite;
+        return contexte.echouefichier(9331, chemin, cree.obstacle, cree.message);
+    Database& base = *cree.database;
+    TableWriter parametres(base, QStringLiteral("paramètres"), {QStringLiteral("dernoarborescence")});
+    if (parametres.add({0}) && parametres.finish() && base.sync())
+        return Reussite;
+    const Obstacle obstacle = base.obstacle();
+    const QString mots = base.lastError();
+    parametres.finish();
+    base.close();
+    // Half a store is none.
+    QFile::remove(chemin);
+    return contexte.echouefichier(9331, chemin, obstacle, mots);
 }
 
 } // namespace velm::outil

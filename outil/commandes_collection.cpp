@@ -80,7 +80,7 @@ int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QStri
     case ResultatCompilation::Etat::DisquePlein:
         return contexte.echoue(Echec, 9337);
     case ResultatCompilation::Etat::EcritureImpossible:
-        return contexte.echoue(Echec, 9331, {base, resultat.raison});
+        return contexte.echouefichier(9331, base, resultat.obstacle, resultat.raison);
     }
     if (!json) {
         const ComptesDeBase& c = resultat.comptes;
@@ -96,10 +96,6 @@ int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QStri
 int compiler(Contexte& contexte) {
     const bool json = contexte.option(QStringLiteral("--json"));
     const bool textes = !contexte.option(QStringLiteral("--sans-texte"));
-    if (!contexte.optioninconnue().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
-    if (contexte.arguments().size() < 2)
-        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9390)});
     const QString base = contexte.arguments().at(1);
     return conclut(contexte, compile(contexte.arguments().first(), base, progresterminal(contexte), textes), base,
                    json);
@@ -109,10 +105,6 @@ int synthese(Contexte& contexte) {
     const bool json = contexte.option(QStringLiteral("--json"));
     const bool textes = !contexte.option(QStringLiteral("--sans-texte"));
     const QString mots = contexte.valeur(QStringLiteral("--mots"));
-    if (!contexte.optioninconnue().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
-    if (contexte.arguments().size() < 2)
-        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9391)});
     const auto documents = wholeNumber(contexte.arguments().first());
     constexpr qint64 leplus = qint64{11} * 999999;
     if (!documents || *documents < 1 || *documents > leplus)

@@ -82,8 +82,6 @@ int litdemande(Contexte& contexte, Demande& demande) {
             return refuse(contexte, types, u"--types"_s);
         demande.lettres = *lettres;
     }
-    if (!contexte.arguments().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9338, {contexte.arguments().first()});
     return Reussite;
 }
 
@@ -195,12 +193,8 @@ int criteres(Contexte& contexte) {
 
 int cv2(Contexte& contexte) {
     const bool json = contexte.option(u"--json"_s);
-    if (!contexte.optioninconnue().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
-    if (contexte.arguments().size() != 1)
-        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9476)});
     const QString chemin = contexte.arguments().first();
-    const std::optional<QByteArray> octets = litfichier(contexte, chemin);
+    const std::optional<QByteArray> octets = litfichier(contexte, chemin, FileKind::Plain);
     if (!octets)
         return Echec;
     const std::optional<FichierCriteres> fichier = litfichiercriteres(*octets);

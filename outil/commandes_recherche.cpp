@@ -18,15 +18,11 @@ struct Demande {
     bool json = false;
 };
 
-int litdemande(Contexte& contexte, int nomdesarguments, Demande& demande) {
+int litdemande(Contexte& contexte, Demande& demande) {
     demande.json = contexte.option(QStringLiteral("--json"));
     demande.base = cheminbase(contexte);
     const QString types = contexte.valeur(QStringLiteral("--types"));
     const QString limite = contexte.valeur(QStringLiteral("--limite"));
-    if (!contexte.optioninconnue().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
-    if (contexte.arguments().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(nomdesarguments)});
     demande.texte = contexte.arguments().join(u' ');
     if (!types.isEmpty()) {
         const auto lettres = lettresdescodes(types.toUpper());
@@ -48,7 +44,7 @@ int litdemande(Contexte& contexte, int nomdesarguments, Demande& demande) {
 int mots(Contexte& contexte) {
     const bool ou = contexte.option(QStringLiteral("--ou"));
     Demande demande;
-    if (const int code = litdemande(contexte, 9452, demande); code != Reussite)
+    if (const int code = litdemande(contexte, demande); code != Reussite)
         return code;
     Banc banc(contexte);
     if (const int code = ouvrebase(contexte, banc.corpus, demande.base); code != Reussite)
@@ -64,7 +60,7 @@ int mots(Contexte& contexte) {
 
 int rapide(Contexte& contexte) {
     Demande demande;
-    if (const int code = litdemande(contexte, 9453, demande); code != Reussite)
+    if (const int code = litdemande(contexte, demande); code != Reussite)
         return code;
     Banc banc(contexte);
     if (const int code = ouvrebase(contexte, banc.corpus, demande.base); code != Reussite)

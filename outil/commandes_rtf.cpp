@@ -8,37 +8,33 @@ namespace velm::outil {
 namespace {
 
 /// Runs `fait` on the bytes of the one file that the command names.
-int surunfichier(Contexte& contexte, const std::function<QByteArray(QByteArrayView)>& fait) {
-    if (!contexte.optioninconnue().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9338, {contexte.optioninconnue()});
-    if (contexte.arguments().isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(9394)});
-    const auto octets = litfichier(contexte, contexte.arguments().first());
+int surunfichier(Contexte& contexte, const std::function<void(QByteArrayView)>& fait) {
+    const auto octets = litfichier(contexte, contexte.arguments().first(), FileKind::Any);
     if (!octets)
         return Echec;
-    contexte.ecrit(fait(*octets));
+    fait(*octets);
     return Reussite;
 }
 
 } // namespace
 
 int texte(Contexte& contexte) {
-    return surunfichier(contexte, [](QByteArrayView octets) { return rtfToText(octets).toUtf8(); });
+    return surunfichier(contexte, [&](QByteArrayView octets) { contexte.ecrit(rtfToText(octets).toUtf8()); });
 }
 
 int rtf(Contexte& contexte) {
-    return surunfichier(contexte, [](QByteArrayView octets) {
+    return surunfichier(contexte, [&](QByteArrayView octets) {
         RichText lu;
         readRtf(octets, lu);
-        return writeRtf(lu);
+        contexte.ecrit(writeRtf(lu));
     });
 }
 
 int formats(Contexte& contexte) {
-    return surunfichier(contexte, [](QByteArrayView octets) {
+    return surunfichier(contexte, [&](QByteArrayView octets) {
         RichText lu;
         readRtf(octets, lu);
-        return formatsJson(lu);
+        formatsJson(lu, [&](QByteArrayView morceau) { contexte.ecrit(morceau); });
     });
 }
 

@@ -1,40 +1,20 @@
 #include "outil/sortie.h"
 
-#include <QFile>
+#include "core/obstacles.h"
 
 #include <cstdio>
 
 namespace velm::outil {
 
-Contexte::Contexte(Langue& langue, QStringList arguments, QString dossierprogramme)
-    : langue_(langue), arguments_(std::move(arguments)), dossierprogramme_(std::move(dossierprogramme)) {}
-
-bool Contexte::option(const QString& nom) {
-    return arguments_.removeAll(nom) > 0;
-}
-
-QString Contexte::valeur(const QString& nom) {
-    const qsizetype place = arguments_.indexOf(nom);
-    if (place < 0 || place + 1 >= arguments_.size())
-        return {};
-    arguments_.removeAt(place);
-    return arguments_.takeAt(place);
-}
-
-QString Contexte::optioninconnue() const {
-    for (const QString& argument : arguments_) {
-        if (argument.startsWith(QStringLiteral("--")))
-            return argument;
-    }
-    return {};
-}
+Contexte::Contexte(Langue& langue, QString dossierprogramme)
+    : langue_(langue), dossierprogramme_(std::move(dossierprogramme)) {}
 
 QString Contexte::texte(int id, const QStringList& parties) {
     return remplace(texte(id), parties);
 }
 
-void Contexte::ecrit(const QByteArray& octets) const {
-    std::fwrite(octets.constData(), 1, static_cast<std::size_t>(octets.size()), stdout);
+void Contexte::ecrit(QByteArrayView octets) const {
+    std::fwrite(octets.data(), 1, static_cast<std::size_t>(octets.size()), stdout);
 }
 
 void Contexte::ligne(const QString& texte) const {
@@ -51,13 +31,16 @@ int Contexte::echoue(Code code, int id, const QStringList& parties) {
     return code;
 }
 
-std::optional<QByteArray> litfichier(Contexte& contexte, const QString& chemin) {
-    QFile fichier(chemin);
-    if (!fichier.open(QIODevice::ReadOnly)) {
-        contexte.echoue(Echec, 9330, {chemin});
-        return std::nullopt;
-    }
-    return fichier.readAll();
+int Contexte::echouefichier(int id, const QString& chemin, Obstacle obstacle, const QString& mots) {
+    return echoue(Echec, id, {chemin, raison(obstacle, mots, [this](int n) { return texte(n); })});
+}
+
+std::optional<QByteArray> litfichier(Contexte& contexte, const QString& chemin, FileKind sorte) {
+    FileBytes lu = readFile(chemin, sorte);
+    if (lu.ok())
+        return std::move(lu.bytes);
+    contexte.echouefichier(9330, chemin, lu.error.kind, lu.error.words);
+    return std::nullopt;
 }
 
 } // namespace velm::outil

@@ -1,8 +1,11 @@
 #pragma once
 // What every command of the tool gets: the texts, its arguments, and two places to write.
 #include "core/langue.h"
+#include "platform/system/files.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
@@ -19,14 +22,16 @@ enum Code {
 
 class Contexte {
 public:
-    Contexte(Langue& langue, QStringList arguments, QString dossierprogramme);
+    Contexte(Langue& langue, QString dossierprogramme);
 
-    /// Takes an option out of the arguments: true when it was there.
-    bool option(const QString& nom);
-    /// Takes an option and its value out; an empty text when it was not there.
-    QString valeur(const QString& nom);
-    /// The first option that nobody took.
-    QString optioninconnue() const;
+    /// What the command line holds, told by its reader.
+    void prendoption(const QString& nom, const QString& valeur) { options_.insert(nom, valeur); }
+    void prendarguments(const QStringList& arguments) { arguments_ << arguments; }
+
+    /// True when the line has this option.
+    bool option(const QString& nom) const { return options_.contains(nom); }
+    /// The value of an option; an empty text without it.
+    QString valeur(const QString& nom) const { return options_.value(nom); }
     const QStringList& arguments() const { return arguments_; }
 
     QString texte(int id) { return langue_.lireressource(id); }
@@ -34,21 +39,24 @@ public:
     Langue& langue() { return langue_; }
     QString dossierprogramme() const { return dossierprogramme_; }
 
-    void ecrit(const QByteArray& octets) const;
+    void ecrit(QByteArrayView octets) const;
     void ligne(const QString& texte) const;
     void erreur(const QString& texte) const;
 
     /// Says what is wrong and gives the code back.
     int echoue(Code code, int id, const QStringList& parties = {});
+    /// Says that a file cannot be read (9330) or written (9331), and why.
+    int echouefichier(int id, const QString& chemin, Obstacle obstacle, const QString& mots);
 
 private:
     Langue& langue_;
+    QHash<QString, QString> options_;
     QStringList arguments_;
     QString dossierprogramme_;
 };
 
 /// A whole file, or nothing with the failure said.
-std::optional<QByteArray> litfichier(Contexte& contexte, const QString& chemin);
+std::optional<QByteArray> litfichier(Contexte& contexte, const QString& chemin, FileKind sorte);
 
 int compiler(Contexte& contexte);
 int synthese(Contexte& contexte);

@@ -19,15 +19,14 @@ ChoixFichier FichiersCriteres::choix() const {
 /// beginning is read, however long it is.
 std::optional<QByteArray> FichiersCriteres::lit(const QString& chemin) {
     const Attente attente(sablier_);
-    QFile fichier(chemin);
-    if (!fileExists(chemin) || !fichier.open(QIODevice::ReadOnly))
+    QFile fichier;
+    if (!openPlain(fichier, chemin).ok())
         return std::nullopt;
-    QByteArray octets = fichier.read(FichierCriteres::entete.size() + 2);
-    if (litfichiercriteres(octets))
-        octets += fichier.readAll();
-    if (fichier.error() != QFileDevice::NoError)
-        return std::nullopt;
-    return octets;
+    const QByteArray debut = fichier.read(FichierCriteres::entete.size() + 2);
+    if (fichier.error() == QFileDevice::NoError && !litfichiercriteres(debut))
+        return debut;
+    const FileBytes suite = readRest(fichier);
+    return suite.ok() ? std::optional(debut + suite.bytes) : std::nullopt;
 }
 
 std::optional<FichierCriteres> FichiersCriteres::ouvrircriteres(const QString& nom) {

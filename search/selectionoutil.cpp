@@ -13,10 +13,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 QStringList lignesdufichier(const QString& chemin) {
-    QFile fichier(chemin);
-    if (!fichier.open(QIODevice::ReadOnly))
-        return {};
-    QString texte = ansi::decodeFile(fichier.readAll());
+    QString texte = ansi::decodeFile(readPlain(chemin).bytes);
     texte.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
     if (texte.endsWith(u'\n'))
         texte.chop(1);

@@ -1,63 +1,18 @@
 #include "platform/engine/database_p.h"
-#include "platform/engine/format.h"
+#include "platform/engine/enginefault.h"
+#include "platform/engine/opening.h"
 #include "platform/engine/recordset_p.h"
-#include "platform/text/letters.h"
 
 #include <QDir>
 #include <QFile>
-#include <QUrl>
 
-#include <algorithm>
+#include <cerrno>
 
 namespace velm {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-constexpr int busyMilliseconds = 5000;
-constexpr int longestValue = 256 * 1024 * 1024;
-
-/// The stored key of a text, for bases that another tool has made without it.
-void keyFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
-    if (sqlite3_value_type(values[0]) == SQLITE_NULL)
-        return;
-    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(values[0]));
-    const QByteArray key = sortKey(QString::fromUtf8(text, sqlite3_value_bytes(values[0])));
-    sqlite3_result_blob64(context, key.constData(), static_cast<sqlite3_uint64>(key.size()), SQLITE_TRANSIENT);
-}
-
-/// An absolute path never reads as a URI, whatever the file is called.
-QByteArray plainName(const QString& path) {
-    return QFile::encodeName(path);
-}
-
-QByteArray unchangingName(const QString& path) {
-    qsizetype slashes = 0;
-    while (slashes + 1 < path.size() && path[slashes + 1] == u'/')
-        ++slashes;
-    return "file://" + QUrl::toPercentEncoding(path.mid(slashes), "/") + "?immutable=1";
-}
-
-/// Counting its memory takes the library a lock that all connections share, and nobody asks for the count.
-void keepNoStatistics() {
-    [[maybe_unused]] static const int once = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
-}
-
-/// What a base may not do to us, however it was made.
-void guard(sqlite3* handle) {
-    sqlite3_extended_result_codes(handle, 1);
-    sqlite3_busy_timeout(handle, busyMilliseconds);
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
-    // A literal in double quotes that was not translated is an error, not a text.
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-    sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, longestValue);
-    sqlite3_create_function_v2(handle, "cle_tri", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr,
-                               keyFunction, nullptr, nullptr, nullptr);
-}
+using namespace opening;
 
 const QString readSettings = u"PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA cache_size=-16384; "
                              "PRAGMA temp_store=MEMORY"_s;
@@ -68,76 +23,6 @@ const QString buildSettings =
     "PRAGMA journal_mode=MEMORY; PRAGMA synchronous=OFF; PRAGMA locking_mode=EXCLUSIVE; PRAGMA secure_delete=OFF; "
     "PRAGMA cache_size=-65536; PRAGMA temp_store=MEMORY"_s;
 
-Database::Opened failure(OpenError error, const QString& message) {
-    return {nullptr, error, message};
-}
-
-/// Reads a page, so that nothing that opens is unreadable; takes part in undoing an interrupted change.
-OpenError probe(Database::Private& d) {
-    bool any = false;
-    const QStringList tables = [&d] {
-        QStringList names;
-        sql::Statement statement(d.handle, u"SELECT name FROM sqlite_schema WHERE type='table'"_s);
-        if (!statement.valid())
-            return names;
-        int result = statement.step();
-        for (; result == SQLITE_ROW; result = statement.step())
-            names << sql::toText(statement.cell(0));
-        if (result != SQLITE_DONE)
-            names.clear();
-        return names;
-    }();
-    switch (sqlite3_errcode(d.handle) & 0xFF) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-    case SQLITE_IOERR:
-    case SQLITE_CANTOPEN:
-    case SQLITE_PERM:
-    case SQLITE_AUTH:
-    case SQLITE_NOMEM:
-        d.noteError();
-        return OpenError::Unreadable;
-    case SQLITE_READONLY:
-        d.noteError();
-        return OpenError::ReadOnly;
-    case SQLITE_OK:
-    case SQLITE_ROW:
-    case SQLITE_DONE:
-        break;
-    default:
-        d.noteError();
-        return OpenError::Foreign;
-    }
-    if (isTruncated(d.handle)) {
-        d.error = u"the file is shorter than its header says"_s;
-        return OpenError::Foreign;
-    }
-    for (const TableDef& table : d.schema.tables)
-        any = any || tables.contains(table.name);
-    if (!any) {
-        d.error = u"the file holds none of the tables"_s;
-        return OpenError::Foreign;
-    }
-    return OpenError::None;
-}
-
-/// No error for what may be a base.
-Database::Opened refusal(FileFormat format) {
-    switch (format) {
-    case FileFormat::Missing:
-        return failure(OpenError::Missing, u"unable to open database file"_s);
-    case FileFormat::Unreadable:
-        return failure(OpenError::Unreadable, u"unable to read the file"_s);
-    case FileFormat::OldEngine:
-        return failure(OpenError::OldEngine, u"file of an older engine"_s);
-    case FileFormat::Foreign:
-        return failure(OpenError::Foreign, u"file is not a database"_s);
-    case FileFormat::Base:
-        break;
-    }
-    return failure(OpenError::None, {});
-}
-
 /// What an opened handle still needs to be a base.
 Database::Opened begun(std::unique_ptr<Database> database, bool shared) {
     Database::Private& d = *database->d();
@@ -146,14 +31,14 @@ Database::Opened begun(std::unique_ptr<Database> database, bool shared) {
     d.immutable = !shared;
     d.beginReading();
     if (const OpenError error = probe(d); error != OpenError::None)
-        return failure(error, d.error);
+        return failure(error, d.obstacle, d.error);
     if (shared && sqlite3_db_readonly(d.handle, "main") != 0)
-        return failure(OpenError::ReadOnly, u"attempt to write a readonly database"_s);
+        return failure(OpenError::ReadOnly, Obstacle::ReadOnly, u"attempt to write a readonly database"_s);
     d.updatable = shared;
     if (shared && !d.schema.onlyRead)
         d.run(storeSettings);
-    d.error.clear();
-    return {std::move(database), OpenError::None, {}};
+    d.forgetError();
+    return {std::move(database), OpenError::None, {}, Obstacle::None};
 }
 
 } // namespace
@@ -166,13 +51,9 @@ Database::~Database() {
 
 Database::Opened Database::open(const QString& path, OpenMode mode, const Schema& schema) {
     const QString absolute = QDir::current().absoluteFilePath(path);
-    if (Opened refused = refusal(detectFormat(absolute)); refused.error != OpenError::None)
-        return refused;
     const bool shared = mode == OpenMode::Shared;
-    if (shared && !canBeWritten(absolute))
-        return failure(OpenError::ReadOnly, u"attempt to write a readonly database"_s);
-    if (!shared && hasHotJournal(absolute))
-        return failure(OpenError::Unreadable, u"an interrupted change must be undone first"_s);
+    if (Opened refused = refusal(absolute, shared); refused.error != OpenError::None)
+        return refused;
 
     std::unique_ptr<Database> database(new Database);
     Private& d = *database->d_;
@@ -183,13 +64,13 @@ Database::Opened Database::open(const QString& path, OpenMode mode, const Schema
     keepNoStatistics();
     if (sqlite3_open_v2(name.constData(), &d.handle, flags, nullptr) != SQLITE_OK) {
         d.noteError();
-        return failure(OpenError::Unreadable, d.error);
+        return failure(OpenError::Unreadable, d.obstacle, d.error);
     }
     return begun(std::move(database), shared);
 }
 
 Database::Opened Database::openBytes(const QByteArray& bytes, OpenMode mode, const Schema& schema) {
-    if (Opened refused = refusal(formatOfBytes(bytes)); refused.error != OpenError::None)
+    if (Opened refused = refusal({formatOfBytes(bytes), Obstacle::None}); refused.error != OpenError::None)
         return refused;
     const bool shared = mode == OpenMode::Shared;
     std::unique_ptr<Database> database(new Database);
@@ -199,17 +80,15 @@ Database::Opened Database::openBytes(const QByteArray& bytes, OpenMode mode, con
     keepNoStatistics();
     if (sqlite3_open_v2(":memory:", &d.handle, flags, nullptr) != SQLITE_OK || !d.takeBytes(bytes, shared)) {
         d.noteError();
-        return failure(OpenError::Unreadable, d.error);
+        return failure(OpenError::Unreadable, d.obstacle, d.error);
     }
     return begun(std::move(database), shared);
 }
 
-Database::Opened Database::create(const QString& path, const Schema& schema) {
+Database::Opened Database::create(const QString& path, const Schema& schema, Making making) {
     const QString absolute = QDir::current().absoluteFilePath(path);
-    QFile file(absolute);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        return failure(OpenError::Unreadable, file.errorString());
-    file.close();
+    if (Opened refused = making == Making::New ? makeFile(absolute) : Opened(); refused.error != OpenError::None)
+        return refused;
     std::unique_ptr<Database> database(new Database);
     Private& d = *database->d_;
     d.path = path;
@@ -222,18 +101,18 @@ Database::Opened Database::create(const QString& path, const Schema& schema) {
     if (made) {
         guard(d.handle);
         made = d.run(buildSettings) && database->begin();
+    } else {
+        d.noteError();
     }
     for (const TableDef& table : d.schema.tables)
         made = made && (table.optional || d.make(table));
     made = made && database->commit();
     if (!made) {
-        d.noteError();
-        const QString message = d.error;
         database->close();
         QFile::remove(absolute);
-        return failure(OpenError::Unreadable, message);
+        return failure(OpenError::Unreadable, d.obstacle, d.error);
     }
-    return {std::move(database), OpenError::None, {}};
+    return {std::move(database), OpenError::None, {}, Obstacle::None};
 }
 
 QString Database::path() const {
@@ -296,6 +175,10 @@ QString Database::lastError() const {
     return d_->error;
 }
 
+Obstacle Database::obstacle() const {
+    return d_->obstacle;
+}
+
 bool Database::check(QString* report) {
     if (d_->handle == nullptr)
         return false;
@@ -332,9 +215,11 @@ bool Database::sync() {
         sqlite3_file_control(d_->handle, "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file)) != SQLITE_OK ||
         file == nullptr || file->pMethods == nullptr)
         return false;
+    errno = 0;
     if (file->pMethods->xSync(file, SQLITE_SYNC_FULL) == SQLITE_OK)
         return true;
-    d_->error = u"disk I/O error"_s;
+    const Obstacle why = obstacleOf(errno);
+    d_->note(why == Obstacle::Full ? why : Obstacle::Device, u"disk I/O error"_s);
     return false;
 }
 
@@ -361,10 +246,11 @@ void Database::Private::beginReading() {
 
 bool Database::Private::writesPossible() {
     if (!updatable) {
-        error = u"attempt to write a readonly database"_s;
+        note(Obstacle::ReadOnly, u"attempt to write a readonly database"_s);
         return false;
     }
     if (writing && sqlite3_get_autocommit(handle) != 0) {
+        // Of the kind of what made the engine do that.
         error = u"the transaction was rolled back: "_s + error;
         return false;
     }
@@ -372,7 +258,16 @@ bool Database::Private::writesPossible() {
 }
 
 void Database::Private::noteError() {
-    error = QString::fromUtf8(sqlite3_errmsg(handle));
+    note(obstacleOf(handle), QString::fromUtf8(sqlite3_errmsg(handle)));
+}
+
+void Database::Private::note(Obstacle kind, const QString& words) {
+    obstacle = kind;
+    error = words;
+}
+
+void Database::Private::forgetError() {
+    note(Obstacle::None, QString());
 }
 
 bool Database::Private::run(const QString& statement) {

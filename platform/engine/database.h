@@ -1,6 +1,7 @@
 #pragma once
 // A base of tables over SQLite, in the words the logic speaks: tables with named indexes, seeks, moves, bookmarks.
 #include "platform/engine/schema.h"
+#include "platform/text/obstacle.h"
 
 #include <QByteArray>
 #include <QString>
@@ -20,7 +21,7 @@ enum class OpenMode {
 enum class OpenError {
     None,
     Missing,    ///< no such file; opening never creates one
-    Unreadable, ///< no permission, a folder, a device error
+    Unreadable, ///< no permission, a folder, a device error: `Opened::obstacle` tells which
     OldEngine,  ///< the signature of an older engine's file: another reader's business
     Foreign,    ///< not a base: empty, truncated, or of another kind
     ReadOnly    ///< Shared was asked for, and the file or its folder cannot be written
@@ -39,7 +40,8 @@ public:
     struct Opened {
         std::unique_ptr<Database> database; ///< null when it failed
         OpenError error = OpenError::None;
-        QString message; ///< the engine's own words, for a report
+        QString message;                    ///< the engine's own words, for a report
+        Obstacle obstacle = Obstacle::None; ///< which of the kinds that a message tells apart
     };
 
     /// Opens an existing file and reads from it, so that a file of another kind fails here. The one place where file
@@ -50,11 +52,15 @@ public:
     /// empty. Changes that Shared allows stay in the open base and go with it.
     static Opened openBytes(const QByteArray& bytes, OpenMode mode, const Schema& schema);
 
-    /// Makes an empty base with the tables of the schema that are not optional; fails when the file exists. Only for
-    /// makers of bases: quick, locked for everybody else until close(), and without a store's care for what is on the
-    /// disk before sync(). The same rows written in the same steps by the same version of the engine give the same
-    /// bytes.
-    static Opened create(const QString& path, const Schema& schema);
+    enum class Making {
+        New,      ///< fails when the file exists
+        OverEmpty ///< into the empty file that is there
+    };
+
+    /// Makes an empty base with the tables of the schema that are not optional. Only for makers of bases: quick, locked
+    /// for everybody else until close(), and without a store's care for what is on the disk before sync(). The same
+    /// rows written in the same steps by the same version of the engine give the same bytes.
+    static Opened create(const QString& path, const Schema& schema, Making making = Making::New);
 
     ~Database();
     Database(const Database&) = delete;
@@ -88,7 +94,9 @@ public:
 
     /// Runs statements without result (makers of bases, tests). False and lastError() on failure.
     bool execute(const QString& sql);
+    /// The last failure of this base, of its recordsets and of its writers: the engine's words, and their kind.
     QString lastError() const;
+    Obstacle obstacle() const;
 
     /// True when the whole file passes the engine's own check; slow, on demand only.
     bool check(QString* report = nullptr);

@@ -18,6 +18,7 @@ struct Database::Private {
     int writers = 0;        ///< table writers that share one transaction
     bool writersBegan = false;
     QString error;
+    Obstacle obstacle = Obstacle::None; ///< the kind of `error`
     std::vector<Recordset::Private*> recordsets;
     std::vector<Snapshot::Private*> snapshots;
 
@@ -32,8 +33,10 @@ struct Database::Private {
     bool streams() const { return reading || immutable; }
     /// True when writes may go on: false after the engine has rolled an open transaction back by itself.
     bool writesPossible();
-    /// Keeps the engine's words.
+    /// Keeps the engine's words and their kind.
     void noteError();
+    void note(Obstacle kind, const QString& words);
+    void forgetError();
     bool run(const QString& statement);
     /// Makes a table with its side table and its indexes.
     bool make(const TableDef& table);

@@ -35,12 +35,13 @@ bool Recordset::Private::together(Work work) {
     if (work() && db->run(u"RELEASE rangee"_s))
         return true;
     const QString reason = db->error;
+    const Obstacle kind = db->obstacle;
     // After a full disk the engine may have undone everything by itself, the savepoint too.
     if (sqlite3_get_autocommit(db->handle) == 0) {
         db->run(u"ROLLBACK TO rangee"_s);
         db->run(u"RELEASE rangee"_s);
     }
-    db->error = reason;
+    db->note(kind, reason);
     return false;
 }
 

@@ -5,13 +5,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstring>
-#include <vector>
-
-#ifdef Q_OS_UNIX
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
-#endif
+#include <vector>
 
 namespace velm {
 namespace {
@@ -72,32 +71,34 @@ private:
     bool open_ = false;
 };
 
-bool writable(const QString& path) {
-#ifdef Q_OS_UNIX
-    return faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
-#else
-    return QFileInfo(path).isWritable();
-#endif
+/// Asks for the rights that files are opened with.
+bool permits(const QString& path, int access) {
+    return faccessat(AT_FDCWD, QFile::encodeName(path).constData(), access, AT_EACCESS) == 0;
 }
 
 } // namespace
 
-FileFormat detectFormat(const QString& path) {
-    const QFileInfo info(path);
-    if (!info.exists())
-        return FileFormat::Missing;
+DetectedFormat detectFormat(const QString& path) {
+    struct stat info {};
+    if (stat(QFile::encodeName(path).constData(), &info) != 0) {
+        const Obstacle why = obstacleOf(errno);
+        return {why == Obstacle::Missing ? FileFormat::Missing : FileFormat::Unreadable, why};
+    }
     // A pipe or a device would keep the program waiting.
-    if (!info.isFile())
-        return FileFormat::Unreadable;
+    if (!S_ISREG(info.st_mode))
+        return {FileFormat::Unreadable, Obstacle::NotPlain};
+    if (!permits(path, R_OK))
+        return {FileFormat::Unreadable, obstacleOf(errno)};
     // The file layer itself follows no symbolic links.
-    RawFile file(info.canonicalFilePath());
+    RawFile file(QFileInfo(path).canonicalFilePath());
     if (!file.isOpen())
-        return FileFormat::Unreadable;
+        return {FileFormat::Unreadable, Obstacle::Other};
     Header header{};
     const int result = file.read(header);
-    if (result == SQLITE_IOERR_SHORT_READ)
-        return formatOf(header, 0);
-    return result == SQLITE_OK ? formatOf(header, headerSize) : FileFormat::Unreadable;
+    if (result != SQLITE_OK && result != SQLITE_IOERR_SHORT_READ)
+        return {FileFormat::Unreadable, Obstacle::Device};
+    // The bytes that are missing read as zeros; a file of an old engine is recognised by its first page alone.
+    return {formatOf(header, result == SQLITE_OK ? headerSize : 0), Obstacle::None};
 }
 
 FileFormat formatOfBytes(QByteArrayView bytes) {
@@ -107,16 +108,22 @@ FileFormat formatOfBytes(QByteArrayView bytes) {
 }
 
 bool canBeWritten(const QString& path) {
-    return writable(path) && writable(QFileInfo(path).absolutePath());
+    return permits(path, W_OK) && permits(QFileInfo(path).absolutePath(), W_OK);
 }
 
-bool hasHotJournal(const QString& path) {
-    QFile journal(path + u"-journal"_s);
+Journal journalOf(const QString& path) {
+    const QString name = path + u"-journal"_s;
+    struct stat info {};
+    if (stat(QFile::encodeName(name).constData(), &info) != 0)
+        return Journal::None;
+    if (!S_ISREG(info.st_mode))
+        return Journal::NoFile;
+    QFile journal(name);
     if (!journal.open(QIODevice::ReadOnly))
-        return false;
+        return Journal::None;
     // A finished change leaves no journal, an empty one or one whose beginning is wiped out.
     const QByteArray beginning = journal.read(8);
-    return !beginning.isEmpty() && beginning != QByteArray(beginning.size(), '\0');
+    return beginning.isEmpty() || beginning == QByteArray(beginning.size(), '\0') ? Journal::None : Journal::Hot;
 }
 
 bool isTruncated(sqlite3* handle) {

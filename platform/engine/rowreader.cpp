@@ -44,6 +44,8 @@ RowReader::Found RowReader::read(qint64 row) {
     d_->onRow = result == SQLITE_ROW;
     if (d_->onRow)
         return Found::Row;
+    if (result != SQLITE_DONE)
+        d_->db->noteError();
     d_->statement.reset();
     return result == SQLITE_DONE ? Found::NoRow : Found::Failed;
 }

@@ -18,7 +18,7 @@ public:
 
     bool usable() const;
 
-    /// Reads a row by its id. What cannot be read is no run-time error here.
+    /// Reads a row by its id. What cannot be read is no run-time error here: the base's lastError() tells.
     Found read(qint64 row);
     /// The last read row is no longer needed: what was given out of it becomes invalid, and no lock stays.
     void release();

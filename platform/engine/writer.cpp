@@ -10,7 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 bool Database::makeTable(const QString& name) {
     const TableDef* table = d_->handle != nullptr ? d_->schema.table(name) : nullptr;
     if (table == nullptr) {
-        d_->error = u"no such table: "_s + name;
+        d_->note(Obstacle::Other, u"no such table: "_s + name);
         return false;
     }
     if (!d_->writing)
@@ -159,7 +159,7 @@ TableWriter::TableWriter(Database& database, const QString& table, const std::ve
     d_->db = database.d();
     d_->find(table);
     if (d_->table == nullptr || d_->db->handle == nullptr) {
-        d_->db->error = u"no such table: "_s + table;
+        d_->db->note(Obstacle::Other, u"no such table: "_s + table);
         d_->good = false;
         d_->finished = true;
         return;

@@ -82,8 +82,8 @@ QByteArray desktopEntry(const QString& name, const QList<Extensions::Association
 }
 
 void bringUpToDate(const QString& path, const QByteArray& bytes, ExtensionsResultat& result) {
-    QFile present(path);
-    if (present.open(QIODevice::ReadOnly) && present.read(bytes.size() + 1) == bytes)
+    QFile present;
+    if (openPlain(present, path).ok() && present.read(bytes.size() + 1) == bytes)
         return;
     present.close();
     const QString error = writeWhole(path, bytes);

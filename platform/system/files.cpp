@@ -7,7 +7,11 @@
 #include <QStorageInfo>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace velm {
 namespace {
@@ -38,6 +42,45 @@ void copyChunks(QFile& from, QFile& to, const std::function<void(double)>& progr
         if (progress)
             progress(static_cast<double>(result.written) / static_cast<double>(total) * 100);
     }
+}
+
+FileError systemError(int number) {
+    return {obstacleOf(number), qt_error_string(number)};
+}
+
+FileError notPlain() {
+    return {Obstacle::NotPlain, qt_error_string(EOPNOTSUPP)};
+}
+
+/// Without waiting, only what is a plain file; else all but a folder.
+FileError openRead(QFile& file, const QByteArray& name, int notWaiting) {
+    const int descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | notWaiting);
+    if (descriptor < 0)
+        return systemError(errno);
+    struct stat info {};
+    const bool known = fstat(descriptor, &info) == 0;
+    if (!known || (notWaiting != 0 ? !S_ISREG(info.st_mode) : S_ISDIR(info.st_mode))) {
+        ::close(descriptor);
+        return notPlain();
+    }
+    if (!file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        ::close(descriptor);
+        return {Obstacle::Other, file.errorString()};
+    }
+    return {};
+}
+
+bool isPlain(const QString& path) {
+    struct stat info {};
+    return stat(QFile::encodeName(path).constData(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+bool othersOwnOrWrite(const QString& path) {
+    struct stat info {};
+    if (stat(QFile::encodeName(path).constData(), &info) != 0)
+        return true;
+    const bool ours = info.st_uid == geteuid() || info.st_uid == 0;
+    return !ours || (info.st_mode & (S_IWGRP | S_IWOTH)) != 0;
 }
 
 } // namespace
@@ -75,7 +118,41 @@ std::optional<qint64> fileSize(const QString& path) {
     return fileExists(path) ? std::optional(QFileInfo(path).size()) : std::nullopt;
 }
 
+FileError openPlain(QFile& file, const QString& path) {
+    const QByteArray name = QFile::encodeName(path);
+    struct stat info {};
+    // Asked before as well: to open a device may already do something.
+    if (stat(name.constData(), &info) != 0)
+        return systemError(errno);
+    if (!S_ISREG(info.st_mode))
+        return notPlain();
+    // It may have become a pipe meanwhile: that must not wait for a writer.
+    return openRead(file, name, O_NONBLOCK);
+}
+
+FileBytes readRest(QFile& file) {
+    FileBytes result{file.readAll(), {}};
+    if (file.error() != QFileDevice::NoError)
+        result = {{}, {Obstacle::Device, file.errorString()}};
+    return result;
+}
+
+FileBytes readFile(const QString& path, FileKind kind) {
+    QFile file;
+    FileError error = kind == FileKind::Plain ? openPlain(file, path) : openRead(file, QFile::encodeName(path), 0);
+    return error.ok() ? readRest(file) : FileBytes{{}, std::move(error)};
+}
+
+bool othersCanChange(const QString& path) {
+    const QString real = QFileInfo(path).canonicalFilePath();
+    // Of a link, also who may turn it elsewhere.
+    const std::array<QString, 3> places{QFileInfo(path).absolutePath(), real, QFileInfo(real).absolutePath()};
+    return real.isEmpty() || std::any_of(places.begin(), places.end(), othersOwnOrWrite);
+}
+
 QString writeWhole(const QString& path, const QByteArray& bytes) {
+    if (QFileInfo::exists(path) && !isPlain(path))
+        return path + QStringLiteral(": ") + notPlain().words;
     QDir().mkpath(QFileInfo(path).absolutePath());
     QSaveFile file(path);
     // Without a buffer: a disk that is full when a buffer is emptied at the end is not told by commit(), and the cut

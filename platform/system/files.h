@@ -1,6 +1,8 @@
 #pragma once
 // Files and folders. Stored directories keep the form each step gave them (with or without the last separator); only
 // what is opened goes through joinPath().
+#include "platform/text/obstacle.h"
+
 #include <QByteArray>
 #include <QDateTime>
 #include <QString>
@@ -8,6 +10,8 @@
 
 #include <functional>
 #include <optional>
+
+class QFile;
 
 namespace velm {
 
@@ -30,9 +34,46 @@ std::optional<QDateTime> fileDate(const QString& path);
 /// Length in bytes; nothing for a file that is not there.
 std::optional<qint64> fileSize(const QString& path);
 
+/// Why a file could not be read: the kind that a message tells, and the system's own words.
+struct FileError {
+    Obstacle kind = Obstacle::None;
+    QString words;
+
+    bool ok() const { return kind == Obstacle::None; }
+};
+
+enum class FileKind {
+    Plain, ///< or a link to such a file
+    Any    ///< a pipe or a device as well, for a user who names one
+};
+
+/// Opens a plain file for reading. Nothing else is opened (a pipe would keep the program waiting, a device may have no
+/// end), and what is tested is what was opened. `file` is one without a name; it stays closed when this fails.
+FileError openPlain(QFile& file, const QString& path);
+
+struct FileBytes {
+    QByteArray bytes;
+    FileError error;
+
+    bool ok() const { return error.ok(); }
+};
+
+/// All of a file; nothing, with the reason, when it is of another kind or cannot be read to its end.
+FileBytes readFile(const QString& path, FileKind kind);
+inline FileBytes readPlain(const QString& path) {
+    return readFile(path, FileKind::Plain);
+}
+
+/// Goes on reading to the end of an open file; the error is that of this or of an earlier reading.
+FileBytes readRest(QFile& file);
+
+/// True when somebody besides this user and root could change the file or put another in its place: by its owner and
+/// rights, or by those of its folder. True as well when that cannot be found out.
+bool othersCanChange(const QString& path);
+
 /// Writes a whole file through a temporary one beside it, making its folder if need be: afterwards there is either the
-/// new file or, with an error, what was there before. The result is the error for people to read; empty when all went
-/// well.
+/// new file or, with an error, what was there before. What is there and is no plain file is never replaced. The result
+/// is the error for people to read; empty when all went well.
 QString writeWhole(const QString& path, const QByteArray& bytes);
 
 struct CopieResultat {

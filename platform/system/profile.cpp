@@ -1,9 +1,8 @@
 #include "platform/system/profile.h"
 
+#include "platform/system/files.h"
 #include "platform/text/ansi.h"
 #include "platform/text/letters.h"
-
-#include <QFile>
 
 #include <algorithm>
 #include <cstdint>
@@ -65,12 +64,9 @@ int leadingInteger(QStringView value) {
 } // namespace
 
 Profile::Profile(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return;
-    const QByteArray bytes = file.readAll();
-    loaded_ = file.error() == QFileDevice::NoError;
-    text_ = ansi::decodeFile(bytes);
+    const FileBytes file = readPlain(path);
+    loaded_ = file.ok();
+    text_ = ansi::decodeFile(file.bytes);
     parse();
 }
 

@@ -18,7 +18,7 @@ public:
 
     Profile() = default;
 
-    /// A missing or unreadable file loads as one that has no entry.
+    /// A file that is missing, unreadable or no plain file loads as one that has no entry.
     explicit Profile(const QString& path);
 
     static Profile fromBytes(QByteArrayView bytes);

@@ -3,7 +3,6 @@
 #include "platform/system/files.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QStandardPaths>
@@ -34,15 +33,12 @@ bool ReglagesStore::load(IniDocument& document) {
     const QFileInfo info(path_);
     if (!info.exists() && !info.isSymLink())
         return true;
-    QFile file(path_);
-    if (file.open(QIODevice::ReadOnly)) {
-        const QByteArray bytes = file.readAll();
-        if (file.error() == QFileDevice::NoError) {
-            document = IniDocument::parse(bytes);
-            return true;
-        }
+    const FileBytes file = readPlain(path_);
+    if (file.ok()) {
+        document = IniDocument::parse(file.bytes);
+        return true;
     }
-    lastError_ = path_ + QStringLiteral(": ") + file.errorString();
+    lastError_ = path_ + QStringLiteral(": ") + file.error.words;
     // A link to nowhere holds nothing that could be lost.
     return !info.exists();
 }

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QSocketNotifier>
+#include <QStandardPaths>
 #include <QThread>
 
 #include <array>
@@ -30,6 +31,17 @@ bool makeFolder(const QString& folder) {
                               mkdir(QFile::encodeName(folder).constData(), S_IRWXU) == 0 && isOurs(folder));
 }
 
+/// The folder itself, to be locked; -1 when it is not this user's.
+int openFolder(const QString& folder) {
+    const int opened = open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    struct stat info {};
+    if (opened >= 0 && (fstat(opened, &info) != 0 || info.st_uid != geteuid())) {
+        close(opened);
+        return -1;
+    }
+    return opened;
+}
+
 /// A request is one byte in a named pipe; the first program holds it open for reading and writing, so that it neither
 /// blocks nor sees an end.
 int openPipe(const QString& path, int mode) {
@@ -45,28 +57,46 @@ int openPipe(const QString& path, int mode) {
 } // namespace
 
 QString SingleInstance::defaultFolder() {
-    QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    if (!runtime.isEmpty() && isOurs(runtime))
-        return runtime;
-    return joinPath(tempFolder(), QStringLiteral("velmorante2000-%1").arg(geteuid()));
+    const QString usual = QStringLiteral("/run/user/%1").arg(geteuid());
+    for (const QString& runtime : {qEnvironmentVariable("XDG_RUNTIME_DIR"), usual}) {
+        if (!runtime.isEmpty() && isOurs(runtime))
+            return runtime;
+    }
+    return joinPath(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation), u"velmorante2000");
 }
 
 SingleInstance::SingleInstance(const QString& name, const QString& folder)
     : requestPath_(joinPath(folder, name + QStringLiteral(".raise"))) {
-    if (!makeFolder(folder))
-        return;
-    const QByteArray lockPath = QFile::encodeName(joinPath(folder, name + QStringLiteral(".lock")));
-    // Closed on exec: a tool started from here must not keep the lock when this program has ended.
-    lock_ = open(lockPath.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR);
+    // What lies in a folder that is not trusted is not written to either.
+    if (makeFolder(folder))
+        openLock(folder, name);
+    else
+        requestPath_.clear();
+    if (lock_ < 0)
+        lock_ = openFolder(QDir::homePath());
     if (lock_ < 0)
         return;
     if (flock(lock_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         first_ = false;
         return;
     }
+    if (requestPath_.isEmpty())
+        return;
     const QByteArray pipePath = QFile::encodeName(requestPath_);
     mkfifo(pipePath.constData(), S_IRUSR | S_IWUSR);
     requests_ = openPipe(requestPath_, O_RDWR);
+}
+
+/// Opens the file of the lock, which must be a plain one of this user.
+void SingleInstance::openLock(const QString& folder, const QString& name) {
+    const QByteArray path = QFile::encodeName(joinPath(folder, name + QStringLiteral(".lock")));
+    // Closed on exec: a tool started from here must not keep the lock when this program has ended.
+    lock_ = open(path.constData(), O_RDWR | O_CREAT | O_NONBLOCK | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR);
+    struct stat info {};
+    if (lock_ >= 0 && (fstat(lock_, &info) != 0 || !S_ISREG(info.st_mode) || info.st_uid != geteuid())) {
+        close(lock_);
+        lock_ = -1;
+    }
 }
 
 SingleInstance::~SingleInstance() {
@@ -81,7 +111,7 @@ bool SingleInstance::raiseFirst() const {
     // The first program may hold the lock and not yet its pipe.
     constexpr int attempts = 50;
     constexpr unsigned long pauseMs = 10;
-    for (int i = 0; !first_ && i < attempts; ++i) {
+    for (int i = 0; !first_ && !requestPath_.isEmpty() && i < attempts; ++i) {
         const int pipe = openPipe(requestPath_, O_WRONLY);
         if (pipe >= 0) {
             // A full pipe holds requests enough.

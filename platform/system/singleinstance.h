@@ -13,8 +13,9 @@ namespace velm {
 /// to come to the front carries nothing but itself: what the second program was started with is dropped.
 class SingleInstance {
 public:
-    /// Tries for the lock of that name in that folder (which is made if need be). When the folder cannot be used, every
-    /// program counts as the first.
+    /// Tries for the lock of that name in that folder (which is made if need be). When the folder cannot be used, the
+    /// lock is on the user's home folder itself: a later program still finds the first, but cannot ask it to come to
+    /// the front. Without a home folder either, every program counts as the first.
     explicit SingleInstance(const QString& name, const QString& folder = defaultFolder());
     ~SingleInstance();
     SingleInstance(const SingleInstance&) = delete;
@@ -22,7 +23,8 @@ public:
     SingleInstance(SingleInstance&&) = delete;
     SingleInstance& operator=(SingleInstance&&) = delete;
 
-    /// A folder of this user alone: $XDG_RUNTIME_DIR, or one in the temporary folder.
+    /// A folder of this user alone, the same however the program is started: $XDG_RUNTIME_DIR or the one that the
+    /// system makes for a user who is at work, else a private one in the user's own cache.
     static QString defaultFolder();
 
     /// True in the process that holds the lock, until this object ends.
@@ -36,6 +38,7 @@ public:
     void setOnRaise(std::function<void()> onRaise);
 
 private:
+    void openLock(const QString& folder, const QString& name);
     void readRequests();
 
     QString requestPath_;

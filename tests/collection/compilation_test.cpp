@@ -192,7 +192,8 @@ TEST_F(Compilation, AFullDiskIsToldAsSuch) {
     ASSERT_TRUE(temporaire.base()->execute(u"PRAGMA max_page_count=40"_s));
     const BilanDeFabrique bilan = fabriquebase(source, *temporaire.base(), {}, true);
     EXPECT_FALSE(bilan.ecrit);
-    temporaire.echoue(bilan.raison);
+    EXPECT_EQ(bilan.obstacle, Obstacle::Full);
+    temporaire.echoue(bilan.obstacle, bilan.raison);
     EXPECT_EQ(temporaire.etat(), Etat::DisquePlein);
     EXPECT_EQ(restes(), QStringList{});
 }
@@ -210,6 +211,11 @@ TEST_F(Compilation, ASourceWithoutDocumentsIsTold) {
     const ResultatCompilation resultat = velm::compile(dossier_.filePath(u"absent"_s), base());
     EXPECT_EQ(resultat.etat, Etat::SourceIncorrecte);
     EXPECT_EQ(resultat.problemes.front().id, probleme::illisible);
+    EXPECT_EQ(resultat.problemes.front().obstacle, Obstacle::Missing);
+    const ResultatCompilation fichier = velm::compile(source() + u"/documents.jsonl"_s, base());
+    EXPECT_EQ(fichier.problemes.front().obstacle, Obstacle::Missing);
+    documents("");
+    EXPECT_EQ(velm::compile(source() + u"/documents.jsonl"_s, base()).problemes.front().obstacle, Obstacle::NotFolder);
     EXPECT_EQ(restes(), QStringList{});
 }
 
@@ -220,6 +226,20 @@ TEST_F(Compilation, AProblemBecomesASentence) {
     const Probleme p{9361, true, u"a.jsonl"_s, 12, {u"7 %2"_s, u"EU"_s}};
     EXPECT_EQ(phrase(p, textes), u"a.jsonl, ligne 12 : avertissement : le nœud 7 %2 est à EU"_s);
     EXPECT_EQ(phrase({9361, false, {}, 0, {u"7"_s, u"EU"_s}}, textes), u"le nœud 7 est à EU"_s);
+}
+
+TEST_F(Compilation, AProblemOfAFileOrABodySaysWhich) {
+    const auto textes = [](int id) {
+        return id == 9330   ? u"%1 : %2"_s
+               : id == 9533 ? u"refusé."_s
+               : id == 9542 ? u"%1 (%2, ligne %3) : %4"_s
+               : id == 9351 ? u"balise « %1 »"_s
+                            : QString();
+    };
+    EXPECT_EQ(phrase({probleme::illisible, false, u"a.jsonl"_s, 0, {u"a.jsonl"_s}, Obstacle::Denied}, textes),
+              u"a.jsonl : refusé."_s);
+    EXPECT_EQ(phrase({probleme::balisage, false, u"a.jsonl"_s, 3, {u"{S"_s}, Obstacle::None, u"rtf/%1.rtf"_s}, textes),
+              u"rtf/%1.rtf (a.jsonl, ligne 3) : balise « {S »"_s);
 }
 
 } // namespace

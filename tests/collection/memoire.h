@@ -12,7 +12,7 @@ public:
     explicit FichiersEnMemoire(std::map<QString, QByteArray> fichiers) : fichiers_(std::move(fichiers)) {}
 
     QString lieu() const override { return QStringLiteral("memoire"); }
-    bool present() const override { return true; }
+    Obstacle obstacle() const override { return Obstacle::None; }
     QStringList noms(const QString& motif) const override {
         QStringList noms;
         for (const auto& [nom, contenu] : fichiers_) {
@@ -21,10 +21,9 @@ public:
         }
         return noms;
     }
-    bool existe(const QString& nom) const override { return fichiers_.contains(nom); }
-    std::optional<QByteArray> lit(const QString& nom) const override {
+    FileBytes lit(const QString& nom) const override {
         const auto lu = fichiers_.find(nom);
-        return lu == fichiers_.end() ? std::nullopt : std::optional(lu->second);
+        return lu == fichiers_.end() ? FileBytes{{}, {Obstacle::Missing, {}}} : FileBytes{lu->second, {}};
     }
     bool dehors(const QString& chemin) const override {
         const QString propre = QDir::cleanPath(chemin);

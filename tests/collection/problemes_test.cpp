@@ -1,5 +1,7 @@
 // Every problem of a source, with its file and line.
 #include "tests/collection/dossier.h"
+#include "tests/support/odd_files.h"
+#include "tests/support/without_rights.h"
 
 namespace velm::test {
 namespace {
@@ -93,10 +95,59 @@ TEST_F(ProblemesDeSource, RichTextFiles) {
     QFile::link(u"/etc/hostname"_s, source() + u"/rtf/lien.rtf"_s);
     EXPECT_EQ(de(avec(1, "absent.rtf") + avec(2, "rtf") + avec(3, "../velm2000.dat") + avec(4, "/etc/hostname") +
                  avec(5, "rtf/pas.rtf") + avec(6, "rtf/lien.rtf") + avec(7, "rtf/../../x")),
-              (QStringList{u"E9352 documents.jsonl:1 absent.rtf"_s, u"E9352 documents.jsonl:2 rtf"_s,
+              (QStringList{u"E9352 documents.jsonl:1 absent.rtf"_s, u"E9330 documents.jsonl:2 rtf"_s,
                            u"E9366 documents.jsonl:3 ../velm2000.dat"_s, u"E9366 documents.jsonl:4 /etc/hostname"_s,
                            u"E9365 documents.jsonl:5 rtf/pas.rtf"_s, u"E9366 documents.jsonl:6 rtf/lien.rtf"_s,
                            u"E9366 documents.jsonl:7 rtf/../../x"_s}));
+}
+
+TEST_F(ProblemesDeSource, FilesThatCannotBeReadSayWhy) {
+    const NobodyWaits watch;
+    const auto obstacles = [this] {
+        QList<Obstacle> tous;
+        for (const Probleme& p : compile().problemes) {
+            EXPECT_EQ(p.id, probleme::illisible) << texte(p).toStdString();
+            tous << p.obstacle;
+        }
+        return tous;
+    };
+    documents("{\"collection\":\"CO\",\"numero\":1,\"titre\":\"T\",\"rtf\":\"rtf/a.rtf\"}\n");
+    for (const auto& autre : {putPipe, putFolder}) {
+        autre(source() + u"/rtf/a.rtf"_s);
+        EXPECT_EQ(obstacles(), QList{Obstacle::NotPlain});
+    }
+    documents(document("CO", 1, "x"));
+    putPipe(source() + u"/collection.json"_s);
+    putDevice(source() + u"/arborescence.jsonl"_s);
+    EXPECT_EQ(obstacles(), (QList{Obstacle::NotPlain, Obstacle::NotPlain}));
+    QFile::remove(source() + u"/collection.json"_s);
+    QFile::remove(source() + u"/arborescence.jsonl"_s);
+    QFile::remove(source() + u"/documents.jsonl"_s);
+    EXPECT_EQ(obstacles(), QList{Obstacle::Missing});
+    putPipe(source() + u"/documents.jsonl"_s);
+    EXPECT_EQ(obstacles(), QList{Obstacle::NotPlain});
+    QFile::remove(source() + u"/documents.jsonl"_s);
+    documents("");
+    ASSERT_TRUE(QFile::setPermissions(dossier_.path(), QFile::Permissions(0x7777)));
+    ASSERT_TRUE(QFile::setPermissions(source() + u"/documents.jsonl"_s, QFile::Permissions()));
+    const WithoutRights personne;
+    EXPECT_EQ(obstacles(), QList{Obstacle::Denied});
+}
+
+TEST_F(ProblemesDeSource, ThoseOfABodyInRichTextNameItsFile) {
+    ecrit(u"rtf/a.rtf"_s, "{\\rtf1 \\{I=X\\}\\{L=x|CO000099\\}\\{S=y}");
+    ecrit(u"rtf/b.rtf"_s, "{\\rtf1 \\{I=CO000002\\}}");
+    documents("{\"collection\":\"CO\",\"numero\":1,\"titre\":\"T\",\"rtf\":\"rtf/a.rtf\"}\n"
+              "{\"collection\":\"CO\",\"numero\":2,\"titre\":\"T\",\"rtf\":\"rtf/b.rtf\"}\n" +
+              document("CO", 3, "{I=X}"));
+    QStringList corps;
+    for (const Probleme& p : compile().problemes)
+        corps << texte(p) + u" <"_s + p.corps + u'>';
+    EXPECT_EQ(
+        corps,
+        (QStringList{u"E9351 documents.jsonl:1 X <rtf/a.rtf>"_s, u"W9347 documents.jsonl:1 CO000099 <rtf/a.rtf>"_s,
+                     u"W9351 documents.jsonl:1 {S=y <rtf/a.rtf>"_s,
+                     u"E9349 documents.jsonl:2 CO000002 → CO000002 <rtf/b.rtf>"_s, u"E9351 documents.jsonl:3 X <>"_s}));
 }
 
 TEST_F(ProblemesDeSource, InclusionsThatGoRound) {

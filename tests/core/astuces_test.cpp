@@ -1,5 +1,6 @@
 #include "core/astuces.h"
 #include "platform/text/ansi.h"
+#include "tests/support/odd_files.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 using namespace velm;
+using namespace velm::test;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -126,6 +128,19 @@ TEST_F(AstucesTest, BothEncodingsAreRead) {
     EXPECT_EQ(a.displaycurrenttip(), texte);
     EXPECT_TRUE(a.loadtips(ecrit("\xEF\xBB\xBF" + texte.toUtf8())));
     EXPECT_EQ(a.displaycurrenttip(), texte);
+}
+
+TEST_F(AstucesTest, WhatIsNoPlainFileHoldsNone) {
+    const NobodyWaits watch;
+    for (const auto& autre : {putPipe, putDevice, putFolder}) {
+        Astuces a = astuces();
+        EXPECT_TRUE(a.loadtips(ecrit("a\r\n")));
+        autre(dossier_.filePath(u"TIPS.FR"_s));
+        EXPECT_FALSE(a.loadtips(dossier_.filePath(u"TIPS.FR"_s)));
+        EXPECT_EQ(a.nombre(), 0);
+        QDir(dossier_.path()).rmdir(u"TIPS.FR"_s);
+        QFile::remove(dossier_.filePath(u"TIPS.FR"_s));
+    }
 }
 
 TEST_F(AstucesTest, TheFilesOfBothLanguagesHoldTips) {

@@ -63,3 +63,13 @@ TEST(Cle, SixDigitsArePaddedAndCut) {
     EXPECT_EQ(sixchiffres(1234567), u"234567");
     EXPECT_EQ(sixchiffres(-1), u"0000-1");
 }
+
+TEST(Cle, AKeyIsReadAsPeopleWriteIt) {
+    for (const QStringView saisie : {u"CO000088", u"co000088", u"Co88", u"cO 88 "}) {
+        const auto cle = clesaisie(saisie);
+        ASSERT_TRUE(cle) << saisie.toString().toStdString();
+        EXPECT_EQ(cle->texte(), u"CO000088");
+    }
+    for (const QStringView saisie : {u"", u"CO", u"C1", u"CO12x", u"COE5", u"article"})
+        EXPECT_FALSE(clesaisie(saisie)) << saisie.toString().toStdString();
+}

@@ -2,6 +2,7 @@
 
 #include "platform/text/ansi.h"
 #include "tests/support/arret.h"
+#include "tests/support/odd_files.h"
 
 #include <QDir>
 #include <QRegularExpression>
@@ -49,6 +50,16 @@ TEST_F(LangueTest, ATextIsReadFromTheFileOnce) {
     EXPECT_EQ(l.lireressource(401), u"Quitter");
     EXPECT_EQ(l.lectures(), lectures);
     EXPECT_TRUE(signales_.isEmpty());
+}
+
+TEST_F(LangueTest, WhatIsNoPlainFileHoldsNoText) {
+    const test::NobodyWaits watch;
+    const QString fichier = dossier_.filePath(QStringLiteral("application/langues/RES2000.FR"));
+    ecrit(QStringLiteral("programme"), QStringLiteral("FR"), QStringLiteral("401=Quitter\r\n"));
+    for (const auto& autre : {test::putPipe, test::putDevice, test::putFolder}) {
+        autre(fichier);
+        EXPECT_EQ(langue(QStringLiteral("FR")).lireressource(401), u"Quitter");
+    }
 }
 
 TEST_F(LangueTest, AnEmptyTextIsReadAgainEachTimeAndItsNumberShown) {

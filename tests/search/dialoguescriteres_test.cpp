@@ -2,6 +2,7 @@
 #include "search/dialoguescriteres.h"
 #include "tests/search/recherche_support.h"
 #include "tests/support/full_disk.h"
+#include "tests/support/odd_files.h"
 #include "tests/support/outside_script.h"
 
 #include <QDir>
@@ -132,6 +133,18 @@ TEST_F(DialoguesCriteresTest, AMissingFileNamedAtStartIsReported) {
         EXPECT_EQ(messages().front().texte, u"t2620 "_s + nom + u" t2181"_s);
         EXPECT_EQ(messages().front().titre, u"t2029");
         EXPECT_EQ(messages().front().icone, Icone::Stop);
+    }
+}
+
+TEST_F(DialoguesCriteresTest, WhatIsNoPlainFileIsReportedLikeAMissingOne) {
+    const NobodyWaits watch;
+    const QString chemin = dossier.filePath(u"recherche.cv2"_s);
+    for (const auto& autre : {putPipe, putDevice, putFolder}) {
+        autre(chemin);
+        EXPECT_FALSE(fichiers.ouvrircriteres(chemin));
+        ASSERT_EQ(messages().size(), 1U);
+        EXPECT_EQ(messages().front().texte, u"t2620 "_s + chemin + u" t2181"_s);
+        messages().clear();
     }
 }
 

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <csignal>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -16,6 +17,33 @@ using namespace velm;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+/// Sets a variable for the length of a scope; an empty value takes it away.
+class EnvironmentVariable {
+public:
+    EnvironmentVariable(const char* name, const QString& value)
+        : name_(name), before_(qgetenv(name)), was_(qEnvironmentVariableIsSet(name)) {
+        if (value.isEmpty())
+            qunsetenv(name);
+        else
+            qputenv(name, QFile::encodeName(value));
+    }
+    ~EnvironmentVariable() {
+        if (was_)
+            qputenv(name_, before_);
+        else
+            qunsetenv(name_);
+    }
+    EnvironmentVariable(const EnvironmentVariable&) = delete;
+    EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
+    EnvironmentVariable(EnvironmentVariable&&) = delete;
+    EnvironmentVariable& operator=(EnvironmentVariable&&) = delete;
+
+private:
+    const char* name_;
+    QByteArray before_;
+    bool was_;
+};
 
 class Instance : public testing::Test {
 protected:
@@ -127,18 +155,70 @@ TEST_F(Instance, AFolderThatIsMissingIsMade) {
     EXPECT_FALSE(SingleInstance(name, deep).first());
 }
 
-TEST_F(Instance, AFolderThatCannotBeUsedLetsEveryProgramStart) {
+TEST_F(Instance, AFolderThatCannotBeUsedStillLetsOnlyOneStart) {
+    const EnvironmentVariable home("HOME", folder.path());
     QFile file(folder.filePath(u"file"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    EXPECT_TRUE(SingleInstance(name, file.fileName()).first());
-    EXPECT_TRUE(SingleInstance(name, file.fileName() + u"/x"_s).first());
     // One that others may write to is not trusted.
     const QString open = folder.filePath(u"open"_s);
     ASSERT_TRUE(QDir().mkpath(open));
     ASSERT_EQ(chmod(QFile::encodeName(open).constData(), 0777), 0);
+    for (const QString& unusable : {file.fileName(), file.fileName() + u"/x"_s, open}) {
+        const SingleInstance first(name, unusable);
+        EXPECT_TRUE(first.first()) << unusable.toStdString();
+        const SingleInstance second(name, unusable);
+        EXPECT_FALSE(second.first()) << unusable.toStdString();
+        EXPECT_FALSE(second.raiseFirst());
+    }
+    EXPECT_TRUE(QDir(open).isEmpty()) << "nothing is made where others may write";
+    const QByteArray lure = QFile::encodeName(open + u'/' + name + u".raise"_s);
+    ASSERT_EQ(mkfifo(lure.constData(), 0600), 0);
+    const int heard = ::open(lure.constData(), O_RDWR | O_NONBLOCK);
     const SingleInstance first(name, open);
+    EXPECT_FALSE(SingleInstance(name, open).raiseFirst());
+    char byte = 0;
+    EXPECT_EQ(read(heard, &byte, 1), -1) << "and nothing is written there";
+    close(heard);
+}
+
+TEST_F(Instance, WithoutAnyFolderEveryProgramStarts) {
+    const EnvironmentVariable home("HOME", folder.filePath(u"absent"_s));
+    const SingleInstance first(name, u"/dev/null"_s);
     EXPECT_TRUE(first.first());
-    EXPECT_TRUE(SingleInstance(name, open).first());
+    EXPECT_TRUE(SingleInstance(name, u"/dev/null"_s).first());
+}
+
+TEST_F(Instance, ALureInPlaceOfTheLockIsNoLock) {
+    const EnvironmentVariable home("HOME", folder.path());
+    const QString lock = folder.filePath(name + u".lock"_s);
+    ASSERT_EQ(mkfifo(QFile::encodeName(lock).constData(), 0600), 0);
+    const SingleInstance first(name, folder.path());
+    EXPECT_TRUE(first.first());
+    EXPECT_FALSE(SingleInstance(name, folder.path()).first());
+}
+
+TEST_F(Instance, WithoutARuntimeFolderThereIsAPrivateOneInTheCache) {
+    if (QFileInfo::exists(u"/run/user/%1"_s.arg(geteuid())))
+        GTEST_SKIP() << "the system has made this user a runtime folder";
+    const EnvironmentVariable cache("XDG_CACHE_HOME", folder.filePath(u"cache"_s));
+    for (const QString& runtime : {QString(), folder.filePath(u"absent"_s), u"/tmp"_s}) {
+        const EnvironmentVariable without("XDG_RUNTIME_DIR", runtime);
+        EXPECT_EQ(SingleInstance::defaultFolder(), folder.filePath(u"cache/velmorante2000"_s));
+    }
+    const EnvironmentVariable none("XDG_RUNTIME_DIR", QString());
+    const SingleInstance first(name);
+    EXPECT_TRUE(first.first());
+    struct stat info {};
+    ASSERT_EQ(stat(QFile::encodeName(SingleInstance::defaultFolder()).constData(), &info), 0);
+    EXPECT_EQ(info.st_mode & 07777U, 0700U);
+    // Where temporary files go has no say in it.
+    const EnvironmentVariable temporary("TMPDIR", folder.filePath(u"elsewhere"_s));
+    EXPECT_FALSE(SingleInstance(name).first());
+}
+
+TEST_F(Instance, ARuntimeFolderOfTheUsersOwnIsTaken) {
+    const EnvironmentVariable runtime("XDG_RUNTIME_DIR", folder.path());
+    EXPECT_EQ(SingleInstance::defaultFolder(), folder.path());
 }
 
 TEST_F(Instance, SomethingElseInPlaceOfThePipeIsNotWrittenTo) {
@@ -149,10 +229,6 @@ TEST_F(Instance, SomethingElseInPlaceOfThePipeIsNotWrittenTo) {
     first.setOnRaise([] { ADD_FAILURE(); });
     EXPECT_FALSE(SingleInstance(name, folder.path()).raiseFirst());
     EXPECT_EQ(QFileInfo(lure.fileName()).size(), 0);
-}
-
-TEST_F(Instance, TheUsualFolderIsTheUsersOwn) {
-    EXPECT_FALSE(SingleInstance::defaultFolder().isEmpty());
 }
 
 } // namespace
