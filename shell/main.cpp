@@ -1,3 +1,4 @@
+#include "platform/system/drives.h"
 #include "platform/system/extensions.h"
 #include "platform/system/settings.h"
 #include "platform/system/ui/qtdialogues.h"
@@ -43,6 +44,7 @@ int main(int argc, char** argv) {
     velm::QtPressePapiers pressepapiers;
     velm::SystemCourrier courrier;
     velm::QtImprimante imprimante;
+    const velm::SystemLecteurs lecteurs;
     velm::OptionsProgramme options;
     options.dossierprogramme = dossierprogramme();
     options.fichierprogramme = QCoreApplication::applicationFilePath();
@@ -51,8 +53,8 @@ int main(int argc, char** argv) {
     options.dossierinstance = velm::SingleInstance::defaultFolder();
     options.dossierdonnees = velm::Extensions::defaultDataFolder();
 
-    velm::Programme programme(options,
-                              {dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante});
+    velm::Programme programme(
+        options, {dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante, lecteurs});
     programmepret = &programme;
     dialogues.setCaptions([&](velm::Bouton bouton) { return programme.libellebouton(bouton); });
     velm::setRuntimeErrorHandler([&](const velm::RuntimeFailure& erreur) {
