@@ -59,8 +59,9 @@ public:
         options.fichierreglages = reglages;
         options.dossierinstance = dossier_.path();
         options.dossierdonnees = dossier_.filePath(QStringLiteral("donnees"));
-        programme_ = std::make_unique<Programme>(options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_,
-                                                                         pressepapiers_, courrier_, imprimante_});
+        programme_ =
+            std::make_unique<Programme>(options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_,
+                                                                pressepapiers_, courrier_, imprimante_, lecteurs_});
         prete_ = programme_->demarre() == Demarrage::EnMarche;
         QCoreApplication::processEvents();
     }
@@ -120,6 +121,7 @@ private:
     QtPressePapiers pressepapiers_;
     SystemCourrier courrier_;
     QtImprimante imprimante_;
+    SystemLecteurs lecteurs_;
     std::unique_ptr<Programme> programme_;
     bool prete_ = false;
 };

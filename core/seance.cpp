@@ -15,6 +15,8 @@ const QString& sectionbase() {
     return section;
 }
 
+constexpr QStringView nomdelabase = u"velm2000.dat";
+
 bool finitpar(const QString& ligne, QStringView extension) {
     return ligne.right(4).toUpper() == extension;
 }
@@ -40,7 +42,7 @@ QString Seance::libelleetape(int indice) {
 
 void Seance::choisitrepertoiredebase(const QString& repertoire) {
     parametres_.repertoiredebase = repertoire;
-    fichierbase_ = joinPath(repertoire, u"velm2000.dat");
+    fichierbase_ = joinPath(repertoire, nomdelabase);
 }
 
 Demarrage Seance::demarre() {
@@ -112,14 +114,30 @@ bool Seance::metajour() {
         presente = fileDate(env_.fichierprogramme);
     if (!nouvelle || !presente || *nouvelle <= *presente)
         return false;
+    if (othersCanChange(outil)) {
+        dialogues_.message(remplace(langue_.lireressource(9549), {outil}), langue_.lireressource(8),
+                           Icone::Exclamation);
+        return false;
+    }
     const QString argument =
         QStringList{withSeparator(env_.dossierprogramme), parametres_.repertoiredebase, nom, langue_.lireressource(8)}
             .join(u',');
     return env_.lance(outil, argument);
 }
 
+bool Seance::trouvebase() {
+    const OpenError erreur = corpus_.connecte(fichierbase_);
+    // What is there and is no base that can be read is told, and not passed over for another one.
+    if (erreur != OpenError::Missing && erreur != OpenError::Unreadable)
+        return erreur == OpenError::None;
+    if (corpus_.connecte(joinPath(env_.dossierprogramme, nomdelabase)) != OpenError::None)
+        return false;
+    choisitrepertoiredebase(withSeparator(env_.dossierprogramme));
+    return true;
+}
+
 bool Seance::ouvrebase() {
-    if (corpus_.connecte(fichierbase_) != OpenError::None) {
+    if (!trouvebase()) {
         ecrans_.fermeaccueil();
         if (!ecrans_.connexion() || !corpus_.connecte())
             return false;
@@ -135,11 +153,8 @@ void Seance::traitelignedecommande(const QString& ligne) {
         ecrans_.ouvrefichierdossier(ligne);
         return;
     }
-    if (ligne.size() <= 2)
-        return;
-    const auto numero = wholeNumber(QStringView(ligne).sliced(2));
-    if (numero)
-        ecrans_.navigue(QStringLiteral("TA") + ligne.left(2).toUpper() + sixchiffres(*numero));
+    if (const auto cle = clesaisie(ligne))
+        ecrans_.navigue(QStringLiteral("TA") + cle->texte());
 }
 
 PositionFenetre Seance::positionprincipale() {

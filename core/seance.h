@@ -107,8 +107,9 @@ public:
 
     void traitelignedecommande(const QString& ligne);
 
-    /// Opens the base at the place of the settings, asking `connexion` when both attempts fail; writes the place to the
-    /// settings; opens the tables. False when the user gave up.
+    /// Opens the base at the place of the settings; when none can be reached there, beside the program (whose folder
+    /// may have been moved with it); else asks `connexion`. Writes the place to the settings; opens the tables. False
+    /// when the user gave up.
     bool ouvrebase();
 
     /// The exit sequence. False: the user refused and nothing was closed.
@@ -137,6 +138,7 @@ private:
     void restaureriched() const;
     void cherchepartenaires();
     bool metajour();
+    bool trouvebase();
     bool quittequestions();
     void ferme();
     void ecritfenetres(const EtatFenetres& etat);

@@ -1,3 +1,4 @@
+#include "platform/system/drives.h"
 #include "platform/system/extensions.h"
 #include "platform/system/settings.h"
 #include "platform/system/ui/qtdialogues.h"
@@ -40,6 +41,7 @@ int main(int argc, char** argv) {
     velm::QtPressePapiers pressepapiers;
     velm::SystemCourrier courrier;
     velm::QtImprimante imprimante;
+    const velm::SystemLecteurs lecteurs;
     velm::OptionsProgramme options;
     options.dossierprogramme = dossierprogramme();
     options.fichierprogramme = QCoreApplication::applicationFilePath();
@@ -47,10 +49,11 @@ int main(int argc, char** argv) {
     options.fichierreglages = velm::ReglagesStore::defaultPath();
     options.dossierinstance = velm::SingleInstance::defaultFolder();
     options.dossierdonnees = velm::Extensions::defaultDataFolder();
-    return velm::lance(
-        application, options, {dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante},
-        [&](velm::Programme& programme) {
-            programmepret = &programme;
-            dialogues.setCaptions([&programme](velm::Bouton bouton) { return programme.libellebouton(bouton); });
-        });
+    return velm::lance(application, options,
+                       {dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante, lecteurs},
+                       [&](velm::Programme& programme) {
+                           programmepret = &programme;
+                           dialogues.setCaptions(
+                               [&programme](velm::Bouton bouton) { return programme.libellebouton(bouton); });
+                       });
 }

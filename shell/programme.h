@@ -12,6 +12,7 @@
 #include "document/styles.h"
 #include "platform/system/courrier.h"
 #include "platform/system/dialogues.h"
+#include "platform/system/drives.h"
 #include "platform/system/outside.h"
 #include "platform/system/process.h"
 #include "platform/system/singleinstance.h"
@@ -46,6 +47,7 @@ struct MondeExterieur {
     PressePapiers& pressepapiers;
     Courrier& courrier;
     Imprimante& imprimante;
+    const Lecteurs& lecteurs;
 };
 
 struct OptionsProgramme {

@@ -1,6 +1,7 @@
 // What start and exit ask of the windows.
 #include "core/astuces.h"
 #include "core/cle.h"
+#include "core/connexion.h"
 #include "document/ui/frmfindform.h"
 #include "document/ui/textes.h"
 #include "platform/system/systeminfo.h"
@@ -12,6 +13,7 @@
 #include "shell/commandes.h"
 #include "shell/ecrangeneral.h"
 #include "shell/frmabout.h"
+#include "shell/frmconnexion.h"
 #include "shell/frmtip.h"
 #include "shell/menus.h"
 #include "shell/programme.h"
@@ -72,16 +74,19 @@ void Programme::effacereconstructions() {
 }
 
 bool Programme::connexion() {
-    const QString dossier = seance_.parametres().repertoiredebase;
-    const OpenError erreur = corpus_.connecte(seance_.fichierbase());
-    QString texte =
-        langue_.lireressource(7101) + u'"' + dossier + QStringLiteral("\".\n\n") + langue_.lireressource(7102);
-    if (erreur == OpenError::OldEngine)
-        texte = remplace(langue_.lireressource(9403), {seance_.fichierbase()});
-    else if (erreur == OpenError::Foreign)
-        texte = remplace(langue_.lireressource(9404), {seance_.fichierbase()});
-    monde_.dialogues.message(texte, langue_.lireressource(7100), Icone::Exclamation);
-    return corpus_.connecte();
+    Connexion::Copie copie;
+    copie.commence = [this](const QString& etape) {
+        montreaccueil();
+        seance_.afficheetape(etape);
+    };
+    copie.avance = [this](double pourcentage) { accueil_->changeprogression(pourcentage); };
+    copie.finit = [this] { fermeaccueil(); };
+    Connexion connexion(
+        {seance_, corpus_, monde_.dialogues, monde_.lecteurs, langue_, options_.dossierprogramme, copie});
+    if (connexion.parcourtlecteurs())
+        return true;
+    return frmconnexion([this](int numero) { return langue_.lireressource(numero); }, connexion).exec() ==
+           QDialog::Accepted;
 }
 
 void Programme::ouvredossiers() {}

@@ -121,11 +121,41 @@ TEST_F(SeanceDebut, AnUpdateToolWithALaterProgramFileEndsTheStartAtOnce) {
     stocke("BASE", "CHEMIN", chemin("cd"));
     ecrit("cd/MAJver.exe", jour);
     ecrit("cd/velm2000.exe", jour.addSecs(60));
+    for (const char* nom : {"cd", "cd/MAJver.exe"})
+        ASSERT_TRUE(QFile::setPermissions(chemin(nom), QFile::Permissions(0x7755)));
     EXPECT_EQ(seance().demarre(), Demarrage::MiseAJour);
     ASSERT_EQ(lances.size(), 1);
     EXPECT_EQ(lances.first(), chemin("cd/MAJver.exe") + u'|' + dossier_.path() + QStringLiteral("/,") + chemin("cd") +
                                   QStringLiteral("/,velm2000.exe,VELMORante 2000"));
     EXPECT_FALSE(ecrans.a(QStringLiteral("accueil")));
+    EXPECT_TRUE(dialogues.messages.empty());
+}
+
+TEST_F(SeanceDebut, AnUpdateToolThatOthersMayChangeIsSaidAndNotStarted) {
+    const QDateTime jour(QDate(2026, 1, 2), QTime(10, 0));
+    ecrit("velm2000", jour);
+    ASSERT_TRUE(QDir(dossier_.path()).mkpath(QStringLiteral("cd")));
+    ASSERT_TRUE(QFile::copy(chemin("velm2000.dat"), chemin("cd/velm2000.dat")));
+    stocke("BASE", "CHEMIN", chemin("cd"));
+    ecrit("cd/MAJver.exe", jour);
+    ecrit("cd/velm2000.exe", jour.addSecs(60));
+    const QFile::Permissions sur(0x7755);
+    for (const auto& [outil, dossier] :
+         {std::pair(QFile::Permissions(0x7775), sur), std::pair(QFile::Permissions(0x7757), sur),
+          std::pair(sur, QFile::Permissions(0x7775)), std::pair(sur, QFile::Permissions(0x7757))}) {
+        ASSERT_TRUE(QFile::setPermissions(chemin("cd/MAJver.exe"), outil));
+        ASSERT_TRUE(QFile::setPermissions(chemin("cd"), dossier));
+        dialogues.messages.clear();
+        EXPECT_EQ(seance().demarre(), Demarrage::EnMarche);
+        EXPECT_TRUE(lances.isEmpty());
+        ASSERT_EQ(dialogues.messages.size(), 1U);
+        EXPECT_TRUE(dialogues.messages.front().texte.contains(chemin("cd/MAJver.exe")));
+        EXPECT_EQ(dialogues.messages.front().icone, Icone::Exclamation);
+    }
+    // A tool that would not be started anyway is nobody's concern.
+    ecrit("cd/velm2000.exe", jour);
+    dialogues.messages.clear();
+    EXPECT_EQ(seance().demarre(), Demarrage::EnMarche);
     EXPECT_TRUE(dialogues.messages.empty());
 }
 
@@ -184,6 +214,47 @@ TEST_F(SeanceDebut, AMissingBaseAsksForItsPlaceAndMayBeGivenUp) {
               ecrans.journal.indexOf(QStringLiteral("connexion")));
     EXPECT_FALSE(fileExists(chemin("velm2000.dat")));
     EXPECT_EQ(lu("BASE", "CHEMIN"), u"(absent)");
+}
+
+TEST_F(SeanceDebut, ABaseBesideTheProgramIsFoundWhereTheStoredPlaceIsGone) {
+    // The portable folder has been moved, and the settings name where it was.
+    for (const QString& ancien : {chemin("ancien"), QStringLiteral("/no/such/folder/"), chemin("velm2000.dat")}) {
+        stocke("BASE", "CHEMIN", ancien);
+        EXPECT_EQ(seance().demarre(), Demarrage::EnMarche) << ancien.toStdString();
+        EXPECT_FALSE(ecrans.a(QStringLiteral("connexion")));
+        EXPECT_EQ(lu("BASE", "CHEMIN"), dossier_.path() + u'/');
+        EXPECT_EQ(corpus.chemin(), chemin("velm2000.dat"));
+    }
+}
+
+TEST_F(SeanceDebut, TheStoredPlaceComesFirst) {
+    ASSERT_TRUE(QDir(dossier_.path()).mkpath(QStringLiteral("ailleurs")));
+    ASSERT_TRUE(QFile::copy(chemin("velm2000.dat"), chemin("ailleurs/velm2000.dat")));
+    stocke("BASE", "CHEMIN", chemin("ailleurs"));
+    EXPECT_EQ(seance().demarre(), Demarrage::EnMarche);
+    EXPECT_EQ(corpus.chemin(), chemin("ailleurs/velm2000.dat"));
+    EXPECT_EQ(lu("BASE", "CHEMIN"), chemin("ailleurs/"));
+}
+
+TEST_F(SeanceDebut, ADamagedBaseAtTheStoredPlaceIsNotPassedOver) {
+    ASSERT_TRUE(QDir(dossier_.path()).mkpath(QStringLiteral("ailleurs")));
+    ecrit("ailleurs/velm2000.dat", QDateTime::currentDateTime());
+    stocke("BASE", "CHEMIN", chemin("ailleurs"));
+    EXPECT_EQ(seance().demarre(), Demarrage::Renonce);
+    EXPECT_TRUE(ecrans.a(QStringLiteral("connexion")));
+    EXPECT_EQ(lu("BASE", "CHEMIN"), chemin("ailleurs"));
+}
+
+TEST_F(SeanceDebut, WithoutABaseAnywhereTheStoredPlaceIsTheOneAskedAbout) {
+    ASSERT_TRUE(QFile::remove(chemin("velm2000.dat")));
+    stocke("BASE", "CHEMIN", chemin("ancien"));
+    ecrans.surconnexion = [this] {
+        EXPECT_EQ(seance().fichierbase(), chemin("ancien/velm2000.dat"));
+        return false;
+    };
+    EXPECT_EQ(seance().demarre(), Demarrage::Renonce);
+    EXPECT_TRUE(ecrans.a(QStringLiteral("connexion")));
+    EXPECT_EQ(lu("BASE", "CHEMIN"), chemin("ancien"));
 }
 
 TEST_F(SeanceDebut, ABaseFoundByTheDialogGoesOnAndIsRemembered) {

@@ -50,8 +50,8 @@ Demarrage Host::start() {
     options.fichierreglages = QDir(folder()).filePath(u"reglages.ini"_s);
     options.dossierinstance = folder();
     options.dossierdonnees = QDir(folder()).filePath(u"donnees"_s);
-    program_ = std::make_unique<Programme>(
-        options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_, pressepapiers_, courrier_, imprimante_});
+    program_ = std::make_unique<Programme>(options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_,
+                                                                   pressepapiers_, courrier_, imprimante_, lecteurs_});
     dialogues_.setCaptions([this](Bouton bouton) { return program_->libellebouton(bouton); });
     return program_->demarre();
 }

@@ -1,6 +1,7 @@
 #pragma once
 // The real program with its real boxes, on a copy of the sample collection in a folder of its own, or on another
 // collection. All but the constructor belongs into the program's thread.
+#include "platform/system/drives.h"
 #include "platform/system/process.h"
 #include "platform/system/ui/qtdialogues.h"
 #include "platform/system/ui/qtimprimante.h"
@@ -52,6 +53,7 @@ private:
     QtPressePapiers pressepapiers_;
     SystemCourrier courrier_;
     QtImprimante imprimante_;
+    SystemLecteurs lecteurs_;
     std::unique_ptr<Programme> program_;
 };
 

@@ -139,7 +139,7 @@ TEST_F(DemarrageTest, TheAboutBoxPutsTheHourglassAwayOnceItShows) {
     options.dossierinstance = dossier.path();
     options.dossierdonnees = dossier.filePath(QStringLiteral("donnees"));
     programme = std::make_unique<Programme>(
-        options, MondeExterieur{dialogues, navigateur, processus, note, pressepapiers, courrier, imprimante});
+        options, MondeExterieur{dialogues, navigateur, processus, note, pressepapiers, courrier, imprimante, lecteurs});
     ASSERT_EQ(programme->demarre(), Demarrage::EnMarche);
     note.pris.clear();
     entree("maide1", 0)->trigger();

@@ -103,23 +103,6 @@ TEST_F(PremiereFenetre, WindowsOfTheLastRunComeBackWhenAsked) {
     EXPECT_EQ(programme->bureau().active(), programme->fenetre(0));
 }
 
-TEST_F(PremiereFenetre, AMissingBaseIsSaidOnceAndEndsTheStart) {
-    ASSERT_TRUE(QFile::remove(dossier.filePath(QStringLiteral("velm2000.dat"))));
-    EXPECT_EQ(demarre(QString()), Demarrage::Renonce);
-    ASSERT_EQ(dialogues.messages.size(), 1u);
-    EXPECT_TRUE(dialogues.messages.front().texte.contains(dossier.path()));
-    EXPECT_FALSE(QFile::exists(dossier.filePath(QStringLiteral("velm2000.dat"))));
-}
-
-TEST_F(PremiereFenetre, AForeignFileAsBaseIsSaidOnce) {
-    QFile base(dossier.filePath(QStringLiteral("velm2000.dat")));
-    ASSERT_TRUE(base.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    base.write("not a base at all");
-    base.close();
-    EXPECT_EQ(demarre(QString()), Demarrage::Renonce);
-    EXPECT_EQ(dialogues.messages.size(), 1u);
-}
-
 TEST_F(PremiereFenetre, SettingsThatCannotBeWrittenAreSaidOnceAndTheProgramGoesOn) {
     ASSERT_TRUE(QFile::remove(dossier.filePath(QStringLiteral("reglages.ini"))));
     ASSERT_TRUE(QDir(dossier.path()).mkpath(QStringLiteral("reglages.ini"))); // a folder stands in the file's place

@@ -68,8 +68,8 @@ protected:
         options.fichierreglages = dossier.filePath(QStringLiteral("reglages.ini"));
         options.dossierinstance = dossier.path();
         options.dossierdonnees = dossier.filePath(QStringLiteral("donnees"));
-        programme = std::make_unique<Programme>(
-            options, MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante});
+        programme = std::make_unique<Programme>(options, MondeExterieur{dialogues, navigateur, processus, sablier,
+                                                                        pressepapiers, courrier, imprimante, lecteurs});
         return programme->demarre();
     }
 
@@ -98,6 +98,7 @@ protected:
     PressePapiersScript pressepapiers;
     CourrierScript courrier;
     ImprimanteScript imprimante;
+    LecteursScript lecteurs;
     std::unique_ptr<Programme> programme;
 };
 

@@ -27,8 +27,8 @@ TEST_F(SecondeInstance, ShowsTheFirstAndDropsItsCommandLine) {
     programme->ecran()->showMinimized();
     ASSERT_TRUE(programme->ecran()->isMinimized());
 
-    Programme seconde(options(QStringLiteral("CO2")),
-                      MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante});
+    Programme seconde(options(QStringLiteral("CO2")), MondeExterieur{dialogues, navigateur, processus, sablier,
+                                                                     pressepapiers, courrier, imprimante, lecteurs});
     EXPECT_EQ(seconde.demarre(), Demarrage::AutreInstance);
     EXPECT_EQ(seconde.ecran(), nullptr);
     EXPECT_FALSE(seconde.corpus().connecte());
@@ -43,8 +43,8 @@ TEST_F(SecondeInstance, AFrameMadeAnIconComesBackAsLargeAsItWas) {
     ASSERT_TRUE(programme->ecran()->isMaximized());
     programme->ecran()->setWindowState(Qt::WindowMaximized | Qt::WindowMinimized);
     ASSERT_TRUE(programme->ecran()->isMinimized());
-    Programme seconde(options(QString()),
-                      MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante});
+    Programme seconde(options(QString()), MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers,
+                                                         courrier, imprimante, lecteurs});
     EXPECT_EQ(seconde.demarre(), Demarrage::AutreInstance);
     EVENTUALLY(!programme->ecran()->isMinimized());
     EXPECT_TRUE(programme->ecran()->isMaximized());

@@ -172,14 +172,15 @@ int main(int argc, char** argv) {
     test::PressePapiersScript pressepapiers;
     test::CourrierScript courrier;
     test::ImprimanteScript imprimante;
+    const test::LecteursScript lecteurs;
     std::unique_ptr<Scenario> scenario;
-    const int code =
-        lance(application, options, {boites, navigateur, processus, sablier, pressepapiers, courrier, imprimante},
-              [&](Programme& programme) {
-                  scenario = std::make_unique<Scenario>(application, programme, boites,
-                                                        arguments.value(4).split(u',', Qt::SkipEmptyParts));
-                  scenario->suite();
-              });
+    const int code = lance(application, options,
+                           {boites, navigateur, processus, sablier, pressepapiers, courrier, imprimante, lecteurs},
+                           [&](Programme& programme) {
+                               scenario = std::make_unique<Scenario>(
+                                   application, programme, boites, arguments.value(4).split(u',', Qt::SkipEmptyParts));
+                               scenario->suite();
+                           });
     dit({{u"rendu"_s, code}});
     return code;
 }
