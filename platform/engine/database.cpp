@@ -87,6 +87,7 @@ OpenError probe(Database::Private& d) {
             names.clear();
         return names;
     }();
+    sql::raiseIfMemory(sqlite3_errcode(d.handle));
     switch (sqlite3_errcode(d.handle) & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
@@ -94,7 +95,6 @@ OpenError probe(Database::Private& d) {
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_AUTH:
-    case SQLITE_NOMEM:
         d.noteError();
         return OpenError::Unreadable;
     case SQLITE_READONLY:
@@ -156,7 +156,8 @@ Database::Opened Database::open(const QString& path, OpenMode mode, const Schema
     const int flags = SQLITE_OPEN_NOMUTEX | (shared ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
     const QByteArray name = shared ? plainName(absolute) : unchangingName(absolute);
     keepNoStatistics();
-    if (sqlite3_open_v2(name.constData(), &d.handle, flags, nullptr) != SQLITE_OK) {
+    if (const int result = sqlite3_open_v2(name.constData(), &d.handle, flags, nullptr); result != SQLITE_OK) {
+        sql::raiseIfMemory(result);
         d.noteError();
         return failure(OpenError::Unreadable, d.error);
     }

@@ -1,5 +1,7 @@
 #include "platform/text/failure.h"
 
+#include <QScopedValueRollback>
+
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
@@ -11,6 +13,14 @@ RuntimeErrorHandler& handlerSlot() {
     static RuntimeErrorHandler handler;
     return handler;
 }
+
+/// How many pieces of work this thread runs whose errors are given back.
+thread_local int guarded = 0;
+
+/// What leaves such a piece of work.
+struct Left {
+    RuntimeFailure failure;
+};
 } // namespace
 
 RuntimeErrorHandler setRuntimeErrorHandler(RuntimeErrorHandler handler) {
@@ -18,12 +28,24 @@ RuntimeErrorHandler setRuntimeErrorHandler(RuntimeErrorHandler handler) {
 }
 
 void runtimeError(Failure what, const QStringList& parts) {
+    if (guarded > 0)
+        throw Left{{what, parts}};
     if (handlerSlot()) {
         handlerSlot()({what, parts});
         std::abort();
     }
     std::fprintf(stderr, "%s\n", qUtf8Printable(parts.join(u' ')));
     std::exit(70);
+}
+
+std::optional<RuntimeFailure> failureOf(const std::function<void()>& work) {
+    const QScopedValueRollback guard(guarded, guarded + 1);
+    try {
+        work();
+    } catch (const Left& left) {
+        return left.failure;
+    }
+    return std::nullopt;
 }
 
 void runtimeError(const QString& message) {
