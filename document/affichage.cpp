@@ -1,6 +1,8 @@
 #include "document/affichage.h"
 
 #include "core/cle.h"
+#include "platform/text/failure.h"
+#include "platform/text/memory.h"
 
 #include <array>
 
@@ -35,6 +37,40 @@ void copieligne(FormulaireDocument& formulaire, const QString& code, bool abc, c
     chargecontenu(formulaire, abc, {contexte.styles, source, contexte.sablier, contexte.bornes});
 }
 
+/// The hourglass, and a control that does not redraw. A document that could not be loaded to its end leaves no piece of
+/// itself that could be taken for the whole.
+class Chargement {
+public:
+    Chargement(FormulaireDocument& formulaire, Sablier& sablier) : formulaire_(formulaire), sablier_(sablier) {
+        sablier_.fixepointeur(Sablier::attente);
+        formulaire_.rtfRichTextBox1().setRedraw(false);
+    }
+    ~Chargement() {
+        if (!reussi_)
+            withinMemory([this] { abandonne(); });
+        sablier_.fixepointeur(Sablier::defaut);
+    }
+    Chargement(const Chargement&) = delete;
+    Chargement& operator=(const Chargement&) = delete;
+
+    void reussit() { reussi_ = true; }
+
+private:
+    void abandonne() {
+        RichTextControl& controle = formulaire_.rtfRichTextBox1();
+        controle.setRedraw(false);
+        controle.setText({});
+        if (ListesLiens* const listes = formulaire_.listes())
+            listes->vide();
+        controle.setRedraw(true);
+        formulaire_.rafraichit();
+    }
+
+    FormulaireDocument& formulaire_;
+    Sablier& sablier_;
+    bool reussi_ = false;
+};
+
 void recharge(ListeLaterale& liste, const QString& code, const QString& numero) {
     if (liste.visible() && liste.couleurbouton() == ListeLaterale::ouverte)
         liste.recharge(code, numero);
@@ -56,20 +92,18 @@ qsizetype cherche(const RichText& texte, const QString& ancre, qsizetype d) {
 } // namespace
 
 void SourceCorpus::prepare() {
-    Recordset& donnees = corpus_.donnees();
-    if (donnees.usable())
-        donnees.setIndex(cleprimaire);
+    failureOf([this] { corpus_.donnees().setIndex(cleprimaire); });
 }
 
 std::optional<QByteArray> SourceCorpus::contenu(const QString& code, const QString& numero) {
-    Recordset& donnees = corpus_.donnees();
-    // A form may hold a text while the base has no such table: an error here is passed over.
-    if (!donnees.usable())
-        return std::nullopt;
-    donnees.seek(Seek::Equal, code, numero);
-    if (donnees.noMatch())
-        return std::nullopt;
-    return donnees.bytes(u"contenu"_s);
+    std::optional<QByteArray> trouve;
+    failureOf([&] {
+        Recordset& donnees = corpus_.donnees();
+        donnees.seek(Seek::Equal, code, numero);
+        if (!donnees.noMatch())
+            trouve = donnees.bytes(u"contenu"_s);
+    });
+    return trouve;
 }
 
 void positionne(RichTextControl& controle, const QString& ancre) {
@@ -90,9 +124,8 @@ void positionne(RichTextControl& controle, const QString& ancre) {
 
 void affichedocument(FormulaireDocument& formulaire, const QString& code, const QString& numero, bool abc,
                      const QString& ancre, const ContexteAffichage& contexte) {
-    contexte.sablier.fixepointeur(Sablier::attente);
+    Chargement chargement(formulaire, contexte.sablier);
     RichTextControl& controle = formulaire.rtfRichTextBox1();
-    controle.setRedraw(false);
     Recordset& donnees = contexte.corpus.donnees();
     donnees.setIndex(cleprimaire);
     donnees.seek(Seek::Equal, code, numero);
@@ -103,9 +136,9 @@ void affichedocument(FormulaireDocument& formulaire, const QString& code, const 
     controle.setRedraw(true);
     controle.setVisible(true);
     formulaire.rafraichit();
+    chargement.reussit();
     recharge(formulaire.listedesliens(), code, numero);
     recharge(formulaire.listedescorrelats(), code, numero);
-    contexte.sablier.fixepointeur(Sablier::defaut);
 }
 
 } // namespace velm

@@ -56,7 +56,8 @@ struct ContexteAffichage {
 };
 
 /// Loads a document into a window and puts the caret where `ancre` stands. A key that is not in the base leaves the
-/// text and the values as they are, without a message; the menus are enabled all the same.
+/// text and the values as they are, without a message; the menus are enabled all the same. Where the memory does not
+/// suffice, the text is left empty and std::bad_alloc goes on to the caller (see withinMemory()).
 void affichedocument(FormulaireDocument& formulaire, const QString& code, const QString& numero, bool abc,
                      const QString& ancre, const ContexteAffichage& contexte);
 
@@ -65,7 +66,8 @@ void affichedocument(FormulaireDocument& formulaire, const QString& code, const 
 /// that line end.
 void positionne(RichTextControl& controle, const QString& ancre);
 
-/// The bodies of the collection's base. Moves the current row of the shared table and leaves its index at primarykey.
+/// The bodies of the collection's base. Moves the current row of the shared table and leaves its index at primarykey. A
+/// body that cannot be read is none: what includes it is shown without it.
 class SourceCorpus : public SourceDeContenu {
 public:
     explicit SourceCorpus(Corpus& corpus) : corpus_(corpus) {}

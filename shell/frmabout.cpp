@@ -3,6 +3,7 @@
 #include "core/langue.h"
 #include "platform/system/dialogues.h"
 #include "platform/widgets/look.h"
+#include "platform/widgets/plaintext.h"
 #include "shell/frmabout_logo.h"
 
 #include <QHBoxLayout>
@@ -62,20 +63,20 @@ void frmAbout::construit(const QString& version, const QString& collection) {
     logo_->setObjectName(u"Picture2"_s);
     logo_->setAccessibleName(texte_(8));
 
-    auto* titre = new QLabel(texte_(8), this);
+    auto* titre = plainLabel(texte_(8), this);
     titre->setObjectName(u"lblTitle"_s);
     QFont police = titre->font();
     police.setPointSizeF(police.pointSizeF() * 1.2);
     police.setWeight(QFont::DemiBold);
     titre->setFont(police);
-    auto* numero = new QLabel(texte_(2) + u' ' + versioncourte(version), this);
+    auto* numero = plainLabel(texte_(2) + u' ' + versioncourte(version), this);
     numero->setObjectName(u"lblVersion"_s);
     numero->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
     QStringList phrases;
     for (const int n : {60, 61, 62, 63})
         phrases.append(texte_(n));
-    auto* conditions = new QLabel(phrases.join(u' '), this);
+    auto* conditions = plainLabel(phrases.join(u' '), this);
     conditions->setObjectName(u"conditions"_s);
     conditions->setTextFormat(Qt::PlainText);
     conditions->setWordWrap(true);

@@ -3,6 +3,7 @@
 #include "core/astuces.h"
 #include "platform/widgets/icons.h"
 #include "platform/widgets/look.h"
+#include "platform/widgets/plaintext.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -24,7 +25,6 @@ constexpr int hauteurtexte = 96;
 /// The sheet that the tip lies on: white like a document, and scrolled if the tip is long.
 QScrollArea* feuille(QLabel* texte, QWidget* parent) {
     texte->setWordWrap(true);
-    texte->setTextFormat(Qt::PlainText);
     texte->setTextInteractionFlags(Qt::TextSelectableByMouse);
     texte->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     texte->setMargin(look::windowMargin);
@@ -53,18 +53,18 @@ frmTip::frmTip(const std::function<QString(int)>& texte, Astuces& astuces, const
 }
 
 void frmTip::construit(const std::function<QString(int)>& texte, bool coche) {
-    auto* image = new QLabel(this);
+    auto* image = plainLabel({}, this);
     image->setObjectName(u"Image1"_s);
     image->setPixmap(icon(u"astuce"_s).pixmap(QSize(coteimage, coteimage), devicePixelRatioF()));
 
-    auto* titre = new QLabel(texte(3003), this);
+    auto* titre = plainLabel(texte(3003), this);
     titre->setObjectName(u"Label1"_s);
     QFont police = titre->font();
     police.setPointSizeF(police.pointSizeF() * 1.2);
     police.setWeight(QFont::DemiBold);
     titre->setFont(police);
 
-    texte_ = new QLabel;
+    texte_ = plainLabel({}, nullptr);
     texte_->setObjectName(u"lblTipText"_s);
     texte_->setAccessibleName(texte(3000));
     QScrollArea* zone = feuille(texte_, this);

@@ -1,6 +1,7 @@
 #include "shell/menus.h"
 
 #include "core/cle.h"
+#include "platform/widgets/plaintext.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -31,7 +32,7 @@ void intitule(QAction& action, const QMenu& menu, const QString& debut, const QS
     const QFontMetrics mesure = menu.fontMetrics();
     const QString montre = mesure.elidedText(ligne, Qt::ElideMiddle, mesure.averageCharWidth() * caracteresdetitre);
     action.setText(debut + sansraccourci(montre));
-    action.setToolTip(montre == ligne ? QString() : ligne);
+    action.setToolTip(entryTip(ligne, montre));
 }
 
 /// Where the five choices of a bar stand: in the view menu and in the bar's own pop-up.

@@ -1,6 +1,7 @@
 #include "shell/splash.h"
 
 #include "platform/widgets/look.h"
+#include "platform/widgets/plaintext.h"
 #include "shell/frmabout_logo.h"
 
 #include <QFrame>
@@ -40,7 +41,7 @@ frmSplash::frmSplash(const Textes& textes)
 }
 
 QLabel* frmSplash::etiquette(const char* nom, const QString& texte) {
-    auto* label = new QLabel(texte, cadre_);
+    auto* label = plainLabel(texte, cadre_);
     label->setObjectName(QString::fromLatin1(nom));
     label->setTextFormat(Qt::PlainText);
     return label;

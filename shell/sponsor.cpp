@@ -2,6 +2,7 @@
 
 #include "core/langue.h"
 #include "platform/widgets/look.h"
+#include "platform/widgets/plaintext.h"
 
 #include <QDir>
 #include <QImageReader>
@@ -21,7 +22,7 @@ constexpr QSize cadre(32, 64);
 } // namespace
 
 sponsor::sponsor(const std::function<QString(int)>& texte, const QString& fichier, QWidget* parent)
-    : QDialog(parent), image_(new QLabel(this)) {
+    : QDialog(parent), image_(plainLabel({}, this)) {
     setObjectName(u"sponsor"_s);
     setWindowTitle(texte(162));
     setWindowModality(Qt::ApplicationModal);
@@ -38,7 +39,6 @@ sponsor::sponsor(const std::function<QString(int)>& texte, const QString& fichie
         place(image);
         return;
     }
-    image_->setTextFormat(Qt::PlainText);
     image_->setText(remplace(texte(9420), {QDir::toNativeSeparators(fichier)}));
     image_->setWordWrap(true);
     image_->setMargin(look::groupSpacing);

@@ -1,11 +1,18 @@
 #include "document/ui/etiquette.h"
 
+#include "platform/widgets/plaintext.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QToolTip>
 
 namespace velm {
+
+Etiquette::Etiquette(const QString& texte, QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setText(texte);
+}
 
 QSize Etiquette::minimumSizeHint() const {
     return {0, QLabel::minimumSizeHint().height()};
@@ -23,7 +30,7 @@ bool Etiquette::event(QEvent* evenement) {
     if (evenement->type() != QEvent::ToolTip || !toolTip().isEmpty())
         return QLabel::event(evenement);
     if (fontMetrics().horizontalAdvance(text()) > contentsRect().width())
-        QToolTip::showText(static_cast<QHelpEvent*>(evenement)->globalPos(), text(), this);
+        QToolTip::showText(static_cast<QHelpEvent*>(evenement)->globalPos(), plainTip(text()), this);
     else
         QToolTip::hideText();
     return true;

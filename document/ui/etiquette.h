@@ -8,7 +8,7 @@ class Etiquette final : public QLabel {
     Q_OBJECT
 
 public:
-    using QLabel::QLabel;
+    Etiquette(const QString& texte, QWidget* parent);
 
     QSize minimumSizeHint() const override;
 

@@ -1,6 +1,7 @@
 #include "document/ui/frmfindform.h"
 
 #include "platform/widgets/look.h"
+#include "platform/widgets/plaintext.h"
 #include "platform/widgets/richtextbox.h"
 
 #include <QCheckBox>
@@ -42,7 +43,7 @@ void frmFindForm::construit() {
     txtFind_ = nomme(new QLineEdit(this), "txtFind");
     txtFind_->setMinimumWidth(largeurchamp);
     txtFind_->setClearButtonEnabled(true);
-    auto* etiquette = new QLabel(texte_(9101), this);
+    auto* etiquette = plainLabel(texte_(9101), this);
     etiquette->setBuddy(txtFind_);
     txtFind_->setAccessibleName(texte_(9101));
     checkmot_ = nomme(new QCheckBox(texte_(9102), this), "checkmot");

@@ -5,6 +5,7 @@
 #include "platform/text/twips.h"
 #include "platform/widgets/icons.h"
 #include "platform/widgets/look.h"
+#include "platform/widgets/plaintext.h"
 #include "platform/widgets/treeview.h"
 
 #include <QComboBox>
@@ -127,7 +128,7 @@ void frmproperties::construit() {
     grille->setVerticalSpacing(look::spacing);
     int rangee = 0;
     const auto etiquette = [this, grille](int numerotexte, QWidget* nomme, int ou, int colonne) {
-        auto* libelle = new QLabel(contexte_.texte(numerotexte), this);
+        auto* libelle = plainLabel(contexte_.texte(numerotexte), this);
         libelle->setBuddy(nomme);
         grille->addWidget(libelle, ou, colonne, Qt::AlignLeft | Qt::AlignVCenter);
     };
@@ -151,7 +152,7 @@ void frmproperties::construit() {
     entiere(9120, choixtype_);
     entiere(9121, combotype_);
     entiere(9122, numeroarborescence_);
-    auto* libellearbre = new QLabel(contexte_.texte(9123), this);
+    auto* libellearbre = plainLabel(contexte_.texte(9123), this);
     libellearbre->setBuddy(arbre_);
     grille->addWidget(libellearbre, rangee, 0, Qt::AlignLeft | Qt::AlignTop);
     grille->addWidget(arbre_, rangee, 1, 1, derniere);
@@ -178,7 +179,7 @@ void frmproperties::afficheproprietes(const QString& referencecourante, const QS
     proprietes_ = velm::afficheproprietes(referencecourante, titrecourant, document, types_);
     const auto met = [](QLineEdit* champ, const QString& texte) {
         champ->setText(texte);
-        champ->setToolTip(texte);
+        champ->setToolTip(plainTip(texte));
         champ->setCursorPosition(0);
     };
     met(reference_, proprietes_.reference);

@@ -266,7 +266,9 @@ bool Recordset::Private::take(qint64 wanted) {
     if (!byRow.valid() && !byRow.prepare(db->handle, u"SELECT "_s + current().columns + u" FROM "_s +
                                                          sql::quoted(name) + u" WHERE rowid=?1"_s))
         failWithEngine();
-    byRow.bind(1, Value::of(wanted));
+    const Value key = Value::of(wanted);
+    const sql::Reset reset(byRow);
+    byRow.bind(1, key);
     const int result = byRow.step();
     if (result != SQLITE_ROW && result != SQLITE_DONE)
         failWithEngine();
@@ -278,7 +280,6 @@ bool Recordset::Private::take(qint64 wanted) {
         place = Place::After;
     }
     lazyLoaded = false;
-    byRow.reset();
     return result == SQLITE_ROW;
 }
 

@@ -62,7 +62,8 @@ Database::Opened Database::open(const QString& path, OpenMode mode, const Schema
     const int flags = SQLITE_OPEN_NOMUTEX | (shared ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
     const QByteArray name = shared ? plainName(absolute) : unchangingName(absolute);
     keepNoStatistics();
-    if (sqlite3_open_v2(name.constData(), &d.handle, flags, nullptr) != SQLITE_OK) {
+    if (const int result = sqlite3_open_v2(name.constData(), &d.handle, flags, nullptr); result != SQLITE_OK) {
+        sql::raiseIfMemory(result);
         d.noteError();
         return failure(OpenError::Unreadable, d.obstacle, d.error);
     }
@@ -78,7 +79,9 @@ Database::Opened Database::openBytes(const QByteArray& bytes, OpenMode mode, con
     d.schema = schema;
     constexpr int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_READWRITE | SQLITE_OPEN_MEMORY;
     keepNoStatistics();
-    if (sqlite3_open_v2(":memory:", &d.handle, flags, nullptr) != SQLITE_OK || !d.takeBytes(bytes, shared)) {
+    const int result = sqlite3_open_v2(":memory:", &d.handle, flags, nullptr);
+    sql::raiseIfMemory(result);
+    if (result != SQLITE_OK || !d.takeBytes(bytes, shared)) {
         d.noteError();
         return failure(OpenError::Unreadable, d.obstacle, d.error);
     }

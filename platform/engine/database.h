@@ -34,7 +34,7 @@ class Snapshot;
 /// writers must be gone before.
 ///
 /// A base that is damaged beyond its first page opens; the read that meets the damage is a run-time error with the
-/// engine's words.
+/// engine's words. Lack of memory is none: opening and reading then throw std::bad_alloc, as everything else does.
 class Database {
 public:
     struct Opened {

@@ -108,6 +108,7 @@ OpenError probe(Database::Private& d) {
             names.clear();
         return names;
     }();
+    sql::raiseIfMemory(sqlite3_errcode(d.handle));
     switch (sqlite3_errcode(d.handle) & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
@@ -115,7 +116,6 @@ OpenError probe(Database::Private& d) {
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_AUTH:
-    case SQLITE_NOMEM:
         d.noteError();
         return OpenError::Unreadable;
     case SQLITE_READONLY:

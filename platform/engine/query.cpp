@@ -58,6 +58,7 @@ std::unique_ptr<Snapshot> Database::openQuery(const QString& text, QString* erro
     sql::Statement statement;
     if (!statement.prepare(d_->handle, translateQuotes(text), false)) {
         d_->noteError();
+        sql::raiseIfMemory(sqlite3_errcode(d_->handle));
         const bool rest = sqlite3_errcode(d_->handle) == SQLITE_OK;
         return refused(rest ? u"not one single query"_s : d_->error);
     }
@@ -90,6 +91,7 @@ bool Snapshot::Private::step(sql::Row& into) {
         ended = true;
         const QString message = QString::fromUtf8(sqlite3_errmsg(db->handle));
         statement = sql::Statement();
+        sql::raiseIfMemory(result);
         runtimeError(message);
     }
     statement = sql::Statement();

@@ -22,6 +22,7 @@ void Recordset::Private::attach(Database::Private* database, const QString& tabl
     table = db->schema.table(name);
     present = table != nullptr ? db->columnsOf(name) : QStringList();
     if (present.isEmpty()) {
+        sql::raiseIfMemory(sqlite3_errcode(db->handle));
         absent = true;
         return;
     }
@@ -68,11 +69,13 @@ void Recordset::Private::fail(const QString& message) {
 }
 
 void Recordset::Private::failWithEngine() {
+    const int result = sqlite3_errcode(db->handle);
     db->noteError();
     const QString message = db->error + u": "_s + name;
     dropPlan();
     row.clear();
     place = Place::After;
+    sql::raiseIfMemory(result);
     runtimeError(message);
 }
 
@@ -148,13 +151,15 @@ bool Recordset::Private::loadLazy(sql::Statement& statement, const QString& from
         !statement.prepare(db->handle, u"SELECT "_s + sql::quoted(table->lazyField) + u" FROM "_s + sql::quoted(from) +
                                            u" WHERE rowid=?1"_s))
         failWithEngine();
-    statement.bind(1, sql::Value::of(rowId()));
+    const auto key = sql::Value::of(rowId());
+    const sql::Reset reset(statement);
+    statement.bind(1, key);
     const int result = statement.step();
+    sql::raiseIfMemory(result);
     if (result == SQLITE_ROW)
         lazy.take(statement, 1);
-    const int end = sqlite3_reset(statement.raw());
-    if (result != SQLITE_ROW && result != SQLITE_DONE)
-        runtimeError(QString::fromUtf8(sqlite3_errstr(end)) + u": "_s + from);
+    else if (result != SQLITE_DONE)
+        runtimeError(QString::fromUtf8(sqlite3_errstr(result)) + u": "_s + from);
     return result == SQLITE_ROW;
 }
 

@@ -185,7 +185,9 @@ Cell Statement::cell(int column) const {
     case SQLITE_TEXT: {
         cell.kind = Kind::Text;
         const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(raw_, column));
-        cell.bytes = QByteArrayView(text, text ? sqlite3_column_bytes(raw_, column) : 0);
+        if (text == nullptr) // a text always has an address, unless it could not be made
+            throw std::bad_alloc();
+        cell.bytes = QByteArrayView(text, sqlite3_column_bytes(raw_, column));
         break;
     }
     case SQLITE_BLOB: {
@@ -201,13 +203,14 @@ Cell Statement::cell(int column) const {
 }
 
 void Row::take(const Statement& statement, int columns) {
-    entries_.resize(static_cast<size_t>(columns));
+    // An entry comes behind its bytes: where they find no room the row has less, but nothing wrong.
+    entries_.clear();
     block_.clear();
     for (int i = 0; i < columns; ++i) {
         const Cell cell = statement.cell(i);
         const auto offset = static_cast<qsizetype>(block_.size());
-        entries_[static_cast<size_t>(i)] = {cell.kind, cell.integer, cell.real, offset, cell.bytes.size()};
         block_.insert(block_.end(), cell.bytes.begin(), cell.bytes.end());
+        entries_.push_back({cell.kind, cell.integer, cell.real, offset, cell.bytes.size()});
     }
 }
 

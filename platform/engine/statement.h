@@ -5,6 +5,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <new>
 #include <sqlite3.h>
 #include <vector>
 
@@ -45,6 +46,12 @@ QByteArray toBytes(const Cell& cell);
 QByteArrayView viewBytes(const Cell& cell, QByteArray& buffer);
 Value toValue(const Cell& cell);
 
+/// Lack of memory is no error of the base: it goes the way of all lack of memory.
+inline void raiseIfMemory(int result) {
+    if ((result & 0xFF) == SQLITE_NOMEM)
+        throw std::bad_alloc();
+}
+
 class Statement {
 public:
     Statement() = default;
@@ -73,6 +80,18 @@ public:
 
 private:
     sqlite3_stmt* raw_ = nullptr;
+};
+
+/// Resets a statement at the end of a stretch of work, however it is left.
+class Reset {
+public:
+    explicit Reset(const Statement& statement) : statement_(statement) {}
+    ~Reset() { statement_.reset(); }
+    Reset(const Reset&) = delete;
+    Reset& operator=(const Reset&) = delete;
+
+private:
+    const Statement& statement_;
 };
 
 /// The current row, copied out of its statement into one reused block.

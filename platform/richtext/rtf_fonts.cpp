@@ -19,13 +19,9 @@ constexpr Name pageWord("cpg");
 constexpr Name unicodeWord("u");
 constexpr qsizetype longestName = 256;
 
-/// A character of a name by its number, `p` behind it; passes over the one character that stands for it.
-const char* readUnicode(const char* p, const char* end, int number, QString& name) {
+void appendUnicode(QString& name, int number) {
     if (name.size() < longestName && (number < 0 || number >= ' '))
         name += QChar(static_cast<char16_t>(number));
-    if (p != end && *p == '\\' && end - p >= 4 && p[1] == '\'')
-        return p + 4;
-    return p != end && sortAt(p) == Sort::Plain && *p != ';' ? p + 1 : p;
 }
 
 } // namespace
@@ -33,6 +29,7 @@ const char* readUnicode(const char* p, const char* end, int number, QString& nam
 const char* FontTable::read(const char* p, const char* end, bool withNames) {
     Entry entry;
     std::size_t depth = 1;
+    // The way through the table is the same with names and without: only what is kept differs.
     const auto append = [&](char c) {
         if (withNames)
             appendByte(entry, static_cast<unsigned char>(c));
@@ -64,8 +61,12 @@ const char* FontTable::read(const char* p, const char* end, bool withNames) {
                 entry.page = codePageOfCharset(token.number);
             else if (pageWord == letters && token.number > 0)
                 entry.page = token.number;
-            else if (unicodeWord == letters && token.hasNumber && withNames)
-                p = readUnicode(p, end, token.number, entry.name);
+            else if (unicodeWord == letters && token.hasNumber) {
+                if (withNames)
+                    appendUnicode(entry.name, token.number);
+                if (p != end && *p != ';' && *p != '\r' && *p != '\n') // the end of an entry stands for nothing
+                    p = passFallback(p, end).place;
+            }
         } else if (const int byte = p != end && *p == '\'' ? hexByte(p + 1, end) : -1; byte >= 0) {
             append(static_cast<char>(byte));
             p += 3;

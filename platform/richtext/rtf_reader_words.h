@@ -317,38 +317,14 @@ void Reader<Sink>::repairSurrogates() {
     }
 }
 
-/// Over the characters that stand for a \u to readers without Unicode. A control word that is no character ends them:
-/// writers that leave the fallback away must not lose a \par.
+/// Over the characters that stand for a \u to readers without Unicode.
 template <class Sink>
 void Reader<Sink>::passFallbacks() {
-    for (int left = group_.fallbacks; left > 0 && p_ != end_;) {
-        const char c = *p_;
-        if (c == '{' || c == '}')
+    for (int left = group_.fallbacks; left > 0; --left) {
+        const auto [place, any] = passFallback(p_, end_);
+        p_ = place;
+        if (!any)
             return;
-        if (c == '\r' || c == '\n') {
-            ++p_;
-            continue;
-        }
-        if (c != '\\') {
-            ++p_;
-        } else if (end_ - p_ < 2) {
-            return;
-        } else if (!isLetter(p_[1])) {
-            if (p_[1] == '*' || p_[1] == '\r' || p_[1] == '\n')
-                return;
-            const bool isHex = p_[1] == '\'' && hexByte(p_ + 2, end_) >= 0;
-            p_ += isHex ? 4 : 2;
-        } else {
-            Token token;
-            const char* const behind = readWord(p_ + 1, end_, token);
-            if (token.word == Word::bin)
-                p_ = passBytes(behind, end_, token.number);
-            else if (token.word >= Word::emdash && token.word <= Word::zwnbo)
-                p_ = behind;
-            else
-                return;
-        }
-        --left;
     }
 }
 

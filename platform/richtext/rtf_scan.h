@@ -219,6 +219,35 @@ inline const char* passGroup(const char* p, const char* end) {
     return end;
 }
 
+/// Over one character that stands for a \\u to readers without Unicode; where none stands, over line ends at most.
+struct Passed {
+    const char* place;
+    bool any; ///< there was one
+};
+inline Passed passFallback(const char* p, const char* end) {
+    while (p != end && (*p == '\r' || *p == '\n'))
+        ++p;
+    if (p == end || *p == '{' || *p == '}')
+        return {p, false};
+    if (*p != '\\')
+        return {p + 1, true};
+    if (end - p < 2)
+        return {p, false};
+    if (!isLetter(p[1])) {
+        if (p[1] == '*' || p[1] == '\r' || p[1] == '\n')
+            return {p, false};
+        const bool isHex = p[1] == '\'' && hexByte(p + 2, end) >= 0;
+        return {p + (isHex ? 4 : 2), true};
+    }
+    Token token;
+    const char* const behind = readWord(p + 1, end, token);
+    if (token.word == Word::bin)
+        return {passBytes(behind, end, token.number), true};
+    // A control word that is no character ends them: writers that leave the fallback away must not lose a \par.
+    const bool isCharacter = token.word >= Word::emdash && token.word <= Word::zwnbo;
+    return {isCharacter ? behind : p, isCharacter};
+}
+
 /// Over line ends and blanks.
 inline const char* passBlanks(const char* p, const char* end) {
     while (p != end && (*p == ' ' || *p == '\r' || *p == '\n' || *p == '\t'))

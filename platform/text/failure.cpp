@@ -1,5 +1,7 @@
 #include "platform/text/failure.h"
 
+#include <QScopedValueRollback>
+
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
@@ -11,6 +13,14 @@ RuntimeErrorHandler& handlerSlot() {
     static RuntimeErrorHandler handler;
     return handler;
 }
+
+/// How many pieces of work this thread runs whose errors are given back.
+thread_local int guarded = 0;
+
+/// What leaves such a piece of work.
+struct Left {
+    RuntimeFailure failure;
+};
 } // namespace
 
 RuntimeErrorHandler setRuntimeErrorHandler(RuntimeErrorHandler handler) {
@@ -18,6 +28,8 @@ RuntimeErrorHandler setRuntimeErrorHandler(RuntimeErrorHandler handler) {
 }
 
 void runtimeError(const RuntimeFailure& failure) {
+    if (guarded > 0)
+        throw Left{failure};
     // A copy: what the handler holds must outlive the handler's being replaced from inside it.
     const RuntimeErrorHandler handler = handlerSlot();
     if (handler) {
@@ -30,6 +42,16 @@ void runtimeError(const RuntimeFailure& failure) {
 
 void runtimeError(Failure what, const QStringList& parts) {
     runtimeError(RuntimeFailure{what, parts});
+}
+
+std::optional<RuntimeFailure> failureOf(const std::function<void()>& work) {
+    const QScopedValueRollback guard(guarded, guarded + 1);
+    try {
+        work();
+    } catch (const Left& left) {
+        return left.failure;
+    }
+    return std::nullopt;
 }
 
 void runtimeError(const QString& message) {

@@ -244,6 +244,9 @@ int FrameStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     // Buttons of boxes say in words what they do.
     if (hint == SH_WindowFrame_Mask || hint == SH_DialogButtonBox_ButtonsHaveIcons)
         return 0;
+    // A history of hundreds stays one column, and scrolls.
+    if (hint == SH_Menu_Scrollable)
+        return 1;
     return QProxyStyle::styleHint(hint, option, widget, returned);
 }
 

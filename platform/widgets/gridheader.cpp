@@ -25,7 +25,6 @@ struct GridHeader::Parts {
     QString text; ///< as it fits
     QRect textRect;
     QPointF arrow;
-    bool elided = false;
 };
 
 GridHeader::GridHeader(const GridModel& model, QWidget* parent) : QHeaderView(Qt::Horizontal, parent), model_(model) {
@@ -72,7 +71,6 @@ GridHeader::Parts GridHeader::partsOf(const QRect& rect, int logicalIndex) const
     const int room = std::max(inner.width() - beside, 0);
     Parts parts;
     parts.text = metrics.elidedText(column.header, Qt::ElideRight, room);
-    parts.elided = parts.text != column.header;
     const int width = std::min(metrics.horizontalAdvance(parts.text), room);
     const int free = room - width;
     const int left = column.headerAlign == FlexGrid::Align::Left     ? inner.left()
@@ -147,7 +145,7 @@ bool GridHeader::viewportEvent(QEvent* event) {
     if (!model_.hasColumn(logical))
         return true;
     const QRect rect(sectionViewportPosition(logical), 0, sectionSize(logical), height());
-    gridlook::showTip(viewport(), help, rect, model_.column(logical).header, partsOf(rect, logical).elided);
+    gridlook::showTip(viewport(), help, rect, model_.column(logical).header);
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "platform/widgets/gridlook.h"
 
 #include "platform/widgets/look.h"
+#include "platform/widgets/plaintext.h"
 
 #include <QHelpEvent>
 #include <QPainter>
@@ -9,8 +10,6 @@
 #include <QWidget>
 
 namespace velm::gridlook {
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -63,12 +62,8 @@ void paintChevron(QPainter& painter, const QPointF& centre, Point point, const Q
     painter.restore();
 }
 
-void showTip(QWidget* widget, const QHelpEvent& event, const QRect& cell, const QString& text, bool elided) {
-    if (elided) {
-        QToolTip::showText(event.globalPos(), u"<qt>"_s + text.toHtmlEscaped() + u"</qt>"_s, widget, cell);
-    } else {
-        QToolTip::hideText();
-    }
+void showTip(QWidget* widget, const QHelpEvent& event, const QRect& cell, const QString& text) {
+    QToolTip::showText(event.globalPos(), plainTip(text), widget, cell);
 }
 
 } // namespace velm::gridlook

@@ -29,7 +29,7 @@ inline constexpr int chevronWidth = 7;
 /// The small arrow of sorted columns and of branches.
 void paintChevron(QPainter& painter, const QPointF& centre, Point point, const QColor& colour);
 
-/// Shows a text beside the pointer when it does not fit into its cell; hides the tip otherwise.
-void showTip(QWidget* widget, const QHelpEvent& event, const QRect& cell, const QString& text, bool elided);
+/// Shows the text of a cell beside the pointer, as long as that stays in the cell; an empty one hides the tip.
+void showTip(QWidget* widget, const QHelpEvent& event, const QRect& cell, const QString& text);
 
 } // namespace velm::gridlook

@@ -228,11 +228,6 @@ QRect GridView::cellRect(int row, int place) const {
     return visualRect(model_.index(row, logicalAt(place)));
 }
 
-bool GridView::cellElided(int row, int place) const {
-    const int width = fontMetrics().horizontalAdvance(model_.text(row, logicalAt(place)));
-    return width > gridlook::textRect(cellRect(row, place)).width();
-}
-
 void GridView::paintEvent(QPaintEvent* event) {
     if (merging_) {
         joinsFrom_ = topRow();
@@ -271,8 +266,9 @@ bool GridView::viewportEvent(QEvent* event) {
     const int row = rowAt(help.pos().y());
     const int place = placeAt(help.pos().x());
     const bool cell = row >= 0 && place >= 0;
+    // The tip follows the pointer from cell to cell, cut or not.
     gridlook::showTip(viewport(), help, cell ? cellRect(row, place) : QRect(),
-                      cell ? model_.text(row, logicalAt(place)) : QString(), cell && cellElided(row, place));
+                      cell ? model_.text(row, logicalAt(place)) : QString());
     return true;
 }
 

@@ -59,7 +59,6 @@ public:
     bool joinsAbove(int row, int place) const { return place < joined(row); }
     /// Whether a cell is the first one of its merged group that can be seen: the one that shows the text.
     bool showsText(int row, int place) const { return row == topRow() || !joinsAbove(row, place); }
-    bool cellElided(int row, int place) const;
     QRect cellRect(int row, int place) const;
 
 protected:

@@ -2,6 +2,7 @@
 
 #include "platform/text/twips.h"
 #include "platform/widgets/framestyle.h"
+#include "platform/widgets/plaintext.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -52,9 +53,7 @@ protected:
 
 private:
     QString shown() const { return fontMetrics().elidedText(text_.simplified(), Qt::ElideRight, width()); }
-    void showWhole() {
-        setToolTip(shown() == text_ ? QString() : QStringLiteral("<p>%1</p>").arg(text_.toHtmlEscaped()));
-    }
+    void showWhole() { setToolTip(shown() == text_ ? QString() : plainTip(text_)); }
 
     bool stretches_;
     int minimum_;

@@ -1,6 +1,7 @@
 #include "platform/widgets/toolbar.h"
 
 #include "platform/widgets/icons.h"
+#include "platform/widgets/plaintext.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -27,11 +28,6 @@ constexpr qsizetype longestEntry = 60;
 /// A text without a mnemonic.
 QString literal(QString text) {
     return text.replace(u'&', QStringLiteral("&&"));
-}
-
-/// A tool tip that is never taken for markup, and wraps.
-QString plainTip(const QString& text) {
-    return QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped());
 }
 
 } // namespace
@@ -68,8 +64,8 @@ struct Toolbar::Private {
     static void showTip(Button& button) {
         const QString keys = button.shortcut.toString(QKeySequence::NativeText);
         button.action->setText(literal(button.toolTip));
-        button.action->setToolTip(keys.isEmpty() ? button.toolTip
-                                                 : QStringLiteral("%1 (%2)").arg(button.toolTip, keys));
+        button.action->setToolTip(
+            plainTip(keys.isEmpty() ? button.toolTip : QStringLiteral("%1 (%2)").arg(button.toolTip, keys)));
     }
 };
 
@@ -221,12 +217,12 @@ void Toolbar::setMenus(const QString& key, const ButtonMenus* menus) {
 void Toolbar::fillMenu(const QString& key, QMenu& menu) {
     menu.clear();
     const ButtonMenus* entries = d_->find(key)->menus;
-    for (int index = 1; entries && index <= std::min(entries->count(), shownMenus); ++index) {
+    for (int index = 1; entries && index <= entries->count(); ++index) {
         const ButtonMenu& entry = entries->at(index);
         const QString line = entry.text.simplified();
-        const bool elided = line.size() > longestEntry;
-        QAction* action = menu.addAction(literal(elided ? line.left(longestEntry - 1) + u'\u2026' : line));
-        action->setToolTip(elided ? plainTip(line) : QString());
+        const QString shown = line.size() > longestEntry ? line.left(longestEntry - 1) + u'\u2026' : line;
+        QAction* action = menu.addAction(literal(shown));
+        action->setToolTip(entryTip(line, shown));
         action->setObjectName(entry.key);
         action->setEnabled(entry.enabled);
         connect(action, &QAction::triggered, this,

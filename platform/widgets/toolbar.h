@@ -60,9 +60,8 @@ public:
     void setImage(const QString& key, const QString& image);
 
     /// The drop-down entries, held here or by whoever owns them elsewhere. The menu is made from them each time it
-    /// opens; at most `shownMenus` of them are shown, the rest stays reachable by their index.
+    /// opens, of all of them, and scrolls where the screen is too low.
     void setMenus(const QString& key, const ButtonMenus* menus);
-    static constexpr int shownMenus = 40;
 
     QToolButton* widget(const QString& key) const; ///< null for separators
     QMenu* menu(const QString& key) const;         ///< the menu of a drop-down, null for others

@@ -294,7 +294,7 @@ bool TreeView::viewportEvent(QEvent* event) {
     initViewItemOption(&option);
     option.rect = visualRect(index);
     const bool elided = index.isValid() && !static_cast<const RowDelegate*>(itemDelegate())->fits(option, index);
-    gridlook::showTip(viewport(), help, option.rect, nodes_.text(nodeOf(index)), elided);
+    gridlook::showTip(viewport(), help, option.rect, elided ? nodes_.text(nodeOf(index)) : QString());
     return true;
 }
 

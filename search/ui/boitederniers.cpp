@@ -1,5 +1,7 @@
 #include "search/ui/boitederniers.h"
 
+#include "platform/widgets/plaintext.h"
+
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QSignalBlocker>
@@ -31,7 +33,7 @@ void BoiteDerniers::offre(const QStringList& textes) {
     clear();
     addItems(textes);
     for (int rang = 0; rang < count(); ++rang)
-        setItemData(rang, itemText(rang), Qt::ToolTipRole);
+        setItemData(rang, plainTip(itemText(rang)), Qt::ToolTipRole);
     setCurrentIndex(-1);
     lineEdit()->setText(garde);
     lineEdit()->setCursorPosition(caret);

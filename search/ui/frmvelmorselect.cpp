@@ -1,6 +1,7 @@
 #include "search/ui/frmvelmorselect.h"
 
 #include "core/parametres.h"
+#include "platform/widgets/plaintext.h"
 #include "platform/widgets/toolbar.h"
 #include "search/ui/boitederniers.h"
 #include "search/ui/champdate.h"
@@ -218,7 +219,7 @@ void FrmVelmorSelect::libelle(Onglet onglet, const QString& texte) {
 void FrmVelmorSelect::montreprogres(qint64 vus, qint64 total) {
     ProgressBar_->setMaximum(static_cast<int>(total));
     ProgressBar_->setValue(static_cast<int>(vus));
-    ProgressBar_->setToolTip(QString::number(vus));
+    ProgressBar_->setToolTip(plainTip(QString::number(vus)));
     ProgressBar_->show();
 }
 

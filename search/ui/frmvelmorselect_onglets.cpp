@@ -3,6 +3,7 @@
 #include "core/parametres.h"
 #include "platform/widgets/icons.h"
 #include "platform/widgets/look.h"
+#include "platform/widgets/plaintext.h"
 #include "platform/widgets/toolbar.h"
 #include "search/motscommencant.h"
 #include "search/ui/boitederniers.h"
@@ -150,7 +151,7 @@ QWidget* FrmVelmorSelect::construitcollections() {
 // ---- small makers
 
 QLabel* FrmVelmorSelect::etiquette(const QString& libelle, QWidget* nomme) {
-    auto* label = new QLabel(libelle, this);
+    auto* label = plainLabel(libelle, this);
     label->setBuddy(nomme);
     return label;
 }
@@ -263,7 +264,7 @@ void FrmVelmorSelect::ajoutetextes(QGridLayout& grille) {
         motentier_.at(i) = coche(tableau(u"motentier"_s, rang), 1731);
         respectminmaj_.at(i) = coche(tableau(u"respectminmaj"_s, rang), 1730);
         QComboBox* lien = rang == 0 ? prefixe_ : conjonction_;
-        lien->setToolTip(lien->accessibleName());
+        lien->setToolTip(plainTip(lien->accessibleName()));
         grille.addWidget(etiquette(texte(9136 + rang), texterech), 2 * rang, 0);
         grille.addWidget(lien, 2 * rang, 1);
         grille.addWidget(texterech, 2 * rang, 2);
@@ -347,7 +348,7 @@ QWidget* FrmVelmorSelect::ongletmots() {
     resultat_ = new QListWidget(this);
     resultat_->setObjectName(u"resultat"_s);
     resultat_->setAccessibleName(texte(9458));
-    resultat_->setToolTip(texte(9458));
+    resultat_->setToolTip(plainTip(texte(9458)));
     resultat_->setUniformItemSizes(true);
     auto* libeldico = etiquette(texte(7500) + u" :"_s, Textedico);
     libeldico->setObjectName(u"libeldico"_s);

@@ -1,6 +1,7 @@
 #include "core/cle.h"
 #include "document/affichage.h"
 #include "document_support.h"
+#include "fenetre_document.h"
 #include "tests/support/arret.h"
 
 #include <QTemporaryDir>
@@ -11,40 +12,6 @@ namespace velm::test {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-struct ListeEssai final : ListeLaterale {
-    bool visible() const override { return vue; }
-    int couleurbouton() const override { return couleur; }
-    void recharge(const QString& code, const QString& numero) override { recharges += code + numero; }
-    bool vue = false;
-    int couleur = ouverte;
-    QStringList recharges;
-};
-
-/// Writes down what is asked of it, and how the control stood then.
-struct Fenetre final : FormulaireDocument {
-    RichTextControl& rtfRichTextBox1() override { return controle; }
-    ListesLiens* listes() override { return &liens; }
-    DocumentAffiche& document() override { return membres; }
-    void changetitre(const QString& nouveau) override {
-        titre = nouveau;
-        journal += u"titre"_s;
-        motcleautitre = membres.motcle1;
-    }
-    void activemenus() override { journal += controle.redraw() ? u"menus!"_s : u"menus"_s; }
-    void rafraichit() override { journal += controle.redraw() && controle.visible() ? u"rafraichit"_s : u"trop tôt"_s; }
-    ListeLaterale& listedesliens() override { return sortants; }
-    ListeLaterale& listedescorrelats() override { return correlats; }
-
-    RichTextControl controle;
-    ListesLiens liens;
-    DocumentAffiche membres;
-    QString titre;
-    QString motcleautitre;
-    QStringList journal;
-    ListeEssai sortants;
-    ListeEssai correlats;
-};
 
 class Affichage : public testing::Test {
 protected:
@@ -92,7 +59,7 @@ protected:
     Corpus corpus;
     SablierMuet sablier;
     TableStyles styles = stylesdessai();
-    Fenetre fenetre;
+    FenetreDeDocument fenetre;
 };
 
 TEST_F(Affichage, ADocumentIsShownWithItsValues) {

@@ -309,17 +309,31 @@ TEST_F(FlexGridInput, RowsAreFoundUnderAPoint) {
     EXPECT_EQ(grid.row(), 1) << "a click beside the rows changes nothing";
 }
 
-TEST_F(FlexGridInput, OnlyACellThatDoesNotFitHasATip) {
-    const QString whole = u"Un titre <très> long qui ne tient pas dans la colonne où il se trouve"_s;
+TEST_F(FlexGridInput, TheTipIsTheTextUnderThePointerCutOrNot) {
+    const QString whole = u"Un titre très long qui ne tient pas dans la colonne où il se trouve"_s;
     grid.setText(1, 0, whole);
-    grid.setHeader(0, u"Un titre de colonne qui ne tient pas non plus dans sa cellule"_s);
-    EXPECT_TRUE(tipAt(rowsWidget(), pointOf(1, 0)).contains(u"&lt;très&gt; long"_s));
-    EXPECT_TRUE(noTipAt(rowsWidget(), pointOf(2, 0)));
-    EXPECT_TRUE(noTipAt(rowsWidget(), pointOf(1, 1)));
-    EXPECT_TRUE(tipAt(headerWidget(), headerPoint(0)).contains(u"non plus"_s));
-    EXPECT_TRUE(noTipAt(headerWidget(), headerPoint(1)));
-    grid.setColWidth(0, 15000);
-    EXPECT_TRUE(noTipAt(rowsWidget(), {20, 5}));
+    grid.setText(3, 1, QString());
+    grid.setHeader(0, u"Titre"_s);
+    grid.setHeader(1, u"Un titre de colonne qui ne tient pas dans sa cellule"_s);
+    EXPECT_EQ(tipAt(rowsWidget(), pointOf(1, 0)), whole);
+    EXPECT_EQ(tipAt(rowsWidget(), pointOf(2, 0)), u"ligne 2"_s);
+    EXPECT_EQ(tipAt(rowsWidget(), pointOf(2, 1)), u"2"_s);
+    EXPECT_EQ(tipAt(headerWidget(), headerPoint(0)), u"Titre"_s);
+    EXPECT_EQ(tipAt(headerWidget(), headerPoint(1)), u"Un titre de colonne qui ne tient pas dans sa cellule"_s);
+    EXPECT_TRUE(noTipAt(rowsWidget(), pointOf(3, 1))) << "an empty cell";
+    EXPECT_EQ(tipAt(rowsWidget(), pointOf(4, 0)), u"ligne 4"_s);
+    grid.setRows(3);
+    EXPECT_TRUE(noTipAt(rowsWidget(), {20, rowsWidget()->height() - 2})) << "below the rows";
+}
+
+TEST_F(FlexGridInput, ATipIsNeverTakenForMarkup) {
+    const QString title = u"<img src=\"/dev/zero\"> Article 2"_s;
+    grid.setText(1, 0, title);
+    grid.setHeader(0, title);
+    const QString tip = u"<p>&lt;img src=&quot;/dev/zero&quot;&gt; Article 2</p>"_s;
+    EXPECT_EQ(tipAt(rowsWidget(), pointOf(1, 0)), tip);
+    EXPECT_EQ(tipAt(rowsWidget(), pointOf(2, 0)), u"ligne 2"_s);
+    EXPECT_EQ(tipAt(headerWidget(), headerPoint(0)), tip);
 }
 
 TEST_F(FlexGridInput, ARangeWithoutFocusIsGrey) {

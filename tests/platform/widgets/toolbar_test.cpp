@@ -1,7 +1,10 @@
+#include "platform/widgets/framestyle.h"
 #include "tests/platform/widgets/toolbar_support.h"
 
 #include <QAction>
+#include <QScreen>
 #include <QSignalSpy>
+#include <QStyleFactory>
 #include <QTimer>
 
 namespace velm {
@@ -189,20 +192,36 @@ TEST_F(ToolbarTest, LongEntriesAreElidedAndToldWhole) {
     QMenu* menu = opened(u"Précédent"_s);
     EXPECT_EQ(menu->actions().at(0)->text().size(), 60);
     EXPECT_TRUE(menu->actions().at(0)->text().endsWith(u'\u2026'));
-    EXPECT_TRUE(menu->actions().at(0)->toolTip().contains(u"&lt;L. 111-1&gt;"));
+    EXPECT_EQ(menu->actions().at(0)->toolTip(), title);
     EXPECT_EQ(menu->actions().at(1)->text(), u"ligne une ligne deux");
     menu->hide();
 }
 
-TEST_F(ToolbarTest, OnlyTheFirstEntriesAreShown) {
+TEST_F(ToolbarTest, AllEntriesAreOfferedInOneColumnThatScrolls) {
     ButtonMenus menus;
-    for (int index = 1; index <= 5000; ++index)
-        menus.add(0, QString(), QString::number(index));
+    constexpr int count = 600;
+    for (int index = 1; index <= count; ++index)
+        menus.add(0, u"c%1"_s.arg(index), u"Titre %1"_s.arg(index));
     bar->setMenus(u"Précédent"_s, &menus);
+    const QSignalSpy chosen(bar, &Toolbar::menuClicked);
+    FrameStyle style(QStyleFactory::create(u"fusion"_s));
+    bar->menu(u"Précédent"_s)->setStyle(&style);
+    showFrame();
     QMenu* menu = opened(u"Précédent"_s);
-    EXPECT_EQ(menu->actions().size(), Toolbar::shownMenus);
-    EXPECT_EQ(menu->actions().last()->text(), u"40");
-    menu->hide();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(menu));
+    ASSERT_EQ(menu->actions().size(), count);
+    EXPECT_LE(menu->height(), menu->screen()->availableGeometry().height());
+    EXPECT_LT(menu->width(), 400) << "one column";
+    QAction* last = menu->actions().last();
+    EXPECT_GT(menu->actionGeometry(last).top(), menu->height()) << "not seen yet";
+    QTest::keyClick(menu, Qt::Key_End);
+    EXPECT_TRUE(menu->rect().contains(menu->actionGeometry(last).center()))
+        << menu->actionGeometry(last).top() << " of " << menu->height();
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(last).center());
+    ASSERT_EQ(chosen.count(), 1);
+    EXPECT_EQ(chosen.first().at(1).toInt(), count);
+    EXPECT_EQ(chosen.first().at(2).toString(), u"c600"_s);
+    menu->setStyle(nullptr);
 }
 
 TEST_F(ToolbarTest, TheArrowOfADropDownWithoutEntriesOpensNothing) {

@@ -203,13 +203,13 @@ TEST_F(TreeViewTest, TheOpenPictureShowsWhileANodeIsOpen) {
 TEST_F(TreeViewTest, OnlyATextThatDoesNotFitHasATip) {
     plant();
     nodes.setExpanded(1, true);
-    nodes.setText(2, u"Un titre <très> long qui ne tient jamais dans la largeur du volet"_s);
+    nodes.setText(2, u"Un titre <b>très</b> long qui ne tient jamais dans la largeur du volet"_s);
     const auto tip = [this](int node) {
         QHelpEvent help(QEvent::ToolTip, pointOf(node), tree.viewport()->mapToGlobal(pointOf(node)));
         QApplication::sendEvent(tree.viewport(), &help);
         return QToolTip::text();
     };
-    EXPECT_TRUE(tip(2).contains(u"&lt;très&gt; long"_s));
+    EXPECT_TRUE(tip(2).contains(u"&lt;b&gt;très&lt;/b&gt; long"_s));
     tip(3);
     EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
 }
