@@ -24,6 +24,11 @@ ChildFrame::ChildFrame(QWidget* child) {
     });
 }
 
+ChildFrame::~ChildFrame() {
+    // The toolkit's part tells of its state on its way out.
+    disconnect(this, &QMdiSubWindow::windowStateChanged, this, nullptr);
+}
+
 ChildFrame* ChildFrame::around(const QWidget* widget) {
     while (widget && !widget->isWindow()) {
         widget = widget->parentWidget();

@@ -16,6 +16,7 @@ class ChildFrame final : public QMdiSubWindow {
 public:
     /// Owns the child from now on, and goes when it closes.
     explicit ChildFrame(QWidget* child);
+    ~ChildFrame() override;
 
     /// The frame that a widget lies in, itself excepted; null for none, and for one that is being destroyed.
     static ChildFrame* around(const QWidget* widget);

@@ -7,6 +7,7 @@
 #include "shell/recherches.h"
 #include "tests/gui/selection_support.h"
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QScreen>
@@ -299,6 +300,30 @@ TEST_F(FenetresTest, AnIconOfTheSearchFormComesBackByItsButton) {
     presse(ecran().barrecommande(), "Rechercher");
     EXPECT_TRUE(formulaire()->isVisible());
     EXPECT_FALSE(autour(*formulaire()).isMinimized());
+}
+
+TEST_F(FenetresTest, TheRunMayEndWithTheSearchFormOpenAfterItsListsWereUsed) {
+    for (const bool demande : {true, false}) {
+        commence();
+        presse(ecran().barrecommande(), "Rechercher");
+        int ouvertes = 0;
+        for (QComboBox* boite : formulaire()->findChildren<QComboBox*>()) {
+            if (!boite->isVisible())
+                continue;
+            QTest::mouseClick(boite, Qt::LeftButton, {}, {boite->width() - 6, boite->height() / 2});
+            if (QWidget* choix = QApplication::activePopupWidget()) {
+                QTest::keyClick(choix, Qt::Key_Down);
+                QTest::keyClick(choix, Qt::Key_Return);
+                ++ouvertes;
+            }
+        }
+        EXPECT_GT(ouvertes, 0);
+        if (demande)
+            quitte();
+        else
+            programme.reset();
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    }
 }
 
 // ---- the panel and the frame
