@@ -2,6 +2,7 @@
 #include "platform/system/ui/qtoutside.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -50,6 +51,31 @@ TEST(BoitesQt, EachButtonIsItsAnswer) {
                                 Bouton::Ok | Bouton::Annuler | Bouton::Oui | Bouton::Non),
                   bouton);
     }
+}
+
+TEST(BoitesQt, ACheckBoxStandsInTheBoxesThatWantOneAndTellsItsState) {
+    QtDialogues boxes;
+    for (const bool ticks : {true, false}) {
+        bool ticked = !ticks;
+        whenShown<QMessageBox>([ticks](QMessageBox& box) {
+            ASSERT_NE(box.checkBox(), nullptr);
+            EXPECT_EQ(box.checkBox()->text(), u"de même");
+            box.checkBox()->setChecked(ticks);
+            box.button(QMessageBox::Ok)->click();
+        });
+        Message message{u"texte"_s, u"titre"_s};
+        message.option = u"de même"_s;
+        message.optioncochee = &ticked;
+        boxes.message(message);
+        EXPECT_EQ(ticked, ticks);
+    }
+    bool without = false;
+    whenShown<QMessageBox>([&without](QMessageBox& box) {
+        without = box.checkBox() == nullptr;
+        box.button(QMessageBox::Ok)->click();
+    });
+    boxes.message(u"texte"_s, u"titre"_s);
+    EXPECT_TRUE(without);
 }
 
 TEST(BoitesQt, ABoxOfTheStartStandsBeforeTheSplash) {

@@ -8,10 +8,11 @@
 #include "shell/application.h"
 #include "shell/ecrangeneral.h"
 #include "shell/lancement.h"
+#include "shell/menus.h"
 #include "shell/recherches.h"
 #include "tests/support/outside_script.h"
 
-#include <QAbstractButton>
+#include <QAction>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMessageBox>
@@ -71,8 +72,9 @@ QSessionManager& session() {
 
 class Scenario {
 public:
-    Scenario(Application& application, Programme& programme, Boites& boites, QStringList faits)
-        : application_(application), programme_(programme), boites_(boites), faits_(std::move(faits)) {}
+    Scenario(Application& application, Programme& programme, Boites& boites, QString reglages, QStringList faits)
+        : application_(application), programme_(programme), boites_(boites), reglages_(std::move(reglages)),
+          faits_(std::move(faits)) {}
 
     void suite() {
         QTimer::singleShot(0, &application_, [this] { prochain(); });
@@ -97,6 +99,8 @@ private:
             cherche(valeur);
         else if (fait == u"liens")
             programme_.fenetre(0)->liens().ouvre(valeur);
+        else if (fait == u"astucefautive")
+            astucefautive();
         else if (fait == u"memoire")
             throw std::bad_alloc();
         else if (fait == u"memoireenboite")
@@ -112,8 +116,6 @@ private:
             emit application_.commitDataRequest(session());
         else if (fait == u"etat")
             emit application_.saveStateRequest(session());
-        else if (fait == u"largeur")
-            programme_.ecran()->resize(valeur.toInt(), 500);
         else if (fait == u"finbureau")
             QCoreApplication::quit();
         else if (fait == u"quitte")
@@ -129,6 +131,13 @@ private:
         Formulaire& formulaire = programme_.recherches().formulaire()->formulaire();
         formulaire.prendfichier(fichier);
         formulaire.clic(Onglet::Mots);
+    }
+
+    /// Another program spoils a setting that is read again later; the next write brings it in.
+    void astucefautive() {
+        ReglagesStore(reglages_).save(u"OPTIONS", u"TIPS", u"jamais"_s);
+        programme_.ecran()->menus().entree(u"maffichagetfu"_s)->trigger();
+        programme_.astuce();
     }
 
     /// A real box, in whose event loop the next thing fails; it is answered afterwards.
@@ -148,6 +157,7 @@ private:
     Application& application_;
     Programme& programme_;
     Boites& boites_;
+    QString reglages_;
     QStringList faits_;
 };
 
@@ -174,13 +184,13 @@ int main(int argc, char** argv) {
     test::ImprimanteScript imprimante;
     const test::LecteursScript lecteurs;
     std::unique_ptr<Scenario> scenario;
-    const int code = lance(application, options,
-                           {boites, navigateur, processus, sablier, pressepapiers, courrier, imprimante, lecteurs},
-                           [&](Programme& programme) {
-                               scenario = std::make_unique<Scenario>(
-                                   application, programme, boites, arguments.value(4).split(u',', Qt::SkipEmptyParts));
-                               scenario->suite();
-                           });
+    const int code = lance(
+        application, options, {boites, navigateur, processus, sablier, pressepapiers, courrier, imprimante, lecteurs},
+        [&](Programme& programme) {
+            scenario = std::make_unique<Scenario>(application, programme, boites, options.fichierreglages,
+                                                  arguments.value(4).split(u',', Qt::SkipEmptyParts));
+            scenario->suite();
+        });
     dit({{u"rendu"_s, code}});
     return code;
 }

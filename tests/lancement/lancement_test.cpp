@@ -83,6 +83,11 @@ TEST_F(Lancement, ThePublishersLineIsNamedWithItsFile) {
     EXPECT_EQ(essai.code, 1);
 }
 
+TEST_F(Lancement, ASettingThatFailsAfterTheStartEndsItAndTellsWhatToMend) {
+    finitsur({}, u"astucefautive"_s, texte(9517));
+    EXPECT_EQ(reglage(u"OPTIONS"_s, u"TIPS"_s), u"jamais");
+}
+
 // ---- the base
 
 TEST_F(Lancement, AMissingTableEndsItInOneBox) {
