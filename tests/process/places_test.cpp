@@ -76,7 +76,7 @@ TEST_F(Places, TheUpdateToolBesideTheBaseIsStartedWithWhatItNeeds) {
     set(u"BASE", u"CHEMIN", at(u"disc"_s));
     const QString told = at(u"told"_s);
     ASSERT_EQ(writeWhole(at(u"disc/MAJver.exe"_s),
-                         "#!/bin/sh\nprintf '%s\\n' \"$#\" \"$1\" >'" + QFile::encodeName(told) + ".part'\nmv '" +
+                         "#!/bin/sh\nprintf '%s\\n' \"$#\" \"$1\" >'" + QFile::encodeName(told) + ".part'\n/bin/mv '" +
                              QFile::encodeName(told) + ".part' '" + QFile::encodeName(told) + "'\n"),
               QString());
     ASSERT_EQ(writeWhole(at(u"disc/velm2000.exe"_s), "newer"), QString());

@@ -30,6 +30,8 @@ protected:
         set(u"OPTIONS", u"TIPS", u"0"_s);
         environment_ = QProcessEnvironment::systemEnvironment();
         environment_.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+        // The desktop's own tools, which the program starts and which outlive it, are not found.
+        environment_.insert(u"PATH"_s, at(u"none"_s));
         for (const auto& [name, folder] :
              {std::pair(u"HOME"_s, u"home"_s), std::pair(u"XDG_CONFIG_HOME"_s, u"config"_s),
               std::pair(u"XDG_DATA_HOME"_s, u"data"_s), std::pair(u"XDG_CACHE_HOME"_s, u"cache"_s),
