@@ -10,8 +10,8 @@ namespace velm {
 
 class LongWords {
 public:
-    /// No line holds so many characters, but for those without width.
-    static constexpr int longest = 1024;
+    /// Lines hold fewer characters, but for those of the smallest type or without width.
+    static constexpr int longest = 512;
 
     explicit LongWords(QStringView text);
 

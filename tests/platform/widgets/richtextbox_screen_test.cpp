@@ -99,8 +99,13 @@ protected:
 
     void document() {
         RichText text = sample::longText(upTo(4) == 0 ? 3000 : 20000 + upTo(200000));
-        if (upTo(3) == 0) {
-            text.append(sample::lawArticle().text(), text.charFormatIdAt(0), text.paraFormatIdAt(0));
+        const int kind = upTo(8);
+        if (kind == 0) { // a paragraph in parts
+            text.append(u"le prix du bien, "_s.repeated(3000), text.charFormatIdAt(0), text.paraFormatIdAt(0));
+        } else if (kind == 1) { // a word in parts
+            text.append(QString(50000, u'x'), text.charFormatIdAt(0), text.paraFormatIdAt(0));
+        } else if (kind == 2) { // more than is taken in at once
+            text.append(u"\r\n\f\r\nmot"_s.repeated(12000), text.charFormatIdAt(0), text.paraFormatIdAt(0));
         }
         show(text);
         if (upTo(2) == 0) {
@@ -217,6 +222,21 @@ TEST_F(ScreenTest, APlaceFarDownStaysWholeWhileTheTextAboveSettles) {
         QApplication::processEvents();
         ASSERT_EQ(difference(), "");
     }
+}
+
+TEST_F(ScreenTest, WhatComesInLaterIsPaintedWhereItIsLookedAt) {
+    RichText text;
+    text.append(u"mot\r\n"_s.repeated(40000), text.intern(CharFormat{}), text.intern(ParaFormat{}));
+    show(text);
+    QScrollBar& bar = *box_.verticalScrollBar();
+    bar.setValue(bar.maximum() / 10 * 9);
+    const QImage empty = paintedAnew();
+    while (!box_.isSettled()) {
+        ASSERT_EQ(difference(), "");
+        QApplication::processEvents();
+    }
+    EXPECT_EQ(difference(), "");
+    EXPECT_NE(paintedAnew(), empty);
 }
 
 TEST_F(ScreenTest, ScrollingByALineMovesThePixelsThatStay) {
