@@ -1,0 +1,237 @@
+"""One trial from its start to its balance."""
+import ast
+import collections
+import pathlib
+import random
+import re
+import time
+import zlib
+
+from cloison import Display, lend_processes
+from ecran import Rect, Screen
+from gestes import Monkey
+from programme import Fault, Program
+
+MEMORY_ALLOWED = 60  # megabytes above the start, with all windows closed
+BETWEEN_BALANCES = 240  # seconds
+LAST = 50  # gestures that a report shows
+QUIT_CAPTION = 116  # of the language file: the entry that ends the program captions its question, too
+MOST_WINDOWS = 500
+ARGUMENTS = [[], [], [], ["CO000002"], ["JP3"], ["XX9"], ["/tmp/essai.cv2"]]
+
+
+def caption(folder, number):
+    lines = (folder / "langues" / "RES2000.FR").read_bytes().decode("cp1252").splitlines()
+    return next((line.split("=", 1)[1].replace("&", "").strip(" .…") for line in lines
+                 if line.startswith(f"{number}=")), "")
+
+
+class Session:
+    def __init__(self, report, folder, chosen):
+        self.report, self.chosen = report, chosen
+        self.display = Display()
+        self.screen = Screen(self.display.name)
+        self.await_manager()
+        self.rng = random.Random(chosen.seed)
+        self.checked = b"__asan_init" in (folder / "velm2000").read_bytes()
+        if self.checked:
+            lend_processes()
+        self.program = Program(self.screen, folder / "velm2000", self.display.surroundings(), report,
+                               300 if self.checked else 120)
+        question = caption(folder, QUIT_CAPTION)
+        self.monkey = Monkey(self.screen, self.rng, lambda title: title.startswith(question))
+        self.deeds = open(report / "actions.txt", "w", buffering=1)
+        self.last = collections.deque(maxlen=LAST)
+        self.count, self.began = 0, time.monotonic()
+        self.titles, self.pictures, self.kinds = collections.Counter(), set(), collections.Counter()
+        self.named, self.sought = set(), set()
+        self.memory = []  # megabytes with all windows closed, the start first
+        self.before = b""
+
+    def run(self):
+        print(f"seed {self.chosen.seed}", flush=True)
+        fault = None
+        try:
+            self.begin()
+            self.replay() if self.chosen.replay else self.play()
+            self.balance()
+            self.check_memory()
+        except Fault as what:
+            fault = what
+        self.tell(fault)
+        self.program.end()
+        self.display.close()
+        return 1 if fault else 0
+
+    def await_manager(self):
+        """A window that is shown before the manager stands may never be mapped."""
+        end = time.monotonic() + 60
+        while not self.screen.property(self.screen.root, "_NET_SUPPORTING_WM_CHECK"):
+            if time.monotonic() > end:
+                raise SystemExit("the window manager did not start")
+            time.sleep(0.05)
+
+    # --- the trial
+
+    def begin(self):
+        settings = pathlib.Path(self.display.surroundings()["XDG_CONFIG_HOME"]) / "VELMORANTE2000"
+        settings.mkdir(parents=True, exist_ok=True)
+        self.settings = settings / "VELMORANTE2000.ini"
+        self.start([])
+        self.close_all()
+        self.memory.append(self.program.resident())
+
+    def play(self):
+        end = self.began + 60 * self.chosen.minutes
+        balance = self.began + BETWEEN_BALANCES
+        while time.monotonic() < end:
+            if not self.program.running():
+                self.read_settings()
+                self.do("start", [("start", *self.rng.choice(ARGUMENTS))])
+            elif time.monotonic() > balance:
+                self.balance()
+                self.check_memory()
+                balance = time.monotonic() + BETWEEN_BALANCES
+            else:
+                self.look()
+                self.do(*self.monkey.gesture(self.program.frame()))
+
+    def replay(self):
+        """At the pace of the first time: some faults come only with it."""
+        for line in (self.report / "rejoue.txt").read_text().splitlines():
+            _, name, moment, deeds = line.split("\t")
+            time.sleep(max(0.0, float(moment.split()[0]) - (time.monotonic() - self.began)))
+            if name == "start" or self.program.running():
+                self.do(name, ast.literal_eval(deeds))
+
+    def look(self):
+        """Notes what stands there."""
+        self.titles[self.screen.title(self.screen.active())] += 1
+        self.before = self.screen.dots(self.screen.area)
+        self.pictures.add(zlib.crc32(self.before[::1009]))
+
+    def do(self, name, deeds):
+        self.count += 1
+        self.kinds[name] += 1
+        window = self.screen.title(self.screen.active())[:40]
+        line = f"{self.count}\t{name}\t{time.monotonic() - self.began:.2f} {window}\t{deeds}"
+        print(line, file=self.deeds)
+        self.last.append(line)
+        for deed in deeds:
+            self.deed(*deed)
+        if not self.chosen.replay and self.rng.random() < 0.15:
+            time.sleep(self.rng.choice([0.02, 0.1, 0.1, 0.6]))
+        self.program.settle()
+        self.program.check_words()
+
+    def deed(self, what, *words):
+        window = self.screen.active() or self.program.frame()
+        if what == "pause":
+            time.sleep(words[0] / 1000)
+        elif what == "text":
+            for letter in words[0]:
+                self.screen.key(letter)
+        elif what == "start":
+            self.start(list(words))
+        elif what in ("down", "up"):
+            self.screen.button(words[0], what == "down")
+        elif what == "size":
+            self.screen.resize(window, Rect(*words))
+        elif what == "maximise":
+            self.screen.maximise(window, *words)
+        elif what == "back":
+            for put_away in (w for w in self.screen.clients() if not self.screen.place(w)):
+                self.screen.activate(put_away)
+        elif what == "iconify":
+            self.screen.iconify(window)
+        elif what == "close":
+            self.screen.close(window)
+        elif what == "move":
+            self.screen.move(*words)
+        elif what == "key":
+            self.screen.key(*words)
+
+    def start(self, arguments):
+        self.program.start(arguments)
+        self.program.settle()
+
+    # --- the balance
+
+    def close_all(self):
+        """Answers what asks and closes all windows but the main one, so that the memory can be compared."""
+        for _ in range(20):
+            frame = self.program.frame()
+            if not self.program.running() or self.screen.active() == frame and not self.screen.popups():
+                break
+            self.screen.key("Escape")
+            self.program.settle()
+            time.sleep(0.1)
+        self.program.rest()
+        before, still = b"", 0
+        for _ in range(MOST_WINDOWS):
+            # A window that is only hidden when it closes (the search form) may stay in front.
+            for chord in ("ctrl+Tab", "ctrl+F4"):
+                self.screen.key(chord)
+                self.program.settle()
+            now = self.screen.dots(self.screen.area)
+            still = still + 1 if now == before else 0
+            before = now
+            if still == 3:
+                break
+        self.program.rest()
+
+    def balance(self):
+        if not self.program.running():
+            return
+        self.do("balance", [])
+        self.close_all()
+        if self.program.running():
+            self.memory.append(self.program.resident())
+            self.screen.keep(self.screen.dots(self.screen.area), self.report / f"bilan-{len(self.memory) - 1}.png")
+            self.leave()
+
+    def leave(self):
+        """Ends the program as a user does, and reads what it has kept."""
+        self.screen.key("ctrl+q")
+        end = time.monotonic() + self.program.patience
+        while self.program.running():
+            if time.monotonic() > end:
+                raise Fault("the program cannot be left")
+            time.sleep(0.2)
+            self.screen.key("Return")
+        self.program.check_words()
+        self.read_settings()
+
+    def check_memory(self):
+        grown = max(self.memory) - self.memory[0]
+        if not self.checked and grown > MEMORY_ALLOWED:
+            raise Fault(f"the program has grown by {grown:.0f} MB")
+
+    def read_settings(self):
+        """Which documents the program has had open and what was searched with it, as far as it keeps that."""
+        try:
+            text = self.settings.read_bytes().decode("utf-8", "replace")
+        except OSError:
+            return
+        self.named |= set(re.findall(r"\b[A-Z]{2}\d{6}\b", text))
+
+    # --- the report
+
+    def tell(self, fault):
+        seconds = time.monotonic() - self.began
+        if fault:
+            self.screen.keep(self.screen.dots(self.screen.area), self.report / "ecran.png")
+            self.screen.keep(self.before, self.report / "avant.png")
+            print(f"FAULT after {seconds:.0f} s: {fault}")
+            print(self.program.said.read_text("utf-8", "replace")[-8000:])
+            print(f"--- the last {len(self.last)} gestures")
+            print("\n".join(self.last))
+        calls = self.report / "appels"
+        outside = len(calls.read_text("utf-8", "replace").splitlines()) if calls.exists() else 0
+        print(f"{self.count} gestures in {seconds:.0f} s, seed {self.chosen.seed}; {self.program.runs} runs; "
+              f"{len(self.titles)} captions; {len(self.pictures)} pictures; "
+              f"{len(self.named)} documents named in the settings; "
+              f"{outside} calls to the outside")
+        print("memory with all windows closed, MB: " + " ".join(f"{m:.0f}" for m in self.memory))
+        print("captions: " + ", ".join(f"{title[:50] or '(none)'} {n}" for title, n in self.titles.most_common(40)))
+        print("gestures: " + ", ".join(f"{kind} {n}" for kind, n in self.kinds.most_common()))
