@@ -78,11 +78,10 @@ void FrmVelmorSelect::lance(Onglet onglet) {
     formulaire_.clic(onglet);
 }
 
-/// A wrong date holds the focus in the form, and takes it from no other window, nor from the button while that stops.
+/// A wrong date holds the focus in the form and takes it from no other window; nor from the button that searches, which
+/// looks at the dates itself, and stops whatever they are.
 bool FrmVelmorSelect::dateretient(const QWidget* ou) const {
-    return ou && isAncestorOf(ou) &&
-           (ou != lancer_.at(static_cast<std::size_t>(Onglet::Criteres)) ||
-            !formulaire_.boutonarrete(Onglet::Criteres));
+    return ou && isAncestorOf(ou) && ou != lancer_.at(static_cast<std::size_t>(Onglet::Criteres));
 }
 
 void FrmVelmorSelect::presse(bool enfonces) {

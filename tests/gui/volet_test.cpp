@@ -204,6 +204,18 @@ TEST_F(VoletTest, ASearchOfAWindowWithoutAResultTakesTheFormWithTheList) {
     EXPECT_EQ(colonne(6), (QStringList{u"CO000002"_s, u"CO000004"_s, u"JP000007"_s}));
 }
 
+TEST_F(VoletTest, HidingThePaneLooksAgainWhetherThereAreWindowsToArrange) {
+    ouvre();
+    for (int indice = 0; indice < 2; ++indice)
+        programme->bureau().basculeslot(indice);
+    // The form counts as a window of the frame, too, but says nothing when it is made.
+    presse(barre(), "affichercritères");
+    const auto disposables = [this] { return ecran().barrecommande().isButtonVisible(u"Cascade"_s); };
+    EXPECT_FALSE(disposables());
+    presse(ecran().barrecommande(), "Rechercher");
+    EXPECT_TRUE(disposables());
+}
+
 // ---- tools
 
 TEST_F(VoletTest, AToolFillsTheListFromItsFileAndShowsThePane) {

@@ -100,4 +100,17 @@ TEST_P(LargeursTest, EveryCollectionCanBePressedAtAnyWidth) {
     }
 }
 
+TEST_P(LargeursTest, NoControlLiesOnAnotherWhenTheTypeBecomesLarger) {
+    onglet(Onglet::Criteres);
+    ASSERT_NO_FATAL_FAILURE(elargit(1000));
+    const QWidget* bouton = &un<QPushButton>(u"toutsélect"_s);
+    const int ligne = place(*barre().widget(u"CO"_s)).bottom();
+    ASSERT_LT(place(*bouton).top(), ligne) << "there is room for both beside one another";
+    QFont large = formulaire->font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    formulaire->setFont(large);
+    EVENTUALLY(place(*bouton).top() > place(*barre().widget(u"CO"_s)).bottom());
+    verifie();
+}
+
 INSTANTIATE_TEST_SUITE_P(Langues, LargeursTest, testing::Values("FR", "EN"));
