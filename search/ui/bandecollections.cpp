@@ -3,7 +3,6 @@
 #include "platform/widgets/look.h"
 
 #include <QBoxLayout>
-#include <QEvent>
 
 namespace velm {
 
@@ -41,11 +40,10 @@ QSize BandeCollections::minimumSizeHint() const {
             disposition_->minimumSize().height()};
 }
 
-bool BandeCollections::event(QEvent* evenement) {
-    // Also when another font has given the controls other sizes.
-    if (evenement->type() == QEvent::Resize || evenement->type() == QEvent::LayoutRequest)
-        disposition_->setDirection(width() < besoin() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-    return QWidget::event(evenement);
+void BandeCollections::resizeEvent(QResizeEvent* evenement) {
+    // A larger type comes with another height, and so through here as well.
+    disposition_->setDirection(width() < besoin() ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    QWidget::resizeEvent(evenement);
 }
 
 } // namespace velm

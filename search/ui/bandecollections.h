@@ -17,7 +17,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    bool event(QEvent* evenement) override;
+    void resizeEvent(QResizeEvent* evenement) override;
 
 private:
     int besoin() const;
