@@ -59,13 +59,6 @@ SourceDossier::SourceDossier(const QString& source) : dossier_(source) {
     verifieinclusions();
 }
 
-qint64 SourceDossier::octets() const {
-    qint64 total = 0;
-    for (const Fichier& fichier : fichiers_)
-        total += fichier.contenu.size();
-    return total;
-}
-
 void SourceDossier::probleme(int fichier, qint64 ligne, int id, const QString& argument, bool avertissement) {
     problemes_.push_back({id, avertissement, fichier < 0 ? QString() : fichiers_[static_cast<std::size_t>(fichier)].nom,
                           ligne, argument.isEmpty() ? QStringList() : QStringList{argument}});

@@ -206,13 +206,6 @@ bool Toolbar::value(const QString& key) const {
     return button && button->action->isChecked();
 }
 
-void Toolbar::setImage(const QString& key, const QString& image) {
-    if (Private::Button* button = d_->find(key)) {
-        button->image = image;
-        button->action->setIcon(d_->picture(image));
-    }
-}
-
 void Toolbar::setMenus(const QString& key, const ButtonMenus* menus) {
     if (Private::Button* button = d_->find(key))
         button->menus = menus;
@@ -228,7 +221,6 @@ void Toolbar::fillMenu(const QString& key, QMenu& menu) {
         QAction* action = menu.addAction(literal(elided ? line.left(longestEntry - 1) + u'\u2026' : line));
         action->setToolTip(elided ? plainTip(line) : QString());
         action->setObjectName(entry.key);
-        action->setEnabled(entry.enabled);
         connect(action, &QAction::triggered, this,
                 [this, key, index, menuKey = entry.key] { emit menuClicked(key, index, menuKey); });
     }
