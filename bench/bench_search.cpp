@@ -135,7 +135,7 @@ void tripartitre(benchmark::State& state) {
     ListeSelection liste([](int) { return QString(); });
     remplit(liste, fiches(static_cast<int>(state.range(0))));
     for ([[maybe_unused]] auto _ : state)
-        liste.trie(0);
+        liste.trie(0, false);
 }
 BENCHMARK(tripartitre)->Arg(documents)->Unit(benchmark::kMillisecond);
 

@@ -59,10 +59,6 @@ const std::array<int, nombredecollections>& collectionsparcode() {
     return ordre;
 }
 
-QStringView nomdustyle(StyleSource style) {
-    return nomsdesstyles[static_cast<std::size_t>(style)];
-}
-
 std::optional<StyleSource> styledunom(QStringView nom) {
     const auto trouve = std::find(nomsdesstyles.begin(), nomsdesstyles.end(), nom);
     if (trouve == nomsdesstyles.end())

@@ -97,8 +97,7 @@ enum class StyleSource : quint8 {
     Tableau
 };
 inline constexpr int nombredestyles = 11;
-/// Names of the paragraph styles in a source, and back.
-QStringView nomdustyle(StyleSource style);
+/// A paragraph style by its name in a source.
 std::optional<StyleSource> styledunom(QStringView nom);
 
 struct Paragraphe {

@@ -62,13 +62,6 @@ SourceDossier::SourceDossier(std::unique_ptr<const FichiersSource> fichiers) : s
     verifieinclusions();
 }
 
-qint64 SourceDossier::octets() const {
-    qint64 total = 0;
-    for (const Fichier& fichier : fichiers_)
-        total += fichier.contenu.size();
-    return total;
-}
-
 void SourceDossier::probleme(int fichier, qint64 ligne, int id, const QString& argument, bool avertissement) {
     problemes_.push_back({id, avertissement, fichier < 0 ? QString() : nomdufichier(fichier), ligne,
                           argument.isEmpty() ? QStringList() : QStringList{argument}});

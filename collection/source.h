@@ -40,8 +40,6 @@ public:
 
     /// Everything that is wrong but the markup of the bodies, which is told when they are made.
     const Problemes& problemes() const { return problemes_; }
-    /// Files of the source that were read, in bytes.
-    qint64 octets() const;
 
     qsizetype nombre() const override { return static_cast<qsizetype>(fiches_.size()); }
     CleDocument cle(qsizetype i) const override { return fiche(i).entete.cle; }

@@ -30,7 +30,6 @@ public:
     /// One of the words that begin with "bro", all equally frequent.
     const QString& bro(Alea& alea) const { return bro_[alea.sous(bro_.size())]; }
     std::size_t nombre() const { return mots_.size(); }
-    std::size_t nombrebro() const { return bro_.size(); }
 
 private:
     static constexpr int bitsdetirage = 20;

@@ -132,7 +132,6 @@ public:
     QString fichierbase() const { return fichierbase_; }
     void choisitrepertoiredebase(const QString& repertoire);
     QString fichierpartenaires() const { return fichierpartenaires_; }
-    bool sansastuce() const { return sansastuce_; }
 
 private:
     void restaureriched() const;

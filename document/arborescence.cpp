@@ -77,7 +77,7 @@ void Arborescence::chargearbrebase(TreeNodes& arbre, const QString& code) {
     chargebranche(arbre, racine);
 }
 
-void Arborescence::chargebranche(TreeNodes& arbre, int noeud, bool /*relance*/) {
+void Arborescence::chargebranche(TreeNodes& arbre, int noeud) {
     if (!arbre.contains(noeud) || feuille(arbre.key(noeud)))
         return;
     const SansRedessin ensemble(arbre);
@@ -138,7 +138,7 @@ void Arborescence::developpe(TreeNodes& arbre, int noeud) {
     for (int place = 0; place < nombre; ++place) {
         const int enfant = arbre.childAt(noeud, place);
         if (arbre.tag(enfant) != chargee)
-            chargebranche(arbre, enfant, true);
+            chargebranche(arbre, enfant);
     }
 }
 
@@ -211,11 +211,6 @@ int Arborescence::niveaunoeud(const TreeNodes& arbre, int noeud) {
 QString Arborescence::imagenoeud(int profondeur, bool ouvert) const {
     const auto& images = ouvert ? parametres_.imagesouvertes : parametres_.imagesfermees;
     return profondeur >= 0 && profondeur < profondeursimages ? images[static_cast<std::size_t>(profondeur)] : QString();
-}
-
-void Arborescence::viderarbre(TreeNodes& arbre) {
-    const SansRedessin ensemble(arbre);
-    arbre.clear();
 }
 
 QString Arborescence::commandeclic(const TreeNodes& arbre, int noeud, const QString& code) {

@@ -24,9 +24,8 @@ public:
 
     /// Empties the tree and loads a collection down to the third level.
     void chargearbrebase(TreeNodes& arbre, const QString& code);
-    /// Loads the children of a node down to `profondeurmax`. `relance` says that it was begun once; it makes no
-    /// difference.
-    void chargebranche(TreeNodes& arbre, int noeud, bool relance = false);
+    /// Loads the children of a node down to `profondeurmax`.
+    void chargebranche(TreeNodes& arbre, int noeud);
     /// The user opens a node: whatever its children lack below them is loaded.
     void developpe(TreeNodes& arbre, int noeud);
 
@@ -40,12 +39,11 @@ public:
     static int niveaunoeud(const TreeNodes& arbre, int noeud);
     /// Picture of a branch at a depth from 0 to 10; empty beyond.
     QString imagenoeud(int profondeur, bool ouvert) const;
-    static void viderarbre(TreeNodes& arbre);
     /// What a click on a node asks of the navigation: for a document "TA" + code + its number, else nothing.
     static QString commandeclic(const TreeNodes& arbre, int noeud, const QString& code);
 
+    /// Depth at which the loading stops.
     int profondeurmax() const { return profondeurmax_; }
-    void fixeprofondeurmax(int profondeur) { profondeurmax_ = profondeur; }
 
 private:
     void charge(TreeNodes& arbre, int noeud, bool feuillesvues);

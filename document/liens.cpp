@@ -64,19 +64,4 @@ std::vector<LigneLien> chargecorrelats(Corpus& corpus, const QString& cle) {
     return charge(corpus, cle, u"correlats"_s, arrivee, depart);
 }
 
-std::vector<LigneSelection> lignesselection(Corpus& corpus, const QStringList& cles) {
-    Recordset& donnees = corpus.donnees();
-    donnees.setIndex(cleprimaire);
-    std::vector<LigneSelection> lignes;
-    for (const QString& cle : cles) {
-        const auto [code, numero] = decoupecle(cle);
-        donnees.seek(Seek::Equal, code, numero);
-        if (donnees.noMatch())
-            continue;
-        lignes.push_back({donnees.text(u"référence"_s), donnees.text(u"numart"_s), donnees.text(u"titre"_s),
-                          donnees.text(u"motclé1"_s), donnees.text(u"motclé2"_s), donnees.text(u"motclé3"_s)});
-    }
-    return lignes;
-}
-
 } // namespace velm

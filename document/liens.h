@@ -24,20 +24,4 @@ std::vector<LigneLien> chargeliens(Corpus& corpus, const QString& cle);
 /// What cites the document of a key, in the same way.
 std::vector<LigneLien> chargecorrelats(Corpus& corpus, const QString& cle);
 
-/// A document as the selection list takes it.
-struct LigneSelection {
-    QString reference;
-    QString numart;
-    QString titre;
-    QString motcle1;
-    QString motcle2;
-    QString motcle3;
-
-    friend bool operator==(const LigneSelection&, const LigneSelection&) = default;
-};
-
-/// The rows of a grid as rows of the selection list, in the order in which the keys stand; documents that are not in
-/// the base are left out.
-std::vector<LigneSelection> lignesselection(Corpus& corpus, const QStringList& cles);
-
 } // namespace velm

@@ -288,11 +288,6 @@ void Navigation::fermee(int indice, const FenetreNavigable* fenetre) {
     hote_.slotchange(indice, false);
 }
 
-bool Navigation::auneouverte() const {
-    return std::any_of(emplacements_.begin(), emplacements_.begin() + nombredecollections,
-                       [](const Emplacement& place) { return place.ouverte; });
-}
-
 FenetreNavigable* Navigation::fenetre(int indice) const {
     const Emplacement* place = emplacement(indice);
     return place ? place->fenetre : nullptr;

@@ -79,7 +79,6 @@ public:
     /// The index list, which is slot 11 and no document window, came or went.
     void indexouvert(bool ouvert);
 
-    bool auneouverte() const; ///< slots 0 to 10
     FenetreNavigable* fenetre(int indice) const;
     bool fenetreouverte(int indice) const; ///< slots 0 to 11, like maffichagef()
     /// Whether the slot's entry in the window menus is checked: its window is open and not hidden.

@@ -66,6 +66,8 @@ public:
     /// The search button of a tab: starts, or stops what it has started. Another search than the one that runs stops it
     /// and begins when it has left.
     void clic(Onglet onglet);
+    /// Whether the search button of a tab stops at this moment.
+    bool boutonarrete(Onglet onglet) const { return arrets_.at(static_cast<std::size_t>(onglet)); }
     /// A cancel button: hides the form when no search runs.
     void annuler();
     /// Stops a search that runs, and hides the form.

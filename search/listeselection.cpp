@@ -135,11 +135,6 @@ void ListeSelection::vide() {
     row_ = rowsel_ = 0;
 }
 
-void ListeSelection::reserve(int lignes) {
-    lignes_.reserve(static_cast<std::size_t>(std::max(lignes, 0)));
-    ordre_.reserve(lignes_.capacity());
-}
-
 int ListeSelection::ajouteauflex(const FicheDocument& fiche) {
     if (lignes() >= capacite_)
         return -1;
@@ -162,16 +157,6 @@ int ListeSelection::ajouteauflex(const FicheDocument& fiche) {
         return -1;
     }
     return 0;
-}
-
-void ListeSelection::supprime(int rang) {
-    if (rang < 1 || rang > lignes())
-        return;
-    if (lignes() == 1)
-        return vide();
-    ordre_.erase(ordre_.begin() + rang - 1);
-    row_ = std::min(row_, lignes());
-    rowsel_ = std::min(rowsel_, lignes());
 }
 
 void ListeSelection::supprime(const std::vector<int>& rangs) {
@@ -217,10 +202,6 @@ QString ListeSelection::champ(int rang, Champ champ) const {
 
 ListeSelection::Marque ListeSelection::marque(int place) const {
     return colonnela(place) ? colonne(place).marque : Marque::Aucune;
-}
-
-void ListeSelection::trie(int place) {
-    trie(place, marque(place) == Marque::Ascendante);
 }
 
 void ListeSelection::trie(int place, bool descendant) {

@@ -67,12 +67,9 @@ public:
     int lignes() const { return static_cast<int>(ordre_.size()); }
     /// Empties the list: no row, no selection.
     void vide();
-    void reserve(int lignes);
     /// 0, or -1 when the list takes no more rows: the search then ends with those it has.
     int ajouteauflex(const FicheDocument& fiche);
-    /// Removes a row; the rows below move up.
-    void supprime(int rang);
-    /// Removes many rows at once, by their present numbers in ascending order.
+    /// Removes rows, by their present numbers in ascending order; the rows below move up.
     void supprime(const std::vector<int>& rangs);
     /// Removes the selected rows. The selection goes to the row that moves up.
     void supprimeselection();
@@ -85,9 +82,8 @@ public:
 
     // ---- order
     Marque marque(int colonne) const;
-    /// As a double click on a header does: descending when the column bears ">", else ascending; only this column bears
-    /// a mark then. Rows that equal stay in order. The selected row stays selected where it goes.
-    void trie(int colonne);
+    /// Only this column bears a mark then. Rows that equal stay in order. The selected row stays selected where it
+    /// goes.
     void trie(int colonne, bool descendant);
     /// A new result is in the order in which it was found.
     void effacemarquestri();

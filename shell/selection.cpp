@@ -123,11 +123,21 @@ void Selection::montreliste() {
 // ---- the panel
 
 void Selection::affichemenuselection(bool visible) {
-    ecran_.montreselection(visible);
-    if (!visible)
+    if (!visible) {
         atelier_.curseurattente(QString());
-    if (!visible || !liste_.visible)
-        emit criteresvoulus(visible);
+        cachepanneau();
+        return;
+    }
+    ecran_.montreselection(true);
+    if (!liste_.visible)
+        emit criteresvoulus(true);
+    bureau_.majdispositions();
+}
+
+/// With the form: what it found beside a hidden panel would be seen nowhere.
+void Selection::cachepanneau() {
+    ecran_.montreselection(false);
+    emit criteresvoulus(false);
     bureau_.majdispositions();
 }
 
@@ -368,8 +378,7 @@ void Selection::cherchemaintenant(const QString& code, const QString& mots,
     }
     if (resultat.issue == ResultatDico::Issue::Terminee)
         atelier_.curseurattente(textecompte(0, monde_.texte));
-    ecran_.montreselection(false);
-    bureau_.majdispositions();
+    cachepanneau();
 }
 
 bool Selection::prenddoutil(const QString& dossiertemporaire) {

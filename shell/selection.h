@@ -95,6 +95,7 @@ private:
     void regroupe();
     void suitselection();
     void montreselection();
+    void cachepanneau();
     void montrelignes();
     bool veutouvrir(qsizetype nombre) const;
     void ouvrecle(const QString& cle);

@@ -3,6 +3,7 @@
 #include "document/dispositiontextes.h"
 #include "document/ui/etiquette.h"
 #include "platform/text/twips.h"
+#include "platform/widgets/linelist.h"
 #include "platform/widgets/look.h"
 
 #include <QApplication>
@@ -19,7 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 
 BlocRecherche::BlocRecherche(const std::function<QString(int)>& texte, QWidget* fenetre)
     : QWidget(fenetre), etiquette_(new Etiquette(texte(9095), this)), mots_(new QLineEdit(this)),
-      bouton_(new QPushButton(texte(9096), this)), resultat_(new QListWidget(this)) {
+      bouton_(new QPushButton(texte(9096), this)), resultat_(new LineList(this)) {
     setObjectName(u"blocrecherche"_s);
     mots_->setObjectName(u"Textedico"_s);
     mots_->setAccessibleName(texte(9095));

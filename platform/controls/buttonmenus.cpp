@@ -20,31 +20,8 @@ void ButtonMenus::remove(int index) {
     entries_.erase(entry);
 }
 
-void ButtonMenus::clear() {
-    entries_.clear();
-    keys_.clear();
-}
-
 const ButtonMenu& ButtonMenus::at(int index) const {
     return entries_.at(static_cast<std::size_t>(index - 1));
-}
-
-int ButtonMenus::indexOf(const QString& key) const {
-    for (int index = 1; index <= count(); ++index) {
-        if (at(index).key == key)
-            return index;
-    }
-    return 0;
-}
-
-void ButtonMenus::setText(int index, const QString& text) {
-    if (index >= 1 && index <= count())
-        entries_[static_cast<std::size_t>(index - 1)].text = text;
-}
-
-void ButtonMenus::setEnabled(int index, bool enabled) {
-    if (index >= 1 && index <= count())
-        entries_[static_cast<std::size_t>(index - 1)].enabled = enabled;
 }
 
 } // namespace velm

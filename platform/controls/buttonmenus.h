@@ -11,7 +11,6 @@ namespace velm {
 struct ButtonMenu {
     QString key; ///< empty, or unique in its collection
     QString text;
-    bool enabled = true;
 };
 
 class ButtonMenus {
@@ -25,17 +24,12 @@ public:
     Added add(int index, const QString& key, const QString& text);
     /// Removes an entry; an index outside 1 to count() does nothing. At either end in constant time.
     void remove(int index);
-    void clear();
 
     int count() const { return static_cast<int>(entries_.size()); }
     bool isEmpty() const { return entries_.empty(); }
     /// The entry of an index from 1 to count().
     const ButtonMenu& at(int index) const;
     bool contains(const QString& key) const { return keys_.contains(key); }
-    /// Index of a key, 0 for none.
-    int indexOf(const QString& key) const;
-    void setText(int index, const QString& text);
-    void setEnabled(int index, bool enabled);
 
 private:
     std::deque<ButtonMenu> entries_;

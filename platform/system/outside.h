@@ -1,22 +1,10 @@
 #pragma once
 // Small doors to the outside world, each with a scripted double in the tests.
 #include <QByteArray>
-#include <QDateTime>
 #include <QString>
 #include <QStringList>
 
 namespace velm {
-
-class Horloge {
-public:
-    virtual ~Horloge() = default;
-    virtual QDateTime now() const = 0;
-};
-
-class SystemHorloge final : public Horloge {
-public:
-    QDateTime now() const override { return QDateTime::currentDateTime(); }
-};
 
 /// Hands things to the program that the user has for them. All are true when they were handed on.
 class Navigateur {

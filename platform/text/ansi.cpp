@@ -62,10 +62,6 @@ void decodeInto(const unsigned char* from, qsizetype count, char16_t* to) {
 
 } // namespace
 
-char16_t toUnicode(unsigned char byte) {
-    return units[byte];
-}
-
 std::optional<unsigned char> fromUnicode(char16_t unit) {
     if (isSame(unit))
         return static_cast<unsigned char>(unit);
@@ -100,14 +96,6 @@ QByteArray encode(QStringView text, char substitute) {
     }
     bytes.truncate(to - begin);
     return bytes;
-}
-
-bool canEncode(QStringView text) {
-    for (const QChar c : text) {
-        if (!isSame(c.unicode()) && !fromUnicode(c.unicode()))
-            return false;
-    }
-    return true;
 }
 
 QString decodeFile(QByteArrayView bytes) {

@@ -16,15 +16,11 @@ QString decode(QByteArrayView bytes);
 /// What the code page cannot hold becomes `substitute` (one per code point).
 QByteArray encode(QStringView text, char substitute = '?');
 
-/// True when encode() would lose nothing.
-bool canEncode(QStringView text);
-
 /// A file's text: UTF-8 when it begins with the UTF-8 mark (which is dropped; invalid sequences become U+FFFD),
 /// otherwise Windows-1252.
 QString decodeFile(QByteArrayView bytes);
 
-/// The character of one byte, and the byte of one character if the code page has it.
-char16_t toUnicode(unsigned char byte);
+/// The byte of one character if the code page has it.
 std::optional<unsigned char> fromUnicode(char16_t unit);
 
 } // namespace velm::ansi

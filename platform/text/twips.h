@@ -4,7 +4,6 @@
 namespace velm {
 
 inline constexpr int twipsPerInch = 1440;
-inline constexpr int twipsPerCentimetre = 567;
 inline constexpr int twipsPerPoint = 20;
 /// At 96 dots to the inch, the density that stored window positions refer to.
 inline constexpr int twipsPerPixel = 15;

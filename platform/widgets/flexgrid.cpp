@@ -1,5 +1,6 @@
 #include "platform/text/twips.h"
 #include "platform/widgets/flexgrid_p.h"
+#include "platform/widgets/tablemime.h"
 
 #include <QClipboard>
 #include <QEvent>
@@ -8,26 +9,19 @@
 #include <QVBoxLayout>
 
 namespace velm {
-QString FlexGrid::Private::line(int row, bool hidden) const {
-    QStringList cells;
-    for (int place = 0; place < model.columnCount(); ++place) {
-        if (hidden || !view->header().isSectionHidden(logical(place)))
-            cells.append(model.text(row, logical(place)));
-    }
-    return cells.join(u'\t');
-}
-
-QString FlexGrid::Private::lines(bool hidden, const QString& between) const {
-    QString text;
+std::vector<QStringList> FlexGrid::Private::selected(bool hidden) const {
+    std::vector<QStringList> rows;
     if (view->end() < 0)
-        return text;
+        return rows;
     const auto [first, last] = std::minmax({view->anchor(), view->end()});
     for (int row = first; row <= last; ++row) {
-        if (row > first)
-            text += between;
-        text += line(row, hidden);
+        QStringList& cells = rows.emplace_back();
+        for (int place = 0; place < model.columnCount(); ++place) {
+            if (hidden || !view->header().isSectionHidden(logical(place)))
+                cells.append(model.text(row, logical(place)));
+        }
     }
-    return text;
+    return rows;
 }
 
 FlexGrid::FlexGrid(QWidget* parent) : QWidget(parent), d_(std::make_unique<Private>(this)) {
@@ -41,7 +35,11 @@ FlexGrid::FlexGrid(QWidget* parent) : QWidget(parent), d_(std::make_unique<Priva
     view.onRightClicked = [this](int row, int place, const QPoint& at) { emit rightClicked(row + 1, place, at); };
     view.onActivated = [this](int row) { emit activated(row + 1); };
     view.onDelete = [this] { emit deletePressed(); };
-    view.onCopy = [this] { QGuiApplication::clipboard()->setText(d_->lines(false, QStringLiteral("\r\n"))); };
+    view.onCopy = [this] {
+        // Without a row, what the clipboard holds stays.
+        if (const std::vector<QStringList> rows = d_->selected(false); !rows.empty())
+            QGuiApplication::clipboard()->setMimeData(tableMime(rows).release());
+    };
     view.onAnchorChanged = [this] { emit rowChanged(row()); };
     GridHeader& header = view.header();
     header.onClicked = [this](int place) { emit clicked(0, place); };
@@ -185,7 +183,10 @@ std::pair<int, int> FlexGrid::selectedRows() const {
 }
 
 QString FlexGrid::clip() const {
-    return d_->lines(true, QStringLiteral("\r"));
+    QStringList lines;
+    for (const QStringList& cells : d_->selected(true))
+        lines << cells.join(u'\t');
+    return lines.join(u'\r');
 }
 
 int FlexGrid::rowAt(const QPoint& point) const {

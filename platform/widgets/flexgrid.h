@@ -7,9 +7,10 @@
 //
 // Offered: rows and cells; column data, widths, moves; sort with marks; merging of equal neighbours; selection of a
 // range of rows; the clip; tool tips of cells that do not fit; Redraw. Keyboard: arrows, Page, Home, End move, with
-// Shift extend; Ctrl+A selects all; Ctrl+C copies what is seen of the selected rows; typing looks a row up by the
-// beginning of the first column that is shown; Return activates. A press on one of several selected rows keeps them for
-// the time of a double click, which is told with all of them selected.
+// Shift extend; Ctrl+A selects all; Ctrl+C copies what is seen of the selected rows as a table, in text and HTML, even
+// where a menu has that key; typing looks a row up by the beginning of the first column that is shown; Return
+// activates. A press on one of several selected rows keeps them for the time of a double click, which is told with all
+// of them selected.
 #include "platform/controls/gridsource.h"
 
 #include <QStringList>

@@ -23,8 +23,8 @@ struct FlexGrid::Private {
     }
     void showColumn(int column);
     void showColumns();
-    QString line(int row, bool hidden) const;
-    QString lines(bool hidden, const QString& between) const;
+    /// The selected rows by their cells; with the hidden columns or without.
+    std::vector<QStringList> selected(bool hidden) const;
     void clampSelection(bool reveal = false) { view->select(view->anchor(), view->end(), reveal); }
 
     GridModel model;

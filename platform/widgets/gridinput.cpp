@@ -1,5 +1,6 @@
 // Mouse and keyboard of the view inside a grid.
 #include "platform/text/letters.h"
+#include "platform/widgets/copykey.h"
 #include "platform/widgets/gridview.h"
 
 #include <QApplication>
@@ -185,6 +186,10 @@ bool GridView::moveKey(const QKeyEvent& event) {
     default:
         return false;
     }
+}
+
+bool GridView::event(QEvent* event) {
+    return claimsCopyKey(*event) || QTableView::event(event);
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {

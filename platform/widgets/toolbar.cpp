@@ -202,13 +202,6 @@ bool Toolbar::value(const QString& key) const {
     return button && button->action->isChecked();
 }
 
-void Toolbar::setImage(const QString& key, const QString& image) {
-    if (Private::Button* button = d_->find(key)) {
-        button->image = image;
-        button->action->setIcon(d_->picture(image));
-    }
-}
-
 void Toolbar::setMenus(const QString& key, const ButtonMenus* menus) {
     if (Private::Button* button = d_->find(key))
         button->menus = menus;
@@ -224,7 +217,6 @@ void Toolbar::fillMenu(const QString& key, QMenu& menu) {
         QAction* action = menu.addAction(literal(shown));
         action->setToolTip(entryTip(line, shown));
         action->setObjectName(entry.key);
-        action->setEnabled(entry.enabled);
         connect(action, &QAction::triggered, this,
                 [this, key, index, menuKey = entry.key] { emit menuClicked(key, index, menuKey); });
     }

@@ -57,7 +57,6 @@ public:
     /// Down or up; the look alone changes, no click is told. Of a group the others are released.
     void setValue(const QString& key, bool down);
     bool value(const QString& key) const;
-    void setImage(const QString& key, const QString& image);
 
     /// The drop-down entries, held here or by whoever owns them elsewhere. The menu is made from them each time it
     /// opens, of all of them, and scrolls where the screen is too low.

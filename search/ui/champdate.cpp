@@ -1,16 +1,32 @@
 #include "search/ui/champdate.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 
 namespace velm {
 
+ChampDate::ChampDate(QWidget* parent) : QLineEdit(parent) {
+    connect(
+        this, &ChampDate::abandonne, this,
+        [this] {
+            if (isVisible() && !hasFocus() && !acheve() && (!retient || retient(QApplication::focusWidget())))
+                reprend();
+        },
+        Qt::QueuedConnection);
+}
+
 bool ChampDate::quitte() {
-    if (valide && !valide(text())) {
-        setFocus(Qt::OtherFocusReason);
-        selectAll();
+    if (acheve())
+        return true;
+    reprend();
+    return false;
+}
+
+/// Completes the text; false when it cannot stand.
+bool ChampDate::acheve() {
+    if (valide && !valide(text()))
         return false;
-    }
     if (complete) {
         if (const QString texte = complete(text()); texte != text())
             setText(texte);
@@ -18,14 +34,9 @@ bool ChampDate::quitte() {
     return true;
 }
 
-ChampDate::ChampDate(QWidget* parent) : QLineEdit(parent) {
-    connect(
-        this, &ChampDate::abandonne, this,
-        [this] {
-            if (isVisible() && !hasFocus())
-                quitte();
-        },
-        Qt::QueuedConnection);
+void ChampDate::reprend() {
+    setFocus(Qt::OtherFocusReason);
+    selectAll();
 }
 
 void ChampDate::focusOutEvent(QFocusEvent* evenement) {

@@ -14,6 +14,8 @@ public:
 
     /// Whether a text may stand when the box is left; without it any may.
     std::function<bool(QStringView texte)> valide;
+    /// Whether the focus may be taken back from where the user has carried it (null for nowhere); without it, it may.
+    std::function<bool(const QWidget* ou)> retient;
     /// What becomes of a text when the box is left.
     std::function<QString(const QString& texte)> complete;
     /// Whether a key may be typed.
@@ -29,6 +31,10 @@ signals:
 protected:
     void focusOutEvent(QFocusEvent* evenement) override;
     void keyPressEvent(QKeyEvent* evenement) override;
+
+private:
+    bool acheve();
+    void reprend();
 };
 
 } // namespace velm

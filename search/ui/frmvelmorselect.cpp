@@ -47,8 +47,10 @@ void FrmVelmorSelect::relie() {
         connect(champ(boitede(onglet)), &QLineEdit::returnPressed, this, [this, onglet] { lance(onglet); });
     }
     connect(champ(BoiteTexte::Second), &QLineEdit::returnPressed, this, [this] { lance(Onglet::Criteres); });
-    for (ChampDate* date : {textejour_, textemois_, texteannee_})
+    for (ChampDate* date : {textejour_, textemois_, texteannee_}) {
         connect(date, &QLineEdit::returnPressed, this, [this] { lance(Onglet::Criteres); });
+        date->retient = [this](const QWidget* ou) { return dateretient(ou); };
+    }
     // The Return key on a line does what a click does.
     for (const auto choisie : {&QListWidget::itemClicked, &QListWidget::itemActivated})
         connect(resultat_, choisie, this,
@@ -67,13 +69,20 @@ QLineEdit* FrmVelmorSelect::champ(BoiteTexte laquelle) const {
 
 void FrmVelmorSelect::lance(Onglet onglet) {
     completion_->renonce();
-    if (onglet == Onglet::Criteres) {
+    // What is wrong with the next search stops none that runs.
+    if (onglet == Onglet::Criteres && !formulaire_.boutonarrete(onglet)) {
         for (ChampDate* date : {textejour_, textemois_, texteannee_}) {
             if (!date->quitte())
                 return;
         }
     }
     formulaire_.clic(onglet);
+}
+
+/// A wrong date holds the focus in the form and takes it from no other window; nor from the button that searches, which
+/// looks at the dates itself, and stops whatever they are.
+bool FrmVelmorSelect::dateretient(const QWidget* ou) const {
+    return ou && isAncestorOf(ou) && ou != lancer_.at(static_cast<std::size_t>(Onglet::Criteres));
 }
 
 void FrmVelmorSelect::presse(bool enfonces) {

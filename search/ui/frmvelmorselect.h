@@ -83,6 +83,7 @@ private:
     void relie();
 
     void lance(Onglet onglet);
+    bool dateretient(const QWidget* ou) const;
     /// One tab on or back, round the ends.
     void change(int pas);
     void presse(bool enfonces);

@@ -6,6 +6,7 @@
 #include "platform/widgets/plaintext.h"
 #include "platform/widgets/toolbar.h"
 #include "search/motscommencant.h"
+#include "search/ui/bandecollections.h"
 #include "search/ui/boitederniers.h"
 #include "search/ui/champdate.h"
 #include "search/ui/completionmots.h"
@@ -121,8 +122,7 @@ void FrmVelmorSelect::ordonne() {
 }
 
 QWidget* FrmVelmorSelect::construitcollections() {
-    auto* bande = new QWidget(this);
-    barre_cran_ = new Toolbar(bande);
+    barre_cran_ = new Toolbar(this);
     barre_cran_->setObjectName(u"barre_cran"_s);
     barre_cran_->setAccessibleName(texte(9139));
     barre_cran_->setImages(icon);
@@ -132,20 +132,11 @@ QWidget* FrmVelmorSelect::construitcollections() {
         barre_cran_->setToolTip(cle, texte(10 + collection));
         barre_cran_->setValue(cle, true);
     }
-    // All of them at once: none goes into the bar's overflow.
-    barre_cran_->setMinimumWidth(barre_cran_->sizeHint().width());
     auto* toutes = bouton(u"toutsélect"_s, 2220);
     auto* aucune = bouton(u"toutdéselect"_s, 2221);
     connect(toutes, &QPushButton::clicked, this, [this] { presse(true); });
     connect(aucune, &QPushButton::clicked, this, [this] { presse(false); });
-    auto* disposition = new QHBoxLayout(bande);
-    disposition->setContentsMargins({});
-    disposition->setSpacing(look::spacing);
-    disposition->addWidget(etiquette(texte(9139), barre_cran_));
-    disposition->addWidget(barre_cran_, 1);
-    disposition->addWidget(toutes);
-    disposition->addWidget(aucune);
-    return bande;
+    return new BandeCollections(etiquette(texte(9139), barre_cran_), barre_cran_, {toutes, aucune}, this);
 }
 
 // ---- small makers

@@ -63,12 +63,18 @@ TEST_F(CorpusTest, ABaseOpenElsewhereStillOpens) {
     EXPECT_EQ(corpus.donnees().recordCount(), 2);
 }
 
-TEST_F(CorpusTest, ClosingTwiceRaisesNothing) {
+TEST_F(CorpusTest, ClosingTwiceClosesOnceAndTheBaseOpensAgain) {
     ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
     corpus.ouvretables();
     corpus.fermebase();
-    corpus.fermebase();
     EXPECT_FALSE(corpus.connecte());
+    const test::GardeArret garde;
+    EXPECT_THROW(corpus.donnees(), test::Arret);
+    EXPECT_NO_THROW(corpus.fermebase());
+    EXPECT_FALSE(corpus.connecte());
+    ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
+    corpus.ouvretables();
+    EXPECT_EQ(corpus.donnees().recordCount(), 2);
 }
 
 TEST_F(CorpusTest, AMissingTableIsNotReportedAtOpeningButAtItsFirstUse) {

@@ -306,18 +306,30 @@ protected:
     QStringList restaures;
 };
 
-TEST_F(Restauration, WithEmptyStringsOpensNoWindowAndRaisesNothing) {
+TEST_F(Restauration, WithEmptyStringsOpensNoWindow) {
     EXPECT_TRUE(restaure(QString(), QString()).isEmpty());
 }
 
-TEST_F(Restauration, OfShortLongOrNonsenseStringsRaisesNothing) {
-    restaure(QStringLiteral("é"), QStringLiteral("C"));
-    EXPECT_TRUE(navigues().isEmpty());
-    for (const char* fenetres : {"99XXXXXXXXXXXX", "xx", "-1XXXXXXXXXXXXXXXXXXXXXXXXXXX", "11XXXXXXXXXXXX"}) {
+TEST_F(Restauration, OfShortLongOrNonsenseStringsOpensWhatStandsInThem) {
+    const struct {
+        const char* fenetres;
+        const char* contenus;
+        qsizetype etapes; ///< one for each slot that is looked at
+        QStringList ouvertes;
+    } cas[] = {
+        {"é", "C", 0, {}},
+        {"xx", "CO000001", 0, {}},
+        {"00", "CO0000", 1, {}},
+        {"99XXXXXXXXXXXX", "CO000001", 11, {QStringLiteral("navigue TACO000001")}},
+        {"11XXXXXXXXXXXX", "CO000001", 12, {QStringLiteral("navigue TACO000001")}},
+        {"-1XXXXXXXXXXXXXXXXXXXXXXXXXXX", "CO000001", 11, {QStringLiteral("navigue TACO000001")}},
+    };
+    for (const auto& [fenetres, contenus, etapes, ouvertes] : cas) {
         seance_.reset();
         corpus.fermebase();
-        restaure(QString::fromUtf8(fenetres), QStringLiteral("CO000001"));
-        EXPECT_LE(navigues().size(), 1) << fenetres;
+        restaure(QString::fromUtf8(fenetres), QString::fromUtf8(contenus));
+        EXPECT_EQ(navigues(), ouvertes) << fenetres;
+        EXPECT_EQ(restaures.filter(QStringLiteral("étape")).size(), etapes) << fenetres;
     }
 }
 

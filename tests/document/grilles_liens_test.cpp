@@ -57,17 +57,6 @@ TEST_F(GrillesLiens, ABaseWithoutLinksHasEmptyLists) {
     EXPECT_TRUE(chargecorrelats(corpus, u"CO000001"_s).empty());
 }
 
-TEST_F(GrillesLiens, TurningLinksIntoAListKeepsTheGridsOrder) {
-    ouvre();
-    const auto lignes = lignesselection(corpus, {u"EU000001"_s, u"CO000404"_s, u"CO000002"_s, u"CO000001"_s});
-    ASSERT_EQ(lignes.size(), 3U);
-    EXPECT_EQ(lignes[0], (LigneSelection{u"EU"_s, u"000001"_s, u"Directive"_s, u"EU000001 un"_s, u"EU000001 deux"_s,
-                                         u"EU000001 trois"_s}));
-    EXPECT_EQ(lignes[1].titre, u"Deux"_s);
-    EXPECT_EQ(lignes[2].numart, u"000001"_s);
-    EXPECT_TRUE(lignesselection(corpus, {}).empty());
-}
-
 TEST_F(GrillesLiens, ALongListIsWhole) {
     constexpr int nombre = 3'000;
     for (int i = 1; i <= nombre; ++i) {

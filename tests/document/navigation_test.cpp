@@ -33,13 +33,12 @@ TEST_F(NavigationOuvre, AnAnchorIsIgnoredForADocumentAlreadyShown) {
 }
 
 TEST_F(NavigationOuvre, OpeningMarksTheSlotAsOpen) {
-    EXPECT_FALSE(navigation.auneouverte());
+    EXPECT_FALSE(navigation.fenetreouverte(10));
     navigue(u"TADI000001"_s);
     EXPECT_TRUE(navigation.fenetreouverte(10));
     EXPECT_TRUE(navigation.maffichagef(10));
     EXPECT_TRUE(hote.enfonces[10]);
     EXPECT_FALSE(navigation.fenetreouverte(0));
-    EXPECT_TRUE(navigation.auneouverte());
 }
 
 TEST_F(NavigationOuvre, OpeningWakesTheButtonsOfADocument) {
@@ -150,12 +149,12 @@ TEST_F(NavigationOuvre, NothingOpensForTheIndexList) {
     EXPECT_TRUE(hote.fenetres.empty());
 }
 
-TEST_F(NavigationOuvre, TheIndexListDoesNotCountAsAnOpenWindow) {
+TEST_F(NavigationOuvre, TheIndexListHasTheLastSlotAndNoDocumentWindow) {
     navigation.indexouvert(true);
     EXPECT_TRUE(navigation.fenetreouverte(11));
     EXPECT_TRUE(navigation.maffichagef(11));
     EXPECT_TRUE(hote.enfonces[11]);
-    EXPECT_FALSE(navigation.auneouverte());
+    EXPECT_EQ(navigation.fenetre(11), nullptr);
     navigation.indexouvert(false);
     EXPECT_FALSE(navigation.fenetreouverte(11));
 }
@@ -190,7 +189,6 @@ TEST_F(NavigationFenetres, ClosingAWindowClearsItsSlotAndItsLists) {
     EXPECT_FALSE(navigation.maffichagef(0));
     EXPECT_FALSE(hote.enfonces[0]);
     EXPECT_FALSE(avecfenetre(u"CO"));
-    EXPECT_FALSE(navigation.auneouverte());
     navigue(u"TACO000003"_s);
     EXPECT_TRUE(fenetre(u"CO").precedents().isEmpty());
     EXPECT_EQ(precedents(), (QStringList{u"CO000002"_s, u"CO000001"_s})) << "the frame's list lives on";

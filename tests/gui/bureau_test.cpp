@@ -16,7 +16,7 @@ TEST(BureauTest, WithoutMemoryForAWindowItIsSaidAndTheRunGoesOn) {
     bureau.sansmemoire = [&dit] { ++dit; };
     bureau.navigation().navigue(QStringLiteral("TACO000001"));
     EXPECT_EQ(dit, 1);
-    EXPECT_FALSE(bureau.navigation().auneouverte());
+    EXPECT_FALSE(bureau.navigation().fenetreouverte(0));
     EXPECT_FALSE(bureau.navigation().maffichagef(0));
     EXPECT_EQ(bureau.nombredeformes(), formes);
     EXPECT_TRUE(bureau.fenetres().empty());

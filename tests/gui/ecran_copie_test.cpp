@@ -1,8 +1,15 @@
 // Copying by the frame's command, whatever window is active.
+#include "document/ui/blocrecherche.h"
 #include "platform/widgets/childarea.h"
 #include "platform/widgets/flexgrid.h"
+#include "shell/selection.h"
 #include "shell/volet.h"
 #include "tests/gui/ecran_support.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QListWidget>
+#include <QTableView>
 
 using namespace velm;
 
@@ -74,4 +81,36 @@ TEST_F(CopieTest, CopyingWithTheSearchFormActiveDoesNothing) {
     demarre(QStringLiteral("CO1"));
     metliste("frmVelmorSelect");
     EXPECT_EQ(copie(), QString());
+}
+
+TEST_F(CopieTest, TheCopyKeyInAFocusedListCopiesItsRowsAndTheButtonTheDocument) {
+    demarre(QStringLiteral("CO2"));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
+    programme->selection().remplit({QStringLiteral("CO000001"), QStringLiteral("JP000007")});
+    FlexGrid& flex = programme->selection().flex();
+    flex.setRow(2);
+    flex.setFocus();
+    ASSERT_TRUE(entree("medition0", 0)->isEnabled()) << "the menu has the key, too";
+    QTest::keyClick(flex.view(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"Un arrêt\t\t\t\tJP\t000007");
+    EXPECT_TRUE(pressepapiers.contenu.texte.isEmpty()) << "the document was copied";
+    EXPECT_TRUE(copie().startsWith(QStringLiteral("Deux.")));
+    EXPECT_TRUE(flex.view()->hasFocus());
+    // In the text the key copies the document.
+    pressepapiers.contenu = {};
+    QTest::keyClick(&programme->fenetre(0)->vue(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_TRUE(pressepapiers.contenu.texte.startsWith(QStringLiteral("Deux.")));
+}
+
+TEST_F(CopieTest, TheCopyKeyOnALineOfTheWordSearchCopiesThatLine) {
+    demarre(QStringLiteral("CO2"));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
+    Textes& fenetre = *programme->fenetre(0);
+    presse(fenetre.barrechild(), "recherchedico");
+    fenetre.findChild<BlocRecherche*>()->ajouteligne(QStringLiteral("vente : 12 ( 3 )"));
+    auto* resultat = fenetre.findChild<QListWidget*>(QStringLiteral("resultat"));
+    resultat->setCurrentRow(0);
+    QTest::keyClick(resultat, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"vente : 12 ( 3 )");
+    EXPECT_TRUE(pressepapiers.contenu.texte.isEmpty()) << "the document was copied";
 }

@@ -8,9 +8,11 @@
 #include "shell/volet.h"
 #include "tests/gui/ecran_support.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTimer>
 
 using namespace velm;
@@ -206,6 +208,29 @@ TEST_F(RecherchesCadreTest, WhatTheFormHoldsIsWrittenWhenTheProgramEnds) {
     presse(ecran().barrecommande(), "Rechercher");
     EXPECT_EQ(formulaire()->findChild<QComboBox*>(u"Combonombredico"_s)->currentIndex(), 2);
     EXPECT_EQ(qobject_cast<QComboBox*>(champ(u"texterapide"_s).parentWidget())->itemText(0), u"article");
+}
+
+TEST_F(RecherchesCadreTest, ABadDateHoldsTheFocusInTheFormAndTakesItFromNoOtherWindow) {
+    ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
+    presse(ecran().barrecommande(), "Rechercher");
+    ecran().aire().arrange(ChildArea::Arrangement::TileVertical);
+    formulaire()->findChild<QTabWidget*>(u"ongletrecherche"_s)->setCurrentIndex(1);
+    const auto quitte = [this](QWidget& vers) {
+        QTest::mouseClick(&champ(u"texteannée"_s), Qt::LeftButton);
+        champ(u"texteannée"_s).setText(u"4"_s);
+        QTest::mouseClick(&champ(u"textejour"_s), Qt::LeftButton);
+        champ(u"textejour"_s).setText(u"32"_s);
+        QTest::mouseClick(&vers, Qt::LeftButton);
+        QCoreApplication::processEvents();
+        return QApplication::focusWidget();
+    };
+    // Its words have the focus whenever a window with their block comes forward.
+    auto* mots = programme->fenetre(0)->findChild<QLineEdit*>(u"Textedico"_s);
+    EXPECT_EQ(quitte(*programme->fenetre(0)->vue().viewport()), mots);
+    EXPECT_EQ(ecran().aire().activeChild(), programme->fenetre(0));
+    EXPECT_EQ(quitte(champ(u"texterech(0)"_s)), &champ(u"textejour"_s));
+    EXPECT_EQ(ecran().aire().activeChild(), formulaire());
 }
 
 TEST_F(LongueRechercheTest, TheWindowAnswersWhileASearchRuns) {

@@ -1,12 +1,15 @@
 // The panel of the selection list, and who else fills the list.
 #include "platform/widgets/splitterbar.h"
 #include "search/selectionoutil.h"
+#include "search/ui/frmvelmorselect.h"
 #include "shell/recherches.h"
 #include "tests/gui/selection_support.h"
 
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QSignalSpy>
+#include <QTabWidget>
 
 using namespace velm;
 using namespace velm::test;
@@ -169,6 +172,48 @@ TEST_F(VoletTest, ASearchOfAWindowWithoutAResultHidesTheListAndReleasesTheButton
     // A line of one letter is refused word by word, not sent elsewhere.
     liste().cherchedans(u"CO"_s, u"a"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(lignes.size(), 3);
+}
+
+TEST_F(VoletTest, ASearchOfAWindowWithoutAResultTakesTheFormWithTheList) {
+    ouvre({});
+    programme->navigue(u"TACO000001"_s);
+    Textes& fenetre = *active();
+    presse(fenetre.barrechild(), "barrehoriz");
+    presse(fenetre.barrechild(), "recherchedico");
+    presse(ecran().barrecommande(), "Rechercher");
+    const FrmVelmorSelect* formulaire = programme->recherches().formulaire();
+    ASSERT_TRUE(formulaire && formulaire->isVisible());
+    auto* boite = fenetre.findChild<QLineEdit*>(u"Textedico"_s);
+    QTest::mouseClick(boite, Qt::LeftButton);
+    QTest::keyClicks(boite, u"introuvable"_s);
+    QTest::keyClick(boite, Qt::Key_Return);
+    EXPECT_FALSE(volet().isVisible());
+    EXPECT_FALSE(formulaire->isVisible());
+    EXPECT_FALSE(barre().value(u"affichercritères"_s));
+    EXPECT_EQ(barre().toolTip(u"affichercritères"_s), u"Afficher les critères de recherche");
+    EXPECT_EQ(active(), &fenetre);
+    EXPECT_EQ(ecran().focusWidget(), boite);
+    EXPECT_EQ(etat(), u" 0 document") << "what was found stays said";
+    // What the form finds next is seen.
+    presse(ecran().barrecommande(), "Rechercher");
+    ASSERT_TRUE(formulaire->isVisible());
+    formulaire->findChild<QTabWidget*>(u"ongletrecherche"_s)->setCurrentIndex(2);
+    formulaire->findChild<QLineEdit*>(u"Textedico"_s)->setText(u"deux"_s);
+    QTest::mouseClick(formulaire->findChild<QPushButton*>(u"cmdokdico"_s), Qt::LeftButton);
+    EXPECT_TRUE(flex().isVisible());
+    EXPECT_EQ(colonne(6), (QStringList{u"CO000002"_s, u"CO000004"_s, u"JP000007"_s}));
+}
+
+TEST_F(VoletTest, HidingThePaneLooksAgainWhetherThereAreWindowsToArrange) {
+    ouvre();
+    for (int indice = 0; indice < 2; ++indice)
+        programme->bureau().basculeslot(indice);
+    // The form counts as a window of the frame, too, but says nothing when it is made.
+    presse(barre(), "affichercritères");
+    const auto disposables = [this] { return ecran().barrecommande().isButtonVisible(u"Cascade"_s); };
+    EXPECT_FALSE(disposables());
+    presse(ecran().barrecommande(), "Rechercher");
+    EXPECT_TRUE(disposables());
 }
 
 // ---- tools

@@ -148,7 +148,9 @@ TEST_F(OutilTest, DocumentWritesTextRtfLinksAndJson) {
     const QJsonObject json = demande("--json").json();
     EXPECT_EQ(json.value(QStringLiteral("cle")).toString(), cle);
     const QString tout = json.value(QStringLiteral("texte")).toString();
-    for (const QJsonValue& valeur : json.value(QStringLiteral("liens")).toArray()) {
+    const QJsonArray desliens = json.value(QStringLiteral("liens")).toArray();
+    EXPECT_FALSE(desliens.isEmpty());
+    for (const QJsonValue& valeur : desliens) {
         const QJsonObject lien = valeur.toObject();
         const auto debut = lien.value(QStringLiteral("debut")).toInteger();
         const auto fin = lien.value(QStringLiteral("fin")).toInteger();

@@ -270,7 +270,7 @@ TEST_F(AffichageDicoTest, ANewResultBearsNoSortMark) {
     mots = {{u"UNE"_s, entrees(1, 3)}};
     ouvre();
     cherche(u"une"_s);
-    liste.trie(0);
+    liste.trie(0, false);
     EXPECT_EQ(liste.entetecellule(0), u"t300>");
     cherche(u"une"_s);
     EXPECT_EQ(liste.entetecellule(0), u"t300");

@@ -1,5 +1,6 @@
-// Random criteria over the whole real collection: the search, with the folded texts and without, finds what a plain
-// model finds that holds all documents in memory and knows of no short cut.
+// Random criteria over a whole collection, the sample that comes with the program and the real one: the search, with
+// the folded texts and without, finds what a plain model finds that holds all documents in memory and knows of no short
+// cut.
 #include "collection/collection.h"
 #include "platform/richtext/rtf.h"
 #include "platform/text/ansi.h"
@@ -216,30 +217,30 @@ protected:
         return trouves;
     }
 
+    void ouvre(const QString& source) {
+        const QString chemin = dossier.filePath(u"velm2000.dat"_s);
+        ASSERT_TRUE(compile(source, chemin).faite());
+        ASSERT_EQ(corpus.connecte(chemin), OpenError::None);
+        corpus.ouvretables();
+        lit();
+    }
+
+    static bool longue() { return qEnvironmentVariableIntValue("VELM_LONG") != 0; }
+    /// So many criteria, from the first on that a seed gives.
+    void compare(int combien, unsigned graine);
+
     std::map<int, std::vector<DocumentModele>> collections;
     std::mt19937 moteur;
 };
 
-} // namespace
-
-TEST_F(CriteresHasardTest, FoldedTextsBodiesAndAPlainModelFindTheSame) {
-    const QString source = QStringLiteral(VELM_SOURCE_DIR "/../shared/corpus");
-    if (!QFile::exists(source + u"/documents.jsonl"_s))
-        GTEST_SKIP() << "the real collection is not at hand";
-    const bool longue = qEnvironmentVariableIntValue("VELM_LONG") != 0;
-    const int criteres = longue ? 10'000 : 150;
-    const QString chemin = dossier.filePath(u"velm2000.dat"_s);
-    ASSERT_TRUE(compile(source, chemin).faite());
-    ASSERT_EQ(corpus.connecte(chemin), OpenError::None);
-    corpus.ouvretables();
+void CriteresHasardTest::compare(int combien, unsigned graine) {
     const TypesDocument types = littypesdocument(corpus);
-    lit();
-    moteur.seed(longue ? 2004 : 4);
+    moteur.seed(graine);
     RechercheCriteres plies(atelier(), {});
     RechercheCriteres corps(atelier(), {});
     corps.sanstable(true);
     int nonvides = 0;
-    for (int i = 0; i < criteres; ++i) {
+    for (int i = 0; i < combien; ++i) {
         Criteres c = hasard(types);
         avancetexte(c);
         const QByteArray lettres = lettreshasard();
@@ -281,5 +282,21 @@ TEST_F(CriteresHasardTest, FoldedTextsBodiesAndAPlainModelFindTheSame) {
         ASSERT_EQ(cles(), restants) << i << ", narrowed: " << decrit();
     }
     // Criteria that find nothing prove little.
-    EXPECT_GT(nonvides, criteres / 3);
+    EXPECT_GT(nonvides, combien / 3);
+}
+
+} // namespace
+
+TEST_F(CriteresHasardTest, FoldedTextsBodiesAndAPlainModelFindTheSameInTheSample) {
+    ASSERT_NO_FATAL_FAILURE(ouvre(QStringLiteral(VELM_SOURCE_DIR "/collection/exemple")));
+    ASSERT_EQ(collections.size(), static_cast<std::size_t>(nombredecollections));
+    compare(longue() ? 20'000 : 1'000, longue() ? 2004 : 4);
+}
+
+TEST_F(CriteresHasardTest, FoldedTextsBodiesAndAPlainModelFindTheSameInTheRealCollection) {
+    const QString source = QStringLiteral(VELM_SOURCE_DIR "/../shared/corpus");
+    if (!QFile::exists(source + u"/documents.jsonl"_s))
+        GTEST_SKIP() << "the real collection is not at hand";
+    ASSERT_NO_FATAL_FAILURE(ouvre(source));
+    compare(longue() ? 10'000 : 150, longue() ? 2004 : 4);
 }

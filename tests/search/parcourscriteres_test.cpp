@@ -19,7 +19,7 @@ INSTANTIATE_TEST_SUITE_P(Textes, ParcoursCriteresTest, testing::Values(true, fal
 TEST_P(ParcoursCriteresTest, NarrowingKeepsTheRowsThatPass) {
     petite();
     cherche();
-    liste.trie(0);
+    liste.trie(0, false);
     const QStringList avant = cles();
     texte(u"garantie"_s);
     const ResultatCriteres resultat = affine();

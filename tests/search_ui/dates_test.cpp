@@ -83,3 +83,34 @@ TEST_F(DatesTest, TheYearIsCompletedBeforeASearch) {
     QTest::keyClick(&champ(u"texterech(0)"_s), Qt::Key_Return);
     EXPECT_EQ(champ(u"texteannée"_s).text(), u"2004");
 }
+
+TEST_F(DatesTest, ABadDateKeepsNoSearchFromBeingStopped) {
+    champ(u"textejour"_s).setFocus();
+    pendant([this] {
+        EXPECT_EQ(bouton(u"cmdok"_s).text(), arreter);
+        champ(u"textejour"_s).setText(u"32"_s);
+        // As a hand does it: the focus has gone where the button is pressed before that is let go.
+        QTest::mousePress(&bouton(u"cmdok"_s), Qt::LeftButton);
+        QCoreApplication::processEvents();
+        QTest::mouseRelease(&bouton(u"cmdok"_s), Qt::LeftButton);
+        EXPECT_EQ(bouton(u"cmdok"_s).text(), chercher);
+    });
+    QTest::keyClick(&champ(u"textejour"_s), Qt::Key_Return);
+    EXPECT_EQ(hote.publications.size(), 1U);
+    EXPECT_EQ(liste.lignes(), 0) << "the search went on";
+    EXPECT_EQ(champ(u"textejour"_s).text(), u"32");
+    // The next one is held back as ever.
+    clique(u"cmdok"_s);
+    EXPECT_EQ(hote.publications.size(), 1U);
+    EXPECT_TRUE(champ(u"textejour"_s).hasFocus());
+}
+
+TEST_F(DatesTest, TheButtonThatOnlySearchesDoesNotGetTheFocusFromABadDate) {
+    champ(u"textejour"_s).setText(u"32"_s);
+    champ(u"textejour"_s).setFocus();
+    QTest::mousePress(&bouton(u"cmdok"_s), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QTest::mouseRelease(&bouton(u"cmdok"_s), Qt::LeftButton);
+    EXPECT_TRUE(champ(u"textejour"_s).hasFocus());
+    EXPECT_TRUE(hote.publications.empty());
+}

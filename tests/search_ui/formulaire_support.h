@@ -77,11 +77,11 @@ protected:
         }
     }
 
-    /// A form as at the next run of the program.
-    void ouvreformulaire() {
+    /// A form as at the next run of the program, with numbers for words or with those of a language.
+    void ouvreformulaire(const std::function<QString(int)>& libelles = textes) {
         formulaire.reset();
         reglages.emplace(magasin);
-        formulaire = std::make_unique<FrmVelmorSelect>(Formulaire::Monde{hote, *reglages, textes});
+        formulaire = std::make_unique<FrmVelmorSelect>(Formulaire::Monde{hote, *reglages, libelles});
         QObject::connect(formulaire.get(), &FrmVelmorSelect::cachevoulu, formulaire.get(), [this] {
             ++caches;
             formulaire->hide();

@@ -1,7 +1,6 @@
 #pragma once
 // Doubles of the outside world: they record what was asked of it and answer as told.
 #include "platform/system/courrier.h"
-#include "platform/system/drives.h"
 #include "platform/system/outside.h"
 #include "platform/system/process.h"
 
@@ -9,12 +8,6 @@
 #include <vector>
 
 namespace velm::test {
-
-class HorlogeScript final : public Horloge {
-public:
-    QDateTime time = QDateTime(QDate(2000, 2, 29), QTime(12, 0));
-    QDateTime now() const override { return time; }
-};
 
 class ProcessusScript final : public Processus {
 public:
@@ -83,12 +76,6 @@ public:
         tableaux.push_back(tableau);
         return works;
     }
-};
-
-class LecteursScript final : public Lecteurs {
-public:
-    QList<Lecteur> lecteurs;
-    QList<Lecteur> liste() const override { return lecteurs; }
 };
 
 } // namespace velm::test

@@ -61,8 +61,6 @@ TEST(ButtonMenus, AnEntryIsRemovedByItsIndexAndFreesItsKey) {
     menus.remove(2);
     EXPECT_EQ(texts(menus), (QStringList{u"A"_s, u"C"_s}));
     EXPECT_FALSE(menus.contains(u"b"_s));
-    EXPECT_EQ(menus.indexOf(u"c"_s), 2);
-    EXPECT_EQ(menus.indexOf(u"b"_s), 0);
     EXPECT_EQ(menus.add(0, u"b"_s, u"B"_s), ButtonMenus::Added::Yes);
 }
 
@@ -73,25 +71,6 @@ TEST(ButtonMenus, NothingIsRemovedOutside) {
     EXPECT_EQ(menus.count(), 3);
     EXPECT_THROW(menus.at(0), std::out_of_range);
     EXPECT_THROW(menus.at(4), std::out_of_range);
-}
-
-TEST(ButtonMenus, AClearedCollectionTakesItsKeysAgain) {
-    ButtonMenus menus = three();
-    menus.clear();
-    EXPECT_TRUE(menus.isEmpty());
-    EXPECT_EQ(menus.add(1, u"a"_s, u"A"_s), ButtonMenus::Added::Yes);
-}
-
-TEST(ButtonMenus, TextsAndStatesChangeInPlace) {
-    ButtonMenus menus = three();
-    EXPECT_TRUE(menus.at(2).enabled);
-    menus.setText(2, u"neuf"_s);
-    menus.setEnabled(2, false);
-    menus.setText(9, u"x"_s);
-    menus.setEnabled(0, false);
-    EXPECT_EQ(texts(menus), (QStringList{u"A"_s, u"neuf"_s, u"C"_s}));
-    EXPECT_FALSE(menus.at(2).enabled);
-    EXPECT_TRUE(menus.at(1).enabled);
 }
 
 } // namespace velm

@@ -79,9 +79,4 @@ TEST_F(LecteursTest, DamagedTablesGiveWhatCanBeRead) {
     EXPECT_TRUE(SystemLecteurs(u"/no/such/table"_s, u"/no/such/sys"_s).liste().isEmpty());
 }
 
-TEST_F(LecteursTest, TheMachinesOwnDrivesCanBeListed) {
-    for (const Lecteur& drive : SystemLecteurs().liste())
-        EXPECT_EQ(drive.pret, !drive.racine.isEmpty());
-}
-
 } // namespace

@@ -2,8 +2,10 @@
 #include "gridfixture.h"
 
 #include <QAccessible>
+#include <QAction>
 #include <QClipboard>
 #include <QHelpEvent>
+#include <QMimeData>
 #include <QToolTip>
 
 namespace velm {
@@ -105,6 +107,32 @@ TEST_F(FlexGridInput, TheClipHoldsAllColumnsOfTheSelectedRows) {
     EXPECT_EQ(grid.clip(), u"2\tligne 2\r3\tligne 3"_s);
     key(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), u"ligne 2\r\nligne 3"_s);
+}
+
+TEST_F(FlexGridInput, TheCopyKeyGivesATableOfTheSelectedRows) {
+    grid.setText(2, 0, u"a < b & \"c\"\tet\r\nd"_s);
+    grid.setRow(2);
+    grid.setRowSel(3);
+    key(Qt::Key_C, Qt::ControlModifier);
+    const QMimeData* copied = QApplication::clipboard()->mimeData();
+    EXPECT_EQ(copied->text(), u"a < b & \"c\" et  d\t2\r\nligne 3\t3"_s);
+    EXPECT_TRUE(copied->html().endsWith(u"<table><tr><td>a &lt; b &amp; &quot;c&quot; et  d</td><td>2</td></tr>"
+                                        "<tr><td>ligne 3</td><td>3</td></tr></table>"_s))
+        << qPrintable(copied->html());
+    grid.setRow(0);
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_TRUE(QApplication::clipboard()->text().endsWith(u"ligne 3\t3")) << "without a row nothing is copied";
+}
+
+TEST_F(FlexGridInput, TheCopyKeyIsTheListsOwnEvenWhereAMenuHasIt) {
+    QAction entry;
+    entry.setShortcut(QKeySequence::Copy);
+    grid.addAction(&entry);
+    QSignalSpy triggered(&entry, &QAction::triggered);
+    grid.setRow(4);
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(triggered.size(), 0);
+    EXPECT_EQ(QApplication::clipboard()->text(), u"ligne 4\t4");
 }
 
 TEST_F(FlexGridInput, TheMouseDragsARange) {

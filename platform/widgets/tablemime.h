@@ -1,0 +1,15 @@
+#pragma once
+// What copied rows offer: text with tabs between cells, and a table in HTML.
+#include <QMimeData>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace velm {
+
+/// One line of text and one row of the table for each row. Tabs and line ends inside a cell become blanks: a cell stays
+/// one.
+std::unique_ptr<QMimeData> tableMime(const std::vector<QStringList>& rows);
+
+} // namespace velm
