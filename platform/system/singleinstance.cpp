@@ -42,6 +42,11 @@ int openFolder(const QString& folder) {
     return opened;
 }
 
+/// Closed on exec, as a tool started from here must not keep the lock when this program has ended.
+int openLock(const QString& path) {
+    return open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR);
+}
+
 /// A request is one byte in a named pipe; the first program holds it open for reading and writing, so that it neither
 /// blocks nor sees an end.
 int openPipe(const QString& path, int mode) {
@@ -69,7 +74,7 @@ SingleInstance::SingleInstance(const QString& name, const QString& folder)
     : requestPath_(joinPath(folder, name + QStringLiteral(".raise"))) {
     // What lies in a folder that is not trusted is not written to either.
     if (makeFolder(folder))
-        openLock(folder, name);
+        lock_ = openLock(joinPath(folder, name + QStringLiteral(".lock")));
     else
         requestPath_.clear();
     if (lock_ < 0)
@@ -85,18 +90,6 @@ SingleInstance::SingleInstance(const QString& name, const QString& folder)
     const QByteArray pipePath = QFile::encodeName(requestPath_);
     mkfifo(pipePath.constData(), S_IRUSR | S_IWUSR);
     requests_ = openPipe(requestPath_, O_RDWR);
-}
-
-/// Opens the file of the lock, which must be a plain one of this user.
-void SingleInstance::openLock(const QString& folder, const QString& name) {
-    const QByteArray path = QFile::encodeName(joinPath(folder, name + QStringLiteral(".lock")));
-    // Closed on exec: a tool started from here must not keep the lock when this program has ended.
-    lock_ = open(path.constData(), O_RDWR | O_CREAT | O_NONBLOCK | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR);
-    struct stat info {};
-    if (lock_ >= 0 && (fstat(lock_, &info) != 0 || !S_ISREG(info.st_mode) || info.st_uid != geteuid())) {
-        close(lock_);
-        lock_ = -1;
-    }
 }
 
 SingleInstance::~SingleInstance() {

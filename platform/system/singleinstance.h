@@ -38,7 +38,6 @@ public:
     void setOnRaise(std::function<void()> onRaise);
 
 private:
-    void openLock(const QString& folder, const QString& name);
     void readRequests();
 
     QString requestPath_;

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace velm::test {
@@ -16,10 +17,16 @@ inline void putPipe(const QString& path) {
     ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), S_IRUSR | S_IWUSR), 0);
 }
 
-/// A link to a device without an end, in the place of a file.
+/// A device without an end, in the place of a file. Who may make one gets one of the test's own: a program that went
+/// wrong in such hands could put a file in the place of the machine's. All others get a link to that.
 inline void putDevice(const QString& path) {
     QFile::remove(path);
-    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), path));
+    constexpr unsigned memory = 1;
+    constexpr unsigned zero = 5;
+    if (geteuid() == 0)
+        ASSERT_EQ(mknod(QFile::encodeName(path).constData(), S_IFCHR | S_IRUSR | S_IWUSR, makedev(memory, zero)), 0);
+    else
+        ASSERT_TRUE(QFile::link(QStringLiteral("/dev/zero"), path));
 }
 
 /// A folder in the place of a file.
