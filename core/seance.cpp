@@ -2,6 +2,7 @@
 
 #include "core/cle.h"
 #include "platform/system/files.h"
+#include "platform/text/memory.h"
 #include "platform/text/number.h"
 
 #include <QFile>
@@ -119,6 +120,18 @@ bool Seance::metajour() {
 }
 
 bool Seance::ouvrebase() {
+    bool ouverte = false;
+    if (!withinMemory([&] { ouverte = ouvrelabase(); })) {
+        ecrans_.fermeaccueil();
+        corpus_.fermebase();
+        dialogues_.message(remplace(langue_.lireressource(9568), {fichierbase_}), langue_.lireressource(8),
+                           Icone::Stop);
+        return false;
+    }
+    return ouverte;
+}
+
+bool Seance::ouvrelabase() {
     if (corpus_.connecte(fichierbase_) != OpenError::None) {
         ecrans_.fermeaccueil();
         if (!ecrans_.connexion() || !corpus_.connecte())

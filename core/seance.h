@@ -109,6 +109,7 @@ public:
     /// Opens the base at the place of the settings, asking `connexion` when both attempts fail; writes the place to the
     /// settings; opens the tables. False when the user gave up.
     bool ouvrebase();
+    bool ouvrelabase();
 
     /// The exit sequence. False: the user refused and nothing was closed.
     bool quitteprogramme();
