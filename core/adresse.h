@@ -4,8 +4,8 @@
 
 namespace velm {
 
-/// An address as authors write it, made ready to be opened: "www.x.fr" and whatever else has no scheme get "http://" put
-/// before them, even what begins with another scheme. A local page, whose name ends in .htm or .html, stays as it
+/// An address as authors write it, made ready to be opened: "www.x.fr" and whatever else has no scheme get "http://"
+/// put before them, even what begins with another scheme. A local page, whose name ends in .htm or .html, stays as it
 /// stands.
 QString adresseaouvrir(const QString& adresse);
 

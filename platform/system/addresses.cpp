@@ -119,8 +119,8 @@ QString shownAddress(const QString& address) {
     QString shown;
     qsizetype line = 0;
     for (const uint point : shortened(address)) {
-        const QString sign =
-            isHidden(point) ? u"U+%1"_s.arg(point, 4, 16, QChar(u'0')).toUpper() : QString::fromUcs4(reinterpret_cast<const char32_t*>(&point), 1);
+        const QString sign = isHidden(point) ? u"U+%1"_s.arg(point, 4, 16, QChar(u'0')).toUpper()
+                                             : QString::fromUcs4(reinterpret_cast<const char32_t*>(&point), 1);
         if (line + sign.size() > longestLine) {
             shown += u'\n';
             line = 0;
