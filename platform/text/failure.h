@@ -29,8 +29,8 @@ struct RuntimeFailure {
 /// An error of the engine, in its own words.
 [[noreturn]] void runtimeError(const QString& message);
 
-/// Runs `work`. A run-time error inside it, on this thread, leaves it where it stands and is given back, and the handler
-/// is not called: for the few places where the design passes an error over.
+/// Runs `work`. A run-time error inside it, on this thread, leaves it where it stands and is given back, and the
+/// handler is not called: for the few places where the design passes an error over.
 std::optional<RuntimeFailure> failureOf(const std::function<void()>& work);
 
 /// The handler must not return (it ends the process, or throws in a test); if it does, the process is aborted.
