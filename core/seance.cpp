@@ -2,6 +2,7 @@
 
 #include "core/cle.h"
 #include "platform/system/files.h"
+#include "platform/text/memory.h"
 #include "platform/text/number.h"
 
 #include <QFile>
@@ -137,6 +138,18 @@ bool Seance::trouvebase() {
 }
 
 bool Seance::ouvrebase() {
+    bool ouverte = false;
+    if (!withinMemory([&] { ouverte = ouvrelabase(); })) {
+        ecrans_.fermeaccueil();
+        corpus_.fermebase();
+        dialogues_.message(remplace(langue_.lireressource(9568), {fichierbase_}), langue_.lireressource(8),
+                           Icone::Stop);
+        return false;
+    }
+    return ouverte;
+}
+
+bool Seance::ouvrelabase() {
     if (!trouvebase()) {
         ecrans_.fermeaccueil();
         if (!ecrans_.connexion() || !corpus_.connecte())

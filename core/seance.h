@@ -111,6 +111,7 @@ public:
     /// may have been moved with it); else asks `connexion`. Writes the place to the settings; opens the tables. False
     /// when the user gave up.
     bool ouvrebase();
+    bool ouvrelabase();
 
     /// The exit sequence. False: the user refused and nothing was closed.
     bool quitteprogramme();

@@ -107,7 +107,7 @@ void Navigation::ouvre(const QString& code, const QString& numero, bool replier,
     // What a window does when it takes the focus or shows a document may close it.
     if (place->fenetre)
         place->fenetre->prendfocus();
-    if (place->fenetre && place->fenetre->parcours().referencecourante != cle)
+    if (place->fenetre && (place->fenetre->parcours().referencecourante != cle || !place->fenetre->entiere()))
         place->fenetre->affiche(code, numero, ancre);
     if (!place->fenetre)
         return;

@@ -27,6 +27,8 @@ public:
     virtual void prendfocus() = 0;
     /// Shows a document with the state of its button `abc`; see affichedocument().
     virtual void affiche(const QString& code, const QString& numero, const QString& ancre) = 0;
+    /// False when the memory did not suffice for the document: asked for again, it is shown again.
+    virtual bool entiere() const { return true; }
     virtual QString titre() = 0; ///< of the document shown
     /// `propriétés`, `abc` and their separators become visible, `Haut` and `Bas` enabled; with the dossiers open
     /// `document` becomes visible.

@@ -1,5 +1,6 @@
 #include "search/formulaire.h"
 
+#include "platform/text/memory.h"
 #include "platform/text/number.h"
 #include "search/dialoguescriteres.h"
 #include "search/recherchecriteres.h"
@@ -20,6 +21,8 @@ namespace {
 constexpr int touslestextes = 900;
 constexpr int recherchertexte = 1124;
 constexpr int arretertexte = 2145;
+constexpr int titredesmessages = 8;
+constexpr int sansmemoire = 9567;
 constexpr std::array conjonctions{2130, 2131, 2132, 2133};
 
 const QString section = u"RECHERCHE"_s;
@@ -164,8 +167,24 @@ void Formulaire::quandlibre(std::function<void()> travail) {
 }
 
 void Formulaire::travaille(const std::function<void()>& travail) {
-    const Remplissage remplissage(monde_.hote);
-    travail();
+    const bool tient = [&] {
+        const Remplissage remplissage(monde_.hote);
+        if (withinMemory(travail))
+            return true;
+        abandonne();
+        return false;
+    }();
+    if (!tient)
+        atelier().dialogues.message(texte(sansmemoire), texte(titredesmessages), Icone::Exclamation);
+}
+
+/// Of a search that the memory did not suffice for, what it has found stays.
+void Formulaire::abandonne() {
+    arrets_.fill(false);
+    vue_.cacheprogres();
+    for (const Onglet onglet : {Onglet::Rapide, Onglet::Criteres, Onglet::Mots})
+        vue_.libelle(onglet, texte(recherchertexte));
+    finit(finitliste(atelier(), monde_.hote.etat()));
 }
 
 void Formulaire::cherche(Onglet onglet) {

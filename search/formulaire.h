@@ -95,6 +95,7 @@ private:
     /// Runs a piece of work that needs the list for itself: now, or when the search that runs has left.
     void quandlibre(std::function<void()> travail);
     void travaille(const std::function<void()>& travail);
+    void abandonne();
     void cherche(Onglet onglet);
     PublicationFin cherchevite(const EtatFormulaire& etat);
     PublicationFin cherchecriteres(const EtatFormulaire& etat);

@@ -1,5 +1,9 @@
 #include "search/renfort.h"
 
+#include "platform/text/memory.h"
+
+#include <system_error>
+
 namespace velm {
 namespace {
 
@@ -22,23 +26,38 @@ Renfort::~Renfort() {
     aide_.join();
 }
 
+/// A body that the memory does not suffice for is left to the caller, who finds out why it could not be read.
 void Renfort::travaille(LecteurDeCorps& lecteur) {
-    for (std::size_t i = prochaine_++; i < lot_.size(); i = prochaine_++)
-        lot_[i].passe = testetextes(criteres_, lot_[i].fiche, lecteur);
+    for (std::size_t i = prochaine_++; i < lot_.size(); i = prochaine_++) {
+        FicheTestee& testee = lot_[i];
+        if (!withinMemory([&] { testee.passe = testetextes(criteres_, testee.fiche, lecteur); }))
+            testee.passe = std::nullopt;
+    }
     lecteur.relache();
+}
+
+void Renfort::engage() {
+    try {
+        aide_ = std::thread([this, chemin = base_.path(), partage = base_.updatable()] {
+            // Without enough memory there is no helper, and the caller works alone.
+            withinMemory([&] {
+                const Database::Opened ouverte =
+                    Database::open(chemin, partage ? OpenMode::Shared : OpenMode::ExclusiveReadOnly, corpusSchema());
+                if (!ouverte.database)
+                    return;
+                LecteurDeCorps lecteur(*ouverte.database, criteres_);
+                aide(lecteur);
+            });
+        });
+    } catch (const std::system_error&) {
+        // The system gives no thread: nobody helps.
+    }
 }
 
 void Renfort::traite(std::span<FicheTestee> lot) {
     const bool adeux = lot.size() >= petitlot && criteres_.cherchedanscontenu();
     if (adeux && !aide_.joinable())
-        aide_ = std::thread([this, chemin = base_.path(), partage = base_.updatable()] {
-            const Database::Opened ouverte =
-                Database::open(chemin, partage ? OpenMode::Shared : OpenMode::ExclusiveReadOnly, corpusSchema());
-            if (!ouverte.database)
-                return;
-            LecteurDeCorps lecteur(*ouverte.database, criteres_);
-            aide(lecteur);
-        });
+        engage();
     {
         const std::scoped_lock garde(verrou_);
         lot_ = lot;

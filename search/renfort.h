@@ -28,6 +28,7 @@ public:
     void traite(std::span<FicheTestee> lot);
 
 private:
+    void engage();
     void aide(LecteurDeCorps& lecteur);
     void travaille(LecteurDeCorps& lecteur);
 

@@ -182,6 +182,9 @@ Textes* Programme::fabriquefenetre(int indice) {
         return Marquage{static_cast<int>(preferences.marquecouleur), preferences.marquebold != 0,
                         preferences.marqueitalic != 0, preferences.marqueauto != 0};
     };
+    contexte.dit = [this](const QString& texte) {
+        monde_.dialogues.message(texte, langue_.lireressource(8), Icone::Exclamation);
+    };
     contexte.cherchemots = [this](const QString& code, const QString& mots,
                                   const std::function<void(const QString&)>& ligne) {
         selection_->cherchedans(code, mots, ligne);

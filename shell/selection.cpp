@@ -5,6 +5,7 @@
 #include "core/reglages.h"
 #include "document/ui/textes.h"
 #include "platform/system/files.h"
+#include "platform/text/memory.h"
 #include "platform/widgets/flexgrid.h"
 #include "platform/widgets/statusbar.h"
 #include "platform/widgets/toolbar.h"
@@ -333,11 +334,25 @@ void Selection::precedentrecherche() {
 
 void Selection::quandlibre(std::function<void()> travail) {
     if (remplissages_ == 0) {
-        travail();
+        travaille(travail);
         return;
     }
     suite_ = std::move(travail);
     etat_.rechercheactive = false;
+}
+
+/// Where the memory does not suffice, what the list holds by then stays.
+void Selection::travaille(const std::function<void()>& travail) {
+    constexpr int sansmemoire = 9567;
+    constexpr int titre = 8;
+    if (withinMemory(travail))
+        return;
+    {
+        const Remplissage remplissage(*this);
+        publie(finitliste(atelier_, etat_));
+    }
+    montreliste();
+    monde_.dialogues.message(texte(sansmemoire), texte(titre), Icone::Exclamation);
 }
 
 void Selection::remplit(const QStringList& cles) {

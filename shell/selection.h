@@ -85,6 +85,7 @@ private:
     QString texte(int numero) const { return monde_.texte(numero); }
     Toolbar& barre() const;
     void quandlibre(std::function<void()> travail);
+    void travaille(const std::function<void()>& travail);
     void remplitmaintenant(const QStringList& cles);
     void cherchemaintenant(const QString& code, const QString& mots, const std::function<void(const QString&)>& ligne);
     void prendmaintenant(const QString& chemin);

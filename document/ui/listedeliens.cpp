@@ -5,11 +5,13 @@
 #include "platform/text/twips.h"
 #include "platform/widgets/flexgrid.h"
 #include "platform/widgets/look.h"
+#include "platform/widgets/plaintext.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QScopeGuard>
 #include <QToolButton>
 
 namespace velm {
@@ -73,7 +75,7 @@ void ListeDeLiens::construitentete(const Sorte& sorte, const std::function<QStri
     entete_->setObjectName(sorte.entete);
     bouton_->setObjectName(sorte.bouton);
     bouton_->setText(texte(sorte.textebouton));
-    bouton_->setToolTip(texte(sorte.texteetiquette));
+    bouton_->setToolTip(plainTip(texte(sorte.texteetiquette)));
     bouton_->setAccessibleName(texte(sorte.texteetiquette));
     bouton_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     bouton_->setAutoRaise(true);
@@ -133,11 +135,11 @@ void ListeDeLiens::charge(const QString& cle) {
     for (const LigneLien& ligne : charge_(corpus_, cle))
         lignes.push_back({ligne.code, ligne.titre, ligne.cle});
     grille_->setRedraw(false);
+    const auto redessine = qScopeGuard([this] { grille_->setRedraw(true); });
     grille_->setRows(1);
     grille_->addItems(lignes);
     for (int colonne = 0; colonne < grille_->cols(); ++colonne)
         grille_->setSortMark(colonne, FlexGrid::Mark::None);
-    grille_->setRedraw(true);
 }
 
 void ListeDeLiens::ouvre(const QString& cle) {

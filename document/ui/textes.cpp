@@ -1,8 +1,10 @@
 #include "document/ui/textes.h"
 
 #include "core/cle.h"
+#include "core/langue.h"
 #include "document/ui/blocrecherche.h"
 #include "document/ui/listedeliens.h"
+#include "platform/text/memory.h"
 #include "platform/text/twips.h"
 #include "platform/widgets/flexgrid.h"
 #include "platform/widgets/icons.h"
@@ -21,6 +23,12 @@
 namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr qsizetype plusdetitre = 200; ///< characters of a title that a message shows
+
+} // namespace
 
 Textes::Textes(int indice, const ContexteTextes& contexte, QWidget* parent)
     : QWidget(parent), indice_(indice), code_(typedindice(indice)), contexte_(contexte),
@@ -199,16 +207,23 @@ void Textes::prendfocus() {
 }
 
 void Textes::affiche(const QString& code, const QString& numero, const QString& ancre) {
-    barre_->setValue(u"marqueauto"_s, false); // the text comes without marks
-    affichedocument(*this, code, numero, barre_->value(u"abc"_s), ancre,
-                    {contexte_.corpus, contexte_.styles, contexte_.sablier, contexte_.libelle, contexte_.bornes});
+    montredocument(code, numero, barre_->value(u"abc"_s), ancre);
 }
 
 void Textes::affichedocumentcourant(bool abc) {
     const auto [code, numero] = decoupecle(referencecourante());
-    barre_->setValue(u"marqueauto"_s, false);
-    affichedocument(*this, code, numero, abc, QString(),
-                    {contexte_.corpus, contexte_.styles, contexte_.sablier, contexte_.libelle, contexte_.bornes});
+    montredocument(code, numero, abc, QString());
+}
+
+void Textes::montredocument(const QString& code, const QString& numero, bool abc, const QString& ancre) {
+    constexpr int tropgrand = 9566;
+    barre_->setValue(u"marqueauto"_s, false); // the text comes without marks
+    entiere_ = withinMemory([&] {
+        affichedocument(*this, code, numero, abc, ancre,
+                        {contexte_.corpus, contexte_.styles, contexte_.sablier, contexte_.libelle, contexte_.bornes});
+    });
+    if (!entiere_ && contexte_.dit)
+        contexte_.dit(remplace(texte(tropgrand), {document_.titre.left(plusdetitre)}));
 }
 
 void Textes::montreboutons(bool dossiersouverts) {

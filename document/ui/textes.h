@@ -49,6 +49,7 @@ struct ContexteTextes {
     std::function<void(bool visible)> montremosaique = {};         ///< the frame's buttons of the three arrangements
     std::function<PlaceTextes(const QWidget& fenetre)> place = {}; ///< where the frame has put a window
     std::function<Marquage()> marquage = {};                       ///< how found words are marked, now
+    std::function<void(const QString& texte)> dit = {};            ///< says something in a box
     /// Looks words up in the collection of a window and puts the documents into the selection list; each result line is
     /// told at once.
     std::function<void(const QString& code, const QString& mots, const std::function<void(const QString&)>& ligne)>
@@ -122,6 +123,7 @@ public:
     Parcours& parcours() override { return parcours_; }
     void prendfocus() override;
     void affiche(const QString& code, const QString& numero, const QString& ancre) override;
+    bool entiere() const override { return entiere_; }
     QString titre() override { return document_.titre; }
     void montreboutons(bool dossiersouverts) override;
     void activehistorique(bool precedent, bool suivant) override;
@@ -178,6 +180,7 @@ private:
     // ---- blocks
     void changebloc(const QString& ar); ///< by the user
     void traitear();
+    void remplit(const std::function<void()>& travail);
     void chargerarbre();
     void chargerflex();
     void repartitcolonnes();
@@ -197,11 +200,13 @@ private:
     void basculeliste(ListeDeLiens& liste);
     void relieliens();
     void suit(qsizetype position);
+    void ditsirefuse(Navigateur::Handed issue, const QString& adresse) const;
     void survole(int lien);
     QString ciblede(int lien) const;
 
     void menutexte(const QPoint& ou);
     void montremenuliste(QMenu& menu, const ListeDeLiens& liste, const QPoint& ou);
+    void montredocument(const QString& code, const QString& numero, bool abc, const QString& ancre);
     void affichedocumentcourant(bool abc);
     void rafraichitsibesoin();
     void prepare();
@@ -239,6 +244,7 @@ private:
     int largeurtitre_ = 0;        ///< of its titles and its keywords, as they were last set here
     int largeurmotcle_ = 0;
     bool menusactifs_ = false;
+    bool entiere_ = true;
     bool partage_ = true; ///< the lower lists share the width until the user moves their bar
     bool decharge_ = false;
 };

@@ -131,11 +131,15 @@ void Textes::range() {
 void Textes::montreproprietes() {
     if (referencecourante().isEmpty())
         return;
-    auto* boite = new frmproperties({contexte_.corpus, contexte_.reglages, contexte_.parametres, contexte_.sablier,
-                                     contexte_.texte, contexte_.libelle},
-                                    window());
-    boite->setAttribute(Qt::WA_DeleteOnClose);
-    boite->afficheproprietes(referencecourante(), titrecourant(), document_);
+    remplit([this] {
+        auto boite = std::make_unique<frmproperties>(ContexteProprietes{contexte_.corpus, contexte_.reglages,
+                                                                        contexte_.parametres, contexte_.sablier,
+                                                                        contexte_.texte, contexte_.libelle},
+                                                     window());
+        boite->setAttribute(Qt::WA_DeleteOnClose);
+        boite->afficheproprietes(referencecourante(), titrecourant(), document_);
+        static_cast<void>(boite.release()); // it goes when it is closed
+    });
 }
 
 } // namespace velm

@@ -43,7 +43,8 @@ void Textes::construitlistes() {
 }
 
 void Textes::connecte() {
-    connect(arbre_, &TreeView::expanding, this, [this](int noeud) { arborescence_.developpe(arbre_->nodes(), noeud); });
+    connect(arbre_, &TreeView::expanding, this,
+            [this](int noeud) { remplit([this, noeud] { arborescence_.developpe(arbre_->nodes(), noeud); }); });
     connect(arbre_, &TreeView::nodeClicked, this, &Textes::clicnoeud);
     connect(arbre_, &TreeView::nodeReturned, this, &Textes::clicnoeud);
     connect(flex_, &FlexGrid::doubleClicked, this, [this](int ligne, int colonne) {

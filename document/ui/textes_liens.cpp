@@ -1,8 +1,11 @@
 // The links of a document window, in the text and beside it, and the pop-up menus.
+#include "core/adresse.h"
 #include "core/cle.h"
+#include "core/langue.h"
 #include "document/clic.h"
 #include "document/ui/listedeliens.h"
 #include "document/ui/textes.h"
+#include "platform/system/addresses.h"
 #include "platform/widgets/flexgrid.h"
 #include "platform/widgets/icons.h"
 #include "platform/widgets/richtextbox.h"
@@ -29,11 +32,12 @@ QAction* entree(QMenu& menu, const QString& nom, const QString& texte, const QSt
 
 void Textes::basculeliste(ListeDeLiens& liste) {
     const ListeDeLiens& autre = &liste == liens_ ? *correlats_ : *liens_;
+    const auto ouvre = [&] { remplit([&] { liste.ouvre(referencecourante()); }); };
     if (!disposition_.listesvisibles) {
-        liste.ouvre(referencecourante());
+        ouvre();
         disposition_.ouvrelistes();
     } else if (!liste.ouverte()) {
-        liste.ouvre(referencecourante());
+        ouvre();
     } else {
         liste.ferme();
         if (!autre.ouverte())
@@ -64,14 +68,20 @@ void Textes::suit(qsizetype position) {
         contexte_.navigation.navigue(u"TA"_s + clic.cible, true, clic.ancre);
         break;
     case Clic::Vers::Adresse:
-        contexte_.navigateur.openUrl(clic.cible);
+        ditsirefuse(contexte_.navigateur.openUrl(adresseaouvrir(clic.cible)), clic.cible);
         break;
     case Clic::Vers::Courrier:
-        contexte_.navigateur.mail(clic.cible);
+        ditsirefuse(contexte_.navigateur.mail(clic.cible), clic.cible);
         break;
     case Clic::Vers::Rien:
         break;
     }
+}
+
+void Textes::ditsirefuse(Navigateur::Handed issue, const QString& adresse) const {
+    constexpr int refusee = 9565;
+    if (issue == Navigateur::Handed::Refused && contexte_.dit)
+        contexte_.dit(remplace(texte(refusee), {u"\n\n"_s + shownAddress(adresse)}));
 }
 
 void Textes::survole(int lien) {

@@ -3,6 +3,7 @@
 #include "document/ui/blocrecherche.h"
 #include "document/ui/listedeliens.h"
 #include "document/ui/textes.h"
+#include "platform/text/memory.h"
 #include "platform/text/twips.h"
 #include "platform/widgets/flexgrid.h"
 #include "platform/widgets/icons.h"
@@ -13,6 +14,7 @@
 #include "platform/widgets/treeview.h"
 
 #include <QLineEdit>
+#include <QScopeGuard>
 #include <QStyle>
 
 namespace velm {
@@ -51,9 +53,9 @@ void Textes::traitear() {
     barre_->setValue(u"tableau"_s, ar_ == u"2");
     barre_->setValue(u"recherchedico"_s, ar_ == u"0");
     if (ar_ == u"1" && !arbrecharge_)
-        chargerarbre();
+        remplit([this] { chargerarbre(); });
     if (ar_ == u"2" && !flexcharge_)
-        chargerflex();
+        remplit([this] { chargerflex(); });
     montrebloc();
     barre_->update();
 }
@@ -69,6 +71,13 @@ void Textes::montrebloc() {
         vue_->setFocus();
 }
 
+/// Where the memory does not suffice for a list it is not filled, and asked for again when it is shown the next time.
+void Textes::remplit(const std::function<void()>& travail) {
+    constexpr int sansmemoire = 9567;
+    if (!withinMemory(travail) && contexte_.dit)
+        contexte_.dit(texte(sansmemoire));
+}
+
 void Textes::chargerarbre() {
     TreeNodes& noeuds = arbre_->nodes();
     arborescence_.chargearbrebase(noeuds, code_);
@@ -79,6 +88,7 @@ void Textes::chargerarbre() {
 void Textes::chargerflex() {
     const Attente attente(contexte_.sablier);
     flex_->setRedraw(false);
+    const auto redessine = qScopeGuard([this] { flex_->setRedraw(true); });
     flex_->setCols(ListeCollection::colonnes);
     flex_->setHeaderFontSize(14);
     flex_->setColumnsMovable(true);
@@ -98,7 +108,6 @@ void Textes::chargerflex() {
     largeurtitre_ = largeurmotcle_ = largeurs[0];
     flexcharge_ = true;
     repartitcolonnes();
-    flex_->setRedraw(true);
 }
 
 void Textes::repartitcolonnes() {
@@ -128,8 +137,10 @@ void Textes::ouvreligne(int ligne) {
 }
 
 void Textes::triecolonne(int colonne) {
-    const Attente attente(contexte_.sablier);
-    flex_->sort(colonne, flex_->sortMark(colonne) == FlexGrid::Mark::Ascending);
+    remplit([this, colonne] {
+        const Attente attente(contexte_.sablier);
+        flex_->sort(colonne, flex_->sortMark(colonne) == FlexGrid::Mark::Ascending);
+    });
 }
 
 void Textes::clicnoeud(int noeud) {

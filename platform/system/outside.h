@@ -6,15 +6,21 @@
 
 namespace velm {
 
-/// Hands things to the program that the user has for them. All are true when they were handed on.
+/// Hands things to the program that the user has for them.
 class Navigateur {
 public:
+    enum class Handed {
+        Yes,
+        Refused, ///< it is nothing that a document may start
+        No       ///< the desktop has no program for it
+    };
+
     virtual ~Navigateur() = default;
-    /// An address of the web; never a local file.
-    virtual bool openUrl(const QString& address) = 0;
-    /// A new message to that address.
-    virtual bool mail(const QString& address) = 0;
-    /// A local file or folder.
+    /// An address of the web, with its scheme (see webUrl()); anything else is refused.
+    virtual Handed openUrl(const QString& address) = 0;
+    /// A new message to that address alone (see mailUrl()).
+    virtual Handed mail(const QString& address) = 0;
+    /// A local file or folder of the program's own, its help: never what stands in a document. True when handed on.
     virtual bool openFile(const QString& path) = 0;
 };
 

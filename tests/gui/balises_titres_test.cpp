@@ -209,7 +209,6 @@ TEST_F(BalisesTest, NoWindowAndNoMenuTakesAFieldForMarkup) {
     programme->montrerecherche();
     programme->montreapropos();
     programme->astuce();
-    programme->montrepartenaires();
     regarde("small windows");
 
     // The places where the traps were met: what looks at nothing proves nothing.

@@ -233,12 +233,13 @@ TEST(PressePapiersQt, OffersTextAndBothRichForms) {
 }
 
 TEST(NavigateurQt, AddressesThatAreNoneAreRefused) {
+    using Handed = Navigateur::Handed;
     QtNavigateur browser;
-    EXPECT_FALSE(browser.openUrl(QString()));
-    EXPECT_FALSE(browser.openUrl(u"file:///etc/passwd"_s));
-    EXPECT_FALSE(browser.openUrl(u"/etc/passwd"_s));
-    EXPECT_FALSE(browser.mail(u" "_s));
-    EXPECT_FALSE(browser.mail(u"mailto:"_s));
+    EXPECT_EQ(browser.openUrl(QString()), Handed::Refused);
+    EXPECT_EQ(browser.openUrl(u"file:///etc/passwd"_s), Handed::Refused);
+    EXPECT_EQ(browser.openUrl(u"/etc/passwd"_s), Handed::Refused);
+    EXPECT_EQ(browser.mail(u" "_s), Handed::Refused);
+    EXPECT_EQ(browser.mail(u"mailto:"_s), Handed::Refused);
     EXPECT_FALSE(browser.openFile(QString()));
 }
 

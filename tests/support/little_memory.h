@@ -1,5 +1,5 @@
 #pragma once
-// While one lives the engine gets no more memory than a few pages beyond what it holds: reading anything long fails.
+// While one lives the engine gets little more memory than it holds: reading anything long fails, or anything at all.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -11,10 +11,9 @@ inline const bool memoryIsCounted =
 
 class LittleMemory {
 public:
-    LittleMemory() : before_(sqlite3_hard_heap_limit64(-1)) {
-        constexpr sqlite3_int64 few = 1024 * 1024;
+    explicit LittleMemory(sqlite3_int64 more = 1024 * 1024) : before_(sqlite3_hard_heap_limit64(-1)) {
         EXPECT_TRUE(memoryIsCounted);
-        sqlite3_hard_heap_limit64(sqlite3_memory_used() + few);
+        sqlite3_hard_heap_limit64(sqlite3_memory_used() + more + 1);
     }
     ~LittleMemory() { sqlite3_hard_heap_limit64(before_); }
     LittleMemory(const LittleMemory&) = delete;

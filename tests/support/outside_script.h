@@ -30,19 +30,19 @@ public:
     QStringList urls;
     QStringList mails;
     QStringList files;
-    bool works = true;
+    Handed answer = Handed::Yes;
 
-    bool openUrl(const QString& address) override {
+    Handed openUrl(const QString& address) override {
         urls.append(address);
-        return works;
+        return answer;
     }
-    bool mail(const QString& address) override {
+    Handed mail(const QString& address) override {
         mails.append(address);
-        return works;
+        return answer;
     }
     bool openFile(const QString& path) override {
         files.append(path);
-        return works;
+        return answer == Handed::Yes;
     }
 };
 

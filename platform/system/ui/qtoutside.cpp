@@ -1,5 +1,7 @@
 #include "platform/system/ui/qtoutside.h"
 
+#include "platform/system/addresses.h"
+
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
@@ -11,27 +13,24 @@
 namespace velm {
 namespace {
 
-bool hand(const QUrl& url) {
-    return url.isValid() && !url.isEmpty() && QDesktopServices::openUrl(url);
+Navigateur::Handed hand(const std::optional<QUrl>& url) {
+    if (!url)
+        return Navigateur::Handed::Refused;
+    return QDesktopServices::openUrl(*url) ? Navigateur::Handed::Yes : Navigateur::Handed::No;
 }
 
 } // namespace
 
-bool QtNavigateur::openUrl(const QString& address) {
-    // An address without a scheme ("www.…") is taken as one of the web. A link in a document starts no local file.
-    const QUrl url = QUrl::fromUserInput(address.trimmed());
-    return !url.isLocalFile() && hand(url);
+Navigateur::Handed QtNavigateur::openUrl(const QString& address) {
+    return hand(webUrl(address));
 }
 
-bool QtNavigateur::mail(const QString& address) {
-    QString bare = address.trimmed();
-    if (bare.startsWith(QStringLiteral("mailto:"), Qt::CaseInsensitive))
-        bare.remove(0, 7);
-    return !bare.isEmpty() && hand(QUrl(QStringLiteral("mailto:") + bare));
+Navigateur::Handed QtNavigateur::mail(const QString& address) {
+    return hand(mailUrl(address));
 }
 
 bool QtNavigateur::openFile(const QString& path) {
-    return !path.isEmpty() && hand(QUrl::fromLocalFile(path));
+    return !path.isEmpty() && QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
 void QtPressePapiers::pose(const ContenuPressePapiers& contenu) {

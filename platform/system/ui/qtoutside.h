@@ -6,8 +6,8 @@ namespace velm {
 
 class QtNavigateur final : public Navigateur {
 public:
-    bool openUrl(const QString& address) override;
-    bool mail(const QString& address) override;
+    Handed openUrl(const QString& address) override;
+    Handed mail(const QString& address) override;
     bool openFile(const QString& path) override;
 };
 
