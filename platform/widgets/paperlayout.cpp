@@ -100,7 +100,6 @@ void PaperLayout::updatePage() {
     page_ = page;
     if (measureDiffers) {
         forgetLines();
-        emit measureChanged();
     }
 }
 

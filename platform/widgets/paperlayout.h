@@ -75,10 +75,6 @@ public:
     QRectF frameBoundingRect(QTextFrame* frame) const override;
     QRectF blockBoundingRect(const QTextBlock& block) const override;
 
-signals:
-    /// The width changed what fits on a line: all lines are laid out anew.
-    void measureChanged();
-
 protected:
     void documentChanged(int from, int removed, int added) override;
     void resizeInlineObject(QTextInlineObject item, int position, const QTextFormat& format) override;

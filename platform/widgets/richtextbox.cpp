@@ -68,7 +68,6 @@ void RichTextBox::richTextChanged() {
     } else {
         revealCaret();
     }
-    emit selectionMoved();
 }
 
 void RichTextBox::rebuild() {
@@ -111,7 +110,6 @@ void RichTextBox::richSelectionChanged() {
     leaveReached();
     showSelection();
     revealCaret();
-    emit selectionMoved();
 }
 
 void RichTextBox::richPropertiesChanged() {
@@ -139,7 +137,6 @@ void RichTextBox::takeUserSelection() {
     following_ = false;
     viewport()->update();
     leaveReached();
-    emit selectionMoved();
 }
 
 // ---- place
@@ -259,7 +256,6 @@ void RichTextBox::setZoom(int percent) {
     restore(place);
     startSettling();
     viewport()->update();
-    emit zoomChanged(zoom_);
 }
 
 void RichTextBox::zoomStep(int steps) {
