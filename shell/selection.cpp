@@ -108,7 +108,6 @@ void Selection::publie(const PublicationFin& fin) {
                                u"imprimercritères"_s, u"envoyercritères"_s})
         barre().setButtonEnabled(cle, fin.resultatpresent);
     barre().setButtonEnabled(u"ouvrircritères"_s, fin.ouvrircriteres);
-    emit publiee(fin);
 }
 
 void Selection::formulairevisible(bool visible) {

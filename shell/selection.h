@@ -78,8 +78,6 @@ public:
 signals:
     /// The search form is to be shown or hidden.
     void criteresvoulus(bool montres);
-    /// A search has ended.
-    void publiee(const PublicationFin& fin);
 
 private:
     QString texte(int numero) const { return monde_.texte(numero); }

@@ -131,9 +131,6 @@ public:
 
 signals:
     // What other rooms do for this window.
-    void impression();
-    void enregistrer();
-    void envoyer(int comment); ///< 0 as text, 1 as an attachment
     /// The document, or the selected part of it, for the dossiers; all empty: the dossiers are to open alone.
     void ranger(const QString& cle, const QString& titre, qsizetype debut, qsizetype longueur);
     void selection(const QStringList& cles); ///< to become the selection list, in this order

@@ -116,15 +116,13 @@ void Textes::construitmenus() {
     connect(entree(*menutexte_, u"MnuSelectAll"_s, texte(9060), u"sélectionnertout"_s, false), &QAction::triggered,
             this, &Textes::toutselectionner);
     menutexte_->addSeparator();
-    connect(entree(*menutexte_, u"MnuPrint"_s, texte(9061), u"Imprimer"_s, false), &QAction::triggered, this,
-            &Textes::impression);
+    entree(*menutexte_, u"MnuPrint"_s, texte(9061), u"Imprimer"_s, false);
     QMenu* envoi = menutexte_->addMenu(icon(u"envoyer"_s), texte(9062));
     envoi->setObjectName(u"MnuSendfile"_s);
     envoi->setEnabled(false);
     for (int comment = 0; comment < 2; ++comment)
-        connect(entree(*envoi, u"MnuSend(%1)"_s.arg(comment), texte(9063 + comment),
-                       comment == 0 ? u"texte"_s : u"piècejointe"_s, false),
-                &QAction::triggered, this, [this, comment] { emit envoyer(comment); });
+        entree(*envoi, u"MnuSend(%1)"_s.arg(comment), texte(9063 + comment),
+               comment == 0 ? u"texte"_s : u"piècejointe"_s, false);
     connect(entree(*menutexte_, u"MnuStore"_s, texte(9065), u"rangerdocument"_s, false), &QAction::triggered, this,
             &Textes::range);
     menutexte_->addSeparator();

@@ -40,7 +40,6 @@ FlexGrid::FlexGrid(QWidget* parent) : QWidget(parent), d_(std::make_unique<Priva
         if (const std::vector<QStringList> rows = d_->selected(false); !rows.empty())
             QGuiApplication::clipboard()->setMimeData(tableMime(rows).release());
     };
-    view.onAnchorChanged = [this] { emit rowChanged(row()); };
     GridHeader& header = view.header();
     header.onClicked = [this](int place) { emit clicked(0, place); };
     header.onDoubleClicked = [this](int place) { emit doubleClicked(0, place); };
@@ -187,16 +186,6 @@ QString FlexGrid::clip() const {
     for (const QStringList& cells : d_->selected(true))
         lines << cells.join(u'\t');
     return lines.join(u'\r');
-}
-
-int FlexGrid::rowAt(const QPoint& point) const {
-    const GridHeader& header = d_->view->header();
-    if (header.rect().contains(header.mapFrom(this, point)))
-        return 0;
-    const QWidget& rows = *d_->view->viewport();
-    const QPoint at = rows.mapFrom(this, point);
-    const int row = rows.rect().contains(at) ? d_->view->rowAt(at.y()) : -1;
-    return row < 0 ? -1 : row + 1;
 }
 
 int FlexGrid::topRow() const {

@@ -100,8 +100,6 @@ public:
     std::pair<int, int> selectedRows() const;
     /// Selected cells of all columns, hidden ones too: tabs between columns, CR between rows.
     QString clip() const;
-    /// Row under a point of this widget: 0 the header, -1 none.
-    int rowAt(const QPoint& point) const;
     int topRow() const; ///< the first data row that is seen
     void setTopRow(int row);
 
@@ -118,7 +116,6 @@ signals:
     void rightClicked(int row, int col, const QPoint& globalPosition); ///< also by the context-menu key
     void activated(int row);                                           ///< Return on a row
     void deletePressed();
-    void rowChanged(int row);           ///< row() has another value, by the user or the program
     void columnMoved(int from, int to); ///< by the user
 
 protected:

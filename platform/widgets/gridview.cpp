@@ -107,7 +107,6 @@ void GridView::takeFont() {
 
 void GridView::select(int anchor, int end, bool reveal) {
     const int last = model_.count() - 1;
-    const int before = anchor_;
     waitTimer_.stop();
     waiting_ = -1;
     anchor_ = std::min(anchor, last);
@@ -118,8 +117,6 @@ void GridView::select(int anchor, int end, bool reveal) {
         if (reveal)
             revealEnd();
     }
-    if (anchor_ != before && onAnchorChanged)
-        onAnchorChanged();
 }
 
 void GridView::revealEnd() {

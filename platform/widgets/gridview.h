@@ -22,7 +22,6 @@ public:
     std::function<void(int row)> onActivated;
     std::function<void()> onDelete;
     std::function<void()> onCopy;
-    std::function<void()> onAnchorChanged;
 
     GridHeader& header() const { return *header_; }
     int placeOf(int logical) const { return header_->visualIndex(logical); }

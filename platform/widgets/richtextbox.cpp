@@ -76,7 +76,6 @@ void RichTextBox::richTextChanged() {
             anchor_ = place;
         }
     }
-    emit selectionMoved();
 }
 
 void RichTextBox::rebuild() {
@@ -152,7 +151,6 @@ void RichTextBox::richSelectionChanged() {
     leaveReached();
     showSelection();
     revealCaret();
-    emit selectionMoved();
 }
 
 void RichTextBox::richPropertiesChanged() {
@@ -180,7 +178,6 @@ void RichTextBox::takeUserSelection() {
     following_ = false;
     viewport()->update();
     leaveReached();
-    emit selectionMoved();
 }
 
 // ---- place
@@ -273,7 +270,6 @@ void RichTextBox::setZoom(int percent) {
     }
     keepWorking();
     viewport()->update();
-    emit zoomChanged(zoom_);
 }
 
 void RichTextBox::zoomStep(int steps) {

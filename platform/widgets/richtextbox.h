@@ -55,8 +55,6 @@ public:
     /// Ranges that lead somewhere, in the owner's order. They hold until the next call.
     void setLinkRanges(const std::vector<LinkRange>& ranges);
 
-    /// The character under a point of the viewport, or -1 when there is none.
-    qsizetype characterAt(const QPoint& point) const;
     /// Nothing is left to take in and to lay out.
     bool isSettled() const;
     /// Scrolls, if need be, until the caret can be seen.
@@ -70,13 +68,8 @@ signals:
     void clicked(qsizetype position);
     /// A context menu is wanted, by mouse or key.
     void rightClicked(qsizetype position, const QPoint& globalPosition);
-    /// The mouse went to another character; -1 for none.
-    void hovered(qsizetype position);
     /// The mouse, or the Tab key, went to another link; -1 for none.
     void linkHovered(int index);
-    void zoomChanged(int percent);
-    /// The user or the program moved the selection.
-    void selectionMoved();
 
 protected:
     QMimeData* createMimeDataFromSelection() const override;
@@ -135,7 +128,6 @@ private:
     int hoveredLink_ = -1;
     int reachedLink_ = -1; ///< selected by the Tab key
     bool doubled_ = false; ///< the release to come ends a double click
-    qsizetype hoveredPosition_ = -1;
     bool visible_ = true;
     bool following_ = false; ///< the control is being followed: what the document tells is no wish of the user
     /// What is to be shown as soon as it can: the window hidden, or the document not filled so far.

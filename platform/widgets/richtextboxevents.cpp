@@ -20,11 +20,6 @@ QPointF RichTextBox::toDocument(const QPoint& point) const {
     return QPointF(point) + QPointF(horizontalScrollBar()->value(), verticalScrollBar()->value());
 }
 
-qsizetype RichTextBox::characterAt(const QPoint& point) const {
-    const int position = layout_->characterAt(toDocument(point));
-    return position < 0 ? -1 : shown_.toModel(position);
-}
-
 // ---- links and hovering
 
 void RichTextBox::setLinkRanges(const std::vector<LinkRange>& ranges) {
@@ -54,11 +49,6 @@ void RichTextBox::hover(const QPoint& point) {
         viewport()->update();
         emit linkHovered(link);
     }
-    const qsizetype place = position < 0 ? -1 : shown_.toModel(position);
-    if (place != hoveredPosition_) {
-        hoveredPosition_ = place;
-        emit hovered(place);
-    }
 }
 
 void RichTextBox::leaveHover() {
@@ -68,10 +58,6 @@ void RichTextBox::leaveHover() {
         viewport()->setCursor(Qt::IBeamCursor);
         viewport()->update();
         emit linkHovered(-1);
-    }
-    if (hoveredPosition_ >= 0) {
-        hoveredPosition_ = -1;
-        emit hovered(-1);
     }
 }
 

@@ -8,7 +8,6 @@
 #include <QHBoxLayout>
 #include <QHash>
 #include <QPainter>
-#include <QProgressBar>
 
 #include <algorithm>
 
@@ -17,7 +16,6 @@ namespace velm {
 namespace {
 
 constexpr int padding = 8;
-constexpr int progressWidth = 120;
 
 /// A line of plain text that is elided when it does not fit.
 class Line final : public QWidget {
@@ -60,27 +58,20 @@ private:
     QString text_;
 };
 
-/// A panel: its line, its progress bar, and a thin rule on its left side.
+/// A panel: its line, and a thin rule on its left side.
 class Panel final : public QWidget {
 public:
     Panel(const QString& key, int stretch, int minimum, bool ruled, QWidget* parent)
-        : QWidget(parent), line(new Line(stretch > 0, pixelsFromTwips(minimum), this)),
-          progress(new QProgressBar(this)), ruled_(ruled) {
+        : QWidget(parent), line(new Line(stretch > 0, pixelsFromTwips(minimum), this)), ruled_(ruled) {
         setObjectName(key);
         auto* layout = new QHBoxLayout(this);
         layout->setContentsMargins(padding, 0, padding, 0);
-        layout->setSpacing(padding);
         layout->addWidget(line, 1);
-        layout->addWidget(progress);
-        progress->setFixedSize(progressWidth, std::max(6, fontMetrics().height() / 2));
-        progress->setTextVisible(false);
-        progress->hide();
     }
 
     void refresh() { line->setText(passing.isEmpty() ? text : passing); }
 
     Line* line;
-    QProgressBar* progress;
     QString text;
     QString passing;
 
@@ -138,15 +129,6 @@ void StatusBar::setPassing(const QString& key, const QString& text) {
         panel->passing = text;
         panel->refresh();
     }
-}
-
-QProgressBar& StatusBar::progress(const QString& key) {
-    Panel* panel = d_->panel(key);
-    if (!panel) {
-        addPanel(key, 0);
-        panel = d_->panel(key);
-    }
-    return *panel->progress;
 }
 
 } // namespace velm

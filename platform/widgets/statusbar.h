@@ -5,8 +5,6 @@
 
 #include <memory>
 
-class QProgressBar;
-
 namespace velm {
 
 class StatusBar : public QStatusBar {
@@ -22,8 +20,6 @@ public:
     QString panelText(const QString& key) const;
     /// A text that stands in a panel in place of its own until it is emptied: the target of a link.
     void setPassing(const QString& key, const QString& text);
-    /// The progress bar of a panel, hidden until it is asked to show.
-    QProgressBar& progress(const QString& key);
 
 private:
     struct Private;

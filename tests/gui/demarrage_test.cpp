@@ -212,9 +212,9 @@ TEST_F(DemarrageTest, SavedWindowStringsOfAnyFormOpenWhatTheyName) {
     programme.reset();
     restaure(QStringLiteral("zz\u00E9XX\tXX"),
              QStringLiteral("-1+1-1+1LITAP999TA\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9CO")
-                 .repeated(5)); // nonsense: no document, and no crash
-    for (const Textes* ouverte : programme->bureau().fenetres())
-        EXPECT_TRUE(ouverte->vue().control().text().isEmpty());
+                 .repeated(5)); // nonsense: no key of a collection among them
+    EXPECT_TRUE(programme->bureau().fenetres().empty());
+    EXPECT_TRUE(programme->ecran()->isVisible());
     EXPECT_TRUE(dialogues.messages.empty());
 }
 

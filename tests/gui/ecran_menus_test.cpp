@@ -173,8 +173,7 @@ TEST_F(MenusTest, F1WithoutAHelpFileSaysSo) {
     demarre(QStringLiteral("CO1"));
     ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
     QTest::keyClick(programme->fenetre(0)->vue().viewport(), Qt::Key_F1);
-    ASSERT_EQ(dialogues.messages.size(), 1u);
-    EXPECT_TRUE(dialogues.messages.front().texte.contains(QStringLiteral("aide")));
+    EXPECT_EQ(dialogues.texts(), QStringList{mots(7030)});
     EXPECT_TRUE(navigateur.files.isEmpty());
 }
 
@@ -187,7 +186,7 @@ TEST_F(MenusTest, CtrlQAsksAndLeaves) {
     dialogues.answers = {Bouton::Oui};
     QTest::keyClick(programme->fenetre(0)->vue().viewport(), Qt::Key_Q, Qt::ControlModifier);
     EXPECT_FALSE(ecran().isVisible());
-    EXPECT_EQ(dialogues.messages.size(), 2u);
+    EXPECT_EQ(dialogues.texts(), (QStringList{questiondefin(), questiondefin()}));
 }
 
 TEST_F(MenusTest, WhatIsNotBuiltYetStandsInItsPlaceAndIsOff) {

@@ -276,13 +276,17 @@ TEST_F(EcranTest, TheMenusOfDocumentsShowWithADocumentWindowOnly) {
 
 TEST_F(EcranTest, EveryButtonHasANameAndATip) {
     demarre(QStringLiteral("CO1"));
+    int vus = 0;
     for (const QToolButton* bouton : ecran().findChildren<QToolButton*>()) {
         if (bouton->objectName().startsWith(QStringLiteral("qt_")) || !bouton->isVisible())
             continue;
         EXPECT_FALSE(bouton->toolTip().isEmpty()) << bouton->objectName().toStdString();
         EXPECT_FALSE(bouton->accessibleName().isEmpty()) << bouton->objectName().toStdString();
         EXPECT_FALSE(bouton->icon().isNull()) << bouton->objectName().toStdString();
+        ++vus;
     }
+    // Those of the command bar, of the eleven collections and of the window.
+    EXPECT_GT(vus, 25);
 }
 
 TEST_F(EcranTest, AHiddenWindowIsShownAgainByTheNextOpening) {
@@ -294,4 +298,16 @@ TEST_F(EcranTest, AHiddenWindowIsShownAgainByTheNextOpening) {
     EXPECT_EQ(programme->fenetre(0), fenetre);
     EXPECT_TRUE(fenetre->isVisible());
     EXPECT_EQ(programme->bureau().fenetres().size(), 1u);
+}
+
+TEST_F(EcranTest, ADocumentCanBePutIntoTheDossiersWhileTheyAreOpen) {
+    ASSERT_EQ(demarre(QStringLiteral("CO1")), Demarrage::EnMarche);
+    const auto offre = [this](int indice) {
+        return programme->fenetre(indice)->barrechild().isButtonVisible(QStringLiteral("document"));
+    };
+    EXPECT_FALSE(programme->bureau().dossiersouverts());
+    EXPECT_FALSE(offre(0));
+    programme->bureau().changedossiersouverts(true);
+    programme->navigue(QStringLiteral("TAJP000007"));
+    EXPECT_TRUE(offre(2));
 }

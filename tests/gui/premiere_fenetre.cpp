@@ -1,3 +1,4 @@
+#include "platform/text/failure.h"
 #include "shell/bureau.h"
 #include "tests/gui/programme_support.h"
 #include "tests/support/arret.h"
@@ -85,7 +86,7 @@ TEST_F(PremiereFenetre, TheQuitEntryAsksOnce) {
     ASSERT_NE(entree, nullptr);
     entree->trigger();
     EXPECT_FALSE(programme->ecran()->isVisible());
-    EXPECT_EQ(dialogues.messages.size(), 1u);
+    EXPECT_EQ(dialogues.texts(), QStringList{questiondefin()});
 }
 
 TEST_F(PremiereFenetre, WindowsOfTheLastRunComeBackWhenAsked) {
@@ -107,7 +108,7 @@ TEST_F(PremiereFenetre, SettingsThatCannotBeWrittenAreSaidOnceAndTheProgramGoesO
     ASSERT_TRUE(QFile::remove(dossier.filePath(QStringLiteral("reglages.ini"))));
     ASSERT_TRUE(QDir(dossier.path()).mkpath(QStringLiteral("reglages.ini"))); // a folder stands in the file's place
     EXPECT_EQ(demarre(QStringLiteral("CO1")), Demarrage::EnMarche);
-    EXPECT_EQ(dialogues.messages.size(), 1u);
+    EXPECT_EQ(dialogues.texts(), QStringList{mots(9402, {dossier.filePath(QStringLiteral("reglages.ini"))})});
     EXPECT_EQ(programme->fenetre(0)->referencecourante(), u"CO000001");
 }
 
@@ -118,8 +119,15 @@ TEST_F(PremiereFenetre, AMissingTableFailsWhereItIsUsedWithOneMessage) {
         ASSERT_TRUE(base.database->execute(QStringLiteral("DROP TABLE \"données\"")));
     }
     ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
-    const test::GardeArret garde;
+    RuntimeFailure erreur{};
+    const auto avant = setRuntimeErrorHandler([&](const RuntimeFailure& celle) {
+        erreur = celle;
+        throw test::Arret("la table manque");
+    });
     EXPECT_THROW(programme->navigue(QStringLiteral("TACO000001")), test::Arret);
+    setRuntimeErrorHandler(avant);
+    programme->erreurfatale(erreur);
+    EXPECT_EQ(dialogues.texts(), QStringList{mots(9401, {mots(9407, {QStringLiteral("données")})})});
 }
 
 TEST_F(PremiereFenetre, AFatalErrorIsSaidInOneBoxAndClosesTheBase) {
@@ -149,7 +157,7 @@ TEST_F(PremiereFenetre, HelpOpensTheFileInEitherSpelling) {
     demarre(QString());
     programme->ouvreaide();
     EXPECT_TRUE(navigateur.files.isEmpty());
-    EXPECT_EQ(dialogues.messages.size(), 1u);
+    EXPECT_EQ(dialogues.texts(), QStringList{mots(7030)});
     QFile aide(dossier.filePath(QStringLiteral("Velm2000.chm")));
     ASSERT_TRUE(aide.open(QIODevice::WriteOnly));
     programme->ouvreaide();

@@ -1,6 +1,7 @@
 #pragma once
 // The real program on a small base of its own, with a scripted user.
 #include "core/cle.h"
+#include "core/langue.h"
 #include "document/ui/textes.h"
 #include "platform/engine/recordset.h"
 #include "platform/widgets/richtextbox.h"
@@ -84,6 +85,14 @@ protected:
         return ReglagesStore(dossier.filePath(QStringLiteral("reglages.ini")))
             .get(QString::fromUtf8(section), QString::fromUtf8(cle), QStringLiteral("(absent)"));
     }
+
+    /// A text of the French language file, with what stands for its %1, %2…
+    static QString mots(int numero, const QStringList& parties = {}) {
+        Langue langue([](const QString& absent) { ADD_FAILURE() << "no text " << absent.toStdString(); });
+        langue.choisitfichier(QStringLiteral(VELM_SOURCE_DIR), QStringLiteral(VELM_SOURCE_DIR), QStringLiteral("FR"));
+        return remplace(langue.lireressource(numero), parties);
+    }
+    static QString questiondefin() { return mots(400) + QStringLiteral(" ?"); }
 
     /// Clicks on a character of a window's text.
     static void clique(Textes& fenetre, qsizetype position) {

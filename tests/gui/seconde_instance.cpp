@@ -2,6 +2,8 @@
 #include "tests/gui/programme_support.h"
 #include "tests/support/eventually.h"
 
+#include <QProcess>
+
 using namespace velm;
 
 namespace {
@@ -62,11 +64,40 @@ TEST_F(SecondeInstance, TheHandleIsWrittenAtTheStartAndOutlivesTheProgram) {
     EXPECT_EQ(demarre(QString()), Demarrage::EnMarche);
 }
 
-TEST_F(SecondeInstance, ACrashLeavesNothingBehindThatKeepsTheNextFromStarting) {
+TEST_F(SecondeInstance, AKilledProgramLeavesNothingBehindThatKeepsTheNextFromStarting) {
+    constexpr int milliseconds = 60'000;
+    const QString reglages = dossier.filePath(QStringLiteral("VELMORANTE2000/VELMORANTE2000.ini"));
     {
-        ReglagesStore reglages(dossier.filePath(QStringLiteral("reglages.ini")));
-        reglages.save(u"HWND", u"HWnd", QStringLiteral("123456"));
+        ReglagesStore magasin(reglages);
+        magasin.save(u"BASE", u"CHEMIN", dossier.path());
+        magasin.save(u"OPTIONS", u"TIPS", QStringLiteral("0"));
     }
-    EXPECT_EQ(demarre(QStringLiteral("JP7")), Demarrage::EnMarche);
-    EXPECT_NE(programme->fenetre(2), nullptr);
+    QProcess premiere;
+    QProcessEnvironment environnement = QProcessEnvironment::systemEnvironment();
+    for (const char* nom : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
+        environnement.insert(QString::fromLatin1(nom), dossier.path());
+    environnement.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    premiere.setProcessEnvironment(environnement);
+    premiere.start(QStringLiteral(VELM_BINARY_DIR "/bin/velm2000"), {QStringLiteral("CO1")});
+    ASSERT_TRUE(premiere.waitForStarted(milliseconds));
+    // The frame has its handle written down when it stands.
+    const auto handle = [&] { return ReglagesStore(reglages).get(u"HWND", u"HWnd"); };
+    EVENTUALLY_WITHIN(milliseconds, !handle().isEmpty());
+
+    OptionsProgramme suivante = options(QStringLiteral("JP7"));
+    suivante.fichierreglages = reglages;
+    const MondeExterieur monde{dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante};
+    EXPECT_EQ(Programme(suivante, monde).demarre(), Demarrage::AutreInstance) << "the first one runs";
+    const QString avant = handle();
+    premiere.kill();
+    ASSERT_TRUE(premiere.waitForFinished(milliseconds));
+    EXPECT_EQ(premiere.exitStatus(), QProcess::CrashExit);
+    EXPECT_EQ(handle(), avant) << "nobody was there to take it away";
+
+    programme = std::make_unique<Programme>(suivante, monde);
+    EXPECT_EQ(programme->demarre(), Demarrage::EnMarche);
+    ASSERT_NE(programme->fenetre(2), nullptr);
+    EXPECT_EQ(programme->fenetre(2)->referencecourante(), u"JP000007");
+    EXPECT_EQ(handle(), QString::number(programme->ecran()->winId()));
+    EXPECT_EQ(dialogues.texts(), QStringList());
 }

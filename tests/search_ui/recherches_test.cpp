@@ -292,7 +292,7 @@ TEST_F(RecherchesTest, ManyDocumentsAskOnce) {
     combo(u"Combonombredico"_s).setCurrentIndex(0);
     clique(u"cmdokdico"_s);
     EXPECT_EQ(liste.lignes(), 50);
-    EXPECT_EQ(dialogues.messages.size(), 3U);
+    EXPECT_EQ(dialogues.texts(), QStringList(3, u"La recherche a trouvé 201 documents. N’afficher que 200 ?"_s));
 }
 
 TEST_F(RecherchesTest, TheWordsButtonNeverBecomesAStop) {

@@ -106,6 +106,10 @@ TEST_F(ChildAreaTest, ArrangingNothingDoesNothing) {
                            ChildArea::Arrangement::TileVertical})
         area->arrange(way);
     EXPECT_EQ(area->activeChild(), nullptr);
+    // Nor does it wait for the windows to come.
+    const QSize usual = addShown(1).front()->size();
+    frame.resize(frame.size() + QSize(60, 60));
+    EXPECT_EQ(area->children().front()->size(), usual);
 }
 
 // ---- keys

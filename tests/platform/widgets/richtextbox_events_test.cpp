@@ -14,7 +14,6 @@ TEST_F(Box, ControlAndTheWheelEnlargeTheViewAndChangeNoFormat) {
     show(sample::lawArticle());
     const QByteArray rtf = box.control().textRtf();
     const quint64 revision = box.control().richText().revision();
-    const QSignalSpy zoomed(&box, &RichTextBox::zoomChanged);
     const int height = layout().lineOf(0).height;
     wheel(1, Qt::ControlModifier);
     EXPECT_EQ(box.zoom(), 110);
@@ -24,7 +23,6 @@ TEST_F(Box, ControlAndTheWheelEnlargeTheViewAndChangeNoFormat) {
     EXPECT_NEAR(layout().lineOf(0).height, 2 * height, 2);
     EXPECT_EQ(box.control().textRtf(), rtf);
     EXPECT_EQ(box.control().richText().revision(), revision);
-    EXPECT_GE(zoomed.count(), 3);
     const int value = box.verticalScrollBar()->value();
     wheel(-1, Qt::NoModifier);
     EXPECT_EQ(box.zoom(), 200);
@@ -133,7 +131,6 @@ TEST_F(Box, TheHandShowsOverALink) {
     show(sample::plain({u"un deux trois"_s, u"quatre"_s}));
     box.setLinkRanges({{15, 21}, {3, 7}});
     QSignalSpy overLink(&box, &RichTextBox::linkHovered);
-    QSignalSpy over(&box, &RichTextBox::hovered);
     const auto moveTo = [&](const QPoint& point) {
         QMouseEvent move(QEvent::MouseMove, QPointF(point), box.viewport()->mapToGlobal(QPointF(point)), Qt::NoButton,
                          Qt::NoButton, Qt::NoModifier);
@@ -142,7 +139,6 @@ TEST_F(Box, TheHandShowsOverALink) {
     moveTo(pointOf(4));
     ASSERT_EQ(overLink.count(), 1);
     EXPECT_EQ(overLink.last().at(0).toInt(), 1);
-    EXPECT_EQ(over.last().at(0).value<qsizetype>(), 4);
     EXPECT_EQ(box.viewport()->cursor().shape(), Qt::PointingHandCursor);
     moveTo(pointOf(8));
     EXPECT_EQ(overLink.last().at(0).toInt(), -1);
@@ -151,7 +147,6 @@ TEST_F(Box, TheHandShowsOverALink) {
     EXPECT_EQ(overLink.last().at(0).toInt(), 0);
     moveTo(pointOf(16) + QPoint(300, 0));
     EXPECT_EQ(overLink.last().at(0).toInt(), -1);
-    EXPECT_EQ(over.last().at(0).value<qsizetype>(), -1);
 }
 
 TEST_F(Box, TheTabKeySelectsTheLinksInTheOrderOfTheText) {
@@ -324,8 +319,13 @@ TEST_F(Box, OddFormatsAreHarmless) {
         paragraph.tabs = {value};
         rich.append(u"texte\tavec\r\nsuite", rich.intern(character), rich.intern(paragraph));
         show(rich);
-        box.viewport()->grab();
+        const QImage picture = box.viewport()->grab().toImage();
         settle();
+        EXPECT_EQ(picture.size(), box.viewport()->size()) << value;
+        EXPECT_EQ(box.toPlainText(), u"texte\tavec\nsuite") << value;
+        key(Qt::Key_End, Qt::ControlModifier);
+        EXPECT_EQ(selStart(), rich.length()) << value;
+        EXPECT_TRUE(box.viewport()->rect().intersects(box.cursorRect())) << value << ": the end is out of reach";
     }
 }
 

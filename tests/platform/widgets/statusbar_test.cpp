@@ -2,7 +2,6 @@
 #include "platform/widgets/statusbar.h"
 #include "tests/support/eventually.h"
 
-#include <QProgressBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -26,11 +25,7 @@ protected:
     QWidget* panel(const QString& key) const { return bar.findChild<QWidget*>(key); }
     /// The line of a panel: what stands in it, and the tool tip of what does not fit.
     QWidget* line(const QString& key) const {
-        for (QWidget* child : panel(key)->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-            if (!qobject_cast<QProgressBar*>(child))
-                return child;
-        }
-        return nullptr;
+        return panel(key)->findChild<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     }
     QString shown(const QString& key) const { return line(key)->accessibleName(); }
 
@@ -89,18 +84,6 @@ TEST_F(StatusBarTest, APassingTextStandsInPlaceUntilItIsEmptied) {
     EXPECT_EQ(shown(u"état"_s), u"CO000002");
     bar.setPassing(u"état"_s, QString());
     EXPECT_EQ(shown(u"état"_s), u"Recherche");
-}
-
-TEST_F(StatusBarTest, TheProgressOfAPanelIsHiddenUntilItIsAskedToShow) {
-    QProgressBar& progress = bar.progress(u"état"_s);
-    EXPECT_FALSE(progress.isVisible());
-    const int height = bar.height();
-    progress.show();
-    progress.setValue(40);
-    EVENTUALLY(progress.x() > line(u"état"_s)->x());
-    EXPECT_EQ(&bar.progress(u"état"_s), &progress);
-    EXPECT_TRUE(panel(u"état"_s)->isAncestorOf(&progress));
-    EXPECT_LE(bar.sizeHint().height(), height);
 }
 
 TEST_F(StatusBarTest, TextsOnSeveralLinesStandOnOne) {

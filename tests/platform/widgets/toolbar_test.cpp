@@ -163,10 +163,8 @@ TEST_F(ToolbarTest, TheMenuIsMadeFromItsEntriesEachTimeItOpens) {
     EXPECT_EQ(texts(*opened(u"Précédent"_s)), (QStringList{u"Dol && fraude"_s, u"Premier"_s}));
     bar->menu(u"Précédent"_s)->hide();
     menus.remove(1);
-    menus.setEnabled(1, false);
     QMenu* menu = opened(u"Précédent"_s);
     EXPECT_EQ(texts(*menu), QStringList{u"Premier"_s});
-    EXPECT_FALSE(menu->actions().front()->isEnabled());
     menu->hide();
 }
 
