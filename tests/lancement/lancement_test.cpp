@@ -140,7 +140,8 @@ TEST_F(Lancement, AnEventWithoutMemoryIsOneMessageAndTheRunGoesOn) {
 }
 
 TEST_F(Lancement, WhatLacksMemoryWhileThatIsSaidIsNotSaidAgain) {
-    const Essai essai = lance({}, {}, u"memoireenboite,memoire,quitte"_s, true);
+    // The empty deeds let a second box have its turn.
+    const Essai essai = lance({}, {}, u"memoireenboite,memoire,"_s + u"rien,"_s.repeated(20) + u"quitte"_s, true);
     EXPECT_EQ(essai.textes(), QStringList{texte(9519)}) << essai.sortie.constData();
     EXPECT_EQ(essai.code, 0);
 }
