@@ -1,6 +1,7 @@
 #pragma once
 // Doubles of the outside world: they record what was asked of it and answer as told.
 #include "platform/system/courrier.h"
+#include "platform/system/drives.h"
 #include "platform/system/outside.h"
 #include "platform/system/process.h"
 
@@ -76,6 +77,12 @@ public:
         tableaux.push_back(tableau);
         return works;
     }
+};
+
+class LecteursScript final : public Lecteurs {
+public:
+    QList<Lecteur> lecteurs;
+    QList<Lecteur> liste() const override { return lecteurs; }
 };
 
 } // namespace velm::test
