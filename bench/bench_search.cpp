@@ -141,8 +141,9 @@ BENCHMARK(tripartitre)->Arg(documents)->Unit(benchmark::kMillisecond);
 
 void trideladocumentation(benchmark::State& state) {
     RechercheRapide(commune->atelier, {}).cherche({QString(), touteslettres()}, commune->etat);
+    bool descendant = false;
     for ([[maybe_unused]] auto _ : state)
-        commune->selection.trie(0);
+        commune->selection.trie(0, std::exchange(descendant, !descendant));
     state.counters["rows"] = commune->selection.lignes();
 }
 BENCHMARK(trideladocumentation)->Unit(benchmark::kMillisecond);

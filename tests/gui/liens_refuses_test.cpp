@@ -66,8 +66,8 @@ TEST_F(LiensRefusesTest, OnlyTheWebAndMailReachTheDesktopAndTheUserIsToldOfTheRe
     QtNavigateur navigateurvrai;
     Bureautique bureautique;
     OptionsProgramme options = optionsprogramme(u"CO1"_s);
-    programme = std::make_unique<Programme>(
-        options, MondeExterieur{boites, navigateurvrai, processus, sablier, pressepapiers, courrier, imprimante});
+    programme = std::make_unique<Programme>(options, MondeExterieur{boites, navigateurvrai, processus, sablier,
+                                                                    pressepapiers, courrier, imprimante, lecteurs});
     ASSERT_EQ(programme->demarre(), Demarrage::EnMarche);
 
     EXPECT_EQ(clic(u"beta"_s), QString());

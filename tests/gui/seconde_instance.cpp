@@ -86,7 +86,8 @@ TEST_F(SecondeInstance, AKilledProgramLeavesNothingBehindThatKeepsTheNextFromSta
 
     OptionsProgramme suivante = options(QStringLiteral("JP7"));
     suivante.fichierreglages = reglages;
-    const MondeExterieur monde{dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante};
+    const MondeExterieur monde{dialogues,     navigateur, processus,  sablier,
+                               pressepapiers, courrier,   imprimante, lecteurs};
     EXPECT_EQ(Programme(suivante, monde).demarre(), Demarrage::AutreInstance) << "the first one runs";
     const QString avant = handle();
     premiere.kill();
