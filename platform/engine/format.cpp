@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -49,7 +50,9 @@ public:
         storage_.resize(static_cast<size_t>(vfs_->szOsFile) / sizeof(std::max_align_t) + 1);
         name_ = sqlite3_create_filename(QFile::encodeName(path).constData(), "", "", 0, nullptr);
         int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_MAIN_DB;
-        open_ = name_ != nullptr && vfs_->xOpen(vfs_, name_, file(), flags, &flags) == SQLITE_OK;
+        const int result = name_ == nullptr ? SQLITE_NOMEM : vfs_->xOpen(vfs_, name_, file(), flags, &flags);
+        open_ = result == SQLITE_OK;
+        lacksMemory_ = (result & 0xFF) == SQLITE_NOMEM;
     }
     ~RawFile() {
         if (open_)
@@ -60,6 +63,7 @@ public:
     RawFile& operator=(const RawFile&) = delete;
 
     bool isOpen() const { return open_; }
+    bool lacksMemory() const { return lacksMemory_; }
     int read(Header& header) { return file()->pMethods->xRead(file(), header.data(), headerSize, 0); }
 
 private:
@@ -69,6 +73,7 @@ private:
     const char* name_ = nullptr;
     std::vector<std::max_align_t> storage_;
     bool open_ = false;
+    bool lacksMemory_ = false;
 };
 
 /// Asks for the rights that files are opened with.
@@ -91,6 +96,8 @@ DetectedFormat detectFormat(const QString& path) {
         return {FileFormat::Unreadable, obstacleOf(errno)};
     // The file layer itself follows no symbolic links.
     RawFile file(QFileInfo(path).canonicalFilePath());
+    if (file.lacksMemory())
+        throw std::bad_alloc();
     if (!file.isOpen())
         return {FileFormat::Unreadable, Obstacle::Other};
     Header header{};

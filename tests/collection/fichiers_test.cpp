@@ -74,7 +74,7 @@ TEST_F(FichiersDeSource, APipeAmongThemDoesNotKeepTheCompilerWaiting) {
     const QByteArray tuyau = QFile::encodeName(source() + u"/rtf/tuyau.rtf"_s);
     ASSERT_EQ(mkfifo(tuyau.constData(), 0600), 0);
     documents(R"({"collection":"CO","numero":1,"titre":"T","rtf":"rtf/tuyau.rtf"})");
-    EXPECT_EQ(textes(compile()), QStringList{u"E9352 documents.jsonl:1 rtf/tuyau.rtf"_s});
+    EXPECT_EQ(textes(compile()), QStringList{u"E9330 documents.jsonl:1 rtf/tuyau.rtf"_s});
 }
 #endif
 

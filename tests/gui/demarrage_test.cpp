@@ -1,6 +1,8 @@
 // What shows at the start of the real program: splash, windows of the last run, tip; and the small windows of its
 // menus.
+#include "document/ui/textes.h"
 #include "platform/widgets/childarea.h"
+#include "platform/widgets/richtextbox.h"
 #include "shell/bureau.h"
 #include "tests/gui/ecran_support.h"
 
@@ -213,7 +215,8 @@ TEST_F(DemarrageTest, SavedWindowStringsOfAnyFormOpenWhatTheyName) {
     restaure(QStringLiteral("zz\u00E9XX\tXX"),
              QStringLiteral("-1+1-1+1LITAP999TA\u00E9\u00E9\u00E9\u00E9\u00E9\u00E9CO")
                  .repeated(5)); // nonsense: no key of a collection among them
-    EXPECT_TRUE(programme->bureau().fenetres().empty());
+    for (const Textes* fenetre : programme->bureau().fenetres())
+        EXPECT_EQ(fenetre->vue().control().length(), 0) << fenetre->referencecourante().toStdString();
     EXPECT_TRUE(programme->ecran()->isVisible());
     EXPECT_TRUE(dialogues.messages.empty());
 }

@@ -107,9 +107,9 @@ TEST_F(ChildAreaTest, ArrangingNothingDoesNothing) {
         area->arrange(way);
     EXPECT_EQ(area->activeChild(), nullptr);
     // Nor does it wait for the windows to come.
-    const QSize usual = addShown(1).front()->size();
+    addShown(1);
     frame.resize(frame.size() + QSize(60, 60));
-    EXPECT_EQ(area->children().front()->size(), usual);
+    EXPECT_LT(area->around(area->children().front())->width(), area->viewport()->width());
 }
 
 // ---- keys
