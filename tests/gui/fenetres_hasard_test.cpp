@@ -277,9 +277,11 @@ protected:
 
 TEST_F(FenetresAuHasard, NothingThatIsDoneToTheWindowsEndsTheProgramOrLeavesThemAtOdds) {
     bool donne = false;
+    const bool longue = qEnvironmentVariableIsSet("VELM_LONG");
     const int dite = qEnvironmentVariableIntValue("VELM_SEED", &donne);
-    const unsigned graine = donne ? static_cast<unsigned>(dite) : std::random_device{}() % 1'000'000;
-    const int pas = qEnvironmentVariableIsSet("VELM_LONG") ? 10'000 : 400;
+    // The suite is to say the same each time; the long walks find what is new.
+    const unsigned graine = donne ? static_cast<unsigned>(dite) : longue ? std::random_device{}() % 1'000'000 : 1;
+    const int pas = longue ? 10'000 : 400;
     std::cout << "VELM_SEED=" << graine << ", " << pas << " steps"
               << std::endl; // told before anything ends the program
     de_.seed(graine);
