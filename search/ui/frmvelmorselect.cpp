@@ -31,8 +31,13 @@ FrmVelmorSelect::FrmVelmorSelect(const Formulaire::Monde& monde, QWidget* parent
 }
 
 void FrmVelmorSelect::relie() {
-    connect(ongletrecherche_, &QTabWidget::currentChanged, this,
-            [this](int onglet) { formulaire_.ongletchange(static_cast<Onglet>(onglet)); });
+    connect(ongletrecherche_, &QTabWidget::currentChanged, this, [this](int onglet) {
+        formulaire_.ongletchange(static_cast<Onglet>(onglet));
+        // A box that has gone with its page, while the window was not in front, would keep the focus.
+        const QWidget* avec = window()->focusWidget();
+        if (avec && isAncestorOf(avec) && !avec->isVisibleTo(this))
+            focus(static_cast<Onglet>(onglet));
+    });
     // The tab bar takes the focus with the click: the box has it after that.
     connect(
         ongletrecherche_, &QTabWidget::tabBarClicked, this,
