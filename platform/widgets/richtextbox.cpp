@@ -3,6 +3,7 @@
 #include "platform/widgets/look.h"
 #include "platform/widgets/paperlayout.h"
 #include "platform/widgets/richmime.h"
+#include "platform/widgets/sheetbar.h"
 
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -42,12 +43,14 @@ RichTextBox::~RichTextBox() {
 void RichTextBox::prepare() {
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setUndoRedoEnabled(false);
     layout_ = new PaperLayout(document());
     document()->setDefaultFont(look::documentFont());
     document()->setDocumentLayout(layout_);
     fill_ = std::make_unique<DocumentFill>(*document());
     place_ = std::make_unique<ViewPlace>(*this, *layout_, [this] { leaveHover(); });
+    setVerticalScrollBar(new SheetBar([this] { return besideSheet(); }, this));
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     viewport()->setAutoFillBackground(false);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -242,6 +245,7 @@ void RichTextBox::resizeEvent(QResizeEvent* event) {
     const ViewPlace::Anchor place = place_->anchor();
     const ViewPlace::Moving moving(*place_);
     QTextEdit::resizeEvent(event);
+    verticalScrollBar()->update(); // what lies beside it may be the sheet now
     place_->restore(place);
     keepWorking();
 }
@@ -270,6 +274,7 @@ void RichTextBox::setZoom(int percent) {
     }
     keepWorking();
     viewport()->update();
+    verticalScrollBar()->update();
 }
 
 void RichTextBox::zoomStep(int steps) {
@@ -288,6 +293,12 @@ void RichTextBox::zoomStep(int steps) {
 void RichTextBox::applySheet() {
     layout_->setSheet(look::sheet(viewColour(control_.backColor()), palette()));
     viewport()->update();
+    verticalScrollBar()->update();
+}
+
+QColor RichTextBox::besideSheet() const {
+    const bool whole = layout_->page().sheetWidth >= viewport()->width();
+    return whole ? layout_->sheet().paper : layout_->sheet().surface;
 }
 
 void RichTextBox::changeEvent(QEvent* event) {
@@ -304,7 +315,7 @@ void RichTextBox::paintEvent(QPaintEvent* event) {
         const PaperPage& page = layout_->page();
         const QRect whole = event->rect();
         const QRect paper(page.sheetLeft, 0, page.sheetWidth, viewport()->height());
-        if (paper.left() > 0) {
+        if (paper.width() < viewport()->width()) {
             painter.fillRect(whole, sheet.surface);
             painter.fillRect(paper.adjusted(-1, 0, 1, 0) & whole, sheet.edge);
         }

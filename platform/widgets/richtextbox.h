@@ -105,6 +105,7 @@ private:
     void showSelection();
     void takeUserSelection();
     void applySheet();
+    QColor besideSheet() const;
     void placeLinks();
     void hover(const QPoint& point);
     void leaveHover();

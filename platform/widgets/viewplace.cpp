@@ -96,10 +96,7 @@ void ViewPlace::reveal(int position) {
 /// that painting changes no height.
 void ViewPlace::followPlaces() {
     const Anchor place = anchor();
-    // Where the text just fits, the scroll bar that comes or goes changes the measure, and with it the heights that
-    // brought it: what would go on for ever ends here, and the settling of the rest decides.
-    constexpr int rounds = 8;
-    for (int round = 0; round < rounds && layout_.layOutBetween(top(), top() + height()); ++round) {
+    while (layout_.layOutBetween(top(), top() + height())) {
         tellHeight();
         restore(place);
     }
