@@ -3,8 +3,12 @@
 #include "tests/search/criteres_support.h"
 #include "tests/support/little_memory.h"
 
+#include <QFile>
+
 #include <new>
 #include <pthread.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 using namespace velm;
 using namespace velm::test;
@@ -51,6 +55,26 @@ private:
     pthread_attr_t before_{};
 };
 
+/// While one lives the process gets so many bytes more than it has.
+class NarrowSpace {
+public:
+    explicit NarrowSpace(rlim_t more) {
+        QFile file(u"/proc/self/statm"_s);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const auto pages = file.readAll().split(' ').first().toULongLong();
+        EXPECT_EQ(getrlimit(RLIMIT_AS, &before_), 0);
+        const rlimit narrow{static_cast<rlim_t>(pages * static_cast<unsigned long long>(sysconf(_SC_PAGESIZE))) + more,
+                            before_.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_AS, &narrow), 0);
+    }
+    ~NarrowSpace() { setrlimit(RLIMIT_AS, &before_); }
+    NarrowSpace(const NarrowSpace&) = delete;
+    NarrowSpace& operator=(const NarrowSpace&) = delete;
+
+private:
+    rlimit before_{};
+};
+
 } // namespace
 
 TEST_F(RenfortTest, BodiesThatDoNotFitEndTheSearchOnceBothHaveDoneWithTheLot) {
@@ -85,6 +109,27 @@ TEST_F(RenfortTest, ABodyThatDoesNotFitIsLeftUndecidedByWhoeverHasReadIt) {
                       peu && rang >= courts ? std::nullopt : std::optional(true))
                 << rang;
     }
+}
+
+TEST_F(RenfortTest, ABodyThatCannotBeDecodedIsLeftUndecidedToo) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer needs room of its own";
+#endif
+    constexpr qsizetype huge = 40'000'000;
+    pieces = {{u"CO000001"_s, u"Titre"_s, QString(huge, u'x') + u" mot"_s}};
+    ouvrepieces(false);
+    const CriteresLus lus = litcriteres(criteres, types);
+    Renfort renfort(corpus.base(), lus);
+    std::vector<FicheTestee> lot(1);
+    lot.front().fiche.rangee = 1;
+    lot.front().passe = false;
+    {
+        const NarrowSpace space(huge * 3 / 2); // it can be read; the decoded text is twice as long
+        renfort.traite(lot);
+    }
+    EXPECT_EQ(lot.front().passe, std::nullopt);
+    renfort.traite(lot);
+    EXPECT_EQ(lot.front().passe, std::optional(true));
 }
 
 TEST_F(RenfortTest, WhereTheSystemGivesNoThreadTheSearchWorksAlone) {
