@@ -2,6 +2,10 @@
 // the text's height, and what is read stays where it is.
 #include "viewfixture.h"
 
+#include <QTextBlock>
+
+#include <functional>
+
 namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
@@ -19,6 +23,13 @@ protected:
         show(text);
     }
     QScrollBar& bar() { return *box.verticalScrollBar(); }
+    /// What the toolkit does when it looks for something there.
+    void layOutAbove() {
+        for (QTextBlock block = box.document()->begin(); block.blockNumber() < 100; block = block.next()) {
+            layout().blockBoundingRect(block);
+        }
+    }
+    int startOfTop() { return layout().lineAt(bar().value()).start; }
     /// Painting finds nothing new, and the bar reaches to the end.
     void expectReady(const std::string& when) {
         const QSizeF size = layout().documentSize();
@@ -56,6 +67,30 @@ TEST_F(PlaceTest, WhatTheScreenShowsIsLaidOutBeforeItIsPainted) {
         box.setZoom(60);
         expectReady("smaller at the end");
         box.resize(900, 600);
+    }
+}
+
+TEST_F(PlaceTest, WhatIsLaidOutAboveMovesNothingOfWhatIsRead) {
+    const std::vector<std::pair<const char*, std::function<void()>>> next{
+        {"an event of the screen",
+         [this] {
+             QEvent event(QEvent::ToolTip);
+             QApplication::sendEvent(box.viewport(), &event);
+         }},
+        {"a key", [this] { key(Qt::Key_Shift); }},
+        {"another size", [this] { box.setZoom(110); }},
+        {"other looks", [this] { box.control().notifyChanged(); }},
+    };
+    for (const auto& [name, happen] : next) {
+        paragraphs(broad);
+        box.setZoom(100);
+        box.reveal(box.control().length() / 2);
+        ASSERT_FALSE(box.isSettled());
+        const int start = startOfTop();
+        layOutAbove();
+        ASSERT_NE(startOfTop(), start) << name;
+        happen();
+        EXPECT_EQ(startOfTop(), start) << name;
     }
 }
 
