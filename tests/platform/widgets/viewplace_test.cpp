@@ -94,4 +94,23 @@ TEST_F(PlaceTest, WhatIsLaidOutAboveMovesNothingOfWhatIsRead) {
     }
 }
 
+TEST_F(PlaceTest, AHeightAboveTheTextStaysAsItIsAtAnySize) {
+    paragraphs(broad);
+    bar().setValue(10);
+    ASSERT_GT(layout().page().margin, 10);
+    box.setZoom(200);
+    EXPECT_EQ(bar().value(), 10);
+}
+
+TEST_F(PlaceTest, TheLowestEdgeOfALineStaysOfThatLineWhenItGetsSmaller) {
+    paragraphs(broad);
+    box.setZoom(300);
+    const PaperLayout::Line line = layout().lineOf(box.document()->findBlockByNumber(200).position());
+    box.reveal(box.control().length() / 2);
+    bar().setValue(static_cast<int>(layout().lineOf(line.start).top) + line.height - 1);
+    ASSERT_EQ(startOfTop(), line.start);
+    box.setZoom(50);
+    EXPECT_EQ(startOfTop(), line.start);
+}
+
 } // namespace velm
