@@ -113,4 +113,31 @@ TEST_F(PlaceTest, TheLowestEdgeOfALineStaysOfThatLineWhenItGetsSmaller) {
     EXPECT_EQ(startOfTop(), line.start);
 }
 
+TEST_F(PlaceTest, APlaceBelowTheLargestLettersIsInSightAtOnce) {
+    RichText text;
+    CharFormat large;
+    large.size = 144;
+    qsizetype place = 0;
+    for (int i = 0; i < 400; ++i) {
+        place = i == 200 ? text.length() : place;
+        text.append(u"mot\r\n"_s, text.intern(i >= 180 && i < 200 ? large : CharFormat{}), text.intern(ParaFormat{}));
+    }
+    show(text);
+    box.reveal(place);
+    const PaperLayout::Line line = layout().lineOf(ShownText(box.control().richText()).toDocument(place));
+    EXPECT_GE(line.top, bar().value());
+    EXPECT_LE(line.top + line.height, bar().value() + box.viewport()->height());
+    expectReady("below large letters");
+}
+
+TEST_F(PlaceTest, APlaceInSightMovesNothingAndTheFirstOneShowsTheMargin) {
+    paragraphs(broad);
+    bar().setValue(10);
+    box.reveal(50);
+    EXPECT_EQ(bar().value(), 10);
+    expectReady("around a place in sight");
+    box.reveal(0);
+    EXPECT_EQ(bar().value(), 0);
+}
+
 } // namespace velm
