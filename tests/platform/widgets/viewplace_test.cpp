@@ -2,6 +2,7 @@
 // the text's height, and what is read stays where it is.
 #include "viewfixture.h"
 
+#include <QMouseEvent>
 #include <QTextBlock>
 
 #include <functional>
@@ -137,6 +138,90 @@ TEST_F(PlaceTest, APlaceInSightMovesNothingAndTheFirstOneShowsTheMargin) {
     EXPECT_EQ(bar().value(), 10);
     expectReady("around a place in sight");
     box.reveal(0);
+    EXPECT_EQ(bar().value(), 0);
+}
+
+TEST_F(PlaceTest, AMarkUnderThePointerIsLeftWhenTheTextMovesAway) {
+    paragraphs(broad);
+    settle();
+    box.setLinkRanges({{0, 6}});
+    const QPointF at = pointOf(2);
+    QMouseEvent move(QEvent::MouseMove, at, box.viewport()->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(box.viewport(), &move);
+    const QSignalSpy hovered(&box, &RichTextBox::linkHovered);
+    bar().setValue(300);
+    ASSERT_EQ(hovered.count(), 1);
+    EXPECT_EQ(hovered.first().first().toInt(), -1);
+}
+
+// ---- a place that waits until its text has come in again
+
+namespace {
+
+class WaitingPlaceTest : public PlaceTest {
+protected:
+    /// More lines than are taken in at once, each twice as high as it is thought; the screen shows one far down.
+    WaitingPlaceTest() {
+        RichText text;
+        text.append((u"MWMWM "_s.repeated(10) + u"\r\n"_s).repeated(14'000), text.intern(CharFormat{}),
+                    text.intern(ParaFormat{}));
+        show(text);
+        settle();
+        box.reveal(box.control().length() / 10 * 9);
+        start_ = startOfTop();
+    }
+    void mark() {
+        CharChange change;
+        change.mask = CharChange::Colour;
+        change.values.colour = ++colour_;
+        box.control().richTextForEdit().changeCharacters(10, 5, change);
+        box.control().notifyChanged();
+        ASSERT_FALSE(box.isSettled());
+    }
+
+    int start_ = 0;
+
+private:
+    int colour_ = 0;
+};
+
+} // namespace
+
+TEST_F(WaitingPlaceTest, ComesBackUnderTheEyes) {
+    mark();
+    settle();
+    EXPECT_EQ(startOfTop(), start_);
+}
+
+TEST_F(WaitingPlaceTest, OutlastsAnotherMark) {
+    mark();
+    mark();
+    QApplication::processEvents();
+    mark();
+    settle();
+    EXPECT_EQ(startOfTop(), start_);
+}
+
+TEST_F(WaitingPlaceTest, IsGivenUpByWhoWantsToSeeAnotherOne) {
+    mark();
+    box.reveal(0);
+    settle();
+    EXPECT_EQ(bar().value(), 0);
+}
+
+TEST_F(WaitingPlaceTest, IsGivenUpByWhoScrolls) {
+    mark();
+    bar().setValue(500);
+    const int start = startOfTop();
+    settle();
+    EXPECT_EQ(startOfTop(), start);
+}
+
+TEST_F(WaitingPlaceTest, GoesWithItsText) {
+    mark();
+    paragraphs(narrow);
+    settle();
     EXPECT_EQ(bar().value(), 0);
 }
 
