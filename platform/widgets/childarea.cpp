@@ -79,7 +79,7 @@ void ChildArea::place(QWidget* child, int state, int left, int top, int width, i
         return;
     ChildWish wish{{pixelsFromTwips(left), pixelsFromTwips(top), pixelsFromTwips(width), pixelsFromTwips(height)}, {}};
     for (const ChildFrame* other : frames())
-        wish.rank += other != frame && !other->isHidden() ? 1 : 0;
+        wish.rank += other->isHidden() ? 0 : 1;
     frame->wish(wish, state);
 }
 
@@ -165,7 +165,7 @@ ChildFrame* ChildArea::front() const {
 
 void ChildArea::hideChild(QWidget* child) {
     ChildFrame* frame = frameOf(child);
-    if (!frame || frame->isHidden())
+    if (!frame)
         return;
     // The next one comes forward first, so that it takes over a maximised one's place.
     if (front() == frame)
@@ -248,7 +248,7 @@ void ChildArea::arrange(Arrangement arrangement) {
 /// Whether the tiles lie as they were laid, and nothing beside them.
 bool ChildArea::isTiled() const {
     const QList<ChildFrame*> windows = arrangeable(CreationOrder);
-    return !windows.isEmpty() && windows.size() == tiles_ &&
+    return windows.size() == tiles_ &&
            std::ranges::all_of(windows, [](const ChildFrame* frame) { return frame->liesInItsTile(); });
 }
 

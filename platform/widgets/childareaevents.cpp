@@ -12,12 +12,12 @@ void ChildArea::walk(bool forward) {
     if (windows.isEmpty())
         return;
     const qsizetype here = windows.indexOf(front());
-    const qsizetype next = here < 0 ? 0 : here + (forward ? 1 : -1) + windows.size();
+    const qsizetype next = here + (forward ? 1 : -1) + windows.size();
     focus(*windows[next % windows.size()]);
 }
 
 bool ChildArea::windowKey(const QKeyEvent& event, bool perform) {
-    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const Qt::KeyboardModifiers modifiers = event.modifiers();
     const bool shift = modifiers == (Qt::ControlModifier | Qt::ShiftModifier);
     if (!shift && modifiers != Qt::ControlModifier)
         return false;

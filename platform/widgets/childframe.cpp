@@ -86,19 +86,17 @@ QWidget* ChildFrame::usableControl() const {
 bool ChildFrame::hasFocusInside() const {
     const QWidget* child = widget();
     const QWidget* now = window()->focusWidget();
-    return child && now && (now == child || child->isAncestorOf(now)) && now->isVisibleTo(window());
+    return child && now && child->isAncestorOf(now) && now->isVisibleTo(window());
 }
 
 void ChildFrame::giveFocus(Qt::FocusReason reason) {
     QWidget* child = widget();
     if (!child || isMinimized())
         return;
-    if (QWidget* control = usableControl()) {
-        if (window()->focusWidget() != control)
-            control->setFocus(reason);
-    } else if (!hasFocusInside()) {
+    if (QWidget* control = usableControl())
+        control->setFocus(reason);
+    else if (!hasFocusInside())
         child->setFocus(reason);
-    }
 }
 
 void ChildFrame::changeEvent(QEvent* event) {
@@ -108,8 +106,7 @@ void ChildFrame::changeEvent(QEvent* event) {
     if (event->type() != QEvent::WindowStateChange)
         return;
     control_ = control;
-    const QWidget* now = window()->focusWidget();
-    if (now == this || isAncestorOf(now))
+    if (isAncestorOf(window()->focusWidget()))
         giveFocus(Qt::OtherFocusReason);
 }
 

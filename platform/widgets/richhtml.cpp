@@ -21,7 +21,7 @@ QString characterStyle(const CharFormat& format) {
     QString style;
     if (!format.family.isEmpty()) {
         QString family = format.family;
-        family.remove(u'\'').remove(u'\\');
+        family.replace(u'\\', u"\\\\"_s).replace(u'\'', u"\\'"_s);
         style += u"font-family:'"_s + family.toHtmlEscaped() + u"';"_s;
     }
     style += u"font-size:"_s + QString::number(format.size / 2.0) + u"pt;"_s;

@@ -68,7 +68,7 @@ void RichTextBox::prepare() {
 void RichTextBox::richTextChanged() {
     const QString before = shown_.text();
     {
-        const ViewPlace::Anchor place = place_->anchor();
+        const ViewPlace::Anchor place = anchor_ ? *anchor_ : place_->anchor();
         const ViewPlace::Moving moving(*place_);
         rebuild();
         if (shown_.text() != before) {

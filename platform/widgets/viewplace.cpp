@@ -82,8 +82,10 @@ void ViewPlace::layOutAround() {
 void ViewPlace::reveal(int position) {
     const Moving moving(*this);
     PaperLayout::Line line = layout_.lineOf(position);
-    layout_.layOutBetween(line.top - height(), line.top + height());
-    line = layout_.lineOf(position);
+    // What turns out higher than it was thought pushes the place down, away from what was laid out around it.
+    while (layout_.layOutBetween(line.top - height(), line.top + height())) {
+        line = layout_.lineOf(position);
+    }
     tellHeight();
     if (position == 0) {
         scrollTo(0);

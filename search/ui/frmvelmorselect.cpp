@@ -33,9 +33,8 @@ FrmVelmorSelect::FrmVelmorSelect(const Formulaire::Monde& monde, QWidget* parent
 void FrmVelmorSelect::relie() {
     connect(ongletrecherche_, &QTabWidget::currentChanged, this, [this](int onglet) {
         formulaire_.ongletchange(static_cast<Onglet>(onglet));
-        // A box that has gone with its page, while the window was not in front, would keep the focus.
-        const QWidget* avec = window()->focusWidget();
-        if (avec && isAncestorOf(avec) && !avec->isVisibleTo(this))
+        // The form as a whole has the focus while it waits to be shown.
+        if (window()->focusWidget() == this)
             focus(static_cast<Onglet>(onglet));
     });
     // The tab bar takes the focus with the click: the box has it after that.

@@ -2,6 +2,7 @@
 #include "collection/source.h"
 #include "tests/collection/dossier.h"
 #include "tests/collection/memoire.h"
+#include "tests/support/odd_files.h"
 
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
@@ -71,6 +72,7 @@ TEST_F(FichiersDeSource, ABigFileIsReadInPartsAndItsLinesAreCountedThrough) {
 
 #ifdef Q_OS_UNIX
 TEST_F(FichiersDeSource, APipeAmongThemDoesNotKeepTheCompilerWaiting) {
+    const NobodyWaits watch;
     const QByteArray tuyau = QFile::encodeName(source() + u"/rtf/tuyau.rtf"_s);
     ASSERT_EQ(mkfifo(tuyau.constData(), 0600), 0);
     documents(R"({"collection":"CO","numero":1,"titre":"T","rtf":"rtf/tuyau.rtf"})");

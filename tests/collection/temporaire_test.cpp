@@ -68,6 +68,22 @@ TEST_F(Temporaire, AnotherRunsWorkIsLeftAlone) {
     EXPECT_EQ(restes().size(), 2) << "the other one goes on";
 }
 
+TEST_F(Temporaire, WhatIsGivenUpLeavesNothing) {
+    {
+        const BaseTemporaire temporaire(base());
+        ASSERT_EQ(restes().size(), 1);
+    }
+    EXPECT_EQ(restes(), QStringList{});
+}
+
+TEST_F(Temporaire, TheLeftoversOfAHiddenBaseAreSweptToo) {
+    const QString cachee = dossier_.filePath(u".base.dat"_s);
+    pose(cachee + u".12.tmp"_s);
+    EXPECT_TRUE(compilevers(cachee).faite());
+    EXPECT_TRUE(QFile::exists(cachee));
+    EXPECT_FALSE(QFile::exists(cachee + u".12.tmp"_s));
+}
+
 TEST_F(Temporaire, ANameThatIsTakenIsPassedOver) {
     const int pris = ::open(QFile::encodeName(beside(u"."_s + QString::number(getpid()) + u".tmp"_s)).constData(),
                             O_RDWR | O_CREAT, 0600);

@@ -1,6 +1,8 @@
 // What the three tabs share: collections, options, focus, hiding, what is remembered.
 #include "tests/search_ui/formulaire_support.h"
 
+#include <QMainWindow>
+
 using namespace velm;
 using namespace velm::test;
 
@@ -394,4 +396,36 @@ TEST_F(CadreTest, KeysWalkTheTabs) {
         QTest::keyClick(QApplication::focusWidget(), touche, Qt::ControlModifier);
         EXPECT_TRUE(champ(boite).hasFocus()) << qPrintable(boite);
     }
+}
+
+TEST_F(CadreTest, AFormThatWaitsWithATabHasTheFocusInItsBoxWhenItComes) {
+    QMainWindow fenetre;
+    fenetre.setCentralWidget(formulaire.get());
+    formulaire->hide();
+    formulaire->setFocus();
+    ASSERT_EQ(fenetre.focusWidget(), formulaire.get());
+    onglet(Onglet::Mots);
+    formulaire->show();
+    fenetre.show();
+    fenetre.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&fenetre));
+    EXPECT_TRUE(champ(u"Textedico"_s).hasFocus());
+    fenetre.takeCentralWidget();
+}
+
+TEST_F(CadreTest, AChangeOfTabsTakesTheFocusFromNothingElse) {
+    QMainWindow fenetre;
+    fenetre.setCentralWidget(formulaire.get());
+    QLineEdit dehors(&fenetre);
+    fenetre.show();
+    fenetre.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&fenetre));
+    for (QWidget* const autre : std::initializer_list<QWidget*>{&dehors, barre().widget(u"CO"_s)}) {
+        autre->setFocus();
+        ASSERT_TRUE(autre->hasFocus());
+        onglet(Onglet::Criteres);
+        EXPECT_TRUE(autre->hasFocus());
+        onglet(Onglet::Rapide);
+    }
+    fenetre.takeCentralWidget();
 }

@@ -105,11 +105,13 @@ TEST_F(DatesTest, ABadDateKeepsNoSearchFromBeingStopped) {
     EXPECT_TRUE(champ(u"textejour"_s).hasFocus());
 }
 
-TEST_F(DatesTest, TheButtonThatOnlySearchesDoesNotGetTheFocusFromABadDate) {
+TEST_F(DatesTest, ABadDateLeavesTheFocusToTheButtonThatSearchesUntilItIsLetGo) {
     champ(u"textejour"_s).setText(u"32"_s);
     champ(u"textejour"_s).setFocus();
     QTest::mousePress(&bouton(u"cmdok"_s), Qt::LeftButton);
     QCoreApplication::processEvents();
+    EXPECT_FALSE(champ(u"textejour"_s).hasFocus());
+    EXPECT_TRUE(bouton(u"cmdok"_s).isDown()) << "who loses the focus is no longer pressed";
     QTest::mouseRelease(&bouton(u"cmdok"_s), Qt::LeftButton);
     EXPECT_TRUE(champ(u"textejour"_s).hasFocus());
     EXPECT_TRUE(hote.publications.empty());

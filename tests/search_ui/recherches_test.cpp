@@ -308,3 +308,33 @@ TEST_F(RecherchesTest, TheWordsButtonNeverBecomesAStop) {
     EXPECT_EQ(lignes(), QStringList{u"clause : 4"_s});
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
 }
+
+// ---- too little memory
+
+TEST_F(RecherchesTest, ASearchThatTheMemoryDoesNotSufficeForKeepsWhatItHasFound) {
+    for (const auto& [lequel, nom] :
+         {std::pair(Onglet::Rapide, u"cmdokrapide"_s), std::pair(Onglet::Criteres, u"cmdok"_s)}) {
+        onglet(lequel);
+        un<QRadioButton>(u"Option1"_s).setChecked(true);
+        hote.publications.clear();
+        dialogues.messages.clear();
+        evenement = [this] {
+            if (liste.lignes() == 3)
+                throw std::bad_alloc();
+        };
+        clique(nom);
+        evenement = {};
+        EXPECT_EQ(dialogues.texts(), QStringList{u"t9567"_s}) << qPrintable(nom);
+        EXPECT_EQ(hote.profondeur, 0);
+        EXPECT_EQ(liste.lignes(), 3);
+        ASSERT_EQ(hote.publications.size(), 1U);
+        EXPECT_TRUE(hote.publications.front().resultatpresent);
+        EXPECT_TRUE(option2possible());
+        EXPECT_EQ(bouton(nom).text(), chercher);
+        EXPECT_FALSE(progression().isVisible());
+        un<QRadioButton>(u"Option1"_s).setChecked(true);
+        clique(nom);
+        EXPECT_EQ(liste.lignes(), 7) << "the next click searches";
+        EXPECT_EQ(dialogues.messages.size(), 1U);
+    }
+}

@@ -229,6 +229,9 @@ TEST_F(OpenTest, ABaseInMemoryChangesOnlyWhereItMayAndOnlyItself) {
     };
     EXPECT_FALSE(growBy(OpenMode::ExclusiveReadOnly));
     EXPECT_TRUE(growBy(OpenMode::Shared));
+    // What needs no more room than there is would fit into the bytes themselves.
+    const Database::Opened opened = Database::openBytes(bytes, OpenMode::ExclusiveReadOnly, corpusSchema());
+    EXPECT_FALSE(opened.database->execute(u"UPDATE dico SET liste=zeroblob(4)"_s));
     EXPECT_EQ(bytes, before);
     EXPECT_EQ(contents(), before);
 }

@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <vector>
 
@@ -153,6 +154,19 @@ TEST_F(Fichiers, AFileCopiedOntoItselfIsAnErrorAndStays) {
         EXPECT_FALSE(copiefichier(source, target).ok());
         EXPECT_EQ(content(source), "precious");
     }
+}
+
+TEST_F(Fichiers, ASourceThatCannotBeOpenedCostsNoTarget) {
+    const QString source = put(u"s"_s, "new");
+    const QString target = put(u"t"_s, "old");
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none{0, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+    const CopieResultat result = copiefichier(source, target);
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_FALSE(result.ok());
+    EXPECT_EQ(content(target), "old");
 }
 
 TEST_F(Fichiers, AFullDiskIsAnErrorAndLeavesNoHalfCopy) {

@@ -231,3 +231,14 @@ TEST_F(Instance, SomethingElseInPlaceOfThePipeIsNotWrittenTo) {
 }
 
 } // namespace
+
+TEST_F(Instance, ALinkInPlaceOfTheLockIsNotFollowed) {
+    const QString elsewhere = folder.filePath(u"elsewhere"_s);
+    const QString inside = folder.filePath(u"inside"_s);
+    ASSERT_TRUE(QDir().mkpath(inside));
+    ASSERT_TRUE(QFile::setPermissions(inside, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    ASSERT_TRUE(QFile::link(elsewhere, inside + u'/' + name + u".lock"_s));
+    const SingleInstance first(name, inside);
+    EXPECT_TRUE(first.first());
+    EXPECT_FALSE(QFile::exists(elsewhere));
+}

@@ -16,8 +16,10 @@ TEST(Obstacles, SystemErrorsHaveTheirKinds) {
     EXPECT_EQ(obstacleOf(EEXIST), Obstacle::Exists);
     EXPECT_EQ(obstacleOf(EISDIR), Obstacle::NotPlain);
     EXPECT_EQ(obstacleOf(EROFS), Obstacle::ReadOnly);
-    EXPECT_EQ(obstacleOf(EBUSY), Obstacle::Busy);
+    for (const int error : {EBUSY, ETXTBSY, EAGAIN})
+        EXPECT_EQ(obstacleOf(error), Obstacle::Busy);
     EXPECT_EQ(obstacleOf(ENOMEM), Obstacle::Memory);
-    EXPECT_EQ(obstacleOf(EIO), Obstacle::Device);
+    for (const int error : {EIO, ENXIO, ENODEV})
+        EXPECT_EQ(obstacleOf(error), Obstacle::Device);
     EXPECT_EQ(obstacleOf(EDOM), Obstacle::Other);
 }

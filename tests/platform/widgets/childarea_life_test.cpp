@@ -47,6 +47,9 @@ TEST_F(ChildAreaTest, ATileThatHasClosedLeavesTheOthersWhereTheyAre) {
     const QRect first = placeOf(made[0]);
     area->around(made[1])->close();
     bury();
+    frame.resize(950, 710);
+    EVENTUALLY(area->width() == 950);
+    EXPECT_EQ(placeOf(made[0]), first);
     area->activate(add());
     frame.resize(1000, 720);
     EVENTUALLY(area->width() == 1000);

@@ -1,6 +1,9 @@
 #include "platform/widgets/richhtml.h"
 #include "sampletext.h"
 
+#include <QTextCursor>
+#include <QTextDocument>
+
 #include <gtest/gtest.h>
 
 namespace velm {
@@ -34,11 +37,26 @@ TEST(RichHtml, WhatIsSpecialInHtmlIsEscaped) {
 TEST(RichHtml, AFamilysNameCannotBreakOut) {
     RichText rich;
     CharFormat format;
-    format.family = u"x'\"><script>"_s;
+    format.family = u"x'\\\"><script>"_s;
     rich.append(u"a", rich.intern(format), rich.intern(ParaFormat{}));
     const QString html = richHtml(rich, 0, 1);
     EXPECT_FALSE(html.contains(u"<script>"_s));
-    EXPECT_FALSE(html.contains(u"x'\""_s));
+    EXPECT_TRUE(html.contains(u"font-family:'x\\'\\\\&quot;&gt;&lt;script&gt;';"_s));
+}
+
+TEST(RichHtml, AFamilysNameIsReadBackAsItIs) {
+    for (const QString& family : {u"Times New Roman"_s, u"L'Atelier"_s, u"Fine & \"Co\"; <b>"_s}) {
+        RichText rich;
+        CharFormat format;
+        format.family = family;
+        rich.append(u"a", rich.intern(format), rich.intern(ParaFormat{}));
+        QTextDocument read;
+        read.setHtml(richHtml(rich, 0, 1));
+        QTextCursor cursor(&read);
+        cursor.setPosition(1);
+        EXPECT_EQ(cursor.charFormat().fontFamilies().toStringList(), QStringList{family});
+        EXPECT_EQ(read.toPlainText().trimmed(), u"a"_s);
+    }
 }
 
 TEST(RichHtml, APartIsCutAtItsEnds) {

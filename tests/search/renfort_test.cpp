@@ -1,0 +1,139 @@
+// The second core of the body search, where memory or threads are missing.
+#include "search/renfort.h"
+#include "tests/search/criteres_support.h"
+#include "tests/support/little_memory.h"
+
+#include <QFile>
+
+#include <new>
+#include <pthread.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+using namespace velm;
+using namespace velm::test;
+
+namespace {
+
+class RenfortTest : public BaseCriteres {
+protected:
+    /// Short bodies first, so that the helper is at work when the long ones come.
+    void SetUp() override {
+        BaseCriteres::SetUp();
+        for (int numero = 1; numero <= courts + longs; ++numero) {
+            const QString corps = numero <= courts ? u"mot"_s : QString(300'000, u'x') + u" mot"_s;
+            pieces.push_back({u"CO"_s + sixchiffres(numero), u"Titre"_s, corps});
+        }
+        ouvrepieces(false);
+        criteres.texterech = {u"mot"_s, QString()};
+        criteres.emplacement = {false, true, false};
+    }
+
+    static constexpr int courts = 40;
+    static constexpr int longs = 40;
+};
+
+/// While one lives no thread can be begun: none finds room for its stack.
+class NoThreads {
+public:
+    NoThreads() {
+        pthread_getattr_default_np(&before_);
+        pthread_attr_t attributes;
+        pthread_getattr_default_np(&attributes);
+        pthread_attr_setstacksize(&attributes, std::size_t(1) << 47);
+        EXPECT_EQ(pthread_setattr_default_np(&attributes), 0);
+        pthread_attr_destroy(&attributes);
+    }
+    ~NoThreads() {
+        pthread_setattr_default_np(&before_);
+        pthread_attr_destroy(&before_);
+    }
+    NoThreads(const NoThreads&) = delete;
+    NoThreads& operator=(const NoThreads&) = delete;
+
+private:
+    pthread_attr_t before_{};
+};
+
+/// While one lives the process gets so many bytes more than it has.
+class NarrowSpace {
+public:
+    explicit NarrowSpace(rlim_t more) {
+        QFile file(u"/proc/self/statm"_s);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const auto pages = file.readAll().split(' ').first().toULongLong();
+        EXPECT_EQ(getrlimit(RLIMIT_AS, &before_), 0);
+        const rlimit narrow{static_cast<rlim_t>(pages * static_cast<unsigned long long>(sysconf(_SC_PAGESIZE))) + more,
+                            before_.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_AS, &narrow), 0);
+    }
+    ~NarrowSpace() { setrlimit(RLIMIT_AS, &before_); }
+    NarrowSpace(const NarrowSpace&) = delete;
+    NarrowSpace& operator=(const NarrowSpace&) = delete;
+
+private:
+    rlimit before_{};
+};
+
+} // namespace
+
+TEST_F(RenfortTest, BodiesThatDoNotFitEndTheSearchOnceBothHaveDoneWithTheLot) {
+    std::optional<LittleMemory> peu;
+    evenement = [&peu] {
+        if (!peu)
+            peu.emplace(100'000);
+    };
+    EXPECT_THROW(cherche(), std::bad_alloc);
+    peu.reset();
+    evenement = {};
+    cherche();
+    EXPECT_EQ(liste.lignes(), courts + longs);
+}
+
+TEST_F(RenfortTest, ABodyThatDoesNotFitIsLeftUndecidedByWhoeverHasReadIt) {
+    const CriteresLus lus = litcriteres(criteres, types);
+    Renfort renfort(corpus.base(), lus);
+    std::vector<FicheTestee> lot;
+    for (qint64 rangee = 1; rangee <= courts + longs; ++rangee) {
+        FicheCriteres fiche;
+        fiche.rangee = rangee;
+        lot.push_back({std::move(fiche), false});
+    }
+    for (const bool peu : {false, true, false}) {
+        std::optional<LittleMemory> limite;
+        if (peu)
+            limite.emplace(100'000);
+        renfort.traite(lot);
+        for (int rang = 0; rang < courts + longs; ++rang)
+            EXPECT_EQ(lot[static_cast<std::size_t>(rang)].passe,
+                      peu && rang >= courts ? std::nullopt : std::optional(true))
+                << rang;
+    }
+}
+
+TEST_F(RenfortTest, ABodyThatCannotBeDecodedIsLeftUndecidedToo) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer needs room of its own";
+#endif
+    constexpr qsizetype huge = 40'000'000;
+    pieces = {{u"CO000001"_s, u"Titre"_s, QString(huge, u'x') + u" mot"_s}};
+    ouvrepieces(false);
+    const CriteresLus lus = litcriteres(criteres, types);
+    Renfort renfort(corpus.base(), lus);
+    std::vector<FicheTestee> lot(1);
+    lot.front().fiche.rangee = 1;
+    lot.front().passe = false;
+    {
+        const NarrowSpace space(huge * 3 / 2); // it can be read; the decoded text is twice as long
+        renfort.traite(lot);
+    }
+    EXPECT_EQ(lot.front().passe, std::nullopt);
+    renfort.traite(lot);
+    EXPECT_EQ(lot.front().passe, std::optional(true));
+}
+
+TEST_F(RenfortTest, WhereTheSystemGivesNoThreadTheSearchWorksAlone) {
+    const NoThreads seul;
+    cherche();
+    EXPECT_EQ(liste.lignes(), courts + longs);
+}
