@@ -19,6 +19,7 @@ QUIT_CAPTION = 116  # of the language file: the entry that ends the program capt
 FAILURE_CAPTION, LIMIT = 9400, 9405  # of the language file: a run-time error, and the reason of one that is told
 LIMIT_HEIGHT = 200  # dots; the box of no other reason is as high
 MOST_WINDOWS = 500
+CLOSED = 8  # rounds in which nothing closes any more; windows of one document in one place look the same
 ARGUMENTS = [[], [], [], ["CO000002"], ["JP3"], ["XX9"], ["/tmp/essai.cv2"]]
 
 
@@ -186,16 +187,18 @@ class Session:
             self.program.settle()
             time.sleep(0.1)
         self.program.rest()
-        before, still = b"", 0
+        before, still = [], 0
         for _ in range(MOST_WINDOWS):
-            # A window that is only hidden when it closes (the search form) may stay in front.
+            # A window that is only hidden when it closes (the search form) may stay in front. One that lay behind
+            # others is seen only between the two chords.
+            now = []
             for chord in ("ctrl+Tab", "ctrl+F4"):
                 self.screen.key(chord)
                 self.program.settle()
-            now = self.screen.dots(self.screen.area)
+                now.append(zlib.crc32(self.screen.dots(self.screen.area)))
             still = still + 1 if now == before else 0
             before = now
-            if still == 3:
+            if still == CLOSED:
                 break
         self.program.rest()
 
