@@ -180,6 +180,7 @@ class Session:
     def close_all(self):
         """Answers what asks and closes all windows but the main one, so that the memory can be compared."""
         for _ in range(20):
+            self.deed("back")
             frame = self.program.frame()
             if not self.program.running() or self.screen.active() == frame and not self.screen.popups():
                 break
