@@ -2,6 +2,7 @@
 
 #include "core/cle.h"
 #include "document/ui/textes.h"
+#include "platform/system/memory.h"
 #include "platform/widgets/statusbar.h"
 #include "platform/widgets/toolbar.h"
 #include "shell/ecrangeneral.h"
@@ -18,6 +19,8 @@ namespace {
 
 /// Windows in the frame beyond which arranging them makes sense; the frame itself counts.
 constexpr int formesadisposer = 3;
+/// Milliseconds without another window closing after which the memory of those that closed is given back.
+constexpr int reposdelamemoire = 500;
 
 } // namespace
 
@@ -33,6 +36,9 @@ Bureau::Bureau(Ecrangeneral& ecran, Corpus& corpus, std::function<Textes*(int in
             textes->activation();
         majmenus();
     });
+    apresfermeture_.setSingleShot(true);
+    apresfermeture_.setInterval(reposdelamemoire);
+    connect(&apresfermeture_, &QTimer::timeout, this, &returnFreeMemory);
 }
 
 Bureau::~Bureau() {
@@ -76,6 +82,7 @@ void Bureau::suit(Textes& fenetre) {
     connect(&fenetre, &Textes::cible, this,
             [this](const QString& texte) { ecran_.barreetat().setPassing(QStringLiteral("wait"), texte); });
     connect(&fenetre, &Textes::ferme, this, [this, indice] { ecran_.menus().cocheecran(indice, false); });
+    connect(&fenetre, &QObject::destroyed, &apresfermeture_, qOverload<>(&QTimer::start));
 }
 
 void Bureau::avance(Textes& fenetre) {

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 #include <functional>
 #include <vector>
@@ -69,6 +70,7 @@ private:
     int enfabrication_ = 0;
     bool enfermeture_ = false;
     bool enrestauration_ = false;
+    QTimer apresfermeture_; ///< some time after the last window has closed its memory goes back to the system
 };
 
 } // namespace velm

@@ -284,33 +284,36 @@ bool Database::Private::hasTable(const QString& name) const {
     return !columnsOf(name).isEmpty();
 }
 
+// The engine's lists are read as statements of their own: as tables in a query each would be set up anew for it.
+
 QStringList Database::Private::columnsOf(const QString& table) const {
-    const sql::Statement statement(handle, u"SELECT name FROM pragma_table_info(?1)"_s, false);
+    const sql::Statement columns(handle, u"PRAGMA table_info("_s + sql::quoted(table) + u')', false);
     QStringList names;
-    if (!statement.valid())
-        return names;
-    const sql::Value name = sql::Value::of(QVariant(table));
-    statement.bind(1, name);
-    while (statement.step() == SQLITE_ROW)
-        names << sql::toText(statement.cell(0));
+    while (columns.valid() && columns.step() == SQLITE_ROW)
+        names << sql::toText(columns.cell(1));
     return names;
 }
 
+/// True when the table has an index of that name over all of its rows.
+bool Database::Private::hasWholeIndex(const QString& table, const QString& index) const {
+    constexpr int nameCell = 1;
+    constexpr int partialCell = 4;
+    const sql::Statement indexes(handle, u"PRAGMA index_list("_s + sql::quoted(table) + u')', false);
+    while (indexes.valid() && indexes.step() == SQLITE_ROW) {
+        if (sql::toText(indexes.cell(nameCell)) == index)
+            return sql::toNumber(indexes.cell(partialCell)) == 0;
+    }
+    return false;
+}
+
 bool Database::Private::hasIndex(const TableDef& table, const IndexDef& index) const {
-    const sql::Statement statement(
-        handle,
-        u"SELECT i.name FROM pragma_index_list(?1) AS l, pragma_index_info(l.name) AS i WHERE l.name=?2 AND "
-        "l.partial=0 ORDER BY i.seqno"_s,
-        false);
-    if (!statement.valid())
+    const QString name = table.name + u'_' + index.name;
+    if (!hasWholeIndex(table.name, name))
         return false;
-    const sql::Value tableName = sql::Value::of(QVariant(table.name));
-    const sql::Value indexName = sql::Value::of(QVariant(table.name + u'_' + index.name));
-    statement.bind(1, tableName);
-    statement.bind(2, indexName);
+    const sql::Statement fields(handle, u"PRAGMA index_info("_s + sql::quoted(name) + u')', false);
     QStringList columns;
-    while (statement.step() == SQLITE_ROW)
-        columns << sql::toText(statement.cell(0));
+    while (fields.valid() && fields.step() == SQLITE_ROW)
+        columns << sql::toText(fields.cell(2));
     QStringList wanted;
     for (const IndexField& field : index.fields)
         wanted << (field.folded ? keyColumn(field.field) : field.field);

@@ -44,6 +44,9 @@ struct Database::Private {
     QStringList columnsOf(const QString& table) const;
     /// True when the base holds this index under our name and on our columns.
     bool hasIndex(const TableDef& table, const IndexDef& index) const;
+
+private:
+    bool hasWholeIndex(const QString& table, const QString& index) const;
 };
 
 } // namespace velm

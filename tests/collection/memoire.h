@@ -2,6 +2,8 @@
 // A source that lies in memory.
 #include "collection/fichiers.h"
 
+#include <QRegularExpression>
+
 #include <map>
 #include <utility>
 
@@ -14,9 +16,11 @@ public:
     QString lieu() const override { return QStringLiteral("memoire"); }
     Obstacle obstacle() const override { return Obstacle::None; }
     QStringList noms(const QString& motif) const override {
+        const QRegularExpression forme(QRegularExpression::wildcardToRegularExpression(motif),
+                                       QRegularExpression::CaseInsensitiveOption);
         QStringList noms;
         for (const auto& [nom, contenu] : fichiers_) {
-            if (QDir::match(motif, nom))
+            if (forme.match(nom).hasMatch())
                 noms << nom;
         }
         return noms;

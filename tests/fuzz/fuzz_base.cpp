@@ -1,6 +1,7 @@
 // Bases of any content, opened in memory and used in every way: an input is a whole base, or a list of changes to a
 // sound one.
 #include "platform/text/failure.h"
+#include "reserve.h"
 #include "tests/platform/engine/exercise.h"
 
 #include <QFile>
@@ -74,6 +75,7 @@ struct Ground {
 };
 
 std::vector<Ground> makeGrounds() {
+    fuzz::useReserve();
     setRuntimeErrorHandler([](const RuntimeFailure&) { throw Ended(); });
     std::vector<Ground> grounds;
     for (const Schema* schema : {&corpusSchema(), &dossiersSchema()}) {

@@ -136,8 +136,9 @@ class Screen:
         return self.property(self.root, "_NET_CLIENT_LIST_STACKING")
 
     def active(self):
+        """The manager goes on naming a box that has gone while its window was put away."""
         found = self.property(self.root, "_NET_ACTIVE_WINDOW")
-        return found[0] if found else 0
+        return found[0] if found and found[0] in self.clients() else 0
 
     def popups(self):
         """Menus and other windows that the manager does not keep, the topmost first."""

@@ -6,7 +6,7 @@ import time
 
 from cloison import ROOT
 
-ENDED = 0
+ENDED, FAILED = 0, 1
 MEGABYTE = 1024
 
 
@@ -26,8 +26,9 @@ class Program:
         self.said.write_bytes(b"")
         self.patience = patience  # seconds that an answer may take
         self.process = None
-        self.runs = 0
+        self.runs, self.ends_meant = 0, 0
         self.since = 0.0
+        self.meant_to_end = False  # it has said that it ends at one of its limits
 
     def start(self, arguments):
         with open(self.said, "ab") as errors:
@@ -35,6 +36,7 @@ class Program:
                                             preexec_fn=step_in, stdin=subprocess.DEVNULL, stdout=errors,
                                             stderr=errors)
         self.runs += 1
+        self.meant_to_end = False
         self.since = time.monotonic()
         end = self.since + self.patience
         while not self.frame():
@@ -50,6 +52,10 @@ class Program:
                     self.screen.key("Return")
             time.sleep(0.05)
 
+    def mean_to_end(self):
+        self.ends_meant += not self.meant_to_end
+        self.meant_to_end = True
+
     def running(self):
         """False when it has ended as it may; an end that must not be is a fault."""
         if self.process.poll() is None:
@@ -59,7 +65,7 @@ class Program:
 
     def check_end(self):
         status = self.process.poll()
-        if status != ENDED:
+        if status != (FAILED if self.meant_to_end else ENDED):
             how = f"signal {-status}" if status < 0 else f"status {status}"
             raise Fault(f"the program ended abnormally, with {how}")
 

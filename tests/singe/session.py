@@ -16,7 +16,10 @@ MEMORY_ALLOWED = 60  # megabytes above the start, with all windows closed
 BETWEEN_BALANCES = 240  # seconds
 LAST = 50  # gestures that a report shows
 QUIT_CAPTION = 116  # of the language file: the entry that ends the program captions its question, too
+FAILURE_CAPTION, LIMIT = 9400, 9405  # of the language file: a run-time error, and the reason of one that is told
+LIMIT_HEIGHT = 200  # dots; the box of no other reason is as high
 MOST_WINDOWS = 500
+CLOSED = 8  # rounds in which nothing closes any more; windows of one document in one place look the same
 ARGUMENTS = [[], [], [], ["CO000002"], ["JP3"], ["XX9"], ["/tmp/essai.cv2"]]
 
 
@@ -24,6 +27,13 @@ def caption(folder, number):
     lines = (folder / "langues" / "RES2000.FR").read_bytes().decode("cp1252").splitlines()
     return next((line.split("=", 1)[1].replace("&", "").strip(" .…") for line in lines
                  if line.startswith(f"{number}=")), "")
+
+
+def lengthen_limit(folder):
+    """The program ends by itself at the twenty-first word, as it is meant to, and says why in a box that any failure
+    has. A reason of many lines in the program's copy makes a box that can be told from the others by its height."""
+    for file in (folder / "langues").glob("RES2000.*"):
+        file.write_bytes(file.read_bytes().replace(b"\n%d=" % LIMIT, b"\n%d=" % LIMIT + b"limite " * 120))
 
 
 class Session:
@@ -38,6 +48,8 @@ class Session:
             lend_processes()
         self.program = Program(self.screen, folder / "velm2000", self.display.surroundings(), report,
                                300 if self.checked else 120)
+        lengthen_limit(folder)
+        self.failure = caption(folder, FAILURE_CAPTION)
         question = caption(folder, QUIT_CAPTION)
         self.monkey = Monkey(self.screen, self.rng, lambda title: title.startswith(question))
         self.deeds = open(report / "actions.txt", "w", buffering=1)
@@ -101,14 +113,22 @@ class Session:
         for line in (self.report / "rejoue.txt").read_text().splitlines():
             _, name, moment, deeds = line.split("\t")
             time.sleep(max(0.0, float(moment.split()[0]) - (time.monotonic() - self.began)))
+            self.watch_limit()
             if name == "start" or self.program.running():
                 self.do(name, ast.literal_eval(deeds))
 
     def look(self):
         """Notes what stands there."""
         self.titles[self.screen.title(self.screen.active())] += 1
+        self.watch_limit()
         self.before = self.screen.dots(self.screen.area)
         self.pictures.add(zlib.crc32(self.before[::1009]))
+
+    def watch_limit(self):
+        box = self.screen.active()
+        place = self.screen.place(box)
+        if place and place.height > LIMIT_HEIGHT and self.screen.title(box) == self.failure:
+            self.program.mean_to_end()
 
     def do(self, name, deeds):
         self.count += 1
@@ -160,6 +180,7 @@ class Session:
     def close_all(self):
         """Answers what asks and closes all windows but the main one, so that the memory can be compared."""
         for _ in range(20):
+            self.deed("back")
             frame = self.program.frame()
             if not self.program.running() or self.screen.active() == frame and not self.screen.popups():
                 break
@@ -167,22 +188,25 @@ class Session:
             self.program.settle()
             time.sleep(0.1)
         self.program.rest()
-        before, still = b"", 0
+        before, still = [], 0
         for _ in range(MOST_WINDOWS):
-            # A window that is only hidden when it closes (the search form) may stay in front.
+            # A window that is only hidden when it closes (the search form) may stay in front. One that lay behind
+            # others is seen only between the two chords.
+            now = []
             for chord in ("ctrl+Tab", "ctrl+F4"):
                 self.screen.key(chord)
                 self.program.settle()
-            now = self.screen.dots(self.screen.area)
+                now.append(zlib.crc32(self.screen.dots(self.screen.area)))
             still = still + 1 if now == before else 0
             before = now
-            if still == 3:
+            if still == CLOSED:
                 break
         self.program.rest()
 
     def balance(self):
         if not self.program.running():
             return
+        self.watch_limit()
         self.do("balance", [])
         self.close_all()
         if self.program.running():
@@ -228,7 +252,8 @@ class Session:
             print("\n".join(self.last))
         calls = self.report / "appels"
         outside = len(calls.read_text("utf-8", "replace").splitlines()) if calls.exists() else 0
-        print(f"{self.count} gestures in {seconds:.0f} s, seed {self.chosen.seed}; {self.program.runs} runs; "
+        print(f"{self.count} gestures in {seconds:.0f} s, seed {self.chosen.seed}; {self.program.runs} runs, "
+              f"{self.program.ends_meant} ended at a limit; "
               f"{len(self.titles)} captions; {len(self.pictures)} pictures; "
               f"{len(self.named)} documents named in the settings; "
               f"{outside} calls to the outside")

@@ -8,9 +8,9 @@ The seed is printed, and gives the same gestures as long as the screen shows the
 
 It sits behind a partition on a virtual display (cloison.py): nothing of the machine can be changed, nothing of the
 network is there, and what the program wants to open elsewhere is only noted. It answers boxes, starts the program again
-when it was left in the ordinary way, and goes on for the given time. FOLDER of --binary is a portable one; --base is a
-source folder, which is compiled first, or a base. --replay does the deeds of a report's file actions.txt again, at their
-pace: surer than the seed where the machine is busy otherwise.
+when it was left in the ordinary way or has ended at its limit of words, as it is meant to, and goes on for the given
+time. FOLDER of --binary is a portable one; --base is a source folder, which is compiled first, or a base. --replay does
+the deeds of a report's file actions.txt again, at their pace: surer than the seed where the machine is busy otherwise.
 
 The status is 0 when nothing went wrong; 77 when this machine cannot hold a partition. Otherwise a line says what went
 wrong (an end that must not be, no answer, a word on the error output, more memory than 60 MB above the start), the last

@@ -50,6 +50,32 @@ TEST_F(WriterTest, WhatIsWrittenIsWholeAndEveryIndexIsThere) {
     EXPECT_FALSE(QFile::exists(path(u"base.dat-journal"_s)));
 }
 
+TEST_F(WriterTest, AnIndexOfOurNameThatAnotherToolMadeOtherwiseIsNotOurs) {
+    Database::create(path(), corpusSchema());
+    const TableDef& links = *corpusSchema().table(u"liens"_s);
+    const IndexDef& index = *links.index(u"correlats"_s);
+    const std::pair<QString, bool> makings[] = {
+        {u"liens(référencearrivée, numartarrivée)"_s, true},
+        {u"liens(numartarrivée, référencearrivée)"_s, false},
+        {u"liens(référencearrivée)"_s, false},
+        {u"liens(référencearrivée, numartarrivée) WHERE numartarrivée>'1'"_s, false},
+        {u"données(référence, numart)"_s, false},
+    };
+    for (const auto& [making, ours] : makings) {
+        SCOPED_TRACE(making.toStdString());
+        foreign(u"DROP INDEX liens_correlats; CREATE INDEX liens_correlats ON "_s + making);
+        const auto base = open(corpusSchema());
+        ASSERT_TRUE(base);
+        EXPECT_EQ(base->d()->hasIndex(links, index), ours);
+    }
+    foreign(u"DROP INDEX liens_correlats; CREATE INDEX liens_correlats ON données(référence, numart)"_s);
+    foreign(u"ALTER TABLE données RENAME COLUMN référence TO référencearrivée;"
+            "ALTER TABLE données RENAME COLUMN numart TO numartarrivée"_s);
+    const auto base = open(corpusSchema());
+    ASSERT_TRUE(base);
+    EXPECT_FALSE(base->d()->hasIndex(links, index)) << "another table's";
+}
+
 TEST_F(WriterTest, ARepeatedKeyIsRefusedAtItsRow) {
     auto made = Database::create(path(), corpusSchema());
     TableWriter writer(*made.database, u"motclés"_s, {u"motcle"_s, u"nbarticle"_s});
