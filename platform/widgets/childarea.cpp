@@ -48,6 +48,12 @@ QMdiSubWindow* ChildArea::add(QWidget* child) {
     frame->hide(); // in so many words, or it would appear with the area
     // A frame without its child is worth nothing.
     connect(child, &QObject::destroyed, frame, &QObject::deleteLater);
+    // The toolkit makes an icon active, too, when it was used last; its controls have the focus then, and nobody sees
+    // it. Between the two of them nothing is connected any more by now.
+    connect(frame, &ChildFrame::closed, frame, [this] {
+        if (const ChildFrame* current = front(); current && current->isMinimized())
+            setActiveSubWindow(lastUsed(nullptr));
+    });
     return frame;
 }
 

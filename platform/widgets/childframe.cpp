@@ -1,5 +1,6 @@
 #include "platform/widgets/childframe.h"
 
+#include <QCloseEvent>
 #include <QFocusEvent>
 #include <QMdiArea>
 #include <QScrollBar>
@@ -97,6 +98,12 @@ void ChildFrame::giveFocus(Qt::FocusReason reason) {
         control->setFocus(reason);
     else if (!hasFocusInside())
         child->setFocus(reason);
+}
+
+void ChildFrame::closeEvent(QCloseEvent* event) {
+    QMdiSubWindow::closeEvent(event);
+    if (event->isAccepted())
+        emit closed();
 }
 
 void ChildFrame::changeEvent(QEvent* event) {

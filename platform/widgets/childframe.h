@@ -53,7 +53,12 @@ public:
     /// The child has hidden itself: the area hides the frame with the next events.
     bool childHid = false;
 
+signals:
+    /// It has closed, and the toolkit has chosen the next active window.
+    void closed();
+
 protected:
+    void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;

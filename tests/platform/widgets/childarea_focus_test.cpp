@@ -175,4 +175,20 @@ TEST_F(ChildFocusTest, WhatTakesItWhileTheWindowIsInFrontKeepsIt) {
     EXPECT_TRUE(form->fields[0]->hasFocus());
 }
 
+TEST_F(ChildFocusTest, AnIconThatWasUsedLastStaysBehindTheWindowsWhenOneCloses) {
+    showFrame();
+    Form* kept = addForm();
+    Form* icon = addForm();
+    Form* front = addForm();
+    area->activate(icon);
+    area->around(icon)->showMinimized();
+    area->activate(front);
+    area->setActiveSubWindow(area->around(icon)); // as a click on it does
+    area->setActiveSubWindow(area->around(front));
+    area->around(front)->close();
+    EXPECT_EQ(area->activeChild(), kept);
+    EXPECT_TRUE(kept->fields[1]->hasFocus());
+    EXPECT_EQ(area->stateOf(icon), ChildArea::Minimised);
+}
+
 } // namespace velm
