@@ -263,7 +263,10 @@ protected:
         const QWidget* devant = ecran().aire().activeChild();
         EXPECT_TRUE(!devant || !ecran().aire().around(devant)->isHidden());
         const QWidget* ici = QApplication::focusWidget();
-        EXPECT_TRUE(!ici || ici->isVisible())
+        // A box's list that has gone keeps the focus here until the window under it is clicked: there is no window
+        // manager without a display.
+        const bool listepartie = ici && ici->window()->windowType() == Qt::Popup;
+        EXPECT_TRUE(!ici || ici->isVisible() || listepartie)
             << ici->metaObject()->className() << ' ' << ici->objectName().toStdString();
         EXPECT_TRUE(dialogues.messages.empty()) << dialogues.texts().join(u'|').toStdString();
         EXPECT_EQ(Plaintes::textes().join(u'|').toStdString(), "");
