@@ -34,6 +34,10 @@ public:
     int execute() {
         if (!demarre())
             return code_;
+        if (finattendue_) {
+            programme_.termine();
+            return EXIT_SUCCESS;
+        }
         // The session's end may be called off: what it asks for is written, and the run goes on.
         const auto enregistre = [this] { programme_.enregistre(); };
         QObject::connect(&application_, &QGuiApplication::commitDataRequest, &programme_, enregistre);
@@ -77,6 +81,8 @@ private:
         const bool enquestion = QThread::currentThread()->loopLevel() > (enmarche_ ? 1 : 0);
         if (enquestion)
             std::_Exit(EXIT_SUCCESS);
+        // A loop that does not run yet would forget that it is to end.
+        finattendue_ = !enmarche_;
         QCoreApplication::exit(EXIT_SUCCESS);
     }
 
@@ -86,6 +92,7 @@ private:
     RuntimeErrorHandler avant_;
     bool enmarche_ = false;
     bool enechec_ = false;
+    bool finattendue_ = false; ///< wished while the program was starting: it ends once it has started
     int code_ = EXIT_SUCCESS;
 };
 

@@ -19,6 +19,7 @@
 #include <QSessionManager>
 #include <QTimer>
 
+#include <csignal>
 #include <cstdio>
 #include <new>
 
@@ -32,7 +33,8 @@ void dit(const QJsonObject& objet) {
     std::fflush(stdout);
 }
 
-/// The boxes of the script: they say themselves and are answered at once.
+/// The boxes of the script: they say themselves and are answered at once. The end of an answer says more: "+" ticks the
+/// box's option, "!" lets the wish that the process end come in first, and the events run.
 class Boites final : public Dialogues {
 public:
     explicit Boites(QStringList reponses) : reponses_(std::move(reponses)) {}
@@ -48,6 +50,10 @@ public:
         const QString reponse = reponses_.isEmpty() ? QString() : reponses_.takeFirst();
         if (message.optioncochee)
             *message.optioncochee = reponse.endsWith(u'+');
+        if (reponse.endsWith(u'!')) {
+            ::raise(SIGTERM);
+            QCoreApplication::processEvents();
+        }
         if (reponse.startsWith(u"oui"))
             return Bouton::Oui;
         if (reponse.startsWith(u"non"))

@@ -178,6 +178,17 @@ TEST_F(Lancement, ASignalDuringTheStartIsHeardAfterIt) {
     EXPECT_TRUE(ReglagesStore(reglages()).contains(u"POSITIONMDI", u"WINDOWSHEIGHT"));
 }
 
+TEST_F(Lancement, ASignalHeardBeforeTheStartIsOverEndsTheProgramAfterIt) {
+    regle(u"TOOLS"_s, u"NOMBRE"_s, u"21"_s);
+    const Essai essai = lance({}, u"oui!"_s, u"quitte"_s, true);
+    EXPECT_EQ(essai.boites().size(), 1) << essai.sortie.constData();
+    EXPECT_FALSE(essai.sortie.contains("fait")) << "the run went on: " << essai.sortie.constData();
+    EXPECT_EQ(essai.code, 0);
+    EXPECT_EQ(essai.erreurs.toStdString(), "");
+    EXPECT_TRUE(ReglagesStore(reglages()).contains(u"POSITIONMDI", u"WINDOWSHEIGHT"));
+    EXPECT_EQ(reglage(u"TOOLS"_s, u"NOMBRE"_s), u"21");
+}
+
 TEST_F(Lancement, TheDesktopsWishToEndIsNoQuestion) {
     const Essai essai = lance({}, {}, u"navigue=TACO000002,finbureau"_s);
     EXPECT_TRUE(essai.boites().isEmpty()) << essai.sortie.constData();
