@@ -60,6 +60,7 @@ FenetreNavigable* Bureau::creefenetre(int indice) {
     if (!nouvelle)
         return nullptr;
     enfabrication_ = 0;
+    fermecachee(indice);
     QMdiSubWindow* cadre = ecran_.aire().add(nouvelle);
     cadre->setWindowIcon(nouvelle->windowIcon());
     suit(*nouvelle);
@@ -67,6 +68,12 @@ FenetreNavigable* Bureau::creefenetre(int indice) {
     ecran_.aire().place(nouvelle, place.etat, place.gauche, place.haut, place.largeur, place.hauteur);
     ecran_.aire().showPlaced(nouvelle);
     return nouvelle;
+}
+
+/// A hidden window that another one takes the place of would stay for ever: nothing leads to it any more.
+void Bureau::fermecachee(int indice) {
+    if (Textes* remplacee = fenetre(indice); remplacee && !navigation_.maffichagef(indice))
+        ecran_.aire().around(remplacee)->close();
 }
 
 void Bureau::suit(Textes& fenetre) {

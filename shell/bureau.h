@@ -59,6 +59,7 @@ public:
     void restaure(const std::function<void()>& ouverture);
 
 private:
+    void fermecachee(int indice);
     void suit(Textes& fenetre);
     void avance(Textes& fenetre);
     void majmenus();

@@ -230,6 +230,23 @@ TEST_F(FenetresTest, TheUsersOwnClosingOfTheFrameWritesThemToo) {
     EXPECT_EQ(ecrit(0).front(), 2);
 }
 
+TEST_F(FenetresTest, AHiddenWindowGoesWhenAnotherOneTakesItsPlace) {
+    ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);
+    if (entree("maffichagetfu")->isChecked())
+        entree("maffichagetfu")->trigger();
+    autour(0).setGeometry(40, 50, 500, 400);
+    const QPointer<Textes> cachee = &fenetre(0);
+    programme->bureau().navigation().basculefenetre(0, false);
+    ASSERT_TRUE(cachee && !cachee->isVisible());
+    programme->navigue(u"TACO000002"_s);
+    EVENTUALLY(!cachee);
+    EXPECT_EQ(fenetre(0).referencecourante(), u"CO000002");
+    EXPECT_TRUE(fenetre(0).isVisible());
+    EXPECT_TRUE(liste(0));
+    EXPECT_EQ(ecran().aire().children().size(), 1U);
+    EXPECT_EQ(ecrit(0), (QList<int>{0, 600, 750, 7500, 6000}));
+}
+
 TEST_F(FenetresTest, AWindowRestoredMaximisedHasItsStoredSizeToComeBackTo) {
     cadre(790, 790);
     restaure(u"00X X         "_s, u"CO000001        JP000007"_s);
