@@ -16,8 +16,6 @@ int ouvrebase(Contexte& contexte, Corpus& corpus, const QString& chemin) {
         return Reussite;
     case OpenError::OldEngine:
         return contexte.echoue(Echec, 9333, {chemin});
-    case OpenError::Foreign:
-        return contexte.echoue(Echec, 9332, {chemin});
     default:
         return contexte.echouefichier(9330, chemin, corpus.echec().kind, corpus.echec().words);
     }

@@ -4,6 +4,7 @@
 #include "tests/support/odd_files.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -77,6 +78,16 @@ TEST_F(OutilObstaclesTest, EachCommandThatReadsSaysWhatIsWrongWithTheFile) {
     EXPECT_EQ(dit(lance({u"compiler"_s, base, chemin(u"b.dat"_s)})), lecture(base, 9530));
     EXPECT_EQ(dit(lance({u"compiler"_s, QStringLiteral(VELM_SOURCE_DIR "/README.md"), chemin(u"b.dat"_s)})),
               lecture(QStringLiteral(VELM_SOURCE_DIR "/README.md"), 9535));
+}
+
+TEST_F(OutilObstaclesTest, ABaseCutShortIsSaidToBeOneThatMayBeDamaged) {
+    const QString base = chemin(u"coupee.dat"_s);
+    ASSERT_TRUE(QFile::copy(QStringLiteral(VELM_BINARY_DIR "/bin/velm2000.dat"), base));
+    ASSERT_TRUE(QFile::resize(base, QFileInfo(base).size() / 2));
+    EXPECT_EQ(dit(lance({u"info"_s, base})), lecture(base, 9541));
+    EXPECT_EQ(dit(lance({u"document"_s, u"CO1"_s, u"--base"_s, base})), lecture(base, 9541));
+    const QString autre = QStringLiteral(VELM_SOURCE_DIR "/README.md");
+    EXPECT_EQ(dit(lance({u"info"_s, autre})), lecture(autre, 9541));
 }
 
 TEST_F(OutilObstaclesTest, WhatMayNotBeReadIsDenied) {
