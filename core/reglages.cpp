@@ -123,7 +123,7 @@ void Reglages::surfaute(std::function<bool(const RuntimeFailure& faute)> decide)
     decide_ = std::move(decide);
 }
 
-void Reglages::surechec(std::function<void(const QString& raison)> dit) {
+void Reglages::surechec(std::function<void(const FileError& raison)> dit) {
     dit_ = std::move(dit);
 }
 

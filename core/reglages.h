@@ -42,7 +42,7 @@ public:
     /// stays in its file as long as this is nothing but the number that stood in for it.
     bool note(const QString& section, const QString& cle, const QString& valeur);
     /// Who says that settings cannot be written: called at the first failure only.
-    void surechec(std::function<void(const QString& raison)> dit);
+    void surechec(std::function<void(const FileError& raison)> dit);
     /// For writers of a whole batch.
     void signaleechec();
 
@@ -77,7 +77,7 @@ private:
     ReglagesStore& magasin_;
     Profile maitre_;
     QString cheminmaitre_;
-    std::function<void(const QString&)> dit_;
+    std::function<void(const FileError&)> dit_;
     std::function<bool(const RuntimeFailure&)> decide_;
     /// The lines that are set aside, and what stands in for each. To read is what finds them.
     mutable QHash<QString, double> ecartes_;

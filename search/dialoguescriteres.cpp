@@ -1,5 +1,7 @@
 #include "search/dialoguescriteres.h"
 
+#include "core/langue.h"
+#include "core/obstacles.h"
 #include "platform/system/files.h"
 
 #include <QFile>
@@ -62,25 +64,30 @@ bool FichiersCriteres::sauvercriteres(const FichierCriteres& fichier) {
         dialogues_.message(texte_(2620) + u' ' + *chemin + u' ' + texte_(2621), texte_(2622), Icone::Aucune,
                            Bouton::Oui | Bouton::Non) != Bouton::Oui)
         return false;
-    const QString erreur = [&] {
+    const FileError erreur = [&] {
         const Attente attente(sablier_);
         return writeWhole(*chemin, ecritcriteres(fichier));
     }();
-    if (!erreur.isEmpty())
-        dialogues_.message(texte_(9470).arg(erreur), texte_(2622), Icone::Stop);
-    return erreur.isEmpty();
+    if (!erreur.ok())
+        ditnonecrit(*chemin, erreur, 2622);
+    return erreur.ok();
 }
 
 void FichiersCriteres::envoyercriteres(const FichierCriteres& fichier) {
     if (fichier.lignes.empty())
         return;
     const Courriel courriel{{}, u" "_s, u"VELM2000.CV2"_s, ecritcriteres(fichier)};
-    courrier_.compose(courriel, [this](Courrier::Failure echec, const QString& erreur) {
+    courrier_.compose(courriel, [this, nom = courriel.fileName](Courrier::Failure echec, const FileError& erreur) {
         if (echec == Courrier::Failure::NotWritten)
-            dialogues_.message(texte_(9470).arg(erreur), texte_(9472), Icone::Stop);
+            ditnonecrit(nom, erreur, 9472);
         else
             dialogues_.message(texte_(9471), texte_(9472), Icone::Exclamation);
     });
+}
+
+void FichiersCriteres::ditnonecrit(const QString& nom, const FileError& erreur, int titre) {
+    dialogues_.message(remplace(texte_(9470), {nom, raison(erreur.kind, erreur.words, texte_)}), texte_(titre),
+                       Icone::Stop);
 }
 
 PublicationFin restitue(const FichierCriteres& fichier, const Atelier& atelier, EtatRecherche& etat) {

@@ -28,6 +28,7 @@ public:
 private:
     ChoixFichier choix() const;
     std::optional<QByteArray> lit(const QString& chemin);
+    void ditnonecrit(const QString& nom, const FileError& erreur, int titre);
 
     Dialogues& dialogues_;
     Sablier& sablier_;

@@ -26,7 +26,7 @@ Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
       langue_([this](const QString& numero) { avis_.textemanquant(numero); }), avis_(monde.dialogues, langue_),
       seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, *this), barres_(reglages_) {
     initialiseressources();
-    reglages_.surechec([this](const QString&) { ditechec(); });
+    reglages_.surechec([this](const FileError& raison) { ditechec(raison); });
 }
 
 Programme::~Programme() = default;

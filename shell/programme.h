@@ -129,7 +129,7 @@ private:
     void chargecommandes();
     void traduitoutils(); ///< what the toolkit itself says follows the program's language
     void montre(QDialog* fenetre);
-    void ditechec(); ///< settings cannot be written
+    void ditechec(const FileError& erreur); ///< settings cannot be written
 
     OptionsProgramme options_;
     MondeExterieur monde_;
@@ -142,7 +142,7 @@ private:
     TableStyles styles_;
     Seance seance_;
     QString etape_;
-    bool echecretenu_ = false;
+    std::optional<FileError> echecretenu_; ///< told when there are words for it
     EtatBarres barres_;
     Astuces astuces_{[] { return QRandomGenerator::global()->generateDouble(); }};
     QTranslator motsdesoutils_;

@@ -2,6 +2,7 @@
 #include "core/astuces.h"
 #include "core/cle.h"
 #include "core/connexion.h"
+#include "core/obstacles.h"
 #include "document/ui/frmfindform.h"
 #include "document/ui/textes.h"
 #include "platform/system/systeminfo.h"
@@ -30,6 +31,7 @@
 #include <QScreen>
 
 #include <cerrno>
+#include <utility>
 
 namespace velm {
 
@@ -55,17 +57,20 @@ void Programme::fermeaccueil() {
     accueil_.reset();
 }
 
-void Programme::ditechec() {
+void Programme::ditechec(const FileError& erreur) {
     // The first write comes before the language file is known: the words have to wait for it.
-    echecretenu_ = langue_.fichier().isEmpty();
-    if (!echecretenu_)
-        monde_.dialogues.message(remplace(langue_.lireressource(9402), {magasin_.path()}), langue_.lireressource(8),
-                                 Icone::Exclamation);
+    if (langue_.fichier().isEmpty()) {
+        echecretenu_ = erreur;
+        return;
+    }
+    const auto texte = [this](int numero) { return langue_.lireressource(numero); };
+    monde_.dialogues.message(remplace(texte(9402), {magasin_.path(), raison(erreur.kind, erreur.words, texte)}),
+                             texte(8), Icone::Exclamation);
 }
 
 void Programme::litstyles() {
-    if (echecretenu_)
-        ditechec();
+    if (const auto erreur = std::exchange(echecretenu_, std::nullopt))
+        ditechec(*erreur);
     styles_ = velm::litstyles(reglages_, langue_, seance_.parametres().textes);
 }
 

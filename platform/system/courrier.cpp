@@ -1,7 +1,5 @@
 #include "platform/system/courrier.h"
 
-#include "platform/system/files.h"
-
 #include <QFileInfo>
 #include <QObject>
 #include <QProcess>
@@ -35,7 +33,7 @@ struct SystemCourrier::Private {
     }
     void fail(const Envoi& envoi, const Failed& failed, const QString& told) {
         forget(&envoi);
-        failed(Failure::NoMailProgram, told);
+        failed(Failure::NoMailProgram, {Obstacle::Other, told});
     }
 
     QObject context; ///< goes first: nothing is heard of a process that is ended with this object
@@ -74,8 +72,9 @@ void SystemCourrier::compose(const Courriel& courriel, Failed failed) {
     }
     Envoi& envoi = d_->envois.emplace_back();
     const QString path = envoi.folder.filePath(QFileInfo(courriel.fileName).fileName());
-    const QString error = envoi.folder.isValid() ? writeWhole(path, courriel.file) : envoi.folder.errorString();
-    if (!error.isEmpty()) {
+    const FileError error = envoi.folder.isValid() ? writeWhole(path, courriel.file)
+                                                   : FileError{Obstacle::Other, envoi.folder.errorString()};
+    if (!error.ok()) {
         d_->forget(&envoi);
         failed(Failure::NotWritten, error);
         return;

@@ -1,5 +1,7 @@
 #pragma once
 // Mail: a new message in the user's mail program, with a file attached. The user finishes and sends it there.
+#include "platform/system/files.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -23,8 +25,8 @@ public:
         NoMailProgram, ///< none is there, or it could not be opened
         NotWritten     ///< the file to be attached
     };
-    /// The error is the system's own words, where it has any.
-    using Failed = std::function<void(Failure failure, const QString& error)>;
+    /// The error is that of the file, or the system's own words about the program, where it has any.
+    using Failed = std::function<void(Failure failure, const FileError& error)>;
 
     virtual ~Courrier() = default;
     /// Opens the message and comes back at once. `failed` is called at most once, before the return or from the event

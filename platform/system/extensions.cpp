@@ -86,11 +86,11 @@ void bringUpToDate(const QString& path, const QByteArray& bytes, ExtensionsResul
     if (openPlain(present, path).ok() && present.read(bytes.size() + 1) == bytes)
         return;
     present.close();
-    const QString error = writeWhole(path, bytes);
-    if (error.isEmpty())
+    const FileError error = writeWhole(path, bytes);
+    if (error.ok())
         result.written = true;
     else
-        result.errors.append(error);
+        result.errors.append(path + QStringLiteral(": ") + error.words);
 }
 
 /// Desktops without these programs read the files themselves.

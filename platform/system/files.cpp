@@ -52,6 +52,13 @@ FileError notPlain() {
     return {Obstacle::NotPlain, qt_error_string(EOPNOTSUPP)};
 }
 
+/// What kept a file from being written: the system's number for it, if it gave any, and the words. Without a number the
+/// toolkit has not even tried, because of the rights of what stands there.
+FileError notWritten(int number, const QString& words) {
+    const Obstacle kind = number == 0 ? Obstacle::ReadOnly : obstacleOf(number);
+    return {kind == Obstacle::Missing ? Obstacle::NoFolder : kind, words};
+}
+
 /// Without waiting, only what is a plain file; else all but a folder.
 FileError openRead(QFile& file, const QByteArray& name, int notWaiting) {
     const int descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY | notWaiting);
@@ -150,16 +157,17 @@ bool othersCanChange(const QString& path) {
     return real.isEmpty() || std::any_of(places.begin(), places.end(), othersOwnOrWrite);
 }
 
-QString writeWhole(const QString& path, const QByteArray& bytes) {
+FileError writeWhole(const QString& path, const QByteArray& bytes) {
     if (QFileInfo::exists(path) && !isPlain(path))
-        return path + QStringLiteral(": ") + notPlain().words;
+        return notPlain();
     QDir().mkpath(QFileInfo(path).absolutePath());
     QSaveFile file(path);
     // Without a buffer: a disk that is full when a buffer is emptied at the end is not told by commit(), and the cut
     // file would replace the good one.
+    errno = 0;
     const bool written =
         file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(bytes) == bytes.size() && file.commit();
-    return written ? QString() : path + QStringLiteral(": ") + file.errorString();
+    return written ? FileError() : notWritten(errno, file.errorString());
 }
 
 CopieResultat copiefichier(const QString& source, const QString& target,

@@ -34,7 +34,7 @@ std::optional<QDateTime> fileDate(const QString& path);
 /// Length in bytes; nothing for a file that is not there.
 std::optional<qint64> fileSize(const QString& path);
 
-/// Why a file could not be read: the kind that a message tells, and the system's own words.
+/// Why a file could not be read or written: the kind that a message tells, and the system's own words.
 struct FileError {
     Obstacle kind = Obstacle::None;
     QString words;
@@ -72,9 +72,8 @@ FileBytes readRest(QFile& file);
 bool othersCanChange(const QString& path);
 
 /// Writes a whole file through a temporary one beside it, making its folder if need be: afterwards there is either the
-/// new file or, with an error, what was there before. What is there and is no plain file is never replaced. The result
-/// is the error for people to read; empty when all went well.
-QString writeWhole(const QString& path, const QByteArray& bytes);
+/// new file or, with an error, what was there before. What is there and is no plain file is never replaced.
+FileError writeWhole(const QString& path, const QByteArray& bytes);
 
 struct CopieResultat {
     qint64 written = 0;

@@ -1,7 +1,5 @@
 #include "platform/system/settings.h"
 
-#include "platform/system/files.h"
-
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
@@ -38,7 +36,7 @@ bool ReglagesStore::load(IniDocument& document) {
         document = IniDocument::parse(file.bytes);
         return true;
     }
-    lastError_ = path_ + QStringLiteral(": ") + file.error.words;
+    lastError_ = file.error;
     // A link to nowhere holds nothing that could be lost.
     return !info.exists();
 }
@@ -68,7 +66,7 @@ bool ReglagesStore::write() {
     QDir().mkpath(QFileInfo(path_).absolutePath());
     QLockFile lock(path_ + QStringLiteral(".lock"));
     if (!lock.tryLock(lockMilliseconds) && lock.error() == QLockFile::LockFailedError) {
-        lastError_ = lock.fileName() + QStringLiteral(": ") + qt_error_string(EWOULDBLOCK);
+        lastError_ = {Obstacle::Busy, qt_error_string(EWOULDBLOCK)};
         return false;
     }
     return writeUnderLock();
@@ -81,14 +79,11 @@ bool ReglagesStore::writeUnderLock() {
     // In the order in which they were made: of two of one name the later one counts.
     for (const Change& change : changes_)
         now.set(change.section, change.key, change.value);
-    const QString error = writeWhole(path_, now.bytes());
-    if (!error.isEmpty()) {
-        lastError_ = error;
+    lastError_ = writeWhole(path_, now.bytes());
+    if (!lastError_.ok())
         return false;
-    }
     document_ = std::move(now);
     changes_.clear();
-    lastError_.clear();
     return true;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 // The per-user settings: texts by section and key, kept in one INI file under the user's configuration folder.
+#include "platform/system/files.h"
 #include "platform/system/inicodec.h"
 
 #include <QString>
@@ -52,8 +53,8 @@ public:
         ReglagesStore* store_;
     };
 
-    /// Why the last read or write failed, for people to read; empty when it did not.
-    QString lastError() const { return lastError_; }
+    /// Why the last read or write of path() failed.
+    const FileError& lastError() const { return lastError_; }
 
 private:
     struct Change {
@@ -70,7 +71,7 @@ private:
     QString path_;
     IniDocument document_;        ///< what get() gives: the file with the changes
     std::vector<Change> changes_; ///< not in the file yet, in their order
-    QString lastError_;
+    FileError lastError_;
     int batches_ = 0;
 };
 

@@ -405,11 +405,10 @@ TEST_F(ParametresTest, AFailedWriteIsSaidOnce) {
     ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
     ReglagesStore perdu(obstacle.fileName() + QStringLiteral("/reglages.ini"));
     Reglages reglages(perdu);
-    QStringList dits;
-    reglages.surechec([&](const QString& raison) { dits.append(raison); });
+    std::vector<Obstacle> dits;
+    reglages.surechec([&](const FileError& raison) { dits.push_back(raison.kind); });
     EXPECT_FALSE(reglages.savesetting(QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("1")));
     EXPECT_FALSE(reglages.savesetting(QStringLiteral("A"), QStringLiteral("C"), QStringLiteral("1")));
-    ASSERT_EQ(dits.size(), 1);
-    EXPECT_FALSE(dits.first().isEmpty());
+    EXPECT_EQ(dits, std::vector{Obstacle::NoFolder});
     EXPECT_EQ(reglages.getsetting(QStringLiteral("A"), QStringLiteral("B")), u"1");
 }

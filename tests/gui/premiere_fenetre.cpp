@@ -108,7 +108,8 @@ TEST_F(PremiereFenetre, SettingsThatCannotBeWrittenAreSaidOnceAndTheProgramGoesO
     ASSERT_TRUE(QFile::remove(dossier.filePath(QStringLiteral("reglages.ini"))));
     ASSERT_TRUE(QDir(dossier.path()).mkpath(QStringLiteral("reglages.ini"))); // a folder stands in the file's place
     EXPECT_EQ(demarre(QStringLiteral("CO1")), Demarrage::EnMarche);
-    EXPECT_EQ(dialogues.texts(), QStringList{mots(9402, {dossier.filePath(QStringLiteral("reglages.ini"))})});
+    EXPECT_EQ(dialogues.texts(),
+              QStringList{mots(9402, {dossier.filePath(QStringLiteral("reglages.ini")), mots(9534)})});
     EXPECT_EQ(programme->fenetre(0)->referencecourante(), u"CO000001");
 }
 

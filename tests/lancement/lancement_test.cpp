@@ -26,7 +26,7 @@ protected:
     /// Nothing is left half done: the next start and its end are ordinary.
     bool saine() {
         ReglagesStore(reglages()).save(u"GENERALITES", u"CHECKQUIT", u"1"_s);
-        return ReglagesStore(reglages()).lastError().isEmpty() &&
+        return ReglagesStore(reglages()).lastError().ok() &&
                QDir(dossier.path()).entryList({u"*.lock"_s, u"reglages.ini.*"_s}, QDir::Files) ==
                    QStringList(u"velm2000.lock"_s);
     }

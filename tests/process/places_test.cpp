@@ -77,9 +77,10 @@ TEST_F(Places, TheUpdateToolBesideTheBaseIsStartedWithWhatItNeeds) {
     const QString told = at(u"told"_s);
     ASSERT_EQ(writeWhole(at(u"disc/MAJver.exe"_s),
                          "#!/bin/sh\nprintf '%s\\n' \"$#\" \"$1\" >'" + QFile::encodeName(told) + ".part'\n/bin/mv '" +
-                             QFile::encodeName(told) + ".part' '" + QFile::encodeName(told) + "'\n"),
-              QString());
-    ASSERT_EQ(writeWhole(at(u"disc/velm2000.exe"_s), "newer"), QString());
+                             QFile::encodeName(told) + ".part' '" + QFile::encodeName(told) + "'\n")
+                  .kind,
+              Obstacle::None);
+    ASSERT_EQ(writeWhole(at(u"disc/velm2000.exe"_s), "newer").kind, Obstacle::None);
     QFile newer(at(u"disc/velm2000.exe"_s));
     ASSERT_TRUE(newer.open(QIODevice::ReadWrite));
     ASSERT_TRUE(newer.setFileTime(QDateTime::currentDateTime().addDays(1), QFile::FileModificationTime));

@@ -26,7 +26,7 @@ protected:
     }
     QString ecrit(const QString& nom, const QByteArray& octets) const {
         const QString chemin = dossier.filePath(nom);
-        EXPECT_EQ(writeWhole(chemin, octets), QString());
+        EXPECT_EQ(writeWhole(chemin, octets).kind, Obstacle::None);
         return chemin;
     }
     static QByteArray lus(const QString& chemin) {
@@ -37,7 +37,7 @@ protected:
 
     CourrierScript courrier;
     FichiersCriteres fichiers{dialogues, sablier, courrier,
-                              [](int id) { return id == 9470 ? u"écrit: %1"_s : textes(id); }};
+                              [](int id) { return id == 9470 ? u"écrit: %1, %2"_s : textes(id); }};
 };
 
 } // namespace
@@ -100,7 +100,7 @@ TEST_F(DialoguesCriteresTest, AFileIsWrittenWholeOrNotAtAll) {
     EXPECT_EQ(lus(chemin), "vieux");
     EXPECT_EQ(QDir(dossier.path()).entryList(QDir::Files | QDir::Hidden), QStringList(u"vieux.cv2"_s));
     ASSERT_EQ(messages().size(), 2U);
-    EXPECT_TRUE(messages().back().texte.startsWith(u"écrit: "_s + chemin)) << qPrintable(messages().back().texte);
+    EXPECT_EQ(messages().back().texte, u"écrit: %1, t9536"_s.arg(chemin));
     EXPECT_EQ(messages().back().icone, Icone::Stop);
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
 }
@@ -200,7 +200,7 @@ TEST_F(DialoguesCriteresTest, AMissingMailProgramIsSaidOnce) {
     EXPECT_EQ(messages().back().texte, u"t9471");
     EXPECT_EQ(messages().back().titre, u"t9472");
     courrier.failure = Courrier::Failure::NotWritten;
-    courrier.error = u"plein"_s;
+    courrier.error = {Obstacle::Other, u"plein"_s};
     fichiers.envoyercriteres(fichier(1));
-    EXPECT_EQ(messages().back().texte, u"écrit: plein");
+    EXPECT_EQ(messages().back().texte, u"écrit: VELM2000.CV2, plein.");
 }

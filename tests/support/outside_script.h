@@ -52,7 +52,7 @@ public:
     std::vector<Courriel> mails;
     /// What goes wrong, if anything does.
     std::optional<Failure> failure;
-    QString error;
+    FileError error;
 
     void compose(const Courriel& courriel, Failed failed) override {
         mails.push_back(courriel);

@@ -35,7 +35,7 @@ protected:
     /// A mail program that does this.
     QString command(const QByteArray& script) const {
         const QString path = folder.filePath(u"mailer"_s);
-        EXPECT_EQ(writeWhole(path, "#!/bin/sh\n" + script), QString());
+        EXPECT_EQ(writeWhole(path, "#!/bin/sh\n" + script).kind, Obstacle::None);
         EXPECT_TRUE(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
         return path;
     }
@@ -47,9 +47,10 @@ protected:
         return QDir(folder.filePath(u"tmp"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
     }
     Courrier::Failed failed() {
-        return [this](Courrier::Failure failure, const QString& error) {
+        return [this](Courrier::Failure failure, const FileError& error) {
             failures.push_back(failure);
-            errors << error;
+            errors << error.words;
+            kinds.push_back(error.kind);
         };
     }
     static bool eventually(const std::function<bool()>& condition) {
@@ -66,6 +67,7 @@ protected:
     QByteArray temp;
     std::vector<Courrier::Failure> failures;
     QStringList errors;
+    std::vector<Obstacle> kinds;
 };
 
 TEST_F(CourrierTest, TheMailProgramGetsTheFileUnderItsName) {
@@ -117,7 +119,7 @@ TEST_F(CourrierTest, ACommandThatFindsNoMailProgramIsSaid) {
 
 TEST_F(CourrierTest, ACommandThatCannotBeStartedIsSaidOnce) {
     const QString path = folder.filePath(u"mailer"_s);
-    ASSERT_EQ(writeWhole(path, "#!/no/such/interpreter\n"), QString());
+    ASSERT_EQ(writeWhole(path, "#!/no/such/interpreter\n").kind, Obstacle::None);
     ASSERT_TRUE(QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner));
     SystemCourrier mail(path);
     mail.compose(courriel, failed());
