@@ -25,8 +25,13 @@ ChildArea::ChildArea(QWidget* parent) : QMdiArea(parent) {
     // then it must be known which one has the focus. What is hidden has it only on its way to another one.
     connect(qApp, &QApplication::focusChanged, this, [](const QWidget*, QWidget* now) {
         ChildFrame* frame = ChildFrame::around(now);
-        if (frame && now != frame->widget() && now->isVisible())
+        if (!frame)
+            return;
+        if (now != frame->widget() && now->isVisible())
             frame->rememberControl(now);
+        // A child may choose a control when it becomes the active one; in an icon nobody would see where the keys go.
+        if (frame->isMinimized() && !now->isVisible())
+            frame->setFocus();
     });
 }
 

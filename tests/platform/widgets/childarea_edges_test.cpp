@@ -1,30 +1,12 @@
 // What an area does at its edges: windows of others, windows that were hidden, a scrolled area, pointers and shortcuts.
 #include "childareafixture.h"
 
-#include <QLineEdit>
 #include <QScrollBar>
 #include <QShortcut>
-#include <QVBoxLayout>
 
 namespace velm {
 
 namespace {
-
-/// A child with three fields; the second one is its own choice where nobody has chosen.
-class Form : public QWidget {
-public:
-    Form() {
-        auto* column = new QVBoxLayout(this);
-        for (QLineEdit*& field : fields) {
-            field = new QLineEdit(this);
-            column->addWidget(field);
-        }
-    }
-    std::array<QLineEdit*, 3> fields{};
-
-protected:
-    void focusInEvent(QFocusEvent*) override { fields[1]->setFocus(); }
-};
 
 /// Counts how often the focus has come to it.
 class Counting : public QWidget {

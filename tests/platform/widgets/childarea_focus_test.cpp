@@ -2,28 +2,10 @@
 #include "childareafixture.h"
 
 #include <QComboBox>
-#include <QLineEdit>
-#include <QVBoxLayout>
 
 namespace velm {
 
 namespace {
-
-/// A child with three fields; the second one is its own choice where nobody has chosen.
-class Form : public QWidget {
-public:
-    Form() {
-        auto* column = new QVBoxLayout(this);
-        for (QLineEdit*& field : fields) {
-            field = new QLineEdit(this);
-            column->addWidget(field);
-        }
-    }
-    std::array<QLineEdit*, 3> fields{};
-
-protected:
-    void focusInEvent(QFocusEvent*) override { fields[1]->setFocus(); }
-};
 
 class ChildFocusTest : public ChildAreaTest {
 protected:
@@ -173,6 +155,29 @@ TEST_F(ChildFocusTest, WhatTakesItWhileTheWindowIsInFrontKeepsIt) {
     EXPECT_TRUE(form->fields[0]->hasFocus());
     area->activate(form);
     EXPECT_TRUE(form->fields[0]->hasFocus());
+}
+
+TEST_F(ChildFocusTest, NothingInsideAnIconHasTheFocus) {
+    showFrame();
+    Form* icon = addForm();
+    Form* front = addForm();
+    QMdiSubWindow* around = area->around(icon);
+    around->showMinimized();
+    area->activate(front);
+    // One that begins anew each time that it becomes the active one.
+    QObject::connect(area, &ChildArea::childActivated, icon, [icon](const QWidget* active) {
+        if (active == icon)
+            icon->fields[0]->setFocus();
+    });
+    key(Qt::Key_Tab);
+    EXPECT_EQ(area->activeChild(), icon);
+    EXPECT_EQ(QApplication::focusWidget(), around);
+    area->activate(front);
+    clickTitle(icon);
+    EXPECT_EQ(area->activeChild(), icon);
+    EXPECT_EQ(QApplication::focusWidget(), around);
+    around->showNormal();
+    EXPECT_TRUE(icon->fields[1]->hasFocus());
 }
 
 TEST_F(ChildFocusTest, AnIconThatWasUsedLastStaysBehindTheWindowsWhenOneCloses) {

@@ -7,13 +7,16 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextEdit>
+#include <QVBoxLayout>
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace velm {
@@ -36,6 +39,22 @@ protected:
         painted.push_back(size());
         QTextEdit::paintEvent(event);
     }
+};
+
+/// A child with three fields; the second one is its own choice where nobody has chosen.
+class Form : public QWidget {
+public:
+    Form() {
+        auto* column = new QVBoxLayout(this);
+        for (QLineEdit*& field : fields) {
+            field = new QLineEdit(this);
+            column->addWidget(field);
+        }
+    }
+    std::array<QLineEdit*, 3> fields{};
+
+protected:
+    void focusInEvent(QFocusEvent*) override { fields[1]->setFocus(); }
 };
 
 class ChildAreaTest : public testing::Test {

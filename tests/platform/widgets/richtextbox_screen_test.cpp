@@ -48,9 +48,6 @@ protected:
         paintPending();
         const QImage seen = onScreen();
         const QImage anew = paintedAnew();
-        if (seen == anew) {
-            return {};
-        }
         if (seen.size() != anew.size()) {
             return "two sizes";
         }
@@ -69,12 +66,9 @@ protected:
         keep(anew, u"anew"_s);
         return "rows " + std::to_string(first) + " to " + std::to_string(last) + " of " + std::to_string(seen.height());
     }
-    /// The edges of very large letters, which are filled as shapes, come out some shades different where the painting
-    /// was cut elsewhere.
-    static bool alike(const QImage& seen, const QImage& anew, int y) {
-        constexpr int shades = 64;
+    bool alike(const QImage& seen, const QImage& anew, int y) const {
         return std::equal(seen.constScanLine(y), seen.constScanLine(y) + 3 * seen.width(), anew.constScanLine(y),
-                          [](uchar one, uchar other) { return std::abs(one - other) <= shades; });
+                          [this](uchar one, uchar other) { return std::abs(one - other) <= shades_; });
     }
     /// Where somebody wants to look at the pictures.
     static void keep(const QImage& image, const QString& name) {
@@ -93,6 +87,7 @@ protected:
     }
     PaperLayout& layout() { return *qobject_cast<PaperLayout*>(box_.document()->documentLayout()); }
 
+    int shades_ = 0; ///< by which a pixel may differ
     QSplitter splitter_;
     RichTextBox& box_ = *new RichTextBox;
     QListWidget& list_ = *new QListWidget;
@@ -140,7 +135,7 @@ protected:
     void format() {
         box_.setSelStart(place());
         box_.setSelLength(upTo(2000));
-        upTo(2) == 0 ? box_.control().setSelFontSize(6 + upTo(20)) : box_.control().setSelIndent(upTo(1500));
+        upTo(2) == 0 ? box_.control().setSelFontSize(6 + upTo(largest_ - 5)) : box_.control().setSelIndent(upTo(1500));
     }
     void links() {
         std::vector<LinkRange> ranges;
@@ -185,6 +180,27 @@ protected:
         const char* name;
         std::function<void()> go;
     };
+    void walk(int steps) {
+        box_.setLinkRanges({});
+        show(sample::longText(100000));
+        const char* last = "";
+        for (int step = 0; step < steps; ++step) {
+            const Road& road = next();
+            road.go();
+            if (box_.zoom() > mostZoom_) {
+                box_.setZoom(mostZoom_);
+            }
+            if (upTo(2) == 0) {
+                QApplication::processEvents(); // a slice of settling as well
+            }
+            ASSERT_EQ(difference(), "") << "step " << step << ", " << road.name << " after " << last;
+            last = road.name;
+        }
+    }
+    static int steps() { return qEnvironmentVariableIntValue("VELM_LONG") != 0 ? 10'000 : 400; }
+
+    int largest_ = 18;   ///< letters, in points
+    int mostZoom_ = 250; ///< per cent: together less than what is filled as a shape
     const Road& next() { return roads_[static_cast<std::size_t>(upTo(static_cast<int>(roads_.size())))]; }
 
     QRandomGenerator random_{1};
@@ -209,7 +225,7 @@ protected:
          [this] {
              splitter_.setSizes({50 + upTo(600), 50 + upTo(300)});
          }},
-        {"zoom", [this] { box_.setZoom(50 + upTo(200)); }},
+        {"zoom", [this] { box_.setZoom(50 + upTo(mostZoom_ - 49)); }},
         {"paper", [this] { box_.control().setBackColor(upTo(2) == 0 ? 0xFFFFFF : 0xC0FFFF); }},
         {"settle", [] { QApplication::processEvents(); }},
         {"settle again", [] { QApplication::processEvents(); }},
@@ -275,20 +291,15 @@ TEST_F(ScreenTest, ScrollingByALineMovesThePixelsThatStay) {
 }
 
 TEST_F(Roads, AfterAnyOfThemTheScreenShowsWhatPaintingAnewWould) {
-    const bool longRun = qEnvironmentVariableIntValue("VELM_LONG") != 0;
-    const int steps = longRun ? 10'000 : 400;
-    box_.setLinkRanges({});
-    show(sample::longText(100000));
-    const char* last = "";
-    for (int step = 0; step < steps; ++step) {
-        const Road& road = next();
-        road.go();
-        if (upTo(2) == 0) {
-            QApplication::processEvents(); // a slice of settling as well
-        }
-        ASSERT_EQ(difference(), "") << "step " << step << ", " << road.name << " after " << last;
-        last = road.name;
-    }
+    walk(steps());
+}
+
+TEST_F(Roads, TheSameHoldsForVeryLargeLettersButForTheShadesOfTheirEdges) {
+    // The toolkit fills letters of 64 pixels and more as shapes, whose edges depend on where the painting is cut.
+    shades_ = 64;
+    largest_ = 60;
+    mostZoom_ = 500;
+    walk(steps() / 4);
 }
 
 } // namespace velm
