@@ -1,5 +1,4 @@
 // What the sheet shows: text, selection, links, bullets, page breaks, pictures, caret.
-#include "platform/widgets/linkpaint.h"
 #include "platform/widgets/paperlayout.h"
 #include "platform/widgets/richpicture.h"
 #include "platform/widgets/viewformats.h"
@@ -7,7 +6,10 @@
 #include <QPainter>
 #include <QTextDocument>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <utility>
 
 namespace velm {
 
@@ -47,6 +49,7 @@ void PaperLayout::drawBlock(QPainter& painter, const PaintContext& context, int 
     const int start = block.position();
     const int end = start + block.length() - 1;
     QList<QTextLayout::FormatRange> selected;
+    std::vector<LinkPass> marked;
     for (const Selection& selection : context.selections) {
         const int from = selection.cursor.selectionStart();
         const int to = selection.cursor.selectionEnd();
@@ -57,27 +60,32 @@ void PaperLayout::drawBlock(QPainter& painter, const PaintContext& context, int 
         range.start = std::max(from, start) - start;
         range.length = std::min(to, end) - start - range.start;
         range.format = selection.format;
-        drawSelection(painter, lines, number, range,
-                      to > end && shown_->paragraph(number).last && block.next().isValid());
+        const bool pastEnd = to > end && shown_->paragraph(number).last && block.next().isValid();
+        const QRegion where = selectionRegion(lines, number, range, pastEnd);
+        for (const QRect& band : where) {
+            painter.fillRect(band, range.format.background());
+        }
         range.format.setBackground(Qt::transparent); // is drawn; but what the text itself has must not show
         selected.append(range);
+        marked.push_back({range.format, where});
     }
-    drawText(painter, lines, number, clip, selected);
+    drawText(painter, lines, number, clip, selected, std::move(marked));
     if (context.cursorPosition >= start && context.cursorPosition <= end) {
         lines.drawCursor(&painter, QPointF(), context.cursorPosition - start, 1 + device_.dpi / 144);
     }
 }
 
-// Links are drawn in passes of their own, the rest around them.
+// Links and selections are drawn in passes of their own, the rest around them: the toolkit's own way with a selection
+// cuts letters that reach beyond the text's edge, and only where it sees the selection.
 void PaperLayout::drawText(QPainter& painter, QTextLayout& lines, int number, const QRectF& clip,
-                           const QList<QTextLayout::FormatRange>& selected) {
+                           const QList<QTextLayout::FormatRange>& selected, std::vector<LinkPass> passes) {
     const LineBands bands(lines, heights_.height(number));
     const int first = bands.at(static_cast<int>(std::floor(clip.top())));
     const int last = bands.at(static_cast<int>(std::ceil(clip.bottom())));
-    const std::vector<LinkPass> passes =
-        LinkPaint(*shown_, links_, sheet_, hovered_).passes(number, lines, bands, first, last, selected);
+    std::ranges::move(LinkPaint(*shown_, links_, sheet_, hovered_).passes(number, lines, bands, first, last, selected),
+                      std::back_inserter(passes));
     if (passes.empty()) {
-        lines.draw(&painter, QPointF(), selected, clip);
+        lines.draw(&painter, QPointF(), {}, clip);
         return;
     }
     QTextLayout::FormatRange all{0, 0, {}};
@@ -85,27 +93,29 @@ void PaperLayout::drawText(QPainter& painter, QTextLayout& lines, int number, co
     QRegion rest(clip.toAlignedRect());
     lines.setCacheEnabled(true); // what the passes share is shaped once
     for (const LinkPass& pass : passes) {
-        rest -= pass.where;
+        const QRegion where = pass.where & rest;
+        rest -= where;
         all.format = pass.look;
         painter.save();
-        painter.setClipRegion(pass.where, Qt::IntersectClip);
-        lines.draw(&painter, QPointF(), {all}, clip & QRectF(pass.where.boundingRect()));
+        painter.setClipRegion(where, Qt::IntersectClip);
+        lines.draw(&painter, QPointF(), {all}, clip & QRectF(where.boundingRect()));
         painter.restore();
     }
     lines.setCacheEnabled(false);
     painter.save();
     painter.setClipRegion(rest, Qt::IntersectClip);
-    lines.draw(&painter, QPointF(), selected, clip);
+    lines.draw(&painter, QPointF(), {}, clip);
     painter.restore();
 }
 
 // The selection fills its lines' whole height, so that no stripes stand between them; but not the room around the
 // paragraph.
-void PaperLayout::drawSelection(QPainter& painter, const QTextLayout& lines, int number,
-                                const QTextLayout::FormatRange& range, bool pastEnd) const {
+QRegion PaperLayout::selectionRegion(const QTextLayout& lines, int number, const QTextLayout::FormatRange& range,
+                                     bool pastEnd) const {
     const double endMark = 0.3 * fontHeight();
     const int before = setter().spaceBefore(number);
     const LineBands bands(lines, heights_.height(number) - setter().spaceAfter(number));
+    QRegion region;
     for (int i = 0; i < bands.count(); ++i) {
         const QTextLine line = lines.lineAt(i);
         const int lineEnd = line.textStart() + line.textLength();
@@ -121,9 +131,10 @@ void PaperLayout::drawSelection(QPainter& painter, const QTextLayout& lines, int
             right += endMark;
         }
         const int bandTop = std::max(before, bands.top(i));
-        const QRectF band(std::min(left, right), bandTop, std::abs(right - left), bands.top(i + 1) - bandTop);
-        painter.fillRect(band, range.format.background());
+        region += QRect(QPoint(qRound(std::min(left, right)), bandTop),
+                        QPoint(qRound(std::max(left, right)) - 1, bands.top(i + 1) - 1));
     }
+    return region;
 }
 
 void PaperLayout::drawBullet(QPainter& painter, int number, const QTextBlock& block) const {

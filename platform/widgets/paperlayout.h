@@ -8,6 +8,7 @@
 // and tops are whole pixels.
 #include "platform/widgets/heighttree.h"
 #include "platform/widgets/linesetter.h"
+#include "platform/widgets/linkpaint.h"
 #include "platform/widgets/linkranges.h"
 #include "platform/widgets/look.h"
 #include "platform/widgets/paperpage.h"
@@ -113,11 +114,11 @@ private:
     void drawBlock(QPainter& painter, const PaintContext& context, int number, const QTextBlock& block,
                    const QRectF& clip);
     void drawText(QPainter& painter, QTextLayout& lines, int number, const QRectF& clip,
-                  const QList<QTextLayout::FormatRange>& selected);
+                  const QList<QTextLayout::FormatRange>& selected, std::vector<LinkPass> passes);
     void drawBullet(QPainter& painter, int number, const QTextBlock& block) const;
     void drawPageBreak(QPainter& painter, const QTextLayout& lines) const;
-    void drawSelection(QPainter& painter, const QTextLayout& lines, int number, const QTextLayout::FormatRange& range,
-                       bool pastEnd) const;
+    QRegion selectionRegion(const QTextLayout& lines, int number, const QTextLayout::FormatRange& range,
+                            bool pastEnd) const;
     const RichObject* objectOf(const QTextFormat& format) const;
     QSize pictureTwips(int number, const RichObject& object);
     const QImage& picture(int number, const RichObject& object);

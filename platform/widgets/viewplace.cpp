@@ -95,12 +95,13 @@ void ViewPlace::reveal(int position) {
 }
 
 /// Pixels move only together: where places went apart, all is painted anew. What the screen shows is laid out first, so
-/// that painting changes no height.
+/// that painting changes no height. Where the text's end is in sight it stays there.
 void ViewPlace::followPlaces() {
     const Anchor place = anchor();
+    const bool atEnd = top() > 0 && top() == view_.verticalScrollBar()->maximum();
     while (layout_.layOutBetween(top(), top() + height())) {
         tellHeight();
-        restore(place);
+        atEnd ? scrollTo(std::numeric_limits<int>::max()) : restore(place);
     }
     SeenPlaces now = layout_.placesFrom(top(), height());
     if (now == seen_) {

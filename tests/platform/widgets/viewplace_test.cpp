@@ -157,6 +157,25 @@ TEST_F(PlaceTest, AMarkUnderThePointerIsLeftWhenTheTextMovesAway) {
 
 // ---- a place that waits until its text has come in again
 
+TEST_F(PlaceTest, WhoReadsTheEndKeepsItInSightWhateverSizeTheLettersTake) {
+    for (const QString& letters : {narrow, broad}) {
+        for (const int larger : {100, 200, 300}) {
+            box.setZoom(larger);
+            paragraphs(letters);
+            bar().setValue(bar().maximum());
+            bar().setValue(bar().maximum()); // what came into sight may have moved it
+            for (const int parts : {8, 5, 3}) {
+                const int smaller = larger * parts / 10;
+                box.setZoom(smaller);
+                EXPECT_EQ(bar().value(), bar().maximum()) << larger << " to " << smaller;
+                expectReady("smaller at the end");
+            }
+            settle();
+            EXPECT_EQ(bar().value(), bar().maximum()) << larger;
+        }
+    }
+}
+
 namespace {
 
 class WaitingPlaceTest : public PlaceTest {
