@@ -1,4 +1,5 @@
 // The base: opening, seeks, walks, bulk writing; beside them what a query for each row costs on the same file.
+#include "core/schemas.h"
 #include "platform/engine/recordset.h"
 
 #include <QFile>

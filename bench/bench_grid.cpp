@@ -1,8 +1,8 @@
 // The lists and the contents tree: filling, sorting, first painting. The sizes are those of the largest collection and
 // of all collections together.
-#include "platform/widgets/flexgrid.h"
-#include "platform/widgets/look.h"
-#include "platform/widgets/treeview.h"
+#include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/tree/treeview.h"
 
 #include <QApplication>
 #include <QTableView>

@@ -1,6 +1,6 @@
 // Texts that no publisher writes but a damaged or hostile base may hold: until the first page shows, until all is laid
 // out, the longest time that the window does not answer meanwhile, and the memory beside the size of the text.
-#include "platform/widgets/richtextbox.h"
+#include "platform/widgets/text/richtextbox.h"
 
 #include <QApplication>
 #include <QFile>

@@ -6,7 +6,7 @@
 #include "document/arborescence.h"
 #include "document/liens.h"
 #include "document/navigation.h"
-#include "platform/widgets/treeview.h"
+#include "platform/widgets/tree/treeview.h"
 
 #include <QApplication>
 #include <QFile>

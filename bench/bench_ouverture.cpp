@@ -1,12 +1,13 @@
 // What a reader waits for: from the request for a document to its painted page. Seek, decode, the four passes, the
 // styles and the view are all in it.
 #include "core/cle.h"
+#include "core/schemas.h"
 #include "document/affichage.h"
 #include "document/ui/textes.h"
 #include "platform/engine/recordset.h"
 #include "platform/system/settings.h"
 #include "platform/system/ui/qtoutside.h"
-#include "platform/widgets/richtextbox.h"
+#include "platform/widgets/text/richtextbox.h"
 
 #include <QApplication>
 #include <QImage>

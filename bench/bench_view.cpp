@@ -1,8 +1,8 @@
 // From content ready to painted: the document view, and beside it a text edit that is given the same content as HTML or
 // as bare text. The argument is the size of the document in characters.
-#include "platform/widgets/richhtml.h"
-#include "platform/widgets/richtextbox.h"
-#include "tests/platform/widgets/sampletext.h"
+#include "platform/widgets/text/richhtml.h"
+#include "platform/widgets/text/richtextbox.h"
+#include "tests/platform/widgets/text/sampletext.h"
 
 #include <QApplication>
 

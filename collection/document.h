@@ -1,7 +1,7 @@
 #pragma once
 // A publisher's collection in memory: documents, tree nodes, kinds, and the problems that a source may have.
 #include "core/cle.h"
-#include "platform/text/obstacle.h"
+#include "platform/base/obstacle.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,5 +1,7 @@
 #include "collection/temporaire.h"
 
+#include "core/schemas.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>

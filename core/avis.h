@@ -2,8 +2,8 @@
 // What the program has to say about itself: a text that is missing, a setting that cannot be used, an error that ends
 // it. No window lives here.
 #include "core/langue.h"
+#include "platform/base/failure.h"
 #include "platform/system/dialogues.h"
-#include "platform/text/failure.h"
 
 #include <QString>
 

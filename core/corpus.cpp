@@ -1,9 +1,10 @@
 #include "core/corpus.h"
 
 #include "core/cle.h"
+#include "core/schemas.h"
+#include "platform/base/failure.h"
 #include "platform/engine/rowreader.h"
 #include "platform/text/ansi.h"
-#include "platform/text/failure.h"
 #include "platform/text/number.h"
 
 namespace velm {

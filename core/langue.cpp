@@ -1,7 +1,7 @@
 #include "core/langue.h"
 
+#include "platform/base/failure.h"
 #include "platform/system/files.h"
-#include "platform/text/failure.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 // What stood in the way of a file, in the words of the language file.
-#include "platform/text/obstacle.h"
+#include "platform/base/obstacle.h"
 
 #include <QString>
 

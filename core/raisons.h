@@ -1,7 +1,7 @@
 #pragma once
 // What a run-time error says to people.
 #include "core/langue.h"
-#include "platform/text/failure.h"
+#include "platform/base/failure.h"
 
 namespace velm {
 

@@ -1,9 +1,9 @@
 #pragma once
 // Settings as the system reads them: the user's value, else (for the keys that ask for it) the publisher's line in
 // master.ini, else the built-in default.
+#include "platform/base/failure.h"
 #include "platform/system/profile.h"
 #include "platform/system/settings.h"
-#include "platform/text/failure.h"
 
 #include <QHash>
 #include <QString>

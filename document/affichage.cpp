@@ -1,8 +1,8 @@
 #include "document/affichage.h"
 
 #include "core/cle.h"
-#include "platform/text/failure.h"
-#include "platform/text/memory.h"
+#include "platform/base/failure.h"
+#include "platform/base/memory.h"
 
 #include <array>
 

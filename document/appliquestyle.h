@@ -1,8 +1,8 @@
 #pragma once
 // Applying a style of the table to rich text.
-#include "document/sablier.h"
 #include "document/styles.h"
 #include "platform/richtext/control.h"
+#include "platform/system/sablier.h"
 
 #include <optional>
 

@@ -3,8 +3,8 @@
 // open.
 #include "core/corpus.h"
 #include "core/parametres.h"
-#include "document/sablier.h"
 #include "platform/controls/treenodes.h"
+#include "platform/system/sablier.h"
 
 #include <QString>
 

@@ -6,9 +6,9 @@
 // in about linear time.
 #include "document/appliquestyle.h"
 #include "document/listesliens.h"
-#include "document/sablier.h"
 #include "document/styles.h"
 #include "platform/richtext/control.h"
+#include "platform/system/sablier.h"
 
 #include <QByteArray>
 

@@ -1,6 +1,6 @@
 #include "document/dispositiontextes.h"
 
-#include "platform/text/twips.h"
+#include "platform/base/twips.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "document/listecollection.h"
 
-#include "platform/text/failure.h"
+#include "platform/base/failure.h"
 #include "platform/text/letters.h"
 
 #include <algorithm>

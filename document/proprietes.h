@@ -1,6 +1,6 @@
 #pragma once
 // What the properties dialog shows of a document.
-#include "core/corpus.h"
+#include "core/typesdocument.h"
 #include "document/affichage.h"
 #include "document/arborescence.h"
 
@@ -10,17 +10,6 @@
 #include <array>
 
 namespace velm {
-
-/// The kinds of document, in their order: label and number of each.
-struct TypesDocument {
-    QStringList combotype;
-    QStringList numerotype;
-};
-
-TypesDocument littypesdocument(Corpus& corpus);
-
-/// Row of the first entry that begins with a text, whatever its letters' case, or -1.
-int chercheliste(const QStringList& entrees, const QString& texte);
 
 /// The texts of the dialog's controls.
 struct Proprietes {

@@ -2,6 +2,7 @@
 #include "core/cle.h"
 #include "core/corpus.h"
 #include "core/parametres.h"
+#include "core/schemas.h"
 #include "document/affichage.h"
 #include "outil/base.h"
 #include "outil/sortie.h"

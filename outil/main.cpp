@@ -2,8 +2,8 @@
 #include "core/reglages.h"
 #include "outil/commande.h"
 #include "outil/sortie.h"
+#include "platform/base/failure.h"
 #include "platform/system/files.h"
-#include "platform/text/failure.h"
 
 #include <QCoreApplication>
 

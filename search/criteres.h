@@ -1,7 +1,7 @@
 #pragma once
 // The criteria of a search through the documents: the tab as it is filled in, what is read from it when a search
 // begins, and the test that each document must pass.
-#include "document/proprietes.h"
+#include "core/typesdocument.h"
 #include "platform/richtext/find.h"
 
 #include <QString>

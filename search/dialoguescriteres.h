@@ -1,8 +1,8 @@
 #pragma once
 // Opening, saving and mailing of criteria files, with what is asked and said on the way.
-#include "document/sablier.h"
 #include "platform/system/courrier.h"
 #include "platform/system/dialogues.h"
+#include "platform/system/sablier.h"
 #include "search/fichiercriteres.h"
 #include "search/recherche.h"
 

@@ -1,6 +1,6 @@
 #include "search/formulaire.h"
 
-#include "platform/text/memory.h"
+#include "platform/base/memory.h"
 #include "platform/text/number.h"
 #include "search/dialoguescriteres.h"
 #include "search/recherchecriteres.h"

@@ -1,8 +1,8 @@
 #pragma once
 // What every search works with, and what it leaves.
 #include "core/corpus.h"
-#include "document/sablier.h"
 #include "platform/system/dialogues.h"
+#include "platform/system/sablier.h"
 #include "search/cession.h"
 #include "search/listeselection.h"
 

@@ -1,6 +1,6 @@
 #include "search/recherchecriteres.h"
 
-#include "platform/text/failure.h"
+#include "platform/base/failure.h"
 #include "search/renfort.h"
 #include "search/typescherches.h"
 

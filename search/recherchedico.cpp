@@ -1,7 +1,7 @@
 #include "search/recherchedico.h"
 
 #include "core/parametres.h"
-#include "platform/text/failure.h"
+#include "platform/base/failure.h"
 #include "platform/text/letters.h"
 #include "platform/text/number.h"
 #include "search/postings.h"

@@ -1,6 +1,6 @@
 #include "search/rechercherapide.h"
 
-#include "platform/text/failure.h"
+#include "platform/base/failure.h"
 #include "search/remplacecodes.h"
 #include "search/texteenmajuscules.h"
 #include "search/typescherches.h"

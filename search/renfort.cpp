@@ -1,6 +1,7 @@
 #include "search/renfort.h"
 
-#include "platform/text/memory.h"
+#include "core/schemas.h"
+#include "platform/base/memory.h"
 
 #include <system_error>
 

@@ -3,8 +3,8 @@
 #include "core/cle.h"
 #include "document/ui/textes.h"
 #include "platform/system/memory.h"
-#include "platform/widgets/statusbar.h"
-#include "platform/widgets/toolbar.h"
+#include "platform/widgets/frame/statusbar.h"
+#include "platform/widgets/frame/toolbar.h"
 #include "shell/ecrangeneral.h"
 #include "shell/menus.h"
 

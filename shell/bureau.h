@@ -1,7 +1,7 @@
 #pragma once
 // The desk: the document windows in their slots, and what keeps the frame's bars and menus in step with them.
 #include "document/navigation.h"
-#include "platform/widgets/childarea.h"
+#include "platform/widgets/frame/childarea.h"
 
 #include <QObject>
 #include <QPointer>

@@ -1,11 +1,11 @@
 #include "shell/commandes.h"
 
-#include "core/formes.h"
 #include "document/ui/textes.h"
-#include "platform/widgets/flexgrid.h"
-#include "platform/widgets/toolbar.h"
+#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/grid/flexgrid.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
+#include "shell/logique/formes.h"
 #include "shell/menus.h"
 #include "shell/volet.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 // Every button and menu entry of the frame finds its deed here.
-#include "core/barres.h"
 #include "platform/system/outside.h"
+#include "shell/logique/barres.h"
 
 #include <QHash>
 #include <QObject>

@@ -1,9 +1,9 @@
 #pragma once
 // The frame: menus, three bars, status bar, selection panel and the area of the windows. It holds them, tells what was
 // pressed, and decides nothing.
-#include "core/barres.h"
-#include "core/seance.h"
 #include "platform/controls/buttonmenus.h"
+#include "shell/logique/barres.h"
+#include "shell/logique/seance.h"
 
 #include <QMainWindow>
 

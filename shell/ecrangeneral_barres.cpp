@@ -1,7 +1,7 @@
 // What stands on the frame's bars.
 #include "core/cle.h"
-#include "platform/widgets/childarea.h"
-#include "platform/widgets/toolbar.h"
+#include "platform/widgets/frame/childarea.h"
+#include "platform/widgets/frame/toolbar.h"
 #include "shell/ecrangeneral.h"
 #include "shell/volet.h"
 

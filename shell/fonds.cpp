@@ -1,7 +1,7 @@
 #include "shell/fonds.h"
 
-#include "core/barres.h"
-#include "platform/widgets/viewformats.h"
+#include "platform/widgets/text/viewformats.h"
+#include "shell/logique/barres.h"
 
 #include <QLineF>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #pragma once
 // The pictures behind the windows of the frame: fine line drawings of our own, drawn for the size and the density of
 // the screen they are shown on.
-#include "platform/widgets/look.h"
+#include "platform/widgets/look/look.h"
 
 #include <QColor>
 #include <QPixmap>

@@ -2,8 +2,8 @@
 
 #include "core/langue.h"
 #include "platform/system/dialogues.h"
-#include "platform/widgets/look.h"
-#include "platform/widgets/plaintext.h"
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/look/plaintext.h"
 #include "shell/frmabout_logo.h"
 
 #include <QHBoxLayout>

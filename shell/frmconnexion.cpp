@@ -1,6 +1,6 @@
 #include "shell/frmconnexion.h"
 
-#include "platform/widgets/look.h"
+#include "platform/widgets/look/look.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 // The dialog of a base that does not open: try again, find it, or leave.
-#include "core/connexion.h"
+#include "shell/logique/connexion.h"
 
 #include <QDialog>
 

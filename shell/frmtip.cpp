@@ -1,9 +1,9 @@
 #include "shell/frmtip.h"
 
-#include "core/astuces.h"
-#include "platform/widgets/icons.h"
-#include "platform/widgets/look.h"
-#include "platform/widgets/plaintext.h"
+#include "platform/widgets/look/icons.h"
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/look/plaintext.h"
+#include "shell/logique/astuces.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>

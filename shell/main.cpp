@@ -1,13 +1,14 @@
+#include "core/extensions.h"
+#include "core/noms.h"
 #include "platform/system/drives.h"
-#include "platform/system/extensions.h"
 #include "platform/system/settings.h"
 #include "platform/system/ui/qtdialogues.h"
 #include "platform/system/ui/qtimprimante.h"
 #include "platform/system/ui/qtoutside.h"
-#include "platform/widgets/look.h"
+#include "platform/system/ui/qtsablier.h"
+#include "platform/widgets/look/look.h"
 #include "shell/application.h"
 #include "shell/lancement.h"
-#include "shell/qtsablier.h"
 
 #include <QDir>
 
@@ -46,8 +47,8 @@ int main(int argc, char** argv) {
     options.dossierprogramme = dossierprogramme();
     options.fichierprogramme = QCoreApplication::applicationFilePath();
     options.lignedecommande = QCoreApplication::arguments().mid(1).join(u' ');
-    options.fichierreglages = velm::ReglagesStore::defaultPath();
-    options.dossierinstance = velm::SingleInstance::defaultFolder();
+    options.fichierreglages = velm::noms::fichierreglages();
+    options.dossierinstance = velm::SingleInstance::defaultFolder(velm::noms::dossierducache());
     options.dossierdonnees = velm::Extensions::defaultDataFolder();
     return velm::lance(application, options,
                        {dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante, lecteurs},

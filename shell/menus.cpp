@@ -1,7 +1,7 @@
 #include "shell/menus.h"
 
 #include "core/cle.h"
-#include "platform/widgets/plaintext.h"
+#include "platform/widgets/look/plaintext.h"
 
 #include <QAction>
 #include <QActionGroup>

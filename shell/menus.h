@@ -1,6 +1,6 @@
 #pragma once
 // The menu bar: one for the frame and its document windows, which it serves as the active one needs.
-#include "core/barres.h"
+#include "shell/logique/barres.h"
 
 #include <QIcon>
 #include <QKeySequence>

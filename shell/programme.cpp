@@ -1,7 +1,8 @@
 #include "shell/programme.h"
 
+#include "core/extensions.h"
+#include "core/noms.h"
 #include "document/ui/frmfindform.h"
-#include "platform/system/extensions.h"
 #include "platform/system/files.h"
 #include "shell/bureau.h"
 #include "shell/commandes.h"
@@ -21,7 +22,7 @@ static void initialiseressources() {
 namespace velm {
 
 Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
-    : options_(options), monde_(monde), instance_(QStringLiteral("velm2000"), options.dossierinstance),
+    : options_(options), monde_(monde), instance_(noms::verrou(), options.dossierinstance),
       magasin_(options.fichierreglages), reglages_(magasin_),
       langue_([this](const QString& numero) { avis_.textemanquant(numero); }), avis_(monde.dialogues, langue_),
       seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, *this), barres_(reglages_) {

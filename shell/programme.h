@@ -1,22 +1,22 @@
 #pragma once
 // The one place that knows everybody: owns the run's state and connects the rooms.
-#include "core/astuces.h"
 #include "core/avis.h"
-#include "core/barres.h"
 #include "core/cle.h"
 #include "core/corpus.h"
 #include "core/langue.h"
 #include "core/reglages.h"
-#include "core/seance.h"
-#include "document/sablier.h"
 #include "document/styles.h"
+#include "platform/base/failure.h"
 #include "platform/system/courrier.h"
 #include "platform/system/dialogues.h"
 #include "platform/system/drives.h"
 #include "platform/system/outside.h"
 #include "platform/system/process.h"
+#include "platform/system/sablier.h"
 #include "platform/system/singleinstance.h"
-#include "platform/text/failure.h"
+#include "shell/logique/astuces.h"
+#include "shell/logique/barres.h"
+#include "shell/logique/seance.h"
 
 #include <QPointer>
 #include <QRandomGenerator>

@@ -1,8 +1,8 @@
 #include "shell/recherches.h"
 
-#include "platform/widgets/childarea.h"
-#include "platform/widgets/icons.h"
-#include "platform/widgets/toolbar.h"
+#include "platform/widgets/frame/childarea.h"
+#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/look/icons.h"
 #include "shell/ecrangeneral.h"
 #include "shell/selection.h"
 #include "shell/volet.h"

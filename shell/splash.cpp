@@ -1,7 +1,7 @@
 #include "shell/splash.h"
 
-#include "platform/widgets/look.h"
-#include "platform/widgets/plaintext.h"
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/look/plaintext.h"
 #include "shell/frmabout_logo.h"
 
 #include <QFrame>

@@ -1,8 +1,8 @@
 #include "shell/sponsor.h"
 
 #include "core/langue.h"
-#include "platform/widgets/look.h"
-#include "platform/widgets/plaintext.h"
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/look/plaintext.h"
 
 #include <QDir>
 #include <QImageReader>

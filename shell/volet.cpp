@@ -1,10 +1,10 @@
 #include "shell/volet.h"
 
-#include "platform/text/twips.h"
-#include "platform/widgets/flexgrid.h"
-#include "platform/widgets/icons.h"
-#include "platform/widgets/splitterbar.h"
-#include "platform/widgets/toolbar.h"
+#include "platform/base/twips.h"
+#include "platform/widgets/frame/splitterbar.h"
+#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/look/icons.h"
 
 #include <QLayout>
 

@@ -1,6 +1,6 @@
 #pragma once
 // The selection panel at the left of the frame: the place of the result list, and the bar that resizes it.
-#include "search/largeurvolet.h"
+#include "shell/logique/largeurvolet.h"
 
 #include <QWidget>
 

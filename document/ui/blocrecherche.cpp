@@ -2,9 +2,9 @@
 
 #include "document/dispositiontextes.h"
 #include "document/ui/etiquette.h"
-#include "platform/text/twips.h"
-#include "platform/widgets/linelist.h"
-#include "platform/widgets/look.h"
+#include "platform/base/twips.h"
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/text/linelist.h"
 
 #include <QApplication>
 #include <QEvent>

@@ -1,6 +1,6 @@
 #include "document/ui/etiquette.h"
 
-#include "platform/widgets/plaintext.h"
+#include "platform/widgets/look/plaintext.h"
 
 #include <QHelpEvent>
 #include <QPainter>

@@ -1,8 +1,8 @@
 #include "document/ui/frmfindform.h"
 
-#include "platform/widgets/look.h"
-#include "platform/widgets/plaintext.h"
-#include "platform/widgets/richtextbox.h"
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/look/plaintext.h"
+#include "platform/widgets/text/richtextbox.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>

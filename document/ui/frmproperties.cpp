@@ -1,12 +1,12 @@
 #include "document/ui/frmproperties.h"
 
 #include "core/cle.h"
+#include "platform/base/twips.h"
 #include "platform/text/number.h"
-#include "platform/text/twips.h"
-#include "platform/widgets/icons.h"
-#include "platform/widgets/look.h"
-#include "platform/widgets/plaintext.h"
-#include "platform/widgets/treeview.h"
+#include "platform/widgets/look/icons.h"
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/look/plaintext.h"
+#include "platform/widgets/tree/treeview.h"
 
 #include <QComboBox>
 #include <QGridLayout>

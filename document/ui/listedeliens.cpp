@@ -2,10 +2,10 @@
 
 #include "core/cle.h"
 #include "document/ui/etiquette.h"
-#include "platform/text/twips.h"
-#include "platform/widgets/flexgrid.h"
-#include "platform/widgets/look.h"
-#include "platform/widgets/plaintext.h"
+#include "platform/base/twips.h"
+#include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/look/plaintext.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -29,7 +29,7 @@ constexpr int diametre = 8;
 QIcon pastille(bool pleine, const QPalette& palette, qreal densite) {
     const look::Theme theme = look::themeOf(palette);
     constexpr int vert = 2; // the green among the hues
-    const QColor couleur = pleine ? look::collectionHue(vert, theme) : look::warningColour(theme);
+    const QColor couleur = pleine ? look::hue(vert, theme) : look::warningColour(theme);
     constexpr int cote = 16;
     QPixmap image(QSize(cote, cote) * densite);
     image.setDevicePixelRatio(densite);

@@ -4,15 +4,15 @@
 #include "core/langue.h"
 #include "document/ui/blocrecherche.h"
 #include "document/ui/listedeliens.h"
-#include "platform/text/memory.h"
-#include "platform/text/twips.h"
-#include "platform/widgets/flexgrid.h"
-#include "platform/widgets/icons.h"
-#include "platform/widgets/richhtml.h"
-#include "platform/widgets/richtextbox.h"
-#include "platform/widgets/splitterbar.h"
-#include "platform/widgets/toolbar.h"
-#include "platform/widgets/treeview.h"
+#include "document/ui/teintes.h"
+#include "platform/base/memory.h"
+#include "platform/base/twips.h"
+#include "platform/widgets/frame/splitterbar.h"
+#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/text/richhtml.h"
+#include "platform/widgets/text/richtextbox.h"
+#include "platform/widgets/tree/treeview.h"
 
 #include <QCloseEvent>
 #include <QLineEdit>
@@ -35,7 +35,7 @@ Textes::Textes(int indice, const ContexteTextes& contexte, QWidget* parent)
       arborescence_(contexte.corpus, contexte.parametres, contexte.sablier, contexte.libelle) {
     setObjectName(u"Textes"_s);
     setWindowTitle(contexte_.libelle(indice_));
-    setWindowIcon(collectionIcon(indice_));
+    setWindowIcon(iconedecollection(indice_));
     construit();
     charge();
     connecte();

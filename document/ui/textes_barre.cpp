@@ -2,8 +2,8 @@
 #include "core/cle.h"
 #include "document/ui/frmproperties.h"
 #include "document/ui/textes.h"
-#include "platform/widgets/richtextbox.h"
-#include "platform/widgets/toolbar.h"
+#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/text/richtextbox.h"
 
 namespace velm {
 

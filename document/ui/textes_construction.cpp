@@ -2,11 +2,11 @@
 #include "document/ui/blocrecherche.h"
 #include "document/ui/listedeliens.h"
 #include "document/ui/textes.h"
-#include "platform/widgets/flexgrid.h"
-#include "platform/widgets/richtextbox.h"
-#include "platform/widgets/splitterbar.h"
-#include "platform/widgets/toolbar.h"
-#include "platform/widgets/treeview.h"
+#include "platform/widgets/frame/splitterbar.h"
+#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/text/richtextbox.h"
+#include "platform/widgets/tree/treeview.h"
 
 #include <QKeyEvent>
 #include <QTableView>

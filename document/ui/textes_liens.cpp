@@ -6,10 +6,10 @@
 #include "document/ui/listedeliens.h"
 #include "document/ui/textes.h"
 #include "platform/system/addresses.h"
-#include "platform/widgets/flexgrid.h"
-#include "platform/widgets/icons.h"
-#include "platform/widgets/richtextbox.h"
-#include "platform/widgets/toolbar.h"
+#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/look/icons.h"
+#include "platform/widgets/text/richtextbox.h"
 
 #include <QMenu>
 

@@ -1,8 +1,8 @@
 // The words of a search in a document window: marks, the walk through them, and the block that looks words up.
 #include "document/ui/blocrecherche.h"
 #include "document/ui/textes.h"
-#include "platform/widgets/richtextbox.h"
-#include "platform/widgets/toolbar.h"
+#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/text/richtextbox.h"
 
 #include <QPointer>
 

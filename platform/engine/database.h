@@ -1,7 +1,7 @@
 #pragma once
 // A base of tables over SQLite, in the words the logic speaks: tables with named indexes, seeks, moves, bookmarks.
+#include "platform/base/obstacle.h"
 #include "platform/engine/schema.h"
-#include "platform/text/obstacle.h"
 
 #include <QByteArray>
 #include <QString>

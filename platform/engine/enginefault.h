@@ -1,6 +1,6 @@
 #pragma once
 // The engine's errors by their kinds. Internal to this room.
-#include "platform/text/obstacle.h"
+#include "platform/base/obstacle.h"
 
 #include <sqlite3.h>
 

@@ -1,6 +1,6 @@
 #pragma once
+#include "platform/base/failure.h"
 #include "platform/engine/database_p.h"
-#include "platform/text/failure.h"
 
 #include <optional>
 #include <span>

@@ -1,6 +1,6 @@
 #pragma once
-// What the engine knows of the two bases: their tables, fields and indexes by name. The tables are plain SQLite tables
-// of the same names; a text field that takes part in an ordered index has a stored BLOB key beside it (see sortKey()),
+// What the engine knows of a base: its tables, fields and indexes by name. The tables are plain SQLite tables of the
+// same names; a text field that takes part in an ordered index has a stored BLOB key beside it (see sortKey()),
 // so that any SQLite tool can read a base without a collation of ours.
 #include <QString>
 #include <QStringList>
@@ -23,7 +23,6 @@ struct IndexField {
 };
 
 /// Its name in the file is `<table>_<index>`. Rows that are equal in every field follow one another by row id.
-
 struct IndexDef {
     QString name;
     std::vector<IndexField> fields;
@@ -63,10 +62,5 @@ QString sideTable(const TableDef& table);
 std::vector<QString> tableStatements(const TableDef& table);
 /// The statement that makes one index of a table.
 QString indexStatement(const TableDef& table, const IndexDef& index);
-
-/// Tables of velm2000.dat.
-const Schema& corpusSchema();
-/// Tables of dossiers.dat.
-const Schema& dossiersSchema();
 
 } // namespace velm

@@ -71,7 +71,7 @@ void applyCharacter(CharLook& look, const Token& token, const std::vector<std::i
         look.script = 0;
         break;
     }
-    case Word::velmoffset: // the offset in twips where half points are too coarse
+    case Word::twipoffset: // the offset in twips where half points are too coarse
         look.offset = std::clamp(token.number, -largestSize * 10, largestSize * 10);
         look.script = 0;
         break;

@@ -1,8 +1,8 @@
 #include "platform/richtext/rtf_output.h"
 
+#include "platform/base/twips.h"
 #include "platform/richtext/rtf_picture.h"
 #include "platform/text/ansi.h"
-#include "platform/text/twips.h"
 
 #include <algorithm>
 #include <array>
@@ -244,7 +244,7 @@ void Output::endParagraph() {
 
 void Output::offset(int twips) {
     if (twips % 10 != 0)
-        word("velmoffset", twips); // finer than half points
+        word("twipoffset", twips); // finer than half points
     else if (twips < 0)
         word("dn", -twips / 10);
     else

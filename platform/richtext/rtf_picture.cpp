@@ -1,7 +1,7 @@
 #include "platform/richtext/rtf_picture.h"
 
+#include "platform/base/twips.h"
 #include "platform/richtext/rtf_scan.h"
-#include "platform/text/twips.h"
 
 #include <QtEndian>
 

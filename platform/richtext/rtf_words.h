@@ -19,7 +19,7 @@ namespace velm::rtf {
 #define VELM_RTF_FORMAT_WORDS(X) \
     X(b) X(i) X(ul) X(ulnone) X(uld) X(uldb) X(uldash) X(uldashd) X(uldashdd) X(ulth) X(ulw) X(ulwave) X(strike) \
     X(striked) X(v) X(fs) X(cf) X(cb) X(highlight) X(chcbpat) X(super) X(sub) X(nosupersub) X(up) X(dn) \
-    X(velmoffset) X(ql) X(qr) X(qc) X(qj) X(qd) X(li) X(fi) X(ri) X(sb) X(sa) X(sl) X(slmult) X(tx)
+    X(twipoffset) X(ql) X(qr) X(qc) X(qj) X(qd) X(li) X(fi) X(ri) X(sb) X(sa) X(sl) X(slmult) X(tx)
 // clang-format on
 
 enum class Word : std::uint8_t {

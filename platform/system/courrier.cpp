@@ -16,7 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 
 /// A message on its way. The command may run as long as the mail program does, or hand the message on and end.
 struct Envoi {
-    Envoi() : folder(joinPath(tempFolder(), u"velm2000-XXXXXX")) {}
+    Envoi() : folder(joinPath(tempFolder(), u"courriel-XXXXXX")) {}
 
     QTemporaryDir folder;
     QProcess process;

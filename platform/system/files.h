@@ -1,7 +1,7 @@
 #pragma once
 // Files and folders. Stored directories keep the form each step gave them (with or without the last separator); only
 // what is opened goes through joinPath().
-#include "platform/text/obstacle.h"
+#include "platform/base/obstacle.h"
 
 #include <QByteArray>
 #include <QDateTime>

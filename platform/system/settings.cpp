@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QStandardPaths>
 
 #include <cerrno>
 #include <utility>
@@ -18,11 +17,6 @@ constexpr int lockMilliseconds = 2000;
 
 ReglagesStore::ReglagesStore(QString path) : path_(std::move(path)) {
     load(document_);
-}
-
-QString ReglagesStore::defaultPath() {
-    return joinPath(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
-                    u"VELMORANTE2000/VELMORANTE2000.ini");
 }
 
 /// Reads the file; one that is not there is an empty one. False, with the reason in lastError_, when it is there and

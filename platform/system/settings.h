@@ -19,10 +19,7 @@ class ReglagesStore {
 public:
     /// Opens the settings of that file; a missing one is empty settings. One that is there but cannot be read gives
     /// empty settings too, sets lastError(), and is never written over.
-    explicit ReglagesStore(QString path = defaultPath());
-
-    /// VELMORANTE2000/VELMORANTE2000.ini in the user's configuration folder.
-    static QString defaultPath();
+    explicit ReglagesStore(QString path);
 
     QString path() const { return path_; }
 

@@ -61,13 +61,13 @@ int openPipe(const QString& path, int mode) {
 
 } // namespace
 
-QString SingleInstance::defaultFolder() {
+QString SingleInstance::defaultFolder(const QString& name) {
     const QString usual = QStringLiteral("/run/user/%1").arg(geteuid());
     for (const QString& runtime : {qEnvironmentVariable("XDG_RUNTIME_DIR"), usual}) {
         if (!runtime.isEmpty() && isOurs(runtime))
             return runtime;
     }
-    return joinPath(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation), u"velmorante2000");
+    return joinPath(QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation), name);
 }
 
 SingleInstance::SingleInstance(const QString& name, const QString& folder)

@@ -16,7 +16,7 @@ public:
     /// Tries for the lock of that name in that folder (which is made if need be). When the folder cannot be used, the
     /// lock is on the user's home folder itself: a later program still finds the first, but cannot ask it to come to
     /// the front. Without a home folder either, every program counts as the first.
-    explicit SingleInstance(const QString& name, const QString& folder = defaultFolder());
+    explicit SingleInstance(const QString& name, const QString& folder);
     ~SingleInstance();
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
@@ -24,8 +24,8 @@ public:
     SingleInstance& operator=(SingleInstance&&) = delete;
 
     /// A folder of this user alone, the same however the program is started: $XDG_RUNTIME_DIR or the one that the
-    /// system makes for a user who is at work, else a private one in the user's own cache.
-    static QString defaultFolder();
+    /// system makes for a user who is at work, else a private one of that name in the user's own cache.
+    static QString defaultFolder(const QString& name);
 
     /// True in the process that holds the lock, until this object ends.
     bool first() const { return first_; }

@@ -1,6 +1,6 @@
 #include "search/ui/bandecollections.h"
 
-#include "platform/widgets/look.h"
+#include "platform/widgets/look/look.h"
 
 #include <QBoxLayout>
 

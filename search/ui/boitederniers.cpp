@@ -1,6 +1,6 @@
 #include "search/ui/boitederniers.h"
 
-#include "platform/widgets/plaintext.h"
+#include "platform/widgets/look/plaintext.h"
 
 #include <QAbstractItemView>
 #include <QKeyEvent>

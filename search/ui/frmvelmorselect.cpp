@@ -1,8 +1,8 @@
 #include "search/ui/frmvelmorselect.h"
 
 #include "core/parametres.h"
-#include "platform/widgets/plaintext.h"
-#include "platform/widgets/toolbar.h"
+#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/look/plaintext.h"
 #include "search/ui/boitederniers.h"
 #include "search/ui/champdate.h"
 #include "search/ui/completionmots.h"

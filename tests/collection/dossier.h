@@ -1,6 +1,7 @@
 #pragma once
 // A source folder of its own for a test, compiled into a base beside it.
 #include "collection/collection.h"
+#include "core/schemas.h"
 #include "platform/engine/recordset.h"
 
 #include <QDir>

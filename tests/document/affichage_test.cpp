@@ -1,4 +1,5 @@
 #include "core/cle.h"
+#include "core/schemas.h"
 #include "document/affichage.h"
 #include "document_support.h"
 #include "fenetre_document.h"

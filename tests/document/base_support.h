@@ -1,6 +1,7 @@
 #pragma once
 // A small base of the tests, filled table by table and opened as the program does.
 #include "core/corpus.h"
+#include "core/schemas.h"
 
 #include <QTemporaryDir>
 

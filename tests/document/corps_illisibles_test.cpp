@@ -1,5 +1,6 @@
 // Bodies that cannot be read while a document is shown: an included one is passed over, and where the memory does not
 // suffice nothing is left of the document.
+#include "core/schemas.h"
 #include "document/affichage.h"
 #include "document_support.h"
 #include "fenetre_document.h"

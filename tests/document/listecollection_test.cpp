@@ -1,4 +1,5 @@
 #include "core/cle.h"
+#include "core/schemas.h"
 #include "document/listecollection.h"
 #include "tests/support/arret.h"
 

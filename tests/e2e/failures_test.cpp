@@ -1,5 +1,6 @@
 // The executable on what ends it: a setting that cannot be used, a base that lacks something, a signal. One box, exit
 // code 1, nothing on standard error, and never a crash.
+#include "core/schemas.h"
 #include "platform/engine/database.h"
 #include "platform/system/settings.h"
 #include "search/fichiercriteres.h"

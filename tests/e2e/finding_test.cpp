@@ -1,8 +1,8 @@
 // The road of one request: two words, the list, a document with its marks, and what else a hand does on the way.
 #include "document/ui/textes.h"
-#include "platform/widgets/flexgrid.h"
-#include "platform/widgets/richtextbox.h"
-#include "platform/widgets/toolbar.h"
+#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/text/richtextbox.h"
 #include "search/ui/frmvelmorselect.h"
 #include "shell/ecrangeneral.h"
 #include "shell/recherches.h"

@@ -6,8 +6,8 @@
 #include "platform/system/ui/qtdialogues.h"
 #include "platform/system/ui/qtimprimante.h"
 #include "platform/system/ui/qtoutside.h"
+#include "platform/system/ui/qtsablier.h"
 #include "shell/programme.h"
-#include "shell/qtsablier.h"
 
 #include <QTemporaryDir>
 

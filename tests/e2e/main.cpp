@@ -1,4 +1,4 @@
-#include "platform/widgets/look.h"
+#include "platform/widgets/look/look.h"
 
 #include <QApplication>
 #include <QThread>

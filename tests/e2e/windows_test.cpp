@@ -1,10 +1,10 @@
 // Real keys and clicks on the document windows: which control has the focus, what a window leaves behind that closes,
 // and what the next run makes of the places.
 #include "document/ui/textes.h"
-#include "platform/widgets/childarea.h"
-#include "platform/widgets/richtextbox.h"
-#include "platform/widgets/toolbar.h"
-#include "platform/widgets/treeview.h"
+#include "platform/widgets/frame/childarea.h"
+#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/text/richtextbox.h"
+#include "platform/widgets/tree/treeview.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
 #include "shell/volet.h"

@@ -1,6 +1,7 @@
 // Bases of any content, opened in memory and used in every way: an input is a whole base, or a list of changes to a
 // sound one.
-#include "platform/text/failure.h"
+#include "core/schemas.h"
+#include "platform/base/failure.h"
 #include "reserve.h"
 #include "tests/platform/engine/exercise.h"
 

@@ -1,6 +1,7 @@
 #include "tests/lancement/banc.h"
 
 #include "core/langue.h"
+#include "core/schemas.h"
 #include "platform/engine/recordset.h"
 #include "platform/system/settings.h"
 

@@ -4,7 +4,7 @@
 //   essai_lancement FOLDER COMMANDLINE ANSWERS DEEDS      (answers and deeds parted by commas)
 #include "document/ui/listedeliens.h"
 #include "document/ui/textes.h"
-#include "platform/widgets/look.h"
+#include "platform/widgets/look/look.h"
 #include "shell/application.h"
 #include "shell/ecrangeneral.h"
 #include "shell/lancement.h"

@@ -1,5 +1,6 @@
 #pragma once
 // A base whose documents have all the fields that criteria ask for, with or without the folded texts of their bodies.
+#include "core/schemas.h"
 #include "platform/richtext/foldtext.h"
 #include "platform/richtext/rtf.h"
 #include "search/recherchecriteres.h"

@@ -1,4 +1,3 @@
-#include "search/largeurvolet.h"
 #include "search/listeselection.h"
 #include "search/masques.h"
 
@@ -244,19 +243,6 @@ TEST_F(ListeSelectionTest, AGridSeesTheColumnsAtTheirFirstPlaces) {
     EXPECT_EQ(source->text(0, 0), u"a");
     EXPECT_EQ(liste.marque(5), ListeSelection::Marque::Ascendante);
     EXPECT_FALSE(source->sort(9, false));
-}
-
-TEST(LargeurVoletTest, ThePaneIsNeverNarrowerThanItsMinimum) {
-    LargeurVolet volet(4365);
-    EXPECT_EQ(volet.largeurliste(), 4305);
-    EXPECT_EQ(volet.largeurpane(), 4365);
-    volet.changelargeurliste(10);
-    EXPECT_EQ(volet.largeurliste(), 60);
-    EXPECT_EQ(volet.largeurpane(), 120);
-    volet.changelargeurliste(100'000);
-    EXPECT_EQ(volet.largeurliste(), 32'767);
-    EXPECT_EQ(LargeurVolet(-5).largeurliste(), 60);
-    EXPECT_EQ(LargeurVolet(1e300).largeurliste(), 32'767);
 }
 
 TEST_F(ListeSelectionTest, OrderAndWidthsAreTakenBackAsTheyWereStored) {

@@ -1,3 +1,4 @@
+#include "core/schemas.h"
 #include "platform/text/letters.h"
 #include "search/rechercherapide.h"
 #include "search/remplacecodes.h"

@@ -1,6 +1,6 @@
 #pragma once
 // A run-time error as an exception, for tests that must observe the end of the program.
-#include "platform/text/failure.h"
+#include "platform/base/failure.h"
 
 #include <stdexcept>
 #include <utility>

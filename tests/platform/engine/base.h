@@ -1,7 +1,7 @@
 #pragma once
 // A base in a folder of its own that goes with the test, and run-time errors that a test can see.
+#include "platform/base/failure.h"
 #include "platform/engine/recordset.h"
-#include "platform/text/failure.h"
 
 #include <QDir>
 #include <QTemporaryDir>

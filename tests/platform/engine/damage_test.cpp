@@ -1,4 +1,5 @@
 // Damaged bases: whatever is in the file, either it does not open, or a read ends in a run-time error, or it works.
+#include "core/schemas.h"
 #include "tests/platform/engine/base.h"
 #include "tests/platform/engine/exercise.h"
 

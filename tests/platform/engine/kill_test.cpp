@@ -1,4 +1,5 @@
 // A process that ends in the middle of a save leaves the old rows or the new ones, never some of both.
+#include "core/schemas.h"
 #include "tests/platform/engine/base.h"
 
 #ifdef Q_OS_UNIX

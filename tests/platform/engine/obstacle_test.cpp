@@ -1,4 +1,5 @@
 // What stood in the way of a base, by kind: without a look at the engine's words.
+#include "core/schemas.h"
 #include "platform/engine/rowreader.h"
 #include "tests/platform/engine/base.h"
 #include "tests/support/full_disk.h"

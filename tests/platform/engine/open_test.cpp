@@ -1,4 +1,5 @@
 // What opens, what does not, and what each failure is called.
+#include "core/schemas.h"
 #include "tests/platform/engine/base.h"
 #include "tests/support/without_rights.h"
 

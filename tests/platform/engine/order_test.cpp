@@ -1,4 +1,5 @@
 // Every order, every seek and every move against a plain sorted list, on bases of all kinds.
+#include "core/schemas.h"
 #include "platform/engine/database_p.h"
 #include "platform/text/letters.h"
 #include "tests/platform/engine/base.h"

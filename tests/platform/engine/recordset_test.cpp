@@ -1,3 +1,4 @@
+#include "core/schemas.h"
 #include "tests/platform/engine/base.h"
 
 #include <QFile>

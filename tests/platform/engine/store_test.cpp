@@ -1,4 +1,5 @@
 // The store that the program writes: edits, transactions, full disks.
+#include "core/schemas.h"
 #include "tests/platform/engine/base.h"
 
 namespace velm::testing {

@@ -1,3 +1,4 @@
+#include "core/schemas.h"
 #include "platform/engine/database_p.h"
 #include "tests/platform/engine/base.h"
 

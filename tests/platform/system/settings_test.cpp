@@ -43,11 +43,6 @@ TEST_F(Reglages, AnEmptyStoreGivesTheDefaultsAndCreatesNoFile) {
     EXPECT_FALSE(QFile::exists(path));
 }
 
-TEST_F(Reglages, TheFileLiesInTheUsersConfigurationFolder) {
-    EXPECT_TRUE(ReglagesStore::defaultPath().endsWith(u"/VELMORANTE2000/VELMORANTE2000.ini"));
-    EXPECT_FALSE(ReglagesStore::defaultPath().contains(u"//"));
-}
-
 TEST_F(Reglages, ASavedValueIsThereAtTheNextStart) {
     {
         ReglagesStore store(path);

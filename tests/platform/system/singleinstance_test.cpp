@@ -202,22 +202,22 @@ TEST_F(Instance, WithoutARuntimeFolderThereIsAPrivateOneInTheCache) {
     const EnvironmentVariable cache("XDG_CACHE_HOME", folder.filePath(u"cache"_s));
     for (const QString& runtime : {QString(), folder.filePath(u"absent"_s), u"/tmp"_s}) {
         const EnvironmentVariable without("XDG_RUNTIME_DIR", runtime);
-        EXPECT_EQ(SingleInstance::defaultFolder(), folder.filePath(u"cache/velmorante2000"_s));
+        EXPECT_EQ(SingleInstance::defaultFolder(u"velmorante2000"_s), folder.filePath(u"cache/velmorante2000"_s));
     }
     const EnvironmentVariable none("XDG_RUNTIME_DIR", QString());
-    const SingleInstance first(name);
+    const SingleInstance first(name, SingleInstance::defaultFolder(u"velmorante2000"_s));
     EXPECT_TRUE(first.first());
     struct stat info {};
-    ASSERT_EQ(stat(QFile::encodeName(SingleInstance::defaultFolder()).constData(), &info), 0);
+    ASSERT_EQ(stat(QFile::encodeName(SingleInstance::defaultFolder(u"velmorante2000"_s)).constData(), &info), 0);
     EXPECT_EQ(info.st_mode & 07777U, 0700U);
     // Where temporary files go has no say in it.
     const EnvironmentVariable temporary("TMPDIR", folder.filePath(u"elsewhere"_s));
-    EXPECT_FALSE(SingleInstance(name).first());
+    EXPECT_FALSE(SingleInstance(name, SingleInstance::defaultFolder(u"velmorante2000"_s)).first());
 }
 
 TEST_F(Instance, ARuntimeFolderOfTheUsersOwnIsTaken) {
     const EnvironmentVariable runtime("XDG_RUNTIME_DIR", folder.path());
-    EXPECT_EQ(SingleInstance::defaultFolder(), folder.path());
+    EXPECT_EQ(SingleInstance::defaultFolder(u"velmorante2000"_s), folder.path());
 }
 
 TEST_F(Instance, SomethingElseInPlaceOfThePipeIsNotWrittenTo) {

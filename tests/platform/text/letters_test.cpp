@@ -1,5 +1,5 @@
+#include "platform/base/twips.h"
 #include "platform/text/letters.h"
-#include "platform/text/twips.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

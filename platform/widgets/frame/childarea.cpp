@@ -1,0 +1,307 @@
+#include "platform/widgets/frame/childarea.h"
+
+#include "platform/base/twips.h"
+#include "platform/widgets/frame/childframe.h"
+#include "platform/widgets/look/look.h"
+
+#include <QApplication>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QScopeGuard>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace velm {
+
+ChildArea::ChildArea(QWidget* parent) : QMdiArea(parent) {
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setActivationOrder(ActivationHistoryOrder); // closing one brings the one used before forward
+    connect(this, &QMdiArea::subWindowActivated, this, &ChildArea::tellActive);
+    connect(this, &ChildArea::childHid, this, &ChildArea::hideFrames, Qt::QueuedConnection);
+    // Connected before any window is: they answer a click into one of their controls by becoming the active one, and
+    // then it must be known which one has the focus. What is hidden has it only on its way to another one.
+    connect(qApp, &QApplication::focusChanged, this, [](const QWidget*, QWidget* now) {
+        ChildFrame* frame = ChildFrame::around(now);
+        if (!frame)
+            return;
+        if (now != frame->widget() && now->isVisible())
+            frame->rememberControl(now);
+        // A child may choose a control when it becomes the active one; in an icon nobody would see where the keys go.
+        if (frame->isMinimized() && !now->isVisible())
+            frame->setFocus();
+    });
+}
+
+ChildArea::~ChildArea() {
+    // The windows go while there is somebody to forget them.
+    disconnect(this, &QMdiArea::subWindowActivated, this, nullptr);
+    qDeleteAll(subWindowList());
+}
+
+QMdiSubWindow* ChildArea::add(QWidget* child) {
+    if (QMdiSubWindow* known = around(child))
+        return known;
+    child->hide();
+    // The ground may have a pointer of its own, which is not that of the windows on it.
+    if (!child->testAttribute(Qt::WA_SetCursor))
+        child->setCursor(Qt::ArrowCursor);
+    auto* frame = new ChildFrame(child);
+    addSubWindow(frame);
+    frame->hide(); // in so many words, or it would appear with the area
+    // A frame without its child is worth nothing.
+    connect(child, &QObject::destroyed, frame, &QObject::deleteLater);
+    // The toolkit makes an icon active, too, when it was used last; its controls have the focus then, and nobody sees
+    // it. Between the two of them nothing is connected any more by now.
+    connect(frame, &ChildFrame::closed, frame, [this] {
+        if (const ChildFrame* current = front(); current && current->isMinimized())
+            setActiveSubWindow(lastUsed(nullptr));
+    });
+    return frame;
+}
+
+ChildFrame* ChildArea::frameOf(const QWidget* child) const {
+    auto* frame = child ? qobject_cast<ChildFrame*>(child->parentWidget()) : nullptr;
+    return frame && frame->widget() == child && subWindowList().contains(frame) ? frame : nullptr;
+}
+
+QMdiSubWindow* ChildArea::around(const QWidget* child) const {
+    return frameOf(child);
+}
+
+QList<ChildFrame*> ChildArea::frames(WindowOrder order) const {
+    QList<ChildFrame*> all;
+    for (QMdiSubWindow* window : subWindowList(order)) {
+        if (auto* frame = qobject_cast<ChildFrame*>(window))
+            all << frame;
+    }
+    return all;
+}
+
+QPoint ChildArea::scrolled() const {
+    return {horizontalScrollBar()->value(), verticalScrollBar()->value()};
+}
+
+void ChildArea::place(QWidget* child, int state, int left, int top, int width, int height) {
+    ChildFrame* frame = frameOf(child);
+    if (!frame)
+        return;
+    ChildWish wish{{pixelsFromTwips(left), pixelsFromTwips(top), pixelsFromTwips(width), pixelsFromTwips(height)}, {}};
+    for (const ChildFrame* other : frames())
+        wish.rank += other->isHidden() ? 0 : 1;
+    frame->wish(wish, state);
+}
+
+int ChildArea::stateOf(const QWidget* child) const {
+    const ChildFrame* frame = frameOf(child);
+    if (!frame)
+        return Normal;
+    if (frame->wishedState() != Normal)
+        return frame->wishedState();
+    return frame->isMinimized() ? Minimised : frame->isMaximized() ? Maximised : Normal;
+}
+
+QRect ChildArea::twipsOf(const QWidget* child) const {
+    const ChildFrame* frame = frameOf(child);
+    if (!frame)
+        return {};
+    const QRect place = frame->geometry().translated(scrolled());
+    return {twipsFromPixels(place.x()), twipsFromPixels(place.y()), twipsFromPixels(place.width()),
+            twipsFromPixels(place.height())};
+}
+
+void ChildArea::showPlaced(QWidget* child) {
+    ChildFrame* frame = frameOf(child);
+    if (!frame)
+        return;
+    const int state = frame->takeWishedState();
+    const ChildFrame* before = front();
+    const bool filling = state == Maximised || (before && before != frame && before->isMaximized());
+    if (state == Minimised || filling)
+        frame->delayPlace();
+    if (state == Minimised) {
+        child->show();
+        frame->showMinimized();
+        return;
+    }
+    // Shown at once in the state that it shall have.
+    const bool updating = updatesEnabled();
+    setUpdatesEnabled(false);
+    const auto again = qScopeGuard([&] { setUpdatesEnabled(updating); });
+    child->show();
+    if (filling)
+        frame->showMaximized();
+    else
+        frame->show();
+    focus(*frame);
+}
+
+void ChildArea::activate(QWidget* child) {
+    ChildFrame* frame = frameOf(child);
+    if (!frame)
+        return;
+    if (frame->wishedState() == Minimised)
+        frame->takeWishedState();
+    if (frame->isHidden())
+        showPlaced(child);
+    if (frame->isMinimized())
+        frame->showNormal();
+    focus(*frame);
+}
+
+void ChildArea::focus(ChildFrame& frame) {
+    const QWidget* before = told_;
+    setActiveSubWindow(&frame);
+    if (before != told_ || !frame.hasFocusInside())
+        frame.giveFocus(Qt::ActiveWindowFocusReason);
+}
+
+/// The window that was used last of those that are shown, icons last.
+ChildFrame* ChildArea::lastUsed(const ChildFrame* except) const {
+    ChildFrame* last = nullptr;
+    for (ChildFrame* frame : frames(ActivationHistoryOrder)) {
+        const bool better = !last || !frame->isMinimized() || last->isMinimized();
+        if (frame != except && !frame->isHidden() && better)
+            last = frame;
+    }
+    return last;
+}
+
+ChildFrame* ChildArea::front() const {
+    auto* current = qobject_cast<ChildFrame*>(currentSubWindow());
+    return current && !current->isHidden() ? current : lastUsed(nullptr);
+}
+
+void ChildArea::hideChild(QWidget* child) {
+    ChildFrame* frame = frameOf(child);
+    if (!frame)
+        return;
+    // The next one comes forward first, so that it takes over a maximised one's place.
+    if (front() == frame)
+        setActiveSubWindow(lastUsed(frame));
+    frame->hide();
+    tellActive();
+}
+
+QWidget* ChildArea::activeChild() const {
+    const ChildFrame* frame = front();
+    return frame ? frame->widget() : nullptr;
+}
+
+void ChildArea::tellActive() {
+    QWidget* active = activeChild();
+    if (told_ == active)
+        return;
+    told_ = active;
+    // Before the toolkit looks for a control by itself.
+    if (ChildFrame* frame = frameOf(active))
+        frame->giveFocus(Qt::ActiveWindowFocusReason);
+    emit childActivated(active);
+}
+
+std::vector<QWidget*> ChildArea::children() const {
+    std::vector<QWidget*> all;
+    for (const ChildFrame* frame : frames()) {
+        if (QWidget* child = frame->widget())
+            all.push_back(child);
+    }
+    return all;
+}
+
+QList<ChildFrame*> ChildArea::arrangeable(WindowOrder order) const {
+    QList<ChildFrame*> windows = frames(order);
+    windows.removeIf([](const ChildFrame* frame) { return frame->isHidden() || frame->isMinimized(); });
+    return windows;
+}
+
+QSize ChildArea::roomForArranging() const {
+    QSize room = maximumViewportSize();
+    for (const ChildFrame* frame : frames()) {
+        if (!frame->isHidden() && frame->isMinimized())
+            return room - QSize(0, frame->height());
+    }
+    return room;
+}
+
+void ChildArea::arrange(Arrangement arrangement) {
+    const bool updating = updatesEnabled();
+    setUpdatesEnabled(false);
+    const auto again = qScopeGuard([&] { setUpdatesEnabled(updating); });
+    const bool cascading = arrangement == Arrangement::Cascade;
+    // The active window lies on top; in a cascade that is the last place.
+    const QList<ChildFrame*> windows = arrangeable(cascading ? StackingOrder : CreationOrder);
+    std::vector<QSize> least;
+    for (ChildFrame* frame : windows) {
+        frame->forgetWish();
+        if (frame->isMaximized())
+            frame->showNormal();
+        least.push_back(frame->leastSize());
+    }
+    horizontalScrollBar()->setValue(0);
+    verticalScrollBar()->setValue(0);
+    const auto along = arrangement == Arrangement::TileHorizontal ? Qt::Vertical : Qt::Horizontal;
+    const int bar = verticalScrollBar()->sizeHint().width();
+    const auto places =
+        cascading ? cascadePlaces(least, roomForArranging()) : tilePlaces(least, roomForArranging(), along, bar);
+    for (ChildFrame* frame : frames())
+        frame->setTile({});
+    for (std::size_t index = 0; index < places.size(); ++index) {
+        ChildFrame* frame = windows[static_cast<qsizetype>(index)];
+        frame->setGeometry(places[index]);
+        frame->setTile(cascading ? QRect() : places[index]);
+    }
+    tiles_ = windows.size();
+    tiling_ = arrangement;
+}
+
+/// Whether the tiles lie as they were laid, and nothing beside them.
+bool ChildArea::isTiled() const {
+    const QList<ChildFrame*> windows = arrangeable(CreationOrder);
+    return windows.size() == tiles_ &&
+           std::ranges::all_of(windows, [](const ChildFrame* frame) { return frame->liesInItsTile(); });
+}
+
+void ChildArea::setBack(const QPixmap& picture, const QColor& colour) {
+    picture_ = picture;
+    colour_ = colour;
+    viewport()->update();
+}
+
+QColor ChildArea::shownColour() const {
+    return colour_.isValid() ? colour_ : palette().color(QPalette::Window).darker(112);
+}
+
+void ChildArea::paintEvent(QPaintEvent* event) {
+    QPainter painter(viewport());
+    painter.fillRect(event->rect(), shownColour());
+    if (picture_.isNull())
+        return;
+    const QSize size = picture_.deviceIndependentSize().toSize();
+    painter.drawPixmap((viewport()->width() - size.width()) / 2, (viewport()->height() - size.height()) / 2, picture_);
+}
+
+void ChildArea::resizeEvent(QResizeEvent* event) {
+    QMdiArea::resizeEvent(event);
+    for (ChildFrame* frame : frames())
+        frame->followArea();
+    if (isTiled())
+        arrange(tiling_);
+    viewport()->update();
+}
+
+void ChildArea::scrollContentsBy(int dx, int dy) {
+    QMdiArea::scrollContentsBy(dx, dy);
+    viewport()->update(); // the picture stays in the middle
+}
+
+bool ChildArea::viewportEvent(QEvent* event) {
+    const bool handled = QMdiArea::viewportEvent(event);
+    // The one used before may be hidden: then the next one after it.
+    if (event->type() == QEvent::ChildRemoved && !activeSubWindow() && front())
+        setActiveSubWindow(front());
+    return handled;
+}
+
+} // namespace velm

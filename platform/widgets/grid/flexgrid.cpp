@@ -1,0 +1,241 @@
+#include "platform/base/twips.h"
+#include "platform/widgets/grid/flexgrid_p.h"
+#include "platform/widgets/grid/tablemime.h"
+
+#include <QClipboard>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+namespace velm {
+std::vector<QStringList> FlexGrid::Private::selected(bool hidden) const {
+    std::vector<QStringList> rows;
+    if (view->end() < 0)
+        return rows;
+    const auto [first, last] = std::minmax({view->anchor(), view->end()});
+    for (int row = first; row <= last; ++row) {
+        QStringList& cells = rows.emplace_back();
+        for (int place = 0; place < model.columnCount(); ++place) {
+            if (hidden || !view->header().isSectionHidden(logical(place)))
+                cells.append(model.text(row, logical(place)));
+        }
+    }
+    return rows;
+}
+
+FlexGrid::FlexGrid(QWidget* parent) : QWidget(parent), d_(std::make_unique<Private>(this)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(d_->view);
+    setFocusProxy(d_->view);
+    GridView& view = *d_->view;
+    view.onClicked = [this](int row, int place) { emit clicked(row + 1, place); };
+    view.onDoubleClicked = [this](int row, int place) { emit doubleClicked(row + 1, place); };
+    view.onRightClicked = [this](int row, int place, const QPoint& at) { emit rightClicked(row + 1, place, at); };
+    view.onActivated = [this](int row) { emit activated(row + 1); };
+    view.onDelete = [this] { emit deletePressed(); };
+    view.onCopy = [this] {
+        // Without a row, what the clipboard holds stays.
+        if (const std::vector<QStringList> rows = d_->selected(false); !rows.empty())
+            QGuiApplication::clipboard()->setMimeData(tableMime(rows).release());
+    };
+    GridHeader& header = view.header();
+    header.onClicked = [this](int place) { emit clicked(0, place); };
+    header.onDoubleClicked = [this](int place) { emit doubleClicked(0, place); };
+    header.onRightClicked = [this](int place, const QPoint& at) { emit rightClicked(0, place, at); };
+    connect(&header, &QHeaderView::sectionMoved, this, [this](int, int from, int to) {
+        if (!d_->arranging)
+            emit columnMoved(from, to);
+    });
+    connect(&header, &QHeaderView::sectionResized, this, [this](int column, int, int size) {
+        if (!d_->arranging && column != d_->stretched && size > 0)
+            d_->model.column(column).twips = twipsFromPixels(size);
+    });
+}
+
+FlexGrid::~FlexGrid() {
+    // Before its model goes.
+    delete d_->view;
+}
+
+// ---- rows
+
+int FlexGrid::rows() const {
+    return d_->model.count() + 1;
+}
+
+void FlexGrid::setRows(int count) {
+    d_->goHome = d_->goHome || (count <= 1 && !redraw());
+    d_->model.resize(count - 1);
+    d_->clampSelection();
+}
+
+void FlexGrid::addItem(const QString& cells) {
+    d_->model.append(cells, d_->order());
+}
+
+void FlexGrid::addItems(const std::vector<QStringList>& rows) {
+    d_->model.append(rows, d_->order());
+}
+
+void FlexGrid::removeItem(int row) {
+    if (row < 1 || row >= rows() || source())
+        return;
+    const auto moved = [removed = row - 1](int at) { return at > removed ? at - 1 : at; };
+    const int anchor = moved(d_->view->anchor());
+    const int end = moved(d_->view->end());
+    d_->view->whileChanging([this, row] { d_->model.remove(row - 1); });
+    d_->view->select(anchor, end, false);
+}
+
+QString FlexGrid::text(int row, int col) const {
+    if (!d_->hasPlace(col))
+        return {};
+    return row == 0 ? headerCell(col) : d_->model.text(row - 1, d_->logical(col));
+}
+
+void FlexGrid::setText(int row, int col, const QString& text) {
+    if (!d_->hasPlace(col))
+        return;
+    if (row == 0) {
+        setHeaderCell(col, text);
+        return;
+    }
+    d_->model.setText(row - 1, d_->logical(col), text);
+    // Neighbours may be one cell with this one now, or no more.
+    if (redraw() && mergeCells())
+        d_->view->viewport()->update();
+}
+
+void FlexGrid::setSource(std::unique_ptr<GridSource> source) {
+    d_->model.setSource(std::move(source));
+    d_->view->select(-1, -1, false);
+    showFirst();
+}
+
+GridSource* FlexGrid::source() const {
+    return d_->model.source();
+}
+
+// ---- order
+
+bool FlexGrid::sort(int col, bool descending) {
+    if (!d_->hasPlace(col))
+        return false;
+    GridView& view = *d_->view;
+    GridRows& memory = d_->model.rows();
+    const bool all = view.anchor() != view.end() && selectedRows() == std::pair(1, rows() - 1);
+    const int followed = source() || view.anchor() < 0 ? -1 : memory.identity(view.anchor());
+    if (!d_->model.sortBy(d_->logical(col), descending))
+        return false;
+    for (int place = 0; place < cols(); ++place)
+        setSortMark(place, place != col ? Mark::None : descending ? Mark::Descending : Mark::Ascending);
+    if (!all) {
+        const int row = followed < 0 ? -1 : memory.find(followed);
+        view.select(row, row, true);
+        if (row < 0)
+            showFirst();
+    }
+    return true;
+}
+
+void FlexGrid::setMergeCells(bool merge) {
+    d_->view->setMerging(merge);
+}
+
+bool FlexGrid::mergeCells() const {
+    return d_->view->merging();
+}
+
+bool FlexGrid::joinsAbove(int row, int col) const {
+    return d_->hasPlace(col) && row >= 1 && d_->view->joinsAbove(row - 1, col);
+}
+
+// ---- selection
+
+int FlexGrid::row() const {
+    return d_->view->anchor() + 1;
+}
+
+int FlexGrid::rowSel() const {
+    return d_->view->end() + 1;
+}
+
+void FlexGrid::setRow(int row) {
+    d_->view->select(row - 1, row - 1, true);
+}
+
+void FlexGrid::setRowSel(int row) {
+    if (row < 1)
+        return;
+    const int anchor = d_->view->anchor();
+    d_->view->select(anchor < 0 ? row - 1 : anchor, row - 1, true);
+}
+
+void FlexGrid::selectAll() {
+    d_->view->selectAll();
+}
+
+std::pair<int, int> FlexGrid::selectedRows() const {
+    return std::minmax({row(), rowSel()});
+}
+
+QString FlexGrid::clip() const {
+    QStringList lines;
+    for (const QStringList& cells : d_->selected(true))
+        lines << cells.join(u'\t');
+    return lines.join(u'\r');
+}
+
+int FlexGrid::topRow() const {
+    return d_->view->topRow() + 1;
+}
+
+void FlexGrid::setTopRow(int row) {
+    d_->view->setTopRow(row - 1);
+}
+
+void FlexGrid::showFirst() {
+    d_->goHome = !redraw();
+    if (redraw())
+        setTopRow(1);
+}
+
+void FlexGrid::setRedraw(bool on) {
+    if (on == redraw())
+        return;
+    if (!on) {
+        d_->view->setUpdatesEnabled(false);
+        d_->model.setSilent(true);
+        return;
+    }
+    d_->view->whileChanging([this] { d_->model.setSilent(false); });
+    d_->view->select(d_->view->anchor(), d_->view->end(), false);
+    if (std::exchange(d_->goHome, false))
+        d_->view->setTopRow(0);
+    d_->view->setUpdatesEnabled(true);
+}
+
+bool FlexGrid::redraw() const {
+    return !d_->model.silent();
+}
+
+QTableView* FlexGrid::view() const {
+    return d_->view;
+}
+
+bool FlexGrid::event(QEvent* event) {
+    // The view has the focus: it must bear the name that the list was given.
+    if (event->type() == QEvent::Polish || event->type() == QEvent::Show)
+        d_->view->setAccessibleName(accessibleName());
+    return QWidget::event(event);
+}
+
+void FlexGrid::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        d_->view->takeFont();
+}
+
+} // namespace velm

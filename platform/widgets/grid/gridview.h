@@ -1,0 +1,124 @@
+#pragma once
+// The view inside a grid: paints rows, merges equal neighbours, and turns mouse and keyboard into a selection that is
+// always one range of rows. Rows count from 0 here, -1 is none; columns ("places") as they stand on the screen.
+#include "platform/widgets/grid/gridheader.h"
+#include "platform/widgets/grid/gridmodel.h"
+
+#include <QBasicTimer>
+#include <QElapsedTimer>
+#include <QTableView>
+
+#include <functional>
+
+namespace velm {
+
+class GridView : public QTableView {
+public:
+    GridView(GridModel& model, QWidget* parent);
+
+    std::function<void(int row, int place)> onClicked;
+    std::function<void(int row, int place)> onDoubleClicked;
+    std::function<void(int row, int place, const QPoint& global)> onRightClicked;
+    std::function<void(int row)> onActivated;
+    std::function<void()> onDelete;
+    std::function<void()> onCopy;
+
+    GridHeader& header() const { return *header_; }
+    int placeOf(int logical) const { return header_->visualIndex(logical); }
+    int logicalAt(int place) const { return header_->logicalIndex(place); }
+    /// Row height and header font follow the view's font.
+    void takeFont();
+
+    // ---- selection
+    int anchor() const { return anchor_; }
+    int end() const { return end_; }
+    bool isSelected(int row) const { return row >= std::min(anchor_, end_) && row <= std::max(anchor_, end_); }
+    /// The range from one row to another; `reveal` scrolls the second one into view.
+    void select(int anchor, int end, bool reveal);
+    /// Brings the selection model in line, after the model was reset.
+    void restoreSelection();
+    /// A change of the model that moves rows: the selection is set anew behind it.
+    template <typename Change>
+    void whileChanging(Change change) {
+        const bool before = std::exchange(syncing_, true);
+        change();
+        syncing_ = before;
+    }
+    void selectAll() override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    int topRow() const;
+    void setTopRow(int row);
+    /// Asks the rows whose text begins so, from a row on and around.
+    int lookUp(const QString& beginning, int from) const;
+
+    // ---- merging
+    void setMerging(bool merging);
+    bool merging() const { return merging_; }
+    /// Whether a cell is shown as one with the cell above it.
+    bool joinsAbove(int row, int place) const { return place < joined(row); }
+    /// Whether a cell is the first one of its merged group that can be seen: the one that shows the text.
+    bool showsText(int row, int place) const { return row == topRow() || !joinsAbove(row, place); }
+    QRect cellRect(int row, int place) const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    bool event(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyboardSearch(const QString& search) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    struct Delegate;
+
+    /// Number of places, from the left, that a row shows as one with the row above.
+    int joined(int row) const;
+    int joinedNow(int row) const;
+    /// Right of the last column, rows go on.
+    void paintBeside();
+    int pageRows() const;
+    int firstPlace() const;
+    int placeAt(int x) const;
+    bool moveKey(const QKeyEvent& event);
+    void moveTo(int row, bool extend);
+    void dragTo(int y);
+    void settlePress();
+    void adoptSelection();
+    void revealEnd();
+    int lookUpWalking(const QString& beginning, int from, int count, int logical) const;
+
+    GridModel& model_;
+    GridHeader* header_;
+    int anchor_ = -1;
+    int end_ = -1;
+    bool syncing_ = false;
+    bool merging_ = false;
+    bool revealWhenShown_ = false;
+
+    /// Of the rows that are being painted; empty otherwise.
+    std::vector<int> joins_;
+    int joinsFrom_ = 0;
+
+    // ---- the press of a button
+    int pressRow_ = -1;
+    int pressPlace_ = -1;
+    bool dragging_ = false;
+    bool doubled_ = false; ///< the release that follows ends a double click
+    int waiting_ = -1;     ///< row of a selection that shrinks to it, unless a double click follows
+    QBasicTimer waitTimer_;
+    QBasicTimer scrollTimer_;
+    int dragY_ = 0;
+
+    QString typed_;
+    QElapsedTimer typedAt_;
+};
+
+} // namespace velm

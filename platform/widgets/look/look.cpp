@@ -1,0 +1,146 @@
+#include "platform/widgets/look/look.h"
+
+#include "platform/widgets/look/framestyle.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QPixmapCache>
+#include <QStyleFactory>
+
+#include <array>
+
+namespace velm::look {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Tones {
+    QRgb window, base, alternate, text, quiet, button, midlight, light, mid, dark, highlight, highlighted, link,
+        visited;
+};
+
+constexpr Tones lightTones{0xFFF3F4F6, 0xFFFFFFFF, 0xFFF7F8FA, ink,        0xFF6B7480, 0xFFF3F4F6, 0xFFE6E8EC,
+                           0xFFFFFFFF, 0xFFC3C8CF, 0xFF9AA1AB, 0xFF2C67A0, 0xFFFFFFFF, accent,     0xFF6A4C86};
+constexpr Tones darkTones{0xFF26292E, 0xFF1E2125, 0xFF23262B, 0xFFE4E7EB, 0xFF8F97A2, 0xFF2E3238, 0xFF383D44,
+                          0xFF454B53, 0xFF1A1C20, 0xFF131518, 0xFF2F6194, 0xFFFFFFFF, 0xFF7FB2E5, 0xFFB79BD6};
+
+const Tones& tones(Theme theme) {
+    return theme == Theme::Light ? lightTones : darkTones;
+}
+
+QColor mixed(const QColor& a, const QColor& b, double part) {
+    const auto mix = [part](int x, int y) { return qRound(x + (y - x) * part); };
+    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
+}
+
+bool isLight(const QColor& colour) {
+    return qGray(colour.rgb()) >= 128;
+}
+
+} // namespace
+
+QPalette palette(Theme theme) {
+    const Tones& t = tones(theme);
+    QPalette p;
+    p.setColor(QPalette::Window, QColor::fromRgb(t.window));
+    p.setColor(QPalette::WindowText, QColor::fromRgb(t.text));
+    p.setColor(QPalette::Base, QColor::fromRgb(t.base));
+    p.setColor(QPalette::AlternateBase, QColor::fromRgb(t.alternate));
+    p.setColor(QPalette::Text, QColor::fromRgb(t.text));
+    p.setColor(QPalette::PlaceholderText, QColor::fromRgb(t.quiet));
+    p.setColor(QPalette::Button, QColor::fromRgb(t.button));
+    p.setColor(QPalette::ButtonText, QColor::fromRgb(t.text));
+    p.setColor(QPalette::BrightText, Qt::white);
+    p.setColor(QPalette::Light, QColor::fromRgb(t.light));
+    p.setColor(QPalette::Midlight, QColor::fromRgb(t.midlight));
+    p.setColor(QPalette::Mid, QColor::fromRgb(t.mid));
+    p.setColor(QPalette::Dark, QColor::fromRgb(t.dark));
+    p.setColor(QPalette::Shadow, Qt::black);
+    p.setColor(QPalette::Highlight, QColor::fromRgb(t.highlight));
+    p.setColor(QPalette::HighlightedText, QColor::fromRgb(t.highlighted));
+    p.setColor(QPalette::Link, QColor::fromRgb(t.link));
+    p.setColor(QPalette::LinkVisited, QColor::fromRgb(t.visited));
+    p.setColor(QPalette::ToolTipBase, QColor::fromRgb(t.base));
+    p.setColor(QPalette::ToolTipText, QColor::fromRgb(t.text));
+    const QColor faded = mixed(QColor::fromRgb(t.window), QColor::fromRgb(t.text), 0.4);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        p.setColor(QPalette::Disabled, role, faded);
+    }
+    p.setColor(QPalette::Disabled, QPalette::Highlight, QColor::fromRgb(t.mid));
+    return p;
+}
+
+QColor accentColour(Theme theme) {
+    return QColor::fromRgb(tones(theme).link);
+}
+
+QColor warningColour(Theme theme) {
+    return theme == Theme::Light ? QColor::fromRgb(warning) : QColor(0xE5, 0x8C, 0x96);
+}
+
+Theme themeOf(const QPalette& palette) {
+    return isLight(palette.color(QPalette::Window)) ? Theme::Light : Theme::Dark;
+}
+
+void apply(QApplication& application, Theme theme) {
+    if (QStyle* style = QStyleFactory::create(u"Fusion"_s)) {
+        QApplication::setStyle(new FrameStyle(style));
+    }
+    QApplication::setPalette(palette(theme));
+    // The style keeps its buttons of every width in there: more than this is never used again.
+    QPixmapCache::setCacheLimit(3 * 1024);
+    application.setProperty("thème", theme == Theme::Light ? u"clair"_s : u"sombre"_s);
+}
+
+Sheet sheet(const QColor& paper, const QPalette& around) {
+    const bool lightPaper = isLight(paper);
+    Sheet s;
+    s.paper = paper;
+    s.ink = lightPaper ? QColor::fromRgb(ink) : QColor::fromRgb(darkTones.text);
+    s.link = lightPaper ? QColor::fromRgb(accent) : QColor::fromRgb(darkTones.link);
+    s.rule = mixed(paper, s.ink, 0.28);
+    const bool lightAround = themeOf(around) == Theme::Light;
+    s.surface = lightAround ? mixed(around.color(QPalette::Window), Qt::black, 0.035) : QColor::fromRgb(darkTones.base);
+    s.edge = mixed(s.surface, lightAround ? QColor::fromRgb(ink) : QColor(Qt::black), lightAround ? 0.12 : 0.5);
+    return s;
+}
+
+QStringList serifFamilies() {
+    return {u"Liberation Serif"_s, u"Georgia"_s, u"DejaVu Serif"_s};
+}
+
+QStringList sansFamilies() {
+    return {u"Liberation Sans"_s, u"Arial"_s, u"DejaVu Sans"_s};
+}
+
+QStringList fixedFamilies() {
+    return {u"Liberation Mono"_s, u"Courier New"_s, u"DejaVu Sans Mono"_s};
+}
+
+QFont documentFont() {
+    QFont font;
+    for (const QString& family : serifFamilies()) {
+        if (QFontDatabase::hasFamily(family)) {
+            font.setFamilies({family});
+            break;
+        }
+    }
+    font.setStyleHint(QFont::Serif);
+    font.setPointSizeF(documentPoints);
+    return font;
+}
+
+QColor hue(int number, Theme theme) {
+    // Equal perceived lightness and colourfulness; neighbours lie far apart on the circle of hues.
+    static constexpr std::array<QRgb, 12> onLight{0xFF2666A2, 0xFF9A4446, 0xFF217541, 0xFF5B59A2,
+                                                  0xFF944E15, 0xFF067369, 0xFF7C4D8F, 0xFF7C5E04,
+                                                  0xFF026F84, 0xFF91456E, 0xFF5C6C07, 0xFF5F6771};
+    static constexpr std::array<QRgb, 12> onDark{0xFF70B0F1, 0xFFEB8C8B, 0xFF70C086, 0xFFA0A1F1,
+                                                 0xFFE39663, 0xFF3DC2B4, 0xFFC794DC, 0xFFCBA64D,
+                                                 0xFF3FBCDA, 0xFFE08CB7, 0xFFA3B55E, 0xFFA7AFB9};
+    const auto index = static_cast<std::size_t>(std::clamp(number, 0, 11));
+    return QColor::fromRgb(theme == Theme::Light ? onLight.at(index) : onDark.at(index));
+}
+
+} // namespace velm::look

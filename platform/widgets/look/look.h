@@ -1,0 +1,63 @@
+#pragma once
+// How the program looks: palettes, families of type, the sheet that documents lie on, the hues of the collections.
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+#include <QStringList>
+
+class QApplication;
+
+namespace velm::look {
+
+enum class Theme { Light, Dark };
+
+/// The step of the layout grid and the distances made of it, in pixels.
+inline constexpr int grid = 4;
+inline constexpr int spacing = 2 * grid;
+inline constexpr int groupSpacing = 4 * grid;
+inline constexpr int windowMargin = 3 * grid;
+
+inline constexpr QRgb ink = 0xFF1E2732;
+inline constexpr QRgb accent = 0xFF1F4E79;
+inline constexpr QRgb warning = 0xFF8A2432;
+
+/// Colours of the windows around the document.
+QPalette palette(Theme theme);
+QColor accentColour(Theme theme);
+QColor warningColour(Theme theme);
+
+/// The theme that a palette belongs to, by the lightness of its windows.
+Theme themeOf(const QPalette& palette);
+
+/// Gives the whole program its style and palette.
+void apply(QApplication& application, Theme theme);
+
+/// The sheet under a document: its own colour, and what is drawn on it.
+struct Sheet {
+    QColor paper;
+    QColor ink;     ///< text without a colour of its own
+    QColor link;    ///< text of links
+    QColor rule;    ///< page breaks, frames of pictures that cannot be shown
+    QColor surface; ///< around the sheet
+    QColor edge;    ///< the sheet's edge against the surface
+};
+Sheet sheet(const QColor& paper, const QPalette& around);
+
+/// Type of documents without a font of their own, in order of preference.
+QStringList serifFamilies();
+QStringList sansFamilies();
+QStringList fixedFamilies();
+QFont documentFont();
+inline constexpr double documentPoints = 11.5;
+
+/// The longest line of running text, in characters of average width.
+inline constexpr int measureCharacters = 90;
+/// The sheet's inner margin, in ems of its type.
+inline constexpr double sheetMargin = 2.25;
+/// Height of a single-spaced line, in heights of its type (ascent and descent).
+inline constexpr double singleLine = 1.2;
+
+/// Twelve hues (0 to 11) that tell things of one kind apart, all of equal lightness; the last one is neutral.
+QColor hue(int number, Theme theme);
+
+} // namespace velm::look

@@ -1,0 +1,208 @@
+// What the sheet shows: text, selection, links, bullets, page breaks, pictures, caret.
+#include "platform/widgets/text/paperlayout.h"
+#include "platform/widgets/text/richpicture.h"
+#include "platform/widgets/text/viewformats.h"
+
+#include <QPainter>
+#include <QTextDocument>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <utility>
+
+namespace velm {
+
+void PaperLayout::draw(QPainter* painter, const PaintContext& context) {
+    const QRectF clip = context.clip.isValid() ? context.clip : QRectF(QPointF(), documentSize());
+    int number = heights_.at(static_cast<std::int64_t>(std::floor(clip.top())) - page_.margin);
+    if (number < 0) {
+        return;
+    }
+    painter->save();
+    painter->setPen(sheet_.ink);
+    for (QTextBlock block = document()->findBlockByNumber(number); number < available_;
+         block = block.next(), ++number) {
+        const auto top = double(paragraphTop(number));
+        if (top > clip.bottom()) {
+            break;
+        }
+        layOut(number, block);
+        // From the block's own corner: far down a long text the engine's numbers end.
+        const QPointF corner(page_.textLeft, top);
+        painter->translate(corner);
+        drawBlock(*painter, context, number, block, clip.translated(-corner));
+        painter->translate(-corner);
+    }
+    painter->restore();
+}
+
+void PaperLayout::drawBlock(QPainter& painter, const PaintContext& context, int number, const QTextBlock& block,
+                            const QRectF& clip) {
+    QTextLayout& lines = *block.layout();
+    if (shown_->paragraph(number).pageBreak) {
+        drawPageBreak(painter, lines);
+    }
+    if (shown_->format(number).bullet && shown_->paragraph(number).first) {
+        drawBullet(painter, number, block);
+    }
+    const int start = block.position();
+    const int end = start + block.length() - 1;
+    QList<QTextLayout::FormatRange> selected;
+    std::vector<LinkPass> marked;
+    for (const Selection& selection : context.selections) {
+        const int from = selection.cursor.selectionStart();
+        const int to = selection.cursor.selectionEnd();
+        if (from > end || to < start || from == to) {
+            continue;
+        }
+        QTextLayout::FormatRange range;
+        range.start = std::max(from, start) - start;
+        range.length = std::min(to, end) - start - range.start;
+        range.format = selection.format;
+        const bool pastEnd = to > end && shown_->paragraph(number).last && block.next().isValid();
+        const QRegion where = selectionRegion(lines, number, range, pastEnd);
+        for (const QRect& band : where) {
+            painter.fillRect(band, range.format.background());
+        }
+        range.format.setBackground(Qt::transparent); // is drawn; but what the text itself has must not show
+        selected.append(range);
+        marked.push_back({range.format, where});
+    }
+    drawText(painter, lines, number, clip, selected, std::move(marked));
+    if (context.cursorPosition >= start && context.cursorPosition <= end) {
+        lines.drawCursor(&painter, QPointF(), context.cursorPosition - start, 1 + device_.dpi / 144);
+    }
+}
+
+// Links and selections are drawn in passes of their own, the rest around them: the toolkit's own way with a selection
+// cuts letters that reach beyond the text's edge, and only where it sees the selection.
+void PaperLayout::drawText(QPainter& painter, QTextLayout& lines, int number, const QRectF& clip,
+                           const QList<QTextLayout::FormatRange>& selected, std::vector<LinkPass> passes) {
+    const LineBands bands(lines, heights_.height(number));
+    const int first = bands.at(static_cast<int>(std::floor(clip.top())));
+    const int last = bands.at(static_cast<int>(std::ceil(clip.bottom())));
+    std::ranges::move(LinkPaint(*shown_, links_, sheet_, hovered_).passes(number, lines, bands, first, last, selected),
+                      std::back_inserter(passes));
+    if (passes.empty()) {
+        lines.draw(&painter, QPointF(), {}, clip);
+        return;
+    }
+    QTextLayout::FormatRange all{0, 0, {}};
+    all.length = shown_->documentEnd(number) - shown_->documentStart(number);
+    QRegion rest(clip.toAlignedRect());
+    lines.setCacheEnabled(true); // what the passes share is shaped once
+    for (const LinkPass& pass : passes) {
+        const QRegion where = pass.where & rest;
+        rest -= where;
+        all.format = pass.look;
+        painter.save();
+        painter.setClipRegion(where, Qt::IntersectClip);
+        lines.draw(&painter, QPointF(), {all}, clip & QRectF(where.boundingRect()));
+        painter.restore();
+    }
+    lines.setCacheEnabled(false);
+    painter.save();
+    painter.setClipRegion(rest, Qt::IntersectClip);
+    lines.draw(&painter, QPointF(), {}, clip);
+    painter.restore();
+}
+
+// The selection fills its lines' whole height, so that no stripes stand between them; but not the room around the
+// paragraph.
+QRegion PaperLayout::selectionRegion(const QTextLayout& lines, int number, const QTextLayout::FormatRange& range,
+                                     bool pastEnd) const {
+    const double endMark = 0.3 * fontHeight();
+    const int before = setter().spaceBefore(number);
+    const LineBands bands(lines, heights_.height(number) - setter().spaceAfter(number));
+    QRegion region;
+    for (int i = 0; i < bands.count(); ++i) {
+        const QTextLine line = lines.lineAt(i);
+        const int lineEnd = line.textStart() + line.textLength();
+        const int from = std::max(range.start, line.textStart());
+        const int to = std::min(range.start + range.length, lineEnd);
+        const bool last = i + 1 == bands.count();
+        if (from > to || (from == to && !(last && pastEnd))) {
+            continue;
+        }
+        const double left = line.cursorToX(from);
+        double right = to >= lineEnd && !last ? line.naturalTextRect().right() : line.cursorToX(to);
+        if (last && pastEnd) {
+            right += endMark;
+        }
+        const int bandTop = std::max(before, bands.top(i));
+        region += QRect(QPoint(qRound(std::min(left, right)), bandTop),
+                        QPoint(qRound(std::max(left, right)) - 1, bands.top(i + 1) - 1));
+    }
+    return region;
+}
+
+void PaperLayout::drawBullet(QPainter& painter, int number, const QTextBlock& block) const {
+    const QTextLine line = block.layout()->lineAt(0);
+    if (!line.isValid()) {
+        return;
+    }
+    const QTextBlock::iterator first = block.begin();
+    const QTextCharFormat format = first.atEnd() ? block.charFormat() : first.fragment().charFormat();
+    const double em = format.fontPointSize() / 72.0 * device_.dpi;
+    const double radius = std::max(1.5, 0.15 * em);
+    const double left = std::max(pixels(shown_->format(number).startIndent), double(-page_.margin));
+    const QPointF centre(left + 0.08 * em + radius, line.y() + line.ascent() - 0.26 * em);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(format.hasProperty(QTextFormat::ForegroundBrush) ? format.foreground() : QBrush(sheet_.ink));
+    painter.drawEllipse(centre, radius, radius);
+    painter.restore();
+}
+
+void PaperLayout::drawPageBreak(QPainter& painter, const QTextLayout& lines) const {
+    const QTextLine line = lines.lineAt(0);
+    const double y = std::floor(line.y() + line.height() / 2) + 0.5;
+    QPen pen(sheet_.rule, 1);
+    pen.setDashPattern({4, 4});
+    painter.save();
+    painter.setPen(pen);
+    painter.drawLine(QPointF(0, y), QPointF(page_.measure, y));
+    painter.restore();
+}
+
+const RichObject* PaperLayout::objectOf(const QTextFormat& format) const {
+    const int number = format.intProperty(ViewFormats::Object);
+    const bool known = shown_ != nullptr && format.hasProperty(ViewFormats::Object) && number >= 0 &&
+                       number < static_cast<int>(shown_->objects().size());
+    return known ? &shown_->objects()[static_cast<std::size_t>(number)] : nullptr;
+}
+
+QSize PaperLayout::pictureTwips(int number, const RichObject& object) {
+    const auto known = pictureSizes_.find(number);
+    return known != pictureSizes_.end() ? known->second
+                                        : pictureSizes_.emplace(number, pictureSize(object)).first->second;
+}
+
+const QImage& PaperLayout::picture(int number, const RichObject& object) {
+    const auto known = pictures_.find(number);
+    return known != pictures_.end() ? known->second : pictures_.emplace(number, pictureOf(object)).first->second;
+}
+
+void PaperLayout::drawInlineObject(QPainter* painter, const QRectF& rect, QTextInlineObject item, int position,
+                                   const QTextFormat& format) {
+    Q_UNUSED(item)
+    Q_UNUSED(position)
+    const RichObject* object = objectOf(format);
+    if (object == nullptr) {
+        return;
+    }
+    const QImage& image = picture(format.intProperty(ViewFormats::Object), *object);
+    painter->save();
+    if (image.isNull()) {
+        painter->setPen(QPen(sheet_.rule, 1));
+        painter->drawRect(rect.adjusted(0.5, 0.5, -0.5, -0.5));
+    } else {
+        painter->setRenderHint(QPainter::SmoothPixmapTransform);
+        painter->drawImage(rect, image);
+    }
+    painter->restore();
+}
+
+} // namespace velm

@@ -1,0 +1,356 @@
+#include "platform/widgets/tree/treeview.h"
+
+#include "platform/widgets/grid/gridlook.h"
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/tree/treeviewmodel.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <unordered_set>
+
+namespace velm {
+namespace {
+
+/// What a text deep in the tree keeps of the width, in average characters.
+constexpr int leastCharacters = 14;
+
+struct RowDelegate : public QStyledItemDelegate {
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const int width = QStyledItemDelegate::sizeHint(option, index).width();
+        return {width, gridlook::rowHeight(QFontMetrics(option.font))};
+    }
+    /// Whether the whole text can be seen.
+    bool fits(QStyleOptionViewItem option, const QModelIndex& index) const {
+        initStyleOption(&option, index);
+        const QStyle* style = option.widget->style();
+        const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
+        const int room =
+            style->subElementRect(QStyle::SE_ItemViewItemText, &option, option.widget).width() - 2 * margin;
+        return option.fontMetrics.horizontalAdvance(option.text) <= room;
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        // One row, one look: no frame around the text of the current one.
+        option->state.setFlag(QStyle::State_HasFocus, false);
+        const bool grey =
+            option->state.testFlag(QStyle::State_Selected) && option->widget && !option->widget->hasFocus();
+        if (grey && !option->icon.isNull()) {
+            // On grey, the picture keeps its colours.
+            const QPixmap usual = option->icon.pixmap(option->decorationSize, option->widget->devicePixelRatioF());
+            option->icon = QIcon(usual);
+            option->icon.addPixmap(usual, QIcon::Selected);
+        }
+    }
+};
+
+} // namespace
+
+/// Brings what the program does to the nodes into the view, and tells it from what the user does.
+class TreeView::Watch final : public TreeObserver {
+public:
+    explicit Watch(TreeView& owner) : view(owner), model(owner.nodes_, &owner) {}
+
+    void treeReset() override {
+        const QScopedValueRollback guard(program, true);
+        owed.clear();
+        seen.clear();
+        deepest = 0;
+        view.header()->setMinimumSectionSize(-1);
+        model.reset();
+    }
+    void nodesAdded(int first) override {
+        const QScopedValueRollback guard(program, true);
+        model.added(first);
+    }
+    void nodeChanged(int node) override {
+        if (node != 0) {
+            model.changed(node);
+        } else {
+            view.viewport()->update();
+        }
+    }
+    void nodeExpansion(int node, bool expanded) override {
+        const QScopedValueRollback guard(program, true);
+        view.setExpanded(model.indexOf(node), expanded);
+    }
+    void nodeSelected(int node) override {
+        const QScopedValueRollback guard(program, true);
+        openAbove(node);
+        if (node == 0)
+            view.selectionModel()->clear();
+        else
+            view.selectionModel()->setCurrentIndex(model.indexOf(node), QItemSelectionModel::ClearAndSelect);
+        view.viewport()->update();
+    }
+    void redrawSwitched(bool on) override { view.setUpdatesEnabled(on); }
+
+    void openAbove(int node) {
+        std::vector<int> above;
+        for (int parent = view.nodes_.parent(node); parent != 0; parent = view.nodes_.parent(parent)) {
+            if (!view.nodes_.expanded(parent))
+                above.push_back(parent);
+        }
+        if (above.size() > 1)
+            view.scheduleDelayedItemsLayout();
+        std::reverse(above.begin(), above.end());
+        for (const int parent : above)
+            view.setExpanded(model.indexOf(parent), true);
+    }
+
+    /// The children of a node are being painted: it is told after that, once.
+    void comesIntoSight(int node) {
+        if (owed.erase(node) == 0)
+            return;
+        if (seen.empty())
+            QMetaObject::invokeMethod(
+                &view, [this] { tellSeen(); }, Qt::QueuedConnection);
+        seen.push_back(node);
+    }
+    void tellSeen() {
+        for (const int node : std::exchange(seen, {})) {
+            if (view.nodes_.expanded(node))
+                emit view.expanding(node);
+        }
+    }
+
+    TreeView& view;
+    TreeViewModel model;
+    bool program = false;         ///< the program is at work, not the user
+    bool doubled = false;         ///< the release that follows ends a double click
+    int deepest = 0;              ///< level of the deepest children that can be seen
+    std::unordered_set<int> owed; ///< opened, but not told yet
+    std::vector<int> seen;
+};
+
+TreeView::TreeView(QWidget* parent) : QTreeView(parent), watch_(std::make_unique<Watch>(*this)) {
+    setModel(&watch_->model);
+    setItemDelegate(new RowDelegate(this));
+    setHeaderHidden(true);
+    setFrameShape(QFrame::NoFrame);
+    setUniformRowHeights(true);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setTextElideMode(Qt::ElideMiddle); // titles share their beginnings
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    connect(this, &QTreeView::expanded, this, &TreeView::userOpened);
+    connect(this, &QTreeView::collapsed, this, &TreeView::userClosed);
+    connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) {
+        if (!std::exchange(watch_->doubled, false))
+            emit nodeClicked(nodeOf(index));
+    });
+    connect(this, &QTreeView::doubleClicked, this,
+            [this](const QModelIndex& index) { emit nodeActivated(nodeOf(index)); });
+    nodes_.setObserver(watch_.get());
+    takeFont();
+}
+
+TreeView::~TreeView() {
+    nodes_.setObserver(nullptr);
+    // What the view says while its model goes is of no interest.
+    watch_->program = true;
+    setModel(nullptr);
+}
+
+void TreeView::setImages(std::function<QIcon(const QString& name)> images) {
+    watch_->model.setImages(std::move(images));
+    viewport()->update();
+}
+
+QModelIndex TreeView::indexOf(int node) const {
+    return watch_->model.indexOf(node);
+}
+
+int TreeView::nodeOf(const QModelIndex& index) const {
+    return index.isValid() && nodes_.contains(TreeViewModel::nodeOf(index)) ? TreeViewModel::nodeOf(index) : 0;
+}
+
+void TreeView::ensureVisible(int node) {
+    const QModelIndex index = indexOf(node);
+    if (!index.isValid())
+        return;
+    const QScopedValueRollback guard(watch_->program, true);
+    watch_->openAbove(node);
+    scrollTo(index);
+}
+
+// ---- opening and closing
+
+void TreeView::userOpened(const QModelIndex& index) {
+    const int node = nodeOf(index);
+    nodes_.noteExpanded(node, true);
+    giveRoom(node);
+    if (watch_->program)
+        return;
+    watch_->owed.erase(node);
+    emit expanding(node);
+}
+
+void TreeView::userClosed(const QModelIndex& index) {
+    const int node = nodeOf(index);
+    nodes_.noteExpanded(node, false);
+    if (watch_->program)
+        return;
+    // The current node does not stay where nobody sees it.
+    for (int above = nodes_.parent(nodeOf(currentIndex())); above != 0; above = nodes_.parent(above)) {
+        if (above == node) {
+            setCurrentIndex(index);
+            break;
+        }
+    }
+    emit collapsed(node);
+}
+
+void TreeView::openLoaded(int node) {
+    const QScopedValueRollback guard(watch_->program, true);
+    scheduleDelayedItemsLayout();
+    std::vector<int> open{node};
+    while (!open.empty()) {
+        const int next = open.back();
+        open.pop_back();
+        const int children = nodes_.children(next);
+        if (children == 0)
+            continue;
+        if (!nodes_.expanded(next)) {
+            watch_->owed.insert(next);
+            setExpanded(indexOf(next), true);
+        }
+        for (int place = 0; place < children; ++place)
+            open.push_back(nodes_.childAt(next, place));
+    }
+}
+
+void TreeView::giveRoom(int node) {
+    const int level = nodes_.level(node) + 1;
+    if (level <= watch_->deepest)
+        return;
+    watch_->deepest = level;
+    const int text = leastCharacters * fontMetrics().averageCharWidth();
+    header()->setMinimumSectionSize((level + 1) * indentation() + gridlook::rowHeight(fontMetrics()) + text);
+}
+
+void TreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTreeView::currentChanged(current, previous);
+    if (watch_->program)
+        return;
+    nodes_.noteSelected(nodeOf(current));
+    emit selectionMoved(nodeOf(current));
+}
+
+// ---- painting
+
+void TreeView::initViewItemOption(QStyleOptionViewItem* option) const {
+    QTreeView::initViewItemOption(option);
+    if (!hasFocus())
+        option->palette = gridlook::unfocused(option->palette);
+}
+
+void TreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QTreeView::drawRow(painter, option, index);
+    watch_->comesIntoSight(nodes_.parent(nodeOf(index)));
+}
+
+void TreeView::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const {
+    if (!model()->hasChildren(index))
+        return;
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    const bool selected = selectionModel()->isSelected(index);
+    QColor colour = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+    constexpr float quiet = 0.6F;
+    colour.setAlphaF(selected && hasFocus() ? 1.0F : quiet);
+    const QPointF centre(rect.right() + 1 - indentation() / 2.0, rect.top() + rect.height() / 2.0);
+    gridlook::paintChevron(*painter, centre, isExpanded(index) ? gridlook::Point::Down : gridlook::Point::Right,
+                           colour);
+}
+
+void TreeView::changeEvent(QEvent* event) {
+    QTreeView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        takeFont();
+}
+
+void TreeView::takeFont() {
+    const int edge = gridlook::iconEdge(fontMetrics());
+    setIconSize({edge, edge});
+    setIndentation(edge + look::grid);
+    scheduleDelayedItemsLayout();
+}
+
+bool TreeView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QTreeView::viewportEvent(event);
+    const auto& help = static_cast<const QHelpEvent&>(*event);
+    const QModelIndex index = indexAt(help.pos());
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(index);
+    const bool elided = index.isValid() && !static_cast<const RowDelegate*>(itemDelegate())->fits(option, index);
+    gridlook::showTip(viewport(), help, option.rect, elided ? nodes_.text(nodeOf(index)) : QString());
+    return true;
+}
+
+// ---- mouse and keyboard
+
+void TreeView::mousePressEvent(QMouseEvent* event) {
+    watch_->doubled = false;
+    QTreeView::mousePressEvent(event);
+}
+
+void TreeView::mouseReleaseEvent(QMouseEvent* event) {
+    const QPoint global = event->globalPosition().toPoint();
+    const bool right = event->button() == Qt::RightButton && viewport()->rect().contains(event->position().toPoint());
+    const int node = nodeOf(indexAt(event->position().toPoint()));
+    QTreeView::mouseReleaseEvent(event);
+    if (right)
+        emit nodeRightClicked(node, global);
+}
+
+void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        mousePressEvent(event);
+        return;
+    }
+    watch_->doubled = true;
+    QTreeView::mouseDoubleClickEvent(event);
+}
+
+void TreeView::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (event->reason() != QContextMenuEvent::Keyboard)
+        return;
+    const QModelIndex current = currentIndex();
+    const QPoint at = current.isValid() ? visualRect(current).center() : viewport()->rect().center();
+    emit nodeRightClicked(nodeOf(current), viewport()->mapToGlobal(at));
+}
+
+void TreeView::keyPressEvent(QKeyEvent* event) {
+    const int node = nodeOf(currentIndex());
+    const bool bare = (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) == Qt::NoModifier;
+    if (bare && node != 0 && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        emit nodeReturned(node);
+        emit nodeActivated(node);
+    } else if (bare && node != 0 && event->key() == Qt::Key_Asterisk) {
+        openLoaded(node);
+    } else {
+        QTreeView::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+}
+
+void TreeView::focusInEvent(QFocusEvent* event) {
+    // Not the tree's own: it would make a first node current that nobody selected.
+    event->accept();
+    viewport()->update();
+}
+
+} // namespace velm

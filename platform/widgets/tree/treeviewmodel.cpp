@@ -1,0 +1,89 @@
+#include "platform/widgets/tree/treeviewmodel.h"
+
+namespace velm {
+
+QModelIndex TreeViewModel::index(int row, int column, const QModelIndex& parent) const {
+    if (column != 0 || row < 0 || row >= rowCount(parent))
+        return {};
+    return createIndex(row, 0, static_cast<quintptr>(nodes_.childAt(nodeOf(parent), row)));
+}
+
+QModelIndex TreeViewModel::parent(const QModelIndex& index) const {
+    return indexOf(nodes_.parent(nodeOf(index)));
+}
+
+int TreeViewModel::rowCount(const QModelIndex& parent) const {
+    const int node = nodeOf(parent);
+    return isTold(node) ? told_[static_cast<std::size_t>(node)] : 0;
+}
+
+int TreeViewModel::columnCount(const QModelIndex& parent) const {
+    Q_UNUSED(parent)
+    return 1;
+}
+
+QIcon TreeViewModel::picture(int node) const {
+    const QString& open = nodes_.selectedImage(node);
+    const QString& name = nodes_.expanded(node) && !open.isEmpty() ? open : nodes_.image(node);
+    if (name.isEmpty() || !images_)
+        return {};
+    const auto known = pictures_.constFind(name);
+    return known != pictures_.constEnd() ? *known : *pictures_.insert(name, images_(name));
+}
+
+QVariant TreeViewModel::data(const QModelIndex& index, int role) const {
+    const int node = nodeOf(index);
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::AccessibleTextRole:
+        return nodes_.text(node);
+    case Qt::DecorationRole: {
+        const QIcon icon = picture(node);
+        return icon.isNull() ? QVariant() : icon;
+    }
+    default:
+        return {};
+    }
+}
+
+QModelIndex TreeViewModel::indexOf(int node) const {
+    if (node == 0 || !isTold(node))
+        return {};
+    return createIndex(nodes_.place(node), 0, static_cast<quintptr>(node));
+}
+
+void TreeViewModel::setImages(std::function<QIcon(const QString& name)> images) {
+    images_ = std::move(images);
+    pictures_.clear();
+}
+
+void TreeViewModel::reset() {
+    beginResetModel();
+    told_.assign(1, 0);
+    endResetModel();
+}
+
+void TreeViewModel::added(int first) {
+    const int count = nodes_.count();
+    // New nodes bring their children along; those of older nodes are told one parent after the other.
+    told_.resize(static_cast<std::size_t>(count) + 1);
+    for (int node = first; node <= count; ++node)
+        told(node) = nodes_.children(node);
+    for (int node = first; node <= count; ++node) {
+        const int parent = nodes_.parent(node);
+        const int now = childCount(parent);
+        if (parent >= first || told(parent) == now)
+            continue;
+        beginInsertRows(indexOf(parent), told(parent), now - 1);
+        told(parent) = now;
+        endInsertRows();
+    }
+}
+
+void TreeViewModel::changed(int node) {
+    const QModelIndex index = indexOf(node);
+    if (index.isValid())
+        emit dataChanged(index, index);
+}
+
+} // namespace velm

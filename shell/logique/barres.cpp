@@ -1,0 +1,73 @@
+#include "shell/logique/barres.h"
+
+namespace velm {
+
+namespace {
+
+struct Cles {
+    QString position;
+    QString visible;
+};
+
+Cles clesde(Barre barre) {
+    switch (barre) {
+    case Barre::Ecran:
+        return {QStringLiteral("ECRAN"), QStringLiteral("ECRANVISIBLE")};
+    case Barre::Outils:
+        return {QStringLiteral("OUTILS"), QStringLiteral("OUTILSVISIBLES")};
+    case Barre::Commande:
+        break;
+    }
+    // The command bar's visibility is saved under a key that nobody reads, so that this bar comes back at each start.
+    return {QStringLiteral("COMMANDE"), QStringLiteral("COMMANDESVISISIBLES")};
+}
+
+bool estplace(int position) {
+    return position >= 1 && position < nombredepositions;
+}
+
+} // namespace
+
+void EtatBarres::charge(const Preferences& preferences) {
+    const auto prend = [this](Barre barre, int position, int visible) {
+        if (estplace(position))
+            de(barre).position = position;
+        de(barre).visible = visible == 1;
+    };
+    prend(Barre::Commande, preferences.barrecommande, preferences.commandesvisibles);
+    prend(Barre::Ecran, preferences.barreecran, preferences.ecranvisible);
+    prend(Barre::Outils, preferences.barreoutils, preferences.outilsvisibles);
+    etat_ = preferences.barreetat;
+}
+
+void EtatBarres::place(Barre barre, int position) {
+    if (position != 0 && !estplace(position))
+        return;
+    Place& ici = de(barre);
+    ici.visible = position != 0;
+    if (ici.visible)
+        ici.position = position;
+    const QString section = QStringLiteral("BARRE");
+    const Cles cles = clesde(barre);
+    reglages_.savesetting(section, cles.position, QString::number(ici.position));
+    reglages_.savesetting(section, cles.visible, ici.visible ? QStringLiteral("1") : QStringLiteral("0"));
+}
+
+void EtatBarres::commuteetat() {
+    etat_ = !etat_;
+    reglages_.savesetting(QStringLiteral("BARRE"), QStringLiteral("ETAT"),
+                          etat_ ? QStringLiteral("1") : QStringLiteral("0"));
+}
+
+std::optional<FondEcran> fondecran(int numero, qint64 fondcouleur) {
+    constexpr std::array<qint64, 5> couleurs{0xC0FFFF, 0xADDBFF, 0xDBF1F7, 0xE1E9EC, 0xFFFFFF};
+    if (numero < -1 || numero > 5)
+        return std::nullopt;
+    if (numero == -1)
+        return FondEcran{};
+    if (numero == 5)
+        return FondEcran{-1, fondcouleur};
+    return FondEcran{numero, couleurs[static_cast<std::size_t>(numero)]};
+}
+
+} // namespace velm

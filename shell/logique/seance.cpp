@@ -1,0 +1,220 @@
+#include "shell/logique/seance.h"
+
+#include "core/cle.h"
+#include "platform/base/memory.h"
+#include "platform/system/files.h"
+#include "platform/text/number.h"
+
+#include <QFile>
+
+namespace velm {
+
+namespace {
+
+const QString& sectionbase() {
+    static const QString section = QStringLiteral("BASE");
+    return section;
+}
+
+constexpr QStringView nomdelabase = u"velm2000.dat";
+
+bool finitpar(const QString& ligne, QStringView extension) {
+    return ligne.right(4).toUpper() == extension;
+}
+
+} // namespace
+
+Seance::Seance(Environnement environnement, Reglages& reglages, Langue& langue, Corpus& corpus, Dialogues& dialogues,
+               Ecrans& ecrans)
+    : env_(std::move(environnement)), reglages_(reglages), langue_(langue), corpus_(corpus), dialogues_(dialogues),
+      ecrans_(ecrans) {}
+
+void Seance::afficheetape(const QString& texte) {
+    ecrans_.afficheetape(texte + QStringLiteral("..."));
+}
+
+QString Seance::libelle(int indice) {
+    return langue_.lireressource(indice + 10);
+}
+
+QString Seance::libelleetape(int indice) {
+    return libelle(indice) + QStringLiteral(" - ") + langue_.lireressource(503);
+}
+
+void Seance::choisitrepertoiredebase(const QString& repertoire) {
+    parametres_.repertoiredebase = repertoire;
+    fichierbase_ = joinPath(repertoire, nomdelabase);
+}
+
+Demarrage Seance::demarre() {
+    if (env_.autreinstance()) {
+        env_.remonteinstance(reglages_.getsetting(QStringLiteral("HWND"), QStringLiteral("HWnd"), QStringLiteral("0")));
+        return Demarrage::AutreInstance;
+    }
+    restaureriched();
+    reglages_.savesetting(sectionbase(), QStringLiteral("APPLICATION"), env_.dossierprogramme);
+    parametres_ = litparametres(reglages_, langue_, env_.dossierprogramme);
+    env_.enregistreextensions(parametres_.repertoireapplication, parametres_.repertoireediteur);
+    ecrans_.litstyles();
+    if (parametres_.repertoiredebase.isEmpty())
+        parametres_.repertoiredebase = env_.dossierprogramme;
+    if (parametres_.repertoireediteur.isEmpty())
+        parametres_.repertoireediteur = env_.dossierprogramme;
+    choisitrepertoiredebase(parametres_.repertoiredebase);
+    afficheetape(langue_.lireressource(500));
+    cherchepartenaires();
+    if (metajour())
+        return Demarrage::MiseAJour;
+    ecrans_.montreaccueil();
+    ecrans_.effacereconstructions();
+    preferences_ = litpreferences(reglages_, env_.dossierprogramme);
+    if (!ouvrebase())
+        return Demarrage::Renonce;
+    ecrans_.ouvredossiers();
+    afficheetape(langue_.lireressource(501));
+    afficheetape(langue_.lireressource(502));
+    const QString handle = ecrans_.chargeprincipale();
+    reglages_.savesetting(QStringLiteral("HWND"), QStringLiteral("HWnd"), handle);
+    ecrans_.montreprincipale();
+    ecrans_.fermeaccueil();
+    if (!env_.lignedecommande.isEmpty())
+        traitelignedecommande(env_.lignedecommande);
+    const qint64 astuces = reglages_.entier(QStringLiteral("OPTIONS"), QStringLiteral("TIPS"), 1, true);
+    if (astuces != 0 && !sansastuce_)
+        ecrans_.astuce();
+    return Demarrage::EnMarche;
+}
+
+void Seance::restaureriched() const {
+    const QString bibliotheque = joinPath(env_.dossierprogramme, u"riched32.dll");
+    const QString reserve = joinPath(env_.dossierprogramme, u"riched32.tmp");
+    if (!fileExists(bibliotheque) && fileExists(reserve))
+        QFile::rename(reserve, bibliotheque); // a failure is of no consequence
+}
+
+void Seance::cherchepartenaires() {
+    for (const QStringView nom : {QStringView(u"partners.bmp"), QStringView(u"partners.rle")}) {
+        const QString chemin = joinPath(parametres_.repertoireapplication, nom);
+        if (fileExists(chemin)) {
+            fichierpartenaires_ = chemin;
+            return;
+        }
+    }
+    fichierpartenaires_.clear();
+}
+
+bool Seance::metajour() {
+    const QString outil = joinPath(parametres_.repertoiredebase, u"MAJver.exe");
+    if (!fileExists(outil))
+        return false;
+    const QString nom = env_.nomprogramme + QStringLiteral(".exe");
+    const auto nouvelle = fileDate(joinPath(parametres_.repertoiredebase, nom));
+    auto presente = fileDate(joinPath(env_.dossierprogramme, nom));
+    // Where programs have no suffix, the running file itself is the copy in the program's folder.
+    if (!presente)
+        presente = fileDate(env_.fichierprogramme);
+    if (!nouvelle || !presente || *nouvelle <= *presente)
+        return false;
+    if (othersCanChange(outil)) {
+        dialogues_.message(remplace(langue_.lireressource(9549), {outil}), langue_.lireressource(8),
+                           Icone::Exclamation);
+        return false;
+    }
+    const QString argument =
+        QStringList{withSeparator(env_.dossierprogramme), parametres_.repertoiredebase, nom, langue_.lireressource(8)}
+            .join(u',');
+    return env_.lance(outil, argument);
+}
+
+bool Seance::trouvebase() {
+    const OpenError erreur = corpus_.connecte(fichierbase_);
+    // What is there and is no base that can be read is told, and not passed over for another one.
+    if (erreur != OpenError::Missing && erreur != OpenError::Unreadable)
+        return erreur == OpenError::None;
+    if (corpus_.connecte(joinPath(env_.dossierprogramme, nomdelabase)) != OpenError::None)
+        return false;
+    choisitrepertoiredebase(withSeparator(env_.dossierprogramme));
+    return true;
+}
+
+bool Seance::ouvrebase() {
+    bool ouverte = false;
+    if (!withinMemory([&] { ouverte = ouvrelabase(); })) {
+        ecrans_.fermeaccueil();
+        corpus_.fermebase();
+        dialogues_.message(remplace(langue_.lireressource(9568), {fichierbase_}), langue_.lireressource(8),
+                           Icone::Stop);
+        return false;
+    }
+    return ouverte;
+}
+
+bool Seance::ouvrelabase() {
+    if (!trouvebase()) {
+        ecrans_.fermeaccueil();
+        if (!ecrans_.connexion() || !corpus_.connecte())
+            return false;
+    }
+    reglages_.savesetting(sectionbase(), QStringLiteral("CHEMIN"), parametres_.repertoiredebase);
+    corpus_.ouvretables();
+    return true;
+}
+
+void Seance::traitelignedecommande(const QString& ligne) {
+    if (finitpar(ligne, u".DV2")) {
+        sansastuce_ = true;
+        ecrans_.ouvrefichierdossier(ligne);
+        return;
+    }
+    if (const auto cle = clesaisie(ligne))
+        ecrans_.navigue(QStringLiteral("TA") + cle->texte());
+}
+
+PositionFenetre Seance::positionprincipale() {
+    const QString section = QStringLiteral("POSITIONMDI");
+    const auto lit = [&](const QString& cle, int defaut, bool maitre) {
+        return static_cast<int>(reglages_.entier(section, cle, defaut, maitre));
+    };
+    PositionFenetre position;
+    position.etat = lit(QStringLiteral("WINDOWSSTATE"), 2, true);
+    position.gauche = lit(QStringLiteral("WINDOWSLEFT"), 0, false);
+    position.haut = lit(QStringLiteral("WINDOWSTOP"), 0, false);
+    position.largeur = lit(QStringLiteral("WINDOWSWIDTH"), 9600, false);
+    position.hauteur = lit(QStringLiteral("WINDOWSHEIGHT"), 7200, false);
+    if (position.etat == 1)
+        sansastuce_ = true;
+    return position;
+}
+
+void Seance::restaurefenetres() {
+    if (preferences_.restaurefen == 0)
+        return;
+    const QString section = QStringLiteral("POSITIONFORME");
+    const auto lit = [&](const QString& cle, int blancs) {
+        const QString texte = reglages_.getsetting(section, cle);
+        return texte.isEmpty() ? QString(blancs, u' ') : texte;
+    };
+    const QString fenetres = lit(QStringLiteral("MDICHILD"), 12);
+    const QString contenus = lit(QStringLiteral("MDICHILDCONTENU"), 88);
+    // Two blanks, or two characters that are no number, mean that no window was active.
+    const int active = static_cast<int>(wholeNumber(QStringView(fenetres).left(2)).value_or(-1));
+    const auto ouvre = [&](int indice) {
+        afficheetape(libelleetape(indice));
+        const QString cle = contenus.mid(8 * static_cast<qsizetype>(indice), 8);
+        if (cle.size() == 8 && !QStringView(cle).trimmed().isEmpty())
+            ecrans_.navigue(QStringLiteral("TA") + cle);
+    };
+    for (int indice = 0; indice < nombredecollections; ++indice) {
+        if (indice != active && fenetres.mid(indice + 2, 1) == u"X")
+            ouvre(indice);
+    }
+    if (active >= 0 && active < nombredefenetres)
+        ouvre(active);
+}
+
+void Seance::ouvrecriteresdelaligne() {
+    if (finitpar(env_.lignedecommande, u".CV2"))
+        ecrans_.ouvrefichiercriteres(env_.lignedecommande);
+}
+
+} // namespace velm

@@ -1,0 +1,135 @@
+// The exit sequence of a run.
+#include "core/cle.h"
+#include "shell/logique/seance.h"
+
+namespace velm {
+
+namespace {
+
+/// The windows that hold lists and not documents; they are not recorded.
+bool estfenetrederecherche(const QString& nom) {
+    static const QStringList noms{QStringLiteral("frmVelmorSelect"), QStringLiteral("fIndex"),
+                                  QStringLiteral("frmchrono"), QStringLiteral("frmrechnum"),
+                                  QStringLiteral("frmrechmotcle")};
+    return noms.contains(nom);
+}
+
+/// Key of the first document window of a slot's collection, or eight blanks.
+QString cledelafenetre(const EtatFenetres& etat, int indice) {
+    // The twelfth slot reads past the end of the eleven codes and matches nothing.
+    const QString code = codestypes.mid(2 * static_cast<qsizetype>(indice), 2).toString();
+    QString rien(8, u' ');
+    if (code.isEmpty())
+        return rien;
+    for (const FenetreFille& fille : etat.filles) {
+        if (!estfenetrederecherche(fille.nom) && fille.reference.startsWith(code))
+            return fille.reference.leftJustified(8, u' ', true);
+    }
+    return rien;
+}
+
+/// Two characters: the slot whose entry in the window list bears the active child's caption, or "-1".
+QString fenetreactive(const EtatFenetres& etat) {
+    if (etat.titreactif) {
+        for (int indice = 0; indice < nombredefenetres; ++indice) {
+            if (etat.libelles[static_cast<std::size_t>(indice)] == *etat.titreactif)
+                return QString::number(indice).rightJustified(2, u'0');
+        }
+    }
+    return QStringLiteral("-1");
+}
+
+} // namespace
+
+bool Seance::quittequestions() {
+    constexpr int pagedaide = 13;
+    if (preferences_.checkquit == 0) {
+        const Bouton reponse =
+            dialogues_.message(langue_.lireressource(400) + QStringLiteral(" ?"), langue_.lireressource(401),
+                               Icone::Question, Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Aucun, pagedaide);
+        if (reponse != Bouton::Oui)
+            return false;
+    }
+    if (ecrans_.impressionouverte()) {
+        const Bouton reponse = dialogues_.message(langue_.lireressource(4402) + u'?', langue_.lireressource(4403),
+                                                  Icone::Question, Bouton::Oui | Bouton::Non);
+        if (reponse == Bouton::Oui)
+            ecrans_.termineimpression();
+        else
+            ecrans_.abandonneimpression();
+    }
+    return true;
+}
+
+void Seance::ecritfenetres(const EtatFenetres& etat) {
+    QString drapeaux;
+    QString cles;
+    for (int indice = 0; indice < nombredefenetres; ++indice) {
+        drapeaux += etat.cochees[static_cast<std::size_t>(indice)] ? u'X' : u' ';
+        cles += cledelafenetre(etat, indice);
+    }
+    const QString section = QStringLiteral("POSITIONFORME");
+    reglages_.savesetting(section, QStringLiteral("MDICHILD"), fenetreactive(etat) + drapeaux);
+    reglages_.savesetting(section, QStringLiteral("MDICHILDCONTENU"), cles);
+    reglages_.note(QStringLiteral("EDITEUR"), QStringLiteral("LARGEURSELECTION"),
+                   QString::number(etat.largeurpane, 'g', 9));
+}
+
+void Seance::ecritposition(const PositionFenetre& position) {
+    const QString section = QStringLiteral("POSITIONMDI");
+    const auto ecrit = [&](const QString& cle, int valeur) { reglages_.note(section, cle, QString::number(valeur)); };
+    ecrit(QStringLiteral("WINDOWSSTATE"), position.etat);
+    ecrit(QStringLiteral("WINDOWSLEFT"), position.gauche);
+    ecrit(QStringLiteral("WINDOWSTOP"), position.haut);
+    ecrit(QStringLiteral("WINDOWSWIDTH"), position.largeur);
+    ecrit(QStringLiteral("WINDOWSHEIGHT"), position.hauteur);
+    reglages_.savesetting(QStringLiteral("BASE"), QStringLiteral("CHEMIN"), parametres_.repertoiredebase);
+}
+
+bool Seance::quitteprogramme() {
+    if (!quittequestions())
+        return false;
+    ferme();
+    return true;
+}
+
+void Seance::termine() {
+    if (fermee_)
+        return;
+    if (ecrans_.impressionouverte())
+        ecrans_.abandonneimpression();
+    ferme();
+}
+
+void Seance::ferme() {
+    fermee_ = true;
+    const EtatFenetres etat = ecrans_.etatfenetres();
+    {
+        // Everything that the exit writes reaches the disk at once; windows that save their own place join in.
+        ReglagesStore::Batch lot(reglages_.magasin());
+        ecritfenetres(etat);
+        corpus_.fermebase();
+        ecrans_.fermedossiers();
+        ecrans_.sauvederniers();
+        ecrans_.fermefenetres();
+        ecritposition(etat.principale);
+        if (!lot.commit())
+            reglages_.signaleechec();
+    }
+    ecrans_.fermeprincipale();
+}
+
+void Seance::enregistre() {
+    if (fermee_)
+        return;
+    const EtatFenetres etat = ecrans_.etatfenetres();
+    ReglagesStore::Batch lot(reglages_.magasin());
+    ecritfenetres(etat);
+    ecrans_.sauvederniers();
+    ecrans_.notefenetres();
+    ecritposition(etat.principale);
+    if (!lot.commit())
+        reglages_.signaleechec();
+}
+
+} // namespace velm

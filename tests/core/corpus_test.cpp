@@ -1,0 +1,124 @@
+#include "core/cle.h"
+#include "core/corpus.h"
+#include "core/schemas.h"
+#include "tests/support/arret.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace velm;
+
+namespace {
+
+class CorpusTest : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dossier_.isValid());
+        const auto base = Database::create(chemin(), corpusSchema());
+        ASSERT_NE(base.database, nullptr);
+        TableWriter documents(*base.database, QStringLiteral("données"),
+                              {QStringLiteral("référence"), QStringLiteral("numart"), QStringLiteral("titre"),
+                               QStringLiteral("contenu")});
+        for (const char* numero : {"000001", "000002"})
+            ASSERT_TRUE(documents.add({QStringLiteral("CO"), QString::fromLatin1(numero), QStringLiteral("Titre"),
+                                       QByteArray("{\\rtf1 x}")}));
+        TableWriter parametres(*base.database, QStringLiteral("paramètres"), {QStringLiteral("nbarticles")});
+        QString comptes;
+        for (int i = 0; i < nombredecollections; ++i)
+            comptes += sixchiffres(1000 * i + 7);
+        ASSERT_TRUE(parametres.add({comptes}));
+    }
+    QString chemin() const { return dossier_.filePath(QStringLiteral("velm2000.dat")); }
+
+    QTemporaryDir dossier_;
+    Corpus corpus;
+};
+
+} // namespace
+
+TEST_F(CorpusTest, CompterarticlesReadsSixCharactersForEachCode) {
+    ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
+    corpus.ouvretables();
+    for (int i = 0; i < nombredecollections; ++i)
+        EXPECT_EQ(corpus.compterarticles(typedindice(i)), 1000 * i + 7);
+    EXPECT_EQ(corpus.compterarticles(u"IN"), 0);
+    EXPECT_EQ(corpus.compterarticles(u"ZZ"), 0);
+    EXPECT_EQ(corpus.compterarticles(u""), 0);
+}
+
+TEST_F(CorpusTest, AMissingBaseFailsBothAttemptsAndCreatesNoFile) {
+    const QString absente = dossier_.filePath(QStringLiteral("absente.dat"));
+    EXPECT_EQ(corpus.connecte(absente), OpenError::Missing);
+    EXPECT_FALSE(corpus.connecte());
+    EXPECT_FALSE(QFile::exists(absente));
+}
+
+TEST_F(CorpusTest, ABaseOpenElsewhereStillOpens) {
+    Corpus autre;
+    ASSERT_EQ(autre.connecte(chemin()), OpenError::None);
+    autre.ouvretables();
+    ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
+    corpus.ouvretables();
+    EXPECT_EQ(corpus.donnees().recordCount(), 2);
+}
+
+TEST_F(CorpusTest, ClosingTwiceClosesOnceAndTheBaseOpensAgain) {
+    ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
+    corpus.ouvretables();
+    corpus.fermebase();
+    EXPECT_FALSE(corpus.connecte());
+    const test::GardeArret garde;
+    EXPECT_THROW(corpus.donnees(), test::Arret);
+    EXPECT_NO_THROW(corpus.fermebase());
+    EXPECT_FALSE(corpus.connecte());
+    ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
+    corpus.ouvretables();
+    EXPECT_EQ(corpus.donnees().recordCount(), 2);
+}
+
+TEST_F(CorpusTest, AMissingTableIsNotReportedAtOpeningButAtItsFirstUse) {
+    {
+        const auto base = Database::open(chemin(), OpenMode::Shared, corpusSchema());
+        ASSERT_NE(base.database, nullptr);
+        ASSERT_TRUE(base.database->execute(QStringLiteral("DROP TABLE liens")));
+    }
+    ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
+    corpus.ouvretables();
+    EXPECT_EQ(corpus.donnees().recordCount(), 2);
+    const test::GardeArret garde;
+    EXPECT_THROW(corpus.liens().moveFirst(), test::Arret);
+}
+
+TEST_F(CorpusTest, ABaseWithoutATitleGivesNone) {
+    const test::GardeArret garde; // nothing here is a run-time error
+    EXPECT_EQ(corpus.titre(), QString()) << "no base at all";
+    const auto ordre = [this](const QString& sql) {
+        const auto base = Database::open(chemin(), OpenMode::Shared, corpusSchema());
+        ASSERT_TRUE(base.database && base.database->execute(sql));
+    };
+    const auto titre = [this] {
+        EXPECT_EQ(corpus.connecte(chemin()), OpenError::None);
+        return corpus.titre();
+    };
+    ordre(QStringLiteral("UPDATE paramètres SET titre='Ma  base\n'"));
+    EXPECT_EQ(titre(), u"Ma base");
+    corpus.fermebase();
+    ordre(QStringLiteral("ALTER TABLE paramètres DROP COLUMN titre"));
+    EXPECT_EQ(titre(), QString()) << "a base older than the field";
+    corpus.fermebase();
+    ordre(QStringLiteral("DROP TABLE paramètres"));
+    EXPECT_EQ(titre(), QString());
+}
+
+TEST_F(CorpusTest, AnUnopenedCorpusIsARunTimeError) {
+    const test::GardeArret garde;
+    EXPECT_THROW(corpus.donnees(), test::Arret);
+    EXPECT_THROW(corpus.base(), test::Arret);
+}
+
+TEST_F(CorpusTest, TheKeywordTableStandsOnItsPrimaryKeyFromTheOpeningOn) {
+    ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
+    corpus.ouvretables();
+    EXPECT_EQ(corpus.motcles().index(), u"primarykey");
+}

@@ -1,0 +1,336 @@
+// The document window: links in the text and beside it, the tree, the pop-up menus.
+#include "core/schemas.h"
+#include "document/ui/listedeliens.h"
+#include "tests/document/ui/textes_base.h"
+#include "tests/support/eventually.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QMouseEvent>
+
+using namespace velm;
+using namespace Qt::Literals::StringLiterals;
+using LiensTextes = velm::test::BaseTextes;
+using ArbreTextes = velm::test::BaseTextes;
+
+namespace {
+
+QAction* entree(const Textes& fenetre, const QString& nom) {
+    return fenetre.findChild<QAction*>(nom);
+}
+
+} // namespace
+
+TEST_F(LiensTextes, OpeningOneListShowsBothGrids) {
+    Textes& fenetre = ouvre("CO000001");
+    EXPECT_FALSE(fenetre.liens().visible());
+    EXPECT_EQ(fenetre.liens().couleurbouton(), 255);
+    fenetre.liens().bouton()->click();
+    EXPECT_TRUE(fenetre.liens().grille()->isVisible());
+    EXPECT_TRUE(fenetre.correlats().grille()->isVisible());
+    EXPECT_EQ(fenetre.liens().couleurbouton(), 65280);
+    EXPECT_EQ(fenetre.correlats().couleurbouton(), 255);
+    EXPECT_EQ(fenetre.correlats().grille()->rows(), 1);
+    EXPECT_EQ(fenetre.liens().cles(), (QStringList{u"CO000003"_s, u"CO000002"_s}));
+    EXPECT_EQ(fenetre.liens().grille()->text(1, 0), u"CO");
+    EXPECT_EQ(fenetre.liens().grille()->text(1, 1), u"Zone franche");
+}
+
+TEST_F(LiensTextes, TheCorrelatesListWhatCitesTheDocument) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.correlats().bouton()->click();
+    EXPECT_EQ(fenetre.correlats().cles(), (QStringList{u"CO000002"_s, u"JP000007"_s}));
+}
+
+TEST_F(LiensTextes, ClosingTheSecondListHidesBothGrids) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.liens().bouton()->click();
+    fenetre.correlats().bouton()->click();
+    fenetre.liens().bouton()->click();
+    EXPECT_TRUE(fenetre.liens().grille()->isVisible());
+    EXPECT_EQ(fenetre.liens().grille()->rows(), 1);
+    EXPECT_EQ(fenetre.liens().couleurbouton(), 255);
+    fenetre.correlats().bouton()->click();
+    EXPECT_FALSE(fenetre.liens().grille()->isVisible());
+    EXPECT_FALSE(fenetre.correlats().grille()->isVisible());
+    EXPECT_TRUE(controle(fenetre, u"entetelistedesliens"_s)->isVisible());
+}
+
+TEST_F(LiensTextes, AListReloadsWhenTheDocumentChangesWhileItIsOpen) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.liens().bouton()->click();
+    ouvre("CO000002");
+    EXPECT_EQ(fenetre.liens().cles(), QStringList{u"CO000001"_s});
+    EXPECT_EQ(fenetre.correlats().grille()->rows(), 1);
+    ouvre("CO000004");
+    EXPECT_TRUE(fenetre.liens().cles().isEmpty());
+}
+
+TEST_F(LiensTextes, NothingIsReadWhileTheListsAreClosed) {
+    banc.reset();
+    {
+        const auto base = Database::open(chemin(), OpenMode::Shared, corpusSchema());
+        ASSERT_TRUE(base.database->execute(u"DROP TABLE \"liens\""_s));
+    }
+    banc = std::make_unique<test::BancTextes>(chemin());
+    ouvre("CO000001");
+    EXPECT_EQ(ouvre("CO000002").referencecourante(), u"CO000002");
+}
+
+TEST_F(LiensTextes, AnEmptyWindowOpensEmptyLists) {
+    banc->navigation.ouvrefenetre(0);
+    Textes& fenetre = *banc->fenetre(0);
+    fenetre.liens().bouton()->click();
+    EXPECT_TRUE(fenetre.liens().cles().isEmpty());
+    EXPECT_TRUE(fenetre.liens().ouverte());
+}
+
+TEST_F(LiensTextes, AClickOnRow0SortsAscendingThenDescendingAndOnlyOneColumnBearsTheMark) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.liens().bouton()->click();
+    FlexGrid& grille = *fenetre.liens().grille();
+    cliquecellule(grille, 0, 1);
+    EXPECT_EQ(grille.sortMark(1), FlexGrid::Mark::Ascending);
+    EXPECT_EQ(fenetre.liens().cles(), (QStringList{u"CO000002"_s, u"CO000003"_s}));
+    EXPECT_EQ(grille.headerCell(1), banc->langue.lireressource(300) + u'>');
+    cliquecellule(grille, 0, 1);
+    EXPECT_EQ(grille.headerCell(1), banc->langue.lireressource(300) + u'<');
+    EXPECT_EQ(fenetre.liens().cles(), (QStringList{u"CO000003"_s, u"CO000002"_s}));
+    cliquecellule(grille, 0, 0);
+    EXPECT_EQ(grille.sortMark(0), FlexGrid::Mark::Ascending);
+    EXPECT_EQ(grille.sortMark(1), FlexGrid::Mark::None);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000001");
+}
+
+TEST_F(LiensTextes, AClickOnARowOpensItsDocumentWithoutFoldingThePanel) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.liens().bouton()->click();
+    const int position = fenetre.disposition().posseparateur;
+    cliquecellule(*fenetre.liens().grille(), 2, 1);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
+    EXPECT_EQ(fenetre.disposition().posseparateur, position);
+}
+
+TEST_F(LiensTextes, ADoubleClickOnARowOpensOneDocumentOnly) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.liens().bouton()->click();
+    cliquecellule(*fenetre.liens().grille(), 2, 1, true);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
+    EXPECT_EQ(fenetre.parcours().historique.precedent.nombre(), 1);
+}
+
+TEST_F(LiensTextes, ReturnOnARowOpensItsDocument) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.correlats().bouton()->click();
+    FlexGrid& grille = *fenetre.correlats().grille();
+    grille.setRow(2);
+    QTest::keyClick(grille.view(), Qt::Key_Return);
+    EXPECT_EQ(banc->navigation.referencecourante(), u"JP000007");
+}
+
+TEST_F(LiensTextes, AClickOnTheFirstAndBehindTheLastCharacterOpensTheLink) {
+    Textes& fenetre = ouvre("CO000001");
+    cliquetexte(fenetre, 5); // "Voir l'article 2": the link begins at 5 and ends behind 15
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
+    ouvre("CO000001");
+    fenetre.vue().setSelStart(16);
+    QTest::keyClick(&fenetre.vue(), Qt::Key_Return);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
+}
+
+TEST_F(LiensTextes, ADragCountsAsAClickWhereItsSelectionBegins) {
+    // "Voir l'article 2 et": the link begins at 5 and ends behind 15.
+    const auto tirede = [this](qsizetype de, qsizetype a) {
+        const Textes& fenetre = ouvre("CO000001");
+        const auto ou = [&fenetre](qsizetype position) {
+            fenetre.vue().setSelStart(position);
+            return fenetre.vue().cursorRect().center();
+        };
+        const QPoint debut = ou(de);
+        const QPoint fin = ou(a);
+        QWidget* surface = fenetre.vue().viewport();
+        QTest::mousePress(surface, Qt::LeftButton, {}, debut);
+        QMouseEvent chemin(QEvent::MouseMove, fin, surface->mapToGlobal(fin), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(surface, &chemin);
+        QTest::mouseRelease(surface, Qt::LeftButton, {}, fin);
+        return fenetre.referencecourante();
+    };
+    EXPECT_EQ(tirede(1, 9), u"CO000001");
+    EXPECT_EQ(banc->fenetre(0)->vue().control().selText(), u"oir l'ar");
+    EXPECT_EQ(tirede(9, 18), u"CO000002");
+    EXPECT_EQ(tirede(18, 9), u"CO000002");
+    EXPECT_EQ(tirede(9, 1), u"CO000001");
+}
+
+TEST_F(LiensTextes, AClickOutsideOpensNothing) {
+    Textes& fenetre = ouvre("CO000001");
+    cliquetexte(fenetre, 1);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000001");
+    EXPECT_TRUE(banc->navigateur.urls.isEmpty());
+    EXPECT_TRUE(banc->navigateur.mails.isEmpty());
+}
+
+TEST_F(LiensTextes, AnInternalLinkPassesItsShownTextAsAnchorAndFoldsThePanel) {
+    Textes& fenetre = ouvre("CO000001");
+    cliquetexte(fenetre, fenetre.vue().control().text().indexOf(u"Ligne 40"_s) + 3);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
+    EXPECT_TRUE(fenetre.disposition().replie());
+    EXPECT_TRUE(fenetre.vue().control().text().mid(fenetre.vue().selStart()).startsWith(u"Ligne 40."_s));
+}
+
+TEST_F(LiensTextes, WebAndMailLinksGoToTheUsersPrograms) {
+    Textes& fenetre = ouvre("CO000001");
+    const QString texte = fenetre.vue().control().text();
+    cliquetexte(fenetre, texte.indexOf(u"le site"_s) + 2);
+    cliquetexte(fenetre, texte.indexOf(u"nous"_s) + 1);
+    EXPECT_EQ(banc->navigateur.urls, QStringList{u"http://https://example.org"_s});
+    EXPECT_EQ(banc->navigateur.mails, QStringList{u"a@example.org"_s});
+}
+
+TEST_F(LiensTextes, TheLinkUnderThePointerTellsItsTarget) {
+    Textes& fenetre = ouvre("CO000001");
+    QStringList cibles;
+    QObject::connect(&fenetre, &Textes::cible, &fenetre, [&](const QString& texte) { cibles << texte; });
+    const QString texte = fenetre.vue().control().text();
+    QTest::mouseMove(fenetre.vue().viewport(), {1, 1});
+    for (const auto& mot : {u"article"_s, u"le site"_s, u"nous"_s, u"ailleurs"_s, u"Voir"_s}) {
+        fenetre.vue().setSelStart(texte.indexOf(mot) + 1);
+        QTest::mouseMove(fenetre.vue().viewport(), fenetre.vue().cursorRect().center() + QPoint(2, 0));
+    }
+    EXPECT_EQ(cibles, (QStringList{u"CO000002 - Article 2"_s, u"https://example.org"_s, u"a@example.org"_s,
+                                   u"CO000099"_s, QString()}));
+}
+
+TEST_F(LiensTextes, TurningLinksIntoAListKeepsTheGridsOrder) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.liens().bouton()->click();
+    fenetre.liens().grille()->sort(1, false);
+    QStringList cles;
+    QObject::connect(&fenetre, &Textes::selection, &fenetre, [&](const QStringList& recues) { cles = recues; });
+    QAction* selection = entree(fenetre, u"MnuLiensSelection"_s);
+    ASSERT_NE(selection, nullptr);
+    EXPECT_TRUE(selection->isEnabled());
+    selection->trigger();
+    EXPECT_EQ(cles, (QStringList{u"CO000002"_s, u"CO000003"_s}));
+}
+
+TEST_F(LiensTextes, TheMenuOfAListOpensTheRowUnderThePointer) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.liens().bouton()->click();
+    FlexGrid& grille = *fenetre.liens().grille();
+    grille.setRow(2);
+    emit grille.rightClicked(1, 1, {10, 10});
+    auto* menu = fenetre.findChild<QMenu*>(u"ContextMenuLiens"_s);
+    ASSERT_NE(menu, nullptr);
+    EVENTUALLY(menu->isVisible());
+    EXPECT_EQ(grille.row(), 1);
+    menu->close();
+    entree(fenetre, u"MnuLiensOuvrir"_s)->trigger();
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000003");
+}
+
+TEST_F(LiensTextes, TheTextsMenuHoldsItsEntriesAndCopies) {
+    Textes& fenetre = ouvre("CO000001");
+    emit fenetre.vue().rightClicked(0, {10, 10});
+    auto* menu = fenetre.findChild<QMenu*>(u"ContextMenu"_s);
+    ASSERT_NE(menu, nullptr);
+    EVENTUALLY(menu->isVisible());
+    menu->close();
+    for (const auto& nom : {u"MnuPrint"_s, u"MnuSend(0)"_s, u"MnuSend(1)"_s, u"MnuStore"_s}) {
+        ASSERT_NE(entree(fenetre, nom), nullptr) << nom.toStdString();
+        EXPECT_FALSE(entree(fenetre, nom)->isEnabled()) << nom.toStdString();
+    }
+    entree(fenetre, u"MnuSelectAll"_s)->trigger();
+    EXPECT_EQ(fenetre.vue().selLength(), fenetre.vue().control().length());
+    entree(fenetre, u"MnuCopy"_s)->trigger();
+    EXPECT_TRUE(banc->pressepapiers.contenu.texte.startsWith(u"Voir"_s));
+    entree(fenetre, u"MnuOuvrirLiens"_s)->trigger();
+    EXPECT_TRUE(fenetre.liens().ouverte());
+    entree(fenetre, u"MnuOuvrirCorrélats"_s)->trigger();
+    EXPECT_TRUE(fenetre.correlats().ouverte());
+}
+
+TEST_F(LiensTextes, CopyingWithoutASelectionTakesTheWholeRichTextAndLeavesWhatIsShown) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.vue().setSelStart(7);
+    const QByteArray rtf = fenetre.vue().control().textRtf();
+    fenetre.copie();
+    EXPECT_EQ(banc->pressepapiers.contenu.rtf, rtf);
+    EXPECT_EQ(fenetre.vue().control().textRtf(), rtf);
+    EXPECT_EQ(fenetre.vue().selStart(), 7);
+    EXPECT_EQ(fenetre.vue().selLength(), 0);
+    fenetre.vue().setSelStart(0);
+    fenetre.vue().setSelLength(4);
+    fenetre.copie();
+    EXPECT_EQ(banc->pressepapiers.contenu.texte, u"Voir");
+    EXPECT_EQ(fenetre.vue().selLength(), 4);
+}
+
+TEST_F(LiensTextes, CopyingAnEmptyWindowLeavesTheClipboard) {
+    banc->navigation.ouvrefenetre(0);
+    banc->pressepapiers.contenu.texte = u"avant"_s;
+    banc->fenetre(0)->copie();
+    EXPECT_EQ(banc->pressepapiers.texte(), u"avant");
+}
+
+// ---- the contents tree
+
+TEST_F(ArbreTextes, AClickOnADocumentOpensItWithoutFoldingThePanel) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"arbre"_s);
+    const int position = fenetre.disposition().posseparateur;
+    cliquenoeud(fenetre.arbre(), u"@CO000003"_s);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000003");
+    EXPECT_EQ(fenetre.disposition().posseparateur, position);
+    EXPECT_TRUE(fenetre.arbre().isVisible());
+}
+
+TEST_F(ArbreTextes, ADoubleClickOnADocumentOpensOneWindowOnly) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"arbre"_s);
+    banc->navigation.changeunefenetre(false);
+    TreeView& arbre = fenetre.arbre();
+    cliquenoeud(arbre, u"@CO000003"_s);
+    const QPoint ici = arbre.visualRect(arbre.currentIndex()).center();
+    QTest::mouseDClick(arbre.viewport(), Qt::LeftButton, {}, ici);
+    QTest::mouseRelease(arbre.viewport(), Qt::LeftButton, {}, ici);
+    EXPECT_EQ(banc->fenetres.size(), 2U);
+    arbre.setFocus();
+    QTest::keyClick(&arbre, Qt::Key_Return);
+    EXPECT_EQ(banc->fenetres.size(), 3U);
+}
+
+TEST_F(ArbreTextes, AClickOnABranchDoesNothing) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"arbre"_s);
+    cliquenoeud(fenetre.arbre(), u"CO 2"_s);
+    cliquenoeud(fenetre.arbre(), u"CO 0"_s);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000001");
+}
+
+TEST_F(ArbreTextes, AClickOnADocumentHidesTheTwoWordButtons) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"arbre"_s);
+    for (const auto& cle : {u"motprécédent"_s, u"motsuivant"_s, u"marqueauto"_s})
+        fenetre.barrechild().setButtonVisible(cle, true);
+    cliquenoeud(fenetre.arbre(), u"@CO000003"_s);
+    EXPECT_FALSE(fenetre.barrechild().isButtonVisible(u"motprécédent"_s));
+    EXPECT_FALSE(fenetre.barrechild().isButtonVisible(u"motsuivant"_s));
+    EXPECT_TRUE(fenetre.barrechild().isButtonVisible(u"marqueauto"_s));
+}
+
+TEST_F(ArbreTextes, ExpandingLoadsWhatLiesBelowTheChildren) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"arbre"_s);
+    TreeView& arbre = fenetre.arbre();
+    EXPECT_EQ(arbre.nodes().indexOf(u"CO 5"_s), 0);
+    for (const auto& cle : {u"CO 0"_s, u"CO 1"_s, u"CO 3"_s})
+        arbre.expand(arbre.indexOf(arbre.nodes().indexOf(cle)));
+    EXPECT_NE(arbre.nodes().indexOf(u"CO 5"_s), 0);
+    EXPECT_EQ(arbre.nodes().tag(arbre.nodes().indexOf(u"CO 4"_s)), u"+");
+}

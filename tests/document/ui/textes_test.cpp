@@ -1,0 +1,383 @@
+// The document window: settings, division, blocks.
+#include "tests/document/ui/textes_base.h"
+#include "tests/support/eventually.h"
+
+using namespace velm;
+using namespace Qt::Literals::StringLiterals;
+using FenetreTextes = velm::test::BaseTextes;
+
+TEST_F(FenetreTextes, EveryControlHasItsNameAndAnAccessibleOne) {
+    const Textes& fenetre = ouvre("CO000001");
+    for (const auto& nom :
+         {u"barrechild"_s, u"arbre"_s, u"flex"_s, u"blocrecherche"_s, u"Textedico"_s, u"resultat"_s,
+          u"rtfRichTextBox1"_s, u"separateur"_s, u"separateurlisteh"_s, u"separateurlistev"_s, u"entetelistedesliens"_s,
+          u"entetelistedescorrelats"_s, u"ouvrirlien"_s, u"ouvrircorrélats"_s, u"Label1"_s, u"Label2"_s,
+          u"flexlistedesliens"_s, u"flexlistedescorrélats"_s})
+        EXPECT_NE(controle(fenetre, nom), nullptr) << nom.toStdString();
+    for (const auto& nom :
+         {u"arbre"_s, u"flex"_s, u"Textedico"_s, u"rtfRichTextBox1"_s, u"ouvrirlien"_s, u"flexlistedescorrélats"_s})
+        EXPECT_FALSE(controle(fenetre, nom)->accessibleName().isEmpty()) << nom.toStdString();
+}
+
+TEST_F(FenetreTextes, EachWindowRestoresItsOwnSavedValues) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"tableau"_s);
+    tire(*controle<SplitterBar>(fenetre, u"separateur"_s), {40, 0});
+    const int position = fenetre.disposition().posseparateur;
+    banc->place = {0, 15, 30, 9000, 6000};
+    fenetre.close();
+    EXPECT_EQ(banc->lu(u"WINDOWSSEPAR0"_s), QString::number(position));
+    EXPECT_EQ(banc->lu(u"WINDOWSSEPARVH0"_s), u"0");
+    EXPECT_EQ(banc->lu(u"WINDOWSARBRE0"_s), u"2");
+    EXPECT_EQ(banc->lu(u"WINDOWSWIDTH0"_s), u"9000");
+
+    const Textes& autre = ouvre("JP000007");
+    EXPECT_EQ(autre.ar(), u"0");
+    EXPECT_EQ(autre.disposition().vh, u"1");
+    const Textes& rouverte = ouvre("CO000001");
+    EXPECT_EQ(rouverte.ar(), u"2");
+    EXPECT_EQ(rouverte.disposition().posseparateur, position);
+    EXPECT_EQ(rouverte.placevoulue(), banc->place);
+    EXPECT_TRUE(rouverte.barrechild().value(u"barrehoriz"_s));
+    EXPECT_TRUE(rouverte.barrechild().value(u"tableau"_s));
+}
+
+TEST_F(FenetreTextes, AFirstWindowLeavesItsSizeToTheFrame) {
+    EXPECT_EQ(ouvre("CO000001").placevoulue(), (PlaceTextes{0, 0, 0, 0, 0}));
+}
+
+TEST_F(FenetreTextes, StrangeStoredValuesMakeAWindowAllTheSame) {
+    for (const auto& nom : {u"WINDOWSSTATE0"_s, u"WINDOWSLEFT0"_s, u"WINDOWSSEPAR0"_s, u"WINDOWSSEPARVH0"_s,
+                            u"WINDOWSARBRE0"_s, u"ORDRECOLONNE0"_s, u"LARGEURCOLONNE0"_s})
+        banc->met(nom, u"\u2028n'importe quoi\t-1e99"_s);
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"tableau"_s);
+    EXPECT_EQ(fenetre.flex().rows(), 5);
+    EXPECT_EQ(fenetre.vue().control().text().left(4), u"Voir");
+}
+
+TEST_F(FenetreTextes, ThePanelIsLeftOfTheTextForZeroAndAboveItForOne) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"arbre"_s);
+    presse(fenetre, u"barreverti"_s);
+    EXPECT_EQ(fenetre.arbre().width(), fenetre.width());
+    EXPECT_LT(fenetre.arbre().geometry().bottom(), fenetre.vue().geometry().top());
+    presse(fenetre, u"barrehoriz"_s);
+    EXPECT_LT(fenetre.arbre().geometry().right(), fenetre.vue().geometry().left());
+    EXPECT_EQ(fenetre.arbre().y(), fenetre.vue().y());
+    EXPECT_FALSE(fenetre.barrechild().value(u"barreverti"_s));
+}
+
+TEST_F(FenetreTextes, APanelThatIsFoldedOpensForTheBlockThatIsAskedFor) {
+    banc->met(u"WINDOWSSEPARVH0"_s, u"0"_s);
+    banc->met(u"WINDOWSSEPAR0"_s, u"0"_s);
+    banc->listeselection = true;
+    Textes& fenetre = ouvre("CO000001");
+    EXPECT_EQ(fenetre.disposition().posseparateur, 0);
+    EXPECT_EQ(fenetre.vue().x(), SplitterBar::thickness);
+    presse(fenetre, u"arbre"_s);
+    EXPECT_TRUE(fenetre.arbre().isVisible());
+    EXPECT_GT(fenetre.arbre().width(), 100);
+}
+
+TEST_F(FenetreTextes, ABarAtZeroDependsOnTheSelectionList) {
+    banc->met(u"WINDOWSSEPARVH0"_s, u"0"_s);
+    banc->met(u"WINDOWSSEPAR0"_s, u"0"_s);
+    EXPECT_EQ(ouvre("CO000001").disposition().posseparateur, 360);
+    banc->met(u"WINDOWSSEPAR2"_s, u"360"_s);
+    EXPECT_EQ(ouvre("JP000007").disposition().posseparateur, 1000);
+}
+
+TEST_F(FenetreTextes, ActivationPutsTheFocusIntoTheWordsOfTheSearchThatIsShown) {
+    Textes& fenetre = ouvre("CO000001");
+    auto* mots = controle(fenetre, u"Textedico"_s);
+    auto* bloc = controle(fenetre, u"blocrecherche"_s);
+    fenetre.vue().setFocus();
+    bloc->setEnabled(false);
+    fenetre.activation();
+    EXPECT_EQ(fenetre.focusWidget(), &fenetre.vue());
+    bloc->setEnabled(true);
+    fenetre.activation();
+    EXPECT_EQ(fenetre.focusWidget(), mots);
+    presse(fenetre, u"arbre"_s);
+    fenetre.vue().setFocus();
+    fenetre.activation();
+    EXPECT_EQ(fenetre.focusWidget(), &fenetre.vue());
+
+    banc->navigation.ouvrefenetre(2);
+    Textes& vide = *banc->fenetre(2);
+    controle(vide, u"blocrecherche"_s)->setEnabled(true);
+    vide.vue().setFocus();
+    vide.activation();
+    EXPECT_EQ(vide.focusWidget(), &vide.vue()) << "there is no document yet";
+}
+
+TEST_F(FenetreTextes, OpeningAgainWhatIsShownLeavesTheCaretWhereItIs) {
+    Textes& fenetre = ouvre("CO000002");
+    fenetre.vue().setSelStart(40);
+    banc->navigation.navigue(u"TACO000002"_s, false, u"Ligne 60"_s);
+    EXPECT_EQ(fenetre.vue().selStart(), 40);
+    EXPECT_FALSE(fenetre.barrechild().isButtonEnabled(u"Précédent"_s));
+}
+
+TEST_F(FenetreTextes, ALinkClickFoldsThePanelTo0OrTo360) {
+    Textes& fenetre = ouvre("CO000001");
+    cliquetexte(fenetre, 7);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
+    EXPECT_EQ(fenetre.disposition().posseparateur, 360);
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"arbre"_s);
+    EXPECT_GT(fenetre.disposition().posseparateur, 0);
+    ouvre("CO000003", true);
+    EXPECT_EQ(fenetre.disposition().posseparateur, 0);
+    EXPECT_FALSE(fenetre.arbre().isVisible());
+    ouvre("CO000001");
+    EXPECT_EQ(fenetre.disposition().posseparateur, 0);
+}
+
+TEST_F(FenetreTextes, NothingReachesBeyondAWindowOfAnySize) {
+    Textes& fenetre = ouvre("CO000001");
+    controle<QToolButton>(fenetre, u"ouvrirlien"_s)->click();
+    for (const auto& vh : {u"barrehoriz"_s, u"barreverti"_s}) {
+        presse(fenetre, vh);
+        fenetre.resize(1, 1); // as good as nothing: whatever comes out of it has to find back
+        for (const QSize taille : {QSize(40, 300), QSize(300, 40), QSize(120, 120), QSize(900, 700)}) {
+            fenetre.resize(taille);
+            for (const QWidget* enfant : fenetre.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+                const QRect ici = enfant->geometry();
+                EXPECT_TRUE(enfant->isHidden() || ici.isEmpty() || fenetre.rect().contains(ici))
+                    << enfant->objectName().toStdString() << " at " << taille.width() << 'x' << taille.height();
+            }
+        }
+    }
+    EXPECT_GT(fenetre.vue().width(), 400);
+}
+
+TEST_F(FenetreTextes, ShowingABlockReleasesTheTwoOtherButtons) {
+    Textes& fenetre = ouvre("CO000001");
+    const std::initializer_list<std::pair<QString, QString>> blocs = {
+        {u"arbre"_s, u"arbre"_s}, {u"tableau"_s, u"flex"_s}, {u"recherchedico"_s, u"blocrecherche"_s}};
+    for (const auto& [cle, nom] : blocs) {
+        presse(fenetre, cle);
+        for (const auto& [autrecle, autrenom] : blocs) {
+            EXPECT_EQ(fenetre.barrechild().value(autrecle), autrecle == cle);
+            EXPECT_EQ(controle(fenetre, autrenom)->isVisible(), autrecle == cle) << autrenom.toStdString();
+        }
+    }
+}
+
+TEST_F(FenetreTextes, TheTreeAndTheListAreFilledOnceAtFirstShowing) {
+    Textes& fenetre = ouvre("CO000001");
+    EXPECT_EQ(fenetre.arbre().nodes().count(), 0);
+    EXPECT_EQ(fenetre.flex().rows(), 1);
+    presse(fenetre, u"arbre"_s);
+    EXPECT_GT(fenetre.arbre().nodes().count(), 1);
+    presse(fenetre, u"tableau"_s);
+    EXPECT_EQ(fenetre.flex().rows(), 5);
+    const GridSource* source = fenetre.flex().source();
+    const int marque = fenetre.arbre().nodes().add(0, u"à moi"_s, u"à moi"_s, {}, {});
+    presse(fenetre, u"arbre"_s);
+    presse(fenetre, u"tableau"_s);
+    EXPECT_EQ(fenetre.flex().source(), source);
+    EXPECT_EQ(fenetre.arbre().nodes().indexOf(u"à moi"_s), marque);
+}
+
+TEST_F(FenetreTextes, TheListHasFourVisibleColumnsAndAHiddenNumber) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"tableau"_s);
+    const FlexGrid& flex = fenetre.flex();
+    ASSERT_EQ(flex.cols(), 5);
+    for (int colonne = 0; colonne < 4; ++colonne) {
+        EXPECT_EQ(flex.header(colonne), banc->langue.lireressource(300 + colonne));
+        EXPECT_GE(flex.colWidth(colonne), 2000);
+        const QAbstractItemModel* lignes = flex.view()->model();
+        EXPECT_EQ(lignes->headerData(colonne, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), Qt::AlignCenter);
+        EXPECT_TRUE(lignes->index(0, colonne).data(Qt::TextAlignmentRole).toInt() & Qt::AlignLeft);
+    }
+    EXPECT_EQ(flex.colWidth(4), 0);
+    EXPECT_EQ(flex.sortMark(0), FlexGrid::Mark::Ascending);
+    EXPECT_EQ(flex.text(1, 0), u"Article 2");
+    EXPECT_EQ(flex.text(1, 4), u"000002");
+    EXPECT_EQ(flex.text(3, 0), u"Être lié");
+}
+
+TEST_F(FenetreTextes, WidthsThatNobodyTouchedShareTheRoomAndAreNotStored) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.resize(1200, 700);
+    presse(fenetre, u"tableau"_s);
+    const FlexGrid& flex = fenetre.flex();
+    EXPECT_GT(flex.colWidth(0), 2000);
+    EXPECT_NEAR(flex.colWidth(0), 2 * flex.colWidth(1), 60);
+    fenetre.resize(300, 700);
+    EVENTUALLY(std::abs(flex.colWidth(1) - 2000) < 15);
+    fenetre.close();
+    EXPECT_EQ(banc->lu(u"LARGEURCOLONNE0"_s), u"002000002000002000002000");
+}
+
+TEST_F(FenetreTextes, AWidthThatWasTouchedStays) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.resize(1200, 700);
+    presse(fenetre, u"tableau"_s);
+    fenetre.flex().setColWidth(2, 1500);
+    fenetre.resize(900, 700);
+    EXPECT_EQ(fenetre.flex().colWidth(2), 1500);
+    const int titre = fenetre.flex().colWidth(0);
+    fenetre.resize(1100, 700);
+    EXPECT_EQ(fenetre.flex().colWidth(0), titre);
+    fenetre.close();
+    EXPECT_TRUE(banc->lu(u"LARGEURCOLONNE0"_s).contains(u"001500"));
+}
+
+TEST_F(FenetreTextes, TheStoredOrderAndWidthsOfTheColumnsAreTaken) {
+    banc->met(u"ORDRECOLONNE0"_s, u"10324"_s);
+    banc->met(u"LARGEURCOLONNE0"_s, u"003000001500002100000900"_s);
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"tableau"_s);
+    const FlexGrid& flex = fenetre.flex();
+    EXPECT_EQ(flex.header(0), banc->langue.lireressource(301));
+    EXPECT_EQ(flex.header(1), banc->langue.lireressource(300));
+    EXPECT_EQ(flex.text(1, 0), u"bail");
+    EXPECT_NEAR(flex.colWidth(0), 3000, 15);
+    EXPECT_NEAR(flex.colWidth(3), 900, 15);
+}
+
+TEST_F(FenetreTextes, AColumnOrderOfAllFoursFallsBackToTheDefault) {
+    banc->met(u"ORDRECOLONNE0"_s, u"44444"_s);
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"tableau"_s);
+    EXPECT_EQ(fenetre.flex().header(0), banc->langue.lireressource(300));
+    EXPECT_EQ(fenetre.flex().header(3), banc->langue.lireressource(303));
+}
+
+TEST_F(FenetreTextes, MovedColumnsAreWrittenBackAsDigitsWithFourAtTheEnd) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"tableau"_s);
+    fenetre.flex().sort(1, false);
+    fenetre.flex().setColPosition(0, 2);
+    fenetre.flex().setColWidth(0, 1500);
+    fenetre.close();
+    EXPECT_EQ(banc->lu(u"ORDRECOLONNE0"_s), u"12034");
+    EXPECT_EQ(banc->lu(u"LARGEURCOLONNE0"_s).left(6), u"001500");
+}
+
+TEST_F(FenetreTextes, AListNeverShownWritesFoursAndItsWidthsAsTheyWereRead) {
+    banc->met(u"LARGEURCOLONNE0"_s, u"003000001500002100000900"_s);
+    ouvre("CO000001").close();
+    EXPECT_EQ(banc->lu(u"ORDRECOLONNE0"_s), u"44444");
+    EXPECT_EQ(banc->lu(u"LARGEURCOLONNE0"_s), u"003000001500002100000900");
+}
+
+TEST_F(FenetreTextes, ADoubleClickInTheListOpensItsDocumentAndOnTheHeaderSorts) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"tableau"_s);
+    const int position = fenetre.disposition().posseparateur;
+    cliquecellule(fenetre.flex(), 1, 0);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000001");
+    cliquecellule(fenetre.flex(), 1, 0, true);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
+    EXPECT_EQ(fenetre.disposition().posseparateur, position);
+    cliquecellule(fenetre.flex(), 0, 0, true);
+    EXPECT_EQ(fenetre.flex().sortMark(0), FlexGrid::Mark::Descending);
+    EXPECT_EQ(fenetre.flex().text(1, 0), u"Zone franche");
+    fenetre.flex().view()->setFocus();
+    fenetre.flex().setRow(1);
+    QTest::keyClick(fenetre.flex().view(), Qt::Key_Return);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000003");
+}
+
+TEST_F(FenetreTextes, TheTilingButtonsShowWithMoreThanThreeFormsAndHideUnderFive) {
+    banc->formes = 3;
+    Textes& une = ouvre("CO000001");
+    EXPECT_TRUE(banc->mosaique.empty());
+    banc->formes = 4;
+    Textes& deux = ouvre("JP000007");
+    EXPECT_EQ(banc->mosaique, std::vector<bool>{true});
+    banc->formes = 5;
+    deux.close();
+    EXPECT_EQ(banc->mosaique, std::vector<bool>{true});
+    banc->formes = 4;
+    une.close();
+    EXPECT_EQ(banc->mosaique, (std::vector<bool>{true, false}));
+}
+
+TEST_F(FenetreTextes, ClosingReleasesTheSlotsButtonAndMenuEntry) {
+    Textes& fenetre = ouvre("CO000001");
+    EXPECT_TRUE(banc->navigation.maffichagef(0));
+    int fermetures = 0;
+    QObject::connect(&fenetre, &Textes::ferme, &fenetre, [&] { ++fermetures; });
+    fenetre.close();
+    EXPECT_EQ(fermetures, 1);
+    EXPECT_FALSE(banc->navigation.fenetreouverte(0));
+    EXPECT_FALSE(banc->navigation.maffichagef(0));
+    EXPECT_EQ(banc->slots_.back(), (std::pair{0, false}));
+    EXPECT_EQ(banc->fenetre(0), nullptr);
+}
+
+TEST_F(FenetreTextes, AListIsPaintedAndItsWindowClosedAfterTheBaseWas) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"tableau"_s);
+    fenetre.flex().sort(0, true);
+    banc->corpus.fermebase();
+    EXPECT_FALSE(fenetre.grab().isNull());
+    fenetre.close();
+    EXPECT_EQ(banc->lu(u"ORDRECOLONNE0"_s), u"01234");
+}
+
+TEST_F(FenetreTextes, AWindowThatIsDeletedIsNotAddressedAnyMore) {
+    delete &ouvre("CO000001");
+    EXPECT_EQ(banc->fenetre(0), nullptr);
+    EXPECT_EQ(ouvre("CO000002").referencecourante(), u"CO000002");
+}
+
+TEST_F(FenetreTextes, DroppingABarMovesItByItsSourcesRule) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"arbre"_s);
+    auto* debout = controle<SplitterBar>(fenetre, u"separateur"_s);
+    const int avant = debout->x();
+    tire(*debout, {33, 50});
+    EXPECT_EQ(debout->x(), avant + 33);
+    EXPECT_EQ(fenetre.disposition().posseparateur, twipsFromPixels(avant + 33));
+    EXPECT_EQ(fenetre.arbre().width(), avant + 33);
+    EXPECT_EQ(fenetre.vue().x(), avant + 33 + SplitterBar::thickness);
+
+    presse(fenetre, u"barreverti"_s);
+    const int haut = debout->y();
+    tire(*debout, {50, 21});
+    EXPECT_EQ(debout->y(), haut + 21);
+
+    controle<QToolButton>(fenetre, u"ouvrirlien"_s)->click();
+    auto* listeh = controle<SplitterBar>(fenetre, u"separateurlisteh"_s);
+    auto* listev = controle<SplitterBar>(fenetre, u"separateurlistev"_s);
+    const QPoint places(listev->x(), listeh->y());
+    tire(*listeh, {0, 45});
+    tire(*listev, {-60, 0});
+    EXPECT_EQ(listeh->y(), places.y() + 45);
+    EXPECT_EQ(listev->x(), places.x() - 60);
+    EXPECT_EQ(controle(fenetre, u"entetelistedesliens"_s)->width(), places.x() - 60);
+}
+
+TEST_F(FenetreTextes, ADoubleClickOnABarPutsItToItsUsualPlace) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"arbre"_s);
+    auto* barre = controle<SplitterBar>(fenetre, u"separateur"_s);
+    tire(*barre, {-100, 0});
+    QTest::mouseDClick(barre, Qt::LeftButton);
+    EXPECT_EQ(fenetre.disposition().posseparateur, fenetre.disposition().placehabituelle());
+}
+
+TEST_F(FenetreTextes, TheListsShareTheWidthUntilTheirBarIsMoved) {
+    Textes& fenetre = ouvre("CO000001");
+    const QWidget* entete = controle(fenetre, u"entetelistedesliens"_s);
+    for (const int largeur : {600, 1000}) {
+        fenetre.resize(largeur, 700);
+        EXPECT_NEAR(entete->width(), largeur / 2, 4);
+    }
+    tire(*controle<SplitterBar>(fenetre, u"separateurlistev"_s), {-100, 0});
+    const int tiree = entete->width();
+    fenetre.resize(800, 700);
+    EXPECT_EQ(entete->width(), tiree);
+}

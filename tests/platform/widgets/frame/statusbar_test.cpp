@@ -1,0 +1,96 @@
+#include "platform/base/twips.h"
+#include "platform/widgets/frame/statusbar.h"
+#include "tests/support/eventually.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class StatusBarTest : public testing::Test {
+protected:
+    StatusBarTest() {
+        bar.addPanel(u"état"_s, 1);
+        bar.addPanel(u"nombre"_s, 0, twipsFromPixels(60));
+        bar.resize(400, bar.sizeHint().height());
+        bar.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&bar));
+    }
+
+    QWidget* panel(const QString& key) const { return bar.findChild<QWidget*>(key); }
+    /// The line of a panel: what stands in it, and the tool tip of what does not fit.
+    QWidget* line(const QString& key) const {
+        return panel(key)->findChild<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    }
+    QString shown(const QString& key) const { return line(key)->accessibleName(); }
+
+    StatusBar bar;
+};
+
+} // namespace
+
+TEST_F(StatusBarTest, PanelsAreFoundByTheirKeys) {
+    bar.setPanelText(u"état"_s, u"Prêt"_s);
+    bar.setPanelText(u"nombre"_s, u"12 documents"_s);
+    EXPECT_EQ(bar.panelText(u"état"_s), u"Prêt");
+    EXPECT_EQ(bar.panelText(u"nombre"_s), u"12 documents");
+    EXPECT_EQ(shown(u"état"_s), u"Prêt");
+}
+
+TEST_F(StatusBarTest, PanelsStandFromLeftToRightInTheirOrder) {
+    EVENTUALLY(panel(u"nombre"_s)->x() >= panel(u"état"_s)->geometry().right());
+    EXPECT_GE(line(u"nombre"_s)->width(), 60);
+}
+
+TEST_F(StatusBarTest, APanelWithoutStretchIsAsWideAsItsText) {
+    bar.setPanelText(u"nombre"_s, QString(30, u'0'));
+    const int text = line(u"nombre"_s)->fontMetrics().horizontalAdvance(QString(30, u'0'));
+    EVENTUALLY(line(u"nombre"_s)->width() >= text);
+    EXPECT_TRUE(line(u"nombre"_s)->toolTip().isEmpty());
+    bar.setPanelText(u"nombre"_s, u"1"_s);
+    EVENTUALLY(line(u"nombre"_s)->width() == 60);
+}
+
+TEST_F(StatusBarTest, WhatDoesNotFitIsElidedAndToldWhole) {
+    const QString title = QString(u"Un titre <long> & "_s).repeated(40);
+    const int width = bar.minimumSizeHint().width();
+    bar.setPanelText(u"état"_s, title);
+    EXPECT_TRUE(line(u"état"_s)->toolTip().contains(u"&lt;long&gt; &amp;"));
+    EXPECT_EQ(bar.panelText(u"état"_s), title);
+    EXPECT_EQ(bar.minimumSizeHint().width(), width);
+    bar.setPanelText(u"état"_s, u"Court"_s);
+    EXPECT_TRUE(line(u"état"_s)->toolTip().isEmpty());
+}
+
+TEST_F(StatusBarTest, APanelThatGrowsTooNarrowTellsItsTextWhole) {
+    bar.setPanelText(u"état"_s, u"Une phrase qui tient dans une fenêtre"_s);
+    EVENTUALLY(line(u"état"_s)->width() > 200);
+    EXPECT_TRUE(line(u"état"_s)->toolTip().isEmpty());
+    bar.resize(160, bar.height());
+    EVENTUALLY(!line(u"état"_s)->toolTip().isEmpty());
+}
+
+TEST_F(StatusBarTest, APassingTextStandsInPlaceUntilItIsEmptied) {
+    bar.setPanelText(u"état"_s, u"Prêt"_s);
+    bar.setPassing(u"état"_s, u"CO000002"_s);
+    EXPECT_EQ(shown(u"état"_s), u"CO000002");
+    EXPECT_EQ(bar.panelText(u"état"_s), u"Prêt");
+    bar.setPanelText(u"état"_s, u"Recherche"_s);
+    EXPECT_EQ(shown(u"état"_s), u"CO000002");
+    bar.setPassing(u"état"_s, QString());
+    EXPECT_EQ(shown(u"état"_s), u"Recherche");
+}
+
+TEST_F(StatusBarTest, TextsOnSeveralLinesStandOnOne) {
+    const int height = bar.sizeHint().height();
+    bar.setPanelText(u"état"_s, u"un\r\ndeux"_s);
+    EXPECT_EQ(bar.sizeHint().height(), height);
+    EXPECT_EQ(bar.panelText(u"état"_s), u"un\r\ndeux");
+}
+
+} // namespace velm

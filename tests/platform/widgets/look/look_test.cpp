@@ -1,0 +1,69 @@
+#include "platform/widgets/look/look.h"
+
+#include <gtest/gtest.h>
+#include <set>
+
+namespace velm {
+
+namespace {
+
+double luminance(const QColor& colour) {
+    const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b) {
+    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
+    return (high + 0.05) / (low + 0.05);
+}
+
+} // namespace
+
+TEST(Look, TextContrastsWithItsGround) {
+    for (const auto theme : {look::Theme::Light, look::Theme::Dark}) {
+        const QPalette palette = look::palette(theme);
+        EXPECT_EQ(look::themeOf(palette), theme);
+        EXPECT_GT(contrast(palette.color(QPalette::WindowText), palette.color(QPalette::Window)), 7);
+        EXPECT_GT(contrast(palette.color(QPalette::Text), palette.color(QPalette::Base)), 7);
+        EXPECT_GT(contrast(palette.color(QPalette::ButtonText), palette.color(QPalette::Button)), 7);
+        EXPECT_GT(contrast(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight)), 4.5);
+        EXPECT_GT(contrast(palette.color(QPalette::ToolTipText), palette.color(QPalette::ToolTipBase)), 7);
+        EXPECT_GT(contrast(look::accentColour(theme), palette.color(QPalette::Window)), 4.5);
+        EXPECT_GT(contrast(look::warningColour(theme), palette.color(QPalette::Window)), 4.5);
+    }
+}
+
+TEST(Look, WhatLiesOnTheSheetContrastsWithIt) {
+    for (const auto theme : {look::Theme::Light, look::Theme::Dark}) {
+        for (const QColor paper : {QColor(Qt::white), QColor(255, 255, 192), QColor(20, 20, 30)}) {
+            const look::Sheet sheet = look::sheet(paper, look::palette(theme));
+            EXPECT_EQ(sheet.paper, paper);
+            EXPECT_GT(contrast(sheet.ink, paper), 7);
+            EXPECT_GT(contrast(sheet.link, paper), 4.5);
+        }
+    }
+}
+
+TEST(Look, TheCollectionsHuesDifferAndWeighTheSame) {
+    for (const auto theme : {look::Theme::Light, look::Theme::Dark}) {
+        std::set<QRgb> seen;
+        const QColor ground = look::palette(theme).color(QPalette::Window);
+        for (int slot = 0; slot < 12; ++slot) {
+            const QColor hue = look::hue(slot, theme);
+            seen.insert(hue.rgb());
+            EXPECT_GT(contrast(hue, ground), 3.5) << slot;
+            EXPECT_NEAR(luminance(hue), luminance(look::hue(0, theme)), theme == look::Theme::Light ? 0.04 : 0.08)
+                << slot;
+        }
+        EXPECT_EQ(seen.size(), 12U);
+        EXPECT_EQ(look::hue(-1, theme), look::hue(0, theme));
+        EXPECT_EQ(look::hue(40, theme), look::hue(11, theme));
+    }
+}
+
+TEST(Look, DocumentsAreSetInABookFace) {
+    EXPECT_TRUE(look::serifFamilies().contains(look::documentFont().families().value(0)));
+    EXPECT_NEAR(look::documentFont().pointSizeF(), look::documentPoints, 0.01);
+}
+
+} // namespace velm

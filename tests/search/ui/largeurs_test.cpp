@@ -1,0 +1,116 @@
+// Where the controls of the form stand at every width that a window of the frame may have.
+#include "core/langue.h"
+#include "tests/search/ui/formulaire_support.h"
+
+#include <QLabel>
+
+using namespace velm;
+using namespace velm::test;
+
+namespace {
+
+constexpr int plusetroite = 640;
+constexpr int pluslarge = 2560;
+
+class LargeursTest : public FormulaireTest, public testing::WithParamInterface<const char*> {
+protected:
+    /// The form with the words of a language.
+    void SetUp() override {
+        FormulaireTest::SetUp();
+        langue.choisitfichier(QStringLiteral(VELM_SOURCE_DIR), QStringLiteral(VELM_SOURCE_DIR),
+                              QString::fromLatin1(GetParam()));
+        ouvreformulaire([this](int numero) { return langue.lireressource(numero); });
+        progression().show();
+    }
+    /// What is shown and pressed, filled in or read.
+    QList<QWidget*> controles() const {
+        QList<QWidget*> tous;
+        for (QWidget* celui : formulaire->findChildren<QWidget*>()) {
+            const bool controle = qobject_cast<QAbstractButton*>(celui) || qobject_cast<QLineEdit*>(celui) ||
+                                  qobject_cast<QComboBox*>(celui) || qobject_cast<QLabel*>(celui) ||
+                                  qobject_cast<QListWidget*>(celui) || qobject_cast<QProgressBar*>(celui);
+            if (controle && celui->isVisible() && !celui->size().isEmpty())
+                tous << celui;
+        }
+        return tous;
+    }
+    QRect place(const QWidget& controle) const { return {controle.mapTo(formulaire.get(), QPoint()), controle.size()}; }
+    /// All of a control is seen: nothing that it lies in cuts it.
+    bool entier(const QWidget& controle) const {
+        QRect ici = controle.rect();
+        const QWidget* dans = &controle;
+        while (dans != formulaire.get()) {
+            ici.translate(dans->pos());
+            dans = dans->parentWidget();
+            if (!dans->rect().contains(ici))
+                return false;
+        }
+        return true;
+    }
+    static std::string nom(const QWidget& controle) {
+        const auto* label = qobject_cast<const QLabel*>(&controle);
+        return (label ? label->text() : controle.objectName()).toStdString();
+    }
+    void verifie() const {
+        const QList<QWidget*> tous = controles();
+        for (qsizetype i = 0; i < tous.size(); ++i) {
+            ASSERT_TRUE(entier(*tous[i])) << nom(*tous[i]) << " is cut at " << formulaire->width();
+            for (qsizetype j = 0; j < i; ++j) {
+                if (tous[i]->isAncestorOf(tous[j]) || tous[j]->isAncestorOf(tous[i]))
+                    continue;
+                ASSERT_FALSE(place(*tous[i]).intersects(place(*tous[j])))
+                    << nom(*tous[i]) << " lies on " << nom(*tous[j]) << " at " << formulaire->width();
+            }
+        }
+    }
+    void elargit(int largeur) const {
+        formulaire->resize(largeur, 700);
+        // What the new size asks of the layouts comes as events.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        ASSERT_EQ(formulaire->width(), largeur);
+    }
+
+    Langue langue{[](const QString& numero) { ADD_FAILURE() << numero.toStdString(); }};
+};
+
+} // namespace
+
+TEST_P(LargeursTest, NoControlLiesOnAnotherAtAnyWidth) {
+    for (const Onglet celui : {Onglet::Rapide, Onglet::Criteres, Onglet::Mots}) {
+        onglet(celui);
+        for (int largeur = plusetroite; largeur <= pluslarge; ++largeur) {
+            ASSERT_NO_FATAL_FAILURE(elargit(largeur));
+            ASSERT_NO_FATAL_FAILURE(verifie()) << "tab " << static_cast<int>(celui);
+        }
+    }
+}
+
+TEST_P(LargeursTest, EveryCollectionCanBePressedAtAnyWidth) {
+    for (const int largeur : {plusetroite, 700, 800, 1024, pluslarge, plusetroite}) {
+        ASSERT_NO_FATAL_FAILURE(elargit(largeur));
+        for (int rang = 1; rang <= barre().buttonCount(); ++rang) {
+            const QString cle = barre().keyAt(rang);
+            const bool avant = barre().value(cle);
+            const QPoint milieu = place(*barre().widget(cle)).center();
+            QWidget* dessous = formulaire->childAt(milieu);
+            ASSERT_EQ(dessous, barre().widget(cle)) << largeur << ' ' << cle.toStdString();
+            QTest::mouseClick(dessous, Qt::LeftButton);
+            EXPECT_NE(barre().value(cle), avant) << largeur << ' ' << cle.toStdString();
+        }
+    }
+}
+
+TEST_P(LargeursTest, NoControlLiesOnAnotherWhenTheTypeBecomesLarger) {
+    onglet(Onglet::Criteres);
+    ASSERT_NO_FATAL_FAILURE(elargit(1000));
+    const QWidget* bouton = &un<QPushButton>(u"toutsélect"_s);
+    const int ligne = place(*barre().widget(u"CO"_s)).bottom();
+    ASSERT_LT(place(*bouton).top(), ligne) << "there is room for both beside one another";
+    QFont large = formulaire->font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    formulaire->setFont(large);
+    EVENTUALLY(place(*bouton).top() > place(*barre().widget(u"CO"_s)).bottom());
+    verifie();
+}
+
+INSTANTIATE_TEST_SUITE_P(Langues, LargeursTest, testing::Values("FR", "EN"));

@@ -1,0 +1,359 @@
+// The selection list in the real frame: its grid, and the documents that are opened from it.
+#include "tests/shell/selection_support.h"
+
+#include <QMenu>
+#include <QMenuBar>
+
+using namespace velm;
+using namespace velm::test;
+using namespace Qt::Literals::StringLiterals;
+
+// ---- the grid
+
+TEST_F(SelectionTest, TheGridStartsWithItsHeaderOnlyAndHidden) {
+    ouvre({});
+    ecran().montreselection(true);
+    EXPECT_EQ(flex().rows(), 1);
+    EXPECT_TRUE(flex().isHidden());
+    for (const char* cle :
+         {"précédentrecherche", "suivantrecherche", "sauvercritères", "imprimercritères", "envoyercritères"})
+        EXPECT_FALSE(enabled(cle)) << cle;
+}
+
+TEST_F(SelectionTest, WidthsOrderAndHeadersOfTheGridComeFromTheMasks) {
+    ouvre();
+    const std::vector<int> largeurs{3000, 2000, 2000, 2000, 500, 1000, 0};
+    const std::vector<int> champs{0, 1, 2, 3, 5, 4, 6};
+    for (int place = 0; place < flex().cols(); ++place) {
+        EXPECT_EQ(flex().colWidth(place), largeurs.at(static_cast<std::size_t>(place)));
+        EXPECT_EQ(flex().colData(place), champs.at(static_cast<std::size_t>(place)));
+    }
+    EXPECT_EQ(flex().header(0), u"Titre");
+    EXPECT_EQ(flex().header(4), QString());
+    EXPECT_EQ(flex().text(2, 0), u"alpha");
+    EXPECT_EQ(flex().text(2, 4), u"CO");
+    EXPECT_EQ(flex().text(2, 5), u"000002");
+    EXPECT_EQ(flex().text(2, 6), u"CO000002");
+}
+
+TEST_F(SelectionTest, AColumnThatTheUserDragsTakesItsMeaningWithItAndKeepsItsPlace) {
+    ouvre();
+    volet().changelargeurliste(14000);
+    QHeaderView* entete = flex().view()->horizontalHeader();
+    entete->moveSection(0, 2);
+    EXPECT_EQ(liste().liste().coldata(2), 0);
+    EXPECT_EQ(flex().colData(2), 0);
+    flex().setColWidth(2, 4500);
+    liste().remplit({u"CO000003"_s});
+    EXPECT_EQ(flex().text(1, 2), u"Delta");
+    EXPECT_EQ(liste().liste().texte(1, 2), u"Delta");
+    doublecliqueentete(2);
+    EXPECT_EQ(flex().sortMark(2), FlexGrid::Mark::Ascending);
+    redemarre();
+    EXPECT_EQ(liste().liste().ordre(), u"120354");
+    EXPECT_EQ(flex().colData(2), 0);
+    EXPECT_EQ(flex().colWidth(2), 4500);
+    liste().remplit({u"CO000003"_s});
+    EXPECT_EQ(flex().text(1, 2), u"Delta");
+    EXPECT_EQ(flex().text(1, 6), u"CO000003");
+}
+
+TEST_F(SelectionTest, ADamagedOrderOfTheColumnsIsPassedOver) {
+    regle(u"RECHERCHE", u"ORDRECOLONNE", u"999999"_s);
+    regle(u"RECHERCHE", u"LARGEURCOLONNE", u"1e9999-00001abc"_s);
+    ouvre();
+    EXPECT_EQ(liste().liste().ordre(), u"012354");
+    EXPECT_EQ(flex().colWidth(0), 3000);
+    EXPECT_EQ(flex().text(1, 0), u"Béta");
+}
+
+TEST_F(SelectionTest, ADoubleClickOnAHeaderSortsAnotherReverses) {
+    ouvre();
+    liste().liste().mot1 = u"prix"_s;
+    flex().setRow(4);
+    doublecliqueentete(0);
+    EXPECT_EQ(colonne(0), (QStringList{u"alpha"_s, u"Béta"_s, u"Delta"_s, u"gamma"_s, u"Un arrêt"_s}));
+    EXPECT_EQ(flex().headerCell(0), u"Titre>");
+    EXPECT_EQ(flex().row(), 4); // gamma
+    doublecliqueentete(0);
+    EXPECT_EQ(colonne(0).first(), u"Un arrêt");
+    EXPECT_EQ(flex().headerCell(0), u"Titre<");
+    EXPECT_EQ(flex().text(flex().row(), 0), u"gamma");
+    doublecliqueentete(0);
+    EXPECT_EQ(flex().headerCell(0), u"Titre>");
+    EXPECT_EQ(active(), nullptr) << "a click on a header has opened a document";
+}
+
+TEST_F(SelectionTest, OnlyOneHeaderBearsAMarkAndANewResultTakesItAway) {
+    ouvre();
+    volet().changelargeurliste(14000);
+    doublecliqueentete(0);
+    doublecliqueentete(5);
+    EXPECT_EQ(flex().sortMark(0), FlexGrid::Mark::None);
+    EXPECT_EQ(flex().sortMark(5), FlexGrid::Mark::Ascending);
+    liste().remplit({u"CO000003"_s, u"CO000001"_s});
+    EXPECT_EQ(flex().sortMark(5), FlexGrid::Mark::None);
+    EXPECT_EQ(colonne(0), (QStringList{u"Delta"_s, u"Béta"_s}));
+    EXPECT_EQ(flex().row(), 0);
+}
+
+TEST_F(SelectionTest, GroupingMergesEqualCellsAndChangesItsToolTip) {
+    ouvre();
+    EXPECT_EQ(barre().toolTip(u"regrouper"_s), u"Regrouper les cellules identiques");
+    presse(barre(), "regrouper");
+    EXPECT_TRUE(flex().mergeCells());
+    EXPECT_EQ(barre().toolTip(u"regrouper"_s), u"Séparer les cellules identiques");
+    presse(barre(), "regrouper");
+    EXPECT_FALSE(flex().mergeCells());
+    EXPECT_EQ(barre().toolTip(u"regrouper"_s), u"Regrouper les cellules identiques");
+}
+
+// ---- opening
+
+TEST_F(SelectionTest, ADoubleClickOpensTheSelectedRowsInOrderAndTheLastIsActive) {
+    ouvre({u"JP000007"_s, u"CO000003"_s, u"CO000001"_s});
+    flex().setRow(3);
+    flex().setRowSel(1);
+    doubleclic(2);
+    ASSERT_NE(active(), nullptr);
+    EXPECT_EQ(active()->referencecourante(), u"CO000001");
+    EXPECT_EQ(programme->fenetre(2)->referencecourante(), u"JP000007");
+    const auto& derniers = programme->bureau().navigation().derniersdocuments();
+    EXPECT_EQ(derniers[0], u"CO000001");
+    EXPECT_EQ(derniers[1], u"CO000003");
+    EXPECT_EQ(derniers[2], u"JP000007");
+}
+
+TEST_F(SelectionTest, OpenedDocumentsGetTheWordsAndTheMarks) {
+    ouvre();
+    liste().liste().mot1 = u"deux"_s;
+    liste().liste().mot2 = u"prix"_s;
+    doubleclic(2);
+    Textes& fenetre = *active();
+    EXPECT_EQ(fenetre.mots().mot1, u"deux");
+    EXPECT_EQ(fenetre.mots().mot2, u"prix");
+    EXPECT_EQ(marques(fenetre), 4);
+    for (const QString& cle : {u"motprécédent"_s, u"motsuivant"_s, u"marqueauto"_s})
+        EXPECT_TRUE(fenetre.barrechild().isButtonVisible(cle));
+    EXPECT_TRUE(fenetre.barrechild().value(u"marqueauto"_s));
+}
+
+TEST_F(SelectionTest, WithoutWordsTheButtonsHide) {
+    ouvre();
+    doubleclic(1);
+    EXPECT_FALSE(active()->barrechild().isButtonVisible(u"motsuivant"_s));
+    EXPECT_EQ(marques(*active()), 0);
+}
+
+TEST_F(SelectionTest, AutomaticMarkingIsASetting) {
+    regle(u"RECHERCHE", u"MARQUEAUTO", u"0"_s);
+    ouvre();
+    liste().liste().mot1 = u"prix"_s;
+    doubleclic(1);
+    EXPECT_EQ(marques(*active()), 0);
+    EXPECT_TRUE(active()->barrechild().isButtonVisible(u"marqueauto"_s));
+}
+
+TEST_F(SelectionTest, ReturnOpensTheSelectedRow) {
+    ouvre();
+    flex().setRow(3);
+    QTest::keyClick(flex().view(), Qt::Key_Return);
+    EXPECT_EQ(active()->referencecourante(), u"CO000003");
+}
+
+TEST_F(SelectionTest, ARowWhoseDocumentIsGoneOpensNothingElse) {
+    ouvre();
+    liste().commence();
+    liste().liste().ajouteauflex({u"ZZ", u"000001", u"parti", u"", u"", u"", u"ZZ000001"});
+    liste().acheve();
+    liste().liste().mot1 = u"prix"_s;
+    doubleclic(1);
+    Textes* avant = active();
+    const int nombre = marques(*avant);
+    avant->recoitmots(QString(), QString());
+    flex().setRow(6);
+    liste().ouvre();
+    EXPECT_EQ(active(), avant);
+    EXPECT_TRUE(avant->mots().mot1.isEmpty());
+    EXPECT_GT(nombre, 0);
+}
+
+TEST_F(SelectionTest, ManyRowsAreOpenedAfterAQuestionOnly) {
+    QStringList cles;
+    for (int i = 0; i < 51; ++i)
+        cles << (i < 50 ? u"CO000001"_s : u"CO000002"_s);
+    ouvre(cles);
+    flex().selectAll();
+    dialogues.answers.push_back(Bouton::Non);
+    QTest::keyClick(flex().view(), Qt::Key_Return);
+    EXPECT_EQ(active(), nullptr);
+    ASSERT_EQ(dialogues.texts(), QStringList{mots(9495, {u"51"_s})});
+    EXPECT_EQ(dialogues.messages.back().defaut, Bouton::Non);
+    dialogues.answers.push_back(Bouton::Oui);
+    QTest::keyClick(flex().view(), Qt::Key_Return);
+    EXPECT_EQ(active()->referencecourante(), u"CO000002");
+    flex().setRow(1);
+    flex().setRowSel(50);
+    QTest::keyClick(flex().view(), Qt::Key_Return);
+    EXPECT_EQ(active()->referencecourante(), u"CO000001");
+    EXPECT_EQ(dialogues.texts(), QStringList(2, mots(9495, {u"51"_s}))) << "fifty are opened without a question";
+}
+
+TEST_F(SelectionTest, OpeningACriteriaFileIsAlwaysEnabled) {
+    ouvre({});
+    EXPECT_TRUE(enabled("ouvrircritères"));
+    liste().publie({false, true, false});
+    EXPECT_TRUE(enabled("ouvrircritères"));
+    EXPECT_FALSE(enabled("sauvercritères"));
+    EXPECT_FALSE(enabled("imprimercritères"));
+    liste().publie({true, true, true});
+    EXPECT_TRUE(enabled("ouvrircritères"));
+    EXPECT_TRUE(enabled("sauvercritères"));
+    EXPECT_TRUE(enabled("imprimercritères"));
+    EXPECT_TRUE(enabled("envoyercritères"));
+    EXPECT_TRUE(enabled("précédentrecherche"));
+    EXPECT_TRUE(enabled("suivantrecherche"));
+}
+
+TEST_F(SelectionTest, TheEndOfASearchTouchesTheButtonsOfTheListOnly) {
+    ouvre({});
+    const auto etats = [this] {
+        QList<bool> tous;
+        for (const Toolbar* autre : {&ecran().barrecommande(), &ecran().barreecran()}) {
+            for (int rang = 1; rang <= autre->buttonCount(); ++rang)
+                tous << autre->isButtonEnabled(autre->keyAt(rang));
+        }
+        for (const QAction* action : ecran().menuBar()->findChildren<QAction*>())
+            tous << action->isEnabled();
+        return tous;
+    };
+    const QList<bool> avant = etats();
+    liste().publie({true, true, true});
+    EXPECT_EQ(etats(), avant);
+    liste().publie({false, true, false});
+    EXPECT_EQ(etats(), avant);
+    for (const char* cle : {"détruire", "détruirebarre", "majgroupe"})
+        EXPECT_FALSE(barre().hasButton(QString::fromUtf8(cle))) << cle;
+}
+
+TEST_F(SelectionTest, TheStatusTextLeavesThePointerAlone) {
+    ouvre();
+    liste().atelier().curseurattente(u"En cours"_s);
+    EXPECT_EQ(etat(), u"En cours");
+    EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
+    const Attente attente(sablier);
+    liste().atelier().curseurattente(QString());
+    EXPECT_EQ(etat(), QString());
+    EXPECT_EQ(sablier.pointeur(), Sablier::attente);
+}
+
+TEST_F(SelectionTest, TheNextRowOpensAndStopsAtTheLastThePreviousAtTheFirst) {
+    ouvre();
+    presse(barre(), "suivantrecherche");
+    EXPECT_EQ(flex().row(), 1);
+    EXPECT_EQ(active()->referencecourante(), u"CO000001");
+    flex().setRow(3);
+    flex().setRowSel(4);
+    presse(barre(), "suivantrecherche");
+    // One document, not the range.
+    EXPECT_EQ(flex().selectedRows(), (std::pair{4, 4}));
+    EXPECT_EQ(active()->referencecourante(), u"CO000004");
+    EXPECT_NE(programme->bureau().navigation().derniersdocuments()[1], u"CO000003");
+    presse(barre(), "suivantrecherche");
+    EXPECT_EQ(active()->referencecourante(), u"JP000007");
+    programme->navigue(u"TACO000002"_s);
+    presse(barre(), "suivantrecherche");
+    EXPECT_EQ(flex().row(), 5);
+    EXPECT_EQ(active()->referencecourante(), u"CO000002") << "the last row was opened again";
+    flex().setRow(2);
+    presse(barre(), "précédentrecherche");
+    EXPECT_EQ(active()->referencecourante(), u"CO000001");
+    programme->navigue(u"TACO000002"_s);
+    presse(barre(), "précédentrecherche");
+    EXPECT_EQ(flex().row(), 1);
+    EXPECT_EQ(active()->referencecourante(), u"CO000002");
+}
+
+// ---- removing
+
+TEST_F(SelectionTest, DeleteRemovesTheSelectedRowsAndUpdatesTheCount) {
+    ouvre();
+    flex().setRow(2);
+    flex().setRowSel(3);
+    QTest::keyClick(flex().view(), Qt::Key_Delete);
+    EXPECT_EQ(colonne(0), (QStringList{u"Béta"_s, u"gamma"_s, u"Un arrêt"_s}));
+    EXPECT_EQ(etat(), u" 3 documents");
+    EXPECT_EQ(flex().row(), 2);
+    QTest::keyClick(flex().view(), Qt::Key_Delete);
+    QTest::keyClick(flex().view(), Qt::Key_Delete);
+    EXPECT_EQ(etat(), u" 1 document");
+}
+
+TEST_F(SelectionTest, RemovingAllRowsLeavesTheHeaderAndTheSingularWord) {
+    ouvre();
+    QTest::keyClick(flex().view(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(flex().selectedRows(), (std::pair{1, 5}));
+    menu("ContextMenuSuppress")->trigger();
+    EXPECT_EQ(flex().rows(), 1);
+    EXPECT_EQ(etat(), u" 0 document");
+    QTest::keyClick(flex().view(), Qt::Key_Delete);
+    QTest::keyClick(flex().view(), Qt::Key_Return);
+    EXPECT_EQ(etat(), u" 0 document");
+    EXPECT_EQ(active(), nullptr);
+}
+
+TEST_F(SelectionTest, TheRightButtonOffersTheRowUnderIt) {
+    ouvre();
+    QTest::mouseClick(flex().view()->viewport(), Qt::RightButton, {}, milieu(3));
+    auto* popup = volet().findChild<QMenu*>(u"ContextMenu"_s);
+    EVENTUALLY(popup->isVisible());
+    EXPECT_EQ(flex().row(), 3);
+    EXPECT_TRUE(menu("ContextMenuPrint")->isEnabled());
+    popup->close();
+    menu("ContextMenuOuvrir")->trigger();
+    EXPECT_EQ(active()->referencecourante(), u"CO000003");
+}
+
+// ---- printing
+
+TEST_F(SelectionTest, PrintingTheListAsksFirst) {
+    ouvre();
+    flex().setRow(2);
+    dialogues.answers = {Bouton::Non, Bouton::Oui, Bouton::Oui};
+    presse(barre(), "imprimercritères");
+    EXPECT_TRUE(imprimante.tableaux.empty());
+    ASSERT_EQ(dialogues.messages.size(), 1U);
+    EXPECT_EQ(dialogues.messages.front().texte, u"Voulez-vous imprimer la liste ?");
+    EXPECT_EQ(dialogues.messages.front().titre, u"Impression de la liste");
+    EXPECT_EQ(dialogues.messages.front().icone, Icone::Question);
+    EXPECT_EQ(dialogues.messages.front().boutons, Bouton::Oui | Bouton::Non);
+    presse(barre(), "imprimercritères");
+    menu("ContextMenuPrint")->trigger();
+    ASSERT_EQ(imprimante.tableaux.size(), 2U);
+    for (const TableauImprime& tableau : imprimante.tableaux) {
+        EXPECT_EQ(tableau.lignes.count(u'\r'), 4);
+        EXPECT_TRUE(tableau.lignes.startsWith(u"Béta\t"));
+        EXPECT_EQ(tableau.entetes.value(0), u"Titre");
+        EXPECT_EQ(tableau.largeurs, (QList<int>{3000, 2000, 2000, 2000, 500, 1000, 0}));
+    }
+    EXPECT_EQ(flex().selectedRows(), (std::pair{1, 5}));
+    EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
+}
+
+TEST_F(SelectionTest, AnEmptyListIsNotPrinted) {
+    ouvre({});
+    menu("ContextMenuPrint")->trigger();
+    EXPECT_TRUE(dialogues.messages.empty());
+    EXPECT_TRUE(imprimante.tableaux.empty());
+}
+
+TEST_F(SelectionTest, APrinterThatFailsIsSaidOnce) {
+    ouvre();
+    imprimante.works = false;
+    dialogues.acceptPlainBoxes = true;
+    dialogues.answers = {Bouton::Oui, Bouton::Ok};
+    presse(barre(), "imprimercritères");
+    ASSERT_EQ(dialogues.texts(), (QStringList{mots(2432) + u" ?"_s, mots(9496)}));
+    EXPECT_EQ(dialogues.messages.back().icone, Icone::Exclamation);
+    EXPECT_EQ(dialogues.messages.back().titre, u"Impression de la liste");
+}

@@ -1,0 +1,370 @@
+#include "core/langue.h"
+#include "shell/frmabout.h"
+#include "shell/frmabout_logo.h"
+#include "shell/frmtip.h"
+#include "shell/logique/astuces.h"
+#include "shell/splash.h"
+#include "shell/sponsor.h"
+#include "tests/support/dialogues_script.h"
+#include "tests/support/eventually.h"
+
+#include <QCheckBox>
+#include <QImage>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <deque>
+
+using namespace velm;
+using namespace velm::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class PetitesFenetres : public testing::Test {
+protected:
+    PetitesFenetres() : langue_([](const QString& numero) { ADD_FAILURE() << numero.toStdString(); }) {
+        langue_.choisitfichier(QStringLiteral(VELM_SOURCE_DIR), QStringLiteral(VELM_SOURCE_DIR), u"FR"_s);
+        texte_ = [this](int n) { return langue_.lireressource(n); };
+    }
+
+    QString ecrit(const QString& nom, const QByteArray& octets) {
+        QFile fichier(dossier_.filePath(nom));
+        EXPECT_TRUE(fichier.open(QIODevice::WriteOnly));
+        EXPECT_EQ(fichier.write(octets), octets.size());
+        return fichier.fileName();
+    }
+
+    template <typename Controle>
+    static Controle& dans(const QWidget& fenetre, const QString& nom) {
+        auto* controle = fenetre.findChild<Controle*>(nom);
+        if (!controle)
+            throw std::runtime_error(nom.toStdString());
+        return *controle;
+    }
+
+    static void clique(const QWidget& fenetre, const QString& nom) {
+        QTest::mouseClick(&dans<QWidget>(fenetre, nom), Qt::LeftButton);
+    }
+
+    QTemporaryDir dossier_;
+    Langue langue_;
+    std::function<QString(int)> texte_;
+};
+
+class Astuce : public PetitesFenetres {
+protected:
+    Astuces astuces_{[this] {
+        const double tire = tirages_.empty() ? 0.0 : tirages_.front();
+        if (!tirages_.empty())
+            tirages_.pop_front();
+        return tire;
+    }};
+    std::deque<double> tirages_;
+};
+
+class APropos : public PetitesFenetres {
+protected:
+    DialoguesScript dialogues_;
+    int lancements_ = 0;
+    int montrees_ = 0;
+    bool outil_ = true;
+    frmAbout fenetre_{texte_,
+                      u"1.2.3"_s,
+                      u"Ma <b>collection</b>"_s,
+                      {[this] {
+                           ++lancements_;
+                           return outil_;
+                       },
+                       [this] { ++montrees_; }},
+                      dialogues_};
+};
+
+} // namespace
+
+// ---- The tip
+
+TEST_F(Astuce, IsShownFromTheFileWithItsCaptions) {
+    tirages_ = {0.5};
+    const frmTip fenetre(texte_, astuces_, ecrit(u"TIPS.FR"_s, "un\r\ndeux & <b>demi</b>\r\n"), {});
+    EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).text(), u"deux & <b>demi</b>");
+    EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).textFormat(), Qt::PlainText);
+    EXPECT_EQ(fenetre.windowTitle(), texte_(3000));
+    EXPECT_EQ(dans<QLabel>(fenetre, u"Label1"_s).text(), texte_(3003));
+    EXPECT_EQ(dans<QPushButton>(fenetre, u"cmdok"_s).text(), texte_(4));
+    EXPECT_EQ(dans<QPushButton>(fenetre, u"cmdNextTip"_s).text(), texte_(3002));
+    EXPECT_EQ(dans<QCheckBox>(fenetre, u"chkLoadTipsAtStartup"_s).text(), texte_(3001));
+    EXPECT_FALSE(dans<QLabel>(fenetre, u"Image1"_s).pixmap().isNull());
+    EXPECT_EQ(fenetre.windowModality(), Qt::ApplicationModal);
+}
+
+TEST_F(Astuce, AFileOfOneLineAlwaysShowsThatLine) {
+    tirages_ = {0.9, 0.1, 0.7};
+    const frmTip fenetre(texte_, astuces_, ecrit(u"TIPS.FR"_s, "seule\r\n"), {});
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).text(), u"seule");
+        clique(fenetre, u"cmdNextTip"_s);
+    }
+}
+
+TEST_F(Astuce, AnEmptyFileLeavesTheLabelEmpty) {
+    const frmTip fenetre(texte_, astuces_, ecrit(u"TIPS.FR"_s, {}), {});
+    EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).text(), QString());
+    clique(fenetre, u"cmdNextTip"_s);
+    EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).text(), QString());
+}
+
+TEST_F(Astuce, AMissingFileIsSaidAndTheWindowOpens) {
+    frmTip fenetre(texte_, astuces_, dossier_.filePath(u"TIPS.XX"_s), {});
+    fenetre.show();
+    EXPECT_TRUE(fenetre.isVisible());
+    EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).text(), texte_(3004));
+    clique(fenetre, u"cmdNextTip"_s);
+    EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).text(), texte_(3004));
+}
+
+TEST_F(Astuce, TheNextOneIsPickedAtRandomAndMayComeTwice) {
+    tirages_ = {0.0, 0.99, 0.99, 0.4};
+    const frmTip fenetre(texte_, astuces_, ecrit(u"TIPS.FR"_s, "a\r\nb\r\nc\r\n"), {});
+    const QLabel& label = dans<QLabel>(fenetre, u"lblTipText"_s);
+    QString vues = label.text();
+    for (int i = 0; i < 3; ++i) {
+        clique(fenetre, u"cmdNextTip"_s);
+        vues += label.text();
+    }
+    EXPECT_EQ(vues, u"accb");
+}
+
+TEST_F(Astuce, AClickOnTheBoxIsToldAtOnce) {
+    QList<bool> dits;
+    const frmTip fenetre(texte_, astuces_, QString(), {true, [&](bool coche) { dits.append(coche); }});
+    auto& boite = dans<QCheckBox>(fenetre, u"chkLoadTipsAtStartup"_s);
+    EXPECT_TRUE(boite.isChecked());
+    EXPECT_TRUE(dits.isEmpty());
+    boite.click();
+    EXPECT_EQ(dits, QList<bool>{false});
+    boite.click();
+    EXPECT_EQ(dits, (QList<bool>{false, true}));
+}
+
+TEST_F(Astuce, TheBoxIsEmptyWithTipsOff) {
+    frmTip fenetre(texte_, astuces_, QString(), {false, {}});
+    fenetre.show();
+    EXPECT_TRUE(fenetre.isVisible());
+    auto& boite = dans<QCheckBox>(fenetre, u"chkLoadTipsAtStartup"_s);
+    EXPECT_FALSE(boite.isChecked());
+    boite.click(); // nobody listens
+}
+
+TEST_F(Astuce, OkReturnAndEscapeCloseTheWindow) {
+    const auto ouverte = [this] {
+        auto fenetre = std::make_unique<frmTip>(texte_, astuces_, QString(), frmTip::Demarrage{});
+        fenetre->show();
+        return fenetre;
+    };
+    auto fenetre = ouverte();
+    clique(*fenetre, u"cmdok"_s);
+    EXPECT_FALSE(fenetre->isVisible());
+    fenetre = ouverte();
+    QTest::keyClick(fenetre.get(), Qt::Key_Return);
+    EXPECT_FALSE(fenetre->isVisible());
+    fenetre = ouverte();
+    QTest::keyClick(fenetre.get(), Qt::Key_Escape);
+    EXPECT_FALSE(fenetre->isVisible());
+}
+
+TEST_F(Astuce, ALongTipIsScrolledAndNotCut) {
+    frmTip fenetre(texte_, astuces_, ecrit(u"TIPS.FR"_s, QByteArray("mot ").repeated(2000)), {});
+    fenetre.show();
+    EXPECT_LE(fenetre.height(), fenetre.screen()->availableSize().height());
+    const QLabel& label = dans<QLabel>(fenetre, u"lblTipText"_s);
+    EVENTUALLY(label.height() >= label.heightForWidth(label.width()));
+    EXPECT_LT(fenetre.height(), label.height());
+}
+
+// ---- The about box
+
+TEST_F(APropos, TheVersionHasThreeNumbers) {
+    EXPECT_EQ(dans<QLabel>(fenetre_, u"lblVersion"_s).text(), texte_(2) + u" 1.2.3"_s);
+    EXPECT_EQ(versioncourte(u"4"_s), u"4.0.0");
+    EXPECT_EQ(versioncourte(u"4.5.6.7-essai"_s), u"4.5.6");
+    EXPECT_EQ(versioncourte(QString()), u"0.0.0");
+}
+
+TEST_F(APropos, TheTitleOfTheCollectionStandsThereAsItIs) {
+    const QLabel& titre = dans<QLabel>(fenetre_, u"lblCollection"_s);
+    EXPECT_EQ(titre.text(), remplace(texte_(9521), {u"Ma <b>collection</b>"_s}));
+    EXPECT_EQ(titre.textFormat(), Qt::PlainText);
+    frmAbout sans(texte_, u"1.2.3"_s, QString(), {}, dialogues_);
+    EXPECT_EQ(sans.findChild<QLabel*>(u"lblCollection"_s), nullptr);
+}
+
+TEST_F(APropos, ATitleOfAnyLengthLeavesTheBoxItsSize) {
+    frmAbout longue(texte_, u"1.2.3"_s, QString(100'000, u'W'), {}, dialogues_);
+    longue.show();
+    fenetre_.show();
+    EXPECT_EQ(longue.width(), fenetre_.width());
+    EXPECT_LT(longue.height(), 2 * fenetre_.height());
+    EXPECT_TRUE(dans<QLabel>(longue, u"lblCollection"_s).text().endsWith(u'…'));
+}
+
+TEST_F(APropos, JoinsFourSentencesWithBlanks) {
+    EXPECT_EQ(dans<QLabel>(fenetre_, u"conditions"_s).text(),
+              texte_(60) + u' ' + texte_(61) + u' ' + texte_(62) + u' ' + texte_(63));
+    EXPECT_EQ(fenetre_.windowTitle(), texte_(161));
+    EXPECT_EQ(dans<QPushButton>(fenetre_, u"cmdok"_s).text(), texte_(4));
+    EXPECT_EQ(dans<QPushButton>(fenetre_, u"cmdSysInfo"_s).text(), texte_(5));
+    EXPECT_EQ(fenetre_.windowModality(), Qt::ApplicationModal);
+}
+
+TEST_F(APropos, ThePointerIsNormalOnceItShows) {
+    EXPECT_EQ(montrees_, 0);
+    fenetre_.show();
+    EXPECT_EQ(montrees_, 1);
+}
+
+TEST_F(APropos, AClickOnTheLogoStopsAndStartsTheAnimation) {
+    auto& minuterie = dans<QTimer>(fenetre_, u"Timer1"_s);
+    auto& logo = dans<Logo>(fenetre_, u"Picture2"_s);
+    EXPECT_FALSE(minuterie.isActive());
+    fenetre_.show();
+    EXPECT_TRUE(minuterie.isActive());
+    EVENTUALLY(logo.image() >= 2);
+    QTest::mouseClick(&logo, Qt::LeftButton);
+    EXPECT_FALSE(minuterie.isActive());
+    QTest::mouseClick(&logo, Qt::RightButton);
+    EXPECT_FALSE(minuterie.isActive());
+    QTest::mouseClick(&logo, Qt::LeftButton);
+    EXPECT_TRUE(minuterie.isActive());
+    fenetre_.close();
+    EXPECT_FALSE(minuterie.isActive());
+}
+
+TEST_F(APropos, ItsButtonStartsTheSystemTool) {
+    clique(fenetre_, u"cmdSysInfo"_s);
+    EXPECT_EQ(lancements_, 1);
+    EXPECT_TRUE(dialogues_.messages.empty());
+}
+
+TEST_F(APropos, NoSystemToolShowsTheText) {
+    outil_ = false;
+    clique(fenetre_, u"cmdSysInfo"_s);
+    EXPECT_EQ(lancements_, 1);
+    EXPECT_EQ(dialogues_.texts(), QStringList{texte_(6)});
+}
+
+TEST_F(APropos, OkAndEscapeCloseTheWindow) {
+    fenetre_.show();
+    clique(fenetre_, u"cmdok"_s);
+    EXPECT_FALSE(fenetre_.isVisible());
+    fenetre_.show();
+    QTest::keyClick(&fenetre_, Qt::Key_Escape);
+    EXPECT_FALSE(fenetre_.isVisible());
+}
+
+TEST(LogoTest, ThePicturesDifferAndBeginAgain) {
+    for (int i = 1; i < nombredimages; ++i)
+        EXPECT_NE(imagelogo(i, 64, 1).toImage(), imagelogo(i - 1, 64, 1).toImage()) << i;
+    EXPECT_EQ(imagelogo(nombredimages, 64, 1).toImage(), imagelogo(0, 64, 1).toImage());
+    EXPECT_EQ(imagelogo(3, 64, 1.5).size(), QSize(96, 96));
+    EXPECT_TRUE(imagelogo(-1, 64, 1).isNull());
+    EXPECT_TRUE(imagelogo(0, 0, 1).isNull());
+}
+
+// ---- The partners' picture
+
+TEST_F(PetitesFenetres, ThePartnersWindowTakesThePicturesSize) {
+    QImage image(321, 123, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    const QString fichier = dossier_.filePath(u"partners.bmp"_s);
+    ASSERT_TRUE(image.save(fichier, "bmp"));
+    sponsor fenetre(texte_, fichier);
+    fenetre.show();
+    EXPECT_EQ(fenetre.size(), image.size());
+    EXPECT_EQ(fenetre.windowTitle(), texte_(162));
+    EXPECT_EQ(fenetre.windowModality(), Qt::ApplicationModal);
+    EXPECT_EQ(dans<QLabel>(fenetre, u"Imagepartner"_s).pixmap().toImage().pixelColor(300, 100), QColor(Qt::red));
+    QTest::keyClick(&fenetre, Qt::Key_Escape);
+    EXPECT_FALSE(fenetre.isVisible());
+}
+
+TEST_F(PetitesFenetres, ARunLengthCodedPictureIsReadLikeABitmap) {
+    // 4 by 2 pixels of 8 bits: each row one run, the lower row first.
+    QByteArray bmp = QByteArray::fromHex("424d00000000000000003e000000"
+                                         "2800000004000000020000000100080001000000000000000000000000000000"
+                                         "0200000000000000"
+                                         "0000ff0000ff0000"
+                                         "0400000004010001");
+    const sponsor fenetre(texte_, ecrit(u"partners.rle"_s, bmp));
+    const QImage image = dans<QLabel>(fenetre, u"Imagepartner"_s).pixmap().toImage();
+    ASSERT_EQ(image.size(), QSize(4, 2));
+    EXPECT_EQ(image.pixelColor(0, 1), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(3, 0), QColor(0, 255, 0));
+}
+
+TEST_F(PetitesFenetres, APictureLargerThanTheScreenIsMadeSmaller) {
+    QImage image(4000, 1000, QImage::Format_Grayscale8);
+    image.fill(128);
+    const QString fichier = dossier_.filePath(u"partners.bmp"_s);
+    ASSERT_TRUE(image.save(fichier, "bmp"));
+    sponsor fenetre(texte_, fichier);
+    fenetre.show();
+    const QSize libre = fenetre.screen()->availableSize();
+    EXPECT_LT(fenetre.width(), libre.width());
+    EXPECT_LT(fenetre.height(), libre.height());
+    EXPECT_NEAR(double(fenetre.width()) / fenetre.height(), 4, 0.05);
+}
+
+TEST_F(PetitesFenetres, AnUnreadablePictureIsSaidInWords) {
+    QImage image(300, 300, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    const QString entier = dossier_.filePath(u"entier.bmp"_s);
+    ASSERT_TRUE(image.save(entier, "bmp"));
+    QFile source(entier);
+    ASSERT_TRUE(source.open(QIODevice::ReadOnly));
+    const QByteArray entete = source.read(20);
+    for (const QString& fichier : {dossier_.filePath(u"absent.bmp"_s), ecrit(u"vide.bmp"_s, {}),
+                                   ecrit(u"faux.bmp"_s, "pas une image"), ecrit(u"coupe.bmp"_s, entete)}) {
+        sponsor fenetre(texte_, fichier);
+        fenetre.show();
+        EXPECT_TRUE(fenetre.isVisible());
+        EXPECT_EQ(dans<QLabel>(fenetre, u"Imagepartner"_s).text(), remplace(texte_(9420), {fichier}));
+    }
+}
+
+// ---- The splash
+
+TEST_F(PetitesFenetres, TheSplashTellsNameVersionAndStep) {
+    int montrees = 0;
+    frmSplash accueil({texte_(8), texte_(2) + u" 1.0.0"_s, texte_(7)});
+    accueil.estmontree = [&] { ++montrees; };
+    EXPECT_EQ(dans<QLabel>(accueil, u"lblProductName"_s).text(), texte_(8));
+    EXPECT_EQ(dans<QLabel>(accueil, u"trademark"_s).text(), texte_(7));
+    EXPECT_EQ(dans<QLabel>(accueil, u"lblVersion"_s).text(), texte_(2) + u" 1.0.0"_s);
+    EXPECT_EQ(accueil.windowModality(), Qt::NonModal);
+    EXPECT_NE(dans<QLabel>(accueil, u"Label1"_s).parentWidget(), nullptr);
+    EXPECT_EQ(dans<Logo>(accueil, u"imgLogo"_s).parentWidget()->objectName(), u"Frame1");
+    accueil.show();
+    EXPECT_EQ(montrees, 1);
+    accueil.changeetape(u"Une étape..."_s);
+    EXPECT_EQ(dans<QLabel>(accueil, u"lblEtape"_s).text(), u"Une étape...");
+}
+
+TEST_F(PetitesFenetres, TheBarOfTheSplashIsHiddenUntilItIsUsed) {
+    frmSplash accueil({texte_(8), texte_(2), texte_(7)});
+    accueil.show();
+    auto& barre = dans<QProgressBar>(accueil, u"ProgressBar1"_s);
+    EXPECT_FALSE(barre.isVisible());
+    const QSize avant = accueil.size();
+    accueil.changeprogression(42.7);
+    EXPECT_TRUE(barre.isVisible());
+    EXPECT_EQ(barre.value(), 42);
+    accueil.changeprogression(250);
+    EXPECT_EQ(barre.value(), 100);
+    EXPECT_EQ(accueil.size(), avant);
+}
