@@ -1,5 +1,6 @@
 #include "collection/corps.h"
 
+#include "collection/aspects.h"
 #include "collection/jetons.h"
 #include "platform/richtext/rtf.h"
 
@@ -16,58 +17,8 @@ constexpr qsizetype longueurmaximale = qsizetype{8} * 1024 * 1024;
 constexpr qsizetype longueuravecinclusions = qsizetype{1024} * 1024;
 constexpr qsizetype longueurextrait = 40;
 
-/// Ink, accent (links and article numbers), slate (subtitles, quotations), grey (notes).
-constexpr QByteArrayView entete = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1036\\uc1"
-                                  "{\\fonttbl{\\f0\\froman\\fcharset0 Liberation Serif;}"
-                                  "{\\f1\\fswiss\\fcharset0 Liberation Sans;}}"
-                                  "{\\colortbl;\\red30\\green39\\blue50;\\red31\\green78\\blue121;"
-                                  "\\red58\\green70\\blue84;\\red85\\green96\\blue110;}\n";
-constexpr QByteArrayView couleurdelien = "\\cf2 ";
-
-struct Aspect {
-    QByteArrayView paragraphe;
-    QByteArrayView police;  ///< font and colour
-    QByteArrayView couleur; ///< the colour again, to return from a link
-    int demipoints;
-    bool gras;
-    bool italique;
-};
-
-/// The look that each paragraph style has without any style table. Sizes, colours and indents are those of the styles
-/// of the same names in the publisher's defaults, so that nothing jumps when a section's style is applied.
-constexpr std::array<Aspect, nombredestyles> aspects = {{
-    {"\\pard\\keepn\\sb120\\sa180\\sl276\\slmult1", "\\f1\\cf1", "\\cf1 ", 30, true, false},
-    {"\\pard\\keepn\\sb60\\sa140\\sl276\\slmult1", "\\f1\\cf3", "\\cf3 ", 24, false, false},
-    {"\\pard\\keepn\\sb180\\sa100\\sl276\\slmult1", "\\f1\\cf2", "\\cf2 ", 22, true, false},
-    {"\\pard\\sa140\\sl324\\slmult1", "\\f0\\cf1", "\\cf1 ", 22, false, false},
-    {"\\pard\\li284\\ri284\\sa100\\sl288\\slmult1", "\\f0\\cf4", "\\cf4 ", 18, false, false},
-    {"\\pard\\li284\\ri284\\sa100\\sl288\\slmult1", "\\f1\\cf4", "\\cf4 ", 18, false, false},
-    {"\\pard\\li284\\ri284\\sa100\\sl288\\slmult1", "\\f0\\cf4", "\\cf4 ", 18, false, false},
-    {"\\pard{\\pntext\\f0\\'95\\tab}{\\*\\pn\\pnlvlblt\\pnf0\\pnindent284{\\pntxtb\\'95}}"
-     "\\fi-284\\li568\\ri284\\sa80\\sl324\\slmult1",
-     "\\f0\\cf1", "\\cf1 ", 22, false, false},
-    {"\\pard\\li567\\ri567\\sa140\\sl324\\slmult1", "\\f0\\cf3", "\\cf3 ", 22, false, true},
-    {"\\pard\\qc\\li567\\ri567\\sa140\\sl324\\slmult1", "\\f0\\cf1", "\\cf1 ", 22, false, false},
-    {"\\pard\\sl264\\slmult1", "\\f1\\cf1", "\\cf1 ", 20, false, false},
-}};
-
-const Aspect& aspect(StyleSource style) {
-    return aspects[static_cast<std::size_t>(style)];
-}
-
 constexpr int apresrangee = 60;
 constexpr int aprestableau = 180;
-
-QByteArrayView lettredelien(Morceau::Genre genre) {
-    switch (genre) {
-    case Morceau::Genre::Web:
-        return "\\{U=";
-    case Morceau::Genre::Mail:
-        return "\\{E=";
-    default:
-        return "\\{L=";
-    }
-}
 
 bool estunseul(const std::vector<Morceau>& morceaux, Morceau::Genre genre) {
     return morceaux.size() == 1 && morceaux.front().genre == genre;

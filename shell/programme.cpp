@@ -2,17 +2,14 @@
 
 #include "core/extensions.h"
 #include "core/noms.h"
-#include "document/ui/frmfindform.h"
-#include "platform/system/files.h"
+#include "core/obstacles.h"
 #include "shell/bureau.h"
-#include "shell/commandes.h"
-#include "shell/ecrangeneral.h"
-#include "shell/recherches.h"
-#include "shell/selection.h"
-#include "shell/splash.h"
+#include "shell/frmconnexion.h"
+#include "shell/logique/connexion.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
+
+#include <utility>
 
 /// A library's resources do not come in by themselves; the macro wants the global name space.
 static void initialiseressources() {
@@ -25,12 +22,17 @@ Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
     : options_(options), monde_(monde), instance_(noms::verrou(), options.dossierinstance),
       magasin_(options.fichierreglages), reglages_(magasin_),
       langue_([this](const QString& numero) { avis_.textemanquant(numero); }), avis_(monde.dialogues, langue_),
-      seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, *this), barres_(reglages_) {
+      accueil_(langue_, monde.sablier), aide_{seance_, langue_, monde_},
+      cadre_({reglages_, langue_, corpus_, styles_, seance_, monde_, aide_}),
+      seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues,
+              {accueil_, cadre_, dossiers_, travaux_, [this] { litstyles(); }, [this] { return connexion(); }}) {
     initialiseressources();
     reglages_.surechec([this](const FileError& raison) { ditechec(raison); });
 }
 
-Programme::~Programme() = default;
+Programme::~Programme() {
+    cadre_.decharge();
+}
 
 Environnement Programme::environnement() {
     Environnement env;
@@ -61,22 +63,14 @@ Demarrage Programme::demarre() {
     reglages_.surfaute([this](const RuntimeFailure& faute) { return avis_.continueavecledefaut(faute); });
     const Demarrage issue = seance_.demarre();
     reglages_.surfaute(nullptr);
-    if (issue == Demarrage::EnMarche) {
-        instance_.setOnRaise([this] {
-            if (!ecran_)
-                return;
-            // Out of the icon, and as large as it was before.
-            ecran_->setWindowState(ecran_->windowState() & ~Qt::WindowMinimized);
-            ecran_->raise();
-            ecran_->activateWindow();
-        });
-    }
+    if (issue == Demarrage::EnMarche)
+        instance_.setOnRaise([this] { cadre_.remonte(); });
     return issue;
 }
 
 void Programme::erreurfatale(const RuntimeFailure& erreur) {
     monde_.sablier.fixepointeur(Sablier::defaut);
-    fermeaccueil();
+    accueil_.fermeaccueil();
     avis_.fin(erreur);
     corpus_.fermebase();
 }
@@ -84,21 +78,45 @@ void Programme::erreurfatale(const RuntimeFailure& erreur) {
 void Programme::ditsansmemoire(bool audebut) {
     monde_.sablier.fixepointeur(Sablier::defaut);
     if (audebut)
-        fermeaccueil();
+        accueil_.fermeaccueil();
     avis_.sansmemoire(audebut);
 }
 
-void Programme::ouvreaide() {
-    // Disks that tell upper from lower case may hold the file under its other usual spelling.
-    const Preferences& preferences = seance_.preferences();
-    for (const QString& nom : {preferences.aidefichier, QStringLiteral("Velm2000.chm")}) {
-        const QString chemin = joinPath(preferences.aidechemin, nom);
-        if (!nom.isEmpty() && fileExists(chemin)) {
-            monde_.navigateur.openFile(chemin);
-            return;
-        }
+void Programme::ditechec(const FileError& erreur) {
+    // The first write comes before the language file is known: the words have to wait for it.
+    if (langue_.fichier().isEmpty()) {
+        echecretenu_ = erreur;
+        return;
     }
-    monde_.dialogues.message(langue_.lireressource(7030), langue_.lireressource(8), Icone::Information);
+    const auto texte = [this](int numero) { return langue_.lireressource(numero); };
+    monde_.dialogues.message(remplace(texte(9402), {magasin_.path(), raison(erreur.kind, erreur.words, texte)}),
+                             texte(8), Icone::Exclamation);
+}
+
+void Programme::litstyles() {
+    if (const auto erreur = std::exchange(echecretenu_, std::nullopt))
+        ditechec(*erreur);
+    styles_ = velm::litstyles(reglages_, langue_, seance_.parametres().textes);
+}
+
+bool Programme::connexion() {
+    Connexion::Copie copie;
+    copie.commence = [this](const QString& etape) {
+        accueil_.montreaccueil();
+        seance_.afficheetape(etape);
+    };
+    copie.avance = [this](double pourcentage) { accueil_.avance(pourcentage); };
+    copie.finit = [this] { accueil_.fermeaccueil(); };
+    Connexion connexion(
+        {seance_, corpus_, monde_.dialogues, monde_.lecteurs, langue_, options_.dossierprogramme, copie});
+    if (connexion.parcourtlecteurs())
+        return true;
+    return frmconnexion([this](int numero) { return langue_.lireressource(numero); }, connexion).exec() ==
+           QDialog::Accepted;
+}
+
+Textes* Programme::fenetre(int indice) const {
+    return cadre_.bureau() ? cadre_.bureau()->fenetre(indice) : nullptr;
 }
 
 } // namespace velm

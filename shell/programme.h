@@ -1,54 +1,23 @@
 #pragma once
 // The one place that knows everybody: owns the run's state and connects the rooms.
 #include "core/avis.h"
-#include "core/cle.h"
 #include "core/corpus.h"
 #include "core/langue.h"
 #include "core/reglages.h"
 #include "document/styles.h"
 #include "platform/base/failure.h"
-#include "platform/system/courrier.h"
-#include "platform/system/dialogues.h"
-#include "platform/system/drives.h"
-#include "platform/system/outside.h"
-#include "platform/system/process.h"
-#include "platform/system/sablier.h"
 #include "platform/system/singleinstance.h"
-#include "shell/logique/astuces.h"
-#include "shell/logique/barres.h"
+#include "shell/accueil.h"
+#include "shell/aide.h"
+#include "shell/cadreprincipal.h"
 #include "shell/logique/seance.h"
+#include "shell/mondeexterieur.h"
 
-#include <QPointer>
-#include <QRandomGenerator>
-#include <QTranslator>
+#include <QObject>
 
-#include <array>
-#include <memory>
-
-class QDialog;
+#include <optional>
 
 namespace velm {
-
-class Bureau;
-class Commandes;
-class Ecrangeneral;
-class Recherches;
-class Selection;
-class Textes;
-class frmFindForm;
-class frmSplash;
-
-/// The doors to the outside world; none is owned.
-struct MondeExterieur {
-    Dialogues& dialogues;
-    Navigateur& navigateur;
-    Processus& processus;
-    Sablier& sablier;
-    PressePapiers& pressepapiers;
-    Courrier& courrier;
-    Imprimante& imprimante;
-    const Lecteurs& lecteurs;
-};
 
 struct OptionsProgramme {
     QString dossierprogramme; ///< no final separator
@@ -59,7 +28,7 @@ struct OptionsProgramme {
     QString dossierdonnees;  ///< the user's data folder, for the file types
 };
 
-class Programme final : public QObject, public Ecrans {
+class Programme final : public QObject {
     Q_OBJECT
 
 public:
@@ -79,56 +48,21 @@ public:
 
     /// Caption of a box's button; empty when the language file has none, without a box about that.
     QString libellebouton(Bouton bouton) { return avis_.libellebouton(bouton); }
+    void ouvreaide() const { aide_.ouvre(); }
 
-    /// Opens the help file of the settings, in either spelling of its name; says so when there is none.
-    void ouvreaide();
-
-    Ecrangeneral* ecran() const { return ecran_.get(); }
-    Bureau& bureau() const { return *bureau_; }
-    Selection& selection() const { return *selection_; }
-    Recherches& recherches() const { return *recherches_; }
-    Commandes& commandes() const { return *commandes_; }
-    Textes* fenetre(int indice) const;
-    Seance& seance() { return seance_; }
+    CadrePrincipal& cadre() { return cadre_; }
+    Ecrangeneral* ecran() const { return cadre_.ecran(); }
+    Bureau& bureau() const { return *cadre_.bureau(); }
+    Selection& selection() const { return cadre_.selection(); }
+    Recherches& recherches() const { return cadre_.recherches(); }
+    Textes* fenetre(int indice) const; ///< null before there is a frame, too
+    void navigue(const QString& commande) { cadre_.navigue(commande); }
     Corpus& corpus() { return corpus_; }
-    const TableStyles& styles() const { return styles_; }
-
-    // ---- Ecrans
-    void afficheetape(const QString& texte) override;
-    void montreaccueil() override;
-    void fermeaccueil() override;
-    void litstyles() override;
-    void effacereconstructions() override;
-    bool connexion() override;
-    void ouvredossiers() override;
-    void fermedossiers() override;
-    QString chargeprincipale() override;
-    void montreprincipale() override;
-    void navigue(const QString& commande) override;
-    void ouvrefichierdossier(const QString& chemin) override;
-    void ouvrefichiercriteres(const QString& chemin) override;
-    void astuce() override;
-    bool impressionouverte() const override;
-    void termineimpression() override;
-    void abandonneimpression() override;
-    EtatFenetres etatfenetres() const override;
-    void sauvederniers() override;
-    void notefenetres() override;
-    void fermefenetres() override;
-    void fermeprincipale() override;
-
-    /// Shows the find dialog of the active document window.
-    void montrerecherche();
-    void montreapropos();
-    void montrepartenaires();
 
 private:
     Environnement environnement();
-    Textes* fabriquefenetre(int indice);
-    void chargebarres();
-    void chargecommandes();
-    void traduitoutils(); ///< what the toolkit itself says follows the program's language
-    void montre(QDialog* fenetre);
+    bool connexion();
+    void litstyles();
     void ditechec(const FileError& erreur); ///< settings cannot be written
 
     OptionsProgramme options_;
@@ -140,20 +74,13 @@ private:
     Avis avis_;
     Corpus corpus_;
     TableStyles styles_;
+    EcranAccueil accueil_;
+    Dossiers dossiers_;
+    Travaux travaux_;
+    Aide aide_;
+    CadrePrincipal cadre_;
     Seance seance_;
-    QString etape_;
     std::optional<FileError> echecretenu_; ///< told when there are words for it
-    EtatBarres barres_;
-    Astuces astuces_{[] { return QRandomGenerator::global()->generateDouble(); }};
-    QTranslator motsdesoutils_;
-    std::array<bool, nombredefenetres> rafraichir_{}; ///< by slot: shown again at the next focus
-    std::unique_ptr<frmSplash> accueil_;
-    std::unique_ptr<Ecrangeneral> ecran_;
-    std::unique_ptr<Bureau> bureau_;
-    std::unique_ptr<Selection> selection_;
-    std::unique_ptr<Recherches> recherches_;
-    QPointer<frmFindForm> recherchetexte_; ///< the frame's child
-    std::unique_ptr<Commandes> commandes_;
 };
 
 } // namespace velm

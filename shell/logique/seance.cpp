@@ -25,12 +25,12 @@ bool finitpar(const QString& ligne, QStringView extension) {
 } // namespace
 
 Seance::Seance(Environnement environnement, Reglages& reglages, Langue& langue, Corpus& corpus, Dialogues& dialogues,
-               Ecrans& ecrans)
+               const Ecrans& ecrans)
     : env_(std::move(environnement)), reglages_(reglages), langue_(langue), corpus_(corpus), dialogues_(dialogues),
       ecrans_(ecrans) {}
 
 void Seance::afficheetape(const QString& texte) {
-    ecrans_.afficheetape(texte + QStringLiteral("..."));
+    ecrans_.accueil.afficheetape(texte + QStringLiteral("..."));
 }
 
 QString Seance::libelle(int indice) {
@@ -65,23 +65,23 @@ Demarrage Seance::demarre() {
     cherchepartenaires();
     if (metajour())
         return Demarrage::MiseAJour;
-    ecrans_.montreaccueil();
-    ecrans_.effacereconstructions();
+    ecrans_.accueil.montreaccueil();
+    ecrans_.cadre.effacereconstructions();
     preferences_ = litpreferences(reglages_, env_.dossierprogramme);
     if (!ouvrebase())
         return Demarrage::Renonce;
-    ecrans_.ouvredossiers();
+    ecrans_.dossiers.ouvredossiers();
     afficheetape(langue_.lireressource(501));
     afficheetape(langue_.lireressource(502));
-    const QString handle = ecrans_.chargeprincipale();
+    const QString handle = ecrans_.cadre.chargeprincipale();
     reglages_.savesetting(QStringLiteral("HWND"), QStringLiteral("HWnd"), handle);
-    ecrans_.montreprincipale();
-    ecrans_.fermeaccueil();
+    ecrans_.cadre.montreprincipale();
+    ecrans_.accueil.fermeaccueil();
     if (!env_.lignedecommande.isEmpty())
         traitelignedecommande(env_.lignedecommande);
     const qint64 astuces = reglages_.entier(QStringLiteral("OPTIONS"), QStringLiteral("TIPS"), 1, true);
     if (astuces != 0 && !sansastuce_)
-        ecrans_.astuce();
+        ecrans_.cadre.astuce();
     return Demarrage::EnMarche;
 }
 
@@ -140,7 +140,7 @@ bool Seance::trouvebase() {
 bool Seance::ouvrebase() {
     bool ouverte = false;
     if (!withinMemory([&] { ouverte = ouvrelabase(); })) {
-        ecrans_.fermeaccueil();
+        ecrans_.accueil.fermeaccueil();
         corpus_.fermebase();
         dialogues_.message(remplace(langue_.lireressource(9568), {fichierbase_}), langue_.lireressource(8),
                            Icone::Stop);
@@ -151,7 +151,7 @@ bool Seance::ouvrebase() {
 
 bool Seance::ouvrelabase() {
     if (!trouvebase()) {
-        ecrans_.fermeaccueil();
+        ecrans_.accueil.fermeaccueil();
         if (!ecrans_.connexion() || !corpus_.connecte())
             return false;
     }
@@ -163,11 +163,11 @@ bool Seance::ouvrelabase() {
 void Seance::traitelignedecommande(const QString& ligne) {
     if (finitpar(ligne, u".DV2")) {
         sansastuce_ = true;
-        ecrans_.ouvrefichierdossier(ligne);
+        ecrans_.dossiers.ouvrefichierdossier(ligne);
         return;
     }
     if (const auto cle = clesaisie(ligne))
-        ecrans_.navigue(QStringLiteral("TA") + cle->texte());
+        ecrans_.cadre.navigue(QStringLiteral("TA") + cle->texte());
 }
 
 PositionFenetre Seance::positionprincipale() {
@@ -202,7 +202,7 @@ void Seance::restaurefenetres() {
         afficheetape(libelleetape(indice));
         const QString cle = contenus.mid(8 * static_cast<qsizetype>(indice), 8);
         if (cle.size() == 8 && !QStringView(cle).trimmed().isEmpty())
-            ecrans_.navigue(QStringLiteral("TA") + cle);
+            ecrans_.cadre.navigue(QStringLiteral("TA") + cle);
     };
     for (int indice = 0; indice < nombredecollections; ++indice) {
         if (indice != active && fenetres.mid(indice + 2, 1) == u"X")
@@ -214,7 +214,7 @@ void Seance::restaurefenetres() {
 
 void Seance::ouvrecriteresdelaligne() {
     if (finitpar(env_.lignedecommande, u".CV2"))
-        ecrans_.ouvrefichiercriteres(env_.lignedecommande);
+        ecrans_.cadre.ouvrefichiercriteres(env_.lignedecommande);
 }
 
 } // namespace velm

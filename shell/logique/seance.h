@@ -6,72 +6,13 @@
 #include "core/parametres.h"
 #include "core/reglages.h"
 #include "platform/system/dialogues.h"
+#include "shell/logique/ecrans.h"
 
 #include <QString>
 
-#include <array>
 #include <functional>
-#include <optional>
-#include <vector>
 
 namespace velm {
-
-/// Position of the frame, twips; state 0 normal, 1 minimised, 2 maximised.
-struct PositionFenetre {
-    int etat = 2;
-    int gauche = 0;
-    int haut = 0;
-    int largeur = 9600;
-    int hauteur = 7200;
-};
-
-/// An open child window as the exit sequence records it.
-struct FenetreFille {
-    QString nom;       ///< form name: "Textes", "frmchrono"…
-    QString reference; ///< key of the document that it shows, else empty
-};
-
-/// What the exit sequence asks of the frame.
-struct EtatFenetres {
-    std::array<bool, 12> cochees{};    ///< the slot's entry in the window menu is checked
-    std::array<QString, 12> libelles;  ///< captions of the slots' entries in the window list
-    std::vector<FenetreFille> filles;  ///< open children in order
-    std::optional<QString> titreactif; ///< caption of the active child, if one can be had
-    PositionFenetre principale;
-    double largeurpane = 4305;
-};
-
-/// Everything that start and exit ask of the windows, in the terms of the sequence.
-class Ecrans {
-public:
-    virtual ~Ecrans() = default;
-
-    virtual void afficheetape(const QString& texte) = 0; ///< step label of the splash, "..." already joined
-    virtual void montreaccueil() = 0;                    ///< the splash, above all others
-    virtual void fermeaccueil() = 0;
-    virtual void litstyles() = 0;
-    virtual void effacereconstructions() = 0; ///< the twelve rebuild flags
-    /// The base cannot be opened: false when the user gives up. True only with an open base.
-    virtual bool connexion() = 0;
-    virtual void ouvredossiers() = 0;
-    virtual void fermedossiers() = 0;
-    /// Loads the frame without showing it and gives its handle as decimal text.
-    virtual QString chargeprincipale() = 0;
-    virtual void montreprincipale() = 0;
-    virtual void navigue(const QString& commande) = 0;
-    virtual void ouvrefichierdossier(const QString& chemin) = 0;
-    virtual void ouvrefichiercriteres(const QString& chemin) = 0;
-    virtual void astuce() = 0;
-
-    virtual bool impressionouverte() const = 0;
-    virtual void termineimpression() = 0;
-    virtual void abandonneimpression() = 0;
-    virtual EtatFenetres etatfenetres() const = 0;
-    virtual void sauvederniers() = 0;
-    virtual void notefenetres() = 0;  ///< every form writes what it leaves when it closes, and stays open
-    virtual void fermefenetres() = 0; ///< hides and unloads every form but the frame
-    virtual void fermeprincipale() = 0;
-};
 
 /// Where the run stands outside the program's own windows.
 struct Environnement {
@@ -95,7 +36,7 @@ enum class Demarrage {
 class Seance {
 public:
     Seance(Environnement environnement, Reglages& reglages, Langue& langue, Corpus& corpus, Dialogues& dialogues,
-           Ecrans& ecrans);
+           const Ecrans& ecrans);
 
     /// `Main`: the start sequence up to the message loop.
     Demarrage demarre();
@@ -149,7 +90,7 @@ private:
     Langue& langue_;
     Corpus& corpus_;
     Dialogues& dialogues_;
-    Ecrans& ecrans_;
+    Ecrans ecrans_;
     Parametres parametres_;
     Preferences preferences_;
     QString fichierbase_;

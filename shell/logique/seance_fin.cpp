@@ -50,13 +50,13 @@ bool Seance::quittequestions() {
         if (reponse != Bouton::Oui)
             return false;
     }
-    if (ecrans_.impressionouverte()) {
+    if (ecrans_.travaux.impressionouverte()) {
         const Bouton reponse = dialogues_.message(langue_.lireressource(4402) + u'?', langue_.lireressource(4403),
                                                   Icone::Question, Bouton::Oui | Bouton::Non);
         if (reponse == Bouton::Oui)
-            ecrans_.termineimpression();
+            ecrans_.travaux.termineimpression();
         else
-            ecrans_.abandonneimpression();
+            ecrans_.travaux.abandonneimpression();
     }
     return true;
 }
@@ -96,37 +96,37 @@ bool Seance::quitteprogramme() {
 void Seance::termine() {
     if (fermee_)
         return;
-    if (ecrans_.impressionouverte())
-        ecrans_.abandonneimpression();
+    if (ecrans_.travaux.impressionouverte())
+        ecrans_.travaux.abandonneimpression();
     ferme();
 }
 
 void Seance::ferme() {
     fermee_ = true;
-    const EtatFenetres etat = ecrans_.etatfenetres();
+    const EtatFenetres etat = ecrans_.cadre.etatfenetres();
     {
         // Everything that the exit writes reaches the disk at once; windows that save their own place join in.
         ReglagesStore::Batch lot(reglages_.magasin());
         ecritfenetres(etat);
         corpus_.fermebase();
-        ecrans_.fermedossiers();
-        ecrans_.sauvederniers();
-        ecrans_.fermefenetres();
+        ecrans_.dossiers.fermedossiers();
+        ecrans_.cadre.sauvederniers();
+        ecrans_.cadre.fermefenetres();
         ecritposition(etat.principale);
         if (!lot.commit())
             reglages_.signaleechec();
     }
-    ecrans_.fermeprincipale();
+    ecrans_.cadre.fermeprincipale();
 }
 
 void Seance::enregistre() {
     if (fermee_)
         return;
-    const EtatFenetres etat = ecrans_.etatfenetres();
+    const EtatFenetres etat = ecrans_.cadre.etatfenetres();
     ReglagesStore::Batch lot(reglages_.magasin());
     ecritfenetres(etat);
-    ecrans_.sauvederniers();
-    ecrans_.notefenetres();
+    ecrans_.cadre.sauvederniers();
+    ecrans_.cadre.notefenetres();
     ecritposition(etat.principale);
     if (!lot.commit())
         reglages_.signaleechec();

@@ -1,70 +1,7 @@
-#include "base_support.h"
-#include "document/arborescence.h"
-#include "platform/text/number.h"
+#include "arborescence_support.h"
 
 namespace velm::test {
 namespace {
-
-/// Counts what a view hears.
-struct Vue final : TreeObserver {
-    void treeReset() override { ++remises; }
-    void nodesAdded(int) override { ++ajouts; }
-    void nodeChanged(int) override { ++autres; }
-    void nodeExpansion(int, bool) override { ++autres; }
-    void nodeSelected(int) override { ++autres; }
-    void redrawSwitched(bool) override {}
-    int remises = 0;
-    int ajouts = 0;
-    int autres = 0;
-};
-
-struct SablierEssai final : Sablier {
-    int pointeur() const override { return valeur; }
-    void fixepointeur(int v) override {
-        valeur = v;
-        vus << v;
-    }
-    int valeur = defaut;
-    QList<int> vus;
-};
-
-class ArborescenceTest : public BaseDocument {
-protected:
-    void SetUp() override {
-        BaseDocument::SetUp();
-        for (std::size_t i = 0; i < parametres.imagesfermees.size(); ++i) {
-            const QString rang = QString::number(i);
-            parametres.imagesfermees[i] = u"fermé"_s + rang;
-            parametres.imagesouvertes[i] = u"ouvert"_s + rang;
-        }
-    }
-    /// A chain of branches 1, 2, … each below the one before, with one document each.
-    void chaine(int longueur) {
-        for (int i = 1; i <= longueur; ++i) {
-            noeuds.push_back({i, i - 1, u"CO"_s, 1, u"Niveau %1"_s.arg(i), 1});
-            documents.push_back({u"CO"_s + QString::number(i).rightJustified(6, u'0'), u"Document %1"_s.arg(i), i});
-        }
-    }
-    void charge(const QString& code = u"CO"_s) {
-        ouvre();
-        arborescence.chargearbrebase(arbre, code);
-    }
-    void developpe(const QString& cle) { arborescence.developpe(arbre, arbre.indexOf(cle)); }
-    bool present(const QString& cle) const { return arbre.indexOf(cle) != 0; }
-    QString etiquette(const QString& cle) const { return arbre.tag(arbre.indexOf(cle)); }
-    /// Keys of the children in order.
-    QStringList enfants(const QString& cle) const {
-        QStringList cles;
-        for (int n = arbre.child(arbre.indexOf(cle)); n != 0; n = arbre.next(n))
-            cles << arbre.key(n);
-        return cles;
-    }
-
-    Parametres parametres;
-    SablierEssai sablier;
-    TreeNodes arbre;
-    Arborescence arborescence{corpus, parametres, sablier, [](int indice) { return u"Collection %1"_s.arg(indice); }};
-};
 
 TEST_F(ArborescenceTest, TheRootsKeyIsTheCodeAndABlankZero) {
     charge(u"EU"_s);
@@ -302,59 +239,6 @@ TEST_F(ArborescenceTest, NodesThatDoNotStandOrAreDocumentsLoadNothing) {
     EXPECT_EQ(vide.selected(), 0);
 }
 
-// ---- the search for a branch
-
-TEST_F(ArborescenceTest, BranchesOnTheWayAreLoadedAndOpened) {
-    chaine(9);
-    noeuds.push_back({50, 0, u"CO"_s, 2, u"Ailleurs"_s, 0});
-    charge();
-    arborescence.cherchebranche(arbre, 9);
-    const int cherche = arbre.indexOf(u"CO 9"_s);
-    ASSERT_NE(cherche, 0);
-    EXPECT_EQ(arbre.selected(), cherche);
-    for (int parent = arbre.parent(cherche); parent != 0; parent = arbre.parent(parent))
-        EXPECT_TRUE(arbre.expanded(parent)) << arbre.key(parent).toStdString();
-    EXPECT_FALSE(arbre.expanded(cherche));
-    EXPECT_FALSE(arbre.expanded(arbre.indexOf(u"CO 50"_s)));
-}
-
-TEST_F(ArborescenceTest, ABranchThatIsLoadedIsSelectedAtOnce) {
-    chaine(2);
-    charge();
-    arborescence.cherchebranche(arbre, 2);
-    EXPECT_EQ(arbre.selected(), arbre.indexOf(u"CO 2"_s));
-    EXPECT_TRUE(arbre.expanded(arbre.indexOf(u"CO 1"_s)));
-    arborescence.cherchebranche(arbre, 0);
-    EXPECT_EQ(arbre.selected(), 1);
-}
-
-TEST_F(ArborescenceTest, AnUnknownNodeEndsTheSearchForABranch) {
-    chaine(3);
-    charge();
-    arborescence.cherchebranche(arbre, 1);
-    const int avant = arbre.selected();
-    for (const qint64 inconnu : {qint64{999}, qint64{-4}, std::numeric_limits<qint64>::max()})
-        arborescence.cherchebranche(arbre, inconnu);
-    EXPECT_EQ(arbre.selected(), avant);
-}
-
-TEST_F(ArborescenceTest, ABranchBelowTheLastLevelIsPassedOver) {
-    chaine(13);
-    charge();
-    arborescence.cherchebranche(arbre, 13);
-    EXPECT_EQ(arbre.selected(), arbre.indexOf(u"CO 10"_s)) << "as far down as the tree goes";
-}
-
-TEST_F(ArborescenceTest, TheDocumentsLeafIsSelected) {
-    chaine(6);
-    charge();
-    arborescence.choisitdocument(arbre, u"CO000006"_s);
-    EXPECT_EQ(arbre.selected(), 0) << "its branch is not loaded yet";
-    arborescence.cherchebranche(arbre, 6);
-    arborescence.choisitdocument(arbre, u"CO000006"_s);
-    EXPECT_EQ(arbre.selected(), arbre.indexOf(u"@CO000006"_s));
-    EXPECT_TRUE(arbre.expanded(arbre.indexOf(u"CO 6"_s)));
-}
 
 } // namespace
 } // namespace velm::test

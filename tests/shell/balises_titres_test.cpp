@@ -8,6 +8,7 @@
 #include "platform/widgets/tree/treeview.h"
 #include "search/ui/frmvelmorselect.h"
 #include "shell/bureau.h"
+#include "shell/fenetresannexes.h"
 #include "shell/recherches.h"
 #include "shell/selection.h"
 #include "shell/volet.h"
@@ -207,9 +208,9 @@ TEST_F(BalisesTest, NoWindowAndNoMenuTakesAFieldForMarkup) {
     regarde("properties");
     proprietes->close();
 
-    programme->montrerecherche();
-    programme->montreapropos();
-    programme->astuce();
+    programme->cadre().annexes().montrerecherche();
+    programme->cadre().annexes().montreapropos();
+    programme->cadre().astuce();
     regarde("small windows");
 
     // The places where the traps were met: what looks at nothing proves nothing.

@@ -1,4 +1,5 @@
 // The find dialog over the real frame.
+#include "shell/fenetresannexes.h"
 #include "tests/shell/selection_support.h"
 
 #include <QDialog>
@@ -51,7 +52,7 @@ TEST_F(FrmFindFormTest, TheFindDialogStepsThroughTheActiveDocument) {
 TEST_F(FrmFindFormTest, TheFindDialogStartsOverInAnotherDocumentAndKnowsItsBoxes) {
     ouvre({});
     programme->navigue(u"TACO000001"_s);
-    programme->montrerecherche();
+    programme->cadre().annexes().montrerecherche();
     auto* boite = ecran().findChild<QDialog*>(u"frmFindForm"_s);
     boite->findChild<QLineEdit*>(u"txtFind"_s)->setText(u"deux"_s);
     auto* suivant = boite->findChild<QPushButton*>(u"cmdFindNext"_s);
@@ -75,7 +76,7 @@ TEST_F(FrmFindFormTest, TheFindDialogStartsOverInAnotherDocumentAndKnowsItsBoxes
 TEST_F(FrmFindFormTest, TheFindDialogGoesOutOfTheWayOfTheHit) {
     ouvre({});
     programme->navigue(u"TACO000001"_s);
-    programme->montrerecherche();
+    programme->cadre().annexes().montrerecherche();
     auto* boite = ecran().findChild<QDialog*>(u"frmFindForm"_s);
     auto* texte = boite->findChild<QLineEdit*>(u"txtFind"_s);
     auto* suivant = boite->findChild<QPushButton*>(u"cmdFindNext"_s);
@@ -97,7 +98,7 @@ TEST_F(FrmFindFormTest, TheFindDialogProposesWhatIsSelected) {
     programme->navigue(u"TACO000001"_s);
     active()->vue().setSelStart(3);
     active()->vue().setSelLength(4);
-    programme->montrerecherche();
+    programme->cadre().annexes().montrerecherche();
     auto* boite = ecran().findChild<QDialog*>(u"frmFindForm"_s);
     EXPECT_EQ(boite->findChild<QLineEdit*>(u"txtFind"_s)->text(), u"prix");
     QTest::keyClick(boite, Qt::Key_Escape);

@@ -1,17 +1,10 @@
-#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/frame/toolbar_p.h"
 
-#include "platform/widgets/look/icons.h"
-#include "platform/widgets/look/plaintext.h"
-
-#include <QAction>
 #include <QActionGroup>
 #include <QContextMenuEvent>
-#include <QHash>
 #include <QLayout>
-#include <QMainWindow>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QStyleOptionToolButton>
 #include <QToolButton>
 
@@ -25,49 +18,7 @@ namespace {
 constexpr int iconSide = 20;
 constexpr qsizetype longestEntry = 60;
 
-/// A text without a mnemonic.
-QString literal(QString text) {
-    return text.replace(u'&', QStringLiteral("&&"));
-}
-
 } // namespace
-
-struct Toolbar::Private {
-    struct Button {
-        QString key;
-        Kind kind;
-        QAction* action;
-        QString image;
-        QString toolTip;
-        QKeySequence shortcut;
-        bool enabled = true;
-        bool visible = true;
-        const ButtonMenus* menus = nullptr;
-    };
-
-    std::vector<Button> buttons;
-    QHash<QString, std::size_t> places;
-    std::function<QIcon(const QString&)> images = &icon;
-    QPointer<QMainWindow> window;
-    int position = 0;
-    int edge = 1;
-
-    Button* find(const QString& key) {
-        const auto place = places.constFind(key);
-        Q_ASSERT(place != places.constEnd());
-        return place == places.constEnd() ? nullptr : &buttons[*place];
-    }
-    const Button* find(const QString& key) const { return const_cast<Private*>(this)->find(key); }
-
-    QIcon picture(const QString& name) const { return name.isEmpty() || !images ? QIcon() : images(name); }
-
-    static void showTip(Button& button) {
-        const QString keys = button.shortcut.toString(QKeySequence::NativeText);
-        button.action->setText(literal(button.toolTip));
-        button.action->setToolTip(
-            plainTip(keys.isEmpty() ? button.toolTip : QStringLiteral("%1 (%2)").arg(button.toolTip, keys)));
-    }
-};
 
 Toolbar::Toolbar(QWidget* parent) : QToolBar(parent), d_(std::make_unique<Private>()) {
     setMovable(false);
@@ -214,7 +165,7 @@ void Toolbar::fillMenu(const QString& key, QMenu& menu) {
         const ButtonMenu& entry = entries->at(index);
         const QString line = entry.text.simplified();
         const QString shown = line.size() > longestEntry ? line.left(longestEntry - 1) + u'\u2026' : line;
-        QAction* action = menu.addAction(literal(shown));
+        QAction* action = menu.addAction(withoutMnemonic(shown));
         action->setToolTip(entryTip(line, shown));
         action->setObjectName(entry.key);
         connect(action, &QAction::triggered, this,

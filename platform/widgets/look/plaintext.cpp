@@ -26,6 +26,10 @@ QString entryTip(const QString& line, const QString& shown) {
     return shown != line || Qt::mightBeRichText(line) ? plainTip(line) : QString();
 }
 
+QString withoutMnemonic(QString text) {
+    return text.replace(u'&', u"&&"_s);
+}
+
 QLabel* plainLabel(const QString& text, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);

@@ -17,6 +17,9 @@ QString plainTip(const QString& text);
 /// a tip gives its text for one to whoever asks: where that would be taken for markup, the tip is the line as well.
 QString entryTip(const QString& line, const QString& shown);
 
+/// A text for an action or a button, whose ampersands stand for themselves.
+QString withoutMnemonic(QString text);
+
 /// A label whose text is never taken for markup, whatever it is set to later.
 QLabel* plainLabel(const QString& text, QWidget* parent);
 

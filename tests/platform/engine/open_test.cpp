@@ -1,56 +1,10 @@
 // What opens, what does not, and what each failure is called.
-#include "core/schemas.h"
-#include "tests/platform/engine/base.h"
-#include "tests/support/without_rights.h"
-
-#include <QFile>
-#include <QFileInfo>
-
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
+#include "openfixture.h"
 
 namespace velm::testing {
 namespace {
 
 using test::WithoutRights;
-
-class OpenTest : public EngineTest {
-protected:
-    OpenError errorOf(const QString& file, OpenMode mode = OpenMode::Shared) {
-        const Database::Opened opened = Database::open(file, mode, corpusSchema());
-        EXPECT_EQ(opened.database == nullptr, opened.error != OpenError::None);
-        EXPECT_EQ(opened.message.isEmpty(), opened.error == OpenError::None);
-        return opened.error;
-    }
-    void expectBoth(const QString& file, OpenError error) {
-        EXPECT_EQ(errorOf(file, OpenMode::Shared), error);
-        EXPECT_EQ(errorOf(file, OpenMode::ExclusiveReadOnly), error);
-    }
-    void write(const QByteArray& bytes, const QString& name = u"base.dat"_s) {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-    QByteArray contents() {
-        QFile file(path());
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
-    void make(const QString& name = u"base.dat"_s) {
-        auto made = Database::create(path(name), corpusSchema());
-        ASSERT_TRUE(made.database) << made.message.toStdString();
-        fill(*made.database, u"paramètres"_s, {u"nbarticles"_s}, {{u"     3"_s}});
-        std::vector<std::vector<QVariant>> words;
-        words.reserve(2000);
-        for (int i = 0; i < 2000; ++i)
-            words.push_back({u"MOT%1"_s.arg(i), QByteArray("A\0\0\1", 4)});
-        fill(*made.database, u"dico"_s, {u"mot"_s, u"liste"_s}, words);
-    }
-};
 
 TEST_F(OpenTest, AMissingFileFailsAndNoneIsMade) {
     expectBoth(path(), OpenError::Missing);
@@ -64,12 +18,10 @@ TEST_F(OpenTest, AFolderIsUnreadable) {
     expectBoth(path(), OpenError::Unreadable);
 }
 
-#ifdef Q_OS_UNIX
 TEST_F(OpenTest, APipeDoesNotKeepTheProgramWaiting) {
     ASSERT_EQ(mkfifo(path().toUtf8().constData(), 0600), 0);
     expectBoth(path(), OpenError::Unreadable);
 }
-#endif
 
 TEST_F(OpenTest, WhatIsNoBaseIsForeign) {
     for (const QByteArray& bytes :
@@ -262,120 +214,6 @@ TEST_F(OpenTest, WhatIsNoBaseInMemoryIsCalledAsItsFileIs) {
             EXPECT_EQ(opened.message.isEmpty(), opened.error == OpenError::None);
         }
     }
-}
-
-#ifdef Q_OS_UNIX
-/// Whether another process finds a lock on the file.
-bool lockedForOthers(const QString& file) {
-    const pid_t child = fork();
-    if (child == 0) {
-        struct flock lock = {};
-        lock.l_type = F_WRLCK;
-        const int descriptor = ::open(file.toUtf8().constData(), O_RDWR);
-        const bool locked = fcntl(descriptor, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
-        _exit(locked ? 1 : 0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 1;
-}
-
-TEST_F(OpenTest, LooksAtAFileWithoutDroppingTheLocksOfItsOwnProcess) {
-    make();
-    EXPECT_FALSE(lockedForOthers(path()));
-    const auto base = open(corpusSchema());
-    ASSERT_TRUE(base->begin());
-    EXPECT_TRUE(lockedForOthers(path()));
-    EXPECT_EQ(errorOf(path(), OpenMode::Shared), OpenError::None);
-    EXPECT_EQ(errorOf(path(), OpenMode::ExclusiveReadOnly), OpenError::None);
-    EXPECT_TRUE(lockedForOthers(path()));
-}
-
-TEST_F(OpenTest, ReleasedLocksAreGoneForOthers) {
-    make();
-    const auto base = open(corpusSchema());
-    const auto words = base->openTable(u"dico"_s);
-    words->seek(Seek::Equal, u"MOT5"_s);
-    EXPECT_TRUE(lockedForOthers(path()));
-    base->releaseLocks();
-    EXPECT_FALSE(lockedForOthers(path()));
-}
-#endif
-
-TEST_F(OpenTest, ATruncatedFileIsForeign) {
-    make();
-    const QByteArray whole = contents();
-    const qsizetype pageSize = 4096;
-    ASSERT_GT(whole.size(), 10 * pageSize);
-    for (qsizetype size = 0; size < whole.size(); size += pageSize) {
-        write(whole.left(size));
-        expectBoth(path(), OpenError::Foreign);
-    }
-    write(whole.left(whole.size() - 1));
-    expectBoth(path(), OpenError::Foreign);
-    write(whole);
-    expectBoth(path(), OpenError::None);
-    write(whole + QByteArray(4096, '\0'));
-    expectBoth(path(), OpenError::None);
-}
-
-TEST_F(OpenTest, AnInterruptedChangeIsUndoneAtTheSharedOpening) {
-    make();
-    const QByteArray before = contents();
-    QByteArray journal;
-    QByteArray half;
-    {
-        const auto base = open(corpusSchema());
-        ASSERT_TRUE(base->execute(u"PRAGMA cache_size=5"_s));
-        ASSERT_TRUE(base->begin());
-        // More than the cache holds, so that some of it is in the file before the end.
-        ASSERT_TRUE(base->execute(u"UPDATE dico SET liste=zeroblob(600)"_s));
-        half = contents();
-        QFile file(path(u"base.dat-journal"_s));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        journal = file.readAll();
-        base->rollback();
-    }
-    ASSERT_NE(half, before);
-    write(half);
-    write(journal, u"base.dat-journal"_s);
-    EXPECT_EQ(errorOf(path(), OpenMode::ExclusiveReadOnly), OpenError::Unreadable)
-        << "without writing it cannot be undone, and half a change is not shown";
-    EXPECT_EQ(errorOf(path(), OpenMode::Shared), OpenError::None);
-    EXPECT_EQ(contents(), before);
-    EXPECT_EQ(errorOf(path(), OpenMode::ExclusiveReadOnly), OpenError::None);
-}
-
-TEST_F(OpenTest, AnEmptyOrWipedJournalIsNoObstacle) {
-    make();
-    write(QByteArray(), u"base.dat-journal"_s);
-    EXPECT_EQ(errorOf(path(), OpenMode::ExclusiveReadOnly), OpenError::None);
-    write(QByteArray(512, '\0'), u"base.dat-journal"_s);
-    EXPECT_EQ(errorOf(path(), OpenMode::ExclusiveReadOnly), OpenError::None);
-}
-
-TEST_F(OpenTest, AnUpdateToolWritesAfterTheLocksAreReleased) {
-    make();
-    const auto base = open(corpusSchema());
-    const auto words = base->openTable(u"dico"_s);
-    words->seek(Seek::Equal, u"MOT5"_s);
-    words->moveNext();
-    EXPECT_EQ(words->text(u"mot"_s), u"MOT50"_s);
-    base->releaseLocks();
-    foreign(u"DELETE FROM dico WHERE mot='MOT500'"_s);
-    words->moveNext();
-    EXPECT_EQ(words->text(u"mot"_s), u"MOT501"_s) << "the walk goes on in what is there now";
-}
-
-TEST_F(OpenTest, AFileReplacedByAnotherIsReadOnAsItWas) {
-    make();
-    const auto base = open(corpusSchema());
-    const auto words = base->openTable(u"dico"_s);
-    make(u"new.dat"_s);
-    ASSERT_EQ(std::rename(path(u"new.dat"_s).toUtf8().constData(), path().toUtf8().constData()), 0);
-    EXPECT_EQ(rest(*words, u"mot"_s).size(), 2000);
-    words->seek(Seek::Equal, u"MOT77"_s);
-    EXPECT_FALSE(words->noMatch());
 }
 
 TEST_F(OpenTest, AMissingTableIsNoticedAtItsFirstUse) {

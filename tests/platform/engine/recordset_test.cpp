@@ -1,44 +1,7 @@
-#include "core/schemas.h"
-#include "tests/platform/engine/base.h"
-
-#include <QFile>
+#include "recordsetfixture.h"
 
 namespace velm::testing {
 namespace {
-
-class RecordsetTest : public EngineTest {
-protected:
-    const std::vector<QString> fields{u"référence"_s,          u"numart"_s, u"titre"_s, u"Date"_s,
-                                      u"numeroarborescence"_s, u"contenu"_s};
-    const Rows rows{{u"CO"_s, u"000001"_s, u"Étude"_s, u"2001-03-04"_s, 5, u"{\\rtf1 un}"_s},
-                    {u"CO"_s, u"000002"_s, u"etude"_s, u"1999-12-31"_s, 5, u"{\\rtf1 deux}"_s},
-                    {u"CO"_s, u"000003"_s, u"Abus"_s, QVariant(), 7, QVariant()},
-                    {u"DI"_s, u"000001"_s, u"abus"_s, u"2001-03-04"_s, QVariant(), u"{\\rtf1 quatre}"_s},
-                    {u"EU"_s, u"000009"_s, QVariant(), u"2000-01-01"_s, 5, u"{\\rtf1 cinq}"_s}};
-
-    void SetUp() override {
-        EngineTest::SetUp();
-        {
-            auto made = Database::create(path(), corpusSchema());
-            ASSERT_TRUE(made.database) << made.message.toStdString();
-            fill(*made.database, u"données"_s, fields, rows);
-        }
-        base = open(corpusSchema());
-        ASSERT_TRUE(base);
-        documents = base->openTable(u"données"_s);
-    }
-
-    QString key() const { return documents->text(u"référence"_s) + documents->text(u"numart"_s); }
-    QStringList keysToEnd() {
-        QStringList keys;
-        for (; !documents->eof(); documents->moveNext())
-            keys << key();
-        return keys;
-    }
-
-    std::unique_ptr<Database> base;
-    std::unique_ptr<Recordset> documents;
-};
 
 TEST_F(RecordsetTest, OpensOnTheFirstRowOfThePrimaryOrder) {
     EXPECT_EQ(documents->index(), u"primarykey"_s);
@@ -275,100 +238,6 @@ TEST_F(RecordsetTest, ArticleNumbersAreFoundByNumberAcrossTheCollections) {
     numbers->setIndex(u"inumtitre"_s);
     numbers->seek(Seek::GreaterOrEqual, u"2014"_s);
     EXPECT_EQ(rest(*numbers, u"numart"_s), (QStringList{u"000003"_s, u"000002"_s}));
-}
-
-TEST_F(RecordsetTest, ABodyInTheRowIsFoundToo) {
-    base.reset();
-    foreign(u"ALTER TABLE données ADD COLUMN contenu TEXT; UPDATE données SET contenu='dans la rangée';"
-            "DELETE FROM données_contenu WHERE id=2"_s);
-    base = open(corpusSchema());
-    documents = base->openTable(u"données"_s);
-    EXPECT_EQ(documents->text(u"contenu"_s), u"{\\rtf1 un}"_s);
-    documents->moveNext();
-    EXPECT_EQ(documents->text(u"contenu"_s), u"dans la rangée"_s);
-    EXPECT_EQ(documents->bytes(u"contenu"_s), "dans la rang\xe9"
-                                              "e");
-    documents.reset();
-    base.reset();
-    foreign(u"DROP TABLE données_contenu"_s);
-    base = open(corpusSchema());
-    documents = base->openTable(u"données"_s);
-    EXPECT_EQ(documents->text(u"contenu"_s), u"dans la rangée"_s);
-    EXPECT_EQ(documents->text(u"numart"_s), u"000001"_s);
-}
-
-TEST_F(RecordsetTest, ABaseThatHasNoBodiesAtAllSaysSoWhereOneIsRead) {
-    base.reset();
-    foreign(u"DROP TABLE données_contenu"_s);
-    base = open(corpusSchema());
-    documents = base->openTable(u"données"_s);
-    EXPECT_EQ(documents->text(u"titre"_s), u"Étude"_s);
-    EXPECT_THROW(documents->text(u"contenu"_s), Ended);
-}
-
-TEST_F(RecordsetTest, EditsOfABaseOfTheCorpusKeepItsKeysAndBodies) {
-    documents->seek(Seek::Equal, u"CO"_s, u"000001"_s);
-    documents->edit();
-    documents->setValue(u"titre"_s, u"Zèbre"_s);
-    documents->setValue(u"contenu"_s, u"neuf"_s);
-    ASSERT_TRUE(documents->update()) << documents->lastError().toStdString();
-    EXPECT_EQ(documents->text(u"contenu"_s), u"neuf"_s);
-    documents->addNew();
-    documents->setValue(u"référence"_s, u"AD"_s);
-    documents->setValue(u"numart"_s, u"000001"_s);
-    documents->setValue(u"titre"_s, u"Neuf"_s);
-    documents->setValue(u"contenu"_s, u"corps"_s);
-    ASSERT_TRUE(documents->update());
-    documents->setIndex(u"icattitre"_s);
-    documents->seek(Seek::Equal, u"CO"_s, u"zèbre"_s);
-    EXPECT_EQ(key(), u"CO000001"_s);
-    ASSERT_TRUE(documents->remove());
-    documents->moveFirst();
-    EXPECT_EQ(documents->text(u"contenu"_s), u"corps"_s);
-    documents->addNew();
-    documents->setValue(u"référence"_s, u"AD"_s);
-    documents->setValue(u"numart"_s, u"000001"_s);
-    documents->setValue(u"contenu"_s, u"de trop"_s);
-    EXPECT_FALSE(documents->update());
-    const auto bodies = base->openQuery(u"SELECT count(*) AS n FROM données_contenu"_s);
-    ASSERT_TRUE(bodies);
-    EXPECT_EQ(bodies->number(u"n"_s), 4) << "the deleted row's body went with it, the refused one's was not kept";
-    EXPECT_TRUE(base->check());
-}
-
-TEST_F(RecordsetTest, ABaseOfAnotherToolIsReadWithoutKeysAndIndexes) {
-    base.reset();
-    QFile::remove(path());
-    foreign(u"CREATE TABLE données(numart, référence, titre, Date, contenu);"
-            "INSERT INTO données VALUES('000002','CO','b',NULL,'deux'),('000001','CO','é','2000-01-01','un');"
-            "CREATE TABLE dico(mot, liste);"
-            "INSERT INTO dico VALUES('ZOÉ', x'41000001'),('ABC', x''),('ZOE', 'A')"_s);
-    base = open(corpusSchema(), OpenMode::ExclusiveReadOnly);
-    ASSERT_TRUE(base);
-    documents = base->openTable(u"données"_s);
-    EXPECT_EQ(keysToEnd(), (QStringList{u"CO000001"_s, u"CO000002"_s}));
-    documents->setIndex(u"icattitre"_s);
-    documents->seek(Seek::Equal, u"CO"_s, u"É"_s, u"000001"_s);
-    EXPECT_FALSE(documents->noMatch());
-    EXPECT_EQ(documents->text(u"contenu"_s), u"un"_s);
-    EXPECT_THROW(documents->setIndex(u"numerodutype"_s), Ended) << "its field is missing";
-    EXPECT_THROW(documents->text(u"motclé1"_s), Ended);
-    const auto words = base->openTable(u"dico"_s);
-    EXPECT_EQ(rest(*words, u"mot"_s), (QStringList{u"ABC"_s, u"ZOE"_s, u"ZOÉ"_s}));
-    words->seek(Seek::Equal, u"zoé"_s);
-    EXPECT_EQ(words->bytes(u"liste"_s).size(), 4);
-}
-
-TEST_F(RecordsetTest, AnIndexOfOurNameOnOtherFieldsIsNotTrusted) {
-    base.reset();
-    foreign(u"DROP INDEX données_idate; CREATE INDEX données_idate ON données(titre);"
-            "DROP INDEX données_numerodutype; CREATE INDEX données_numerodutype ON données(numeroarborescence DESC)"_s);
-    base = open(corpusSchema());
-    documents = base->openTable(u"données"_s);
-    documents->setIndex(u"idate"_s);
-    EXPECT_EQ(keysToEnd(), (QStringList{u"CO000003"_s, u"CO000002"_s, u"EU000009"_s, u"CO000001"_s, u"DI000001"_s}));
-    documents->setIndex(u"numerodutype"_s);
-    EXPECT_EQ(keysToEnd(), (QStringList{u"DI000001"_s, u"CO000001"_s, u"CO000002"_s, u"EU000009"_s, u"CO000003"_s}));
 }
 
 } // namespace

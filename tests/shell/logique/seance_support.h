@@ -16,14 +16,14 @@
 
 namespace velm::test {
 
-class EcransJournal final : public Ecrans {
+class EcransJournal final : public Accueil, public Cadre, public Dossiers, public Travaux {
 public:
     void afficheetape(const QString& texte) override { note(QStringLiteral("étape ") + texte); }
     void montreaccueil() override { note(QStringLiteral("accueil")); }
     void fermeaccueil() override { note(QStringLiteral("ferme accueil")); }
-    void litstyles() override { note(QStringLiteral("styles")); }
+    void litstyles() { note(QStringLiteral("styles")); }
     void effacereconstructions() override { note(QStringLiteral("efface")); }
-    bool connexion() override {
+    bool connexion() {
         note(QStringLiteral("connexion"));
         return surconnexion ? surconnexion() : false;
     }
@@ -60,6 +60,10 @@ public:
             surfermefenetres();
     }
     void fermeprincipale() override { note(QStringLiteral("ferme principale")); }
+
+    Ecrans ecrans() {
+        return {*this, *this, *this, *this, [this] { litstyles(); }, [this] { return connexion(); }};
+    }
 
     bool a(const QString& ligne) const { return journal.contains(ligne); }
     QStringList parmi(const QString& debut) const { return journal.filter(QRegularExpression(u'^' + debut)); }
@@ -113,7 +117,7 @@ protected:
 
     Seance& seance() {
         if (!seance_)
-            seance_.emplace(env, reglages, langue, corpus, dialogues, ecrans);
+            seance_.emplace(env, reglages, langue, corpus, dialogues, ecrans.ecrans());
         return *seance_;
     }
 

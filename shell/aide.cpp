@@ -1,0 +1,20 @@
+#include "shell/aide.h"
+
+#include "platform/system/files.h"
+
+namespace velm {
+
+void Aide::ouvre() const {
+    // Disks that tell upper from lower case may hold the file under its other usual spelling.
+    const Preferences& preferences = seance.preferences();
+    for (const QString& nom : {preferences.aidefichier, QStringLiteral("Velm2000.chm")}) {
+        const QString chemin = joinPath(preferences.aidechemin, nom);
+        if (!nom.isEmpty() && fileExists(chemin)) {
+            monde.navigateur.openFile(chemin);
+            return;
+        }
+    }
+    monde.dialogues.message(langue.lireressource(7030), langue.lireressource(8), Icone::Information);
+}
+
+} // namespace velm

@@ -1,0 +1,189 @@
+#include "shell/cadreprincipal.h"
+
+#include "document/ui/textes.h"
+#include "platform/widgets/frame/childarea.h"
+#include "shell/aide.h"
+#include "shell/bureau.h"
+#include "shell/commandes.h"
+#include "shell/ecrangeneral.h"
+#include "shell/fabriquetextes.h"
+#include "shell/fenetresannexes.h"
+#include "shell/menus.h"
+#include "shell/recherches.h"
+#include "shell/selection.h"
+#include "shell/volet.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+
+#include <cerrno>
+
+namespace velm {
+
+CadrePrincipal::CadrePrincipal(const Donnees& donnees) : donnees_(donnees), barres_(donnees.reglages) {}
+
+CadrePrincipal::~CadrePrincipal() = default;
+
+void CadrePrincipal::decharge() {
+    commandes_.reset();
+    annexes_.reset();
+    recherches_.reset();
+    selection_.reset();
+    bureau_.reset();
+    ecran_.reset();
+}
+
+void CadrePrincipal::effacereconstructions() {
+    rafraichir_.fill(false);
+}
+
+QString CadrePrincipal::chargeprincipale() {
+    const MondeExterieur& monde = donnees_.monde;
+    const auto texte = [this](int numero) { return this->texte(numero); };
+    traduitoutils();
+    ecran_ = std::make_unique<Ecrangeneral>(texte);
+    ecran_->setWindowIcon(QIcon(QStringLiteral(":/velmorante.svg")));
+    ecran_->avantfermeture = [this] { return donnees_.seance.quitteprogramme(); };
+    bureau_ =
+        std::make_unique<Bureau>(*ecran_, donnees_.corpus, [this](int indice) { return fabriquefenetre(indice); });
+    bureau_->sansmemoire = [this] {
+        donnees_.monde.dialogues.message(qt_error_string(ENOMEM), this->texte(8), Icone::Exclamation);
+    };
+    selection_ = std::make_unique<Selection>(
+        *ecran_, *bureau_,
+        Selection::Monde{donnees_.corpus, donnees_.reglages, monde.sablier, monde.dialogues, monde.imprimante, texte});
+    recherches_ = std::make_unique<Recherches>(
+        *ecran_, *selection_,
+        Recherches::Monde{donnees_.reglages, monde.sablier, monde.dialogues, monde.courrier, texte});
+    annexes_ = std::make_unique<FenetresAnnexes>(
+        *ecran_, *bureau_,
+        FenetresAnnexes::Donnees{donnees_.reglages, donnees_.corpus, donnees_.seance, donnees_.monde, texte});
+    chargecommandes();
+    chargeaspect();
+    Seance& seance = donnees_.seance;
+    bureau_->restaure([&seance] { seance.restaurefenetres(); });
+    seance.afficheetape(this->texte(504));
+    bureau_->navigation().chargederniers(donnees_.reglages);
+    bureau_->majderniersdocuments();
+    seance.afficheetape(this->texte(505));
+    seance.ouvrecriteresdelaligne();
+    return QString::number(ecran_->winId());
+}
+
+void CadrePrincipal::chargeaspect() {
+    ecran_->place(donnees_.seance.positionprincipale());
+    const Preferences& preferences = donnees_.seance.preferences();
+    if (const auto fond = velm::fondecran(preferences.fond != 0 ? preferences.fondno : -1, preferences.fondcouleur))
+        ecran_->placefond(*fond);
+    ecran_->picturesselection().changelargeurpane(preferences.largeurselection);
+    donnees_.seance.afficheetape(texte(503));
+    barres_.charge(preferences);
+    for (const Barre barre : toutesbarres)
+        ecran_->placebarre(barre, barres_.position(barre));
+    ecran_->montrebarreetat(barres_.etat());
+}
+
+void CadrePrincipal::chargecommandes() {
+    Seance& seance = donnees_.seance;
+    Commandes::Programme autour;
+    autour.quitte = [&seance] { seance.quitteprogramme(); };
+    autour.aide = [this] { donnees_.aide.ouvre(); };
+    autour.astuce = [this] { annexes_->astuce(); };
+    autour.apropos = [this] { annexes_->montreapropos(); };
+    autour.partenaires = [this] { annexes_->montrepartenaires(); };
+    autour.cherche = [this] { annexes_->montrerecherche(); };
+    autour.montreselection = [this](bool visible) { selection_->affichemenuselection(visible); };
+    commandes_ = std::make_unique<Commandes>(*ecran_, *bureau_, barres_, donnees_.reglages,
+                                             donnees_.monde.pressepapiers, autour);
+    const bool une = seance.parametres().multifenetre != 0;
+    bureau_->navigation().changeunefenetre(une);
+    ecran_->menus().entree(QStringLiteral("maffichagetfu"))->setChecked(une);
+    ecran_->menus().entree(QStringLiteral("maide1(1)"))->setEnabled(!seance.fichierpartenaires().isEmpty());
+    ecran_->menus().entree(QStringLiteral("mediteur"))->setVisible(seance.preferences().menuediteur);
+}
+
+Textes* CadrePrincipal::fabriquefenetre(int indice) {
+    const FabriqueTextes fabrique{*ecran_,         *bureau_,        *selection_,     donnees_.corpus, donnees_.reglages,
+                                  donnees_.langue, donnees_.styles, donnees_.seance, donnees_.monde,  rafraichir_};
+    return fabrique.fait(indice);
+}
+
+void CadrePrincipal::traduitoutils() {
+    const QString langue = donnees_.seance.parametres().extensionlangue.toLower();
+    if (motsdesoutils_.load(QStringLiteral("qtbase_") + langue, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&motsdesoutils_);
+}
+
+void CadrePrincipal::remonte() {
+    if (!ecran_)
+        return;
+    ecran_->setWindowState(ecran_->windowState() & ~Qt::WindowMinimized);
+    ecran_->raise();
+    ecran_->activateWindow();
+}
+
+void CadrePrincipal::montreprincipale() {
+    ecran_->montre();
+}
+
+void CadrePrincipal::navigue(const QString& commande) {
+    bureau_->navigation().navigue(commande);
+}
+
+void CadrePrincipal::ouvrefichiercriteres(const QString& chemin) {
+    commandes_->montreselection(true);
+    recherches_->ouvrircriteres(chemin);
+}
+
+void CadrePrincipal::astuce() {
+    annexes_->astuce();
+}
+
+EtatFenetres CadrePrincipal::etatfenetres() const {
+    EtatFenetres etat;
+    if (!ecran_)
+        return etat;
+    for (int indice = 0; indice < nombredefenetres; ++indice) {
+        const auto rang = static_cast<std::size_t>(indice);
+        etat.cochees.at(rang) = bureau_->navigation().maffichagef(indice);
+        if (const Textes* ouverte = bureau_->fenetre(indice))
+            etat.libelles.at(rang) = ouverte->windowTitle();
+    }
+    for (const Textes* ouverte : bureau_->fenetres())
+        etat.filles.push_back({ouverte->objectName(), ouverte->referencecourante()});
+    if (const Textes* active = bureau_->active())
+        etat.titreactif = active->windowTitle();
+    etat.principale = ecran_->position();
+    etat.largeurpane = ecran_->picturesselection().largeurpane();
+    return etat;
+}
+
+void CadrePrincipal::sauvederniers() {
+    if (bureau_)
+        bureau_->navigation().sauvederniers(donnees_.reglages);
+    if (selection_)
+        selection_->ecritcolonnes();
+}
+
+void CadrePrincipal::notefenetres() {
+    if (recherches_)
+        recherches_->note();
+    if (bureau_)
+        bureau_->notefenetres();
+}
+
+void CadrePrincipal::fermefenetres() {
+    if (recherches_)
+        recherches_->ferme();
+    if (bureau_)
+        bureau_->fermefenetres();
+}
+
+void CadrePrincipal::fermeprincipale() {
+    if (ecran_)
+        ecran_->ferme();
+}
+
+} // namespace velm

@@ -1,0 +1,90 @@
+#pragma once
+// The frame with its desk, its panel, its search form and its commands: made when the program starts, asked by the
+// run's start and end.
+#include "core/cle.h"
+#include "core/corpus.h"
+#include "core/langue.h"
+#include "core/reglages.h"
+#include "document/styles.h"
+#include "shell/logique/barres.h"
+#include "shell/logique/seance.h"
+#include "shell/mondeexterieur.h"
+
+#include <QObject>
+#include <QTranslator>
+
+#include <array>
+#include <memory>
+
+namespace velm {
+
+struct Aide;
+class Bureau;
+class Commandes;
+class Ecrangeneral;
+class FenetresAnnexes;
+class Recherches;
+class Selection;
+class Textes;
+
+class CadrePrincipal final : public QObject, public Cadre {
+    Q_OBJECT
+
+public:
+    /// What the frame works on; none is owned, and all of it outlives the frame.
+    struct Donnees {
+        Reglages& reglages;
+        Langue& langue;
+        Corpus& corpus;
+        const TableStyles& styles;
+        Seance& seance;
+        const MondeExterieur& monde;
+        const Aide& aide;
+    };
+    explicit CadrePrincipal(const Donnees& donnees);
+    ~CadrePrincipal() override;
+
+    Ecrangeneral* ecran() const { return ecran_.get(); } ///< null before it is loaded
+    Bureau* bureau() const { return bureau_.get(); }
+    Selection& selection() const { return *selection_; }
+    Recherches& recherches() const { return *recherches_; }
+    FenetresAnnexes& annexes() const { return *annexes_; }
+    /// Out of the icon, to the front, as large as it was before.
+    void remonte();
+
+    /// Everything goes, while what it works on is still there.
+    void decharge();
+
+    // ---- Cadre
+    void effacereconstructions() override;
+    QString chargeprincipale() override;
+    void montreprincipale() override;
+    void navigue(const QString& commande) override;
+    void ouvrefichiercriteres(const QString& chemin) override;
+    void astuce() override;
+    EtatFenetres etatfenetres() const override;
+    void sauvederniers() override;
+    void notefenetres() override;
+    void fermefenetres() override;
+    void fermeprincipale() override;
+
+private:
+    QString texte(int numero) const { return donnees_.langue.lireressource(numero); }
+    Textes* fabriquefenetre(int indice);
+    void chargeaspect();
+    void chargecommandes();
+    void traduitoutils(); ///< what the toolkit itself says follows the program's language
+
+    Donnees donnees_;
+    EtatBarres barres_;
+    QTranslator motsdesoutils_;
+    std::array<bool, nombredefenetres> rafraichir_{}; ///< by slot: shown again at the next focus
+    std::unique_ptr<Ecrangeneral> ecran_;
+    std::unique_ptr<Bureau> bureau_;
+    std::unique_ptr<Selection> selection_;
+    std::unique_ptr<Recherches> recherches_;
+    std::unique_ptr<FenetresAnnexes> annexes_;
+    std::unique_ptr<Commandes> commandes_;
+};
+
+} // namespace velm

@@ -1,0 +1,76 @@
+#include "shell/fenetresannexes.h"
+
+#include "document/ui/frmfindform.h"
+#include "document/ui/textes.h"
+#include "platform/system/systeminfo.h"
+#include "platform/widgets/text/richtextbox.h"
+#include "shell/bureau.h"
+#include "shell/ecrangeneral.h"
+#include "shell/frmabout.h"
+#include "shell/frmtip.h"
+#include "shell/sponsor.h"
+
+#include <QCoreApplication>
+#include <QScreen>
+
+#include <utility>
+
+namespace velm {
+
+FenetresAnnexes::FenetresAnnexes(Ecrangeneral& ecran, Bureau& bureau, Donnees donnees)
+    : ecran_(ecran), bureau_(bureau), donnees_(std::move(donnees)) {}
+
+void FenetresAnnexes::montre(QDialog* fenetre) {
+    fenetre->setAttribute(Qt::WA_DeleteOnClose);
+    // At the start the frame does not have its size yet, but the screen has.
+    if (ecran_.isMaximized()) {
+        fenetre->adjustSize();
+        QRect place(QPoint(), fenetre->size());
+        place.moveCenter(ecran_.screen()->availableGeometry().center());
+        fenetre->move(place.topLeft());
+    }
+    fenetre->show();
+}
+
+void FenetresAnnexes::astuce() {
+    const Parametres& parametres = donnees_.seance.parametres();
+    const QString fichier = Astuces::cheminfichier(parametres.repertoireapplication, parametres.extensionlangue);
+    Reglages& reglages = donnees_.reglages;
+    const auto coche = reglages.entier(QStringLiteral("OPTIONS"), QStringLiteral("TIPS"), 1, true) != 0;
+    const auto change = [&reglages](bool montrees) {
+        reglages.savesetting(QStringLiteral("OPTIONS"), QStringLiteral("TIPS"),
+                             montrees ? QStringLiteral("1") : QStringLiteral("0"));
+    };
+    montre(new frmTip(donnees_.texte, astuces_, fichier, {coche, change}, &ecran_));
+}
+
+void FenetresAnnexes::montreapropos() {
+    const MondeExterieur& monde = donnees_.monde;
+    monde.sablier.fixepointeur(Sablier::attente);
+    frmAbout::Rappels rappels;
+    rappels.lancesysinfo = [&monde] { return startsysinfo(SystemRegistre(), monde.processus); };
+    rappels.estmontree = [&monde] { monde.sablier.fixepointeur(Sablier::defaut); };
+    montre(new frmAbout(donnees_.texte, QCoreApplication::applicationVersion(), donnees_.corpus.titre(), rappels,
+                        monde.dialogues, &ecran_));
+}
+
+void FenetresAnnexes::montrepartenaires() {
+    montre(new sponsor(donnees_.texte, donnees_.seance.fichierpartenaires(), &ecran_));
+}
+
+void FenetresAnnexes::montrerecherche() {
+    const auto active = [this] {
+        const Textes* fenetre = bureau_.active();
+        return fenetre ? frmFindForm::Cible{&fenetre->vue(),
+                                            fenetre->referencecourante() + QString::number(quintptr(fenetre))}
+                       : frmFindForm::Cible{};
+    };
+    if (!recherchetexte_)
+        recherchetexte_ = new frmFindForm(donnees_.texte, donnees_.monde.dialogues, active, &ecran_);
+    const Textes* fenetre = bureau_.active();
+    const QString choisi = fenetre ? fenetre->vue().control().selText() : QString();
+    constexpr qsizetype plusdecaracteres = 100;
+    recherchetexte_->montre(choisi.size() > plusdecaracteres || choisi.contains(u'\r') ? QString() : choisi);
+}
+
+} // namespace velm

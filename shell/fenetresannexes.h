@@ -1,0 +1,50 @@
+#pragma once
+// What the program shows beside its documents: the tip, the about box, the partners, the find dialog.
+#include "core/corpus.h"
+#include "core/reglages.h"
+#include "shell/logique/astuces.h"
+#include "shell/logique/seance.h"
+#include "shell/mondeexterieur.h"
+
+#include <QPointer>
+#include <QRandomGenerator>
+
+#include <functional>
+
+class QDialog;
+
+namespace velm {
+
+class Bureau;
+class Ecrangeneral;
+class frmFindForm;
+
+class FenetresAnnexes {
+public:
+    /// None is owned.
+    struct Donnees {
+        Reglages& reglages;
+        Corpus& corpus;
+        Seance& seance;
+        const MondeExterieur& monde;
+        std::function<QString(int)> texte;
+    };
+    FenetresAnnexes(Ecrangeneral& ecran, Bureau& bureau, Donnees donnees);
+
+    void astuce();
+    void montreapropos();
+    void montrepartenaires();
+    /// Shows the find dialog of the active document window.
+    void montrerecherche();
+
+private:
+    void montre(QDialog* fenetre);
+
+    Ecrangeneral& ecran_;
+    Bureau& bureau_;
+    Donnees donnees_;
+    Astuces astuces_{[] { return QRandomGenerator::global()->generateDouble(); }};
+    QPointer<frmFindForm> recherchetexte_; ///< the frame's child
+};
+
+} // namespace velm

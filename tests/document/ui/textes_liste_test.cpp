@@ -1,0 +1,111 @@
+// The list block of a document window.
+#include "tests/document/ui/textes_base.h"
+#include "tests/support/eventually.h"
+
+using namespace velm;
+using namespace Qt::Literals::StringLiterals;
+using FenetreTextes = velm::test::BaseTextes;
+
+TEST_F(FenetreTextes, TheListHasFourVisibleColumnsAndAHiddenNumber) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"tableau"_s);
+    const FlexGrid& flex = fenetre.flex();
+    ASSERT_EQ(flex.cols(), 5);
+    for (int colonne = 0; colonne < 4; ++colonne) {
+        EXPECT_EQ(flex.header(colonne), banc->langue.lireressource(300 + colonne));
+        EXPECT_GE(flex.colWidth(colonne), 2000);
+        const QAbstractItemModel* lignes = flex.view()->model();
+        EXPECT_EQ(lignes->headerData(colonne, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), Qt::AlignCenter);
+        EXPECT_TRUE(lignes->index(0, colonne).data(Qt::TextAlignmentRole).toInt() & Qt::AlignLeft);
+    }
+    EXPECT_EQ(flex.colWidth(4), 0);
+    EXPECT_EQ(flex.sortMark(0), FlexGrid::Mark::Ascending);
+    EXPECT_EQ(flex.text(1, 0), u"Article 2");
+    EXPECT_EQ(flex.text(1, 4), u"000002");
+    EXPECT_EQ(flex.text(3, 0), u"Être lié");
+}
+
+TEST_F(FenetreTextes, WidthsThatNobodyTouchedShareTheRoomAndAreNotStored) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.resize(1200, 700);
+    presse(fenetre, u"tableau"_s);
+    const FlexGrid& flex = fenetre.flex();
+    EXPECT_GT(flex.colWidth(0), 2000);
+    EXPECT_NEAR(flex.colWidth(0), 2 * flex.colWidth(1), 60);
+    fenetre.resize(300, 700);
+    EVENTUALLY(std::abs(flex.colWidth(1) - 2000) < 15);
+    fenetre.close();
+    EXPECT_EQ(banc->lu(u"LARGEURCOLONNE0"_s), u"002000002000002000002000");
+}
+
+TEST_F(FenetreTextes, AWidthThatWasTouchedStays) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.resize(1200, 700);
+    presse(fenetre, u"tableau"_s);
+    fenetre.flex().setColWidth(2, 1500);
+    fenetre.resize(900, 700);
+    EXPECT_EQ(fenetre.flex().colWidth(2), 1500);
+    const int titre = fenetre.flex().colWidth(0);
+    fenetre.resize(1100, 700);
+    EXPECT_EQ(fenetre.flex().colWidth(0), titre);
+    fenetre.close();
+    EXPECT_TRUE(banc->lu(u"LARGEURCOLONNE0"_s).contains(u"001500"));
+}
+
+TEST_F(FenetreTextes, TheStoredOrderAndWidthsOfTheColumnsAreTaken) {
+    banc->met(u"ORDRECOLONNE0"_s, u"10324"_s);
+    banc->met(u"LARGEURCOLONNE0"_s, u"003000001500002100000900"_s);
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"tableau"_s);
+    const FlexGrid& flex = fenetre.flex();
+    EXPECT_EQ(flex.header(0), banc->langue.lireressource(301));
+    EXPECT_EQ(flex.header(1), banc->langue.lireressource(300));
+    EXPECT_EQ(flex.text(1, 0), u"bail");
+    EXPECT_NEAR(flex.colWidth(0), 3000, 15);
+    EXPECT_NEAR(flex.colWidth(3), 900, 15);
+}
+
+TEST_F(FenetreTextes, AColumnOrderOfAllFoursFallsBackToTheDefault) {
+    banc->met(u"ORDRECOLONNE0"_s, u"44444"_s);
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"tableau"_s);
+    EXPECT_EQ(fenetre.flex().header(0), banc->langue.lireressource(300));
+    EXPECT_EQ(fenetre.flex().header(3), banc->langue.lireressource(303));
+}
+
+TEST_F(FenetreTextes, MovedColumnsAreWrittenBackAsDigitsWithFourAtTheEnd) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"tableau"_s);
+    fenetre.flex().sort(1, false);
+    fenetre.flex().setColPosition(0, 2);
+    fenetre.flex().setColWidth(0, 1500);
+    fenetre.close();
+    EXPECT_EQ(banc->lu(u"ORDRECOLONNE0"_s), u"12034");
+    EXPECT_EQ(banc->lu(u"LARGEURCOLONNE0"_s).left(6), u"001500");
+}
+
+TEST_F(FenetreTextes, AListNeverShownWritesFoursAndItsWidthsAsTheyWereRead) {
+    banc->met(u"LARGEURCOLONNE0"_s, u"003000001500002100000900"_s);
+    ouvre("CO000001").close();
+    EXPECT_EQ(banc->lu(u"ORDRECOLONNE0"_s), u"44444");
+    EXPECT_EQ(banc->lu(u"LARGEURCOLONNE0"_s), u"003000001500002100000900");
+}
+
+TEST_F(FenetreTextes, ADoubleClickInTheListOpensItsDocumentAndOnTheHeaderSorts) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"tableau"_s);
+    const int position = fenetre.disposition().posseparateur;
+    cliquecellule(fenetre.flex(), 1, 0);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000001");
+    cliquecellule(fenetre.flex(), 1, 0, true);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
+    EXPECT_EQ(fenetre.disposition().posseparateur, position);
+    cliquecellule(fenetre.flex(), 0, 0, true);
+    EXPECT_EQ(fenetre.flex().sortMark(0), FlexGrid::Mark::Descending);
+    EXPECT_EQ(fenetre.flex().text(1, 0), u"Zone franche");
+    fenetre.flex().view()->setFocus();
+    fenetre.flex().setRow(1);
+    QTest::keyClick(fenetre.flex().view(), Qt::Key_Return);
+    EXPECT_EQ(fenetre.referencecourante(), u"CO000003");
+}
