@@ -104,7 +104,7 @@ public:
     void fermedossiers() override;
     QString chargeprincipale() override;
     void montreprincipale() override;
-    void navigue(const QString& commande) override;
+    void ouvre(const Cle& cle) override;
     void ouvrefichierdossier(const QString& chemin) override;
     void ouvrefichiercriteres(const QString& chemin) override;
     void astuce() override;

@@ -158,8 +158,8 @@ void Programme::montreprincipale() {
     ecran_->montre();
 }
 
-void Programme::navigue(const QString& commande) {
-    bureau_->navigation().navigue(commande);
+void Programme::ouvre(const Cle& cle) {
+    bureau_->navigation().ouvre(cle);
 }
 
 Textes* Programme::fabriquefenetre(int indice) {

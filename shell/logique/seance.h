@@ -1,6 +1,7 @@
 #pragma once
 // A run of the program from `Main` to its end: the start sequence, the command line, the restoring of windows, and the
 // exit sequence with everything that it writes. No window lives here: what must be shown is asked of `Ecrans`.
+#include "core/cle.h"
 #include "core/corpus.h"
 #include "core/langue.h"
 #include "core/parametres.h"
@@ -58,7 +59,7 @@ public:
     /// Loads the frame without showing it and gives its handle as decimal text.
     virtual QString chargeprincipale() = 0;
     virtual void montreprincipale() = 0;
-    virtual void navigue(const QString& commande) = 0;
+    virtual void ouvre(const Cle& cle) = 0; ///< shows a document in the window of its collection
     virtual void ouvrefichierdossier(const QString& chemin) = 0;
     virtual void ouvrefichiercriteres(const QString& chemin) = 0;
     virtual void astuce() = 0;

@@ -49,6 +49,11 @@ protected:
         ouvre();
         arborescence.chargearbrebase(arbre, code);
     }
+    /// The command that asks for what a click on a node leads to.
+    QString commandeclic(int noeud, const QString& code) const {
+        const Cle cle = Arborescence::documentde(arbre, noeud, code);
+        return cle.vide() ? QString() : u"TA"_s + cle.texte();
+    }
     void developpe(const QString& cle) { arborescence.developpe(arbre, arbre.indexOf(cle)); }
     bool present(const QString& cle) const { return arbre.indexOf(cle) != 0; }
     QString etiquette(const QString& cle) const { return arbre.tag(arbre.indexOf(cle)); }
@@ -193,11 +198,11 @@ TEST_F(ArborescenceTest, AClickOnADocumentGivesItsCommandAndOneOnABranchNone) {
     noeuds = {{1, 0, u"CO"_s, 1, u"Livre"_s, 1}};
     documents = {{u"CO000001"_s, u"Un"_s, 1}};
     charge();
-    EXPECT_EQ(Arborescence::commandeclic(arbre, arbre.indexOf(u"@CO000001"_s), u"CO"_s), u"TACO000001"_s);
-    EXPECT_TRUE(Arborescence::commandeclic(arbre, arbre.indexOf(u"CO 1"_s), u"CO"_s).isEmpty());
-    EXPECT_TRUE(Arborescence::commandeclic(arbre, 1, u"CO"_s).isEmpty());
-    EXPECT_TRUE(Arborescence::commandeclic(arbre, 0, u"CO"_s).isEmpty());
-    EXPECT_TRUE(Arborescence::commandeclic(arbre, 99, u"CO"_s).isEmpty());
+    EXPECT_EQ(commandeclic(arbre.indexOf(u"@CO000001"_s), u"CO"_s), u"TACO000001"_s);
+    EXPECT_TRUE(commandeclic(arbre.indexOf(u"CO 1"_s), u"CO"_s).isEmpty());
+    EXPECT_TRUE(commandeclic(1, u"CO"_s).isEmpty());
+    EXPECT_TRUE(commandeclic(0, u"CO"_s).isEmpty());
+    EXPECT_TRUE(commandeclic(99, u"CO"_s).isEmpty());
 }
 
 TEST_F(ArborescenceTest, DocumentsOfAnotherCollectionWithTheSameNodeAreNotAdded) {
@@ -298,7 +303,7 @@ TEST_F(ArborescenceTest, NodesThatDoNotStandOrAreDocumentsLoadNothing) {
     EXPECT_TRUE(sablier.vus.isEmpty());
     TreeNodes vide;
     arborescence.cherchebranche(vide, 1);
-    arborescence.choisitdocument(vide, u"CO000001"_s);
+    arborescence.choisitdocument(vide, decoupecle(u"CO000001"_s));
     EXPECT_EQ(vide.selected(), 0);
 }
 
@@ -348,10 +353,10 @@ TEST_F(ArborescenceTest, ABranchBelowTheLastLevelIsPassedOver) {
 TEST_F(ArborescenceTest, TheDocumentsLeafIsSelected) {
     chaine(6);
     charge();
-    arborescence.choisitdocument(arbre, u"CO000006"_s);
+    arborescence.choisitdocument(arbre, decoupecle(u"CO000006"_s));
     EXPECT_EQ(arbre.selected(), 0) << "its branch is not loaded yet";
     arborescence.cherchebranche(arbre, 6);
-    arborescence.choisitdocument(arbre, u"CO000006"_s);
+    arborescence.choisitdocument(arbre, decoupecle(u"CO000006"_s));
     EXPECT_EQ(arbre.selected(), arbre.indexOf(u"@CO000006"_s));
     EXPECT_TRUE(arbre.expanded(arbre.indexOf(u"CO 6"_s)));
 }

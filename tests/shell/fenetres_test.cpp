@@ -24,7 +24,7 @@ protected:
     void commence() {
         cadre(700, 600);
         ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);
-        programme->navigue(u"TAJP000007"_s);
+        programme->ouvre(decoupecle(u"JP000007"));
         ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
     }
     void cadre(int largeur, int hauteur) const {
@@ -144,9 +144,9 @@ TEST_F(FenetresTest, AWindowChosenFromTheListOrShownByItsButtonHasItsFocusAgain)
 
 TEST_F(FenetresTest, AStepInTheHistoryOfTheWindowInFrontLeavesTheFocusWhereItIs) {
     commence();
-    programme->navigue(u"TAJP000007"_s);
-    programme->navigue(u"TACO000002"_s);
-    programme->navigue(u"TACO000003"_s);
+    programme->ouvre(decoupecle(u"JP000007"));
+    programme->ouvre(decoupecle(u"CO000002"));
+    programme->ouvre(decoupecle(u"CO000003"));
     presse(fenetre(0).barrechild(), "recherchedico");
     ASSERT_TRUE(fenetre(0).findChild<QLineEdit*>(u"Textedico"_s)->hasFocus());
     fenetre(0).vue().setFocus();
@@ -166,7 +166,7 @@ TEST_F(FenetresTest, AHiddenWindowHasNoEntryInTheWindowList) {
     entree("maffichagef", 0)->trigger();
     EXPECT_TRUE(liste(0));
     presse(ecran().barreecran(), "CO");
-    programme->navigue(u"TACO000002"_s);
+    programme->ouvre(decoupecle(u"CO000002"));
     EXPECT_TRUE(liste(0));
     presse(ecran().barreecran(), "JP");
     quitte();
@@ -238,7 +238,7 @@ TEST_F(FenetresTest, AHiddenWindowGoesWhenAnotherOneTakesItsPlace) {
     const QPointer<Textes> cachee = &fenetre(0);
     programme->bureau().navigation().basculefenetre(0, false);
     ASSERT_TRUE(cachee && !cachee->isVisible());
-    programme->navigue(u"TACO000002"_s);
+    programme->ouvre(decoupecle(u"CO000002"));
     EVENTUALLY(!cachee);
     EXPECT_EQ(fenetre(0).referencecourante(), u"CO000002");
     EXPECT_TRUE(fenetre(0).isVisible());
@@ -278,7 +278,7 @@ TEST_F(FenetresTest, AWindowLeftAsAnIconIsRestoredAsOneAndOpensWithADocument) {
     redemarre();
     EXPECT_TRUE(autour(2).isMinimized());
     EXPECT_EQ(ecrit(2), (QList<int>{1, 150, 300, 6750, 5700}));
-    programme->navigue(u"TAJP000007"_s);
+    programme->ouvre(decoupecle(u"JP000007"));
     EXPECT_FALSE(autour(2).isMinimized());
     EXPECT_EQ(autour(2).geometry(), QRect(10, 20, 450, 380));
     EXPECT_EQ(active(), &fenetre(2));
