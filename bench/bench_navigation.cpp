@@ -143,7 +143,7 @@ void liensdudocument(benchmark::State& state) {
     const QString cle = collection.plusliee(u"départ"_s);
     std::size_t lignes = 0;
     for ([[maybe_unused]] auto _ : state)
-        lignes = chargeliens(collection.corpus, cle).size();
+        lignes = chargeliens(collection.corpus, decoupecle(cle)).size();
     state.SetLabel(cle.toStdString() + ", " + std::to_string(lignes) + " rows");
 }
 BENCHMARK(liensdudocument)->Unit(benchmark::kMillisecond);
@@ -153,7 +153,7 @@ void correlatsdudocument(benchmark::State& state) {
     const QString cle = collection.plusliee(u"arrivée"_s);
     std::size_t lignes = 0;
     for ([[maybe_unused]] auto _ : state)
-        lignes = chargecorrelats(collection.corpus, cle).size();
+        lignes = chargecorrelats(collection.corpus, decoupecle(cle)).size();
     state.SetLabel(cle.toStdString() + ", " + std::to_string(lignes) + " rows");
 }
 BENCHMARK(correlatsdudocument)->Unit(benchmark::kMillisecond);
@@ -165,9 +165,7 @@ public:
     explicit Fenetre(const QHash<QString, QString>& titres) : titres_(titres) {}
     Parcours& parcours() override { return parcours_; }
     void prendfocus() override {}
-    void affiche(const QString& code, const QString& numero, const QString&) override {
-        titre_ = titres_.value(code + numero, titre_);
-    }
+    void affiche(const Cle& cle, const QString&) override { titre_ = titres_.value(cle.texte(), titre_); }
     QString titre() override { return titre_; }
     void montreboutons(bool) override {}
     void activehistorique(bool, bool) override {}
@@ -253,7 +251,7 @@ void voisins(benchmark::State& state) {
     cles.sort();
     if (cles.isEmpty())
         return state.SkipWithError("no documents");
-    navigation.navigue(u"TA"_s + cles.first());
+    navigation.ouvre(decoupecle(cles.first()));
     bool haut = false;
     QString avant;
     for ([[maybe_unused]] auto _ : state) {

@@ -87,7 +87,7 @@ struct Lecteur {
     }
 
     void ouvre(int rang, bool abc = false) {
-        affichedocument(*fenetre, QStringLiteral("CO"), sixchiffres(rang + 1), abc, QString(),
+        affichedocument(*fenetre, {QStringLiteral("CO"), sixchiffres(rang + 1)}, abc, QString(),
                         {corpus, styles, sablier, [](int) { return QStringLiteral("Code"); }});
     }
     void peint() { fenetre->vue().viewport()->render(&image); }

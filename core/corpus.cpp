@@ -1,6 +1,5 @@
 #include "core/corpus.h"
 
-#include "core/cle.h"
 #include "core/schemas.h"
 #include "platform/base/failure.h"
 #include "platform/engine/rowreader.h"
@@ -72,6 +71,36 @@ Recordset& Corpus::table(const Table& table, QStringView nom) const {
     if (!table)
         runtimeError(Failure::MissingTable, {nom.toString()});
     return *table;
+}
+
+const Recordset* Corpus::rangee(const Cle& cle) const {
+    Recordset& rs = donnees();
+    rs.setIndex(QStringLiteral("primarykey"));
+    rs.seek(Seek::Equal, cle.code, cle.numero);
+    return rs.noMatch() ? nullptr : &rs;
+}
+
+std::optional<Notice> Corpus::document(const Cle& cle) const {
+    const Recordset* rs = rangee(cle);
+    if (!rs)
+        return std::nullopt;
+    const QString couleur = QStringLiteral("BackColor");
+    return Notice{.titre = rs->text(QStringLiteral("titre")),
+                  .motcle1 = rs->text(QStringLiteral("motclé1")),
+                  .motcle2 = rs->text(QStringLiteral("motclé2")),
+                  .motcle3 = rs->text(QStringLiteral("motclé3")),
+                  .Source = rs->text(QStringLiteral("Source")),
+                  .datetext = rs->text(QStringLiteral("Date")),
+                  .datecreation = rs->text(QStringLiteral("datecreation")),
+                  .datemodif = rs->text(QStringLiteral("datemodif")),
+                  .typedocument = rs->text(QStringLiteral("typededocument")),
+                  .numeroarborescence = rs->text(QStringLiteral("numeroarborescence")),
+                  .couleur = rs->isNull(couleur) ? std::nullopt : std::optional(static_cast<int>(rs->number(couleur)))};
+}
+
+std::optional<QByteArray> Corpus::corps(const Cle& cle) const {
+    const Recordset* rs = rangee(cle);
+    return rs ? std::optional(rs->bytes(QStringLiteral("contenu"))) : std::nullopt;
 }
 
 qint64 Corpus::compterarticles(QStringView code) const {

@@ -1,9 +1,13 @@
 #pragma once
 // The collection's base: one database and eight recordsets, shared by everybody from start to exit. Each user sets the
 // index just before its seek, and finishes a walk before it gives control back.
+#include "core/cle.h"
+#include "core/notice.h"
 #include "platform/engine/recordset.h"
 
 #include <QStringView>
+
+#include <optional>
 
 namespace velm {
 
@@ -43,6 +47,14 @@ public:
     Recordset& generelien() const { return table(generelien_, u"generelien"); }
     /// For snapshots from a query text.
     Database& base() const;
+
+    /// The short fields of a document; nothing when there is none of that key. Its body is not read. Like corps() and
+    /// rangee() it moves the current row of `données` and leaves its index at primarykey.
+    std::optional<Notice> document(const Cle& cle) const;
+    /// The body of a document as stored; nothing when there is no such document.
+    std::optional<QByteArray> corps(const Cle& cle) const;
+    /// `données` on the row of a document, for walks over many that want a field or two; null when there is none.
+    const Recordset* rangee(const Cle& cle) const;
 
     /// Number of documents of a collection, from the packed text of `paramètres`; 0 for a code that is none of the
     /// eleven.

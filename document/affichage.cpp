@@ -1,6 +1,5 @@
 #include "document/affichage.h"
 
-#include "core/cle.h"
 #include "platform/base/failure.h"
 #include "platform/base/memory.h"
 
@@ -12,27 +11,18 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int blanc = 0xFFFFFF;
-const QString cleprimaire = u"primarykey"_s;
 
-/// Copies the row; the body comes last, since the passes move the shared table's current row.
-void copieligne(FormulaireDocument& formulaire, const QString& code, bool abc, const ContexteAffichage& contexte) {
-    const Recordset& ligne = contexte.corpus.donnees();
+/// The caption changes right behind the title, before the other values.
+void montre(FormulaireDocument& formulaire, const Cle& cle, const Notice& notice, bool abc,
+            const ContexteAffichage& contexte) {
     DocumentAffiche& document = formulaire.document();
-    document.titre = ligne.text(u"titre"_s);
-    formulaire.changetitre(contexte.libelle(indicedetype(code)) + u" - "_s + document.titre);
-    document.motcle1 = ligne.text(u"motclé1"_s);
-    document.motcle2 = ligne.text(u"motclé2"_s);
-    document.motcle3 = ligne.text(u"motclé3"_s);
-    document.Source = ligne.text(u"Source"_s);
-    document.datetext = ligne.text(u"Date"_s);
-    document.datecreation = ligne.text(u"datecreation"_s);
-    document.datemodif = ligne.text(u"datemodif"_s);
-    document.typedocument = ligne.text(u"typededocument"_s);
-    document.numeroarborescence = ligne.text(u"numeroarborescence"_s);
+    document.titre = notice.titre;
+    formulaire.changetitre(contexte.libelle(cle.indice()) + u" - "_s + notice.titre);
+    document = notice;
     RichTextControl& controle = formulaire.rtfRichTextBox1();
     // A row without a colour is shown on white paper rather than on black.
-    controle.setBackColor(ligne.isNull(u"BackColor"_s) ? blanc : static_cast<int>(ligne.number(u"BackColor"_s)));
-    controle.setTextRtf(ligne.bytes(u"contenu"_s));
+    controle.setBackColor(notice.couleur.value_or(blanc));
+    controle.setTextRtf(contexte.corpus.corps(cle).value_or(QByteArray()));
     SourceCorpus source(contexte.corpus);
     chargecontenu(formulaire, abc, {contexte.styles, source, contexte.sablier, contexte.bornes});
 }
@@ -71,9 +61,9 @@ private:
     bool reussi_ = false;
 };
 
-void recharge(ListeLaterale& liste, const QString& code, const QString& numero) {
+void recharge(ListeLaterale& liste, const Cle& cle) {
     if (liste.visible() && liste.couleurbouton() == ListeLaterale::ouverte)
-        liste.recharge(code, numero);
+        liste.recharge(cle);
 }
 
 /// Position, counted from 1, of the first pattern that is found from the first line end `d` on; 0 for none.
@@ -92,17 +82,12 @@ qsizetype cherche(const RichText& texte, const QString& ancre, qsizetype d) {
 } // namespace
 
 void SourceCorpus::prepare() {
-    failureOf([this] { corpus_.donnees().setIndex(cleprimaire); });
+    failureOf([this] { corpus_.donnees().setIndex(u"primarykey"_s); });
 }
 
-std::optional<QByteArray> SourceCorpus::contenu(const QString& code, const QString& numero) {
+std::optional<QByteArray> SourceCorpus::contenu(const Cle& cle) {
     std::optional<QByteArray> trouve;
-    failureOf([&] {
-        Recordset& donnees = corpus_.donnees();
-        donnees.seek(Seek::Equal, code, numero);
-        if (!donnees.noMatch())
-            trouve = donnees.bytes(u"contenu"_s);
-    });
+    failureOf([&] { trouve = corpus_.corps(cle); });
     return trouve;
 }
 
@@ -122,23 +107,20 @@ void positionne(RichTextControl& controle, const QString& ancre) {
         controle.upTo(u"\r\n", false, false);
 }
 
-void affichedocument(FormulaireDocument& formulaire, const QString& code, const QString& numero, bool abc,
-                     const QString& ancre, const ContexteAffichage& contexte) {
+void affichedocument(FormulaireDocument& formulaire, const Cle& cle, bool abc, const QString& ancre,
+                     const ContexteAffichage& contexte) {
     Chargement chargement(formulaire, contexte.sablier);
     RichTextControl& controle = formulaire.rtfRichTextBox1();
-    Recordset& donnees = contexte.corpus.donnees();
-    donnees.setIndex(cleprimaire);
-    donnees.seek(Seek::Equal, code, numero);
-    if (!donnees.noMatch())
-        copieligne(formulaire, code, abc, contexte);
+    if (const std::optional<Notice> notice = contexte.corpus.document(cle))
+        montre(formulaire, cle, *notice, abc, contexte);
     formulaire.activemenus();
     positionne(controle, ancre);
     controle.setRedraw(true);
     controle.setVisible(true);
     formulaire.rafraichit();
     chargement.reussit();
-    recharge(formulaire.listedesliens(), code, numero);
-    recharge(formulaire.listedescorrelats(), code, numero);
+    recharge(formulaire.listedesliens(), cle);
+    recharge(formulaire.listedescorrelats(), cle);
 }
 
 } // namespace velm

@@ -1,6 +1,7 @@
 #pragma once
 // Putting a document into a document window.
 #include "core/corpus.h"
+#include "core/notice.h"
 #include "document/balises.h"
 
 #include <QString>
@@ -10,20 +11,7 @@
 namespace velm {
 
 /// The values of the document shown, which other rooms read from the window and not from the table.
-struct DocumentAffiche {
-    QString titre;
-    QString motcle1;
-    QString motcle2;
-    QString motcle3;
-    QString Source;
-    QString datetext;
-    QString datecreation;
-    QString datemodif;
-    QString typedocument;
-    QString numeroarborescence;
-
-    friend bool operator==(const DocumentAffiche&, const DocumentAffiche&) = default;
-};
+using DocumentAffiche = Notice;
 
 /// A list beside the text that can be open or closed: outgoing links, correlates.
 class ListeLaterale {
@@ -33,7 +21,7 @@ public:
     virtual ~ListeLaterale() = default;
     virtual bool visible() const = 0;
     virtual int couleurbouton() const = 0; ///< background of its header button
-    virtual void recharge(const QString& code, const QString& numero) = 0;
+    virtual void recharge(const Cle& cle) = 0;
 };
 
 class FormulaireDocument : public FormulaireRiche {
@@ -58,8 +46,8 @@ struct ContexteAffichage {
 /// Loads a document into a window and puts the caret where `ancre` stands. A key that is not in the base leaves the
 /// text and the values as they are, without a message; the menus are enabled all the same. Where the memory does not
 /// suffice, the text is left empty and std::bad_alloc goes on to the caller (see withinMemory()).
-void affichedocument(FormulaireDocument& formulaire, const QString& code, const QString& numero, bool abc,
-                     const QString& ancre, const ContexteAffichage& contexte);
+void affichedocument(FormulaireDocument& formulaire, const Cle& cle, bool abc, const QString& ancre,
+                     const ContexteAffichage& contexte);
 
 /// Puts the caret on the line that holds `ancre`: the first of CR + ancre + blank, "." + ancre + blank, blank + ancre +
 /// blank, ancre alone, behind the first line end; at the start when there is none, or less than ten characters behind
@@ -72,7 +60,7 @@ class SourceCorpus : public SourceDeContenu {
 public:
     explicit SourceCorpus(Corpus& corpus) : corpus_(corpus) {}
     void prepare() override;
-    std::optional<QByteArray> contenu(const QString& code, const QString& numero) override;
+    std::optional<QByteArray> contenu(const Cle& cle) override;
 
 private:
     Corpus& corpus_;

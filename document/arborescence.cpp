@@ -1,6 +1,5 @@
 #include "document/arborescence.h"
 
-#include "core/cle.h"
 #include "platform/text/number.h"
 
 #include <QSet>
@@ -121,8 +120,8 @@ void Arborescence::ajoutefeuilles(TreeNodes& arbre, int parent, const QString& c
     for (; !donnees.eof() && donnees.number(u"numeroarborescence"_s) == numero; donnees.moveNext()) {
         const QString reference = donnees.text(u"référence"_s);
         if (reference.compare(code, Qt::CaseInsensitive) == 0)
-            arbre.add(parent, marquefeuille + reference + donnees.text(u"numart"_s), donnees.text(u"titre"_s), image,
-                      image);
+            arbre.add(parent, marquefeuille + Cle{reference, donnees.text(u"numart"_s)}.texte(),
+                      donnees.text(u"titre"_s), image, image);
     }
 }
 
@@ -192,8 +191,8 @@ void Arborescence::cherchebranche(TreeNodes& arbre, qint64 numero) {
     }
 }
 
-void Arborescence::choisitdocument(TreeNodes& arbre, const QString& cle) {
-    const int noeud = arbre.indexOf(marquefeuille + cle);
+void Arborescence::choisitdocument(TreeNodes& arbre, const Cle& cle) {
+    const int noeud = arbre.indexOf(marquefeuille + cle.texte());
     if (noeud == 0)
         return;
     const SansRedessin ensemble(arbre);
@@ -213,10 +212,11 @@ QString Arborescence::imagenoeud(int profondeur, bool ouvert) const {
     return profondeur >= 0 && profondeur < profondeursimages ? images[static_cast<std::size_t>(profondeur)] : QString();
 }
 
-QString Arborescence::commandeclic(const TreeNodes& arbre, int noeud, const QString& code) {
+Cle Arborescence::documentde(const TreeNodes& arbre, int noeud, const QString& code) {
     if (!arbre.contains(noeud) || !feuille(arbre.key(noeud)))
         return {};
-    return u"TA"_s + code + arbre.key(noeud).mid(3);
+    // The row may write the code in another case than its collection does.
+    return {code, decoupecle(QStringView(arbre.key(noeud)).sliced(1)).numero};
 }
 
 } // namespace velm

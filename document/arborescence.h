@@ -1,6 +1,7 @@
 #pragma once
 // The contents tree of a collection: branches and documents, loaded a few levels at a time and always ahead of what is
 // open.
+#include "core/cle.h"
 #include "core/corpus.h"
 #include "core/parametres.h"
 #include "platform/controls/treenodes.h"
@@ -33,14 +34,14 @@ public:
     /// know and at branches that hang in a circle.
     void cherchebranche(TreeNodes& arbre, qint64 numero);
     /// Selects the leaf of a document, and opens what leads to it. Nothing happens when it is not in the tree.
-    void choisitdocument(TreeNodes& arbre, const QString& cle);
+    void choisitdocument(TreeNodes& arbre, const Cle& cle);
 
     /// Steps from a node up to the root, which is node 1 and gives 0.
     static int niveaunoeud(const TreeNodes& arbre, int noeud);
     /// Picture of a branch at a depth from 0 to 10; empty beyond.
     QString imagenoeud(int profondeur, bool ouvert) const;
-    /// What a click on a node asks of the navigation: for a document "TA" + code + its number, else nothing.
-    static QString commandeclic(const TreeNodes& arbre, int noeud, const QString& code);
+    /// The document of a leaf in the tree of a collection; an empty key for any other node.
+    static Cle documentde(const TreeNodes& arbre, int noeud, const QString& code);
 
     /// Depth at which the loading stops.
     int profondeurmax() const { return profondeurmax_; }

@@ -4,6 +4,7 @@
 //
 // The passes give exactly what a control gives that searches its whole text for the next token after every change, but
 // in about linear time.
+#include "core/cle.h"
 #include "document/appliquestyle.h"
 #include "document/listesliens.h"
 #include "document/styles.h"
@@ -32,7 +33,7 @@ public:
     /// Called once before the passes.
     virtual void prepare() = 0;
     /// Body of a document as stored; nothing when there is no such document. Asked once for each key and pass.
-    virtual std::optional<QByteArray> contenu(const QString& code, const QString& numero) = 0;
+    virtual std::optional<QByteArray> contenu(const Cle& cle) = 0;
 };
 
 /// Markup that includes itself behind a text, or links whose bar stands behind their brace, can grow without end. A

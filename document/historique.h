@@ -13,6 +13,10 @@ namespace velm {
 /// Steps the tail that makes a repeated key unique. False, with nothing changed, when there is no further tail.
 bool suffixesuivant(QString& suffixe);
 
+enum class Sens { Arriere, Avant };
+/// A plain step, where a jump has the number of its entry from 1.
+inline constexpr int unpas = 0;
+
 /// One list of a history, as the drop-down entries of its button: the entry's key is the document's key of eight
 /// characters and a tail, its text the title.
 class ListeHistorique {

@@ -1,15 +1,11 @@
 #include "document/liens.h"
 
-#include "core/cle.h"
-
 #include <QSet>
 
 namespace velm {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-const QString cleprimaire = u"primarykey"_s;
 
 /// One end of a link in its table.
 struct Bout {
@@ -24,43 +20,37 @@ bool memetexte(const QString& un, const QString& autre) {
 }
 
 /// The rows with `cle` at one end, by an index that begins there.
-std::vector<LigneLien> charge(Corpus& corpus, const QString& cle, const QString& index, const Bout& ici,
+std::vector<LigneLien> charge(Corpus& corpus, const Cle& cle, const QString& index, const Bout& ici,
                               const Bout& ailleurs) {
-    if (cle.isEmpty())
+    if (cle.vide())
         return {};
-    const auto [code, numero] = decoupecle(cle);
     Recordset& liens = corpus.liens();
     liens.setIndex(index);
-    liens.seek(Seek::Equal, code, numero);
+    liens.seek(Seek::Equal, cle.code, cle.numero);
     if (liens.noMatch())
         return {};
-    Recordset& donnees = corpus.donnees();
-    donnees.setIndex(cleprimaire);
     std::vector<LigneLien> lignes;
-    QSet<QString> vues;
+    QSet<Cle> vues;
     for (; !liens.eof(); liens.moveNext()) {
-        if (!memetexte(liens.text(ici.reference), code) || !memetexte(liens.text(ici.numart), numero))
+        if (!memetexte(liens.text(ici.reference), cle.code) || !memetexte(liens.text(ici.numart), cle.numero))
             break;
-        const QString reference = liens.text(ailleurs.reference);
-        const QString numart = liens.text(ailleurs.numart);
-        const QString autre = reference + numart;
+        const Cle autre{liens.text(ailleurs.reference), liens.text(ailleurs.numart)};
         if (vues.contains(autre))
             continue;
         vues.insert(autre);
-        donnees.seek(Seek::Equal, reference, numart);
-        if (!donnees.noMatch())
-            lignes.push_back({donnees.text(u"référence"_s), donnees.text(u"titre"_s), autre});
+        if (const Recordset* donnees = corpus.rangee(autre))
+            lignes.push_back({donnees->text(u"référence"_s), donnees->text(u"titre"_s), autre});
     }
     return lignes;
 }
 
 } // namespace
 
-std::vector<LigneLien> chargeliens(Corpus& corpus, const QString& cle) {
+std::vector<LigneLien> chargeliens(Corpus& corpus, const Cle& cle) {
     return charge(corpus, cle, u"liens"_s, depart, arrivee);
 }
 
-std::vector<LigneLien> chargecorrelats(Corpus& corpus, const QString& cle) {
+std::vector<LigneLien> chargecorrelats(Corpus& corpus, const Cle& cle) {
     return charge(corpus, cle, u"correlats"_s, arrivee, depart);
 }
 

@@ -15,7 +15,7 @@ constexpr qsizetype lignesretenues = 1024;
 /// The rows of the collection; null where the base lacks what the columns or the end name.
 std::unique_ptr<Snapshot> demande(const Corpus& corpus, const QString& colonnes, const QString& code,
                                   const QString& fin, QString* erreur) {
-    return corpus.base().openQuery(u"SELECT "_s + colonnes + u" FROM données WHERE référence= \""_s + code + u'"' + fin,
+    return corpus.base().openQuery(u"SELECT "_s + colonnes + u" FROM données WHERE référence=?1"_s + fin, {code},
                                    erreur);
 }
 
@@ -81,9 +81,9 @@ QString ListeCollection::text(int row, int column) const {
     return cellules(row).at(column);
 }
 
-QString ListeCollection::cle(int row) const {
+Cle ListeCollection::cle(int row) const {
     const QString numero = text(row, colonnesvisibles);
-    return numero.isEmpty() ? QString() : code_ + numero;
+    return numero.isEmpty() ? Cle() : Cle{code_, numero};
 }
 
 bool ListeCollection::sort(int column, bool descending) {

@@ -1,6 +1,7 @@
 #pragma once
 // The documents of a collection as rows of a grid. Only their row ids are held; the fields of a row are read when it is
 // painted, and kept for a while.
+#include "core/cle.h"
 #include "core/corpus.h"
 #include "document/reglagestextes.h"
 #include "platform/controls/gridsource.h"
@@ -27,8 +28,8 @@ public:
     bool sort(int column, bool descending) override;
     // Once the base is closed, rows that were not read before are empty.
 
-    /// Key of the document of a row from 0; empty outside.
-    QString cle(int row) const;
+    /// The document of a row from 0; an empty key outside.
+    Cle cle(int row) const;
 
     /// Field of a digit: "0" titre, "1" to "3" the keywords, "4" numart; empty for anything else.
     static QString champ(QChar chiffre);

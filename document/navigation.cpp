@@ -1,8 +1,10 @@
 #include "document/navigation.h"
 
+#include "document/commandenavigation.h"
 #include "platform/text/number.h"
 
-#include <algorithm>
+#include <utility>
+#include <variant>
 
 namespace velm {
 namespace {
@@ -44,90 +46,64 @@ bool enhaut(const ListeHistorique& liste, const QString& cle) {
     return !liste.vide() && liste.cle() == cle;
 }
 
-int numerodentree(const QString& texte) {
-    constexpr double borne = 1e9;
-    return static_cast<int>(roundHalfEven(std::clamp(val(texte), -borne, borne)));
-}
-
 } // namespace
 
 Navigation::Navigation(HoteNavigation& hote, Corpus& corpus) : hote_(hote), corpus_(corpus) {}
 
 void Navigation::navigue(const QString& commande, bool replier, const QString& ancre) {
-    int indice = 0;
-    if (commande.startsWith(u"TA"))
-        indice = commandeta(commande, replier, ancre);
-    else if (commande.startsWith(u"LI"))
-        indice = commandeli(commande);
+    const CommandeNavigation lue = litcommande(commande);
+    if (const auto* ouverture = std::get_if<CommandeOuvre>(&lue))
+        ouvre(ouverture->cle, {replier, ancre});
+    else if (const auto* global = std::get_if<CommandePas>(&lue))
+        pas(global->sens, global->n);
+    else if (const auto* locale = std::get_if<CommandePasFenetre>(&lue))
+        pasfenetre(locale->indice, locale->sens, locale->n);
+    else
+        rafraichit(0); // the buttons are looked at whatever was asked for
+}
+
+void Navigation::ouvre(const Cle& cle, const OptionsOuverture& options) {
+    montre(cle, options);
+    rafraichit(cle.indice());
+}
+
+void Navigation::pas(Sens sens, int n) {
+    rafraichit(marche(sens, n));
+}
+
+void Navigation::pasfenetre(int indice, Sens sens, int n) {
+    marchefenetre(indice, sens, n);
     rafraichit(indice);
 }
 
-/// Gives the slot that the command computed, like commandeli().
-int Navigation::commandeta(const QString& commande, bool replier, const QString& ancre) {
-    const QString code = commande.mid(2, 2);
-    if (code == u"-1")
-        return pasglobal(Sens::Arriere, unpas);
-    if (code == u"+1")
-        return pasglobal(Sens::Avant, unpas);
-    const QString numero = commande.mid(4);
-    const int indice = indicedetype(code);
-    if (numero == u"-1")
-        pasfenetre(indice, Sens::Arriere, unpas);
-    else if (numero == u"+1")
-        pasfenetre(indice, Sens::Avant, unpas);
-    else
-        ouvre(code, numero, replier, ancre);
-    return indice;
-}
-
-int Navigation::commandeli(const QString& commande) {
-    const QString code = commande.mid(2, 2);
-    const QString lettre = commande.mid(4, 1);
-    if (lettre != u"P" && lettre != u"S")
-        return 0;
-    const Sens sens = lettre == u"P" ? Sens::Arriere : Sens::Avant;
-    const int n = std::max(1, numerodentree(commande.mid(5)));
-    if (code == u"TA")
-        return pasglobal(sens, n);
-    const int indice = indicedetype(code);
-    pasfenetre(indice, sens, n);
-    return indice;
-}
-
-void Navigation::ouvre(const QString& code, const QString& numero, bool replier, const QString& ancre) {
-    const QString cle = code + numero;
-    Emplacement* place = emplacement(indicedetype(code));
-    if (cle.isEmpty() || !place)
+void Navigation::montre(const Cle& cle, const OptionsOuverture& options) {
+    const int indice = cle.indice();
+    Emplacement* place = emplacement(indice);
+    if (cle.vide() || !place)
         return;
-    const int indice = indicedetype(code);
-    if (replier)
+    if (options.replier)
         place->replier = true;
     if (!place->cochee || !maffichagetfu_)
         assurefenetre(indice);
     // What a window does when it takes the focus or shows a document may close it.
     if (place->fenetre)
         place->fenetre->prendfocus();
-    if (place->fenetre && (place->fenetre->parcours().referencecourante != cle || !place->fenetre->entiere()))
-        place->fenetre->affiche(code, numero, ancre);
+    if (place->fenetre && (place->fenetre->parcours().referencecourante != cle.texte() || !place->fenetre->entiere()))
+        place->fenetre->affiche(cle, options.ancre);
     if (!place->fenetre)
         return;
     place->fenetre->montreboutons(hote_.dossiersouverts());
-    memoriser(code, numero, place->fenetre->titre());
+    memoriser(cle, place->fenetre->titre());
 }
 
-void Navigation::rouvre(const QString& cle) {
-    const auto [code, numero] = decoupecle(cle);
-    ouvre(code, numero, false, QString());
-}
-
-void Navigation::memoriser(const QString& code, const QString& numero, const QString& titre) {
-    const QString cle = code + numero;
-    const int indice = indicedetype(code);
+void Navigation::memoriser(const Cle& document, const QString& titre) {
+    const QString cle = document.texte();
+    const int indice = document.indice();
     const Emplacement* place = emplacement(indice);
     if (!place)
         return;
     if (cle != derniersdocuments_.front())
-        retientdernier(cle, code + u'-' + titre);
+        retientdernier(cle, document.code + u'-' + titre);
     Parcours* parcours = place->fenetre ? &place->fenetre->parcours() : nullptr;
     if (!enhaut(global_.historique.precedent, cle)) {
         pousse(global_, cle);
@@ -162,7 +138,7 @@ void Navigation::retientdernier(const QString& cle, const QString& libelle) {
 
 // ---- histories
 
-void Navigation::pasfenetre(int indice, Sens sens, int n) {
+void Navigation::marchefenetre(int indice, Sens sens, int n) {
     const Emplacement* place = emplacement(indice);
     if (!place || !place->fenetre)
         return;
@@ -172,16 +148,16 @@ void Navigation::pasfenetre(int indice, Sens sens, int n) {
     if (listes.source.vide())
         return;
     quitte(parcours, listes.cible);
-    for (int pas = 1; pas < n && listes.source.nombre() > 1; ++pas)
+    for (int rang = 1; rang < n && listes.source.nombre() > 1; ++rang)
         deplace(listes, QString());
     const QString cle = listes.source.cle();
     listes.source.retire();
     oublie(parcours);
-    rouvre(cle);
+    montre(decoupecle(cle), {});
 }
 
 /// Gives the slot of the document that is reached; 0 when there is none.
-int Navigation::pasglobal(Sens sens, int n) {
+int Navigation::marche(Sens sens, int n) {
     const auto listesde = [sens](Parcours& parcours) {
         auto& [precedent, suivant] = parcours.historique;
         return sens == Sens::Arriere ? Listes{precedent, suivant} : Listes{suivant, precedent};
@@ -190,13 +166,14 @@ int Navigation::pasglobal(Sens sens, int n) {
     if (listes.source.vide())
         return 0;
     quitte(global_, listes.cible);
-    for (int pas = 1; pas < n && listes.source.nombre() > 1; ++pas)
+    for (int rang = 1; rang < n && listes.source.nombre() > 1; ++rang)
         deplace(listes, listes.source.suffixe());
     const QString cle = listes.source.cle();
     listes.source.retire();
     oublie(global_);
 
-    const int indice = indicedetype(decoupecle(cle).code);
+    const Cle document = decoupecle(cle);
+    const int indice = document.indice();
     const Emplacement* place = emplacement(indice);
     if (!place)
         return indice;
@@ -217,7 +194,7 @@ int Navigation::pasglobal(Sens sens, int n) {
     }
     siennes.source.retire();
     oublie(parcours);
-    rouvre(cle);
+    montre(document, {});
     return indice;
 }
 
@@ -319,7 +296,7 @@ void Navigation::voisin(FenetreNavigable& fenetre, const QString& code, bool hau
     const Parcours& parcours = fenetre.parcours();
     Recordset& donnees = corpus_.donnees();
     donnees.setIndex(u"icattitre"_s);
-    donnees.seek(Seek::Equal, code, parcours.titrecourant, decoupecle(parcours.referencecourante).numero);
+    donnees.seek(Seek::Equal, code, parcours.titrecourant, parcours.cle().numero);
     bool fin = donnees.noMatch();
     if (!fin) {
         if (haut)
@@ -333,7 +310,7 @@ void Navigation::voisin(FenetreNavigable& fenetre, const QString& code, bool hau
         return;
     }
     const qint64 numero = roundHalfEven(val(donnees.text(u"numart"_s)));
-    navigue(u"TA"_s + donnees.text(u"référence"_s) + sixchiffres(numero));
+    ouvre({code, sixchiffres(numero)});
 }
 
 namespace {

@@ -1,5 +1,6 @@
 #pragma once
-// How documents are reached: commands, the windows of the twelve slots, two levels of history, the last documents.
+// How documents are reached: openings and steps, the windows of the twelve slots, two levels of history, the last
+// documents.
 #include "core/cle.h"
 #include "core/corpus.h"
 #include "core/reglages.h"
@@ -12,11 +13,20 @@
 
 namespace velm {
 
-/// What the navigation keeps with each document window. An empty key is no document.
+/// What the navigation keeps with each document window.
 struct Parcours {
     Historique historique;
-    QString referencecourante; ///< key of the document shown
+    /// Key of the document shown as a text, which the entries of the lists begin with; empty for none.
+    QString referencecourante;
     QString titrecourant;
+
+    Cle cle() const { return decoupecle(referencecourante); }
+};
+
+/// How a document is opened.
+struct OptionsOuverture {
+    bool replier = false; ///< the window folds its panel at its next activation
+    QString ancre = {};   ///< where the caret is put, unless the document is shown already
 };
 
 /// A document window as the navigation sees it. It tells Navigation::fermee() when it goes.
@@ -26,7 +36,7 @@ public:
     virtual Parcours& parcours() = 0;
     virtual void prendfocus() = 0;
     /// Shows a document with the state of its button `abc`; see affichedocument().
-    virtual void affiche(const QString& code, const QString& numero, const QString& ancre) = 0;
+    virtual void affiche(const Cle& cle, const QString& ancre) = 0;
     /// False when the memory did not suffice for the document: asked for again, it is shown again.
     virtual bool entiere() const { return true; }
     virtual QString titre() = 0; ///< of the document shown
@@ -58,18 +68,17 @@ public:
 
     Navigation(HoteNavigation& hote, Corpus& corpus);
 
-    /// Carries out a command:
-    ///   "TA" + code + number        opens a document
-    ///   "TA-1" "TA+1"               a step in the frame's history
-    ///   "TA" + code + "-1" or "+1"  a step in the history of the slot's window
-    ///   "LITAP" "LITAS" + n         a jump to the n-th entry of the frame's history
-    ///   "LI" + code + "P", "S" + n  a jump in the history of the slot's window
-    /// Anything else does nothing. `replier` folds the window's panel at its next activation; `ancre` puts the caret,
-    /// unless the document is shown already. A step in an empty list does nothing; a jump beyond the last entry goes
-    /// to it, one before the first to the first.
+    /// Shows a document in the window of its collection. A key that no window has a slot for does nothing.
+    void ouvre(const Cle& cle, const OptionsOuverture& options = {});
+    /// A step in the frame's history, or a jump to its n-th entry. In an empty list it does nothing; a jump beyond the
+    /// last entry goes to it, one before the first to the first. The history of the window that it leads to follows.
+    void pas(Sens sens, int n = unpas);
+    /// The same in the history of the window of a slot; that of the frame does not follow.
+    void pasfenetre(int indice, Sens sens, int n = unpas);
+    /// Carries out a command, see litcommande(). What is none does nothing.
     void navigue(const QString& commande, bool replier = false, const QString& ancre = QString());
     /// Records the document that the window of its slot has just shown: last documents and histories.
-    void memoriser(const QString& code, const QString& numero, const QString& titre);
+    void memoriser(const Cle& cle, const QString& titre);
 
     /// Makes the window of a slot from 0 to 10. One that was there stays, and is no longer addressed by the slot.
     void ouvrefenetre(int indice);
@@ -107,16 +116,10 @@ public:
     void sauvederniers(Reglages& reglages) const;
 
 private:
-    enum class Sens { Arriere, Avant };
-    static constexpr int unpas = 0; ///< a plain step, where a jump has the number of its entry
-
-    int commandeta(const QString& commande, bool replier, const QString& ancre);
-    int commandeli(const QString& commande);
-    void ouvre(const QString& code, const QString& numero, bool replier, const QString& ancre);
-    void rouvre(const QString& cle);
+    void montre(const Cle& cle, const OptionsOuverture& options);
     void assurefenetre(int indice);
-    void pasfenetre(int indice, Sens sens, int n);
-    int pasglobal(Sens sens, int n);
+    void marchefenetre(int indice, Sens sens, int n);
+    int marche(Sens sens, int n);
     void retientdernier(const QString& cle, const QString& libelle);
     void rafraichitglobal();
     void rafraichit(int indice);

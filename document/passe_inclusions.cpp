@@ -23,7 +23,7 @@ public:
         Plat texte;
     };
 
-    const Un& cherche(const QString& cle) {
+    const Un& cherche(const Cle& cle) {
         auto& place = lus_[cle];
         if (!place)
             place = lit(cle);
@@ -31,10 +31,9 @@ public:
     }
 
 private:
-    std::unique_ptr<Un> lit(const QString& cle) {
+    std::unique_ptr<Un> lit(const Cle& cle) {
         auto un = std::make_unique<Un>();
-        const Cle parts = decoupecle(cle);
-        const std::optional<QByteArray> contenu = source_.contenu(parts.code, parts.numero);
+        const std::optional<QByteArray> contenu = source_.contenu(cle);
         un->vide = !contenu || contenu->isEmpty();
         if (un->vide)
             return un;
@@ -46,7 +45,7 @@ private:
 
     SourceDeContenu& source_;
     RichText& hote_;
-    std::unordered_map<QString, std::unique_ptr<Un>> lus_;
+    std::unordered_map<Cle, std::unique_ptr<Un>> lus_;
 };
 
 /// What is still to be read is a stack of stretches of the document and of those it includes; putting one in is to lay
@@ -149,7 +148,7 @@ private:
         } else {
             const qsizetype debut = ouvrante.size() - avant;
             const QString cle = q - debut == longueurcle ? lit(debut) : QString();
-            un = estcle(cle) ? &corps_.cherche(cle) : nullptr;
+            un = estcle(cle) ? &corps_.cherche(decoupecle(cle)) : nullptr;
             if (un != nullptr && !un->vide &&
                 (un->refuse || !compteur_.permet(vers_.longueur() + reste_, q + 1 + avant, un->texte.longueur())))
                 return false;

@@ -5,19 +5,18 @@
 
 namespace velm {
 
-Proprietes afficheproprietes(const QString& referencecourante, const QString& titrecourant,
-                             const DocumentAffiche& document, const TypesDocument& types) {
-    const auto [code, numero] = decoupecle(referencecourante);
+Proprietes afficheproprietes(const Cle& cle, const QString& titrecourant, const DocumentAffiche& document,
+                             const TypesDocument& types) {
     Proprietes p;
-    p.reference = referencecourante;
-    p.numart = numero;
+    p.reference = cle.texte();
+    p.numart = cle.numero;
     p.Titre = titrecourant;
     p.motcle = {document.motcle1, document.motcle2, document.motcle3};
     p.Source = document.Source;
     p.datetext = document.datetext;
     p.datecreation = document.datecreation;
     p.datemodif = document.datemodif;
-    p.choixtype = indicedetype(code);
+    p.choixtype = cle.indice();
     if (!document.typedocument.isEmpty())
         p.combotype = chercheliste(types.combotype, document.typedocument);
     p.numeroarborescence = document.numeroarborescence;
@@ -25,11 +24,12 @@ Proprietes afficheproprietes(const QString& referencecourante, const QString& ti
 }
 
 void montrearborescence(Arborescence& arborescence, TreeNodes& arbre, const Proprietes& proprietes) {
-    arborescence.chargearbrebase(arbre, decoupecle(proprietes.reference).code);
+    const Cle cle = decoupecle(proprietes.reference);
+    arborescence.chargearbrebase(arbre, cle.code);
     const qint64 noeud = roundHalfEven(val(proprietes.numeroarborescence));
     if (noeud != 0)
         arborescence.cherchebranche(arbre, noeud);
-    arborescence.choisitdocument(arbre, proprietes.reference);
+    arborescence.choisitdocument(arbre, cle);
 }
 
 } // namespace velm

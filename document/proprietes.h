@@ -29,8 +29,8 @@ struct Proprietes {
 };
 
 /// Of the document that a window shows.
-Proprietes afficheproprietes(const QString& referencecourante, const QString& titrecourant,
-                             const DocumentAffiche& document, const TypesDocument& types);
+Proprietes afficheproprietes(const Cle& cle, const QString& titrecourant, const DocumentAffiche& document,
+                             const TypesDocument& types);
 
 /// The collection's tree, opened down to the branch and the leaf of the document.
 void montrearborescence(Arborescence& arborescence, TreeNodes& arbre, const Proprietes& proprietes);

@@ -38,7 +38,7 @@ private:
     public:
         bool visible() const override { return false; }
         int couleurbouton() const override { return 0; }
-        void recharge(const QString&, const QString&) override {}
+        void recharge(const Cle&) override {}
     };
     RichTextControl controle_;
     ListesLiens listes_;
@@ -157,7 +157,7 @@ int document(Contexte& contexte) {
     if (!saisie)
         return contexte.echoue(DocumentAbsent, 9334, contexte.arguments());
     const Cle& cle = *saisie;
-    affichedocument(formulaire, cle.code, cle.numero, demande.condense, QString(),
+    affichedocument(formulaire, cle, demande.condense, QString(),
                     {corpus, styles, sablier, [&](int indice) { return contexte.texte(indice + 10); }});
     if (!formulaire.trouve())
         return contexte.echoue(DocumentAbsent, 9334, {cle.texte()});

@@ -25,11 +25,10 @@ QStringList motscommencant(const Corpus& corpus, const QString& debut, int nombr
     if (!corpus.connecte() || debut.isEmpty())
         return {};
     // Only the words: what stands beside them in a row may be long.
-    const QByteArray cle = sortKeyPrefix(debut).toHex();
-    const auto lignes = corpus.base().openQuery(
-        u"SELECT mot FROM dico WHERE clé_mot>=x'%1' AND clé_mot<x'%1FF' ORDER BY clé_mot LIMIT %2"_s
-            .arg(QString::fromLatin1(cle))
-            .arg(nombre + 1));
+    const QByteArray cle = sortKeyPrefix(debut);
+    const auto lignes =
+        corpus.base().openQuery(u"SELECT mot FROM dico WHERE clé_mot>=?1 AND clé_mot<?2 ORDER BY clé_mot LIMIT ?3"_s,
+                                {cle, cle + '\xFF', nombre + 1});
     QStringList mots;
     for (; lignes && !lignes->eof() && mots.size() < nombre; lignes->moveNext()) {
         const QString mot = lowerCase(lignes->text(0));

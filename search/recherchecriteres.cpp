@@ -106,9 +106,8 @@ private:
         QString erreur;
         const auto lignes = atelier_.corpus.base().openQuery(
             u"SELECT rowid, numart, titre, motclé1, motclé2, motclé3, Source, typededocument, Date FROM données "
-            "WHERE référence=\""_s +
-                code + u"\" ORDER BY référence, numart"_s,
-            &erreur);
+            "WHERE référence=?1 ORDER BY référence, numart"_s,
+            {code}, &erreur);
         if (!lignes)
             runtimeError(erreur);
         while (!lignes->eof()) {
@@ -251,11 +250,8 @@ private:
 
     FicheCriteres lit(const QString& texte) const {
         Recordset& donnees = atelier_.corpus.donnees();
-        const Cle cle = decoupecle(texte);
         const Bookmark avant = donnees.bookmark();
-        donnees.setIndex(u"primarykey"_s);
-        donnees.seek(Seek::Equal, cle.code, cle.numero);
-        if (donnees.noMatch() && avant.valid())
+        if (!atelier_.corpus.rangee(decoupecle(texte)) && avant.valid())
             donnees.setBookmark(avant);
         FicheCriteres fiche;
         fiche.rangee = donnees.bookmark().row;

@@ -179,10 +179,10 @@ private:
                 return ResultatDico::Issue::Arretee;
             const Cle cle = decodeentree(
                 QByteArrayView(entrees).sliced(ici).first(std::min<qsizetype>(octetsparentree, entrees.size() - ici)));
-            donnees.seek(Seek::Equal, cle.code, cle.numero);
-            if (donnees.noMatch())
+            const Recordset* rangee = atelier_.corpus.rangee(cle);
+            if (!rangee)
                 continue;
-            if (ajoutedocument(atelier_.liste, donnees) != 0)
+            if (ajoutedocument(atelier_.liste, *rangee) != 0)
                 break;
             ++hits_;
         }

@@ -50,9 +50,8 @@ private:
         QString erreur;
         const auto lignes = atelier_.corpus.base().openQuery(
             u"SELECT référence, numart, titre, motclé1, motclé2, motclé3, numeroarborescence FROM données "
-            "WHERE référence=\""_s +
-                code + u"\" ORDER BY référence, numart"_s,
-            &erreur);
+            "WHERE référence=?1 ORDER BY référence, numart"_s,
+            {code}, &erreur);
         if (!lignes)
             runtimeError(erreur);
         for (; !lignes->eof(); lignes->moveNext()) {

@@ -34,18 +34,15 @@ std::optional<ResultatSelection> remplitdepuisoutil(const QString& chemin, const
     const QStringList lignes = lignesdufichier(chemin);
     atelier.liste.visible = false;
     atelier.liste.vide();
-    Recordset& donnees = atelier.corpus.donnees();
-    donnees.setIndex(u"primarykey"_s);
     if (!lignes.isEmpty())
         atelier.liste.mot1 = lignes.first();
     if (lignes.size() > 1)
         atelier.liste.mot2 = lignes.at(1);
     for (qsizetype i = 2; i < lignes.size(); ++i) {
-        const Cle cle = decoupecle(lignes.at(i));
-        donnees.seek(Seek::Equal, cle.code, cle.numero);
-        if (donnees.noMatch())
+        const Recordset* rangee = atelier.corpus.rangee(decoupecle(lignes.at(i)));
+        if (!rangee)
             continue;
-        if (ajoutedocument(atelier.liste, donnees) != 0)
+        if (ajoutedocument(atelier.liste, *rangee) != 0)
             break;
         ++resultat.hits;
     }

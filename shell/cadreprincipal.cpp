@@ -128,8 +128,8 @@ void CadrePrincipal::montreprincipale() {
     ecran_->montre();
 }
 
-void CadrePrincipal::navigue(const QString& commande) {
-    bureau_->navigation().navigue(commande);
+void CadrePrincipal::ouvre(const Cle& cle) {
+    bureau_->navigation().ouvre(cle);
 }
 
 void CadrePrincipal::ouvrefichiercriteres(const QString& chemin) {

@@ -59,7 +59,7 @@ public:
     void effacereconstructions() override;
     QString chargeprincipale() override;
     void montreprincipale() override;
-    void navigue(const QString& commande) override;
+    void ouvre(const Cle& cle) override;
     void ouvrefichiercriteres(const QString& chemin) override;
     void astuce() override;
     EtatFenetres etatfenetres() const override;

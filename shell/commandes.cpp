@@ -45,13 +45,13 @@ Commandes::Commandes(Ecrangeneral& ecran, Bureau& bureau, EtatBarres& barres, Re
 }
 
 void Commandes::apprendcommandes() {
-    const auto navigue = [this](const QString& ordre) { bureau_.navigation().navigue(ordre); };
+    const auto pas = [this](Sens sens) { return [this, sens](int) { bureau_.navigation().pas(sens); }; };
     const auto arrange = [this](ChildArea::Arrangement disposition) {
         return [this, disposition](int) { bureau_.arrange(disposition); };
     };
     commandes_ = {
-        {QStringLiteral("Précédent"), [navigue](int) { navigue(QStringLiteral("TA-1")); }},
-        {QStringLiteral("Suivant"), [navigue](int) { navigue(QStringLiteral("TA+1")); }},
+        {QStringLiteral("Précédent"), pas(Sens::Arriere)},
+        {QStringLiteral("Suivant"), pas(Sens::Avant)},
         {QStringLiteral("Copier"), [this](int) { copier(); }},
         {QStringLiteral("Rechercher"),
          [this](int) { montreselection(ecran_.barrecommande().value(QStringLiteral("Rechercher"))); }},
@@ -79,7 +79,7 @@ void Commandes::apprendentrees() {
         {QStringLiteral("mnuLastFile"),
          [this](int indice) {
              const QString cle = bureau_.navigation().derniersdocuments().at(static_cast<std::size_t>(indice));
-             bureau_.navigation().navigue(QStringLiteral("TA") + cle, true);
+             bureau_.navigation().ouvre(decoupecle(cle), {.replier = true});
          }},
         {QStringLiteral("mfichier3"), [this](int) { programme_.quitte(); }},
         {QStringLiteral("mbarre1"), place(Barre::Commande)},
@@ -112,11 +112,10 @@ void Commandes::commande(const QString& cle) {
 }
 
 void Commandes::commandemenu(const QString& cle, int rang) {
-    const QString saut = cle == QStringLiteral("Précédent") ? QStringLiteral("LITAP")
-                         : cle == QStringLiteral("Suivant") ? QStringLiteral("LITAS")
-                                                            : QString();
-    if (!saut.isEmpty())
-        bureau_.navigation().navigue(saut + QString::number(rang));
+    if (cle == QStringLiteral("Précédent"))
+        bureau_.navigation().pas(Sens::Arriere, rang);
+    else if (cle == QStringLiteral("Suivant"))
+        bureau_.navigation().pas(Sens::Avant, rang);
 }
 
 void Commandes::entree(const QString& nom, int indice) {

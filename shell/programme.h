@@ -56,7 +56,7 @@ public:
     Selection& selection() const { return cadre_.selection(); }
     Recherches& recherches() const { return cadre_.recherches(); }
     Textes* fenetre(int indice) const; ///< null before there is a frame, too
-    void navigue(const QString& commande) { cadre_.navigue(commande); }
+    void ouvre(const Cle& cle) { cadre_.ouvre(cle); }
     Corpus& corpus() { return corpus_; }
 
 private:

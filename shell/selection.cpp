@@ -270,9 +270,10 @@ bool Selection::veutouvrir(qsizetype nombre) const {
 }
 
 void Selection::ouvrecle(const QString& cle) {
-    bureau_.navigation().navigue(u"TA"_s + cle, true);
+    const Cle visee = decoupecle(cle);
+    bureau_.navigation().ouvre(visee, {.replier = true});
     Textes* fenetre = bureau_.active();
-    if (fenetre && fenetre->code() == decoupecle(cle).code)
+    if (fenetre && fenetre->code() == visee.code)
         fenetre->recoitmots(liste_.mot1, liste_.mot2);
 }
 
@@ -362,12 +363,9 @@ void Selection::remplitmaintenant(const QStringList& cles) {
     {
         const Remplissage remplissage(*this);
         commenceliste(atelier_);
-        Recordset& donnees = monde_.corpus.donnees();
-        donnees.setIndex(u"primarykey"_s);
         for (const QString& cle : cles) {
-            const auto [code, numero] = decoupecle(cle);
-            donnees.seek(Seek::Equal, code, numero);
-            if (!donnees.noMatch() && ajoutedocument(liste_, donnees) != 0)
+            const Recordset* rangee = monde_.corpus.rangee(decoupecle(cle));
+            if (rangee && ajoutedocument(liste_, *rangee) != 0)
                 break;
         }
         publie(finitliste(atelier_, etat_));

@@ -174,9 +174,8 @@ void frmproperties::restauretaille() {
     resize(voulue.boundedTo(ecran).expandedTo(minimumSizeHint()));
 }
 
-void frmproperties::afficheproprietes(const QString& referencecourante, const QString& titrecourant,
-                                      const DocumentAffiche& document) {
-    proprietes_ = velm::afficheproprietes(referencecourante, titrecourant, document, types_);
+void frmproperties::afficheproprietes(const Cle& cle, const QString& titrecourant, const DocumentAffiche& document) {
+    proprietes_ = velm::afficheproprietes(cle, titrecourant, document, types_);
     const auto met = [](QLineEdit* champ, const QString& texte) {
         champ->setText(texte);
         champ->setToolTip(plainTip(texte));

@@ -34,8 +34,7 @@ public:
     explicit frmproperties(const ContexteProprietes& contexte, QWidget* parent = nullptr);
 
     /// Fills the dialog and shows it above the whole program; returns at once.
-    void afficheproprietes(const QString& referencecourante, const QString& titrecourant,
-                           const DocumentAffiche& document);
+    void afficheproprietes(const Cle& cle, const QString& titrecourant, const DocumentAffiche& document);
 
     TreeView& arbre() const { return *arbre_; }
 

@@ -126,14 +126,10 @@ bool ListeDeLiens::visible() const {
     return !grille_->isHidden();
 }
 
-void ListeDeLiens::recharge(const QString& code, const QString& numero) {
-    charge(code + numero);
-}
-
-void ListeDeLiens::charge(const QString& cle) {
+void ListeDeLiens::charge(const Cle& cle) {
     std::vector<QStringList> lignes;
     for (const LigneLien& ligne : charge_(corpus_, cle))
-        lignes.push_back({ligne.code, ligne.titre, ligne.cle});
+        lignes.push_back({ligne.code, ligne.titre, ligne.cle.texte()});
     grille_->setRedraw(false);
     const auto redessine = qScopeGuard([this] { grille_->setRedraw(true); });
     grille_->setRows(1);
@@ -142,7 +138,7 @@ void ListeDeLiens::charge(const QString& cle) {
         grille_->setSortMark(colonne, FlexGrid::Mark::None);
 }
 
-void ListeDeLiens::ouvre(const QString& cle) {
+void ListeDeLiens::ouvre(const Cle& cle) {
     charge(cle);
     couleur_ = ListeLaterale::ouverte;
     peintetat();
@@ -176,7 +172,7 @@ void ListeDeLiens::ouvreligne(int ligne) {
     if (ligne < 1 || cle.isEmpty())
         return;
     depuisouverture_.start();
-    emit ligneouverte(cle);
+    emit ligneouverte(decoupecle(cle));
 }
 
 void ListeDeLiens::ouvrelignecourante() {

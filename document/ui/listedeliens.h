@@ -30,7 +30,7 @@ public:
         QString grille;
         int textebouton;
         int texteetiquette;
-        std::vector<LigneLien> (*charge)(Corpus& corpus, const QString& cle);
+        std::vector<LigneLien> (*charge)(Corpus& corpus, const Cle& cle);
     };
     static Sorte liens();
     static Sorte correlats();
@@ -45,18 +45,18 @@ public:
 
     bool visible() const override;
     int couleurbouton() const override { return couleur_; }
-    void recharge(const QString& code, const QString& numero) override;
+    void recharge(const Cle& cle) override { charge(cle); }
 
     bool ouverte() const { return couleur_ == ListeLaterale::ouverte; }
-    void ouvre(const QString& cle); ///< loads and turns green
-    void ferme();                   ///< empties and turns red
+    void ouvre(const Cle& cle); ///< loads and turns green
+    void ferme();               ///< empties and turns red
     /// Keys of the rows, in the order of the grid.
     QStringList cles() const;
     void ouvrelignecourante();
 
 signals:
     void basculee(); ///< the header's button was pressed
-    void ligneouverte(const QString& cle);
+    void ligneouverte(const Cle& cle);
     void menudemande(const QPoint& ou);
 
 protected:
@@ -65,14 +65,14 @@ protected:
 private:
     void construitentete(const Sorte& sorte, const std::function<QString(int)>& texte);
     void construitgrille(const Sorte& sorte, const std::function<QString(int)>& texte);
-    void charge(const QString& cle);
+    void charge(const Cle& cle);
     void clic(int ligne, int colonne);
     void ouvreligne(int ligne);
     void trie(int colonne);
     void peintetat();
 
     Corpus& corpus_;
-    std::vector<LigneLien> (*charge_)(Corpus& corpus, const QString& cle);
+    std::vector<LigneLien> (*charge_)(Corpus& corpus, const Cle& cle);
     QWidget* entete_;
     QToolButton* bouton_;
     FlexGrid* grille_;

@@ -206,20 +206,19 @@ void Textes::prendfocus() {
         vue_->setFocus();
 }
 
-void Textes::affiche(const QString& code, const QString& numero, const QString& ancre) {
-    montredocument(code, numero, barre_->value(u"abc"_s), ancre);
+void Textes::affiche(const Cle& cle, const QString& ancre) {
+    montredocument(cle, barre_->value(u"abc"_s), ancre);
 }
 
 void Textes::affichedocumentcourant(bool abc) {
-    const auto [code, numero] = decoupecle(referencecourante());
-    montredocument(code, numero, abc, QString());
+    montredocument(cle(), abc, QString());
 }
 
-void Textes::montredocument(const QString& code, const QString& numero, bool abc, const QString& ancre) {
+void Textes::montredocument(const Cle& cle, bool abc, const QString& ancre) {
     constexpr int tropgrand = 9566;
     barre_->setValue(u"marqueauto"_s, false); // the text comes without marks
     entiere_ = withinMemory([&] {
-        affichedocument(*this, code, numero, abc, ancre,
+        affichedocument(*this, cle, abc, ancre,
                         {contexte_.corpus, contexte_.styles, contexte_.sablier, contexte_.libelle, contexte_.bornes});
     });
     if (!entiere_ && contexte_.dit)

@@ -73,6 +73,7 @@ public:
     /// Where the settings want it, for the frame to place it before it is shown.
     PlaceTextes placevoulue() const;
     /// Key and title of the document shown; empty for none.
+    Cle cle() const { return parcours_.cle(); }
     QString referencecourante() const { return parcours_.referencecourante; }
     QString titrecourant() const { return parcours_.titrecourant; }
 
@@ -122,7 +123,7 @@ public:
     // ---- what the navigation asks of it
     Parcours& parcours() override { return parcours_; }
     void prendfocus() override;
-    void affiche(const QString& code, const QString& numero, const QString& ancre) override;
+    void affiche(const Cle& cle, const QString& ancre) override;
     bool entiere() const override { return entiere_; }
     QString titre() override { return document_.titre; }
     void montreboutons(bool dossiersouverts) override;
@@ -203,7 +204,7 @@ private:
 
     void menutexte(const QPoint& ou);
     void montremenuliste(QMenu& menu, const ListeDeLiens& liste, const QPoint& ou);
-    void montredocument(const QString& code, const QString& numero, bool abc, const QString& ancre);
+    void montredocument(const Cle& cle, bool abc, const QString& ancre);
     void affichedocumentcourant(bool abc);
     void rafraichitsibesoin();
     void prepare();

@@ -1,5 +1,4 @@
 // The tool bar of a document window.
-#include "core/cle.h"
 #include "document/ui/frmproperties.h"
 #include "document/ui/textes.h"
 #include "platform/widgets/frame/toolbar.h"
@@ -84,9 +83,9 @@ void Textes::montredossiers(bool ouverts) {
 void Textes::clicbarre(const QString& cle) {
     Navigation& navigation = contexte_.navigation;
     if (cle == u"Précédent")
-        navigation.navigue(u"TA"_s + code_ + u"-1"_s);
+        navigation.pasfenetre(indice_, Sens::Arriere);
     else if (cle == u"Suivant")
-        navigation.navigue(u"TA"_s + code_ + u"+1"_s);
+        navigation.pasfenetre(indice_, Sens::Avant);
     else if (cle == u"Haut" || cle == u"Bas")
         navigation.voisin(*this, code_, cle == u"Haut");
     else if (cle == u"arbre")
@@ -114,7 +113,7 @@ void Textes::clicbarre(const QString& cle) {
 }
 
 void Textes::clicmenu(const QString& cle, int rang) {
-    contexte_.navigation.navigue(u"LI"_s + code_ + (cle == u"Précédent" ? u'P' : u'S') + QString::number(rang));
+    contexte_.navigation.pasfenetre(indice_, cle == u"Précédent" ? Sens::Arriere : Sens::Avant, rang);
 }
 
 void Textes::changeabc() {
@@ -137,7 +136,7 @@ void Textes::montreproprietes() {
                                                                         contexte_.texte, contexte_.libelle},
                                                      window());
         boite->setAttribute(Qt::WA_DeleteOnClose);
-        boite->afficheproprietes(referencecourante(), titrecourant(), document_);
+        boite->afficheproprietes(cle(), titrecourant(), document_);
         static_cast<void>(boite.release()); // it goes when it is closed
     });
 }

@@ -77,7 +77,7 @@ void Textes::connecte() {
     for (ListeDeLiens* liste : {liens_, correlats_}) {
         connect(liste, &ListeDeLiens::basculee, this, [this, liste] { basculeliste(*liste); });
         connect(liste, &ListeDeLiens::ligneouverte, this,
-                [this](const QString& cle) { contexte_.navigation.navigue(u"TA"_s + cle); });
+                [this](const Cle& visee) { contexte_.navigation.ouvre(visee); });
     }
     // The buttons at the side of the mouse walk the frame's history, wherever the pointer is.
     for (QWidget* surface :
@@ -90,7 +90,7 @@ bool Textes::eventFilter(QObject* objet, QEvent* evenement) {
     if (evenement->type() == QEvent::MouseButtonPress || evenement->type() == QEvent::MouseButtonDblClick) {
         const Qt::MouseButton bouton = static_cast<QMouseEvent*>(evenement)->button();
         if (bouton == Qt::BackButton || bouton == Qt::ForwardButton) {
-            contexte_.navigation.navigue(bouton == Qt::BackButton ? u"TA-1"_s : u"TA+1"_s);
+            contexte_.navigation.pas(bouton == Qt::BackButton ? Sens::Arriere : Sens::Avant);
             return true;
         }
     }

@@ -32,7 +32,7 @@ QAction* entree(QMenu& menu, const QString& nom, const QString& texte, const QSt
 
 void Textes::basculeliste(ListeDeLiens& liste) {
     const ListeDeLiens& autre = &liste == liens_ ? *correlats_ : *liens_;
-    const auto ouvre = [&] { remplit([&] { liste.ouvre(referencecourante()); }); };
+    const auto ouvre = [&] { remplit([&] { liste.ouvre(cle()); }); };
     if (!disposition_.listesvisibles) {
         ouvre();
         disposition_.ouvrelistes();
@@ -65,7 +65,7 @@ void Textes::suit(qsizetype position) {
     switch (clic.vers) {
     case Clic::Vers::Document:
         emit cible(QString()); // the pointer rests where the link was
-        contexte_.navigation.navigue(u"TA"_s + clic.cible, true, clic.ancre);
+        contexte_.navigation.ouvre(decoupecle(clic.cible), {.replier = true, .ancre = clic.ancre});
         break;
     case Clic::Vers::Adresse:
         ditsirefuse(contexte_.navigateur.openUrl(adresseaouvrir(clic.cible)), clic.cible);
@@ -98,12 +98,9 @@ QString Textes::ciblede(int lien) const {
         return rang < listes_.ListeUrl.size() ? listes_.ListeUrl.at(rang)
                                               : listes_.ListeEmail.value(rang - listes_.ListeUrl.size());
     }
-    const QString& cle = listes_.Listehyperlien.at(rang);
-    const auto [code, numero] = decoupecle(cle);
-    Recordset& donnees = contexte_.corpus.donnees();
-    donnees.setIndex(u"primarykey"_s);
-    donnees.seek(Seek::Equal, code, numero);
-    return donnees.noMatch() ? cle : cle + u" - "_s + donnees.text(u"titre"_s);
+    const QString& visee = listes_.Listehyperlien.at(rang);
+    const std::optional<Notice> notice = contexte_.corpus.document(decoupecle(visee));
+    return notice ? visee + u" - "_s + notice->titre : visee;
 }
 
 // ---- menus

@@ -131,9 +131,9 @@ void Textes::repartitcolonnes() {
 
 void Textes::ouvreligne(int ligne) {
     const auto* liste = static_cast<const ListeCollection*>(flex_->source());
-    const QString cle = liste && ligne > 0 ? liste->cle(ligne - 1) : QString();
-    if (!cle.isEmpty())
-        contexte_.navigation.navigue(u"TA"_s + cle);
+    const Cle visee = liste && ligne > 0 ? liste->cle(ligne - 1) : Cle();
+    if (!visee.vide())
+        contexte_.navigation.ouvre(visee);
 }
 
 void Textes::triecolonne(int colonne) {
@@ -144,10 +144,10 @@ void Textes::triecolonne(int colonne) {
 }
 
 void Textes::clicnoeud(int noeud) {
-    const QString commande = Arborescence::commandeclic(arbre_->nodes(), noeud, code_);
-    if (commande.isEmpty())
+    const Cle visee = Arborescence::documentde(arbre_->nodes(), noeud, code_);
+    if (visee.vide())
         return;
-    contexte_.navigation.navigue(commande);
+    contexte_.navigation.ouvre(visee);
     // A document that was not reached from a search has no marked words to walk through.
     for (const auto& cle : {u"motprécédent"_s, u"motsuivant"_s})
         barre_->setButtonVisible(cle, false);

@@ -77,7 +77,9 @@ public:
     std::unique_ptr<Recordset> openTable(const QString& name);
 
     /// A snapshot of one reading query, standing on its first row. Text marks in double quotes are translated to the
-    /// engine's single quotes first. Null and `error` set when the query cannot be run.
+    /// engine's single quotes first. `values` stand for ?1, ?2… as they are, whatever marks they hold: bytes as bytes,
+    /// dates as in a seek. Null and `error` set when the query cannot be run, also when it wants more or fewer values.
+    std::unique_ptr<Snapshot> openQuery(const QString& sql, const QVariantList& values, QString* error = nullptr);
     std::unique_ptr<Snapshot> openQuery(const QString& sql, QString* error = nullptr);
 
     /// Ends the read transaction that a base which is only read holds while it is in use, so that another program can

@@ -47,6 +47,10 @@ QString translateQuotes(const QString& sql) {
 }
 
 std::unique_ptr<Snapshot> Database::openQuery(const QString& text, QString* error) {
+    return openQuery(text, QVariantList(), error);
+}
+
+std::unique_ptr<Snapshot> Database::openQuery(const QString& text, const QVariantList& values, QString* error) {
     const auto refused = [error](const QString& reason) {
         if (error != nullptr)
             *error = reason;
@@ -64,12 +68,15 @@ std::unique_ptr<Snapshot> Database::openQuery(const QString& text, QString* erro
     }
     if (sqlite3_stmt_readonly(statement.raw()) == 0 || sqlite3_column_count(statement.raw()) == 0)
         return refused(u"the query does not read"_s);
+    if (sqlite3_bind_parameter_count(statement.raw()) != values.size())
+        return refused(u"the query wants another number of values"_s);
     std::unique_ptr<Snapshot> snapshot(new Snapshot);
     Snapshot::Private& p = *snapshot->d_;
     p.db = d_.get();
     for (int i = 0; i < sqlite3_column_count(statement.raw()); ++i)
         p.names << QString::fromUtf8(sqlite3_column_name(statement.raw(), i));
     p.statement = std::move(statement);
+    p.bind(values);
     p.standing = true;
     p.ended = false;
     d_->snapshots.push_back(&p);
@@ -77,6 +84,14 @@ std::unique_ptr<Snapshot> Database::openQuery(const QString& text, QString* erro
     if (!d_->streams())
         p.drain();
     return snapshot;
+}
+
+void Snapshot::Private::bind(const QVariantList& values) {
+    bound.reserve(static_cast<size_t>(values.size()));
+    for (const QVariant& value : values) {
+        bound.push_back(sql::Value::of(value));
+        statement.bind(static_cast<int>(bound.size()), bound.back());
+    }
 }
 
 /// Takes the next row from the file. False at the end.

@@ -131,6 +131,7 @@ struct Recordset::Private {
 
 struct Snapshot::Private {
     Database::Private* db = nullptr;
+    std::vector<sql::Value> bound; ///< what the statement reads its values from
     sql::Statement statement;
     QStringList names;
     bool standing = false; ///< the statement is still open
@@ -139,6 +140,7 @@ struct Snapshot::Private {
     std::vector<sql::Row> held;
     size_t next = 0;
 
+    void bind(const QVariantList& values);
     void advance();
     void drain();
     void detach();

@@ -1,5 +1,7 @@
 #pragma once
 // What a run asks of those who can be seen, each by what it answers for.
+#include "core/cle.h"
+
 #include <QString>
 
 #include <array>
@@ -52,7 +54,7 @@ public:
     /// Loads the frame without showing it and gives its handle as decimal text.
     virtual QString chargeprincipale() = 0;
     virtual void montreprincipale() = 0;
-    virtual void navigue(const QString& commande) = 0;
+    virtual void ouvre(const Cle& cle) = 0; ///< shows a document in the window of its collection
     virtual void ouvrefichiercriteres(const QString& chemin) = 0;
     virtual void astuce() = 0;
     virtual EtatFenetres etatfenetres() const = 0;

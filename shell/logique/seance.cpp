@@ -167,7 +167,7 @@ void Seance::traitelignedecommande(const QString& ligne) {
         return;
     }
     if (const auto cle = clesaisie(ligne))
-        ecrans_.cadre.navigue(QStringLiteral("TA") + cle->texte());
+        ecrans_.cadre.ouvre(*cle);
 }
 
 PositionFenetre Seance::positionprincipale() {
@@ -202,7 +202,7 @@ void Seance::restaurefenetres() {
         afficheetape(libelleetape(indice));
         const QString cle = contenus.mid(8 * static_cast<qsizetype>(indice), 8);
         if (cle.size() == 8 && !QStringView(cle).trimmed().isEmpty())
-            ecrans_.cadre.navigue(QStringLiteral("TA") + cle);
+            ecrans_.cadre.ouvre(decoupecle(cle));
     };
     for (int indice = 0; indice < nombredecollections; ++indice) {
         if (indice != active && fenetres.mid(indice + 2, 1) == u"X")

@@ -1,6 +1,9 @@
 #include "core/cle.h"
 
+#include <QSet>
+
 #include <gtest/gtest.h>
+#include <unordered_set>
 
 using namespace velm;
 
@@ -11,6 +14,38 @@ TEST(Cle, IsSplitIntoCodeAndNumber) {
     EXPECT_EQ(cle.texte(), u"CO000123");
     EXPECT_EQ(decoupecle(u"C").code, u"C");
     EXPECT_TRUE(decoupecle(u"C").numero.isEmpty());
+}
+
+TEST(Cle, ATextThatIsNoKeyComesBackAsItWas) {
+    for (const QStringView texte : {u"", u"C", u"CO", u"CO1", u"co000001", u"CO00000123", u"-1", u"  "})
+        EXPECT_EQ(decoupecle(texte).texte(), texte);
+}
+
+TEST(Cle, OnlyTheEmptyOneNamesNoDocument) {
+    EXPECT_TRUE(Cle().vide());
+    EXPECT_TRUE(decoupecle(u"").vide());
+    EXPECT_FALSE(decoupecle(u"C").vide());
+    EXPECT_FALSE((Cle{{}, QStringLiteral("000001")}.vide()));
+}
+
+TEST(Cle, TellsTheSlotOfItsWindow) {
+    EXPECT_EQ(decoupecle(u"JP000007").indice(), 2);
+    EXPECT_EQ(decoupecle(u"IN000001").indice(), 11);
+    EXPECT_EQ(decoupecle(u"ZZ000001").indice(), 0);
+}
+
+TEST(Cle, IsFoundAgainAmongOthers) {
+    const Cle une = decoupecle(u"CO000001");
+    EXPECT_EQ(une, (Cle{QStringLiteral("CO"), QStringLiteral("000001")}));
+    EXPECT_NE(une, decoupecle(u"EU000001"));
+    EXPECT_NE(une, decoupecle(u"CO000002"));
+    EXPECT_NE(une, decoupecle(u"co000001")) << "the case counts";
+    const QSet<Cle> vues{une, decoupecle(u"EU000001"), decoupecle(u"CO000001")};
+    EXPECT_EQ(vues.size(), 2);
+    EXPECT_TRUE(vues.contains(une));
+    const std::unordered_set<Cle> autres{une, decoupecle(u"EU000001"), decoupecle(u"CO000001")};
+    EXPECT_EQ(autres.size(), 2U);
+    EXPECT_FALSE(autres.contains(decoupecle(u"CO000002")));
 }
 
 TEST(Cle, OfSevenOrNineCharactersIsNone) {

@@ -111,6 +111,50 @@ TEST_F(CorpusTest, ABaseWithoutATitleGivesNone) {
     EXPECT_EQ(titre(), QString());
 }
 
+TEST_F(CorpusTest, ADocumentIsKnownByItsKey) {
+    {
+        const auto base = Database::open(chemin(), OpenMode::Shared, corpusSchema());
+        ASSERT_NE(base.database, nullptr);
+        ASSERT_TRUE(base.database->execute(QStringLiteral(
+            "UPDATE données SET titre='Un', motclé1='vente', motclé2='prix', motclé3='délai', Source='JO', "
+            "Date='2001-02-03', datecreation='2002', datemodif='2003', typededocument='Loi', numeroarborescence=17, "
+            "BackColor=255 WHERE numart='000001'")));
+        ASSERT_TRUE(base.database->execute(QStringLiteral("UPDATE données SET titre=NULL WHERE numart='000002'")));
+    }
+    ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
+    corpus.ouvretables();
+    const Notice une{QStringLiteral("Un"),
+                     QStringLiteral("vente"),
+                     QStringLiteral("prix"),
+                     QStringLiteral("délai"),
+                     QStringLiteral("JO"),
+                     QStringLiteral("2001-02-03"),
+                     QStringLiteral("2002"),
+                     QStringLiteral("2003"),
+                     QStringLiteral("Loi"),
+                     QStringLiteral("17"),
+                     255};
+    EXPECT_EQ(corpus.document(decoupecle(u"CO000001")), une);
+    EXPECT_EQ(corpus.document(decoupecle(u"CO000002")), Notice()) << "Null everywhere";
+    for (const QStringView absente : {u"CO000003", u"EU000001", u"CO", u"", u"CO00000100"})
+        EXPECT_EQ(corpus.document(decoupecle(absente)), std::nullopt) << absente.toString().toStdString();
+}
+
+TEST_F(CorpusTest, ABodyAndARowAreFoundWhateverStoodInTheTableBefore) {
+    ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
+    corpus.ouvretables();
+    const Cle cle = decoupecle(u"CO000002");
+    corpus.donnees().setIndex(QStringLiteral("icattitre"));
+    EXPECT_EQ(corpus.corps(cle), QByteArray("{\\rtf1 x}"));
+    EXPECT_EQ(corpus.donnees().index(), u"primarykey");
+    corpus.donnees().setIndex(QStringLiteral("idate"));
+    const Recordset* rangee = corpus.rangee(cle);
+    ASSERT_NE(rangee, nullptr);
+    EXPECT_EQ(rangee->text(QStringLiteral("numart")), u"000002");
+    EXPECT_EQ(corpus.corps(decoupecle(u"CO000009")), std::nullopt);
+    EXPECT_EQ(corpus.rangee(decoupecle(u"CO000009")), nullptr);
+}
+
 TEST_F(CorpusTest, AnUnopenedCorpusIsARunTimeError) {
     const test::GardeArret garde;
     EXPECT_THROW(corpus.donnees(), test::Arret);

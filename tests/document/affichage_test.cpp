@@ -52,7 +52,7 @@ protected:
     }
 
     void affiche(const QString& code, const QString& numero, bool abc = false, const QString& ancre = {}) {
-        affichedocument(fenetre, code, numero, abc, ancre,
+        affichedocument(fenetre, {code, numero}, abc, ancre,
                         {corpus, styles, sablier, [](int indice) { return u"Collection %1"_s.arg(indice); }, {}});
     }
 
@@ -194,7 +194,7 @@ TEST_F(Affichage, AFormOfAnotherWindowIsResolvedWithoutTheTable) {
     EXPECT_EQ(dossier.controle.text(), u"ab"_s);
 
     const GardeArret garde;
-    EXPECT_THROW(affichedocument(fenetre, u"CO"_s, u"000001"_s, false, {},
+    EXPECT_THROW(affichedocument(fenetre, {u"CO"_s, u"000001"_s}, false, {},
                                  {sans, styles, sablier, [](int) { return QString(); }, {}}),
                  Arret);
 }

@@ -60,7 +60,7 @@ protected:
     }
 
     void affiche(const QString& code, const QString& numero) {
-        affichedocument(fenetre, code, numero, false, {},
+        affichedocument(fenetre, {code, numero}, false, {},
                         {corpus, styles, sablier, [](int) { return u"Collection"_s; }, {}});
     }
 

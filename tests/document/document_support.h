@@ -25,9 +25,9 @@ private:
 class SourceEssai : public SourceDeContenu {
 public:
     void prepare() override { ++preparations; }
-    std::optional<QByteArray> contenu(const QString& code, const QString& numero) override {
+    std::optional<QByteArray> contenu(const Cle& cle) override {
         ++demandes;
-        const auto trouve = corps.constFind(code + numero);
+        const auto trouve = corps.constFind(cle.texte());
         return trouve == corps.constEnd() ? std::nullopt : std::optional(*trouve);
     }
 

@@ -9,7 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 struct ListeEssai final : ListeLaterale {
     bool visible() const override { return vue; }
     int couleurbouton() const override { return couleur; }
-    void recharge(const QString& code, const QString& numero) override { recharges += code + numero; }
+    void recharge(const Cle& cle) override { recharges += cle.texte(); }
     bool vue = false;
     int couleur = ouverte;
     QStringList recharges;

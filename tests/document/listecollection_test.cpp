@@ -35,7 +35,7 @@ protected:
     static QStringList numeros(const ListeCollection& liste) {
         QStringList cles;
         for (int ligne = 0; ligne < liste.rowCount(); ++ligne)
-            cles << liste.cle(ligne).right(1);
+            cles << liste.cle(ligne).texte().right(1);
         return cles;
     }
 
@@ -52,7 +52,7 @@ TEST_F(ListeCollectionTest, HoldsTheDocumentsOfItsCollectionOnly) {
     liste.sort(4, false);
     EXPECT_EQ(liste.text(0, 0), u"Zinc");
     EXPECT_EQ(liste.text(0, 4), u"000001");
-    EXPECT_EQ(liste.cle(0), u"CL000001");
+    EXPECT_EQ(liste.cle(0).texte(), u"CL000001");
     EXPECT_EQ(ListeCollection(corpus, u"EU"_s, u"01234"_s).rowCount(), 0);
 }
 
@@ -65,7 +65,7 @@ TEST_F(ListeCollectionTest, OnceTheBaseIsClosedRowsThatWereNotReadAreEmpty) {
     EXPECT_EQ(liste.rowCount(), 4);
     EXPECT_EQ(liste.text(0, 0), u"Zinc");
     EXPECT_EQ(liste.text(3, 0), QString());
-    EXPECT_EQ(liste.cle(3), QString());
+    EXPECT_EQ(liste.cle(3).texte(), QString());
 }
 
 TEST_F(ListeCollectionTest, TheOrdersDigitsPickTheFields) {
@@ -118,7 +118,7 @@ TEST_F(ListeCollectionTest, CellsAndColumnsOutsideAreEmpty) {
     EXPECT_EQ(liste.text(-1, 0), QString());
     EXPECT_EQ(liste.text(4, 0), QString());
     EXPECT_EQ(liste.text(0, 5), QString());
-    EXPECT_EQ(liste.cle(99), QString());
+    EXPECT_EQ(liste.cle(99).texte(), QString());
     EXPECT_FALSE(liste.sort(5, false));
     EXPECT_FALSE(liste.sort(-1, false));
 }
@@ -136,7 +136,7 @@ TEST_F(ListeCollectionTest, ManyRowsArePaintedFromAWindowOfRowsThatAreKept) {
     liste.sort(0, true);
     for (int ligne = 0; ligne < 3000; ++ligne)
         ASSERT_EQ(liste.text(ligne, 0), u"Titre %1"_s.arg(3000 - ligne, 5, 10, QChar(u'0')));
-    EXPECT_EQ(liste.cle(2999), u"JP000001");
+    EXPECT_EQ(liste.cle(2999).texte(), u"JP000001");
 }
 
 TEST_F(ListeCollectionTest, ABaseWithoutTheTableFailsWhereItIsUsed) {

@@ -22,10 +22,10 @@ public:
         if (aufocus)
             aufocus();
     }
-    void affiche(const QString& code, const QString& numero, const QString& ancre) override {
-        affichages << code + numero;
+    void affiche(const Cle& cle, const QString& ancre) override {
+        affichages << cle.texte();
         ancres << ancre;
-        titreaffiche = titres_.value(code + numero, titreaffiche);
+        titreaffiche = titres_.value(cle.texte(), titreaffiche);
         if (alaffichage)
             alaffichage();
     }

@@ -32,6 +32,68 @@ TEST_F(NavigationOuvre, AnAnchorIsIgnoredForADocumentAlreadyShown) {
     EXPECT_EQ(fenetre(u"CO").ancres, QStringList{u"L111"_s});
 }
 
+TEST_F(NavigationOuvre, TheOperationsAreWhatTheCommandsSay) {
+    HoteEssai autrehote{titres};
+    Navigation autre{autrehote, corpus};
+    autrehote.navigation = &autre;
+    const auto memes = [&](const QString& commande) {
+        navigation.navigue(commande);
+        const auto de = [](const Navigation& celle) {
+            QStringList etat{celle.referencecourante()};
+            for (const ListeHistorique* liste : {&celle.historique().precedent, &celle.historique().suivant})
+                etat << u"|"_s << FenetreEssai::cles(*liste);
+            for (const int indice : {0, 1}) {
+                if (auto* sienne = static_cast<FenetreEssai*>(celle.fenetre(indice)))
+                    etat << u"-"_s << sienne->parcours().cle().texte() << sienne->precedents() << u"|"_s
+                         << sienne->suivants() << (sienne->boutonprecedent ? u"<"_s : QString())
+                         << (sienne->boutonsuivant ? u">"_s : QString());
+            }
+            return etat;
+        };
+        EXPECT_EQ(de(autre), de(navigation)) << commande.toStdString();
+        EXPECT_EQ(autrehote.boutonprecedent, hote.boutonprecedent);
+        EXPECT_EQ(autrehote.boutonsuivant, hote.boutonsuivant);
+    };
+    for (const QStringView cle : {u"CO000001", u"CO000002", u"EU000001", u"CO000003"}) {
+        autre.ouvre(decoupecle(cle));
+        memes(u"TA"_s + cle.toString());
+    }
+    autre.pas(Sens::Arriere);
+    memes(u"TA-1"_s);
+    autre.pas(Sens::Avant);
+    memes(u"TA+1"_s);
+    autre.pas(Sens::Arriere, 3);
+    memes(u"LITAP3"_s);
+    autre.pas(Sens::Avant, 1);
+    memes(u"LITAS1"_s);
+    autre.pasfenetre(0, Sens::Avant, 2);
+    memes(u"LICOS2"_s);
+    autre.pasfenetre(0, Sens::Arriere);
+    memes(u"TACO-1"_s);
+    autre.pasfenetre(0, Sens::Avant);
+    memes(u"TACO+1"_s);
+    EXPECT_EQ(derniers().size(), 4);
+}
+
+TEST_F(NavigationOuvre, AnOpeningFoldsThePanelAndPutsTheCaretIfItIsToldSo) {
+    navigation.ouvre({u"CO"_s, u"000001"_s}, {.replier = true, .ancre = u"L111"_s});
+    EXPECT_EQ(fenetre(u"CO").ancres, QStringList{u"L111"_s});
+    EXPECT_TRUE(navigation.prendreplier(0));
+    navigation.ouvre({u"CO"_s, u"000002"_s});
+    EXPECT_EQ(fenetre(u"CO").ancres.last(), QString());
+    EXPECT_FALSE(navigation.prendreplier(0));
+}
+
+TEST_F(NavigationOuvre, AKeyWithoutASlotAndAStepOfNoWindowDoNothing) {
+    navigation.ouvre(Cle());
+    navigation.ouvre({u"IN"_s, u"000001"_s});
+    for (const int indice : {-1, 0, 11, 99})
+        navigation.pasfenetre(indice, Sens::Arriere);
+    navigation.pas(Sens::Avant, 4);
+    EXPECT_TRUE(hote.fenetres.empty());
+    EXPECT_TRUE(derniers().isEmpty());
+}
+
 TEST_F(NavigationOuvre, OpeningMarksTheSlotAsOpen) {
     EXPECT_FALSE(navigation.fenetreouverte(10));
     navigue(u"TADI000001"_s);

@@ -59,7 +59,7 @@ inline void Oracle::inclusions() {
             const QString t = *mid(rtf.text(), p + 3, q - p - 3);
             QByteArray remplacement;
             if (t.size() == 8 && codesmarques.contains(t.left(2)))
-                remplacement = contexte_.source.contenu(t.left(2), t.mid(2)).value_or(QByteArray());
+                remplacement = contexte_.source.contenu({t.left(2), t.mid(2)}).value_or(QByteArray());
             selectionne(p, q - p + 1);
             if (!remplacement.isEmpty()) {
                 RichText lu;

@@ -16,7 +16,7 @@ protected:
         ouvre();
     }
     Proprietes proprietesde(const QString& cle, const DocumentAffiche& document) {
-        return afficheproprietes(cle, u"Titre"_s, document, littypesdocument(corpus));
+        return afficheproprietes(decoupecle(cle), u"Titre"_s, document, littypesdocument(corpus));
     }
 
     Parametres parametres;

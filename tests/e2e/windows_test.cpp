@@ -48,7 +48,7 @@ protected:
         inProgram([this] { host->clear(); });
     }
     void open(const QString& document) {
-        inProgram([&] { host->program().navigue(u"TA"_s + document); });
+        inProgram([&] { host->program().ouvre(decoupecle(document)); });
         ASSERT_TRUE(becomes([&] { return shows(document); }));
     }
 

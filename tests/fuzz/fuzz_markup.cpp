@@ -22,8 +22,8 @@ struct Formulaire final : FormulaireRiche {
 
 struct Source final : SourceDeContenu {
     void prepare() override {}
-    std::optional<QByteArray> contenu(const QString& code, const QString& numero) override {
-        const auto corps = textes.constFind(code + numero);
+    std::optional<QByteArray> contenu(const Cle& cle) override {
+        const auto corps = textes.constFind(cle.texte());
         return corps == textes.constEnd() ? std::nullopt : std::optional(*corps);
     }
     QHash<QString, QByteArray> textes;

@@ -6,6 +6,7 @@
 #include "document/ui/textes.h"
 #include "platform/widgets/look/look.h"
 #include "shell/application.h"
+#include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
 #include "shell/lancement.h"
 #include "shell/menus.h"
@@ -100,11 +101,11 @@ private:
 
     void fais(const QString& fait, const QString& valeur) {
         if (fait == u"navigue")
-            programme_.navigue(valeur);
+            programme_.bureau().navigation().navigue(valeur);
         else if (fait == u"mots")
             cherche(valeur);
         else if (fait == u"liens")
-            programme_.fenetre(0)->liens().ouvre(valeur);
+            programme_.fenetre(0)->liens().ouvre(decoupecle(valeur));
         else if (fait == u"astucefautive")
             astucefautive();
         else if (fait == u"memoire")

@@ -179,7 +179,7 @@ TEST_F(BalisesTest, NoWindowAndNoMenuTakesAFieldForMarkup) {
     ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);
     ecran().resize(1200, 900);
     for (const char* cle : {"CO000001", "CO000002", "EU000002", "JP000003", "CO000003", "CO000001"})
-        programme->navigue(u"TA"_s + QString::fromLatin1(cle));
+        programme->ouvre(decoupecle(QString::fromLatin1(cle)));
     Textes& fenetre = *programme->fenetre(0);
 
     for (const QString& bloc : {u"arbre"_s, u"tableau"_s, u"recherchedico"_s}) {

@@ -106,7 +106,7 @@ TEST_F(MenusTest, BarsStandAtEveryEdgeAndTurnWithIt) {
 
 TEST_F(MenusTest, AHiddenCommandBarKeepsItsShortcuts) {
     demarre(QStringLiteral("CO1"));
-    programme->navigue(QStringLiteral("TACO000002"));
+    programme->ouvre(decoupecle(u"CO000002"));
     entree("mbarre1", 0)->trigger();
     ASSERT_FALSE(ecran().barrecommande().isVisible());
     ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
@@ -149,7 +149,7 @@ TEST_F(MenusTest, TheEntryOfASlotNamesTheWindowThatItBringsForward) {
     demarre(QStringLiteral("CO1"));
     Textes* premiere = programme->fenetre(0);
     entree("maffichagetfu")->trigger();
-    programme->navigue(QStringLiteral("TACO000002"));
+    programme->ouvre(decoupecle(u"CO000002"));
     ASSERT_NE(programme->fenetre(0), premiere);
     premiere->setWindowTitle(QStringLiteral("Un autre titre"));
     EXPECT_EQ(entree("mlistefenetre", 1)->text(), u"Code de la consommation - Article 2");
@@ -159,7 +159,7 @@ TEST_F(MenusTest, TheEntryOfASlotNamesTheWindowThatItBringsForward) {
 
 TEST_F(MenusTest, CtrlTabWalksTheWindows) {
     demarre(QStringLiteral("CO1"));
-    programme->navigue(QStringLiteral("TAJP000007"));
+    programme->ouvre(decoupecle(u"JP000007"));
     ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
     programme->fenetre(2)->vue().setFocus();
     QTest::keyPress(programme->fenetre(2)->vue().viewport(), Qt::Key_Control);

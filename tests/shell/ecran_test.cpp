@@ -122,7 +122,7 @@ TEST_F(EcranTest, WindowListEntriesFollowTheOpenSlots) {
     EXPECT_EQ(entree("mlistefenetre", 1)->text(), u"Code de la consommation - Article premier");
     EXPECT_TRUE(entree("mlistefenetre", 1)->isChecked());
     EXPECT_FALSE(entree("mlistefenetre", 3)->isVisible());
-    programme->navigue(QStringLiteral("TAJP000007"));
+    programme->ouvre(decoupecle(u"JP000007"));
     EXPECT_TRUE(entree("mlistefenetre", 3)->isVisible());
     EXPECT_TRUE(entree("mlistefenetre", 3)->isChecked());
     EXPECT_FALSE(entree("mlistefenetre", 1)->isChecked());
@@ -139,7 +139,7 @@ TEST_F(EcranTest, TheSeparatorHidesWithAnEmptyListOfLastDocuments) {
     ASSERT_NE(separateur, nullptr);
     EXPECT_FALSE(separateur->isVisible());
     EXPECT_FALSE(entree("mnuLastFile", 0)->isVisible());
-    programme->navigue(QStringLiteral("TACO000002"));
+    programme->ouvre(decoupecle(u"CO000002"));
     EXPECT_TRUE(separateur->isVisible());
     EXPECT_TRUE(entree("mnuLastFile", 0)->isVisible());
     EXPECT_EQ(entree("mnuLastFile", 0)->text(), u"&1 CO-Article 2");
@@ -148,7 +148,7 @@ TEST_F(EcranTest, TheSeparatorHidesWithAnEmptyListOfLastDocuments) {
 
 TEST_F(EcranTest, ALastDocumentOpensOnClick) {
     demarre(QStringLiteral("CO1"));
-    programme->navigue(QStringLiteral("TACO000002"));
+    programme->ouvre(decoupecle(u"CO000002"));
     entree("mnuLastFile", 1)->trigger();
     EXPECT_EQ(programme->fenetre(0)->referencecourante(), u"CO000001");
     EXPECT_EQ(entree("mnuLastFile", 0)->text(), u"&1 CO-Article premier");
@@ -156,7 +156,7 @@ TEST_F(EcranTest, ALastDocumentOpensOnClick) {
 
 TEST_F(EcranTest, TheLastDocumentsAreKeptBetweenRuns) {
     demarre(QStringLiteral("CO1"));
-    programme->navigue(QStringLiteral("TAJP000007"));
+    programme->ouvre(decoupecle(u"JP000007"));
     redemarre();
     EXPECT_EQ(entree("mnuLastFile", 0)->text(), u"&1 JP-Un arrêt");
     EXPECT_EQ(entree("mnuLastFile", 1)->text(), u"&2 CO-Article premier");
@@ -169,17 +169,17 @@ TEST_F(EcranTest, OneWindowModeIsWrittenAtOnce) {
     entree("maffichagetfu")->trigger();
     EXPECT_FALSE(entree("maffichagetfu")->isChecked());
     EXPECT_EQ(reglage("GENERALITES", "MULTIFENETRE"), u"0");
-    programme->navigue(QStringLiteral("TACO000002"));
+    programme->ouvre(decoupecle(u"CO000002"));
     EXPECT_EQ(programme->bureau().fenetres().size(), 2u);
     entree("maffichagetfu")->trigger();
     EXPECT_EQ(reglage("GENERALITES", "MULTIFENETRE"), u"1");
-    programme->navigue(QStringLiteral("TACO000001"));
+    programme->ouvre(decoupecle(u"CO000001"));
     EXPECT_EQ(programme->bureau().fenetres().size(), 2u);
 }
 
 TEST_F(EcranTest, OneWindowModeIsMirroredInEveryWindow) {
     demarre(QStringLiteral("CO1"));
-    programme->navigue(QStringLiteral("TAJP000007"));
+    programme->ouvre(decoupecle(u"JP000007"));
     for (const bool une : {false, true}) {
         entree("maffichagetfu")->trigger();
         for (Textes* ouverte : programme->bureau().fenetres()) {
@@ -240,7 +240,7 @@ TEST_F(EcranTest, TheArrangingButtonsShowWithMoreThanThreeForms) {
 TEST_F(EcranTest, GoingBackInTheFrameOpensTheOtherCollectionsWindow) {
     demarre(QStringLiteral("CO1"));
     EXPECT_FALSE(ecran().barrecommande().isButtonEnabled(QStringLiteral("Précédent")));
-    programme->navigue(QStringLiteral("TAJP000007"));
+    programme->ouvre(decoupecle(u"JP000007"));
     EXPECT_TRUE(ecran().barrecommande().isButtonEnabled(QStringLiteral("Précédent")));
     presse(ecran().barrecommande(), "Précédent");
     EXPECT_EQ(programme->bureau().active(), programme->fenetre(0));
@@ -253,7 +253,7 @@ TEST_F(EcranTest, GoingBackInTheFrameOpensTheOtherCollectionsWindow) {
 
 TEST_F(EcranTest, TheMousesOwnButtonsWalkTheHistory) {
     demarre(QStringLiteral("CO1"));
-    programme->navigue(QStringLiteral("TACO000002"));
+    programme->ouvre(decoupecle(u"CO000002"));
     QTest::mouseClick(programme->fenetre(0)->vue().viewport(), Qt::BackButton);
     EXPECT_EQ(programme->fenetre(0)->referencecourante(), u"CO000001");
     QTest::mouseClick(programme->fenetre(0)->vue().viewport(), Qt::ForwardButton);
@@ -268,7 +268,7 @@ TEST_F(EcranTest, TheMenusOfDocumentsShowWithADocumentWindowOnly) {
     presse(ecran().barreecran(), "CO");
     EXPECT_TRUE(edition->menuAction()->isVisible());
     EXPECT_FALSE(entree("medition0", 0)->isEnabled());
-    programme->navigue(QStringLiteral("TACO000001"));
+    programme->ouvre(decoupecle(u"CO000001"));
     EXPECT_TRUE(entree("medition0", 0)->isEnabled());
     presse(ecran().barreecran(), "CO");
     EXPECT_FALSE(edition->menuAction()->isVisible());
@@ -294,7 +294,7 @@ TEST_F(EcranTest, AHiddenWindowIsShownAgainByTheNextOpening) {
     Textes* fenetre = programme->fenetre(0);
     presse(ecran().barreecran(), "CO");
     EXPECT_FALSE(fenetre->isVisible());
-    programme->navigue(QStringLiteral("TACO000002"));
+    programme->ouvre(decoupecle(u"CO000002"));
     EXPECT_EQ(programme->fenetre(0), fenetre);
     EXPECT_TRUE(fenetre->isVisible());
     EXPECT_EQ(programme->bureau().fenetres().size(), 1u);
@@ -308,6 +308,6 @@ TEST_F(EcranTest, ADocumentCanBePutIntoTheDossiersWhileTheyAreOpen) {
     EXPECT_FALSE(programme->bureau().dossiersouverts());
     EXPECT_FALSE(offre(0));
     programme->bureau().changedossiersouverts(true);
-    programme->navigue(QStringLiteral("TAJP000007"));
+    programme->ouvre(decoupecle(u"JP000007"));
     EXPECT_TRUE(offre(2));
 }

@@ -49,7 +49,7 @@ TEST_F(FenetresTest, AHiddenWindowGoesWhenAnotherOneTakesItsPlace) {
     const QPointer<Textes> cachee = &fenetre(0);
     programme->bureau().navigation().basculefenetre(0, false);
     ASSERT_TRUE(cachee && !cachee->isVisible());
-    programme->navigue(u"TACO000002"_s);
+    programme->ouvre(decoupecle(u"CO000002"));
     EVENTUALLY(!cachee);
     EXPECT_EQ(fenetre(0).referencecourante(), u"CO000002");
     EXPECT_TRUE(fenetre(0).isVisible());
@@ -89,7 +89,7 @@ TEST_F(FenetresTest, AWindowLeftAsAnIconIsRestoredAsOneAndOpensWithADocument) {
     redemarre();
     EXPECT_TRUE(autour(2).isMinimized());
     EXPECT_EQ(ecrit(2), (QList<int>{1, 150, 300, 6750, 5700}));
-    programme->navigue(u"TAJP000007"_s);
+    programme->ouvre(decoupecle(u"JP000007"));
     EXPECT_FALSE(autour(2).isMinimized());
     EXPECT_EQ(autour(2).geometry(), QRect(10, 20, 450, 380));
     EXPECT_EQ(active(), &fenetre(2));

@@ -23,7 +23,7 @@ protected:
     void commence() {
         cadre(700, 600);
         ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);
-        programme->navigue(u"TAJP000007"_s);
+        programme->ouvre(decoupecle(u"JP000007"));
         ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
     }
     void cadre(int largeur, int hauteur) const {

@@ -74,9 +74,9 @@ TEST_F(FenetresTest, AWindowChosenFromTheListOrShownByItsButtonHasItsFocusAgain)
 
 TEST_F(FenetresTest, AStepInTheHistoryOfTheWindowInFrontLeavesTheFocusWhereItIs) {
     commence();
-    programme->navigue(u"TAJP000007"_s);
-    programme->navigue(u"TACO000002"_s);
-    programme->navigue(u"TACO000003"_s);
+    programme->ouvre(decoupecle(u"JP000007"));
+    programme->ouvre(decoupecle(u"CO000002"));
+    programme->ouvre(decoupecle(u"CO000003"));
     presse(fenetre(0).barrechild(), "recherchedico");
     ASSERT_TRUE(fenetre(0).findChild<QLineEdit*>(u"Textedico"_s)->hasFocus());
     fenetre(0).vue().setFocus();
@@ -96,7 +96,7 @@ TEST_F(FenetresTest, AHiddenWindowHasNoEntryInTheWindowList) {
     entree("maffichagef", 0)->trigger();
     EXPECT_TRUE(liste(0));
     presse(ecran().barreecran(), "CO");
-    programme->navigue(u"TACO000002"_s);
+    programme->ouvre(decoupecle(u"CO000002"));
     EXPECT_TRUE(liste(0));
     presse(ecran().barreecran(), "JP");
     quitte();

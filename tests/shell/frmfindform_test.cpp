@@ -15,7 +15,7 @@ using FrmFindFormTest = SelectionTest;
 TEST_F(FrmFindFormTest, TheFindDialogStepsThroughTheActiveDocument) {
     ouvre({});
     EXPECT_FALSE(entree("medition0", 2)->isEnabled());
-    programme->navigue(u"TACO000001"_s);
+    programme->ouvre(decoupecle(u"CO000001"));
     EXPECT_TRUE(entree("medition0", 2)->isEnabled());
     EXPECT_EQ(entree("medition0", 2)->shortcut(), QKeySequence(QKeySequence::Find));
     entree("medition0", 2)->trigger();
@@ -51,14 +51,14 @@ TEST_F(FrmFindFormTest, TheFindDialogStepsThroughTheActiveDocument) {
 
 TEST_F(FrmFindFormTest, TheFindDialogStartsOverInAnotherDocumentAndKnowsItsBoxes) {
     ouvre({});
-    programme->navigue(u"TACO000001"_s);
+    programme->ouvre(decoupecle(u"CO000001"));
     programme->cadre().annexes().montrerecherche();
     auto* boite = ecran().findChild<QDialog*>(u"frmFindForm"_s);
     boite->findChild<QLineEdit*>(u"txtFind"_s)->setText(u"deux"_s);
     auto* suivant = boite->findChild<QPushButton*>(u"cmdFindNext"_s);
     suivant->click();
     EXPECT_GT(active()->vue().selStart(), 100);
-    programme->navigue(u"TACO000002"_s);
+    programme->ouvre(decoupecle(u"CO000002"));
     suivant->click();
     EXPECT_LT(active()->vue().selStart(), 30);
     boite->findChild<QAbstractButton*>(u"checkcasse"_s)->setChecked(true);
@@ -75,7 +75,7 @@ TEST_F(FrmFindFormTest, TheFindDialogStartsOverInAnotherDocumentAndKnowsItsBoxes
 
 TEST_F(FrmFindFormTest, TheFindDialogGoesOutOfTheWayOfTheHit) {
     ouvre({});
-    programme->navigue(u"TACO000001"_s);
+    programme->ouvre(decoupecle(u"CO000001"));
     programme->cadre().annexes().montrerecherche();
     auto* boite = ecran().findChild<QDialog*>(u"frmFindForm"_s);
     auto* texte = boite->findChild<QLineEdit*>(u"txtFind"_s);
@@ -95,7 +95,7 @@ TEST_F(FrmFindFormTest, TheFindDialogGoesOutOfTheWayOfTheHit) {
 
 TEST_F(FrmFindFormTest, TheFindDialogProposesWhatIsSelected) {
     ouvre({});
-    programme->navigue(u"TACO000001"_s);
+    programme->ouvre(decoupecle(u"CO000001"));
     active()->vue().setSelStart(3);
     active()->vue().setSelLength(4);
     programme->cadre().annexes().montrerecherche();

@@ -41,7 +41,7 @@ TEST_F(MemoireTest, ADocumentThatDoesNotFitIsOneMessageAndOpensLater) {
     ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);
     {
         const LittleMemory peu;
-        programme->navigue(u"TACO000002"_s);
+        programme->ouvre(decoupecle(u"CO000002"));
     }
     const QStringList textes = dits();
     ASSERT_EQ(textes.size(), 1);
@@ -51,14 +51,14 @@ TEST_F(MemoireTest, ADocumentThatDoesNotFitIsOneMessageAndOpensLater) {
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
     EXPECT_TRUE(programme->fenetre(0)->vue().control().redraw());
 
-    programme->navigue(u"TACO000003"_s);
+    programme->ouvre(decoupecle(u"CO000003"));
     EXPECT_EQ(texte(), u"Trois."_s);
     {
         const LittleMemory peu;
-        programme->navigue(u"TACO000002"_s);
+        programme->ouvre(decoupecle(u"CO000002"));
     }
     EXPECT_EQ(dits().size(), 1);
-    programme->navigue(u"TACO000002"_s); // the same again, now that there is room
+    programme->ouvre(decoupecle(u"CO000002")); // the same again, now that there is room
     EXPECT_EQ(texte().size(), 12'000'000);
     EXPECT_TRUE(dits().isEmpty());
 }

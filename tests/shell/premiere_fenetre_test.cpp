@@ -126,7 +126,7 @@ TEST_F(PremiereFenetre, AMissingTableFailsWhereItIsUsedWithOneMessage) {
         erreur = celle;
         throw test::Arret("la table manque");
     });
-    EXPECT_THROW(programme->navigue(QStringLiteral("TACO000001")), test::Arret);
+    EXPECT_THROW(programme->ouvre(decoupecle(u"CO000001")), test::Arret);
     setRuntimeErrorHandler(avant);
     programme->erreurfatale(erreur);
     EXPECT_EQ(dialogues.texts(), QStringList{mots(9401, {mots(9407, {QStringLiteral("données")})})});

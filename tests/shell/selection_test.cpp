@@ -261,14 +261,14 @@ TEST_F(SelectionTest, TheNextRowOpensAndStopsAtTheLastThePreviousAtTheFirst) {
     EXPECT_NE(programme->bureau().navigation().derniersdocuments()[1], u"CO000003");
     presse(barre(), "suivantrecherche");
     EXPECT_EQ(active()->referencecourante(), u"JP000007");
-    programme->navigue(u"TACO000002"_s);
+    programme->ouvre(decoupecle(u"CO000002"));
     presse(barre(), "suivantrecherche");
     EXPECT_EQ(flex().row(), 5);
     EXPECT_EQ(active()->referencecourante(), u"CO000002") << "the last row was opened again";
     flex().setRow(2);
     presse(barre(), "précédentrecherche");
     EXPECT_EQ(active()->referencecourante(), u"CO000001");
-    programme->navigue(u"TACO000002"_s);
+    programme->ouvre(decoupecle(u"CO000002"));
     presse(barre(), "précédentrecherche");
     EXPECT_EQ(flex().row(), 1);
     EXPECT_EQ(active()->referencecourante(), u"CO000002");

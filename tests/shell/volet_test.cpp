@@ -130,7 +130,7 @@ TEST_F(VoletTest, AListThatComesWhileASearchRunsStopsItAndWaitsForItsEnd) {
 
 TEST_F(VoletTest, TheBlockOfAWindowSearchesItsOwnCollectionForAllWords) {
     ouvre({});
-    programme->navigue(u"TACO000001"_s);
+    programme->ouvre(decoupecle(u"CO000001"));
     Textes& fenetre = *active();
     presse(fenetre.barrechild(), "barrehoriz");
     presse(fenetre.barrechild(), "recherchedico");
@@ -160,7 +160,7 @@ TEST_F(VoletTest, TheBlockOfAWindowSearchesItsOwnCollectionForAllWords) {
 
 TEST_F(VoletTest, ASearchOfAWindowWithoutAResultHidesTheListAndReleasesTheButton) {
     ouvre();
-    programme->navigue(u"TACO000001"_s);
+    programme->ouvre(decoupecle(u"CO000001"));
     QStringList lignes;
     liste().cherchedans(u"CO"_s, u"ab introuvable"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(flex().rows(), 1);
@@ -176,7 +176,7 @@ TEST_F(VoletTest, ASearchOfAWindowWithoutAResultHidesTheListAndReleasesTheButton
 
 TEST_F(VoletTest, ASearchOfAWindowWithoutAResultTakesTheFormWithTheList) {
     ouvre({});
-    programme->navigue(u"TACO000001"_s);
+    programme->ouvre(decoupecle(u"CO000001"));
     Textes& fenetre = *active();
     presse(fenetre.barrechild(), "barrehoriz");
     presse(fenetre.barrechild(), "recherchedico");

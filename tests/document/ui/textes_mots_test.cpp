@@ -39,7 +39,7 @@ protected:
         celle = std::make_unique<Textes>(indicedetype(QString::fromLatin1(cle, 2)), contexte);
         celle->resize(900, 700);
         celle->show();
-        celle->affiche(QString::fromLatin1(cle, 2), QString::fromLatin1(cle + 2), QString());
+        celle->affiche(decoupecle(QString::fromLatin1(cle)), QString());
         celle->parcours().referencecourante = QString::fromLatin1(cle);
         return *celle;
     }
@@ -172,7 +172,7 @@ TEST_F(TextesMotsTest, TheButtonsWalkThroughTheHitsAndStayAtTheLast) {
 TEST_F(TextesMotsTest, ADocumentOpenedByOtherMeansKeepsTheWordsButIsNotMarked) {
     Textes& ici = fenetre("CO000002");
     ici.recoitmots(u"ligne"_s, u"texte"_s);
-    ici.affiche(u"CO"_s, u"000003"_s, QString());
+    ici.affiche({u"CO"_s, u"000003"_s}, QString());
     EXPECT_EQ(ici.mots().mot1, u"ligne"_s);
     EXPECT_TRUE(visible(ici, u"motsuivant"_s));
     EXPECT_EQ(nombredemarques(ici), 0);

@@ -84,6 +84,56 @@ TEST_F(QueryTest, AKeywordWithADoubleQuoteBreaksTheQuery) {
     EXPECT_EQ(found(broken), (QStringList{u"refused"_s, u"with a reason"_s}));
 }
 
+TEST_F(QueryTest, AValueIsTakenAsItIsWhateverMarksItHolds) {
+    const QString one = u"SELECT numart FROM données WHERE motclé1=?1"_s;
+    const auto numbers = [&](const QString& sql, const QVariantList& values) {
+        QStringList all;
+        for (const auto rows = base->openQuery(sql, values); !rows->eof(); rows->moveNext())
+            all << rows->text(0);
+        return all;
+    };
+    EXPECT_EQ(numbers(one, {u"l'eau"_s}), QStringList{u"000002"_s});
+    EXPECT_EQ(numbers(one, {u"vente"_s}), (QStringList{u"000001"_s, u"000003"_s})) << "texts compare as in literals";
+    EXPECT_EQ(numbers(one, {u"dit \"abusif"_s}), QStringList());
+    EXPECT_EQ(numbers(one, {u"x\" OR \"1\"=\"1"_s}), QStringList());
+    EXPECT_EQ(numbers(one, {QVariant()}), QStringList()) << "nothing equals Null";
+    EXPECT_EQ(numbers(u"SELECT numart FROM données WHERE référence=?2 ORDER BY numart DESC LIMIT ?1"_s, {1, u"EU"_s}),
+              QStringList{u"000003"_s});
+}
+
+TEST_F(QueryTest, BytesAreComparedAsBytes) {
+    const QString beside = u"SELECT ?1 < ?2, typeof(?1)"_s;
+    const auto rows = base->openQuery(beside, {QByteArray("a"), QByteArray("a\xFF")});
+    ASSERT_TRUE(rows);
+    EXPECT_EQ(rows->number(0), 1);
+    EXPECT_EQ(rows->text(1), u"blob"_s);
+}
+
+TEST_F(QueryTest, ValuesLastAsLongAsTheRows) {
+    std::unique_ptr<Snapshot> rows;
+    {
+        QVariantList values{QString(u"E"_s + u'U')};
+        rows = base->openQuery(u"SELECT numart, ?1 FROM données WHERE référence=?1"_s, values);
+        values[0] = u"CO"_s;
+    }
+    ASSERT_TRUE(rows);
+    QStringList read;
+    for (; !rows->eof(); rows->moveNext())
+        read << rows->text(0) + rows->text(1);
+    EXPECT_EQ(read, (QStringList{u"000002EU"_s, u"000003EU"_s}));
+}
+
+TEST_F(QueryTest, AQueryGetsAsManyValuesAsItWants) {
+    const QString one = u"SELECT numart FROM données WHERE référence=?1"_s;
+    for (const QVariantList& values : {QVariantList{}, QVariantList{u"CO"_s, u"EU"_s}}) {
+        QString error;
+        EXPECT_EQ(base->openQuery(one, values, &error), nullptr);
+        EXPECT_FALSE(error.isEmpty());
+    }
+    EXPECT_EQ(base->openQuery(one), nullptr);
+    EXPECT_EQ(base->openQuery(u"SELECT numart FROM données"_s, {u"CO"_s}), nullptr);
+}
+
 TEST_F(QueryTest, OnlyOneReadingQueryIsTaken) {
     const QStringList refused{u"refused"_s, u"with a reason"_s};
     EXPECT_EQ(found(u"DELETE FROM données"_s), refused);

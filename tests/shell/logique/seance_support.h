@@ -40,7 +40,7 @@ public:
         return QStringLiteral("4242");
     }
     void montreprincipale() override { note(QStringLiteral("montre")); }
-    void navigue(const QString& commande) override { note(QStringLiteral("navigue ") + commande); }
+    void ouvre(const Cle& cle) override { note(QStringLiteral("navigue TA") + cle.texte()); }
     void ouvrefichierdossier(const QString& chemin) override { note(QStringLiteral("dv2 ") + chemin); }
     void ouvrefichiercriteres(const QString& chemin) override { note(QStringLiteral("cv2 ") + chemin); }
     void astuce() override { note(QStringLiteral("astuce")); }
