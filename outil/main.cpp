@@ -1,3 +1,4 @@
+#include "core/noms.h"
 #include "core/raisons.h"
 #include "core/reglages.h"
 #include "outil/commande.h"
@@ -49,7 +50,7 @@ int main(int argc, char** argv) {
     const QString dossier = QCoreApplication::applicationDirPath();
     QStringList manquants;
     Langue langue([&](const QString& numero) { manquants.append(numero); });
-    ReglagesStore magasin;
+    ReglagesStore magasin(noms::fichierreglages());
     Reglages reglages(magasin);
     reglages.choisitmaitre(joinPath(dossier, u"master.ini"));
     langue.choisitfichier(
