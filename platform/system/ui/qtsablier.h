@@ -1,6 +1,7 @@
 #pragma once
 #include "platform/system/sablier.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 
 namespace velm {
