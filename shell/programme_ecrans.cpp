@@ -108,9 +108,10 @@ QString Programme::chargeprincipale() {
     bureau_->sansmemoire = [this] {
         monde_.dialogues.message(qt_error_string(ENOMEM), langue_.lireressource(8), Icone::Exclamation);
     };
-    selection_ = std::make_unique<Selection>(
-        *ecran_, *bureau_,
-        Selection::Monde{corpus_, reglages_, monde_.sablier, monde_.dialogues, monde_.imprimante, texte});
+    selection_ = std::make_unique<Selection>(*ecran_, *bureau_,
+                                             ControleListe::Monde{corpus_, reglages_, monde_.sablier, monde_.dialogues,
+                                                                  monde_.imprimante, texte,
+                                                                  [] { QCoreApplication::processEvents(); }});
     recherches_ = std::make_unique<Recherches>(
         *ecran_, *selection_, Recherches::Monde{reglages_, monde_.sablier, monde_.dialogues, monde_.courrier, texte});
     chargecommandes();
@@ -145,7 +146,7 @@ void Programme::chargecommandes() {
     autour.apropos = [this] { montreapropos(); };
     autour.partenaires = [this] { montrepartenaires(); };
     autour.cherche = [this] { montrerecherche(); };
-    autour.montreselection = [this](bool visible) { selection_->affichemenuselection(visible); };
+    autour.montreselection = [this](bool visible) { selection_->controle().affichemenuselection(visible); };
     commandes_ = std::make_unique<Commandes>(*ecran_, *bureau_, barres_, reglages_, monde_.pressepapiers, autour);
     const bool une = seance_.parametres().multifenetre != 0;
     bureau_->navigation().changeunefenetre(une);
@@ -192,7 +193,7 @@ Textes* Programme::fabriquefenetre(int indice) {
     };
     contexte.cherchemots = [this](const QString& code, const QString& mots,
                                   const std::function<void(const QString&)>& ligne) {
-        selection_->cherchedans(code, mots, ligne);
+        selection_->controle().cherchedans(code, mots, ligne);
     };
     contexte.completemots = [this](QLineEdit& mots) {
         new CompletionMots(
@@ -200,7 +201,8 @@ Textes* Programme::fabriquefenetre(int indice) {
             separateursmots(), langue_.lireressource(9459));
     };
     auto* fenetre = new Textes(indice, contexte);
-    connect(fenetre, &Textes::selection, this, [this](const QStringList& cles) { selection_->remplit(cles); });
+    connect(fenetre, &Textes::selection, this,
+            [this](const QStringList& cles) { selection_->controle().remplit(cles); });
     return fenetre;
 }
 
@@ -307,7 +309,7 @@ void Programme::sauvederniers() {
     if (bureau_)
         bureau_->navigation().sauvederniers(reglages_);
     if (selection_)
-        selection_->ecritcolonnes();
+        selection_->controle().ecritcolonnes();
 }
 
 void Programme::notefenetres() {
