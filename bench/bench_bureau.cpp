@@ -191,7 +191,8 @@ void ouverture(benchmark::State& etat) {
 
 /// From the words to the painted rows, as the search form goes there.
 void deuxmots(benchmark::State& etat) {
-    Selection& selection = bureau->selection();
+    ControleListe& selection = bureau->selection().controle();
+    FlexGrid& flex = bureau->selection().flex();
     RechercheDico recherche(selection.atelier(), [](const QString&) {});
     selection.montreliste();
     Bureaudessai::peint();
@@ -204,7 +205,7 @@ void deuxmots(benchmark::State& etat) {
             selection.publie(resultat.fin);
             lignes = resultat.hits;
         }
-        selection.flex().view()->viewport()->repaint();
+        flex.view()->viewport()->repaint();
     }
     etat.counters["rows"] = static_cast<double>(lignes);
 }

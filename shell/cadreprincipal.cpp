@@ -51,9 +51,10 @@ QString CadrePrincipal::chargeprincipale() {
     bureau_->sansmemoire = [this] {
         donnees_.monde.dialogues.message(qt_error_string(ENOMEM), this->texte(8), Icone::Exclamation);
     };
-    selection_ = std::make_unique<Selection>(
-        *ecran_, *bureau_,
-        Selection::Monde{donnees_.corpus, donnees_.reglages, monde.sablier, monde.dialogues, monde.imprimante, texte});
+    selection_ = std::make_unique<Selection>(*ecran_, *bureau_,
+                                             ControleListe::Monde{donnees_.corpus, donnees_.reglages, monde.sablier,
+                                                                  monde.dialogues, monde.imprimante, texte,
+                                                                  [] { QCoreApplication::processEvents(); }});
     recherches_ = std::make_unique<Recherches>(
         *ecran_, *selection_,
         Recherches::Monde{donnees_.reglages, monde.sablier, monde.dialogues, monde.courrier, texte});
@@ -94,7 +95,7 @@ void CadrePrincipal::chargecommandes() {
     autour.apropos = [this] { annexes_->montreapropos(); };
     autour.partenaires = [this] { annexes_->montrepartenaires(); };
     autour.cherche = [this] { annexes_->montrerecherche(); };
-    autour.montreselection = [this](bool visible) { selection_->affichemenuselection(visible); };
+    autour.montreselection = [this](bool visible) { selection_->controle().affichemenuselection(visible); };
     commandes_ = std::make_unique<Commandes>(*ecran_, *bureau_, barres_, donnees_.reglages,
                                              donnees_.monde.pressepapiers, autour);
     const bool une = seance.parametres().multifenetre != 0;
@@ -164,7 +165,7 @@ void CadrePrincipal::sauvederniers() {
     if (bureau_)
         bureau_->navigation().sauvederniers(donnees_.reglages);
     if (selection_)
-        selection_->ecritcolonnes();
+        selection_->controle().ecritcolonnes();
 }
 
 void CadrePrincipal::notefenetres() {

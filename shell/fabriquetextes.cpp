@@ -27,7 +27,7 @@ Textes* FabriqueTextes::fait(int indice) const {
     raccordemots(contexte);
     auto* fenetre = new Textes(indice, contexte);
     QObject::connect(fenetre, &Textes::selection, &selection,
-                     [&selection = selection](const QStringList& cles) { selection.remplit(cles); });
+                     [&selection = selection](const QStringList& cles) { selection.controle().remplit(cles); });
     return fenetre;
 }
 
@@ -53,7 +53,7 @@ void FabriqueTextes::raccordemots(ContexteTextes& contexte) const {
     };
     contexte.cherchemots = [&selection = selection](const QString& code, const QString& mots,
                                                     const std::function<void(const QString&)>& ligne) {
-        selection.cherchedans(code, mots, ligne);
+        selection.controle().cherchedans(code, mots, ligne);
     };
     contexte.completemots = [&corpus = corpus, &langue = langue](QLineEdit& mots) {
         new CompletionMots(

@@ -48,10 +48,10 @@ TEST_F(ArborescenceTest, ABranchBelowTheLastLevelIsPassedOver) {
 TEST_F(ArborescenceTest, TheDocumentsLeafIsSelected) {
     chaine(6);
     charge();
-    arborescence.choisitdocument(arbre, u"CO000006"_s);
+    arborescence.choisitdocument(arbre, decoupecle(u"CO000006"_s));
     EXPECT_EQ(arbre.selected(), 0) << "its branch is not loaded yet";
     arborescence.cherchebranche(arbre, 6);
-    arborescence.choisitdocument(arbre, u"CO000006"_s);
+    arborescence.choisitdocument(arbre, decoupecle(u"CO000006"_s));
     EXPECT_EQ(arbre.selected(), arbre.indexOf(u"@CO000006"_s));
     EXPECT_TRUE(arbre.expanded(arbre.indexOf(u"CO 6"_s)));
 }

@@ -50,6 +50,11 @@ protected:
         ouvre();
         arborescence.chargearbrebase(arbre, code);
     }
+    /// The command that asks for what a click on a node leads to.
+    QString commandeclic(int noeud, const QString& code) const {
+        const Cle cle = Arborescence::documentde(arbre, noeud, code);
+        return cle.vide() ? QString() : u"TA"_s + cle.texte();
+    }
     void developpe(const QString& cle) { arborescence.developpe(arbre, arbre.indexOf(cle)); }
     bool present(const QString& cle) const { return arbre.indexOf(cle) != 0; }
     QString etiquette(const QString& cle) const { return arbre.tag(arbre.indexOf(cle)); }

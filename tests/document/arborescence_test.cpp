@@ -130,11 +130,11 @@ TEST_F(ArborescenceTest, AClickOnADocumentGivesItsCommandAndOneOnABranchNone) {
     noeuds = {{1, 0, u"CO"_s, 1, u"Livre"_s, 1}};
     documents = {{u"CO000001"_s, u"Un"_s, 1}};
     charge();
-    EXPECT_EQ(Arborescence::commandeclic(arbre, arbre.indexOf(u"@CO000001"_s), u"CO"_s), u"TACO000001"_s);
-    EXPECT_TRUE(Arborescence::commandeclic(arbre, arbre.indexOf(u"CO 1"_s), u"CO"_s).isEmpty());
-    EXPECT_TRUE(Arborescence::commandeclic(arbre, 1, u"CO"_s).isEmpty());
-    EXPECT_TRUE(Arborescence::commandeclic(arbre, 0, u"CO"_s).isEmpty());
-    EXPECT_TRUE(Arborescence::commandeclic(arbre, 99, u"CO"_s).isEmpty());
+    EXPECT_EQ(commandeclic(arbre.indexOf(u"@CO000001"_s), u"CO"_s), u"TACO000001"_s);
+    EXPECT_TRUE(commandeclic(arbre.indexOf(u"CO 1"_s), u"CO"_s).isEmpty());
+    EXPECT_TRUE(commandeclic(1, u"CO"_s).isEmpty());
+    EXPECT_TRUE(commandeclic(0, u"CO"_s).isEmpty());
+    EXPECT_TRUE(commandeclic(99, u"CO"_s).isEmpty());
 }
 
 TEST_F(ArborescenceTest, DocumentsOfAnotherCollectionWithTheSameNodeAreNotAdded) {
@@ -235,7 +235,7 @@ TEST_F(ArborescenceTest, NodesThatDoNotStandOrAreDocumentsLoadNothing) {
     EXPECT_TRUE(sablier.vus.isEmpty());
     TreeNodes vide;
     arborescence.cherchebranche(vide, 1);
-    arborescence.choisitdocument(vide, u"CO000001"_s);
+    arborescence.choisitdocument(vide, decoupecle(u"CO000001"_s));
     EXPECT_EQ(vide.selected(), 0);
 }
 

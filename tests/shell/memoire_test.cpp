@@ -70,14 +70,14 @@ TEST_F(MemoireTest, AListThatDoesNotFitIsOneMessageAndWhatItHasStays) {
         cles << u"JP"_s + sixchiffres(numero);
     {
         const LittleMemory peu(0);
-        programme->selection().remplit(cles);
+        programme->selection().controle().remplit(cles);
     }
     const QStringList textes = dits();
     ASSERT_EQ(textes.size(), 1);
     EXPECT_TRUE(textes.first().startsWith(u"La mémoire disponible ne suffit pas pour remplir cette liste"_s));
     EXPECT_LT(programme->selection().liste().lignes(), cles.size());
-    EXPECT_FALSE(programme->selection().etat().rechercheactive);
-    programme->selection().remplit(cles);
+    EXPECT_FALSE(programme->selection().controle().etat().rechercheactive);
+    programme->selection().controle().remplit(cles);
     EXPECT_EQ(programme->selection().liste().lignes(), cles.size());
     EXPECT_TRUE(programme->selection().flex().isVisible());
     EXPECT_TRUE(dits().isEmpty());

@@ -56,8 +56,8 @@ protected:
         if (!cles.isEmpty())
             liste().remplit(cles);
     }
-    Selection& liste() const { return programme->selection(); }
-    FlexGrid& flex() const { return liste().flex(); }
+    ControleListe& liste() const { return programme->selection().controle(); }
+    FlexGrid& flex() const { return programme->selection().flex(); }
     VoletSelection& volet() const { return ecran().picturesselection(); }
     Toolbar& barre() const { return volet().recherchetoolbar(); }
     QString etat() const { return ecran().barreetat().panelText(QStringLiteral("wait")); }

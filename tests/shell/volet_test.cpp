@@ -19,7 +19,7 @@ using VoletTest = SelectionTest;
 
 TEST_F(VoletTest, AnEmptyListShowsTheSearchFormWithThePaneAndHidesItWithIt) {
     ouvre({});
-    QSignalSpy voulus(&liste(), &Selection::criteresvoulus);
+    QSignalSpy voulus(&programme->selection(), &Selection::criteresvoulus);
     presse(ecran().barrecommande(), "Rechercher");
     EXPECT_TRUE(volet().isVisible());
     EXPECT_EQ(voulus.size(), 1);
@@ -38,7 +38,7 @@ TEST_F(VoletTest, AListWithAResultShowsWithoutTheForm) {
     presse(ecran().barrecommande(), "Rechercher");
     EXPECT_FALSE(volet().isVisible());
     EXPECT_EQ(etat(), QString());
-    QSignalSpy voulus(&liste(), &Selection::criteresvoulus);
+    QSignalSpy voulus(&programme->selection(), &Selection::criteresvoulus);
     entree("mselection")->trigger();
     EXPECT_TRUE(volet().isVisible());
     EXPECT_TRUE(flex().isVisible());

@@ -1,0 +1,317 @@
+#include "search/controleliste.h"
+
+#include "core/cle.h"
+#include "core/langue.h"
+#include "platform/base/memory.h"
+#include "platform/system/files.h"
+#include "search/recherchedico.h"
+#include "search/selectionoutil.h"
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString section = u"RECHERCHE"_s;
+const QString cleordre = u"ORDRECOLONNE"_s;
+const QString clelargeurs = u"LARGEURCOLONNE"_s;
+/// So many documents are opened without a question: a list with all its rows selected takes its time.
+constexpr qsizetype plusdouvertures = 50;
+constexpr int titredesmessages = 8;
+constexpr int titredelimpression = 33;
+
+} // namespace
+
+ControleListe::ControleListe(const Monde& monde, VueLignes& lignes, VueListe& vue)
+    : monde_(monde), lignes_(lignes), vue_(vue), liste_(monde.texte),
+      cession_(monde.evenements), atelier_{monde.corpus,
+                                           liste_,
+                                           monde.sablier,
+                                           monde.dialogues,
+                                           cession_,
+                                           monde.texte,
+                                           [this](const QString& etat) { vue_.ditetat(etat); }} {
+    reprise_.setSingleShot(true);
+    QObject::connect(&reprise_, &QTimer::timeout, [this] {
+        if (auto travail = std::exchange(suite_, {}))
+            quandlibre(std::move(travail));
+    });
+    litcolonnes();
+}
+
+void ControleListe::charge() {
+    vue_.permetbouton(u"regrouper"_s, true);
+    montrelignes();
+}
+
+// ---- the searches' side
+
+void ControleListe::commence() {
+    if (++remplissages_ == 1)
+        lignes_.cache();
+}
+
+void ControleListe::acheve() {
+    if (--remplissages_ > 0)
+        return;
+    montrelignes();
+    // Not here: the search that has just left may still be on its way out.
+    if (suite_)
+        reprise_.start(0);
+}
+
+void ControleListe::montrelignes() {
+    for (int colonne = 0; colonne < ListeSelection::colonnesvisibles; ++colonne)
+        lignes_.montremarque(colonne, liste_.marque(colonne));
+    lignes_.relit();
+    montrechoix();
+    lignes_.montre(liste_.visible);
+}
+
+void ControleListe::publie(const PublicationFin& fin) {
+    for (const QString& cle : {u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s,
+                               u"imprimercritères"_s, u"envoyercritères"_s})
+        vue_.permetbouton(cle, fin.resultatpresent);
+    vue_.permetbouton(u"ouvrircritères"_s, fin.ouvrircriteres);
+}
+
+void ControleListe::formulairevisible(bool visible) {
+    vue_.enfoncebouton(u"affichercritères"_s, visible);
+    vue_.infobulle(u"affichercritères"_s, texte(infobullecriteres(visible)));
+}
+
+void ControleListe::montreliste() {
+    vue_.montrepanneau(true);
+    vue_.majdispositions();
+}
+
+// ---- the panel
+
+void ControleListe::affichemenuselection(bool visible) {
+    if (!visible) {
+        vue_.ditetat(QString());
+        cachepanneau();
+        return;
+    }
+    vue_.montrepanneau(true);
+    if (!liste_.visible)
+        vue_.montrecriteres(true);
+    vue_.majdispositions();
+}
+
+/// With the form: what it found beside a hidden panel would be seen nowhere.
+void ControleListe::cachepanneau() {
+    vue_.montrepanneau(false);
+    vue_.montrecriteres(false);
+    vue_.majdispositions();
+}
+
+void ControleListe::regroupe(bool enfonce) {
+    lignes_.regroupe(enfonce);
+    vue_.infobulle(u"regrouper"_s, texte(infobulleregrouper(enfonce)));
+}
+
+void ControleListe::litcolonnes() {
+    liste_.prendcolonnes(monde_.reglages.getsetting(section, cleordre),
+                         monde_.reglages.getsetting(section, clelargeurs));
+}
+
+void ControleListe::ecritcolonnes() {
+    const QString largeurs = liste_.largeurs();
+    for (int colonne = 0; colonne < ListeSelection::colonnesvisibles; ++colonne)
+        liste_.changelargeur(colonne, lignes_.largeur(colonne));
+    Reglages& reglages = monde_.reglages;
+    if (liste_.ordre() != reglages.getsetting(section, cleordre, ListeSelection::masqueordre.toString()))
+        reglages.savesetting(section, cleordre, liste_.ordre());
+    if (liste_.largeurs() != largeurs)
+        reglages.savesetting(section, clelargeurs, liste_.largeurs());
+}
+
+// ---- the selected rows
+
+void ControleListe::litchoix() {
+    const auto [row, rowsel] = lignes_.choix();
+    liste_.choisit(row, rowsel);
+}
+
+void ControleListe::montrechoix() {
+    lignes_.choisit(liste_.row(), liste_.rowsel());
+}
+
+void ControleListe::trie(int colonne) {
+    if (remplie())
+        return;
+    const Attente attente(monde_.sablier);
+    litchoix();
+    lignes_.trie(colonne, liste_.marque(colonne) == ListeSelection::Marque::Ascendante);
+    montrechoix();
+}
+
+QStringList ControleListe::cleschoisies() const {
+    const auto [premiere, derniere] = liste_.rangschoisis();
+    QStringList cles;
+    for (int rang = std::max(premiere, 1); rang <= derniere; ++rang)
+        cles << liste_.cle(rang);
+    return cles;
+}
+
+void ControleListe::ouvre() {
+    if (remplie())
+        return;
+    litchoix();
+    const QStringList cles = cleschoisies();
+    if (cles.size() > plusdouvertures && !veutouvrir(cles.size()))
+        return;
+    for (const QString& cle : cles)
+        vue_.ouvredocument(cle, liste_.mot1, liste_.mot2);
+}
+
+bool ControleListe::veutouvrir(qsizetype nombre) const {
+    constexpr int question = 9495;
+    return monde_.dialogues.message(remplace(texte(question), {QString::number(nombre)}), texte(titredesmessages),
+                                    Icone::Question, Bouton::Oui | Bouton::Non, Bouton::Non) == Bouton::Oui;
+}
+
+void ControleListe::supprime() {
+    if (remplie() || lignes_.choix().first < 1)
+        return;
+    litchoix();
+    lignes_.fige();
+    liste_.supprimeselection();
+    lignes_.relit();
+    montrechoix();
+    vue_.ditetat(textecompte(liste_.lignes(), monde_.texte));
+}
+
+void ControleListe::imprime() {
+    constexpr int question = 2432;
+    constexpr int impossible = 9496;
+    if (remplie() || liste_.lignes() == 0 ||
+        monde_.dialogues.message(texte(question) + u" ?"_s, texte(titredelimpression), Icone::Question,
+                                 Bouton::Oui | Bouton::Non) != Bouton::Oui)
+        return;
+    lignes_.choisittout();
+    const TableauImprime papier = tableau();
+    const bool imprimee = [&] {
+        const Attente attente(monde_.sablier);
+        return monde_.imprimante.imprime(papier);
+    }();
+    if (!imprimee)
+        monde_.dialogues.message(texte(impossible), texte(titredelimpression), Icone::Exclamation);
+}
+
+TableauImprime ControleListe::tableau() const {
+    TableauImprime papier{texte(titredelimpression), {}, {}, lignes_.copie()};
+    for (int colonne = 0; colonne < ListeSelection::colonnes; ++colonne) {
+        papier.entetes << liste_.entete(colonne);
+        papier.largeurs << lignes_.largeur(colonne);
+    }
+    return papier;
+}
+
+void ControleListe::suivantrecherche() {
+    if (remplie())
+        return;
+    litchoix();
+    if (!liste_.suivantrecherche())
+        return;
+    montrechoix();
+    ouvre();
+}
+
+void ControleListe::precedentrecherche() {
+    if (remplie())
+        return;
+    litchoix();
+    if (!liste_.precedentrecherche())
+        return;
+    montrechoix();
+    ouvre();
+}
+
+// ---- lists that come from elsewhere
+
+void ControleListe::quandlibre(std::function<void()> travail) {
+    if (!remplie()) {
+        travaille(travail);
+        return;
+    }
+    suite_ = std::move(travail);
+    etat_.rechercheactive = false;
+}
+
+/// Where the memory does not suffice, what the list holds by then stays.
+void ControleListe::travaille(const std::function<void()>& travail) {
+    constexpr int sansmemoire = 9567;
+    if (withinMemory(travail))
+        return;
+    {
+        const Remplissage remplissage(*this);
+        publie(finitliste(atelier_, etat_));
+    }
+    montreliste();
+    monde_.dialogues.message(texte(sansmemoire), texte(titredesmessages), Icone::Exclamation);
+}
+
+void ControleListe::remplit(const QStringList& cles) {
+    quandlibre([this, cles] { remplitmaintenant(cles); });
+}
+
+void ControleListe::remplitmaintenant(const QStringList& cles) {
+    {
+        const Remplissage remplissage(*this);
+        commenceliste(atelier_);
+        ajoute(cles);
+        publie(finitliste(atelier_, etat_));
+        vue_.ditetat(textecompte(liste_.lignes(), monde_.texte));
+    }
+    montreliste();
+}
+
+void ControleListe::ajoute(const QStringList& cles) {
+    for (const QString& cle : cles) {
+        const Recordset* rangee = monde_.corpus.rangee(decoupecle(cle));
+        if (rangee && ajoutedocument(liste_, *rangee) != 0)
+            return;
+    }
+}
+
+void ControleListe::cherchedans(const QString& code, const QString& mots,
+                                const std::function<void(const QString&)>& ligne) {
+    quandlibre([this, code, mots, ligne] { cherchemaintenant(code, mots, ligne); });
+}
+
+void ControleListe::cherchemaintenant(const QString& code, const QString& mots,
+                                      const std::function<void(const QString&)>& ligne) {
+    const Remplissage remplissage(*this);
+    const ResultatDico resultat = RechercheDico(atelier_, ligne).cherche(DemandeDico::defenetre(mots, code), etat_);
+    publie(resultat.fin);
+    if (resultat.fin.resultatpresent) {
+        montreliste();
+        return;
+    }
+    if (resultat.issue == ResultatDico::Issue::Terminee)
+        vue_.ditetat(textecompte(0, monde_.texte));
+    cachepanneau();
+}
+
+bool ControleListe::prenddoutil(const QString& dossiertemporaire) {
+    const QString chemin = fichierselection(dossiertemporaire);
+    if (!fileExists(chemin))
+        return false;
+    quandlibre([this, chemin] { prendmaintenant(chemin); });
+    return true;
+}
+
+void ControleListe::prendmaintenant(const QString& chemin) {
+    const Remplissage remplissage(*this);
+    const auto resultat = remplitdepuisoutil(chemin, atelier_, etat_);
+    if (!resultat)
+        return;
+    publie(resultat->fin);
+    vue_.elargitpanneau();
+    montreliste();
+}
+
+} // namespace velm

@@ -1,0 +1,132 @@
+// What the panel of the selection list shows, and who else fills the list.
+#include "search/selectionoutil.h"
+#include "tests/search/controleliste_support.h"
+
+#include <QFile>
+
+using namespace velm;
+using namespace velm::test;
+
+namespace {
+
+using PanneauListeTest = ControleListeTest;
+
+const QStringList cache{u"cache"_s, u"cache les critères"_s, u"dispositions"_s};
+
+} // namespace
+
+// ---- what is published
+
+TEST_F(PanneauListeTest, TheEndOfASearchPublishesTheButtons) {
+    const QStringList duresultat{u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s,
+                                 u"imprimercritères"_s, u"envoyercritères"_s};
+    for (const bool present : {true, false}) {
+        controle->publie({present, true, present});
+        for (const QString& cle : duresultat)
+            EXPECT_EQ(panneau.permis(cle), present) << qPrintable(cle);
+        EXPECT_TRUE(panneau.permis(u"ouvrircritères"_s));
+    }
+    EXPECT_EQ(panneau.permis_.size(), 7) << "those, and the one that merges";
+}
+
+TEST_F(PanneauListeTest, TheButtonOfTheFormFollowsIt) {
+    controle->formulairevisible(true);
+    EXPECT_TRUE(panneau.enfonces.value(u"affichercritères"_s));
+    EXPECT_EQ(panneau.bulles.value(u"affichercritères"_s), u"t2431");
+    controle->formulairevisible(false);
+    EXPECT_FALSE(panneau.enfonces.value(u"affichercritères"_s));
+    EXPECT_EQ(panneau.bulles.value(u"affichercritères"_s), u"t2430");
+}
+
+TEST_F(PanneauListeTest, ThePanelBringsTheFormAsLongAsThereWasNoResult) {
+    controle->affichemenuselection(true);
+    EXPECT_EQ(panneau.journal, (QStringList{u"montre"_s, u"montre les critères"_s, u"dispositions"_s}));
+    panneau.journal.clear();
+    controle->affichemenuselection(false);
+    EXPECT_EQ(panneau.journal, cache);
+    EXPECT_EQ(etatdit(), QString());
+    remplit({});
+    panneau.journal.clear();
+    controle->affichemenuselection(true);
+    EXPECT_EQ(panneau.journal, (QStringList{u"montre"_s, u"dispositions"_s}));
+}
+
+TEST_F(PanneauListeTest, NothingOfTheListIsTouchedWhileItIsFilled) {
+    remplit();
+    grille.choisit(2, 2);
+    grille.caches = 0;
+    {
+        const Remplissage dehors(*controle);
+        {
+            const Remplissage dedans(*controle);
+            EXPECT_FALSE(grille.montree);
+        }
+        EXPECT_FALSE(grille.montree) << "still filled";
+        controle->suivantrecherche();
+        controle->precedentrecherche();
+        controle->trie(0);
+        controle->supprime();
+        controle->imprime();
+        controle->ouvre();
+        EXPECT_EQ(grille.choisies, (std::pair{2, 2}));
+        EXPECT_TRUE(panneau.ouverts.isEmpty());
+        EXPECT_TRUE(dialogues.messages.empty());
+        EXPECT_EQ(controle->liste().lignes(), 5);
+        EXPECT_EQ(controle->liste().marque(0), ListeSelection::Marque::Aucune);
+    }
+    EXPECT_EQ(grille.caches, 1);
+    EXPECT_TRUE(grille.montree);
+    EXPECT_FALSE(grille.figee);
+}
+
+// ---- the word search of a document window
+
+TEST_F(PanneauListeTest, ASearchOfAWindowTellsItsLinesAndShowsWhatItFound) {
+    QStringList lignes;
+    controle->cherchedans(u"CO"_s, u"prix deux"_s, [&](const QString& ligne) { lignes << ligne; });
+    EXPECT_EQ(lignes, (QStringList{u"prix : 5 ( 4 )"_s, u"deux : 3 ( 2 )"_s}));
+    EXPECT_EQ(colonne(ListeSelection::Clef), (QStringList{u"CO000002"_s, u"CO000004"_s}));
+    EXPECT_EQ(controle->liste().mot1, u"DEUX");
+    EXPECT_EQ(controle->liste().mot2, u"PRIX");
+    EXPECT_EQ(etatdit(), u" 2 documents");
+    EXPECT_TRUE(grille.montree);
+    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_EQ(panneau.journal, (QStringList{u"montre"_s, u"dispositions"_s}));
+}
+
+TEST_F(PanneauListeTest, ASearchOfAWindowWithoutAResultHidesTheListAndTheForm) {
+    remplit();
+    panneau.journal.clear();
+    QStringList lignes;
+    controle->cherchedans(u"CO"_s, u"ab introuvable"_s, [&](const QString& ligne) { lignes << ligne; });
+    EXPECT_EQ(controle->liste().lignes(), 0);
+    EXPECT_FALSE(grille.montree);
+    EXPECT_EQ(panneau.journal, cache);
+    EXPECT_EQ(lignes.size(), 2);
+    EXPECT_EQ(etatdit(), u" 0 document") << "what was found stays said";
+    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
+    // A line of one letter is refused word by word, not sent elsewhere.
+    controle->cherchedans(u"CO"_s, u"a"_s, [&](const QString& ligne) { lignes << ligne; });
+    EXPECT_EQ(lignes.size(), 3);
+}
+
+// ---- tools
+
+TEST_F(PanneauListeTest, AToolFillsTheListFromItsFileAndWidensThePanel) {
+    const QString chemin = fichierselection(dossier.path());
+    QFile fichier(chemin);
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+    fichier.write("prix\r\ntaxe\r\nCO000003\r\nCO000999\r\nJP000007\r\n");
+    fichier.close();
+    EXPECT_TRUE(controle->prenddoutil(dossier.path()));
+    EXPECT_EQ(colonne(ListeSelection::Clef), (QStringList{u"CO000003"_s, u"JP000007"_s}));
+    EXPECT_EQ(controle->liste().mot1, u"prix");
+    EXPECT_EQ(controle->liste().mot2, u"taxe");
+    EXPECT_EQ(etatdit(), u" 2 documents");
+    EXPECT_EQ(panneau.journal, (QStringList{u"élargit"_s, u"montre"_s, u"dispositions"_s}));
+    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_FALSE(QFile::exists(chemin));
+    EXPECT_FALSE(controle->prenddoutil(dossier.path()));
+    EXPECT_EQ(controle->liste().lignes(), 2);
+    EXPECT_EQ(panneau.journal.size(), 3);
+}

@@ -1,0 +1,128 @@
+#pragma once
+// The selection list over a grid and a panel that only remember what they were told.
+#include "search/controleliste.h"
+#include "tests/search/recherche_support.h"
+#include "tests/support/outside_script.h"
+
+namespace velm::test {
+
+class GrilleEssai final : public VueLignes {
+public:
+    void cache() override {
+        montree = false;
+        fige();
+        ++caches;
+    }
+    void fige() override { figee = true; }
+    void relit() override { figee = false; }
+    void montre(bool visible) override {
+        EXPECT_FALSE(figee);
+        montree = visible;
+    }
+    void montremarque(int colonne, ListeSelection::Marque marque) override {
+        marques.at(static_cast<std::size_t>(colonne)) = marque;
+    }
+    void trie(int colonne, bool descendant) override { liste->trie(colonne, descendant); }
+    void regroupe(bool regroupees) override { regroupee = regroupees; }
+    std::pair<int, int> choix() const override { return choisies; }
+    void choisit(int row, int rowsel) override { choisies = {row, rowsel}; }
+    void choisittout() override { choisies = {1, liste->lignes()}; }
+    QString copie() const override { return u"%1-%2"_s.arg(choisies.first).arg(choisies.second); }
+    int largeur(int colonne) const override { return largeurs.at(static_cast<std::size_t>(colonne)); }
+
+    ListeSelection* liste = nullptr;
+    bool montree = true;
+    bool figee = false;
+    bool regroupee = false;
+    int caches = 0;
+    std::pair<int, int> choisies;
+    std::array<ListeSelection::Marque, ListeSelection::colonnesvisibles> marques{};
+    std::array<int, ListeSelection::colonnes> largeurs{3000, 2000, 2000, 2000, 500, 1000, 0};
+};
+
+class PanneauEssai final : public VueListe {
+public:
+    void permetbouton(const QString& cle, bool permis) override { permis_[cle] = permis; }
+    void enfoncebouton(const QString& cle, bool enfonce) override { enfonces[cle] = enfonce; }
+    void infobulle(const QString& cle, const QString& texte) override { bulles[cle] = texte; }
+    void ditetat(const QString& texte) override {
+        etats << texte;
+        if (surprise)
+            surprise();
+    }
+    void montrepanneau(bool visible) override { journal << (visible ? u"montre"_s : u"cache"_s); }
+    void elargitpanneau() override { journal << u"élargit"_s; }
+    void montrecriteres(bool montres) override {
+        journal << (montres ? u"montre les critères"_s : u"cache les critères"_s);
+    }
+    void majdispositions() override { journal << u"dispositions"_s; }
+    void ouvredocument(const QString& cle, const QString& mot1, const QString& mot2) override {
+        ouverts << cle + u' ' + mot1 + u' ' + mot2;
+    }
+
+    bool permis(const QString& cle) const { return permis_.value(cle); }
+
+    QStringList journal;
+    QStringList etats;
+    QStringList ouverts;
+    QHash<QString, bool> permis_;
+    QHash<QString, bool> enfonces;
+    QHash<QString, QString> bulles;
+    /// Happens when something is said in the status panel.
+    std::function<void()> surprise;
+};
+
+class ControleListeTest : public BaseRecherche {
+protected:
+    void SetUp() override {
+        BaseRecherche::SetUp();
+        documents = {{u"CO000001"_s, u"Béta"_s, {u"Vente"_s, u"Prix"_s, u"Taxe"_s}},
+                     {u"CO000002"_s, u"alpha"_s},
+                     {u"CO000003"_s, u"Delta"_s},
+                     {u"CO000004"_s, u"gamma"_s},
+                     {u"JP000007"_s, u"Un arrêt"_s}};
+        mots = {{u"DEUX"_s, entree('A', 2) + entree('A', 4) + entree('C', 7)},
+                {u"PRIX"_s, entrees(1, 4) + entree('C', 7)}};
+        ouvre();
+        demarre();
+    }
+
+    /// A list as at the next run of the program.
+    void demarre() {
+        controle.reset();
+        grille = {};
+        panneau = {};
+        reglages.emplace(magasin);
+        controle = std::make_unique<ControleListe>(ControleListe::Monde{corpus, *reglages, sablier, dialogues,
+                                                                        imprimante, [](int id) { return textes(id); },
+                                                                        [this] {
+                                                                            if (evenement)
+                                                                                evenement();
+                                                                        }},
+                                                   grille, panneau);
+        grille.liste = &controle->liste();
+        controle->charge();
+    }
+
+    void remplit(const QStringList& cles = {u"CO000001"_s, u"CO000002"_s, u"CO000003"_s, u"CO000004"_s,
+                                            u"JP000007"_s}) {
+        controle->remplit(cles);
+    }
+
+    QStringList colonne(ListeSelection::Champ champ) const {
+        QStringList tous;
+        for (int rang = 1; rang < controle->liste().rows(); ++rang)
+            tous << controle->liste().champ(rang, champ);
+        return tous;
+    }
+    QString etatdit() const { return panneau.etats.value(panneau.etats.size() - 1); }
+
+    GrilleEssai grille;
+    PanneauEssai panneau;
+    ImprimanteScript imprimante;
+    ReglagesStore magasin{dossier.filePath(u"reglages.ini"_s)};
+    std::optional<Reglages> reglages;
+    std::unique_ptr<ControleListe> controle;
+};
+
+} // namespace velm::test
