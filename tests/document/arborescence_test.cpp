@@ -137,6 +137,15 @@ TEST_F(ArborescenceTest, AClickOnADocumentGivesItsCommandAndOneOnABranchNone) {
     EXPECT_TRUE(commandeclic(99, u"CO"_s).isEmpty());
 }
 
+TEST_F(ArborescenceTest, ADocumentThatWritesItsCodeInAnotherCaseIsOneOfItsCollection) {
+    noeuds = {{1, 0, u"CO"_s, 1, u"Livre"_s, 1}};
+    documents = {{u"co000001"_s, u"Un"_s, 1}};
+    charge();
+    const int feuille = arbre.child(arbre.indexOf(u"CO 1"_s));
+    ASSERT_EQ(arbre.key(feuille), u"@co000001"_s);
+    EXPECT_EQ(commandeclic(feuille, u"CO"_s), u"TACO000001"_s);
+}
+
 TEST_F(ArborescenceTest, DocumentsOfAnotherCollectionWithTheSameNodeAreNotAdded) {
     noeuds = {{4, 0, u"CO"_s, 1, u"Livre"_s, 2}};
     documents = {{u"EU000001"_s, u"Avant"_s, 4},
