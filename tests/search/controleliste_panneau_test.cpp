@@ -79,6 +79,22 @@ TEST_F(PanneauListeTest, NothingOfTheListIsTouchedWhileItIsFilled) {
     EXPECT_FALSE(grille.figee);
 }
 
+TEST_F(PanneauListeTest, AListThatComesWhileASearchRunsStopsItAndWaitsForItsEnd) {
+    controle->poste().fait([this](const std::stop_token& recherche) {
+        const Remplissage remplissage(*controle);
+        EXPECT_FALSE(recherche.stop_requested());
+        remplit({u"CO000001"_s});
+        EXPECT_TRUE(recherche.stop_requested());
+        EXPECT_EQ(controle->liste().lignes(), 0);
+        EXPECT_FALSE(grille.montree);
+        // The newest one wins.
+        remplit({u"CO000003"_s, u"CO000002"_s});
+    });
+    EXPECT_EQ(colonne(ListeSelection::Clef), (QStringList{u"CO000003"_s, u"CO000002"_s}));
+    EXPECT_EQ(grille.caches, 2);
+    EXPECT_TRUE(grille.montree);
+}
+
 // ---- the word search of a document window
 
 TEST_F(PanneauListeTest, ASearchOfAWindowTellsItsLinesAndShowsWhatItFound) {
