@@ -126,6 +126,16 @@ TEST_F(PanneauListeTest, ASearchOfAWindowWithoutAResultHidesTheListAndTheForm) {
     EXPECT_EQ(lignes.size(), 3);
 }
 
+TEST_F(PanneauListeTest, ASearchOfAWindowThatTheMemoryDoesNotSufficeForShowsWhatThereIs) {
+    remplit();
+    controle->cherchedans(u"CO"_s, u"prix"_s, [](const QString&) { throw std::bad_alloc(); });
+    EXPECT_EQ(dialogues.texts(), QStringList{u"t9567"_s});
+    EXPECT_EQ(controle->liste().lignes(), 0);
+    EXPECT_TRUE(grille.montree);
+    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_FALSE(controle->poste().occupe());
+}
+
 // ---- tools
 
 TEST_F(PanneauListeTest, AToolFillsTheListFromItsFileAndWidensThePanel) {
