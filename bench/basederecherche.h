@@ -45,7 +45,6 @@ struct BaseDeRecherche {
     Cession cession;
     Atelier atelier{
         corpus, selection, sablier, dialogues, cession, [](int) { return QString(); }, [](const QString&) {}};
-    EtatRecherche etat;
 };
 
 } // namespace velm

@@ -200,8 +200,8 @@ void deuxmots(benchmark::State& etat) {
     for ([[maybe_unused]] const auto& tour : etat) {
         {
             const Remplissage remplissage(selection);
-            const ResultatDico resultat = recherche.cherche(
-                {QStringLiteral("consommateur garantie"), touteslettres(), true, limitedindex(0)}, selection.etat());
+            const ResultatDico resultat =
+                recherche.cherche({QStringLiteral("consommateur garantie"), touteslettres(), true, limitedindex(0)});
             selection.publie(resultat.fin);
             lignes = resultat.hits;
         }

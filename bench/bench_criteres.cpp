@@ -33,7 +33,7 @@ void corps(benchmark::State& state, const QString& texte, Facon facon) {
     recherche.sanstable(facon == SansTable);
     ResultatCriteres resultat;
     for ([[maybe_unused]] auto _ : state)
-        resultat = recherche.cherche(criteres, {}, touteslettres(), commune->etat);
+        resultat = recherche.cherche(criteres, {}, touteslettres());
     state.counters["rows"] = static_cast<double>(resultat.hits);
     state.counters["seen"] = static_cast<double>(resultat.vus);
 }
@@ -49,7 +49,7 @@ void touslesdocuments(benchmark::State& state) {
     RechercheCriteres recherche(commune->atelier, {});
     ResultatCriteres resultat;
     for ([[maybe_unused]] auto _ : state)
-        resultat = recherche.cherche(criteres, {}, touteslettres(), commune->etat);
+        resultat = recherche.cherche(criteres, {}, touteslettres());
     state.counters["rows"] = static_cast<double>(resultat.hits);
 }
 BENCHMARK(touslesdocuments)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -64,9 +64,9 @@ void affine(benchmark::State& state) {
     ResultatCriteres resultat;
     for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
-        recherche.cherche(tous, {}, touteslettres(), commune->etat);
+        recherche.cherche(tous, {}, touteslettres());
         state.ResumeTiming();
-        resultat = recherche.affine(criteres, {}, commune->etat);
+        resultat = recherche.affine(criteres, {});
     }
     state.counters["rows"] = static_cast<double>(resultat.hits);
     state.counters["seen"] = static_cast<double>(resultat.vus);

@@ -57,7 +57,7 @@ void chercheligne(benchmark::State& state, const QString& mots, qint64 limite) {
     qint64 hits = 0;
     for ([[maybe_unused]] auto _ : state) {
         lignes = 0;
-        hits = recherche.cherche({mots, touteslettres(), !mots.contains(u'*'), limite}, commune->etat).hits;
+        hits = recherche.cherche({mots, touteslettres(), !mots.contains(u'*'), limite}).hits;
     }
     state.counters["lines"] = static_cast<double>(lignes);
     state.counters["rows"] = static_cast<double>(hits);
@@ -82,7 +82,7 @@ void rapidesansresultat(benchmark::State& state) {
     RechercheRapide recherche(commune->atelier, {});
     qint64 vus = 0;
     for ([[maybe_unused]] auto _ : state) {
-        const ResultatRapide r = recherche.cherche({u"zyxwvut"_s, touteslettres()}, commune->etat);
+        const ResultatRapide r = recherche.cherche({u"zyxwvut"_s, touteslettres()});
         if (r.hits != 0)
             state.SkipWithError("the text is in the base");
         vus = r.vus;
@@ -95,7 +95,7 @@ void rapidetoutesleslignes(benchmark::State& state) {
     RechercheRapide recherche(commune->atelier, {});
     qint64 hits = 0;
     for ([[maybe_unused]] auto _ : state)
-        hits = recherche.cherche({QString(), touteslettres()}, commune->etat).hits;
+        hits = recherche.cherche({QString(), touteslettres()}).hits;
     state.counters["rows"] = static_cast<double>(hits);
 }
 BENCHMARK(rapidetoutesleslignes)->Unit(benchmark::kMillisecond);
@@ -140,7 +140,7 @@ void tripartitre(benchmark::State& state) {
 BENCHMARK(tripartitre)->Arg(documents)->Unit(benchmark::kMillisecond);
 
 void trideladocumentation(benchmark::State& state) {
-    RechercheRapide(commune->atelier, {}).cherche({QString(), touteslettres()}, commune->etat);
+    RechercheRapide(commune->atelier, {}).cherche({QString(), touteslettres()});
     bool descendant = false;
     for ([[maybe_unused]] auto _ : state)
         commune->selection.trie(0, std::exchange(descendant, !descendant));

@@ -39,7 +39,6 @@ public:
     void ecrit(const QStringList& lignes, bool enjson) const;
 
     Corpus corpus;
-    EtatRecherche etat;
 
 private:
     Contexte& contexte_;

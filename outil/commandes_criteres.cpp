@@ -186,7 +186,7 @@ int criteres(Contexte& contexte) {
         return refuse(contexte, demande.type, u"--type"_s);
     RechercheCriteres recherche(banc.atelier(), {});
     recherche.sanstable(demande.sanstable);
-    recherche.cherche(demande.criteres, types, demande.lettres, banc.etat);
+    recherche.cherche(demande.criteres, types, demande.lettres);
     banc.ecrit({}, demande.json);
     return Reussite;
 }

@@ -51,7 +51,7 @@ int mots(Contexte& contexte) {
         return code;
     QStringList lignes;
     RechercheDico recherche(banc.atelier(), [&lignes](const QString& ligne) { lignes << ligne; });
-    const ResultatDico resultat = recherche.cherche({demande.texte, demande.lettres, !ou, demande.limite}, banc.etat);
+    const ResultatDico resultat = recherche.cherche({demande.texte, demande.lettres, !ou, demande.limite});
     if (resultat.issue == ResultatDico::Issue::TexteCourt)
         return contexte.echoue(LigneIncorrecte, 9455);
     banc.ecrit(lignes, demande.json);
@@ -65,7 +65,7 @@ int rapide(Contexte& contexte) {
     Banc banc(contexte);
     if (const int code = ouvrebase(contexte, banc.corpus, demande.base); code != Reussite)
         return code;
-    RechercheRapide(banc.atelier(), {}).cherche({demande.texte, demande.lettres, demande.limite}, banc.etat);
+    RechercheRapide(banc.atelier(), {}).cherche({demande.texte, demande.lettres, demande.limite});
     banc.ecrit({}, demande.json);
     return Reussite;
 }

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <functional>
+#include <stop_token>
 
 namespace velm {
 
@@ -20,11 +21,11 @@ public:
     /// True when it is time to show how far the work is and to let events through.
     bool due() const { return Horloge::now() - derniere_ >= pas_; }
 
-    /// Lets events through. False when `active` has become false meanwhile: the search leaves at once.
-    bool cede(const bool& active);
+    /// Lets events through. False when the search is to stop: it leaves at once.
+    bool cede(const std::stop_token& arret);
     /// The same around a table that others use as well: it is put back on its index and its row. A search that leaves
     /// does not touch the table again, which may be closed.
-    bool cede(Recordset& table, const bool& active);
+    bool cede(Recordset& table, const std::stop_token& arret);
 
 private:
     using Horloge = std::chrono::steady_clock;

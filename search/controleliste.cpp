@@ -25,18 +25,13 @@ constexpr int titredelimpression = 33;
 
 ControleListe::ControleListe(const Monde& monde, VueLignes& lignes, VueListe& vue)
     : monde_(monde), lignes_(lignes), vue_(vue), liste_(monde.texte),
-      cession_(monde.evenements), atelier_{monde.corpus,
-                                           liste_,
-                                           monde.sablier,
-                                           monde.dialogues,
-                                           cession_,
-                                           monde.texte,
-                                           [this](const QString& etat) { vue_.ditetat(etat); }} {
-    reprise_.setSingleShot(true);
-    QObject::connect(&reprise_, &QTimer::timeout, [this] {
-        if (auto travail = std::exchange(suite_, {}))
-            quandlibre(std::move(travail));
-    });
+      poste_(monde.evenements), atelier_{monde.corpus,
+                                         liste_,
+                                         monde.sablier,
+                                         monde.dialogues,
+                                         poste_.cession(),
+                                         monde.texte,
+                                         [this](const QString& etat) { vue_.ditetat(etat); }} {
     litcolonnes();
 }
 
@@ -53,12 +48,8 @@ void ControleListe::commence() {
 }
 
 void ControleListe::acheve() {
-    if (--remplissages_ > 0)
-        return;
-    montrelignes();
-    // Not here: the search that has just left may still be on its way out.
-    if (suite_)
-        reprise_.start(0);
+    if (--remplissages_ == 0)
+        montrelignes();
 }
 
 void ControleListe::montrelignes() {
@@ -232,13 +223,8 @@ void ControleListe::precedentrecherche() {
 
 // ---- lists that come from elsewhere
 
-void ControleListe::quandlibre(std::function<void()> travail) {
-    if (!remplie()) {
-        travaille(travail);
-        return;
-    }
-    suite_ = std::move(travail);
-    etat_.rechercheactive = false;
+void ControleListe::fait(std::function<void()> travail) {
+    poste_.fait([this, travail = std::move(travail)](const std::stop_token&) { travaille(travail); });
 }
 
 /// Where the memory does not suffice, what the list holds by then stays.
@@ -248,14 +234,14 @@ void ControleListe::travaille(const std::function<void()>& travail) {
         return;
     {
         const Remplissage remplissage(*this);
-        publie(finitliste(atelier_, etat_));
+        publie(finitliste(atelier_));
     }
     montreliste();
     monde_.dialogues.message(texte(sansmemoire), texte(titredesmessages), Icone::Exclamation);
 }
 
 void ControleListe::remplit(const QStringList& cles) {
-    quandlibre([this, cles] { remplitmaintenant(cles); });
+    fait([this, cles] { remplitmaintenant(cles); });
 }
 
 void ControleListe::remplitmaintenant(const QStringList& cles) {
@@ -263,7 +249,7 @@ void ControleListe::remplitmaintenant(const QStringList& cles) {
         const Remplissage remplissage(*this);
         commenceliste(atelier_);
         ajoute(cles);
-        publie(finitliste(atelier_, etat_));
+        publie(finitliste(atelier_));
         vue_.ditetat(textecompte(liste_.lignes(), monde_.texte));
     }
     montreliste();
@@ -279,13 +265,13 @@ void ControleListe::ajoute(const QStringList& cles) {
 
 void ControleListe::cherchedans(const QString& code, const QString& mots,
                                 const std::function<void(const QString&)>& ligne) {
-    quandlibre([this, code, mots, ligne] { cherchemaintenant(code, mots, ligne); });
+    fait([this, code, mots, ligne] { cherchemaintenant(code, mots, ligne); });
 }
 
 void ControleListe::cherchemaintenant(const QString& code, const QString& mots,
                                       const std::function<void(const QString&)>& ligne) {
     const Remplissage remplissage(*this);
-    const ResultatDico resultat = RechercheDico(atelier_, ligne).cherche(DemandeDico::defenetre(mots, code), etat_);
+    const ResultatDico resultat = RechercheDico(atelier_, ligne).cherche(DemandeDico::defenetre(mots, code));
     publie(resultat.fin);
     if (resultat.fin.resultatpresent) {
         montreliste();
@@ -300,13 +286,13 @@ bool ControleListe::prenddoutil(const QString& dossiertemporaire) {
     const QString chemin = fichierselection(dossiertemporaire);
     if (!fileExists(chemin))
         return false;
-    quandlibre([this, chemin] { prendmaintenant(chemin); });
+    fait([this, chemin] { prendmaintenant(chemin); });
     return true;
 }
 
 void ControleListe::prendmaintenant(const QString& chemin) {
     const Remplissage remplissage(*this);
-    const auto resultat = remplitdepuisoutil(chemin, atelier_, etat_);
+    const auto resultat = remplitdepuisoutil(chemin, atelier_);
     if (!resultat)
         return;
     publie(resultat->fin);

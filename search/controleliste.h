@@ -6,7 +6,6 @@
 #include "search/hoteselection.h"
 
 #include <QStringList>
-#include <QTimer>
 
 #include <functional>
 
@@ -82,7 +81,7 @@ public:
 
     // ---- HoteSelection
     Atelier& atelier() override { return atelier_; }
-    EtatRecherche& etat() override { return etat_; }
+    Poste& poste() override { return poste_; }
     void commence() override;
     void acheve() override;
     void publie(const PublicationFin& fin) override;
@@ -107,7 +106,7 @@ public:
     void suivantrecherche();
     void precedentrecherche();
 
-    // What follows fills the list at once; while a search of the form does so, that one is stopped and waited for.
+    // What follows fills the list at once, or when the search that runs has been stopped.
     /// Turns keys into the list, in this order; those without a document are passed over.
     void remplit(const QStringList& cles);
     /// The search by words of a document window, in its collection; each result line is told at once.
@@ -129,7 +128,7 @@ private:
     QStringList cleschoisies() const;
     bool veutouvrir(qsizetype nombre) const;
     TableauImprime tableau() const;
-    void quandlibre(std::function<void()> travail);
+    void fait(std::function<void()> travail);
     void travaille(const std::function<void()>& travail);
     void ajoute(const QStringList& cles);
     void remplitmaintenant(const QStringList& cles);
@@ -140,12 +139,9 @@ private:
     VueLignes& lignes_;
     VueListe& vue_;
     ListeSelection liste_;
-    Cession cession_;
+    Poste poste_;
     Atelier atelier_;
-    EtatRecherche etat_;
     int remplissages_ = 0;
-    std::function<void()> suite_; ///< to be done when the list is free
-    QTimer reprise_;
 };
 
 } // namespace velm

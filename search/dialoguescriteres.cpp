@@ -90,18 +90,12 @@ void FichiersCriteres::ditnonecrit(const QString& nom, const FileError& erreur, 
                        Icone::Stop);
 }
 
-PublicationFin restitue(const FichierCriteres& fichier, const Atelier& atelier, EtatRecherche& etat) {
-    etat.rechercheactive = false;
+PublicationFin restitue(const FichierCriteres& fichier, const Atelier& atelier) {
     rendmots(fichier, atelier.liste);
     atelier.liste.visible = false;
     rendlignes(fichier, atelier.liste);
     atelier.curseurattente(textecompte(atelier.liste.lignes(), atelier.texte));
-    const PublicationFin publication = atelier.liste.publie();
-    etat.resultatpresent = publication.resultatpresent;
-    // The rows stand as they were saved.
-    atelier.liste.effacemarquestri();
-    atelier.liste.visible = true;
-    return publication;
+    return finitliste(atelier);
 }
 
 } // namespace velm

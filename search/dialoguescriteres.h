@@ -36,8 +36,8 @@ private:
     Texte texte_;
 };
 
-/// Puts the saved rows and words to mark into the list, which then shows, and their number into the status panel. A
-/// search that still runs ends. Publishes as at the end of a search.
-PublicationFin restitue(const FichierCriteres& fichier, const Atelier& atelier, EtatRecherche& etat);
+/// Puts the saved rows and words to mark into the list, which then shows, and their number into the status panel.
+/// Publishes as at the end of a search.
+PublicationFin restitue(const FichierCriteres& fichier, const Atelier& atelier);
 
 } // namespace velm

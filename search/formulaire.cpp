@@ -8,8 +8,6 @@
 #include "search/rechercherapide.h"
 #include "search/typescherches.h"
 
-#include <QScopedValueRollback>
-
 #include <algorithm>
 
 namespace velm {
@@ -111,21 +109,18 @@ void Formulaire::lirelesmotscles() {
 }
 
 void Formulaire::annuler() {
-    if (!encours_)
+    if (!poste().occupe())
         vue_.cache();
 }
 
 void Formulaire::ferme() {
-    suite_ = {};
-    if (encours_)
-        arrete();
+    poste().arrete();
     vue_.cache();
 }
 
 void Formulaire::echappe() {
-    suite_ = {};
-    if (encours_)
-        arrete();
+    if (poste().occupe())
+        poste().arrete();
     else
         vue_.cache();
 }
@@ -144,26 +139,13 @@ void Formulaire::choisitligne(const QString& ligne) {
 // ---- searching
 
 void Formulaire::clic(Onglet onglet) {
-    if (bool& arret = arrets_.at(static_cast<std::size_t>(onglet)); arret) {
-        arret = false;
+    if (bool& arrete = arrets_.at(static_cast<std::size_t>(onglet)); arrete) {
+        arrete = false;
         vue_.libelle(onglet, texte(recherchertexte));
-        suite_ = {};
-        arrete();
+        poste().arrete();
         return;
     }
-    quandlibre([this, onglet] { cherche(onglet); });
-}
-
-void Formulaire::quandlibre(std::function<void()> travail) {
-    if (encours_) {
-        // The newest one wins. It begins when the one before has left, so that they never stand on one another.
-        suite_ = std::move(travail);
-        arrete();
-        return;
-    }
-    const QScopedValueRollback encours(encours_, true);
-    for (; travail; travail = std::exchange(suite_, {}))
-        travaille(travail);
+    poste().fait([this, onglet](const std::stop_token& arret) { travaille([&] { cherche(onglet, arret); }); });
 }
 
 void Formulaire::travaille(const std::function<void()>& travail) {
@@ -184,20 +166,20 @@ void Formulaire::abandonne() {
     vue_.cacheprogres();
     for (const Onglet onglet : {Onglet::Rapide, Onglet::Criteres, Onglet::Mots})
         vue_.libelle(onglet, texte(recherchertexte));
-    finit(finitliste(atelier(), monde_.hote.etat()));
+    finit(finitliste(atelier()));
 }
 
-void Formulaire::cherche(Onglet onglet) {
-    bool& arret = arrets_.at(static_cast<std::size_t>(onglet));
+void Formulaire::cherche(Onglet onglet, const std::stop_token& arret) {
+    bool& arrete = arrets_.at(static_cast<std::size_t>(onglet));
     const EtatFormulaire etat = vue_.etat();
     if (onglet != Onglet::Mots) {
-        arret = true;
+        arrete = true;
         vue_.libelle(onglet, texte(arretertexte));
     }
-    const std::optional<PublicationFin> fin = onglet == Onglet::Rapide     ? cherchevite(etat)
-                                              : onglet == Onglet::Criteres ? cherchecriteres(etat)
-                                                                           : cherchemots(etat);
-    arret = false;
+    const std::optional<PublicationFin> fin = onglet == Onglet::Rapide     ? cherchevite(etat, arret)
+                                              : onglet == Onglet::Criteres ? cherchecriteres(etat, arret)
+                                                                           : cherchemots(etat, arret);
+    arrete = false;
     vue_.cacheprogres();
     vue_.libelle(onglet, texte(recherchertexte));
     if (!fin)
@@ -232,15 +214,14 @@ void Formulaire::retient(BoiteTexte boite, const QString& texte) {
         vue_.offrederniers(boite, liste.textes());
 }
 
-PublicationFin Formulaire::cherchevite(const EtatFormulaire& etat) {
+PublicationFin Formulaire::cherchevite(const EtatFormulaire& etat, const std::stop_token& arret) {
     retient(BoiteTexte::Rapide, etat.texterapide);
     return RechercheRapide(atelier(), progres())
-        .cherche({etat.texterapide, lettresdesboutons(etat.boutons), limitedindex(etat.combonombre)},
-                 monde_.hote.etat())
+        .cherche({etat.texterapide, lettresdesboutons(etat.boutons), limitedindex(etat.combonombre)}, arret)
         .fin;
 }
 
-PublicationFin Formulaire::cherchecriteres(const EtatFormulaire& etat) {
+PublicationFin Formulaire::cherchecriteres(const EtatFormulaire& etat, const std::stop_token& arret) {
     const QByteArray lettres = lettresdesboutons(etat.boutons);
     const bool affine = vue_.affinage() && atelier().liste.lignes() > 0;
     Criteres criteres = etat.criteres;
@@ -255,11 +236,11 @@ PublicationFin Formulaire::cherchecriteres(const EtatFormulaire& etat) {
         retient(BoiteTexte::Second, criteres.texterech[1]);
     }
     RechercheCriteres recherche(atelier(), progres());
-    return affine ? recherche.affine(criteres, types_, monde_.hote.etat()).fin
-                  : recherche.cherche(criteres, types_, lettres, monde_.hote.etat()).fin;
+    return affine ? recherche.affine(criteres, types_, arret).fin
+                  : recherche.cherche(criteres, types_, lettres, arret).fin;
 }
 
-std::optional<PublicationFin> Formulaire::cherchemots(const EtatFormulaire& etat) {
+std::optional<PublicationFin> Formulaire::cherchemots(const EtatFormulaire& etat, const std::stop_token& arret) {
     vue_.videresultat();
     DemandeDico demande;
     demande.mots = etat.Textedico;
@@ -267,7 +248,7 @@ std::optional<PublicationFin> Formulaire::cherchemots(const EtatFormulaire& etat
     demande.tous = etat.checkandordico;
     demande.limite = limitedindex(etat.Combonombredico);
     RechercheDico recherche(atelier(), [this](const QString& ligne) { vue_.ajouteresultat(ligne); });
-    const ResultatDico resultat = recherche.cherche(demande, monde_.hote.etat());
+    const ResultatDico resultat = recherche.cherche(demande, arret);
     if (resultat.issue == ResultatDico::Issue::TexteCourt) {
         Criteres criteres = etat.criteres;
         criteres.texterech[0] = etat.Textedico;
@@ -288,7 +269,7 @@ FichierCriteres Formulaire::fichier() const {
 }
 
 void Formulaire::prendfichier(const FichierCriteres& fichier) {
-    quandlibre([this, fichier] { restitue(fichier); });
+    poste().fait([this, fichier](const std::stop_token&) { travaille([&] { restitue(fichier); }); });
 }
 
 void Formulaire::restitue(const FichierCriteres& fichier) {
@@ -296,7 +277,7 @@ void Formulaire::restitue(const FichierCriteres& fichier) {
     if (static_cast<Onglet>(fichier.ongletrecherche) == Onglet::Criteres || motscles_.manque(fichier))
         lirelesmotscles();
     vue_.montre(etatde(fichier, items_, vue_.etat().criteres.prefixe));
-    finit(velm::restitue(fichier, atelier(), monde_.hote.etat()));
+    finit(velm::restitue(fichier, atelier()));
 }
 
 } // namespace velm

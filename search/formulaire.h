@@ -83,7 +83,6 @@ public:
     /// Restores a search, as soon as none runs any more.
     void prendfichier(const FichierCriteres& fichier);
 
-    bool recherche() const { return encours_; }
     const ItemsFormulaire& items() const { return items_; }
     const TypesDocument& types() const { return types_; }
 
@@ -91,15 +90,13 @@ private:
     QString texte(int numero) const { return monde_.texte(numero); }
     Atelier& atelier() const { return monde_.hote.atelier(); }
     bool ilyadeslignes() const;
-    void arrete() { monde_.hote.etat().rechercheactive = false; }
-    /// Runs a piece of work that needs the list for itself: now, or when the search that runs has left.
-    void quandlibre(std::function<void()> travail);
+    Poste& poste() const { return monde_.hote.poste(); }
     void travaille(const std::function<void()>& travail);
     void abandonne();
-    void cherche(Onglet onglet);
-    PublicationFin cherchevite(const EtatFormulaire& etat);
-    PublicationFin cherchecriteres(const EtatFormulaire& etat);
-    std::optional<PublicationFin> cherchemots(const EtatFormulaire& etat);
+    void cherche(Onglet onglet, const std::stop_token& arret);
+    PublicationFin cherchevite(const EtatFormulaire& etat, const std::stop_token& arret);
+    PublicationFin cherchecriteres(const EtatFormulaire& etat, const std::stop_token& arret);
+    std::optional<PublicationFin> cherchemots(const EtatFormulaire& etat, const std::stop_token& arret);
     void retient(BoiteTexte boite, const QString& texte);
     DerniersTextes& derniers(BoiteTexte boite) { return derniers_.at(static_cast<std::size_t>(boite)); }
     void finit(const PublicationFin& fin);
@@ -114,9 +111,7 @@ private:
     ListeMotsCles motscles_;
     ItemsFormulaire items_;
     std::array<DerniersTextes, 4> derniers_;
-    bool encours_ = false;
     std::array<bool, 3> arrets_{}; ///< by tab: its button stops
-    std::function<void()> suite_;
     bool charge_ = false;
 };
 

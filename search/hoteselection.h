@@ -1,5 +1,6 @@
 #pragma once
 // What the search form asks of the place where its results are shown.
+#include "search/poste.h"
 #include "search/recherche.h"
 
 namespace velm {
@@ -10,8 +11,8 @@ public:
 
     /// What the searches work with; it and the list in it live as long as the program's frame.
     virtual Atelier& atelier() = 0;
-    /// The flags that all searches share: the newest one ends the one before.
-    virtual EtatRecherche& etat() = 0;
+    /// Where all that fills the list is done.
+    virtual Poste& poste() = 0;
     /// Rows are about to change: the grid is hidden and paints nothing until it has been told as often that they are
     /// done.
     virtual void commence() = 0;

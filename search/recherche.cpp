@@ -16,13 +16,10 @@ void commenceliste(const Atelier& atelier) {
     atelier.curseurattente(QString());
 }
 
-PublicationFin finitliste(const Atelier& atelier, EtatRecherche& etat) {
-    const PublicationFin publication = atelier.liste.publie();
-    etat.resultatpresent = publication.resultatpresent;
-    etat.rechercheactive = false;
+PublicationFin finitliste(const Atelier& atelier) {
     atelier.liste.effacemarquestri();
     atelier.liste.visible = true;
-    return publication;
+    return atelier.liste.publie();
 }
 
 int ajoutedocument(ListeSelection& liste, const Recordset& donnees) {

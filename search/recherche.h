@@ -22,14 +22,6 @@ struct Atelier {
     std::function<void(const QString&)> curseurattente;
 };
 
-/// Flags of the search form, which its searches share.
-struct EtatRecherche {
-    /// A search runs. To clear it stops the search at its next turn; a search that begins meanwhile ends by clearing
-    /// it, and so ends the one before, too.
-    bool rechercheactive = false;
-    bool resultatpresent = false;
-};
-
 inline constexpr qint64 sanslimite = 999'999;
 /// The hit limit of an entry of the limit lists: 50, 100, none.
 qint64 limitedindex(int listindex);
@@ -37,7 +29,7 @@ qint64 limitedindex(int listindex);
 /// Empties and hides the list and clears the status panel: a search begins.
 void commenceliste(const Atelier& atelier);
 /// The list shows what there is, in the order in which it was found.
-PublicationFin finitliste(const Atelier& atelier, EtatRecherche& etat);
+PublicationFin finitliste(const Atelier& atelier);
 
 /// Adds the document on which `données` stands.
 int ajoutedocument(ListeSelection& liste, const Recordset& donnees);

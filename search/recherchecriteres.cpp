@@ -19,9 +19,9 @@ enum Colonne { Rangee, Numart, Titre, Motcle1, Motcle2, Motcle3, Source, Type, D
 /// through.
 class Parcours {
 public:
-    Parcours(const Atelier& atelier, const std::function<void(qint64, qint64)>& progres, EtatRecherche& etat,
+    Parcours(const Atelier& atelier, const std::function<void(qint64, qint64)>& progres, const std::stop_token& arret,
              ResultatCriteres& resultat, Criteres& criteres, const TypesDocument& types, bool sanstable)
-        : atelier_(atelier), progres_(progres), etat_(etat), resultat_(resultat) {
+        : atelier_(atelier), progres_(progres), arret_(arret), resultat_(resultat) {
         avancetexte(criteres);
         criteres_ = litcriteres(criteres, types);
         criteres_.sanstable = sanstable;
@@ -57,7 +57,7 @@ protected:
 
     const Atelier& atelier_;
     const std::function<void(qint64, qint64)>& progres_;
-    EtatRecherche& etat_;
+    const std::stop_token arret_;
     ResultatCriteres& resultat_;
     CriteresLus criteres_;
     TailleDeLot taille_;
@@ -190,10 +190,10 @@ private:
             ditprogres();
             if (resultat_.hits > 0)
                 ditcompte(resultat_.hits);
-            atelier_.cession.cede(etat_.rechercheactive);
+            atelier_.cession.cede(arret_);
         }
-        resultat_.arretee = !etat_.rechercheactive;
-        return etat_.rechercheactive;
+        resultat_.arretee = arret_.stop_requested();
+        return !resultat_.arretee;
     }
 
     bool ajoute(const FicheCriteres& f) {
@@ -280,10 +280,10 @@ private:
         if (due()) {
             enleve();
             ditprogres();
-            atelier_.cession.cede(atelier_.corpus.donnees(), etat_.rechercheactive);
+            atelier_.cession.cede(atelier_.corpus.donnees(), arret_);
         }
-        resultat_.arretee = !etat_.rechercheactive;
-        return etat_.rechercheactive;
+        resultat_.arretee = arret_.stop_requested();
+        return !resultat_.arretee;
     }
 
     /// Many rows at once: one by one each would move all that follow it.
@@ -320,23 +320,22 @@ RechercheCriteres::RechercheCriteres(Atelier atelier, std::function<void(qint64,
 }
 
 ResultatCriteres RechercheCriteres::cherche(Criteres& criteres, const TypesDocument& types, const QByteArray& lettres,
-                                            EtatRecherche& etat) {
+                                            const std::stop_token& arret) {
     ResultatCriteres resultat;
-    etat.rechercheactive = true;
     atelier_.cession.commence();
     commenceliste(atelier_);
-    ParcoursTable(atelier_, progres_, etat, resultat, criteres, types, sanstable_).cherche(lettres);
-    resultat.fin = finitliste(atelier_, etat);
+    ParcoursTable(atelier_, progres_, arret, resultat, criteres, types, sanstable_).cherche(lettres);
+    resultat.fin = finitliste(atelier_);
     return resultat;
 }
 
-ResultatCriteres RechercheCriteres::affine(Criteres& criteres, const TypesDocument& types, EtatRecherche& etat) {
+ResultatCriteres RechercheCriteres::affine(Criteres& criteres, const TypesDocument& types,
+                                           const std::stop_token& arret) {
     ResultatCriteres resultat;
-    etat.rechercheactive = true;
     atelier_.cession.commence();
     atelier_.liste.visible = false;
-    ParcoursListe(atelier_, progres_, etat, resultat, criteres, types, sanstable_).affine();
-    resultat.fin = finitliste(atelier_, etat);
+    ParcoursListe(atelier_, progres_, arret, resultat, criteres, types, sanstable_).affine();
+    resultat.fin = finitliste(atelier_);
     return resultat;
 }
 

@@ -9,7 +9,7 @@
 namespace velm {
 
 struct ResultatCriteres {
-    bool arretee = false; ///< the flag was cleared; the rows so far stay, and those not yet looked at when narrowing
+    bool arretee = false; ///< it was to stop; the rows so far stay, and those not yet looked at when narrowing
     qint64 vus = 0;       ///< documents that were looked at
     qint64 hits = 0;      ///< documents that passed
     PublicationFin fin;
@@ -24,14 +24,14 @@ public:
     /// Finds documents in the order of the collections, then of their numbers. A second text alone moves to the first
     /// box of `criteres`.
     ResultatCriteres cherche(Criteres& criteres, const TypesDocument& types, const QByteArray& lettres,
-                             EtatRecherche& etat);
+                             const std::stop_token& arret = {});
 
     /// Searches bodies without the folded texts that the base may hold. What is found is the same.
     void sanstable(bool sans) { sanstable_ = sans; }
 
     /// Takes out of the list what does not pass. A row whose document is gone is tested on the document on which
     /// `données` stood before.
-    ResultatCriteres affine(Criteres& criteres, const TypesDocument& types, EtatRecherche& etat);
+    ResultatCriteres affine(Criteres& criteres, const TypesDocument& types, const std::stop_token& arret = {});
 
 private:
     Atelier atelier_;

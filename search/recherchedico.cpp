@@ -42,8 +42,8 @@ bool refusable(const QString& mot) {
 class Passe {
 public:
     Passe(const Atelier& atelier, const std::function<void(const QString&)>& ligne, const DemandeDico& demande,
-          EtatRecherche& etat)
-        : atelier_(atelier), ligne_(ligne), demande_(demande), etat_(etat),
+          const std::stop_token& arret)
+        : atelier_(atelier), ligne_(ligne), demande_(demande), arret_(arret),
           filtre_(demande.fenetre || demande.lettres.size() < nombredecollections) {}
 
     /// The lists of the words, in slots from 1 on. False when the search was stopped.
@@ -156,8 +156,8 @@ private:
         if (demande_.fenetre)
             return true;
         if (atelier_.cession.due())
-            return atelier_.cession.cede(table, etat_.rechercheactive);
-        return etat_.rechercheactive;
+            return atelier_.cession.cede(table, arret_);
+        return !arret_.stop_requested();
     }
 
     Bouton demandelimite(const QByteArray& entrees) const {
@@ -193,7 +193,7 @@ private:
     const Atelier& atelier_;
     const std::function<void(const QString&)>& ligne_;
     const DemandeDico demande_;
-    EtatRecherche& etat_;
+    const std::stop_token arret_;
     const bool filtre_;
     // Slot 0 is not used.
     std::vector<QString> mots_ = std::vector<QString>(1);
@@ -232,21 +232,19 @@ RechercheDico::RechercheDico(Atelier atelier, std::function<void(const QString&)
         hasard_ = [] { return QRandomGenerator::global()->generateDouble(); };
 }
 
-ResultatDico RechercheDico::cherche(const DemandeDico& demande, EtatRecherche& etat) {
+ResultatDico RechercheDico::cherche(const DemandeDico& demande, const std::stop_token& arret) {
     const Attente attente(atelier_.sablier);
     ResultatDico resultat;
-    etat.rechercheactive = true;
     atelier_.cession.commence();
     commenceliste(atelier_);
     if (!demande.fenetre && demande.mots.size() < lignecourte) {
-        etat.rechercheactive = false;
         resultat.issue = ResultatDico::Issue::TexteCourt;
         return resultat;
     }
-    Passe passe(atelier_, ligne_, demande, etat);
+    Passe passe(atelier_, ligne_, demande, arret);
     resultat.issue = passe.lit() ? passe.affiche(passe.joint(hasard_)) : ResultatDico::Issue::Arretee;
     resultat.hits = passe.hits();
-    resultat.fin = finitliste(atelier_, etat);
+    resultat.fin = finitliste(atelier_);
     if (demande.fenetre)
         atelier_.liste.visible = resultat.fin.resultatpresent;
     return resultat;

@@ -27,7 +27,7 @@ struct DemandeDico {
 struct ResultatDico {
     enum class Issue {
         TexteCourt, ///< fewer than 3 characters: nothing was searched; the line goes to the criteria tab
-        Arretee,    ///< the flag was cleared; the rows so far stay
+        Arretee,    ///< it was to stop; the rows so far stay
         Abandonnee, ///< the user did not want so many documents
         Terminee
     };
@@ -52,7 +52,7 @@ public:
     RechercheDico(Atelier atelier, std::function<void(const QString&)> ligne, std::function<double()> hasard = {});
 
     /// The word past the twentieth that is accepted is a run-time error.
-    ResultatDico cherche(const DemandeDico& demande, EtatRecherche& etat);
+    ResultatDico cherche(const DemandeDico& demande, const std::stop_token& arret = {});
 
 private:
     Atelier atelier_;

@@ -20,8 +20,8 @@ enum Colonne { Reference, Numart, Titre, Motcle1, Motcle2, Motcle3, Noeud };
 class Parcoursrapide {
 public:
     Parcoursrapide(const Atelier& atelier, const std::function<void(qint64, qint64)>& progres,
-                   const DemandeRapide& demande, EtatRecherche& etat, ResultatRapide& resultat)
-        : atelier_(atelier), progres_(progres), demande_(demande), etat_(etat), resultat_(resultat) {}
+                   const DemandeRapide& demande, const std::stop_token& arret, ResultatRapide& resultat)
+        : atelier_(atelier), progres_(progres), demande_(demande), arret_(arret), resultat_(resultat) {}
 
     void cherche() {
         for (const char lettre : demande_.lettres)
@@ -69,11 +69,11 @@ private:
     /// The walk has a place of its own in the table: what goes on meanwhile cannot move it.
     bool continuer() {
         if (!atelier_.cession.due())
-            return etat_.rechercheactive;
+            return !arret_.stop_requested();
         progres_(std::min(resultat_.vus, total_), total_);
         if (resultat_.hits > 0)
             ditcompte();
-        return atelier_.cession.cede(etat_.rechercheactive);
+        return atelier_.cession.cede(arret_);
     }
 
     /// False when the list is full, in whatever way.
@@ -117,7 +117,7 @@ private:
     const Atelier& atelier_;
     const std::function<void(qint64, qint64)>& progres_;
     const DemandeRapide demande_;
-    EtatRecherche& etat_;
+    const std::stop_token arret_;
     ResultatRapide& resultat_;
     TexteEnMajuscules cherche_{QStringView()};
     QHash<qint64, bool> noeuds_;
@@ -132,13 +132,12 @@ RechercheRapide::RechercheRapide(Atelier atelier, std::function<void(qint64, qin
         progres_ = [](qint64, qint64) {};
 }
 
-ResultatRapide RechercheRapide::cherche(const DemandeRapide& demande, EtatRecherche& etat) {
+ResultatRapide RechercheRapide::cherche(const DemandeRapide& demande, const std::stop_token& arret) {
     ResultatRapide resultat;
-    etat.rechercheactive = true;
     atelier_.cession.commence();
     commenceliste(atelier_);
-    Parcoursrapide(atelier_, progres_, demande, etat, resultat).cherche();
-    resultat.fin = finitliste(atelier_, etat);
+    Parcoursrapide(atelier_, progres_, demande, arret, resultat).cherche();
+    resultat.fin = finitliste(atelier_);
     return resultat;
 }
 

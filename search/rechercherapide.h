@@ -14,7 +14,7 @@ struct DemandeRapide {
 };
 
 struct ResultatRapide {
-    bool arretee = false; ///< the flag was cleared; the rows so far stay
+    bool arretee = false; ///< it was to stop; the rows so far stay
     qint64 vus = 0;       ///< documents that were looked at
     qint64 hits = 0;
     PublicationFin fin;
@@ -27,7 +27,7 @@ public:
     RechercheRapide(Atelier atelier, std::function<void(qint64 vus, qint64 total)> progres);
 
     /// Documents come in the order of the collections, then of their numbers.
-    ResultatRapide cherche(const DemandeRapide& demande, EtatRecherche& etat);
+    ResultatRapide cherche(const DemandeRapide& demande, const std::stop_token& arret = {});
 
 private:
     Atelier atelier_;

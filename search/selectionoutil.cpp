@@ -26,8 +26,7 @@ QString fichierselection(const QString& dossiertemporaire) {
     return joinPath(dossiertemporaire, u"select.tmp");
 }
 
-std::optional<ResultatSelection> remplitdepuisoutil(const QString& chemin, const Atelier& atelier,
-                                                    EtatRecherche& etat) {
+std::optional<ResultatSelection> remplitdepuisoutil(const QString& chemin, const Atelier& atelier) {
     if (!fileExists(chemin))
         return std::nullopt;
     ResultatSelection resultat;
@@ -47,7 +46,7 @@ std::optional<ResultatSelection> remplitdepuisoutil(const QString& chemin, const
         ++resultat.hits;
     }
     atelier.curseurattente(textecompte(resultat.hits, atelier.texte));
-    resultat.fin = finitliste(atelier, etat);
+    resultat.fin = finitliste(atelier);
     QFile::remove(chemin);
     return resultat;
 }

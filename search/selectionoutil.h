@@ -17,6 +17,6 @@ struct ResultatSelection {
 /// Fills the list from the file: two lines with the words to mark, then a key on each line; documents that are not
 /// there are passed over. The file is deleted. Nothing happens when there is none. A file that is there but cannot be
 /// read leaves an empty list.
-std::optional<ResultatSelection> remplitdepuisoutil(const QString& chemin, const Atelier& atelier, EtatRecherche& etat);
+std::optional<ResultatSelection> remplitdepuisoutil(const QString& chemin, const Atelier& atelier);
 
 } // namespace velm

@@ -11,7 +11,8 @@ class AffichageDicoTest : public BaseRecherche {
 protected:
     ResultatDico lance(const DemandeDico& demande) {
         lignes.clear();
-        return RechercheDico(atelier(), [this](const QString& texte) { lignes << texte; }).cherche(demande, etat);
+        return RechercheDico(atelier(), [this](const QString& texte) { lignes << texte; })
+            .cherche(demande, nouvelarret());
     }
     ResultatDico cherche(const QString& texte, qint64 limite = limitedindex(0)) {
         return lance({texte, touteslettres(), true, limite});
@@ -118,13 +119,12 @@ TEST_F(AffichageDicoTest, ATextOfTwoCharactersMovesToTheCriteriaAndLeavesTheList
     EXPECT_EQ(resultat.issue, ResultatDico::Issue::TexteCourt);
     EXPECT_EQ(liste.rows(), 1);
     EXPECT_FALSE(liste.visible);
-    EXPECT_FALSE(etat.rechercheactive);
-    EXPECT_TRUE(etat.resultatpresent);
+    EXPECT_EQ(resultat.fin, PublicationFin{}) << "the buttons stay as they were";
     EXPECT_TRUE(lignes.isEmpty());
     EXPECT_EQ(panneau.last(), QString());
 }
 
-TEST_F(AffichageDicoTest, TheListIsHiddenWhileItFillsAndTheFlagStands) {
+TEST_F(AffichageDicoTest, TheListIsHiddenWhileItFills) {
     ajoutedocuments(3);
     mots = {{u"UNE"_s, entrees(1, 3)}};
     ouvre();
@@ -132,13 +132,11 @@ TEST_F(AffichageDicoTest, TheListIsHiddenWhileItFillsAndTheFlagStands) {
     evenement = [&] {
         ++tours;
         EXPECT_FALSE(liste.visible);
-        EXPECT_TRUE(etat.rechercheactive);
         EXPECT_EQ(sablier.pointeur(), Sablier::attente);
     };
     const ResultatDico resultat = cherche(u"une"_s);
     EXPECT_EQ(tours, 3);
     EXPECT_TRUE(liste.visible);
-    EXPECT_FALSE(etat.rechercheactive);
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
     EXPECT_EQ(resultat.fin, (PublicationFin{true, true, true}));
     EXPECT_EQ(panneau, QStringList({QString(u""_s), u" 3 documents"_s}));
@@ -147,7 +145,6 @@ TEST_F(AffichageDicoTest, TheListIsHiddenWhileItFillsAndTheFlagStands) {
 TEST_F(AffichageDicoTest, NoRowDisablesTheListsButtons) {
     ouvre();
     EXPECT_EQ(cherche(u"rien"_s).fin, (PublicationFin{false, true, false}));
-    EXPECT_FALSE(etat.resultatpresent);
     EXPECT_TRUE(liste.visible);
 }
 
@@ -155,7 +152,7 @@ TEST_F(AffichageDicoTest, TheStopFlagEndsTheDisplayWithTheRowsSoFar) {
     ajoutedocuments(9);
     mots = {{u"UNE"_s, entrees(1, 9)}};
     ouvre();
-    evenement = [&] { etat.rechercheactive = liste.rows() < 5; };
+    evenement = [&] { arretesi(liste.rows() >= 5); };
     const ResultatDico resultat = cherche(u"une"_s);
     EXPECT_EQ(resultat.issue, ResultatDico::Issue::Arretee);
     EXPECT_EQ(liste.rows(), 5);
@@ -169,7 +166,7 @@ TEST_F(AffichageDicoTest, TheStopFlagEndsTheWalkOfAWildcard) {
     mots = {{u"BROC"_s, entree('A', 1)}, {u"BROCHE"_s, entree('A', 1)}, {u"BROSSE"_s, entree('A', 1)}};
     ouvre();
     liste.mot1 = u"avant"_s;
-    evenement = [&] { etat.rechercheactive = lignes.size() < 2; };
+    evenement = [&] { arretesi(lignes.size() >= 2); };
     EXPECT_EQ(cherche(u"bro*"_s).issue, ResultatDico::Issue::Arretee);
     EXPECT_EQ(lignes.size(), 2);
     EXPECT_EQ(liste.rows(), 1);
@@ -219,7 +216,7 @@ TEST_F(AffichageDicoTest, ABaseThatIsClosedMeanwhileIsNotTouchedAgain) {
     evenement = [&] {
         if (liste.rows() == 3) {
             corpus.fermebase();
-            etat.rechercheactive = false;
+            arretesi(true);
         }
     };
     EXPECT_EQ(cherche(u"une"_s).issue, ResultatDico::Issue::Arretee);

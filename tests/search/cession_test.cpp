@@ -40,7 +40,7 @@ TEST_F(CessionTest, ATableIsPutBackOnItsIndexAndItsRow) {
         donnees.setIndex(u"idate"_s);
         donnees.moveLast();
     };
-    EXPECT_TRUE(cession.cede(donnees, true));
+    EXPECT_TRUE(cession.cede(donnees, {}));
     EXPECT_EQ(donnees.index(), u"primarykey");
     EXPECT_EQ(donnees.text(u"numart"_s), u"000003");
     donnees.moveNext();
@@ -52,12 +52,12 @@ TEST_F(CessionTest, AStoppedSearchDoesNotTouchTheTableAgain) {
     ouvre();
     Recordset& donnees = corpus.donnees();
     donnees.setIndex(u"primarykey"_s);
-    bool active = true;
+    const std::stop_token vu = nouvelarret();
     evenement = [&] {
-        active = false;
+        arretesi(true);
         corpus.base().close();
     };
-    EXPECT_FALSE(cession.cede(donnees, active));
+    EXPECT_FALSE(cession.cede(donnees, vu));
 }
 
 TEST_F(SelectionOutilTest, TheFileFillsTheListAndIsDeleted) {
@@ -65,7 +65,7 @@ TEST_F(SelectionOutilTest, TheFileFillsTheListAndIsDeleted) {
     ouvre();
     const QString chemin = ecrit("pr\xEAt\r\ncr\xE9"
                                  "dit\r\nCO000003\r\nZZ000001\r\n\r\nCO\r\nCO000001\r\nCO000099\r\n");
-    const auto resultat = remplitdepuisoutil(chemin, atelier(), etat);
+    const auto resultat = remplitdepuisoutil(chemin, atelier());
     ASSERT_TRUE(resultat);
     EXPECT_EQ(resultat->hits, 2);
     EXPECT_EQ(resultat->fin, (PublicationFin{true, true, true}));
@@ -82,7 +82,7 @@ TEST_F(SelectionOutilTest, NoFileChangesNothing) {
     ouvre();
     liste.mot1 = u"avant"_s;
     liste.ajouteauflex({u"CO", u"000001", u"t", u"", u"", u"", u"CO000001"});
-    EXPECT_FALSE(remplitdepuisoutil(fichierselection(dossier.path()), atelier(), etat));
+    EXPECT_FALSE(remplitdepuisoutil(fichierselection(dossier.path()), atelier()));
     EXPECT_EQ(liste.rows(), 2);
     EXPECT_EQ(liste.mot1, u"avant");
     EXPECT_TRUE(panneau.isEmpty());
@@ -91,11 +91,11 @@ TEST_F(SelectionOutilTest, NoFileChangesNothing) {
 TEST_F(SelectionOutilTest, AFileOfOneLineSetsOneWord) {
     ouvre();
     liste.mot2 = u"avant"_s;
-    ASSERT_TRUE(remplitdepuisoutil(ecrit("mot"), atelier(), etat));
+    ASSERT_TRUE(remplitdepuisoutil(ecrit("mot"), atelier()));
     EXPECT_EQ(liste.mot1, u"mot");
     EXPECT_EQ(liste.mot2, u"avant");
     EXPECT_EQ(panneau.last(), u" 0 document");
-    ASSERT_TRUE(remplitdepuisoutil(ecrit(""), atelier(), etat));
+    ASSERT_TRUE(remplitdepuisoutil(ecrit(""), atelier()));
     EXPECT_EQ(liste.mot1, u"mot");
 }
 
@@ -103,5 +103,5 @@ TEST_F(SelectionOutilTest, AFullListStopsTheReading) {
     ajoutedocuments(4);
     ouvre();
     liste.limitelignes(1);
-    EXPECT_EQ(remplitdepuisoutil(ecrit("a\nb\nCO000001\nCO000002\n"), atelier(), etat)->hits, 1);
+    EXPECT_EQ(remplitdepuisoutil(ecrit("a\nb\nCO000001\nCO000002\n"), atelier())->hits, 1);
 }

@@ -79,6 +79,22 @@ TEST_F(PanneauListeTest, NothingOfTheListIsTouchedWhileItIsFilled) {
     EXPECT_FALSE(grille.figee);
 }
 
+TEST_F(PanneauListeTest, AListThatComesWhileASearchRunsStopsItAndWaitsForItsEnd) {
+    controle->poste().fait([this](const std::stop_token& recherche) {
+        const Remplissage remplissage(*controle);
+        EXPECT_FALSE(recherche.stop_requested());
+        remplit({u"CO000001"_s});
+        EXPECT_TRUE(recherche.stop_requested());
+        EXPECT_EQ(controle->liste().lignes(), 0);
+        EXPECT_FALSE(grille.montree);
+        // The newest one wins.
+        remplit({u"CO000003"_s, u"CO000002"_s});
+    });
+    EXPECT_EQ(colonne(ListeSelection::Clef), (QStringList{u"CO000003"_s, u"CO000002"_s}));
+    EXPECT_EQ(grille.caches, 2);
+    EXPECT_TRUE(grille.montree);
+}
+
 // ---- the word search of a document window
 
 TEST_F(PanneauListeTest, ASearchOfAWindowTellsItsLinesAndShowsWhatItFound) {
@@ -108,6 +124,16 @@ TEST_F(PanneauListeTest, ASearchOfAWindowWithoutAResultHidesTheListAndTheForm) {
     // A line of one letter is refused word by word, not sent elsewhere.
     controle->cherchedans(u"CO"_s, u"a"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(lignes.size(), 3);
+}
+
+TEST_F(PanneauListeTest, ASearchOfAWindowThatTheMemoryDoesNotSufficeForShowsWhatThereIs) {
+    remplit();
+    controle->cherchedans(u"CO"_s, u"prix"_s, [](const QString&) { throw std::bad_alloc(); });
+    EXPECT_EQ(dialogues.texts(), QStringList{u"t9567"_s});
+    EXPECT_EQ(controle->liste().lignes(), 0);
+    EXPECT_TRUE(grille.montree);
+    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_FALSE(controle->poste().occupe());
 }
 
 // ---- tools

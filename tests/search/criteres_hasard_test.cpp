@@ -261,10 +261,10 @@ void CriteresHasardTest::compare(int combien, unsigned graine) {
                 .toStdString();
         };
         Criteres essai = c;
-        plies.cherche(essai, types, lettres, etat);
+        plies.cherche(essai, types, lettres);
         ASSERT_EQ(cles(), juste) << i << ": " << decrit();
         essai = c;
-        corps.cherche(essai, types, lettres, etat);
+        corps.cherche(essai, types, lettres);
         ASSERT_EQ(cles(), juste) << i << ", without folded texts: " << decrit();
         if (!unefois(4))
             continue;
@@ -278,7 +278,7 @@ void CriteresHasardTest::compare(int combien, unsigned graine) {
             if (deux.contains(cle))
                 restants << cle;
         }
-        (unefois(2) ? plies : corps).affine(autres, types, etat);
+        (unefois(2) ? plies : corps).affine(autres, types);
         ASSERT_EQ(cles(), restants) << i << ", narrowed: " << decrit();
     }
     // Criteria that find nothing prove little.

@@ -54,12 +54,12 @@ protected:
     ResultatCriteres cherche(const QByteArray& lettres = touteslettres()) {
         progres.clear();
         panneau.clear();
-        return recherche().cherche(criteres, types, lettres, etat);
+        return recherche().cherche(criteres, types, lettres, nouvelarret());
     }
     ResultatCriteres affine() {
         progres.clear();
         panneau.clear();
-        return recherche().affine(criteres, types, etat);
+        return recherche().affine(criteres, types, nouvelarret());
     }
     /// What a search with these criteria finds; the same without the folded texts.
     QStringList trouve(const QByteArray& lettres = touteslettres()) {
@@ -67,7 +67,7 @@ protected:
         QStringList avec = cles();
         RechercheCriteres sans = recherche();
         sans.sanstable(true);
-        sans.cherche(criteres, types, lettres, etat);
+        sans.cherche(criteres, types, lettres, nouvelarret());
         EXPECT_EQ(cles(), avec);
         return avec;
     }

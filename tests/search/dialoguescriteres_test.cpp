@@ -164,19 +164,15 @@ TEST_F(DialoguesCriteresTest, RowsComeBackWithoutASearch) {
     ajoutedocuments(3);
     ouvre();
     liste.trie(0, false);
-    etat.rechercheactive = true;
-    const PublicationFin fin = restitue(fichier(2), atelier(), etat);
+    const PublicationFin fin = restitue(fichier(2), atelier());
     EXPECT_EQ(cles(), QStringList({u"CO000001"_s, u"CO000002"_s}));
     EXPECT_EQ(fin, (PublicationFin{true, true, true}));
-    EXPECT_TRUE(etat.resultatpresent);
-    EXPECT_FALSE(etat.rechercheactive);
     EXPECT_TRUE(liste.visible);
     EXPECT_EQ(panneau, QStringList(u" 2 documents"_s));
     EXPECT_EQ(liste.marque(0), ListeSelection::Marque::Aucune);
     EXPECT_EQ(liste.mot1, u"rapide");
-    EXPECT_EQ(restitue(fichier(0), atelier(), etat), (PublicationFin{false, true, false}));
+    EXPECT_EQ(restitue(fichier(0), atelier()), (PublicationFin{false, true, false}));
     EXPECT_EQ(liste.rows(), 1);
-    EXPECT_FALSE(etat.resultatpresent);
     EXPECT_TRUE(liste.visible);
     EXPECT_EQ(panneau.last(), u" 0 document");
 }

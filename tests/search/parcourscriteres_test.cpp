@@ -76,14 +76,12 @@ TEST_P(ParcoursCriteresTest, NarrowingARowWhoseDocumentIsGoneWithoutACurrentReco
 TEST_P(ParcoursCriteresTest, AStopKeepsTheRowsFound) {
     beaucoup(40);
     texte(u"pair"_s);
-    evenement = [&] { etat.rechercheactive = liste.rows() < 8; };
+    evenement = [&] { arretesi(liste.rows() >= 8); };
     const ResultatCriteres resultat = cherche();
     EXPECT_TRUE(resultat.arretee);
     EXPECT_EQ(liste.rows(), 8);
     EXPECT_EQ(liste.cle(7), u"CO000014");
     EXPECT_TRUE(resultat.fin.resultatpresent);
-    EXPECT_TRUE(etat.resultatpresent);
-    EXPECT_FALSE(etat.rechercheactive);
     EXPECT_TRUE(liste.visible);
 }
 
@@ -92,7 +90,7 @@ TEST_P(ParcoursCriteresTest, AStopWhileNarrowingKeepsWhatWasNotTested) {
     cherche();
     texte(u"pair"_s);
     int tours = 0;
-    evenement = [&] { etat.rechercheactive = ++tours < 11; };
+    evenement = [&] { arretesi(++tours >= 11); };
     const ResultatCriteres resultat = affine();
     EXPECT_TRUE(resultat.arretee);
     EXPECT_EQ(resultat.vus, 10);
@@ -131,7 +129,7 @@ TEST_P(ParcoursCriteresTest, ASearchThatBeginsMeanwhileEndsThisOne) {
     autres.texterech[0] = u"Titre 7"_s;
     evenement = [&] {
         if (++tours == 5)
-            recherche().cherche(autres, types, touteslettres(), etat);
+            recherche().cherche(autres, types, touteslettres(), nouvelarret());
     };
     const ResultatCriteres resultat = cherche();
     EXPECT_TRUE(resultat.arretee);
@@ -144,7 +142,7 @@ TEST_P(ParcoursCriteresTest, TheBaseMayBeClosedByAnEventThatStopsTheSearch) {
     texte(u"pair"_s);
     evenement = [&] {
         if (liste.rows() > 4) {
-            etat.rechercheactive = false;
+            arretesi(true);
             corpus.fermebase();
         }
     };

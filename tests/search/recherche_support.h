@@ -2,6 +2,7 @@
 // A small base with documents, words and tree nodes, and everything a search works with.
 #include "core/cle.h"
 #include "core/schemas.h"
+#include "search/poste.h"
 #include "search/recherche.h"
 #include "search/typescherches.h"
 #include "tests/support/arret.h"
@@ -130,12 +131,24 @@ protected:
     DialoguesScript dialogues;
     /// Each step gives its turn to what `evenement` does.
     std::function<void()> evenement;
-    Cession cession{[this] {
-                        if (evenement)
-                            evenement();
-                    },
-                    std::chrono::milliseconds(0)};
-    EtatRecherche etat;
+    Poste poste{[this] {
+                    if (evenement)
+                        evenement();
+                },
+                std::chrono::milliseconds(0)};
+    Cession& cession = poste.cession();
+
+    /// For a search that begins: it ends the one before.
+    std::stop_token nouvelarret() {
+        arret.request_stop();
+        arret = std::stop_source();
+        return arret.get_token();
+    }
+    void arretesi(bool voulu) const {
+        if (voulu)
+            arret.request_stop();
+    }
+    mutable std::stop_source arret;
     QStringList panneau;
 };
 

@@ -22,7 +22,7 @@ protected:
         RechercheDico recherche(
             atelier(), [this](const QString& texte) { lignes << texte; },
             [this] { return std::uniform_real_distribution<double>(0, 1)(hasard); });
-        return recherche.cherche(demande, etat);
+        return recherche.cherche(demande);
     }
 
     QStringList lignes;
@@ -202,8 +202,8 @@ TEST_F(RechercheDicoTest, TwentyWordsAreAcceptedTheTwentyFirstIsFatal) {
     try {
         cherche(vingt + u"un"_s);
         FAIL() << "the program goes on";
-    } catch (const Arret& arret) {
-        EXPECT_STREQ(arret.what(), "21 20");
+    } catch (const Arret& fin) {
+        EXPECT_STREQ(fin.what(), "21 20");
     }
     EXPECT_THROW(cherche(u"un "_s.repeated(10'000)), Arret);
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);

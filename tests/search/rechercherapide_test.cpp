@@ -19,7 +19,7 @@ protected:
         progres.clear();
         panneau.clear();
         RechercheRapide recherche(atelier(), [this](qint64 vus, qint64 total) { progres.push_back({vus, total}); });
-        return recherche.cherche({texte, lettres, limite}, etat);
+        return recherche.cherche({texte, lettres, limite}, nouvelarret());
     }
     void petite() {
         documents = {{u"CO000001"_s, u"Garantie légale"_s, {u"vente"_s, u"défaut"_s, u"recours"_s}, 1},
@@ -152,13 +152,12 @@ TEST_F(RechercheRapideTest, ATextAsLongAsABoxTakesIsSearched) {
 TEST_F(RechercheRapideTest, AStopKeepsTheRowsFound) {
     ajoutedocuments(20);
     ouvre();
-    evenement = [&] { etat.rechercheactive = liste.rows() < 8; };
+    evenement = [&] { arretesi(liste.rows() >= 8); };
     const ResultatRapide resultat = cherche(u"titre"_s);
     EXPECT_TRUE(resultat.arretee);
     EXPECT_EQ(liste.rows(), 8);
     EXPECT_TRUE(resultat.fin.resultatpresent);
     EXPECT_TRUE(liste.visible);
-    EXPECT_FALSE(etat.rechercheactive);
 }
 
 TEST_F(RechercheRapideTest, EventsMayMoveTheTablesAndCloseTheBase) {
@@ -175,7 +174,7 @@ TEST_F(RechercheRapideTest, EventsMayMoveTheTablesAndCloseTheBase) {
     evenement = [&] {
         if (liste.rows() == 5) {
             corpus.fermebase();
-            etat.rechercheactive = false;
+            arretesi(true);
         }
     };
     EXPECT_TRUE(cherche(u"titre"_s).arretee);

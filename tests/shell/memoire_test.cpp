@@ -76,7 +76,7 @@ TEST_F(MemoireTest, AListThatDoesNotFitIsOneMessageAndWhatItHasStays) {
     ASSERT_EQ(textes.size(), 1);
     EXPECT_TRUE(textes.first().startsWith(u"La mémoire disponible ne suffit pas pour remplir cette liste"_s));
     EXPECT_LT(programme->selection().liste().lignes(), cles.size());
-    EXPECT_FALSE(programme->selection().controle().etat().rechercheactive);
+    EXPECT_FALSE(programme->selection().controle().poste().occupe());
     programme->selection().controle().remplit(cles);
     EXPECT_EQ(programme->selection().liste().lignes(), cles.size());
     EXPECT_TRUE(programme->selection().flex().isVisible());

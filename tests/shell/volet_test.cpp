@@ -109,18 +109,15 @@ TEST_F(VoletTest, NothingOfTheListIsTouchedWhileItIsFilled) {
 TEST_F(VoletTest, AListThatComesWhileASearchRunsStopsItAndWaitsForItsEnd) {
     ouvre({});
     QStringList lignes;
-    {
-        const Remplissage recherche(liste());
-        liste().etat().rechercheactive = true;
+    liste().poste().fait([&](const std::stop_token& recherche) {
+        EXPECT_FALSE(recherche.stop_requested());
         liste().remplit({u"CO000001"_s});
-        EXPECT_FALSE(liste().etat().rechercheactive);
+        EXPECT_TRUE(recherche.stop_requested());
         EXPECT_EQ(liste().liste().lignes(), 0);
-        liste().etat().rechercheactive = true;
         // The newest one wins.
         liste().cherchedans(u"CO"_s, u"deux"_s, [&](const QString& ligne) { lignes << ligne; });
-        EXPECT_FALSE(liste().etat().rechercheactive);
         EXPECT_TRUE(lignes.isEmpty());
-    }
+    });
     EVENTUALLY(lignes.size() == 1);
     EXPECT_EQ(colonne(6), (QStringList{u"CO000002"_s, u"CO000004"_s}));
     EXPECT_TRUE(flex().isVisible());

@@ -49,7 +49,7 @@ TEST_F(CadreTest, ClosingStopsAnySearch) {
     pendant([this] { formulaire->close(); });
     clique(u"cmdokdico"_s);
     EXPECT_EQ(liste.lignes(), 0);
-    EXPECT_FALSE(etat.rechercheactive);
+    EXPECT_FALSE(poste.occupe());
     EXPECT_EQ(hote.profondeur, 0);
 }
 
@@ -82,7 +82,7 @@ TEST_F(CadreTest, TheNewestSearchWinsAndNoneStandsOnAnother) {
     EXPECT_EQ(hote.plusprofond, 1);
     EXPECT_EQ(lignes(), QStringList{u"clause : 4"_s});
     EXPECT_EQ(liste.lignes(), 4);
-    EXPECT_FALSE(etat.rechercheactive);
+    EXPECT_FALSE(poste.occupe());
 }
 
 TEST_F(CadreTest, AnotherSearchEndsTheOneThatRuns) {

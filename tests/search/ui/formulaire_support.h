@@ -22,10 +22,10 @@ namespace velm::test {
 
 class HoteEssai final : public HoteSelection {
 public:
-    HoteEssai(Atelier atelier, EtatRecherche& etat) : atelier_(std::move(atelier)), etat_(etat) {}
+    HoteEssai(Atelier atelier, Poste& poste) : atelier_(std::move(atelier)), poste_(poste) {}
 
     Atelier& atelier() override { return atelier_; }
-    EtatRecherche& etat() override { return etat_; }
+    Poste& poste() override { return poste_; }
     void commence() override {
         ++profondeur;
         plusprofond = std::max(plusprofond, profondeur);
@@ -41,7 +41,7 @@ public:
 
 private:
     Atelier atelier_;
-    EtatRecherche& etat_;
+    Poste& poste_;
 };
 
 class FormulaireTest : public BaseCriteres {
@@ -134,7 +134,7 @@ protected:
         };
     }
 
-    HoteEssai hote{atelier(), etat};
+    HoteEssai hote{atelier(), poste};
     ReglagesStore magasin{dossier.filePath(u"reglages.ini"_s)};
     std::optional<Reglages> reglages;
     std::unique_ptr<FrmVelmorSelect> formulaire;
