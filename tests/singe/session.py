@@ -19,7 +19,8 @@ QUIT_CAPTION = 116  # of the language file: the entry that ends the program capt
 FAILURE_CAPTION, LIMIT = 9400, 9405  # of the language file: a run-time error, and the reason of one that is told
 LIMIT_HEIGHT = 200  # dots; the box of no other reason is as high
 MOST_WINDOWS = 500
-CLOSED = 8  # rounds in which nothing closes any more; windows of one document in one place look the same
+CLOSED = 8  # rounds in which nothing closes any more; windows of one document in one place look the same,
+IDLE = 4    # and those out of sight are told by the hundredths of a second that closing them takes
 ARGUMENTS = [[], [], [], ["CO000002"], ["JP3"], ["XX9"], ["/tmp/essai.cv2"]]
 
 
@@ -188,18 +189,18 @@ class Session:
             self.program.settle()
             time.sleep(0.1)
         self.program.rest()
-        before, still = [], 0
+        rounds = collections.deque(maxlen=CLOSED)
         for _ in range(MOST_WINDOWS):
             # A window that is only hidden when it closes (the search form) may stay in front. One that lay behind
             # others is seen only between the two chords.
-            now = []
+            work, now = self.program.work(), []
             for chord in ("ctrl+Tab", "ctrl+F4"):
                 self.screen.key(chord)
                 self.program.settle()
                 now.append(zlib.crc32(self.screen.dots(self.screen.area)))
-            still = still + 1 if now == before else 0
-            before = now
-            if still == CLOSED:
+            rounds.append((work, now))
+            alike = all(round[1] == now for round in rounds)
+            if len(rounds) == CLOSED and alike and self.program.work() - rounds[0][0] <= IDLE:
                 break
         self.program.rest()
 

@@ -91,9 +91,11 @@ void raiseAboveOwner(QDialog& box) {
 
 std::optional<QString> run(QFileDialog& dialog) {
     raiseAboveOwner(dialog);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
-    return dialog.selectedFiles().first();
+    // Above all drives there is a place that has no name and holds no file.
+    const QString chosen = dialog.selectedFiles().value(0);
+    return chosen.isEmpty() ? std::nullopt : std::optional(chosen);
 }
 
 void prepare(QFileDialog& dialog, const ChoixFichier& choix) {

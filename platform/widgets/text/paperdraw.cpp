@@ -61,7 +61,7 @@ void PaperLayout::drawBlock(QPainter& painter, const PaintContext& context, int 
         range.length = std::min(to, end) - start - range.start;
         range.format = selection.format;
         const bool pastEnd = to > end && shown_->paragraph(number).last && block.next().isValid();
-        const QRegion where = selectionRegion(lines, number, range, pastEnd);
+        const QRegion where = selectionRegion(lines, number, range, pastEnd, clip);
         for (const QRect& band : where) {
             painter.fillRect(band, range.format.background());
         }
@@ -94,6 +94,9 @@ void PaperLayout::drawText(QPainter& painter, QTextLayout& lines, int number, co
     lines.setCacheEnabled(true); // what the passes share is shaped once
     for (const LinkPass& pass : passes) {
         const QRegion where = pass.where & rest;
+        if (where.isEmpty()) {
+            continue; // without a place the toolkit would go through the whole paragraph
+        }
         rest -= where;
         all.format = pass.look;
         painter.save();
@@ -111,12 +114,13 @@ void PaperLayout::drawText(QPainter& painter, QTextLayout& lines, int number, co
 // The selection fills its lines' whole height, so that no stripes stand between them; but not the room around the
 // paragraph.
 QRegion PaperLayout::selectionRegion(const QTextLayout& lines, int number, const QTextLayout::FormatRange& range,
-                                     bool pastEnd) const {
+                                     bool pastEnd, const QRectF& clip) const {
     const double endMark = 0.3 * fontHeight();
     const int before = setter().spaceBefore(number);
     const LineBands bands(lines, heights_.height(number) - setter().spaceAfter(number));
+    const int seen = bands.at(static_cast<int>(std::ceil(clip.bottom())));
     QRegion region;
-    for (int i = 0; i < bands.count(); ++i) {
+    for (int i = bands.at(static_cast<int>(std::floor(clip.top()))); i <= seen && i < bands.count(); ++i) {
         const QTextLine line = lines.lineAt(i);
         const int lineEnd = line.textStart() + line.textLength();
         const int from = std::max(range.start, line.textStart());

@@ -117,8 +117,8 @@ private:
                   const QList<QTextLayout::FormatRange>& selected, std::vector<LinkPass> passes);
     void drawBullet(QPainter& painter, int number, const QTextBlock& block) const;
     void drawPageBreak(QPainter& painter, const QTextLayout& lines) const;
-    QRegion selectionRegion(const QTextLayout& lines, int number, const QTextLayout::FormatRange& range,
-                            bool pastEnd) const;
+    QRegion selectionRegion(const QTextLayout& lines, int number, const QTextLayout::FormatRange& range, bool pastEnd,
+                            const QRectF& clip) const;
     const RichObject* objectOf(const QTextFormat& format) const;
     QSize pictureTwips(int number, const RichObject& object);
     const QImage& picture(int number, const RichObject& object);

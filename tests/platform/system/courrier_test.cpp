@@ -134,6 +134,7 @@ TEST_F(CourrierTest, AFileThatCannotBeWrittenIsSaid) {
     qputenv("TMPDIR", QFile::encodeName(command("exit 0\n")));
     mail.compose(courriel, failed());
     EXPECT_EQ(failures, std::vector{Courrier::Failure::NotWritten});
+    EXPECT_EQ(kinds, std::vector{Obstacle::Other}) << "only words, as no folder could be made";
     EXPECT_FALSE(errors.join(u' ').isEmpty());
 }
 

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QFileDialog>
+#include <QListView>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
@@ -204,6 +205,15 @@ TEST(FichiersQt, GivingUpChoosesNothing) {
     EXPECT_FALSE(dialogs.saveFile({}));
     reject();
     EXPECT_FALSE(dialogs.chooseFolder(u"t"_s, u"/"_s));
+}
+
+TEST(FichiersQt, NothingChosenAboveAllDrivesChoosesNothing) {
+    QtDialogues dialogs;
+    whenShown<QFileDialog>([](QFileDialog& dialog) {
+        dialog.findChild<QListView*>(u"listView"_s)->setRootIndex({});
+        static_cast<QDialog&>(dialog).done(QDialog::Accepted);
+    });
+    EXPECT_EQ(dialogs.saveFile({}), std::nullopt);
 }
 
 TEST(FichiersQt, TheQuestionAboutAnExistingFileIsLeftToWhoWantsIt) {

@@ -155,8 +155,6 @@ TEST_F(PlaceTest, AMarkUnderThePointerIsLeftWhenTheTextMovesAway) {
     EXPECT_EQ(hovered.first().first().toInt(), -1);
 }
 
-// ---- a place that waits until its text has come in again
-
 TEST_F(PlaceTest, WhoReadsTheEndKeepsItInSightWhateverSizeTheLettersTake) {
     for (const QString& letters : {narrow, broad}) {
         for (const int larger : {100, 200, 300}) {
@@ -175,6 +173,8 @@ TEST_F(PlaceTest, WhoReadsTheEndKeepsItInSightWhateverSizeTheLettersTake) {
         }
     }
 }
+
+// ---- a place that waits until its text has come in again
 
 namespace {
 
