@@ -41,13 +41,13 @@ public:
         }
         addPiece(from, to, where);
     }
-    std::vector<LinkPass> take() { return std::move(passes_); }
+    std::vector<LookPass> take() { return std::move(passes_); }
 
 private:
-    LinkPass& passFor(const QTextCharFormat& look) {
+    LookPass& passFor(const QTextCharFormat& look) {
         const auto known =
-            std::find_if(passes_.begin(), passes_.end(), [&look](const LinkPass& pass) { return pass.look == look; });
-        return known != passes_.end() ? *known : passes_.emplace_back(LinkPass{look, {}});
+            std::find_if(passes_.begin(), passes_.end(), [&look](const LookPass& pass) { return pass.look == look; });
+        return known != passes_.end() ? *known : passes_.emplace_back(LookPass{look, {}});
     }
 
     void addPiece(int from, int to, QRegion& where) {
@@ -89,7 +89,7 @@ private:
     int line_ = 0;
     const LinkPaint::Ranges& selected_;
     bool mixed_ = false;
-    std::vector<LinkPass> passes_;
+    std::vector<LookPass> passes_;
 };
 
 } // namespace
@@ -109,7 +109,7 @@ std::optional<QTextCharFormat> LinkPaint::lookOf(const ShownRun& run, bool under
     return look;
 }
 
-std::vector<LinkPass> LinkPaint::passes(int number, const QTextLayout& lines, const LineBands& bands, int first,
+std::vector<LookPass> LinkPaint::passes(int number, const QTextLayout& lines, const LineBands& bands, int first,
                                         int last, const Ranges& selected) const {
     const int start = shown_.documentStart(number);
     const int from = start + lines.lineAt(first).textStart();

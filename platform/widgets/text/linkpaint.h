@@ -17,7 +17,7 @@
 namespace velm {
 
 /// Where a block shows text in another look, in pixels from its own corner.
-struct LinkPass {
+struct LookPass {
     QTextCharFormat look;
     QRegion where;
 };
@@ -32,7 +32,7 @@ public:
 
     /// For a block's lines from `first` to `last`. Where something is selected, in positions of the block, the
     /// selection's look counts; selections ascend.
-    std::vector<LinkPass> passes(int number, const QTextLayout& lines, const LineBands& bands, int first, int last,
+    std::vector<LookPass> passes(int number, const QTextLayout& lines, const LineBands& bands, int first, int last,
                                  const Ranges& selected) const;
 
 private:

@@ -49,7 +49,7 @@ void PaperLayout::drawBlock(QPainter& painter, const PaintContext& context, int 
     const int start = block.position();
     const int end = start + block.length() - 1;
     QList<QTextLayout::FormatRange> selected;
-    std::vector<LinkPass> marked;
+    std::vector<LookPass> marked;
     for (const Selection& selection : context.selections) {
         const int from = selection.cursor.selectionStart();
         const int to = selection.cursor.selectionEnd();
@@ -78,7 +78,7 @@ void PaperLayout::drawBlock(QPainter& painter, const PaintContext& context, int 
 // Links and selections are drawn in passes of their own, the rest around them: the toolkit's own way with a selection
 // cuts letters that reach beyond the text's edge, and only where it sees the selection.
 void PaperLayout::drawText(QPainter& painter, QTextLayout& lines, int number, const QRectF& clip,
-                           const QList<QTextLayout::FormatRange>& selected, std::vector<LinkPass> passes) {
+                           const QList<QTextLayout::FormatRange>& selected, std::vector<LookPass> passes) {
     const LineBands bands(lines, heights_.height(number));
     const int first = bands.at(static_cast<int>(std::floor(clip.top())));
     const int last = bands.at(static_cast<int>(std::ceil(clip.bottom())));
@@ -92,7 +92,7 @@ void PaperLayout::drawText(QPainter& painter, QTextLayout& lines, int number, co
     all.length = shown_->documentEnd(number) - shown_->documentStart(number);
     QRegion rest(clip.toAlignedRect());
     lines.setCacheEnabled(true); // what the passes share is shaped once
-    for (const LinkPass& pass : passes) {
+    for (const LookPass& pass : passes) {
         const QRegion where = pass.where & rest;
         if (where.isEmpty()) {
             continue; // without a place the toolkit would go through the whole paragraph

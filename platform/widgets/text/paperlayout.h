@@ -114,7 +114,7 @@ private:
     void drawBlock(QPainter& painter, const PaintContext& context, int number, const QTextBlock& block,
                    const QRectF& clip);
     void drawText(QPainter& painter, QTextLayout& lines, int number, const QRectF& clip,
-                  const QList<QTextLayout::FormatRange>& selected, std::vector<LinkPass> passes);
+                  const QList<QTextLayout::FormatRange>& selected, std::vector<LookPass> passes);
     void drawBullet(QPainter& painter, int number, const QTextBlock& block) const;
     void drawPageBreak(QPainter& painter, const QTextLayout& lines) const;
     QRegion selectionRegion(const QTextLayout& lines, int number, const QTextLayout::FormatRange& range, bool pastEnd,

@@ -22,7 +22,7 @@ struct Block {
         }
         lines.endLayout();
     }
-    std::vector<LinkPass> passes(const std::vector<LinkRange>& ranges, int hovered = -1,
+    std::vector<LookPass> passes(const std::vector<LinkRange>& ranges, int hovered = -1,
                                  const LinkPaint::Ranges& selected = {}) const {
         const LinkRanges links(ranges);
         const LineBands bands(lines, height);
