@@ -6,7 +6,7 @@
 
 #include <random>
 
-namespace velm {
+namespace velm::test {
 
 class FichierCriteresTest : public BaseRecherche {
 protected:
@@ -76,4 +76,4 @@ protected:
     }
 };
 
-} // namespace velm
+} // namespace velm::test

@@ -4,7 +4,7 @@
 
 #include <QMainWindow>
 
-namespace velm {
+namespace velm::test {
 
 class CadreTest : public FormulaireTest {
 protected:
@@ -21,4 +21,4 @@ protected:
     }
 };
 
-} // namespace velm
+} // namespace velm::test
