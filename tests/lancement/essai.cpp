@@ -144,7 +144,7 @@ private:
     void astucefautive() {
         ReglagesStore(reglages_).save(u"OPTIONS", u"TIPS", u"jamais"_s);
         programme_.ecran()->menus().entree(u"maffichagetfu"_s)->trigger();
-        programme_.astuce();
+        programme_.cadre().astuce();
     }
 
     /// A real box, in whose event loop the next thing fails; it is answered afterwards.

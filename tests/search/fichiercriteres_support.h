@@ -8,6 +8,11 @@
 
 namespace velm::test {
 
+/// What the form offers in its lists.
+inline const ItemsFormulaire items{{u"(Tous)"_s, u"crédit"_s, u"vente"_s},
+                                   {u"(Tous)"_s, u"Arrêt"_s, u"Décret"_s},
+                                   {u"et"_s, u"ou"_s, u"et non"_s, u"ou non"_s}};
+
 class FichierCriteresTest : public BaseRecherche {
 protected:
     static EtatFormulaire formulaire() {

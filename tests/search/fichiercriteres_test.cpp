@@ -3,14 +3,6 @@
 using namespace velm;
 using namespace velm::test;
 
-namespace {
-
-const ItemsFormulaire items{{u"(Tous)"_s, u"crédit"_s, u"vente"_s},
-                            {u"(Tous)"_s, u"Arrêt"_s, u"Décret"_s},
-                            {u"et"_s, u"ou"_s, u"et non"_s, u"ou non"_s}};
-
-} // namespace
-
 TEST_F(FichierCriteresTest, SavingAndReadingBackRestoresEveryControl) {
     EXPECT_EQ(relu(octets(formulaire())), formulaire());
     EtatFormulaire vide;

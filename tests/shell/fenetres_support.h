@@ -13,7 +13,7 @@
 #include <QMdiSubWindow>
 #include <QScreen>
 
-namespace velm {
+namespace velm::test {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -72,4 +72,4 @@ protected:
     QWidget* formulaire() const { return programme->recherches().formulaire(); }
 };
 
-} // namespace velm
+} // namespace velm::test

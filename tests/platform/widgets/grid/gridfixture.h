@@ -5,6 +5,7 @@
 #include "tests/support/quiet.h"
 
 #include <QHeaderView>
+#include <QSignalSpy>
 #include <QTableView>
 
 namespace velm {

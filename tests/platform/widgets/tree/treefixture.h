@@ -4,6 +4,9 @@
 #include "tests/support/eventually.h"
 #include "tests/support/quiet.h"
 
+#include <QScrollBar>
+#include <QSignalSpy>
+
 namespace velm {
 
 class TreeTest : public QuietTest {
