@@ -1,10 +1,12 @@
 #include "platform/widgets/frame/childarea.h"
 
 #include "platform/base/twips.h"
+#include "platform/widgets/frame/childareakeys.h"
 #include "platform/widgets/frame/childframe.h"
 #include "platform/widgets/look/look.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
@@ -15,7 +17,7 @@
 
 namespace velm {
 
-ChildArea::ChildArea(QWidget* parent) : QMdiArea(parent) {
+ChildArea::ChildArea(QWidget* parent) : QMdiArea(parent), frames_(*this) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setActivationOrder(ActivationHistoryOrder); // closing one brings the one used before forward
@@ -56,28 +58,14 @@ QMdiSubWindow* ChildArea::add(QWidget* child) {
     // The toolkit makes an icon active, too, when it was used last; its controls have the focus then, and nobody sees
     // it. Between the two of them nothing is connected any more by now.
     connect(frame, &ChildFrame::closed, frame, [this] {
-        if (const ChildFrame* current = front(); current && current->isMinimized())
-            setActiveSubWindow(lastUsed(nullptr));
+        if (const ChildFrame* current = frames_.front(); current && current->isMinimized())
+            setActiveSubWindow(frames_.lastUsed());
     });
     return frame;
 }
 
-ChildFrame* ChildArea::frameOf(const QWidget* child) const {
-    auto* frame = child ? qobject_cast<ChildFrame*>(child->parentWidget()) : nullptr;
-    return frame && frame->widget() == child && subWindowList().contains(frame) ? frame : nullptr;
-}
-
 QMdiSubWindow* ChildArea::around(const QWidget* child) const {
-    return frameOf(child);
-}
-
-QList<ChildFrame*> ChildArea::frames(WindowOrder order) const {
-    QList<ChildFrame*> all;
-    for (QMdiSubWindow* window : subWindowList(order)) {
-        if (auto* frame = qobject_cast<ChildFrame*>(window))
-            all << frame;
-    }
-    return all;
+    return frames_.around(child);
 }
 
 QPoint ChildArea::scrolled() const {
@@ -85,17 +73,17 @@ QPoint ChildArea::scrolled() const {
 }
 
 void ChildArea::place(QWidget* child, int state, int left, int top, int width, int height) {
-    ChildFrame* frame = frameOf(child);
+    ChildFrame* frame = frames_.around(child);
     if (!frame)
         return;
     ChildWish wish{{pixelsFromTwips(left), pixelsFromTwips(top), pixelsFromTwips(width), pixelsFromTwips(height)}, {}};
-    for (const ChildFrame* other : frames())
+    for (const ChildFrame* other : frames_.all())
         wish.rank += other->isHidden() ? 0 : 1;
     frame->wish(wish, state);
 }
 
 int ChildArea::stateOf(const QWidget* child) const {
-    const ChildFrame* frame = frameOf(child);
+    const ChildFrame* frame = frames_.around(child);
     if (!frame)
         return Normal;
     if (frame->wishedState() != Normal)
@@ -104,7 +92,7 @@ int ChildArea::stateOf(const QWidget* child) const {
 }
 
 QRect ChildArea::twipsOf(const QWidget* child) const {
-    const ChildFrame* frame = frameOf(child);
+    const ChildFrame* frame = frames_.around(child);
     if (!frame)
         return {};
     const QRect place = frame->geometry().translated(scrolled());
@@ -113,11 +101,11 @@ QRect ChildArea::twipsOf(const QWidget* child) const {
 }
 
 void ChildArea::showPlaced(QWidget* child) {
-    ChildFrame* frame = frameOf(child);
+    ChildFrame* frame = frames_.around(child);
     if (!frame)
         return;
     const int state = frame->takeWishedState();
-    const ChildFrame* before = front();
+    const ChildFrame* before = frames_.front();
     const bool filling = state == Maximised || (before && before != frame && before->isMaximized());
     if (state == Minimised || filling)
         frame->delayPlace();
@@ -139,7 +127,7 @@ void ChildArea::showPlaced(QWidget* child) {
 }
 
 void ChildArea::activate(QWidget* child) {
-    ChildFrame* frame = frameOf(child);
+    ChildFrame* frame = frames_.around(child);
     if (!frame)
         return;
     if (frame->wishedState() == Minimised)
@@ -158,35 +146,19 @@ void ChildArea::focus(ChildFrame& frame) {
         frame.giveFocus(Qt::ActiveWindowFocusReason);
 }
 
-/// The window that was used last of those that are shown, icons last.
-ChildFrame* ChildArea::lastUsed(const ChildFrame* except) const {
-    ChildFrame* last = nullptr;
-    for (ChildFrame* frame : frames(ActivationHistoryOrder)) {
-        const bool better = !last || !frame->isMinimized() || last->isMinimized();
-        if (frame != except && !frame->isHidden() && better)
-            last = frame;
-    }
-    return last;
-}
-
-ChildFrame* ChildArea::front() const {
-    auto* current = qobject_cast<ChildFrame*>(currentSubWindow());
-    return current && !current->isHidden() ? current : lastUsed(nullptr);
-}
-
 void ChildArea::hideChild(QWidget* child) {
-    ChildFrame* frame = frameOf(child);
+    ChildFrame* frame = frames_.around(child);
     if (!frame)
         return;
     // The next one comes forward first, so that it takes over a maximised one's place.
-    if (front() == frame)
-        setActiveSubWindow(lastUsed(frame));
+    if (frames_.front() == frame)
+        setActiveSubWindow(frames_.lastUsed(frame));
     frame->hide();
     tellActive();
 }
 
 QWidget* ChildArea::activeChild() const {
-    const ChildFrame* frame = front();
+    const ChildFrame* frame = frames_.front();
     return frame ? frame->widget() : nullptr;
 }
 
@@ -196,29 +168,23 @@ void ChildArea::tellActive() {
         return;
     told_ = active;
     // Before the toolkit looks for a control by itself.
-    if (ChildFrame* frame = frameOf(active))
+    if (ChildFrame* frame = frames_.around(active))
         frame->giveFocus(Qt::ActiveWindowFocusReason);
     emit childActivated(active);
 }
 
 std::vector<QWidget*> ChildArea::children() const {
     std::vector<QWidget*> all;
-    for (const ChildFrame* frame : frames()) {
+    for (const ChildFrame* frame : frames_.all()) {
         if (QWidget* child = frame->widget())
             all.push_back(child);
     }
     return all;
 }
 
-QList<ChildFrame*> ChildArea::arrangeable(WindowOrder order) const {
-    QList<ChildFrame*> windows = frames(order);
-    windows.removeIf([](const ChildFrame* frame) { return frame->isHidden() || frame->isMinimized(); });
-    return windows;
-}
-
 QSize ChildArea::roomForArranging() const {
     QSize room = maximumViewportSize();
-    for (const ChildFrame* frame : frames()) {
+    for (const ChildFrame* frame : frames_.all()) {
         if (!frame->isHidden() && frame->isMinimized())
             return room - QSize(0, frame->height());
     }
@@ -231,7 +197,7 @@ void ChildArea::arrange(Arrangement arrangement) {
     const auto again = qScopeGuard([&] { setUpdatesEnabled(updating); });
     const bool cascading = arrangement == Arrangement::Cascade;
     // The active window lies on top; in a cascade that is the last place.
-    const QList<ChildFrame*> windows = arrangeable(cascading ? StackingOrder : CreationOrder);
+    const QList<ChildFrame*> windows = frames_.open(cascading ? StackingOrder : CreationOrder);
     std::vector<QSize> least;
     for (ChildFrame* frame : windows) {
         frame->forgetWish();
@@ -245,7 +211,7 @@ void ChildArea::arrange(Arrangement arrangement) {
     const int bar = verticalScrollBar()->sizeHint().width();
     const auto places =
         cascading ? cascadePlaces(least, roomForArranging()) : tilePlaces(least, roomForArranging(), along, bar);
-    for (ChildFrame* frame : frames())
+    for (ChildFrame* frame : frames_.all())
         frame->setTile({});
     for (std::size_t index = 0; index < places.size(); ++index) {
         ChildFrame* frame = windows[static_cast<qsizetype>(index)];
@@ -258,7 +224,7 @@ void ChildArea::arrange(Arrangement arrangement) {
 
 /// Whether the tiles lie as they were laid, and nothing beside them.
 bool ChildArea::isTiled() const {
-    const QList<ChildFrame*> windows = arrangeable(CreationOrder);
+    const QList<ChildFrame*> windows = frames_.open(CreationOrder);
     return windows.size() == tiles_ &&
            std::ranges::all_of(windows, [](const ChildFrame* frame) { return frame->liesInItsTile(); });
 }
@@ -284,7 +250,7 @@ void ChildArea::paintEvent(QPaintEvent* event) {
 
 void ChildArea::resizeEvent(QResizeEvent* event) {
     QMdiArea::resizeEvent(event);
-    for (ChildFrame* frame : frames())
+    for (ChildFrame* frame : frames_.all())
         frame->followArea();
     if (isTiled())
         arrange(tiling_);
@@ -299,9 +265,78 @@ void ChildArea::scrollContentsBy(int dx, int dy) {
 bool ChildArea::viewportEvent(QEvent* event) {
     const bool handled = QMdiArea::viewportEvent(event);
     // The one used before may be hidden: then the next one after it.
-    if (event->type() == QEvent::ChildRemoved && !activeSubWindow() && front())
-        setActiveSubWindow(front());
+    if (event->type() == QEvent::ChildRemoved && !activeSubWindow() && frames_.front())
+        setActiveSubWindow(frames_.front());
     return handled;
+}
+
+// ---- keys, and what windows do by themselves
+
+void ChildArea::walk(bool forward) {
+    const QList<ChildFrame*> windows = frames_.shown();
+    if (windows.isEmpty())
+        return;
+    const qsizetype here = windows.indexOf(frames_.front());
+    const qsizetype next = here + (forward ? 1 : -1) + windows.size();
+    focus(*windows[next % windows.size()]);
+}
+
+bool ChildArea::windowKey(const QKeyEvent& event, bool perform) {
+    const ChildAreaKey key = childAreaKey(event);
+    if (key == ChildAreaKey::None || !perform)
+        return key != ChildAreaKey::None;
+    if (key != ChildAreaKey::Close)
+        walk(key == ChildAreaKey::Next);
+    else if (ChildFrame* frame = frames_.front())
+        frame->close();
+    return true;
+}
+
+/// A child that closes takes its frame along, after it has been asked itself.
+bool ChildArea::closeAround(QObject& child, QEvent& event) {
+    ChildFrame* frame = frames_.around(qobject_cast<QWidget*>(&child));
+    if (!frame)
+        return false;
+    child.event(&event);
+    if (event.isAccepted())
+        frame->close();
+    return true;
+}
+
+void ChildArea::hideFrames() {
+    for (ChildFrame* frame : frames_.all()) {
+        QWidget* child = frame->widget();
+        if (std::exchange(frame->childHid, false) && child && child->isHidden() && !frame->isMinimized())
+            hideChild(child);
+    }
+}
+
+bool ChildArea::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+    case QEvent::KeyPress: {
+        auto* widget = qobject_cast<QWidget*>(watched);
+        const bool press = event->type() == QEvent::KeyPress;
+        if (!widget || widget->window() != window() || !windowKey(static_cast<QKeyEvent&>(*event), press))
+            break;
+        event->accept();
+        return true;
+    }
+    case QEvent::Close:
+        if (closeAround(*watched, *event))
+            return true;
+        break;
+    case QEvent::HideToParent:
+        // Later, for frames hide their children, too, when they close or are minimised.
+        if (ChildFrame* frame = frames_.around(qobject_cast<QWidget*>(watched))) {
+            frame->childHid = true;
+            emit childHid(QPrivateSignal());
+        }
+        break;
+    default:
+        break;
+    }
+    return QMdiArea::eventFilter(watched, event);
 }
 
 } // namespace velm

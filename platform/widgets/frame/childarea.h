@@ -4,15 +4,14 @@
 // Offered: adding, activating, hiding and counting children; cascade and the two tilings; background. Ctrl+Tab and
 // Ctrl+F6 walk the windows, Ctrl+F4 and Ctrl+W close the active one. A maximised child fills the area and keeps the
 // next one maximised. A child that comes back gives the focus to the control that had it last.
-#include <QMdiArea>
+#include "platform/widgets/frame/childframes.h"
+
 #include <QPixmap>
 #include <QPointer>
 
 #include <vector>
 
 namespace velm {
-
-class ChildFrame;
 
 class ChildArea : public QMdiArea {
     Q_OBJECT
@@ -70,22 +69,18 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QList<ChildFrame*> frames(WindowOrder order = CreationOrder) const;
-    ChildFrame* frameOf(const QWidget* child) const;
-    QList<ChildFrame*> arrangeable(WindowOrder order) const;
     QSize roomForArranging() const;
     bool isTiled() const;
     QPoint scrolled() const;
     QColor shownColour() const;
     void focus(ChildFrame& frame);
-    ChildFrame* lastUsed(const ChildFrame* except) const;
-    ChildFrame* front() const;
     void tellActive();
     void walk(bool forward);
     bool windowKey(const QKeyEvent& event, bool perform);
     bool closeAround(QObject& child, QEvent& event);
     void hideFrames();
 
+    ChildFrames frames_;
     QPixmap picture_;
     QColor colour_;
     Arrangement tiling_ = Arrangement::Cascade;

@@ -1,14 +1,30 @@
-#include "platform/base/twips.h"
-#include "platform/widgets/grid/flexgrid_p.h"
+#include "platform/widgets/grid/flexgrid.h"
+
+#include "platform/widgets/grid/gridcolumns.h"
+#include "platform/widgets/grid/gridmodel.h"
+#include "platform/widgets/grid/gridview.h"
 #include "platform/widgets/grid/tablemime.h"
 
 #include <QClipboard>
 #include <QEvent>
 #include <QGuiApplication>
-#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 namespace velm {
+
+struct FlexGrid::Private {
+    explicit Private(FlexGrid* grid) : model(grid), view(new GridView(model, grid)), columns(model, *view) {}
+
+    /// The selected rows by their cells; with the hidden columns or without.
+    std::vector<QStringList> selected(bool hidden) const;
+    void clampSelection() const { view->select(view->anchor(), view->end(), false); }
+
+    GridModel model;
+    GridView* view;
+    GridColumns columns;
+    bool goHome = false; ///< the rows are others: show the first one
+};
+
 std::vector<QStringList> FlexGrid::Private::selected(bool hidden) const {
     std::vector<QStringList> rows;
     if (view->end() < 0)
@@ -16,9 +32,9 @@ std::vector<QStringList> FlexGrid::Private::selected(bool hidden) const {
     const auto [first, last] = std::minmax({view->anchor(), view->end()});
     for (int row = first; row <= last; ++row) {
         QStringList& cells = rows.emplace_back();
-        for (int place = 0; place < model.columnCount(); ++place) {
-            if (hidden || !view->header().isSectionHidden(logical(place)))
-                cells.append(model.text(row, logical(place)));
+        for (int place = 0; place < columns.count(); ++place) {
+            if (hidden || !columns.isHidden(place))
+                cells.append(model.text(row, view->logicalAt(place)));
         }
     }
     return rows;
@@ -44,19 +60,86 @@ FlexGrid::FlexGrid(QWidget* parent) : QWidget(parent), d_(std::make_unique<Priva
     header.onClicked = [this](int place) { emit clicked(0, place); };
     header.onDoubleClicked = [this](int place) { emit doubleClicked(0, place); };
     header.onRightClicked = [this](int place, const QPoint& at) { emit rightClicked(0, place, at); };
-    connect(&header, &QHeaderView::sectionMoved, this, [this](int, int from, int to) {
-        if (!d_->arranging)
-            emit columnMoved(from, to);
-    });
-    connect(&header, &QHeaderView::sectionResized, this, [this](int column, int, int size) {
-        if (!d_->arranging && column != d_->stretched && size > 0)
-            d_->model.column(column).twips = twipsFromPixels(size);
-    });
+    d_->columns.onMoved = [this](int from, int to) { emit columnMoved(from, to); };
 }
 
 FlexGrid::~FlexGrid() {
     // Before its model goes.
     delete d_->view;
+}
+
+// ---- columns
+
+void FlexGrid::setCols(int count) {
+    count = std::max(count, 0);
+    if (count == cols())
+        return;
+    d_->columns.setCount(count);
+    d_->view->restoreSelection();
+}
+
+int FlexGrid::cols() const {
+    return d_->columns.count();
+}
+
+void FlexGrid::setColWidth(int col, int twips) {
+    d_->columns.setWidth(col, twips);
+}
+
+int FlexGrid::colWidth(int col) const {
+    return d_->columns.width(col);
+}
+
+void FlexGrid::setColAlignment(int col, Align align) {
+    d_->columns.setAlignment(col, align);
+}
+
+void FlexGrid::setHeaderAlignment(int col, Align align) {
+    d_->columns.setHeaderAlignment(col, align);
+}
+
+void FlexGrid::setColData(int col, int number) {
+    d_->columns.setData(col, number);
+}
+
+int FlexGrid::colData(int col) const {
+    return d_->columns.data(col);
+}
+
+void FlexGrid::setColPosition(int col, int place) {
+    d_->columns.move(col, place);
+}
+
+void FlexGrid::setColumnsMovable(bool movable) {
+    d_->view->header().setSectionsMovable(movable);
+}
+
+void FlexGrid::setStretchCol(int col) {
+    d_->columns.setStretched(col);
+}
+
+void FlexGrid::setHeader(int col, const QString& text) {
+    d_->columns.setHeader(col, text);
+}
+
+QString FlexGrid::header(int col) const {
+    return d_->columns.header(col);
+}
+
+QString FlexGrid::headerCell(int col) const {
+    return d_->columns.headerCell(col);
+}
+
+void FlexGrid::setHeaderFontSize(int points) {
+    d_->view->header().setPoints(points);
+}
+
+FlexGrid::Mark FlexGrid::sortMark(int col) const {
+    return d_->columns.mark(col);
+}
+
+void FlexGrid::setSortMark(int col, Mark mark) {
+    d_->columns.setMark(col, mark);
 }
 
 // ---- rows
@@ -72,11 +155,11 @@ void FlexGrid::setRows(int count) {
 }
 
 void FlexGrid::addItem(const QString& cells) {
-    d_->model.append(cells, d_->order());
+    d_->model.append(cells, d_->columns.order());
 }
 
 void FlexGrid::addItems(const std::vector<QStringList>& rows) {
-    d_->model.append(rows, d_->order());
+    d_->model.append(rows, d_->columns.order());
 }
 
 void FlexGrid::removeItem(int row) {
@@ -90,19 +173,19 @@ void FlexGrid::removeItem(int row) {
 }
 
 QString FlexGrid::text(int row, int col) const {
-    if (!d_->hasPlace(col))
+    if (!d_->columns.has(col))
         return {};
-    return row == 0 ? headerCell(col) : d_->model.text(row - 1, d_->logical(col));
+    return row == 0 ? headerCell(col) : d_->model.text(row - 1, d_->view->logicalAt(col));
 }
 
 void FlexGrid::setText(int row, int col, const QString& text) {
-    if (!d_->hasPlace(col))
+    if (!d_->columns.has(col))
         return;
     if (row == 0) {
-        setHeaderCell(col, text);
+        d_->columns.setHeaderCell(col, text);
         return;
     }
-    d_->model.setText(row - 1, d_->logical(col), text);
+    d_->model.setText(row - 1, d_->view->logicalAt(col), text);
     // Neighbours may be one cell with this one now, or no more.
     if (redraw() && mergeCells())
         d_->view->viewport()->update();
@@ -121,13 +204,13 @@ GridSource* FlexGrid::source() const {
 // ---- order
 
 bool FlexGrid::sort(int col, bool descending) {
-    if (!d_->hasPlace(col))
+    if (!d_->columns.has(col))
         return false;
     GridView& view = *d_->view;
     GridRows& memory = d_->model.rows();
     const bool all = view.anchor() != view.end() && selectedRows() == std::pair(1, rows() - 1);
     const int followed = source() || view.anchor() < 0 ? -1 : memory.identity(view.anchor());
-    if (!d_->model.sortBy(d_->logical(col), descending))
+    if (!d_->model.sortBy(d_->view->logicalAt(col), descending))
         return false;
     for (int place = 0; place < cols(); ++place)
         setSortMark(place, place != col ? Mark::None : descending ? Mark::Descending : Mark::Ascending);
@@ -149,7 +232,7 @@ bool FlexGrid::mergeCells() const {
 }
 
 bool FlexGrid::joinsAbove(int row, int col) const {
-    return d_->hasPlace(col) && row >= 1 && d_->view->joinsAbove(row - 1, col);
+    return d_->columns.has(col) && row >= 1 && d_->view->joinsAbove(row - 1, col);
 }
 
 // ---- selection

@@ -124,7 +124,6 @@ protected:
 
 private:
     void showFirst();
-    void setHeaderCell(int col, const QString& text);
 
     struct Private;
     std::unique_ptr<Private> d_;

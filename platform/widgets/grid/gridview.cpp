@@ -1,82 +1,23 @@
 #include "platform/widgets/grid/gridview.h"
 
+#include "platform/widgets/grid/gridcells.h"
 #include "platform/widgets/grid/gridlook.h"
+#include "platform/widgets/look/copykey.h"
 
+#include <QContextMenuEvent>
 #include <QHelpEvent>
-#include <QPainter>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 
 namespace velm {
 
-namespace {
-
-/// The colours of a list with or without the focus.
-struct Tones {
-    explicit Tones(const QWidget& view)
-        : palette(view.hasFocus() ? view.palette() : gridlook::unfocused(view.palette())),
-          group(!view.isEnabled()       ? QPalette::Disabled
-                : view.isActiveWindow() ? QPalette::Active
-                                        : QPalette::Inactive) {}
-    QColor ground() const { return palette.color(group, QPalette::Highlight); }
-    QColor text(bool selected) const {
-        return palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text);
-    }
-    QColor line() const { return gridlook::hairline(palette); }
-
-    QPalette palette;
-    QPalette::ColorGroup group;
-};
-
-void paintGround(QPainter& painter, const QRect& rect, const Tones& tones, bool selected, bool line) {
-    if (selected) {
-        painter.fillRect(rect, tones.ground());
-    } else if (line) {
-        painter.setPen(QPen(tones.line(), 0));
-        painter.drawLine(rect.bottomLeft(), rect.bottomRight());
-    }
-}
-
-} // namespace
-
-struct GridView::Delegate : public QStyledItemDelegate {
-    explicit Delegate(GridView* owner) : QStyledItemDelegate(owner), view(*owner) {}
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        const int row = index.row();
-        const int place = view.placeOf(index.column());
-        const bool selected = view.isSelected(row);
-        const Tones tones(view);
-        paintGround(*painter, option.rect, tones, selected, !view.joinsAbove(row + 1, place));
-        if (!view.showsText(row, place))
-            return;
-        const QString text = index.data().toString();
-        if (text.isEmpty())
-            return;
-        painter->setFont(option.font);
-        painter->setPen(tones.text(selected));
-        const QFontMetrics& metrics = option.fontMetrics;
-        const QRect rect = gridlook::textRect(option.rect);
-        // Titles that share their beginning ("Code de commerce, art. …") are told apart by their end.
-        painter->drawText(rect, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine,
-                          metrics.elidedText(text, Qt::ElideMiddle, rect.width()));
-    }
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        const QFontMetrics metrics(option.font);
-        return {metrics.horizontalAdvance(index.data().toString()) + 2 * gridlook::padding + 1,
-                gridlook::rowHeight(metrics)};
-    }
-
-    GridView& view;
-};
-
 GridView::GridView(GridModel& model, QWidget* parent)
-    : QTableView(parent), model_(model), header_(new GridHeader(model, this)) {
+    : QTableView(parent), model_(model), header_(new GridHeader(model, this)), cells_(new GridCells(*this)),
+      merged_(model, *header_), mouse_(*this, model), lookUp_(model) {
     setModel(&model);
     setHorizontalHeader(header_);
-    setItemDelegate(new Delegate(this));
+    setItemDelegate(cells_);
     setFrameShape(QFrame::NoFrame);
     setShowGrid(false);
     setWordWrap(false);
@@ -107,8 +48,7 @@ void GridView::takeFont() {
 
 void GridView::select(int anchor, int end, bool reveal) {
     const int last = model_.count() - 1;
-    waitTimer_.stop();
-    waiting_ = -1;
+    mouse_.forget();
     anchor_ = std::min(anchor, last);
     end_ = anchor_ < 0 ? -1 : std::clamp(end, 0, last);
     anchor_ = std::max(anchor_, -1);
@@ -198,27 +138,8 @@ void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
 // ---- merging
 
 void GridView::setMerging(bool merging) {
-    merging_ = merging;
+    merged_.setOn(merging);
     viewport()->update();
-}
-
-int GridView::joinedNow(int row) const {
-    if (row <= 0 || row >= model_.count())
-        return 0;
-    const int places = header_->count();
-    for (int place = 0; place < places; ++place) {
-        const int logical = logicalAt(place);
-        if (!header_->isSectionHidden(logical) && !model_.same(row, row - 1, logical))
-            return place;
-    }
-    return places;
-}
-
-int GridView::joined(int row) const {
-    if (!merging_)
-        return 0;
-    const auto known = static_cast<std::size_t>(row - joinsFrom_);
-    return row >= joinsFrom_ && known < joins_.size() ? joins_[known] : joinedNow(row);
 }
 
 QRect GridView::cellRect(int row, int place) const {
@@ -226,33 +147,17 @@ QRect GridView::cellRect(int row, int place) const {
 }
 
 void GridView::paintEvent(QPaintEvent* event) {
-    if (merging_) {
-        joinsFrom_ = topRow();
-        const int below = std::min(joinsFrom_ + pageRows() + 2, model_.count());
-        for (int row = joinsFrom_; row < below; ++row)
-            joins_.push_back(joinedNow(row));
-    }
+    const int shown = topRow() + pageRows();
+    merged_.remember(topRow(), std::min(shown + 2, model_.count()));
     QTableView::paintEvent(event);
-    joins_.clear();
-    paintBeside();
-}
-
-void GridView::paintBeside() {
-    const int left = header_->length() - header_->offset();
-    const int width = viewport()->width() - left;
-    if (width <= 0)
-        return;
-    QPainter painter(viewport());
-    const Tones tones(*this);
-    const int last = std::min(topRow() + pageRows() + 1, model_.rowCount());
-    for (int row = topRow(); row < last; ++row)
-        paintGround(painter, {left, rowViewportPosition(row), width, rowHeight(row)}, tones, isSelected(row), true);
+    merged_.forget();
+    cells_->paintBeside(header_->length() - header_->offset(), topRow(), std::min(shown + 1, model_.rowCount()));
 }
 
 void GridView::scrollContentsBy(int dx, int dy) {
     QTableView::scrollContentsBy(dx, dy);
     // The text of a merged cell stands at the top of what is seen of it.
-    if (merging_ && dy != 0)
+    if (merging() && dy != 0)
         viewport()->update();
 }
 
@@ -277,8 +182,112 @@ int GridView::firstPlace() const {
     return 0;
 }
 
-int GridView::placeAt(int x) const {
-    return header_->visualIndexAt(x);
+// ---- mouse and keyboard
+
+void GridView::mousePressEvent(QMouseEvent* event) {
+    mouse_.press(*event);
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* event) {
+    mouse_.move(*event);
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* event) {
+    mouse_.release(*event);
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
+    mouse_.doubleClick(*event);
+}
+
+void GridView::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (event->reason() != QContextMenuEvent::Keyboard || end_ < 0 || !onRightClicked)
+        return;
+    scrollTo(model_.index(end_, 0));
+    const int place = firstPlace();
+    onRightClicked(end_, place, viewport()->mapToGlobal(cellRect(end_, place).center()));
+}
+
+void GridView::focusInEvent(QFocusEvent* event) {
+    // Not the table's own: it would make a first cell current that nobody selected.
+    event->accept();
+    viewport()->update();
+}
+
+void GridView::moveTo(int row, bool extend) {
+    const int last = model_.count() - 1;
+    if (last < 0)
+        return;
+    const int target = std::clamp(row, 0, last);
+    select(extend && anchor_ >= 0 ? anchor_ : target, target, true);
+}
+
+bool GridView::moveKey(const QKeyEvent& event) {
+    const bool extend = event.modifiers().testFlag(Qt::ShiftModifier);
+    const int from = end_;
+    switch (event.key()) {
+    case Qt::Key_Up:
+        moveTo(from - 1, extend);
+        return true;
+    case Qt::Key_Down:
+        moveTo(from + 1, extend);
+        return true;
+    case Qt::Key_PageUp:
+        moveTo(from - pageRows(), extend);
+        return true;
+    case Qt::Key_PageDown:
+        moveTo(from + pageRows(), extend);
+        return true;
+    case Qt::Key_Home:
+        moveTo(0, extend);
+        return true;
+    case Qt::Key_End:
+        moveTo(model_.count() - 1, extend);
+        return true;
+    case Qt::Key_Left:
+        horizontalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepSub);
+        return true;
+    case Qt::Key_Right:
+        horizontalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool GridView::event(QEvent* event) {
+    return claimsCopyKey(*event) || QTableView::event(event);
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+    mouse_.settle();
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+    event->accept();
+    if (event->matches(QKeySequence::SelectAll)) {
+        selectAll();
+    } else if (event->matches(QKeySequence::Copy)) {
+        if (onCopy)
+            onCopy();
+    } else if ((modifiers == Qt::NoModifier || modifiers == Qt::ControlModifier) && moveKey(*event)) {
+        return;
+    } else if (modifiers == Qt::NoModifier && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        if (end_ >= 0 && onActivated)
+            onActivated(end_);
+    } else if (modifiers == Qt::NoModifier && event->key() == Qt::Key_Delete) {
+        if (onDelete)
+            onDelete();
+    } else if (modifiers == Qt::NoModifier && !event->text().isEmpty() && event->text().at(0).isPrint()) {
+        keyboardSearch(event->text());
+    } else {
+        event->ignore();
+    }
+}
+
+void GridView::keyboardSearch(const QString& search) {
+    const int found = lookUp_.typed(search, end_, logicalAt(firstPlace()));
+    if (found >= 0)
+        moveTo(found, false);
 }
 
 } // namespace velm

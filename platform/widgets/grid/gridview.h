@@ -1,16 +1,19 @@
 #pragma once
-// The view inside a grid: paints rows, merges equal neighbours, and turns mouse and keyboard into a selection that is
-// always one range of rows. Rows count from 0 here, -1 is none; columns ("places") as they stand on the screen.
+// The view inside a grid: turns mouse and keyboard into a selection that is always one range of rows, and shows it.
+// Rows count from 0 here, -1 is none; columns ("places") as they stand on the screen.
 #include "platform/widgets/grid/gridheader.h"
 #include "platform/widgets/grid/gridmodel.h"
+#include "platform/widgets/grid/gridmouse.h"
+#include "platform/widgets/grid/mergedcells.h"
+#include "platform/widgets/grid/rowlookup.h"
 
-#include <QBasicTimer>
-#include <QElapsedTimer>
 #include <QTableView>
 
 #include <functional>
 
 namespace velm {
+
+class GridCells;
 
 class GridView : public QTableView {
 public:
@@ -26,6 +29,7 @@ public:
     GridHeader& header() const { return *header_; }
     int placeOf(int logical) const { return header_->visualIndex(logical); }
     int logicalAt(int place) const { return header_->logicalIndex(place); }
+    int placeAt(int x) const { return header_->visualIndexAt(x); }
     /// Row height and header font follow the view's font.
     void takeFont();
 
@@ -48,14 +52,12 @@ public:
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
     int topRow() const;
     void setTopRow(int row);
-    /// Asks the rows whose text begins so, from a row on and around.
-    int lookUp(const QString& beginning, int from) const;
 
     // ---- merging
     void setMerging(bool merging);
-    bool merging() const { return merging_; }
+    bool merging() const { return merged_.isOn(); }
     /// Whether a cell is shown as one with the cell above it.
-    bool joinsAbove(int row, int place) const { return place < joined(row); }
+    bool joinsAbove(int row, int place) const { return place < merged_.joined(row); }
     /// Whether a cell is the first one of its merged group that can be seen: the one that shows the text.
     bool showsText(int row, int place) const { return row == topRow() || !joinsAbove(row, place); }
     QRect cellRect(int row, int place) const;
@@ -74,51 +76,25 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyboardSearch(const QString& search) override;
     void focusInEvent(QFocusEvent* event) override;
-    void timerEvent(QTimerEvent* event) override;
 
 private:
-    struct Delegate;
-
-    /// Number of places, from the left, that a row shows as one with the row above.
-    int joined(int row) const;
-    int joinedNow(int row) const;
-    /// Right of the last column, rows go on.
-    void paintBeside();
     int pageRows() const;
     int firstPlace() const;
-    int placeAt(int x) const;
     bool moveKey(const QKeyEvent& event);
     void moveTo(int row, bool extend);
-    void dragTo(int y);
-    void settlePress();
     void adoptSelection();
     void revealEnd();
-    int lookUpWalking(const QString& beginning, int from, int count, int logical) const;
 
     GridModel& model_;
     GridHeader* header_;
+    GridCells* cells_;
+    MergedCells merged_;
+    GridMouse mouse_;
+    RowLookUp lookUp_;
     int anchor_ = -1;
     int end_ = -1;
     bool syncing_ = false;
-    bool merging_ = false;
     bool revealWhenShown_ = false;
-
-    /// Of the rows that are being painted; empty otherwise.
-    std::vector<int> joins_;
-    int joinsFrom_ = 0;
-
-    // ---- the press of a button
-    int pressRow_ = -1;
-    int pressPlace_ = -1;
-    bool dragging_ = false;
-    bool doubled_ = false; ///< the release that follows ends a double click
-    int waiting_ = -1;     ///< row of a selection that shrinks to it, unless a double click follows
-    QBasicTimer waitTimer_;
-    QBasicTimer scrollTimer_;
-    int dragY_ = 0;
-
-    QString typed_;
-    QElapsedTimer typedAt_;
 };
 
 } // namespace velm

@@ -1,9 +1,9 @@
 #include "platform/widgets/text/paperlayout.h"
 
-#include "platform/widgets/text/viewformats.h"
+#include "platform/widgets/text/blockpaint.h"
 
 #include <QElapsedTimer>
-#include <QFontMetricsF>
+#include <QPainter>
 #include <QTextDocument>
 
 #include <cmath>
@@ -12,12 +12,6 @@ namespace velm {
 
 namespace {
 
-constexpr int leastMeasure = 120;        // pixels; a narrower window cuts the text off rather than breaking every word
-constexpr double tabRoom = 4.0;          // ems that a table keeps behind its last stop
-constexpr std::int32_t tableRoom = 9000; // twips: tables are set for the width of a printed page's text
-constexpr int smallestPageType = 22;  // half points: a document of small tables or of large titles keeps the page that
-constexpr int largestPageType = 32;   // running text would have
-constexpr int tabMeasureLimit = 1100; // pixels at 96 dots to the inch, beyond which a table does not widen the sheet
 constexpr std::size_t mostLines = 2000; // blocks that keep their lines; more than any screen shows
 constexpr double tallest = 2e9;         // pixels: what a scroll bar can tell of
 
@@ -48,8 +42,7 @@ void PaperLayout::setContent(const ShownText* shown) {
     shown_ = shown;
     available_ = 0;
     lines_.clear();
-    pictureSizes_.clear();
-    pictures_.clear();
+    pictures_.setContent(shown);
     updatePage();
     forgetLines();
 }
@@ -69,37 +62,12 @@ double PaperLayout::fontHeight() const {
     return std::clamp(halfPoints, 12, 96) / 144.0 * device_.dpi;
 }
 
-double PaperLayout::pageEm() const {
-    const int halfPoints = shown_ != nullptr ? shown_->mainFormat().size : smallestPageType;
-    return std::clamp(halfPoints, smallestPageType, largestPageType) / 144.0 * device_.dpi;
-}
-
-/// The width that tables on tab stops need; 0 when there are none.
-int PaperLayout::tableWidth() const {
-    const std::int32_t widest = shown_ != nullptr ? shown_->widestTable() : 0;
-    const double limit = tabMeasureLimit * device_.dpi / 96.0;
-    const double needed = std::max(pixels(tableRoom), pixels(widest) + tabRoom * pageEm());
-    return widest > 0 ? static_cast<int>(std::min(limit, needed)) : 0;
-}
-
 void PaperLayout::updatePage() {
-    PaperPage page;
-    page.width = std::max(1, static_cast<int>(document()->pageSize().width()));
-    const double em = pageEm();
-    // A narrow window is for the text: the margin gives way before the measure does.
-    constexpr int parts = 12;
-    page.margin = std::min(qRound(look::sheetMargin * em), std::max(look::spacing, page.width / parts));
-    // Running French text in a book face takes about 0.43 em for a character.
-    const int longest = std::max(qRound(look::measureCharacters * 0.43 * em), tableWidth());
-    page.measure = std::clamp(page.width - 2 * page.margin, leastMeasure, std::max(leastMeasure, longest));
-    page.sheetWidth = page.measure + 2 * page.margin;
-    page.sheetLeft = std::max(0, (page.width - page.sheetWidth) / 2);
-    page.textLeft = page.sheetLeft + page.margin;
+    const PaperPage page = paperPage(static_cast<int>(document()->pageSize().width()), shown_, device_.dpi);
     const bool measureDiffers = page.measure != page_.measure || page.margin != page_.margin;
     page_ = page;
-    if (measureDiffers) {
+    if (measureDiffers)
         forgetLines();
-    }
 }
 
 int PaperLayout::estimate(int number, double lineHeight, double averageWidth) const {
@@ -111,18 +79,16 @@ int PaperLayout::estimate(int number, double lineHeight, double averageWidth) co
 }
 
 void PaperLayout::forgetLines() {
-    for (const int number : std::exchange(lines_, {})) {
+    for (const int number : std::exchange(lines_, {}))
         document()->findBlockByNumber(number).layout()->clearLayout();
-    }
     next_ = 0;
     const int count = shown_ != nullptr ? shown_->count() : 0;
     laid_.assign(static_cast<std::size_t>(count), false);
     lined_.assign(static_cast<std::size_t>(count), false);
     std::vector<int> heights(static_cast<std::size_t>(count));
     const double em = fontHeight();
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; ++i)
         heights[static_cast<std::size_t>(i)] = estimate(i, 1.12 * look::singleLine * em, 0.45 * em);
-    }
     heights_.assign(std::move(heights));
 }
 
@@ -134,9 +100,8 @@ void PaperLayout::documentChanged(int from, int removed, int added) {
     const PaperPage before = page_;
     updatePage();
     emit documentSizeChanged(documentSize());
-    if (page_ != before) {
+    if (page_ != before)
         emit update();
-    }
 }
 
 QTextBlock PaperLayout::layOut(int number) {
@@ -146,9 +111,8 @@ QTextBlock PaperLayout::layOut(int number) {
 }
 
 bool PaperLayout::layOut(int number, const QTextBlock& block) {
-    if (number < 0 || number >= available_ || lined_[static_cast<std::size_t>(number)]) {
+    if (number < 0 || number >= available_ || lined_[static_cast<std::size_t>(number)])
         return false;
-    }
     const int height = setter().set(*block.layout(), number, work_);
     keepLines(number);
     return takeHeight(number, height);
@@ -164,9 +128,8 @@ void PaperLayout::measure(int number, const QTextBlock& block) {
 
 bool PaperLayout::takeHeight(int number, int height) {
     laid_[static_cast<std::size_t>(number)] = true;
-    if (height == heights_.height(number)) {
+    if (height == heights_.height(number))
         return false;
-    }
     heights_.setHeight(number, height);
     return true;
 }
@@ -204,18 +167,16 @@ bool PaperLayout::settle(int milliseconds) {
 
 bool PaperLayout::layOutBetween(std::int64_t top, std::int64_t bottom) {
     int number = heights_.at(std::max<std::int64_t>(0, top - page_.margin));
-    if (number < 0) {
+    if (number < 0)
         return false;
-    }
     bool changed = false;
     std::int64_t y = paragraphTop(number);
     for (QTextBlock block = document()->findBlockByNumber(number); number < available_;
          block = block.next(), ++number) {
         changed |= layOut(number, block);
         y += heights_.height(number);
-        if (y > bottom) {
+        if (y > bottom)
             break;
-        }
     }
     return changed;
 }
@@ -226,9 +187,8 @@ SeenPlaces PaperLayout::placesFrom(std::int64_t top, int height) const {
     std::int64_t y = number < 0 ? height : paragraphTop(number) - top;
     for (; y < height; y += heights_.height(number++)) {
         places.push_back({number, static_cast<int>(y)});
-        if (number == heights_.count()) {
+        if (number == heights_.count())
             break;
-        }
     }
     return places;
 }
@@ -249,12 +209,123 @@ QRectF PaperLayout::blockBoundingRect(const QTextBlock& block) const {
 
 QRectF PaperLayout::blockRect(const QTextBlock& block) {
     const int number = block.blockNumber();
-    if (number < 0 || number >= available_) {
+    if (number < 0 || number >= available_)
         return {};
-    }
     layOut(number, block);
     return {qreal(page_.textLeft), qreal(heights_.top(number) + page_.margin), qreal(page_.measure),
             qreal(heights_.height(number))};
+}
+
+// ---- lines and characters
+
+/// Of a block that the document does not hold yet: one line, as high as the block is estimated.
+PaperLayout::Line PaperLayout::estimatedLine(int number) const {
+    return {shown_->documentStart(number), paragraphTop(number), heights_.height(number)};
+}
+
+PaperLayout::Line PaperLayout::lineIn(int number, int line) {
+    const QTextBlock block = layOut(number);
+    const LineBands bands(*block.layout(), heights_.height(number));
+    Line found;
+    found.start = block.position() + (line < bands.count() ? block.layout()->lineAt(line).textStart() : 0);
+    found.height = bands.top(line + 1) - bands.top(line);
+    found.top = paragraphTop(number) + bands.top(line);
+    return found;
+}
+
+PaperLayout::Line PaperLayout::lineAt(std::int64_t y) {
+    const int number = heights_.at(y - page_.margin);
+    if (number < 0)
+        return {};
+    if (number >= available_)
+        return estimatedLine(number);
+    const QTextBlock block = layOut(number);
+    const LineBands bands(*block.layout(), heights_.height(number));
+    return lineIn(number, bands.at(static_cast<int>(y - paragraphTop(number))));
+}
+
+PaperLayout::Line PaperLayout::lineOf(int position) {
+    if (shown_ == nullptr)
+        return {};
+    const int number = shown_->blockAt(position);
+    if (number >= available_)
+        return estimatedLine(number);
+    const QTextBlock block = layOut(number);
+    const QTextLine line = block.layout()->lineForTextPosition(position - block.position());
+    return lineIn(number, line.isValid() ? line.lineNumber() : 0);
+}
+
+int PaperLayout::characterAt(const QPointF& point) {
+    const Line line = lineAt(static_cast<std::int64_t>(std::floor(point.y())));
+    if (!isAvailable(line.start) || point.y() < double(line.top) || point.y() >= double(line.top + line.height))
+        return -1;
+    const QTextBlock block = document()->findBlock(line.start);
+    const QTextLine text = block.layout()->lineForTextPosition(line.start - block.position());
+    if (!text.isValid())
+        return -1;
+    const double x = point.x() - page_.textLeft;
+    const QRectF natural = text.naturalTextRect();
+    if (x < natural.left() || x >= natural.right())
+        return -1;
+    return block.position() + text.xToCursor(x, QTextLine::CursorOnCharacter);
+}
+
+int PaperLayout::hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) const {
+    auto* self = const_cast<PaperLayout*>(this); // lays out on demand
+    if (accuracy == Qt::ExactHit)
+        return self->characterAt(point);
+    const Line line = self->lineAt(static_cast<std::int64_t>(std::floor(point.y()))); // the nearest
+    if (!isAvailable(line.start))
+        return document()->lastBlock().position(); // as far as the document goes
+    const QTextBlock block = document()->findBlock(line.start);
+    const QTextLine text = block.layout()->lineForTextPosition(line.start - block.position());
+    if (!text.isValid())
+        return block.position();
+    return block.position() + text.xToCursor(point.x() - page_.textLeft);
+}
+
+// ---- painting
+
+void PaperLayout::draw(QPainter* painter, const PaintContext& context) {
+    const QRectF clip = context.clip.isValid() ? context.clip : QRectF(QPointF(), documentSize());
+    int number = heights_.at(static_cast<std::int64_t>(std::floor(clip.top())) - page_.margin);
+    if (number < 0)
+        return;
+    const LinkPaint links(*shown_, links_, sheet_, hovered_);
+    const BlockPaint paint(*shown_, page_, device_.dpi, fontHeight(), sheet_, links);
+    painter->save();
+    painter->setPen(sheet_.ink);
+    for (QTextBlock block = document()->findBlockByNumber(number); number < available_;
+         block = block.next(), ++number) {
+        const auto top = double(paragraphTop(number));
+        if (top > clip.bottom())
+            break;
+        layOut(number, block);
+        const QPointF corner(page_.textLeft, top);
+        painter->translate(corner);
+        paint.paint(*painter, context, number, block, heights_.height(number), clip.translated(-corner));
+        painter->translate(-corner);
+    }
+    painter->restore();
+}
+
+void PaperLayout::resizeInlineObject(QTextInlineObject item, int position, const QTextFormat& format) {
+    Q_UNUSED(position)
+    const QSize twips = pictures_.size(format);
+    if (!twips.isValid())
+        return;
+    const double width = pixels(twips.width());
+    const double fit = std::min(1.0, page_.measure / width);
+    item.setWidth(width * fit);
+    item.setAscent(pixels(twips.height()) * fit);
+    item.setDescent(0);
+}
+
+void PaperLayout::drawInlineObject(QPainter* painter, const QRectF& rect, QTextInlineObject item, int position,
+                                   const QTextFormat& format) {
+    Q_UNUSED(item)
+    Q_UNUSED(position)
+    pictures_.paint(*painter, rect, format, sheet_.rule);
 }
 
 } // namespace velm

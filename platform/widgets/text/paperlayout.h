@@ -9,20 +9,18 @@
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/text/heighttree.h"
 #include "platform/widgets/text/linesetter.h"
-#include "platform/widgets/text/linkpaint.h"
 #include "platform/widgets/text/linkranges.h"
 #include "platform/widgets/text/paperpage.h"
 #include "platform/widgets/text/seenplaces.h"
+#include "platform/widgets/text/sheetpictures.h"
 #include "platform/widgets/text/showntext.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QImage>
 #include <QPaintDevice>
 #include <QTextBlock>
 #include <QTextLayout>
 
 #include <deque>
-#include <unordered_map>
 
 namespace velm {
 
@@ -98,8 +96,6 @@ private:
     double pixels(std::int32_t twips) const { return twips * device_.dpi / 1440.0; }
     double fontHeight() const;
     void updatePage();
-    double pageEm() const;
-    int tableWidth() const;
     void forgetLines();
     int estimate(int number, double lineHeight, double averageWidth) const;
 
@@ -110,18 +106,6 @@ private:
     void keepLines(int number);
     Line estimatedLine(int number) const;
     Line lineIn(int number, int line);
-
-    void drawBlock(QPainter& painter, const PaintContext& context, int number, const QTextBlock& block,
-                   const QRectF& clip);
-    void drawText(QPainter& painter, QTextLayout& lines, int number, const QRectF& clip,
-                  const QList<QTextLayout::FormatRange>& selected, std::vector<LookPass> passes);
-    void drawBullet(QPainter& painter, int number, const QTextBlock& block) const;
-    void drawPageBreak(QPainter& painter, const QTextLayout& lines) const;
-    QRegion selectionRegion(const QTextLayout& lines, int number, const QTextLayout::FormatRange& range, bool pastEnd,
-                            const QRectF& clip) const;
-    const RichObject* objectOf(const QTextFormat& format) const;
-    QSize pictureTwips(int number, const RichObject& object);
-    const QImage& picture(int number, const RichObject& object);
 
     const ShownText* shown_ = nullptr;
     Device device_;
@@ -136,8 +120,7 @@ private:
     look::Sheet sheet_;
     LinkRanges links_;
     int hovered_ = -1;
-    std::unordered_map<int, QSize> pictureSizes_;
-    std::unordered_map<int, QImage> pictures_;
+    SheetPictures pictures_;
 };
 
 } // namespace velm

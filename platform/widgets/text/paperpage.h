@@ -3,6 +3,8 @@
 
 namespace velm {
 
+class ShownText;
+
 struct PaperPage {
     int width = 0;
     int sheetLeft = 0;
@@ -13,5 +15,8 @@ struct PaperPage {
 
     friend bool operator==(const PaperPage&, const PaperPage&) = default;
 };
+
+/// The page of a text in a window of so many pixels, on a screen of dpi dots to the inch; null for no text.
+PaperPage paperPage(int width, const ShownText* shown, int dpi);
 
 } // namespace velm

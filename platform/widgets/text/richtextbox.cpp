@@ -3,35 +3,20 @@
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/text/paperlayout.h"
 #include "platform/widgets/text/richmime.h"
-#include "platform/widgets/text/sheetbar.h"
 
-#include <QPainter>
-#include <QScopedValueRollback>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
-#include <QTextDocument>
-#include <QTimerEvent>
-
-#include <array>
 
 namespace velm {
 
-namespace {
-
-constexpr int screenDpi = 96;
-constexpr int sliceMilliseconds = 6; // of laying out between two rounds of events
-// Of filling, in characters: what takes as long, and what is there at once; no publisher's text is longer.
-constexpr qsizetype sliceCharacters = 400'000;
-constexpr qsizetype charactersAtOnce = 4'000'000;
-constexpr std::array zoomSteps{25, 50, 67, 75, 80, 90, 100, 110, 125, 150, 175, 200, 250, 300, 400, 500};
-
-} // namespace
-
 RichTextBox::RichTextBox(QWidget* parent)
-    : QTextEdit(parent), own_(std::make_unique<RichTextControl>()), control_(*own_) {
+    : SheetView(parent), own_(std::make_unique<RichTextControl>()), control_(*own_) {
     prepare();
 }
 
-RichTextBox::RichTextBox(RichTextControl& control, QWidget* parent) : QTextEdit(parent), control_(control) {
+RichTextBox::RichTextBox(RichTextControl& control, QWidget* parent) : SheetView(parent), control_(control) {
     prepare();
 }
 
@@ -41,116 +26,52 @@ RichTextBox::~RichTextBox() {
 }
 
 void RichTextBox::prepare() {
-    setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    setUndoRedoEnabled(false);
-    layout_ = new PaperLayout(document());
-    document()->setDefaultFont(look::documentFont());
-    document()->setDocumentLayout(layout_);
-    fill_ = std::make_unique<DocumentFill>(*document());
-    place_ = std::make_unique<ViewPlace>(*this, *layout_, [this] { leaveHover(); });
-    setVerticalScrollBar(new SheetBar([this] { return besideSheet(); }, this));
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    viewport()->setAutoFillBackground(false);
-    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     viewport()->setMouseTracking(true);
     visible_ = control_.visible();
     connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::takeUserSelection);
     connect(this, &QTextEdit::selectionChanged, this, &RichTextBox::takeUserSelection);
     control_.setObserver(this);
     applySheet();
-    rebuild();
+    setContent(control_.richText());
 }
 
 // ---- following the control
 
 void RichTextBox::richTextChanged() {
-    const QString before = shown_.text();
-    {
-        const ViewPlace::Anchor place = anchor_ ? *anchor_ : place_->anchor();
-        const ViewPlace::Moving moving(*place_);
-        rebuild();
-        if (shown_.text() != before) {
-            revealCaret();
-        } else if (place.atTop || layout_->isAvailable(place.position)) { // only the looks changed
-            place_->restore(place);
-        } else {
-            anchor_ = place;
-        }
-    }
+    setChangedContent(control_.richText(), control_.selStart());
 }
 
-void RichTextBox::rebuild() {
-    const ViewPlace::Moving moving(*place_);
-    anchor_.reset();
-    {
-        const QScopedValueRollback following(following_, true);
-        shown_ = ShownText(control_.richText());
-        layout_->setContent(&shown_);
-        fill_->begin(shown_, control_.richText());
-        fill_->step(charactersAtOnce);
-    }
-    layout_->setAvailable(fill_->blocks());
+void RichTextBox::contentSet() {
     placeLinks();
     leaveHover();
     showSelection();
-    viewport()->update();
-    keepWorking();
 }
 
-void RichTextBox::fillSlice() {
-    const ViewPlace::Anchor place = place_->anchor();
-    const ViewPlace::Moving moving(*place_);
-    const bool ahead = layout_->isFilledTo(verticalScrollBar()->value() + viewport()->height());
-    {
-        const QScopedValueRollback following(following_, true);
-        fill_->step(sliceCharacters);
-    }
-    layout_->setAvailable(fill_->blocks());
-    place_->restore(place);
+void RichTextBox::contentGrew() {
     showSelection();
-    showWhatWaited();
-    if (!ahead) {
-        viewport()->update();
-    }
 }
 
-void RichTextBox::showWhatWaited() {
-    if (anchor_ && layout_->isAvailable(anchor_->position)) {
-        place_->restore(*std::exchange(anchor_, std::nullopt));
-    }
-    if (reveal_ >= 0 && isVisible() && layout_->isAvailable(shown_.toDocument(reveal_))) {
-        reveal(reveal_);
-    }
+void RichTextBox::wentElsewhere() {
+    leaveHover();
 }
 
 void RichTextBox::showSelection() {
     QTextCursor cursor = textCursor();
-    int start = shown_.toDocument(control_.selStart());
-    int end = shown_.toDocument(control_.selStart() + control_.selLength());
-    selectionWaits_ = !layout_->isAvailable(end);
-    if (selectionWaits_) {
+    int start = shown().toDocument(control_.selStart());
+    int end = shown().toDocument(control_.selStart() + control_.selLength());
+    if (!sheetLayout().isAvailable(end))
         start = end = 0;
-    }
-    if (cursor.selectionStart() == start && cursor.selectionEnd() == end) {
+    if (cursor.selectionStart() == start && cursor.selectionEnd() == end)
         return;
-    }
-    const ViewPlace::Anchor place = place_->anchor();
-    const ViewPlace::Moving moving(*place_);
-    const QScopedValueRollback following(following_, true);
     cursor.setPosition(start);
     cursor.setPosition(end, QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
-    place_->restore(place); // the caret is revealed by our own rule
-    // What the toolkit repaints of a selection that goes is lower than the lines of the sheet.
-    viewport()->update();
+    placeCursor(cursor);
 }
 
 void RichTextBox::richSelectionChanged() {
-    if (following_) {
+    if (isFollowing())
         return;
-    }
     leaveReached();
     showSelection();
     revealCaret();
@@ -166,162 +87,34 @@ void RichTextBox::richPropertiesChanged() {
 
 void RichTextBox::takeUserSelection() {
     // While the control's redraw is off the view may show an older text; its positions mean nothing then.
-    if (following_ || !control_.redraw() || control_.length() != shown_.modelLength()) {
+    if (isFollowing() || !control_.redraw() || control_.length() != shown().modelLength())
         return;
-    }
     const QTextCursor cursor = textCursor();
-    const qsizetype start = shown_.toModel(cursor.selectionStart());
-    const qsizetype length = shown_.toModel(cursor.selectionEnd()) - start;
-    if (start == control_.selStart() && length == control_.selLength()) {
+    const qsizetype start = shown().toModel(cursor.selectionStart());
+    const qsizetype length = shown().toModel(cursor.selectionEnd()) - start;
+    if (start == control_.selStart() && length == control_.selLength())
         return;
+    {
+        const auto guard = following();
+        control_.setSelStart(start);
+        control_.setSelLength(length);
     }
-    following_ = true;
-    control_.setSelStart(start);
-    control_.setSelLength(length);
-    following_ = false;
     viewport()->update();
     leaveReached();
 }
-
-// ---- place
 
 void RichTextBox::revealCaret() {
     reveal(control_.selStart());
 }
 
-void RichTextBox::reveal(qsizetype wanted) {
-    const int position = shown_.toDocument(wanted);
-    const bool available = layout_->isAvailable(position);
-    anchor_.reset();
-    reveal_ = isVisible() && available ? -1 : wanted;
-    if (available) {
-        place_->reveal(position);
-    }
-}
-
-bool RichTextBox::isSettled() const {
-    return fill_->isDone() && layout_->isComplete();
-}
-
-void RichTextBox::keepWorking() {
-    if (!isSettled()) {
-        working_.start(0, this);
-    }
-}
-
-void RichTextBox::timerEvent(QTimerEvent* event) {
-    if (event->timerId() != working_.timerId()) {
-        QTextEdit::timerEvent(event);
-        return;
-    }
-    if (!fill_->isDone()) {
-        fillSlice();
-        return;
-    }
-    const ViewPlace::Anchor place = place_->anchor();
-    const ViewPlace::Moving moving(*place_);
-    if (layout_->settle(sliceMilliseconds)) {
-        working_.stop();
-    }
-    place_->restore(place);
-}
-
-// The toolkit's own answer would move the pixels by what the bar moved; heights may have changed meanwhile.
-void RichTextBox::scrollContentsBy(int dx, int dy) {
-    Q_UNUSED(dx)
-    Q_UNUSED(dy)
-    if (place_->isMoving()) {
-        return;
-    }
-    const ViewPlace::Moving moving(*place_);
-    place_->layOutAround();
-    if (isVisible()) { // who goes elsewhere no longer waits
-        reveal_ = -1;
-        anchor_.reset();
-    }
-}
-
-void RichTextBox::resizeEvent(QResizeEvent* event) {
-    const ViewPlace::Anchor place = place_->anchor();
-    const ViewPlace::Moving moving(*place_);
-    QTextEdit::resizeEvent(event);
-    verticalScrollBar()->update(); // what lies beside it may be the sheet now
-    place_->restore(place);
-    keepWorking();
-}
-
-void RichTextBox::showEvent(QShowEvent* event) {
-    const qsizetype wanted = std::exchange(reveal_, -1);
-    QTextEdit::showEvent(event);
-    if (wanted >= 0) {
-        reveal(wanted);
-    }
-}
-
-// ---- size
-
-void RichTextBox::setZoom(int percent) {
-    percent = std::clamp(percent, leastZoom, mostZoom);
-    if (percent == zoom_) {
-        return;
-    }
-    {
-        const ViewPlace::Anchor place = place_->anchor();
-        const ViewPlace::Moving moving(*place_);
-        zoom_ = percent;
-        layout_->setDpi(qRound(screenDpi * percent / 100.0));
-        place_->restore(place);
-    }
-    keepWorking();
-    viewport()->update();
-    verticalScrollBar()->update();
-}
-
-void RichTextBox::zoomStep(int steps) {
-    for (; steps > 0; --steps) {
-        const auto next = std::upper_bound(zoomSteps.begin(), zoomSteps.end(), zoom_);
-        setZoom(next == zoomSteps.end() ? mostZoom : *next);
-    }
-    for (; steps < 0; ++steps) {
-        const auto next = std::lower_bound(zoomSteps.begin(), zoomSteps.end(), zoom_);
-        setZoom(next == zoomSteps.begin() ? leastZoom : *std::prev(next));
-    }
-}
-
-// ---- colours
-
 void RichTextBox::applySheet() {
-    layout_->setSheet(look::sheet(viewColour(control_.backColor()), palette()));
-    viewport()->update();
-    verticalScrollBar()->update();
-}
-
-QColor RichTextBox::besideSheet() const {
-    const bool whole = layout_->page().sheetWidth >= viewport()->width();
-    return whole ? layout_->sheet().paper : layout_->sheet().surface;
+    setSheet(look::sheet(viewColour(control_.backColor()), palette()));
 }
 
 void RichTextBox::changeEvent(QEvent* event) {
-    QTextEdit::changeEvent(event);
-    if (layout_ != nullptr && (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)) {
+    SheetView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
         applySheet();
-    }
-}
-
-void RichTextBox::paintEvent(QPaintEvent* event) {
-    {
-        QPainter painter(viewport());
-        const look::Sheet& sheet = layout_->sheet();
-        const PaperPage& page = layout_->page();
-        const QRect whole = event->rect();
-        const QRect paper(page.sheetLeft, 0, page.sheetWidth, viewport()->height());
-        if (paper.width() < viewport()->width()) {
-            painter.fillRect(whole, sheet.surface);
-            painter.fillRect(paper.adjusted(-1, 0, 1, 0) & whole, sheet.edge);
-        }
-        painter.fillRect(paper & whole, sheet.paper);
-    }
-    QTextEdit::paintEvent(event);
 }
 
 // ---- copying
@@ -337,6 +130,164 @@ bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
 
 void RichTextBox::insertFromMimeData(const QMimeData* source) {
     Q_UNUSED(source)
+}
+
+QPointF RichTextBox::toDocument(const QPoint& point) const {
+    return QPointF(point) + QPointF(horizontalScrollBar()->value(), verticalScrollBar()->value());
+}
+
+// ---- links and hovering
+
+void RichTextBox::setLinkRanges(const std::vector<LinkRange>& ranges) {
+    linkRanges_ = ranges;
+    placeLinks();
+    leaveHover();
+    leaveReached();
+    viewport()->update();
+}
+
+void RichTextBox::placeLinks() {
+    std::vector<LinkRange> placed;
+    placed.reserve(linkRanges_.size());
+    for (const LinkRange& range : linkRanges_)
+        placed.push_back({shown().toDocument(range.start), shown().toDocument(range.end)});
+    sheetLayout().setLinks(LinkRanges(placed));
+}
+
+void RichTextBox::hover(const QPoint& point) {
+    const int position = sheetLayout().characterAt(toDocument(point));
+    const int link = position < 0 ? -1 : sheetLayout().links().at(position);
+    if (link != hoveredLink_) {
+        hoveredLink_ = link;
+        sheetLayout().setHoveredLink(link);
+        viewport()->setCursor(link < 0 ? Qt::IBeamCursor : Qt::PointingHandCursor);
+        viewport()->update();
+        emit linkHovered(link);
+    }
+}
+
+void RichTextBox::leaveHover() {
+    if (hoveredLink_ >= 0) {
+        hoveredLink_ = -1;
+        sheetLayout().setHoveredLink(-1);
+        viewport()->setCursor(Qt::IBeamCursor);
+        viewport()->update();
+        emit linkHovered(-1);
+    }
+}
+
+bool RichTextBox::reachLink(bool next) {
+    const qsizetype caret = control_.selStart();
+    const qsizetype from = control_.selLength() > 0 ? caret + 1 : caret;
+    int found = -1;
+    const auto startOf = [this](int link) { return linkRanges_[static_cast<std::size_t>(link)].start; };
+    for (int link = 0; link < static_cast<int>(linkRanges_.size()); ++link) {
+        const LinkRange& range = linkRanges_[static_cast<std::size_t>(link)];
+        const bool beyond = next ? range.start >= from : range.start < caret;
+        const bool nearer = found < 0 || (next ? range.start < startOf(found) : range.start > startOf(found));
+        if (range.start < range.end && range.end <= control_.length() && beyond && nearer)
+            found = link;
+    }
+    if (found < 0)
+        return false;
+    const LinkRange range = linkRanges_[static_cast<std::size_t>(found)];
+    control_.setSelStart(range.start);
+    control_.setSelLength(range.end - range.start);
+    reachedLink_ = found;
+    emit linkHovered(found);
+    return true;
+}
+
+void RichTextBox::leaveReached() {
+    if (std::exchange(reachedLink_, -1) >= 0)
+        emit linkHovered(-1);
+}
+
+bool RichTextBox::focusNextPrevChild(bool next) {
+    return reachLink(next) || SheetView::focusNextPrevChild(next);
+}
+
+void RichTextBox::focusOutEvent(QFocusEvent* event) {
+    SheetView::focusOutEvent(event);
+    leaveReached();
+}
+
+void RichTextBox::leaveEvent(QEvent* event) {
+    SheetView::leaveEvent(event);
+    leaveHover();
+}
+
+bool RichTextBox::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::Leave)
+        leaveHover();
+    return SheetView::viewportEvent(event);
+}
+
+// ---- mouse
+
+void RichTextBox::mouseMoveEvent(QMouseEvent* event) {
+    SheetView::mouseMoveEvent(event);
+    if (event->buttons() == Qt::NoButton)
+        hover(event->position().toPoint());
+}
+
+void RichTextBox::mousePressEvent(QMouseEvent* event) {
+    doubled_ = false;
+    SheetView::mousePressEvent(event);
+}
+
+void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event) {
+    // Its first half was told already; the second may fall on the document that the first one has opened.
+    doubled_ = event->button() == Qt::LeftButton;
+    SheetView::mouseDoubleClickEvent(event);
+}
+
+void RichTextBox::mouseReleaseEvent(QMouseEvent* event) {
+    SheetView::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && !std::exchange(doubled_, false))
+        emit clicked(control_.selStart());
+}
+
+void RichTextBox::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        const QPointF point = toDocument(viewport()->mapFromGlobal(event->globalPos()));
+        const int exact = sheetLayout().characterAt(point);
+        const int position = exact >= 0 ? exact : sheetLayout().hitTest(point, Qt::FuzzyHit);
+        emit rightClicked(shown().toModel(position), event->globalPos());
+    } else {
+        const QPoint caret = viewport()->mapToGlobal(cursorRect().bottomLeft());
+        emit rightClicked(control_.selStart(), caret);
+    }
+}
+
+// ---- keys
+
+// While the document fills, its end is not the text's.
+bool RichTextBox::selectToEnd(const QKeyEvent& event) {
+    const bool all = event.matches(QKeySequence::SelectAll);
+    const bool select = event.matches(QKeySequence::SelectEndOfDocument);
+    if (isFilled() || !(all || select || event.matches(QKeySequence::MoveToEndOfDocument)))
+        return false;
+    const qsizetype end = control_.length();
+    const qsizetype start = all ? 0 : (select ? control_.selStart() : end);
+    control_.setSelStart(start);
+    control_.setSelLength(end - start);
+    return true;
+}
+
+void RichTextBox::keyPressEvent(QKeyEvent* event) {
+    stay();
+    if (event->modifiers().testFlag(Qt::ControlModifier) && event->key() == Qt::Key_Insert) {
+        copy();
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        // Where two links touch, a link that was reached is meant itself and not the one that ends where it begins.
+        emit clicked(control_.selStart() + (reachedLink_ >= 0 ? 1 : 0));
+    } else if (!selectToEnd(*event)) {
+        SheetView::keyPressEvent(event);
+        return;
+    }
+    event->accept();
 }
 
 } // namespace velm

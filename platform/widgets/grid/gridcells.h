@@ -1,0 +1,24 @@
+#pragma once
+// How the cells of a grid are painted.
+#include <QStyledItemDelegate>
+
+namespace velm {
+
+class GridView;
+
+class GridCells : public QStyledItemDelegate {
+public:
+    /// The view owns it.
+    explicit GridCells(GridView& view);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+    /// Right of the last column, the rows from one to before another go on; `left` is where the columns end.
+    void paintBeside(int left, int first, int behind) const;
+
+private:
+    GridView& view_;
+};
+
+} // namespace velm

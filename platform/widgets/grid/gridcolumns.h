@@ -1,0 +1,63 @@
+#pragma once
+// The columns of a grid as they stand on the screen: places, widths, headers and their marks. The program and the user
+// both arrange them; what the user does with the mouse is told.
+#include "platform/widgets/grid/gridmodel.h"
+#include "platform/widgets/grid/gridview.h"
+
+#include <functional>
+
+namespace velm {
+
+class GridColumns {
+public:
+    using Align = FlexGrid::Align;
+    using Mark = FlexGrid::Mark;
+
+    /// Both outlive it.
+    GridColumns(GridModel& model, GridView& view);
+
+    /// The user has moved a column to another place.
+    std::function<void(int from, int to)> onMoved;
+
+    int count() const { return model_.columnCount(); }
+    bool has(int place) const { return place >= 0 && place < count(); }
+    /// Those of the model, as they stand.
+    std::vector<int> order() const;
+    bool isHidden(int place) const { return view_.header().isSectionHidden(view_.logicalAt(place)); }
+    /// New ones are empty, at the right; the others keep what they have.
+    void setCount(int count);
+
+    // ---- by place; one that there is not has nothing and takes nothing
+    /// Twips; 0 hides.
+    void setWidth(int place, int twips);
+    int width(int place) const;
+    /// Takes the width that the others leave; -1 for none.
+    void setStretched(int place);
+    void move(int place, int to);
+    void setAlignment(int place, Align align); ///< of the cells and of the header
+    void setHeaderAlignment(int place, Align align);
+    void setData(int place, int number);
+    int data(int place) const;
+    void setHeader(int place, const QString& text); ///< a mark at its end is left out
+    QString header(int place) const;                ///< without its mark
+    void setMark(int place, Mark mark);
+    Mark mark(int place) const;
+    /// The header with its mark behind it.
+    void setHeaderCell(int place, const QString& text);
+    QString headerCell(int place) const;
+
+private:
+    int logical(int place) const { return view_.logicalAt(place); }
+    GridModel::Column& column(int place) { return model_.column(logical(place)); }
+    const GridModel::Column& column(int place) const { return std::as_const(model_).column(logical(place)); }
+    bool isStretched(int column) const;
+    void show(int column);
+    void showAll();
+
+    GridModel& model_;
+    GridView& view_;
+    int stretched_ = -1;     ///< column of the model
+    bool arranging_ = false; ///< the program, not the user, changes the header
+};
+
+} // namespace velm

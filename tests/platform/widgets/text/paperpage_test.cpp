@@ -1,0 +1,75 @@
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/text/paperpage.h"
+#include "platform/widgets/text/showntext.h"
+
+#include <gtest/gtest.h>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int dpi = 96;
+
+/// A text of one type, set on these tab stops.
+ShownText text(int halfPoints, const std::vector<int>& tabs = {}) {
+    CharFormat type;
+    type.size = halfPoints;
+    ParaFormat format;
+    format.tabs = tabs;
+    RichText rich;
+    rich.append(u"colonne\tcolonne\tcolonne\r\n"_s, rich.intern(type), rich.intern(format));
+    return ShownText(rich);
+}
+
+} // namespace
+
+TEST(PaperPage, TheSheetStandsInTheMiddleOfAWideWindow) {
+    const PaperPage page = paperPage(1601, nullptr, dpi);
+    EXPECT_EQ(page.width, 1601);
+    EXPECT_LT(page.sheetWidth, 1601);
+    EXPECT_EQ(page.sheetLeft, (1601 - page.sheetWidth) / 2);
+    EXPECT_EQ(page.textLeft, page.sheetLeft + page.margin);
+    EXPECT_EQ(page.sheetWidth, page.measure + 2 * page.margin);
+}
+
+TEST(PaperPage, InANarrowWindowTheMarginGivesWayAndThenTheTextIsCutOff) {
+    const PaperPage wide = paperPage(1600, nullptr, dpi);
+    const PaperPage narrow = paperPage(360, nullptr, dpi);
+    EXPECT_LT(narrow.margin, wide.margin);
+    EXPECT_EQ(narrow.sheetLeft, 0);
+    EXPECT_EQ(narrow.sheetWidth, 360);
+    const PaperPage least = paperPage(40, nullptr, dpi);
+    EXPECT_EQ(least.measure, 120);
+    EXPECT_EQ(least.margin, look::spacing);
+    EXPECT_EQ(paperPage(-5, nullptr, dpi).width, 1);
+}
+
+TEST(PaperPage, TheMeasureFollowsTheTypeWithinReason) {
+    const ShownText small = text(8);
+    const ShownText usual = text(24);
+    const ShownText title = text(90);
+    EXPECT_EQ(paperPage(3000, &small, dpi), paperPage(3000, nullptr, dpi));
+    EXPECT_GT(paperPage(3000, &usual, dpi).measure, paperPage(3000, &small, dpi).measure);
+    const ShownText largest = text(32);
+    EXPECT_EQ(paperPage(3000, &title, dpi), paperPage(3000, &largest, dpi));
+}
+
+TEST(PaperPage, ATableOnTabStopsGetsTheRoomOfAPrintedPageAndOfItsStopsButNotMore) {
+    const ShownText narrow = text(24, {1000, 2000});
+    EXPECT_GE(paperPage(3000, &narrow, dpi).measure, 9000 * dpi / 1440);
+    const ShownText wide = text(24, {1000, 13000});
+    EXPECT_GT(paperPage(3000, &wide, dpi).measure, 13000 * dpi / 1440);
+    const ShownText widest = text(24, {1000, 30000});
+    EXPECT_EQ(paperPage(3000, &widest, dpi).measure, 1100);
+    EXPECT_EQ(paperPage(9000, &widest, 2 * dpi).measure, 2200);
+}
+
+TEST(PaperPage, GrowsWithTheDensity) {
+    const PaperPage once = paperPage(9000, nullptr, dpi);
+    const PaperPage twice = paperPage(9000, nullptr, 2 * dpi);
+    EXPECT_NEAR(twice.measure, 2 * once.measure, 2);
+    EXPECT_NEAR(twice.margin, 2 * once.margin, 2);
+}
+
+} // namespace velm
