@@ -171,6 +171,8 @@ void Textes::activemenus() {
     if (std::exchange(menusactifs_, true))
         return;
     emit menuschanges();
+    if (surchangement)
+        surchangement();
 }
 
 void Textes::rafraichit() {
@@ -238,6 +240,17 @@ void Textes::activevoisin(bool haut, bool actif) {
 }
 
 // ---- commands
+
+bool Textes::peut(Ordre ordre) const {
+    return menusactifs_ && (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Chercher);
+}
+
+void Textes::fait(Ordre ordre) {
+    if (ordre == Ordre::Copier)
+        copie();
+    else if (ordre == Ordre::ToutSelectionner)
+        toutselectionner();
+}
 
 void Textes::copie() {
     const RichTextControl& controle = vue_->control();

@@ -1,6 +1,7 @@
 #pragma once
 // The window of a collection's documents: a panel with the contents, the list of the collection or the word search; the
 // text; the lists of what the document cites and what cites it.
+#include "core/fenetrefille.h"
 #include "document/affichage.h"
 #include "document/arborescence.h"
 #include "document/dispositiontextes.h"
@@ -60,7 +61,7 @@ struct ContexteTextes {
     BornesPasses bornes = {};
 };
 
-class Textes final : public QWidget, public FormulaireDocument, public FenetreNavigable {
+class Textes final : public QWidget, public FormulaireDocument, public FenetreNavigable, public FenetreFille {
     Q_OBJECT
 
 public:
@@ -88,13 +89,17 @@ public:
     const DispositionTextes& disposition() const { return disposition_; }
     QString ar() const { return ar_; }
 
-    // ---- what the frame tells
+    // ---- what the frame asks and tells
+    Nature nature() const override { return Nature::Document; }
+    QString reference() const override { return referencecourante(); }
+    bool peut(Ordre ordre) const override;
+    void fait(Ordre ordre) override;
     /// The window became the active one of the frame: folds the panel if a link asks for it, shows the document again
     /// if the options ask for it, puts the focus.
-    void activation();
+    void activation() override;
     /// Writes the settings and releases the slot, once, as its closing does: for the end of the run, where a window
     /// that goes changes the state of the next one.
-    void decharge();
+    void decharge() override;
 
     /// The document was opened from the selection list: the words to walk through come with it, and are marked if the
     /// settings want it; the view, not the caret, goes to the first mark.
@@ -102,7 +107,7 @@ public:
     const MotsCherches& mots() const { return mots_; }
 
     /// Writes the window's settings, as its closing does.
-    void ecritreglages();
+    void ecritreglages() override;
 
     // ---- commands that menus and the frame share
     /// The selection, or the whole rich text when nothing is selected, on the clipboard.
