@@ -2,6 +2,7 @@
 
 #include "core/cle.h"
 #include "core/langue.h"
+#include "document/ui/blocliste.h"
 #include "document/ui/blocrecherche.h"
 #include "document/ui/listedeliens.h"
 #include "document/ui/teintes.h"
@@ -107,18 +108,7 @@ void Textes::ecritreglages() {
     reglages_.ar = ar_;
     reglages_.vh = disposition_.vh;
     reglages_.posseparateur = disposition_.posseparateur;
-    std::array<int, colonnesvisibles> champs{-1, -1, -1, -1};
-    if (flexcharge_) {
-        std::array<int, colonnesvisibles> largeurs{};
-        for (int colonne = 0; colonne < colonnesvisibles; ++colonne) {
-            champs.at(static_cast<std::size_t>(colonne)) = flex_->colData(colonne);
-            largeurs.at(static_cast<std::size_t>(colonne)) = flex_->colWidth(colonne);
-        }
-        repartitcolonnes();
-        if (!largeurslibres_)
-            reglages_.listelargeurs = largeursaenregistrer(largeurs);
-    }
-    reglages_.listeordre = ordreaenregistrer(champs);
+    liste_->retient(reglages_);
     ecritreglagestextes(contexte_.reglages, indice_, reglages_);
 }
 
@@ -160,6 +150,10 @@ void Textes::changeEvent(QEvent* evenement) {
     default:
         break;
     }
+}
+
+FlexGrid& Textes::flex() const {
+    return *liste_->grille();
 }
 
 // ---- what the opening of a document asks of its window

@@ -22,6 +22,7 @@ class QMenu;
 
 namespace velm {
 
+class BlocListe;
 class BlocRecherche;
 class FlexGrid;
 class ListeDeLiens;
@@ -82,7 +83,7 @@ public:
     RichTextBox& vue() const { return *vue_; } ///< rtfRichTextBox1
     Toolbar& barrechild() const { return *barre_; }
     TreeView& arbre() const { return *arbre_; }
-    FlexGrid& flex() const { return *flex_; }
+    FlexGrid& flex() const;
     ListeDeLiens& liens() const { return *liens_; }
     ListeDeLiens& correlats() const { return *correlats_; }
     const DispositionTextes& disposition() const { return disposition_; }
@@ -185,10 +186,7 @@ private:
     void traitear();
     void remplit(const std::function<void()>& travail);
     void chargerarbre();
-    void chargerflex();
-    void repartitcolonnes();
-    void ouvreligne(int ligne);
-    void triecolonne(int colonne);
+    void ditsansmemoire() const;
     void clicnoeud(int noeud);
 
     // ---- division
@@ -230,7 +228,7 @@ private:
     Toolbar* barre_ = nullptr;
     RichTextBox* vue_ = nullptr;
     TreeView* arbre_ = nullptr;
-    FlexGrid* flex_ = nullptr;
+    BlocListe* liste_ = nullptr;
     BlocRecherche* blocrecherche_ = nullptr;
     SplitterBar* separateur_ = nullptr;
     SplitterBar* separateurlisteh_ = nullptr;
@@ -242,10 +240,6 @@ private:
     QMenu* menucorrelats_ = nullptr;
 
     bool arbrecharge_ = false;
-    bool flexcharge_ = false;
-    bool largeurslibres_ = false; ///< nobody has touched a width of the list
-    int largeurtitre_ = 0;        ///< of its titles and its keywords, as they were last set here
-    int largeurmotcle_ = 0;
     bool menusactifs_ = false;
     bool entiere_ = true;
     bool partage_ = true; ///< the lower lists share the width until the user moves their bar
