@@ -1,6 +1,7 @@
 #include "collection/source.h"
 
 #include "collection/chaine.h"
+#include "collection/inclusions.h"
 #include "collection/lecture.h"
 #include "platform/system/files.h"
 #include "platform/text/letters.h"
@@ -16,8 +17,11 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr QByteArrayView marqueutf8 = "\xEF\xBB\xBF";
+const QString fichierdelarbre = u"arborescence.jsonl"_s;
 /// Less than this is read sooner than a thread is started.
 constexpr qsizetype octetspartranche = 65536;
+/// Of documents that include one another in a circle.
+constexpr std::size_t plusdeclesnommees = 8;
 
 /// Where a line-based file may be cut so that each thread gets about the same.
 std::vector<QByteArrayView> tranchesdelignes(QByteArrayView contenu, int nombre) {
@@ -54,7 +58,7 @@ SourceDossier::SourceDossier(std::unique_ptr<const FichiersSource> fichiers) : s
     litreglages();
     litnoeuds();
     litdocuments();
-    verifienoeuds();
+    std::ranges::move(arbre_.verifie(fichierdelarbre), std::back_inserter(problemes_));
     range();
     for (Fiche& fiche : fiches_)
         verifiedocument(fiche);
@@ -91,26 +95,18 @@ void SourceDossier::litreglages() {
 }
 
 void SourceDossier::litnoeuds() {
-    if (!litfichier(u"arborescence.jsonl"_s, false))
+    if (!litfichier(fichierdelarbre, false))
         return;
-    fichiernoeuds_ = static_cast<int>(fichiers_.size()) - 1;
-    parcourtlignes(fichiers_.back().contenu, 1, [this](QByteArrayView ligne, qint64 numero) {
+    const auto fichier = static_cast<int>(fichiers_.size()) - 1;
+    parcourtlignes(fichiers_.back().contenu, 1, [&](QByteArrayView ligne, qint64 numero) {
         Noeud noeud;
         const Signale signale([&](Probleme p) {
-            p.fichier = nomdufichier(fichiernoeuds_);
+            p.fichier = nomdufichier(fichier);
             p.ligne = numero;
             problemes_.push_back(std::move(p));
         });
-        if (!litnoeud(ligne, noeud, signale))
-            return;
-        if (parnumero_.contains(noeud.numero)) {
-            probleme(fichiernoeuds_, numero, probleme::noeudendouble, QString::number(noeud.numero));
-            return;
-        }
-        parnumero_.insert(noeud.numero, noeuds_.size());
-        avecarbre_[static_cast<std::size_t>(noeud.collection)] = true;
-        noeuds_.push_back(noeud);
-        lignesdesnoeuds_.push_back(numero);
+        if (litnoeud(ligne, noeud, signale) && !arbre_.ajoute(noeud, numero))
+            probleme(fichier, numero, probleme::noeudendouble, QString::number(noeud.numero));
     });
 }
 
@@ -206,24 +202,12 @@ Probleme SourceDossier::lieu(qsizetype i) const {
     return {0, false, nomdufichier(f.fichier), f.ligne, {}, Obstacle::None, f.fichierrtf};
 }
 
-QString SourceDossier::libelledetete(qint64 noeud) const {
-    std::size_t tete = parnumero_.value(noeud);
-    // Parents that go round are told elsewhere.
-    for (std::size_t pas = 0; pas < noeuds_.size(); ++pas) {
-        const auto parent = parnumero_.constFind(noeuds_[tete].parent);
-        if (parent == parnumero_.constEnd())
-            break;
-        tete = *parent;
-    }
-    return noeuds_[tete].libelle;
-}
-
 /// The text that an article belongs to: what the source says, else the head of its branch if that names the number,
 /// else the piece of its origin that does, else the head of the branch, else the document's own title.
 QString SourceDossier::titredutexte(const Entete& e) const {
     if (!e.titretexte.isEmpty() || (e.numarticle.isEmpty() && e.numtitre.isEmpty()))
         return e.titretexte;
-    const QString tete = parnumero_.contains(e.noeud) ? libelledetete(e.noeud) : QString();
+    const QString tete = arbre_.libelledetete(e.noeud);
     if (!e.numtitre.isEmpty() && !tete.contains(e.numtitre)) {
         for (const QStringView morceau : QStringView(e.source).split(u';')) {
             if (morceau.contains(e.numtitre))
@@ -239,17 +223,17 @@ void SourceDossier::verifiedocument(Fiche& f) {
     if (e.couleur < 0)
         e.couleur = reglages_.couleurs[collection];
     if (e.noeud != 0) {
-        const auto noeud = parnumero_.constFind(e.noeud);
-        if (noeud == parnumero_.constEnd())
+        const Noeud* noeud = arbre_.trouve(e.noeud);
+        if (noeud == nullptr)
             probleme(f.fichier, f.ligne, probleme::noeudinconnu, QString::number(e.noeud));
-        else if (const Noeud& n = noeuds_[*noeud]; n.collection != collectiondelacle(e.cle)) {
+        else if (noeud->collection != collectiondelacle(e.cle)) {
             problemes_.push_back({probleme::autrecollection,
                                   false,
                                   nomdufichier(f.fichier),
                                   f.ligne,
-                                  {QString::number(e.noeud), typedindice(n.collection)}});
+                                  {QString::number(e.noeud), typedindice(noeud->collection)}});
         }
-    } else if (avecarbre_[collection]) {
+    } else if (arbre_.aunebranche(collectiondelacle(e.cle))) {
         // The tree shows documents without a node only in a collection that has no branches.
         probleme(f.fichier, f.ligne, probleme::champmanquant, u"noeud"_s, true);
     }
@@ -280,6 +264,27 @@ void SourceDossier::completetypes() {
         memes.sort();
         for (const QString& libelle : memes)
             reglages_.types.push_back({static_cast<qint64>(reglages_.types.size()) + 1, libelle});
+    }
+}
+
+/// Tells of each inclusion that leads back to a document on its own way, with the documents in between.
+void SourceDossier::verifieinclusions() {
+    Inclusions inclusions(fiches_.size());
+    for (std::size_t i = 0; i < fiches_.size(); ++i) {
+        for (const CleDocument incluse : fiches_[i].inclusions)
+            inclusions[i].push_back(cherche(incluse));
+    }
+    for (const BoucleDInclusions& boucle : bouclesdinclusions(inclusions)) {
+        QStringList cles;
+        for (std::size_t i = 0; i < std::min(boucle.size(), plusdeclesnommees); ++i)
+            cles << textedelacle(cle(boucle[i]));
+        if (boucle.size() > plusdeclesnommees)
+            cles << u"…"_s;
+        cles << textedelacle(cle(boucle.front()));
+        Probleme tourne = lieu(boucle.back());
+        tourne.id = probleme::inclusionsenboucle;
+        tourne.arguments = {cles.join(u" → "_s)};
+        problemes_.push_back(std::move(tourne));
     }
 }
 

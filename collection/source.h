@@ -1,9 +1,8 @@
 #pragma once
 // A publisher's source folder, read and checked.
+#include "collection/arbresource.h"
 #include "collection/document.h"
 #include "collection/fichiers.h"
-
-#include <QHash>
 
 #include <memory>
 
@@ -48,7 +47,7 @@ public:
     Corps corps(qsizetype i) const override;
     Probleme lieu(qsizetype i) const override;
     QString titre() const override { return reglages_.titre; }
-    const std::vector<Noeud>& noeuds() const override { return noeuds_; }
+    const std::vector<Noeud>& noeuds() const override { return arbre_.noeuds(); }
     const std::vector<TypeDeDocument>& types() const override { return reglages_.types; }
     const Sections& sections() const override { return reglages_.sections; }
 
@@ -64,25 +63,19 @@ private:
     void litdocuments();
     void range();
     void completetypes();
-    void verifienoeuds();
     void verifiedocument(Fiche& fiche);
     void verifieinclusions();
     void probleme(int fichier, qint64 ligne, int id, const QString& argument, bool avertissement = false);
     const QString& nomdufichier(int fichier) const { return fichiers_[static_cast<std::size_t>(fichier)].nom; }
     QString titredutexte(const Entete& entete) const;
-    QString libelledetete(qint64 noeud) const;
 
     std::unique_ptr<const FichiersSource> source_;
     std::vector<Fichier> fichiers_;
     std::vector<Fiche> fiches_;
-    std::vector<Noeud> noeuds_;
-    std::vector<qint64> lignesdesnoeuds_;
-    QHash<qint64, std::size_t> parnumero_;
+    ArbreSource arbre_;
     std::array<std::pair<std::size_t, std::size_t>, nombredecollections> tranches_{};
-    std::array<bool, nombredecollections> avecarbre_{};
     Reglagesdecollection reglages_;
     Problemes problemes_;
-    int fichiernoeuds_ = -1;
 };
 
 } // namespace velm

@@ -1,9 +1,8 @@
-#include "platform/engine/recordset_p.h"
+#include "platform/engine/cursor.h"
+
+#include "platform/base/failure.h"
 #include "platform/text/letters.h"
 
-#include <QDate>
-
-#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -22,188 +21,155 @@ Value lowest(bool numeric) {
 
 } // namespace
 
-Recordset::Private::Order Recordset::Private::makeOrder(const IndexDef* index) const {
-    Order made;
-    made.index = index;
-    made.columns = u"rowid"_s + fieldColumns;
-    made.source = sql::quoted(name);
-    made.width =
-        1 + static_cast<int>(std::count_if(fieldCells.begin(), fieldCells.end(), [](int at) { return at > 0; }));
-    if (index != nullptr) {
-        for (const IndexField& field : index->fields) {
-            const FieldDef* definition = table->field(field.field);
-            QString expression = sql::quoted(field.field);
-            int cell = fieldCells[static_cast<size_t>(definition - table->fields.data())];
-            if (field.folded) {
-                expression =
-                    hasKeyColumn(field.field) ? sql::quoted(keyColumn(field.field)) : u"cle_tri("_s + expression + u')';
-                made.columns += u',' + expression;
-                cell = made.width++;
-            }
-            made.expressions.push_back(expression);
-            made.cells.push_back(cell);
-            made.numeric.push_back(definition->type == FieldType::Long);
-            made.folded.push_back(field.folded);
-        }
-        if (db->hasIndex(*table, *index))
-            made.source += u" INDEXED BY "_s + sql::quoted(name + u'_' + index->name);
-    }
-    made.expressions.push_back(u"rowid"_s);
-    made.cells.push_back(0);
-    made.numeric.push_back(true);
-    made.folded.push_back(false);
-    return made;
+Cursor::Cursor(Database::Private& db, const StoredTable& table, size_t order)
+    : db_(db), table_(table), orders_(table.definition.indexes.size() + 1), order_(order) {}
+
+void Cursor::setOrder(size_t order) {
+    dropPlan();
+    order_ = order;
+    byRow_ = sql::Statement();
+    loseRow(Place::Pending);
 }
 
-QString Recordset::Private::stretchText(const Stretch& wanted) {
-    const Order& by = current();
-    QString text = u"SELECT "_s + by.columns + u" FROM "_s + by.source;
-    QString link = u" WHERE "_s;
-    for (int i = 0; i < wanted.equal; ++i) {
-        text += link + by.expressions[static_cast<size_t>(i)] + u" IS ?"_s + QString::number(i + 1);
-        link = u" AND "_s;
-    }
-    if (wanted.bound != Bound::None) {
-        const QString sign = wanted.bound == Bound::Above ? u">"_s : wanted.bound == Bound::AtLeast ? u">="_s : u"<"_s;
-        text +=
-            link + by.expressions[static_cast<size_t>(wanted.equal)] + sign + u'?' + QString::number(wanted.equal + 1);
-    }
-    link = u" ORDER BY "_s;
-    for (size_t i = static_cast<size_t>(wanted.equal); i < by.expressions.size(); ++i) {
-        text += link + by.expressions[i] + (backward ? u" DESC"_s : QString());
-        link = u","_s;
-    }
-    return text;
+const RowOrder& Cursor::current() {
+    std::optional<RowOrder>& order = orders_[order_];
+    if (!order)
+        order.emplace(db_.handle, table_, order_ == 0 ? nullptr : &table_.definition.indexes[order_ - 1]);
+    return *order;
 }
 
-const sql::Statement& Recordset::Private::statementFor(const Stretch& wanted) {
-    const size_t number = ((order * 2 + (backward ? 1 : 0)) * 16 + static_cast<size_t>(wanted.equal)) * 4 +
+void Cursor::loseRow(Place place) {
+    row_.clear();
+    place_ = place;
+}
+
+void Cursor::failWithEngine() {
+    const int result = sqlite3_errcode(db_.handle);
+    db_.noteError();
+    const QString message = db_.error + u": "_s + table_.name();
+    dropPlan();
+    loseRow(Place::After);
+    sql::raiseIfMemory(result);
+    runtimeError(message);
+}
+
+const sql::Statement& Cursor::statementFor(const Stretch& wanted) {
+    const size_t number = ((order_ * 2 + (backward_ ? 1 : 0)) * 16 + static_cast<size_t>(wanted.equal)) * 4 +
                           static_cast<size_t>(wanted.bound);
-    sql::Statement& statement = statements[number];
-    if (!statement.valid()) {
-        QString text = stretchText(wanted);
-        if (!statement.prepare(db->handle, text)) {
-            // An index of our name that another tool has made otherwise: the engine finds its own way.
-            text.replace(current().source, sql::quoted(name));
-            if (!statement.prepare(db->handle, text))
-                failWithEngine();
-        }
-    }
+    sql::Statement& statement = statements_[number];
+    // An index of our name that another tool has made otherwise: the engine finds its own way.
+    if (!statement.valid() && !statement.prepare(db_.handle, current().stretchText(wanted, backward_, true)) &&
+        !statement.prepare(db_.handle, current().stretchText(wanted, backward_, false)))
+        failWithEngine();
     return statement;
 }
 
-void Recordset::Private::dropPlan() {
-    if (live != nullptr)
-        live->reset();
-    live = nullptr;
-    plan.clear();
-    stretch = 0;
-    behind = -1;
+void Cursor::dropPlan() {
+    if (live_ != nullptr)
+        live_->reset();
+    live_ = nullptr;
+    plan_.clear();
+    stretch_ = 0;
+    behind_ = -1;
+}
+
+void Cursor::enter(const Stretch& entered) {
+    const sql::Statement& statement = statementFor(entered);
+    for (int i = 0; i < entered.equal; ++i)
+        statement.bind(i + 1, keys_[static_cast<size_t>(i)]);
+    if (entered.lastIsNull)
+        statement.bind(entered.equal, {});
+    if (entered.bound != Bound::None)
+        statement.bind(entered.equal + 1, entered.limit);
+    live_ = &statement;
 }
 
 /// Takes the next row of the plan as the current one. False at its end.
-bool Recordset::Private::next() {
-    for (;; ++stretch) {
-        if (stretch == plan.size() && behind >= 0)
-            addStretchesBehind(std::exchange(behind, -1));
-        if (stretch >= plan.size())
+bool Cursor::next() {
+    for (;; ++stretch_) {
+        if (stretch_ == plan_.size() && behind_ >= 0)
+            addStretchesBehind(std::exchange(behind_, -1));
+        if (stretch_ >= plan_.size())
             return false;
-        if (live == nullptr) {
-            const Stretch& entered = plan[stretch];
-            const sql::Statement& statement = statementFor(entered);
-            for (int i = 0; i < entered.equal; ++i)
-                statement.bind(i + 1, keys[static_cast<size_t>(i)]);
-            if (entered.lastIsNull)
-                statement.bind(entered.equal, {});
-            if (entered.bound != Bound::None)
-                statement.bind(entered.equal + 1, entered.limit);
-            live = &statement;
-        }
-        const int result = live->step();
+        if (live_ == nullptr)
+            enter(plan_[stretch_]);
+        const int result = live_->step();
         if (result == SQLITE_ROW) {
-            row.take(*live, current().width);
-            lazyLoaded = false;
-            place = Place::OnRow;
-            if (!db->streams())
+            row_.take(*live_, current().width());
+            ++reading_;
+            place_ = Place::OnRow;
+            if (!db_.streams())
                 dropPlan();
             return true;
         }
         if (result != SQLITE_DONE)
             failWithEngine();
-        live->reset();
-        live = nullptr;
+        live_->reset();
+        live_ = nullptr;
     }
 }
 
 /// Adds the stretches that follow when the columns from `level` on are through, in the plan's direction.
-void Recordset::Private::addStretchesBehind(int level) {
-    const Order& by = current();
+void Cursor::addStretchesBehind(int level) {
+    const RowOrder& by = current();
     for (int i = level; i >= 0; --i) {
-        const Value& key = keys[static_cast<size_t>(i)];
-        if (!backward && key.isNull()) {
-            plan.push_back({i, Bound::AtLeast, lowest(by.numeric[static_cast<size_t>(i)])});
-        } else if (!backward) {
-            plan.push_back({i, Bound::Above, key});
+        const auto column = static_cast<size_t>(i);
+        const Value& key = keys_[column];
+        if (!backward_ && key.isNull()) {
+            plan_.push_back({i, Bound::AtLeast, lowest(by.isNumeric(column))});
+        } else if (!backward_) {
+            plan_.push_back({i, Bound::Above, key});
         } else if (!key.isNull()) {
-            plan.push_back({i, Bound::Below, key});
+            plan_.push_back({i, Bound::Below, key});
             // No comparison finds Nulls, which lie below everything.
-            if (by.cells[static_cast<size_t>(i)] != 0)
-                plan.push_back({i + 1, Bound::None, {}, true});
+            if (by.cell(column) != 0)
+                plan_.push_back({i + 1, Bound::None, {}, true});
         }
     }
 }
 
 /// Makes the plan that goes on from the current row.
-void Recordset::Private::anchor(bool toBackward) {
-    if (place == Place::OnRow) {
-        const Order& by = current();
-        keys.resize(by.cells.size());
-        for (size_t i = 0; i < by.cells.size(); ++i)
-            keys[i] = sql::toValue(row.at(by.cells[i]));
+void Cursor::anchor(bool backward) {
+    if (place_ == Place::OnRow) {
+        const RowOrder& by = current();
+        keys_.resize(by.depth());
+        for (size_t i = 0; i < keys_.size(); ++i)
+            keys_[i] = sql::toValue(row_.at(by.cell(i)));
     }
     dropPlan();
-    backward = toBackward;
-    addStretchesBehind(static_cast<int>(keys.size()) - 1);
+    backward_ = backward;
+    addStretchesBehind(static_cast<int>(keys_.size()) - 1);
 }
 
-void Recordset::Private::go(bool toBackward) {
-    const bool standing = live != nullptr && backward == toBackward && place == Place::OnRow;
+void Cursor::go(bool backward) {
+    const bool standing = live_ != nullptr && backward_ == backward && place_ == Place::OnRow;
     if (!standing)
-        anchor(toBackward);
-    if (!next()) {
-        place = toBackward ? Place::Before : Place::After;
-        row.clear();
-    }
+        anchor(backward);
+    if (!next())
+        loseRow(backward ? Place::Before : Place::After);
 }
 
-void Recordset::Private::toEnd(bool toBackward) {
+void Cursor::toEnd(bool last) {
     dropPlan();
-    backward = toBackward;
-    plan.push_back({});
-    if (!next()) {
-        place = Place::Empty;
-        row.clear();
-    }
+    backward_ = last;
+    plan_.push_back({});
+    if (!next())
+        loseRow(Place::Empty);
 }
 
-void Recordset::Private::locate() {
-    if (place == Place::Pending)
-        toEnd(false);
-}
-
-void Recordset::Private::move(bool toBackward) {
+void Cursor::move(bool backward) {
     locate();
-    switch (place) {
+    switch (place_) {
     case Place::OnRow:
     case Place::Gone:
-        go(toBackward);
+        go(backward);
         break;
     case Place::Before:
-        if (!toBackward)
+        if (!backward)
             toEnd(false);
         break;
     case Place::After:
-        if (toBackward)
+        if (backward)
             toEnd(true);
         break;
     case Place::Pending:
@@ -212,40 +178,40 @@ void Recordset::Private::move(bool toBackward) {
     }
 }
 
-Value Recordset::Private::keyValue(const Order& by, size_t column, const QVariant& value) const {
+Value Cursor::keyValue(const RowOrder& by, size_t column, const QVariant& value) const {
     Value key = Value::of(value);
     if (key.kind != Value::Kind::Text)
         return key;
-    if (by.folded[column])
+    if (by.isFolded(column))
         return Value::blob(sortKey(QString::fromUtf8(key.bytes)));
-    if (by.numeric[column] && key.bytes.isEmpty())
+    if (by.isNumeric(column) && key.bytes.isEmpty())
         return lowest(true);
     return key;
 }
 
-void Recordset::Private::find(Seek how, std::span<const QVariant* const> wanted) {
-    const Order& by = current();
-    if (by.index == nullptr || wanted.size() > by.index->fields.size())
-        fail(u"operation invalid without a current index"_s);
+bool Cursor::find(Seek how, std::span<const QVariant* const> wanted) {
+    const RowOrder& by = current();
     dropPlan();
-    backward = false;
-    keys.resize(wanted.size());
+    if (by.index() == nullptr || wanted.size() > by.index()->fields.size())
+        runtimeError(Failure::Engine, {u"operation invalid without a current index: "_s + table_.name()});
+    backward_ = false;
+    keys_.resize(wanted.size());
     for (size_t i = 0; i < wanted.size(); ++i)
-        keys[i] = keyValue(by, i, *wanted[i]);
+        keys_[i] = keyValue(by, i, *wanted[i]);
     const int last = static_cast<int>(wanted.size()) - 1;
-    const Value& limit = keys.back();
+    const Value& limit = keys_.back();
     bool found = false;
     switch (how) {
     case Seek::Equal:
-        plan.push_back({last + 1, Bound::None, {}});
+        plan_.push_back({last + 1, Bound::None, {}});
         found = next();
         // What lies behind is no match, but the walk goes on there.
-        if (found && db->streams())
-            behind = last;
+        if (found && db_.streams())
+            behind_ = last;
         break;
     case Seek::GreaterOrEqual:
         // From Null on is all of it.
-        plan.push_back(limit.isNull() ? Stretch{last, Bound::None, {}} : Stretch{last, Bound::AtLeast, limit});
+        plan_.push_back(limit.isNull() ? Stretch{last, Bound::None, {}} : Stretch{last, Bound::AtLeast, limit});
         addStretchesBehind(last - 1);
         found = next();
         break;
@@ -254,33 +220,40 @@ void Recordset::Private::find(Seek how, std::span<const QVariant* const> wanted)
         found = next();
         break;
     }
-    unmatched = !found;
-    if (!found) {
-        place = Place::After;
-        row.clear();
-    }
+    if (!found)
+        loseRow(Place::After);
+    return found;
 }
 
-bool Recordset::Private::take(qint64 wanted) {
+bool Cursor::take(qint64 wanted) {
     dropPlan();
-    if (!byRow.valid() && !byRow.prepare(db->handle, u"SELECT "_s + current().columns + u" FROM "_s +
-                                                         sql::quoted(name) + u" WHERE rowid=?1"_s))
+    if (!byRow_.valid() && !byRow_.prepare(db_.handle, current().rowText()))
         failWithEngine();
     const Value key = Value::of(wanted);
-    const sql::Reset reset(byRow);
-    byRow.bind(1, key);
-    const int result = byRow.step();
+    const sql::Reset reset(byRow_);
+    byRow_.bind(1, key);
+    const int result = byRow_.step();
     if (result != SQLITE_ROW && result != SQLITE_DONE)
         failWithEngine();
     if (result == SQLITE_ROW) {
-        row.take(byRow, current().width);
-        place = Place::OnRow;
+        row_.take(byRow_, current().width());
+        place_ = Place::OnRow;
     } else {
-        row.clear();
-        place = Place::After;
+        loseRow(Place::After);
     }
-    lazyLoaded = false;
+    ++reading_;
     return result == SQLITE_ROW;
+}
+
+void Cursor::rowDeleted() {
+    anchor(false);
+    dropPlan();
+    loseRow(Place::Gone);
+}
+
+void Cursor::rowAdded() {
+    if (place_ == Place::Empty)
+        place_ = Place::After;
 }
 
 } // namespace velm

@@ -2,6 +2,7 @@
 #include "platform/engine/enginefault.h"
 #include "platform/engine/opening.h"
 #include "platform/engine/recordset_p.h"
+#include "platform/engine/snapshot_p.h"
 
 #include <QDir>
 #include <QFile>
@@ -81,7 +82,9 @@ Database::Opened Database::openBytes(const QByteArray& bytes, OpenMode mode, con
     keepNoStatistics();
     const int result = sqlite3_open_v2(":memory:", &d.handle, flags, nullptr);
     sql::raiseIfMemory(result);
-    if (result != SQLITE_OK || !d.takeBytes(bytes, shared)) {
+    if (!shared)
+        d.bytes = bytes;
+    if (result != SQLITE_OK || !(shared ? changeCopyOf(d.handle, bytes) : readFrom(d.handle, d.bytes))) {
         d.noteError();
         return failure(OpenError::Unreadable, d.obstacle, d.error);
     }
@@ -130,6 +133,25 @@ std::unique_ptr<Recordset> Database::openTable(const QString& name) {
     std::unique_ptr<Recordset> recordset(new Recordset);
     recordset->d_->attach(d_.get(), name);
     return recordset;
+}
+
+std::unique_ptr<Snapshot> Database::openQuery(const QString& text, QString* error) {
+    return openQuery(text, QVariantList(), error);
+}
+
+std::unique_ptr<Snapshot> Database::openQuery(const QString& text, const QVariantList& values, QString* error) {
+    return Snapshot::open(*d_, text, values, error);
+}
+
+bool Database::makeTable(const QString& name) {
+    const TableDef* table = d_->handle != nullptr ? d_->schema.table(name) : nullptr;
+    if (table == nullptr) {
+        d_->note(Obstacle::Other, u"no such table: "_s + name);
+        return false;
+    }
+    if (!d_->writing)
+        releaseLocks();
+    return d_->make(*table);
 }
 
 bool Database::begin() {
@@ -280,44 +302,13 @@ bool Database::Private::run(const QString& statement) {
     return false;
 }
 
-bool Database::Private::hasTable(const QString& name) const {
-    return !columnsOf(name).isEmpty();
-}
-
-// The engine's lists are read as statements of their own: as tables in a query each would be set up anew for it.
-
-QStringList Database::Private::columnsOf(const QString& table) const {
-    const sql::Statement columns(handle, u"PRAGMA table_info("_s + sql::quoted(table) + u')', false);
-    QStringList names;
-    while (columns.valid() && columns.step() == SQLITE_ROW)
-        names << sql::toText(columns.cell(1));
-    return names;
-}
-
-/// True when the table has an index of that name over all of its rows.
-bool Database::Private::hasWholeIndex(const QString& table, const QString& index) const {
-    constexpr int nameCell = 1;
-    constexpr int partialCell = 4;
-    const sql::Statement indexes(handle, u"PRAGMA index_list("_s + sql::quoted(table) + u')', false);
-    while (indexes.valid() && indexes.step() == SQLITE_ROW) {
-        if (sql::toText(indexes.cell(nameCell)) == index)
-            return sql::toNumber(indexes.cell(partialCell)) == 0;
-    }
-    return false;
-}
-
-bool Database::Private::hasIndex(const TableDef& table, const IndexDef& index) const {
-    const QString name = table.name + u'_' + index.name;
-    if (!hasWholeIndex(table.name, name))
-        return false;
-    const sql::Statement fields(handle, u"PRAGMA index_info("_s + sql::quoted(name) + u')', false);
-    QStringList columns;
-    while (fields.valid() && fields.step() == SQLITE_ROW)
-        columns << sql::toText(fields.cell(2));
-    QStringList wanted;
-    for (const IndexField& field : index.fields)
-        wanted << (field.folded ? keyColumn(field.field) : field.field);
-    return columns == wanted;
+bool Database::Private::make(const TableDef& table) {
+    bool made = true;
+    for (const QString& statement : tableStatements(table))
+        made = made && run(statement);
+    for (const IndexDef& index : table.indexes)
+        made = made && run(indexStatement(table, index));
+    return made;
 }
 
 } // namespace velm

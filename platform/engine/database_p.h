@@ -9,7 +9,7 @@ struct Database::Private {
     sqlite3* handle = nullptr;
     QString path;
     Schema schema;
-    QByteArray bytes; ///< what a base in memory is read from
+    QByteArray bytes; ///< what a base in memory that is only read is read from
     bool updatable = false;
     bool immutable = false; ///< the file is taken as unchanging: no lock is needed for a stable view
     bool building = false;  ///< made by create(): quick and without the safety of a store
@@ -22,9 +22,6 @@ struct Database::Private {
     std::vector<Recordset::Private*> recordsets;
     std::vector<Snapshot::Private*> snapshots;
 
-    /// Makes the content of a file the content of the open handle, which reads `content` itself, or changes a copy of
-    /// it. False when the engine refuses or memory is short.
-    bool takeBytes(const QByteArray& content, bool changing);
     /// Takes the run's read transaction when this base is of that kind.
     void beginReading();
     /// Ends it; walks and snapshots go on without it.
@@ -40,13 +37,6 @@ struct Database::Private {
     bool run(const QString& statement);
     /// Makes a table with its side table and its indexes.
     bool make(const TableDef& table);
-    bool hasTable(const QString& name) const;
-    QStringList columnsOf(const QString& table) const;
-    /// True when the base holds this index under our name and on our columns.
-    bool hasIndex(const TableDef& table, const IndexDef& index) const;
-
-private:
-    bool hasWholeIndex(const QString& table, const QString& index) const;
 };
 
 } // namespace velm

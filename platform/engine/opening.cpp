@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QUrl>
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -18,6 +19,7 @@ namespace {
 
 constexpr int busyMilliseconds = 5000;
 constexpr int longestValue = 256 * 1024 * 1024;
+constexpr auto schemaName = "main";
 
 /// The stored key of a text, for bases that another tool has made without it.
 void keyFunction(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
@@ -140,6 +142,24 @@ OpenError probe(Database::Private& d) {
         return OpenError::Foreign;
     }
     return OpenError::None;
+}
+
+bool readFrom(sqlite3* handle, const QByteArray& content) {
+    const sqlite3_int64 size = content.size();
+    // The engine asks for writable bytes and, told that they are only read, writes none.
+    auto* there = reinterpret_cast<unsigned char*>(const_cast<char*>(content.constData()));
+    return sqlite3_deserialize(handle, schemaName, there, size, size, SQLITE_DESERIALIZE_READONLY) == SQLITE_OK;
+}
+
+bool changeCopyOf(sqlite3* handle, const QByteArray& content) {
+    const sqlite3_int64 size = content.size();
+    auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(static_cast<sqlite3_uint64>(size)));
+    if (copy == nullptr)
+        return false;
+    std::copy(content.begin(), content.end(), copy);
+    // From here on the copy is the engine's, also when it refuses.
+    return sqlite3_deserialize(handle, schemaName, copy, size, size,
+                               SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_RESIZEABLE) == SQLITE_OK;
 }
 
 Database::Opened makeFile(const QString& path) {

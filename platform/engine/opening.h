@@ -23,6 +23,12 @@ Database::Opened refusal(const QString& path, bool shared);
 /// Reads a page, so that nothing that opens is unreadable; takes part in undoing an interrupted change.
 OpenError probe(Database::Private& d);
 
+/// Makes the content of a file that of an open handle, which reads these bytes themselves: they outlive it. False when
+/// the engine refuses.
+bool readFrom(sqlite3* handle, const QByteArray& content);
+/// The same for a handle that changes a copy of them. False when memory is short, too.
+bool changeCopyOf(sqlite3* handle, const QByteArray& content);
+
 /// Makes an empty file where there was none; what stood in the way, with the system's words.
 Database::Opened makeFile(const QString& path);
 

@@ -1,5 +1,5 @@
-#include "platform/engine/database_p.h"
-#include "platform/engine/recordset_p.h"
+#include "platform/base/failure.h"
+#include "platform/engine/snapshot_p.h"
 
 #include <algorithm>
 
@@ -46,25 +46,22 @@ QString translateQuotes(const QString& sql) {
     return result;
 }
 
-std::unique_ptr<Snapshot> Database::openQuery(const QString& text, QString* error) {
-    return openQuery(text, QVariantList(), error);
-}
-
-std::unique_ptr<Snapshot> Database::openQuery(const QString& text, const QVariantList& values, QString* error) {
+std::unique_ptr<Snapshot> Snapshot::open(Database::Private& base, const QString& text, const QVariantList& values,
+                                         QString* error) {
     const auto refused = [error](const QString& reason) {
         if (error != nullptr)
             *error = reason;
         return nullptr;
     };
-    if (d_->handle == nullptr)
+    if (base.handle == nullptr)
         return refused(u"the base is closed"_s);
-    d_->beginReading();
+    base.beginReading();
     sql::Statement statement;
-    if (!statement.prepare(d_->handle, translateQuotes(text), false)) {
-        d_->noteError();
-        sql::raiseIfMemory(sqlite3_errcode(d_->handle));
-        const bool rest = sqlite3_errcode(d_->handle) == SQLITE_OK;
-        return refused(rest ? u"not one single query"_s : d_->error);
+    if (!statement.prepare(base.handle, translateQuotes(text), false)) {
+        base.noteError();
+        sql::raiseIfMemory(sqlite3_errcode(base.handle));
+        const bool rest = sqlite3_errcode(base.handle) == SQLITE_OK;
+        return refused(rest ? u"not one single query"_s : base.error);
     }
     if (sqlite3_stmt_readonly(statement.raw()) == 0 || sqlite3_column_count(statement.raw()) == 0)
         return refused(u"the query does not read"_s);
@@ -72,16 +69,16 @@ std::unique_ptr<Snapshot> Database::openQuery(const QString& text, const QVarian
         return refused(u"the query wants another number of values"_s);
     std::unique_ptr<Snapshot> snapshot(new Snapshot);
     Snapshot::Private& p = *snapshot->d_;
-    p.db = d_.get();
+    p.db = &base;
     for (int i = 0; i < sqlite3_column_count(statement.raw()); ++i)
         p.names << QString::fromUtf8(sqlite3_column_name(statement.raw(), i));
     p.statement = std::move(statement);
     p.bind(values);
     p.standing = true;
     p.ended = false;
-    d_->snapshots.push_back(&p);
+    base.snapshots.push_back(&p);
     p.advance();
-    if (!d_->streams())
+    if (!base.streams())
         p.drain();
     return snapshot;
 }

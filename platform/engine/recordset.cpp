@@ -2,15 +2,28 @@
 
 #include "platform/engine/recordset_p.h"
 
-#include <algorithm>
 #include <array>
-#include <cstring>
 
 namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
-using Place = Recordset::Private::Place;
-using Editing = Recordset::Private::Editing;
+using Place = Cursor::Place;
+
+namespace {
+
+/// The primary order, or 0 for that of the row ids where there is none.
+size_t firstOrder(const StoredTable& table) {
+    const IndexDef* primary = table.definition.index(u"primarykey"_s);
+    if (primary == nullptr || !table.missingField(*primary).isEmpty())
+        return 0;
+    return static_cast<size_t>(primary - table.definition.indexes.data()) + 1;
+}
+
+} // namespace
+
+Recordset::Private::Parts::Parts(Database::Private& base, const TableDef& definition)
+    : table(base.handle, definition), cursor(base, table, firstOrder(table)), lazy(base, table, cursor),
+      edit(base, table) {}
 
 void Recordset::Private::attach(Database::Private* database, const QString& tableName) {
     name = tableName;
@@ -19,148 +32,82 @@ void Recordset::Private::attach(Database::Private* database, const QString& tabl
     db = database;
     db->recordsets.push_back(this);
     db->beginReading();
-    table = db->schema.table(name);
-    present = table != nullptr ? db->columnsOf(name) : QStringList();
-    if (present.isEmpty()) {
+    if (const TableDef* table = db->schema.table(name))
+        parts = std::make_unique<Parts>(*db, *table);
+    absent = !parts || !parts->table.isThere();
+    if (absent) {
+        parts.reset();
         sql::raiseIfMemory(sqlite3_errcode(db->handle));
-        absent = true;
         return;
     }
-    side = !table->lazyField.isEmpty() && db->columnsOf(sideTable(*table)).contains(table->lazyField);
-    fieldCells.assign(table->fields.size(), -1);
-    int cells = 1;
-    for (size_t i = 0; i < table->fields.size(); ++i) {
-        const QString& field = table->fields[i].name;
-        if (field == table->lazyField || !present.contains(field))
-            continue;
-        fieldCells[i] = cells++;
-        fieldColumns += u',' + sql::quoted(field);
-    }
-    const IndexDef* primary = table->index(u"primarykey"_s);
-    order = primary != nullptr && missingField(*primary).isEmpty()
-                ? static_cast<size_t>(primary - table->indexes.data()) + 1
-                : 0;
-    orders.resize(table->indexes.size() + 1);
-    edited.resize(table->fields.size());
+    if (const size_t order = parts->cursor.order(); order > 0)
+        index = parts->table.definition.indexes[order - 1].name;
 }
 
 void Recordset::Private::detach() {
     if (db == nullptr)
         return;
-    dropPlan();
-    statements.clear();
-    changes.clear();
-    for (sql::Statement* statement : {&byRow, &lazyInSide, &lazyInRow, &counting})
-        *statement = sql::Statement();
+    parts.reset();
     std::erase(db->recordsets, this);
     db = nullptr;
-    row.clear();
-    place = Place::Empty;
-    editing = Editing::No;
 }
 
-void Recordset::Private::fail(Failure what, const QStringList& parts) {
+void Recordset::Private::dropPlan() {
+    if (parts)
+        parts->cursor.dropPlan();
+}
+
+void Recordset::Private::fail(Failure what, const QStringList& words) {
     dropPlan();
-    runtimeError(what, parts);
+    runtimeError(what, words);
 }
 
 void Recordset::Private::fail(const QString& message) {
     fail(Failure::Engine, {message + u": "_s + name});
 }
 
-void Recordset::Private::failWithEngine() {
-    const int result = sqlite3_errcode(db->handle);
-    db->noteError();
-    const QString message = db->error + u": "_s + name;
-    dropPlan();
-    row.clear();
-    place = Place::After;
-    sql::raiseIfMemory(result);
-    runtimeError(message);
-}
-
-void Recordset::Private::ready() {
+Recordset::Private::Parts& Recordset::Private::ready() {
     if (absent)
         runtimeError(Failure::MissingTable, {name});
     if (db == nullptr)
         runtimeError(u"the base is closed: "_s + name);
     db->beginReading();
+    return *parts;
 }
 
-const Recordset::Private::Order& Recordset::Private::current() {
-    Order& made = orders[order];
-    if (made.width == 0)
-        made = makeOrder(order == 0 ? nullptr : &table->indexes[order - 1]);
-    return made;
+Cursor& Recordset::Private::leaving() {
+    Parts& open = ready();
+    open.edit.leave();
+    return open.cursor;
 }
 
 int Recordset::Private::fieldNumber(const QString& field) {
-    // Asked for every value that is read: the comparison of QString costs three times as much.
-    const auto size = static_cast<size_t>(field.size()) * sizeof(QChar);
-    for (size_t i = 0; i < table->fields.size(); ++i) {
-        const QString& candidate = table->fields[i].name;
-        if (candidate.size() == field.size() && std::memcmp(candidate.constData(), field.constData(), size) == 0)
-            return static_cast<int>(i);
-    }
-    fail(Failure::MissingField, {field});
-}
-
-QString Recordset::Private::missingField(const IndexDef& index) const {
-    for (const IndexField& field : index.fields) {
-        if (!present.contains(field.field))
-            return field.field;
-    }
-    return {};
-}
-
-bool Recordset::Private::hasKeyColumn(const QString& field) const {
-    return present.contains(keyColumn(field));
+    const int number = parts->table.fieldNumber(field);
+    if (number < 0)
+        fail(Failure::MissingField, {field});
+    return number;
 }
 
 /// The value to read: an edited one while editing, else that of the current row.
 sql::Cell Recordset::Private::cell(const QString& field) {
-    ready();
-    locate();
-    const auto number = static_cast<size_t>(fieldNumber(field));
-    const bool isLazy = field == table->lazyField;
-    const int at = fieldCells[number];
-    if (at < 0 && !(isLazy && (side || present.contains(field))))
+    Parts& open = ready();
+    open.cursor.locate();
+    const int number = fieldNumber(field);
+    const bool isLazy = field == open.table.definition.lazyField;
+    const int at = open.table.cells[static_cast<size_t>(number)];
+    if (at < 0 && !(isLazy && (open.table.side || open.table.present.contains(field))))
         fail(Failure::MissingField, {field});
-    if (editing != Editing::No && edited[number]) {
-        const sql::Value& value = *edited[number];
-        return {value.kind, value.integer, value.real, value.bytes};
+    if (open.edit.isOpen()) {
+        if (const sql::Value* edited = open.edit.value(number))
+            return {edited->kind, edited->integer, edited->real, edited->bytes};
     }
-    if (editing == Editing::Adding || place != Place::OnRow)
+    if (open.edit.isAdding() || !open.cursor.isOnRow())
         return {};
-    return isLazy ? lazyCell() : row.at(at);
+    return isLazy ? open.lazy.cell() : open.cursor.row().at(at);
 }
 
-sql::Cell Recordset::Private::lazyCell() {
-    if (!lazyLoaded) {
-        lazy.clear();
-        const bool found = side && loadLazy(lazyInSide, sideTable(*table)) && lazy.at(0).kind != sql::Value::Kind::Null;
-        if (!found && present.contains(table->lazyField))
-            loadLazy(lazyInRow, name);
-        lazyLoaded = true;
-    }
-    return lazy.at(0);
-}
-
-bool Recordset::Private::loadLazy(sql::Statement& statement, const QString& from) {
-    if (!statement.valid() &&
-        !statement.prepare(db->handle, u"SELECT "_s + sql::quoted(table->lazyField) + u" FROM "_s + sql::quoted(from) +
-                                           u" WHERE rowid=?1"_s))
-        failWithEngine();
-    const auto key = sql::Value::of(rowId());
-    const sql::Reset reset(statement);
-    statement.bind(1, key);
-    const int result = statement.step();
-    sql::raiseIfMemory(result);
-    if (result == SQLITE_ROW)
-        lazy.take(statement, 1);
-    else if (result != SQLITE_DONE)
-        runtimeError(QString::fromUtf8(sqlite3_errstr(result)) + u": "_s + from);
-    return result == SQLITE_ROW;
+void Recordset::Private::find(Seek how, std::span<const QVariant* const> wanted) {
+    unmatched = !leaving().find(how, wanted);
 }
 
 Recordset::Recordset() : d_(std::make_unique<Private>()) {}
@@ -170,7 +117,7 @@ Recordset::~Recordset() {
 }
 
 bool Recordset::usable() const {
-    return d_->db != nullptr && !d_->absent;
+    return d_->parts != nullptr;
 }
 
 QString Recordset::table() const {
@@ -178,42 +125,34 @@ QString Recordset::table() const {
 }
 
 void Recordset::setIndex(const QString& name) {
-    d_->ready();
-    const IndexDef* index = d_->table->index(name);
+    Private::Parts& open = d_->ready();
+    const TableDef& table = open.table.definition;
+    const IndexDef* index = table.index(name);
     if (index == nullptr)
         d_->fail(Failure::MissingIndex, {name, d_->name});
-    if (const QString missing = d_->missingField(*index); !missing.isEmpty())
+    if (const QString missing = open.table.missingField(*index); !missing.isEmpty())
         d_->fail(Failure::MissingField, {missing});
-    const size_t wanted = static_cast<size_t>(index - d_->table->indexes.data()) + 1;
-    if (wanted == d_->order)
+    const size_t wanted = static_cast<size_t>(index - table.indexes.data()) + 1;
+    if (wanted == open.cursor.order())
         return;
-    d_->leaveEdit();
-    d_->dropPlan();
-    d_->order = wanted;
-    d_->byRow = sql::Statement();
-    d_->row.clear();
-    d_->place = Place::Pending;
+    open.edit.leave();
+    open.cursor.setOrder(wanted);
+    d_->index = name;
 }
 
 QString Recordset::index() const {
-    return d_->order == 0 || d_->table == nullptr ? QString() : d_->table->indexes[d_->order - 1].name;
+    return d_->index;
 }
 
 void Recordset::seek(Seek how, const QVariant& k1) {
-    d_->ready();
-    d_->leaveEdit();
     d_->find(how, std::array{&k1});
 }
 
 void Recordset::seek(Seek how, const QVariant& k1, const QVariant& k2) {
-    d_->ready();
-    d_->leaveEdit();
     d_->find(how, std::array{&k1, &k2});
 }
 
 void Recordset::seek(Seek how, const QVariant& k1, const QVariant& k2, const QVariant& k3) {
-    d_->ready();
-    d_->leaveEdit();
     d_->find(how, std::array{&k1, &k2, &k3});
 }
 
@@ -222,67 +161,56 @@ bool Recordset::noMatch() const {
 }
 
 void Recordset::moveFirst() {
-    d_->ready();
-    d_->leaveEdit();
-    d_->toEnd(false);
+    d_->leaving().toEnd(false);
 }
 
 void Recordset::moveLast() {
-    d_->ready();
-    d_->leaveEdit();
-    d_->toEnd(true);
+    d_->leaving().toEnd(true);
 }
 
 void Recordset::moveNext() {
-    d_->ready();
-    d_->leaveEdit();
-    d_->move(false);
+    d_->leaving().move(false);
 }
 
 void Recordset::movePrevious() {
-    d_->ready();
-    d_->leaveEdit();
-    d_->move(true);
+    d_->leaving().move(true);
 }
 
 bool Recordset::eof() const {
-    d_->ready();
-    d_->locate();
-    return d_->place == Place::After || d_->place == Place::Empty;
+    Cursor& cursor = d_->ready().cursor;
+    cursor.locate();
+    return cursor.place() == Place::After || cursor.place() == Place::Empty;
 }
 
 bool Recordset::bof() const {
-    d_->ready();
-    d_->locate();
-    return d_->place == Place::Before || d_->place == Place::Empty;
+    Cursor& cursor = d_->ready().cursor;
+    cursor.locate();
+    return cursor.place() == Place::Before || cursor.place() == Place::Empty;
 }
 
 qint64 Recordset::recordCount() {
-    d_->ready();
+    Private::Parts& open = d_->ready();
     if (d_->counted && d_->db->streams())
         return *d_->counted;
-    if (!d_->counting.valid() &&
-        !d_->counting.prepare(d_->db->handle, u"SELECT count(*) FROM "_s + sql::quoted(d_->name)))
-        d_->failWithEngine();
-    if (d_->counting.step() != SQLITE_ROW)
-        d_->failWithEngine();
-    d_->counted = d_->counting.cell(0).integer;
-    d_->counting.reset();
+    sql::Statement& counting = open.counting;
+    if (!counting.valid() && !counting.prepare(d_->db->handle, u"SELECT count(*) FROM "_s + sql::quoted(d_->name)))
+        open.cursor.failWithEngine();
+    if (counting.step() != SQLITE_ROW)
+        open.cursor.failWithEngine();
+    d_->counted = counting.cell(0).integer;
+    counting.reset();
     return *d_->counted;
 }
 
 Bookmark Recordset::bookmark() const {
-    d_->ready();
-    d_->locate();
-    return d_->place == Place::OnRow ? Bookmark{d_->rowId()} : Bookmark{};
+    Cursor& cursor = d_->ready().cursor;
+    cursor.locate();
+    return cursor.isOnRow() ? Bookmark{cursor.rowId()} : Bookmark{};
 }
 
 bool Recordset::setBookmark(Bookmark place) {
-    d_->ready();
-    d_->leaveEdit();
-    if (d_->place == Place::OnRow && place.row == d_->rowId())
-        return true;
-    return d_->take(place.row);
+    Cursor& cursor = d_->leaving();
+    return (cursor.isOnRow() && place.row == cursor.rowId()) || cursor.take(place.row);
 }
 
 QVariant Recordset::value(const QString& field) const {
@@ -303,6 +231,81 @@ QByteArray Recordset::bytes(const QString& field) const {
 
 bool Recordset::isNull(const QString& field) const {
     return d_->cell(field).kind == sql::Value::Kind::Null;
+}
+
+void Recordset::addNew() {
+    d_->ready().cursor.locate();
+    d_->parts->edit.beginAdding();
+}
+
+void Recordset::edit() {
+    Private::Parts& open = d_->ready();
+    open.cursor.locate();
+    open.edit.leave();
+    if (!open.cursor.isOnRow())
+        d_->fail(u"no current record"_s);
+    d_->modified = open.cursor.rowId();
+    open.edit.beginChanging(d_->modified);
+}
+
+void Recordset::setValue(const QString& field, const QVariant& value) {
+    Private::Parts& open = d_->ready();
+    const int number = d_->fieldNumber(field);
+    if (!open.edit.isOpen())
+        d_->fail(u"update without addNew or edit"_s);
+    if (open.table.cells[static_cast<size_t>(number)] < 0 && field != open.table.definition.lazyField)
+        d_->fail(Failure::MissingField, {field});
+    open.edit.setValue(number, value);
+}
+
+bool Recordset::update() {
+    Private::Parts& open = d_->ready();
+    if (!open.edit.isOpen())
+        d_->fail(u"update without addNew or edit"_s);
+    d_->error.clear();
+    const bool adding = open.edit.isAdding();
+    const std::optional<qint64> written = open.edit.write();
+    open.edit.leave();
+    if (!written) {
+        d_->error = d_->db->error;
+        return false;
+    }
+    d_->modified = *written;
+    d_->counted.reset();
+    if (adding)
+        open.cursor.rowAdded();
+    else
+        open.cursor.take(*written);
+    return true;
+}
+
+void Recordset::cancelUpdate() {
+    d_->ready().edit.leave();
+}
+
+bool Recordset::remove() {
+    Private::Parts& open = d_->ready();
+    open.cursor.locate();
+    open.edit.leave();
+    d_->error.clear();
+    if (!open.cursor.isOnRow())
+        d_->fail(u"no current record"_s);
+    open.cursor.dropPlan();
+    if (!open.edit.remove(open.cursor.rowId())) {
+        d_->error = d_->db->error;
+        return false;
+    }
+    d_->counted.reset();
+    open.cursor.rowDeleted();
+    return true;
+}
+
+QString Recordset::lastError() const {
+    return d_->error;
+}
+
+Bookmark Recordset::lastModified() const {
+    return {d_->modified};
 }
 
 void Recordset::close() {

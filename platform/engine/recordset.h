@@ -111,6 +111,8 @@ public:
 private:
     friend class Database;
     Snapshot();
+    static std::unique_ptr<Snapshot> open(Database::Private& base, const QString& text, const QVariantList& values,
+                                          QString* error);
     std::unique_ptr<Private> d_;
 };
 

@@ -1,3 +1,4 @@
+#include "platform/engine/catalogue.h"
 #include "platform/engine/database_p.h"
 #include "platform/text/letters.h"
 
@@ -6,26 +7,6 @@
 namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
-
-bool Database::makeTable(const QString& name) {
-    const TableDef* table = d_->handle != nullptr ? d_->schema.table(name) : nullptr;
-    if (table == nullptr) {
-        d_->note(Obstacle::Other, u"no such table: "_s + name);
-        return false;
-    }
-    if (!d_->writing)
-        releaseLocks();
-    return d_->make(*table);
-}
-
-bool Database::Private::make(const TableDef& table) {
-    bool made = true;
-    for (const QString& statement : tableStatements(table))
-        made = made && run(statement);
-    for (const IndexDef& index : table.indexes)
-        made = made && run(indexStatement(table, index));
-    return made;
-}
 
 struct TableWriter::Private {
     Database* database = nullptr;
@@ -71,8 +52,8 @@ void TableWriter::Private::find(const QString& name) {
 bool TableWriter::Private::prepare(const std::vector<QString>& fields) {
     QStringList columns;
     const QStringList folded = foldedFields(*table);
-    const QStringList present = db->columnsOf(table->name);
-    const bool side = !table->lazyField.isEmpty() && db->hasTable(sideTable(*table));
+    const QStringList present = catalogue::columnsOf(db->handle, table->name);
+    const bool side = !table->lazyField.isEmpty() && catalogue::hasTable(db->handle, sideTable(*table));
     for (size_t i = 0; i < fields.size(); ++i) {
         keyed.push_back(folded.contains(fields[i]) && present.contains(keyColumn(fields[i])));
         const FieldDef* field = table->field(fields[i]);
@@ -104,7 +85,7 @@ void TableWriter::Private::putOffIndexes() {
     if (!any.valid() || any.step() != SQLITE_DONE)
         return;
     for (const IndexDef& index : table->indexes) {
-        if (!index.unique && db->hasIndex(*table, index) &&
+        if (!index.unique && catalogue::hasIndex(db->handle, *table, index) &&
             db->run(u"DROP INDEX "_s + sql::quoted(table->name + u'_' + index.name)))
             putOff.push_back(&index);
     }

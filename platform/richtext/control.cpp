@@ -1,65 +1,38 @@
 #include "platform/richtext/control.h"
 
+#include "platform/richtext/commonformat.h"
+
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace velm {
 
+namespace {
+
+constexpr double smallestSize = 0.5;
+constexpr double largestSize = 2160;
+constexpr int mostTabs = 32;
+
+} // namespace
+
 RichTextControl::RichTextControl() = default;
 RichTextControl::~RichTextControl() = default;
-
-void RichTextControl::setObserver(RichTextObserver* observer) {
-    observer_ = observer;
-}
-
-// ---- telling
-
-void RichTextControl::changed() {
-    pendingText_ = !redraw_;
-    if (redraw_ && observer_ != nullptr)
-        observer_->richTextChanged();
-}
 
 void RichTextControl::selectionChanged() {
     insertionFormat_.reset();
     pendingTabs_.reset();
-    pendingSelection_ = !redraw_;
-    if (redraw_ && observer_ != nullptr)
-        observer_->richSelectionChanged();
-}
-
-void RichTextControl::propertiesChanged() {
-    pendingProperties_ = !redraw_;
-    if (redraw_ && observer_ != nullptr)
-        observer_->richPropertiesChanged();
-}
-
-void RichTextControl::setRedraw(bool on) {
-    if (redraw_ == on)
-        return;
-    redraw_ = on;
-    if (!on)
-        return;
-    // What is heard may change things again: nothing is left pending before it is told.
-    const bool text = std::exchange(pendingText_, false);
-    const bool selection = std::exchange(pendingSelection_, false);
-    const bool properties = std::exchange(pendingProperties_, false);
-    if (observer_ != nullptr && properties)
-        observer_->richPropertiesChanged();
-    if (observer_ != nullptr && text)
-        observer_->richTextChanged();
-    if (observer_ != nullptr && selection)
-        observer_->richSelectionChanged();
+    news_.selectionChanged();
 }
 
 void RichTextControl::setBackColor(int colour) {
     if (std::exchange(backColor_, colour) != colour)
-        propertiesChanged();
+        news_.propertiesChanged();
 }
 
 void RichTextControl::setVisible(bool on) {
     if (std::exchange(visible_, on) != on)
-        propertiesChanged();
+        news_.propertiesChanged();
 }
 
 // ---- content
@@ -71,7 +44,7 @@ void RichTextControl::notifyChanged() {
     selLength_ = count;
     insertionFormat_.reset();
     pendingTabs_.reset();
-    changed();
+    news_.textChanged();
     if (moved)
         selectionChanged();
 }
@@ -79,7 +52,7 @@ void RichTextControl::notifyChanged() {
 void RichTextControl::caretAfterChange(qsizetype position) {
     selStart_ = position;
     selLength_ = 0;
-    changed();
+    news_.textChanged();
     selectionChanged();
 }
 
@@ -161,6 +134,177 @@ qsizetype RichTextControl::find(QStringView what, qsizetype start, qsizetype end
         selectionChanged();
     }
     return hit;
+}
+
+// ---- properties of the selection
+
+CharFormat RichTextControl::caretFormat() const {
+    return insertionFormat_ ? *insertionFormat_ : text_.insertionFormat(selStart_);
+}
+
+template <typename T, typename Get>
+std::optional<T> RichTextControl::ofCharacters(Get get) const {
+    return selLength_ == 0 ? get(caretFormat()) : commonOfCharacters<T>(text_, selStart_, selLength_, get);
+}
+
+template <typename T, typename Get>
+std::optional<T> RichTextControl::ofParagraphs(Get get) const {
+    return commonOfParagraphs<T>(text_, selStart_, selLength_, get);
+}
+
+std::optional<QString> RichTextControl::selFontName() const {
+    return ofCharacters<QString>([](const CharFormat& format) { return format.family; });
+}
+
+std::optional<double> RichTextControl::selFontSize() const {
+    return ofCharacters<double>([](const CharFormat& format) { return format.size / 2.0; });
+}
+
+std::optional<bool> RichTextControl::selBold() const {
+    return ofCharacters<bool>([](const CharFormat& format) { return format.bold; });
+}
+
+std::optional<bool> RichTextControl::selItalic() const {
+    return ofCharacters<bool>([](const CharFormat& format) { return format.italic; });
+}
+
+std::optional<bool> RichTextControl::selUnderline() const {
+    return ofCharacters<bool>([](const CharFormat& format) { return format.underline; });
+}
+
+std::optional<bool> RichTextControl::selStrikeThru() const {
+    return ofCharacters<bool>([](const CharFormat& format) { return format.strike; });
+}
+
+std::optional<int> RichTextControl::selCharOffset() const {
+    return ofCharacters<int>([](const CharFormat& format) { return format.offset; });
+}
+
+std::optional<int> RichTextControl::selColor() const {
+    return ofCharacters<int>([](const CharFormat& format) { return format.colour; });
+}
+
+std::optional<bool> RichTextControl::selBullet() const {
+    return ofParagraphs<bool>([](const ParaFormat& format) { return format.bullet; });
+}
+
+std::optional<int> RichTextControl::selIndent() const {
+    return ofParagraphs<int>([](const ParaFormat& format) { return format.startIndent; });
+}
+
+std::optional<int> RichTextControl::selRightIndent() const {
+    return ofParagraphs<int>([](const ParaFormat& format) { return format.rightIndent; });
+}
+
+std::optional<int> RichTextControl::selHangingIndent() const {
+    return ofParagraphs<int>([](const ParaFormat& format) { return format.offset; });
+}
+
+std::optional<Alignment> RichTextControl::selAlignment() const {
+    return ofParagraphs<Alignment>([](const ParaFormat& format) { return format.alignment; });
+}
+
+std::optional<std::vector<int>> RichTextControl::selTabs() const {
+    return ofParagraphs<std::vector<int>>([](const ParaFormat& format) { return format.tabs; });
+}
+
+template <typename T>
+void RichTextControl::setCharacters(CharChange::Flag flag, T CharFormat::*member, const T& value) {
+    if (selLength_ == 0) {
+        CharFormat format = caretFormat();
+        format.*member = value;
+        insertionFormat_ = format;
+        return;
+    }
+    CharChange change{flag, {}};
+    change.values.*member = value;
+    text_.changeCharacters(selStart_, selLength_, change);
+    news_.textChanged();
+}
+
+template <typename T>
+void RichTextControl::setParagraphs(ParaChange::Flag flag, T ParaFormat::*member, const T& value) {
+    ParaChange change{flag, {}};
+    change.values.*member = value;
+    text_.changeParagraphs(selStart_, selLength_, change);
+    news_.textChanged();
+}
+
+void RichTextControl::setSelFontName(const QString& family) {
+    setCharacters(CharChange::Family, &CharFormat::family, family);
+}
+
+void RichTextControl::setSelFontSize(double points) {
+    if (points >= smallestSize && points <= largestSize)
+        setCharacters(CharChange::Size, &CharFormat::size, static_cast<std::int32_t>(std::lround(points * 2)));
+}
+
+void RichTextControl::setSelBold(bool on) {
+    setCharacters(CharChange::Bold, &CharFormat::bold, on);
+}
+
+void RichTextControl::setSelItalic(bool on) {
+    setCharacters(CharChange::Italic, &CharFormat::italic, on);
+}
+
+void RichTextControl::setSelUnderline(bool on) {
+    setCharacters(CharChange::Underline, &CharFormat::underline, on);
+}
+
+void RichTextControl::setSelStrikeThru(bool on) {
+    setCharacters(CharChange::Strike, &CharFormat::strike, on);
+}
+
+void RichTextControl::setSelCharOffset(int twips) {
+    setCharacters(CharChange::Offset, &CharFormat::offset, twips);
+}
+
+void RichTextControl::setSelColor(int colour) {
+    setCharacters(CharChange::Colour, &CharFormat::colour, colour);
+}
+
+void RichTextControl::setSelBullet(bool on) {
+    ParaChange change{ParaChange::Bullet | ParaChange::OffsetLines, {}};
+    change.values.bullet = on;
+    change.values.offset = on ? bulletIndent_ : 0;
+    text_.changeParagraphs(selStart_, selLength_, change);
+    news_.textChanged();
+}
+
+void RichTextControl::setSelIndent(int twips) {
+    setParagraphs(ParaChange::Start, &ParaFormat::startIndent, twips);
+}
+
+void RichTextControl::setSelRightIndent(int twips) {
+    setParagraphs(ParaChange::Right, &ParaFormat::rightIndent, twips);
+}
+
+void RichTextControl::setSelHangingIndent(int twips) {
+    setParagraphs(ParaChange::OffsetLines, &ParaFormat::offset, twips);
+}
+
+void RichTextControl::setSelAlignment(Alignment alignment) {
+    setParagraphs(ParaChange::Align, &ParaFormat::alignment, alignment);
+}
+
+std::vector<int> RichTextControl::firstTabs() const {
+    return pendingTabs_ ? *pendingTabs_ : text_.paraFormatAt(selStart_).tabs;
+}
+
+void RichTextControl::setSelTabCount(int count) {
+    std::vector<int> tabs = firstTabs();
+    tabs.resize(static_cast<std::size_t>(std::clamp(count, 0, mostTabs)));
+    setParagraphs(ParaChange::Tabs, &ParaFormat::tabs, tabs);
+    pendingTabs_ = std::move(tabs);
+}
+
+void RichTextControl::setSelTab(int index, int twips) {
+    std::vector<int> tabs = firstTabs();
+    if (index < 0 || static_cast<std::size_t>(index) >= tabs.size())
+        return;
+    tabs[static_cast<std::size_t>(index)] = twips;
+    setParagraphs(ParaChange::Tabs, &ParaFormat::tabs, tabs);
+    pendingTabs_ = std::move(tabs);
 }
 
 } // namespace velm

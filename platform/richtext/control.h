@@ -2,20 +2,13 @@
 // The rich text control without a window: a text, a selection, and properties that act on the selection. Logic drives
 // this; a view (RichTextBox) shows it and follows it through RichTextObserver.
 #include "platform/richtext/find.h"
+#include "platform/richtext/news.h"
 #include "platform/richtext/richtext.h"
 #include "platform/richtext/rtf.h"
 
 #include <optional>
 
 namespace velm {
-
-class RichTextObserver {
-public:
-    virtual ~RichTextObserver() = default;
-    virtual void richTextChanged() = 0; ///< content or formats (only while redraw is on, else once when it comes on)
-    virtual void richSelectionChanged() = 0;
-    virtual void richPropertiesChanged() = 0; ///< background, visible
-};
 
 class RichTextControl {
 public:
@@ -24,7 +17,7 @@ public:
     RichTextControl(const RichTextControl&) = delete;
     RichTextControl& operator=(const RichTextControl&) = delete;
 
-    void setObserver(RichTextObserver* observer); ///< not owned; null for none
+    void setObserver(RichTextObserver* observer) { news_.setObserver(observer); } ///< not owned; null for none
 
     // ---- content
     QString text() const { return text_.text(); }
@@ -107,14 +100,12 @@ public:
     void setBackColor(int colour);
     bool visible() const { return visible_; }
     void setVisible(bool on);
-    bool redraw() const { return redraw_; }
+    bool redraw() const { return news_.redraw(); }
     /// While off the observer hears nothing; turning it on tells it once what changed meanwhile.
-    void setRedraw(bool on);
+    void setRedraw(bool on) { news_.setRedraw(on); }
 
 private:
-    void changed();
     void selectionChanged();
-    void propertiesChanged();
     /// Puts the caret where it is after a change of the text, and tells of both.
     void caretAfterChange(qsizetype position);
     template <typename T, typename Get>
@@ -134,15 +125,11 @@ private:
     int bulletIndent_ = 0;
     int backColor_ = 0xFFFFFF;
     bool visible_ = true;
-    bool redraw_ = true;
-    bool pendingText_ = false;
-    bool pendingSelection_ = false;
-    bool pendingProperties_ = false;
     /// Set by character properties on an empty selection, until the caret moves.
     std::optional<CharFormat> insertionFormat_;
     /// The stops as they were set one by one, until the caret moves: the text holds them in order.
     std::optional<std::vector<int>> pendingTabs_;
-    RichTextObserver* observer_ = nullptr;
+    RichTextNews news_;
 };
 
 } // namespace velm

@@ -1,40 +1,21 @@
+#include "platform/richtext/richtext.h"
+
+#include "platform/richtext/formatchange.h"
+#include "platform/richtext/idmap.h"
+#include "platform/richtext/lineends.h"
 #include "platform/richtext/richtextdata.h"
 #include "platform/richtext/unitsearch.h"
 
 namespace velm {
 
-// ---- the data
-
-qsizetype RichText::Private::indexOf(char16_t unit, qsizetype from) const {
-    if (from < text.firstSize()) {
-        const qsizetype hit = first().indexOf(QChar(unit), from);
-        if (hit >= 0)
-            return hit;
-        from = text.firstSize();
-    }
-    const qsizetype hit = second().indexOf(QChar(unit), from - text.firstSize());
-    return hit < 0 ? -1 : text.firstSize() + hit;
-}
-
-qsizetype RichText::Private::paragraphEnd(qsizetype position) const {
-    if (position >= knownFrom && position < knownEnd)
-        return knownEnd;
-    const qsizetype lineFeed = indexOf(u'\n', position);
-    return lineFeed < 0 ? length() : lineFeed + 1;
-}
-
-FormatId RichText::Private::paragraphAt(qsizetype position) const {
-    return position < length() ? paragraphs[paragraphEnd(position) - 1] : lastParagraph();
-}
-
 // ---- life
 
-RichText::RichText() : d_(std::make_unique<Private>()) {}
+RichText::RichText() : d_(std::make_unique<RichTextData>()) {}
 RichText::~RichText() = default;
-RichText::RichText(const RichText& other) : d_(std::make_unique<Private>(*other.d_)) {}
+RichText::RichText(const RichText& other) : d_(std::make_unique<RichTextData>(*other.d_)) {}
 
 // What is moved from stays an empty text of its own, with a revision that it never had.
-RichText::RichText(RichText&& other) noexcept : d_(std::make_unique<Private>()) {
+RichText::RichText(RichText&& other) noexcept : d_(std::make_unique<RichTextData>()) {
     std::swap(d_, other.d_);
     other.d_->revision = d_->revision + 1;
 }
@@ -180,49 +161,153 @@ quint64 RichText::revision() const {
     return d_->revision;
 }
 
-// ---- comparing
+// ---- writing
 
-namespace {
-
-/// Equal but for the number of the object, which is compared by what it holds.
-bool sameFormat(const RichText& a, const CharFormat& x, const RichText& b, const CharFormat& y) {
-    const auto objectOf = [](const RichText& text, const CharFormat& format) -> const RichObject* {
-        const auto index = static_cast<std::size_t>(format.object);
-        return format.object >= 0 && index < text.objects().size() ? &text.objects()[index] : nullptr;
-    };
-    const RichObject* first = objectOf(a, x);
-    const RichObject* second = objectOf(b, y);
-    if ((first == nullptr) != (second == nullptr) || (first != nullptr && !(*first == *second)))
-        return false;
-    CharFormat other = y;
-    other.object = x.object;
-    return x == other;
+void RichText::clear() {
+    const quint64 revision = d_->revision + 1;
+    *d_ = RichTextData();
+    d_->revision = revision;
 }
 
-} // namespace
+FormatId RichText::intern(const CharFormat& format) {
+    return d_->charFormats.intern(format);
+}
 
-bool sameContent(const RichText& a, const RichText& b) {
-    if (a.length() != b.length() || a.text() != b.text())
-        return false;
-    // Pairs of ids that were found equal: texts have few formats, and neighbours mostly the same.
-    QHash<quint64, bool> known;
-    const auto sameIds = [&](FormatId x, FormatId y) {
-        const quint64 key = (quint64{x} << 32) | y;
-        const auto found = known.constFind(key);
-        return found != known.constEnd() ? *found
-                                         : *known.insert(key, sameFormat(a, a.charFormat(x), b, b.charFormat(y)));
-    };
-    bool same = sameIds(a.tailCharacter(), b.tailCharacter());
-    a.forEachRun(0, a.length(), [&](qsizetype start, qsizetype count, FormatId x) {
-        if (same)
-            b.forEachRun(start, count, [&](qsizetype, qsizetype, FormatId y) { same = same && sameIds(x, y); });
-    });
-    qsizetype position = 0;
-    while (same && position < a.length()) {
-        same = a.paraFormatAt(position) == b.paraFormatAt(position);
-        position = a.paragraphEnd(position);
+FormatId RichText::intern(const ParaFormat& format) {
+    return d_->paraFormats.intern(format);
+}
+
+int RichText::addObject(RichObject object) {
+    d_->objects.push_back(std::move(object));
+    return static_cast<int>(d_->objects.size() - 1);
+}
+
+void RichText::append(QStringView text, FormatId character, FormatId paragraph) {
+    if (text.isEmpty())
+        return;
+    const LineEnds ends = lineEnds(text);
+    if (!ends.clean || d_->text.owns(text.utf16())) {
+        const QString clean = withCleanLineEnds(text);
+        append(clean, character, paragraph);
+        return;
     }
-    return same && a.paraFormat(a.tailParagraph()) == b.paraFormat(b.tailParagraph());
+    const qsizetype position = length();
+    d_->moveKnown(position, 0, text.size(), ends.behind);
+    std::copy_n(text.utf16(), text.size(), d_->splice(position, 0, text.size(), character));
+    if (ends.behind >= 0)
+        d_->paragraphs.pieces(position, text.size(),
+                              [paragraph](FormatId* ids, qsizetype size) { std::fill_n(ids, size, paragraph); });
+    d_->closeEnd(character, paragraph);
+}
+
+void RichText::setTail(FormatId character, FormatId paragraph) {
+    if (!d_->lastIsEmpty())
+        return;
+    d_->tailCharacter = character;
+    d_->tailParagraph = paragraph;
+    ++d_->revision;
+}
+
+qsizetype RichText::replace(qsizetype position, qsizetype length, QStringView text) {
+    const auto [start, removed] = changeRange(position, length);
+    if (removed == 0 && text.isEmpty())
+        return 0;
+    const LineEnds ends = lineEnds(text);
+    if (!ends.clean || d_->text.owns(text.utf16())) {
+        const QString clean = withCleanLineEnds(text);
+        return replace(position, length, clean);
+    }
+    const bool atEnd = start + removed == d_->length();
+    const bool split = ends.behind >= 0;
+    const FormatId character = d_->newTextFormat(start, removed);
+    FormatId paragraph = 0;
+    if (atEnd)
+        paragraph = d_->lastParagraph();
+    else if (split)
+        paragraph = d_->paragraphs[d_->learnParagraphEnd(start + removed) - 1];
+    d_->moveKnown(start, removed, text.size(), ends.behind);
+    std::copy_n(text.utf16(), text.size(), d_->splice(start, removed, text.size(), character));
+    if (split)
+        d_->paragraphs.pieces(start, text.size(),
+                              [paragraph](FormatId* ids, qsizetype size) { std::fill_n(ids, size, paragraph); });
+    if (atEnd)
+        d_->closeEnd(character, paragraph);
+    return text.size();
+}
+
+qsizetype RichText::replace(qsizetype position, qsizetype length, const RichText& other) {
+    if (&other == this)
+        return replace(position, length, copy(0, this->length()));
+    const auto [start, removed] = changeRange(position, length);
+    const qsizetype added = other.length();
+    if (removed == 0 && added == 0)
+        return 0;
+    const bool atEnd = start + removed == d_->length();
+    const FormatId character = d_->newTextFormat(start, removed);
+    const FormatId paragraph = atEnd ? d_->lastParagraph() : FormatId{0};
+    d_->paste(start, removed, *other.d_, 0, added);
+    if (atEnd)
+        d_->closeEnd(character, paragraph);
+    return added;
+}
+
+void RichText::remove(qsizetype position, qsizetype length) {
+    replace(position, length, QStringView());
+}
+
+RichText RichText::copy(qsizetype position, qsizetype length) const {
+    const auto [start, count] = changeRange(position, length);
+    RichText result;
+    RichTextData& to = *result.d_;
+    to.paste(0, 0, *d_, start, count);
+    const qsizetype end = start + count;
+    const bool whole = end == d_->length();
+    // What closes the part: its last position, or where nothing is taken, what would be inserted there.
+    const FormatId paragraph = whole || count == 0 ? d_->paragraphAt(end) : d_->paragraphAt(end - 1);
+    CharFormat character = count == 0 ? insertionFormat(start) : charFormatAt(whole ? end : end - 1);
+    character.object = -1;
+    to.closeEnd(to.charFormats.intern(character), to.paraFormats.intern(d_->paraFormats[paragraph]));
+    return result;
+}
+
+void RichText::changeCharacters(qsizetype position, qsizetype length, const CharChange& change) {
+    const auto [start, count] = clampedRange(position, length, d_->length());
+    if (count == 0 || change.mask == 0)
+        return;
+    IdMap changed([this, &change](FormatId id) {
+        CharFormat format = d_->charFormats[id];
+        apply(change, format);
+        return d_->charFormats.intern(format);
+    });
+    d_->characters.pieces(start, count, [&changed](FormatId* ids, qsizetype size) {
+        for (qsizetype i = 0; i < size; ++i)
+            ids[i] = changed(ids[i]);
+    });
+    ++d_->revision;
+}
+
+void RichText::changeParagraphs(qsizetype position, qsizetype length, const ParaChange& change) {
+    if (change.mask == 0)
+        return;
+    const auto [start, count] = clampedRange(position, length, d_->length());
+    ParaChange ordered = change;
+    ordered.values.tabs = orderedTabs(std::move(ordered.values.tabs));
+    IdMap changed([this, &ordered](FormatId id) {
+        ParaFormat format = d_->paraFormats[id];
+        apply(ordered, format);
+        return d_->paraFormats.intern(format);
+    });
+    qsizetype from = start;
+    do {
+        const qsizetype end = d_->learnParagraphEnd(from);
+        if (end > from) {
+            d_->paragraphs[end - 1] = changed(d_->paragraphs[end - 1]);
+        } else {
+            d_->closeEnd(d_->tailCharacter, changed(d_->lastParagraph()));
+        }
+        from = end;
+    } while (from < start + count);
+    ++d_->revision;
 }
 
 } // namespace velm

@@ -20,6 +20,8 @@
 
 namespace velm {
 
+struct RichTextData;
+
 class RichText {
 public:
     RichText();
@@ -111,14 +113,11 @@ public:
     /// Grows with every change; two equal values mean an unchanged text.
     quint64 revision() const;
 
-    /// Equal text, formats and objects, whatever the ids; the formats of an empty last paragraph count too.
-    friend bool sameContent(const RichText& a, const RichText& b);
-
 private:
-    struct Private;
-    std::unique_ptr<Private> d_;
+    std::unique_ptr<RichTextData> d_;
 };
 
+/// Equal text, formats and objects, whatever the ids; the formats of an empty last paragraph count too.
 bool sameContent(const RichText& a, const RichText& b);
 
 } // namespace velm

@@ -1,17 +1,21 @@
 #pragma once
-// What a RichText holds. Private to this folder.
+// What a RichText holds: its buffers, kept in step with one another, and its formats. Private to this folder.
+#include "platform/richtext/format.h"
 #include "platform/richtext/formattable.h"
 #include "platform/richtext/gapbuffer.h"
-#include "platform/richtext/richtext.h"
 
+#include <QStringView>
+
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace velm {
 
 /// The buffer of paragraph formats counts only at the last position of each paragraph (its LF, or the last character of
 /// a text without a line end); everywhere else its content means nothing. So an edit inside a long paragraph need not
 /// touch the rest of it, and a deletion that joins two paragraphs leaves the joined one with the format of the last.
-struct RichText::Private {
+struct RichTextData {
     GapBuffer<char16_t> text;
     GapBuffer<FormatId> characters;
     GapBuffer<FormatId> paragraphs;
@@ -61,7 +65,7 @@ struct RichText::Private {
     FormatId newTextFormat(qsizetype position, qsizetype removed);
     /// Puts a part of another text in the place of `removed` positions, with the formats of the characters and of the
     /// paragraphs that end in the part. The caller sees to the last paragraph.
-    void paste(qsizetype position, qsizetype removed, const Private& from, qsizetype start, qsizetype count);
+    void paste(qsizetype position, qsizetype removed, const RichTextData& from, qsizetype start, qsizetype count);
 };
 
 /// Clamps a position, and then a length, into a text of `total` positions.

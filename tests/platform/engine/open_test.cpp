@@ -265,6 +265,20 @@ TEST_F(OpenTest, AfterTheBaseIsClosedItsRecordsetsAreUnusable) {
     EXPECT_FALSE(base->updatable());
 }
 
+TEST_F(OpenTest, WhatARecordsetWasStaysKnownWhenItsBaseIsGone) {
+    make();
+    auto base = open(corpusSchema());
+    const auto words = base->openTable(u"dico"_s);
+    words->setIndex(u"primarykey"_s);
+    words->seek(Seek::Equal, u"absent"_s);
+    base.reset();
+    EXPECT_EQ(words->table(), u"dico");
+    EXPECT_EQ(words->index(), u"primarykey");
+    EXPECT_TRUE(words->noMatch());
+    EXPECT_FALSE(words->lastModified().valid());
+    EXPECT_EQ(words->lastError(), QString());
+}
+
 TEST_F(OpenTest, AClosedRecordsetIsUnusableAndTheOthersAreNot) {
     make();
     const auto base = open(corpusSchema());

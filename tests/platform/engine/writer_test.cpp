@@ -1,4 +1,5 @@
 #include "core/schemas.h"
+#include "platform/engine/catalogue.h"
 #include "platform/engine/database_p.h"
 #include "tests/platform/engine/base.h"
 
@@ -44,7 +45,7 @@ TEST_F(WriterTest, WhatIsWrittenIsWholeAndEveryIndexIsThere) {
     EXPECT_TRUE(base->check(&report)) << report.toStdString();
     for (const TableDef& table : corpusSchema().tables) {
         for (const IndexDef& index : table.indexes)
-            EXPECT_TRUE(base->d()->hasIndex(table, index)) << table.name.toStdString();
+            EXPECT_TRUE(catalogue::hasIndex(base->d()->handle, table, index)) << table.name.toStdString();
     }
     const auto links = base->openTable(u"liens"_s);
     EXPECT_EQ(links->recordCount(), 3000);
@@ -67,14 +68,14 @@ TEST_F(WriterTest, AnIndexOfOurNameThatAnotherToolMadeOtherwiseIsNotOurs) {
         foreign(u"DROP INDEX liens_correlats; CREATE INDEX liens_correlats ON "_s + making);
         const auto base = open(corpusSchema());
         ASSERT_TRUE(base);
-        EXPECT_EQ(base->d()->hasIndex(links, index), ours);
+        EXPECT_EQ(catalogue::hasIndex(base->d()->handle, links, index), ours);
     }
     foreign(u"DROP INDEX liens_correlats; CREATE INDEX liens_correlats ON données(référence, numart)"_s);
     foreign(u"ALTER TABLE données RENAME COLUMN référence TO référencearrivée;"
             "ALTER TABLE données RENAME COLUMN numart TO numartarrivée"_s);
     const auto base = open(corpusSchema());
     ASSERT_TRUE(base);
-    EXPECT_FALSE(base->d()->hasIndex(links, index)) << "another table's";
+    EXPECT_FALSE(catalogue::hasIndex(base->d()->handle, links, index)) << "another table's";
 }
 
 TEST_F(WriterTest, ARepeatedKeyIsRefusedAtItsRow) {
