@@ -44,7 +44,8 @@ QString Langue::lit(const QString& chemin, int n) {
     return profil->string(QStringView(section).toString(), QString::number(n), QString());
 }
 
-QString Langue::lireressource(int n) {
+QString Langue::lireressource(Texte lequel) {
+    const int n = static_cast<int>(lequel);
     if (n < 0 || n >= nombredetextes)
         runtimeError(Failure::ArrayBounds, {QString::number(n), QString::number(nombredetextes - 1)});
     if (!cache_.at(n).isEmpty())
