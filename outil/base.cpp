@@ -1,5 +1,6 @@
 #include "outil/base.h"
 
+#include "core/texte.h"
 #include "platform/system/files.h"
 
 namespace velm::outil {
@@ -15,9 +16,9 @@ int ouvrebase(Contexte& contexte, Corpus& corpus, const QString& chemin) {
         corpus.ouvretables();
         return Reussite;
     case OpenError::OldEngine:
-        return contexte.echoue(Echec, 9333, {chemin});
+        return contexte.echoue(Echec, Texte::AncienMoteur, {chemin});
     default:
-        return contexte.echouefichier(9330, chemin, corpus.echec().kind, corpus.echec().words);
+        return contexte.echouefichier(Texte::FichierIllisible, chemin, corpus.echec().kind, corpus.echec().words);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "core/corpus.h"
 #include "core/parametres.h"
 #include "core/schemas.h"
+#include "core/texte.h"
 #include "document/affichage.h"
 #include "outil/base.h"
 #include "outil/sortie.h"
@@ -155,12 +156,12 @@ int document(Contexte& contexte) {
     FormulaireMuet formulaire;
     const std::optional<Cle> saisie = clesaisie(contexte.arguments().first());
     if (!saisie)
-        return contexte.echoue(DocumentAbsent, 9334, contexte.arguments());
+        return contexte.echoue(DocumentAbsent, Texte::DocumentAbsent, contexte.arguments());
     const Cle& cle = *saisie;
     affichedocument(formulaire, cle, demande.condense, QString(),
-                    {corpus, styles, sablier, [&](int indice) { return contexte.texte(indice + 10); }});
+                    {corpus, styles, sablier, [&](int indice) { return contexte.texte(libelledefenetre(indice)); }});
     if (!formulaire.trouve())
-        return contexte.echoue(DocumentAbsent, 9334, {cle.texte()});
+        return contexte.echoue(DocumentAbsent, Texte::DocumentAbsent, {cle.texte()});
     ecritdocument(contexte, cle.texte(), formulaire, demande);
     return Reussite;
 }
@@ -178,13 +179,16 @@ int info(Contexte& contexte) {
     for (int indice = 0; comptees && indice < nombredecollections; ++indice)
         collections.insert(typedindice(indice), corpus.compterarticles(typedindice(indice)));
     const struct {
-        int id;
+        Texte libelle;
         const char* cle;
         Recordset& table;
-    } comptes[] = {{9382, "documents", corpus.donnees()}, {9383, "noeuds", corpus.arborescences()},
-                   {9384, "liens", corpus.liens()},       {9385, "mots", corpus.dico()},
-                   {9386, "motscles", corpus.motcles()},  {9387, "articles", corpus.generelien()},
-                   {9388, "types", corpus.typedocument()}};
+    } comptes[] = {{Texte::InfoDocuments, "documents", corpus.donnees()},
+                   {Texte::InfoNoeuds, "noeuds", corpus.arborescences()},
+                   {Texte::InfoLiens, "liens", corpus.liens()},
+                   {Texte::InfoMots, "mots", corpus.dico()},
+                   {Texte::InfoMotsCles, "motscles", corpus.motcles()},
+                   {Texte::InfoNumerosDArticles, "articles", corpus.generelien()},
+                   {Texte::InfoTypesDeDocument, "types", corpus.typedocument()}};
     const qint64 taille = QFileInfo(chemin).size();
     if (json) {
         QJsonObject objet{{QStringLiteral("base"), chemin},
@@ -200,19 +204,19 @@ int info(Contexte& contexte) {
     const auto ecrit = [&](const QString& nom, const QString& valeur) {
         contexte.ligne(nom + QStringLiteral(" : ") + valeur);
     };
-    ecrit(contexte.texte(9380), chemin);
-    ecrit(contexte.texte(9381), QString::number(taille));
-    ecrit(contexte.texte(9389), contexte.texte(corpus.updatable() ? 9396 : 9395));
+    ecrit(contexte.texte(Texte::InfoBase), chemin);
+    ecrit(contexte.texte(Texte::InfoTaille), QString::number(taille));
+    ecrit(contexte.texte(Texte::InfoLectureSeule), contexte.texte(corpus.updatable() ? Texte::MotNon : Texte::MotOui));
     for (const auto& compte : comptes) {
         if (compte.table.usable())
-            ecrit(contexte.texte(compte.id), QString::number(compte.table.recordCount()));
+            ecrit(contexte.texte(compte.libelle), QString::number(compte.table.recordCount()));
         else
-            contexte.ligne(contexte.texte(9398, {compte.table.table()}));
+            contexte.ligne(contexte.texte(Texte::InfoTableAbsente, {compte.table.table()}));
     }
     if (!comptees)
-        contexte.ligne(contexte.texte(9398, {corpus.parametres().table()}));
+        contexte.ligne(contexte.texte(Texte::InfoTableAbsente, {corpus.parametres().table()}));
     for (int indice = 0; comptees && indice < nombredecollections; ++indice)
-        ecrit(typedindice(indice) + u' ' + contexte.texte(indice + 10),
+        ecrit(typedindice(indice) + u' ' + contexte.texte(libelledefenetre(indice)),
               QString::number(collections.value(typedindice(indice)).toInteger()));
     return Reussite;
 }
@@ -221,7 +225,7 @@ int dossiers(Contexte& contexte) {
     const QString chemin = contexte.arguments().first();
     const auto cree = Database::create(chemin, dossiersSchema());
     if (!cree.database)
-        return contexte.echouefichier(9331, chemin, cree.obstacle, cree.message);
+        return contexte.echouefichier(Texte::FichierNonEcrit, chemin, cree.obstacle, cree.message);
     Database& base = *cree.database;
     TableWriter parametres(base, QStringLiteral("paramètres"), {QStringLiteral("dernoarborescence")});
     if (parametres.add({0}) && parametres.finish() && base.sync())
@@ -232,7 +236,7 @@ int dossiers(Contexte& contexte) {
     base.close();
     // Half a store is none.
     QFile::remove(chemin);
-    return contexte.echouefichier(9331, chemin, obstacle, mots);
+    return contexte.echouefichier(Texte::FichierNonEcrit, chemin, obstacle, mots);
 }
 
 } // namespace velm::outil

@@ -1,5 +1,6 @@
 // Commands that make a base.
 #include "collection/collection.h"
+#include "core/texte.h"
 #include "outil/sortie.h"
 #include "platform/system/files.h"
 #include "platform/text/number.h"
@@ -30,7 +31,7 @@ Progres progresterminal(Contexte& contexte) {
         depuis.restart();
         const qint64 part = total > 0 ? fait * 100 / total : 100;
         const QByteArray ligne =
-            '\r' + contexte.texte(static_cast<int>(etape)).toUtf8() + "  " + QByteArray::number(part) + " %   ";
+            '\r' + contexte.texte(libelledetape(etape)).toUtf8() + "  " + QByteArray::number(part) + " %   ";
         std::fwrite(ligne.constData(), 1, static_cast<std::size_t>(ligne.size()), stderr);
         if (etape == Etape::Ecriture && fait >= total)
             std::fputc('\n', stderr);
@@ -47,7 +48,7 @@ QJsonObject comptesjson(const ComptesDeBase& c) {
 void ecritjson(Contexte& contexte, const ResultatCompilation& resultat) {
     QJsonArray problemes;
     for (const Probleme& probleme : resultat.problemes)
-        problemes.append(phrase(probleme, [&](int id) { return contexte.texte(id); }));
+        problemes.append(phrase(probleme, [&](Texte lequel) { return contexte.texte(lequel); }));
     const QJsonObject objet{
         {QStringLiteral("faite"), resultat.faite()},     {QStringLiteral("secondes"), resultat.secondes},
         {QStringLiteral("erreurs"), resultat.erreurs()}, {QStringLiteral("avertissements"), resultat.avertissements()},
@@ -58,13 +59,13 @@ void ecritjson(Contexte& contexte, const ResultatCompilation& resultat) {
 void ecritproblemes(Contexte& contexte, const ResultatCompilation& resultat) {
     const std::size_t affiches = std::min(resultat.problemes.size(), problemesaffiches);
     for (std::size_t rang = 0; rang < affiches; ++rang)
-        contexte.erreur(phrase(resultat.problemes[rang], [&](int id) { return contexte.texte(id); }));
+        contexte.erreur(phrase(resultat.problemes[rang], [&](Texte lequel) { return contexte.texte(lequel); }));
     if (resultat.problemes.size() > problemesaffiches)
-        contexte.erreur(contexte.texte(9369, {QString::number(problemesaffiches)}));
+        contexte.erreur(contexte.texte(Texte::TropDeProblemes, {QString::number(problemesaffiches)}));
     if (resultat.erreurs() > 0)
-        contexte.erreur(contexte.texte(9376, {QString::number(resultat.erreurs())}));
+        contexte.erreur(contexte.texte(Texte::NombreDErreurs, {QString::number(resultat.erreurs())}));
     if (resultat.avertissements() > 0)
-        contexte.erreur(contexte.texte(9375, {QString::number(resultat.avertissements())}));
+        contexte.erreur(contexte.texte(Texte::NombreDAvertissements, {QString::number(resultat.avertissements())}));
 }
 
 int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QString& base, bool json) {
@@ -76,17 +77,17 @@ int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QStri
     case ResultatCompilation::Etat::Faite:
         break;
     case ResultatCompilation::Etat::SourceIncorrecte:
-        return contexte.echoue(SourceFautive, 9378);
+        return contexte.echoue(SourceFautive, Texte::AucuneBaseEcrite);
     case ResultatCompilation::Etat::DisquePlein:
-        return contexte.echoue(Echec, 9337);
+        return contexte.echoue(Echec, Texte::DisquePlein);
     case ResultatCompilation::Etat::EcritureImpossible:
-        return contexte.echouefichier(9331, base, resultat.obstacle, resultat.raison);
+        return contexte.echouefichier(Texte::FichierNonEcrit, base, resultat.obstacle, resultat.raison);
     }
     if (!json) {
         const ComptesDeBase& c = resultat.comptes;
-        contexte.ligne(
-            contexte.texte(9374, {QString::number(c.documents), QString::number(c.liens), QString::number(c.mots)}));
-        contexte.ligne(contexte.texte(9377, {base, QString::number(resultat.secondes, 'f', 1)}));
+        contexte.ligne(contexte.texte(Texte::BilanDeCompilation, {QString::number(c.documents),
+                                                                  QString::number(c.liens), QString::number(c.mots)}));
+        contexte.ligne(contexte.texte(Texte::BaseEcrite, {base, QString::number(resultat.secondes, 'f', 1)}));
     }
     return Reussite;
 }
@@ -108,13 +109,14 @@ int synthese(Contexte& contexte) {
     const auto documents = wholeNumber(contexte.arguments().first());
     constexpr qint64 leplus = qint64{11} * 999999;
     if (!documents || *documents < 1 || *documents > leplus)
-        return contexte.echoue(LigneIncorrecte, 9339, {contexte.arguments().first(), QStringLiteral("N")});
+        return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre,
+                               {contexte.arguments().first(), QStringLiteral("N")});
     OptionsSynthese options = optionssynthese(*documents);
     options.textes = textes;
     if (!mots.isEmpty()) {
         const auto nombre = wholeNumber(mots);
         if (!nombre || *nombre < 1 || *nombre > 100000)
-            return contexte.echoue(LigneIncorrecte, 9339, {mots, QStringLiteral("--mots")});
+            return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre, {mots, QStringLiteral("--mots")});
         options.mots = static_cast<int>(*nombre);
     }
     const QString base = contexte.arguments().at(1);
