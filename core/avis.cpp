@@ -6,6 +6,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr auto titreduprogramme = Texte::NomDuProgramme;
@@ -50,8 +52,8 @@ void Avis::textemanquant(const QString& numero) {
 bool Avis::continueavecledefaut(const RuntimeFailure& faute) {
     if (defautspartout_)
         return true;
-    Message boite{remplace(langue_.lireressource(textedureglage), {raisondelerreur(langue_, faute)}) +
-                      QStringLiteral("\n\n") + langue_.lireressource(questiondureglage),
+    Message boite{remplace(langue_.lireressource(textedureglage), {raisondelerreur(langue_, faute)}) + u"\n\n"_s +
+                      langue_.lireressource(questiondureglage),
                   langue_.lireressource(titredureglage), Icone::Exclamation, Bouton::Oui | Bouton::Non};
     bool partout = false;
     if (questions_++ >= questionsavantoption) {

@@ -6,6 +6,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 LigneImpression litligne(const Reglages& reglages, const ReglagesLigne& ligne, Imprime quoi) {
@@ -84,19 +86,17 @@ namespace {
 
 void remplitimages(Parametres& p) {
     for (std::size_t i = 0; i < p.imagesfermees.size(); ++i) {
-        const QString base = i == 1   ? QStringLiteral("collection")
-                             : i == 2 ? QStringLiteral("livre")
-                                      : QStringLiteral("chapitre");
-        const QString accord = i == 1 ? QStringLiteral("e") : QString();
-        p.imagesfermees[i] = base + QStringLiteral("fermé") + accord;
-        p.imagesouvertes[i] = base + QStringLiteral("ouvert") + accord;
+        const QString base = i == 1 ? u"collection"_s : i == 2 ? u"livre"_s : u"chapitre"_s;
+        const QString accord = i == 1 ? u"e"_s : QString();
+        p.imagesfermees[i] = base + u"fermé"_s + accord;
+        p.imagesouvertes[i] = base + u"ouvert"_s + accord;
     }
 }
 
 } // namespace
 
 QString separateursmots() {
-    return QStringLiteral("\r\n ,.[]/»«“`@&¶§\"\t()'{}:!;?-+=<>_°%…|\u00FF\u00A0");
+    return u"\r\n ,.[]/»«“`@&¶§\"\t()'{}:!;?-+=<>_°%…|\u00FF\u00A0"_s;
 }
 
 QString separateursmotsjoker() {
@@ -114,7 +114,7 @@ Parametres litparametres(Reglages& reglages, Langue& langue, const QString& doss
     p.repertoiredebase = dossier(reglage::dossierbase);
     p.repertoireediteur = dossier(reglage::dossierediteur);
     p.repertoireapplication = dossier(reglage::dossierapplication);
-    p.fichiermaitre = p.repertoireapplication + QStringLiteral("/master.ini");
+    p.fichiermaitre = p.repertoireapplication + u"/master.ini"_s;
     reglages.choisitmaitre(p.fichiermaitre);
 
     langue.choisitfichier(p.repertoireapplication, dossierprogramme, reglages.lit(reglage::langue));
@@ -127,7 +127,7 @@ Parametres litparametres(Reglages& reglages, Langue& langue, const QString& doss
     p.majcommande = reglages.lit(reglage::programmemaj);
     const QString application =
         p.repertoireapplication.endsWith(u'/') ? p.repertoireapplication : p.repertoireapplication + u'/';
-    p.majchemin = reglages.lit(reglage::dossiermaj, application + QStringLiteral("internet"));
+    p.majchemin = reglages.lit(reglage::dossiermaj, application + u"internet"_s);
     p.multifenetre = reglages.lit(reglage::multifenetre);
     p.outils = litoutils(reglages, p.repertoireapplication);
 

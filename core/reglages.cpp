@@ -8,6 +8,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 /// The number of a whole text; a decimal comma is taken as a point.
@@ -21,7 +23,7 @@ std::optional<double> nombre(const QString& texte) {
 }
 
 QString motbooleen(bool valeur) {
-    return valeur ? QStringLiteral("True") : QStringLiteral("False");
+    return valeur ? u"True"_s : u"False"_s;
 }
 
 /// Nine digits hold any length that is stored.

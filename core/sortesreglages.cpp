@@ -2,12 +2,13 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 QString CleReglage::nom() const {
     QString cle = motif.toString();
     const qsizetype chiffres = cle.count(u'#');
     if (chiffres > 0)
-        cle.replace(cle.indexOf(u'#'), chiffres,
-                    QStringLiteral("%1").arg(rang, static_cast<int>(chiffres), 10, QChar(u'0')));
+        cle.replace(cle.indexOf(u'#'), chiffres, u"%1"_s.arg(rang, static_cast<int>(chiffres), 10, QChar(u'0')));
     return cle + suffixe.toString();
 }
 

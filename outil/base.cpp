@@ -5,8 +5,10 @@
 
 namespace velm::outil {
 
+using namespace Qt::Literals::StringLiterals;
+
 QString cheminbase(const Contexte& contexte) {
-    const QString base = contexte.valeur(QStringLiteral("--base"));
+    const QString base = contexte.valeur(u"--base"_s);
     return base.isEmpty() ? joinPath(contexte.dossierprogramme(), u"velm2000.dat") : base;
 }
 

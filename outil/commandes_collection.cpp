@@ -14,6 +14,8 @@
 
 namespace velm::outil {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr std::size_t problemesaffiches = 200;
@@ -39,20 +41,17 @@ Progres progresterminal(Contexte& contexte) {
 }
 
 QJsonObject comptesjson(const ComptesDeBase& c) {
-    return {{QStringLiteral("documents"), c.documents}, {QStringLiteral("noeuds"), c.noeuds},
-            {QStringLiteral("liens"), c.liens},         {QStringLiteral("mots"), c.mots},
-            {QStringLiteral("motscles"), c.motscles},   {QStringLiteral("articles"), c.articles},
-            {QStringLiteral("types"), c.types}};
+    return {{u"documents"_s, c.documents}, {u"noeuds"_s, c.noeuds},     {u"liens"_s, c.liens}, {u"mots"_s, c.mots},
+            {u"motscles"_s, c.motscles},   {u"articles"_s, c.articles}, {u"types"_s, c.types}};
 }
 
 void ecritjson(Contexte& contexte, const ResultatCompilation& resultat) {
     QJsonArray problemes;
     for (const Probleme& probleme : resultat.problemes)
         problemes.append(phrase(probleme, [&](Texte lequel) { return contexte.texte(lequel); }));
-    const QJsonObject objet{
-        {QStringLiteral("faite"), resultat.faite()},     {QStringLiteral("secondes"), resultat.secondes},
-        {QStringLiteral("erreurs"), resultat.erreurs()}, {QStringLiteral("avertissements"), resultat.avertissements()},
-        {QStringLiteral("problemes"), problemes},        {QStringLiteral("comptes"), comptesjson(resultat.comptes)}};
+    const QJsonObject objet{{u"faite"_s, resultat.faite()},     {u"secondes"_s, resultat.secondes},
+                            {u"erreurs"_s, resultat.erreurs()}, {u"avertissements"_s, resultat.avertissements()},
+                            {u"problemes"_s, problemes},        {u"comptes"_s, comptesjson(resultat.comptes)}};
     contexte.ecrit(QJsonDocument(objet).toJson(QJsonDocument::Indented));
 }
 
@@ -95,28 +94,27 @@ int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QStri
 } // namespace
 
 int compiler(Contexte& contexte) {
-    const bool json = contexte.option(QStringLiteral("--json"));
-    const bool textes = !contexte.option(QStringLiteral("--sans-texte"));
+    const bool json = contexte.option(u"--json"_s);
+    const bool textes = !contexte.option(u"--sans-texte"_s);
     const QString base = contexte.arguments().at(1);
     return conclut(contexte, compile(contexte.arguments().first(), base, progresterminal(contexte), textes), base,
                    json);
 }
 
 int synthese(Contexte& contexte) {
-    const bool json = contexte.option(QStringLiteral("--json"));
-    const bool textes = !contexte.option(QStringLiteral("--sans-texte"));
-    const QString mots = contexte.valeur(QStringLiteral("--mots"));
+    const bool json = contexte.option(u"--json"_s);
+    const bool textes = !contexte.option(u"--sans-texte"_s);
+    const QString mots = contexte.valeur(u"--mots"_s);
     const auto documents = wholeNumber(contexte.arguments().first());
     constexpr qint64 leplus = qint64{11} * 999999;
     if (!documents || *documents < 1 || *documents > leplus)
-        return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre,
-                               {contexte.arguments().first(), QStringLiteral("N")});
+        return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre, {contexte.arguments().first(), u"N"_s});
     OptionsSynthese options = optionssynthese(*documents);
     options.textes = textes;
     if (!mots.isEmpty()) {
         const auto nombre = wholeNumber(mots);
         if (!nombre || *nombre < 1 || *nombre > 100000)
-            return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre, {mots, QStringLiteral("--mots")});
+            return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre, {mots, u"--mots"_s});
         options.mots = static_cast<int>(*nombre);
     }
     const QString base = contexte.arguments().at(1);

@@ -14,6 +14,7 @@
 #include <cstdlib>
 
 using namespace velm;
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -66,7 +67,7 @@ int main(int argc, char** argv) {
     int code = lancesansdeborder(contexte, QCoreApplication::arguments().mid(1));
     // A result that a full disk has cut is no success.
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
-        code = contexte.echoue(outil::Echec, Texte::FichierNonEcrit, {QStringLiteral("stdout"), qt_error_string()});
+        code = contexte.echoue(outil::Echec, Texte::FichierNonEcrit, {u"stdout"_s, qt_error_string()});
     // A text that is missing everywhere shows as its number, as in the program.
     for (const QString& numero : std::as_const(manquants))
         contexte.erreur(numero);

@@ -11,6 +11,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr QStringView nomdelabase = u"velm2000.dat";
@@ -27,7 +29,7 @@ Seance::Seance(Environnement environnement, Reglages& reglages, Langue& langue, 
       ecrans_(ecrans) {}
 
 void Seance::afficheetape(const QString& texte) {
-    ecrans_.accueil.afficheetape(texte + QStringLiteral("..."));
+    ecrans_.accueil.afficheetape(texte + u"..."_s);
 }
 
 QString Seance::libelle(int indice) {
@@ -35,7 +37,7 @@ QString Seance::libelle(int indice) {
 }
 
 QString Seance::libelleetape(int indice) {
-    return libelle(indice) + QStringLiteral(" - ") + langue_.lireressource(Texte::EtapeFenetres);
+    return libelle(indice) + u" - "_s + langue_.lireressource(Texte::EtapeFenetres);
 }
 
 void Seance::choisitrepertoiredebase(const QString& repertoire) {
@@ -103,7 +105,7 @@ bool Seance::metajour() {
     const QString outil = joinPath(parametres_.repertoiredebase, u"MAJver.exe");
     if (!fileExists(outil))
         return false;
-    const QString nom = env_.nomprogramme + QStringLiteral(".exe");
+    const QString nom = env_.nomprogramme + u".exe"_s;
     const auto nouvelle = fileDate(joinPath(parametres_.repertoiredebase, nom));
     auto presente = fileDate(joinPath(env_.dossierprogramme, nom));
     // Where programs have no suffix, the running file itself is the copy in the program's folder.
