@@ -5,19 +5,21 @@
 #include "collection/temporaire.h"
 #include "core/langue.h"
 #include "core/obstacles.h"
+#include "core/texte.h"
 
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <array>
 
 namespace velm {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int cadre = 9340;
-constexpr int cadreducorps = 9542;
-constexpr int marqueavertissement = 9379;
+constexpr auto cadre = Texte::ProblemeDansFichier;
+constexpr auto cadreducorps = Texte::ProblemeDansCorps;
+constexpr auto marqueavertissement = Texte::Avertissement;
 constexpr double millisecondesparseconde = 1000;
 
 /// Problems by file and line; those of one line as they were found.
@@ -34,6 +36,12 @@ void prendechec(const BaseTemporaire& temporaire, ResultatCompilation& resultat)
 }
 
 } // namespace
+
+Texte libelledetape(Etape etape) {
+    constexpr std::array libelles{Texte::LectureDeLaSource, Texte::MiseEnFormeDesDocuments, Texte::ClassementDesMots,
+                                  Texte::EcritureDeLaBase};
+    return libelles.at(static_cast<std::size_t>(etape));
+}
 
 qsizetype ResultatCompilation::erreurs() const {
     return std::count_if(problemes.begin(), problemes.end(), [](const Probleme& p) { return !p.avertissement; });
@@ -84,7 +92,7 @@ ResultatCompilation compile(const QString& source, const QString& base, const Pr
     return resultat;
 }
 
-QString phrase(const Probleme& probleme, const std::function<QString(int)>& texte) {
+QString phrase(const Probleme& probleme, const Libelles& texte) {
     QStringList arguments = probleme.arguments;
     if (probleme.obstacle != Obstacle::None)
         arguments << raison(probleme.obstacle, QString(), texte);

@@ -1,13 +1,15 @@
 #pragma once
 // Making a base from a publisher's source folder, or from nothing.
 #include "collection/document.h"
+#include "core/texte.h"
 
 #include <functional>
 
 namespace velm {
 
-/// The steps of the work, by their numbers in the language file.
-enum class Etape { Lecture = 9370, MiseEnForme = 9371, Classement = 9372, Ecriture = 9373 };
+enum class Etape { Lecture, MiseEnForme, Classement, Ecriture };
+/// The name of a step.
+Texte libelledetape(Etape etape);
 
 /// Hears how far a step is; called from the thread that called.
 using Progres = std::function<void(Etape etape, qint64 fait, qint64 total)>;
@@ -58,6 +60,6 @@ ResultatCompilation synthese(const OptionsSynthese& options, const QString& base
 
 /// A problem in words: the frame of file and line around its text, with the mark of a warning. `texte` gives the
 /// language file's entries.
-QString phrase(const Probleme& probleme, const std::function<QString(int)>& texte);
+QString phrase(const Probleme& probleme, const Libelles& texte);
 
 } // namespace velm

@@ -1,6 +1,7 @@
 #pragma once
 // A publisher's collection in memory: documents, tree nodes, kinds, and the problems that a source may have.
 #include "core/cle.h"
+#include "core/texte.h"
 #include "platform/base/obstacle.h"
 
 #include <QByteArray>
@@ -31,34 +32,34 @@ using Problemes = std::vector<Probleme>;
 
 /// The numbers of the problems in the language file.
 namespace probleme {
-inline constexpr int illisible = 9330;
-inline constexpr int json = 9341;
-inline constexpr int champmanquant = 9342;
-inline constexpr int collectioninconnue = 9343;
-inline constexpr int horslimites = 9344;
-inline constexpr int cleendouble = 9345;
-inline constexpr int noeudinconnu = 9346;
-inline constexpr int lienabsent = 9347;
-inline constexpr int inclusionabsente = 9348;
-inline constexpr int inclusionsenboucle = 9349;
-inline constexpr int styleinconnu = 9350;
-inline constexpr int balisage = 9351;
-inline constexpr int rtfabsent = 9352;
-inline constexpr int date = 9353;
-inline constexpr int parentabsent = 9354;
-inline constexpr int noeudsenboucle = 9355;
-inline constexpr int typeinconnu = 9356;
-inline constexpr int titre = 9357;
-inline constexpr int nature = 9358;
-inline constexpr int champinconnu = 9359;
-inline constexpr int noeudendouble = 9360;
-inline constexpr int autrecollection = 9361;
-inline constexpr int couleur = 9362;
-inline constexpr int corpsourtf = 9363;
-inline constexpr int tropdemotscles = 9364;
-inline constexpr int pasdurtf = 9365;
-inline constexpr int horsdudossier = 9366;
-inline constexpr int utf8 = 9367;
+inline constexpr auto illisible = Texte::FichierIllisible;
+inline constexpr auto json = Texte::JsonIncorrect;
+inline constexpr auto champmanquant = Texte::ChampManquant;
+inline constexpr auto collectioninconnue = Texte::CollectionInconnue;
+inline constexpr auto horslimites = Texte::NumeroHorsLimites;
+inline constexpr auto cleendouble = Texte::CleEnDouble;
+inline constexpr auto noeudinconnu = Texte::NoeudInconnu;
+inline constexpr auto lienabsent = Texte::LienAbsent;
+inline constexpr auto inclusionabsente = Texte::InclusionAbsente;
+inline constexpr auto inclusionsenboucle = Texte::InclusionsEnBoucle;
+inline constexpr auto styleinconnu = Texte::StyleInconnu;
+inline constexpr auto balisage = Texte::BalisageIncorrect;
+inline constexpr auto rtfabsent = Texte::RtfAbsent;
+inline constexpr auto date = Texte::DateIncorrecte;
+inline constexpr auto parentabsent = Texte::ParentAbsent;
+inline constexpr auto noeudsenboucle = Texte::NoeudsEnBoucle;
+inline constexpr auto typeinconnu = Texte::TypeInconnu;
+inline constexpr auto titre = Texte::TitreVideOuTropLong;
+inline constexpr auto nature = Texte::NatureInattendue;
+inline constexpr auto champinconnu = Texte::ChampInconnu;
+inline constexpr auto noeudendouble = Texte::NoeudEnDouble;
+inline constexpr auto autrecollection = Texte::AutreCollection;
+inline constexpr auto couleur = Texte::CouleurIncorrecte;
+inline constexpr auto corpsourtf = Texte::CorpsOuRtf;
+inline constexpr auto tropdemotscles = Texte::TropDeMotsCles;
+inline constexpr auto pasdurtf = Texte::PasDuRtf;
+inline constexpr auto horsdudossier = Texte::HorsDuDossier;
+inline constexpr auto utf8 = Texte::PasDeLUtf8;
 } // namespace probleme
 
 /// A document's key as one number that sorts by the order of the eleven collections, then by number.

@@ -6,19 +6,21 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
-constexpr int titreduprogramme = 8;
-constexpr int titredelafin = 9400;
-constexpr int textedelafin = 9401;
-constexpr int titredureglage = 9513;
-constexpr int textedureglage = 9514;
-constexpr int questiondureglage = 9515;
-constexpr int pourtouslesreglages = 9516;
-constexpr int conseildureglage = 9517;
-constexpr int tairelestextes = 9518;
-constexpr int memoirepourlasuite = 9519;
-constexpr int memoireaudebut = 9520;
+constexpr auto titreduprogramme = Texte::NomDuProgramme;
+constexpr auto titredelafin = Texte::TitreErreurDExecution;
+constexpr auto textedelafin = Texte::LeProgrammeDoitSArreter;
+constexpr auto titredureglage = Texte::TitreReglageInutilisable;
+constexpr auto textedureglage = Texte::ReglageInutilisable;
+constexpr auto questiondureglage = Texte::QuestionReglageParDefaut;
+constexpr auto pourtouslesreglages = Texte::PourTousLesReglages;
+constexpr auto conseildureglage = Texte::ConseilReglageFautif;
+constexpr auto tairelestextes = Texte::TaireLesTextesManquants;
+constexpr auto memoirepourlasuite = Texte::MemoirePourLaSuite;
+constexpr auto memoireaudebut = Texte::MemoireAuDemarrage;
 
 /// Boxes about missing texts that stand alone before one offers to be the last.
 constexpr int textesavantoption = 2;
@@ -29,9 +31,9 @@ constexpr int questionsavantoption = 1;
 Avis::Avis(Dialogues& dialogues, Langue& langue) : dialogues_(dialogues), langue_(langue) {}
 
 /// A text for a box that is itself about missing ones: it must not ask for another box.
-QString Avis::sansboite(int numero) {
+QString Avis::sansboite(Texte lequel) {
     const QScopedValueRollback silence(silencieux_, true);
-    return langue_.lireressource(numero);
+    return langue_.lireressource(lequel);
 }
 
 void Avis::textemanquant(const QString& numero) {
@@ -41,7 +43,7 @@ void Avis::textemanquant(const QString& numero) {
     if (textesmanquants_++ >= textesavantoption) {
         const QString option = sansboite(tairelestextes);
         // Missing itself, it shows its number like any other.
-        boite.option = option.isEmpty() ? QString::number(tairelestextes) : option;
+        boite.option = option.isEmpty() ? QString::number(static_cast<int>(tairelestextes)) : option;
         boite.optioncochee = &textestus_;
     }
     dialogues_.message(boite);
@@ -50,8 +52,8 @@ void Avis::textemanquant(const QString& numero) {
 bool Avis::continueavecledefaut(const RuntimeFailure& faute) {
     if (defautspartout_)
         return true;
-    Message boite{remplace(langue_.lireressource(textedureglage), {raisondelerreur(langue_, faute)}) +
-                      QStringLiteral("\n\n") + langue_.lireressource(questiondureglage),
+    Message boite{remplace(langue_.lireressource(textedureglage), {raisondelerreur(langue_, faute)}) + u"\n\n"_s +
+                      langue_.lireressource(questiondureglage),
                   langue_.lireressource(titredureglage), Icone::Exclamation, Bouton::Oui | Bouton::Non};
     bool partout = false;
     if (questions_++ >= questionsavantoption) {
@@ -81,9 +83,12 @@ void Avis::sansmemoire(bool audebut) {
 QString Avis::libellebouton(Bouton bouton) {
     constexpr struct {
         Bouton bouton;
-        int texte;
-    } libelles[] = {
-        {Bouton::Oui, 9270}, {Bouton::Non, 9271}, {Bouton::Annuler, 9272}, {Bouton::Aide, 9273}, {Bouton::Ok, 9274}};
+        Texte texte;
+    } libelles[] = {{Bouton::Oui, Texte::ReponseOui},
+                    {Bouton::Non, Texte::ReponseNon},
+                    {Bouton::Annuler, Texte::ReponseAnnuler},
+                    {Bouton::Aide, Texte::ReponseAide},
+                    {Bouton::Ok, Texte::ReponseOk}};
     for (const auto& libelle : libelles) {
         if (libelle.bouton == bouton)
             return sansboite(libelle.texte);

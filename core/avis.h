@@ -2,6 +2,7 @@
 // What the program has to say about itself: a text that is missing, a setting that cannot be used, an error that ends
 // it. No window lives here.
 #include "core/langue.h"
+#include "core/texte.h"
 #include "platform/base/failure.h"
 #include "platform/system/dialogues.h"
 
@@ -32,7 +33,7 @@ public:
     QString libellebouton(Bouton bouton);
 
 private:
-    QString sansboite(int numero);
+    QString sansboite(Texte lequel);
 
     Dialogues& dialogues_;
     Langue& langue_;

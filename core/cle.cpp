@@ -4,6 +4,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 int indicedetype(QStringView code) {
     const qsizetype position = codesfenetres.indexOf(code) + 1;
     if (position <= 0)
@@ -18,7 +20,7 @@ QString typedindice(int indice) {
 }
 
 QString sixchiffres(qint64 nombre) {
-    return (QStringLiteral("000000") + QString::number(nombre)).right(6);
+    return (u"000000"_s + QString::number(nombre)).right(6);
 }
 
 Cle decoupecle(QStringView cle) {

@@ -8,6 +8,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 Corpus::Corpus() = default;
 
 Corpus::~Corpus() {
@@ -26,16 +28,16 @@ OpenError Corpus::connecte(const QString& chemin) {
 
 void Corpus::ouvretables() {
     Database& ouverte = base();
-    donnees_ = ouverte.openTable(QStringLiteral("données"));
-    arborescences_ = ouverte.openTable(QStringLiteral("arborescences"));
-    parametres_ = ouverte.openTable(QStringLiteral("paramètres"));
-    motcles_ = ouverte.openTable(QStringLiteral("motclés"));
+    donnees_ = ouverte.openTable(u"données"_s);
+    arborescences_ = ouverte.openTable(u"arborescences"_s);
+    parametres_ = ouverte.openTable(u"paramètres"_s);
+    motcles_ = ouverte.openTable(u"motclés"_s);
     if (motcles_->usable())
-        motcles_->setIndex(QStringLiteral("primarykey"));
-    typedocument_ = ouverte.openTable(QStringLiteral("typedocument"));
-    liens_ = ouverte.openTable(QStringLiteral("liens"));
-    dico_ = ouverte.openTable(QStringLiteral("dico"));
-    generelien_ = ouverte.openTable(QStringLiteral("generelien"));
+        motcles_->setIndex(u"primarykey"_s);
+    typedocument_ = ouverte.openTable(u"typedocument"_s);
+    liens_ = ouverte.openTable(u"liens"_s);
+    dico_ = ouverte.openTable(u"dico"_s);
+    generelien_ = ouverte.openTable(u"generelien"_s);
 }
 
 void Corpus::fermebase() {
@@ -63,7 +65,7 @@ QString Corpus::chemin() const {
 
 Database& Corpus::base() const {
     if (!base_)
-        runtimeError(Failure::Engine, {QStringLiteral("velm2000.dat")});
+        runtimeError(Failure::Engine, {u"velm2000.dat"_s});
     return *base_;
 }
 
@@ -75,7 +77,7 @@ Recordset& Corpus::table(const Table& table, QStringView nom) const {
 
 const Recordset* Corpus::rangee(const Cle& cle) const {
     Recordset& rs = donnees();
-    rs.setIndex(QStringLiteral("primarykey"));
+    rs.setIndex(u"primarykey"_s);
     rs.seek(Seek::Equal, cle.code, cle.numero);
     return rs.noMatch() ? nullptr : &rs;
 }
@@ -84,23 +86,23 @@ std::optional<Notice> Corpus::document(const Cle& cle) const {
     const Recordset* rs = rangee(cle);
     if (!rs)
         return std::nullopt;
-    const QString couleur = QStringLiteral("BackColor");
-    return Notice{.titre = rs->text(QStringLiteral("titre")),
-                  .motcle1 = rs->text(QStringLiteral("motclé1")),
-                  .motcle2 = rs->text(QStringLiteral("motclé2")),
-                  .motcle3 = rs->text(QStringLiteral("motclé3")),
-                  .Source = rs->text(QStringLiteral("Source")),
-                  .datetext = rs->text(QStringLiteral("Date")),
-                  .datecreation = rs->text(QStringLiteral("datecreation")),
-                  .datemodif = rs->text(QStringLiteral("datemodif")),
-                  .typedocument = rs->text(QStringLiteral("typededocument")),
-                  .numeroarborescence = rs->text(QStringLiteral("numeroarborescence")),
+    const QString couleur = u"BackColor"_s;
+    return Notice{.titre = rs->text(u"titre"_s),
+                  .motcle1 = rs->text(u"motclé1"_s),
+                  .motcle2 = rs->text(u"motclé2"_s),
+                  .motcle3 = rs->text(u"motclé3"_s),
+                  .Source = rs->text(u"Source"_s),
+                  .datetext = rs->text(u"Date"_s),
+                  .datecreation = rs->text(u"datecreation"_s),
+                  .datemodif = rs->text(u"datemodif"_s),
+                  .typedocument = rs->text(u"typededocument"_s),
+                  .numeroarborescence = rs->text(u"numeroarborescence"_s),
                   .couleur = rs->isNull(couleur) ? std::nullopt : std::optional(static_cast<int>(rs->number(couleur)))};
 }
 
 std::optional<QByteArray> Corpus::corps(const Cle& cle) const {
     const Recordset* rs = rangee(cle);
-    return rs ? std::optional(rs->bytes(QStringLiteral("contenu"))) : std::nullopt;
+    return rs ? std::optional(rs->bytes(u"contenu"_s)) : std::nullopt;
 }
 
 qint64 Corpus::compterarticles(QStringView code) const {
@@ -109,14 +111,14 @@ qint64 Corpus::compterarticles(QStringView code) const {
         return 0;
     Recordset& rs = parametres();
     rs.moveFirst();
-    return static_cast<qint64>(val(QStringView(rs.text(QStringLiteral("nbarticles"))).mid(3 * position - 3, 6)));
+    return static_cast<qint64>(val(QStringView(rs.text(u"nbarticles"_s)).mid(3 * position - 3, 6)));
 }
 
 QString Corpus::titre() const {
     if (!base_)
         return {};
     // A base may be older than the field, or damaged there: that ends nothing.
-    RowReader parametres(*base_, QStringLiteral("paramètres"), {QStringLiteral("titre")});
+    RowReader parametres(*base_, u"paramètres"_s, {u"titre"_s});
     return parametres.read(1) == RowReader::Found::Row ? ansi::decode(parametres.bytes(0)).simplified() : QString();
 }
 

@@ -10,27 +10,28 @@
 #include <utility>
 
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 QString mimeType(const QString& extension) {
-    return QStringLiteral("application/x-velmorante-") + extension.toLower();
+    return u"application/x-velmorante-"_s + extension.toLower();
 }
 
 QString typeElement(const QString& extension, const QString& label) {
-    return QStringLiteral("  <mime-type type=\"%1\">\n"
-                          "    <comment>%2</comment>\n"
-                          "    <sub-class-of type=\"text/plain\"/>\n"
-                          "    <glob pattern=\"*.%3\" weight=\"60\"/>\n"
-                          "  </mime-type>\n")
-        .arg(mimeType(extension), label.toHtmlEscaped(), extension.toLower());
+    return u"  <mime-type type=\"%1\">\n"
+           u"    <comment>%2</comment>\n"
+           u"    <sub-class-of type=\"text/plain\"/>\n"
+           u"    <glob pattern=\"*.%3\" weight=\"60\"/>\n"
+           u"  </mime-type>\n"_s.arg(mimeType(extension), label.toHtmlEscaped(), extension.toLower());
 }
 
 QByteArray typePackage(const Extensions::Libelles& labels) {
-    const QString text =
-        QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                       "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n") +
-        typeElement(QStringLiteral("CV2"), labels.criteres) + typeElement(QStringLiteral("DV2"), labels.dossier) +
-        typeElement(QStringLiteral("MV2"), labels.modele) + QStringLiteral("</mime-info>\n");
+    const QString text = u"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                         u"<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"_s +
+                         typeElement(u"CV2"_s, labels.criteres) + typeElement(u"DV2"_s, labels.dossier) +
+                         typeElement(u"MV2"_s, labels.modele) + u"</mime-info>\n"_s;
     return text.toUtf8();
 }
 
@@ -42,9 +43,9 @@ bool hasControls(const QString& text) {
 QString entryValue(QString text) {
     std::replace_if(
         text.begin(), text.end(), [](QChar c) { return c < u' '; }, QChar(u' '));
-    text.replace(u'\\', QStringLiteral("\\\\"));
+    text.replace(u'\\', u"\\\\"_s);
     if (text.startsWith(u' '))
-        text.replace(0, 1, QStringLiteral("\\s"));
+        text.replace(0, 1, u"\\s"_s);
     return text;
 }
 
@@ -68,16 +69,15 @@ QByteArray desktopEntry(const QString& name, const QList<Extensions::Association
     QString registered;
     for (const auto& association : associations) {
         types += mimeType(association.extension) + u';';
-        registered +=
-            QStringLiteral("X-Velmorante-%1=%2\n").arg(association.extension, entryValue(association.valeur()));
+        registered += u"X-Velmorante-%1=%2\n"_s.arg(association.extension, entryValue(association.valeur()));
     }
     // Hidden from the menus: the entry is there for the file types.
-    const QString text = QStringLiteral("[Desktop Entry]\n"
-                                        "Type=Application\n"
-                                        "Version=1.0\n") +
-                         QStringLiteral("Name=") + entryValue(name) + QStringLiteral("\nExec=") +
-                         entryValue(commandWord(program)) + QStringLiteral(" %f\nTryExec=") + entryValue(program) +
-                         QStringLiteral("\nNoDisplay=true\nTerminal=false\nMimeType=") + types + u'\n' + registered;
+    const QString text = u"[Desktop Entry]\n"
+                         u"Type=Application\n"
+                         u"Version=1.0\n"_s +
+                         u"Name="_s + entryValue(name) + u"\nExec="_s + entryValue(commandWord(program)) +
+                         u" %f\nTryExec="_s + entryValue(program) + u"\nNoDisplay=true\nTerminal=false\nMimeType="_s +
+                         types + u'\n' + registered;
     return text.toUtf8();
 }
 
@@ -90,7 +90,7 @@ void bringUpToDate(const QString& path, const QByteArray& bytes, ExtensionsResul
     if (error.ok())
         result.written = true;
     else
-        result.errors.append(path + QStringLiteral(": ") + error.words);
+        result.errors.append(path + u": "_s + error.words);
 }
 
 /// Desktops without these programs read the files themselves.
@@ -121,9 +121,7 @@ QString Extensions::editorEntryPath() const {
 
 QList<Extensions::Association> Extensions::associations(const QString& appFolder, const QString& editorFolder) {
     const QString program = joinPath(appFolder, u"velm2000");
-    return {{QStringLiteral("CV2"), program},
-            {QStringLiteral("DV2"), program},
-            {QStringLiteral("MV2"), joinPath(editorFolder, u"editeur")}};
+    return {{u"CV2"_s, program}, {u"DV2"_s, program}, {u"MV2"_s, joinPath(editorFolder, u"editeur")}};
 }
 
 ExtensionsResultat Extensions::registerAll(const QString& appFolder, const QString& editorFolder,
@@ -132,7 +130,7 @@ ExtensionsResultat Extensions::registerAll(const QString& appFolder, const QStri
     const QList<Association> all = associations(appFolder, editorFolder);
     const auto entry = [&](const QString& path, const QString& name, const QList<Association>& theirs) {
         if (hasControls(theirs.first().programme))
-            result.errors.append(path + QStringLiteral(": ") + qt_error_string(EINVAL));
+            result.errors.append(path + u": "_s + qt_error_string(EINVAL));
         else
             bringUpToDate(path, desktopEntry(name, theirs), result);
     };
@@ -140,8 +138,8 @@ ExtensionsResultat Extensions::registerAll(const QString& appFolder, const QStri
     entry(programEntryPath(), libelles.application, all.first(2));
     entry(editorEntryPath(), libelles.editeur, all.last(1));
     if (result.written && processus != nullptr) {
-        rebuildIndex(QStringLiteral("update-mime-database"), joinPath(dataFolder_, u"mime"), *processus);
-        rebuildIndex(QStringLiteral("update-desktop-database"), joinPath(dataFolder_, u"applications"), *processus);
+        rebuildIndex(u"update-mime-database"_s, joinPath(dataFolder_, u"mime"), *processus);
+        rebuildIndex(u"update-desktop-database"_s, joinPath(dataFolder_, u"applications"), *processus);
     }
     return result;
 }

@@ -7,19 +7,21 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr auto section = u"VELMORANTE 2000";
 
 /// The French file beside another one: the last two characters of the name replaced.
 QString fichierfrancais(const QString& chemin) {
-    return chemin.left(std::max<qsizetype>(0, chemin.size() - 2)) + QStringLiteral("FR");
+    return chemin.left(std::max<qsizetype>(0, chemin.size() - 2)) + u"FR"_s;
 }
 
 } // namespace
 
 QString Langue::cheminfichier(const QString& dossier, const QString& extension) {
-    return joinPath(dossier, QStringLiteral("langues/RES2000.") + extension);
+    return joinPath(dossier, u"langues/RES2000."_s + extension);
 }
 
 bool Langue::estextension(QStringView extension) {
@@ -32,7 +34,7 @@ Langue::Langue(std::function<void(const QString&)> signale) : signale_(std::move
 void Langue::choisitfichier(const QString& dossierapplication, const QString& dossierprogramme,
                             const QString& extension) {
     dossierprogramme_ = dossierprogramme;
-    extension_ = estextension(extension) ? extension : QStringLiteral("FR");
+    extension_ = estextension(extension) ? extension : u"FR"_s;
     fichier_ = cheminfichier(dossierapplication, extension_);
 }
 
@@ -44,13 +46,14 @@ QString Langue::lit(const QString& chemin, int n) {
     return profil->string(QStringView(section).toString(), QString::number(n), QString());
 }
 
-QString Langue::lireressource(int n) {
+QString Langue::lireressource(Texte lequel) {
+    const int n = static_cast<int>(lequel);
     if (n < 0 || n >= nombredetextes)
         runtimeError(Failure::ArrayBounds, {QString::number(n), QString::number(nombredetextes - 1)});
     if (!cache_.at(n).isEmpty())
         return cache_.at(n);
     QString texte = lit(fichier_, n);
-    if (texte.isEmpty() && !fichier_.endsWith(QStringLiteral("FR")))
+    if (texte.isEmpty() && !fichier_.endsWith(u"FR"_s))
         texte = lit(fichierfrancais(fichier_), n);
     if (texte.isEmpty()) {
         // From now on the file beside the program is the language file, whatever the settings say.

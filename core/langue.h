@@ -1,5 +1,6 @@
 #pragma once
 // Every word of the interface, by number, from the language file.
+#include "core/texte.h"
 #include "platform/system/profile.h"
 
 #include <QString>
@@ -28,10 +29,10 @@ public:
     QString fichier() const { return fichier_; }
     QString extension() const { return extension_; }
 
-    /// Text n from the cache, the language file, the French file beside it, or the program's own French file (whose
+    /// A text from the cache, the language file, the French file beside it, or the program's own French file (whose
     /// place then stays in force). Missing everywhere: the number is signalled and the text is empty; an empty text is
-    /// never taken as found and is looked up again at each use. n outside 0 to 9999 is a run-time error.
-    QString lireressource(int n);
+    /// never taken as found and is looked up again at each use. A number outside 0 to 9999 is a run-time error.
+    QString lireressource(Texte lequel);
 
     /// Reads of a file so far; a second request for a text makes none.
     int lectures() const { return lectures_; }

@@ -6,12 +6,14 @@
 
 namespace velm::noms {
 
+using namespace Qt::Literals::StringLiterals;
+
 QString verrou() {
-    return QStringLiteral("velm2000");
+    return u"velm2000"_s;
 }
 
 QString dossierducache() {
-    return QStringLiteral("velmorante2000");
+    return u"velmorante2000"_s;
 }
 
 QString fichierreglages() {

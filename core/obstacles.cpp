@@ -1,14 +1,20 @@
 #include "core/obstacles.h"
 
+#include <array>
+
+#include "core/texte.h"
+
 namespace velm {
 
-QString raison(Obstacle obstacle, const QString& mots, const std::function<QString(int)>& texte) {
+QString raison(Obstacle obstacle, const QString& mots, const Libelles& texte) {
     // In the order of the kinds, from the first that has words.
-    constexpr int premier = 9530;
-    constexpr int rangdupremier = static_cast<int>(Obstacle::Missing);
+    constexpr std::array raisons{Texte::RaisonAbsent,      Texte::RaisonSansDossier,    Texte::RaisonDejaLa,
+                                 Texte::RaisonAccesRefuse, Texte::RaisonPasOrdinaire,   Texte::RaisonPasUnDossier,
+                                 Texte::RaisonDisquePlein, Texte::RaisonProtege,        Texte::RaisonOccupe,
+                                 Texte::RaisonMemoire,     Texte::RaisonErreurDuDisque, Texte::RaisonPasUneBase};
     if (obstacle == Obstacle::None || obstacle == Obstacle::Other)
         return mots.endsWith(u'.') ? mots : mots + u'.';
-    return texte(premier + static_cast<int>(obstacle) - rangdupremier);
+    return texte(raisons.at(static_cast<std::size_t>(obstacle) - static_cast<std::size_t>(Obstacle::Missing)));
 }
 
 } // namespace velm

@@ -1,74 +1,42 @@
 #include "core/parametres.h"
 
+#include "core/tablereglages.h"
+#include "core/texte.h"
 #include "platform/system/files.h"
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
-const QString& sectionediteur() {
-    static const QString section = QStringLiteral("EDITEUR");
-    return section;
+LigneImpression litligne(const Reglages& reglages, const ReglagesLigne& ligne, Imprime quoi) {
+    return {reglages.lit(ligne.cadrage[quoi]),
+            {reglages.lit(ligne.fonte[quoi]), reglages.lit(ligne.taille[quoi]), reglages.lit(ligne.gras[quoi]),
+             reglages.lit(ligne.italique[quoi])}};
 }
 
-/// Reads print settings; the dossier variant has DOSSIER behind each key.
-class LecteurImpression {
-public:
-    LecteurImpression(const Reglages& reglages, QString suffixe) : reglages_(reglages), suffixe_(std::move(suffixe)) {}
-
-    ReglagesImpression lit() const {
-        ReglagesImpression r;
-        r.margehaute = entier("PRINTERMARGEHAUTE", 567);
-        r.margebasse = entier("PRINTERMARGEBASSE", 567);
-        r.margedroite = entier("PRINTERMARGEDROITE", 567);
-        r.margegauche = entier("PRINTERMARGEGAUCHE", 567);
-        r.margeentete = entier("PRINTERMARGEENTETE", 567);
-        r.margepieddepage = entier("PRINTERMARGEPIEDDEPAGE", 567);
-        r.nopageentete = petit("NOPAGEENTETE", 0);
-        r.nopagepied = petit("NOPAGEPIED", 0);
-        r.textentete = texte("TEXTENTETE", QString());
-        r.textpied = texte("TEXTPIED", QString());
-        // The keys of alignment say TEXT where those of the font say TEXTE: both spellings are stored data.
-        r.lignenopageentete = ligne("CADRAGENOPAGEENTETE", "NOPAGEENTETE");
-        r.ligneentete = ligne("CADRAGETEXTENTETE", "TEXTEENTETE");
-        r.lignenopagepied = ligne("CADRAGENOPAGEPIED", "NOPAGEPIED");
-        r.lignepied = ligne("CADRAGETEXTPIED", "TEXTEPIED");
-        r.choiximprimante = booleen("CHOIXIMPRIMANTE");
-        r.ejectionautomatique = booleen("EJECTIONAUTOMATIQUE");
-        r.ligneseparatrice = booleen("LIGNESEPARATRICE");
-        return r;
-    }
-
-private:
-    LigneImpression ligne(const char* cadrage, const QString& police) const {
-        return {petit(cadrage, 2),
-                {texte(police + QStringLiteral("FONTE"), QStringLiteral("Arial")),
-                 petit(police + QStringLiteral("TAILLE"), 10), petit(police + QStringLiteral("GRAS"), 0),
-                 petit(police + QStringLiteral("ITALIQUE"), 0)}};
-    }
-    LigneImpression ligne(const char* cadrage, const char* police) const {
-        return ligne(cadrage, QString::fromLatin1(police));
-    }
-
-    QString cle(const QString& nom) const { return nom + suffixe_; }
-    qint64 entier(const char* nom, qint64 defaut) const {
-        return reglages_.entier(sectionediteur(), cle(QString::fromLatin1(nom)), defaut, true);
-    }
-    int petit(const QString& nom, int defaut) const {
-        return static_cast<int>(reglages_.entier(sectionediteur(), cle(nom), defaut, true));
-    }
-    int petit(const char* nom, int defaut) const { return petit(QString::fromLatin1(nom), defaut); }
-    QString texte(const QString& nom, const QString& defaut) const {
-        return reglages_.texte(sectionediteur(), cle(nom), defaut, true);
-    }
-    QString texte(const char* nom, const QString& defaut) const { return texte(QString::fromLatin1(nom), defaut); }
-    bool booleen(const char* nom) const {
-        return reglages_.booleen(sectionediteur(), cle(QString::fromLatin1(nom)), true, true);
-    }
-
-    const Reglages& reglages_;
-    QString suffixe_;
-};
+ReglagesImpression litimpression(const Reglages& reglages, Imprime quoi) {
+    ReglagesImpression r;
+    r.margehaute = reglages.lit(reglage::margehaute[quoi]);
+    r.margebasse = reglages.lit(reglage::margebasse[quoi]);
+    r.margedroite = reglages.lit(reglage::margedroite[quoi]);
+    r.margegauche = reglages.lit(reglage::margegauche[quoi]);
+    r.margeentete = reglages.lit(reglage::margeentete[quoi]);
+    r.margepieddepage = reglages.lit(reglage::margepieddepage[quoi]);
+    r.nopageentete = reglages.lit(reglage::nopageentete[quoi]);
+    r.nopagepied = reglages.lit(reglage::nopagepied[quoi]);
+    r.textentete = reglages.lit(reglage::textentete[quoi]);
+    r.textpied = reglages.lit(reglage::textpied[quoi]);
+    r.lignenopageentete = litligne(reglages, reglage::lignenopageentete, quoi);
+    r.ligneentete = litligne(reglages, reglage::ligneentete, quoi);
+    r.lignenopagepied = litligne(reglages, reglage::lignenopagepied, quoi);
+    r.lignepied = litligne(reglages, reglage::lignepied, quoi);
+    r.choiximprimante = reglages.lit(reglage::choiximprimante[quoi]);
+    r.ejectionautomatique = reglages.lit(reglage::ejectionautomatique[quoi]);
+    r.ligneseparatrice = reglages.lit(reglage::ligneseparatrice[quoi]);
+    return r;
+}
 
 int unitetwips(int unite) {
     switch (unite) {
@@ -82,17 +50,12 @@ int unitetwips(int unite) {
 }
 
 std::vector<Outil> litoutils(const Reglages& reglages, const QString& application) {
-    const QString section = QStringLiteral("TOOLS");
-    Bornes bornes;
-    bornes.max = nombremaxoutils;
-    const qint64 nombre = reglages.entier(section, QStringLiteral("NOMBRE"), 0, true, bornes);
+    const int nombre = reglages.lit(reglage::nombreoutils);
     std::vector<Outil> outils;
-    for (qint64 n = 1; n <= nombre; ++n) {
-        const auto lit = [&](const QString& cle) {
-            return reglages.texte(section, cle + QString::number(n), QString(), true);
-        };
-        Outil outil{lit(QStringLiteral("COMMANDE")), lit(QStringLiteral("CHEMIN")), lit(QStringLiteral("ICONE")),
-                    lit(QStringLiteral("INFO-BULLE")), lit(QStringLiteral("PARAM"))};
+    for (int n = 1; n <= nombre; ++n) {
+        Outil outil{reglages.lit(reglage::outilcommande[n]), reglages.lit(reglage::outilchemin[n]),
+                    reglages.lit(reglage::outilicone[n]), reglages.lit(reglage::outilinfobulle[n]),
+                    reglages.lit(reglage::outilparam[n])};
         if (!outil.chemin.isEmpty() && !fileExists(outil.chemin))
             outil.chemin = joinPath(application, outil.chemin);
         outils.push_back(std::move(outil));
@@ -104,18 +67,18 @@ std::vector<Outil> litoutils(const Reglages& reglages, const QString& applicatio
 
 TextesConstants littextesconstants(Langue& langue) {
     TextesConstants t;
-    t.stylecondense = langue.lireressource(1400);
-    t.stylesuite = langue.lireressource(1401);
-    t.titre = langue.lireressource(300);
-    t.motscles = langue.lireressource(1407);
-    t.date = langue.lireressource(1212);
-    t.reference = langue.lireressource(1412);
-    t.stylenote = langue.lireressource(1404);
-    t.stylecommentaire = langue.lireressource(1408);
-    t.source = langue.lireressource(1409);
-    t.stylemarque = langue.lireressource(1411);
-    t.page = langue.lireressource(2050);
-    t.sur = langue.lireressource(2051);
+    t.stylecondense = langue.lireressource(Texte::StyleSuiteCondensee);
+    t.stylesuite = langue.lireressource(Texte::StyleSuite);
+    t.titre = langue.lireressource(Texte::Titre);
+    t.motscles = langue.lireressource(Texte::MotsCles);
+    t.date = langue.lireressource(Texte::Date);
+    t.reference = langue.lireressource(Texte::Reference);
+    t.stylenote = langue.lireressource(Texte::StyleNote);
+    t.stylecommentaire = langue.lireressource(Texte::StyleCommentaire);
+    t.source = langue.lireressource(Texte::Source);
+    t.stylemarque = langue.lireressource(Texte::StyleMarque);
+    t.page = langue.lireressource(Texte::Page);
+    t.sur = langue.lireressource(Texte::SurTantDePages);
     return t;
 }
 
@@ -123,27 +86,21 @@ namespace {
 
 void remplitimages(Parametres& p) {
     for (std::size_t i = 0; i < p.imagesfermees.size(); ++i) {
-        const QString base = i == 1   ? QStringLiteral("collection")
-                             : i == 2 ? QStringLiteral("livre")
-                                      : QStringLiteral("chapitre");
-        const QString accord = i == 1 ? QStringLiteral("e") : QString();
-        p.imagesfermees[i] = base + QStringLiteral("fermé") + accord;
-        p.imagesouvertes[i] = base + QStringLiteral("ouvert") + accord;
+        const QString base = i == 1 ? u"collection"_s : i == 2 ? u"livre"_s : u"chapitre"_s;
+        const QString accord = i == 1 ? u"e"_s : QString();
+        p.imagesfermees[i] = base + u"fermé"_s + accord;
+        p.imagesouvertes[i] = base + u"ouvert"_s + accord;
     }
 }
 
 } // namespace
 
 QString separateursmots() {
-    return QStringLiteral("\r\n ,.[]/»«“`@&¶§\"\t()'{}:!;?-+=<>_°%…|\u00FF\u00A0");
+    return u"\r\n ,.[]/»«“`@&¶§\"\t()'{}:!;?-+=<>_°%…|\u00FF\u00A0"_s;
 }
 
 QString separateursmotsjoker() {
     return separateursmots() + u'*';
-}
-
-QString adresseediteur() {
-    return QStringLiteral("https://www.example.org/velmorante/aide");
 }
 
 QString avecseparateur(const QString& repertoire) {
@@ -153,31 +110,25 @@ QString avecseparateur(const QString& repertoire) {
 
 Parametres litparametres(Reglages& reglages, Langue& langue, const QString& dossierprogramme) {
     Parametres p;
-    const QString base = QStringLiteral("BASE");
-    const QString web = QStringLiteral("WEB");
-    p.repertoiredebase = avecseparateur(reglages.texte(base, QStringLiteral("CHEMIN"), dossierprogramme, false));
-    p.repertoireediteur =
-        avecseparateur(reglages.texte(sectionediteur(), QStringLiteral("CHEMIN"), dossierprogramme, false));
-    p.repertoireapplication =
-        avecseparateur(reglages.texte(base, QStringLiteral("APPLICATION"), dossierprogramme, false));
-    p.fichiermaitre = p.repertoireapplication + QStringLiteral("/master.ini");
+    const auto dossier = [&](const ReglageLieu& lieu) { return avecseparateur(reglages.lit(lieu, dossierprogramme)); };
+    p.repertoiredebase = dossier(reglage::dossierbase);
+    p.repertoireediteur = dossier(reglage::dossierediteur);
+    p.repertoireapplication = dossier(reglage::dossierapplication);
+    p.fichiermaitre = p.repertoireapplication + u"/master.ini"_s;
     reglages.choisitmaitre(p.fichiermaitre);
 
-    langue.choisitfichier(
-        p.repertoireapplication, dossierprogramme,
-        reglages.texte(QStringLiteral("LANGUE"), QStringLiteral("EXTENSION"), QStringLiteral("FR"), true));
+    langue.choisitfichier(p.repertoireapplication, dossierprogramme, reglages.lit(reglage::langue));
     p.extensionlangue = langue.extension();
 
-    p.unite = static_cast<int>(reglages.entier(sectionediteur(), QStringLiteral("UNITE"), 0, true));
-    p.impression = LecteurImpression(reglages, QString()).lit();
-    p.webaide = reglages.texte(web, QStringLiteral("AIDE"), adresseediteur(), true);
-    p.testconnect = static_cast<int>(reglages.entier(web, QStringLiteral("TESTCONNECT"), 1, true));
-    p.majcommande = reglages.texte(web, QStringLiteral("MAJCOMMANDE"), QStringLiteral("UpdNet.exe"), true);
+    p.unite = reglages.lit(reglage::unite);
+    p.impression = litimpression(reglages, Imprime::Documents);
+    p.webaide = reglages.lit(reglage::adresseaide);
+    p.testconnect = reglages.lit(reglage::testeconnexion);
+    p.majcommande = reglages.lit(reglage::programmemaj);
     const QString application =
         p.repertoireapplication.endsWith(u'/') ? p.repertoireapplication : p.repertoireapplication + u'/';
-    p.majchemin = reglages.texte(web, QStringLiteral("MAJCHEMIN"), application + QStringLiteral("internet"), false);
-    p.multifenetre =
-        static_cast<int>(reglages.entier(QStringLiteral("GENERALITES"), QStringLiteral("MULTIFENETRE"), 1, true));
+    p.majchemin = reglages.lit(reglage::dossiermaj, application + u"internet"_s);
+    p.multifenetre = reglages.lit(reglage::multifenetre);
     p.outils = litoutils(reglages, p.repertoireapplication);
 
     p.uniteentwips = unitetwips(p.unite);
@@ -190,45 +141,36 @@ Parametres litparametres(Reglages& reglages, Langue& langue, const QString& doss
 
 Preferences litpreferences(Reglages& reglages, const QString& dossierprogramme) {
     Preferences p;
-    const QString barre = QStringLiteral("BARRE");
-    const QString generalites = QStringLiteral("GENERALITES");
-    const QString recherche = QStringLiteral("RECHERCHE");
-    const auto petit = [&](const QString& section, const char* cle, int defaut, bool maitre = true) {
-        return static_cast<int>(reglages.entier(section, QString::fromLatin1(cle), defaut, maitre));
-    };
-    p.menuediteur = reglages.booleen(QStringLiteral("MASTER"), QStringLiteral("EDITEUR"), true, true);
-    p.impressiondossier = LecteurImpression(reglages, QStringLiteral("DOSSIER")).lit();
+    p.menuediteur = reglages.lit(reglage::menuediteur);
+    p.impressiondossier = litimpression(reglages, Imprime::Dossiers);
 
-    p.barrecommande = petit(barre, "COMMANDE", 1);
-    p.barreoutils = petit(barre, "OUTILS", 4);
-    p.barreecran = petit(barre, "ECRAN", 3);
-    // Read here under one spelling, saved under COMMANDESVISISIBLES: the command bar always comes back.
-    p.commandesvisibles = petit(barre, "COMMANDESVISIBLES", 1);
-    p.ecranvisible = petit(barre, "ECRANVISIBLE", 1);
-    p.outilsvisibles = petit(barre, "OUTILSVISIBLES", 1);
-    p.barreetat = reglages.booleen(barre, QStringLiteral("ETAT"), true, true);
+    p.barrecommande = reglages.lit(reglage::barrecommande);
+    p.barreoutils = reglages.lit(reglage::barreoutils);
+    p.barreecran = reglages.lit(reglage::barreecran);
+    p.commandesvisibles = reglages.lit(reglage::commandesvisibles);
+    p.ecranvisible = reglages.lit(reglage::ecranvisible);
+    p.outilsvisibles = reglages.lit(reglage::outilsvisibles);
+    p.barreetat = reglages.lit(reglage::barreetat);
 
-    p.fond = petit(generalites, "FOND", 1);
-    p.fondno = petit(generalites, "FONDNO", 0, false);
-    p.fondcouleur = reglages.entier(generalites, QStringLiteral("FONDCOULEUR"), 0xC0FFFF, false);
-    p.checkquit = petit(generalites, "CHECKQUIT", 0);
-    p.restaurefen = petit(generalites, "RESTAUREFEN", 0);
+    p.fond = reglages.lit(reglage::fond);
+    p.fondno = reglages.lit(reglage::fondno);
+    p.fondcouleur = reglages.lit(reglage::fondcouleur);
+    p.checkquit = reglages.lit(reglage::checkquit);
+    p.restaurefen = reglages.lit(reglage::restaurefen);
 
-    p.marquecouleur = reglages.entier(recherche, QStringLiteral("MARQUECOULEUR"), 0x8000FF, true);
-    p.marquebold = petit(recherche, "MARQUEBOLD", 1);
-    p.marqueitalic = petit(recherche, "MARQUEITALIC", 0);
-    p.marqueauto = petit(recherche, "MARQUEAUTO", 1);
-    p.combonombre = petit(recherche, "COMBONOMBRE", 0, false);
-    p.combonombredico = petit(recherche, "COMBONOMBREDICO", 0, false);
-    p.largeurselection = reglages.reel(sectionediteur(), QStringLiteral("LARGEURSELECTION"), 4305, true);
+    p.marquecouleur = reglages.lit(reglage::marquecouleur);
+    p.marquebold = reglages.lit(reglage::marquebold);
+    p.marqueitalic = reglages.lit(reglage::marqueitalic);
+    p.marqueauto = reglages.lit(reglage::marqueauto);
+    p.combonombre = reglages.lit(reglage::combonombre);
+    p.combonombredico = reglages.lit(reglage::combonombredico);
+    p.largeurselection = reglages.lit(reglage::largeurselection);
 
-    p.repertoiredossiers =
-        avecseparateur(reglages.texte(QStringLiteral("BASE"), QStringLiteral("DOSSIERS"), dossierprogramme, false));
-    p.aidechemin = reglages.texte(QStringLiteral("AIDE"), QStringLiteral("CHEMIN"), dossierprogramme, false);
+    p.repertoiredossiers = avecseparateur(reglages.lit(reglage::dossierdossiers, dossierprogramme));
+    p.aidechemin = reglages.lit(reglage::dossieraide, dossierprogramme);
     if (p.aidechemin.isEmpty())
         p.aidechemin = dossierprogramme;
-    p.aidefichier =
-        reglages.texte(QStringLiteral("AIDE"), QStringLiteral("NOMFICHIER"), QStringLiteral("VELM2000.CHM"), true);
+    p.aidefichier = reglages.lit(reglage::fichieraide);
     p.fichieraide = p.aidechemin + u'/' + p.aidefichier;
     return p;
 }

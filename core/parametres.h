@@ -54,23 +54,22 @@ struct Outil {
     QString param;
 };
 
-/// The twelve texts of constant use, by their numbers in the language file.
+/// The twelve texts of constant use.
 struct TextesConstants {
-    QString stylecondense;    // 1400
-    QString stylesuite;       // 1401
-    QString titre;            // 300
-    QString motscles;         // 1407
-    QString date;             // 1212
-    QString reference;        // 1412
-    QString stylenote;        // 1404
-    QString stylecommentaire; // 1408
-    QString source;           // 1409
-    QString stylemarque;      // 1411
-    QString page;             // 2050
-    QString sur;              // 2051
+    QString stylecondense;
+    QString stylesuite;
+    QString titre;
+    QString motscles;
+    QString date;
+    QString reference;
+    QString stylenote;
+    QString stylecommentaire;
+    QString source;
+    QString stylemarque;
+    QString page;
+    QString sur;
 };
 
-inline constexpr int nombremaxoutils = 20;
 inline constexpr int profondeursimages = 11;
 
 /// The words are cut at these characters, in this order: CR, LF, blank and marks, the double quote, TAB, more marks, ÿ
@@ -135,9 +134,6 @@ struct Preferences {
 
 /// Fetches the constant texts.
 TextesConstants littextesconstants(Langue& langue);
-
-/// The publisher's web site, the default address of the help on the web.
-QString adresseediteur();
 
 /// Reads the first block. `dossierprogramme` has no final separator. Chooses master.ini in `reglages` and the language
 /// file in `langue` on the way, since the rest depends on them.

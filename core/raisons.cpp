@@ -1,15 +1,21 @@
 #include "core/raisons.h"
 
+#include "core/texte.h"
+
 #include <QDir>
+
+#include <array>
 
 namespace velm {
 
 namespace {
 
-constexpr int premiereraison = 9405; ///< of Failure, in its order
-constexpr int reglagefautif = 9510;
-constexpr int pasunnombre = 9511;
-constexpr int horsdeslimites = 9512;
+/// In the order of Failure.
+constexpr std::array raisons{Texte::FauteDeLimites, Texte::FauteDeNombre, Texte::FauteDeTable,
+                             Texte::FauteDeLecture, Texte::FauteDIndex,   Texte::FauteDeChamp};
+constexpr auto reglagefautif = Texte::ReglageFautif;
+constexpr auto pasunnombre = Texte::FauteReglageSansNombre;
+constexpr auto horsdeslimites = Texte::FauteReglageHorsLimites;
 
 /// A value may be of any length; what a box shows of it may not.
 QString court(const QString& texte) {
@@ -22,7 +28,7 @@ QString court(const QString& texte) {
 
 QString raisondelerreur(Langue& langue, const RuntimeFailure& erreur) {
     if (!erreur.setting)
-        return remplace(langue.lireressource(premiereraison + static_cast<int>(erreur.what)), erreur.parts);
+        return remplace(langue.lireressource(raisons.at(static_cast<std::size_t>(erreur.what))), erreur.parts);
     const FaultySetting& reglage = *erreur.setting;
     const bool limite = erreur.what == Failure::ArrayBounds;
     const QString faute = remplace(langue.lireressource(limite ? horsdeslimites : pasunnombre), erreur.parts);

@@ -8,6 +8,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 /// The number of a whole text; a decimal comma is taken as a point.
@@ -21,7 +23,12 @@ std::optional<double> nombre(const QString& texte) {
 }
 
 QString motbooleen(bool valeur) {
-    return valeur ? QStringLiteral("True") : QStringLiteral("False");
+    return valeur ? u"True"_s : u"False"_s;
+}
+
+/// Nine digits hold any length that is stored.
+QString textereel(double valeur) {
+    return QString::number(valeur, 'g', 9);
 }
 
 std::optional<bool> booleendetexte(const QString& texte) {
@@ -64,6 +71,23 @@ std::optional<RuntimeFailure> convertitbooleen(const QString& texte, double& val
     const auto lue = booleendetexte(texte);
     valeur = lue.value_or(false) ? 1 : 0;
     return lue ? std::nullopt : std::optional(pasunnombre(texte));
+}
+
+bool dumaitre(Maitre maitre) {
+    return maitre == Maitre::Oui;
+}
+
+/// Whether two texts of a setting stand for one value, as "1" and "True" do, or "10" and " 10,0".
+bool memevaleur(const QString& un, const QString& autre) {
+    if (un == autre)
+        return true;
+    const auto valeur = [](const QString& texte) -> std::optional<double> {
+        const auto lue = nombre(texte);
+        const auto mot = lue ? std::nullopt : booleendetexte(texte);
+        return mot ? std::optional(*mot ? 1.0 : 0.0) : lue;
+    };
+    const auto ici = valeur(un);
+    return ici && ici == valeur(autre);
 }
 
 bool estnumerique(const QVariant& valeur) {
@@ -110,6 +134,103 @@ bool Reglages::savesetting(const QString& section, const QString& cle, const QSt
     if (!ecrit)
         signaleechec();
     return ecrit;
+}
+
+bool Reglages::lit(const ReglageBooleen& reglage) const {
+    return booleen(reglage.cle.nomdesection(), reglage.cle.nom(), reglage.defaut, dumaitre(reglage.maitre));
+}
+
+int Reglages::lit(const ReglageEntier& reglage) const {
+    return static_cast<int>(entier(reglage.cle.nomdesection(), reglage.cle.nom(), reglage.defaut,
+                                   dumaitre(reglage.maitre), reglage.bornes));
+}
+
+double Reglages::lit(const ReglageReel& reglage) const {
+    return reel(reglage.cle.nomdesection(), reglage.cle.nom(), reglage.defaut, dumaitre(reglage.maitre));
+}
+
+double Reglages::lit(const ReglageLibre& reglage) const {
+    return val(getsetting(reglage.cle.nomdesection(), reglage.cle.nom(), QString::number(reglage.defaut)));
+}
+
+double Reglages::litlibre(const ReglageEntier& reglage) const {
+    return lit(ReglageLibre{reglage.cle, reglage.defaut});
+}
+
+QString Reglages::lit(const ReglageTexte& reglage) const {
+    return texte(reglage.cle.nomdesection(), reglage.cle.nom(), reglage.defaut.toString(), dumaitre(reglage.maitre));
+}
+
+QString Reglages::lit(const ReglageLieu& reglage, const QString& defaut) const {
+    return getsetting(reglage.cle.nomdesection(), reglage.cle.nom(), defaut);
+}
+
+bool Reglages::ecrit(const ReglageBooleen& reglage, bool valeur) {
+    return changenombre(reglage, QString::number(valeur ? 1 : 0), false);
+}
+
+bool Reglages::ecrit(const ReglageEntier& reglage, int valeur) {
+    return changenombre(reglage, QString::number(valeur), false);
+}
+
+bool Reglages::ecrit(const ReglageReel& reglage, double valeur) {
+    return changenombre(reglage, textereel(valeur), false);
+}
+
+bool Reglages::ecrit(const ReglageLibre& reglage, int valeur) {
+    return change(reglage.cle, QString::number(valeur), false, [&] { return QString::number(lit(reglage)); });
+}
+
+bool Reglages::ecrit(const ReglageTexte& reglage, const QString& valeur) {
+    return change(reglage.cle, valeur, false, [&] { return lit(reglage); });
+}
+
+bool Reglages::ecrit(const ReglageLieu& reglage, const QString& valeur) {
+    return change(reglage.cle, valeur, false, [&] { return lit(reglage, QString()); });
+}
+
+bool Reglages::note(const ReglageEntier& reglage, int valeur) {
+    return changenombre(reglage, QString::number(valeur), true);
+}
+
+bool Reglages::note(const ReglageReel& reglage, double valeur) {
+    return changenombre(reglage, textereel(valeur), true);
+}
+
+template <class Sorte>
+bool Reglages::changenombre(const Sorte& reglage, const QString& valeur, bool deluimeme) {
+    return change(reglage.cle, valeur, deluimeme, [&] {
+        return ligne(reglage.cle.nomdesection(), reglage.cle.nom(), textereel(reglage.defaut), dumaitre(reglage.maitre))
+            .texte;
+    });
+}
+
+bool Reglages::change(const CleReglage& cle, const QString& valeur, bool deluimeme,
+                      const std::function<QString()>& actuelle) {
+    const QString section = cle.nomdesection();
+    const QString nom = cle.nom();
+    const QString avant = actuelle();
+    const bool ecrit = deluimeme ? note(section, nom, valeur) : savesetting(section, nom, valeur);
+    if (!memevaleur(avant, actuelle()))
+        ditchangement(nomdeligne(QString(), section, nom));
+    return ecrit;
+}
+
+Reglages::Ecoute Reglages::surchangement(const CleReglage& cle, std::function<void()> dit) {
+    auto ecoute = std::make_shared<const std::function<void()>>(std::move(dit));
+    ecouteurs_.push_back({nomdeligne(QString(), cle.nomdesection(), cle.nom()), ecoute});
+    return ecoute;
+}
+
+void Reglages::ditchangement(const QString& nom) {
+    std::erase_if(ecouteurs_, [](const Ecouteur& ecouteur) { return ecouteur.dit.expired(); });
+    // Who is told may begin or end to listen.
+    const std::vector<Ecouteur> ici = ecouteurs_;
+    for (const Ecouteur& ecouteur : ici) {
+        const Ecoute vivante = ecouteur.nom == nom ? ecouteur.dit.lock() : nullptr;
+        if (vivante)
+            (*vivante)();
+    }
 }
 
 bool Reglages::note(const QString& section, const QString& cle, const QString& valeur) {
@@ -164,8 +285,8 @@ void Reglages::ecarte(const QString& section, const QString& cle, const Ligne& l
     runtimeError(dite);
 }
 
-double Reglages::lit(const QString& section, const QString& cle, const QString& defaut, bool maitre,
-                     const Conversion& convertit) const {
+double Reglages::nombrelu(const QString& section, const QString& cle, const QString& defaut, bool maitre,
+                          const Conversion& convertit) const {
     for (;;) {
         const Ligne ici = ligne(section, cle, defaut, maitre);
         double valeur = 0;
@@ -184,18 +305,18 @@ double Reglages::lit(const QString& section, const QString& cle, const QString& 
 qint64 Reglages::entier(const QString& section, const QString& cle, qint64 defaut, bool maitre,
                         const Bornes& bornes) const {
     return static_cast<qint64>(
-        lit(section, cle, QString::number(defaut), maitre,
-            [&bornes](const QString& texte, double& valeur) { return convertitentier(texte, bornes, valeur); }));
+        nombrelu(section, cle, QString::number(defaut), maitre,
+                 [&bornes](const QString& texte, double& valeur) { return convertitentier(texte, bornes, valeur); }));
 }
 
 double Reglages::reel(const QString& section, const QString& cle, double defaut, bool maitre) const {
     // The publisher's numbers are whole ones, and so is the default that takes their road.
     const QString pardefaut = maitre ? QString::number(roundHalfEven(defaut)) : QString::number(defaut, 'g', 15);
-    return lit(section, cle, pardefaut, maitre, convertitreel);
+    return nombrelu(section, cle, pardefaut, maitre, convertitreel);
 }
 
 bool Reglages::booleen(const QString& section, const QString& cle, bool defaut, bool maitre) const {
-    return lit(section, cle, motbooleen(defaut), maitre, convertitbooleen) != 0;
+    return nombrelu(section, cle, motbooleen(defaut), maitre, convertitbooleen) != 0;
 }
 
 } // namespace velm

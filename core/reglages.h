@@ -1,6 +1,7 @@
 #pragma once
-// Settings as the system reads them: the user's value, else (for the keys that ask for it) the publisher's line in
-// master.ini, else the built-in default.
+// Settings as the system reads them: the user's value, else (for those that ask for it) the publisher's line in
+// master.ini, else the default. Which there are, core/tablereglages.h tells.
+#include "core/sortesreglages.h"
 #include "platform/base/failure.h"
 #include "platform/system/profile.h"
 #include "platform/system/settings.h"
@@ -10,24 +11,50 @@
 #include <QVariant>
 
 #include <functional>
-#include <limits>
+#include <memory>
+#include <vector>
 
 namespace velm {
 
-/// The whole numbers that a setting may be.
-struct Bornes {
-    qint64 min = std::numeric_limits<qint32>::min();
-    qint64 max = std::numeric_limits<qint32>::max();
-};
-
 class Reglages {
 public:
+    /// Keeps a function on the list of those that are told of changes; without it the function is told no more.
+    using Ecoute = std::shared_ptr<const std::function<void()>>;
+
     /// `magasin` is not owned and must live longer.
     explicit Reglages(ReglagesStore& magasin);
 
     /// Where the publisher's defaults lie; a missing file gives no line at all.
     void choisitmaitre(const QString& chemin);
     QString fichiermaitre() const { return cheminmaitre_; }
+
+    // What a setting is now. A text that is no number where its kind asks for one, or a number out of bounds, is a
+    // run-time error (see surfaute): values are never validated.
+    bool lit(const ReglageBooleen& reglage) const;
+    int lit(const ReglageEntier& reglage) const;
+    double lit(const ReglageReel& reglage) const;
+    double lit(const ReglageLibre& reglage) const;
+    QString lit(const ReglageTexte& reglage) const;
+    QString lit(const ReglageLieu& reglage, const QString& defaut) const;
+    /// A setting that is no number must not keep a window from opening where this is how it is read.
+    double litlibre(const ReglageEntier& reglage) const;
+
+    // Write a user's value, and tell those that listen if the setting has changed. A failure is said once (see
+    // ReglagesStore::lastError) and the program goes on; false then.
+    bool ecrit(const ReglageBooleen& reglage, bool valeur);
+    bool ecrit(const ReglageEntier& reglage, int valeur);
+    bool ecrit(const ReglageReel& reglage, double valeur);
+    bool ecrit(const ReglageLibre& reglage, int valeur);
+    bool ecrit(const ReglageTexte& reglage, const QString& valeur);
+    bool ecrit(const ReglageLieu& reglage, const QString& valeur);
+    /// The same for what the program writes by itself, as the places of windows at its end: a value that is set aside
+    /// stays in its file as long as this is nothing but the number that stood in for it.
+    bool note(const ReglageEntier& reglage, int valeur);
+    bool note(const ReglageReel& reglage, double valeur);
+
+    /// `dit` is called after each `ecrit` and `note` that gives this setting another value, for as long as what comes
+    /// back lives. It may read and write settings.
+    [[nodiscard]] Ecoute surchangement(const CleReglage& cle, std::function<void()> dit);
 
     /// Default of a setting: the line of master.ini, else `defaut`. A numeric (or boolean, True is -1) default makes it
     /// a whole number read by the integer reader ("True" is 0 then), any other a text of at most 999 characters, where
@@ -68,9 +95,18 @@ private:
         QString texte;
         QString fichier; ///< empty for the built-in default
     };
+    struct Ecouteur {
+        QString nom; ///< of the setting
+        std::weak_ptr<const std::function<void()>> dit;
+    };
 
-    double lit(const QString& section, const QString& cle, const QString& defaut, bool maitre,
-               const Conversion& convertit) const;
+    double nombrelu(const QString& section, const QString& cle, const QString& defaut, bool maitre,
+                    const Conversion& convertit) const;
+    /// Writes, as the program by itself or as a user, and tells who listens if the setting is another one then.
+    bool change(const CleReglage& cle, const QString& valeur, bool deluimeme, const std::function<QString()>& actuelle);
+    template <class Sorte>
+    bool changenombre(const Sorte& reglage, const QString& valeur, bool deluimeme);
+    void ditchangement(const QString& nom);
     Ligne ligne(const QString& section, const QString& cle, const QString& defaut, bool maitre) const;
     void ecarte(const QString& section, const QString& cle, const Ligne& ligne, const RuntimeFailure& faute) const;
 
@@ -81,6 +117,7 @@ private:
     std::function<bool(const RuntimeFailure&)> decide_;
     /// The lines that are set aside, and what stands in for each. To read is what finds them.
     mutable QHash<QString, double> ecartes_;
+    std::vector<Ecouteur> ecouteurs_;
 };
 
 } // namespace velm

@@ -45,8 +45,8 @@ private:
 class Cercle {
 public:
     /// `longueur` positions before the bar, `derriere` from it on; `texte()` gives those before it.
-    template <typename Texte>
-    bool ferme(qsizetype position, qsizetype longueur, qsizetype derriere, Texte texte) {
+    template <typename Ecrit>
+    bool ferme(qsizetype position, qsizetype longueur, qsizetype derriere, Ecrit texte) {
         constexpr int assez = 64; ///< passed over first: almost every text goes on
         if (std::exchange(position_, position) != position)
             pas_ = 0;

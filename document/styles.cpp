@@ -1,64 +1,40 @@
 #include "document/styles.h"
 
-#include <limits>
+#include "core/tablereglages.h"
+#include "core/texte.h"
 
 namespace velm {
 namespace {
 
-using namespace Qt::Literals::StringLiterals;
-
-constexpr int idnote = 1404;
-constexpr int idcommentaire = 1408;
-constexpr int abcindecis = 2;
+constexpr auto idnote = Texte::StyleNote;
+constexpr auto idcommentaire = Texte::StyleCommentaire;
+constexpr int abcindecis = reglage::styleabc[0].defaut;
 
 QString entrenuls(QStringView nom) {
     return QChar(u'\0') + nom.toString() + QChar(u'\0');
 }
 
-/// Reads the keys of one record, all of which begin with "STYLEnn".
-class Lecture {
-public:
-    Lecture(const Reglages& reglages, int indice)
-        : reglages_(reglages), prefixe_(u"STYLE%1"_s.arg(indice, 2, 10, QChar(u'0'))) {}
-
-    QString texte(const QString& suffixe) const { return reglages_.texte(section, cle(suffixe), QString(), true); }
-    bool booleen(const QString& suffixe) const { return reglages_.booleen(section, cle(suffixe), false, true); }
-    int long32(const QString& suffixe, int defaut = 0) const {
-        return static_cast<int>(reglages_.entier(section, cle(suffixe), defaut, true));
-    }
-    int court16(const QString& suffixe, int defaut = 0) const {
-        constexpr Bornes bornes{std::numeric_limits<qint16>::min(), std::numeric_limits<qint16>::max()};
-        return static_cast<int>(reglages_.entier(section, cle(suffixe), defaut, true, bornes));
-    }
-
-private:
-    static inline const QString section = u"EDITEUR"_s;
-    QString cle(const QString& suffixe) const { return prefixe_ + suffixe; }
-    const Reglages& reglages_;
-    QString prefixe_;
-};
-
-Style litstyle(const Lecture& lecture, const QString& nom) {
+Style litstyle(const Reglages& reglages, int i, const QString& nom) {
     Style style;
     style.nom = nom;
-    style.type = lecture.booleen(u"-TYPE"_s);
-    style.nomdelafonte = lecture.texte(u"-NOMDELAFONTE"_s);
-    style.tailledelafonte = lecture.court16(u"-TAILLEDELAFONTE"_s);
-    style.gras = lecture.booleen(u"-GRAS"_s);
-    style.souligne = lecture.booleen(u"-SOULIGNE"_s);
-    style.italique = lecture.booleen(u"-ITALIQUE"_s);
-    style.barre = lecture.booleen(u"-BARRE"_s);
-    style.exposant = lecture.court16(u"-EXPOSANT"_s);
-    style.couleur = lecture.long32(u"-COULEUR"_s);
+    style.type = reglages.lit(reglage::styletype[i]);
+    style.nomdelafonte = reglages.lit(reglage::stylefonte[i]);
+    style.tailledelafonte = reglages.lit(reglage::styletaille[i]);
+    style.gras = reglages.lit(reglage::stylegras[i]);
+    style.souligne = reglages.lit(reglage::stylesouligne[i]);
+    style.italique = reglages.lit(reglage::styleitalique[i]);
+    style.barre = reglages.lit(reglage::stylebarre[i]);
+    style.exposant = reglages.lit(reglage::styleexposant[i]);
+    style.couleur = reglages.lit(reglage::stylecouleur[i]);
     if (style.type)
         return style;
-    style.puce = lecture.booleen(u"-PUCE"_s);
-    style.retraitgauche = lecture.long32(u"-RETRAITGAUCHE"_s);
-    style.retraitdroit = lecture.long32(u"-RETRAITDROIT"_s);
-    style.alignement = lecture.court16(u"-ALIGNEMENT"_s);
-    style.retrait1ligne = lecture.court16(u"-RETRAIT1LIGNE"_s);
-    style.indentpuce = lecture.long32(u"-INDENTPUCE"_s);
-    style.tabulations = lecture.texte(u"-TABULATIONS"_s);
+    style.puce = reglages.lit(reglage::stylepuce[i]);
+    style.retraitgauche = reglages.lit(reglage::styleretraitgauche[i]);
+    style.retraitdroit = reglages.lit(reglage::styleretraitdroit[i]);
+    style.alignement = reglages.lit(reglage::stylealignement[i]);
+    style.retrait1ligne = reglages.lit(reglage::styleretrait1ligne[i]);
+    style.indentpuce = reglages.lit(reglage::styleindentpuce[i]);
+    style.tabulations = reglages.lit(reglage::styletabulations[i]);
     return style;
 }
 
@@ -91,12 +67,11 @@ TableStyles litstyles(const Reglages& reglages, Langue& langue, const TextesCons
     table.stylecondense = textes.stylecondense;
     table.stylemarque = textes.stylemarque;
     for (int i = 0; i < TableStyles::nombre; ++i) {
-        const Lecture lecture(reglages, i);
-        const QString nom = lecture.texte(u"-NOM"_s);
+        const QString nom = reglages.lit(reglage::stylenom[i]);
         if (nom.isEmpty())
             continue;
-        table.styles[static_cast<std::size_t>(i)] = litstyle(lecture, nom);
-        int abc = lecture.court16(u"-ABC"_s, abcindecis);
+        table.styles[static_cast<std::size_t>(i)] = litstyle(reglages, i, nom);
+        int abc = reglages.lit(reglage::styleabc[i]);
         if (abc == abcindecis)
             abc = condenseparnom(langue, nom) ? 1 : 0;
         if (abc == 1)

@@ -1,5 +1,6 @@
 #pragma once
 // A search without a window: everything that the engines work with, and the list that they fill.
+#include "core/texte.h"
 #include "outil/sortie.h"
 #include "search/recherche.h"
 
@@ -21,15 +22,15 @@ class Banc {
 public:
     explicit Banc(Contexte& contexte)
         : contexte_(contexte),
-          liste_([&contexte](int id) { return contexte.texte(id); }), atelier_{corpus,
-                                                                               liste_,
-                                                                               sablier_,
-                                                                               dialogues_,
-                                                                               cession_,
-                                                                               [&contexte](int id) {
-                                                                                   return contexte.texte(id);
-                                                                               },
-                                                                               [](const QString&) {}} {}
+          liste_([&contexte](Texte lequel) { return contexte.texte(lequel); }), atelier_{corpus,
+                                                                                         liste_,
+                                                                                         sablier_,
+                                                                                         dialogues_,
+                                                                                         cession_,
+                                                                                         [&contexte](int id) {
+                                                                                             return contexte.texte(id);
+                                                                                         },
+                                                                                         [](const QString&) {}} {}
 
     const Atelier& atelier() const { return atelier_; }
 

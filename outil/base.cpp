@@ -1,11 +1,14 @@
 #include "outil/base.h"
 
+#include "core/texte.h"
 #include "platform/system/files.h"
 
 namespace velm::outil {
 
+using namespace Qt::Literals::StringLiterals;
+
 QString cheminbase(const Contexte& contexte) {
-    const QString base = contexte.valeur(QStringLiteral("--base"));
+    const QString base = contexte.valeur(u"--base"_s);
     return base.isEmpty() ? joinPath(contexte.dossierprogramme(), u"velm2000.dat") : base;
 }
 
@@ -15,9 +18,9 @@ int ouvrebase(Contexte& contexte, Corpus& corpus, const QString& chemin) {
         corpus.ouvretables();
         return Reussite;
     case OpenError::OldEngine:
-        return contexte.echoue(Echec, 9333, {chemin});
+        return contexte.echoue(Echec, Texte::AncienMoteur, {chemin});
     default:
-        return contexte.echouefichier(9330, chemin, corpus.echec().kind, corpus.echec().words);
+        return contexte.echouefichier(Texte::FichierIllisible, chemin, corpus.echec().kind, corpus.echec().words);
     }
 }
 

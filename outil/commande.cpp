@@ -3,6 +3,7 @@
 #include "outil/sortie.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 
 namespace velm::outil {
@@ -11,11 +12,11 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-constexpr GroupeOptions optionbase{9304, "--base="};
-constexpr GroupeOptions optionjson{9305, "--json"};
-constexpr GroupeOptions optiontypes{9454, "--types="};
-constexpr GroupeOptions optionlimite{9543, "--limite="};
-constexpr GroupeOptions optionsanstexte{9545, "--sans-texte"};
+constexpr GroupeOptions optionbase{Texte::OptionBase, "--base="};
+constexpr GroupeOptions optionjson{Texte::OptionJson, "--json"};
+constexpr GroupeOptions optiontypes{Texte::OptionTypes, "--types="};
+constexpr GroupeOptions optionlimite{Texte::OptionLimite, "--limite="};
+constexpr GroupeOptions optionsanstexte{Texte::OptionSansTexte, "--sans-texte"};
 
 bool estoption(const QString& mot) {
     return mot.startsWith(u"--"_s) || mot == u"-h";
@@ -41,11 +42,11 @@ int prendoption(Contexte& contexte, const Commande& commande, QStringList& reste
     const QString option = reste.takeFirst();
     const std::optional<bool> valeur = avecvaleur(commande, option);
     if (!valeur)
-        return contexte.echoue(LigneIncorrecte, 9338, {option});
+        return contexte.echoue(LigneIncorrecte, Texte::OptionInconnue, {option});
     if (contexte.option(option))
-        return contexte.echoue(LigneIncorrecte, 9547, {option});
+        return contexte.echoue(LigneIncorrecte, Texte::ArgumentEnTrop, {option});
     if (*valeur && reste.isEmpty())
-        return contexte.echoue(LigneIncorrecte, 9336, {option});
+        return contexte.echoue(LigneIncorrecte, Texte::ArgumentManquant, {option});
     contexte.prendoption(option, *valeur ? reste.takeFirst() : QString());
     return Reussite;
 }
@@ -64,9 +65,10 @@ int prendligne(Contexte& contexte, const Commande& commande, QStringList reste) 
     }
     const QStringList& arguments = contexte.arguments();
     if (arguments.size() < commande.aumoins)
-        return contexte.echoue(LigneIncorrecte, 9336, {contexte.texte(commande.arguments)});
+        return contexte.echoue(LigneIncorrecte, Texte::ArgumentManquant,
+                               {commande.arguments ? contexte.texte(*commande.arguments) : QString()});
     if (commande.auplus != Commande::sanslimite && arguments.size() > commande.auplus)
-        return contexte.echoue(LigneIncorrecte, 9547, {arguments.at(commande.auplus)});
+        return contexte.echoue(LigneIncorrecte, Texte::ArgumentEnTrop, {arguments.at(commande.auplus)});
     return Reussite;
 }
 
@@ -75,39 +77,69 @@ int prendligne(Contexte& contexte, const Commande& commande, QStringList reste) 
 const std::vector<Commande>& commandes() {
     constexpr qsizetype tous = Commande::sanslimite;
     static const std::vector<Commande> toutes{
-        {"compiler", 9310, 9390, 2, 2, {optionjson, optionsanstexte}, compiler},
-        {"synthese", 9311, 9391, 2, 2, {{9546, "--mots="}, optionjson, optionsanstexte}, synthese},
-        {"info", 9312, 9392, 1, 1, {optionjson}, info},
-        {"document", 9313, 9393, 1, 1, {{9307, "--texte --rtf --liens --condense"}, optionbase, optionjson}, document},
-        {"texte", 9314, 9394, 1, 1, {}, texte},
-        {"rtf", 9315, 9394, 1, 1, {}, rtf},
-        {"formats", 9316, 9394, 1, 1, {}, formats},
-        {"dossiers", 9318, 9392, 1, 1, {}, dossiers},
-        {"mots", 9450, 9452, 1, tous, {optiontypes, {9544, "--ou"}, optionlimite, optionbase, optionjson}, mots},
-        {"rapide", 9451, 9453, 1, tous, {optiontypes, optionlimite, optionbase, optionjson}, rapide},
+        {"compiler",
+         Texte::CommandeCompiler,
+         Texte::ArgumentsSourceBase,
+         2,
+         2,
+         {optionjson, optionsanstexte},
+         compiler},
+        {"synthese",
+         Texte::CommandeSynthese,
+         Texte::ArgumentsNBase,
+         2,
+         2,
+         {{Texte::OptionMots, "--mots="}, optionjson, optionsanstexte},
+         synthese},
+        {"info", Texte::CommandeInfo, Texte::ArgumentBase, 1, 1, {optionjson}, info},
+        {"document",
+         Texte::CommandeDocument,
+         Texte::ArgumentCle,
+         1,
+         1,
+         {{Texte::OptionsDuDocument, "--texte --rtf --liens --condense"}, optionbase, optionjson},
+         document},
+        {"texte", Texte::CommandeTexte, Texte::ArgumentFichierRtf, 1, 1, {}, texte},
+        {"rtf", Texte::CommandeRtf, Texte::ArgumentFichierRtf, 1, 1, {}, rtf},
+        {"formats", Texte::CommandeFormats, Texte::ArgumentFichierRtf, 1, 1, {}, formats},
+        {"dossiers", Texte::CommandeDossiers, Texte::ArgumentBase, 1, 1, {}, dossiers},
+        {"mots",
+         Texte::CommandeMots,
+         Texte::ArgumentMots,
+         1,
+         tous,
+         {optiontypes, {Texte::OptionOu, "--ou"}, optionlimite, optionbase, optionjson},
+         mots},
+        {"rapide",
+         Texte::CommandeRapide,
+         Texte::ArgumentTextes,
+         1,
+         tous,
+         {optiontypes, optionlimite, optionbase, optionjson},
+         rapide},
         {"criteres",
-         9473,
+         Texte::CommandeCriteres,
+         {},
          0,
          0,
-         0,
-         {{9477, "--texte= --texte2= --conjonction= --negation --lieux="},
-          {9478, "--entier --entier2 --casse --casse2"},
-          {9479, "--motcle= --type= --jour= --mois= --annee="},
+         {{Texte::OptionsDesTextes, "--texte= --texte2= --conjonction= --negation --lieux="},
+          {Texte::OptionsDesMots, "--entier --entier2 --casse --casse2"},
+          {Texte::OptionsDesAutresCriteres, "--motcle= --type= --jour= --mois= --annee="},
           optiontypes,
-          {9480, "--sans-table"},
+          {Texte::OptionSansTable, "--sans-table"},
           optionbase,
           optionjson},
          criteres},
-        {"cv2", 9475, 9476, 1, 1, {optionjson}, cv2}};
+        {"cv2", Texte::CommandeCv2, Texte::ArgumentFichierCv2, 1, 1, {optionjson}, cv2}};
     return toutes;
 }
 
 QString Commande::usage(Contexte& contexte) const {
     QStringList mots{QString::fromLatin1(nom)};
-    if (arguments != 0)
-        mots << contexte.texte(arguments);
+    if (arguments)
+        mots << contexte.texte(*arguments);
     if (!options.empty())
-        mots << contexte.texte(9548);
+        mots << contexte.texte(Texte::MotOptions);
     return mots.join(u' ');
 }
 
@@ -115,18 +147,18 @@ void aide(Contexte& contexte, const Commande& commande) {
     contexte.ligne(u"velmoutil "_s + commande.usage(contexte));
     contexte.ligne(contexte.texte(commande.description));
     contexte.ligne(QString());
-    contexte.ligne(contexte.texte(9303));
+    contexte.ligne(contexte.texte(Texte::TitreDesOptions));
     for (const GroupeOptions& groupe : commande.options)
         contexte.ligne(u"  "_s + contexte.texte(groupe.aide));
     contexte.ligne(u"  "_s + contexte.texte(optionaide.aide));
 }
 
 void aide(Contexte& contexte) {
-    contexte.ligne(contexte.texte(9301));
-    contexte.ligne(contexte.texte(9300));
+    contexte.ligne(contexte.texte(Texte::PresentationDeLOutil));
+    contexte.ligne(contexte.texte(Texte::UsageDeLOutil));
     contexte.ligne(QString());
-    contexte.ligne(contexte.texte(9302));
-    std::vector<int> options;
+    contexte.ligne(contexte.texte(Texte::TitreDesCommandes));
+    std::vector<Texte> options;
     for (const Commande& commande : commandes()) {
         contexte.ligne(u"  "_s + commande.usage(contexte));
         contexte.ligne(u"      "_s + contexte.texte(commande.description));
@@ -136,23 +168,25 @@ void aide(Contexte& contexte) {
         }
     }
     contexte.ligne(QString());
-    contexte.ligne(contexte.texte(9303));
-    options.insert(options.end(), {optionaide.aide, 9317});
-    for (const int id : options)
-        contexte.ligne(u"  "_s + contexte.texte(id));
+    contexte.ligne(contexte.texte(Texte::TitreDesOptions));
+    options.insert(options.end(), {optionaide.aide, Texte::OptionVersion});
+    for (const Texte option : options)
+        contexte.ligne(u"  "_s + contexte.texte(option));
     contexte.ligne(QString());
-    contexte.ligne(contexte.texte(9308));
-    for (int code = 0; code <= DocumentAbsent; ++code)
-        contexte.ligne(u"  %1  %2"_s.arg(code).arg(contexte.texte(9320 + code)));
+    contexte.ligne(contexte.texte(Texte::TitreDesCodesDeRetour));
+    constexpr std::array codes{Texte::CodeReussite, Texte::CodeEchec, Texte::CodeLigneIncorrecte,
+                               Texte::CodeSourceFautive, Texte::CodeDocumentAbsent};
+    for (std::size_t code = 0; code < codes.size(); ++code)
+        contexte.ligne(u"  %1  %2"_s.arg(code).arg(contexte.texte(codes.at(code))));
     contexte.ligne(QString());
-    contexte.ligne(contexte.texte(9309));
+    contexte.ligne(contexte.texte(Texte::AideDUneCommande));
 }
 
 int execute(Contexte& contexte, const QString& nom, const QStringList& ligne) {
     const auto commande = std::find_if(commandes().begin(), commandes().end(),
                                        [&](const Commande& c) { return nom == QLatin1StringView(c.nom); });
     if (commande == commandes().end())
-        return contexte.echoue(LigneIncorrecte, 9335, {nom});
+        return contexte.echoue(LigneIncorrecte, Texte::CommandeInconnue, {nom});
     if (demandeaide(ligne)) {
         aide(contexte, *commande);
         return Reussite;

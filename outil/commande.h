@@ -1,9 +1,12 @@
 #pragma once
 // What each command of the tool takes, and how a command line is read by it.
+#include "core/texte.h"
+
 #include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 namespace velm::outil {
@@ -12,7 +15,7 @@ class Contexte;
 
 /// Options that one line of the help tells of: their names parted by blanks, "=" behind those that take a value.
 struct GroupeOptions {
-    int aide; ///< text of the line
+    Texte aide; ///< text of the line
     const char* noms;
 };
 
@@ -20,8 +23,8 @@ struct Commande {
     static constexpr qsizetype sanslimite = -1;
 
     const char* nom;
-    int description; ///< text of one line
-    int arguments;   ///< text that names them; 0 where there are none
+    Texte description;              ///< one line
+    std::optional<Texte> arguments; ///< what names them, where there are any
     qsizetype aumoins;
     qsizetype auplus; ///< sanslimite: all that follow belong together
     std::vector<GroupeOptions> options;
@@ -35,7 +38,7 @@ struct Commande {
 const std::vector<Commande>& commandes();
 
 /// What every command takes besides its own.
-inline constexpr GroupeOptions optionaide{9306, "-h --help"};
+inline constexpr GroupeOptions optionaide{Texte::OptionAide, "-h --help"};
 
 /// The help of the tool, and of one command.
 void aide(Contexte& contexte);

@@ -3,6 +3,7 @@
 #include "core/corpus.h"
 #include "core/parametres.h"
 #include "core/schemas.h"
+#include "core/texte.h"
 #include "document/affichage.h"
 #include "outil/base.h"
 #include "outil/sortie.h"
@@ -15,6 +16,8 @@
 #include <QJsonObject>
 
 namespace velm::outil {
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -62,19 +65,19 @@ void chaquelien(const ListesLiens& l, Fait&& fait) {
         for (qsizetype rang = 0; rang < debuts.nombre(); ++rang)
             fait(Lien{nature, debuts.valeur(rang), fins.valeur(rang), cibles.value(rang)});
     };
-    liste(QStringLiteral("lien"), l.Listehyperlien, l.Listestarthyperlien, l.Listeendhyperlien);
-    liste(QStringLiteral("url"), l.ListeUrl, l.ListeStartUrl, l.ListeEndUrl);
-    liste(QStringLiteral("mail"), l.ListeEmail, l.ListeStartEmail, l.ListeEndEmail);
+    liste(u"lien"_s, l.Listehyperlien, l.Listestarthyperlien, l.Listeendhyperlien);
+    liste(u"url"_s, l.ListeUrl, l.ListeStartUrl, l.ListeEndUrl);
+    liste(u"mail"_s, l.ListeEmail, l.ListeStartEmail, l.ListeEndEmail);
 }
 
 QJsonArray liensjson(const ListesLiens& listes, const QString& texte) {
     QJsonArray tous;
     chaquelien(listes, [&](const Lien& lien) {
-        tous.append(QJsonObject{{QStringLiteral("nature"), lien.nature},
-                                {QStringLiteral("debut"), lien.debut},
-                                {QStringLiteral("fin"), lien.fin},
-                                {QStringLiteral("texte"), texte.mid(lien.debut, lien.fin - lien.debut)},
-                                {QStringLiteral("cible"), lien.cible}});
+        tous.append(QJsonObject{{u"nature"_s, lien.nature},
+                                {u"debut"_s, lien.debut},
+                                {u"fin"_s, lien.fin},
+                                {u"texte"_s, texte.mid(lien.debut, lien.fin - lien.debut)},
+                                {u"cible"_s, lien.cible}});
     });
     return tous;
 }
@@ -88,15 +91,15 @@ void ecritliens(const Contexte& contexte, const ListesLiens& listes, const QStri
 }
 
 QJsonObject proprietes(const QString& cle, const DocumentAffiche& d) {
-    return {{QStringLiteral("cle"), cle},
-            {QStringLiteral("titre"), d.titre},
-            {QStringLiteral("motscles"), QJsonArray{d.motcle1, d.motcle2, d.motcle3}},
-            {QStringLiteral("source"), d.Source},
-            {QStringLiteral("date"), d.datetext},
-            {QStringLiteral("datecreation"), d.datecreation},
-            {QStringLiteral("datemodif"), d.datemodif},
-            {QStringLiteral("type"), d.typedocument},
-            {QStringLiteral("noeud"), d.numeroarborescence}};
+    return {{u"cle"_s, cle},
+            {u"titre"_s, d.titre},
+            {u"motscles"_s, QJsonArray{d.motcle1, d.motcle2, d.motcle3}},
+            {u"source"_s, d.Source},
+            {u"date"_s, d.datetext},
+            {u"datecreation"_s, d.datecreation},
+            {u"datemodif"_s, d.datemodif},
+            {u"type"_s, d.typedocument},
+            {u"noeud"_s, d.numeroarborescence}};
 }
 
 QByteArray jsonligne(const QJsonDocument& json) {
@@ -115,10 +118,10 @@ void ecritdocument(Contexte& contexte, const QString& cle, FormulaireMuet& formu
     const QString texte = formulaire.rtfRichTextBox1().text();
     if (demande.json) {
         QJsonObject objet = proprietes(cle, formulaire.document());
-        objet.insert(QStringLiteral("texte"), texte);
-        objet.insert(QStringLiteral("liens"), liensjson(*formulaire.listes(), texte));
+        objet.insert(u"texte"_s, texte);
+        objet.insert(u"liens"_s, liensjson(*formulaire.listes(), texte));
         if (demande.rtf)
-            objet.insert(QStringLiteral("rtf"), QString::fromLatin1(formulaire.rtfRichTextBox1().textRtf()));
+            objet.insert(u"rtf"_s, QString::fromLatin1(formulaire.rtfRichTextBox1().textRtf()));
         contexte.ecrit(jsonligne(QJsonDocument(objet)));
     } else if (demande.rtf) {
         contexte.ecrit(formulaire.rtfRichTextBox1().textRtf());
@@ -126,7 +129,7 @@ void ecritdocument(Contexte& contexte, const QString& cle, FormulaireMuet& formu
         ecritliens(contexte, *formulaire.listes(), texte);
     } else {
         QString lignes = texte;
-        contexte.ecrit(lignes.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).toUtf8() + '\n');
+        contexte.ecrit(lignes.replace(u"\r\n"_s, u"\n"_s).toUtf8() + '\n');
     }
 }
 
@@ -134,10 +137,10 @@ void ecritdocument(Contexte& contexte, const QString& cle, FormulaireMuet& formu
 
 int document(Contexte& contexte) {
     Demande demande;
-    demande.json = contexte.option(QStringLiteral("--json"));
-    demande.rtf = contexte.option(QStringLiteral("--rtf"));
-    demande.liens = contexte.option(QStringLiteral("--liens"));
-    demande.condense = contexte.option(QStringLiteral("--condense"));
+    demande.json = contexte.option(u"--json"_s);
+    demande.rtf = contexte.option(u"--rtf"_s);
+    demande.liens = contexte.option(u"--liens"_s);
+    demande.condense = contexte.option(u"--condense"_s);
     const QString base = cheminbase(contexte);
 
     Corpus corpus;
@@ -155,18 +158,18 @@ int document(Contexte& contexte) {
     FormulaireMuet formulaire;
     const std::optional<Cle> saisie = clesaisie(contexte.arguments().first());
     if (!saisie)
-        return contexte.echoue(DocumentAbsent, 9334, contexte.arguments());
+        return contexte.echoue(DocumentAbsent, Texte::DocumentAbsent, contexte.arguments());
     const Cle& cle = *saisie;
     affichedocument(formulaire, cle, demande.condense, QString(),
-                    {corpus, styles, sablier, [&](int indice) { return contexte.texte(indice + 10); }});
+                    {corpus, styles, sablier, [&](int indice) { return contexte.texte(libelledefenetre(indice)); }});
     if (!formulaire.trouve())
-        return contexte.echoue(DocumentAbsent, 9334, {cle.texte()});
+        return contexte.echoue(DocumentAbsent, Texte::DocumentAbsent, {cle.texte()});
     ecritdocument(contexte, cle.texte(), formulaire, demande);
     return Reussite;
 }
 
 int info(Contexte& contexte) {
-    const bool json = contexte.option(QStringLiteral("--json"));
+    const bool json = contexte.option(u"--json"_s);
     const QString chemin = contexte.arguments().first();
     Corpus corpus;
     if (const int code = ouvrebase(contexte, corpus, chemin); code != Reussite)
@@ -178,41 +181,42 @@ int info(Contexte& contexte) {
     for (int indice = 0; comptees && indice < nombredecollections; ++indice)
         collections.insert(typedindice(indice), corpus.compterarticles(typedindice(indice)));
     const struct {
-        int id;
+        Texte libelle;
         const char* cle;
         Recordset& table;
-    } comptes[] = {{9382, "documents", corpus.donnees()}, {9383, "noeuds", corpus.arborescences()},
-                   {9384, "liens", corpus.liens()},       {9385, "mots", corpus.dico()},
-                   {9386, "motscles", corpus.motcles()},  {9387, "articles", corpus.generelien()},
-                   {9388, "types", corpus.typedocument()}};
+    } comptes[] = {{Texte::InfoDocuments, "documents", corpus.donnees()},
+                   {Texte::InfoNoeuds, "noeuds", corpus.arborescences()},
+                   {Texte::InfoLiens, "liens", corpus.liens()},
+                   {Texte::InfoMots, "mots", corpus.dico()},
+                   {Texte::InfoMotsCles, "motscles", corpus.motcles()},
+                   {Texte::InfoNumerosDArticles, "articles", corpus.generelien()},
+                   {Texte::InfoTypesDeDocument, "types", corpus.typedocument()}};
     const qint64 taille = QFileInfo(chemin).size();
     if (json) {
-        QJsonObject objet{{QStringLiteral("base"), chemin},
-                          {QStringLiteral("octets"), taille},
-                          {QStringLiteral("lectureseule"), !corpus.updatable()},
-                          {QStringLiteral("collections"), collections}};
+        QJsonObject objet{{u"base"_s, chemin},
+                          {u"octets"_s, taille},
+                          {u"lectureseule"_s, !corpus.updatable()},
+                          {u"collections"_s, collections}};
         for (const auto& compte : comptes)
             objet.insert(QString::fromLatin1(compte.cle),
                          compte.table.usable() ? QJsonValue(compte.table.recordCount()) : QJsonValue());
         contexte.ecrit(jsonligne(QJsonDocument(objet)));
         return Reussite;
     }
-    const auto ecrit = [&](const QString& nom, const QString& valeur) {
-        contexte.ligne(nom + QStringLiteral(" : ") + valeur);
-    };
-    ecrit(contexte.texte(9380), chemin);
-    ecrit(contexte.texte(9381), QString::number(taille));
-    ecrit(contexte.texte(9389), contexte.texte(corpus.updatable() ? 9396 : 9395));
+    const auto ecrit = [&](const QString& nom, const QString& valeur) { contexte.ligne(nom + u" : "_s + valeur); };
+    ecrit(contexte.texte(Texte::InfoBase), chemin);
+    ecrit(contexte.texte(Texte::InfoTaille), QString::number(taille));
+    ecrit(contexte.texte(Texte::InfoLectureSeule), contexte.texte(corpus.updatable() ? Texte::MotNon : Texte::MotOui));
     for (const auto& compte : comptes) {
         if (compte.table.usable())
-            ecrit(contexte.texte(compte.id), QString::number(compte.table.recordCount()));
+            ecrit(contexte.texte(compte.libelle), QString::number(compte.table.recordCount()));
         else
-            contexte.ligne(contexte.texte(9398, {compte.table.table()}));
+            contexte.ligne(contexte.texte(Texte::InfoTableAbsente, {compte.table.table()}));
     }
     if (!comptees)
-        contexte.ligne(contexte.texte(9398, {corpus.parametres().table()}));
+        contexte.ligne(contexte.texte(Texte::InfoTableAbsente, {corpus.parametres().table()}));
     for (int indice = 0; comptees && indice < nombredecollections; ++indice)
-        ecrit(typedindice(indice) + u' ' + contexte.texte(indice + 10),
+        ecrit(typedindice(indice) + u' ' + contexte.texte(libelledefenetre(indice)),
               QString::number(collections.value(typedindice(indice)).toInteger()));
     return Reussite;
 }
@@ -221,9 +225,9 @@ int dossiers(Contexte& contexte) {
     const QString chemin = contexte.arguments().first();
     const auto cree = Database::create(chemin, dossiersSchema());
     if (!cree.database)
-        return contexte.echouefichier(9331, chemin, cree.obstacle, cree.message);
+        return contexte.echouefichier(Texte::FichierNonEcrit, chemin, cree.obstacle, cree.message);
     Database& base = *cree.database;
-    TableWriter parametres(base, QStringLiteral("paramètres"), {QStringLiteral("dernoarborescence")});
+    TableWriter parametres(base, u"paramètres"_s, {u"dernoarborescence"_s});
     if (parametres.add({0}) && parametres.finish() && base.sync())
         return Reussite;
     const Obstacle obstacle = base.obstacle();
@@ -232,7 +236,7 @@ int dossiers(Contexte& contexte) {
     base.close();
     // Half a store is none.
     QFile::remove(chemin);
-    return contexte.echouefichier(9331, chemin, obstacle, mots);
+    return contexte.echouefichier(Texte::FichierNonEcrit, chemin, obstacle, mots);
 }
 
 } // namespace velm::outil

@@ -1,5 +1,6 @@
 // Commands that make a base.
 #include "collection/collection.h"
+#include "core/texte.h"
 #include "outil/sortie.h"
 #include "platform/system/files.h"
 #include "platform/text/number.h"
@@ -12,6 +13,8 @@
 #include <unistd.h>
 
 namespace velm::outil {
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -30,7 +33,7 @@ Progres progresterminal(Contexte& contexte) {
         depuis.restart();
         const qint64 part = total > 0 ? fait * 100 / total : 100;
         const QByteArray ligne =
-            '\r' + contexte.texte(static_cast<int>(etape)).toUtf8() + "  " + QByteArray::number(part) + " %   ";
+            '\r' + contexte.texte(libelledetape(etape)).toUtf8() + "  " + QByteArray::number(part) + " %   ";
         std::fwrite(ligne.constData(), 1, static_cast<std::size_t>(ligne.size()), stderr);
         if (etape == Etape::Ecriture && fait >= total)
             std::fputc('\n', stderr);
@@ -38,33 +41,30 @@ Progres progresterminal(Contexte& contexte) {
 }
 
 QJsonObject comptesjson(const ComptesDeBase& c) {
-    return {{QStringLiteral("documents"), c.documents}, {QStringLiteral("noeuds"), c.noeuds},
-            {QStringLiteral("liens"), c.liens},         {QStringLiteral("mots"), c.mots},
-            {QStringLiteral("motscles"), c.motscles},   {QStringLiteral("articles"), c.articles},
-            {QStringLiteral("types"), c.types}};
+    return {{u"documents"_s, c.documents}, {u"noeuds"_s, c.noeuds},     {u"liens"_s, c.liens}, {u"mots"_s, c.mots},
+            {u"motscles"_s, c.motscles},   {u"articles"_s, c.articles}, {u"types"_s, c.types}};
 }
 
 void ecritjson(Contexte& contexte, const ResultatCompilation& resultat) {
     QJsonArray problemes;
     for (const Probleme& probleme : resultat.problemes)
-        problemes.append(phrase(probleme, [&](int id) { return contexte.texte(id); }));
-    const QJsonObject objet{
-        {QStringLiteral("faite"), resultat.faite()},     {QStringLiteral("secondes"), resultat.secondes},
-        {QStringLiteral("erreurs"), resultat.erreurs()}, {QStringLiteral("avertissements"), resultat.avertissements()},
-        {QStringLiteral("problemes"), problemes},        {QStringLiteral("comptes"), comptesjson(resultat.comptes)}};
+        problemes.append(phrase(probleme, [&](Texte lequel) { return contexte.texte(lequel); }));
+    const QJsonObject objet{{u"faite"_s, resultat.faite()},     {u"secondes"_s, resultat.secondes},
+                            {u"erreurs"_s, resultat.erreurs()}, {u"avertissements"_s, resultat.avertissements()},
+                            {u"problemes"_s, problemes},        {u"comptes"_s, comptesjson(resultat.comptes)}};
     contexte.ecrit(QJsonDocument(objet).toJson(QJsonDocument::Indented));
 }
 
 void ecritproblemes(Contexte& contexte, const ResultatCompilation& resultat) {
     const std::size_t affiches = std::min(resultat.problemes.size(), problemesaffiches);
     for (std::size_t rang = 0; rang < affiches; ++rang)
-        contexte.erreur(phrase(resultat.problemes[rang], [&](int id) { return contexte.texte(id); }));
+        contexte.erreur(phrase(resultat.problemes[rang], [&](Texte lequel) { return contexte.texte(lequel); }));
     if (resultat.problemes.size() > problemesaffiches)
-        contexte.erreur(contexte.texte(9369, {QString::number(problemesaffiches)}));
+        contexte.erreur(contexte.texte(Texte::TropDeProblemes, {QString::number(problemesaffiches)}));
     if (resultat.erreurs() > 0)
-        contexte.erreur(contexte.texte(9376, {QString::number(resultat.erreurs())}));
+        contexte.erreur(contexte.texte(Texte::NombreDErreurs, {QString::number(resultat.erreurs())}));
     if (resultat.avertissements() > 0)
-        contexte.erreur(contexte.texte(9375, {QString::number(resultat.avertissements())}));
+        contexte.erreur(contexte.texte(Texte::NombreDAvertissements, {QString::number(resultat.avertissements())}));
 }
 
 int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QString& base, bool json) {
@@ -76,17 +76,17 @@ int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QStri
     case ResultatCompilation::Etat::Faite:
         break;
     case ResultatCompilation::Etat::SourceIncorrecte:
-        return contexte.echoue(SourceFautive, 9378);
+        return contexte.echoue(SourceFautive, Texte::AucuneBaseEcrite);
     case ResultatCompilation::Etat::DisquePlein:
-        return contexte.echoue(Echec, 9337);
+        return contexte.echoue(Echec, Texte::DisquePlein);
     case ResultatCompilation::Etat::EcritureImpossible:
-        return contexte.echouefichier(9331, base, resultat.obstacle, resultat.raison);
+        return contexte.echouefichier(Texte::FichierNonEcrit, base, resultat.obstacle, resultat.raison);
     }
     if (!json) {
         const ComptesDeBase& c = resultat.comptes;
-        contexte.ligne(
-            contexte.texte(9374, {QString::number(c.documents), QString::number(c.liens), QString::number(c.mots)}));
-        contexte.ligne(contexte.texte(9377, {base, QString::number(resultat.secondes, 'f', 1)}));
+        contexte.ligne(contexte.texte(Texte::BilanDeCompilation, {QString::number(c.documents),
+                                                                  QString::number(c.liens), QString::number(c.mots)}));
+        contexte.ligne(contexte.texte(Texte::BaseEcrite, {base, QString::number(resultat.secondes, 'f', 1)}));
     }
     return Reussite;
 }
@@ -94,27 +94,27 @@ int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QStri
 } // namespace
 
 int compiler(Contexte& contexte) {
-    const bool json = contexte.option(QStringLiteral("--json"));
-    const bool textes = !contexte.option(QStringLiteral("--sans-texte"));
+    const bool json = contexte.option(u"--json"_s);
+    const bool textes = !contexte.option(u"--sans-texte"_s);
     const QString base = contexte.arguments().at(1);
     return conclut(contexte, compile(contexte.arguments().first(), base, progresterminal(contexte), textes), base,
                    json);
 }
 
 int synthese(Contexte& contexte) {
-    const bool json = contexte.option(QStringLiteral("--json"));
-    const bool textes = !contexte.option(QStringLiteral("--sans-texte"));
-    const QString mots = contexte.valeur(QStringLiteral("--mots"));
+    const bool json = contexte.option(u"--json"_s);
+    const bool textes = !contexte.option(u"--sans-texte"_s);
+    const QString mots = contexte.valeur(u"--mots"_s);
     const auto documents = wholeNumber(contexte.arguments().first());
     constexpr qint64 leplus = qint64{11} * 999999;
     if (!documents || *documents < 1 || *documents > leplus)
-        return contexte.echoue(LigneIncorrecte, 9339, {contexte.arguments().first(), QStringLiteral("N")});
+        return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre, {contexte.arguments().first(), u"N"_s});
     OptionsSynthese options = optionssynthese(*documents);
     options.textes = textes;
     if (!mots.isEmpty()) {
         const auto nombre = wholeNumber(mots);
         if (!nombre || *nombre < 1 || *nombre > 100000)
-            return contexte.echoue(LigneIncorrecte, 9339, {mots, QStringLiteral("--mots")});
+            return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre, {mots, u"--mots"_s});
         options.mots = static_cast<int>(*nombre);
     }
     const QString base = contexte.arguments().at(1);

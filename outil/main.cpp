@@ -1,6 +1,8 @@
 #include "core/noms.h"
 #include "core/raisons.h"
 #include "core/reglages.h"
+#include "core/tablereglages.h"
+#include "core/texte.h"
 #include "outil/commande.h"
 #include "outil/sortie.h"
 #include "platform/base/failure.h"
@@ -12,6 +14,7 @@
 #include <cstdlib>
 
 using namespace velm;
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -26,7 +29,7 @@ int lance(outil::Contexte& contexte, QStringList ligne) {
     if (!version && !QString::fromLatin1(outil::optionaide.noms).split(u' ').contains(nom))
         return outil::execute(contexte, nom, ligne);
     if (!ligne.isEmpty())
-        return contexte.echoue(outil::LigneIncorrecte, 9547, {ligne.first()});
+        return contexte.echoue(outil::LigneIncorrecte, Texte::ArgumentEnTrop, {ligne.first()});
     if (version)
         contexte.ligne(QStringLiteral(VELM_VERSION));
     else
@@ -38,7 +41,7 @@ int lancesansdeborder(outil::Contexte& contexte, const QStringList& ligne) {
     try {
         return lance(contexte, ligne);
     } catch (const std::bad_alloc&) {
-        contexte.erreur(contexte.texte(9539));
+        contexte.erreur(contexte.texte(Texte::RaisonMemoire));
         return outil::Echec;
     }
 }
@@ -53,9 +56,7 @@ int main(int argc, char** argv) {
     ReglagesStore magasin(noms::fichierreglages());
     Reglages reglages(magasin);
     reglages.choisitmaitre(joinPath(dossier, u"master.ini"));
-    langue.choisitfichier(
-        dossier, dossier,
-        reglages.texte(QStringLiteral("LANGUE"), QStringLiteral("EXTENSION"), QStringLiteral("FR"), true));
+    langue.choisitfichier(dossier, dossier, reglages.lit(reglage::langue));
     setRuntimeErrorHandler([&](const RuntimeFailure& erreur) {
         outil::Contexte contexte(langue, dossier);
         contexte.erreur(raisondelerreur(langue, erreur));
@@ -66,7 +67,7 @@ int main(int argc, char** argv) {
     int code = lancesansdeborder(contexte, QCoreApplication::arguments().mid(1));
     // A result that a full disk has cut is no success.
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
-        code = contexte.echoue(outil::Echec, 9331, {QStringLiteral("stdout"), qt_error_string()});
+        code = contexte.echoue(outil::Echec, Texte::FichierNonEcrit, {u"stdout"_s, qt_error_string()});
     // A text that is missing everywhere shows as its number, as in the program.
     for (const QString& numero : std::as_const(manquants))
         contexte.erreur(numero);

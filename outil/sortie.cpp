@@ -9,8 +9,8 @@ namespace velm::outil {
 Contexte::Contexte(Langue& langue, QString dossierprogramme)
     : langue_(langue), dossierprogramme_(std::move(dossierprogramme)) {}
 
-QString Contexte::texte(int id, const QStringList& parties) {
-    return remplace(texte(id), parties);
+QString Contexte::texte(Texte lequel, const QStringList& parties) {
+    return remplace(texte(lequel), parties);
 }
 
 void Contexte::ecrit(QByteArrayView octets) const {
@@ -26,20 +26,20 @@ void Contexte::erreur(const QString& texte) const {
     std::fwrite(octets.constData(), 1, static_cast<std::size_t>(octets.size()), stderr);
 }
 
-int Contexte::echoue(Code code, int id, const QStringList& parties) {
-    erreur(texte(id, parties));
+int Contexte::echoue(Code code, Texte lequel, const QStringList& parties) {
+    erreur(texte(lequel, parties));
     return code;
 }
 
-int Contexte::echouefichier(int id, const QString& chemin, Obstacle obstacle, const QString& mots) {
-    return echoue(Echec, id, {chemin, raison(obstacle, mots, [this](int n) { return texte(n); })});
+int Contexte::echouefichier(Texte lequel, const QString& chemin, Obstacle obstacle, const QString& mots) {
+    return echoue(Echec, lequel, {chemin, raison(obstacle, mots, [this](Texte pourquoi) { return texte(pourquoi); })});
 }
 
 std::optional<QByteArray> litfichier(Contexte& contexte, const QString& chemin, FileKind sorte) {
     FileBytes lu = readFile(chemin, sorte);
     if (lu.ok())
         return std::move(lu.bytes);
-    contexte.echouefichier(9330, chemin, lu.error.kind, lu.error.words);
+    contexte.echouefichier(Texte::FichierIllisible, chemin, lu.error.kind, lu.error.words);
     return std::nullopt;
 }
 

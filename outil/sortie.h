@@ -1,6 +1,7 @@
 #pragma once
 // What every command of the tool gets: the texts, its arguments, and two places to write.
 #include "core/langue.h"
+#include "core/texte.h"
 #include "platform/system/files.h"
 
 #include <QByteArray>
@@ -34,8 +35,8 @@ public:
     QString valeur(const QString& nom) const { return options_.value(nom); }
     const QStringList& arguments() const { return arguments_; }
 
-    QString texte(int id) { return langue_.lireressource(id); }
-    QString texte(int id, const QStringList& parties);
+    QString texte(Texte lequel) { return langue_.lireressource(lequel); }
+    QString texte(Texte lequel, const QStringList& parties);
     Langue& langue() { return langue_; }
     QString dossierprogramme() const { return dossierprogramme_; }
 
@@ -44,9 +45,9 @@ public:
     void erreur(const QString& texte) const;
 
     /// Says what is wrong and gives the code back.
-    int echoue(Code code, int id, const QStringList& parties = {});
-    /// Says that a file cannot be read (9330) or written (9331), and why.
-    int echouefichier(int id, const QString& chemin, Obstacle obstacle, const QString& mots);
+    int echoue(Code code, Texte lequel, const QStringList& parties = {});
+    /// Says that a file cannot be read or written (`lequel`), and why.
+    int echouefichier(Texte lequel, const QString& chemin, Obstacle obstacle, const QString& mots);
 
 private:
     Langue& langue_;

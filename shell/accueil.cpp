@@ -1,5 +1,6 @@
 #include "shell/accueil.h"
 
+#include "core/texte.h"
 #include "shell/frmabout.h"
 #include "shell/splash.h"
 
@@ -19,10 +20,10 @@ void EcranAccueil::afficheetape(const QString& texte) {
 }
 
 void EcranAccueil::montreaccueil() {
-    fenetre_ = std::make_unique<frmSplash>(
-        frmSplash::Textes{langue_.lireressource(8),
-                          langue_.lireressource(2) + u' ' + versioncourte(QCoreApplication::applicationVersion()),
-                          langue_.lireressource(7)});
+    fenetre_ = std::make_unique<frmSplash>(frmSplash::Textes{langue_.lireressource(Texte::NomDuProgramme),
+                                                             langue_.lireressource(Texte::Version) + u' ' +
+                                                                 versioncourte(QCoreApplication::applicationVersion()),
+                                                             langue_.lireressource(Texte::NomComplet)});
     fenetre_->estmontree = [this] { sablier_.fixepointeur(Sablier::defaut); };
     fenetre_->changeetape(etape_);
     fenetre_->show();

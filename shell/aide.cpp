@@ -1,5 +1,6 @@
 #include "shell/aide.h"
 
+#include "core/texte.h"
 #include "platform/system/files.h"
 
 namespace velm {
@@ -14,7 +15,8 @@ void Aide::ouvre() const {
             return;
         }
     }
-    monde.dialogues.message(langue.lireressource(7030), langue.lireressource(8), Icone::Information);
+    monde.dialogues.message(langue.lireressource(Texte::AucunFichierDAide), langue.lireressource(Texte::NomDuProgramme),
+                            Icone::Information);
 }
 
 } // namespace velm

@@ -1,5 +1,6 @@
 #include "shell/fenetresannexes.h"
 
+#include "core/tablereglages.h"
 #include "document/ui/frmfindform.h"
 #include "document/ui/textes.h"
 #include "platform/system/systeminfo.h"
@@ -36,11 +37,8 @@ void FenetresAnnexes::astuce() {
     const Parametres& parametres = donnees_.seance.parametres();
     const QString fichier = Astuces::cheminfichier(parametres.repertoireapplication, parametres.extensionlangue);
     Reglages& reglages = donnees_.reglages;
-    const auto coche = reglages.entier(QStringLiteral("OPTIONS"), QStringLiteral("TIPS"), 1, true) != 0;
-    const auto change = [&reglages](bool montrees) {
-        reglages.savesetting(QStringLiteral("OPTIONS"), QStringLiteral("TIPS"),
-                             montrees ? QStringLiteral("1") : QStringLiteral("0"));
-    };
+    const auto coche = reglages.lit(reglage::astuces) != 0;
+    const auto change = [&reglages](bool montrees) { reglages.ecrit(reglage::astuces, montrees ? 1 : 0); };
     montre(new frmTip(donnees_.texte, astuces_, fichier, {coche, change}, &ecran_));
 }
 

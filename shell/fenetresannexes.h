@@ -2,14 +2,13 @@
 // What the program shows beside its documents: the tip, the about box, the partners, the find dialog.
 #include "core/corpus.h"
 #include "core/reglages.h"
+#include "core/texte.h"
 #include "shell/logique/astuces.h"
 #include "shell/logique/seance.h"
 #include "shell/mondeexterieur.h"
 
 #include <QPointer>
 #include <QRandomGenerator>
-
-#include <functional>
 
 class QDialog;
 
@@ -27,7 +26,7 @@ public:
         Corpus& corpus;
         Seance& seance;
         const MondeExterieur& monde;
-        std::function<QString(int)> texte;
+        Libelles texte;
     };
     FenetresAnnexes(Ecrangeneral& ecran, Bureau& bureau, Donnees donnees);
 

@@ -1,6 +1,7 @@
 #include "shell/frmabout.h"
 
 #include "core/langue.h"
+#include "core/texte.h"
 #include "platform/system/dialogues.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
@@ -32,11 +33,11 @@ QString versioncourte(const QString& version) {
     return QVersionNumber(lue.majorVersion(), lue.minorVersion(), lue.microVersion()).toString();
 }
 
-frmAbout::frmAbout(const std::function<QString(int)>& texte, const QString& version, const QString& collection,
-                   Rappels rappels, Dialogues& dialogues, QWidget* parent)
+frmAbout::frmAbout(const Libelles& texte, const QString& version, const QString& collection, Rappels rappels,
+                   Dialogues& dialogues, QWidget* parent)
     : QDialog(parent), texte_(texte), rappels_(std::move(rappels)), dialogues_(dialogues) {
     setObjectName(u"frmAbout"_s);
-    setWindowTitle(texte_(161));
+    setWindowTitle(texte_(Texte::TitreAPropos));
     setWindowModality(Qt::ApplicationModal);
     minuterie_ = new QTimer(this);
     minuterie_->setObjectName(u"Timer1"_s);
@@ -49,8 +50,9 @@ frmAbout::frmAbout(const std::function<QString(int)>& texte, const QString& vers
 /// What a publisher calls it may be of any length; the box is not.
 QLabel* frmAbout::titredelabase(const QString& collection) {
     const bool entier = collection.size() <= caracteresdetitre;
-    auto* titre =
-        new QLabel(remplace(texte_(9521), {entier ? collection : collection.left(caracteresdetitre) + u'…'}), this);
+    auto* titre = new QLabel(
+        remplace(texte_(Texte::CollectionNommee), {entier ? collection : collection.left(caracteresdetitre) + u'…'}),
+        this);
     titre->setObjectName(u"lblCollection"_s);
     titre->setTextFormat(Qt::PlainText);
     titre->setWordWrap(true);
@@ -61,32 +63,33 @@ QLabel* frmAbout::titredelabase(const QString& collection) {
 void frmAbout::construit(const QString& version, const QString& collection) {
     logo_ = new Logo(cotelogo, this);
     logo_->setObjectName(u"Picture2"_s);
-    logo_->setAccessibleName(texte_(8));
+    logo_->setAccessibleName(texte_(Texte::NomDuProgramme));
 
-    auto* titre = plainLabel(texte_(8), this);
+    auto* titre = plainLabel(texte_(Texte::NomDuProgramme), this);
     titre->setObjectName(u"lblTitle"_s);
     QFont police = titre->font();
     police.setPointSizeF(police.pointSizeF() * 1.2);
     police.setWeight(QFont::DemiBold);
     titre->setFont(police);
-    auto* numero = plainLabel(texte_(2) + u' ' + versioncourte(version), this);
+    auto* numero = plainLabel(texte_(Texte::Version) + u' ' + versioncourte(version), this);
     numero->setObjectName(u"lblVersion"_s);
     numero->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
     QStringList phrases;
-    for (const int n : {60, 61, 62, 63})
-        phrases.append(texte_(n));
+    for (const Texte mention : {Texte::MentionDesDroits, Texte::MentionDeLaReproduction, Texte::MentionDeLaValeur,
+                                Texte::MentionDeLaResponsabilite})
+        phrases.append(texte_(mention));
     auto* conditions = plainLabel(phrases.join(u' '), this);
     conditions->setObjectName(u"conditions"_s);
     conditions->setTextFormat(Qt::PlainText);
     conditions->setWordWrap(true);
     conditions->setMinimumWidth(largeurtexte);
 
-    auto* ok = new QPushButton(texte_(4), this);
+    auto* ok = new QPushButton(texte_(Texte::BoutonOk), this);
     ok->setObjectName(u"cmdok"_s);
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &QDialog::close);
-    auto* systeme = new QPushButton(texte_(5), this);
+    auto* systeme = new QPushButton(texte_(Texte::BoutonInformationsSysteme), this);
     systeme->setObjectName(u"cmdSysInfo"_s);
     systeme->setAutoDefault(false);
     connect(systeme, &QPushButton::clicked, this, &frmAbout::informationssysteme);
@@ -143,7 +146,8 @@ void frmAbout::basculeanimation() {
 
 void frmAbout::informationssysteme() {
     if (!rappels_.lancesysinfo || !rappels_.lancesysinfo())
-        dialogues_.message(texte_(6), texte_(161), Icone::Information);
+        dialogues_.message(texte_(Texte::InformationsSystemeIntrouvables), texte_(Texte::TitreAPropos),
+                           Icone::Information);
 }
 
 } // namespace velm

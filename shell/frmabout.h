@@ -1,5 +1,7 @@
 #pragma once
 // What the program is, its version and its conditions.
+#include "core/texte.h"
+
 #include <QDialog>
 
 #include <functional>
@@ -25,8 +27,8 @@ public:
     };
 
     /// `collection` is the title of the open base; empty for none.
-    frmAbout(const std::function<QString(int)>& texte, const QString& version, const QString& collection,
-             Rappels rappels, Dialogues& dialogues, QWidget* parent = nullptr);
+    frmAbout(const Libelles& texte, const QString& version, const QString& collection, Rappels rappels,
+             Dialogues& dialogues, QWidget* parent = nullptr);
 
 protected:
     void showEvent(QShowEvent* evenement) override;
@@ -38,7 +40,7 @@ private:
     void basculeanimation();
     void informationssysteme();
 
-    std::function<QString(int)> texte_;
+    Libelles texte_;
     Rappels rappels_;
     Dialogues& dialogues_;
     Logo* logo_ = nullptr;

@@ -1,5 +1,6 @@
 #include "shell/frmconnexion.h"
 
+#include "core/texte.h"
 #include "platform/widgets/look/look.h"
 
 #include <QHBoxLayout>
@@ -18,10 +19,10 @@ constexpr int largeurtexte = 400;
 
 } // namespace
 
-frmconnexion::frmconnexion(const std::function<QString(int)>& texte, Connexion& connexion, QWidget* parent)
+frmconnexion::frmconnexion(const Libelles& texte, Connexion& connexion, QWidget* parent)
     : QDialog(parent), connexion_(connexion), lieu_(etiquette("Label1")), cause_(etiquette("Label2")) {
     setObjectName(u"frmconnexion"_s);
-    setWindowTitle(texte(7100));
+    setWindowTitle(texte(Texte::TitreConnexion));
     setWindowModality(Qt::ApplicationModal);
     construit(texte);
     conclut(false);
@@ -44,15 +45,15 @@ QPushButton* frmconnexion::bouton(const char* nom, const QString& texte) {
     return neuf;
 }
 
-void frmconnexion::construit(const std::function<QString(int)>& texte) {
+void frmconnexion::construit(const Libelles& texte) {
     auto* image = new QLabel(this);
     const int cote = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
     image->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).pixmap(cote, cote));
     auto* suite = etiquette("Label3");
-    suite->setText(texte(7103) + u" :"_s);
-    QPushButton* const encore = bouton("Command1", texte(7104));
-    QPushButton* const ailleurs = bouton("Command2", texte(7105));
-    QPushButton* const quitte = bouton("Command3", texte(116));
+    suite->setText(texte(Texte::VousPouvez) + u" :"_s);
+    QPushButton* const encore = bouton("Command1", texte(Texte::Reessayer));
+    QPushButton* const ailleurs = bouton("Command2", texte(Texte::RechercherLaBase));
+    QPushButton* const quitte = bouton("Command3", texte(Texte::Quitter));
     encore->setDefault(true);
     connect(encore, &QPushButton::clicked, this, [this] { conclut(connexion_.reessaie()); });
     connect(ailleurs, &QPushButton::clicked, this, [this] { conclut(connexion_.cherche()); });

@@ -1,5 +1,6 @@
 #pragma once
 // The dialog of a base that does not open: try again, find it, or leave.
+#include "core/texte.h"
 #include "shell/logique/connexion.h"
 
 #include <QDialog>
@@ -15,12 +16,12 @@ class frmconnexion final : public QDialog {
 
 public:
     /// `connexion` is not owned and must live longer.
-    frmconnexion(const std::function<QString(int)>& texte, Connexion& connexion, QWidget* parent = nullptr);
+    frmconnexion(const Libelles& texte, Connexion& connexion, QWidget* parent = nullptr);
 
 private:
     QLabel* etiquette(const char* nom);
     QPushButton* bouton(const char* nom, const QString& texte);
-    void construit(const std::function<QString(int)>& texte);
+    void construit(const Libelles& texte);
     void conclut(bool ouverte);
 
     Connexion& connexion_;

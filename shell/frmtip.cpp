@@ -1,5 +1,6 @@
 #include "shell/frmtip.h"
 
+#include "core/texte.h"
 #include "platform/widgets/look/icons.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
@@ -40,24 +41,23 @@ QScrollArea* feuille(QLabel* texte, QWidget* parent) {
 
 } // namespace
 
-frmTip::frmTip(const std::function<QString(int)>& texte, Astuces& astuces, const QString& fichier, Demarrage demarrage,
-               QWidget* parent)
+frmTip::frmTip(const Libelles& texte, Astuces& astuces, const QString& fichier, Demarrage demarrage, QWidget* parent)
     : QDialog(parent), astuces_(astuces), change_(std::move(demarrage.change)) {
     setObjectName(u"frmTip"_s);
-    setWindowTitle(texte(3000));
+    setWindowTitle(texte(Texte::TitreAstuce));
     setWindowModality(Qt::ApplicationModal);
     construit(texte, demarrage.coche);
     if (!astuces_.loadtips(fichier))
-        texte_->setText(texte(3004));
+        texte_->setText(texte(Texte::AucuneAstuce));
     montreastuce();
 }
 
-void frmTip::construit(const std::function<QString(int)>& texte, bool coche) {
+void frmTip::construit(const Libelles& texte, bool coche) {
     auto* image = plainLabel({}, this);
     image->setObjectName(u"Image1"_s);
     image->setPixmap(icon(u"astuce"_s).pixmap(QSize(coteimage, coteimage), devicePixelRatioF()));
 
-    auto* titre = plainLabel(texte(3003), this);
+    auto* titre = plainLabel(texte(Texte::LeSaviezVous), this);
     titre->setObjectName(u"Label1"_s);
     QFont police = titre->font();
     police.setPointSizeF(police.pointSizeF() * 1.2);
@@ -66,11 +66,11 @@ void frmTip::construit(const std::function<QString(int)>& texte, bool coche) {
 
     texte_ = plainLabel({}, nullptr);
     texte_->setObjectName(u"lblTipText"_s);
-    texte_->setAccessibleName(texte(3000));
+    texte_->setAccessibleName(texte(Texte::TitreAstuce));
     QScrollArea* zone = feuille(texte_, this);
-    zone->setAccessibleName(texte(3000));
+    zone->setAccessibleName(texte(Texte::TitreAstuce));
 
-    auto* case_ = new QCheckBox(texte(3001), this);
+    auto* case_ = new QCheckBox(texte(Texte::AstucesAuDemarrage), this);
     case_->setObjectName(u"chkLoadTipsAtStartup"_s);
     case_->setChecked(coche);
     connect(case_, &QCheckBox::clicked, this, [this](bool cochee) {
@@ -78,11 +78,11 @@ void frmTip::construit(const std::function<QString(int)>& texte, bool coche) {
             change_(cochee);
     });
 
-    auto* ok = new QPushButton(texte(4), this);
+    auto* ok = new QPushButton(texte(Texte::BoutonOk), this);
     ok->setObjectName(u"cmdok"_s);
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &QDialog::close);
-    auto* suivante = new QPushButton(texte(3002), this);
+    auto* suivante = new QPushButton(texte(Texte::AstuceSuivante), this);
     suivante->setObjectName(u"cmdNextTip"_s);
     suivante->setAutoDefault(false);
     connect(suivante, &QPushButton::clicked, this, [this] {

@@ -1,5 +1,7 @@
 #pragma once
 // The tip of the day.
+#include "core/texte.h"
+
 #include <QDialog>
 
 #include <functional>
@@ -22,11 +24,11 @@ public:
 
     /// Loads the tips of the file at once and shows one of them; without the file it says so. The tips must live as
     /// long as the window.
-    frmTip(const std::function<QString(int)>& texte, Astuces& astuces, const QString& fichier, Demarrage demarrage,
+    frmTip(const Libelles& texte, Astuces& astuces, const QString& fichier, Demarrage demarrage,
            QWidget* parent = nullptr);
 
 private:
-    void construit(const std::function<QString(int)>& texte, bool coche);
+    void construit(const Libelles& texte, bool coche);
     void montreastuce();
 
     Astuces& astuces_;

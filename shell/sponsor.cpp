@@ -1,6 +1,7 @@
 #include "shell/sponsor.h"
 
 #include "core/langue.h"
+#include "core/texte.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
 
@@ -21,13 +22,13 @@ constexpr QSize cadre(32, 64);
 
 } // namespace
 
-sponsor::sponsor(const std::function<QString(int)>& texte, const QString& fichier, QWidget* parent)
+sponsor::sponsor(const Libelles& texte, const QString& fichier, QWidget* parent)
     : QDialog(parent), image_(plainLabel({}, this)) {
     setObjectName(u"sponsor"_s);
-    setWindowTitle(texte(162));
+    setWindowTitle(texte(Texte::TitrePartenaires));
     setWindowModality(Qt::ApplicationModal);
     image_->setObjectName(u"Imagepartner"_s);
-    image_->setAccessibleName(texte(162));
+    image_->setAccessibleName(texte(Texte::TitrePartenaires));
     auto* disposition = new QVBoxLayout(this);
     disposition->setContentsMargins(0, 0, 0, 0);
     disposition->setSizeConstraint(QLayout::SetFixedSize);
@@ -39,7 +40,7 @@ sponsor::sponsor(const std::function<QString(int)>& texte, const QString& fichie
         place(image);
         return;
     }
-    image_->setText(remplace(texte(9420), {QDir::toNativeSeparators(fichier)}));
+    image_->setText(remplace(texte(Texte::ImagePasAffichee), {QDir::toNativeSeparators(fichier)}));
     image_->setWordWrap(true);
     image_->setMargin(look::groupSpacing);
     image_->setMinimumWidth(320);

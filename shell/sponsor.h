@@ -1,9 +1,9 @@
 #pragma once
 // The partners' picture.
+#include "core/texte.h"
+
 #include <QDialog>
 #include <QPixmap>
-
-#include <functional>
 
 class QLabel;
 
@@ -15,7 +15,7 @@ class sponsor final : public QDialog {
 public:
     /// Shows the picture of the file, a bitmap whatever its name ends in. The window takes the picture's size; a
     /// picture larger than the screen is made smaller. One that cannot be read is said in words.
-    sponsor(const std::function<QString(int)>& texte, const QString& fichier, QWidget* parent = nullptr);
+    sponsor(const Libelles& texte, const QString& fichier, QWidget* parent = nullptr);
 
 private:
     void place(const QImage& image);

@@ -1,5 +1,6 @@
 #include "document/ui/frmfindform.h"
 
+#include "core/texte.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
 #include "platform/widgets/text/richtextbox.h"
@@ -20,7 +21,7 @@ namespace {
 
 constexpr int largeurchamp = 320;
 constexpr int hauteurdeligne = 24;
-constexpr int titredesmessages = 1350;
+constexpr auto titredesmessages = Texte::TitreRechercheDansLeDocument;
 
 template <typename T>
 T* nomme(T* controle, const char* nom) {
@@ -30,11 +31,10 @@ T* nomme(T* controle, const char* nom) {
 
 } // namespace
 
-frmFindForm::frmFindForm(const std::function<QString(int)>& texte, Dialogues& dialogues, std::function<Cible()> active,
-                         QWidget* parent)
+frmFindForm::frmFindForm(const Libelles& texte, Dialogues& dialogues, std::function<Cible()> active, QWidget* parent)
     : QDialog(parent), texte_(texte), dialogues_(dialogues), active_(std::move(active)) {
     setObjectName(u"frmFindForm"_s);
-    setWindowTitle(texte_(9100));
+    setWindowTitle(texte_(Texte::TitreChercher));
     setModal(false);
     construit();
 }
@@ -43,15 +43,15 @@ void frmFindForm::construit() {
     txtFind_ = nomme(new QLineEdit(this), "txtFind");
     txtFind_->setMinimumWidth(largeurchamp);
     txtFind_->setClearButtonEnabled(true);
-    auto* etiquette = plainLabel(texte_(9101), this);
+    auto* etiquette = plainLabel(texte_(Texte::TexteARechercher), this);
     etiquette->setBuddy(txtFind_);
-    txtFind_->setAccessibleName(texte_(9101));
-    checkmot_ = nomme(new QCheckBox(texte_(9102), this), "checkmot");
-    checkcasse_ = nomme(new QCheckBox(texte_(9103), this), "checkcasse");
-    cmdFindNext_ = nomme(new QPushButton(texte_(9104), this), "cmdFindNext");
+    txtFind_->setAccessibleName(texte_(Texte::TexteARechercher));
+    checkmot_ = nomme(new QCheckBox(texte_(Texte::ChercherMotEntier), this), "checkmot");
+    checkcasse_ = nomme(new QCheckBox(texte_(Texte::ChercherAvecMajuscules), this), "checkcasse");
+    cmdFindNext_ = nomme(new QPushButton(texte_(Texte::ChercherSuivant), this), "cmdFindNext");
     cmdFindNext_->setDefault(true);
     cmdFindNext_->setEnabled(false);
-    auto* fermer = nomme(new QPushButton(texte_(9105), this), "cmdCancel");
+    auto* fermer = nomme(new QPushButton(texte_(Texte::ChercherFermer), this), "cmdCancel");
     fermer->setAutoDefault(false);
 
     auto* boutons = new QHBoxLayout;
@@ -112,8 +112,8 @@ void frmFindForm::suivant() {
     const auto issue = recherche_.suivant(cible.vue->control(), txtFind_->text(), options);
     if (issue == RechercheTexte::Issue::Trouve)
         return decouvre(*cible.vue);
-    constexpr int absent = 122;
-    constexpr int termine = 1357;
+    constexpr auto absent = Texte::TextePasTrouve;
+    constexpr auto termine = Texte::RechercheTerminee;
     dialogues_.message(texte_(issue == RechercheTexte::Issue::Absent ? absent : termine), texte_(titredesmessages));
 }
 

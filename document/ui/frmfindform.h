@@ -1,5 +1,6 @@
 #pragma once
 // The find dialog: looks for a text in the active document window. It stays on top of the frame and lets it be used.
+#include "core/texte.h"
 #include "document/recherchetexte.h"
 #include "platform/system/dialogues.h"
 
@@ -25,8 +26,7 @@ public:
         QString document;
     };
     /// `texte` gives a text by its number, `active` what is to be looked in.
-    frmFindForm(const std::function<QString(int)>& texte, Dialogues& dialogues, std::function<Cible()> active,
-                QWidget* parent = nullptr);
+    frmFindForm(const Libelles& texte, Dialogues& dialogues, std::function<Cible()> active, QWidget* parent = nullptr);
 
     /// Shows it, or brings it forward, with its text selected. A text that is given is put into it.
     void montre(const QString& propose);
@@ -37,7 +37,7 @@ private:
     /// Out of the way of the hit.
     void decouvre(const RichTextBox& vue);
 
-    std::function<QString(int)> texte_;
+    Libelles texte_;
     Dialogues& dialogues_;
     std::function<Cible()> active_;
     RechercheTexte recherche_;

@@ -5,6 +5,9 @@
 #include <QFileInfo>
 
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 QStringList patterns(const QString& field) {
@@ -12,8 +15,8 @@ QStringList patterns(const QString& field) {
     const QStringList parts = field.split(u';', Qt::SkipEmptyParts);
     for (const QString& part : parts) {
         const QString pattern = part.trimmed();
-        if (pattern == QStringLiteral("*.*")) {
-            result.append(QStringLiteral("*"));
+        if (pattern == u"*.*"_s) {
+            result.append(u"*"_s);
             continue;
         }
         result << pattern << lowerCase(pattern) << upperCase(pattern);

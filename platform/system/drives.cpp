@@ -10,6 +10,9 @@
 #include <utility>
 
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 /// The mount table writes blanks and the like as a backslash and three octal digits.
@@ -34,7 +37,7 @@ QByteArray firstLine(const QString& path) {
 }
 
 bool isOpticalDevice(const QString& device) {
-    return device.startsWith(QStringLiteral("/dev/sr")) || device.startsWith(QStringLiteral("/dev/scd"));
+    return device.startsWith(u"/dev/sr"_s) || device.startsWith(u"/dev/scd"_s);
 }
 
 bool isOpticalFileSystem(const QByteArray& type) {
@@ -71,17 +74,16 @@ QList<Lecteur> SystemLecteurs::liste() const {
             drives.append({mountPoint(fields[1]), optical ? Lecteur::Genre::Optique : Lecteur::Genre::Amovible, true});
         }
     }
-    const QStringList optical =
-        QDir(joinPath(sys_, u"block")).entryList({QStringLiteral("sr*")}, QDir::AllEntries, QDir::Name);
+    const QStringList optical = QDir(joinPath(sys_, u"block")).entryList({u"sr*"_s}, QDir::AllEntries, QDir::Name);
     for (const QString& name : optical) {
-        if (!mounted.contains(QStringLiteral("/dev/") + name))
+        if (!mounted.contains(u"/dev/"_s + name))
             drives.append({QString(), Lecteur::Genre::Optique, false});
     }
     return drives;
 }
 
 bool SystemLecteurs::isRemovable(const QString& device) const {
-    if (!device.startsWith(QStringLiteral("/dev/")))
+    if (!device.startsWith(u"/dev/"_s))
         return false;
     const QFileInfo entry(joinPath(joinPath(sys_, u"class/block"), QFileInfo(device).fileName()));
     QString folder = entry.canonicalFilePath();

@@ -14,6 +14,9 @@
 #include <unistd.h>
 
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr qint64 copyChunk = 30000;
@@ -110,7 +113,7 @@ QString folderOf(const QString& path) {
     const qsizetype separator = path.lastIndexOf(u'/');
     if (separator < 0)
         return {};
-    return separator == 0 ? QStringLiteral("/") : path.first(separator);
+    return separator == 0 ? u"/"_s : path.first(separator);
 }
 
 bool fileExists(const QString& path) {
@@ -218,7 +221,7 @@ std::optional<qint64> placelibre(const QString& path) {
 QString tempFolder() {
     // Empty when the environment names a folder that is not there.
     const QString folder = QDir::tempPath();
-    return folder.isEmpty() ? QStringLiteral("/tmp") : folder;
+    return folder.isEmpty() ? u"/tmp"_s : folder;
 }
 
 bool makeWritable(const QString& path) {

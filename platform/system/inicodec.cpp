@@ -9,6 +9,9 @@
 #include <string_view>
 
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr std::string_view lineBlanks = " \t\r\v\f";
@@ -61,13 +64,13 @@ QByteArray quoted(QStringView text) {
             result += u'\\';
             result += c;
         } else if (c == u'\n') {
-            result += QStringLiteral("\\n");
+            result += u"\\n"_s;
         } else if (c == u'\r') {
-            result += QStringLiteral("\\r");
+            result += u"\\r"_s;
         } else if (c == u'\t') {
-            result += QStringLiteral("\\t");
+            result += u"\\t"_s;
         } else if (mustEscape(text, i)) {
-            result += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+            result += u"\\u%1"_s.arg(c.unicode(), 4, 16, QLatin1Char('0'));
         } else {
             result += c;
         }

@@ -8,6 +8,9 @@
 #include <utility>
 
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 /// How long another writer is waited for; each holds the lock for one small file.
@@ -58,7 +61,7 @@ bool ReglagesStore::write() {
         return true;
     // Where no lock can be made, the write itself tells what is wrong with the place.
     QDir().mkpath(QFileInfo(path_).absolutePath());
-    QLockFile lock(path_ + QStringLiteral(".lock"));
+    QLockFile lock(path_ + u".lock"_s);
     if (!lock.tryLock(lockMilliseconds) && lock.error() == QLockFile::LockFailedError) {
         lastError_ = {Obstacle::Busy, qt_error_string(EWOULDBLOCK)};
         return false;

@@ -17,6 +17,9 @@
 #include <utility>
 
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 /// A folder that another user could fill with lures (in the shared temporary folder) is not used.
@@ -62,7 +65,7 @@ int openPipe(const QString& path, int mode) {
 } // namespace
 
 QString SingleInstance::defaultFolder(const QString& name) {
-    const QString usual = QStringLiteral("/run/user/%1").arg(geteuid());
+    const QString usual = u"/run/user/%1"_s.arg(geteuid());
     for (const QString& runtime : {qEnvironmentVariable("XDG_RUNTIME_DIR"), usual}) {
         if (!runtime.isEmpty() && isOurs(runtime))
             return runtime;
@@ -71,10 +74,10 @@ QString SingleInstance::defaultFolder(const QString& name) {
 }
 
 SingleInstance::SingleInstance(const QString& name, const QString& folder)
-    : requestPath_(joinPath(folder, name + QStringLiteral(".raise"))) {
+    : requestPath_(joinPath(folder, name + u".raise"_s)) {
     // What lies in a folder that is not trusted is not written to either.
     if (makeFolder(folder))
-        lock_ = openLock(joinPath(folder, name + QStringLiteral(".lock")));
+        lock_ = openLock(joinPath(folder, name + u".lock"_s));
     else
         requestPath_.clear();
     if (lock_ < 0)

@@ -5,6 +5,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 /// Lines end at CR LF, LF or CR; the last one needs no end.
@@ -27,7 +29,7 @@ QStringList lignes(const QString& texte) {
 Astuces::Astuces(std::function<double()> hasard) : hasard_(std::move(hasard)) {}
 
 QString Astuces::cheminfichier(const QString& dossierapplication, const QString& extension) {
-    return joinPath(dossierapplication, QStringLiteral("langues/TIPS.") + extension);
+    return joinPath(dossierapplication, u"langues/TIPS."_s + extension);
 }
 
 bool Astuces::loadtips(const QString& fichier) {

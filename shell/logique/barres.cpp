@@ -1,25 +1,26 @@
 #include "shell/logique/barres.h"
 
+#include "core/tablereglages.h"
+
 namespace velm {
 
 namespace {
 
-struct Cles {
-    QString position;
-    QString visible;
+struct ReglagesBarre {
+    ReglageEntier position;
+    ReglageEntier visible;
 };
 
-Cles clesde(Barre barre) {
+ReglagesBarre reglagesde(Barre barre) {
     switch (barre) {
     case Barre::Ecran:
-        return {QStringLiteral("ECRAN"), QStringLiteral("ECRANVISIBLE")};
+        return {reglage::barreecran, reglage::ecranvisible};
     case Barre::Outils:
-        return {QStringLiteral("OUTILS"), QStringLiteral("OUTILSVISIBLES")};
+        return {reglage::barreoutils, reglage::outilsvisibles};
     case Barre::Commande:
         break;
     }
-    // The command bar's visibility is saved under a key that nobody reads, so that this bar comes back at each start.
-    return {QStringLiteral("COMMANDE"), QStringLiteral("COMMANDESVISISIBLES")};
+    return {reglage::barrecommande, reglage::commandesvisiblesecrit};
 }
 
 bool estplace(int position) {
@@ -47,16 +48,14 @@ void EtatBarres::place(Barre barre, int position) {
     ici.visible = position != 0;
     if (ici.visible)
         ici.position = position;
-    const QString section = QStringLiteral("BARRE");
-    const Cles cles = clesde(barre);
-    reglages_.savesetting(section, cles.position, QString::number(ici.position));
-    reglages_.savesetting(section, cles.visible, ici.visible ? QStringLiteral("1") : QStringLiteral("0"));
+    const ReglagesBarre reglages = reglagesde(barre);
+    reglages_.ecrit(reglages.position, ici.position);
+    reglages_.ecrit(reglages.visible, ici.visible ? 1 : 0);
 }
 
 void EtatBarres::commuteetat() {
     etat_ = !etat_;
-    reglages_.savesetting(QStringLiteral("BARRE"), QStringLiteral("ETAT"),
-                          etat_ ? QStringLiteral("1") : QStringLiteral("0"));
+    reglages_.ecrit(reglage::barreetat, etat_);
 }
 
 std::optional<FondEcran> fondecran(int numero, qint64 fondcouleur) {

@@ -1,6 +1,8 @@
 #include "shell/logique/seance.h"
 
 #include "core/cle.h"
+#include "core/tablereglages.h"
+#include "core/texte.h"
 #include "platform/base/memory.h"
 #include "platform/system/files.h"
 #include "platform/text/number.h"
@@ -9,12 +11,9 @@
 
 namespace velm {
 
-namespace {
+using namespace Qt::Literals::StringLiterals;
 
-const QString& sectionbase() {
-    static const QString section = QStringLiteral("BASE");
-    return section;
-}
+namespace {
 
 constexpr QStringView nomdelabase = u"velm2000.dat";
 
@@ -30,15 +29,15 @@ Seance::Seance(Environnement environnement, Reglages& reglages, Langue& langue, 
       ecrans_(ecrans) {}
 
 void Seance::afficheetape(const QString& texte) {
-    ecrans_.accueil.afficheetape(texte + QStringLiteral("..."));
+    ecrans_.accueil.afficheetape(texte + u"..."_s);
 }
 
 QString Seance::libelle(int indice) {
-    return langue_.lireressource(indice + 10);
+    return langue_.lireressource(libelledefenetre(indice));
 }
 
 QString Seance::libelleetape(int indice) {
-    return libelle(indice) + QStringLiteral(" - ") + langue_.lireressource(503);
+    return libelle(indice) + u" - "_s + langue_.lireressource(Texte::EtapeFenetres);
 }
 
 void Seance::choisitrepertoiredebase(const QString& repertoire) {
@@ -48,11 +47,11 @@ void Seance::choisitrepertoiredebase(const QString& repertoire) {
 
 Demarrage Seance::demarre() {
     if (env_.autreinstance()) {
-        env_.remonteinstance(reglages_.getsetting(QStringLiteral("HWND"), QStringLiteral("HWnd"), QStringLiteral("0")));
+        env_.remonteinstance(reglages_.lit(reglage::instance));
         return Demarrage::AutreInstance;
     }
     restaureriched();
-    reglages_.savesetting(sectionbase(), QStringLiteral("APPLICATION"), env_.dossierprogramme);
+    reglages_.ecrit(reglage::dossierapplication, env_.dossierprogramme);
     parametres_ = litparametres(reglages_, langue_, env_.dossierprogramme);
     env_.enregistreextensions(parametres_.repertoireapplication, parametres_.repertoireediteur);
     ecrans_.litstyles();
@@ -61,7 +60,7 @@ Demarrage Seance::demarre() {
     if (parametres_.repertoireediteur.isEmpty())
         parametres_.repertoireediteur = env_.dossierprogramme;
     choisitrepertoiredebase(parametres_.repertoiredebase);
-    afficheetape(langue_.lireressource(500));
+    afficheetape(langue_.lireressource(Texte::EtapeDemarrage));
     cherchepartenaires();
     if (metajour())
         return Demarrage::MiseAJour;
@@ -71,16 +70,15 @@ Demarrage Seance::demarre() {
     if (!ouvrebase())
         return Demarrage::Renonce;
     ecrans_.dossiers.ouvredossiers();
-    afficheetape(langue_.lireressource(501));
-    afficheetape(langue_.lireressource(502));
+    afficheetape(langue_.lireressource(Texte::EtapeBaseOuverte));
+    afficheetape(langue_.lireressource(Texte::EtapeFenetrePrincipale));
     const QString handle = ecrans_.cadre.chargeprincipale();
-    reglages_.savesetting(QStringLiteral("HWND"), QStringLiteral("HWnd"), handle);
+    reglages_.ecrit(reglage::instance, handle);
     ecrans_.cadre.montreprincipale();
     ecrans_.accueil.fermeaccueil();
     if (!env_.lignedecommande.isEmpty())
         traitelignedecommande(env_.lignedecommande);
-    const qint64 astuces = reglages_.entier(QStringLiteral("OPTIONS"), QStringLiteral("TIPS"), 1, true);
-    if (astuces != 0 && !sansastuce_)
+    if (reglages_.lit(reglage::astuces) != 0 && !sansastuce_)
         ecrans_.cadre.astuce();
     return Demarrage::EnMarche;
 }
@@ -107,7 +105,7 @@ bool Seance::metajour() {
     const QString outil = joinPath(parametres_.repertoiredebase, u"MAJver.exe");
     if (!fileExists(outil))
         return false;
-    const QString nom = env_.nomprogramme + QStringLiteral(".exe");
+    const QString nom = env_.nomprogramme + u".exe"_s;
     const auto nouvelle = fileDate(joinPath(parametres_.repertoiredebase, nom));
     auto presente = fileDate(joinPath(env_.dossierprogramme, nom));
     // Where programs have no suffix, the running file itself is the copy in the program's folder.
@@ -116,13 +114,13 @@ bool Seance::metajour() {
     if (!nouvelle || !presente || *nouvelle <= *presente)
         return false;
     if (othersCanChange(outil)) {
-        dialogues_.message(remplace(langue_.lireressource(9549), {outil}), langue_.lireressource(8),
-                           Icone::Exclamation);
+        dialogues_.message(remplace(langue_.lireressource(Texte::MiseAJourModifiable), {outil}),
+                           langue_.lireressource(Texte::NomDuProgramme), Icone::Exclamation);
         return false;
     }
-    const QString argument =
-        QStringList{withSeparator(env_.dossierprogramme), parametres_.repertoiredebase, nom, langue_.lireressource(8)}
-            .join(u',');
+    const QString argument = QStringList{withSeparator(env_.dossierprogramme), parametres_.repertoiredebase, nom,
+                                         langue_.lireressource(Texte::NomDuProgramme)}
+                                 .join(u',');
     return env_.lance(outil, argument);
 }
 
@@ -142,8 +140,8 @@ bool Seance::ouvrebase() {
     if (!withinMemory([&] { ouverte = ouvrelabase(); })) {
         ecrans_.accueil.fermeaccueil();
         corpus_.fermebase();
-        dialogues_.message(remplace(langue_.lireressource(9568), {fichierbase_}), langue_.lireressource(8),
-                           Icone::Stop);
+        dialogues_.message(remplace(langue_.lireressource(Texte::BaseTropGrande), {fichierbase_}),
+                           langue_.lireressource(Texte::NomDuProgramme), Icone::Stop);
         return false;
     }
     return ouverte;
@@ -155,7 +153,7 @@ bool Seance::ouvrelabase() {
         if (!ecrans_.connexion() || !corpus_.connecte())
             return false;
     }
-    reglages_.savesetting(sectionbase(), QStringLiteral("CHEMIN"), parametres_.repertoiredebase);
+    reglages_.ecrit(reglage::dossierbase, parametres_.repertoiredebase);
     corpus_.ouvretables();
     return true;
 }
@@ -171,16 +169,12 @@ void Seance::traitelignedecommande(const QString& ligne) {
 }
 
 PositionFenetre Seance::positionprincipale() {
-    const QString section = QStringLiteral("POSITIONMDI");
-    const auto lit = [&](const QString& cle, int defaut, bool maitre) {
-        return static_cast<int>(reglages_.entier(section, cle, defaut, maitre));
-    };
     PositionFenetre position;
-    position.etat = lit(QStringLiteral("WINDOWSSTATE"), 2, true);
-    position.gauche = lit(QStringLiteral("WINDOWSLEFT"), 0, false);
-    position.haut = lit(QStringLiteral("WINDOWSTOP"), 0, false);
-    position.largeur = lit(QStringLiteral("WINDOWSWIDTH"), 9600, false);
-    position.hauteur = lit(QStringLiteral("WINDOWSHEIGHT"), 7200, false);
+    position.etat = reglages_.lit(reglage::cadreetat);
+    position.gauche = reglages_.lit(reglage::cadregauche);
+    position.haut = reglages_.lit(reglage::cadrehaut);
+    position.largeur = reglages_.lit(reglage::cadrelargeur);
+    position.hauteur = reglages_.lit(reglage::cadrehauteur);
     if (position.etat == 1)
         sansastuce_ = true;
     return position;
@@ -189,13 +183,12 @@ PositionFenetre Seance::positionprincipale() {
 void Seance::restaurefenetres() {
     if (preferences_.restaurefen == 0)
         return;
-    const QString section = QStringLiteral("POSITIONFORME");
-    const auto lit = [&](const QString& cle, int blancs) {
-        const QString texte = reglages_.getsetting(section, cle);
+    const auto lit = [&](const ReglageTexte& reglage, int blancs) {
+        const QString texte = reglages_.lit(reglage);
         return texte.isEmpty() ? QString(blancs, u' ') : texte;
     };
-    const QString fenetres = lit(QStringLiteral("MDICHILD"), 12);
-    const QString contenus = lit(QStringLiteral("MDICHILDCONTENU"), 88);
+    const QString fenetres = lit(reglage::fenetresouvertes, 12);
+    const QString contenus = lit(reglage::fenetrescontenus, 88);
     // Two blanks, or two characters that are no number, mean that no window was active.
     const int active = static_cast<int>(wholeNumber(QStringView(fenetres).left(2)).value_or(-1));
     const auto ouvre = [&](int indice) {

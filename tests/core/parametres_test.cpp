@@ -25,7 +25,7 @@ TEST_F(ParametresTest, AnEmptyStoreWithoutMasterIniGivesTheBuiltInDefaults) {
     EXPECT_EQ(p.testconnect, 1);
     EXPECT_EQ(p.majcommande, u"UpdNet.exe");
     EXPECT_EQ(p.majchemin, programme() + QStringLiteral("/internet"));
-    EXPECT_EQ(p.webaide, adresseediteur());
+    EXPECT_EQ(p.webaide, u"https://www.example.org/velmorante/aide");
     EXPECT_TRUE(p.outils.empty());
 
     const Preferences q = seconds();

@@ -1,4 +1,5 @@
 // Settings that cannot be used.
+#include "core/tablereglages.h"
 #include "parametres_support.h"
 
 using namespace velm;
@@ -76,14 +77,13 @@ TEST_F(ParametresTest, WhatTheProgramWritesByItselfLeavesAValueThatIsSetAside) {
     reglages_.surfaute(juge.decide());
     stocke("EDITEUR", "LARGEURSELECTION", "abc");
     EXPECT_EQ(seconds().largeurselection, 4305);
-    const auto note = [this](const char* valeur) {
-        EXPECT_TRUE(
-            reglages_.note(QStringLiteral("EDITEUR"), QStringLiteral("LARGEURSELECTION"), QString::fromUtf8(valeur)));
+    const auto note = [this](double valeur) {
+        EXPECT_TRUE(reglages_.note(reglage::largeurselection, valeur));
         return ReglagesStore(magasin_.path()).get(u"EDITEUR", u"LARGEURSELECTION");
     };
-    EXPECT_EQ(note("4305"), u"abc");
-    EXPECT_EQ(note("5000"), u"5000");
-    EXPECT_EQ(note("4305"), u"4305") << "nothing is set aside any more";
+    EXPECT_EQ(note(4305), u"abc");
+    EXPECT_EQ(note(5000), u"5000");
+    EXPECT_EQ(note(4305), u"4305") << "nothing is set aside any more";
 }
 
 TEST_F(ParametresTest, ThePublishersLineStandsInAndMayBeAtFaultItself) {

@@ -14,6 +14,9 @@
 #include <utility>
 
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 struct Pair {
@@ -102,9 +105,9 @@ void prepare(QFileDialog& dialog, const ChoixFichier& choix) {
     QStringList filters;
     for (const Filtre& filtre : lisfiltres(choix.filtre)) {
         // Qt takes the last pair of brackets for the patterns and shows only what stands before it.
-        const qsizetype bracket = filtre.libelle.lastIndexOf(QStringLiteral(" ("));
+        const qsizetype bracket = filtre.libelle.lastIndexOf(u" ("_s);
         const QString label = bracket > 0 ? filtre.libelle.first(bracket) : filtre.libelle;
-        filters.append(label + QStringLiteral(" (") + filtre.motifs.join(u' ') + u')');
+        filters.append(label + u" ("_s + filtre.motifs.join(u' ') + u')');
     }
     if (!filters.isEmpty())
         dialog.setNameFilters(filters);
@@ -121,7 +124,7 @@ QtDialogues::QtDialogues(std::function<void(int contexte)> aide) : aide_(std::mo
 
 Bouton QtDialogues::message(const Message& message) {
     QMessageBox box(iconOf(message.icone), message.titre, message.texte, QMessageBox::NoButton, ownerOfBoxes());
-    box.setObjectName(QStringLiteral("message"));
+    box.setObjectName(u"message"_s);
     // The texts are texts: a name with "<" in it is no markup.
     box.setTextFormat(Qt::PlainText);
     addButtons(box, message, captions_);

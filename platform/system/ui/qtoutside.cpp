@@ -11,6 +11,9 @@
 #include <memory>
 
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 Navigateur::Handed hand(const std::optional<QUrl>& url) {
@@ -39,8 +42,8 @@ void QtPressePapiers::pose(const ContenuPressePapiers& contenu) {
     if (!contenu.html.isEmpty())
         data->setHtml(contenu.html);
     if (!contenu.rtf.isEmpty()) {
-        data->setData(QStringLiteral("text/rtf"), contenu.rtf);
-        data->setData(QStringLiteral("application/rtf"), contenu.rtf);
+        data->setData(u"text/rtf"_s, contenu.rtf);
+        data->setData(u"application/rtf"_s, contenu.rtf);
     }
     // The clipboard takes the object over.
     QGuiApplication::clipboard()->setMimeData(data.release());
