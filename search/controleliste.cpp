@@ -1,11 +1,6 @@
 #include "search/controleliste.h"
 
-#include "core/cle.h"
 #include "core/langue.h"
-#include "platform/base/memory.h"
-#include "platform/system/files.h"
-#include "search/recherchedico.h"
-#include "search/selectionoutil.h"
 
 namespace velm {
 
@@ -23,58 +18,15 @@ constexpr int titredelimpression = 33;
 
 } // namespace
 
-ControleListe::ControleListe(const Monde& monde, VueLignes& lignes, VueListe& vue)
-    : monde_(monde), lignes_(lignes), vue_(vue), liste_(monde.texte),
-      poste_(monde.evenements), atelier_{monde.corpus,
-                                         liste_,
-                                         monde.sablier,
-                                         monde.dialogues,
-                                         poste_.cession(),
-                                         monde.texte,
-                                         [this](const QString& etat) { vue_.ditetat(etat); }} {
+ControleListe::ControleListe(const Services& services, VueLignes& lignes, VueListe& vue)
+    : services_(services), lignes_(lignes), vue_(vue), liste_(services.recherche.texte),
+      remplissage_(services.recherche, liste_, lignes, vue) {
     litcolonnes();
 }
 
 void ControleListe::charge() {
     vue_.permetbouton(u"regrouper"_s, true);
-    montrelignes();
-}
-
-// ---- the searches' side
-
-void ControleListe::commence() {
-    if (++remplissages_ == 1)
-        lignes_.cache();
-}
-
-void ControleListe::acheve() {
-    if (--remplissages_ == 0)
-        montrelignes();
-}
-
-void ControleListe::montrelignes() {
-    for (int colonne = 0; colonne < ListeSelection::colonnesvisibles; ++colonne)
-        lignes_.montremarque(colonne, liste_.marque(colonne));
-    lignes_.relit();
-    montrechoix();
-    lignes_.montre(liste_.visible);
-}
-
-void ControleListe::publie(const PublicationFin& fin) {
-    for (const QString& cle : {u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s,
-                               u"imprimercritères"_s, u"envoyercritères"_s})
-        vue_.permetbouton(cle, fin.resultatpresent);
-    vue_.permetbouton(u"ouvrircritères"_s, fin.ouvrircriteres);
-}
-
-void ControleListe::formulairevisible(bool visible) {
-    vue_.enfoncebouton(u"affichercritères"_s, visible);
-    vue_.infobulle(u"affichercritères"_s, texte(infobullecriteres(visible)));
-}
-
-void ControleListe::montreliste() {
-    vue_.montrepanneau(true);
-    vue_.majdispositions();
+    remplissage_.montrelignes();
 }
 
 // ---- the panel
@@ -82,20 +34,18 @@ void ControleListe::montreliste() {
 void ControleListe::affichemenuselection(bool visible) {
     if (!visible) {
         vue_.ditetat(QString());
-        cachepanneau();
+        remplissage_.cachepanneau();
         return;
     }
     vue_.montrepanneau(true);
-    if (!liste_.visible)
+    if (!remplissage_.visible())
         vue_.montrecriteres(true);
     vue_.majdispositions();
 }
 
-/// With the form: what it found beside a hidden panel would be seen nowhere.
-void ControleListe::cachepanneau() {
-    vue_.montrepanneau(false);
-    vue_.montrecriteres(false);
-    vue_.majdispositions();
+void ControleListe::formulairevisible(bool visible) {
+    vue_.enfoncebouton(u"affichercritères"_s, visible);
+    vue_.infobulle(u"affichercritères"_s, texte(infobullecriteres(visible)));
 }
 
 void ControleListe::regroupe(bool enfonce) {
@@ -103,16 +53,18 @@ void ControleListe::regroupe(bool enfonce) {
     vue_.infobulle(u"regrouper"_s, texte(infobulleregrouper(enfonce)));
 }
 
+// ---- the columns
+
 void ControleListe::litcolonnes() {
-    liste_.prendcolonnes(monde_.reglages.getsetting(section, cleordre),
-                         monde_.reglages.getsetting(section, clelargeurs));
+    liste_.prendcolonnes(services_.reglages.getsetting(section, cleordre),
+                         services_.reglages.getsetting(section, clelargeurs));
 }
 
 void ControleListe::ecritcolonnes() {
     const QString largeurs = liste_.largeurs();
     for (int colonne = 0; colonne < ListeSelection::colonnesvisibles; ++colonne)
         liste_.changelargeur(colonne, lignes_.largeur(colonne));
-    Reglages& reglages = monde_.reglages;
+    Reglages& reglages = services_.reglages;
     if (liste_.ordre() != reglages.getsetting(section, cleordre, ListeSelection::masqueordre.toString()))
         reglages.savesetting(section, cleordre, liste_.ordre());
     if (liste_.largeurs() != largeurs)
@@ -133,7 +85,7 @@ void ControleListe::montrechoix() {
 void ControleListe::trie(int colonne) {
     if (remplie())
         return;
-    const Attente attente(monde_.sablier);
+    const Attente attente(services_.recherche.sablier);
     litchoix();
     lignes_.trie(colonne, liste_.marque(colonne) == ListeSelection::Marque::Ascendante);
     montrechoix();
@@ -154,14 +106,16 @@ void ControleListe::ouvre() {
     const QStringList cles = cleschoisies();
     if (cles.size() > plusdouvertures && !veutouvrir(cles.size()))
         return;
+    const Resultat& resultat = liste_.resultat();
     for (const QString& cle : cles)
-        vue_.ouvredocument(cle, liste_.mot1, liste_.mot2);
+        vue_.ouvredocument(cle, resultat.mot1, resultat.mot2);
 }
 
 bool ControleListe::veutouvrir(qsizetype nombre) const {
     constexpr int question = 9495;
-    return monde_.dialogues.message(remplace(texte(question), {QString::number(nombre)}), texte(titredesmessages),
-                                    Icone::Question, Bouton::Oui | Bouton::Non, Bouton::Non) == Bouton::Oui;
+    return services_.recherche.dialogues.message(remplace(texte(question), {QString::number(nombre)}),
+                                                 texte(titredesmessages), Icone::Question, Bouton::Oui | Bouton::Non,
+                                                 Bouton::Non) == Bouton::Oui;
 }
 
 void ControleListe::supprime() {
@@ -172,24 +126,24 @@ void ControleListe::supprime() {
     liste_.supprimeselection();
     lignes_.relit();
     montrechoix();
-    vue_.ditetat(textecompte(liste_.lignes(), monde_.texte));
+    remplissage_.dit(liste_.lignes());
 }
 
 void ControleListe::imprime() {
     constexpr int question = 2432;
     constexpr int impossible = 9496;
     if (remplie() || liste_.lignes() == 0 ||
-        monde_.dialogues.message(texte(question) + u" ?"_s, texte(titredelimpression), Icone::Question,
-                                 Bouton::Oui | Bouton::Non) != Bouton::Oui)
+        services_.recherche.dialogues.message(texte(question) + u" ?"_s, texte(titredelimpression), Icone::Question,
+                                              Bouton::Oui | Bouton::Non) != Bouton::Oui)
         return;
     lignes_.choisittout();
     const TableauImprime papier = tableau();
     const bool imprimee = [&] {
-        const Attente attente(monde_.sablier);
-        return monde_.imprimante.imprime(papier);
+        const Attente attente(services_.recherche.sablier);
+        return services_.imprimante.imprime(papier);
     }();
     if (!imprimee)
-        monde_.dialogues.message(texte(impossible), texte(titredelimpression), Icone::Exclamation);
+        services_.recherche.dialogues.message(texte(impossible), texte(titredelimpression), Icone::Exclamation);
 }
 
 TableauImprime ControleListe::tableau() const {
@@ -219,85 +173,6 @@ void ControleListe::precedentrecherche() {
         return;
     montrechoix();
     ouvre();
-}
-
-// ---- lists that come from elsewhere
-
-void ControleListe::fait(std::function<void()> travail) {
-    poste_.fait([this, travail = std::move(travail)](const std::stop_token&) { travaille(travail); });
-}
-
-/// Where the memory does not suffice, what the list holds by then stays.
-void ControleListe::travaille(const std::function<void()>& travail) {
-    constexpr int sansmemoire = 9567;
-    if (withinMemory(travail))
-        return;
-    {
-        const Remplissage remplissage(*this);
-        publie(finitliste(atelier_));
-    }
-    montreliste();
-    monde_.dialogues.message(texte(sansmemoire), texte(titredesmessages), Icone::Exclamation);
-}
-
-void ControleListe::remplit(const QStringList& cles) {
-    fait([this, cles] { remplitmaintenant(cles); });
-}
-
-void ControleListe::remplitmaintenant(const QStringList& cles) {
-    {
-        const Remplissage remplissage(*this);
-        commenceliste(atelier_);
-        ajoute(cles);
-        publie(finitliste(atelier_));
-        vue_.ditetat(textecompte(liste_.lignes(), monde_.texte));
-    }
-    montreliste();
-}
-
-void ControleListe::ajoute(const QStringList& cles) {
-    for (const QString& cle : cles) {
-        const Recordset* rangee = monde_.corpus.rangee(decoupecle(cle));
-        if (rangee && ajoutedocument(liste_, *rangee) != 0)
-            return;
-    }
-}
-
-void ControleListe::cherchedans(const QString& code, const QString& mots,
-                                const std::function<void(const QString&)>& ligne) {
-    fait([this, code, mots, ligne] { cherchemaintenant(code, mots, ligne); });
-}
-
-void ControleListe::cherchemaintenant(const QString& code, const QString& mots,
-                                      const std::function<void(const QString&)>& ligne) {
-    const Remplissage remplissage(*this);
-    const ResultatDico resultat = RechercheDico(atelier_, ligne).cherche(DemandeDico::defenetre(mots, code));
-    publie(resultat.fin);
-    if (resultat.fin.resultatpresent) {
-        montreliste();
-        return;
-    }
-    if (resultat.issue == ResultatDico::Issue::Terminee)
-        vue_.ditetat(textecompte(0, monde_.texte));
-    cachepanneau();
-}
-
-bool ControleListe::prenddoutil(const QString& dossiertemporaire) {
-    const QString chemin = fichierselection(dossiertemporaire);
-    if (!fileExists(chemin))
-        return false;
-    fait([this, chemin] { prendmaintenant(chemin); });
-    return true;
-}
-
-void ControleListe::prendmaintenant(const QString& chemin) {
-    const Remplissage remplissage(*this);
-    const auto resultat = remplitdepuisoutil(chemin, atelier_);
-    if (!resultat)
-        return;
-    publie(resultat->fin);
-    vue_.elargitpanneau();
-    montreliste();
 }
 
 } // namespace velm

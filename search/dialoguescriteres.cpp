@@ -90,12 +90,4 @@ void FichiersCriteres::ditnonecrit(const QString& nom, const FileError& erreur, 
                        Icone::Stop);
 }
 
-PublicationFin restitue(const FichierCriteres& fichier, const Atelier& atelier) {
-    rendmots(fichier, atelier.liste);
-    atelier.liste.visible = false;
-    rendlignes(fichier, atelier.liste);
-    atelier.curseurattente(textecompte(atelier.liste.lignes(), atelier.texte));
-    return finitliste(atelier);
-}
-
 } // namespace velm

@@ -29,7 +29,7 @@ Recherches::Recherches(Ecrangeneral& ecran, Selection& selection, const Monde& m
 
 FrmVelmorSelect& Recherches::leformulaire() {
     if (!formulaire_) {
-        formulaire_ = new FrmVelmorSelect({selection_.controle(), monde_.reglages, monde_.texte});
+        formulaire_ = new FrmVelmorSelect({selection_.controle().remplissage(), monde_.reglages, monde_.texte});
         ecran_.aire().add(formulaire_)->setWindowIcon(icon(u"Rechercher"_s));
         connect(formulaire_, &FrmVelmorSelect::cachevoulu, this, [this] { montre(false); });
     }

@@ -21,8 +21,8 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-FrmVelmorSelect::FrmVelmorSelect(const Formulaire::Monde& monde, QWidget* parent)
-    : QWidget(parent), texte_(monde.texte), corpus_(monde.hote.atelier().corpus), formulaire_(monde, *this) {
+FrmVelmorSelect::FrmVelmorSelect(const Formulaire::Services& services, QWidget* parent)
+    : QWidget(parent), texte_(services.texte), corpus_(services.liste.corpus()), formulaire_(services, *this) {
     setObjectName(u"frmVelmorSelect"_s);
     setWindowTitle(texte(2429));
     construit();

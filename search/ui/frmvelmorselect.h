@@ -27,7 +27,7 @@ class FrmVelmorSelect final : public QWidget, private VueFormulaire {
     Q_OBJECT
 
 public:
-    explicit FrmVelmorSelect(const Formulaire::Monde& monde, QWidget* parent = nullptr);
+    explicit FrmVelmorSelect(const Formulaire::Services& services, QWidget* parent = nullptr);
 
     Formulaire& formulaire() { return formulaire_; }
     /// It has become the active window of the frame.
