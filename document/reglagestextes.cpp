@@ -1,5 +1,6 @@
 #include "document/reglagestextes.h"
 
+#include "document/listecollection.h"
 #include "platform/text/number.h"
 
 #include <algorithm>
@@ -10,8 +11,6 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 const QString section = u"POSITIONFORME"_s;
-constexpr qsizetype chiffreslargeur = 6;
-constexpr int largeurdefaut = 2000;
 
 /// Window settings must never keep a window from opening: any text is read as the number it begins with.
 int nombre(const Reglages& reglages, const QString& nom, int indice, int defaut) {
@@ -37,8 +36,10 @@ ReglagesTextes litreglagestextes(const Reglages& reglages, int indice) {
     lus.ar = QString::number(std::clamp(nombre(reglages, u"WINDOWSARBRE"_s, indice, 0), 0, 2));
     lus.vh = nombre(reglages, u"WINDOWSSEPARVH"_s, indice, 1) == 0 ? u"0"_s : u"1"_s;
     lus.posseparateur = std::max(0, nombre(reglages, u"WINDOWSSEPAR"_s, indice, lus.posseparateur));
-    lus.listeordre = ordredescolonnes(texte(reglages, u"ORDRECOLONNE"_s, indice));
-    lus.listelargeurs = largeursaenregistrer(largeursdescolonnes(texte(reglages, u"LARGEURCOLONNE"_s, indice)));
+    Colonnes colonnes(ListeCollection::modele());
+    colonnes.prend(texte(reglages, u"ORDRECOLONNE"_s, indice), texte(reglages, u"LARGEURCOLONNE"_s, indice));
+    lus.listeordre = colonnes.ordre();
+    lus.listelargeurs = colonnes.largeurs();
     return lus;
 }
 
@@ -61,38 +62,6 @@ void ecritreglagestextes(Reglages& reglages, int indice, const ReglagesTextes& v
     ecrit(u"LARGEURCOLONNE"_s, valeurs.listelargeurs);
     if (!lot.commit())
         reglages.signaleechec();
-}
-
-QString ordredescolonnes(QStringView enregistre) {
-    const QString premiers = enregistre.left(colonnesvisibles).toString();
-    QString tries = premiers;
-    std::sort(tries.begin(), tries.end());
-    return (tries == u"0123" ? premiers : u"0123"_s) + u'4';
-}
-
-QString ordreaenregistrer(const std::array<int, colonnesvisibles>& champs) {
-    QString ordre;
-    for (const int champ : champs)
-        ordre += champ >= 0 && champ < colonnesvisibles ? QString::number(champ) : u"4"_s;
-    return ordre + u'4';
-}
-
-std::array<int, colonnesvisibles> largeursdescolonnes(QStringView enregistre) {
-    std::array<int, colonnesvisibles> largeurs{};
-    for (int colonne = 0; colonne < colonnesvisibles; ++colonne) {
-        const double lue = val(enregistre.mid(chiffreslargeur * colonne, chiffreslargeur));
-        constexpr double plusgrande = 30'000;
-        largeurs.at(static_cast<std::size_t>(colonne)) =
-            lue >= 1 ? static_cast<int>(std::min(lue, plusgrande)) : largeurdefaut;
-    }
-    return largeurs;
-}
-
-QString largeursaenregistrer(const std::array<int, colonnesvisibles>& largeurs) {
-    QString texte;
-    for (const int largeur : largeurs)
-        texte += QString::number(std::clamp(largeur, 0, 999'999)).rightJustified(chiffreslargeur, u'0');
-    return texte;
 }
 
 } // namespace velm

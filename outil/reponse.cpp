@@ -1,6 +1,6 @@
 #include "outil/reponse.h"
 
-#include "search/listeselection.h"
+#include "core/listes.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,6 +1,6 @@
 #include "search/controleliste.h"
 
-#include "core/langue.h"
+#include "core/listes.h"
 
 namespace velm {
 
@@ -8,20 +8,14 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QString section = u"RECHERCHE"_s;
-const QString cleordre = u"ORDRECOLONNE"_s;
-const QString clelargeurs = u"LARGEURCOLONNE"_s;
-/// So many documents are opened without a question: a list with all its rows selected takes its time.
-constexpr qsizetype plusdouvertures = 50;
-constexpr int titredesmessages = 8;
-constexpr int titredelimpression = 33;
+const ClesColonnes gardees{u"RECHERCHE"_s, u"ORDRECOLONNE"_s, u"LARGEURCOLONNE"_s};
 
 } // namespace
 
 ControleListe::ControleListe(const Services& services, VueLignes& lignes, VueListe& vue)
     : services_(services), lignes_(lignes), vue_(vue), liste_(services.recherche.texte),
       remplissage_(services.recherche, liste_, lignes, vue) {
-    litcolonnes();
+    litcolonnes(services_.reglages, gardees, liste_.colonnes());
 }
 
 void ControleListe::charge() {
@@ -53,22 +47,11 @@ void ControleListe::regroupe(bool enfonce) {
     vue_.infobulle(u"regrouper"_s, texte(infobulleregrouper(enfonce)));
 }
 
-// ---- the columns
-
-void ControleListe::litcolonnes() {
-    liste_.prendcolonnes(services_.reglages.getsetting(section, cleordre),
-                         services_.reglages.getsetting(section, clelargeurs));
-}
-
 void ControleListe::ecritcolonnes() {
-    const QString largeurs = liste_.largeurs();
-    for (int colonne = 0; colonne < ListeSelection::colonnesvisibles; ++colonne)
-        liste_.changelargeur(colonne, lignes_.largeur(colonne));
-    Reglages& reglages = services_.reglages;
-    if (liste_.ordre() != reglages.getsetting(section, cleordre, ListeSelection::masqueordre.toString()))
-        reglages.savesetting(section, cleordre, liste_.ordre());
-    if (liste_.largeurs() != largeurs)
-        reglages.savesetting(section, clelargeurs, liste_.largeurs());
+    Colonnes& colonnes = liste_.colonnes();
+    for (int place = 0; place < colonnes.visibles(); ++place)
+        colonnes.changelargeur(place, lignes_.largeur(place));
+    velm::ecritcolonnes(services_.reglages, gardees, colonnes);
 }
 
 // ---- the selected rows
@@ -104,18 +87,11 @@ void ControleListe::ouvre() {
         return;
     litchoix();
     const QStringList cles = cleschoisies();
-    if (cles.size() > plusdouvertures && !veutouvrir(cles.size()))
+    if (!veutouvrir(cles.size(), services_.recherche.dialogues, services_.recherche.texte))
         return;
     const Resultat& resultat = liste_.resultat();
     for (const QString& cle : cles)
         vue_.ouvredocument(cle, resultat.mot1, resultat.mot2);
-}
-
-bool ControleListe::veutouvrir(qsizetype nombre) const {
-    constexpr int question = 9495;
-    return services_.recherche.dialogues.message(remplace(texte(question), {QString::number(nombre)}),
-                                                 texte(titredesmessages), Icone::Question, Bouton::Oui | Bouton::Non,
-                                                 Bouton::Non) == Bouton::Oui;
 }
 
 void ControleListe::supprime() {
@@ -130,27 +106,18 @@ void ControleListe::supprime() {
 }
 
 void ControleListe::imprime() {
-    constexpr int question = 2432;
-    constexpr int impossible = 9496;
-    if (remplie() || liste_.lignes() == 0 ||
-        services_.recherche.dialogues.message(texte(question) + u" ?"_s, texte(titredelimpression), Icone::Question,
-                                              Bouton::Oui | Bouton::Non) != Bouton::Oui)
+    const RemplissageListe::Services& avec = services_.recherche;
+    if (remplie() || liste_.lignes() == 0 || !veutimprimer(avec.dialogues, avec.texte))
         return;
     lignes_.choisittout();
-    const TableauImprime papier = tableau();
-    const bool imprimee = [&] {
-        const Attente attente(services_.recherche.sablier);
-        return services_.imprimante.imprime(papier);
-    }();
-    if (!imprimee)
-        services_.recherche.dialogues.message(texte(impossible), texte(titredelimpression), Icone::Exclamation);
+    imprimeliste(tableau(), services_.imprimante, avec.sablier, avec.dialogues, avec.texte);
 }
 
 TableauImprime ControleListe::tableau() const {
-    TableauImprime papier{texte(titredelimpression), {}, {}, lignes_.copie()};
-    for (int colonne = 0; colonne < ListeSelection::colonnes; ++colonne) {
-        papier.entetes << liste_.entete(colonne);
-        papier.largeurs << lignes_.largeur(colonne);
+    TableauImprime papier{titreimprime(services_.recherche.texte), {}, {}, lignes_.copie()};
+    for (int place = 0; place < liste_.colonnes().nombre(); ++place) {
+        papier.entetes << liste_.colonnes().titre(place);
+        papier.largeurs << lignes_.largeur(place);
     }
     return papier;
 }

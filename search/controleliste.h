@@ -52,11 +52,9 @@ public:
 private:
     QString texte(int numero) const { return services_.recherche.texte(numero); }
     bool remplie() const { return remplissage_.encours(); }
-    void litcolonnes();
     void litchoix();
     void montrechoix();
     QStringList cleschoisies() const;
-    bool veutouvrir(qsizetype nombre) const;
     TableauImprime tableau() const;
 
     Services services_;

@@ -17,7 +17,7 @@ struct FicheDocument {
 
 class Lignes {
 public:
-    enum Champ { Titre, Motcle1, Motcle2, Motcle3, Numart, Reference, Clef };
+    enum Champ : int { Titre, Motcle1, Motcle2, Motcle3, Numart, Reference, Clef };
 
     int nombre() const { return static_cast<int>(ordre_.size()); }
     /// Empty for a row or a field that is none.

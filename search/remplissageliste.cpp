@@ -1,5 +1,6 @@
 #include "search/remplissageliste.h"
 
+#include "core/listes.h"
 #include "platform/base/memory.h"
 #include "platform/system/files.h"
 #include "search/fichiercriteres.h"

@@ -2,6 +2,7 @@
 
 #include "core/cle.h"
 #include "core/langue.h"
+#include "document/ui/blocliste.h"
 #include "document/ui/blocrecherche.h"
 #include "document/ui/listedeliens.h"
 #include "document/ui/teintes.h"
@@ -107,18 +108,7 @@ void Textes::ecritreglages() {
     reglages_.ar = ar_;
     reglages_.vh = disposition_.vh;
     reglages_.posseparateur = disposition_.posseparateur;
-    std::array<int, colonnesvisibles> champs{-1, -1, -1, -1};
-    if (flexcharge_) {
-        std::array<int, colonnesvisibles> largeurs{};
-        for (int colonne = 0; colonne < colonnesvisibles; ++colonne) {
-            champs.at(static_cast<std::size_t>(colonne)) = flex_->colData(colonne);
-            largeurs.at(static_cast<std::size_t>(colonne)) = flex_->colWidth(colonne);
-        }
-        repartitcolonnes();
-        if (!largeurslibres_)
-            reglages_.listelargeurs = largeursaenregistrer(largeurs);
-    }
-    reglages_.listeordre = ordreaenregistrer(champs);
+    liste_->retient(reglages_);
     ecritreglagestextes(contexte_.reglages, indice_, reglages_);
 }
 
@@ -162,6 +152,10 @@ void Textes::changeEvent(QEvent* evenement) {
     }
 }
 
+FlexGrid& Textes::flex() const {
+    return *liste_->grille();
+}
+
 // ---- what the opening of a document asks of its window
 
 RichTextControl& Textes::rtfRichTextBox1() {
@@ -177,6 +171,8 @@ void Textes::activemenus() {
     if (std::exchange(menusactifs_, true))
         return;
     emit menuschanges();
+    if (surchangement)
+        surchangement();
 }
 
 void Textes::rafraichit() {
@@ -244,6 +240,17 @@ void Textes::activevoisin(bool haut, bool actif) {
 }
 
 // ---- commands
+
+bool Textes::peut(Ordre ordre) const {
+    return menusactifs_ && (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Chercher);
+}
+
+void Textes::fait(Ordre ordre) {
+    if (ordre == Ordre::Copier)
+        copie();
+    else if (ordre == Ordre::ToutSelectionner)
+        toutselectionner();
+}
 
 void Textes::copie() {
     const RichTextControl& controle = vue_->control();

@@ -1,6 +1,7 @@
 #pragma once
 // The window of a collection's documents: a panel with the contents, the list of the collection or the word search; the
 // text; the lists of what the document cites and what cites it.
+#include "core/fenetrefille.h"
 #include "document/affichage.h"
 #include "document/arborescence.h"
 #include "document/dispositiontextes.h"
@@ -21,6 +22,7 @@ class QMenu;
 
 namespace velm {
 
+class BlocListe;
 class BlocRecherche;
 class FlexGrid;
 class ListeDeLiens;
@@ -59,7 +61,7 @@ struct ContexteTextes {
     BornesPasses bornes = {};
 };
 
-class Textes final : public QWidget, public FormulaireDocument, public FenetreNavigable {
+class Textes final : public QWidget, public FormulaireDocument, public FenetreNavigable, public FenetreFille {
     Q_OBJECT
 
 public:
@@ -81,19 +83,23 @@ public:
     RichTextBox& vue() const { return *vue_; } ///< rtfRichTextBox1
     Toolbar& barrechild() const { return *barre_; }
     TreeView& arbre() const { return *arbre_; }
-    FlexGrid& flex() const { return *flex_; }
+    FlexGrid& flex() const;
     ListeDeLiens& liens() const { return *liens_; }
     ListeDeLiens& correlats() const { return *correlats_; }
     const DispositionTextes& disposition() const { return disposition_; }
     QString ar() const { return ar_; }
 
-    // ---- what the frame tells
+    // ---- what the frame asks and tells
+    Nature nature() const override { return Nature::Document; }
+    QString reference() const override { return referencecourante(); }
+    bool peut(Ordre ordre) const override;
+    void fait(Ordre ordre) override;
     /// The window became the active one of the frame: folds the panel if a link asks for it, shows the document again
     /// if the options ask for it, puts the focus.
-    void activation();
+    void activation() override;
     /// Writes the settings and releases the slot, once, as its closing does: for the end of the run, where a window
     /// that goes changes the state of the next one.
-    void decharge();
+    void decharge() override;
 
     /// The document was opened from the selection list: the words to walk through come with it, and are marked if the
     /// settings want it; the view, not the caret, goes to the first mark.
@@ -101,7 +107,7 @@ public:
     const MotsCherches& mots() const { return mots_; }
 
     /// Writes the window's settings, as its closing does.
-    void ecritreglages();
+    void ecritreglages() override;
 
     // ---- commands that menus and the frame share
     /// The selection, or the whole rich text when nothing is selected, on the clipboard.
@@ -180,10 +186,7 @@ private:
     void traitear();
     void remplit(const std::function<void()>& travail);
     void chargerarbre();
-    void chargerflex();
-    void repartitcolonnes();
-    void ouvreligne(int ligne);
-    void triecolonne(int colonne);
+    void ditsansmemoire() const;
     void clicnoeud(int noeud);
 
     // ---- division
@@ -225,7 +228,7 @@ private:
     Toolbar* barre_ = nullptr;
     RichTextBox* vue_ = nullptr;
     TreeView* arbre_ = nullptr;
-    FlexGrid* flex_ = nullptr;
+    BlocListe* liste_ = nullptr;
     BlocRecherche* blocrecherche_ = nullptr;
     SplitterBar* separateur_ = nullptr;
     SplitterBar* separateurlisteh_ = nullptr;
@@ -237,10 +240,6 @@ private:
     QMenu* menucorrelats_ = nullptr;
 
     bool arbrecharge_ = false;
-    bool flexcharge_ = false;
-    bool largeurslibres_ = false; ///< nobody has touched a width of the list
-    int largeurtitre_ = 0;        ///< of its titles and its keywords, as they were last set here
-    int largeurmotcle_ = 0;
     bool menusactifs_ = false;
     bool entiere_ = true;
     bool partage_ = true; ///< the lower lists share the width until the user moves their bar

@@ -1,4 +1,5 @@
 // The controls of a document window, and who hears them.
+#include "document/ui/blocliste.h"
 #include "document/ui/blocrecherche.h"
 #include "document/ui/listedeliens.h"
 #include "document/ui/textes.h"
@@ -47,13 +48,8 @@ void Textes::connecte() {
             [this](int noeud) { remplit([this, noeud] { arborescence_.developpe(arbre_->nodes(), noeud); }); });
     connect(arbre_, &TreeView::nodeClicked, this, &Textes::clicnoeud);
     connect(arbre_, &TreeView::nodeReturned, this, &Textes::clicnoeud);
-    connect(flex_, &FlexGrid::doubleClicked, this, [this](int ligne, int colonne) {
-        if (ligne == 0)
-            triecolonne(colonne);
-        else
-            ouvreligne(ligne);
-    });
-    connect(flex_, &FlexGrid::activated, this, &Textes::ouvreligne);
+    connect(liste_, &BlocListe::ouverte, this, [this](const Cle& visee) { contexte_.navigation.ouvre(visee); });
+    connect(liste_, &BlocListe::sansmemoire, this, &Textes::ditsansmemoire);
     connect(vue_, &RichTextBox::clicked, this, &Textes::suit);
     connect(vue_, &RichTextBox::linkHovered, this, &Textes::survole);
     connect(vue_, &RichTextBox::rightClicked, this, [this](qsizetype, const QPoint& ou) { menutexte(ou); });
@@ -81,7 +77,7 @@ void Textes::connecte() {
     }
     // The buttons at the side of the mouse walk the frame's history, wherever the pointer is.
     for (QWidget* surface :
-         {static_cast<QWidget*>(this), vue_->viewport(), arbre_->viewport(), flex_->view()->viewport(),
+         {static_cast<QWidget*>(this), vue_->viewport(), arbre_->viewport(), liste_->grille()->view()->viewport(),
           liens_->grille()->view()->viewport(), correlats_->grille()->view()->viewport()})
         surface->installEventFilter(this);
 }

@@ -1,6 +1,7 @@
 #pragma once
 // A small base with documents, words and tree nodes, and everything a search works with.
 #include "core/cle.h"
+#include "core/listes.h"
 #include "core/schemas.h"
 #include "search/listeselection.h"
 #include "search/marche.h"

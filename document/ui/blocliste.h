@@ -1,0 +1,58 @@
+#pragma once
+// The block of the panel that lists the documents of the window's collection. Its columns are the user's to arrange.
+#include "core/colonnes.h"
+#include "core/corpus.h"
+#include "document/reglagestextes.h"
+#include "document/ui/grilledocuments.h"
+#include "platform/system/sablier.h"
+
+#include <QObject>
+
+#include <functional>
+
+class QWidget;
+
+namespace velm {
+
+class FlexGrid;
+
+class BlocListe final : public QObject {
+    Q_OBJECT
+
+public:
+    /// An empty grid in a window, which places it. The corpus and the wait cursor outlive it.
+    BlocListe(const QString& code, Corpus& corpus, Sablier& sablier, const std::function<QString(int)>& texte,
+              QWidget* fenetre);
+
+    FlexGrid* grille() const { return grille_; }
+    bool chargee() const { return chargee_; }
+    /// Fills the grid, its columns as they were stored, sorted by the first one. std::bad_alloc where the memory does
+    /// not suffice: it then counts as not filled.
+    void charge(const ReglagesTextes& reglages);
+    /// Shares the room that is there between the columns, two parts for the titles, as long as nobody has touched a
+    /// width; to be called when the grid has been given another size.
+    void repartit();
+    /// Puts order and widths where they are stored: of a grid that was never filled the order of none, and the widths
+    /// as they are there; of widths that nobody has touched nothing.
+    void retient(ReglagesTextes& reglages);
+
+signals:
+    void ouverte(const Cle& cle); ///< the document of a row is wanted
+    void sansmemoire();           ///< what was asked for did not fit into the memory
+
+private:
+    void trie(int colonne);
+
+    QString code_;
+    Corpus& corpus_;
+    Sablier& sablier_;
+    FlexGrid* grille_;
+    Colonnes colonnes_;
+    GrilleDocuments documents_;
+    bool chargee_ = false;
+    bool largeurslibres_ = false; ///< nobody has touched a width
+    int largeurtitre_ = 0;        ///< of the titles and of the keywords, as they were last set here
+    int largeurmotcle_ = 0;
+};
+
+} // namespace velm
