@@ -1,7 +1,7 @@
 #pragma once
-// A base to search and all that a search works with: the base that VELM_BASE names, else an invented one.
+// A base to search: the one that VELM_BASE names, else an invented one.
 #include "collection/collection.h"
-#include "search/recherche.h"
+#include "core/corpus.h"
 
 #include <QTemporaryDir>
 
@@ -9,16 +9,6 @@
 #include <cstdlib>
 
 namespace velm {
-
-/// No question holds a measure up.
-class SansQuestions final : public Dialogues {
-public:
-    using Dialogues::message;
-    Bouton message(const Message&) override { return Bouton::Non; }
-    std::optional<QString> openFile(const ChoixFichier&) override { return std::nullopt; }
-    std::optional<QString> saveFile(const ChoixFichier&) override { return std::nullopt; }
-    std::optional<QString> chooseFolder(const QString&, const QString&) override { return std::nullopt; }
-};
 
 struct BaseDeRecherche {
     explicit BaseDeRecherche(const OptionsSynthese& inventee) {
@@ -39,12 +29,6 @@ struct BaseDeRecherche {
 
     QTemporaryDir dossier;
     Corpus corpus;
-    ListeSelection selection{[](int) { return QString(); }};
-    SablierMuet sablier;
-    SansQuestions dialogues;
-    Cession cession;
-    Atelier atelier{
-        corpus, selection, sablier, dialogues, cession, [](int) { return QString(); }, [](const QString&) {}};
 };
 
 } // namespace velm

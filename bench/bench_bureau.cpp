@@ -191,20 +191,22 @@ void ouverture(benchmark::State& etat) {
 
 /// From the words to the painted rows, as the search form goes there.
 void deuxmots(benchmark::State& etat) {
-    ControleListe& selection = bureau->selection().controle();
+    RemplissageListe& liste = bureau->selection().controle().remplissage();
     FlexGrid& flex = bureau->selection().flex();
-    RechercheDico recherche(selection.atelier(), [](const QString&) {});
-    selection.montreliste();
+    const DemandeDico demande{QStringLiteral("consommateur garantie"), touteslettres(), true, limitedindex(0)};
+    liste.montreliste();
     Bureaudessai::peint();
     qint64 lignes = 0;
     for ([[maybe_unused]] const auto& tour : etat) {
-        {
-            const Remplissage remplissage(selection);
-            const ResultatDico resultat =
-                recherche.cherche({QStringLiteral("consommateur garantie"), touteslettres(), true, limitedindex(0)});
-            selection.publie(resultat.fin);
-            lignes = resultat.hits;
-        }
+        liste.remplit(
+            [&](const std::stop_token& arret) {
+                lignes = liste
+                             .cherchemots(
+                                 demande, [](const QString&) {}, arret)
+                             .hits;
+                liste.acheve();
+            },
+            [] {});
         flex.view()->viewport()->repaint();
     }
     etat.counters["rows"] = static_cast<double>(lignes);

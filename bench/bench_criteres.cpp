@@ -29,11 +29,14 @@ void corps(benchmark::State& state, const QString& texte, Facon facon) {
     criteres.emplacement = {false, true, false};
     criteres.respectminmaj[0] = facon == Casse;
     criteres.motentier[0] = facon == Entier;
-    RechercheCriteres recherche(commune->atelier, {});
+    Marche marche;
+    RechercheCriteres recherche(commune->corpus, marche);
     recherche.sanstable(facon == SansTable);
-    ResultatCriteres resultat;
-    for ([[maybe_unused]] auto _ : state)
-        resultat = recherche.cherche(criteres, {}, touteslettres());
+    Resultat resultat;
+    for ([[maybe_unused]] auto _ : state) {
+        resultat.lignes.vide();
+        recherche.cherche(criteres, {}, touteslettres(), resultat);
+    }
     state.counters["rows"] = static_cast<double>(resultat.hits);
     state.counters["seen"] = static_cast<double>(resultat.vus);
 }
@@ -46,10 +49,13 @@ void mesure(const char* nom, const QString& texte, Facon facon) {
 
 void touslesdocuments(benchmark::State& state) {
     Criteres criteres;
-    RechercheCriteres recherche(commune->atelier, {});
-    ResultatCriteres resultat;
-    for ([[maybe_unused]] auto _ : state)
-        resultat = recherche.cherche(criteres, {}, touteslettres());
+    Marche marche;
+    RechercheCriteres recherche(commune->corpus, marche);
+    Resultat resultat;
+    for ([[maybe_unused]] auto _ : state) {
+        resultat.lignes.vide();
+        recherche.cherche(criteres, {}, touteslettres(), resultat);
+    }
     state.counters["rows"] = static_cast<double>(resultat.hits);
 }
 BENCHMARK(touslesdocuments)->Unit(benchmark::kMillisecond)->UseRealTime();
@@ -60,13 +66,15 @@ void affine(benchmark::State& state) {
     Criteres criteres;
     criteres.texterech[0] = u"garantie"_s;
     criteres.emplacement = {false, true, false};
-    RechercheCriteres recherche(commune->atelier, {});
-    ResultatCriteres resultat;
+    Marche marche;
+    RechercheCriteres recherche(commune->corpus, marche);
+    Resultat resultat;
     for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
-        recherche.cherche(tous, {}, touteslettres());
+        resultat.lignes.vide();
+        recherche.cherche(tous, {}, touteslettres(), resultat);
         state.ResumeTiming();
-        resultat = recherche.affine(criteres, {});
+        recherche.affine(criteres, {}, resultat);
     }
     state.counters["rows"] = static_cast<double>(resultat.hits);
     state.counters["seen"] = static_cast<double>(resultat.vus);

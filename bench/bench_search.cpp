@@ -2,6 +2,7 @@
 // collection with short bodies, which no search here reads.
 #include "bench/basederecherche.h"
 #include "core/cle.h"
+#include "search/listeselection.h"
 #include "search/postings.h"
 #include "search/recherchedico.h"
 #include "search/rechercherapide.h"
@@ -53,14 +54,16 @@ BENCHMARK(uniondedeuxmots)->Unit(benchmark::kMillisecond);
 
 void chercheligne(benchmark::State& state, const QString& mots, qint64 limite) {
     qint64 lignes = 0;
-    RechercheDico recherche(commune->atelier, [&](const QString&) { ++lignes; });
-    qint64 hits = 0;
+    Marche marche;
+    RechercheDico recherche(commune->corpus, marche, {[&](const QString&) { ++lignes; }, QString()});
+    Resultat resultat;
     for ([[maybe_unused]] auto _ : state) {
         lignes = 0;
-        hits = recherche.cherche({mots, touteslettres(), !mots.contains(u'*'), limite}).hits;
+        resultat.lignes.vide();
+        recherche.cherche({mots, touteslettres(), !mots.contains(u'*'), limite}, resultat);
     }
     state.counters["lines"] = static_cast<double>(lignes);
-    state.counters["rows"] = static_cast<double>(hits);
+    state.counters["rows"] = static_cast<double>(resultat.hits);
 }
 
 void deuxmotsjusquauxcinquantelignes(benchmark::State& state) {
@@ -79,24 +82,27 @@ void joker(benchmark::State& state) {
 BENCHMARK(joker)->Unit(benchmark::kMillisecond);
 
 void rapidesansresultat(benchmark::State& state) {
-    RechercheRapide recherche(commune->atelier, {});
-    qint64 vus = 0;
+    Marche marche;
+    RechercheRapide recherche(commune->corpus, marche);
+    Resultat resultat;
     for ([[maybe_unused]] auto _ : state) {
-        const ResultatRapide r = recherche.cherche({u"zyxwvut"_s, touteslettres()});
-        if (r.hits != 0)
+        recherche.cherche({u"zyxwvut"_s, touteslettres()}, resultat);
+        if (resultat.hits != 0)
             state.SkipWithError("the text is in the base");
-        vus = r.vus;
     }
-    state.counters["documents"] = static_cast<double>(vus);
+    state.counters["documents"] = static_cast<double>(resultat.vus);
 }
 BENCHMARK(rapidesansresultat)->Unit(benchmark::kMillisecond);
 
 void rapidetoutesleslignes(benchmark::State& state) {
-    RechercheRapide recherche(commune->atelier, {});
-    qint64 hits = 0;
-    for ([[maybe_unused]] auto _ : state)
-        hits = recherche.cherche({QString(), touteslettres()}).hits;
-    state.counters["rows"] = static_cast<double>(hits);
+    Marche marche;
+    RechercheRapide recherche(commune->corpus, marche);
+    Resultat resultat;
+    for ([[maybe_unused]] auto _ : state) {
+        resultat.lignes.vide();
+        recherche.cherche({QString(), touteslettres()}, resultat);
+    }
+    state.counters["rows"] = static_cast<double>(resultat.hits);
 }
 BENCHMARK(rapidetoutesleslignes)->Unit(benchmark::kMillisecond);
 
@@ -118,7 +124,8 @@ std::vector<Fiche> fiches(int nombre) {
 void remplit(ListeSelection& liste, const std::vector<Fiche>& toutes) {
     liste.vide();
     for (const Fiche& fiche : toutes)
-        liste.ajouteauflex({u"CO", fiche.numart, fiche.titre, fiche.motcle, fiche.motcle, fiche.motcle, fiche.numart});
+        liste.resultat().lignes.ajoute(
+            {u"CO", fiche.numart, fiche.titre, fiche.motcle, fiche.motcle, fiche.motcle, fiche.numart});
 }
 
 void remplissage(benchmark::State& state) {
@@ -140,11 +147,13 @@ void tripartitre(benchmark::State& state) {
 BENCHMARK(tripartitre)->Arg(documents)->Unit(benchmark::kMillisecond);
 
 void trideladocumentation(benchmark::State& state) {
-    RechercheRapide(commune->atelier, {}).cherche({QString(), touteslettres()});
+    ListeSelection liste([](int) { return QString(); });
+    Marche marche;
+    RechercheRapide(commune->corpus, marche).cherche({QString(), touteslettres()}, liste.resultat());
     bool descendant = false;
     for ([[maybe_unused]] auto _ : state)
-        commune->selection.trie(0, std::exchange(descendant, !descendant));
-    state.counters["rows"] = commune->selection.lignes();
+        liste.trie(0, std::exchange(descendant, !descendant));
+    state.counters["rows"] = liste.lignes();
 }
 BENCHMARK(trideladocumentation)->Unit(benchmark::kMillisecond);
 

@@ -1,6 +1,6 @@
 // The criteria search and the files that keep it.
-#include "outil/banc.h"
 #include "outil/base.h"
+#include "outil/reponse.h"
 #include "search/etatformulaire.h"
 #include "search/recherchecriteres.h"
 #include "search/typescherches.h"
@@ -177,17 +177,19 @@ int criteres(Contexte& contexte) {
     Demande demande;
     if (const int code = litdemande(contexte, demande); code != Reussite)
         return code;
-    Banc banc(contexte);
-    if (const int code = ouvrebase(contexte, banc.corpus, demande.base); code != Reussite)
+    Corpus corpus;
+    if (const int code = ouvrebase(contexte, corpus, demande.base); code != Reussite)
         return code;
-    const TypesDocument types = littypesdocument(banc.corpus);
+    const TypesDocument types = littypesdocument(corpus);
     demande.criteres.type = demande.type.isEmpty() ? 0 : rangdutype(types, demande.type);
     if (!demande.type.isEmpty() && demande.criteres.type == 0)
         return refuse(contexte, demande.type, u"--type"_s);
-    RechercheCriteres recherche(banc.atelier(), {});
+    Marche marche;
+    Resultat resultat;
+    RechercheCriteres recherche(corpus, marche);
     recherche.sanstable(demande.sanstable);
-    recherche.cherche(demande.criteres, types, demande.lettres);
-    banc.ecrit({}, demande.json);
+    recherche.cherche(demande.criteres, types, demande.lettres, resultat);
+    ecritresultat(contexte, resultat, {}, demande.json);
     return Reussite;
 }
 
@@ -200,14 +202,14 @@ int cv2(Contexte& contexte) {
     const std::optional<FichierCriteres> fichier = litfichiercriteres(*octets);
     if (!fichier)
         return contexte.echoue(Echec, 9481, {chemin});
-    Banc banc(contexte);
-    rendmots(*fichier, banc.liste());
-    rendlignes(*fichier, banc.liste());
+    Resultat resultat;
+    rendmots(*fichier, resultat);
+    rendlignes(*fichier, resultat.lignes);
     if (!json) {
-        banc.ecrit(criteresenlignes(contexte, *fichier), false);
+        ecritresultat(contexte, resultat, criteresenlignes(contexte, *fichier), false);
         return Reussite;
     }
-    QJsonObject objet = banc.json();
+    QJsonObject objet = resultatjson(resultat);
     objet.insert(u"criteres"_s, criteresjson(*fichier));
     contexte.ecrit(QJsonDocument(objet).toJson(QJsonDocument::Indented));
     return Reussite;

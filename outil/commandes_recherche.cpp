@@ -1,6 +1,6 @@
 // Commands that search, with the engines of the program.
-#include "outil/banc.h"
 #include "outil/base.h"
+#include "outil/reponse.h"
 #include "search/recherchedico.h"
 #include "search/rechercherapide.h"
 #include "search/typescherches.h"
@@ -46,15 +46,18 @@ int mots(Contexte& contexte) {
     Demande demande;
     if (const int code = litdemande(contexte, demande); code != Reussite)
         return code;
-    Banc banc(contexte);
-    if (const int code = ouvrebase(contexte, banc.corpus, demande.base); code != Reussite)
+    Corpus corpus;
+    if (const int code = ouvrebase(contexte, corpus, demande.base); code != Reussite)
         return code;
+    Marche marche;
+    Resultat resultat;
     QStringList lignes;
-    RechercheDico recherche(banc.atelier(), [&lignes](const QString& ligne) { lignes << ligne; });
-    const ResultatDico resultat = recherche.cherche({demande.texte, demande.lettres, !ou, demande.limite});
-    if (resultat.issue == ResultatDico::Issue::TexteCourt)
+    // Very many documents raise no question: all of them are shown, as nobody named a limit.
+    RechercheDico(corpus, marche, {[&lignes](const QString& ligne) { lignes << ligne; }, contexte.texte(7300)})
+        .cherche({demande.texte, demande.lettres, !ou, demande.limite}, resultat);
+    if (resultat.issue == Resultat::Issue::TexteCourt)
         return contexte.echoue(LigneIncorrecte, 9455);
-    banc.ecrit(lignes, demande.json);
+    ecritresultat(contexte, resultat, lignes, demande.json);
     return Reussite;
 }
 
@@ -62,11 +65,13 @@ int rapide(Contexte& contexte) {
     Demande demande;
     if (const int code = litdemande(contexte, demande); code != Reussite)
         return code;
-    Banc banc(contexte);
-    if (const int code = ouvrebase(contexte, banc.corpus, demande.base); code != Reussite)
+    Corpus corpus;
+    if (const int code = ouvrebase(contexte, corpus, demande.base); code != Reussite)
         return code;
-    RechercheRapide(banc.atelier(), {}).cherche({demande.texte, demande.lettres, demande.limite});
-    banc.ecrit({}, demande.json);
+    Marche marche;
+    Resultat resultat;
+    RechercheRapide(corpus, marche).cherche({demande.texte, demande.lettres, demande.limite}, resultat);
+    ecritresultat(contexte, resultat, {}, demande.json);
     return Reussite;
 }
 

@@ -17,9 +17,9 @@ public:
     explicit Cession(std::function<void()> evenements = {}, std::chrono::milliseconds pas = pasordinaire);
 
     /// A search begins: the next turn is one step of time away.
-    void commence() { derniere_ = Horloge::now(); }
+    void commence() { derniere_ = std::chrono::steady_clock::now(); }
     /// True when it is time to show how far the work is and to let events through.
-    bool due() const { return Horloge::now() - derniere_ >= pas_; }
+    bool due() const { return std::chrono::steady_clock::now() - derniere_ >= pas_; }
 
     /// Lets events through. False when the search is to stop: it leaves at once.
     bool cede(const std::stop_token& arret);
@@ -28,11 +28,9 @@ public:
     bool cede(Recordset& table, const std::stop_token& arret);
 
 private:
-    using Horloge = std::chrono::steady_clock;
-
     std::function<void()> evenements_;
     std::chrono::milliseconds pas_;
-    Horloge::time_point derniere_ = Horloge::now();
+    std::chrono::steady_clock::time_point derniere_ = std::chrono::steady_clock::now();
 };
 
 } // namespace velm

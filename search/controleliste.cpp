@@ -1,11 +1,6 @@
 #include "search/controleliste.h"
 
-#include "core/cle.h"
 #include "core/listes.h"
-#include "platform/base/memory.h"
-#include "platform/system/files.h"
-#include "search/recherchedico.h"
-#include "search/selectionoutil.h"
 
 namespace velm {
 
@@ -17,58 +12,15 @@ const ClesColonnes gardees{u"RECHERCHE"_s, u"ORDRECOLONNE"_s, u"LARGEURCOLONNE"_
 
 } // namespace
 
-ControleListe::ControleListe(const Monde& monde, VueLignes& lignes, VueListe& vue)
-    : monde_(monde), lignes_(lignes), vue_(vue), liste_(monde.texte),
-      poste_(monde.evenements), atelier_{monde.corpus,
-                                         liste_,
-                                         monde.sablier,
-                                         monde.dialogues,
-                                         poste_.cession(),
-                                         monde.texte,
-                                         [this](const QString& etat) { vue_.ditetat(etat); }} {
-    litcolonnes(monde_.reglages, gardees, liste_.colonnes());
+ControleListe::ControleListe(const Services& services, VueLignes& lignes, VueListe& vue)
+    : services_(services), lignes_(lignes), vue_(vue), liste_(services.recherche.texte),
+      remplissage_(services.recherche, liste_, lignes, vue) {
+    litcolonnes(services_.reglages, gardees, liste_.colonnes());
 }
 
 void ControleListe::charge() {
     vue_.permetbouton(u"regrouper"_s, true);
-    montrelignes();
-}
-
-// ---- the searches' side
-
-void ControleListe::commence() {
-    if (++remplissages_ == 1)
-        lignes_.cache();
-}
-
-void ControleListe::acheve() {
-    if (--remplissages_ == 0)
-        montrelignes();
-}
-
-void ControleListe::montrelignes() {
-    for (int colonne = 0; colonne < ListeSelection::colonnesvisibles; ++colonne)
-        lignes_.montremarque(colonne, liste_.marque(colonne));
-    lignes_.relit();
-    montrechoix();
-    lignes_.montre(liste_.visible);
-}
-
-void ControleListe::publie(const PublicationFin& fin) {
-    for (const QString& cle : {u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s,
-                               u"imprimercritères"_s, u"envoyercritères"_s})
-        vue_.permetbouton(cle, fin.resultatpresent);
-    vue_.permetbouton(u"ouvrircritères"_s, fin.ouvrircriteres);
-}
-
-void ControleListe::formulairevisible(bool visible) {
-    vue_.enfoncebouton(u"affichercritères"_s, visible);
-    vue_.infobulle(u"affichercritères"_s, texte(infobullecriteres(visible)));
-}
-
-void ControleListe::montreliste() {
-    vue_.montrepanneau(true);
-    vue_.majdispositions();
+    remplissage_.montrelignes();
 }
 
 // ---- the panel
@@ -76,20 +28,18 @@ void ControleListe::montreliste() {
 void ControleListe::affichemenuselection(bool visible) {
     if (!visible) {
         vue_.ditetat(QString());
-        cachepanneau();
+        remplissage_.cachepanneau();
         return;
     }
     vue_.montrepanneau(true);
-    if (!liste_.visible)
+    if (!remplissage_.visible())
         vue_.montrecriteres(true);
     vue_.majdispositions();
 }
 
-/// With the form: what it found beside a hidden panel would be seen nowhere.
-void ControleListe::cachepanneau() {
-    vue_.montrepanneau(false);
-    vue_.montrecriteres(false);
-    vue_.majdispositions();
+void ControleListe::formulairevisible(bool visible) {
+    vue_.enfoncebouton(u"affichercritères"_s, visible);
+    vue_.infobulle(u"affichercritères"_s, texte(infobullecriteres(visible)));
 }
 
 void ControleListe::regroupe(bool enfonce) {
@@ -101,7 +51,7 @@ void ControleListe::ecritcolonnes() {
     Colonnes& colonnes = liste_.colonnes();
     for (int place = 0; place < colonnes.visibles(); ++place)
         colonnes.changelargeur(place, lignes_.largeur(place));
-    velm::ecritcolonnes(monde_.reglages, gardees, colonnes);
+    velm::ecritcolonnes(services_.reglages, gardees, colonnes);
 }
 
 // ---- the selected rows
@@ -118,7 +68,7 @@ void ControleListe::montrechoix() {
 void ControleListe::trie(int colonne) {
     if (remplie())
         return;
-    const Attente attente(monde_.sablier);
+    const Attente attente(services_.recherche.sablier);
     litchoix();
     lignes_.trie(colonne, liste_.marque(colonne) == ListeSelection::Marque::Ascendante);
     montrechoix();
@@ -137,10 +87,11 @@ void ControleListe::ouvre() {
         return;
     litchoix();
     const QStringList cles = cleschoisies();
-    if (!veutouvrir(cles.size(), monde_.dialogues, monde_.texte))
+    if (!veutouvrir(cles.size(), services_.recherche.dialogues, services_.recherche.texte))
         return;
+    const Resultat& resultat = liste_.resultat();
     for (const QString& cle : cles)
-        vue_.ouvredocument(cle, liste_.mot1, liste_.mot2);
+        vue_.ouvredocument(cle, resultat.mot1, resultat.mot2);
 }
 
 void ControleListe::supprime() {
@@ -151,18 +102,19 @@ void ControleListe::supprime() {
     liste_.supprimeselection();
     lignes_.relit();
     montrechoix();
-    vue_.ditetat(textecompte(liste_.lignes(), monde_.texte));
+    remplissage_.dit(liste_.lignes());
 }
 
 void ControleListe::imprime() {
-    if (remplie() || liste_.lignes() == 0 || !veutimprimer(monde_.dialogues, monde_.texte))
+    const RemplissageListe::Services& avec = services_.recherche;
+    if (remplie() || liste_.lignes() == 0 || !veutimprimer(avec.dialogues, avec.texte))
         return;
     lignes_.choisittout();
-    imprimeliste(tableau(), monde_.imprimante, monde_.sablier, monde_.dialogues, monde_.texte);
+    imprimeliste(tableau(), services_.imprimante, avec.sablier, avec.dialogues, avec.texte);
 }
 
 TableauImprime ControleListe::tableau() const {
-    TableauImprime papier{titreimprime(monde_.texte), {}, {}, lignes_.copie()};
+    TableauImprime papier{titreimprime(services_.recherche.texte), {}, {}, lignes_.copie()};
     for (int place = 0; place < liste_.colonnes().nombre(); ++place) {
         papier.entetes << liste_.colonnes().titre(place);
         papier.largeurs << lignes_.largeur(place);
@@ -188,86 +140,6 @@ void ControleListe::precedentrecherche() {
         return;
     montrechoix();
     ouvre();
-}
-
-// ---- lists that come from elsewhere
-
-void ControleListe::fait(std::function<void()> travail) {
-    poste_.fait([this, travail = std::move(travail)](const std::stop_token&) { travaille(travail); });
-}
-
-/// Where the memory does not suffice, what the list holds by then stays.
-void ControleListe::travaille(const std::function<void()>& travail) {
-    constexpr int sansmemoire = 9567;
-    constexpr int titre = 8;
-    if (withinMemory(travail))
-        return;
-    {
-        const Remplissage remplissage(*this);
-        publie(finitliste(atelier_));
-    }
-    montreliste();
-    monde_.dialogues.message(texte(sansmemoire), texte(titre), Icone::Exclamation);
-}
-
-void ControleListe::remplit(const QStringList& cles) {
-    fait([this, cles] { remplitmaintenant(cles); });
-}
-
-void ControleListe::remplitmaintenant(const QStringList& cles) {
-    {
-        const Remplissage remplissage(*this);
-        commenceliste(atelier_);
-        ajoute(cles);
-        publie(finitliste(atelier_));
-        vue_.ditetat(textecompte(liste_.lignes(), monde_.texte));
-    }
-    montreliste();
-}
-
-void ControleListe::ajoute(const QStringList& cles) {
-    for (const QString& cle : cles) {
-        const Recordset* rangee = monde_.corpus.rangee(decoupecle(cle));
-        if (rangee && ajoutedocument(liste_, *rangee) != 0)
-            return;
-    }
-}
-
-void ControleListe::cherchedans(const QString& code, const QString& mots,
-                                const std::function<void(const QString&)>& ligne) {
-    fait([this, code, mots, ligne] { cherchemaintenant(code, mots, ligne); });
-}
-
-void ControleListe::cherchemaintenant(const QString& code, const QString& mots,
-                                      const std::function<void(const QString&)>& ligne) {
-    const Remplissage remplissage(*this);
-    const ResultatDico resultat = RechercheDico(atelier_, ligne).cherche(DemandeDico::defenetre(mots, code));
-    publie(resultat.fin);
-    if (resultat.fin.resultatpresent) {
-        montreliste();
-        return;
-    }
-    if (resultat.issue == ResultatDico::Issue::Terminee)
-        vue_.ditetat(textecompte(0, monde_.texte));
-    cachepanneau();
-}
-
-bool ControleListe::prenddoutil(const QString& dossiertemporaire) {
-    const QString chemin = fichierselection(dossiertemporaire);
-    if (!fileExists(chemin))
-        return false;
-    fait([this, chemin] { prendmaintenant(chemin); });
-    return true;
-}
-
-void ControleListe::prendmaintenant(const QString& chemin) {
-    const Remplissage remplissage(*this);
-    const auto resultat = remplitdepuisoutil(chemin, atelier_);
-    if (!resultat)
-        return;
-    publie(resultat->fin);
-    vue_.elargitpanneau();
-    montreliste();
 }
 
 } // namespace velm

@@ -1,7 +1,6 @@
 #include "search/dialoguescriteres.h"
 
 #include "core/langue.h"
-#include "core/listes.h"
 #include "core/obstacles.h"
 #include "platform/system/files.h"
 
@@ -89,14 +88,6 @@ void FichiersCriteres::envoyercriteres(const FichierCriteres& fichier) {
 void FichiersCriteres::ditnonecrit(const QString& nom, const FileError& erreur, int titre) {
     dialogues_.message(remplace(texte_(9470), {nom, raison(erreur.kind, erreur.words, texte_)}), texte_(titre),
                        Icone::Stop);
-}
-
-PublicationFin restitue(const FichierCriteres& fichier, const Atelier& atelier) {
-    rendmots(fichier, atelier.liste);
-    atelier.liste.visible = false;
-    rendlignes(fichier, atelier.liste);
-    atelier.curseurattente(textecompte(atelier.liste.lignes(), atelier.texte));
-    return finitliste(atelier);
 }
 
 } // namespace velm

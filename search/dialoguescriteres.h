@@ -4,7 +4,6 @@
 #include "platform/system/dialogues.h"
 #include "platform/system/sablier.h"
 #include "search/fichiercriteres.h"
-#include "search/recherche.h"
 
 #include <functional>
 
@@ -35,9 +34,5 @@ private:
     Courrier& courrier_;
     Texte texte_;
 };
-
-/// Puts the saved rows and words to mark into the list, which then shows, and their number into the status panel.
-/// Publishes as at the end of a search.
-PublicationFin restitue(const FichierCriteres& fichier, const Atelier& atelier);
 
 } // namespace velm

@@ -1,5 +1,6 @@
 #pragma once
 // The state of the search form without its controls: what a criteria file restores, and the items that its lists show.
+#include "core/corpus.h"
 #include "search/fichiercriteres.h"
 
 #include <QStringList>

@@ -163,27 +163,26 @@ void prendlignes(FichierCriteres& f, const ListeSelection& liste) {
     }
 }
 
-void rendlignes(const FichierCriteres& f, ListeSelection& liste) {
-    liste.vide();
+void rendlignes(const FichierCriteres& f, Lignes& lignes) {
+    lignes.vide();
     for (const FichierCriteres::Ligne& ligne : f.lignes) {
-        std::array<QStringView, ListeSelection::Clef> champs;
+        std::array<QStringView, Lignes::Clef> champs;
         for (std::size_t colonne = 0; colonne < f.coldata.size(); ++colonne) {
-            if (const int champ = f.coldata[colonne]; champ >= 0 && champ < ListeSelection::Clef)
+            if (const int champ = f.coldata[colonne]; champ >= 0 && champ < Lignes::Clef)
                 champs[static_cast<std::size_t>(champ)] = ligne.cellules[colonne];
         }
-        if (liste.ajouteauflex({champs[ListeSelection::Reference], champs[ListeSelection::Numart],
-                                champs[ListeSelection::Titre], champs[ListeSelection::Motcle1],
-                                champs[ListeSelection::Motcle2], champs[ListeSelection::Motcle3], ligne.cle}) != 0)
+        if (!lignes.ajoute({champs[Lignes::Reference], champs[Lignes::Numart], champs[Lignes::Titre],
+                            champs[Lignes::Motcle1], champs[Lignes::Motcle2], champs[Lignes::Motcle3], ligne.cle}))
             return;
     }
 }
 
-void rendmots(const FichierCriteres& f, ListeSelection& liste) {
+void rendmots(const FichierCriteres& f, Resultat& resultat) {
     if (!f.texterapide.isEmpty())
-        liste.mot1 = remplacecodes(f.texterapide);
+        resultat.mot1 = remplacecodes(f.texterapide);
     if (!f.criteres.texterech[0].isEmpty())
-        liste.mot1 = remplacecodes(f.criteres.texterech[0]);
-    liste.mot2 = remplacecodes(f.criteres.texterech[1]);
+        resultat.mot1 = remplacecodes(f.criteres.texterech[0]);
+    resultat.mot2 = remplacecodes(f.criteres.texterech[1]);
 }
 
 } // namespace velm

@@ -52,11 +52,11 @@ std::optional<FichierCriteres> litfichiercriteres(QByteArrayView octets);
 
 /// The rows of the list and the columns as they stand.
 void prendlignes(FichierCriteres& fichier, const ListeSelection& liste);
-/// Replaces the rows of the list, each cell by its meaning. Ends where the list takes no more.
-void rendlignes(const FichierCriteres& fichier, ListeSelection& liste);
+/// The rows of the file in place of those that are there, each cell by its meaning. Ends where no more are taken.
+void rendlignes(const FichierCriteres& fichier, Lignes& lignes);
 
 /// The words to mark: the first is the text of the criteria tab, else that of the quick search, else what it was; the
 /// second is always taken.
-void rendmots(const FichierCriteres& fichier, ListeSelection& liste);
+void rendmots(const FichierCriteres& fichier, Resultat& resultat);
 
 } // namespace velm

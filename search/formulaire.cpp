@@ -1,9 +1,6 @@
 #include "search/formulaire.h"
 
-#include "core/listes.h"
-#include "platform/base/memory.h"
 #include "platform/text/number.h"
-#include "search/dialoguescriteres.h"
 #include "search/recherchecriteres.h"
 #include "search/recherchedico.h"
 #include "search/rechercherapide.h"
@@ -20,8 +17,6 @@ namespace {
 constexpr int touslestextes = 900;
 constexpr int recherchertexte = 1124;
 constexpr int arretertexte = 2145;
-constexpr int titredesmessages = 8;
-constexpr int sansmemoire = 9567;
 constexpr std::array conjonctions{2130, 2131, 2132, 2133};
 
 const QString section = u"RECHERCHE"_s;
@@ -36,8 +31,8 @@ int limitestockee(const Reglages& reglages, const QString& cle) {
 
 } // namespace
 
-Formulaire::Formulaire(const Monde& monde, VueFormulaire& vue)
-    : monde_(monde), vue_(vue), types_(littypesdocument(monde.hote.atelier().corpus)),
+Formulaire::Formulaire(const Services& services, VueFormulaire& vue)
+    : services_(services), vue_(vue), types_(littypesdocument(services.liste.corpus())),
       motscles_(texte(touslestextes)), derniers_{DerniersTextes(u"TEXTERAPIDE"_s), DerniersTextes(u"TEXTERECH0"_s),
                                                  DerniersTextes(u"TEXTERECH1"_s), DerniersTextes(u"TEXTEDICO"_s)} {
     items_.combomotcle = motscles_.items();
@@ -49,11 +44,11 @@ Formulaire::Formulaire(const Monde& monde, VueFormulaire& vue)
 void Formulaire::charge() {
     EtatFormulaire etat;
     etat.boutons.fill(true);
-    etat.Combonombredico = limitestockee(monde_.reglages, clemots);
-    etat.combonombre = limitestockee(monde_.reglages, clerapide);
+    etat.Combonombredico = limitestockee(services_.reglages, clemots);
+    etat.combonombre = limitestockee(services_.reglages, clerapide);
     vue_.offremotscles(items_.combomotcle);
     for (std::size_t boite = 0; boite < derniers_.size(); ++boite) {
-        derniers_.at(boite).charge(monde_.reglages);
+        derniers_.at(boite).charge(services_.reglages);
         vue_.offrederniers(static_cast<BoiteTexte>(boite), derniers_.at(boite).textes());
     }
     for (const Onglet onglet : {Onglet::Rapide, Onglet::Criteres, Onglet::Mots})
@@ -69,7 +64,7 @@ void Formulaire::decharge() {
     if (!charge_)
         return;
     const EtatFormulaire etat = vue_.etat();
-    Reglages& reglages = monde_.reglages;
+    Reglages& reglages = services_.reglages;
     ReglagesStore::Batch lot(reglages.magasin());
     reglages.savesetting(section, clemots, QString::number(etat.Combonombredico));
     reglages.savesetting(section, clerapide, QString::number(etat.combonombre));
@@ -82,14 +77,17 @@ void Formulaire::decharge() {
 // ---- the window
 
 bool Formulaire::ilyadeslignes() const {
-    const ListeSelection& liste = atelier().liste;
-    return liste.visible && liste.lignes() > 0;
+    return liste().visible() && liste().liste().lignes() > 0;
 }
 
-void Formulaire::active() {
+void Formulaire::permetaffinage() {
     vue_.permetaffinage(ilyadeslignes());
     if (!ilyadeslignes())
         vue_.choisitaffinage(false);
+}
+
+void Formulaire::active() {
+    permetaffinage();
     vue_.focus(static_cast<Onglet>(vue_.etat().ongletrecherche));
 }
 
@@ -103,25 +101,25 @@ void Formulaire::ongletchange(Onglet onglet) {
 
 void Formulaire::lirelesmotscles() {
     const qsizetype avant = items_.combomotcle.size();
-    motscles_.lirelesmotscles(atelier().corpus);
+    motscles_.lirelesmotscles(liste().corpus());
     items_.combomotcle = motscles_.items();
     if (items_.combomotcle.size() != avant)
         vue_.offremotscles(items_.combomotcle);
 }
 
 void Formulaire::annuler() {
-    if (!poste().occupe())
+    if (!liste().encours())
         vue_.cache();
 }
 
 void Formulaire::ferme() {
-    poste().arrete();
+    liste().arrete();
     vue_.cache();
 }
 
 void Formulaire::echappe() {
-    if (poste().occupe())
-        poste().arrete();
+    if (liste().encours())
+        liste().arrete();
     else
         vue_.cache();
 }
@@ -143,22 +141,10 @@ void Formulaire::clic(Onglet onglet) {
     if (bool& arrete = arrets_.at(static_cast<std::size_t>(onglet)); arrete) {
         arrete = false;
         vue_.libelle(onglet, texte(recherchertexte));
-        poste().arrete();
+        liste().arrete();
         return;
     }
-    poste().fait([this, onglet](const std::stop_token& arret) { travaille([&] { cherche(onglet, arret); }); });
-}
-
-void Formulaire::travaille(const std::function<void()>& travail) {
-    const bool tient = [&] {
-        const Remplissage remplissage(monde_.hote);
-        if (withinMemory(travail))
-            return true;
-        abandonne();
-        return false;
-    }();
-    if (!tient)
-        atelier().dialogues.message(texte(sansmemoire), texte(titredesmessages), Icone::Exclamation);
+    liste().remplit([this, onglet](const std::stop_token& arret) { cherche(onglet, arret); }, [this] { abandonne(); });
 }
 
 /// Of a search that the memory did not suffice for, what it has found stays.
@@ -167,7 +153,7 @@ void Formulaire::abandonne() {
     vue_.cacheprogres();
     for (const Onglet onglet : {Onglet::Rapide, Onglet::Criteres, Onglet::Mots})
         vue_.libelle(onglet, texte(recherchertexte));
-    finit(finitliste(atelier()));
+    permetaffinage();
 }
 
 void Formulaire::cherche(Onglet onglet, const std::stop_token& arret) {
@@ -177,30 +163,28 @@ void Formulaire::cherche(Onglet onglet, const std::stop_token& arret) {
         arrete = true;
         vue_.libelle(onglet, texte(arretertexte));
     }
-    const std::optional<PublicationFin> fin = onglet == Onglet::Rapide     ? cherchevite(etat, arret)
-                                              : onglet == Onglet::Criteres ? cherchecriteres(etat, arret)
-                                                                           : cherchemots(etat, arret);
+    switch (onglet) {
+    case Onglet::Rapide:
+        cherchevite(etat, arret);
+        break;
+    case Onglet::Criteres:
+        cherchecriteres(etat, arret);
+        break;
+    case Onglet::Mots:
+        cherchemots(etat, arret);
+        break;
+    }
     arrete = false;
     vue_.cacheprogres();
     vue_.libelle(onglet, texte(recherchertexte));
-    if (!fin)
+    const Resultat& resultat = liste().liste().resultat();
+    if (resultat.issue == Resultat::Issue::TexteCourt)
         return;
-    finit(*fin);
-    if (onglet != Onglet::Mots)
-        ditaucun();
-}
-
-/// The walks tell what they have found, and nothing of nothing.
-void Formulaire::ditaucun() const {
-    if (atelier().liste.lignes() == 0)
-        atelier().curseurattente(textecompte(0, monde_.texte));
-}
-
-void Formulaire::finit(const PublicationFin& fin) {
-    monde_.hote.publie(fin);
-    vue_.permetaffinage(fin.option2);
-    if (!fin.option2)
-        vue_.choisitaffinage(false);
+    liste().acheve();
+    permetaffinage();
+    // The walks tell what they have found, and nothing of nothing.
+    if (resultat.lignes.nombre() == 0 && (onglet != Onglet::Mots || resultat.issue == Resultat::Issue::Terminee))
+        liste().dit(0);
 }
 
 std::function<void(qint64, qint64)> Formulaire::progres() {
@@ -215,19 +199,20 @@ void Formulaire::retient(BoiteTexte boite, const QString& texte) {
         vue_.offrederniers(boite, liste.textes());
 }
 
-PublicationFin Formulaire::cherchevite(const EtatFormulaire& etat, const std::stop_token& arret) {
+void Formulaire::cherchevite(const EtatFormulaire& etat, const std::stop_token& arret) {
     retient(BoiteTexte::Rapide, etat.texterapide);
-    return RechercheRapide(atelier(), progres())
-        .cherche({etat.texterapide, lettresdesboutons(etat.boutons), limitedindex(etat.combonombre)}, arret)
-        .fin;
+    Marche marche = liste().marche(arret, progres());
+    RechercheRapide(liste().corpus(), marche)
+        .cherche({etat.texterapide, lettresdesboutons(etat.boutons), limitedindex(etat.combonombre)},
+                 liste().nouveau());
 }
 
-PublicationFin Formulaire::cherchecriteres(const EtatFormulaire& etat, const std::stop_token& arret) {
+void Formulaire::cherchecriteres(const EtatFormulaire& etat, const std::stop_token& arret) {
     const QByteArray lettres = lettresdesboutons(etat.boutons);
-    const bool affine = vue_.affinage() && atelier().liste.lignes() > 0;
+    const bool affine = vue_.affinage() && liste().liste().lignes() > 0;
     Criteres criteres = etat.criteres;
     const bool cherche = affine || std::any_of(lettres.begin(), lettres.end(), [this](char lettre) {
-                             return atelier().corpus.compterarticles(codedelalettre(lettre)) > 0;
+                             return liste().corpus().compterarticles(codedelalettre(lettre)) > 0;
                          });
     if (cherche) {
         avancetexte(criteres);
@@ -236,49 +221,54 @@ PublicationFin Formulaire::cherchecriteres(const EtatFormulaire& etat, const std
         retient(BoiteTexte::Premier, criteres.texterech[0]);
         retient(BoiteTexte::Second, criteres.texterech[1]);
     }
-    RechercheCriteres recherche(atelier(), progres());
-    return affine ? recherche.affine(criteres, types_, arret).fin
-                  : recherche.cherche(criteres, types_, lettres, arret).fin;
+    Marche marche = liste().marche(arret, progres());
+    RechercheCriteres recherche(liste().corpus(), marche);
+    if (affine)
+        recherche.affine(criteres, types_, liste().present());
+    else
+        recherche.cherche(criteres, types_, lettres, liste().nouveau());
 }
 
-std::optional<PublicationFin> Formulaire::cherchemots(const EtatFormulaire& etat, const std::stop_token& arret) {
+void Formulaire::cherchemots(const EtatFormulaire& etat, const std::stop_token& arret) {
     vue_.videresultat();
     DemandeDico demande;
     demande.mots = etat.Textedico;
     demande.lettres = lettresdesboutons(etat.boutons);
     demande.tous = etat.checkandordico;
     demande.limite = limitedindex(etat.Combonombredico);
-    RechercheDico recherche(atelier(), [this](const QString& ligne) { vue_.ajouteresultat(ligne); });
-    const ResultatDico resultat = recherche.cherche(demande, arret);
-    if (resultat.issue == ResultatDico::Issue::TexteCourt) {
-        Criteres criteres = etat.criteres;
-        criteres.texterech[0] = etat.Textedico;
-        vue_.montrecriteres(criteres);
-        vue_.montreonglet(Onglet::Criteres);
-        return std::nullopt;
-    }
-    retient(BoiteTexte::Mots, etat.Textedico);
-    if (resultat.issue == ResultatDico::Issue::Terminee)
-        ditaucun();
-    return resultat.fin;
+    const Resultat& resultat = liste().cherchemots(
+        demande, [this](const QString& ligne) { vue_.ajouteresultat(ligne); }, arret);
+    if (resultat.issue == Resultat::Issue::TexteCourt)
+        ligneauxcriteres(etat);
+    else
+        retient(BoiteTexte::Mots, etat.Textedico);
+}
+
+/// A line that is too short for the index is looked for as a text.
+void Formulaire::ligneauxcriteres(const EtatFormulaire& etat) {
+    Criteres criteres = etat.criteres;
+    criteres.texterech[0] = etat.Textedico;
+    vue_.montrecriteres(criteres);
+    vue_.montreonglet(Onglet::Criteres);
 }
 
 // ---- criteria files
 
 FichierCriteres Formulaire::fichier() const {
-    return fichierde(vue_.etat(), items_, atelier().liste);
+    return fichierde(vue_.etat(), items_, liste().liste());
 }
 
 void Formulaire::prendfichier(const FichierCriteres& fichier) {
-    poste().fait([this, fichier](const std::stop_token&) { travaille([&] { restitue(fichier); }); });
+    liste().remplit([this, fichier](const std::stop_token&) { restitue(fichier); }, [this] { abandonne(); });
 }
 
 void Formulaire::restitue(const FichierCriteres& fichier) {
-    const Attente attente(atelier().sablier);
+    const Attente attente(liste().sablier());
     if (static_cast<Onglet>(fichier.ongletrecherche) == Onglet::Criteres || motscles_.manque(fichier))
         lirelesmotscles();
     vue_.montre(etatde(fichier, items_, vue_.etat().criteres.prefixe));
-    finit(velm::restitue(fichier, atelier()));
+    liste().restitue(fichier);
+    permetaffinage();
 }
 
 } // namespace velm

@@ -4,7 +4,7 @@
 #include "core/reglages.h"
 #include "search/dernierstextes.h"
 #include "search/etatformulaire.h"
-#include "search/hoteselection.h"
+#include "search/remplissageliste.h"
 
 #include <functional>
 #include <optional>
@@ -47,12 +47,13 @@ public:
 
 class Formulaire {
 public:
-    struct Monde {
-        HoteSelection& hote;
+    /// Nothing is owned.
+    struct Services {
+        RemplissageListe& liste; ///< where the results go
         Reglages& reglages;
         std::function<QString(int)> texte;
     };
-    Formulaire(const Monde& monde, VueFormulaire& vue);
+    Formulaire(const Services& services, VueFormulaire& vue);
 
     /// The form as it first appears, with what the last run has left.
     void charge();
@@ -87,25 +88,23 @@ public:
     const TypesDocument& types() const { return types_; }
 
 private:
-    QString texte(int numero) const { return monde_.texte(numero); }
-    Atelier& atelier() const { return monde_.hote.atelier(); }
+    QString texte(int numero) const { return services_.texte(numero); }
+    RemplissageListe& liste() const { return services_.liste; }
     bool ilyadeslignes() const;
-    Poste& poste() const { return monde_.hote.poste(); }
-    void travaille(const std::function<void()>& travail);
     void abandonne();
     void cherche(Onglet onglet, const std::stop_token& arret);
-    PublicationFin cherchevite(const EtatFormulaire& etat, const std::stop_token& arret);
-    PublicationFin cherchecriteres(const EtatFormulaire& etat, const std::stop_token& arret);
-    std::optional<PublicationFin> cherchemots(const EtatFormulaire& etat, const std::stop_token& arret);
+    void cherchevite(const EtatFormulaire& etat, const std::stop_token& arret);
+    void cherchecriteres(const EtatFormulaire& etat, const std::stop_token& arret);
+    void cherchemots(const EtatFormulaire& etat, const std::stop_token& arret);
+    void ligneauxcriteres(const EtatFormulaire& etat);
     void retient(BoiteTexte boite, const QString& texte);
     DerniersTextes& derniers(BoiteTexte boite) { return derniers_.at(static_cast<std::size_t>(boite)); }
-    void finit(const PublicationFin& fin);
-    void ditaucun() const;
+    void permetaffinage();
     void lirelesmotscles();
     void restitue(const FichierCriteres& fichier);
     std::function<void(qint64, qint64)> progres();
 
-    Monde monde_;
+    Services services_;
     VueFormulaire& vue_;
     TypesDocument types_;
     ListeMotsCles motscles_;

@@ -10,19 +10,7 @@ qint64 limitedindex(int listindex) {
     return listindex == 0 ? premiere : listindex == 1 ? seconde : sanslimite;
 }
 
-void commenceliste(const Atelier& atelier) {
-    atelier.liste.visible = false;
-    atelier.liste.vide();
-    atelier.curseurattente(QString());
-}
-
-PublicationFin finitliste(const Atelier& atelier) {
-    atelier.liste.effacemarquestri();
-    atelier.liste.visible = true;
-    return atelier.liste.publie();
-}
-
-int ajoutedocument(ListeSelection& liste, const Recordset& donnees) {
+bool ajoutedocument(Lignes& lignes, const Recordset& donnees) {
     const QString reference = donnees.text(u"référence"_s);
     const QString numart = donnees.text(u"numart"_s);
     const QString titre = donnees.text(u"titre"_s);
@@ -30,7 +18,7 @@ int ajoutedocument(ListeSelection& liste, const Recordset& donnees) {
     const QString motcle2 = donnees.text(u"motclé2"_s);
     const QString motcle3 = donnees.text(u"motclé3"_s);
     const QString cle = reference + numart;
-    return liste.ajouteauflex({reference, numart, titre, motcle1, motcle2, motcle3, cle});
+    return lignes.ajoute({reference, numart, titre, motcle1, motcle2, motcle3, cle});
 }
 
 } // namespace velm

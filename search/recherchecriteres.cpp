@@ -1,8 +1,7 @@
 #include "search/recherchecriteres.h"
 
-#include "core/listes.h"
 #include "platform/base/failure.h"
-#include "search/renfort.h"
+#include "search/testeurdelots.h"
 #include "search/typescherches.h"
 
 #include <algorithm>
@@ -11,18 +10,17 @@ namespace velm {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-using Horloge = std::chrono::steady_clock;
 
 /// Columns of the walk.
 enum Colonne { Rangee, Numart, Titre, Motcle1, Motcle2, Motcle3, Source, Type, Date };
 
-/// What both ways of searching share. It holds all that it works on, as another search may begin while it lets events
+/// What both ways of searching share. It holds what was asked, as another search may be asked for while it lets events
 /// through.
-class Parcours {
+class VisiteParCriteres {
 public:
-    Parcours(const Atelier& atelier, const std::function<void(qint64, qint64)>& progres, const std::stop_token& arret,
-             ResultatCriteres& resultat, Criteres& criteres, const TypesDocument& types, bool sanstable)
-        : atelier_(atelier), progres_(progres), arret_(arret), resultat_(resultat) {
+    VisiteParCriteres(Corpus& corpus, Marche& marche, Resultat& resultat, Criteres& criteres,
+                      const TypesDocument& types, bool sanstable)
+        : corpus_(corpus), marche_(marche), resultat_(resultat) {
         avancetexte(criteres);
         criteres_ = litcriteres(criteres, types);
         criteres_.sanstable = sanstable;
@@ -30,64 +28,57 @@ public:
 
 protected:
     void commence(qint64 total) {
-        total_ = total;
-        atelier_.liste.mot1 = criteres_.textes[0];
-        atelier_.liste.mot2 = criteres_.textes[1];
-        progres_(0, total_);
+        resultat_.mot1 = criteres_.textes[0];
+        resultat_.mot2 = criteres_.textes[1];
+        marche_.commence(total);
         // A table that the base lacks is found missing here, as everywhere.
-        atelier_.corpus.donnees().setIndex(u"primarykey"_s);
-        renfort_.emplace(atelier_.corpus.base(), criteres_);
+        corpus_.donnees().setIndex(u"primarykey"_s);
+        testeur_.emplace(corpus_.base(), criteres_);
     }
 
     bool teste(const FicheCriteres& fiche) const { return testefiche(criteres_, fiche); }
 
     /// Tests the texts of the documents of a lot that have passed everything else.
     void testelot(std::vector<FicheTestee>& lot) {
-        const auto debut = Horloge::now();
-        renfort_->traite(lot);
-        taille_.apres(Horloge::now() - debut);
+        const auto debut = std::chrono::steady_clock::now();
+        testeur_->teste(lot);
+        taille_.apres(std::chrono::steady_clock::now() - debut);
         for (FicheTestee& testee : lot) {
             if (!testee.passe)
                 testee.passe = illisible(testee.fiche);
         }
     }
 
-    bool due() const { return atelier_.cession.due(); }
-    void ditprogres() const { progres_(std::min(resultat_.vus, total_), total_); }
-    void ditcompte(qint64 nombre) const { atelier_.curseurattente(textecompte(nombre, atelier_.texte)); }
-
-    const Atelier& atelier_;
-    const std::function<void(qint64, qint64)>& progres_;
-    const std::stop_token arret_;
-    ResultatCriteres& resultat_;
+    Corpus& corpus_;
+    Marche& marche_;
+    Resultat& resultat_;
     CriteresLus criteres_;
     TailleDeLot taille_;
-    qint64 total_ = 0;
 
 private:
     /// The table says what is wrong with a body that cannot be read, in a run-time error.
     bool illisible(const FicheCriteres& fiche) {
-        Recordset& donnees = atelier_.corpus.donnees();
+        Recordset& donnees = corpus_.donnees();
         donnees.setBookmark({fiche.rangee});
         static_cast<void>(donnees.bytes(u"contenu"_s));
-        LecteurDeCorps lecteur(atelier_.corpus.base(), criteres_);
+        LecteurDeCorps lecteur(corpus_.base(), criteres_);
         const std::optional<bool> passe = testetextes(criteres_, fiche, lecteur);
         if (!passe)
             runtimeError(u"données_contenu"_s);
         return *passe;
     }
 
-    std::optional<Renfort> renfort_;
+    std::optional<TesteurDeLots> testeur_;
 };
 
-class ParcoursTable : public Parcours {
+class VisiteDeLaBase : public VisiteParCriteres {
 public:
-    using Parcours::Parcours;
+    using VisiteParCriteres::VisiteParCriteres;
 
     void cherche(const QByteArray& lettres) {
         qint64 total = 0;
         for (const char lettre : lettres)
-            total += atelier_.corpus.compterarticles(codedelalettre(lettre));
+            total += corpus_.compterarticles(codedelalettre(lettre));
         if (total == 0)
             return;
         commence(total);
@@ -95,8 +86,6 @@ public:
             if (!parcourt(codedelalettre(lettre)))
                 break;
         }
-        if (resultat_.hits > 0)
-            ditcompte(resultat_.hits);
     }
 
 private:
@@ -105,7 +94,7 @@ private:
     bool parcourt(const QString& code) {
         code_ = code;
         QString erreur;
-        const auto lignes = atelier_.corpus.base().openQuery(
+        const auto lignes = corpus_.base().openQuery(
             u"SELECT rowid, numart, titre, motclé1, motclé2, motclé3, Source, typededocument, Date FROM données "
             "WHERE référence=?1 ORDER BY référence, numart"_s,
             {code}, &erreur);
@@ -165,9 +154,7 @@ private:
     /// Document by document, as if each were tested only now.
     bool rend() {
         for (std::size_t i = 0; i < lot_.size(); ++i) {
-            if (!passe(avant_[i]))
-                return false;
-            if (!continuer())
+            if (!passe(avant_[i]) || !marche_.continuer(resultat_))
                 return false;
             if (*lot_[i].passe && !ajoute(lot_[i].fiche))
                 return false;
@@ -179,29 +166,18 @@ private:
     /// Documents that have failed.
     bool passe(qint64 nombre) {
         for (; nombre > 0; --nombre) {
-            if (!continuer())
+            if (!marche_.continuer(resultat_))
                 return false;
             ++resultat_.vus;
         }
         return true;
     }
 
-    bool continuer() {
-        if (due()) {
-            ditprogres();
-            if (resultat_.hits > 0)
-                ditcompte(resultat_.hits);
-            atelier_.cession.cede(arret_);
-        }
-        resultat_.arretee = arret_.stop_requested();
-        return !resultat_.arretee;
-    }
-
     bool ajoute(const FicheCriteres& f) {
         const QString cle = code_ + f.numart;
-        if (atelier_.liste.ajouteauflex({code_, f.numart, f.titre, f.motcle[0], f.motcle[1], f.motcle[2], cle}) != 0)
+        if (!resultat_.lignes.ajoute({code_, f.numart, f.titre, f.motcle[0], f.motcle[1], f.motcle[2], cle}))
             return false;
-        ++resultat_.hits;
+        resultat_.compte = ++resultat_.hits;
         return true;
     }
 
@@ -213,13 +189,13 @@ private:
     qint64 suite_ = 0;          ///< and behind the last
 };
 
-class ParcoursListe : public Parcours {
+class VisiteDesLignes : public VisiteParCriteres {
 public:
-    using Parcours::Parcours;
+    using VisiteParCriteres::VisiteParCriteres;
 
     void affine() {
-        commence(atelier_.liste.lignes());
-        reste_ = atelier_.liste.lignes();
+        total_ = resultat_.lignes.nombre();
+        commence(total_);
         while (ilyenaencore()) {
             prend();
             testelot(lot_);
@@ -230,18 +206,18 @@ public:
     }
 
 private:
-    /// The rows to be removed still stand in the list, between those kept and those to come.
+    /// The rows to be removed still stand there, between those kept and those to come.
     int prochaine() const { return static_cast<int>(resultat_.hits + static_cast<qint64>(aenlever_.size())) + 1; }
-    bool ilyenaencore() const { return resultat_.vus < total_ && prochaine() <= atelier_.liste.lignes(); }
+    bool ilyenaencore() const { return resultat_.vus < total_ && prochaine() <= resultat_.lignes.nombre(); }
 
     void prend() {
         lot_.clear();
         places_.clear();
         const int premiere = prochaine();
         const auto reste = std::min(static_cast<std::size_t>(total_ - resultat_.vus),
-                                    static_cast<std::size_t>(atelier_.liste.lignes() - premiere + 1));
+                                    static_cast<std::size_t>(resultat_.lignes.nombre() - premiere + 1));
         while (places_.size() < reste && lot_.size() < taille_.taille()) {
-            FicheCriteres fiche = lit(atelier_.liste.cle(premiere + static_cast<int>(places_.size())));
+            FicheCriteres fiche = lit(resultat_.lignes.cle(premiere + static_cast<int>(places_.size())));
             const bool passe = teste(fiche);
             places_.push_back(passe ? lot_.size() : tombee);
             if (passe)
@@ -250,9 +226,9 @@ private:
     }
 
     FicheCriteres lit(const QString& texte) const {
-        Recordset& donnees = atelier_.corpus.donnees();
+        Recordset& donnees = corpus_.donnees();
         const Bookmark avant = donnees.bookmark();
-        if (!atelier_.corpus.rangee(decoupecle(texte)) && avant.valid())
+        if (!corpus_.rangee(decoupecle(texte)) && avant.valid())
             donnees.setBookmark(avant);
         FicheCriteres fiche;
         fiche.rangee = donnees.bookmark().row;
@@ -278,30 +254,25 @@ private:
     }
 
     bool continuer() {
-        if (due()) {
+        if (marche_.due())
             enleve();
-            ditprogres();
-            atelier_.cession.cede(atelier_.corpus.donnees(), arret_);
-        }
-        resultat_.arretee = arret_.stop_requested();
-        return !resultat_.arretee;
+        return marche_.continuer(resultat_, corpus_.donnees());
     }
 
     /// Many rows at once: one by one each would move all that follow it.
     void enleve() {
         if (aenlever_.empty())
             return;
-        atelier_.liste.supprime(aenlever_);
-        reste_ -= static_cast<qint64>(aenlever_.size());
+        resultat_.lignes.supprime(aenlever_);
         aenlever_.clear();
-        ditcompte(reste_);
+        resultat_.compte = resultat_.lignes.nombre();
     }
 
     static constexpr std::size_t tombee = ~std::size_t(0);
     std::vector<FicheTestee> lot_;
     std::vector<std::size_t> places_; ///< of the rows looked at, in the lot
     std::vector<int> aenlever_;
-    qint64 reste_ = 0;
+    qint64 total_ = 0;
 };
 
 } // namespace
@@ -314,30 +285,15 @@ void TailleDeLot::apres(std::chrono::steady_clock::duration duree) {
         taille_ = std::min(taille_ * 2, plusgrande);
 }
 
-RechercheCriteres::RechercheCriteres(Atelier atelier, std::function<void(qint64, qint64)> progres)
-    : atelier_(std::move(atelier)), progres_(std::move(progres)) {
-    if (!progres_)
-        progres_ = [](qint64, qint64) {};
+void RechercheCriteres::cherche(Criteres& criteres, const TypesDocument& types, const QByteArray& lettres,
+                                Resultat& resultat) {
+    resultat.commence();
+    VisiteDeLaBase(corpus_, marche_, resultat, criteres, types, sanstable_).cherche(lettres);
 }
 
-ResultatCriteres RechercheCriteres::cherche(Criteres& criteres, const TypesDocument& types, const QByteArray& lettres,
-                                            const std::stop_token& arret) {
-    ResultatCriteres resultat;
-    atelier_.cession.commence();
-    commenceliste(atelier_);
-    ParcoursTable(atelier_, progres_, arret, resultat, criteres, types, sanstable_).cherche(lettres);
-    resultat.fin = finitliste(atelier_);
-    return resultat;
-}
-
-ResultatCriteres RechercheCriteres::affine(Criteres& criteres, const TypesDocument& types,
-                                           const std::stop_token& arret) {
-    ResultatCriteres resultat;
-    atelier_.cession.commence();
-    atelier_.liste.visible = false;
-    ParcoursListe(atelier_, progres_, arret, resultat, criteres, types, sanstable_).affine();
-    resultat.fin = finitliste(atelier_);
-    return resultat;
+void RechercheCriteres::affine(Criteres& criteres, const TypesDocument& types, Resultat& resultat) {
+    resultat.commence();
+    VisiteDesLignes(corpus_, marche_, resultat, criteres, types, sanstable_).affine();
 }
 
 } // namespace velm

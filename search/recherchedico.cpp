@@ -1,6 +1,5 @@
 #include "search/recherchedico.h"
 
-#include "core/listes.h"
 #include "core/parametres.h"
 #include "platform/base/failure.h"
 #include "platform/text/letters.h"
@@ -19,12 +18,6 @@ using namespace Qt::Literals::StringLiterals;
 constexpr qsizetype lignecourte = 3;
 constexpr qsizetype motcourt = 2;
 constexpr qsizetype plusdentreessansquestion = 200;
-constexpr qint64 limitedelaquestion = 200;
-constexpr int pagedaide = 2;
-constexpr int refusdumot = 7300;
-constexpr int debutdelaquestion = 7302;
-constexpr int titredelaquestion = 7303;
-constexpr int findelaquestion = 7306;
 constexpr QChar joker = u'*';
 
 QString nombredentrees(const QByteArray& liste) {
@@ -39,17 +32,17 @@ bool refusable(const QString& mot) {
     return mot.size() < motcourt || val(mot) != 0 || (mot.back() >= u'0' && mot.back() <= u'9');
 }
 
-/// One search. It holds all that it works on, as another one may begin while it lets events through.
-class Passe {
+/// One search. It holds what was asked, as another one may be asked for while it lets events through.
+class RechercheDeLigne {
 public:
-    Passe(const Atelier& atelier, const std::function<void(const QString&)>& ligne, const DemandeDico& demande,
-          const std::stop_token& arret)
-        : atelier_(atelier), ligne_(ligne), demande_(demande), arret_(arret),
+    RechercheDeLigne(Corpus& corpus, Marche& marche, const EcouteDico& ecoute, const DemandeDico& demande,
+                     Resultat& resultat)
+        : corpus_(corpus), marche_(marche), ecoute_(ecoute), demande_(demande), resultat_(resultat),
           filtre_(demande.fenetre || demande.lettres.size() < nombredecollections) {}
 
     /// The lists of the words, in slots from 1 on. False when the search was stopped.
     bool lit() {
-        atelier_.corpus.dico().setIndex(u"primarykey"_s);
+        corpus_.dico().setIndex(u"primarykey"_s);
         for (const QString& mot : decoupemots(demande_.mots, separateursmots())) {
             if (refusable(mot))
                 refuse(mot);
@@ -70,40 +63,39 @@ public:
         QByteArray a = listes_[1];
         for (std::size_t i = 2; i < listes_.size(); ++i)
             a = demande_.tous || demande_.fenetre ? intersectionlistes(a, listes_[i]) : unionlistes(a, listes_[i]);
-        atelier_.liste.mot1 = sansjoker(mots_[1]);
-        atelier_.liste.mot2 = nombre > 1 ? sansjoker(mots_[2]) : QString();
+        resultat_.mot1 = sansjoker(mots_[1]);
+        resultat_.mot2 = nombre > 1 ? sansjoker(mots_[2]) : QString();
         return a;
     }
 
-    ResultatDico::Issue affiche(const QByteArray& entrees) {
+    void affiche(const QByteArray& entrees) {
         if (entrees.isEmpty())
-            return ResultatDico::Issue::Terminee;
+            return;
         qint64 limite = demande_.fenetre ? sanslimite : demande_.limite;
-        if (entrees.size() > plusdentreessansquestion * octetsparentree && limite == sanslimite) {
-            const Bouton reponse = demandelimite(entrees);
-            if (reponse == Bouton::Annuler)
-                return ResultatDico::Issue::Abandonnee;
-            if (reponse == Bouton::Oui)
-                limite = limitedelaquestion;
+        if (entrees.size() > plusdentreessansquestion * octetsparentree && limite == sanslimite && ecoute_.limite) {
+            const std::optional<qint64> voulue = ecoute_.limite(entrees.size() / octetsparentree);
+            if (!voulue) {
+                resultat_.issue = Resultat::Issue::Abandonnee;
+                return;
+            }
+            limite = *voulue;
         }
-        return ajoute(entrees, limite);
+        ajoute(entrees, limite);
     }
-
-    qint64 hits() const { return hits_; }
 
 private:
     int nombremots() const { return static_cast<int>(mots_.size()) - 1; }
 
-    void refuse(const QString& mot) const { ligne_(mot + u" : "_s + atelier_.texte(refusdumot)); }
+    void refuse(const QString& mot) const { ecoute_.ligne(mot + u" : "_s + ecoute_.refus); }
 
     /// Tells a word with its number of documents, and gives those that are wanted.
     QByteArray compte(const QString& libelle, const QByteArray& liste) const {
         if (!filtre_) {
-            ligne_(libelle + u" :"_s + nombredentrees(liste));
+            ecoute_.ligne(libelle + u" :"_s + nombredentrees(liste));
             return liste;
         }
         QByteArray voulues = filtretypes(liste, demande_.lettres);
-        ligne_(libelle + u" :"_s + nombredentrees(liste) + u" ("_s + nombredentrees(voulues) + u" )"_s);
+        ecoute_.ligne(libelle + u" :"_s + nombredentrees(liste) + u" ("_s + nombredentrees(voulues) + u" )"_s);
         return voulues;
     }
 
@@ -116,20 +108,20 @@ private:
     }
 
     void motexact(const QString& mot) {
-        Recordset& dico = atelier_.corpus.dico();
+        Recordset& dico = corpus_.dico();
         const QString majuscules = upperCase(mot);
         dico.seek(Seek::Equal, majuscules);
         if (dico.noMatch())
             return refuse(mot);
         const QByteArray liste = dico.bytes(u"liste"_s);
         if (liste.isEmpty())
-            return ligne_(mot + u" : 0"_s);
+            return ecoute_.ligne(mot + u" : 0"_s);
         accepte(majuscules, compte(mot, liste));
     }
 
     /// False when the search was stopped.
     bool motjoker(const QString& mot) {
-        Recordset& dico = atelier_.corpus.dico();
+        Recordset& dico = corpus_.dico();
         const QString debut = sansjoker(mot);
         const QString voulu = normalisemot(debut);
         const auto commence = [&](const QString& lu) { return normalisemot(lu.left(debut.size())) == voulu; };
@@ -153,53 +145,35 @@ private:
     }
 
     /// False when the search has to leave.
-    bool continuer(Recordset& table) {
-        if (demande_.fenetre)
-            return true;
-        if (atelier_.cession.due())
-            return atelier_.cession.cede(table, arret_);
-        return !arret_.stop_requested();
-    }
+    bool continuer(Recordset& table) { return demande_.fenetre || marche_.continuer(resultat_, table); }
 
-    Bouton demandelimite(const QByteArray& entrees) const {
-        const QString question = atelier_.texte(debutdelaquestion) + nombredentrees(entrees) + u' ' +
-                                 atelier_.texte(findelaquestion) + u" ?"_s;
-        atelier_.sablier.fixepointeur(Sablier::defaut);
-        const Bouton reponse = atelier_.dialogues.message(question, atelier_.texte(titredelaquestion), Icone::Aucune,
-                                                          Bouton::Oui | Bouton::Non | Bouton::Annuler | Bouton::Aide,
-                                                          Bouton::Aucun, pagedaide);
-        atelier_.sablier.fixepointeur(Sablier::attente);
-        return reponse;
-    }
-
-    ResultatDico::Issue ajoute(const QByteArray& entrees, qint64 limite) {
-        Recordset& donnees = atelier_.corpus.donnees();
+    void ajoute(const QByteArray& entrees, qint64 limite) {
+        Recordset& donnees = corpus_.donnees();
         donnees.setIndex(u"primarykey"_s);
-        for (qsizetype ici = 0; ici < entrees.size() && hits_ != limite; ici += octetsparentree) {
+        for (qsizetype ici = 0; ici < entrees.size() && resultat_.hits != limite; ici += octetsparentree) {
             if (!continuer(donnees))
-                return ResultatDico::Issue::Arretee;
+                return;
             const Cle cle = decodeentree(
                 QByteArrayView(entrees).sliced(ici).first(std::min<qsizetype>(octetsparentree, entrees.size() - ici)));
-            const Recordset* rangee = atelier_.corpus.rangee(cle);
+            const Recordset* rangee = corpus_.rangee(cle);
             if (!rangee)
                 continue;
-            if (ajoutedocument(atelier_.liste, *rangee) != 0)
+            if (!ajoutedocument(resultat_.lignes, *rangee))
                 break;
-            ++hits_;
+            ++resultat_.hits;
         }
-        atelier_.curseurattente(textecompte(hits_, atelier_.texte));
-        return ResultatDico::Issue::Terminee;
+        resultat_.compte = resultat_.hits;
     }
 
-    const Atelier& atelier_;
-    const std::function<void(const QString&)>& ligne_;
+    Corpus& corpus_;
+    Marche& marche_;
+    const EcouteDico& ecoute_;
     const DemandeDico demande_;
-    const std::stop_token arret_;
+    Resultat& resultat_;
     const bool filtre_;
     // Slot 0 is not used.
     std::vector<QString> mots_ = std::vector<QString>(1);
     std::vector<QByteArray> listes_ = std::vector<QByteArray>(1);
-    qint64 hits_ = 0;
 };
 
 } // namespace
@@ -227,28 +201,21 @@ QString motdelaligne(const QString& ligne) {
     return fin < 0 ? QString() : ligne.left(fin);
 }
 
-RechercheDico::RechercheDico(Atelier atelier, std::function<void(const QString&)> ligne, std::function<double()> hasard)
-    : atelier_(std::move(atelier)), ligne_(std::move(ligne)), hasard_(std::move(hasard)) {
+RechercheDico::RechercheDico(Corpus& corpus, Marche& marche, EcouteDico ecoute, std::function<double()> hasard)
+    : corpus_(corpus), marche_(marche), ecoute_(std::move(ecoute)), hasard_(std::move(hasard)) {
     if (!hasard_)
         hasard_ = [] { return QRandomGenerator::global()->generateDouble(); };
 }
 
-ResultatDico RechercheDico::cherche(const DemandeDico& demande, const std::stop_token& arret) {
-    const Attente attente(atelier_.sablier);
-    ResultatDico resultat;
-    atelier_.cession.commence();
-    commenceliste(atelier_);
+void RechercheDico::cherche(const DemandeDico& demande, Resultat& resultat) {
+    resultat.commence();
     if (!demande.fenetre && demande.mots.size() < lignecourte) {
-        resultat.issue = ResultatDico::Issue::TexteCourt;
-        return resultat;
+        resultat.issue = Resultat::Issue::TexteCourt;
+        return;
     }
-    Passe passe(atelier_, ligne_, demande, arret);
-    resultat.issue = passe.lit() ? passe.affiche(passe.joint(hasard_)) : ResultatDico::Issue::Arretee;
-    resultat.hits = passe.hits();
-    resultat.fin = finitliste(atelier_);
-    if (demande.fenetre)
-        atelier_.liste.visible = resultat.fin.resultatpresent;
-    return resultat;
+    RechercheDeLigne recherche(corpus_, marche_, ecoute_, demande, resultat);
+    if (recherche.lit())
+        recherche.affiche(recherche.joint(hasard_));
 }
 
 } // namespace velm

@@ -1,6 +1,7 @@
 #pragma once
 // The search by words: a line of words becomes a set of documents through the index of words, without reading any
 // document. A word that ends in "*" stands for all words that begin so.
+#include "search/marche.h"
 #include "search/recherche.h"
 
 #include <QByteArray>
@@ -24,18 +25,14 @@ struct DemandeDico {
     static DemandeDico defenetre(const QString& mots, QStringView code);
 };
 
-struct ResultatDico {
-    enum class Issue {
-        TexteCourt, ///< fewer than 3 characters: nothing was searched; the line goes to the criteria tab
-        Arretee,    ///< it was to stop; the rows so far stay
-        Abandonnee, ///< the user did not want so many documents
-        Terminee
-    };
-    Issue issue = Issue::Terminee;
-    /// Rows that this search has added.
-    qint64 hits = 0;
-    /// Not for a line that was too short, which leaves everything as it was.
-    PublicationFin fin;
+/// Who hears a search by words, and is asked.
+struct EcouteDico {
+    /// Hears each result line at once.
+    std::function<void(const QString&)> ligne;
+    QString refus; ///< what stands behind a word that is refused
+    /// Gives a limit where none was named and very many documents were found; nothing gives the search up. Where nobody
+    /// answers, all are wanted.
+    std::function<std::optional<qint64>(qint64 nombre)> limite = {};
 };
 
 /// The words of a line. Each separator ends one, so that there are empty ones between two separators.
@@ -48,15 +45,17 @@ class RechercheDico {
 public:
     static constexpr int plusdemots = 20;
 
-    /// `ligne` hears each result line at once. `hasard` gives numbers in [0, 1); without it, ever others.
-    RechercheDico(Atelier atelier, std::function<void(const QString&)> ligne, std::function<double()> hasard = {});
+    /// Neither `corpus` nor `marche` is owned. `hasard` gives numbers in [0, 1); without it, ever others.
+    RechercheDico(Corpus& corpus, Marche& marche, EcouteDico ecoute, std::function<double()> hasard = {});
 
-    /// The word past the twentieth that is accepted is a run-time error.
-    ResultatDico cherche(const DemandeDico& demande, const std::stop_token& arret = {});
+    /// The word past the twentieth that is accepted is a run-time error. A line that is too short leaves everything as
+    /// it was.
+    void cherche(const DemandeDico& demande, Resultat& resultat);
 
 private:
-    Atelier atelier_;
-    std::function<void(const QString&)> ligne_;
+    Corpus& corpus_;
+    Marche& marche_;
+    EcouteDico ecoute_;
     std::function<double()> hasard_;
 };
 

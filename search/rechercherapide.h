@@ -1,6 +1,7 @@
 #pragma once
 // The quick search: one text, looked for in the short fields of each document and in the label of its place in the
 // contents. No body is read.
+#include "search/marche.h"
 #include "search/recherche.h"
 
 #include <QByteArray>
@@ -13,25 +14,17 @@ struct DemandeRapide {
     qint64 limite = sanslimite;
 };
 
-struct ResultatRapide {
-    bool arretee = false; ///< it was to stop; the rows so far stay
-    qint64 vus = 0;       ///< documents that were looked at
-    qint64 hits = 0;
-    PublicationFin fin;
-};
-
 class RechercheRapide {
 public:
-    /// `progres` hears how many documents were looked at, and of how many, when the search begins to walk and at each
-    /// turn; the first number never passes the second. The status panel is told at the same times and at the end.
-    RechercheRapide(Atelier atelier, std::function<void(qint64 vus, qint64 total)> progres);
+    /// Neither is owned.
+    RechercheRapide(Corpus& corpus, Marche& marche) : corpus_(corpus), marche_(marche) {}
 
     /// Documents come in the order of the collections, then of their numbers.
-    ResultatRapide cherche(const DemandeRapide& demande, const std::stop_token& arret = {});
+    void cherche(const DemandeRapide& demande, Resultat& resultat);
 
 private:
-    Atelier atelier_;
-    std::function<void(qint64, qint64)> progres_;
+    Corpus& corpus_;
+    Marche& marche_;
 };
 
 } // namespace velm

@@ -1,7 +1,6 @@
 #include "search/selectionoutil.h"
 
 #include "core/cle.h"
-#include "core/listes.h"
 #include "platform/system/files.h"
 #include "platform/text/ansi.h"
 
@@ -27,29 +26,27 @@ QString fichierselection(const QString& dossiertemporaire) {
     return joinPath(dossiertemporaire, u"select.tmp");
 }
 
-std::optional<ResultatSelection> remplitdepuisoutil(const QString& chemin, const Atelier& atelier) {
+bool remplitdepuisoutil(const QString& chemin, Corpus& corpus, Resultat& resultat) {
     if (!fileExists(chemin))
-        return std::nullopt;
-    ResultatSelection resultat;
+        return false;
     const QStringList lignes = lignesdufichier(chemin);
-    atelier.liste.visible = false;
-    atelier.liste.vide();
+    resultat.commence();
+    resultat.lignes.vide();
     if (!lignes.isEmpty())
-        atelier.liste.mot1 = lignes.first();
+        resultat.mot1 = lignes.first();
     if (lignes.size() > 1)
-        atelier.liste.mot2 = lignes.at(1);
+        resultat.mot2 = lignes.at(1);
     for (qsizetype i = 2; i < lignes.size(); ++i) {
-        const Recordset* rangee = atelier.corpus.rangee(decoupecle(lignes.at(i)));
+        const Recordset* rangee = corpus.rangee(decoupecle(lignes.at(i)));
         if (!rangee)
             continue;
-        if (ajoutedocument(atelier.liste, *rangee) != 0)
+        if (!ajoutedocument(resultat.lignes, *rangee))
             break;
         ++resultat.hits;
     }
-    atelier.curseurattente(textecompte(resultat.hits, atelier.texte));
-    resultat.fin = finitliste(atelier);
+    resultat.compte = resultat.hits;
     QFile::remove(chemin);
-    return resultat;
+    return true;
 }
 
 } // namespace velm

@@ -52,9 +52,10 @@ QString CadrePrincipal::chargeprincipale() {
         donnees_.monde.dialogues.message(qt_error_string(ENOMEM), this->texte(8), Icone::Exclamation);
     };
     selection_ = std::make_unique<Selection>(*ecran_, *bureau_,
-                                             ControleListe::Monde{donnees_.corpus, donnees_.reglages, monde.sablier,
-                                                                  monde.dialogues, monde.imprimante, texte,
-                                                                  [] { QCoreApplication::processEvents(); }});
+                                             ControleListe::Services{{donnees_.corpus, monde.sablier, monde.dialogues,
+                                                                      texte, [] { QCoreApplication::processEvents(); }},
+                                                                     donnees_.reglages,
+                                                                     monde.imprimante});
     recherches_ = std::make_unique<Recherches>(
         *ecran_, *bureau_, *selection_,
         Recherches::Services{donnees_.reglages, monde.sablier, monde.dialogues, monde.courrier, texte});

@@ -26,8 +26,9 @@ Textes* FabriqueTextes::fait(int indice) const {
     raccordecadre(contexte);
     raccordemots(contexte);
     auto* fenetre = new Textes(indice, contexte);
-    QObject::connect(fenetre, &Textes::selection, &selection,
-                     [&selection = selection](const QStringList& cles) { selection.controle().remplit(cles); });
+    QObject::connect(fenetre, &Textes::selection, &selection, [&selection = selection](const QStringList& cles) {
+        selection.controle().remplissage().remplitdecles(cles);
+    });
     return fenetre;
 }
 
@@ -53,7 +54,7 @@ void FabriqueTextes::raccordemots(ContexteTextes& contexte) const {
     };
     contexte.cherchemots = [&selection = selection](const QString& code, const QString& mots,
                                                     const std::function<void(const QString&)>& ligne) {
-        selection.controle().cherchedans(code, mots, ligne);
+        selection.controle().remplissage().cherchedans(code, mots, ligne);
     };
     contexte.completemots = [&corpus = corpus, &langue = langue](QLineEdit& mots) {
         new CompletionMots(

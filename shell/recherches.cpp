@@ -24,7 +24,7 @@ Recherches::Recherches(Ecrangeneral& ecran, Bureau& bureau, Selection& selection
 
 FrmVelmorSelect& Recherches::leformulaire() {
     if (!formulaire_) {
-        formulaire_ = new FrmVelmorSelect({selection_.controle(), services_.reglages, services_.texte});
+        formulaire_ = new FrmVelmorSelect({selection_.controle().remplissage(), services_.reglages, services_.texte});
         formulaire_->setWindowIcon(icon(u"Rechercher"_s));
         bureau_.ajoute(*formulaire_, *formulaire_);
         connect(formulaire_, &FrmVelmorSelect::cachevoulu, this, [this] { montre(false); });

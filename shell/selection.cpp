@@ -16,11 +16,11 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-Selection::Selection(Ecrangeneral& ecran, Bureau& bureau, const ControleListe::Monde& monde)
-    : ecran_(ecran), bureau_(bureau), grille_(ecran), controle_(monde, grille_, *this) {
+Selection::Selection(Ecrangeneral& ecran, Bureau& bureau, const ControleListe::Services& services)
+    : ecran_(ecran), bureau_(bureau), grille_(ecran), controle_(services, grille_, *this) {
     grille_.construit(liste());
     relieflex();
-    construitmenu(monde.texte);
+    construitmenu(services.recherche.texte);
     connect(&barre(), &Toolbar::buttonClicked, this, &Selection::clicbarre);
     controle_.charge();
 }

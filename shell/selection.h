@@ -18,7 +18,7 @@ class Selection final : public QObject, private VueListe {
 
 public:
     /// Nothing is owned; all of it outlives the selection.
-    Selection(Ecrangeneral& ecran, Bureau& bureau, const ControleListe::Monde& monde);
+    Selection(Ecrangeneral& ecran, Bureau& bureau, const ControleListe::Services& services);
     ~Selection() override;
 
     ControleListe& controle() { return controle_; }

@@ -1,33 +1,134 @@
 #include "search/ui/frmvelmorselect.h"
 
-#include "core/parametres.h"
+#include "core/cle.h"
 #include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/look/icons.h"
+#include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
+#include "search/ui/bandecollections.h"
 #include "search/ui/boitederniers.h"
-#include "search/ui/champdate.h"
-#include "search/ui/completionmots.h"
+#include "search/ui/controles.h"
+#include "search/ui/ongletcriteres.h"
+#include "search/ui/ongletmots.h"
+#include "search/ui/ongletrapide.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QCloseEvent>
-#include <QListWidget>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QStringListModel>
+#include <QTabBar>
 #include <QTabWidget>
 
 namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-FrmVelmorSelect::FrmVelmorSelect(const Formulaire::Monde& monde, QWidget* parent)
-    : QWidget(parent), texte_(monde.texte), corpus_(monde.hote.atelier().corpus), formulaire_(monde, *this) {
+namespace {
+
+/// The form keeps its lines together where there is more room than they need.
+constexpr QSize tailleutile(760, 620);
+constexpr std::array touslesonglets{Onglet::Rapide, Onglet::Criteres, Onglet::Mots};
+
+} // namespace
+
+FrmVelmorSelect::FrmVelmorSelect(const Formulaire::Services& services, QWidget* parent)
+    : QWidget(parent), texte_(services.texte), formulaire_(services, *this) {
     setObjectName(u"frmVelmorSelect"_s);
     setWindowTitle(texte(2429));
-    construit();
+    construit(services.liste.corpus());
     formulaire_.charge();
     relie();
+}
+
+// ---- making
+
+void FrmVelmorSelect::construit(Corpus& corpus) {
+    auto* centre = new QWidget(this);
+    auto* disposition = new QVBoxLayout(centre);
+    disposition->setContentsMargins(look::windowMargin, look::windowMargin, look::windowMargin, look::spacing);
+    disposition->setSpacing(look::windowMargin);
+    disposition->addWidget(construitcollections());
+    construitonglets(centre, corpus);
+    disposition->addWidget(ongletrecherche_, 1);
+    ProgressBar_ = construitprogres(centre);
+    disposition->addWidget(ProgressBar_);
+    ordonne();
+    // In the middle, as large as it can use.
+    auto* dehors = new QGridLayout(this);
+    dehors->setContentsMargins({});
+    dehors->addWidget(centre, 0, 0);
+    dehors->setColumnStretch(0, 1);
+    dehors->setRowStretch(0, 1);
+    centre->setMaximumSize(tailleutile.expandedTo(centre->sizeHint()));
+}
+
+void FrmVelmorSelect::construitonglets(QWidget* parent, Corpus& corpus) {
+    ongletrecherche_ = new QTabWidget(parent);
+    ongletrecherche_->setObjectName(u"ongletrecherche"_s);
+    rapide_ = new OngletRapide(texte_);
+    criteres_ = new OngletCriteres(texte_, formulaire_.items(), formulaire_.types(),
+                                   [this](const QWidget* ou) { return ou && isAncestorOf(ou); });
+    mots_ = new OngletMots(texte_, corpus);
+    ongletrecherche_->addTab(rapide_, texte(2715));
+    ongletrecherche_->addTab(criteres_, texte(2716));
+    ongletrecherche_->addTab(mots_, texte(7301));
+}
+
+QProgressBar* FrmVelmorSelect::construitprogres(QWidget* parent) {
+    auto* barre = new QProgressBar(parent);
+    barre->setObjectName(u"ProgressBar"_s);
+    barre->setAccessibleName(texte(9461));
+    barre->setTextVisible(false);
+    barre->setFixedHeight(look::spacing);
+    // Its place is kept: nothing moves when a search begins.
+    QSizePolicy place = barre->sizePolicy();
+    place.setRetainSizeWhenHidden(true);
+    barre->setSizePolicy(place);
+    return barre;
+}
+
+QWidget* FrmVelmorSelect::construitcollections() {
+    barre_cran_ = new Toolbar(this);
+    barre_cran_->setObjectName(u"barre_cran"_s);
+    barre_cran_->setAccessibleName(texte(9139));
+    barre_cran_->setImages(icon);
+    for (int collection = 0; collection < nombredecollections; ++collection) {
+        const QString cle = typedindice(collection);
+        barre_cran_->addButton(cle, Toolbar::Kind::Check, u"collection%1"_s.arg(collection));
+        barre_cran_->setToolTip(cle, texte(10 + collection));
+        barre_cran_->setValue(cle, true);
+    }
+    auto* toutes = nouveaubouton(u"toutsélect"_s, texte(2220), this);
+    auto* aucune = nouveaubouton(u"toutdéselect"_s, texte(2221), this);
+    connect(toutes, &QPushButton::clicked, this, [this] { presse(true); });
+    connect(aucune, &QPushButton::clicked, this, [this] { presse(false); });
+    return new BandeCollections(nouvelleetiquette(texte(9139), barre_cran_, this), barre_cran_, {toutes, aucune}, this);
+}
+
+/// The Tab key goes as one reads, and of the buttons below a tab to the searching one first.
+void FrmVelmorSelect::ordonne() {
+    const QStringList noms{
+        u"toutsélect"_s,     u"toutdéselect"_s,    u"texterapide"_s,  u"combonombre"_s,      u"cmdokrapide"_s,
+        u"annulerrapide"_s,  u"prefixe"_s,         u"texterech(0)"_s, u"motentier(0)"_s,     u"respectminmaj(0)"_s,
+        u"conjonction"_s,    u"texterech(1)"_s,    u"motentier(1)"_s, u"respectminmaj(1)"_s, u"emplacement(0)"_s,
+        u"emplacement(1)"_s, u"emplacement(2)"_s,  u"combomotcle"_s,  u"combotype"_s,        u"textejour"_s,
+        u"textemois"_s,      u"texteannée"_s,      u"Option1"_s,      u"Option2"_s,          u"cmdok"_s,
+        u"annuler"_s,        u"annulercriteres"_s, u"Textedico"_s,    u"checkandordico"_s,   u"Combonombredico"_s,
+        u"cmdokdico"_s,      u"annulerdico"_s,     u"resultat"_s};
+    QWidget* avant = nullptr;
+    for (const QString& nom : noms) {
+        auto* const celui = findChild<QWidget*>(nom);
+        if (avant)
+            setTabOrder(avant, celui);
+        avant = celui;
+        if (nom == u"toutdéselect") {
+            setTabOrder(avant, ongletrecherche_->tabBar());
+            avant = ongletrecherche_->tabBar();
+        }
+    }
 }
 
 void FrmVelmorSelect::relie() {
@@ -45,48 +146,51 @@ void FrmVelmorSelect::relie() {
                 focus(static_cast<Onglet>(ongletrecherche_->currentIndex()));
         },
         Qt::QueuedConnection);
-    for (const Onglet onglet : {Onglet::Rapide, Onglet::Criteres, Onglet::Mots}) {
-        connect(lancer_.at(static_cast<std::size_t>(onglet)), &QPushButton::clicked, this,
-                [this, onglet] { lance(onglet); });
-        connect(champ(boitede(onglet)), &QLineEdit::returnPressed, this, [this, onglet] { lance(onglet); });
-    }
-    connect(champ(BoiteTexte::Second), &QLineEdit::returnPressed, this, [this] { lance(Onglet::Criteres); });
-    for (ChampDate* date : {textejour_, textemois_, texteannee_}) {
-        connect(date, &QLineEdit::returnPressed, this, [this] { lance(Onglet::Criteres); });
-        date->retient = [this](const QWidget* ou) { return dateretient(ou); };
-    }
-    // The Return key on a line does what a click does.
-    for (const auto choisie : {&QListWidget::itemClicked, &QListWidget::itemActivated})
-        connect(resultat_, choisie, this,
-                [this](const QListWidgetItem* ligne) { formulaire_.choisitligne(ligne->text()); });
+    for (const Onglet onglet : touslesonglets)
+        relie(onglet);
+    connect(criteres_, &OngletCriteres::effacementvoulu, this, [this] { formulaire_.annulercriteres(); });
+    connect(mots_, &OngletMots::lignechoisie, this, [this](const QString& ligne) { formulaire_.choisitligne(ligne); });
 }
 
-BoiteTexte FrmVelmorSelect::boitede(Onglet onglet) {
-    return onglet == Onglet::Rapide     ? BoiteTexte::Rapide
-           : onglet == Onglet::Criteres ? BoiteTexte::Premier
-                                        : BoiteTexte::Mots;
+void FrmVelmorSelect::relie(Onglet onglet) {
+    connect(&page(onglet), &PageRecherche::cherchevoulu, this, [this, onglet] { lance(onglet); });
+    connect(&page(onglet), &PageRecherche::annulationvoulue, this, [this] { formulaire_.annuler(); });
 }
 
-QLineEdit* FrmVelmorSelect::champ(BoiteTexte laquelle) const {
-    return de(laquelle).lineEdit();
+PageRecherche& FrmVelmorSelect::page(Onglet onglet) const {
+    switch (onglet) {
+    case Onglet::Criteres:
+        return *criteres_;
+    case Onglet::Mots:
+        return *mots_;
+    case Onglet::Rapide:
+        break;
+    }
+    return *rapide_;
 }
+
+BoiteDerniers& FrmVelmorSelect::boite(BoiteTexte laquelle) const {
+    switch (laquelle) {
+    case BoiteTexte::Premier:
+        return criteres_->boite(0);
+    case BoiteTexte::Second:
+        return criteres_->boite(1);
+    case BoiteTexte::Mots:
+        return mots_->boite();
+    case BoiteTexte::Rapide:
+        break;
+    }
+    return rapide_->boite();
+}
+
+// ---- what the user does
 
 void FrmVelmorSelect::lance(Onglet onglet) {
-    completion_->renonce();
+    mots_->renonce();
     // What is wrong with the next search stops none that runs.
-    if (onglet == Onglet::Criteres && !formulaire_.boutonarrete(onglet)) {
-        for (ChampDate* date : {textejour_, textemois_, texteannee_}) {
-            if (!date->quitte())
-                return;
-        }
-    }
+    if (onglet == Onglet::Criteres && !formulaire_.boutonarrete(onglet) && !criteres_->quittedates())
+        return;
     formulaire_.clic(onglet);
-}
-
-/// A wrong date holds the focus in the form and takes it from no other window; nor from the button that searches, which
-/// looks at the dates itself, and stops whatever they are.
-bool FrmVelmorSelect::dateretient(const QWidget* ou) const {
-    return ou && isAncestorOf(ou) && ou != lancer_.at(static_cast<std::size_t>(Onglet::Criteres));
 }
 
 void FrmVelmorSelect::presse(bool enfonces) {
@@ -144,26 +248,9 @@ void FrmVelmorSelect::change(int pas) {
 EtatFormulaire FrmVelmorSelect::etat() const {
     EtatFormulaire etat;
     etat.ongletrecherche = ongletrecherche_->currentIndex();
-    etat.Textedico = de(BoiteTexte::Mots).texte();
-    etat.checkandordico = checkandordico_->isChecked();
-    etat.Combonombredico = Combonombredico_->currentIndex();
-    etat.texterapide = de(BoiteTexte::Rapide).texte();
-    etat.combonombre = combonombre_->currentIndex();
-    Criteres& criteres = etat.criteres;
-    criteres.motcle = combomotcle_->currentIndex() > 0 ? combomotcle_->currentText() : QString();
-    criteres.type = combotype_->currentIndex();
-    criteres.textejour = textejour_->text();
-    criteres.textemois = textemois_->text();
-    criteres.texteannee = texteannee_->text();
-    criteres.texterech = {de(BoiteTexte::Premier).texte(), de(BoiteTexte::Second).texte()};
-    for (std::size_t i = 0; i < motentier_.size(); ++i) {
-        criteres.motentier[i] = motentier_[i]->isChecked();
-        criteres.respectminmaj[i] = respectminmaj_[i]->isChecked();
-    }
-    for (std::size_t i = 0; i < emplacement_.size(); ++i)
-        criteres.emplacement[i] = emplacement_[i]->isChecked();
-    criteres.prefixe = prefixe_->currentIndex();
-    criteres.conjonction = conjonction_->currentIndex();
+    rapide_->lit(etat);
+    etat.criteres = criteres_->criteres();
+    mots_->lit(etat);
     for (std::size_t i = 0; i < etat.boutons.size(); ++i)
         etat.boutons[i] = barre_cran_->value(barre_cran_->keyAt(static_cast<int>(i) + 1));
     return etat;
@@ -171,12 +258,9 @@ EtatFormulaire FrmVelmorSelect::etat() const {
 
 void FrmVelmorSelect::montre(const EtatFormulaire& etat) {
     ongletrecherche_->setCurrentIndex(etat.ongletrecherche);
-    montremots(etat.Textedico);
-    checkandordico_->setChecked(etat.checkandordico);
-    Combonombredico_->setCurrentIndex(etat.Combonombredico);
-    de(BoiteTexte::Rapide).metstexte(etat.texterapide);
-    combonombre_->setCurrentIndex(etat.combonombre);
-    montrecriteres(etat.criteres);
+    mots_->montre(etat);
+    rapide_->montre(etat);
+    criteres_->montre(etat.criteres);
     for (std::size_t i = 0; i < etat.boutons.size(); ++i)
         barre_cran_->setValue(barre_cran_->keyAt(static_cast<int>(i) + 1), etat.boutons[i]);
 }
@@ -187,55 +271,35 @@ void FrmVelmorSelect::montreonglet(Onglet onglet) {
 }
 
 void FrmVelmorSelect::montrecriteres(const Criteres& criteres) {
-    combomotcle_->setCurrentIndex(
-        criteres.motcle.isEmpty()
-            ? 0
-            : std::max(combomotcle_->findText(criteres.motcle, Qt::MatchFixedString | Qt::MatchCaseSensitive), 0));
-    combotype_->setCurrentIndex(criteres.type);
-    textejour_->setText(criteres.textejour);
-    textemois_->setText(criteres.textemois);
-    texteannee_->setText(criteres.texteannee);
-    de(BoiteTexte::Premier).metstexte(criteres.texterech[0]);
-    de(BoiteTexte::Second).metstexte(criteres.texterech[1]);
-    for (std::size_t i = 0; i < motentier_.size(); ++i) {
-        motentier_[i]->setChecked(criteres.motentier[i]);
-        respectminmaj_[i]->setChecked(criteres.respectminmaj[i]);
-    }
-    for (std::size_t i = 0; i < emplacement_.size(); ++i)
-        emplacement_[i]->setChecked(criteres.emplacement[i]);
-    prefixe_->setCurrentIndex(criteres.prefixe);
-    conjonction_->setCurrentIndex(criteres.conjonction);
+    criteres_->montre(criteres);
 }
 
 void FrmVelmorSelect::montremots(const QString& mots) {
-    de(BoiteTexte::Mots).metstexte(mots);
+    mots_->montremots(mots);
 }
 
 void FrmVelmorSelect::offremotscles(const QStringList& items) {
-    const QString choisi = combomotcle_->currentText();
-    auto* const modele = qobject_cast<QStringListModel*>(combomotcle_->model());
-    modele->setStringList(items);
-    combomotcle_->setCurrentIndex(rangditem(items, choisi));
+    criteres_->offremotscles(items);
 }
 
 void FrmVelmorSelect::offrederniers(BoiteTexte laquelle, const QStringList& textes) {
-    de(laquelle).offre(textes);
+    boite(laquelle).offre(textes);
 }
 
 void FrmVelmorSelect::permetaffinage(bool permis) {
-    Option2_->setEnabled(permis);
+    criteres_->permetaffinage(permis);
 }
 
 void FrmVelmorSelect::choisitaffinage(bool affinage) {
-    (affinage ? Option2_ : Option1_)->setChecked(true);
+    criteres_->choisitaffinage(affinage);
 }
 
 bool FrmVelmorSelect::affinage() const {
-    return Option2_->isEnabled() && Option2_->isChecked();
+    return criteres_->affinage();
 }
 
 void FrmVelmorSelect::libelle(Onglet onglet, const QString& texte) {
-    lancer_.at(static_cast<std::size_t>(onglet))->setText(texte);
+    page(onglet).lanceur().setText(texte);
 }
 
 void FrmVelmorSelect::montreprogres(qint64 vus, qint64 total) {
@@ -250,23 +314,23 @@ void FrmVelmorSelect::cacheprogres() {
 }
 
 void FrmVelmorSelect::videresultat() {
-    resultat_->clear();
+    mots_->videresultat();
 }
 
 void FrmVelmorSelect::ajouteresultat(const QString& ligne) {
-    resultat_->addItem(ligne);
+    mots_->ajouteresultat(ligne);
 }
 
 void FrmVelmorSelect::focus(Onglet onglet) {
-    QLineEdit* const celui = champ(boitede(onglet));
-    if (celui->hasFocus())
+    QLineEdit& celui = page(onglet).champ();
+    if (celui.hasFocus())
         return;
-    celui->setFocus(Qt::OtherFocusReason);
-    celui->selectAll();
+    celui.setFocus(Qt::OtherFocusReason);
+    celui.selectAll();
 }
 
 void FrmVelmorSelect::cache() {
-    completion_->renonce();
+    mots_->renonce();
     emit cachevoulu();
 }
 

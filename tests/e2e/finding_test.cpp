@@ -147,7 +147,7 @@ protected:
 
 TEST_F(Finding, TwoWordsAListADocumentWithItsMarksAndTheNextOne) {
     ASSERT_NO_FATAL_FAILURE(searchTwoWords());
-    EXPECT_EQ(inProgram([this] { return list().liste().mot1; }), u"GARANTIE");
+    EXPECT_EQ(inProgram([this] { return list().liste().resultat().mot1; }), u"GARANTIE");
 
     ASSERT_TRUE(touch([this] { return row(1); }));
     ASSERT_TRUE(becomes([this] { return grid().row() == 1 && grid().view()->hasFocus(); }));

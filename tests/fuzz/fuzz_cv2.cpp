@@ -27,9 +27,9 @@ void check(QByteArrayView bytes) {
     require(static_cast<qsizetype>(file->lignes.size()) <= bytes.size());
 
     velm::ListeSelection list([](int) { return QString(); });
-    list.deplacecolonne(0, 4);
-    velm::rendmots(*file, list);
-    velm::rendlignes(*file, list);
+    list.colonnes().deplace(0, 4);
+    velm::rendmots(*file, list.resultat());
+    velm::rendlignes(*file, list.resultat().lignes);
     require(list.lignes() == static_cast<int>(file->lignes.size()));
 
     const velm::ItemsFormulaire items{{u"*"_s, u"a"_s}, {u"*"_s, u"b"_s, u"c"_s}, {u"1"_s, u"2"_s, u"3"_s, u"4"_s}};

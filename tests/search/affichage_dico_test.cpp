@@ -1,21 +1,38 @@
 // What a search by words shows: the rows, the question, the stop, the end.
-#include "search/recherchedico.h"
-#include "tests/search/recherche_support.h"
+#include "tests/search/controleliste_support.h"
 
 using namespace velm;
 using namespace velm::test;
 
 namespace {
 
-class AffichageDicoTest : public BaseRecherche {
+/// Through what fills the list, with its question, its status panel and its hourglass.
+class AffichageDicoTest : public AvecControle {
 protected:
-    ResultatDico lance(const DemandeDico& demande) {
-        lignes.clear();
-        return RechercheDico(atelier(), [this](const QString& texte) { lignes << texte; })
-            .cherche(demande, nouvelarret());
+    void ouvre() {
+        AvecControle::ouvre();
+        demarre();
     }
-    ResultatDico cherche(const QString& texte, qint64 limite = limitedindex(0)) {
+    Bilan lance(const DemandeDico& demande) {
+        lignes.clear();
+        panneau.etats.clear();
+        const Resultat& resultat = remplissage().cherchemots(
+            demande, [this](const QString& texte) { lignes << texte; }, nouvelarret());
+        if (resultat.issue != Resultat::Issue::TexteCourt)
+            remplissage().acheve();
+        return {resultat.issue, resultat.vus, resultat.hits, resultat.arretee()};
+    }
+    Bilan cherche(const QString& texte, qint64 limite = limitedindex(0)) {
         return lance({texte, touteslettres(), true, limite});
+    }
+    ListeSelection& liste() const { return controle->liste(); }
+    bool visible() const { return remplissage().visible(); }
+    const QStringList& etats() const { return panneau.etats; }
+    QStringList cles() const {
+        QStringList toutes;
+        for (int rang = 1; rang < liste().rows(); ++rang)
+            toutes << liste().cle(rang);
+        return toutes;
     }
     QStringList lignes;
 };
@@ -49,7 +66,7 @@ TEST_F(AffichageDicoTest, APostingWithoutADocumentIsSkippedAndNotCounted) {
     EXPECT_EQ(cherche(u"un un"_s).hits, 50);
     EXPECT_EQ(cles().first(), u"CO000001");
     EXPECT_EQ(cles().last(), u"CO000050");
-    EXPECT_EQ(panneau.last(), u" 50 documents");
+    EXPECT_EQ(etats().last(), u" 50 documents");
 }
 
 TEST_F(AffichageDicoTest, DamagedListsShowWhatTheyHold) {
@@ -89,13 +106,13 @@ TEST_F(AffichageDicoTest, NoShowsAllAndCancelShowsNothing) {
     ouvre();
     dialogues.answers = {Bouton::Non, Bouton::Annuler};
     EXPECT_EQ(cherche(u"troiscents"_s, sanslimite).hits, 300);
-    liste.mot1.clear();
-    const ResultatDico abandon = cherche(u"troiscents"_s, sanslimite);
-    EXPECT_EQ(abandon.issue, ResultatDico::Issue::Abandonnee);
-    EXPECT_EQ(liste.rows(), 1);
-    EXPECT_FALSE(abandon.fin.resultatpresent);
-    EXPECT_EQ(liste.mot1, u"TROISCENTS");
-    EXPECT_EQ(panneau.last(), QString());
+    liste().resultat().mot1.clear();
+    const Bilan abandon = cherche(u"troiscents"_s, sanslimite);
+    EXPECT_EQ(abandon.issue, Resultat::Issue::Abandonnee);
+    EXPECT_EQ(liste().rows(), 1);
+    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_EQ(liste().resultat().mot1, u"TROISCENTS");
+    EXPECT_EQ(etats().last(), QString());
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
 }
 
@@ -114,14 +131,14 @@ TEST_F(AffichageDicoTest, ATextOfTwoCharactersMovesToTheCriteriaAndLeavesTheList
     mots = {{u"UN"_s, entrees(1, 3)}};
     ouvre();
     cherche(u"un "_s);
-    EXPECT_EQ(liste.rows(), 4);
-    const ResultatDico resultat = cherche(u"un"_s);
-    EXPECT_EQ(resultat.issue, ResultatDico::Issue::TexteCourt);
-    EXPECT_EQ(liste.rows(), 1);
-    EXPECT_FALSE(liste.visible);
-    EXPECT_EQ(resultat.fin, PublicationFin{}) << "the buttons stay as they were";
+    EXPECT_EQ(liste().rows(), 4);
+    const Bilan resultat = cherche(u"un"_s);
+    EXPECT_EQ(resultat.issue, Resultat::Issue::TexteCourt);
+    EXPECT_EQ(liste().rows(), 1);
+    EXPECT_FALSE(visible());
+    EXPECT_EQ(panneau.publications, std::vector<bool>{true}) << "the buttons stay as they were";
     EXPECT_TRUE(lignes.isEmpty());
-    EXPECT_EQ(panneau.last(), QString());
+    EXPECT_EQ(etats().last(), QString());
 }
 
 TEST_F(AffichageDicoTest, TheListIsHiddenWhileItFills) {
@@ -131,46 +148,49 @@ TEST_F(AffichageDicoTest, TheListIsHiddenWhileItFills) {
     int tours = 0;
     evenement = [&] {
         ++tours;
-        EXPECT_FALSE(liste.visible);
+        EXPECT_FALSE(visible());
         EXPECT_EQ(sablier.pointeur(), Sablier::attente);
     };
-    const ResultatDico resultat = cherche(u"une"_s);
+    cherche(u"une"_s);
     EXPECT_EQ(tours, 3);
-    EXPECT_TRUE(liste.visible);
+    EXPECT_TRUE(visible());
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
-    EXPECT_EQ(resultat.fin, (PublicationFin{true, true, true}));
-    EXPECT_EQ(panneau, QStringList({QString(u""_s), u" 3 documents"_s}));
+    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_TRUE(panneau.permis(u"ouvrircritères"_s));
+    EXPECT_EQ(etats(), QStringList({QString(u""_s), u" 3 documents"_s}));
 }
 
 TEST_F(AffichageDicoTest, NoRowDisablesTheListsButtons) {
     ouvre();
-    EXPECT_EQ(cherche(u"rien"_s).fin, (PublicationFin{false, true, false}));
-    EXPECT_TRUE(liste.visible);
+    cherche(u"rien"_s);
+    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_TRUE(panneau.permis(u"ouvrircritères"_s));
+    EXPECT_TRUE(visible());
 }
 
 TEST_F(AffichageDicoTest, TheStopFlagEndsTheDisplayWithTheRowsSoFar) {
     ajoutedocuments(9);
     mots = {{u"UNE"_s, entrees(1, 9)}};
     ouvre();
-    evenement = [&] { arretesi(liste.rows() >= 5); };
-    const ResultatDico resultat = cherche(u"une"_s);
-    EXPECT_EQ(resultat.issue, ResultatDico::Issue::Arretee);
-    EXPECT_EQ(liste.rows(), 5);
-    EXPECT_TRUE(resultat.fin.resultatpresent);
-    EXPECT_TRUE(liste.visible);
-    EXPECT_EQ(panneau, QStringList(QString(u""_s)));
+    evenement = [&] { arretesi(liste().rows() >= 5); };
+    const Bilan resultat = cherche(u"une"_s);
+    EXPECT_EQ(resultat.issue, Resultat::Issue::Arretee);
+    EXPECT_EQ(liste().rows(), 5);
+    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_TRUE(visible());
+    EXPECT_EQ(etats(), QStringList(QString(u""_s)));
 }
 
 TEST_F(AffichageDicoTest, TheStopFlagEndsTheWalkOfAWildcard) {
     ajoutedocuments(1);
     mots = {{u"BROC"_s, entree('A', 1)}, {u"BROCHE"_s, entree('A', 1)}, {u"BROSSE"_s, entree('A', 1)}};
     ouvre();
-    liste.mot1 = u"avant"_s;
+    liste().resultat().mot1 = u"avant"_s;
     evenement = [&] { arretesi(lignes.size() >= 2); };
-    EXPECT_EQ(cherche(u"bro*"_s).issue, ResultatDico::Issue::Arretee);
+    EXPECT_EQ(cherche(u"bro*"_s).issue, Resultat::Issue::Arretee);
     EXPECT_EQ(lignes.size(), 2);
-    EXPECT_EQ(liste.rows(), 1);
-    EXPECT_EQ(liste.mot1, u"avant");
+    EXPECT_EQ(liste().rows(), 1);
+    EXPECT_EQ(liste().resultat().mot1, u"avant");
 }
 
 TEST_F(AffichageDicoTest, EventsThatMoveTheTablesDoNotDisturbTheSearch) {
@@ -194,18 +214,18 @@ TEST_F(AffichageDicoTest, ASearchThatBeginsMeanwhileWins) {
     mots = {{u"UNE"_s, entrees(1, 5)}, {u"AUTRE"_s, entrees(6, 9)}};
     ouvre();
     bool lancee = false;
-    ResultatDico autre;
+    Bilan autre;
     evenement = [&] {
-        if (lancee || liste.rows() < 3)
+        if (lancee || liste().rows() < 3)
             return;
         lancee = true;
         autre = cherche(u"autre"_s);
     };
-    EXPECT_EQ(cherche(u"une"_s).issue, ResultatDico::Issue::Arretee);
+    EXPECT_EQ(cherche(u"une"_s).issue, Resultat::Issue::Arretee);
     EXPECT_EQ(autre.hits, 4);
     EXPECT_EQ(cles(), QStringList({u"CO000006"_s, u"CO000007"_s, u"CO000008"_s, u"CO000009"_s}));
-    EXPECT_EQ(liste.mot1, u"AUTRE");
-    EXPECT_TRUE(liste.visible);
+    EXPECT_EQ(liste().resultat().mot1, u"AUTRE");
+    EXPECT_TRUE(visible());
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
 }
 
@@ -214,24 +234,24 @@ TEST_F(AffichageDicoTest, ABaseThatIsClosedMeanwhileIsNotTouchedAgain) {
     mots = {{u"UNE"_s, entrees(1, 5)}};
     ouvre();
     evenement = [&] {
-        if (liste.rows() == 3) {
+        if (liste().rows() == 3) {
             corpus.fermebase();
             arretesi(true);
         }
     };
-    EXPECT_EQ(cherche(u"une"_s).issue, ResultatDico::Issue::Arretee);
-    EXPECT_EQ(liste.rows(), 3);
+    EXPECT_EQ(cherche(u"une"_s).issue, Resultat::Issue::Arretee);
+    EXPECT_EQ(liste().rows(), 3);
 }
 
 TEST_F(AffichageDicoTest, AFullListEndsTheDisplayWithTheRowsSoFar) {
     ajoutedocuments(5);
     mots = {{u"UNE"_s, entrees(1, 5)}};
     ouvre();
-    liste.limitelignes(2);
-    const ResultatDico resultat = cherche(u"une"_s);
+    liste().resultat().lignes.limite(2);
+    const Bilan resultat = cherche(u"une"_s);
     EXPECT_EQ(resultat.hits, 2);
-    EXPECT_EQ(resultat.issue, ResultatDico::Issue::Terminee);
-    EXPECT_EQ(panneau.last(), u" 2 documents");
+    EXPECT_EQ(resultat.issue, Resultat::Issue::Terminee);
+    EXPECT_EQ(etats().last(), u" 2 documents");
 }
 
 TEST_F(AffichageDicoTest, ADocumentWindowSearchesItsOwnCollectionForAllWords) {
@@ -244,11 +264,10 @@ TEST_F(AffichageDicoTest, ADocumentWindowSearchesItsOwnCollectionForAllWords) {
     EXPECT_EQ(lance(demande).hits, 1);
     EXPECT_EQ(lignes, QStringList({u"un : 2 ( 1 )"_s, u"deux : 2 ( 2 )"_s}));
     EXPECT_EQ(cles(), QStringList(u"EU000001"_s));
-    EXPECT_TRUE(liste.visible);
-    // A short line is searched, and without a row the list is hidden.
-    EXPECT_EQ(lance(DemandeDico::defenetre(u"a"_s, u"EU")).issue, ResultatDico::Issue::Terminee);
+    EXPECT_TRUE(visible());
+    // A short line is searched.
+    EXPECT_EQ(lance(DemandeDico::defenetre(u"a"_s, u"EU")).issue, Resultat::Issue::Terminee);
     EXPECT_EQ(lignes, QStringList(u"a : inconnu"_s));
-    EXPECT_FALSE(liste.visible);
     EXPECT_EQ(lance(DemandeDico::defenetre(u"un"_s, u"CO")).hits, 1);
 }
 
@@ -267,8 +286,8 @@ TEST_F(AffichageDicoTest, ANewResultBearsNoSortMark) {
     mots = {{u"UNE"_s, entrees(1, 3)}};
     ouvre();
     cherche(u"une"_s);
-    liste.trie(0, false);
-    EXPECT_EQ(liste.entetecellule(0), u"t300>");
+    liste().trie(0, false);
+    EXPECT_EQ(liste().entetecellule(0), u"t300>");
     cherche(u"une"_s);
-    EXPECT_EQ(liste.entetecellule(0), u"t300");
+    EXPECT_EQ(liste().entetecellule(0), u"t300");
 }

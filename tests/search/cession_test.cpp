@@ -65,43 +65,42 @@ TEST_F(SelectionOutilTest, TheFileFillsTheListAndIsDeleted) {
     ouvre();
     const QString chemin = ecrit("pr\xEAt\r\ncr\xE9"
                                  "dit\r\nCO000003\r\nZZ000001\r\n\r\nCO\r\nCO000001\r\nCO000099\r\n");
-    const auto resultat = remplitdepuisoutil(chemin, atelier());
-    ASSERT_TRUE(resultat);
-    EXPECT_EQ(resultat->hits, 2);
-    EXPECT_EQ(resultat->fin, (PublicationFin{true, true, true}));
+    Resultat& resultat = liste.resultat();
+    ASSERT_TRUE(remplitdepuisoutil(chemin, corpus, resultat));
+    EXPECT_EQ(resultat.hits, 2);
     EXPECT_EQ(cles(), QStringList({u"CO000003"_s, u"CO000001"_s}));
-    EXPECT_EQ(liste.mot1, u"prêt");
-    EXPECT_EQ(liste.mot2, u"crédit");
-    EXPECT_EQ(panneau.last(), u" 2 documents");
-    EXPECT_TRUE(liste.visible);
+    EXPECT_EQ(liste.resultat().mot1, u"prêt");
+    EXPECT_EQ(liste.resultat().mot2, u"crédit");
+    EXPECT_EQ(resultat.compte, 2);
     EXPECT_FALSE(QFile::exists(chemin));
 }
 
 TEST_F(SelectionOutilTest, NoFileChangesNothing) {
     ajoutedocuments(1);
     ouvre();
-    liste.mot1 = u"avant"_s;
-    liste.ajouteauflex({u"CO", u"000001", u"t", u"", u"", u"", u"CO000001"});
-    EXPECT_FALSE(remplitdepuisoutil(fichierselection(dossier.path()), atelier()));
+    liste.resultat().mot1 = u"avant"_s;
+    liste.resultat().lignes.ajoute({u"CO", u"000001", u"t", u"", u"", u"", u"CO000001"});
+    EXPECT_FALSE(remplitdepuisoutil(fichierselection(dossier.path()), corpus, liste.resultat()));
     EXPECT_EQ(liste.rows(), 2);
-    EXPECT_EQ(liste.mot1, u"avant");
-    EXPECT_TRUE(panneau.isEmpty());
+    EXPECT_EQ(liste.resultat().mot1, u"avant");
+    EXPECT_EQ(liste.resultat().compte, std::nullopt);
 }
 
 TEST_F(SelectionOutilTest, AFileOfOneLineSetsOneWord) {
     ouvre();
-    liste.mot2 = u"avant"_s;
-    ASSERT_TRUE(remplitdepuisoutil(ecrit("mot"), atelier()));
-    EXPECT_EQ(liste.mot1, u"mot");
-    EXPECT_EQ(liste.mot2, u"avant");
-    EXPECT_EQ(panneau.last(), u" 0 document");
-    ASSERT_TRUE(remplitdepuisoutil(ecrit(""), atelier()));
-    EXPECT_EQ(liste.mot1, u"mot");
+    liste.resultat().mot2 = u"avant"_s;
+    ASSERT_TRUE(remplitdepuisoutil(ecrit("mot"), corpus, liste.resultat()));
+    EXPECT_EQ(liste.resultat().mot1, u"mot");
+    EXPECT_EQ(liste.resultat().mot2, u"avant");
+    EXPECT_EQ(liste.resultat().compte, 0);
+    ASSERT_TRUE(remplitdepuisoutil(ecrit(""), corpus, liste.resultat()));
+    EXPECT_EQ(liste.resultat().mot1, u"mot");
 }
 
 TEST_F(SelectionOutilTest, AFullListStopsTheReading) {
     ajoutedocuments(4);
     ouvre();
-    liste.limitelignes(1);
-    EXPECT_EQ(remplitdepuisoutil(ecrit("a\nb\nCO000001\nCO000002\n"), atelier())->hits, 1);
+    liste.resultat().lignes.limite(1);
+    ASSERT_TRUE(remplitdepuisoutil(ecrit("a\nb\nCO000001\nCO000002\n"), corpus, liste.resultat()));
+    EXPECT_EQ(liste.resultat().hits, 1);
 }

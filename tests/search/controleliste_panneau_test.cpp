@@ -1,4 +1,5 @@
 // What the panel of the selection list shows, and who else fills the list.
+#include "search/fichiercriteres.h"
 #include "search/selectionoutil.h"
 #include "tests/search/controleliste_support.h"
 
@@ -21,7 +22,7 @@ TEST_F(PanneauListeTest, TheEndOfASearchPublishesTheButtons) {
     const QStringList duresultat{u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s,
                                  u"imprimercritères"_s, u"envoyercritères"_s};
     for (const bool present : {true, false}) {
-        controle->publie({present, true, present});
+        remplit(present ? QStringList{u"CO000001"_s} : QStringList());
         for (const QString& cle : duresultat)
             EXPECT_EQ(panneau.permis(cle), present) << qPrintable(cle);
         EXPECT_TRUE(panneau.permis(u"ouvrircritères"_s));
@@ -55,55 +56,81 @@ TEST_F(PanneauListeTest, NothingOfTheListIsTouchedWhileItIsFilled) {
     remplit();
     grille.choisit(2, 2);
     grille.caches = 0;
-    {
-        const Remplissage dehors(*controle);
-        {
-            const Remplissage dedans(*controle);
+    const auto rien = [] { ADD_FAILURE() << "the memory suffices"; };
+    remplissage().remplit(
+        [this](const std::stop_token&) {
             EXPECT_FALSE(grille.montree);
-        }
-        EXPECT_FALSE(grille.montree) << "still filled";
-        controle->suivantrecherche();
-        controle->precedentrecherche();
-        controle->trie(0);
-        controle->supprime();
-        controle->imprime();
-        controle->ouvre();
-        EXPECT_EQ(grille.choisies, (std::pair{2, 2}));
-        EXPECT_TRUE(panneau.ouverts.isEmpty());
-        EXPECT_TRUE(dialogues.messages.empty());
-        EXPECT_EQ(controle->liste().lignes(), 5);
-        EXPECT_EQ(controle->liste().marque(0), ListeSelection::Marque::Aucune);
-    }
+            controle->suivantrecherche();
+            controle->precedentrecherche();
+            controle->trie(0);
+            controle->supprime();
+            controle->imprime();
+            controle->ouvre();
+            EXPECT_EQ(grille.choisies, (std::pair{2, 2}));
+            EXPECT_TRUE(panneau.ouverts.isEmpty());
+            EXPECT_TRUE(dialogues.messages.empty());
+            EXPECT_EQ(controle->liste().lignes(), 5);
+            EXPECT_EQ(controle->liste().marque(0), ListeSelection::Marque::Aucune);
+        },
+        rien);
     EXPECT_EQ(grille.caches, 1);
     EXPECT_TRUE(grille.montree);
     EXPECT_FALSE(grille.figee);
 }
 
 TEST_F(PanneauListeTest, AListThatComesWhileASearchRunsStopsItAndWaitsForItsEnd) {
-    controle->poste().fait([this](const std::stop_token& recherche) {
-        const Remplissage remplissage(*controle);
-        EXPECT_FALSE(recherche.stop_requested());
-        remplit({u"CO000001"_s});
-        EXPECT_TRUE(recherche.stop_requested());
-        EXPECT_EQ(controle->liste().lignes(), 0);
-        EXPECT_FALSE(grille.montree);
-        // The newest one wins.
-        remplit({u"CO000003"_s, u"CO000002"_s});
-    });
+    remplissage().remplit(
+        [this](const std::stop_token& recherche) {
+            EXPECT_FALSE(recherche.stop_requested());
+            remplit({u"CO000001"_s});
+            EXPECT_TRUE(recherche.stop_requested());
+            EXPECT_EQ(controle->liste().lignes(), 0);
+            EXPECT_FALSE(grille.montree);
+            // The newest one wins.
+            remplit({u"CO000003"_s, u"CO000002"_s});
+        },
+        [] { ADD_FAILURE() << "the memory suffices"; });
     EXPECT_EQ(colonne(ListeSelection::Clef), (QStringList{u"CO000003"_s, u"CO000002"_s}));
     EXPECT_EQ(grille.caches, 2);
     EXPECT_TRUE(grille.montree);
+}
+
+// ---- criteria files
+
+TEST_F(PanneauListeTest, RowsOfACriteriaFileComeBackWithoutASearch) {
+    remplit();
+    controle->trie(0);
+    panneau.etats.clear();
+    FichierCriteres fichier;
+    fichier.texterapide = u"rapide"_s;
+    fichier.coldata = {0, 1, 2, 3, 5, 4};
+    for (const QString& numero : {u"000003"_s, u"000001"_s})
+        fichier.lignes.push_back({{u"Titre"_s, u"a"_s, u"b"_s, u"c"_s, u"CO"_s, numero}, u"CO"_s + numero});
+    remplissage().restitue(fichier);
+    EXPECT_EQ(colonne(ListeSelection::Clef), (QStringList{u"CO000003"_s, u"CO000001"_s}));
+    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_TRUE(remplissage().visible());
+    EXPECT_EQ(panneau.etats, QStringList{u" 2 documents"_s});
+    EXPECT_EQ(controle->liste().marque(0), ListeSelection::Marque::Aucune);
+    EXPECT_EQ(controle->liste().row(), 0);
+    EXPECT_EQ(controle->liste().resultat().mot1, u"rapide");
+    fichier.lignes.clear();
+    remplissage().restitue(fichier);
+    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_EQ(controle->liste().rows(), 1);
+    EXPECT_TRUE(remplissage().visible());
+    EXPECT_EQ(etatdit(), u" 0 document");
 }
 
 // ---- the word search of a document window
 
 TEST_F(PanneauListeTest, ASearchOfAWindowTellsItsLinesAndShowsWhatItFound) {
     QStringList lignes;
-    controle->cherchedans(u"CO"_s, u"prix deux"_s, [&](const QString& ligne) { lignes << ligne; });
+    remplissage().cherchedans(u"CO"_s, u"prix deux"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(lignes, (QStringList{u"prix : 5 ( 4 )"_s, u"deux : 3 ( 2 )"_s}));
     EXPECT_EQ(colonne(ListeSelection::Clef), (QStringList{u"CO000002"_s, u"CO000004"_s}));
-    EXPECT_EQ(controle->liste().mot1, u"DEUX");
-    EXPECT_EQ(controle->liste().mot2, u"PRIX");
+    EXPECT_EQ(controle->liste().resultat().mot1, u"DEUX");
+    EXPECT_EQ(controle->liste().resultat().mot2, u"PRIX");
     EXPECT_EQ(etatdit(), u" 2 documents");
     EXPECT_TRUE(grille.montree);
     EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
@@ -114,7 +141,7 @@ TEST_F(PanneauListeTest, ASearchOfAWindowWithoutAResultHidesTheListAndTheForm) {
     remplit();
     panneau.journal.clear();
     QStringList lignes;
-    controle->cherchedans(u"CO"_s, u"ab introuvable"_s, [&](const QString& ligne) { lignes << ligne; });
+    remplissage().cherchedans(u"CO"_s, u"ab introuvable"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(controle->liste().lignes(), 0);
     EXPECT_FALSE(grille.montree);
     EXPECT_EQ(panneau.journal, cache);
@@ -122,18 +149,18 @@ TEST_F(PanneauListeTest, ASearchOfAWindowWithoutAResultHidesTheListAndTheForm) {
     EXPECT_EQ(etatdit(), u" 0 document") << "what was found stays said";
     EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
     // A line of one letter is refused word by word, not sent elsewhere.
-    controle->cherchedans(u"CO"_s, u"a"_s, [&](const QString& ligne) { lignes << ligne; });
+    remplissage().cherchedans(u"CO"_s, u"a"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(lignes.size(), 3);
 }
 
 TEST_F(PanneauListeTest, ASearchOfAWindowThatTheMemoryDoesNotSufficeForShowsWhatThereIs) {
     remplit();
-    controle->cherchedans(u"CO"_s, u"prix"_s, [](const QString&) { throw std::bad_alloc(); });
+    remplissage().cherchedans(u"CO"_s, u"prix"_s, [](const QString&) { throw std::bad_alloc(); });
     EXPECT_EQ(dialogues.texts(), QStringList{u"t9567"_s});
     EXPECT_EQ(controle->liste().lignes(), 0);
     EXPECT_TRUE(grille.montree);
     EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
-    EXPECT_FALSE(controle->poste().occupe());
+    EXPECT_FALSE(remplissage().encours());
 }
 
 // ---- tools
@@ -144,15 +171,15 @@ TEST_F(PanneauListeTest, AToolFillsTheListFromItsFileAndWidensThePanel) {
     ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
     fichier.write("prix\r\ntaxe\r\nCO000003\r\nCO000999\r\nJP000007\r\n");
     fichier.close();
-    EXPECT_TRUE(controle->prenddoutil(dossier.path()));
+    EXPECT_TRUE(remplissage().prenddoutil(dossier.path()));
     EXPECT_EQ(colonne(ListeSelection::Clef), (QStringList{u"CO000003"_s, u"JP000007"_s}));
-    EXPECT_EQ(controle->liste().mot1, u"prix");
-    EXPECT_EQ(controle->liste().mot2, u"taxe");
+    EXPECT_EQ(controle->liste().resultat().mot1, u"prix");
+    EXPECT_EQ(controle->liste().resultat().mot2, u"taxe");
     EXPECT_EQ(etatdit(), u" 2 documents");
     EXPECT_EQ(panneau.journal, (QStringList{u"élargit"_s, u"montre"_s, u"dispositions"_s}));
     EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
     EXPECT_FALSE(QFile::exists(chemin));
-    EXPECT_FALSE(controle->prenddoutil(dossier.path()));
+    EXPECT_FALSE(remplissage().prenddoutil(dossier.path()));
     EXPECT_EQ(controle->liste().lignes(), 2);
     EXPECT_EQ(panneau.journal.size(), 3);
 }

@@ -12,12 +12,14 @@ public:
         montree = false;
         fige();
         ++caches;
+        plusprofond = std::max(plusprofond, ++profondeur);
     }
     void fige() override { figee = true; }
     void relit() override { figee = false; }
     void montre(bool visible) override {
         EXPECT_FALSE(figee);
         montree = visible;
+        profondeur = std::max(profondeur - 1, 0);
     }
     void montremarque(int colonne, ListeSelection::Marque marque) override {
         marques.at(static_cast<std::size_t>(colonne)) = marque;
@@ -35,6 +37,8 @@ public:
     bool figee = false;
     bool regroupee = false;
     int caches = 0;
+    int profondeur = 0; ///< fillings that have begun and not ended
+    int plusprofond = 0;
     std::pair<int, int> choisies;
     std::array<ListeSelection::Marque, ListeSelection::colonnesvisibles> marques{};
     std::array<int, ListeSelection::nombredecolonnes> largeurs{3000, 2000, 2000, 2000, 500, 1000, 0};
@@ -42,7 +46,11 @@ public:
 
 class PanneauEssai final : public VueListe {
 public:
-    void permetbouton(const QString& cle, bool permis) override { permis_[cle] = permis; }
+    void permetbouton(const QString& cle, bool permis) override {
+        permis_[cle] = permis;
+        if (cle == u"suivantrecherche")
+            publications.push_back(permis);
+    }
     void enfoncebouton(const QString& cle, bool enfonce) override { enfonces[cle] = enfonce; }
     void infobulle(const QString& cle, const QString& texte) override { bulles[cle] = texte; }
     void ditetat(const QString& texte) override {
@@ -65,6 +73,7 @@ public:
     QStringList journal;
     QStringList etats;
     QStringList ouverts;
+    std::vector<bool> publications; ///< of each end of a search: there was a result
     QHash<QString, bool> permis_;
     QHash<QString, bool> enfonces;
     QHash<QString, QString> bulles;
@@ -72,7 +81,38 @@ public:
     std::function<void()> surprise;
 };
 
-class ControleListeTest : public BaseRecherche {
+/// A list as at the next run of the program.
+class AvecControle : public BaseRecherche {
+protected:
+    void demarre() {
+        controle.reset();
+        grille = {};
+        panneau = {};
+        reglages.emplace(magasin);
+        controle = std::make_unique<ControleListe>(
+            ControleListe::Services{{corpus, sablier, dialogues, [](int id) { return textes(id); },
+                                     [this] {
+                                         if (evenement)
+                                             evenement();
+                                     },
+                                     std::chrono::milliseconds(0)},
+                                    *reglages,
+                                    imprimante},
+            grille, panneau);
+        grille.liste = &controle->liste();
+        controle->charge();
+    }
+    RemplissageListe& remplissage() const { return controle->remplissage(); }
+
+    GrilleEssai grille;
+    PanneauEssai panneau;
+    ImprimanteScript imprimante;
+    ReglagesStore magasin{dossier.filePath(u"reglages.ini"_s)};
+    std::optional<Reglages> reglages;
+    std::unique_ptr<ControleListe> controle;
+};
+
+class ControleListeTest : public AvecControle {
 protected:
     void SetUp() override {
         BaseRecherche::SetUp();
@@ -87,26 +127,9 @@ protected:
         demarre();
     }
 
-    /// A list as at the next run of the program.
-    void demarre() {
-        controle.reset();
-        grille = {};
-        panneau = {};
-        reglages.emplace(magasin);
-        controle = std::make_unique<ControleListe>(ControleListe::Monde{corpus, *reglages, sablier, dialogues,
-                                                                        imprimante, [](int id) { return textes(id); },
-                                                                        [this] {
-                                                                            if (evenement)
-                                                                                evenement();
-                                                                        }},
-                                                   grille, panneau);
-        grille.liste = &controle->liste();
-        controle->charge();
-    }
-
     void remplit(const QStringList& cles = {u"CO000001"_s, u"CO000002"_s, u"CO000003"_s, u"CO000004"_s,
                                             u"JP000007"_s}) {
-        controle->remplit(cles);
+        remplissage().remplitdecles(cles);
     }
 
     QStringList colonne(ListeSelection::Champ champ) const {
@@ -116,13 +139,6 @@ protected:
         return tous;
     }
     QString etatdit() const { return panneau.etats.value(panneau.etats.size() - 1); }
-
-    GrilleEssai grille;
-    PanneauEssai panneau;
-    ImprimanteScript imprimante;
-    ReglagesStore magasin{dossier.filePath(u"reglages.ini"_s)};
-    std::optional<Reglages> reglages;
-    std::unique_ptr<ControleListe> controle;
 };
 
 } // namespace velm::test

@@ -44,12 +44,12 @@ TEST_F(ControleListeTest, KeysWithoutADocumentArePassedOver) {
 
 TEST_F(ControleListeTest, ANewListTakesThePlaceOfTheOneBefore) {
     remplit();
-    controle->liste().mot1 = u"prix"_s;
+    controle->liste().resultat().mot1 = u"prix"_s;
     grille.choisit(3, 3);
     remplit({u"CO000002"_s});
     EXPECT_EQ(colonne(ListeSelection::Clef), QStringList{u"CO000002"_s});
     EXPECT_EQ(grille.choisies, (std::pair{0, 0}));
-    EXPECT_EQ(controle->liste().mot1, u"prix") << "the words to mark are those of the last search";
+    EXPECT_EQ(controle->liste().resultat().mot1, u"prix") << "the words to mark are those of the last search";
     remplit({});
     EXPECT_EQ(controle->liste().lignes(), 0);
     EXPECT_TRUE(grille.montree);
@@ -57,7 +57,7 @@ TEST_F(ControleListeTest, ANewListTakesThePlaceOfTheOneBefore) {
 }
 
 TEST_F(ControleListeTest, AFullListTakesNoMoreKeys) {
-    controle->liste().limitelignes(2);
+    controle->liste().resultat().lignes.limite(2);
     remplit();
     EXPECT_EQ(colonne(ListeSelection::Clef), (QStringList{u"CO000001"_s, u"CO000002"_s}));
     EXPECT_EQ(etatdit(), u" 2 documents");
@@ -145,8 +145,8 @@ TEST_F(ControleListeTest, GroupingMergesEqualCellsAndChangesItsToolTip) {
 
 TEST_F(ControleListeTest, SelectedRowsOpenFromTheFirstToTheLastWithTheWordsToMark) {
     remplit();
-    controle->liste().mot1 = u"deux"_s;
-    controle->liste().mot2 = u"prix"_s;
+    controle->liste().resultat().mot1 = u"deux"_s;
+    controle->liste().resultat().mot2 = u"prix"_s;
     grille.choisit(3, 1);
     controle->ouvre();
     EXPECT_EQ(panneau.ouverts,

@@ -236,9 +236,11 @@ protected:
 void CriteresHasardTest::compare(int combien, unsigned graine) {
     const TypesDocument types = littypesdocument(corpus);
     moteur.seed(graine);
-    RechercheCriteres plies(atelier(), {});
-    RechercheCriteres corps(atelier(), {});
+    Marche marche;
+    RechercheCriteres plies(corpus, marche);
+    RechercheCriteres corps(corpus, marche);
     corps.sanstable(true);
+    Resultat& resultat = liste.resultat();
     int nonvides = 0;
     for (int i = 0; i < combien; ++i) {
         Criteres c = hasard(types);
@@ -261,10 +263,12 @@ void CriteresHasardTest::compare(int combien, unsigned graine) {
                 .toStdString();
         };
         Criteres essai = c;
-        plies.cherche(essai, types, lettres);
+        liste.vide();
+        plies.cherche(essai, types, lettres, resultat);
         ASSERT_EQ(cles(), juste) << i << ": " << decrit();
         essai = c;
-        corps.cherche(essai, types, lettres);
+        liste.vide();
+        corps.cherche(essai, types, lettres, resultat);
         ASSERT_EQ(cles(), juste) << i << ", without folded texts: " << decrit();
         if (!unefois(4))
             continue;
@@ -278,7 +282,7 @@ void CriteresHasardTest::compare(int combien, unsigned graine) {
             if (deux.contains(cle))
                 restants << cle;
         }
-        (unefois(2) ? plies : corps).affine(autres, types);
+        (unefois(2) ? plies : corps).affine(autres, types, resultat);
         ASSERT_EQ(cles(), restants) << i << ", narrowed: " << decrit();
     }
     // Criteria that find nothing prove little.

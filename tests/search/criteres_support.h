@@ -51,28 +51,26 @@ protected:
         types = littypesdocument(corpus);
     }
 
-    ResultatCriteres cherche(const QByteArray& lettres = touteslettres()) {
-        progres.clear();
-        panneau.clear();
-        return recherche().cherche(criteres, types, lettres, nouvelarret());
+    Bilan cherche(const QByteArray& lettres = touteslettres()) { return cherche(criteres, lettres); }
+    Bilan cherche(Criteres& voulus, const QByteArray& lettres, bool sanstable = false) {
+        return bilan([&](Marche& marche, Resultat& resultat) {
+            RechercheCriteres recherche(corpus, marche);
+            recherche.sanstable(sanstable);
+            recherche.cherche(voulus, types, lettres, resultat);
+        });
     }
-    ResultatCriteres affine() {
-        progres.clear();
-        panneau.clear();
-        return recherche().affine(criteres, types, nouvelarret());
+    Bilan affine() {
+        return bilan([&](Marche& marche,
+                         Resultat& resultat) { RechercheCriteres(corpus, marche).affine(criteres, types, resultat); },
+                     true);
     }
     /// What a search with these criteria finds; the same without the folded texts.
     QStringList trouve(const QByteArray& lettres = touteslettres()) {
         cherche(lettres);
         QStringList avec = cles();
-        RechercheCriteres sans = recherche();
-        sans.sanstable(true);
-        sans.cherche(criteres, types, lettres, nouvelarret());
+        cherche(criteres, lettres, true);
         EXPECT_EQ(cles(), avec);
         return avec;
-    }
-    RechercheCriteres recherche() {
-        return {atelier(), [this](qint64 vus, qint64 total) { progres.push_back({vus, total}); }};
     }
 
     /// A change from outside.
@@ -86,7 +84,6 @@ protected:
     std::vector<Piece> pieces;
     Criteres criteres;
     TypesDocument types;
-    std::vector<std::pair<qint64, qint64>> progres;
 
 private:
     static QVariant ounul(const QString& texte) { return texte.isNull() ? QVariant() : QVariant(texte); }

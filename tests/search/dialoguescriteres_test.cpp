@@ -160,23 +160,6 @@ TEST_F(DialoguesCriteresTest, AWrongFirstLineIsReportedAndGivesNothing) {
     EXPECT_EQ(dialogues.texts(), QStringList(3, u"t2615"_s));
 }
 
-TEST_F(DialoguesCriteresTest, RowsComeBackWithoutASearch) {
-    ajoutedocuments(3);
-    ouvre();
-    liste.trie(0, false);
-    const PublicationFin fin = restitue(fichier(2), atelier());
-    EXPECT_EQ(cles(), QStringList({u"CO000001"_s, u"CO000002"_s}));
-    EXPECT_EQ(fin, (PublicationFin{true, true, true}));
-    EXPECT_TRUE(liste.visible);
-    EXPECT_EQ(panneau, QStringList(u" 2 documents"_s));
-    EXPECT_EQ(liste.marque(0), ListeSelection::Marque::Aucune);
-    EXPECT_EQ(liste.mot1, u"rapide");
-    EXPECT_EQ(restitue(fichier(0), atelier()), (PublicationFin{false, true, false}));
-    EXPECT_EQ(liste.rows(), 1);
-    EXPECT_TRUE(liste.visible);
-    EXPECT_EQ(panneau.last(), u" 0 document");
-}
-
 TEST_F(DialoguesCriteresTest, MailingNeedsRows) {
     fichiers.envoyercriteres(fichier(0));
     EXPECT_TRUE(courrier.mails.empty());

@@ -61,7 +61,7 @@ TEST_F(FichierCriteresTest, AFileCutAtEveryByteGivesItsWholeRowsAndTheLinesBefor
         if (completes != 2) {
             EXPECT_EQ(fichier->Textedico, completes < 2 ? QString() : ansi::decode(toutes.at(2))) << taille;
         }
-        rendlignes(*fichier, liste);
+        rendlignes(*fichier, liste.resultat().lignes);
         const qsizetype attendues = completes <= 30 ? 0 : (completes - 30) / 7;
         EXPECT_GE(liste.lignes(), attendues) << taille;
         EXPECT_LE(liste.lignes(), attendues + 1) << taille;
@@ -80,7 +80,7 @@ TEST_F(FichierCriteresTest, WrongCountsGiveTheRowsThatAreThere) {
         toutes[23] = nombre;
         const auto fichier = litfichiercriteres(joint(toutes));
         ASSERT_TRUE(fichier);
-        rendlignes(*fichier, liste);
+        rendlignes(*fichier, liste.resultat().lignes);
         EXPECT_EQ(rangees(), rangs.mid(0, attendues)) << nombre.constData();
     }
 }
@@ -95,7 +95,7 @@ TEST_F(FichierCriteresTest, ColumnsThatAreNoneOrTwiceLoseNothingElse) {
     toutes[29] = "6";
     const auto fichier = litfichiercriteres(joint(toutes));
     ASSERT_TRUE(fichier);
-    rendlignes(*fichier, liste);
+    rendlignes(*fichier, liste.resultat().lignes);
     EXPECT_EQ(rangees(), QStringList(u"deux||||||EU000001"_s));
 }
 
@@ -111,11 +111,11 @@ TEST_F(FichierCriteresTest, LoneLineEndsEndLinesToo) {
 TEST_F(FichierCriteresTest, ALineEndInsideATextIsABlank) {
     EtatFormulaire forme = formulaire();
     forme.texterapide = u"a\r\nb\rc\nd"_s;
-    liste.ajouteauflex({u"CO", u"000001", u"un\ndeux", {}, {}, {}, u"CO000001"});
+    liste.resultat().lignes.ajoute({u"CO", u"000001", u"un\ndeux", {}, {}, {}, u"CO000001"});
     const auto fichier = litfichiercriteres(octets(forme));
     ASSERT_TRUE(fichier);
     EXPECT_EQ(fichier->texterapide, u"a b c d");
-    rendlignes(*fichier, liste);
+    rendlignes(*fichier, liste.resultat().lignes);
     EXPECT_EQ(rangees(), QStringList(u"un deux||||000001|CO|CO000001"_s));
 }
 
@@ -131,7 +131,7 @@ TEST_F(FichierCriteresTest, AListThatTakesNoMoreKeepsTheRowsSoFar) {
     remplit(5);
     const auto fichier = litfichiercriteres(octets(formulaire()));
     ASSERT_TRUE(fichier);
-    liste.limitelignes(3);
-    rendlignes(*fichier, liste);
+    liste.resultat().lignes.limite(3);
+    rendlignes(*fichier, liste.resultat().lignes);
     EXPECT_EQ(liste.lignes(), 3);
 }

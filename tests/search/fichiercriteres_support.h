@@ -42,7 +42,7 @@ protected:
             const QString numero = sixchiffres(i);
             const QString cle = u"EU"_s + numero;
             const QString titre = u"Titre %1"_s.arg(i);
-            ASSERT_EQ(liste.ajouteauflex({u"EU", numero, titre, u"un", u"deux", {}, cle}), 0);
+            ASSERT_TRUE(liste.resultat().lignes.ajoute({u"EU", numero, titre, u"un", u"deux", {}, cle}));
         }
     }
     QByteArray octets(const EtatFormulaire& forme) const { return ecritcriteres(fichierde(forme, items, liste)); }

@@ -23,7 +23,7 @@ TEST_F(FichierCriteresTest, TheLinesStandInTheirOrder) {
     // Columns 4 and 5 as the list has them.
     const QList<QByteArray> toutes = lignes(obtenu);
     for (int colonne = 0; colonne < 6; ++colonne)
-        EXPECT_EQ(toutes.at(24 + colonne).toInt(), liste.coldata(colonne));
+        EXPECT_EQ(toutes.at(24 + colonne).toInt(), liste.colonnes().champ(colonne));
     EXPECT_EQ(obtenu, attendu);
 }
 
@@ -47,7 +47,7 @@ TEST_F(FichierCriteresTest, RowsComeBackAsTheyWere) {
     ASSERT_TRUE(fichier);
     liste.vide();
     remplit(3);
-    rendlignes(*fichier, liste);
+    rendlignes(*fichier, liste.resultat().lignes);
     EXPECT_EQ(rangees(), avant);
 }
 
@@ -59,8 +59,8 @@ TEST_F(FichierCriteresTest, RowsOfAMovedGridLandUnderTheirHeaders) {
     for (int ronde = 0; ronde < 60; ++ronde) {
         const auto fichier = litfichiercriteres(octets(formulaire()));
         ASSERT_TRUE(fichier);
-        liste.deplacecolonne(colonne(moteur), colonne(moteur));
-        rendlignes(*fichier, liste);
+        liste.colonnes().deplace(colonne(moteur), colonne(moteur));
+        rendlignes(*fichier, liste.resultat().lignes);
         ASSERT_EQ(rangees(), avant) << ronde;
     }
 }
@@ -72,7 +72,7 @@ TEST_F(FichierCriteresTest, ACountOfOneRestoresTheCriteriaAndLeavesTheListEmpty)
     remplit(2);
     const auto fichier = litfichiercriteres(sansrangee);
     ASSERT_TRUE(fichier);
-    rendlignes(*fichier, liste);
+    rendlignes(*fichier, liste.resultat().lignes);
     EXPECT_EQ(liste.rows(), 1);
     EXPECT_EQ(etatde(*fichier, items, 0), formulaire());
 }
@@ -91,24 +91,24 @@ TEST_F(FichierCriteresTest, CodesStayInTheBoxAndAreReplacedInTheWord) {
     const auto fichier = litfichiercriteres(octets(forme));
     ASSERT_TRUE(fichier);
     EXPECT_EQ(etatde(*fichier, items, 0).criteres.texterech, forme.criteres.texterech);
-    rendmots(*fichier, liste);
-    EXPECT_EQ(liste.mot1, u"a\r\nb");
-    EXPECT_EQ(liste.mot2, u"c\td");
+    rendmots(*fichier, liste.resultat());
+    EXPECT_EQ(liste.resultat().mot1, u"a\r\nb");
+    EXPECT_EQ(liste.resultat().mot2, u"c\td");
 }
 
 TEST_F(FichierCriteresTest, TheCriteriaTextBeatsTheQuickTextAsFirstWord) {
     FichierCriteres fichier;
-    liste.mot1 = u"avant"_s;
-    liste.mot2 = u"avant"_s;
-    rendmots(fichier, liste);
-    EXPECT_EQ(liste.mot1, u"avant");
-    EXPECT_TRUE(liste.mot2.isEmpty()) << "the second word is set even when empty";
+    liste.resultat().mot1 = u"avant"_s;
+    liste.resultat().mot2 = u"avant"_s;
+    rendmots(fichier, liste.resultat());
+    EXPECT_EQ(liste.resultat().mot1, u"avant");
+    EXPECT_TRUE(liste.resultat().mot2.isEmpty()) << "the second word is set even when empty";
     fichier.texterapide = u"ra^tpide"_s;
-    rendmots(fichier, liste);
-    EXPECT_EQ(liste.mot1, u"ra\tpide");
+    rendmots(fichier, liste.resultat());
+    EXPECT_EQ(liste.resultat().mot1, u"ra\tpide");
     fichier.criteres.texterech[0] = u"critère"_s;
-    rendmots(fichier, liste);
-    EXPECT_EQ(liste.mot1, u"critère");
+    rendmots(fichier, liste.resultat());
+    EXPECT_EQ(liste.resultat().mot1, u"critère");
 }
 
 TEST_F(FichierCriteresTest, TheKeywordListIsFilledOnce) {

@@ -21,10 +21,10 @@ QString texte(int id) {
 
 class ListeSelectionTest : public testing::Test {
 protected:
-    int ajoute(const QString& cle, const QString& titre, const QString& motcle = u"m"_s) {
+    bool ajoute(const QString& cle, const QString& titre, const QString& motcle = u"m"_s) {
         const QString reference = cle.left(2);
         const QString numart = cle.mid(2);
-        return liste.ajouteauflex({reference, numart, titre, motcle, u"m2", u"m3", cle});
+        return lignes.ajoute({reference, numart, titre, motcle, u"m2", u"m3", cle});
     }
     QStringList titres() const {
         QStringList tous;
@@ -39,15 +39,14 @@ protected:
         return cellules;
     }
     ListeSelection liste{texte};
+    Lignes& lignes = liste.resultat().lignes;
 };
 
 } // namespace
 
-TEST_F(ListeSelectionTest, TheListStartsWithItsHeaderOnlyAndHidden) {
+TEST_F(ListeSelectionTest, TheListStartsWithItsHeaderOnly) {
     EXPECT_EQ(liste.rows(), 1);
     EXPECT_EQ(liste.row(), 0);
-    EXPECT_FALSE(liste.visible);
-    EXPECT_EQ(liste.publie(), (PublicationFin{false, true, false}));
 }
 
 TEST_F(ListeSelectionTest, WidthsOrderAndHeadersComeFromTheMasks) {
@@ -85,9 +84,9 @@ TEST_F(ListeSelectionTest, ARowIsFilledByMeaningAfterColumnsWereMoved) {
 }
 
 TEST_F(ListeSelectionTest, AFullListTakesNoRow) {
-    liste.limitelignes(1);
-    EXPECT_EQ(ajoute(u"CO000001"_s, u"Un"_s), 0);
-    EXPECT_EQ(ajoute(u"CO000002"_s, u"Deux"_s), -1);
+    lignes.limite(1);
+    EXPECT_TRUE(ajoute(u"CO000001"_s, u"Un"_s));
+    EXPECT_FALSE(ajoute(u"CO000002"_s, u"Deux"_s));
     EXPECT_EQ(liste.rows(), 2);
 }
 
@@ -165,7 +164,7 @@ TEST_F(ListeSelectionTest, RemovingRowsMovesTheOthersUp) {
     liste.supprimeselection();
     EXPECT_EQ(titres(), QStringList({u"a"_s, u"d"_s, u"e"_s}));
     EXPECT_EQ(liste.row(), 2);
-    liste.supprime({3});
+    lignes.supprime({3});
     EXPECT_EQ(titres(), QStringList({u"a"_s, u"d"_s}));
     // Rows that come later do not mix with what was removed.
     ajoute(u"CO000009"_s, u"f"_s);
@@ -177,10 +176,10 @@ TEST_F(ListeSelectionTest, ManyRowsGoAtOnce) {
     for (const QString& titre : {u"a"_s, u"b"_s, u"c"_s, u"d"_s})
         ajoute(u"CO000001"_s, titre);
     liste.choisit(4, 4);
-    liste.supprime({1, 3});
+    lignes.supprime({1, 3});
     EXPECT_EQ(titres(), QStringList({u"b"_s, u"d"_s}));
     EXPECT_EQ(liste.row(), 2);
-    liste.supprime({1, 2});
+    lignes.supprime({1, 2});
     EXPECT_EQ(liste.rows(), 1);
     EXPECT_EQ(liste.row(), 0);
 }
@@ -194,13 +193,8 @@ TEST_F(ListeSelectionTest, RemovingAllRowsLeavesTheHeader) {
     EXPECT_EQ(textecompte(liste.lignes(), texte), u" 0 document");
     liste.supprimeselection();
     ajoute(u"CO000003"_s, u"c"_s);
-    liste.supprime({1});
+    lignes.supprime({1});
     EXPECT_EQ(liste.rows(), 1);
-}
-
-TEST_F(ListeSelectionTest, TheEndOfASearchEnablesTheButtonsWhenRowsExist) {
-    ajoute(u"CO000001"_s, u"a"_s);
-    EXPECT_EQ(liste.publie(), (PublicationFin{true, true, true}));
 }
 
 TEST_F(ListeSelectionTest, GroupingAndCriteriaButtonsChangeTheirToolTips) {

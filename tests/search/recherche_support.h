@@ -1,7 +1,10 @@
 #pragma once
 // A small base with documents, words and tree nodes, and everything a search works with.
 #include "core/cle.h"
+#include "core/listes.h"
 #include "core/schemas.h"
+#include "search/listeselection.h"
+#include "search/marche.h"
 #include "search/poste.h"
 #include "search/recherche.h"
 #include "search/typescherches.h"
@@ -37,6 +40,13 @@ struct DocumentCherche {
     QString titre;
     QStringList motscles = {};
     qint64 noeud = 0;
+};
+
+struct Bilan {
+    Resultat::Issue issue = Resultat::Issue::Terminee;
+    qint64 vus = 0;
+    qint64 hits = 0;
+    bool arretee = false;
 };
 
 class BaseRecherche : public testing::Test {
@@ -85,14 +95,26 @@ protected:
             documents.push_back({u"CO"_s + sixchiffres(numero), u"Titre %1"_s.arg(numero)});
     }
 
-    Atelier atelier() {
-        return {corpus,
-                liste,
-                sablier,
-                dialogues,
-                cession,
-                [](int id) { return textes(id); },
-                [this](const QString& texte) { panneau << texte; }};
+    /// A search begins on a list without rows, tells the panel at its turns and at its end, and gives what it leaves
+    /// but for the rows, which stand in the list.
+    Bilan bilan(const std::function<void(Marche&, Resultat&)>& recherche, bool garde = false) {
+        const std::stop_token vu = nouvelarret();
+        progres.clear();
+        panneau.clear();
+        if (!garde) {
+            liste.vide();
+            panneau << QString();
+        }
+        Marche marche(cession, vu, [this](const Marche::Etape& etape) {
+            progres.push_back({etape.vus, etape.total});
+            if (etape.compte)
+                panneau << textecompte(*etape.compte, textes);
+        });
+        recherche(marche, liste.resultat());
+        const Resultat& resultat = liste.resultat();
+        if (resultat.compte)
+            panneau << textecompte(*resultat.compte, textes);
+        return {resultat.issue, resultat.vus, resultat.hits, resultat.arretee()};
     }
 
     static QString textes(int id) {
@@ -150,6 +172,7 @@ protected:
     }
     mutable std::stop_source arret;
     QStringList panneau;
+    std::vector<std::pair<qint64, qint64>> progres;
 };
 
 } // namespace velm::test

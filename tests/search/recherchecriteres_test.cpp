@@ -16,15 +16,14 @@ TEST_P(RechercheCriteresTest, NoCriterionListsEveryDocumentOfThePressedTypes) {
 
 TEST_P(RechercheCriteresTest, NoTypePressedWalksNothing) {
     petite();
-    liste.mot1 = u"avant"_s;
+    liste.resultat().mot1 = u"avant"_s;
     texte(u"garantie"_s);
-    const ResultatCriteres resultat = cherche({});
+    const Bilan resultat = cherche({});
     EXPECT_EQ(resultat.vus, 0);
-    EXPECT_EQ(resultat.fin, (PublicationFin{false, true, false}));
+    EXPECT_EQ(liste.lignes(), 0);
     EXPECT_TRUE(progres.empty());
     EXPECT_EQ(panneau, QStringList(QString()));
-    EXPECT_TRUE(liste.visible);
-    EXPECT_EQ(liste.mot1, u"avant");
+    EXPECT_EQ(liste.resultat().mot1, u"avant");
     EXPECT_EQ(cherche("C").vus, 0);
 }
 
@@ -128,8 +127,8 @@ TEST_P(RechercheCriteresTest, NoPlaceTickedFiltersNothingButSetsTheWords) {
     texte(u"zyx"_s, u"w^tv"_s);
     lieux(false, false, false);
     EXPECT_EQ(trouve().size(), 5);
-    EXPECT_EQ(liste.mot1, u"zyx");
-    EXPECT_EQ(liste.mot2, u"w\tv");
+    EXPECT_EQ(liste.resultat().mot1, u"zyx");
+    EXPECT_EQ(liste.resultat().mot2, u"w\tv");
 }
 
 TEST_P(RechercheCriteresTest, NegationKeepsTheDocumentsWithoutTheFirstText) {
@@ -165,8 +164,8 @@ TEST_P(RechercheCriteresTest, TheSecondTextAloneMovesToTheFirstBoxItsOptionsStay
     EXPECT_EQ(trouve(), ::liste({u"CO000001"_s, u"EU000001"_s, u"AD000001"_s}));
     EXPECT_EQ(criteres.texterech[0], u"garantie");
     EXPECT_TRUE(criteres.texterech[1].isEmpty());
-    EXPECT_EQ(liste.mot1, u"garantie");
-    EXPECT_TRUE(liste.mot2.isEmpty());
+    EXPECT_EQ(liste.resultat().mot1, u"garantie");
+    EXPECT_TRUE(liste.resultat().mot2.isEmpty());
 }
 
 TEST_P(RechercheCriteresTest, APrivateTokenIsSearchedAsText) {
@@ -182,7 +181,7 @@ TEST_P(RechercheCriteresTest, CodesAreReplacedEverywhere) {
     petite();
     texte(u"intérêts^pcourent.^ttou"_s);
     EXPECT_EQ(trouve(), ::liste({u"CO000002"_s}));
-    EXPECT_EQ(liste.mot1, u"intérêts\r\ncourent.\ttou");
+    EXPECT_EQ(liste.resultat().mot1, u"intérêts\r\ncourent.\ttou");
 }
 
 TEST_P(RechercheCriteresTest, AccentsCountCaseDoesNotAndForeignLettersAreFound) {

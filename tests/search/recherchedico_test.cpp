@@ -13,16 +13,17 @@ namespace {
 
 class RechercheDicoTest : public BaseRecherche {
 protected:
-    ResultatDico cherche(const QString& ligne, const QByteArray& lettres = touteslettres(), bool tous = true,
-                         qint64 limite = limitedindex(0)) {
+    Bilan cherche(const QString& ligne, const QByteArray& lettres = touteslettres(), bool tous = true,
+                  qint64 limite = limitedindex(0)) {
         return lance({ligne, lettres, tous, limite});
     }
-    ResultatDico lance(const DemandeDico& demande) {
+    Bilan lance(const DemandeDico& demande) {
         lignes.clear();
-        RechercheDico recherche(
-            atelier(), [this](const QString& texte) { lignes << texte; },
-            [this] { return std::uniform_real_distribution<double>(0, 1)(hasard); });
-        return recherche.cherche(demande);
+        return bilan([&](Marche& marche, Resultat& resultat) {
+            RechercheDico recherche(corpus, marche, {[this](const QString& texte) { lignes << texte; }, textes(7300)},
+                                    [this] { return std::uniform_real_distribution<double>(0, 1)(hasard); });
+            recherche.cherche(demande, resultat);
+        });
     }
 
     QStringList lignes;
@@ -64,7 +65,7 @@ TEST_F(RechercheDicoTest, AWordInLowerCaseAndInCapitalsGivesTheSame) {
         cherche(mot);
         EXPECT_EQ(lignes, QStringList(mot + u" : 2"_s));
         EXPECT_EQ(cles(), QStringList({u"CO000001"_s, u"CO000002"_s}));
-        EXPECT_EQ(liste.mot1, u"GARANTIE");
+        EXPECT_EQ(liste.resultat().mot1, u"GARANTIE");
     }
 }
 
@@ -91,7 +92,7 @@ TEST_F(RechercheDicoTest, AWildcardFoldsAccents) {
     // The walk still begins at the text with its accents.
     cherche(u"marché*"_s);
     EXPECT_EQ(lignes, QStringList({u"marché : 1"_s, u"marchés : 1"_s}));
-    EXPECT_EQ(liste.mot1, u"marché");
+    EXPECT_EQ(liste.resultat().mot1, u"marché");
 }
 
 TEST_F(RechercheDicoTest, CharactersOutsideTheTableStay) {
@@ -115,8 +116,8 @@ TEST_F(RechercheDicoTest, AWordWithAnEmptyListShowsZeroAndEntersNoWord) {
     ouvre();
     cherche(u"vide video"_s);
     EXPECT_EQ(lignes, QStringList({u"vide : 0"_s, u"video : 1"_s}));
-    EXPECT_EQ(liste.mot1, u"VIDEO");
-    EXPECT_TRUE(liste.mot2.isEmpty());
+    EXPECT_EQ(liste.resultat().mot1, u"VIDEO");
+    EXPECT_TRUE(liste.resultat().mot2.isEmpty());
     // A wildcard passes such a word over without a line.
     cherche(u"vid*"_s);
     EXPECT_EQ(lignes, QStringList(u"video : 1"_s));
@@ -141,7 +142,7 @@ TEST_F(RechercheDicoTest, AWildcardJoinsTheListsOfAllItsWords) {
     ouvre();
     cherche(u"bro*"_s);
     EXPECT_EQ(cles(), QStringList({u"CO000002"_s, u"CO000003"_s, u"CO000004"_s, u"CO000005"_s, u"CO000001"_s}));
-    EXPECT_EQ(liste.mot1, u"bro");
+    EXPECT_EQ(liste.resultat().mot1, u"bro");
 }
 
 TEST_F(RechercheDicoTest, AllWordsOrAnyWord) {
@@ -161,8 +162,8 @@ TEST_F(RechercheDicoTest, AListEmptiedByTheFilterStaysInTheTable) {
     ouvre();
     EXPECT_EQ(cherche(u"un deux"_s, "B").hits, 0);
     EXPECT_EQ(lignes, QStringList({u"un : 1 ( 0 )"_s, u"deux : 1 ( 1 )"_s}));
-    EXPECT_EQ(liste.mot1, u"UN");
-    EXPECT_EQ(liste.mot2, u"DEUX");
+    EXPECT_EQ(liste.resultat().mot1, u"UN");
+    EXPECT_EQ(liste.resultat().mot2, u"DEUX");
     EXPECT_EQ(cherche(u"un deux"_s, "B", false).hits, 1);
     EXPECT_EQ(cles(), QStringList(u"EU000001"_s));
 }
@@ -180,14 +181,14 @@ TEST_F(RechercheDicoTest, TheTwoRarestWordsAreMarkedWithoutTheirStar) {
     mots = {{u"UN"_s, entrees(1, 4)}, {u"DEUX"_s, entrees(3, 8)}, {u"TROIS"_s, entrees(2, 4)}};
     ouvre();
     cherche(u"deux Un* trois"_s);
-    EXPECT_EQ(liste.mot1, u"TROIS");
-    EXPECT_EQ(liste.mot2, u"Un");
+    EXPECT_EQ(liste.resultat().mot1, u"TROIS");
+    EXPECT_EQ(liste.resultat().mot2, u"Un");
     cherche(u"deux"_s);
-    EXPECT_EQ(liste.mot1, u"DEUX");
-    EXPECT_TRUE(liste.mot2.isEmpty());
+    EXPECT_EQ(liste.resultat().mot1, u"DEUX");
+    EXPECT_TRUE(liste.resultat().mot2.isEmpty());
     // Without any word those of the search before stay.
     cherche(u"rien"_s);
-    EXPECT_EQ(liste.mot1, u"DEUX");
+    EXPECT_EQ(liste.resultat().mot1, u"DEUX");
 }
 
 TEST_F(RechercheDicoTest, TwentyWordsAreAcceptedTheTwentyFirstIsFatal) {
@@ -206,7 +207,6 @@ TEST_F(RechercheDicoTest, TwentyWordsAreAcceptedTheTwentyFirstIsFatal) {
         EXPECT_STREQ(fin.what(), "21 20");
     }
     EXPECT_THROW(cherche(u"un "_s.repeated(10'000)), Arret);
-    EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
 }
 
 TEST_F(RechercheDicoTest, VeryLongLinesAndWordsAreLookedUpLikeOthers) {

@@ -14,12 +14,10 @@ namespace {
 
 class RechercheRapideTest : public BaseRecherche {
 protected:
-    ResultatRapide cherche(const QString& texte, const QByteArray& lettres = touteslettres(),
-                           qint64 limite = sanslimite) {
-        progres.clear();
-        panneau.clear();
-        RechercheRapide recherche(atelier(), [this](qint64 vus, qint64 total) { progres.push_back({vus, total}); });
-        return recherche.cherche({texte, lettres, limite}, nouvelarret());
+    Bilan cherche(const QString& texte, const QByteArray& lettres = touteslettres(), qint64 limite = sanslimite) {
+        return bilan([&](Marche& marche, Resultat& resultat) {
+            RechercheRapide(corpus, marche).cherche({texte, lettres, limite}, resultat);
+        });
     }
     void petite() {
         documents = {{u"CO000001"_s, u"Garantie légale"_s, {u"vente"_s, u"défaut"_s, u"recours"_s}, 1},
@@ -30,7 +28,6 @@ protected:
         noeuds = {{1, u"Partie générale"_s}, {2, u"Crédit à la consommation"_s}};
         ouvre();
     }
-    std::vector<std::pair<qint64, qint64>> progres;
 };
 
 } // namespace
@@ -80,21 +77,20 @@ TEST_F(RechercheRapideTest, AStarIsAnOrdinaryCharacterAndSeveralWordsAreOneText)
 TEST_F(RechercheRapideTest, AnEmptyTextListsUpToTheLimitInTheMiddleOfAType) {
     petite();
     EXPECT_EQ(cherche(QString()).hits, 5);
-    const ResultatRapide deux = cherche(QString(), touteslettres(), 2);
+    const Bilan deux = cherche(QString(), touteslettres(), 2);
     EXPECT_EQ(deux.hits, 2);
     EXPECT_EQ(cles(), QStringList({u"CO000001"_s, u"CO000002"_s}));
     EXPECT_FALSE(deux.arretee);
-    EXPECT_EQ(deux.fin, (PublicationFin{true, true, true}));
 }
 
 TEST_F(RechercheRapideTest, NoTypePressedListsNothingAndSetsNoWord) {
     petite();
-    liste.mot1 = u"avant"_s;
-    EXPECT_EQ(cherche(QString(), {}).fin, (PublicationFin{false, true, false}));
+    liste.resultat().mot1 = u"avant"_s;
+    EXPECT_EQ(cherche(QString(), {}).hits, 0);
+    EXPECT_EQ(liste.lignes(), 0);
     EXPECT_EQ(cherche(QString(), "C").hits, 0);
-    EXPECT_EQ(liste.mot1, u"avant");
+    EXPECT_EQ(liste.resultat().mot1, u"avant");
     EXPECT_TRUE(progres.empty());
-    EXPECT_TRUE(liste.visible);
 }
 
 TEST_F(RechercheRapideTest, APressedTypeWithoutDocumentsAddsNothing) {
@@ -105,10 +101,10 @@ TEST_F(RechercheRapideTest, APressedTypeWithoutDocumentsAddsNothing) {
 
 TEST_F(RechercheRapideTest, TheFirstWordToMarkIsTheTextTheSecondIsEmpty) {
     petite();
-    liste.mot2 = u"avant"_s;
+    liste.resultat().mot2 = u"avant"_s;
     cherche(u"un^tdeux"_s);
-    EXPECT_EQ(liste.mot1, u"un\tdeux");
-    EXPECT_TRUE(liste.mot2.isEmpty());
+    EXPECT_EQ(liste.resultat().mot1, u"un\tdeux");
+    EXPECT_TRUE(liste.resultat().mot2.isEmpty());
 }
 
 TEST_F(RechercheRapideTest, CodesOfTheTextAreReplacedEverywhere) {
@@ -153,18 +149,15 @@ TEST_F(RechercheRapideTest, AStopKeepsTheRowsFound) {
     ajoutedocuments(20);
     ouvre();
     evenement = [&] { arretesi(liste.rows() >= 8); };
-    const ResultatRapide resultat = cherche(u"titre"_s);
+    const Bilan resultat = cherche(u"titre"_s);
     EXPECT_TRUE(resultat.arretee);
     EXPECT_EQ(liste.rows(), 8);
-    EXPECT_TRUE(resultat.fin.resultatpresent);
-    EXPECT_TRUE(liste.visible);
 }
 
 TEST_F(RechercheRapideTest, EventsMayMoveTheTablesAndCloseTheBase) {
     ajoutedocuments(20);
     ouvre();
     evenement = [&] {
-        EXPECT_FALSE(liste.visible);
         corpus.donnees().setIndex(u"idate"_s);
         corpus.donnees().moveLast();
         corpus.arborescences().setIndex(u"enfants"_s);
@@ -202,8 +195,8 @@ TEST_F(RechercheRapideTest, ProgressNeverPassesItsMaximum) {
 TEST_F(RechercheRapideTest, AFullListEndsTheWalk) {
     ajoutedocuments(20);
     ouvre();
-    liste.limitelignes(3);
-    const ResultatRapide resultat = cherche(u"titre"_s);
+    liste.resultat().lignes.limite(3);
+    const Bilan resultat = cherche(u"titre"_s);
     EXPECT_EQ(resultat.hits, 3);
     EXPECT_EQ(panneau.last(), u" 3 documents");
 }

@@ -192,7 +192,8 @@ TEST_F(BalisesTest, NoWindowAndNoMenuTakesAFieldForMarkup) {
     regarde("lists of links");
 
     emit fenetre.cible(longpiege(u"cible"_s));
-    programme->selection().controle().remplit({u"CO000001"_s, u"CO000002"_s, u"EU000002"_s, u"JP000003"_s});
+    programme->selection().controle().remplissage().remplitdecles(
+        {u"CO000001"_s, u"CO000002"_s, u"EU000002"_s, u"JP000003"_s});
     regarde("selection list");
 
     programme->recherches().montre(true);

@@ -110,7 +110,8 @@ TEST_F(CopieTest, CopyingWithTheSearchFormActiveDoesNothing) {
 TEST_F(CopieTest, TheCopyKeyInAFocusedListCopiesItsRowsAndTheButtonTheDocument) {
     demarre(QStringLiteral("CO2"));
     ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
-    programme->selection().controle().remplit({QStringLiteral("CO000001"), QStringLiteral("JP000007")});
+    programme->selection().controle().remplissage().remplitdecles(
+        {QStringLiteral("CO000001"), QStringLiteral("JP000007")});
     FlexGrid& flex = programme->selection().flex();
     flex.setRow(2);
     flex.setFocus();

@@ -178,7 +178,7 @@ protected:
         mots->setFocus();
         touche(Qt::Key_Return);
     }
-    void remplit() { programme->selection().controle().remplit(cles_.mid(hasard(3))); }
+    void remplit() { programme->selection().controle().remplissage().remplitdecles(cles_.mid(hasard(3))); }
     void formulairedemots() {
         if (!formulaire() || !formulaire()->isVisible())
             return;

@@ -70,14 +70,14 @@ TEST_F(MemoireTest, AListThatDoesNotFitIsOneMessageAndWhatItHasStays) {
         cles << u"JP"_s + sixchiffres(numero);
     {
         const LittleMemory peu(0);
-        programme->selection().controle().remplit(cles);
+        programme->selection().controle().remplissage().remplitdecles(cles);
     }
     const QStringList textes = dits();
     ASSERT_EQ(textes.size(), 1);
     EXPECT_TRUE(textes.first().startsWith(u"La mémoire disponible ne suffit pas pour remplir cette liste"_s));
     EXPECT_LT(programme->selection().liste().lignes(), cles.size());
-    EXPECT_FALSE(programme->selection().controle().poste().occupe());
-    programme->selection().controle().remplit(cles);
+    EXPECT_FALSE(programme->selection().controle().remplissage().encours());
+    programme->selection().controle().remplissage().remplitdecles(cles);
     EXPECT_EQ(programme->selection().liste().lignes(), cles.size());
     EXPECT_TRUE(programme->selection().flex().isVisible());
     EXPECT_TRUE(dits().isEmpty());

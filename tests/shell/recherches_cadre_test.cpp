@@ -69,7 +69,7 @@ protected:
         bool fait = false;
         QTimer::singleShot(0, formulaire(), [&] {
             fait = true;
-            enpleine = programme->selection().controle().poste().occupe();
+            enpleine = programme->selection().controle().remplissage().encours();
             chose();
         });
         clique(u"cmdokrapide"_s);
@@ -265,7 +265,7 @@ TEST_F(LongueRechercheTest, ClosingTheProgramInTheMiddleEndsTheSearch) {
     cherche([&] { ecran().close(); });
     EXPECT_FALSE(ecran().isVisible());
     EXPECT_FALSE(programme->corpus().connecte());
-    EXPECT_FALSE(programme->selection().controle().poste().occupe());
+    EXPECT_FALSE(programme->selection().controle().remplissage().encours());
     EXPECT_EQ(reglage("RECHERCHE", "COMBONOMBRE"), u"2");
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
 }
@@ -291,13 +291,13 @@ TEST_F(LongueRechercheTest, ClosingTheProgramDuringEverySearchEndsIt) {
         dialogues.answers = onglet == 2 ? std::deque{Bouton::Non, Bouton::Oui} : std::deque{Bouton::Oui};
         bool fait = false;
         QTimer::singleShot(0, formulaire(), [&] {
-            fait = programme->selection().controle().poste().occupe();
+            fait = programme->selection().controle().remplissage().encours();
             ecran().close();
         });
         clique(bouton);
         EXPECT_TRUE(fait) << onglet;
         EXPECT_FALSE(programme->corpus().connecte());
-        EXPECT_FALSE(programme->selection().controle().poste().occupe());
+        EXPECT_FALSE(programme->selection().controle().remplissage().encours());
         programme.reset();
     }
 }

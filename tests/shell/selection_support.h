@@ -54,9 +54,18 @@ protected:
                                           QStringLiteral("JP000007")}) {
         ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
         if (!cles.isEmpty())
-            liste().remplit(cles);
+            remplissage().remplitdecles(cles);
     }
     ControleListe& liste() const { return programme->selection().controle(); }
+    RemplissageListe& remplissage() const { return liste().remplissage(); }
+    /// The end of a search that has found a document, or none.
+    void acheve(bool trouve) const {
+        Lignes& lignes = liste().liste().resultat().lignes;
+        lignes.vide();
+        if (trouve)
+            lignes.ajoute({u"CO", u"000001", u"Béta", u"", u"", u"", u"CO000001"});
+        remplissage().acheve();
+    }
     FlexGrid& flex() const { return programme->selection().flex(); }
     VoletSelection& volet() const { return ecran().picturesselection(); }
     Toolbar& barre() const { return volet().recherchetoolbar(); }

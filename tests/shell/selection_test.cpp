@@ -44,7 +44,7 @@ TEST_F(SelectionTest, AColumnThatTheUserDragsTakesItsMeaningWithItAndKeepsItsPla
     EXPECT_EQ(liste().liste().colonnes().champ(2), 0);
     EXPECT_EQ(flex().colData(2), 0);
     flex().setColWidth(2, 4500);
-    liste().remplit({u"CO000003"_s});
+    remplissage().remplitdecles({u"CO000003"_s});
     EXPECT_EQ(flex().text(1, 2), u"Delta");
     EXPECT_EQ(liste().liste().texte(1, 2), u"Delta");
     doublecliqueentete(2);
@@ -53,7 +53,7 @@ TEST_F(SelectionTest, AColumnThatTheUserDragsTakesItsMeaningWithItAndKeepsItsPla
     EXPECT_EQ(liste().liste().colonnes().ordre(), u"120354");
     EXPECT_EQ(flex().colData(2), 0);
     EXPECT_EQ(flex().colWidth(2), 4500);
-    liste().remplit({u"CO000003"_s});
+    remplissage().remplitdecles({u"CO000003"_s});
     EXPECT_EQ(flex().text(1, 2), u"Delta");
     EXPECT_EQ(flex().text(1, 6), u"CO000003");
 }
@@ -69,7 +69,7 @@ TEST_F(SelectionTest, ADamagedOrderOfTheColumnsIsPassedOver) {
 
 TEST_F(SelectionTest, ADoubleClickOnAHeaderSortsAnotherReverses) {
     ouvre();
-    liste().liste().mot1 = u"prix"_s;
+    liste().liste().resultat().mot1 = u"prix"_s;
     flex().setRow(4);
     doublecliqueentete(0);
     EXPECT_EQ(colonne(0), (QStringList{u"alpha"_s, u"Béta"_s, u"Delta"_s, u"gamma"_s, u"Un arrêt"_s}));
@@ -91,7 +91,7 @@ TEST_F(SelectionTest, OnlyOneHeaderBearsAMarkAndANewResultTakesItAway) {
     doublecliqueentete(5);
     EXPECT_EQ(flex().sortMark(0), FlexGrid::Mark::None);
     EXPECT_EQ(flex().sortMark(5), FlexGrid::Mark::Ascending);
-    liste().remplit({u"CO000003"_s, u"CO000001"_s});
+    remplissage().remplitdecles({u"CO000003"_s, u"CO000001"_s});
     EXPECT_EQ(flex().sortMark(5), FlexGrid::Mark::None);
     EXPECT_EQ(colonne(0), (QStringList{u"Delta"_s, u"Béta"_s}));
     EXPECT_EQ(flex().row(), 0);
@@ -126,8 +126,8 @@ TEST_F(SelectionTest, ADoubleClickOpensTheSelectedRowsInOrderAndTheLastIsActive)
 
 TEST_F(SelectionTest, OpenedDocumentsGetTheWordsAndTheMarks) {
     ouvre();
-    liste().liste().mot1 = u"deux"_s;
-    liste().liste().mot2 = u"prix"_s;
+    liste().liste().resultat().mot1 = u"deux"_s;
+    liste().liste().resultat().mot2 = u"prix"_s;
     doubleclic(2);
     Textes& fenetre = *active();
     EXPECT_EQ(fenetre.mots().mot1, u"deux");
@@ -148,7 +148,7 @@ TEST_F(SelectionTest, WithoutWordsTheButtonsHide) {
 TEST_F(SelectionTest, AutomaticMarkingIsASetting) {
     regle(u"RECHERCHE", u"MARQUEAUTO", u"0"_s);
     ouvre();
-    liste().liste().mot1 = u"prix"_s;
+    liste().liste().resultat().mot1 = u"prix"_s;
     doubleclic(1);
     EXPECT_EQ(marques(*active()), 0);
     EXPECT_TRUE(active()->barrechild().isButtonVisible(u"marqueauto"_s));
@@ -163,10 +163,12 @@ TEST_F(SelectionTest, ReturnOpensTheSelectedRow) {
 
 TEST_F(SelectionTest, ARowWhoseDocumentIsGoneOpensNothingElse) {
     ouvre();
-    liste().commence();
-    liste().liste().ajouteauflex({u"ZZ", u"000001", u"parti", u"", u"", u"", u"ZZ000001"});
-    liste().acheve();
-    liste().liste().mot1 = u"prix"_s;
+    remplissage().remplit(
+        [this](const std::stop_token&) {
+            liste().liste().resultat().lignes.ajoute({u"ZZ", u"000001", u"parti", u"", u"", u"", u"ZZ000001"});
+        },
+        [] {});
+    liste().liste().resultat().mot1 = u"prix"_s;
     doubleclic(1);
     Textes* avant = active();
     const int nombre = marques(*avant);
@@ -202,11 +204,11 @@ TEST_F(SelectionTest, ManyRowsAreOpenedAfterAQuestionOnly) {
 TEST_F(SelectionTest, OpeningACriteriaFileIsAlwaysEnabled) {
     ouvre({});
     EXPECT_TRUE(enabled("ouvrircritères"));
-    liste().publie({false, true, false});
+    acheve(false);
     EXPECT_TRUE(enabled("ouvrircritères"));
     EXPECT_FALSE(enabled("sauvercritères"));
     EXPECT_FALSE(enabled("imprimercritères"));
-    liste().publie({true, true, true});
+    acheve(true);
     EXPECT_TRUE(enabled("ouvrircritères"));
     EXPECT_TRUE(enabled("sauvercritères"));
     EXPECT_TRUE(enabled("imprimercritères"));
@@ -228,9 +230,9 @@ TEST_F(SelectionTest, TheEndOfASearchTouchesTheButtonsOfTheListOnly) {
         return tous;
     };
     const QList<bool> avant = etats();
-    liste().publie({true, true, true});
+    acheve(true);
     EXPECT_EQ(etats(), avant);
-    liste().publie({false, true, false});
+    acheve(false);
     EXPECT_EQ(etats(), avant);
     for (const char* cle : {"détruire", "détruirebarre", "majgroupe"})
         EXPECT_FALSE(barre().hasButton(QString::fromUtf8(cle))) << cle;
@@ -238,11 +240,11 @@ TEST_F(SelectionTest, TheEndOfASearchTouchesTheButtonsOfTheListOnly) {
 
 TEST_F(SelectionTest, TheStatusTextLeavesThePointerAlone) {
     ouvre();
-    liste().atelier().curseurattente(u"En cours"_s);
-    EXPECT_EQ(etat(), u"En cours");
+    remplissage().dit(3);
+    EXPECT_EQ(etat(), u" 3 documents");
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
     const Attente attente(sablier);
-    liste().atelier().curseurattente(QString());
+    static_cast<void>(remplissage().nouveau());
     EXPECT_EQ(etat(), QString());
     EXPECT_EQ(sablier.pointeur(), Sablier::attente);
 }

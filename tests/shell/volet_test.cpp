@@ -84,24 +84,24 @@ TEST_F(VoletTest, TheFocusComesBackToAListThatWasFilledAnew) {
     flex().setFocus();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
     ASSERT_TRUE(flex().view()->hasFocus());
-    liste().remplit({u"CO000003"_s});
+    remplissage().remplitdecles({u"CO000003"_s});
     EXPECT_TRUE(flex().view()->hasFocus());
 }
 
 TEST_F(VoletTest, NothingOfTheListIsTouchedWhileItIsFilled) {
     ouvre();
     flex().setRow(2);
-    {
-        const Remplissage dehors(liste());
-        const Remplissage dedans(liste());
-        EXPECT_TRUE(flex().isHidden());
-        presse(barre(), "suivantrecherche");
-        liste().trie(0);
-        liste().supprime();
-        liste().ouvre();
-        EXPECT_EQ(active(), nullptr);
-        EXPECT_EQ(liste().liste().lignes(), 5);
-    }
+    remplissage().remplit(
+        [this](const std::stop_token&) {
+            EXPECT_TRUE(flex().isHidden());
+            presse(barre(), "suivantrecherche");
+            liste().trie(0);
+            liste().supprime();
+            liste().ouvre();
+            EXPECT_EQ(active(), nullptr);
+            EXPECT_EQ(liste().liste().lignes(), 5);
+        },
+        [] {});
     EXPECT_TRUE(flex().isVisible());
     EXPECT_TRUE(flex().redraw());
 }
@@ -109,15 +109,17 @@ TEST_F(VoletTest, NothingOfTheListIsTouchedWhileItIsFilled) {
 TEST_F(VoletTest, AListThatComesWhileASearchRunsStopsItAndWaitsForItsEnd) {
     ouvre({});
     QStringList lignes;
-    liste().poste().fait([&](const std::stop_token& recherche) {
-        EXPECT_FALSE(recherche.stop_requested());
-        liste().remplit({u"CO000001"_s});
-        EXPECT_TRUE(recherche.stop_requested());
-        EXPECT_EQ(liste().liste().lignes(), 0);
-        // The newest one wins.
-        liste().cherchedans(u"CO"_s, u"deux"_s, [&](const QString& ligne) { lignes << ligne; });
-        EXPECT_TRUE(lignes.isEmpty());
-    });
+    remplissage().remplit(
+        [&](const std::stop_token& recherche) {
+            EXPECT_FALSE(recherche.stop_requested());
+            remplissage().remplitdecles({u"CO000001"_s});
+            EXPECT_TRUE(recherche.stop_requested());
+            EXPECT_EQ(liste().liste().lignes(), 0);
+            // The newest one wins.
+            remplissage().cherchedans(u"CO"_s, u"deux"_s, [&](const QString& ligne) { lignes << ligne; });
+            EXPECT_TRUE(lignes.isEmpty());
+        },
+        [] {});
     EVENTUALLY(lignes.size() == 1);
     EXPECT_EQ(colonne(6), (QStringList{u"CO000002"_s, u"CO000004"_s}));
     EXPECT_TRUE(flex().isVisible());
@@ -142,8 +144,8 @@ TEST_F(VoletTest, TheBlockOfAWindowSearchesItsOwnCollectionForAllWords) {
     ASSERT_EQ(resultat->count(), 2);
     EXPECT_EQ(resultat->item(0)->text(), u"prix : 5 ( 4 )");
     EXPECT_EQ(resultat->item(1)->text(), u"deux : 4 ( 3 )");
-    EXPECT_EQ(liste().liste().mot1, u"DEUX");
-    EXPECT_EQ(liste().liste().mot2, u"PRIX");
+    EXPECT_EQ(liste().liste().resultat().mot1, u"DEUX");
+    EXPECT_EQ(liste().liste().resultat().mot2, u"PRIX");
     for (const char* cle :
          {"précédentrecherche", "suivantrecherche", "sauvercritères", "ouvrircritères", "envoyercritères"})
         EXPECT_TRUE(enabled(cle)) << cle;
@@ -159,7 +161,7 @@ TEST_F(VoletTest, ASearchOfAWindowWithoutAResultHidesTheListAndReleasesTheButton
     ouvre();
     programme->ouvre(decoupecle(u"CO000001"));
     QStringList lignes;
-    liste().cherchedans(u"CO"_s, u"ab introuvable"_s, [&](const QString& ligne) { lignes << ligne; });
+    remplissage().cherchedans(u"CO"_s, u"ab introuvable"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(flex().rows(), 1);
     EXPECT_TRUE(flex().isHidden());
     EXPECT_FALSE(ecran().barrecommande().value(u"Rechercher"_s));
@@ -167,7 +169,7 @@ TEST_F(VoletTest, ASearchOfAWindowWithoutAResultHidesTheListAndReleasesTheButton
     EXPECT_EQ(etat(), u" 0 document");
     EXPECT_FALSE(enabled("suivantrecherche"));
     // A line of one letter is refused word by word, not sent elsewhere.
-    liste().cherchedans(u"CO"_s, u"a"_s, [&](const QString& ligne) { lignes << ligne; });
+    remplissage().cherchedans(u"CO"_s, u"a"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(lignes.size(), 3);
 }
 
@@ -223,14 +225,14 @@ TEST_F(VoletTest, AToolFillsTheListFromItsFileAndShowsThePane) {
     ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
     fichier.write("prix\r\n\r\nCO000003\r\nCO000999\r\nJP000007\r\n");
     fichier.close();
-    EXPECT_TRUE(liste().prenddoutil(dossier.path()));
+    EXPECT_TRUE(remplissage().prenddoutil(dossier.path()));
     EXPECT_EQ(colonne(6), (QStringList{u"CO000003"_s, u"JP000007"_s}));
     EXPECT_EQ(etat(), u" 2 documents");
     EXPECT_TRUE(flex().isVisible());
     EXPECT_EQ(volet().largeurliste(), 2000);
     EXPECT_FALSE(QFile::exists(chemin));
     EXPECT_TRUE(enabled("suivantrecherche"));
-    EXPECT_FALSE(liste().prenddoutil(dossier.path()));
+    EXPECT_FALSE(remplissage().prenddoutil(dossier.path()));
     EXPECT_EQ(flex().rows(), 3);
     EXPECT_TRUE(flex().isVisible());
 }

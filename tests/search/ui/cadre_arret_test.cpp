@@ -49,8 +49,8 @@ TEST_F(CadreTest, ClosingStopsAnySearch) {
     pendant([this] { formulaire->close(); });
     clique(u"cmdokdico"_s);
     EXPECT_EQ(liste.lignes(), 0);
-    EXPECT_FALSE(poste.occupe());
-    EXPECT_EQ(hote.profondeur, 0);
+    EXPECT_FALSE(remplissage.encours());
+    EXPECT_EQ(grille.profondeur, 0);
 }
 
 TEST_F(CadreTest, CancelDoesNothingWhileASearchRuns) {
@@ -79,10 +79,10 @@ TEST_F(CadreTest, TheNewestSearchWinsAndNoneStandsOnAnother) {
             champ(u"Textedico"_s).setText(u"contrat"_s);
     };
     QTest::keyClick(&champ(u"Textedico"_s), Qt::Key_Return);
-    EXPECT_EQ(hote.plusprofond, 1);
+    EXPECT_EQ(grille.plusprofond, 1);
     EXPECT_EQ(lignes(), QStringList{u"clause : 4"_s});
     EXPECT_EQ(liste.lignes(), 4);
-    EXPECT_FALSE(poste.occupe());
+    EXPECT_FALSE(remplissage.encours());
 }
 
 TEST_F(CadreTest, AnotherSearchEndsTheOneThatRuns) {
@@ -96,6 +96,6 @@ TEST_F(CadreTest, AnotherSearchEndsTheOneThatRuns) {
     EXPECT_EQ(cles(), QStringList{u"JP000001"_s});
     EXPECT_EQ(bouton(u"cmdokrapide"_s).text(), chercher);
     EXPECT_FALSE(progression().isVisible());
-    EXPECT_EQ(hote.plusprofond, 1);
-    EXPECT_EQ(hote.publications.size(), 2U);
+    EXPECT_EQ(grille.plusprofond, 1);
+    EXPECT_EQ(volet.publications.size(), 2U);
 }

@@ -66,10 +66,10 @@ TEST_F(CadreTest, TheListCanBeNarrowedWhileItShowsRows) {
     remplit();
     EXPECT_TRUE(option2possible());
     EXPECT_TRUE(option1());
-    liste.visible = false;
+    static_cast<void>(remplissage.present());
     formulaire->activation();
     EXPECT_FALSE(option2possible());
-    liste.visible = true;
+    remplissage.acheve();
     formulaire->activation();
     EXPECT_TRUE(option2possible());
     EXPECT_TRUE(option1());
@@ -89,7 +89,7 @@ TEST_F(CadreTest, ComingToTheCriteriaChoosesNarrowingWhenThereIsSomethingToNarro
     EXPECT_TRUE(option2possible());
     EXPECT_TRUE(option2());
     onglet(Onglet::Mots);
-    liste.visible = false;
+    static_cast<void>(remplissage.present());
     onglet(Onglet::Criteres);
     EXPECT_FALSE(option2possible());
     EXPECT_TRUE(option1());
@@ -228,11 +228,22 @@ TEST_F(CadreTest, AFileRestoresTheFormAndItsRows) {
     EXPECT_EQ(combo(u"Combonombredico"_s).currentIndex(), 2);
     EXPECT_EQ(enfonces(), "A");
     EXPECT_EQ(cles(), trouvees);
-    EXPECT_EQ(liste.mot1, u"contrat\r\n");
-    EXPECT_EQ(liste.mot2, u"juge");
+    EXPECT_EQ(liste.resultat().mot1, u"contrat\r\n");
+    EXPECT_EQ(liste.resultat().mot2, u"juge");
     EXPECT_TRUE(option2possible());
     EXPECT_EQ(panneau.last(), u" 4 documents");
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
+}
+
+TEST_F(CadreTest, AFileSavedDuringASearchHoldsWhatWasFoundByThen) {
+    remplit();
+    std::size_t trouvees = 0;
+    evenement = [&] {
+        if (liste.lignes() == 3)
+            trouvees = formulaire->formulaire().fichier().lignes.size();
+    };
+    clique(u"cmdokrapide"_s);
+    EXPECT_EQ(trouvees, 3U);
 }
 
 TEST_F(CadreTest, AFileOpenedDuringASearchEndsIt) {

@@ -53,9 +53,9 @@ TEST_F(CompletionTest, AChosenWordTakesThePlaceOfTheOneTyped) {
     QTest::keyClick(popup(), Qt::Key_Return);
     EXPECT_EQ(mots_->text(), u"bail clauses");
     EXPECT_FALSE(completion_->montree());
-    EXPECT_TRUE(hote.publications.empty());
+    EXPECT_TRUE(volet.publications.empty());
     QTest::keyClick(mots_, Qt::Key_Return);
-    EXPECT_EQ(hote.publications.size(), 1U);
+    EXPECT_EQ(volet.publications.size(), 1U);
     EXPECT_EQ(lignes(), (QStringList{u"bail : inconnu"_s, u"clauses : 2"_s}));
 }
 

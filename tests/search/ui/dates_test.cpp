@@ -68,13 +68,13 @@ TEST_F(DatesTest, NoSearchBeginsWithABadDate) {
     champ(u"texterech(0)"_s).setFocus();
     QTest::keyClick(&champ(u"texterech(0)"_s), Qt::Key_Return);
     EXPECT_TRUE(champ(u"textejour"_s).hasFocus());
-    EXPECT_TRUE(hote.publications.empty());
+    EXPECT_TRUE(volet.publications.empty());
     clique(u"cmdok"_s);
-    EXPECT_TRUE(hote.publications.empty());
+    EXPECT_TRUE(volet.publications.empty());
     champ(u"textejour"_s).setText(u"31"_s);
     champ(u"textemois"_s).setText(u"2"_s);
     clique(u"cmdok"_s);
-    EXPECT_EQ(hote.publications.size(), 1U);
+    EXPECT_EQ(volet.publications.size(), 1U);
     EXPECT_EQ(liste.lignes(), 0);
 }
 
@@ -96,12 +96,12 @@ TEST_F(DatesTest, ABadDateKeepsNoSearchFromBeingStopped) {
         EXPECT_EQ(bouton(u"cmdok"_s).text(), chercher);
     });
     QTest::keyClick(&champ(u"textejour"_s), Qt::Key_Return);
-    EXPECT_EQ(hote.publications.size(), 1U);
+    EXPECT_EQ(volet.publications.size(), 1U);
     EXPECT_EQ(liste.lignes(), 0) << "the search went on";
     EXPECT_EQ(champ(u"textejour"_s).text(), u"32");
     // The next one is held back as ever.
     clique(u"cmdok"_s);
-    EXPECT_EQ(hote.publications.size(), 1U);
+    EXPECT_EQ(volet.publications.size(), 1U);
     EXPECT_TRUE(champ(u"textejour"_s).hasFocus());
 }
 
@@ -114,5 +114,5 @@ TEST_F(DatesTest, ABadDateLeavesTheFocusToTheButtonThatSearchesUntilItIsLetGo) {
     EXPECT_TRUE(bouton(u"cmdok"_s).isDown()) << "who loses the focus is no longer pressed";
     QTest::mouseRelease(&bouton(u"cmdok"_s), Qt::LeftButton);
     EXPECT_TRUE(champ(u"textejour"_s).hasFocus());
-    EXPECT_TRUE(hote.publications.empty());
+    EXPECT_TRUE(volet.publications.empty());
 }

@@ -1,8 +1,9 @@
 #pragma once
-// The search form on a small base, over a list that only remembers what it was told.
+// The search form on a small base, over a list whose grid and panel only remember what they were told.
 #include "platform/widgets/frame/toolbar.h"
 #include "search/ui/boitederniers.h"
 #include "search/ui/frmvelmorselect.h"
+#include "tests/search/controleliste_support.h"
 #include "tests/search/criteres_support.h"
 #include "tests/support/eventually.h"
 
@@ -19,30 +20,6 @@
 #include <QToolButton>
 
 namespace velm::test {
-
-class HoteEssai final : public HoteSelection {
-public:
-    HoteEssai(Atelier atelier, Poste& poste) : atelier_(std::move(atelier)), poste_(poste) {}
-
-    Atelier& atelier() override { return atelier_; }
-    Poste& poste() override { return poste_; }
-    void commence() override {
-        ++profondeur;
-        plusprofond = std::max(plusprofond, profondeur);
-    }
-    void acheve() override { --profondeur; }
-    void publie(const PublicationFin& fin) override { publications.push_back(fin); }
-    void formulairevisible(bool) override {}
-    void montreliste() override {}
-
-    int profondeur = 0;
-    int plusprofond = 0;
-    std::vector<PublicationFin> publications;
-
-private:
-    Atelier atelier_;
-    Poste& poste_;
-};
 
 class FormulaireTest : public BaseCriteres {
 protected:
@@ -81,7 +58,7 @@ protected:
     void ouvreformulaire(const std::function<QString(int)>& libelles = textes) {
         formulaire.reset();
         reglages.emplace(magasin);
-        formulaire = std::make_unique<FrmVelmorSelect>(Formulaire::Monde{hote, *reglages, libelles});
+        formulaire = std::make_unique<FrmVelmorSelect>(Formulaire::Services{remplissage, *reglages, libelles});
         QObject::connect(formulaire.get(), &FrmVelmorSelect::cachevoulu, formulaire.get(), [this] {
             ++caches;
             formulaire->hide();
@@ -134,8 +111,31 @@ protected:
         };
     }
 
-    HoteEssai hote{atelier(), poste};
+    QStringList cles() const {
+        QStringList toutes;
+        for (int rang = 1; rang < liste.rows(); ++rang)
+            toutes << liste.cle(rang);
+        return toutes;
+    }
+
+    GrilleEssai grille;
+    PanneauEssai volet;
+    QStringList& panneau = volet.etats;
     ReglagesStore magasin{dossier.filePath(u"reglages.ini"_s)};
+    Reglages reglagesdelaliste{magasin};
+    ImprimanteScript imprimante;
+    ControleListe controle{{{corpus, sablier, dialogues, [](int id) { return textes(id); },
+                             [this] {
+                                 if (evenement)
+                                     evenement();
+                             },
+                             std::chrono::milliseconds(0)},
+                            reglagesdelaliste,
+                            imprimante},
+                           grille,
+                           volet};
+    ListeSelection& liste = controle.liste();
+    RemplissageListe& remplissage = controle.remplissage();
     std::optional<Reglages> reglages;
     std::unique_ptr<FrmVelmorSelect> formulaire;
     int caches = 0;

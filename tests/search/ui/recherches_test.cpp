@@ -16,22 +16,25 @@ TEST_F(RecherchesTest, ReturnInTheTextStartsTheQuickSearch) {
     champ(u"texterapide"_s).setText(u"contrat 2"_s);
     QTest::keyClick(&champ(u"texterapide"_s), Qt::Key_Return);
     EXPECT_EQ(cles(), QStringList{u"CO000002"_s});
-    EXPECT_EQ(liste.mot1, u"contrat 2");
-    EXPECT_EQ(liste.mot2, QString());
+    EXPECT_EQ(liste.resultat().mot1, u"contrat 2");
+    EXPECT_EQ(liste.resultat().mot2, QString());
     EXPECT_EQ(panneau.last(), u" 1 document");
-    ASSERT_EQ(hote.publications.size(), 1U);
-    EXPECT_TRUE(hote.publications.front().resultatpresent);
+    ASSERT_EQ(volet.publications.size(), 1U);
+    EXPECT_TRUE(volet.publications.front());
 }
 
 TEST_F(RecherchesTest, ASecondClickStopsTheQuickSearch) {
     pendant([this] {
+        EXPECT_FALSE(remplissage.visible());
+        EXPECT_FALSE(grille.montree);
         EXPECT_EQ(bouton(u"cmdokrapide"_s).text(), arreter);
         clique(u"cmdokrapide"_s);
         EXPECT_EQ(bouton(u"cmdokrapide"_s).text(), chercher);
     });
     clique(u"cmdokrapide"_s);
     EXPECT_EQ(liste.lignes(), 0);
-    EXPECT_TRUE(liste.visible);
+    EXPECT_TRUE(remplissage.visible());
+    EXPECT_TRUE(grille.montree);
     clique(u"cmdokrapide"_s);
     EXPECT_EQ(liste.lignes(), 7);
 }
@@ -50,7 +53,7 @@ TEST_F(RecherchesTest, OnlyPressedCollectionsAreSearched) {
     clique(u"toutdéselect"_s);
     clique(u"cmdokrapide"_s);
     EXPECT_EQ(liste.lignes(), 0);
-    EXPECT_FALSE(hote.publications.back().resultatpresent);
+    EXPECT_FALSE(volet.publications.back());
     EXPECT_EQ(panneau.last(), u" 0 document");
     QTest::mouseClick(barre().widget(u"JP"_s), Qt::LeftButton);
     clique(u"cmdokrapide"_s);
@@ -101,8 +104,8 @@ TEST_F(RecherchesTest, ReturnInEitherTextStartsTheCriteriaSearch) {
     champ(u"texterech(1)"_s).setText(u"ARRÊT"_s);
     QTest::keyClick(&champ(u"texterech(1)"_s), Qt::Key_Return);
     EXPECT_EQ(cles(), QStringList{u"JP000001"_s});
-    EXPECT_EQ(liste.mot1, u"juge");
-    EXPECT_EQ(liste.mot2, u"ARRÊT");
+    EXPECT_EQ(liste.resultat().mot1, u"juge");
+    EXPECT_EQ(liste.resultat().mot2, u"ARRÊT");
 }
 
 TEST_F(RecherchesTest, AllCriteriaReachTheSearch) {
@@ -152,7 +155,7 @@ TEST_F(RecherchesTest, ASecondClickStopsTheCriteriaSearch) {
     clique(u"cmdok"_s);
     EXPECT_EQ(liste.lignes(), 3);
     EXPECT_EQ(bouton(u"cmdok"_s).text(), chercher);
-    EXPECT_TRUE(hote.publications.back().resultatpresent);
+    EXPECT_TRUE(volet.publications.back());
     EXPECT_TRUE(option2possible());
 }
 
@@ -240,7 +243,7 @@ TEST_F(RecherchesTest, ReturnInTheLineStartsTheSearchByWords) {
 TEST_F(RecherchesTest, ATextOfTwoCharactersMovesToTheCriteriaTab) {
     clique(u"cmdokrapide"_s);
     ASSERT_EQ(liste.lignes(), 7);
-    const std::size_t publications = hote.publications.size();
+    const std::size_t publications = volet.publications.size();
     onglet(Onglet::Mots);
     champ(u"Textedico"_s).setText(u"TV"_s);
     clique(u"cmdokdico"_s);
@@ -248,9 +251,9 @@ TEST_F(RecherchesTest, ATextOfTwoCharactersMovesToTheCriteriaTab) {
     EXPECT_EQ(champ(u"texterech(0)"_s).text(), u"TV");
     EXPECT_TRUE(champ(u"texterech(0)"_s).hasFocus());
     EXPECT_EQ(liste.lignes(), 0);
-    EXPECT_FALSE(liste.visible);
+    EXPECT_FALSE(remplissage.visible());
     EXPECT_FALSE(option2possible());
-    EXPECT_EQ(hote.publications.size(), publications);
+    EXPECT_EQ(volet.publications.size(), publications);
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
     EXPECT_TRUE(derniersde(u"Textedico"_s).isEmpty());
 }
@@ -261,7 +264,7 @@ TEST_F(RecherchesTest, ClickingAResultLineCopiesItsWord) {
     clique(u"cmdokdico"_s);
     auto& resultat = un<QListWidget>(u"resultat"_s);
     ASSERT_EQ(lignes(), (QStringList{u"clause : 4"_s, u"clauses : 2"_s, u"bidule : inconnu"_s}));
-    const std::size_t publications = hote.publications.size();
+    const std::size_t publications = volet.publications.size();
     for (const auto& [rang, mot] : {std::pair(1, u"clauses"_s), std::pair(2, u"bidule"_s)}) {
         QTest::mouseClick(resultat.viewport(), Qt::LeftButton, {},
                           resultat.visualItemRect(resultat.item(rang)).center());
@@ -271,7 +274,7 @@ TEST_F(RecherchesTest, ClickingAResultLineCopiesItsWord) {
     resultat.setCurrentRow(0);
     QTest::keyClick(&resultat, Qt::Key_Return);
     EXPECT_EQ(champ(u"Textedico"_s).text(), u"clause");
-    EXPECT_EQ(hote.publications.size(), publications);
+    EXPECT_EQ(volet.publications.size(), publications);
 }
 
 TEST_F(RecherchesTest, ManyDocumentsAskOnce) {
@@ -316,7 +319,7 @@ TEST_F(RecherchesTest, ASearchThatTheMemoryDoesNotSufficeForKeepsWhatItHasFound)
          {std::pair(Onglet::Rapide, u"cmdokrapide"_s), std::pair(Onglet::Criteres, u"cmdok"_s)}) {
         onglet(lequel);
         un<QRadioButton>(u"Option1"_s).setChecked(true);
-        hote.publications.clear();
+        volet.publications.clear();
         dialogues.messages.clear();
         evenement = [this] {
             if (liste.lignes() == 3)
@@ -325,10 +328,10 @@ TEST_F(RecherchesTest, ASearchThatTheMemoryDoesNotSufficeForKeepsWhatItHasFound)
         clique(nom);
         evenement = {};
         EXPECT_EQ(dialogues.texts(), QStringList{u"t9567"_s}) << qPrintable(nom);
-        EXPECT_EQ(hote.profondeur, 0);
+        EXPECT_EQ(grille.profondeur, 0);
         EXPECT_EQ(liste.lignes(), 3);
-        ASSERT_EQ(hote.publications.size(), 1U);
-        EXPECT_TRUE(hote.publications.front().resultatpresent);
+        ASSERT_EQ(volet.publications.size(), 1U);
+        EXPECT_TRUE(volet.publications.front());
         EXPECT_TRUE(option2possible());
         EXPECT_EQ(bouton(nom).text(), chercher);
         EXPECT_FALSE(progression().isVisible());

@@ -1,4 +1,4 @@
-#include "search/renfort.h"
+#include "search/testeurdelots.h"
 
 #include "core/schemas.h"
 #include "platform/base/memory.h"
@@ -13,10 +13,10 @@ constexpr std::size_t petitlot = 8;
 
 } // namespace
 
-Renfort::Renfort(const Database& base, const CriteresLus& criteres)
+TesteurDeLots::TesteurDeLots(const Database& base, const CriteresLus& criteres)
     : base_(base), criteres_(criteres), lecteur_(base, criteres) {}
 
-Renfort::~Renfort() {
+TesteurDeLots::~TesteurDeLots() {
     if (!aide_.joinable())
         return;
     {
@@ -28,7 +28,7 @@ Renfort::~Renfort() {
 }
 
 /// A body that the memory does not suffice for is left to the caller, who finds out why it could not be read.
-void Renfort::travaille(LecteurDeCorps& lecteur) {
+void TesteurDeLots::travaille(LecteurDeCorps& lecteur) {
     for (std::size_t i = prochaine_++; i < lot_.size(); i = prochaine_++) {
         FicheTestee& testee = lot_[i];
         if (!withinMemory([&] { testee.passe = testetextes(criteres_, testee.fiche, lecteur); }))
@@ -37,7 +37,7 @@ void Renfort::travaille(LecteurDeCorps& lecteur) {
     lecteur.relache();
 }
 
-void Renfort::engage() {
+void TesteurDeLots::engage() {
     try {
         aide_ = std::thread([this, chemin = base_.path(), partage = base_.updatable()] {
             // Without enough memory there is no helper, and the caller works alone.
@@ -55,7 +55,7 @@ void Renfort::engage() {
     }
 }
 
-void Renfort::traite(std::span<FicheTestee> lot) {
+void TesteurDeLots::teste(std::span<FicheTestee> lot) {
     const bool adeux = lot.size() >= petitlot && criteres_.cherchedanscontenu();
     if (adeux && !aide_.joinable())
         engage();
@@ -75,7 +75,7 @@ void Renfort::traite(std::span<FicheTestee> lot) {
 }
 
 /// The helper's life: one lot after the other.
-void Renfort::aide(LecteurDeCorps& lecteur) {
+void TesteurDeLots::aide(LecteurDeCorps& lecteur) {
     quint64 fait = 0;
     std::unique_lock garde(verrou_);
     for (;;) {

@@ -1,21 +1,18 @@
 // The second core of the body search, where memory or threads are missing.
-#include "search/renfort.h"
+#include "search/testeurdelots.h"
 #include "tests/search/criteres_support.h"
 #include "tests/support/little_memory.h"
-
-#include <QFile>
+#include "tests/support/narrow_space.h"
 
 #include <new>
 #include <pthread.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 using namespace velm;
 using namespace velm::test;
 
 namespace {
 
-class RenfortTest : public BaseCriteres {
+class TesteurDeLotsTest : public BaseCriteres {
 protected:
     /// Short bodies first, so that the helper is at work when the long ones come.
     void SetUp() override {
@@ -55,29 +52,9 @@ private:
     pthread_attr_t before_{};
 };
 
-/// While one lives the process gets so many bytes more than it has.
-class NarrowSpace {
-public:
-    explicit NarrowSpace(rlim_t more) {
-        QFile file(u"/proc/self/statm"_s);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        const auto pages = file.readAll().split(' ').first().toULongLong();
-        EXPECT_EQ(getrlimit(RLIMIT_AS, &before_), 0);
-        const rlimit narrow{static_cast<rlim_t>(pages * static_cast<unsigned long long>(sysconf(_SC_PAGESIZE))) + more,
-                            before_.rlim_max};
-        EXPECT_EQ(setrlimit(RLIMIT_AS, &narrow), 0);
-    }
-    ~NarrowSpace() { setrlimit(RLIMIT_AS, &before_); }
-    NarrowSpace(const NarrowSpace&) = delete;
-    NarrowSpace& operator=(const NarrowSpace&) = delete;
-
-private:
-    rlimit before_{};
-};
-
 } // namespace
 
-TEST_F(RenfortTest, BodiesThatDoNotFitEndTheSearchOnceBothHaveDoneWithTheLot) {
+TEST_F(TesteurDeLotsTest, BodiesThatDoNotFitEndTheSearchOnceBothHaveDoneWithTheLot) {
     std::optional<LittleMemory> peu;
     evenement = [&peu] {
         if (!peu)
@@ -90,9 +67,9 @@ TEST_F(RenfortTest, BodiesThatDoNotFitEndTheSearchOnceBothHaveDoneWithTheLot) {
     EXPECT_EQ(liste.lignes(), courts + longs);
 }
 
-TEST_F(RenfortTest, ABodyThatDoesNotFitIsLeftUndecidedByWhoeverHasReadIt) {
+TEST_F(TesteurDeLotsTest, ABodyThatDoesNotFitIsLeftUndecidedByWhoeverHasReadIt) {
     const CriteresLus lus = litcriteres(criteres, types);
-    Renfort renfort(corpus.base(), lus);
+    TesteurDeLots testeur(corpus.base(), lus);
     std::vector<FicheTestee> lot;
     for (qint64 rangee = 1; rangee <= courts + longs; ++rangee) {
         FicheCriteres fiche;
@@ -103,7 +80,7 @@ TEST_F(RenfortTest, ABodyThatDoesNotFitIsLeftUndecidedByWhoeverHasReadIt) {
         std::optional<LittleMemory> limite;
         if (peu)
             limite.emplace(100'000);
-        renfort.traite(lot);
+        testeur.teste(lot);
         for (int rang = 0; rang < courts + longs; ++rang)
             EXPECT_EQ(lot[static_cast<std::size_t>(rang)].passe,
                       peu && rang >= courts ? std::nullopt : std::optional(true))
@@ -111,7 +88,7 @@ TEST_F(RenfortTest, ABodyThatDoesNotFitIsLeftUndecidedByWhoeverHasReadIt) {
     }
 }
 
-TEST_F(RenfortTest, ABodyThatCannotBeDecodedIsLeftUndecidedToo) {
+TEST_F(TesteurDeLotsTest, ABodyThatCannotBeDecodedIsLeftUndecidedToo) {
 #ifdef __SANITIZE_ADDRESS__
     GTEST_SKIP() << "the sanitizer needs room of its own";
 #endif
@@ -119,20 +96,20 @@ TEST_F(RenfortTest, ABodyThatCannotBeDecodedIsLeftUndecidedToo) {
     pieces = {{u"CO000001"_s, u"Titre"_s, QString(huge, u'x') + u" mot"_s}};
     ouvrepieces(false);
     const CriteresLus lus = litcriteres(criteres, types);
-    Renfort renfort(corpus.base(), lus);
+    TesteurDeLots testeur(corpus.base(), lus);
     std::vector<FicheTestee> lot(1);
     lot.front().fiche.rangee = 1;
     lot.front().passe = false;
     {
         const NarrowSpace space(huge * 3 / 2); // it can be read; the decoded text is twice as long
-        renfort.traite(lot);
+        testeur.teste(lot);
     }
     EXPECT_EQ(lot.front().passe, std::nullopt);
-    renfort.traite(lot);
+    testeur.teste(lot);
     EXPECT_EQ(lot.front().passe, std::optional(true));
 }
 
-TEST_F(RenfortTest, WhereTheSystemGivesNoThreadTheSearchWorksAlone) {
+TEST_F(TesteurDeLotsTest, WhereTheSystemGivesNoThreadTheSearchWorksAlone) {
     const NoThreads seul;
     cherche();
     EXPECT_EQ(liste.lignes(), courts + longs);

@@ -16,16 +16,16 @@ struct FicheTestee {
     std::optional<bool> passe; ///< nothing: its body cannot be read
 };
 
-class Renfort {
+class TesteurDeLots {
 public:
     /// The helper opens the base for itself. Where it cannot, the caller works alone.
-    Renfort(const Database& base, const CriteresLus& criteres);
-    ~Renfort();
-    Renfort(const Renfort&) = delete;
-    Renfort& operator=(const Renfort&) = delete;
+    TesteurDeLots(const Database& base, const CriteresLus& criteres);
+    ~TesteurDeLots();
+    TesteurDeLots(const TesteurDeLots&) = delete;
+    TesteurDeLots& operator=(const TesteurDeLots&) = delete;
 
     /// Tests the texts of a lot. The helper is called in only when there is work for two.
-    void traite(std::span<FicheTestee> lot);
+    void teste(std::span<FicheTestee> lot);
 
 private:
     void engage();

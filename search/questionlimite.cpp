@@ -1,0 +1,26 @@
+#include "search/questionlimite.h"
+
+#include "platform/text/number.h"
+#include "search/recherche.h"
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+std::optional<qint64> demandelimite(qint64 nombre, Dialogues& dialogues, Sablier& sablier,
+                                    const std::function<QString(int)>& texte) {
+    constexpr qint64 limite = 200;
+    constexpr int pagedaide = 2;
+    constexpr int titre = 7303;
+    const QString question = texte(7302) + numberText(nombre) + u' ' + texte(7306) + u" ?"_s;
+    sablier.fixepointeur(Sablier::defaut);
+    const Bouton reponse =
+        dialogues.message(question, texte(titre), Icone::Aucune,
+                          Bouton::Oui | Bouton::Non | Bouton::Annuler | Bouton::Aide, Bouton::Aucun, pagedaide);
+    sablier.fixepointeur(Sablier::attente);
+    if (reponse == Bouton::Annuler)
+        return std::nullopt;
+    return reponse == Bouton::Oui ? limite : sanslimite;
+}
+
+} // namespace velm

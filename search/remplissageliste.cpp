@@ -1,0 +1,185 @@
+#include "search/remplissageliste.h"
+
+#include "core/listes.h"
+#include "platform/base/memory.h"
+#include "platform/system/files.h"
+#include "search/fichiercriteres.h"
+#include "search/questionlimite.h"
+#include "search/selectionoutil.h"
+
+#include <QScopeGuard>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+RemplissageListe::RemplissageListe(Services services, ListeSelection& liste, VueLignes& lignes, VueListe& vue)
+    : services_(std::move(services)), liste_(liste), lignes_(lignes), vue_(vue),
+      poste_(services_.evenements, services_.pas) {}
+
+// ---- one thing after the other
+
+void RemplissageListe::remplit(Poste::Travail travail, std::function<void()> abandon) {
+    poste_.fait([this, travail = std::move(travail), abandon = std::move(abandon)](const std::stop_token& arret) {
+        constexpr int sansmemoire = 9567;
+        constexpr int titre = 8;
+        if (!travaille([&] { travail(arret); }, abandon))
+            services_.dialogues.message(services_.texte(sansmemoire), services_.texte(titre), Icone::Exclamation);
+    });
+}
+
+bool RemplissageListe::travaille(const std::function<void()>& travail, const std::function<void()>& abandon) {
+    lignes_.cache();
+    const auto montre = qScopeGuard([this] { montrelignes(); });
+    if (withinMemory(travail))
+        return true;
+    publie();
+    abandon();
+    return false;
+}
+
+// ---- a piece of work
+
+Resultat& RemplissageListe::nouveau() {
+    liste_.vide();
+    vue_.ditetat(QString());
+    return present();
+}
+
+Resultat& RemplissageListe::present() {
+    visible_ = false;
+    return liste_.resultat();
+}
+
+Marche RemplissageListe::marche(const std::stop_token& arret, std::function<void(qint64, qint64)> progres) {
+    return Marche(poste_.cession(), arret, [this, progres = std::move(progres)](const Marche::Etape& etape) {
+        if (progres)
+            progres(etape.vus, etape.total);
+        if (etape.compte)
+            dit(*etape.compte);
+    });
+}
+
+const Resultat& RemplissageListe::cherchemots(const DemandeDico& demande, std::function<void(const QString&)> ligne,
+                                              const std::stop_token& arret) {
+    constexpr int motrefuse = 7300;
+    const Attente attente(services_.sablier);
+    Marche tours = marche(arret);
+    RechercheDico recherche(services_.corpus, tours,
+                            {std::move(ligne), services_.texte(motrefuse), [this](qint64 nombre) {
+                                 return demandelimite(nombre, services_.dialogues, services_.sablier, services_.texte);
+                             }});
+    recherche.cherche(demande, nouveau());
+    return liste_.resultat();
+}
+
+void RemplissageListe::acheve() {
+    if (const auto compte = liste_.resultat().compte)
+        dit(*compte);
+    publie();
+}
+
+void RemplissageListe::dit(qint64 nombre) const {
+    vue_.ditetat(textecompte(nombre, services_.texte));
+}
+
+/// The list is what its result holds by now.
+void RemplissageListe::publie() {
+    liste_.effacemarquestri();
+    liste_.choisit(liste_.row(), liste_.rowsel());
+    visible_ = true;
+    for (const QString& cle : {u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s,
+                               u"imprimercritères"_s, u"envoyercritères"_s})
+        vue_.permetbouton(cle, liste_.lignes() > 0);
+    vue_.permetbouton(u"ouvrircritères"_s, true);
+}
+
+// ---- lists that come from elsewhere
+
+void RemplissageListe::remplitdecles(const QStringList& cles) {
+    remplit([this, cles](const std::stop_token&) { prendcles(cles); }, [this] { montreliste(); });
+}
+
+void RemplissageListe::prendcles(const QStringList& cles) {
+    Resultat& resultat = nouveau();
+    resultat.commence();
+    for (const QString& cle : cles) {
+        const Recordset* rangee = services_.corpus.rangee(decoupecle(cle));
+        if (rangee && !ajoutedocument(resultat.lignes, *rangee))
+            break;
+    }
+    resultat.compte = resultat.lignes.nombre();
+    acheve();
+    montreliste();
+}
+
+void RemplissageListe::cherchedans(const QString& code, const QString& mots,
+                                   const std::function<void(const QString&)>& ligne) {
+    remplit([this, demande = DemandeDico::defenetre(mots, code),
+             ligne](const std::stop_token& arret) { cherchemaintenant(demande, ligne, arret); },
+            [this] { montreliste(); });
+}
+
+void RemplissageListe::cherchemaintenant(const DemandeDico& demande, const std::function<void(const QString&)>& ligne,
+                                         const std::stop_token& arret) {
+    const Resultat& resultat = cherchemots(demande, ligne, arret);
+    acheve();
+    if (resultat.lignes.nombre() > 0) {
+        montreliste();
+        return;
+    }
+    visible_ = false;
+    if (resultat.issue == Resultat::Issue::Terminee)
+        dit(0);
+    cachepanneau();
+}
+
+bool RemplissageListe::prenddoutil(const QString& dossiertemporaire) {
+    const QString chemin = fichierselection(dossiertemporaire);
+    if (!fileExists(chemin))
+        return false;
+    remplit([this, chemin](const std::stop_token&) { prendselection(chemin); }, [this] { montreliste(); });
+    return true;
+}
+
+void RemplissageListe::prendselection(const QString& chemin) {
+    if (!remplitdepuisoutil(chemin, services_.corpus, liste_.resultat()))
+        return;
+    liste_.choisit(0, 0);
+    acheve();
+    vue_.elargitpanneau();
+    montreliste();
+}
+
+void RemplissageListe::restitue(const FichierCriteres& fichier) {
+    liste_.vide();
+    Resultat& resultat = present();
+    resultat.commence();
+    rendmots(fichier, resultat);
+    rendlignes(fichier, resultat.lignes);
+    resultat.compte = resultat.lignes.nombre();
+    acheve();
+}
+
+// ---- the panel
+
+void RemplissageListe::montrelignes() {
+    for (int colonne = 0; colonne < ListeSelection::colonnesvisibles; ++colonne)
+        lignes_.montremarque(colonne, liste_.marque(colonne));
+    lignes_.relit();
+    lignes_.choisit(liste_.row(), liste_.rowsel());
+    lignes_.montre(visible_);
+}
+
+void RemplissageListe::montreliste() {
+    vue_.montrepanneau(true);
+    vue_.majdispositions();
+}
+
+void RemplissageListe::cachepanneau() {
+    vue_.montrepanneau(false);
+    vue_.montrecriteres(false);
+    vue_.majdispositions();
+}
+
+} // namespace velm

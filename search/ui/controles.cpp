@@ -1,0 +1,45 @@
+#include "search/ui/controles.h"
+
+#include "platform/widgets/look/plaintext.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+QLabel* nouvelleetiquette(const QString& libelle, QWidget* nomme, QWidget* parent) {
+    auto* label = plainLabel(libelle, parent);
+    label->setBuddy(nomme);
+    return label;
+}
+
+QComboBox* nouvelleliste(const QString& nom, const QString& libelle, const QStringList& items, QWidget* parent) {
+    auto* nouvelle = new QComboBox(parent);
+    nouvelle->setObjectName(nom);
+    nouvelle->setAccessibleName(QString(libelle).remove(u'&'));
+    nouvelle->addItems(items);
+    return nouvelle;
+}
+
+QCheckBox* nouvellecoche(const QString& nom, const QString& libelle, QWidget* parent) {
+    auto* nouvelle = new QCheckBox(libelle, parent);
+    nouvelle->setObjectName(nom);
+    return nouvelle;
+}
+
+QPushButton* nouveaubouton(const QString& nom, const QString& libelle, QWidget* parent) {
+    auto* nouveau = new QPushButton(libelle, parent);
+    nouveau->setObjectName(nom);
+    nouveau->setAutoDefault(true);
+    return nouveau;
+}
+
+QString nomnumerote(const QString& nom, int numero) {
+    return u"%1(%2)"_s.arg(nom).arg(numero);
+}
+
+} // namespace velm

@@ -1,0 +1,224 @@
+#include "search/ui/ongletcriteres.h"
+
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/look/plaintext.h"
+#include "search/ui/boitederniers.h"
+#include "search/ui/champdate.h"
+#include "search/ui/controles.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QListView>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStringListModel>
+
+#include <algorithm>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// A row of controls with nothing around it.
+QHBoxLayout* rangee(std::initializer_list<QWidget*> controles) {
+    auto* disposition = new QHBoxLayout;
+    disposition->setContentsMargins({});
+    disposition->setSpacing(look::groupSpacing);
+    for (QWidget* controle : controles)
+        disposition->addWidget(controle);
+    disposition->addStretch(1);
+    return disposition;
+}
+
+} // namespace
+
+OngletCriteres::OngletCriteres(const std::function<QString(int)>& texte, const ItemsFormulaire& items,
+                               const TypesDocument& types, std::function<bool(const QWidget*)> dansformulaire)
+    : PageRecherche(texte), dansformulaire_(std::move(dansformulaire)) {
+    construittextes(items.conjonction);
+    construitlieux();
+    grille().setColumnStretch(2, 1);
+    grille().setRowMinimumHeight(ligne_++, look::spacing);
+    construitfiche(items, types);
+    construitdate();
+    grille().setRowMinimumHeight(ligne_++, look::spacing);
+    construitportee();
+    disposition().addStretch(1);
+    auto* effacer = nouveaubouton(u"annulercriteres"_s, texte(2144), this);
+    connect(effacer, &QPushButton::clicked, this, &OngletCriteres::effacementvoulu);
+    ajouteboutons(u"cmdok"_s, u"annuler"_s, effacer);
+}
+
+/// The two texts with what they must be.
+void OngletCriteres::construittextes(const QStringList& conjonctions) {
+    prefixe_ = nouvelleliste(u"prefixe"_s, texte(9456), {u" "_s, texte(1501)}, this);
+    conjonction_ = nouvelleliste(u"conjonction"_s, texte(9457), conjonctions, this);
+    for (std::size_t i = 0; i < texterech_.size(); ++i) {
+        const int numero = static_cast<int>(i);
+        texterech_.at(i) = PageRecherche::boite(nomnumerote(u"texterech"_s, numero), 9136 + numero);
+        motentier_.at(i) = nouvellecoche(nomnumerote(u"motentier"_s, numero), texte(1731), this);
+        respectminmaj_.at(i) = nouvellecoche(nomnumerote(u"respectminmaj"_s, numero), texte(1730), this);
+        QComboBox* lien = i == 0 ? prefixe_ : conjonction_;
+        lien->setToolTip(plainTip(lien->accessibleName()));
+        grille().addWidget(nouvelleetiquette(texte(9136 + numero), texterech_.at(i), this), ligne_, 0);
+        grille().addWidget(lien, ligne_, 1);
+        grille().addWidget(texterech_.at(i), ligne_++, 2);
+        grille().addLayout(rangee({motentier_.at(i), respectminmaj_.at(i)}), ligne_++, 2);
+    }
+}
+
+/// Where the texts are looked for.
+void OngletCriteres::construitlieux() {
+    constexpr std::array lieux{300, 2121, 1409};
+    for (std::size_t i = 0; i < emplacement_.size(); ++i)
+        emplacement_.at(i) =
+            nouvellecoche(nomnumerote(u"emplacement"_s, static_cast<int>(i)), texte(lieux.at(i)), this);
+    ajouteligne(9138, emplacement_.front(), rangee({emplacement_[0], emplacement_[1], emplacement_[2]}));
+}
+
+void OngletCriteres::ajouteligne(int numerotexte, QWidget* nomme, QLayout* controles) {
+    grille().addWidget(nouvelleetiquette(texte(numerotexte), nomme, this), ligne_, 0);
+    grille().addLayout(controles, ligne_++, 1, 1, 2);
+}
+
+/// Its items may be many, and long.
+QComboBox* OngletCriteres::longueliste(const QString& nom, int numerotexte, const QStringList& items) {
+    QComboBox* nouvelle = nouvelleliste(nom, texte(numerotexte), items, this);
+    nouvelle->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    nouvelle->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    grille().addWidget(nouvelleetiquette(texte(numerotexte), nouvelle, this), ligne_, 0);
+    grille().addWidget(nouvelle, ligne_++, 1, 1, 2);
+    return nouvelle;
+}
+
+/// What the document's own fields must be.
+void OngletCriteres::construitfiche(const ItemsFormulaire& items, const TypesDocument& types) {
+    combomotcle_ = longueliste(u"combomotcle"_s, 9130, {});
+    combomotcle_->setModel(new QStringListModel(combomotcle_));
+    auto* vue = new QListView(combomotcle_);
+    vue->setUniformItemSizes(true);
+    combomotcle_->setView(vue);
+    combotype_ = longueliste(u"combotype"_s, 9131, items.combotype);
+    auto* numerotype = new QListWidget(this);
+    numerotype->setObjectName(u"numerotype"_s);
+    numerotype->addItems(types.numerotype);
+    numerotype->hide();
+}
+
+void OngletCriteres::construitdate() {
+    date_ = {champdate(u"textejour"_s, 9133, 2), champdate(u"textemois"_s, 9134, 2),
+             champdate(u"texteannée"_s, 9135, 4)};
+    date_[0]->valide = &validejour;
+    date_[1]->valide = &validemois;
+    date_[2]->complete = &valideannee;
+    date_[2]->touche = &touchedelannee;
+    auto* controles = new QHBoxLayout;
+    controles->setSpacing(look::spacing);
+    for (std::size_t i = 0; i < date_.size(); ++i) {
+        controles->addWidget(nouvelleetiquette(texte(9133 + static_cast<int>(i)), date_.at(i), this));
+        controles->addWidget(date_.at(i));
+        controles->addSpacing(look::spacing);
+    }
+    controles->addStretch(1);
+    ajouteligne(9132, date_.front(), controles);
+}
+
+ChampDate* OngletCriteres::champdate(const QString& nom, int numerotexte, int chiffres) {
+    auto* nouveau = new ChampDate(this);
+    nouveau->setObjectName(nom);
+    nouveau->setAccessibleName(texte(numerotexte).remove(u'&'));
+    nouveau->setFixedWidth(nouveau->fontMetrics().horizontalAdvance(QString(chiffres, u'0')) + 3 * look::spacing);
+    connect(nouveau, &QLineEdit::returnPressed, this, &OngletCriteres::cherchevoulu);
+    // A wrong date holds the focus in the form and takes it from no other window; nor from the button that searches,
+    // which looks at the dates itself, and stops whatever they are.
+    nouveau->retient = [this](const QWidget* ou) { return dansformulaire_(ou) && ou != &lanceur(); };
+    return nouveau;
+}
+
+/// All documents, or those of the list.
+void OngletCriteres::construitportee() {
+    Option1_ = new QRadioButton(texte(2710), this);
+    Option1_->setObjectName(u"Option1"_s);
+    Option1_->setChecked(true);
+    Option2_ = new QRadioButton(texte(2711), this);
+    Option2_->setObjectName(u"Option2"_s);
+    auto* groupe = new QButtonGroup(this);
+    groupe->addButton(Option1_);
+    groupe->addButton(Option2_);
+    ajouteligne(9140, Option1_, rangee({Option1_, Option2_}));
+}
+
+// ---- what stands there
+
+QLineEdit& OngletCriteres::champ() const {
+    return *texterech_.front()->lineEdit();
+}
+
+Criteres OngletCriteres::criteres() const {
+    Criteres criteres;
+    criteres.motcle = combomotcle_->currentIndex() > 0 ? combomotcle_->currentText() : QString();
+    criteres.type = combotype_->currentIndex();
+    criteres.textejour = date_[0]->text();
+    criteres.textemois = date_[1]->text();
+    criteres.texteannee = date_[2]->text();
+    for (std::size_t i = 0; i < texterech_.size(); ++i) {
+        criteres.texterech[i] = texterech_[i]->texte();
+        criteres.motentier[i] = motentier_[i]->isChecked();
+        criteres.respectminmaj[i] = respectminmaj_[i]->isChecked();
+    }
+    for (std::size_t i = 0; i < emplacement_.size(); ++i)
+        criteres.emplacement[i] = emplacement_[i]->isChecked();
+    criteres.prefixe = prefixe_->currentIndex();
+    criteres.conjonction = conjonction_->currentIndex();
+    return criteres;
+}
+
+void OngletCriteres::montre(const Criteres& criteres) {
+    combomotcle_->setCurrentIndex(
+        criteres.motcle.isEmpty()
+            ? 0
+            : std::max(combomotcle_->findText(criteres.motcle, Qt::MatchFixedString | Qt::MatchCaseSensitive), 0));
+    combotype_->setCurrentIndex(criteres.type);
+    date_[0]->setText(criteres.textejour);
+    date_[1]->setText(criteres.textemois);
+    date_[2]->setText(criteres.texteannee);
+    for (std::size_t i = 0; i < texterech_.size(); ++i) {
+        texterech_[i]->metstexte(criteres.texterech[i]);
+        motentier_[i]->setChecked(criteres.motentier[i]);
+        respectminmaj_[i]->setChecked(criteres.respectminmaj[i]);
+    }
+    for (std::size_t i = 0; i < emplacement_.size(); ++i)
+        emplacement_[i]->setChecked(criteres.emplacement[i]);
+    prefixe_->setCurrentIndex(criteres.prefixe);
+    conjonction_->setCurrentIndex(criteres.conjonction);
+}
+
+void OngletCriteres::offremotscles(const QStringList& items) {
+    const QString choisi = combomotcle_->currentText();
+    auto* const modele = qobject_cast<QStringListModel*>(combomotcle_->model());
+    modele->setStringList(items);
+    combomotcle_->setCurrentIndex(rangditem(items, choisi));
+}
+
+void OngletCriteres::permetaffinage(bool permis) {
+    Option2_->setEnabled(permis);
+}
+
+void OngletCriteres::choisitaffinage(bool affinage) {
+    (affinage ? Option2_ : Option1_)->setChecked(true);
+}
+
+bool OngletCriteres::affinage() const {
+    return Option2_->isEnabled() && Option2_->isChecked();
+}
+
+bool OngletCriteres::quittedates() {
+    return std::ranges::all_of(date_, [](ChampDate* champ) { return champ->quitte(); });
+}
+
+} // namespace velm

@@ -1,0 +1,86 @@
+#include "search/ui/ongletmots.h"
+
+#include "core/parametres.h"
+#include "platform/widgets/look/plaintext.h"
+#include "search/motscommencant.h"
+#include "search/ui/boitederniers.h"
+#include "search/ui/completionmots.h"
+#include "search/ui/controles.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+OngletMots::OngletMots(const std::function<QString(int)>& texte, Corpus& corpus) : PageRecherche(texte) {
+    Textedico_ = PageRecherche::boite(u"Textedico"_s, 7500);
+    completion_ = new CompletionMots(
+        Textedico_->lineEdit(),
+        [&corpus](const QString& debut, int nombre) { return motscommencant(corpus, debut, nombre); },
+        separateursmots(), texte(9459));
+    checkandordico_ = nouvellecoche(u"checkandordico"_s, texte(7304), this);
+    Combonombredico_ = limites(u"Combonombredico"_s);
+    resultat_ = new QListWidget(this);
+    resultat_->setObjectName(u"resultat"_s);
+    resultat_->setAccessibleName(texte(9458));
+    resultat_->setToolTip(plainTip(texte(9458)));
+    resultat_->setUniformItemSizes(true);
+    for (const auto choisie : {&QListWidget::itemClicked, &QListWidget::itemActivated})
+        connect(resultat_, choisie, this, [this](const QListWidgetItem* ligne) { emit lignechoisie(ligne->text()); });
+    auto* libeldico = nouvelleetiquette(texte(7500) + u" :"_s, Textedico_, this);
+    libeldico->setObjectName(u"libeldico"_s);
+    auto* libelnombredico = nouvelleetiquette(texte(2717), Combonombredico_, this);
+    libelnombredico->setObjectName(u"libelnombredico"_s);
+    auto* messagedico = nouvelleetiquette(texte(7305), nullptr, this);
+    messagedico->setObjectName(u"messagedico"_s);
+    messagedico->setWordWrap(true);
+    messagedico->setForegroundRole(QPalette::PlaceholderText);
+    grille().addWidget(libeldico, 0, 0);
+    grille().addWidget(Textedico_, 0, 1);
+    grille().addWidget(messagedico, 1, 1);
+    grille().addWidget(checkandordico_, 2, 1);
+    grille().addWidget(libelnombredico, 3, 0);
+    grille().addWidget(Combonombredico_, 3, 1, Qt::AlignLeft);
+    grille().setColumnStretch(1, 1);
+    disposition().addWidget(resultat_, 1);
+    ajouteboutons(u"cmdokdico"_s, u"annulerdico"_s);
+}
+
+QLineEdit& OngletMots::champ() const {
+    return *Textedico_->lineEdit();
+}
+
+void OngletMots::lit(EtatFormulaire& etat) const {
+    etat.Textedico = Textedico_->texte();
+    etat.checkandordico = checkandordico_->isChecked();
+    etat.Combonombredico = Combonombredico_->currentIndex();
+}
+
+void OngletMots::montre(const EtatFormulaire& etat) {
+    montremots(etat.Textedico);
+    checkandordico_->setChecked(etat.checkandordico);
+    Combonombredico_->setCurrentIndex(etat.Combonombredico);
+}
+
+void OngletMots::montremots(const QString& mots) {
+    Textedico_->metstexte(mots);
+}
+
+void OngletMots::videresultat() {
+    resultat_->clear();
+}
+
+void OngletMots::ajouteresultat(const QString& ligne) {
+    resultat_->addItem(ligne);
+}
+
+void OngletMots::renonce() {
+    completion_->renonce();
+}
+
+} // namespace velm
