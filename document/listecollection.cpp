@@ -53,10 +53,21 @@ QString ListeCollection::champ(QChar chiffre) {
     }
 }
 
+ModeleColonnes ListeCollection::modele() {
+    return {.colonnes = {{0, 2000, 300}, {1, 2000, 301}, {2, 2000, 302}, {3, 2000, 303}, {4, 0, 304}},
+            .pluspetite = 1,
+            .plusgrande = 30'000,
+            .plafonne = true,
+            .plusgrandeecrite = 999'999,
+            .suite = u"4"_s};
+}
+
 ListeCollection::ListeCollection(Corpus& corpus, const QString& code, const QString& ordre)
     : corpus_(corpus), code_(code), lignes_(identites(*exige(corpus, u"rowid"_s, code))),
       table_(corpus.base().openTable(u"données"_s)) {
-    for (const QChar chiffre : ordredescolonnes(ordre))
+    Colonnes colonnes(modele());
+    colonnes.prend(ordre, {});
+    for (const QChar chiffre : colonnes.ordre())
         champs_ << champ(chiffre);
 }
 
@@ -82,7 +93,7 @@ QString ListeCollection::text(int row, int column) const {
 }
 
 Cle ListeCollection::cle(int row) const {
-    const QString numero = text(row, colonnesvisibles);
+    const QString numero = text(row, static_cast<int>(champs_.size()) - 1);
     return numero.isEmpty() ? Cle() : Cle{code_, numero};
 }
 

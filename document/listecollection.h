@@ -1,10 +1,9 @@
 #pragma once
 // The documents of a collection as rows of a grid. Only their row ids are held; the fields of a row are read when it is
 // painted, and kept for a while.
-#include "core/cle.h"
+#include "core/colonnes.h"
 #include "core/corpus.h"
-#include "document/reglagestextes.h"
-#include "platform/controls/gridsource.h"
+#include "core/sourcedocuments.h"
 
 #include <QHash>
 #include <QStringList>
@@ -14,11 +13,14 @@
 
 namespace velm {
 
-class ListeCollection final : public GridSource {
+class ListeCollection final : public SourceDocuments {
 public:
-    static constexpr int colonnes = colonnesvisibles + 1;
+    /// Four columns that the user arranges, and behind them the hidden number.
+    static ModeleColonnes modele();
+    /// The order that is stored for a list that was never filled. It reads as the usual one.
+    static constexpr QStringView ordrejamaisrempli = u"44444";
 
-    /// `ordre`: a digit for each column, see ordredescolonnes(). The rows stand in no order yet. A base without
+    /// `ordre`: a digit for each column, as Colonnes::ordre() gives it. The rows stand in no order yet. A base without
     /// the table is a run-time error.
     ListeCollection(Corpus& corpus, const QString& code, const QString& ordre);
 
@@ -28,10 +30,9 @@ public:
     bool sort(int column, bool descending) override;
     // Once the base is closed, rows that were not read before are empty.
 
-    /// The document of a row from 0; an empty key outside.
-    Cle cle(int row) const;
+    Cle cle(int row) const override;
 
-    /// Field of a digit: "0" titre, "1" to "3" the keywords, "4" numart; empty for anything else.
+    /// Field of what a column shows: "0" titre, "1" to "3" the keywords, "4" numart; empty for anything else.
     static QString champ(QChar chiffre);
 
 private:

@@ -1,8 +1,10 @@
 #include "document/reglagestextes.h"
 
+#include "document/listecollection.h"
 #include "platform/text/number.h"
 
 #include <algorithm>
+#include <array>
 
 namespace velm {
 namespace {
@@ -10,8 +12,6 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 const QString section = u"POSITIONFORME"_s;
-constexpr qsizetype chiffreslargeur = 6;
-constexpr int largeurdefaut = 2000;
 
 /// Stored are the places in these.
 constexpr std::array blocs{Bloc::Recherche, Bloc::Arbre, Bloc::Liste};
@@ -46,8 +46,10 @@ ReglagesTextes litreglagestextes(const Reglages& reglages, int indice) {
     lus.bloc = blocs.at(static_cast<std::size_t>(bloc));
     lus.arrangement = arrangements.at(nombre(reglages, u"WINDOWSSEPARVH"_s, indice, 1) == 0 ? 0U : 1U);
     lus.posseparateur = std::max(0, nombre(reglages, u"WINDOWSSEPAR"_s, indice, lus.posseparateur));
-    lus.listeordre = ordredescolonnes(texte(reglages, u"ORDRECOLONNE"_s, indice));
-    lus.listelargeurs = largeursaenregistrer(largeursdescolonnes(texte(reglages, u"LARGEURCOLONNE"_s, indice)));
+    Colonnes colonnes(ListeCollection::modele());
+    colonnes.prend(texte(reglages, u"ORDRECOLONNE"_s, indice), texte(reglages, u"LARGEURCOLONNE"_s, indice));
+    lus.listeordre = colonnes.ordre();
+    lus.listelargeurs = colonnes.largeurs();
     return lus;
 }
 
@@ -70,38 +72,6 @@ void ecritreglagestextes(Reglages& reglages, int indice, const ReglagesTextes& v
     ecrit(u"LARGEURCOLONNE"_s, valeurs.listelargeurs);
     if (!lot.commit())
         reglages.signaleechec();
-}
-
-QString ordredescolonnes(QStringView enregistre) {
-    const QString premiers = enregistre.left(colonnesvisibles).toString();
-    QString tries = premiers;
-    std::sort(tries.begin(), tries.end());
-    return (tries == u"0123" ? premiers : u"0123"_s) + u'4';
-}
-
-QString ordreaenregistrer(const std::array<int, colonnesvisibles>& champs) {
-    QString ordre;
-    for (const int champ : champs)
-        ordre += champ >= 0 && champ < colonnesvisibles ? QString::number(champ) : u"4"_s;
-    return ordre + u'4';
-}
-
-std::array<int, colonnesvisibles> largeursdescolonnes(QStringView enregistre) {
-    std::array<int, colonnesvisibles> largeurs{};
-    for (int colonne = 0; colonne < colonnesvisibles; ++colonne) {
-        const double lue = val(enregistre.mid(chiffreslargeur * colonne, chiffreslargeur));
-        constexpr double plusgrande = 30'000;
-        largeurs.at(static_cast<std::size_t>(colonne)) =
-            lue >= 1 ? static_cast<int>(std::min(lue, plusgrande)) : largeurdefaut;
-    }
-    return largeurs;
-}
-
-QString largeursaenregistrer(const std::array<int, colonnesvisibles>& largeurs) {
-    QString texte;
-    for (const int largeur : largeurs)
-        texte += QString::number(std::clamp(largeur, 0, 999'999)).rightJustified(chiffreslargeur, u'0');
-    return texte;
 }
 
 } // namespace velm

@@ -5,14 +5,8 @@
 #include "document/dispositiontextes.h"
 
 #include <QString>
-#include <QStringView>
-
-#include <array>
 
 namespace velm {
-
-/// The list of a collection: four columns that the user arranges, and behind them the hidden number.
-inline constexpr int colonnesvisibles = 4;
 
 /// State (0 normal, 1 minimised, 2 maximised) and place, twips. A width or height of 0 is the usual one.
 struct PlaceTextes {
@@ -30,6 +24,7 @@ struct ReglagesTextes {
     Bloc bloc = Bloc::Recherche;
     Arrangement arrangement = Arrangement::Dessus;
     int posseparateur = 1000;
+    /// Of the list block, see Colonnes.
     QString listeordre = QStringLiteral("01234");
     QString listelargeurs = QStringLiteral("002000002000002000002000");
 
@@ -39,15 +34,5 @@ struct ReglagesTextes {
 ReglagesTextes litreglagestextes(const Reglages& reglages, int indice);
 /// The place itself is written for a window in normal state only.
 void ecritreglagestextes(Reglages& reglages, int indice, const ReglagesTextes& valeurs);
-
-/// The order that a stored text stands for: the default unless its first four characters are the digits 0 to 3 in some
-/// order ("44444", which a list never filled leaves, is none). Always five digits, the last one "4".
-QString ordredescolonnes(QStringView enregistre);
-/// The text to store for the fields of the columns as they stand; a column without a field (-1) is "4".
-QString ordreaenregistrer(const std::array<int, colonnesvisibles>& champs);
-
-/// Widths in groups of six digits; a group that is missing, no number or not above 0 is 2000.
-std::array<int, colonnesvisibles> largeursdescolonnes(QStringView enregistre);
-QString largeursaenregistrer(const std::array<int, colonnesvisibles>& largeurs);
 
 } // namespace velm

@@ -1,5 +1,7 @@
 #include "outil/banc.h"
 
+#include "core/listes.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 

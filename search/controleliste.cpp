@@ -1,7 +1,7 @@
 #include "search/controleliste.h"
 
 #include "core/cle.h"
-#include "core/langue.h"
+#include "core/listes.h"
 #include "platform/base/memory.h"
 #include "platform/system/files.h"
 #include "search/recherchedico.h"
@@ -13,13 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QString section = u"RECHERCHE"_s;
-const QString cleordre = u"ORDRECOLONNE"_s;
-const QString clelargeurs = u"LARGEURCOLONNE"_s;
-/// So many documents are opened without a question: a list with all its rows selected takes its time.
-constexpr qsizetype plusdouvertures = 50;
-constexpr int titredesmessages = 8;
-constexpr int titredelimpression = 33;
+const ClesColonnes gardees{u"RECHERCHE"_s, u"ORDRECOLONNE"_s, u"LARGEURCOLONNE"_s};
 
 } // namespace
 
@@ -32,7 +26,7 @@ ControleListe::ControleListe(const Monde& monde, VueLignes& lignes, VueListe& vu
                                          poste_.cession(),
                                          monde.texte,
                                          [this](const QString& etat) { vue_.ditetat(etat); }} {
-    litcolonnes();
+    litcolonnes(monde_.reglages, gardees, liste_.colonnes());
 }
 
 void ControleListe::charge() {
@@ -103,20 +97,11 @@ void ControleListe::regroupe(bool enfonce) {
     vue_.infobulle(u"regrouper"_s, texte(infobulleregrouper(enfonce)));
 }
 
-void ControleListe::litcolonnes() {
-    liste_.prendcolonnes(monde_.reglages.getsetting(section, cleordre),
-                         monde_.reglages.getsetting(section, clelargeurs));
-}
-
 void ControleListe::ecritcolonnes() {
-    const QString largeurs = liste_.largeurs();
-    for (int colonne = 0; colonne < ListeSelection::colonnesvisibles; ++colonne)
-        liste_.changelargeur(colonne, lignes_.largeur(colonne));
-    Reglages& reglages = monde_.reglages;
-    if (liste_.ordre() != reglages.getsetting(section, cleordre, ListeSelection::masqueordre.toString()))
-        reglages.savesetting(section, cleordre, liste_.ordre());
-    if (liste_.largeurs() != largeurs)
-        reglages.savesetting(section, clelargeurs, liste_.largeurs());
+    Colonnes& colonnes = liste_.colonnes();
+    for (int place = 0; place < colonnes.visibles(); ++place)
+        colonnes.changelargeur(place, lignes_.largeur(place));
+    velm::ecritcolonnes(monde_.reglages, gardees, colonnes);
 }
 
 // ---- the selected rows
@@ -152,16 +137,10 @@ void ControleListe::ouvre() {
         return;
     litchoix();
     const QStringList cles = cleschoisies();
-    if (cles.size() > plusdouvertures && !veutouvrir(cles.size()))
+    if (!veutouvrir(cles.size(), monde_.dialogues, monde_.texte))
         return;
     for (const QString& cle : cles)
         vue_.ouvredocument(cle, liste_.mot1, liste_.mot2);
-}
-
-bool ControleListe::veutouvrir(qsizetype nombre) const {
-    constexpr int question = 9495;
-    return monde_.dialogues.message(remplace(texte(question), {QString::number(nombre)}), texte(titredesmessages),
-                                    Icone::Question, Bouton::Oui | Bouton::Non, Bouton::Non) == Bouton::Oui;
 }
 
 void ControleListe::supprime() {
@@ -176,27 +155,17 @@ void ControleListe::supprime() {
 }
 
 void ControleListe::imprime() {
-    constexpr int question = 2432;
-    constexpr int impossible = 9496;
-    if (remplie() || liste_.lignes() == 0 ||
-        monde_.dialogues.message(texte(question) + u" ?"_s, texte(titredelimpression), Icone::Question,
-                                 Bouton::Oui | Bouton::Non) != Bouton::Oui)
+    if (remplie() || liste_.lignes() == 0 || !veutimprimer(monde_.dialogues, monde_.texte))
         return;
     lignes_.choisittout();
-    const TableauImprime papier = tableau();
-    const bool imprimee = [&] {
-        const Attente attente(monde_.sablier);
-        return monde_.imprimante.imprime(papier);
-    }();
-    if (!imprimee)
-        monde_.dialogues.message(texte(impossible), texte(titredelimpression), Icone::Exclamation);
+    imprimeliste(tableau(), monde_.imprimante, monde_.sablier, monde_.dialogues, monde_.texte);
 }
 
 TableauImprime ControleListe::tableau() const {
-    TableauImprime papier{texte(titredelimpression), {}, {}, lignes_.copie()};
-    for (int colonne = 0; colonne < ListeSelection::colonnes; ++colonne) {
-        papier.entetes << liste_.entete(colonne);
-        papier.largeurs << lignes_.largeur(colonne);
+    TableauImprime papier{titreimprime(monde_.texte), {}, {}, lignes_.copie()};
+    for (int place = 0; place < liste_.colonnes().nombre(); ++place) {
+        papier.entetes << liste_.colonnes().titre(place);
+        papier.largeurs << lignes_.largeur(place);
     }
     return papier;
 }
@@ -230,6 +199,7 @@ void ControleListe::fait(std::function<void()> travail) {
 /// Where the memory does not suffice, what the list holds by then stays.
 void ControleListe::travaille(const std::function<void()>& travail) {
     constexpr int sansmemoire = 9567;
+    constexpr int titre = 8;
     if (withinMemory(travail))
         return;
     {
@@ -237,7 +207,7 @@ void ControleListe::travaille(const std::function<void()>& travail) {
         publie(finitliste(atelier_));
     }
     montreliste();
-    monde_.dialogues.message(texte(sansmemoire), texte(titredesmessages), Icone::Exclamation);
+    monde_.dialogues.message(texte(sansmemoire), texte(titre), Icone::Exclamation);
 }
 
 void ControleListe::remplit(const QStringList& cles) {

@@ -120,13 +120,11 @@ public:
 private:
     QString texte(int numero) const { return monde_.texte(numero); }
     bool remplie() const { return remplissages_ > 0; }
-    void litcolonnes();
     void cachepanneau();
     void montrelignes();
     void litchoix();
     void montrechoix();
     QStringList cleschoisies() const;
-    bool veutouvrir(qsizetype nombre) const;
     TableauImprime tableau() const;
     void fait(std::function<void()> travail);
     void travaille(const std::function<void()>& travail);

@@ -1,6 +1,7 @@
 #include "search/dialoguescriteres.h"
 
 #include "core/langue.h"
+#include "core/listes.h"
 #include "core/obstacles.h"
 #include "platform/system/files.h"
 

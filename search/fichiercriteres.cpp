@@ -151,7 +151,7 @@ std::optional<FichierCriteres> litfichiercriteres(QByteArrayView octets) {
 
 void prendlignes(FichierCriteres& f, const ListeSelection& liste) {
     for (std::size_t colonne = 0; colonne < f.coldata.size(); ++colonne)
-        f.coldata[colonne] = liste.coldata(static_cast<int>(colonne));
+        f.coldata[colonne] = liste.colonnes().champ(static_cast<int>(colonne));
     f.lignes.clear();
     f.lignes.reserve(static_cast<std::size_t>(liste.lignes()));
     for (int rang = 1; rang < liste.rows(); ++rang) {

@@ -1,5 +1,6 @@
 #include "search/formulaire.h"
 
+#include "core/listes.h"
 #include "platform/base/memory.h"
 #include "platform/text/number.h"
 #include "search/dialoguescriteres.h"

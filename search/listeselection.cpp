@@ -1,8 +1,6 @@
 #include "search/listeselection.h"
 
 #include "platform/text/frenchorder.h"
-#include "platform/text/number.h"
-#include "search/masques.h"
 
 #include <algorithm>
 #include <limits>
@@ -11,19 +9,13 @@ namespace velm {
 
 namespace {
 
-/// The header of this column is not set.
-constexpr int colonnesanstitre = 4;
 /// Row numbers are whole numbers with one more for the header.
 constexpr int plusdelignes = std::numeric_limits<int>::max() - 1;
-constexpr int pluspetitelargeur = 60;
-constexpr int plusgrandelargeur = 32767;
-constexpr int motdepluriel = 2172;
-constexpr int motdusingulier = 2171;
 
 } // namespace
 
-/// Columns of a source stay where they were made; a grid that shows them elsewhere asks by their first places.
-class ListeSelection::Source final : public GridSource {
+/// What a search may find is shown at once: the columns of the list, wherever they stand.
+class ListeSelection::Source final : public SourceDocuments {
 public:
     explicit Source(ListeSelection& liste) : liste_(liste) {}
 
@@ -31,101 +23,46 @@ public:
     QString text(int row, int column) const override {
         return liste_.champ(row + 1, static_cast<Champ>(champdecolonne(column)));
     }
+    Cle cle(int row) const override { return decoupecle(liste_.cle(row + 1)); }
     bool sort(int column, bool descending) override {
-        const int champ = champdecolonne(column);
-        for (int place = 0; place < colonnes; ++place) {
-            if (liste_.coldata(place) == champ)
-                liste_.trie(place, descending);
-        }
-        return champ >= 0;
+        const int place = liste_.colonnes().place(champdecolonne(column));
+        if (place < 0)
+            return false;
+        liste_.trie(place, descending);
+        return true;
     }
 
 private:
-    static int champdecolonne(int column) {
-        return column == colonnecle ? static_cast<int>(Clef) : champdumasque(masqueordre, column);
+    int champdecolonne(int column) const {
+        const std::vector<ModeleColonne>& colonnes = liste_.colonnes().modele().colonnes;
+        return column >= 0 && column < nombredecolonnes ? colonnes[static_cast<std::size_t>(column)].champ : -1;
     }
     ListeSelection& liste_;
 };
 
-ListeSelection::ListeSelection(const std::function<QString(int)>& texte) : capacite_(plusdelignes) {
-    for (int i = 0; i < colonnesvisibles; ++i) {
-        Colonne& neuve = colonnes_[static_cast<std::size_t>(i)];
-        neuve.champ = champdumasque(masqueordre, i);
-        neuve.largeur = largeurdumasque(masquelargeurs, i);
-        if (i != colonnesanstitre)
-            neuve.entete = texte(titreduchamp(masqueordre[i]));
-    }
-    colonnes_[colonnecle].champ = Clef;
+ModeleColonnes ListeSelection::modele() {
+    return {.colonnes = {{Titre, 3000, 300},
+                         {Motcle1, 2000, 301},
+                         {Motcle2, 2000, 302},
+                         {Motcle3, 2000, 303},
+                         {Reference, 500, 0},
+                         {Numart, 1000, 304},
+                         {Clef, 0, 0}}};
 }
 
-int ListeSelection::coldata(int place) const {
-    return colonnela(place) ? colonne(place).champ : -1;
-}
-
-int ListeSelection::largeur(int place) const {
-    return colonnela(place) ? colonne(place).largeur : 0;
-}
-
-void ListeSelection::changelargeur(int place, int twips) {
-    if (place >= 0 && place < colonnesvisibles)
-        colonnes_[static_cast<std::size_t>(place)].largeur = std::max(twips, 0);
-}
-
-QString ListeSelection::entete(int place) const {
-    return colonnela(place) ? colonne(place).entete : QString();
-}
+ListeSelection::ListeSelection(const std::function<QString(int)>& texte)
+    : colonnes_(modele(), texte), capacite_(plusdelignes) {}
 
 QString ListeSelection::entetecellule(int place) const {
     switch (marque(place)) {
     case Marque::Ascendante:
-        return entete(place) + u'>';
+        return colonnes_.titre(place) + u'>';
     case Marque::Descendante:
-        return entete(place) + u'<';
+        return colonnes_.titre(place) + u'<';
     case Marque::Aucune:
         break;
     }
-    return entete(place);
-}
-
-void ListeSelection::deplacecolonne(int de, int vers) {
-    if (de < 0 || de >= colonnesvisibles || vers < 0 || vers >= colonnesvisibles)
-        return;
-    const auto a = colonnes_.begin() + de;
-    const auto b = colonnes_.begin() + vers;
-    if (de < vers)
-        std::rotate(a, a + 1, b + 1);
-    else
-        std::rotate(b, a, a + 1);
-}
-
-QString ListeSelection::ordre() const {
-    QString masque;
-    for (int place = 0; place < colonnesvisibles; ++place)
-        masque += QString::number(colonne(place).champ);
-    return masque;
-}
-
-QString ListeSelection::largeurs() const {
-    QString masque;
-    for (int place = 0; place < colonnesvisibles; ++place)
-        masque += QString::number(std::min(colonne(place).largeur, plusgrandelargeur)).rightJustified(6, u'0');
-    return masque;
-}
-
-void ListeSelection::prendcolonnes(QStringView ordre, QStringView largeurs) {
-    if (ordre.size() == colonnesvisibles && std::is_permutation(ordre.begin(), ordre.end(), masqueordre.begin())) {
-        for (int place = 0; place < colonnesvisibles; ++place) {
-            int ici = place;
-            while (colonne(ici).champ != champdumasque(ordre, place))
-                ++ici;
-            deplacecolonne(ici, place);
-        }
-    }
-    for (int place = 0; place < colonnesvisibles; ++place) {
-        const int largeur = largeurdumasque(largeurs, place);
-        if (largeur >= pluspetitelargeur && largeur <= plusgrandelargeur)
-            changelargeur(place, largeur);
-    }
+    return colonnes_.titre(place);
 }
 
 void ListeSelection::vide() {
@@ -185,9 +122,7 @@ void ListeSelection::supprimeselection() {
 }
 
 QString ListeSelection::texte(int rang, int place) const {
-    if (!colonnela(place))
-        return {};
-    return rang == 0 ? entetecellule(place) : champ(rang, static_cast<Champ>(colonne(place).champ));
+    return rang == 0 ? entetecellule(place) : champ(rang, static_cast<Champ>(colonnes_.champ(place)));
 }
 
 QString ListeSelection::champ(int rang, Champ champ) const {
@@ -201,15 +136,17 @@ QString ListeSelection::champ(int rang, Champ champ) const {
 }
 
 ListeSelection::Marque ListeSelection::marque(int place) const {
-    return colonnela(place) ? colonne(place).marque : Marque::Aucune;
+    if (!tri_ || colonnes_.champ(place) != tri_->champ)
+        return Marque::Aucune;
+    return tri_->descendant ? Marque::Descendante : Marque::Ascendante;
 }
 
 void ListeSelection::trie(int place, bool descendant) {
-    if (!colonnela(place))
+    const int champ = colonnes_.champ(place);
+    if (champ < 0)
         return;
-    effacemarquestri();
-    colonnes_[static_cast<std::size_t>(place)].marque = descendant ? Marque::Descendante : Marque::Ascendante;
-    range(colonne(place).champ, descendant);
+    tri_ = Tri{champ, descendant};
+    range(champ, descendant);
 }
 
 void ListeSelection::range(int parchamp, bool descendant) {
@@ -228,8 +165,7 @@ void ListeSelection::range(int parchamp, bool descendant) {
 }
 
 void ListeSelection::effacemarquestri() {
-    for (Colonne& une : colonnes_)
-        une.marque = Marque::Aucune;
+    tri_.reset();
 }
 
 void ListeSelection::choisit(int row, int rowsel) {
@@ -260,12 +196,8 @@ PublicationFin ListeSelection::publie() const {
     return {present, true, present};
 }
 
-std::unique_ptr<GridSource> ListeSelection::source() {
+std::unique_ptr<SourceDocuments> ListeSelection::source() {
     return std::make_unique<Source>(*this);
-}
-
-QString textecompte(qint64 nombre, const std::function<QString(int)>& texte) {
-    return numberText(nombre) + u' ' + texte(nombre > 1 ? motdepluriel : motdusingulier);
 }
 
 int infobulleregrouper(bool enfonce) {

@@ -3,8 +3,9 @@
 // the selected rows, without a window; a grid shows it through source().
 //
 // As in the grid, row 0 is the header and rows of documents count from 1; rows() counts the header, so that an empty
-// list has one row. Columns count from 0 as they stand: one that is moved takes its meaning with it.
-#include "platform/controls/gridsource.h"
+// list has one row.
+#include "core/colonnes.h"
+#include "core/sourcedocuments.h"
 
 #include <QString>
 #include <QStringView>
@@ -12,6 +13,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace velm {
@@ -34,33 +36,20 @@ struct PublicationFin {
 
 class ListeSelection {
 public:
-    static constexpr int colonnes = 7;
+    static constexpr int nombredecolonnes = 7;
     static constexpr int colonnesvisibles = 6;
-    static constexpr int colonnecle = 6;
-    /// What a column shows (ColData); the hidden one shows the key.
-    enum Champ { Titre, Motcle1, Motcle2, Motcle3, Numart, Reference, Clef };
+    /// What a column shows; the hidden one shows the key.
+    enum Champ : int { Titre, Motcle1, Motcle2, Motcle3, Numart, Reference, Clef };
     enum class Marque { Aucune, Ascendante, Descendante };
-    static constexpr QStringView masquelargeurs = u"003000002000002000002000000500001000";
-    static constexpr QStringView masqueordre = u"012354";
+    static ModeleColonnes modele();
 
     /// `texte` gives the headers.
     explicit ListeSelection(const std::function<QString(int)>& texte);
 
-    // ---- columns
-    int coldata(int colonne) const;
-    int largeur(int colonne) const; ///< twips; 0 for the key
-    void changelargeur(int colonne, int twips);
-    QString entete(int colonne) const; ///< empty for the code of the collection
-    /// The header as its cell shows it: ">" behind it when sorted ascending, "<" descending.
+    Colonnes& colonnes() { return colonnes_; }
+    const Colonnes& colonnes() const { return colonnes_; }
+    /// The header of a column as its cell shows it: ">" behind it when sorted ascending, "<" descending.
     QString entetecellule(int colonne) const;
-    /// Puts a column at another place (the key stays where it is).
-    void deplacecolonne(int colonne, int place);
-    /// Order and widths of the six columns as they stand, in the form of the masks.
-    QString ordre() const;
-    QString largeurs() const;
-    /// Takes an order and widths that were stored so. An order that does not name each of the six once, and a width
-    /// that is no number or none that can be seen, changes nothing.
-    void prendcolonnes(QStringView ordre, QStringView largeurs);
 
     // ---- rows
     int rows() const { return lignes() + 1; }
@@ -105,9 +94,8 @@ public:
     bool visible = false;
     PublicationFin publie() const;
 
-    /// The rows for a grid whose columns are those of the masks, wherever the user has moved them. The list must live
-    /// longer. To be set anew when rows have come or gone.
-    std::unique_ptr<GridSource> source();
+    /// The rows as they are by then, for a grid. The list must live longer.
+    std::unique_ptr<SourceDocuments> source();
 
 private:
     static constexpr std::size_t nombredechamps = 7;
@@ -115,20 +103,17 @@ private:
         std::size_t debut = 0;
         std::array<quint32, nombredechamps> fins{};
     };
-    struct Colonne {
-        int champ = Titre;
-        int largeur = 0;
-        QString entete;
-        Marque marque = Marque::Aucune;
+    struct Tri {
+        int champ;
+        bool descendant;
     };
     class Source;
 
-    bool colonnela(int colonne) const { return colonne >= 0 && colonne < colonnes; }
-    const Colonne& colonne(int place) const { return colonnes_[static_cast<std::size_t>(place)]; }
     const Ligne& ligne(int rang) const { return lignes_[ordre_[static_cast<std::size_t>(rang) - 1]]; }
     void range(int champ, bool descendant);
 
-    std::array<Colonne, colonnes> colonnes_;
+    Colonnes colonnes_;
+    std::optional<Tri> tri_;       ///< which column bears the mark
     std::vector<char16_t> textes_; ///< of all rows, one behind the other
     std::vector<Ligne> lignes_;
     std::vector<quint32> ordre_; ///< which of them stands where
@@ -136,9 +121,6 @@ private:
     int row_ = 0;
     int rowsel_ = 0;
 };
-
-/// The count as the status panel shows it: the number with its leading blank and the word, in the singular up to 1.
-QString textecompte(qint64 nombre, const std::function<QString(int)>& texte);
 
 /// Tool tips, by their numbers, of the buttons `regrouper` and `affichercritères`.
 int infobulleregrouper(bool enfonce);

@@ -1,5 +1,6 @@
 #include "search/recherchecriteres.h"
 
+#include "core/listes.h"
 #include "platform/base/failure.h"
 #include "search/renfort.h"
 #include "search/typescherches.h"

@@ -1,5 +1,6 @@
 #include "search/recherchedico.h"
 
+#include "core/listes.h"
 #include "core/parametres.h"
 #include "platform/base/failure.h"
 #include "platform/text/letters.h"

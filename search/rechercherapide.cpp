@@ -1,5 +1,6 @@
 #include "search/rechercherapide.h"
 
+#include "core/listes.h"
 #include "platform/base/failure.h"
 #include "search/remplacecodes.h"
 #include "search/texteenmajuscules.h"

@@ -1,6 +1,7 @@
 #include "search/selectionoutil.h"
 
 #include "core/cle.h"
+#include "core/listes.h"
 #include "platform/system/files.h"
 #include "platform/text/ansi.h"
 

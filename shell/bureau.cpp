@@ -11,6 +11,8 @@
 #include <QMdiSubWindow>
 #include <QScopedValueRollback>
 
+#include <algorithm>
+#include <iterator>
 #include <new>
 
 namespace velm {
@@ -28,14 +30,7 @@ Bureau::Bureau(Ecrangeneral& ecran, Corpus& corpus, std::function<Textes*(int in
     : ecran_(ecran), fabrique_(std::move(fabrique)), navigation_(*this, corpus) {
     ecran_.barrecommande().setMenus(QStringLiteral("Précédent"), &navigation_.historique().precedent.menus());
     ecran_.barrecommande().setMenus(QStringLiteral("Suivant"), &navigation_.historique().suivant.menus());
-    connect(&ecran_.aire(), &ChildArea::childActivated, this, [this](QWidget* fenetre) {
-        // Windows that come forward while all of them are closed have no base to show anything from.
-        if (enfermeture_)
-            return;
-        if (auto* textes = qobject_cast<Textes*>(fenetre))
-            textes->activation();
-        majmenus();
-    });
+    connect(&ecran_.aire(), &ChildArea::childActivated, this, &Bureau::activee);
     apresfermeture_.setSingleShot(true);
     apresfermeture_.setInterval(reposdelamemoire);
     connect(&apresfermeture_, &QTimer::timeout, this, &returnFreeMemory);
@@ -46,6 +41,45 @@ Bureau::~Bureau() {
     for (QWidget* fille : ecran_.aire().children())
         delete ecran_.aire().around(fille);
 }
+
+// ---- the windows, whatever they are
+
+QMdiSubWindow* Bureau::ajoute(QWidget& fenetre, FenetreFille& contrat) {
+    filles_.push_back({&fenetre, &contrat});
+    contrat.surchangement = [this] { majmenus(); };
+    connect(&fenetre, &QObject::destroyed, this, &Bureau::oublie);
+    QMdiSubWindow* cadre = ecran_.aire().add(&fenetre);
+    cadre->setWindowIcon(fenetre.windowIcon());
+    return cadre;
+}
+
+/// By its address alone: nothing else is left of it.
+void Bureau::oublie(const QObject* fenetre) {
+    std::erase_if(filles_, [fenetre](const Fille& fille) { return fille.fenetre == fenetre; });
+    std::erase_if(documents_, [fenetre](const Textes* textes) { return textes == fenetre; });
+}
+
+FenetreFille* Bureau::devant() const {
+    const auto ici = std::ranges::find(filles_, ecran_.aire().activeChild(), &Fille::fenetre);
+    return ici == filles_.end() ? nullptr : ici->contrat;
+}
+
+std::vector<FenetreFille*> Bureau::filles() const {
+    std::vector<FenetreFille*> toutes;
+    std::ranges::transform(filles_, std::back_inserter(toutes), &Fille::contrat);
+    return toutes;
+}
+
+void Bureau::activee() {
+    // Windows that come forward while all of them are closed have no base to show anything from.
+    if (enfermeture_)
+        return;
+    if (FenetreFille* active = devant())
+        active->activation();
+    majmenus();
+}
+
+// ---- the document windows
 
 FenetreNavigable* Bureau::creefenetre(int indice) {
     // A window that is being made counts as a form already.
@@ -61,8 +95,8 @@ FenetreNavigable* Bureau::creefenetre(int indice) {
         return nullptr;
     enfabrication_ = 0;
     fermecachee(indice);
-    QMdiSubWindow* cadre = ecran_.aire().add(nouvelle);
-    cadre->setWindowIcon(nouvelle->windowIcon());
+    documents_.push_back(nouvelle);
+    ajoute(*nouvelle, *nouvelle);
     suit(*nouvelle);
     const PlaceTextes place = nouvelle->placevoulue();
     ecran_.aire().place(nouvelle, place.etat, place.gauche, place.haut, place.largeur, place.hauteur);
@@ -84,7 +118,6 @@ void Bureau::suit(Textes& fenetre) {
             ecran_.menus().nommeecran(indice, titre);
     });
     ecran_.menus().nommeecran(indice, fenetre.windowTitle());
-    connect(&fenetre, &Textes::menuschanges, this, &Bureau::majmenus);
     connect(&fenetre, &Textes::premierplan, this, [this, ici = &fenetre] { avance(*ici); });
     connect(&fenetre, &Textes::cible, this,
             [this](const QString& texte) { ecran_.barreetat().setPassing(QStringLiteral("wait"), texte); });
@@ -137,21 +170,16 @@ void Bureau::arrange(ChildArea::Arrangement disposition) {
     ecran_.aire().arrange(disposition);
 }
 
-std::vector<Textes*> Bureau::fenetres() const {
-    std::vector<Textes*> liste;
-    for (QWidget* fille : ecran_.aire().children()) {
-        if (auto* textes = qobject_cast<Textes*>(fille))
-            liste.push_back(textes);
-    }
-    return liste;
-}
-
 Textes* Bureau::fenetre(int indice) const {
-    return navigation_.fenetreouverte(indice) ? dynamic_cast<Textes*>(navigation_.fenetre(indice)) : nullptr;
+    const FenetreNavigable* ouverte = navigation_.fenetreouverte(indice) ? navigation_.fenetre(indice) : nullptr;
+    const auto ici = std::ranges::find_if(documents_, [ouverte](const Textes* textes) { return textes == ouverte; });
+    return ici == documents_.end() ? nullptr : *ici;
 }
 
 Textes* Bureau::active() const {
-    return qobject_cast<Textes*>(ecran_.aire().activeChild());
+    const QWidget* active = ecran_.aire().activeChild();
+    const auto ici = std::ranges::find_if(documents_, [active](const Textes* textes) { return textes == active; });
+    return ici == documents_.end() ? nullptr : *ici;
 }
 
 int Bureau::nombredeformes() const {
@@ -164,20 +192,25 @@ void Bureau::majdispositions() {
 
 void Bureau::majmenus() {
     const Textes* textes = active();
-    ecran_.menus().montredocument(textes != nullptr, textes && textes->menusactifs());
+    ecran_.menus().montredocument(textes != nullptr, textes && textes->peut(Ordre::Copier));
     ecran_.menus().marqueactive(textes ? textes->indice() : -1);
 }
 
 void Bureau::notefenetres() {
-    for (Textes* ouverte : fenetres())
+    for (FenetreFille* ouverte : filles())
         ouverte->ecritreglages();
 }
 
 void Bureau::fermefenetres() {
     enfermeture_ = true;
-    // A maximised window that closes hands its state on to the next one: what they are is written before any closes.
-    for (Textes* ouverte : fenetres())
-        ouverte->decharge();
+    // What searches stops before the windows go whose documents it may be opening. A maximised window that closes hands
+    // its state on to the next one: what they are is written before any closes.
+    for (const bool documents : {false, true}) {
+        for (FenetreFille* ouverte : filles()) {
+            if ((ouverte->nature() == Nature::Document) == documents)
+                ouverte->decharge();
+        }
+    }
     ecran_.aire().closeAllSubWindows();
 }
 

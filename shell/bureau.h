@@ -1,5 +1,7 @@
 #pragma once
-// The desk: the document windows in their slots, and what keeps the frame's bars and menus in step with them.
+// The desk: the windows in the frame, whatever they are, the document windows among them in their slots, and what keeps
+// the frame's bars and menus in step with them.
+#include "core/fenetrefille.h"
 #include "document/navigation.h"
 #include "platform/widgets/frame/childarea.h"
 
@@ -9,6 +11,8 @@
 
 #include <functional>
 #include <vector>
+
+class QMdiSubWindow;
 
 namespace velm {
 
@@ -27,6 +31,13 @@ public:
     /// There was no memory for a window: to be said to the user. The run goes on without the window.
     std::function<void()> sansmemoire;
 
+    /// Takes a window in, hidden, with what it can do; the frame's area takes it over.
+    QMdiSubWindow* ajoute(QWidget& fenetre, FenetreFille& contrat);
+    /// What the active window can do; null when none is active.
+    FenetreFille* devant() const;
+    /// All windows in the order of their making, hidden ones too.
+    std::vector<FenetreFille*> filles() const;
+
     // ---- HoteNavigation
     FenetreNavigable* creefenetre(int indice) override;
     void montrefenetre(int indice, bool visible) override;
@@ -42,8 +53,8 @@ public:
     void amene(int indice);
     void arrange(ChildArea::Arrangement disposition);
 
-    /// All document windows in the order of their making, hidden ones too.
-    std::vector<Textes*> fenetres() const;
+    /// The document windows among them.
+    std::vector<Textes*> fenetres() const { return documents_; }
     Textes* fenetre(int indice) const;
     /// The active document window; null when none is.
     Textes* active() const;
@@ -51,7 +62,7 @@ public:
     int nombredeformes() const;
     /// Shows the buttons that arrange windows when there are more than three forms.
     void majdispositions();
-    /// Every window writes what it writes when it closes.
+    /// Every window writes what its closing writes, and stays open.
     void notefenetres();
     /// Closes every window for good: none of them shows anything any more.
     void fermefenetres();
@@ -59,6 +70,13 @@ public:
     void restaure(const std::function<void()>& ouverture);
 
 private:
+    /// A window and its contract, which go together.
+    struct Fille {
+        QWidget* fenetre;
+        FenetreFille* contrat;
+    };
+    void oublie(const QObject* fenetre);
+    void activee();
     void fermecachee(int indice);
     void suit(Textes& fenetre);
     void avance(Textes& fenetre);
@@ -67,6 +85,8 @@ private:
     Ecrangeneral& ecran_;
     std::function<Textes*(int)> fabrique_;
     Navigation navigation_;
+    std::vector<Fille> filles_;
+    std::vector<Textes*> documents_;
     bool dossiersouverts_ = false;
     int enfabrication_ = 0;
     bool enfermeture_ = false;

@@ -60,8 +60,8 @@ QString CadrePrincipal::chargeprincipale() {
         FabriqueTextes::Donnees{*ecran_, *bureau_, *selection_, donnees_.corpus, donnees_.reglages, donnees_.langue,
                                 donnees_.styles, donnees_.seance, donnees_.monde, rafraichir_});
     recherches_ = std::make_unique<Recherches>(
-        *ecran_, *selection_,
-        Recherches::Monde{donnees_.reglages, monde.sablier, monde.dialogues, monde.courrier, texte});
+        *ecran_, *bureau_, *selection_,
+        Recherches::Services{donnees_.reglages, monde.sablier, monde.dialogues, monde.courrier, texte});
     annexes_ = std::make_unique<FenetresAnnexes>(
         *ecran_, *bureau_,
         FenetresAnnexes::Donnees{donnees_.reglages, donnees_.corpus, donnees_.seance, donnees_.monde, texte});
@@ -100,8 +100,7 @@ void CadrePrincipal::chargecommandes() {
     autour.partenaires = [this] { annexes_->montrepartenaires(); };
     autour.cherche = [this] { annexes_->montrerecherche(); };
     autour.montreselection = [this](bool visible) { selection_->controle().affichemenuselection(visible); };
-    commandes_ = std::make_unique<Commandes>(*ecran_, *bureau_, barres_, donnees_.reglages,
-                                             donnees_.monde.pressepapiers, autour);
+    commandes_ = std::make_unique<Commandes>(*ecran_, *bureau_, barres_, donnees_.reglages, autour);
     const bool une = seance.parametres().multifenetre != 0;
     bureau_->navigation().changeunefenetre(une);
     ecran_->menus().entree(QStringLiteral("maffichagetfu"))->setChecked(une);
@@ -150,8 +149,8 @@ EtatFenetres CadrePrincipal::etatfenetres() const {
         if (const Textes* ouverte = bureau_->fenetre(indice))
             etat.libelles.at(rang) = ouverte->windowTitle();
     }
-    for (const Textes* ouverte : bureau_->fenetres())
-        etat.filles.push_back({ouverte->objectName(), ouverte->referencecourante()});
+    for (const FenetreFille* ouverte : bureau_->filles())
+        etat.filles.push_back({ouverte->nature(), ouverte->reference()});
     if (const Textes* active = bureau_->active())
         etat.titreactif = active->windowTitle();
     etat.principale = ecran_->position();
@@ -167,15 +166,11 @@ void CadrePrincipal::sauvederniers() {
 }
 
 void CadrePrincipal::notefenetres() {
-    if (recherches_)
-        recherches_->note();
     if (bureau_)
         bureau_->notefenetres();
 }
 
 void CadrePrincipal::fermefenetres() {
-    if (recherches_)
-        recherches_->ferme();
     if (bureau_)
         bureau_->fermefenetres();
 }

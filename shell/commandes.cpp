@@ -1,11 +1,9 @@
 #include "shell/commandes.h"
 
-#include "document/ui/textes.h"
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
-#include "shell/logique/formes.h"
 #include "shell/menus.h"
 #include "shell/volet.h"
 
@@ -27,10 +25,8 @@ FlexGrid* grilleautour(QWidget* widget) {
 
 } // namespace
 
-Commandes::Commandes(Ecrangeneral& ecran, Bureau& bureau, EtatBarres& barres, Reglages& reglages,
-                     PressePapiers& pressepapiers, Programme programme)
-    : ecran_(ecran), bureau_(bureau), barres_(barres), reglages_(reglages), pressepapiers_(pressepapiers),
-      programme_(std::move(programme)) {
+Commandes::Commandes(Ecrangeneral& ecran, Bureau& bureau, EtatBarres& barres, Reglages& reglages, Programme programme)
+    : ecran_(ecran), bureau_(bureau), barres_(barres), reglages_(reglages), programme_(std::move(programme)) {
     apprendcommandes();
     apprendentrees();
     connect(&ecran_, &Ecrangeneral::commande, this, &Commandes::commande);
@@ -124,26 +120,15 @@ void Commandes::entree(const QString& nom, int indice) {
 }
 
 void Commandes::copier() {
-    QWidget* active = ecran_.aire().activeChild();
-    if (!active || active->objectName() == QStringLiteral("frmVelmorSelect"))
-        return;
-    if (!estformerecherche(active->objectName())) {
-        // A window that is neither a document nor such a list (the index) has nothing to copy, and says nothing.
-        if (auto* textes = qobject_cast<Textes*>(active))
-            textes->copie();
-        return;
-    }
-    if (auto* liste = active->findChild<FlexGrid*>(QStringLiteral("flex"))) {
-        liste->selectAll();
-        pressepapiers_.pose({liste->clip(), {}, {}});
-    }
+    if (FenetreFille* active = bureau_.devant(); active && active->peut(Ordre::Copier))
+        active->fait(Ordre::Copier);
 }
 
 void Commandes::toutselectionner() {
     if (FlexGrid* grille = grilleautour(QApplication::focusWidget()))
         grille->selectAll();
-    else if (Textes* textes = bureau_.active())
-        textes->toutselectionner();
+    else if (FenetreFille* active = bureau_.devant())
+        active->fait(Ordre::ToutSelectionner);
 }
 
 void Commandes::placebarre(Barre barre, int position) {

@@ -1,6 +1,5 @@
 #pragma once
 // Every button and menu entry of the frame finds its deed here.
-#include "platform/system/outside.h"
 #include "shell/logique/barres.h"
 
 #include <QHash>
@@ -28,8 +27,7 @@ public:
         std::function<void(bool visible)> montreselection; ///< shows or hides the panel of the selection list
     };
 
-    Commandes(Ecrangeneral& ecran, Bureau& bureau, EtatBarres& barres, Reglages& reglages, PressePapiers& pressepapiers,
-              Programme programme);
+    Commandes(Ecrangeneral& ecran, Bureau& bureau, EtatBarres& barres, Reglages& reglages, Programme programme);
 
     /// A button of the command bar by its key, as a click tells it. An unknown key does nothing.
     void commande(const QString& cle);
@@ -57,7 +55,6 @@ private:
     Bureau& bureau_;
     EtatBarres& barres_;
     Reglages& reglages_;
-    PressePapiers& pressepapiers_;
     Programme programme_;
     QHash<QString, Deed> commandes_;
     QHash<QString, Deed> entrees_;

@@ -4,61 +4,29 @@
 #include "shell/ecrangeneral.h"
 #include "shell/volet.h"
 
-#include <QTableView>
-
 namespace velm {
 
 FlexGrid& GrilleSelection::flex() const {
     return ecran_.picturesselection().flex();
 }
 
-// ---- making
-
-void GrilleSelection::construit(ListeSelection& liste, const std::function<QString(int)>& texte) {
-    construitcolonnes(texte);
-    placecolonnes(liste);
-    flex().setSource(liste.source());
+void GrilleSelection::construit(ListeSelection& liste) {
+    constexpr int pointsdestitres = 10;
+    flex().setRedraw(false);
+    documents_ = std::make_unique<GrilleDocuments>(flex(), liste.colonnes(),
+                                                   GrilleDocuments::Usage{.pointsdestitres = pointsdestitres});
+    documents_->charge(liste.source());
 }
 
 void GrilleSelection::relache() {
-    flex().setSource(nullptr);
-}
-
-/// The source knows its columns by their first places: they are made there and then moved.
-void GrilleSelection::construitcolonnes(const std::function<QString(int)>& texte) {
-    constexpr int pointsdestitres = 10;
-    FlexGrid& grille = flex();
-    grille.setRedraw(false);
-    grille.setCols(ListeSelection::colonnes);
-    grille.setHeaderFontSize(pointsdestitres);
-    grille.setColumnsMovable(true);
-    const ListeSelection premiere(texte);
-    for (int colonne = 0; colonne < ListeSelection::colonnes; ++colonne) {
-        grille.setColData(colonne, premiere.coldata(colonne));
-        grille.setHeader(colonne, premiere.entete(colonne));
-        grille.setColAlignment(colonne, FlexGrid::Align::Left);
-        grille.setHeaderAlignment(colonne, FlexGrid::Align::Centre);
-    }
-}
-
-void GrilleSelection::placecolonnes(const ListeSelection& liste) {
-    FlexGrid& grille = flex();
-    for (int place = 0; place < ListeSelection::colonnesvisibles; ++place) {
-        int ici = place;
-        while (grille.colData(ici) != liste.coldata(place))
-            ++ici;
-        grille.setColPosition(ici, place);
-    }
-    for (int colonne = 0; colonne < ListeSelection::colonnes; ++colonne)
-        grille.setColWidth(colonne, liste.largeur(colonne));
+    documents_->vide();
+    documents_.reset();
 }
 
 // ---- the rows
 
 void GrilleSelection::cache() {
-    focus_ = flex().view()->hasFocus();
-    fige();
-    flex().hide();
+    documents_->cache();
 }
 
 void GrilleSelection::fige() {
@@ -70,13 +38,7 @@ void GrilleSelection::relit() {
 }
 
 void GrilleSelection::montre(bool visible) {
-    if (flex().row() == 0)
-        flex().setTopRow(1);
-    flex().setVisible(visible);
-    // What is hidden gives the focus to its neighbour.
-    const QWidget* avec = ecran_.focusWidget();
-    if (std::exchange(focus_, false) && visible && (!avec || ecran_.picturesselection().isAncestorOf(avec)))
-        flex().setFocus();
+    documents_->montre(visible);
 }
 
 void GrilleSelection::montremarque(int colonne, ListeSelection::Marque marque) {

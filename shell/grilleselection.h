@@ -1,6 +1,9 @@
 #pragma once
-// The grid of the selection list in the frame: shows the rows and columns of the list as they stand.
+// The selection list as its logic sees it, in the panel of the frame.
+#include "document/ui/grilledocuments.h"
 #include "search/controleliste.h"
+
+#include <memory>
 
 namespace velm {
 
@@ -12,10 +15,12 @@ public:
     explicit GrilleSelection(Ecrangeneral& ecran) : ecran_(ecran) {}
 
     /// Makes the columns and shows the rows of a list, until relache().
-    void construit(ListeSelection& liste, const std::function<QString(int)>& texte);
+    void construit(ListeSelection& liste);
     void relache();
 
     FlexGrid& flex() const;
+    /// From construit() on.
+    const GrilleDocuments& documents() const { return *documents_; }
 
     void cache() override;
     void fige() override;
@@ -31,11 +36,8 @@ public:
     int largeur(int colonne) const override;
 
 private:
-    void construitcolonnes(const std::function<QString(int)>& texte);
-    void placecolonnes(const ListeSelection& liste);
-
     Ecrangeneral& ecran_;
-    bool focus_ = false; ///< the grid had it before it was hidden
+    std::unique_ptr<GrilleDocuments> documents_;
 };
 
 } // namespace velm

@@ -3,34 +3,30 @@
 #include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/look/icons.h"
+#include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
 #include "shell/selection.h"
 #include "shell/volet.h"
-
-#include <QMdiSubWindow>
 
 namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-Recherches::Recherches(Ecrangeneral& ecran, Selection& selection, const Monde& monde)
-    : ecran_(ecran), selection_(selection), monde_(monde),
-      fichiers_(monde.dialogues, monde.sablier, monde.courrier, monde.texte) {
+Recherches::Recherches(Ecrangeneral& ecran, Bureau& bureau, Selection& selection, const Services& services)
+    : ecran_(ecran), bureau_(bureau), selection_(selection), services_(services),
+      fichiers_(services.dialogues, services.sablier, services.courrier, services.texte) {
     Toolbar& barre = ecran_.picturesselection().recherchetoolbar();
     for (const QString& cle : {u"affichercritères"_s, u"ouvrircritères"_s})
         barre.setButtonEnabled(cle, true);
     connect(&barre, &Toolbar::buttonClicked, this, &Recherches::clicbarre);
     connect(&selection_, &Selection::criteresvoulus, this, &Recherches::montre);
-    connect(&ecran_.aire(), &ChildArea::childActivated, this, [this](const QWidget* active) {
-        if (formulaire_ && active == formulaire_)
-            formulaire_->activation();
-    });
 }
 
 FrmVelmorSelect& Recherches::leformulaire() {
     if (!formulaire_) {
-        formulaire_ = new FrmVelmorSelect({selection_.controle(), monde_.reglages, monde_.texte});
-        ecran_.aire().add(formulaire_)->setWindowIcon(icon(u"Rechercher"_s));
+        formulaire_ = new FrmVelmorSelect({selection_.controle(), services_.reglages, services_.texte});
+        formulaire_->setWindowIcon(icon(u"Rechercher"_s));
+        bureau_.ajoute(*formulaire_, *formulaire_);
         connect(formulaire_, &FrmVelmorSelect::cachevoulu, this, [this] { montre(false); });
     }
     return *formulaire_;
@@ -75,17 +71,6 @@ void Recherches::sauvercriteres() {
 
 void Recherches::envoyercriteres() {
     fichiers_.envoyercriteres(leformulaire().formulaire().fichier());
-}
-
-void Recherches::note() {
-    if (formulaire_)
-        formulaire_->formulaire().decharge();
-}
-
-void Recherches::ferme() {
-    if (formulaire_)
-        formulaire_->formulaire().ferme();
-    note();
 }
 
 } // namespace velm

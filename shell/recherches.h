@@ -9,6 +9,7 @@
 
 namespace velm {
 
+class Bureau;
 class Ecrangeneral;
 class Reglages;
 class Selection;
@@ -17,15 +18,15 @@ class Recherches final : public QObject {
     Q_OBJECT
 
 public:
-    /// Nothing is owned; all of it outlives this.
-    struct Monde {
+    /// What it asks of the outside world; nothing is owned, and all of it outlives this.
+    struct Services {
         Reglages& reglages;
         Sablier& sablier;
         Dialogues& dialogues;
         Courrier& courrier;
         std::function<QString(int)> texte;
     };
-    Recherches(Ecrangeneral& ecran, Selection& selection, const Monde& monde);
+    Recherches(Ecrangeneral& ecran, Bureau& bureau, Selection& selection, const Services& services);
 
     /// Null as long as nobody has wanted it.
     FrmVelmorSelect* formulaire() const { return formulaire_; }
@@ -34,10 +35,6 @@ public:
     void ouvrircriteres(const QString& nom = {});
     void sauvercriteres();
     void envoyercriteres();
-    /// Writes what the form has to leave.
-    void note();
-    /// The program ends: a search that runs stops, and what the form has to leave is written.
-    void ferme();
 
 private:
     FrmVelmorSelect& leformulaire();
@@ -45,8 +42,9 @@ private:
     void basculeformulaire();
 
     Ecrangeneral& ecran_;
+    Bureau& bureau_;
     Selection& selection_;
-    Monde monde_;
+    Services services_;
     FichiersCriteres fichiers_;
     QPointer<FrmVelmorSelect> formulaire_;
 };

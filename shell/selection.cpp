@@ -1,6 +1,7 @@
 #include "shell/selection.h"
 
 #include "core/cle.h"
+#include "document/ui/grilledocuments.h"
 #include "document/ui/textes.h"
 #include "platform/widgets/frame/statusbar.h"
 #include "platform/widgets/frame/toolbar.h"
@@ -17,7 +18,7 @@ using namespace Qt::Literals::StringLiterals;
 
 Selection::Selection(Ecrangeneral& ecran, Bureau& bureau, const ControleListe::Monde& monde)
     : ecran_(ecran), bureau_(bureau), grille_(ecran), controle_(monde, grille_, *this) {
-    grille_.construit(liste(), monde.texte);
+    grille_.construit(liste());
     relieflex();
     construitmenu(monde.texte);
     connect(&barre(), &Toolbar::buttonClicked, this, &Selection::clicbarre);
@@ -35,16 +36,11 @@ Toolbar& Selection::barre() const {
 // ---- what is pressed
 
 void Selection::relieflex() {
-    connect(&flex(), &FlexGrid::columnMoved, this, [this](int de, int vers) { liste().deplacecolonne(de, vers); });
-    connect(&flex(), &FlexGrid::doubleClicked, this, [this](int ligne, int colonne) {
-        if (ligne == 0)
-            controle_.trie(colonne);
-        else
-            controle_.ouvre();
-    });
-    connect(&flex(), &FlexGrid::activated, this, [this] { controle_.ouvre(); });
-    connect(&flex(), &FlexGrid::deletePressed, this, [this] { controle_.supprime(); });
-    connect(&flex(), &FlexGrid::rightClicked, this, [this](int, int, const QPoint& ou) {
+    const GrilleDocuments* documents = &grille_.documents();
+    connect(documents, &GrilleDocuments::trivoulu, this, [this](int colonne) { controle_.trie(colonne); });
+    connect(documents, &GrilleDocuments::ouvertes, this, [this] { controle_.ouvre(); });
+    connect(documents, &GrilleDocuments::suppressionvoulue, this, [this] { controle_.supprime(); });
+    connect(documents, &GrilleDocuments::menuvoulu, this, [this](const QPoint& ou) {
         if (flex().row() > 0)
             menu_->popup(ou);
     });

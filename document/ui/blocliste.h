@@ -1,8 +1,9 @@
 #pragma once
 // The block of the panel that lists the documents of the window's collection. Its columns are the user's to arrange.
-#include "core/cle.h"
+#include "core/colonnes.h"
 #include "core/corpus.h"
 #include "document/reglagestextes.h"
+#include "document/ui/grilledocuments.h"
 #include "platform/system/sablier.h"
 
 #include <QObject>
@@ -40,16 +41,14 @@ signals:
     void sansmemoire();           ///< what was asked for did not fit into the memory
 
 private:
-    void clic(int ligne, int colonne);
-    void ouvreligne(int ligne);
     void trie(int colonne);
-    void prepare(const ReglagesTextes& reglages);
 
     QString code_;
     Corpus& corpus_;
     Sablier& sablier_;
-    std::function<QString(int)> texte_;
     FlexGrid* grille_;
+    Colonnes colonnes_;
+    GrilleDocuments documents_;
     bool chargee_ = false;
     bool largeurslibres_ = false; ///< nobody has touched a width
     int largeurtitre_ = 0;        ///< of the titles and of the keywords, as they were last set here

@@ -1,17 +1,15 @@
 #include "document/ui/listedeliens.h"
 
-#include "core/cle.h"
+#include "document/sourceliens.h"
 #include "document/ui/etiquette.h"
 #include "platform/base/twips.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QScopeGuard>
 #include <QToolButton>
 
 namespace velm {
@@ -19,10 +17,6 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int colonnecode = 0;
-constexpr int colonnetitre = 1;
-constexpr int colonnecle = 2;
-constexpr int largeurcode = 360;
 constexpr int diametre = 8;
 
 /// A full green disc for an open list, a ring of burgundy for a closed one.
@@ -45,6 +39,24 @@ QIcon pastille(bool pleine, const QPalette& palette, qreal densite) {
     return QIcon(image);
 }
 
+/// Wide enough for the code of a collection, in whatever type it is shown.
+Colonnes colonnes(const QWidget& grille, const std::function<QString(int)>& texte) {
+    Colonnes larges(SourceLiens::modele(), texte);
+    const int code = grille.fontMetrics().horizontalAdvance(u"WW"_s) + look::groupSpacing;
+    larges.changelargeur(SourceLiens::Code, std::max(larges.largeur(SourceLiens::Code), twipsFromPixels(code)));
+    return larges;
+}
+
+GrilleDocuments::Usage usage() {
+    return {.unclic = true,
+            .plage = false,
+            .suitletri = true,
+            .deplacables = false,
+            .centrees = true,
+            .menuchoisit = true,
+            .champetire = SourceLiens::Titre};
+}
+
 } // namespace
 
 ListeDeLiens::Sorte ListeDeLiens::liens() {
@@ -64,7 +76,8 @@ ListeDeLiens::Sorte ListeDeLiens::correlats() {
 ListeDeLiens::ListeDeLiens(const Sorte& sorte, Corpus& corpus, const std::function<QString(int)>& texte,
                            QWidget* fenetre)
     : QObject(fenetre), corpus_(corpus), charge_(sorte.charge), entete_(new QWidget(fenetre)),
-      bouton_(new QToolButton(entete_)), grille_(new FlexGrid(fenetre)) {
+      bouton_(new QToolButton(entete_)), grille_(new FlexGrid(fenetre)), colonnes_(colonnes(*grille_, texte)),
+      documents_(*grille_, colonnes_, usage()) {
     construitentete(sorte, texte);
     construitgrille(sorte, texte);
     peintetat();
@@ -99,23 +112,11 @@ void ListeDeLiens::construitentete(const Sorte& sorte, const std::function<QStri
 void ListeDeLiens::construitgrille(const Sorte& sorte, const std::function<QString(int)>& texte) {
     grille_->setObjectName(sorte.grille);
     grille_->setAccessibleName(texte(sorte.texteetiquette));
-    grille_->setCols(3);
-    grille_->setColWidth(
-        colonnecode,
-        std::max(largeurcode, twipsFromPixels(grille_->fontMetrics().horizontalAdvance(u"WW"_s) + look::groupSpacing)));
-    grille_->setColWidth(colonnecle, 0);
-    grille_->setColAlignment(colonnecode, FlexGrid::Align::Centre);
-    grille_->setColAlignment(colonnetitre, FlexGrid::Align::Centre);
-    grille_->setHeader(colonnetitre, texte(300));
-    grille_->setStretchCol(colonnetitre);
     grille_->hide();
-    connect(grille_, &FlexGrid::clicked, this, &ListeDeLiens::clic);
-    connect(grille_, &FlexGrid::activated, this, &ListeDeLiens::ouvreligne);
-    connect(grille_, &FlexGrid::rightClicked, this, [this](int ligne, int, const QPoint& ou) {
-        if (ligne > 0)
-            grille_->setRow(ligne);
-        emit menudemande(ou);
-    });
+    connect(&documents_, &GrilleDocuments::trivoulu, &documents_, &GrilleDocuments::trie);
+    connect(&documents_, &GrilleDocuments::ouvertes, this,
+            [this](const std::vector<Cle>& cles) { emit ligneouverte(cles.front()); });
+    connect(&documents_, &GrilleDocuments::menuvoulu, this, &ListeDeLiens::menudemande);
 }
 
 int ListeDeLiens::hauteurentete() const {
@@ -127,15 +128,7 @@ bool ListeDeLiens::visible() const {
 }
 
 void ListeDeLiens::charge(const Cle& cle) {
-    std::vector<QStringList> lignes;
-    for (const LigneLien& ligne : charge_(corpus_, cle))
-        lignes.push_back({ligne.code, ligne.titre, ligne.cle.texte()});
-    grille_->setRedraw(false);
-    const auto redessine = qScopeGuard([this] { grille_->setRedraw(true); });
-    grille_->setRows(1);
-    grille_->addItems(lignes);
-    for (int colonne = 0; colonne < grille_->cols(); ++colonne)
-        grille_->setSortMark(colonne, FlexGrid::Mark::None);
+    documents_.charge(std::make_unique<SourceLiens>(charge_(corpus_, cle)));
 }
 
 void ListeDeLiens::ouvre(const Cle& cle) {
@@ -145,43 +138,20 @@ void ListeDeLiens::ouvre(const Cle& cle) {
 }
 
 void ListeDeLiens::ferme() {
-    grille_->setRows(1);
+    documents_.vide();
     couleur_ = fermee;
     peintetat();
 }
 
 QStringList ListeDeLiens::cles() const {
     QStringList cles;
-    for (int ligne = 1; ligne < grille_->rows(); ++ligne)
-        cles << grille_->text(ligne, colonnecle);
+    for (const Cle& cle : documents_.cles(1, grille_->rows()))
+        cles << cle.texte();
     return cles;
 }
 
-void ListeDeLiens::clic(int ligne, int colonne) {
-    if (ligne == 0) {
-        trie(colonne);
-        return;
-    }
-    // The second half of a double click would fall on the list of the document that the first one has opened.
-    if (!depuisouverture_.isValid() || depuisouverture_.hasExpired(QApplication::doubleClickInterval()))
-        ouvreligne(ligne);
-}
-
-void ListeDeLiens::ouvreligne(int ligne) {
-    const QString cle = grille_->text(ligne, colonnecle);
-    if (ligne < 1 || cle.isEmpty())
-        return;
-    depuisouverture_.start();
-    emit ligneouverte(decoupecle(cle));
-}
-
 void ListeDeLiens::ouvrelignecourante() {
-    ouvreligne(grille_->row());
-}
-
-void ListeDeLiens::trie(int colonne) {
-    if (colonne >= 0)
-        grille_->sort(colonne, grille_->sortMark(colonne) == FlexGrid::Mark::Ascending);
+    documents_.ouvre(grille_->row());
 }
 
 void ListeDeLiens::peintetat() {

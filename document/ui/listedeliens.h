@@ -1,11 +1,12 @@
 #pragma once
 // One of the two lists below the text: what the document cites, or what cites it. A header with the button that opens
 // and closes it, and a grid; the window places both.
+#include "core/colonnes.h"
 #include "core/corpus.h"
 #include "document/affichage.h"
 #include "document/liens.h"
+#include "document/ui/grilledocuments.h"
 
-#include <QElapsedTimer>
 #include <QWidget>
 
 #include <functional>
@@ -66,9 +67,6 @@ private:
     void construitentete(const Sorte& sorte, const std::function<QString(int)>& texte);
     void construitgrille(const Sorte& sorte, const std::function<QString(int)>& texte);
     void charge(const Cle& cle);
-    void clic(int ligne, int colonne);
-    void ouvreligne(int ligne);
-    void trie(int colonne);
     void peintetat();
 
     Corpus& corpus_;
@@ -76,8 +74,9 @@ private:
     QWidget* entete_;
     QToolButton* bouton_;
     FlexGrid* grille_;
+    Colonnes colonnes_;
+    GrilleDocuments documents_;
     int couleur_ = fermee;
-    QElapsedTimer depuisouverture_;
 };
 
 } // namespace velm

@@ -87,7 +87,10 @@ void Textes::relie() {
     connect(volet_, &VoletLiens::montrees, division_, &DivisionTextes::montrelistes);
     connect(volet_, &VoletLiens::ouverte, this, ouvre);
     connect(volet_, &VoletLiens::selection, this, &Textes::selection);
-    connect(zone_, &ZoneTexte::menuschanges, this, &Textes::menuschanges);
+    connect(zone_, &ZoneTexte::menuschanges, this, [this] {
+        if (surchangement)
+            surchangement();
+    });
     connect(zone_, &ZoneTexte::cible, this, &Textes::cible);
     connect(zone_, &ZoneTexte::ranger, this, &Textes::ranger);
     connect(zone_, &ZoneTexte::bascule, this, bascule);
@@ -204,12 +207,15 @@ void Textes::recoitmots(const QString& mot1, const QString& mot2) {
     lecture().recoitmots(mot1, mot2, contexte_.mots.marquage());
 }
 
-void Textes::copie() {
-    zone_->copie();
+bool Textes::peut(Ordre ordre) const {
+    return menusactifs() && (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Chercher);
 }
 
-void Textes::toutselectionner() {
-    zone_->toutselectionner();
+void Textes::fait(Ordre ordre) {
+    if (ordre == Ordre::Copier)
+        zone_->copie();
+    else if (ordre == Ordre::ToutSelectionner)
+        zone_->toutselectionner();
 }
 
 Lecture& Textes::lecture() {

@@ -1,6 +1,7 @@
 #pragma once
 // The window of a collection's documents: its tool bar, the panel, the text, the lists of what the document cites and
 // what cites it. It puts these together and connects them; what is read is Lecture's.
+#include "core/fenetrefille.h"
 #include "document/ui/barretextes.h"
 #include "document/ui/contextetextes.h"
 
@@ -14,7 +15,7 @@ class RichTextBox;
 class VoletLiens;
 class ZoneTexte;
 
-class Textes final : public QWidget, public FenetreNavigable {
+class Textes final : public QWidget, public FenetreNavigable, public FenetreFille {
     Q_OBJECT
 
 public:
@@ -37,23 +38,23 @@ public:
     VoletLiens& volet() const { return *volet_; }
     const DivisionTextes& division() const { return *division_; }
 
-    // ---- what the frame tells
+    // ---- what the frame asks and tells
+    Nature nature() const override { return Nature::Document; }
+    QString reference() const override { return referencecourante(); }
+    bool peut(Ordre ordre) const override;
+    void fait(Ordre ordre) override;
     /// The window became the active one of the frame: folds the panel if a link asks for it, shows the document again
     /// if the options ask for it, puts the focus.
-    void activation();
+    void activation() override;
     /// Writes the settings and releases the slot, once, as its closing does: for the end of the run, where a window
     /// that goes changes the state of the next one.
-    void decharge();
+    void decharge() override;
     /// The document was opened from the selection list: the words to walk through come with it, and are marked if the
     /// settings want it; the view, not the caret, goes to the first mark.
     void recoitmots(const QString& mot1, const QString& mot2);
     /// Writes the window's settings, as its closing does.
-    void ecritreglages();
+    void ecritreglages() override;
 
-    // ---- commands that menus and the frame share
-    /// The selection, or the whole rich text when nothing is selected, on the clipboard.
-    void copie();
-    void toutselectionner();
     /// A document has been shown: the entries that need one are enabled.
     bool menusactifs() const;
 
@@ -69,7 +70,6 @@ signals:
     void selection(const QStringList& cles); ///< to become the selection list, in this order
     void premierplan();                      ///< wants to be the active window of the frame
     void cible(const QString& texte);        ///< what the link under the pointer leads to; empty for none
-    void menuschanges();                     ///< menusactifs() has changed
     void ferme();                            ///< the settings are written, the slot is released
 
 protected:

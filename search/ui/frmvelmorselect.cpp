@@ -107,6 +107,15 @@ void FrmVelmorSelect::activation() {
         garde->setFocus(Qt::MouseFocusReason);
 }
 
+void FrmVelmorSelect::ecritreglages() {
+    formulaire_.decharge();
+}
+
+void FrmVelmorSelect::decharge() {
+    formulaire_.ferme();
+    formulaire_.decharge();
+}
+
 void FrmVelmorSelect::closeEvent(QCloseEvent* evenement) {
     // It stays for the next search, with what it holds.
     evenement->ignore();

@@ -1,5 +1,6 @@
 #pragma once
 // The search form: three tabs, one for each search, over the bar of the collections that all of them look into.
+#include "core/fenetrefille.h"
 #include "search/formulaire.h"
 
 #include <QWidget>
@@ -23,15 +24,21 @@ class ChampDate;
 class CompletionMots;
 class Toolbar;
 
-class FrmVelmorSelect final : public QWidget, private VueFormulaire {
+class FrmVelmorSelect final : public QWidget, public FenetreFille, private VueFormulaire {
     Q_OBJECT
 
 public:
     explicit FrmVelmorSelect(const Formulaire::Monde& monde, QWidget* parent = nullptr);
 
     Formulaire& formulaire() { return formulaire_; }
-    /// It has become the active window of the frame.
-    void activation();
+
+    // ---- FenetreFille
+    Nature nature() const override { return Nature::Recherche; }
+    bool peut(Ordre) const override { return false; }
+    void fait(Ordre) override {}
+    void activation() override;
+    void ecritreglages() override;
+    void decharge() override;
 
 signals:
     /// Wants to be hidden.

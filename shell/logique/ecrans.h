@@ -1,6 +1,7 @@
 #pragma once
 // What a run asks of those who can be seen, each by what it answers for.
 #include "core/cle.h"
+#include "core/fenetrefille.h"
 
 #include <QString>
 
@@ -21,8 +22,8 @@ struct PositionFenetre {
 };
 
 /// An open child window as the exit sequence records it.
-struct FenetreFille {
-    QString nom;       ///< form name: "Textes", "frmchrono"…
+struct FilleOuverte {
+    Nature nature = Nature::Document;
     QString reference; ///< key of the document that it shows, else empty
 };
 
@@ -30,7 +31,7 @@ struct FenetreFille {
 struct EtatFenetres {
     std::array<bool, 12> cochees{};    ///< the slot's entry in the window menu is checked
     std::array<QString, 12> libelles;  ///< captions of the slots' entries in the window list
-    std::vector<FenetreFille> filles;  ///< open children in order
+    std::vector<FilleOuverte> filles;  ///< open children in order
     std::optional<QString> titreactif; ///< caption of the active child, if one can be had
     PositionFenetre principale;
     double largeurpane = 4305;

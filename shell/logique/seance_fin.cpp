@@ -6,23 +6,15 @@ namespace velm {
 
 namespace {
 
-/// The windows that hold lists and not documents; they are not recorded.
-bool estfenetrederecherche(const QString& nom) {
-    static const QStringList noms{QStringLiteral("frmVelmorSelect"), QStringLiteral("fIndex"),
-                                  QStringLiteral("frmchrono"), QStringLiteral("frmrechnum"),
-                                  QStringLiteral("frmrechmotcle")};
-    return noms.contains(nom);
-}
-
-/// Key of the first document window of a slot's collection, or eight blanks.
+/// Key of the first document window of a slot's collection, or eight blanks. Windows that show lists are not recorded.
 QString cledelafenetre(const EtatFenetres& etat, int indice) {
     // The twelfth slot reads past the end of the eleven codes and matches nothing.
     const QString code = codestypes.mid(2 * static_cast<qsizetype>(indice), 2).toString();
     QString rien(8, u' ');
     if (code.isEmpty())
         return rien;
-    for (const FenetreFille& fille : etat.filles) {
-        if (!estfenetrederecherche(fille.nom) && fille.reference.startsWith(code))
+    for (const FilleOuverte& fille : etat.filles) {
+        if (fille.nature == Nature::Document && fille.reference.startsWith(code))
             return fille.reference.leftJustified(8, u' ', true);
     }
     return rien;

@@ -1,7 +1,9 @@
+#include "document/listecollection.h"
 #include "document/reglagestextes.h"
 
 #include <QTemporaryDir>
 
+#include <array>
 #include <gtest/gtest.h>
 
 using namespace velm;
@@ -18,6 +20,36 @@ protected:
     ReglagesStore magasin{dossier.filePath(u"reglages.ini"_s)};
     Reglages reglages{magasin};
 };
+
+// ---- the columns of the list block, as they are stored
+
+QString ordredescolonnes(QStringView enregistre) {
+    Colonnes colonnes(ListeCollection::modele());
+    colonnes.prend(enregistre, {});
+    return colonnes.ordre();
+}
+
+QString ordreaenregistrer(const std::array<int, 4>& champs) {
+    if (champs == std::array{-1, -1, -1, -1})
+        return ListeCollection::ordrejamaisrempli.toString();
+    Colonnes colonnes(ListeCollection::modele());
+    for (int place = 0; place < 4; ++place)
+        colonnes.deplace(colonnes.place(champs.at(static_cast<std::size_t>(place))), place);
+    return colonnes.ordre();
+}
+
+std::array<int, 4> largeursdescolonnes(QStringView enregistre) {
+    Colonnes colonnes(ListeCollection::modele());
+    colonnes.prend({}, enregistre);
+    return {colonnes.largeur(0), colonnes.largeur(1), colonnes.largeur(2), colonnes.largeur(3)};
+}
+
+QString largeursaenregistrer(const std::array<int, 4>& largeurs) {
+    Colonnes colonnes(ListeCollection::modele());
+    for (int place = 0; place < 4; ++place)
+        colonnes.changelargeur(place, largeurs.at(static_cast<std::size_t>(place)));
+    return colonnes.largeurs();
+}
 
 } // namespace
 

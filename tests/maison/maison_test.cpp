@@ -39,7 +39,7 @@ const QMap<QString, QStringList>& plan() {
         {u"platform/widgets/tree"_s,
          words + QStringList{u"platform/controls"_s, u"platform/widgets/look"_s, u"platform/widgets/grid"_s}},
         {u"platform/widgets/text"_s, words + QStringList{u"platform/richtext"_s, u"platform/widgets/look"_s}},
-        {u"core"_s, core},
+        {u"core"_s, core + QStringList{u"platform/controls"_s}},
         {u"document"_s, document},
         {u"search"_s, document},
         {u"collection"_s, document},

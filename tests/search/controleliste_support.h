@@ -37,7 +37,7 @@ public:
     int caches = 0;
     std::pair<int, int> choisies;
     std::array<ListeSelection::Marque, ListeSelection::colonnesvisibles> marques{};
-    std::array<int, ListeSelection::colonnes> largeurs{3000, 2000, 2000, 2000, 500, 1000, 0};
+    std::array<int, ListeSelection::nombredecolonnes> largeurs{3000, 2000, 2000, 2000, 500, 1000, 0};
 };
 
 class PanneauEssai final : public VueListe {

@@ -87,14 +87,14 @@ TEST_F(ControleListeTest, OrderAndWidthsOfTheColumnsAreWrittenWhenTheyHaveChange
     controle->ecritcolonnes();
     EXPECT_EQ(reglages->getsetting(section, cleordre), QString());
     EXPECT_EQ(reglages->getsetting(section, clelargeurs), QString());
-    controle->liste().deplacecolonne(0, 2);
+    controle->liste().colonnes().deplace(0, 2);
     grille.largeurs[2] = 4500;
     controle->ecritcolonnes();
     EXPECT_EQ(reglages->getsetting(section, cleordre), u"120354");
     demarre();
-    EXPECT_EQ(controle->liste().ordre(), u"120354");
-    EXPECT_EQ(controle->liste().largeur(2), 4500);
-    controle->liste().deplacecolonne(2, 0);
+    EXPECT_EQ(controle->liste().colonnes().ordre(), u"120354");
+    EXPECT_EQ(controle->liste().colonnes().largeur(2), 4500);
+    controle->liste().colonnes().deplace(2, 0);
     controle->ecritcolonnes();
     EXPECT_EQ(reglages->getsetting(section, cleordre), u"012354") << "the order of the masks replaces another";
 }
@@ -103,8 +103,8 @@ TEST_F(ControleListeTest, ADamagedOrderOfTheColumnsIsPassedOver) {
     reglages->savesetting(section, cleordre, u"999999"_s);
     reglages->savesetting(section, clelargeurs, u"1e9999-00001abc"_s);
     demarre();
-    EXPECT_EQ(controle->liste().ordre(), u"012354");
-    EXPECT_EQ(controle->liste().largeur(0), 3000);
+    EXPECT_EQ(controle->liste().colonnes().ordre(), u"012354");
+    EXPECT_EQ(controle->liste().colonnes().largeur(0), 3000);
 }
 
 TEST_F(ControleListeTest, AColumnIsSortedUpFirstAndThenTheOtherWayRound) {
@@ -235,7 +235,7 @@ TEST_F(ControleListeTest, PrintingTheListAsksFirst) {
     EXPECT_EQ(tableau.lignes, u"1-5") << "all rows, whatever was selected";
     EXPECT_EQ(tableau.largeurs, (QList<int>{3000, 2000, 2000, 2000, 500, 1000, 0}));
     ASSERT_EQ(tableau.entetes.size(), 7);
-    EXPECT_EQ(tableau.entetes.first(), controle->liste().entete(0));
+    EXPECT_EQ(tableau.entetes.first(), controle->liste().colonnes().titre(0));
     EXPECT_EQ(dialogues.texts(), QStringList(2, u"t2432 ?"_s));
     EXPECT_EQ(dialogues.messages.front().icone, Icone::Question);
     EXPECT_EQ(dialogues.messages.front().boutons, Bouton::Oui | Bouton::Non);

@@ -1,5 +1,5 @@
+#include "core/listes.h"
 #include "search/listeselection.h"
-#include "search/masques.h"
 
 #include <gtest/gtest.h>
 
@@ -34,7 +34,7 @@ protected:
     }
     QStringList ligne(int rang) const {
         QStringList cellules;
-        for (int colonne = 0; colonne < ListeSelection::colonnes; ++colonne)
+        for (int colonne = 0; colonne < ListeSelection::nombredecolonnes; ++colonne)
             cellules << liste.texte(rang, colonne);
         return cellules;
     }
@@ -53,46 +53,35 @@ TEST_F(ListeSelectionTest, TheListStartsWithItsHeaderOnlyAndHidden) {
 TEST_F(ListeSelectionTest, WidthsOrderAndHeadersComeFromTheMasks) {
     const std::vector<int> largeurs{3000, 2000, 2000, 2000, 500, 1000, 0};
     const std::vector<int> champs{0, 1, 2, 3, 5, 4, 6};
-    for (int i = 0; i < ListeSelection::colonnes; ++i) {
-        EXPECT_EQ(liste.largeur(i), largeurs[static_cast<std::size_t>(i)]);
-        EXPECT_EQ(liste.coldata(i), champs[static_cast<std::size_t>(i)]);
+    for (int i = 0; i < ListeSelection::nombredecolonnes; ++i) {
+        EXPECT_EQ(liste.colonnes().largeur(i), largeurs[static_cast<std::size_t>(i)]);
+        EXPECT_EQ(liste.colonnes().champ(i), champs[static_cast<std::size_t>(i)]);
     }
     EXPECT_EQ(ligne(0),
               QStringList({u"t300"_s, u"t301"_s, u"t302"_s, u"t303"_s, QString(u""_s), u"t304"_s, QString(u""_s)}));
-    EXPECT_EQ(liste.coldata(-1), -1);
-    EXPECT_EQ(liste.coldata(7), -1);
-}
-
-TEST_F(ListeSelectionTest, MasksAreReadByGroups) {
-    EXPECT_EQ(largeurdumasque(u"000500001000", 1), 1000);
-    EXPECT_EQ(largeurdumasque(u"00050", 0), 50);
-    EXPECT_EQ(largeurdumasque(u"000500", 1), 0);
-    EXPECT_EQ(largeurdumasque(u"000500", -1), 0);
-    EXPECT_EQ(champdumasque(u"540", 1), 4);
-    EXPECT_EQ(champdumasque(u"5x", 1), -1);
-    EXPECT_EQ(champdumasque(u"5", 1), -1);
-    EXPECT_EQ(titreduchamp(u'4'), 304);
+    EXPECT_EQ(liste.colonnes().champ(-1), -1);
+    EXPECT_EQ(liste.colonnes().champ(7), -1);
 }
 
 TEST_F(ListeSelectionTest, ARowIsFilledByMeaningAfterColumnsWereMoved) {
     ajoute(u"CO000001"_s, u"Avant"_s);
-    liste.deplacecolonne(0, 5);
+    liste.colonnes().deplace(0, 5);
     ajoute(u"EU000002"_s, u"Après"_s);
     EXPECT_EQ(ligne(0),
               QStringList({u"t301"_s, u"t302"_s, u"t303"_s, QString(u""_s), u"t304"_s, u"t300"_s, QString(u""_s)}));
     EXPECT_EQ(ligne(1), QStringList({u"m"_s, u"m2"_s, u"m3"_s, u"CO"_s, u"000001"_s, u"Avant"_s, u"CO000001"_s}));
     EXPECT_EQ(ligne(2), QStringList({u"m"_s, u"m2"_s, u"m3"_s, u"EU"_s, u"000002"_s, u"Après"_s, u"EU000002"_s}));
-    EXPECT_EQ(liste.coldata(5), ListeSelection::Titre);
-    EXPECT_EQ(liste.largeur(5), 3000);
-    liste.deplacecolonne(5, 0);
-    EXPECT_EQ(liste.coldata(0), ListeSelection::Titre);
-    EXPECT_EQ(liste.coldata(5), ListeSelection::Numart);
+    EXPECT_EQ(liste.colonnes().champ(5), ListeSelection::Titre);
+    EXPECT_EQ(liste.colonnes().largeur(5), 3000);
+    liste.colonnes().deplace(5, 0);
+    EXPECT_EQ(liste.colonnes().champ(0), ListeSelection::Titre);
+    EXPECT_EQ(liste.colonnes().champ(5), ListeSelection::Numart);
     // The key and places that are none stay where they are.
-    liste.deplacecolonne(6, 0);
-    liste.deplacecolonne(0, 6);
-    liste.deplacecolonne(-1, 0);
-    EXPECT_EQ(liste.coldata(6), ListeSelection::Clef);
-    EXPECT_EQ(liste.coldata(0), ListeSelection::Titre);
+    liste.colonnes().deplace(6, 0);
+    liste.colonnes().deplace(0, 6);
+    liste.colonnes().deplace(-1, 0);
+    EXPECT_EQ(liste.colonnes().champ(6), ListeSelection::Clef);
+    EXPECT_EQ(liste.colonnes().champ(0), ListeSelection::Titre);
 }
 
 TEST_F(ListeSelectionTest, AFullListTakesNoRow) {
@@ -132,10 +121,10 @@ TEST_F(ListeSelectionTest, OnlyOneHeaderBearsAMarkAndItMovesWithItsColumn) {
     ajoute(u"CO000001"_s, u"Un"_s);
     liste.trie(1, false);
     liste.trie(4, false);
-    for (int i = 0; i < ListeSelection::colonnes; ++i)
+    for (int i = 0; i < ListeSelection::nombredecolonnes; ++i)
         EXPECT_EQ(liste.marque(i) != ListeSelection::Marque::Aucune, i == 4) << i;
     EXPECT_EQ(liste.entetecellule(4), u">");
-    liste.deplacecolonne(4, 0);
+    liste.colonnes().deplace(4, 0);
     EXPECT_EQ(liste.entetecellule(0), u">");
     liste.effacemarquestri();
     EXPECT_TRUE(liste.entetecellule(0).isEmpty());
@@ -209,12 +198,6 @@ TEST_F(ListeSelectionTest, RemovingAllRowsLeavesTheHeader) {
     EXPECT_EQ(liste.rows(), 1);
 }
 
-TEST_F(ListeSelectionTest, TheCountIsSingularUpToOne) {
-    EXPECT_EQ(textecompte(0, texte), u" 0 document");
-    EXPECT_EQ(textecompte(1, texte), u" 1 document");
-    EXPECT_EQ(textecompte(2, texte), u" 2 documents");
-}
-
 TEST_F(ListeSelectionTest, TheEndOfASearchEnablesTheButtonsWhenRowsExist) {
     ajoute(u"CO000001"_s, u"a"_s);
     EXPECT_EQ(liste.publie(), (PublicationFin{true, true, true}));
@@ -231,12 +214,15 @@ TEST_F(ListeSelectionTest, AGridSeesTheColumnsAtTheirFirstPlaces) {
     ajoute(u"CO000001"_s, u"b"_s);
     ajoute(u"EU000002"_s, u"a"_s);
     const auto source = liste.source();
-    liste.deplacecolonne(0, 5);
+    liste.colonnes().deplace(0, 5);
     EXPECT_EQ(source->rowCount(), 2);
     EXPECT_EQ(source->text(0, 0), u"b");
     EXPECT_EQ(source->text(0, 4), u"CO");
     EXPECT_EQ(source->text(0, 5), u"000001");
     EXPECT_EQ(source->text(1, 6), u"EU000002");
+    EXPECT_EQ(source->cle(1), (Cle{u"EU"_s, u"000002"_s}));
+    EXPECT_TRUE(source->cle(2).vide());
+    EXPECT_TRUE(source->text(0, -1).isEmpty());
     EXPECT_TRUE(source->text(2, 0).isEmpty());
     EXPECT_TRUE(source->text(0, 7).isEmpty());
     EXPECT_TRUE(source->sort(0, false));
@@ -246,22 +232,22 @@ TEST_F(ListeSelectionTest, AGridSeesTheColumnsAtTheirFirstPlaces) {
 }
 
 TEST_F(ListeSelectionTest, OrderAndWidthsAreTakenBackAsTheyWereStored) {
-    liste.deplacecolonne(0, 3);
-    liste.changelargeur(0, 1234);
-    EXPECT_EQ(liste.ordre(), u"123054"_s);
-    EXPECT_EQ(liste.largeurs(), u"001234002000002000003000000500001000"_s);
+    liste.colonnes().deplace(0, 3);
+    liste.colonnes().changelargeur(0, 1234);
+    EXPECT_EQ(liste.colonnes().ordre(), u"123054"_s);
+    EXPECT_EQ(liste.colonnes().largeurs(), u"001234002000002000003000000500001000"_s);
     ListeSelection autre(texte);
-    autre.prendcolonnes(liste.ordre(), liste.largeurs());
-    EXPECT_EQ(autre.ordre(), liste.ordre());
-    EXPECT_EQ(autre.largeurs(), liste.largeurs());
-    EXPECT_EQ(autre.entete(3), liste.entete(3));
+    autre.colonnes().prend(liste.colonnes().ordre(), liste.colonnes().largeurs());
+    EXPECT_EQ(autre.colonnes().ordre(), liste.colonnes().ordre());
+    EXPECT_EQ(autre.colonnes().largeurs(), liste.colonnes().largeurs());
+    EXPECT_EQ(autre.colonnes().titre(3), liste.colonnes().titre(3));
 }
 
 TEST_F(ListeSelectionTest, DamagedOrdersAndWidthsChangeNothing) {
-    const QString ordre = liste.ordre();
-    const QString largeurs = liste.largeurs();
+    const QString ordre = liste.colonnes().ordre();
+    const QString largeurs = liste.colonnes().largeurs();
     for (const QString& mauvais : {QString(), u"0"_s, u"012344"_s, u"0123546"_s, u"01235x"_s, u"012356"_s})
-        liste.prendcolonnes(mauvais, u"000000-00001e99999999999abc"_s);
-    EXPECT_EQ(liste.ordre(), ordre);
-    EXPECT_EQ(liste.largeurs(), largeurs);
+        liste.colonnes().prend(mauvais, u"000000-00001e99999999999abc"_s);
+    EXPECT_EQ(liste.colonnes().ordre(), ordre);
+    EXPECT_EQ(liste.colonnes().largeurs(), largeurs);
 }

@@ -41,7 +41,7 @@ TEST_F(SelectionTest, AColumnThatTheUserDragsTakesItsMeaningWithItAndKeepsItsPla
     volet().changelargeurliste(14000);
     QHeaderView* entete = flex().view()->horizontalHeader();
     entete->moveSection(0, 2);
-    EXPECT_EQ(liste().liste().coldata(2), 0);
+    EXPECT_EQ(liste().liste().colonnes().champ(2), 0);
     EXPECT_EQ(flex().colData(2), 0);
     flex().setColWidth(2, 4500);
     liste().remplit({u"CO000003"_s});
@@ -50,7 +50,7 @@ TEST_F(SelectionTest, AColumnThatTheUserDragsTakesItsMeaningWithItAndKeepsItsPla
     doublecliqueentete(2);
     EXPECT_EQ(flex().sortMark(2), FlexGrid::Mark::Ascending);
     redemarre();
-    EXPECT_EQ(liste().liste().ordre(), u"120354");
+    EXPECT_EQ(liste().liste().colonnes().ordre(), u"120354");
     EXPECT_EQ(flex().colData(2), 0);
     EXPECT_EQ(flex().colWidth(2), 4500);
     liste().remplit({u"CO000003"_s});
@@ -62,7 +62,7 @@ TEST_F(SelectionTest, ADamagedOrderOfTheColumnsIsPassedOver) {
     regle(u"RECHERCHE", u"ORDRECOLONNE", u"999999"_s);
     regle(u"RECHERCHE", u"LARGEURCOLONNE", u"1e9999-00001abc"_s);
     ouvre();
-    EXPECT_EQ(liste().liste().ordre(), u"012354");
+    EXPECT_EQ(liste().liste().colonnes().ordre(), u"012354");
     EXPECT_EQ(flex().colWidth(0), 3000);
     EXPECT_EQ(flex().text(1, 0), u"Béta");
 }

@@ -125,7 +125,7 @@ TEST_F(BarreTextes, StoringHandsOverKeyTitleAndSelection) {
 TEST_F(BarreTextes, OpeningTheDossiersHandsOverNothing) {
     banc->voisinage.dossiers = true;
     Textes& fenetre = ouvre("CO000002");
-    fenetre.toutselectionner();
+    fenetre.fait(Ordre::ToutSelectionner);
     int fois = 0;
     QObject::connect(&fenetre, &Textes::ranger, &fenetre,
                      [&](const QString& cle, const QString& titre, qsizetype debut, qsizetype longueur) {

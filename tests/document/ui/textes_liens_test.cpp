@@ -254,14 +254,14 @@ TEST_F(LiensTextes, CopyingWithoutASelectionTakesTheWholeRichTextAndLeavesWhatIs
     Textes& fenetre = ouvre("CO000001");
     fenetre.vue().setSelStart(7);
     const QByteArray rtf = fenetre.vue().control().textRtf();
-    fenetre.copie();
+    fenetre.fait(Ordre::Copier);
     EXPECT_EQ(banc->pressepapiers.contenu.rtf, rtf);
     EXPECT_EQ(fenetre.vue().control().textRtf(), rtf);
     EXPECT_EQ(fenetre.vue().selStart(), 7);
     EXPECT_EQ(fenetre.vue().selLength(), 0);
     fenetre.vue().setSelStart(0);
     fenetre.vue().setSelLength(4);
-    fenetre.copie();
+    fenetre.fait(Ordre::Copier);
     EXPECT_EQ(banc->pressepapiers.contenu.texte, u"Voir");
     EXPECT_EQ(fenetre.vue().selLength(), 4);
 }
@@ -269,7 +269,7 @@ TEST_F(LiensTextes, CopyingWithoutASelectionTakesTheWholeRichTextAndLeavesWhatIs
 TEST_F(LiensTextes, CopyingAnEmptyWindowLeavesTheClipboard) {
     banc->navigation.ouvrefenetre(0);
     banc->pressepapiers.contenu.texte = u"avant"_s;
-    banc->fenetre(0)->copie();
+    banc->fenetre(0)->fait(Ordre::Copier);
     EXPECT_EQ(banc->pressepapiers.texte(), u"avant");
 }
 

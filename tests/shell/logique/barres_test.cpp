@@ -1,5 +1,4 @@
 #include "shell/logique/barres.h"
-#include "shell/logique/formes.h"
 
 #include <QTemporaryDir>
 
@@ -125,12 +124,4 @@ TEST(FondEcranTest, MinusOneTakesThePictureAwayAndLeavesTheColour) {
 TEST(FondEcranTest, OtherNumbersDoNothing) {
     for (const int numero : {-2, 6, 100})
         EXPECT_FALSE(fondecran(numero, 0));
-}
-
-TEST(FormesTest, SixNamesAreListWindowsAndTheIndexIsNone) {
-    for (const QStringView nom :
-         {u"frmVelmorSelect", u"frmchrono", u"frmrechnum", u"frmRechDate", u"frmTaille", u"frmrechmotcle"})
-        EXPECT_TRUE(estformerecherche(nom)) << nom.toString().toStdString();
-    for (const QStringView nom : {u"fIndex", u"Textes", u"", u"frmchrono2", u"FRMCHRONO"})
-        EXPECT_FALSE(estformerecherche(nom)) << nom.toString().toStdString();
 }

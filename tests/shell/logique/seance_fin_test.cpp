@@ -66,10 +66,10 @@ TEST_F(SeanceFin, SlotFlagsAndKeysAreWrittenInSlotOrder) {
     ecrans.etat.cochees[0] = true;
     ecrans.etat.cochees[2] = true;
     ecrans.etat.cochees[11] = true;
-    ecrans.etat.filles = {{QStringLiteral("Textes"), QStringLiteral("JP000007")},
-                          {QStringLiteral("Textes"), QStringLiteral("CO000005")},
-                          {QStringLiteral("Textes"), QStringLiteral("CO000006")},
-                          {QStringLiteral("Textes"), QString()}};
+    ecrans.etat.filles = {{Nature::Document, QStringLiteral("JP000007")},
+                          {Nature::Document, QStringLiteral("CO000005")},
+                          {Nature::Document, QStringLiteral("CO000006")},
+                          {Nature::Document, QString()}};
     EXPECT_TRUE(quitte({Bouton::Oui}));
     EXPECT_EQ(lu("POSITIONFORME", "MDICHILD"), u"-1X X        X");
     EXPECT_EQ(lu("POSITIONFORME", "MDICHILDCONTENU"),
@@ -77,8 +77,8 @@ TEST_F(SeanceFin, SlotFlagsAndKeysAreWrittenInSlotOrder) {
 }
 
 TEST_F(SeanceFin, SearchWindowsAreNotRecorded) {
-    for (const char* nom : {"frmVelmorSelect", "fIndex", "frmchrono", "frmrechnum", "frmrechmotcle"})
-        ecrans.etat.filles.push_back({QString::fromUtf8(nom), QStringLiteral("CO000001")});
+    for (const Nature nature : {Nature::Recherche, Nature::Liste, Nature::Dossiers})
+        ecrans.etat.filles.push_back({nature, QStringLiteral("CO000001")});
     EXPECT_TRUE(quitte({Bouton::Oui}));
     EXPECT_EQ(lu("POSITIONFORME", "MDICHILDCONTENU"), QString(96, u' '));
 }
@@ -106,7 +106,7 @@ TEST_F(SeanceFin, TheFramesPositionIsWrittenInAnyState) {
 TEST_F(SeanceFin, WhatTheExitWroteIsReadByTheNextStart) {
     stocke("GENERALITES", "RESTAUREFEN", QStringLiteral("1"));
     ecrans.etat.cochees[2] = true;
-    ecrans.etat.filles = {{QStringLiteral("Textes"), QStringLiteral("JP000007")}};
+    ecrans.etat.filles = {{Nature::Document, QStringLiteral("JP000007")}};
     EXPECT_TRUE(quitte({Bouton::Oui}));
     seance_.reset();
     ecrans.surcharge = [this] { seance().restaurefenetres(); };
@@ -185,7 +185,7 @@ TEST_F(SeanceFin, TheSessionsEndWritesWhatTheEndWritesAndClosesNothing) {
     ecrans.impression = true;
     ecrans.etat.largeurpane = 3000;
     ecrans.etat.cochees[1] = true;
-    ecrans.etat.filles.push_back({QStringLiteral("Textes"), QStringLiteral("EU000007")});
+    ecrans.etat.filles.push_back({Nature::Document, QStringLiteral("EU000007")});
     ASSERT_EQ(seance().demarre(), Demarrage::EnMarche);
     ecrans.journal.clear();
     seance().enregistre();

@@ -1,0 +1,15 @@
+#pragma once
+// The rows of a list of documents. Its columns are those of the list's model, in their usual order, wherever they
+// stand.
+#include "core/cle.h"
+#include "platform/controls/gridsource.h"
+
+namespace velm {
+
+class SourceDocuments : public GridSource {
+public:
+    /// The document of a row from 0; an empty key outside, and where a row stands for none.
+    virtual Cle cle(int row) const = 0;
+};
+
+} // namespace velm

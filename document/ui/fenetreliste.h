@@ -1,0 +1,92 @@
+#pragma once
+// A window that is a list of documents: a bar, the grid, and a line that says how many there are. What makes one list
+// another is its description and the source that fills it; what its bar has of its own is added to barre().
+#include "core/colonnes.h"
+#include "core/reglages.h"
+#include "document/ui/grilledocuments.h"
+#include "platform/system/dialogues.h"
+#include "platform/system/sablier.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class QMenu;
+
+namespace velm {
+
+class StatusBar;
+class Toolbar;
+
+/// What the windows of lists need of their surroundings; all of it outlives them.
+struct ContexteListe {
+    Reglages& reglages;
+    Dialogues& dialogues;
+    Imprimante& imprimante;
+    PressePapiers& pressepapiers;
+    Sablier& sablier;
+    std::function<QString(int numero)> texte;  ///< of the language file
+    std::function<void(const Cle& cle)> ouvre; ///< opens a document
+};
+
+/// What tells one list from another.
+struct DescriptionListe {
+    QString nom;   ///< objectName of the window
+    QString titre; ///< its caption
+    ModeleColonnes colonnes;
+    ClesColonnes cles; ///< where the columns are kept from one run to the next
+};
+
+class FenetreListe : public QWidget {
+    Q_OBJECT
+
+public:
+    FenetreListe(const DescriptionListe& description, const ContexteListe& contexte, QWidget* parent = nullptr);
+
+    Toolbar& barre() const { return *barre_; }
+    FlexGrid& flex() const { return *flex_; }
+    StatusBar& etat() const { return *etat_; }
+
+    /// Shows the documents that `source` gives; it is called under the wait cursor. The next time the list stays sorted
+    /// as it is, and what is selected and in sight stays so. Null for a list of nothing: the grid hides. Where the
+    /// memory does not suffice for the source this is said, and the list stays as it was.
+    void remplit(const std::function<std::unique_ptr<SourceDocuments>()>& source);
+
+    /// Opens the selected documents one after the other; more than fifty after a question.
+    void ouvre();
+    /// All rows on the clipboard: tabs between cells, CR between rows. They are selected then.
+    void copie();
+    /// Prints all rows, after a question.
+    void imprime();
+    void toutselectionner();
+    /// Keeps the columns, as the closing of the window does.
+    void ecritreglages();
+
+signals:
+    void fermee(); ///< the settings are written
+
+protected:
+    void closeEvent(QCloseEvent* evenement) override;
+    void focusInEvent(QFocusEvent* evenement) override;
+
+private:
+    void construitbarre();
+    void construitmenu();
+    void connecte();
+    void regroupe(bool enfonce);
+    void ouvretous(const std::vector<Cle>& cles);
+    void travaille(const std::function<void()>& travail);
+    void ditcompte();
+
+    ContexteListe contexte_;
+    ClesColonnes cles_;
+    Colonnes colonnes_;
+    Toolbar* barre_;
+    FlexGrid* flex_;
+    StatusBar* etat_;
+    QMenu* menu_;
+    GrilleDocuments documents_;
+};
+
+} // namespace velm

@@ -1,0 +1,75 @@
+#include "core/listes.h"
+#include "tests/support/dialogues_script.h"
+#include "tests/support/outside_script.h"
+
+#include <gtest/gtest.h>
+
+using namespace velm;
+using namespace velm::test;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QString texte(int numero) {
+    switch (numero) {
+    case 2171:
+        return u"document"_s;
+    case 2172:
+        return u"documents"_s;
+    case 9495:
+        return u"Ouvrir %1"_s;
+    default:
+        return u"t%1"_s.arg(numero);
+    }
+}
+
+class ListesTest : public testing::Test {
+protected:
+    DialoguesScript dialogues;
+    ImprimanteScript imprimante;
+    SablierMuet sablier;
+};
+
+} // namespace
+
+TEST_F(ListesTest, TheCountIsSingularUpToOne) {
+    EXPECT_EQ(textecompte(0, texte), u" 0 document");
+    EXPECT_EQ(textecompte(1, texte), u" 1 document");
+    EXPECT_EQ(textecompte(2, texte), u" 2 documents");
+}
+
+TEST_F(ListesTest, MoreThanFiftyDocumentsAreOpenedAfterAQuestionOnly) {
+    EXPECT_TRUE(veutouvrir(50, dialogues, texte));
+    dialogues.answers = {Bouton::Non, Bouton::Oui};
+    EXPECT_FALSE(veutouvrir(51, dialogues, texte));
+    EXPECT_TRUE(veutouvrir(1'000, dialogues, texte));
+    EXPECT_EQ(dialogues.texts(), (QStringList{u"Ouvrir 51"_s, u"Ouvrir 1000"_s}));
+    EXPECT_EQ(dialogues.messages.front().titre, u"t8");
+    EXPECT_EQ(dialogues.messages.front().icone, Icone::Question);
+    EXPECT_EQ(dialogues.messages.front().boutons, Bouton::Oui | Bouton::Non);
+    EXPECT_EQ(dialogues.messages.front().defaut, Bouton::Non);
+}
+
+TEST_F(ListesTest, PrintingIsAskedForUnderTheTitleThatThePaperBears) {
+    dialogues.answers = {Bouton::Non, Bouton::Oui};
+    EXPECT_FALSE(veutimprimer(dialogues, texte));
+    EXPECT_TRUE(veutimprimer(dialogues, texte));
+    EXPECT_EQ(dialogues.messages.front().texte, u"t2432 ?");
+    EXPECT_EQ(dialogues.messages.front().titre, titreimprime(texte));
+    EXPECT_EQ(dialogues.messages.front().boutons, Bouton::Oui | Bouton::Non);
+}
+
+TEST_F(ListesTest, APrinterThatDoesNotPrintIsReported) {
+    const TableauImprime papier{u"titre"_s, {u"a"_s}, {100}, u"x"_s};
+    imprimeliste(papier, imprimante, sablier, dialogues, texte);
+    ASSERT_EQ(imprimante.tableaux.size(), 1U);
+    EXPECT_EQ(imprimante.tableaux.front().lignes, u"x");
+    EXPECT_TRUE(dialogues.messages.empty());
+    imprimante.works = false;
+    dialogues.answers = {Bouton::Ok};
+    imprimeliste(papier, imprimante, sablier, dialogues, texte);
+    EXPECT_EQ(dialogues.texts(), QStringList{u"t9496"_s});
+    EXPECT_EQ(dialogues.messages.front().titre, u"t33");
+    EXPECT_EQ(dialogues.messages.front().icone, Icone::Exclamation);
+    EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
+}
