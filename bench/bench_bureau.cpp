@@ -2,6 +2,7 @@
 //   bench_bureau BASE [--documents N]     without --documents the benchmarks run, with it N documents are opened and
 //   closed
 #include "core/cle.h"
+#include "document/ui/panneautextes.h"
 #include "document/ui/textes.h"
 #include "platform/engine/recordset.h"
 #include "platform/system/settings.h"
@@ -81,7 +82,7 @@ public:
     }
     void ferme() {
         // The next window begins with a block that costs nothing.
-        for (const Textes* fenetre : bureau().fenetres())
+        for (Textes* fenetre : bureau().fenetres())
             emit fenetre->barrechild().buttonClicked(QStringLiteral("recherchedico"));
         bureau().fermefenetres();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -149,7 +150,7 @@ void developpement(benchmark::State& etat) {
     for ([[maybe_unused]] const auto& tour : etat) {
         Textes& fenetre = bureau->fenetre();
         presse(fenetre, QStringLiteral("arbre"));
-        TreeView& arbre = fenetre.arbre();
+        TreeView& arbre = fenetre.panneau().arbre();
         for (int noeud = 1; noeud <= arbre.nodes().count(); ++noeud) {
             if (arbre.nodes().children(noeud) == 0)
                 continue;
@@ -172,7 +173,7 @@ void liste(benchmark::State& etat) {
         Textes& fenetre = bureau->fenetre();
         etat.ResumeTiming();
         presse(fenetre, QStringLiteral("tableau"));
-        lignes = fenetre.flex().rows() - 1;
+        lignes = fenetre.panneau().flex().rows() - 1;
     }
     etat.counters["rows"] = lignes;
 }

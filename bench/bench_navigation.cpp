@@ -160,9 +160,11 @@ BENCHMARK(correlatsdudocument)->Unit(benchmark::kMillisecond);
 
 // ---- commands
 
-class Fenetre final : public FenetreNavigable {
+class Fenetre final : public FenetreNavigable, public LectureNavigable, public BarreNavigable {
 public:
     explicit Fenetre(const QHash<QString, QString>& titres) : titres_(titres) {}
+    LectureNavigable& lecture() override { return *this; }
+    BarreNavigable& barrechild() override { return *this; }
     Parcours& parcours() override { return parcours_; }
     void prendfocus() override {}
     void affiche(const Cle& cle, const QString&) override { titre_ = titres_.value(cle.texte(), titre_); }

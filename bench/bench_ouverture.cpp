@@ -8,6 +8,7 @@
 #include "platform/system/settings.h"
 #include "platform/system/ui/qtoutside.h"
 #include "platform/widgets/text/richtextbox.h"
+#include "tests/support/voisinage_script.h"
 
 #include <QApplication>
 #include <QImage>
@@ -70,24 +71,25 @@ struct Lecteur {
         reglages.choisitmaitre(QStringLiteral(VELM_SOURCE_DIR "/master.ini"));
         langue.choisitfichier(QStringLiteral(VELM_SOURCE_DIR), QStringLiteral(VELM_SOURCE_DIR), QStringLiteral("FR"));
         styles = litstyles(reglages, langue, littextesconstants(langue));
-        const ContexteTextes contexte{.corpus = corpus,
+        const ContexteTextes contexte{.lecture = {.corpus = corpus,
+                                                  .navigation = navigation,
+                                                  .styles = styles,
+                                                  .sablier = sablier,
+                                                  .navigateur = navigateur,
+                                                  .texte = [this](int numero) { return langue.lireressource(numero); },
+                                                  .libelle = [](int) { return QStringLiteral("Code"); }},
                                       .reglages = reglages,
-                                      .navigation = navigation,
-                                      .styles = styles,
                                       .parametres = parametres,
-                                      .sablier = sablier,
-                                      .navigateur = navigateur,
                                       .pressepapiers = pressepapiers,
-                                      .rafraichir = rafraichir,
-                                      .texte = [this](int numero) { return langue.lireressource(numero); },
-                                      .libelle = [](int) { return QStringLiteral("Code"); }};
+                                      .voisinage = voisinage,
+                                      .mots = mots};
         fenetre = std::make_unique<Textes>(0, contexte);
         fenetre->resize(1280, 860);
         fenetre->show();
     }
 
     void ouvre(int rang, bool abc = false) {
-        affichedocument(*fenetre, {QStringLiteral("CO"), sixchiffres(rang + 1)}, abc, QString(),
+        affichedocument(fenetre->lecture(), {QStringLiteral("CO"), sixchiffres(rang + 1)}, abc, QString(),
                         {corpus, styles, sablier, [](int) { return QStringLiteral("Code"); }});
     }
     void peint() { fenetre->vue().viewport()->render(&image); }
@@ -104,7 +106,8 @@ struct Lecteur {
     Parametres parametres;
     QtNavigateur navigateur;
     QtPressePapiers pressepapiers;
-    std::array<bool, nombredefenetres> rafraichir{};
+    test::VoisinageScript voisinage;
+    test::AideMotsScript mots;
     std::unique_ptr<Textes> fenetre;
     QImage image{1280, 860, QImage::Format_ARGB32_Premultiplied};
 };

@@ -51,20 +51,20 @@ void DispositionTextes::plie() {
     posseparateur = droite() ? 0 : hauteurbarre;
 }
 
-void DispositionTextes::deplie(bool recherche) {
+void DispositionTextes::deplie(Bloc bloc) {
     const int etendue = droite() ? posseparateur : posseparateur - hauteurbarre;
-    const int commode = droite() ? largeurcommode : recherche ? hauteurligne : hauteurcommode;
+    const int commode = droite() ? largeurcommode : bloc == Bloc::Recherche ? hauteurligne : hauteurcommode;
     if (etendue < commode)
         posseparateur = placehabituelle();
 }
 
-void DispositionTextes::changearrangement(const QString& nouveau) {
+void DispositionTextes::changearrangement(Arrangement nouveau) {
     const bool etaitreplie = replie();
-    vh = nouveau;
+    arrangement = nouveau;
     if (etaitreplie)
         plie();
     else
-        deplie(false);
+        deplie(Bloc::Arbre);
 }
 
 int DispositionTextes::placehabituelle() const {

@@ -7,6 +7,19 @@
 
 namespace velm {
 
+/// Where the panel lies.
+enum class Arrangement {
+    ACote, ///< left of the text
+    Dessus ///< above it
+};
+
+/// What the panel shows.
+enum class Bloc {
+    Recherche, ///< words are looked up in the collection
+    Arbre,     ///< the contents of the collection
+    Liste      ///< the list of its documents
+};
+
 /// What the toolkit needs for the parts of a fixed height.
 struct MesuresTextes {
     int barre = 0;  ///< the tool bar on top
@@ -34,14 +47,14 @@ public:
     static constexpr int hauteurbarre = 360;
 
     // ---- state, which the window keeps and stores
-    QString vh = QStringLiteral("1"); ///< "0": panel left of the text, else above it
+    Arrangement arrangement = Arrangement::Dessus;
     int posseparateur = 1000;
     int posseparateurlisteh = 0;
     int posseparateurlistev = 0;
     bool listesvisibles = false; ///< the grids are shown; the headers always are
 
-    bool droite() const { return vh == u"0"; } ///< the panel's bar stands upright
-    bool replie() const;                       ///< the panel is folded away
+    bool droite() const { return arrangement == Arrangement::ACote; } ///< the panel's bar stands upright
+    bool replie() const;                                              ///< the panel is folded away
 
     /// Inner size of the window. Places nothing yet.
     void changetaille(int largeur, int hauteur, const MesuresTextes& mesures);
@@ -54,9 +67,9 @@ public:
     void partagelistes() { posseparateurlistev = largeur_ / 2 - 30; }
     /// Folds the panel away.
     void plie();
-    /// Opens a panel that is too small to show a block, `recherche` for the search block, which is content with a line.
-    void deplie(bool recherche);
-    void changearrangement(const QString& nouveau);
+    /// Opens a panel that is too small to show a block; the search block above the text is content with a line.
+    void deplie(Bloc bloc);
+    void changearrangement(Arrangement nouveau);
     /// Where the panel's bar is put by a double click.
     int placehabituelle() const;
     /// Shows the grids, in the lower half of the text; hides them.

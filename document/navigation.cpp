@@ -42,6 +42,11 @@ bool pousse(Parcours& parcours, const QString& cle) {
     return true;
 }
 
+/// Whether a window has the document on its screen, and the whole of it.
+bool montree(LectureNavigable& lecture, const Cle& cle) {
+    return lecture.parcours().referencecourante == cle.texte() && lecture.entiere();
+}
+
 bool enhaut(const ListeHistorique& liste, const QString& cle) {
     return !liste.vide() && liste.cle() == cle;
 }
@@ -88,12 +93,12 @@ void Navigation::montre(const Cle& cle, const OptionsOuverture& options) {
     // What a window does when it takes the focus or shows a document may close it.
     if (place->fenetre)
         place->fenetre->prendfocus();
-    if (place->fenetre && (place->fenetre->parcours().referencecourante != cle.texte() || !place->fenetre->entiere()))
-        place->fenetre->affiche(cle, options.ancre);
+    if (place->fenetre && !montree(place->fenetre->lecture(), cle))
+        place->fenetre->lecture().affiche(cle, options.ancre);
     if (!place->fenetre)
         return;
-    place->fenetre->montreboutons(hote_.dossiersouverts());
-    memoriser(cle, place->fenetre->titre());
+    place->fenetre->barrechild().montreboutons(hote_.dossiersouverts());
+    memoriser(cle, place->fenetre->lecture().titre());
 }
 
 void Navigation::memoriser(const Cle& document, const QString& titre) {
@@ -104,7 +109,7 @@ void Navigation::memoriser(const Cle& document, const QString& titre) {
         return;
     if (cle != derniersdocuments_.front())
         retientdernier(cle, document.code + u'-' + titre);
-    Parcours* parcours = place->fenetre ? &place->fenetre->parcours() : nullptr;
+    Parcours* parcours = place->fenetre ? &place->fenetre->lecture().parcours() : nullptr;
     if (!enhaut(global_.historique.precedent, cle)) {
         pousse(global_, cle);
         if (parcours && !enhaut(parcours->historique.precedent, cle))
@@ -142,7 +147,7 @@ void Navigation::marchefenetre(int indice, Sens sens, int n) {
     const Emplacement* place = emplacement(indice);
     if (!place || !place->fenetre)
         return;
-    Parcours& parcours = place->fenetre->parcours();
+    Parcours& parcours = place->fenetre->lecture().parcours();
     auto& [precedent, suivant] = parcours.historique;
     const Listes listes = sens == Sens::Arriere ? Listes{precedent, suivant} : Listes{suivant, precedent};
     if (listes.source.vide())
@@ -185,7 +190,7 @@ int Navigation::marche(Sens sens, int n) {
         return indice;
 
     // The window's list follows by one step, whatever stands on its top; a jump walks it to the document.
-    Parcours& parcours = place->fenetre->parcours();
+    Parcours& parcours = place->fenetre->lecture().parcours();
     const Listes siennes = listesde(parcours);
     quitte(parcours, siennes.cible);
     if (n != unpas && siennes.source.contient(cle)) {
@@ -205,8 +210,8 @@ void Navigation::rafraichitglobal() {
 void Navigation::rafraichit(int indice) {
     rafraichitglobal();
     if (FenetreNavigable* celle = fenetre(indice)) {
-        const Historique& historique = celle->parcours().historique;
-        celle->activehistorique(!historique.precedent.vide(), !historique.suivant.vide());
+        const Historique& historique = celle->lecture().parcours().historique;
+        celle->barrechild().activehistorique(!historique.precedent.vide(), !historique.suivant.vide());
     }
 }
 
@@ -293,7 +298,7 @@ bool Navigation::prendreplier(int indice) {
 // ---- neighbours and last documents
 
 void Navigation::voisin(FenetreNavigable& fenetre, const QString& code, bool haut) {
-    const Parcours& parcours = fenetre.parcours();
+    const Parcours& parcours = fenetre.lecture().parcours();
     Recordset& donnees = corpus_.donnees();
     donnees.setIndex(u"icattitre"_s);
     donnees.seek(Seek::Equal, code, parcours.titrecourant, parcours.cle().numero);
@@ -306,7 +311,7 @@ void Navigation::voisin(FenetreNavigable& fenetre, const QString& code, bool hau
         fin = donnees.bof() || donnees.eof() || donnees.text(u"référence"_s) != code;
     }
     if (fin) {
-        fenetre.activevoisin(haut, false);
+        fenetre.barrechild().activevoisin(haut, false);
         return;
     }
     const qint64 numero = roundHalfEven(val(donnees.text(u"numart"_s)));

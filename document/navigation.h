@@ -29,22 +29,36 @@ struct OptionsOuverture {
     QString ancre = {};   ///< where the caret is put, unless the document is shown already
 };
 
-/// A document window as the navigation sees it. It tells Navigation::fermee() when it goes.
-class FenetreNavigable {
+/// What is read in a document window, as the navigation sees it.
+class LectureNavigable {
 public:
-    virtual ~FenetreNavigable() = default;
+    virtual ~LectureNavigable() = default;
     virtual Parcours& parcours() = 0;
-    virtual void prendfocus() = 0;
     /// Shows a document with the state of its button `abc`; see affichedocument().
     virtual void affiche(const Cle& cle, const QString& ancre) = 0;
     /// False when the memory did not suffice for the document: asked for again, it is shown again.
     virtual bool entiere() const { return true; }
     virtual QString titre() = 0; ///< of the document shown
+};
+
+/// The tool bar of a document window, as the navigation sees it.
+class BarreNavigable {
+public:
+    virtual ~BarreNavigable() = default;
     /// `propriétés`, `abc` and their separators become visible, `Haut` and `Bas` enabled; with the dossiers open
     /// `document` becomes visible.
     virtual void montreboutons(bool dossiersouverts) = 0;
     virtual void activehistorique(bool precedent, bool suivant) = 0; ///< enables or disables the two buttons
     virtual void activevoisin(bool haut, bool actif) = 0;            ///< `Haut` or `Bas`
+};
+
+/// A document window as the navigation sees it. It tells Navigation::fermee() when it goes.
+class FenetreNavigable {
+public:
+    virtual ~FenetreNavigable() = default;
+    virtual LectureNavigable& lecture() = 0;
+    virtual BarreNavigable& barrechild() = 0;
+    virtual void prendfocus() = 0; ///< wants to be in front, and to have the focus
 };
 
 /// What the navigation asks of the frame.

@@ -3,7 +3,24 @@
 #include "core/cle.h"
 #include "platform/text/number.h"
 
+#include <algorithm>
+
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString section = u"POSITIONFORME"_s;
+const QString clelargeur = u"PROPRIETESWIDTH"_s;
+const QString clehauteur = u"PROPRIETESHEIGHT"_s;
+
+int nombre(const Reglages& reglages, const QString& cle) {
+    constexpr double borne = 100'000;
+    return static_cast<int>(std::clamp(val(reglages.getsetting(section, cle)), 0.0, borne));
+}
+
+} // namespace
 
 Proprietes afficheproprietes(const Cle& cle, const QString& titrecourant, const DocumentAffiche& document,
                              const TypesDocument& types) {
@@ -21,6 +38,18 @@ Proprietes afficheproprietes(const Cle& cle, const QString& titrecourant, const 
         p.combotype = chercheliste(types.combotype, document.typedocument);
     p.numeroarborescence = document.numeroarborescence;
     return p;
+}
+
+TailleProprietes littailleproprietes(const Reglages& reglages) {
+    return {nombre(reglages, clelargeur), nombre(reglages, clehauteur)};
+}
+
+void ecrittailleproprietes(Reglages& reglages, const TailleProprietes& taille) {
+    ReglagesStore::Batch lot(reglages.magasin());
+    reglages.savesetting(section, clelargeur, QString::number(taille.largeur));
+    reglages.savesetting(section, clehauteur, QString::number(taille.hauteur));
+    if (!lot.commit())
+        reglages.signaleechec();
 }
 
 void montrearborescence(Arborescence& arborescence, TreeNodes& arbre, const Proprietes& proprietes) {

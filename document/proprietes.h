@@ -1,5 +1,6 @@
 #pragma once
 // What the properties dialog shows of a document.
+#include "core/reglages.h"
 #include "core/typesdocument.h"
 #include "document/affichage.h"
 #include "document/arborescence.h"
@@ -31,6 +32,18 @@ struct Proprietes {
 /// Of the document that a window shows.
 Proprietes afficheproprietes(const Cle& cle, const QString& titrecourant, const DocumentAffiche& document,
                              const TypesDocument& types);
+
+/// What the dialog's size is stored as, twips; 0: the usual one.
+struct TailleProprietes {
+    int largeur = 0;
+    int hauteur = 0;
+
+    friend bool operator==(const TailleProprietes&, const TailleProprietes&) = default;
+};
+
+/// Any stored text is read as the number it begins with; one off any scale is bounded.
+TailleProprietes littailleproprietes(const Reglages& reglages);
+void ecrittailleproprietes(Reglages& reglages, const TailleProprietes& taille);
 
 /// The collection's tree, opened down to the branch and the leaf of the document.
 void montrearborescence(Arborescence& arborescence, TreeNodes& arbre, const Proprietes& proprietes);

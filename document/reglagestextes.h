@@ -2,6 +2,7 @@
 // What a document window keeps from one run to the next, for each slot: section POSITIONFORME, the name and the slot's
 // number. A stored text may be anything: what cannot be used counts as absent, a number off any scale is bounded.
 #include "core/reglages.h"
+#include "document/dispositiontextes.h"
 
 #include <QString>
 
@@ -20,8 +21,8 @@ struct PlaceTextes {
 
 struct ReglagesTextes {
     PlaceTextes place;
-    QString ar = QStringLiteral("0"); ///< block shown: "1" tree, "2" list, "0" word search
-    QString vh = QStringLiteral("1"); ///< "0" panel left of the text, else above it
+    Bloc bloc = Bloc::Recherche;
+    Arrangement arrangement = Arrangement::Dessus;
     int posseparateur = 1000;
     /// Of the list block, see Colonnes.
     QString listeordre = QStringLiteral("01234");

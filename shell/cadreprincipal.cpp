@@ -33,6 +33,7 @@ void CadrePrincipal::decharge() {
     selection_.reset();
     bureau_.reset();
     ecran_.reset();
+    fabrique_.reset(); // the last windows have gone with the frame
 }
 
 void CadrePrincipal::effacereconstructions() {
@@ -47,7 +48,7 @@ QString CadrePrincipal::chargeprincipale() {
     ecran_->setWindowIcon(QIcon(QStringLiteral(":/velmorante.svg")));
     ecran_->avantfermeture = [this] { return donnees_.seance.quitteprogramme(); };
     bureau_ =
-        std::make_unique<Bureau>(*ecran_, donnees_.corpus, [this](int indice) { return fabriquefenetre(indice); });
+        std::make_unique<Bureau>(*ecran_, donnees_.corpus, [this](int indice) { return fabrique_->fait(indice); });
     bureau_->sansmemoire = [this] {
         donnees_.monde.dialogues.message(qt_error_string(ENOMEM), this->texte(8), Icone::Exclamation);
     };
@@ -56,6 +57,9 @@ QString CadrePrincipal::chargeprincipale() {
                                                                       texte, [] { QCoreApplication::processEvents(); }},
                                                                      donnees_.reglages,
                                                                      monde.imprimante});
+    fabrique_ = std::make_unique<FabriqueTextes>(
+        FabriqueTextes::Donnees{*ecran_, *bureau_, *selection_, donnees_.corpus, donnees_.reglages, donnees_.langue,
+                                donnees_.styles, donnees_.seance, donnees_.monde, rafraichir_});
     recherches_ = std::make_unique<Recherches>(
         *ecran_, *bureau_, *selection_,
         Recherches::Services{donnees_.reglages, monde.sablier, monde.dialogues, monde.courrier, texte});
@@ -103,12 +107,6 @@ void CadrePrincipal::chargecommandes() {
     ecran_->menus().entree(QStringLiteral("maffichagetfu"))->setChecked(une);
     ecran_->menus().entree(QStringLiteral("maide1(1)"))->setEnabled(!seance.fichierpartenaires().isEmpty());
     ecran_->menus().entree(QStringLiteral("mediteur"))->setVisible(seance.preferences().menuediteur);
-}
-
-Textes* CadrePrincipal::fabriquefenetre(int indice) {
-    const FabriqueTextes fabrique{*ecran_,         *bureau_,        *selection_,     donnees_.corpus, donnees_.reglages,
-                                  donnees_.langue, donnees_.styles, donnees_.seance, donnees_.monde,  rafraichir_};
-    return fabrique.fait(indice);
 }
 
 void CadrePrincipal::traduitoutils() {

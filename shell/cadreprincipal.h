@@ -22,10 +22,10 @@ struct Aide;
 class Bureau;
 class Commandes;
 class Ecrangeneral;
+class FabriqueTextes;
 class FenetresAnnexes;
 class Recherches;
 class Selection;
-class Textes;
 
 class CadrePrincipal final : public QObject, public Cadre {
     Q_OBJECT
@@ -70,7 +70,6 @@ public:
 
 private:
     QString texte(int numero) const { return donnees_.langue.lireressource(numero); }
-    Textes* fabriquefenetre(int indice);
     void chargeaspect();
     void chargecommandes();
     void traduitoutils(); ///< what the toolkit itself says follows the program's language
@@ -79,6 +78,7 @@ private:
     EtatBarres barres_;
     QTranslator motsdesoutils_;
     std::array<bool, nombredefenetres> rafraichir_{}; ///< by slot: shown again at the next focus
+    std::unique_ptr<FabriqueTextes> fabrique_;        ///< outlives the frame, in which its windows are
     std::unique_ptr<Ecrangeneral> ecran_;
     std::unique_ptr<Bureau> bureau_;
     std::unique_ptr<Selection> selection_;

@@ -9,58 +9,79 @@
 #include "shell/selection.h"
 #include "shell/volet.h"
 
+#include <utility>
+
 namespace velm {
 
-Textes* FabriqueTextes::fait(int indice) const {
-    ContexteTextes contexte{corpus,
-                            reglages,
-                            bureau.navigation(),
-                            styles,
-                            seance.parametres(),
-                            monde.sablier,
-                            monde.navigateur,
-                            monde.pressepapiers,
-                            rafraichir,
-                            [&langue = langue](int numero) { return langue.lireressource(numero); },
-                            [&seance = seance](int slot) { return seance.libelle(slot); }};
-    raccordecadre(contexte);
-    raccordemots(contexte);
-    auto* fenetre = new Textes(indice, contexte);
-    QObject::connect(fenetre, &Textes::selection, &selection, [&selection = selection](const QStringList& cles) {
-        selection.controle().remplissage().remplitdecles(cles);
-    });
+FabriqueTextes::FabriqueTextes(const Donnees& donnees) : donnees_(donnees) {}
+
+Textes* FabriqueTextes::fait(int indice) {
+    const ContexteLecture lecture{donnees_.corpus,
+                                  donnees_.bureau.navigation(),
+                                  donnees_.styles,
+                                  donnees_.monde.sablier,
+                                  donnees_.monde.navigateur,
+                                  [&langue = donnees_.langue](int numero) { return langue.lireressource(numero); },
+                                  [&seance = donnees_.seance](int slot) { return seance.libelle(slot); }};
+    auto* fenetre = new Textes(
+        indice, {lecture, donnees_.reglages, donnees_.seance.parametres(), donnees_.monde.pressepapiers, *this, *this});
+    QObject::connect(fenetre, &Textes::selection, &donnees_.selection,
+                     [&selection = donnees_.selection](const QStringList& cles) {
+                         selection.controle().remplissage().remplitdecles(cles);
+                     });
     return fenetre;
 }
 
-void FabriqueTextes::raccordecadre(ContexteTextes& contexte) const {
-    contexte.listeselectionvisible = [&ecran = ecran] { return ecran.picturesselection().isVisible(); };
-    contexte.dossiersouverts = [&bureau = bureau] { return bureau.dossiersouverts(); };
-    contexte.formesouvertes = [&bureau = bureau] { return bureau.nombredeformes(); };
-    contexte.montremosaique = [&ecran = ecran](bool visible) { ecran.montredispositions(visible); };
-    contexte.place = [&aire = ecran.aire()](const QWidget& fenetre) {
-        const QRect ici = aire.twipsOf(&fenetre);
-        return PlaceTextes{aire.stateOf(&fenetre), ici.left(), ici.top(), ici.width(), ici.height()};
-    };
-    contexte.dit = [&dialogues = monde.dialogues, &langue = langue](const QString& texte) {
-        dialogues.message(texte, langue.lireressource(8), Icone::Exclamation);
-    };
+// ---- Voisinage
+
+bool FabriqueTextes::listeselectionvisible() const {
+    return donnees_.ecran.picturesselection().isVisible();
 }
 
-void FabriqueTextes::raccordemots(ContexteTextes& contexte) const {
-    contexte.marquage = [&seance = seance] {
-        const Preferences& preferences = seance.preferences();
-        return Marquage{static_cast<int>(preferences.marquecouleur), preferences.marquebold != 0,
-                        preferences.marqueitalic != 0, preferences.marqueauto != 0};
-    };
-    contexte.cherchemots = [&selection = selection](const QString& code, const QString& mots,
-                                                    const std::function<void(const QString&)>& ligne) {
-        selection.controle().remplissage().cherchedans(code, mots, ligne);
-    };
-    contexte.completemots = [&corpus = corpus, &langue = langue](QLineEdit& mots) {
-        new CompletionMots(
-            &mots, [&corpus](const QString& debut, int nombre) { return motscommencant(corpus, debut, nombre); },
-            separateursmots(), langue.lireressource(9459));
-    };
+bool FabriqueTextes::dossiersouverts() const {
+    return donnees_.bureau.dossiersouverts();
+}
+
+int FabriqueTextes::formesouvertes() const {
+    return donnees_.bureau.nombredeformes();
+}
+
+void FabriqueTextes::montremosaique(bool visible) {
+    donnees_.ecran.montredispositions(visible);
+}
+
+PlaceTextes FabriqueTextes::place(const QWidget& fenetre) const {
+    const ChildArea& aire = donnees_.ecran.aire();
+    const QRect ici = aire.twipsOf(&fenetre);
+    return {aire.stateOf(&fenetre), ici.left(), ici.top(), ici.width(), ici.height()};
+}
+
+bool FabriqueTextes::prendrafraichir(int indice) {
+    return std::exchange(donnees_.rafraichir.at(static_cast<std::size_t>(indice)), false);
+}
+
+void FabriqueTextes::dit(const QString& texte) {
+    donnees_.monde.dialogues.message(texte, donnees_.langue.lireressource(8), Icone::Exclamation);
+}
+
+// ---- AideMots
+
+Marquage FabriqueTextes::marquage() const {
+    const Preferences& preferences = donnees_.seance.preferences();
+    return {static_cast<int>(preferences.marquecouleur), preferences.marquebold != 0, preferences.marqueitalic != 0,
+            preferences.marqueauto != 0};
+}
+
+void FabriqueTextes::cherche(const QString& code, const QString& mots,
+                             const std::function<void(const QString&)>& ligne) {
+    donnees_.selection.controle().remplissage().cherchedans(code, mots, ligne);
+}
+
+void FabriqueTextes::complete(QLineEdit& boite) {
+    new CompletionMots(
+        &boite,
+        [&corpus = donnees_.corpus](const QString& debut, int nombre) { return motscommencant(corpus, debut, nombre); },
+        separateursmots(), donnees_.langue.lireressource(9459));
 }
 
 } // namespace velm

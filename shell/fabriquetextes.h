@@ -1,10 +1,11 @@
 #pragma once
-// Makes document windows and tells them what they need of their surroundings.
+// Makes document windows, and answers what they ask of the frame and of the search.
 #include "core/cle.h"
 #include "core/corpus.h"
 #include "core/langue.h"
 #include "core/reglages.h"
 #include "document/styles.h"
+#include "document/ui/contextetextes.h"
 #include "shell/logique/seance.h"
 #include "shell/mondeexterieur.h"
 
@@ -16,27 +17,44 @@ class Bureau;
 class Ecrangeneral;
 class Selection;
 class Textes;
-struct ContexteTextes;
 
-/// None is owned; all outlive the windows.
-struct FabriqueTextes {
-    Ecrangeneral& ecran;
-    Bureau& bureau;
-    Selection& selection;
-    Corpus& corpus;
-    Reglages& reglages;
-    Langue& langue;
-    const TableStyles& styles;
-    Seance& seance;
-    const MondeExterieur& monde;
-    std::array<bool, nombredefenetres>& rafraichir;
+class FabriqueTextes final : private Voisinage, private AideMots {
+public:
+    /// None is owned; all outlive the windows, and so does what makes them.
+    struct Donnees {
+        Ecrangeneral& ecran;
+        Bureau& bureau;
+        Selection& selection;
+        Corpus& corpus;
+        Reglages& reglages;
+        Langue& langue;
+        const TableStyles& styles;
+        Seance& seance;
+        const MondeExterieur& monde;
+        std::array<bool, nombredefenetres>& rafraichir; ///< by slot: show the document again at the next focus
+    };
+    explicit FabriqueTextes(const Donnees& donnees);
 
     /// The window of a slot, for the frame's area to take over.
-    Textes* fait(int indice) const;
+    Textes* fait(int indice);
 
 private:
-    void raccordecadre(ContexteTextes& contexte) const;
-    void raccordemots(ContexteTextes& contexte) const;
+    // ---- Voisinage
+    bool listeselectionvisible() const override;
+    bool dossiersouverts() const override;
+    int formesouvertes() const override;
+    void montremosaique(bool visible) override;
+    PlaceTextes place(const QWidget& fenetre) const override;
+    bool prendrafraichir(int indice) override;
+    void dit(const QString& texte) override;
+
+    // ---- AideMots
+    Marquage marquage() const override;
+    bool cherchable() const override { return true; }
+    void cherche(const QString& code, const QString& mots, const std::function<void(const QString&)>& ligne) override;
+    void complete(QLineEdit& boite) override;
+
+    Donnees donnees_;
 };
 
 } // namespace velm

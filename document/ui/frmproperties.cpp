@@ -1,8 +1,8 @@
 #include "document/ui/frmproperties.h"
 
 #include "core/cle.h"
+#include "document/lecture.h"
 #include "platform/base/twips.h"
-#include "platform/text/number.h"
 #include "platform/widgets/look/icons.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
@@ -23,10 +23,6 @@ namespace velm {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-const QString section = u"POSITIONFORME"_s;
-const QString clelargeur = u"PROPRIETESWIDTH"_s;
-const QString clehauteur = u"PROPRIETESHEIGHT"_s;
 
 /// A field that shows its text and lets it be selected.
 void lecture(QLineEdit& champ) {
@@ -57,11 +53,6 @@ protected:
     void keyPressEvent(QKeyEvent* evenement) override { evenement->ignore(); }
 };
 
-int nombre(const Reglages& reglages, const QString& cle) {
-    constexpr double borne = 100'000;
-    return pixelsFromTwips(static_cast<int>(std::clamp(val(reglages.getsetting(section, cle)), 0.0, borne)));
-}
-
 } // namespace
 
 frmproperties::frmproperties(const ContexteProprietes& contexte, QWidget* parent)
@@ -76,6 +67,13 @@ frmproperties::frmproperties(const ContexteProprietes& contexte, QWidget* parent
     combotype_->addItems(types_.combotype);
     numerotype_->addItems(types_.numerotype);
     restauretaille();
+}
+
+void frmproperties::montre(const ContexteProprietes& contexte, Lecture& lecture, QWidget* parent) {
+    auto boite = std::make_unique<frmproperties>(contexte, parent);
+    boite->setAttribute(Qt::WA_DeleteOnClose);
+    boite->afficheproprietes(lecture.cle(), lecture.titrecourant(), lecture.document());
+    static_cast<void>(boite.release()); // it goes when it is closed
 }
 
 QLineEdit* frmproperties::champ(const QString& nom, int numerotexte) {
@@ -164,8 +162,9 @@ void frmproperties::construit() {
 }
 
 void frmproperties::restauretaille() {
-    const int largeur = nombre(contexte_.reglages, clelargeur);
-    const int hauteur = nombre(contexte_.reglages, clehauteur);
+    const TailleProprietes lue = littailleproprietes(contexte_.reglages);
+    const int largeur = pixelsFromTwips(lue.largeur);
+    const int hauteur = pixelsFromTwips(lue.hauteur);
     constexpr QSize premiere(620, 640);
     // The frame around it, which nobody knows before it is shown, must stand on the screen as well.
     constexpr QSize cadre(2 * look::windowMargin, 4 * look::windowMargin);
@@ -208,13 +207,8 @@ void frmproperties::showEvent(QShowEvent* evenement) {
 }
 
 void frmproperties::hideEvent(QHideEvent* evenement) {
-    if (!evenement->spontaneous()) {
-        ReglagesStore::Batch lot(contexte_.reglages.magasin());
-        contexte_.reglages.savesetting(section, clelargeur, QString::number(twipsFromPixels(width())));
-        contexte_.reglages.savesetting(section, clehauteur, QString::number(twipsFromPixels(height())));
-        if (!lot.commit())
-            contexte_.reglages.signaleechec();
-    }
+    if (!evenement->spontaneous())
+        ecrittailleproprietes(contexte_.reglages, {twipsFromPixels(width()), twipsFromPixels(height())});
     QDialog::hideEvent(evenement);
 }
 

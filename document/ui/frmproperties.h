@@ -16,6 +16,7 @@ class QPushButton;
 
 namespace velm {
 
+class Lecture;
 class TreeView;
 
 struct ContexteProprietes {
@@ -32,6 +33,9 @@ class frmproperties final : public QDialog {
 
 public:
     explicit frmproperties(const ContexteProprietes& contexte, QWidget* parent = nullptr);
+
+    /// A dialog for the document that is read in a window, shown above the whole program; it goes when it is closed.
+    static void montre(const ContexteProprietes& contexte, Lecture& lecture, QWidget* parent);
 
     /// Fills the dialog and shows it above the whole program; returns at once.
     void afficheproprietes(const Cle& cle, const QString& titrecourant, const DocumentAffiche& document);

@@ -1,25 +1,19 @@
 #include "document/ui/textes.h"
 
-#include "core/cle.h"
-#include "core/langue.h"
-#include "document/ui/blocliste.h"
-#include "document/ui/blocrecherche.h"
+#include "document/ui/divisiontextes.h"
+#include "document/ui/gestestextes.h"
 #include "document/ui/listedeliens.h"
+#include "document/ui/panneautextes.h"
 #include "document/ui/teintes.h"
-#include "platform/base/memory.h"
-#include "platform/base/twips.h"
-#include "platform/widgets/frame/splitterbar.h"
-#include "platform/widgets/frame/toolbar.h"
+#include "document/ui/voletliens.h"
+#include "document/ui/zonetexte.h"
 #include "platform/widgets/grid/flexgrid.h"
-#include "platform/widgets/text/richhtml.h"
 #include "platform/widgets/text/richtextbox.h"
 #include "platform/widgets/tree/treeview.h"
 
 #include <QCloseEvent>
-#include <QLineEdit>
 #include <QPointer>
-
-#include <algorithm>
+#include <QTableView>
 
 namespace velm {
 
@@ -27,40 +21,129 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr qsizetype plusdetitre = 200; ///< characters of a title that a message shows
+/// One of the window's own controls has the focus, and can be seen.
+bool tientfocus(const QWidget& fenetre) {
+    const QWidget* celui = fenetre.window()->focusWidget();
+    return celui && celui != &fenetre && fenetre.isAncestorOf(celui) && celui->isVisible();
+}
+
+/// Without taking it from another control of the window.
+void donnefocus(const QWidget& fenetre, QWidget& vue) {
+    if (!tientfocus(fenetre) && vue.isVisibleTo(fenetre.window()))
+        vue.setFocus();
+}
 
 } // namespace
 
 Textes::Textes(int indice, const ContexteTextes& contexte, QWidget* parent)
-    : QWidget(parent), indice_(indice), code_(typedindice(indice)), contexte_(contexte),
-      arborescence_(contexte.corpus, contexte.parametres, contexte.sablier, contexte.libelle) {
+    : QWidget(parent), indice_(indice), contexte_(contexte) {
     setObjectName(u"Textes"_s);
-    setWindowTitle(contexte_.libelle(indice_));
+    setWindowTitle(contexte_.lecture.libelle(indice_));
     setWindowIcon(iconedecollection(indice_));
     construit();
+    relie();
+    reliebarre();
     charge();
-    connecte();
 }
 
 Textes::~Textes() {
     // A window that goes without having been closed must not be addressed any more.
     if (!decharge_)
-        contexte_.navigation.fermee(indice_, this);
+        contexte_.lecture.navigation.fermee(indice_, this);
+}
+
+// ---- parts
+
+void Textes::construit() {
+    // In the order in which the Tab key walks them.
+    barre_ = new BarreTextes(contexte_.lecture.texte, this);
+    panneau_ = new PanneauTextes(code(), contexte_, this);
+    auto* vue = new RichTextBox(this);
+    vue->setObjectName(u"rtfRichTextBox1"_s);
+    vue->setAccessibleName(windowTitle());
+    vue->setFrameShape(QFrame::NoFrame);
+    volet_ = new VoletLiens(contexte_, this);
+    zone_ = new ZoneTexte({*vue, *barre_, *volet_}, contexte_, this);
+    division_ = new DivisionTextes({*barre_, *panneau_, *vue, *volet_}, this);
+    barre_->montrehistorique(lecture().parcours().historique);
+    barre_->montredossiers(contexte_.voisinage.dossiersouverts());
+    new GestesTextes(contexte_.lecture.navigation, *vue,
+                     {vue->viewport(), panneau_->arbre().viewport(), panneau_->flex().view()->viewport(),
+                      volet_->liens().grille()->view()->viewport(), volet_->correlats().grille()->view()->viewport()},
+                     this);
+}
+
+void Textes::relie() {
+    Navigation& navigation = contexte_.lecture.navigation;
+    const auto ouvre = [&navigation](const Cle& visee) { navigation.ouvre(visee); };
+    connect(panneau_, &PanneauTextes::ouverte, this, ouvre);
+    connect(panneau_, &PanneauTextes::ouvertedelarbre, this, [this, ouvre](const Cle& visee) {
+        ouvre(visee);
+        // A document that was not reached from a search has no marked words to walk through.
+        barre_->cachepasdemots();
+    });
+    const auto bascule = [this](ListeDeLiens* liste) { volet_->bascule(*liste, cle()); };
+    connect(volet_, &VoletLiens::basculee, this, bascule);
+    connect(volet_, &VoletLiens::montrees, division_, &DivisionTextes::montrelistes);
+    connect(volet_, &VoletLiens::ouverte, this, ouvre);
+    connect(volet_, &VoletLiens::selection, this, &Textes::selection);
+    connect(zone_, &ZoneTexte::menuschanges, this, [this] {
+        if (surchangement)
+            surchangement();
+    });
+    connect(zone_, &ZoneTexte::cible, this, &Textes::cible);
+    connect(zone_, &ZoneTexte::ranger, this, &Textes::ranger);
+    connect(zone_, &ZoneTexte::bascule, this, bascule);
+}
+
+void Textes::reliebarre() {
+    Navigation& navigation = contexte_.lecture.navigation;
+    connect(barre_, &BarreTextes::pas, this,
+            [this, &navigation](Sens sens, int n) { navigation.pasfenetre(indice_, sens, n); });
+    connect(barre_, &BarreTextes::voisin, this,
+            [this, &navigation](bool haut) { navigation.voisin(*this, code(), haut); });
+    connect(barre_, &BarreTextes::bloc, division_, &DivisionTextes::ouvrebloc);
+    connect(barre_, &BarreTextes::arrangement, division_, &DivisionTextes::changearrangement);
+    connect(barre_, &BarreTextes::proprietes, zone_, &ZoneTexte::montreproprietes);
+    connect(barre_, &BarreTextes::abc, this, [this](bool enfonce) { lecture().changeabc(enfonce); });
+    connect(barre_, &BarreTextes::mot, this, [this](bool suivant) { lecture().vamot(suivant); });
+    connect(barre_, &BarreTextes::marques, this, [this](bool enfonce) {
+        lecture().changemarques(enfonce, contexte_.mots.marquage());
+        vue().setFocus();
+    });
+    connect(barre_, &BarreTextes::dossiers, this, [this] { emit ranger(QString(), QString(), 0, 0); });
+    connect(barre_, &BarreTextes::ranger, zone_, &ZoneTexte::range);
+}
+
+QString Textes::code() const {
+    return typedindice(indice_);
+}
+
+RichTextBox& Textes::vue() const {
+    return zone_->vue();
+}
+
+Cle Textes::cle() const {
+    return zone_->lecture().cle();
+}
+
+QString Textes::referencecourante() const {
+    return zone_->lecture().referencecourante();
+}
+
+bool Textes::menusactifs() const {
+    return zone_->lecture().menusactifs();
 }
 
 // ---- load, activation, unload
 
 void Textes::charge() {
+    Voisinage& voisinage = contexte_.voisinage;
     reglages_ = litreglagestextes(contexte_.reglages, indice_);
-    if (contexte_.montremosaique && contexte_.formesouvertes && contexte_.formesouvertes() > 3)
-        contexte_.montremosaique(true);
-    disposition_.vh = reglages_.vh;
-    disposition_.posseparateur = reglages_.posseparateur;
-    barre_->setValue(disposition_.droite() ? u"barrehoriz"_s : u"barreverti"_s, true);
-    ar_ = reglages_.ar;
-    disposition_.charge(demande(contexte_.listeselectionvisible));
-    traitear();
-    place();
+    if (voisinage.formesouvertes() > 3)
+        voisinage.montremosaique(true);
+    panneau_->charge(reglages_);
+    division_->charge(reglages_, voisinage.listeselectionvisible());
 }
 
 PlaceTextes Textes::placevoulue() const {
@@ -73,42 +156,23 @@ PlaceTextes Textes::placevoulue() const {
 
 /// What a link or the options have asked for the next time the window is wanted.
 void Textes::prepare() {
-    if (contexte_.navigation.prendreplier(indice_)) {
-        disposition_.plie();
-        disposition_.deplaceseparateur();
-    }
-    rafraichitsibesoin();
-    place();
+    if (contexte_.lecture.navigation.prendreplier(indice_))
+        division_->plie();
+    if (contexte_.voisinage.prendrafraichir(indice_))
+        lecture().reaffiche();
+    division_->place();
 }
 
 void Textes::activation() {
     prepare();
-    QLineEdit* mots = blocrecherche_->Textedico();
-    if (ar_ == u"0" && !referencecourante().isEmpty() && mots->isEnabled() && mots->isVisible())
-        mots->setFocus();
-    else if (!focusici() && vue_->isVisibleTo(window()))
-        vue_->setFocus();
-}
-
-bool Textes::focusici() const {
-    const QWidget* celui = window()->focusWidget();
-    return celui && celui != this && isAncestorOf(celui) && celui->isVisible();
-}
-
-void Textes::rafraichitsibesoin() {
-    bool& demandee = contexte_.rafraichir.at(static_cast<std::size_t>(indice_));
-    if (demandee && !referencecourante().isEmpty())
-        affichedocumentcourant(false);
-    demandee = false;
+    if (referencecourante().isEmpty() || !panneau_->prendfocus())
+        donnefocus(*this, vue());
 }
 
 void Textes::ecritreglages() {
-    if (contexte_.place)
-        reglages_.place = contexte_.place(*this);
-    reglages_.ar = ar_;
-    reglages_.vh = disposition_.vh;
-    reglages_.posseparateur = disposition_.posseparateur;
-    liste_->retient(reglages_);
+    reglages_.place = contexte_.voisinage.place(*this);
+    division_->retient(reglages_);
+    panneau_->retient(reglages_);
     ecritreglagestextes(contexte_.reglages, indice_, reglages_);
 }
 
@@ -117,10 +181,10 @@ void Textes::decharge() {
         return;
     decharge_ = true;
     ecritreglages();
-    contexte_.navigation.fermee(indice_, this);
+    contexte_.lecture.navigation.fermee(indice_, this);
     // This form still counts: the buttons go one window earlier than they came.
-    if (contexte_.montremosaique && contexte_.formesouvertes && contexte_.formesouvertes() < 5)
-        contexte_.montremosaique(false);
+    if (contexte_.voisinage.formesouvertes() < 5)
+        contexte_.voisinage.montremosaique(false);
     emit cible(QString());
     emit ferme();
 }
@@ -130,65 +194,33 @@ void Textes::closeEvent(QCloseEvent* evenement) {
     QWidget::closeEvent(evenement);
 }
 
-void Textes::resizeEvent(QResizeEvent* evenement) {
-    QWidget::resizeEvent(evenement);
-    place();
-}
-
 void Textes::changeEvent(QEvent* evenement) {
     QWidget::changeEvent(evenement);
-    switch (evenement->type()) {
-    case QEvent::FontChange:
-    case QEvent::StyleChange:
-        if (vue_)
-            place();
-        break;
-    case QEvent::ActivationChange:
-        if (vue_ && isActiveWindow() && focusici())
-            rafraichitsibesoin();
-        break;
-    default:
-        break;
-    }
+    const bool revenue = evenement->type() == QEvent::ActivationChange && isActiveWindow() && tientfocus(*this);
+    if (revenue && contexte_.voisinage.prendrafraichir(indice_))
+        lecture().reaffiche();
 }
 
-FlexGrid& Textes::flex() const {
-    return *liste_->grille();
+// ---- what the frame and the navigation ask of it
+
+void Textes::recoitmots(const QString& mot1, const QString& mot2) {
+    lecture().recoitmots(mot1, mot2, contexte_.mots.marquage());
 }
 
-// ---- what the opening of a document asks of its window
-
-RichTextControl& Textes::rtfRichTextBox1() {
-    return vue_->control();
+bool Textes::peut(Ordre ordre) const {
+    return menusactifs() && (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Chercher);
 }
 
-void Textes::changetitre(const QString& titre) {
-    setWindowTitle(titre);
-    vue_->setAccessibleName(titre);
+void Textes::fait(Ordre ordre) {
+    if (ordre == Ordre::Copier)
+        zone_->copie();
+    else if (ordre == Ordre::ToutSelectionner)
+        zone_->toutselectionner();
 }
 
-void Textes::activemenus() {
-    if (std::exchange(menusactifs_, true))
-        return;
-    emit menuschanges();
-    if (surchangement)
-        surchangement();
+Lecture& Textes::lecture() {
+    return zone_->lecture();
 }
-
-void Textes::rafraichit() {
-    relieliens();
-    vue_->viewport()->update();
-}
-
-ListeLaterale& Textes::listedesliens() {
-    return *liens_;
-}
-
-ListeLaterale& Textes::listedescorrelats() {
-    return *correlats_;
-}
-
-// ---- what the navigation asks of it
 
 void Textes::prendfocus() {
     // Whoever brings it forward may close it.
@@ -198,76 +230,7 @@ void Textes::prendfocus() {
         return;
     // In front already, it leaves the focus to the control that has it.
     prepare();
-    if (!focusici() && vue_->isVisibleTo(window()))
-        vue_->setFocus();
-}
-
-void Textes::affiche(const Cle& cle, const QString& ancre) {
-    montredocument(cle, barre_->value(u"abc"_s), ancre);
-}
-
-void Textes::affichedocumentcourant(bool abc) {
-    montredocument(cle(), abc, QString());
-}
-
-void Textes::montredocument(const Cle& cle, bool abc, const QString& ancre) {
-    constexpr int tropgrand = 9566;
-    barre_->setValue(u"marqueauto"_s, false); // the text comes without marks
-    entiere_ = withinMemory([&] {
-        affichedocument(*this, cle, abc, ancre,
-                        {contexte_.corpus, contexte_.styles, contexte_.sablier, contexte_.libelle, contexte_.bornes});
-    });
-    if (!entiere_ && contexte_.dit)
-        contexte_.dit(remplace(texte(tropgrand), {document_.titre.left(plusdetitre)}));
-}
-
-void Textes::montreboutons(bool dossiersouverts) {
-    for (const auto& cle : {u"propriétés"_s, u"barrepropriétés"_s, u"abc"_s, u"barreabc"_s})
-        barre_->setButtonVisible(cle, true);
-    barre_->setButtonEnabled(u"Haut"_s, true);
-    barre_->setButtonEnabled(u"Bas"_s, true);
-    if (dossiersouverts)
-        barre_->setButtonVisible(u"document"_s, true);
-}
-
-void Textes::activehistorique(bool precedent, bool suivant) {
-    barre_->setButtonEnabled(u"Précédent"_s, precedent);
-    barre_->setButtonEnabled(u"Suivant"_s, suivant);
-}
-
-void Textes::activevoisin(bool haut, bool actif) {
-    barre_->setButtonEnabled(haut ? u"Haut"_s : u"Bas"_s, actif);
-}
-
-// ---- commands
-
-bool Textes::peut(Ordre ordre) const {
-    return menusactifs_ && (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Chercher);
-}
-
-void Textes::fait(Ordre ordre) {
-    if (ordre == Ordre::Copier)
-        copie();
-    else if (ordre == Ordre::ToutSelectionner)
-        toutselectionner();
-}
-
-void Textes::copie() {
-    const RichTextControl& controle = vue_->control();
-    if (controle.length() == 0)
-        return;
-    const bool tout = controle.selLength() == 0;
-    const qsizetype debut = tout ? 0 : controle.selStart();
-    const qsizetype longueur = tout ? controle.length() : controle.selLength();
-    contexte_.pressepapiers.pose({richPlain(controle.richText(), debut, longueur),
-                                  richHtml(controle.richText(), debut, longueur),
-                                  tout ? controle.textRtf() : controle.selRtf()});
-}
-
-void Textes::toutselectionner() {
-    vue_->setSelStart(0);
-    vue_->setSelLength(vue_->control().length());
-    vue_->setFocus();
+    donnefocus(*this, vue());
 }
 
 } // namespace velm

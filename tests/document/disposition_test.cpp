@@ -10,9 +10,9 @@ namespace {
 
 constexpr MesuresTextes mesures{480, 420, 75};
 
-DispositionTextes disposition(const QString& vh, int position, int largeur = 12000, int hauteur = 9000) {
+DispositionTextes disposition(Arrangement arrangement, int position, int largeur = 12000, int hauteur = 9000) {
     DispositionTextes d;
-    d.vh = vh;
+    d.arrangement = arrangement;
     d.posseparateur = position;
     d.changetaille(largeur, hauteur, mesures);
     d.partagelistes();
@@ -57,23 +57,23 @@ void attendpavage(const DispositionTextes& d) {
 } // namespace
 
 TEST(DispositionTextes, ThePanelIsLeftOfTheTextForZeroAndAboveItForOne) {
-    const DispositionTextes gauche = disposition(u"0"_s, 3000);
+    const DispositionTextes gauche = disposition(Arrangement::ACote, 3000);
     EXPECT_EQ(gauche.places().separateur.left(), 3000);
     EXPECT_EQ(gauche.places().panneau, QRect(0, 480, 3000, 9000 - 480 - 75 - 420));
     EXPECT_EQ(gauche.places().rtfRichTextBox1.left(), 3075);
     EXPECT_EQ(gauche.places().rtfRichTextBox1.height(), gauche.places().panneau.height());
 
-    const DispositionTextes dessus = disposition(u"1"_s, 3000);
+    const DispositionTextes dessus = disposition(Arrangement::Dessus, 3000);
     EXPECT_EQ(dessus.places().panneau, QRect(0, 480, 12000, 3000 - 360));
     EXPECT_EQ(dessus.places().separateur.top(), 480 + 2640);
     EXPECT_EQ(dessus.places().rtfRichTextBox1.width(), 12000);
 }
 
 TEST(DispositionTextes, ThePartsFillTheWindowWithoutGapOrOverlap) {
-    for (const auto& vh : {u"0"_s, u"1"_s}) {
+    for (const Arrangement arrangement : {Arrangement::ACote, Arrangement::Dessus}) {
         for (const bool listes : {false, true}) {
             for (const int position : {0, 360, 1000, 4305, 100'000}) {
-                DispositionTextes d = disposition(vh, position);
+                DispositionTextes d = disposition(arrangement, position);
                 if (listes)
                     d.ouvrelistes();
                 d.replaceseparateur();
@@ -85,10 +85,10 @@ TEST(DispositionTextes, ThePartsFillTheWindowWithoutGapOrOverlap) {
 }
 
 TEST(DispositionTextes, NoControlGetsANegativeSizeInANarrowWindow) {
-    for (const auto& vh : {u"0"_s, u"1"_s}) {
+    for (const Arrangement arrangement : {Arrangement::ACote, Arrangement::Dessus}) {
         for (const int largeur : {0, 30, 75, 400, 900}) {
             for (const int hauteur : {0, 100, 480, 500, 900, 1400}) {
-                DispositionTextes d = disposition(vh, 4305);
+                DispositionTextes d = disposition(arrangement, 4305);
                 d.ouvrelistes();
                 d.changetaille(largeur, hauteur, mesures);
                 d.replaceseparateur();
@@ -100,7 +100,7 @@ TEST(DispositionTextes, NoControlGetsANegativeSizeInANarrowWindow) {
 }
 
 TEST(DispositionTextes, ABarAtZeroBecomes360OnTheLeftArrangementWhenTheResultListIsHidden) {
-    DispositionTextes d = disposition(u"0"_s, 0);
+    DispositionTextes d = disposition(Arrangement::ACote, 0);
     d.charge(false);
     EXPECT_EQ(d.posseparateur, 360);
     d.posseparateur = 10;
@@ -109,7 +109,7 @@ TEST(DispositionTextes, ABarAtZeroBecomes360OnTheLeftArrangementWhenTheResultLis
 }
 
 TEST(DispositionTextes, ABarUnder361Becomes1000OnTheOtherArrangementWhenTheResultListIsHidden) {
-    DispositionTextes d = disposition(u"1"_s, 360);
+    DispositionTextes d = disposition(Arrangement::Dessus, 360);
     d.charge(false);
     EXPECT_EQ(d.posseparateur, 1000);
     d.posseparateur = 361;
@@ -118,22 +118,22 @@ TEST(DispositionTextes, ABarUnder361Becomes1000OnTheOtherArrangementWhenTheResul
 }
 
 TEST(DispositionTextes, ABarAtZeroStaysZeroWhenTheResultListIsVisible) {
-    for (const auto& vh : {u"0"_s, u"1"_s}) {
-        DispositionTextes d = disposition(vh, 0);
+    for (const Arrangement arrangement : {Arrangement::ACote, Arrangement::Dessus}) {
+        DispositionTextes d = disposition(arrangement, 0);
         d.charge(true);
         EXPECT_EQ(d.posseparateur, 0);
     }
 }
 
 TEST(DispositionTextes, FoldingPutsTheBarTo0OrTo360AndHidesThePanel) {
-    DispositionTextes gauche = disposition(u"0"_s, 3000);
+    DispositionTextes gauche = disposition(Arrangement::ACote, 3000);
     gauche.plie();
     gauche.deplaceseparateur();
     EXPECT_EQ(gauche.posseparateur, 0);
     EXPECT_EQ(gauche.places().panneau.width(), 0);
     EXPECT_FALSE(gauche.places().panneaulisible);
 
-    DispositionTextes dessus = disposition(u"1"_s, 3000);
+    DispositionTextes dessus = disposition(Arrangement::Dessus, 3000);
     dessus.plie();
     dessus.deplaceseparateur();
     EXPECT_EQ(dessus.posseparateur, 360);
@@ -142,11 +142,11 @@ TEST(DispositionTextes, FoldingPutsTheBarTo0OrTo360AndHidesThePanel) {
 }
 
 TEST(DispositionTextes, DroppingABarMovesItByItsSourcesRule) {
-    DispositionTextes d = disposition(u"0"_s, 3000);
+    DispositionTextes d = disposition(Arrangement::ACote, 3000);
     EXPECT_TRUE(d.lache(u"separateur"_s, {2500, 700}));
     EXPECT_EQ(d.posseparateur, 2500);
     EXPECT_EQ(d.places().separateur.left(), 2500);
-    d.vh = u"1"_s;
+    d.arrangement = Arrangement::Dessus;
     EXPECT_TRUE(d.lache(u"separateur"_s, {2500, 2000}));
     EXPECT_EQ(d.posseparateur, 2000 - 480 + 360);
     EXPECT_EQ(d.places().separateur.top(), 2000);
@@ -161,21 +161,21 @@ TEST(DispositionTextes, DroppingABarMovesItByItsSourcesRule) {
 }
 
 TEST(DispositionTextes, AVeryFarPositionLeavesTheTextItsRoomAndStaysStored) {
-    const DispositionTextes d = disposition(u"0"_s, 50'000);
+    const DispositionTextes d = disposition(Arrangement::ACote, 50'000);
     EXPECT_EQ(d.posseparateur, 50'000);
     EXPECT_EQ(d.places().rtfRichTextBox1.width(), 4500);
-    EXPECT_EQ(disposition(u"0"_s, 50'000, 6000).places().rtfRichTextBox1.width(), 3000);
+    EXPECT_EQ(disposition(Arrangement::ACote, 50'000, 6000).places().rtfRichTextBox1.width(), 3000);
 }
 
 TEST(DispositionTextes, ClosedListsLeaveTheirHeadersAtTheBottom) {
-    const DispositionTextes d = disposition(u"0"_s, 3000);
+    const DispositionTextes d = disposition(Arrangement::ACote, 3000);
     EXPECT_EQ(d.places().separateurlisteh, QRect(0, 9000 - 495, 12000, 75));
     EXPECT_EQ(d.places().entetelistedesliens, QRect(0, 9000 - 420, 5970, 420));
     EXPECT_EQ(d.places().flexlistedesliens.height(), 0);
 }
 
 TEST(DispositionTextes, OpenedListsTakeTheLowerHalfOfTheText) {
-    DispositionTextes d = disposition(u"0"_s, 3000);
+    DispositionTextes d = disposition(Arrangement::ACote, 3000);
     const QRect texte = d.places().rtfRichTextBox1;
     d.ouvrelistes();
     d.replaceseparateur();
@@ -187,7 +187,7 @@ TEST(DispositionTextes, OpenedListsTakeTheLowerHalfOfTheText) {
 }
 
 TEST(DispositionTextes, TheListsBarsStayInTheWindow) {
-    DispositionTextes d = disposition(u"0"_s, 3000);
+    DispositionTextes d = disposition(Arrangement::ACote, 3000);
     d.ouvrelistes();
     d.posseparateurlisteh = 20'000;
     d.posseparateurlistev = 20'000;
@@ -200,21 +200,21 @@ TEST(DispositionTextes, TheListsBarsStayInTheWindow) {
 }
 
 TEST(DispositionTextes, APanelTooSmallForABlockOpensToItsUsualPlace) {
-    DispositionTextes d = disposition(u"1"_s, 1000);
-    d.deplie(true);
+    DispositionTextes d = disposition(Arrangement::Dessus, 1000);
+    d.deplie(Bloc::Recherche);
     EXPECT_EQ(d.posseparateur, 1000); // a line is enough for the words
-    d.deplie(false);
+    d.deplie(Bloc::Arbre);
     EXPECT_EQ(d.posseparateur, d.placehabituelle());
-    d = disposition(u"0"_s, 0);
-    d.deplie(true);
+    d = disposition(Arrangement::ACote, 0);
+    d.deplie(Bloc::Recherche);
     EXPECT_EQ(d.posseparateur, 4305);
 }
 
 TEST(DispositionTextes, AFoldedPanelStaysFoldedInTheOtherArrangement) {
-    DispositionTextes d = disposition(u"1"_s, 360);
-    d.changearrangement(u"0"_s);
+    DispositionTextes d = disposition(Arrangement::Dessus, 360);
+    d.changearrangement(Arrangement::ACote);
     EXPECT_EQ(d.posseparateur, 0);
-    d.changearrangement(u"1"_s);
+    d.changearrangement(Arrangement::Dessus);
     EXPECT_EQ(d.posseparateur, 360);
 }
 

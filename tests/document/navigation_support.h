@@ -12,10 +12,12 @@ namespace velm::test {
 
 using namespace Qt::Literals::StringLiterals;
 
-class FenetreEssai final : public FenetreNavigable {
+class FenetreEssai final : public FenetreNavigable, public LectureNavigable, public BarreNavigable {
 public:
     FenetreEssai(int indice, const QHash<QString, QString>& titres) : slot(indice), titres_(titres) {}
 
+    LectureNavigable& lecture() override { return *this; }
+    BarreNavigable& barrechild() override { return *this; }
     Parcours& parcours() override { return parcours_; }
     void prendfocus() override {
         ++focus;

@@ -93,5 +93,31 @@ TEST_F(ProprietesTest, ADocumentWithoutANodeLeavesTheTreeAtItsRoot) {
     }
 }
 
+class TailleProprietesTest : public testing::Test {
+protected:
+    void met(const QString& nom, const QString& valeur) { magasin.save(u"POSITIONFORME", nom, valeur); }
+
+    QTemporaryDir dossier;
+    ReglagesStore magasin{dossier.filePath(u"reglages.ini"_s)};
+    Reglages reglages{magasin};
+};
+
+TEST_F(TailleProprietesTest, AStoredSizeIsReadAgain) {
+    EXPECT_EQ(littailleproprietes(reglages), TailleProprietes());
+    ecrittailleproprietes(reglages, {9300, 9600});
+    EXPECT_EQ(littailleproprietes(reglages), (TailleProprietes{9300, 9600}));
+    EXPECT_EQ(magasin.get(u"POSITIONFORME", u"PROPRIETESWIDTH"), u"9300");
+    EXPECT_EQ(magasin.get(u"POSITIONFORME", u"PROPRIETESHEIGHT"), u"9600");
+}
+
+TEST_F(TailleProprietesTest, NonsenseIsNoSizeAndNoneIsBeyondAllScreens) {
+    met(u"PROPRIETESWIDTH"_s, u"pas un nombre"_s);
+    met(u"PROPRIETESHEIGHT"_s, u"-40"_s);
+    EXPECT_EQ(littailleproprietes(reglages), TailleProprietes());
+    met(u"PROPRIETESWIDTH"_s, u"1e300"_s);
+    met(u"PROPRIETESHEIGHT"_s, u"7000 et plus"_s);
+    EXPECT_EQ(littailleproprietes(reglages), (TailleProprietes{100'000, 7000}));
+}
+
 } // namespace
 } // namespace velm::test

@@ -59,8 +59,8 @@ TEST_F(ReglagesTextesTest, AbsentSettingsGiveTheDefaults) {
     EXPECT_EQ(lus.place.hauteur, 4245);
     EXPECT_EQ(lus.place.largeur, 0);
     EXPECT_EQ(lus.posseparateur, 1000);
-    EXPECT_EQ(lus.vh, u"1");
-    EXPECT_EQ(lus.ar, u"0");
+    EXPECT_EQ(lus.arrangement, Arrangement::Dessus);
+    EXPECT_EQ(lus.bloc, Bloc::Recherche);
     EXPECT_EQ(lus.listeordre, u"01234");
     EXPECT_EQ(lus.listelargeurs, u"002000002000002000002000");
 }
@@ -68,14 +68,14 @@ TEST_F(ReglagesTextesTest, AbsentSettingsGiveTheDefaults) {
 TEST_F(ReglagesTextesTest, EachWindowRestoresItsOwnSavedValues) {
     ReglagesTextes un;
     un.place = {0, 150, 300, 9000, 6000};
-    un.ar = u"1"_s;
-    un.vh = u"0"_s;
+    un.bloc = Bloc::Arbre;
+    un.arrangement = Arrangement::ACote;
     un.posseparateur = 4305;
     un.listeordre = u"31024"_s;
     un.listelargeurs = u"004000001500000700002001"_s;
     ReglagesTextes autre;
     autre.place.etat = 2;
-    autre.ar = u"2"_s;
+    autre.bloc = Bloc::Liste;
     ecritreglagestextes(reglages, 1, un);
     ecritreglagestextes(reglages, 10, autre);
     const ReglagesStore frais(magasin.path());
@@ -83,6 +83,10 @@ TEST_F(ReglagesTextesTest, EachWindowRestoresItsOwnSavedValues) {
     EXPECT_EQ(litreglagestextes(reglages, 10), autre);
     EXPECT_EQ(frais.get(u"POSITIONFORME", u"WINDOWSSEPAR1"), u"4305");
     EXPECT_EQ(frais.get(u"POSITIONFORME", u"ORDRECOLONNE1"), u"31024");
+    EXPECT_EQ(frais.get(u"POSITIONFORME", u"WINDOWSARBRE1"), u"1");
+    EXPECT_EQ(frais.get(u"POSITIONFORME", u"WINDOWSSEPARVH1"), u"0");
+    EXPECT_EQ(frais.get(u"POSITIONFORME", u"WINDOWSARBRE10"), u"2");
+    EXPECT_EQ(frais.get(u"POSITIONFORME", u"WINDOWSSEPARVH10"), u"1");
     EXPECT_EQ(litreglagestextes(reglages, 0), ReglagesTextes());
 }
 
@@ -97,9 +101,9 @@ TEST_F(ReglagesTextesTest, AWindowThatIsNotInNormalStateWritesNoPosition) {
 
 TEST_F(ReglagesTextesTest, AnArrangementOtherThanZeroPutsThePanelAbove) {
     met(u"WINDOWSSEPARVH2"_s, u"0"_s);
-    EXPECT_EQ(litreglagestextes(reglages, 2).vh, u"0");
+    EXPECT_EQ(litreglagestextes(reglages, 2).arrangement, Arrangement::ACote);
     met(u"WINDOWSSEPARVH2"_s, u"7"_s);
-    EXPECT_EQ(litreglagestextes(reglages, 2).vh, u"1");
+    EXPECT_EQ(litreglagestextes(reglages, 2).arrangement, Arrangement::Dessus);
 }
 
 TEST_F(ReglagesTextesTest, NonsenseInTheStoreIsNoFailure) {
@@ -123,7 +127,7 @@ TEST_F(ReglagesTextesTest, NonsenseInTheStoreIsNoFailure) {
     EXPECT_EQ(lus.place.gauche, -1'000'000);
     EXPECT_EQ(lus.place.largeur, 0);
     EXPECT_EQ(lus.posseparateur, 1'000'000);
-    EXPECT_EQ(lus.ar, u"2");
+    EXPECT_EQ(lus.bloc, Bloc::Liste);
 }
 
 TEST(ColonnesDeLaListe, AColumnOrderOfAllFoursFallsBackToTheDefault) {

@@ -1,5 +1,7 @@
 #include "document/ui/listedeliens.h"
+#include "document/ui/panneautextes.h"
 #include "document/ui/textes.h"
+#include "document/ui/voletliens.h"
 #include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/frame/splitterbar.h"
 #include "platform/widgets/frame/toolbar.h"
@@ -75,7 +77,7 @@ protected:
     QModelIndex node(const QString& beginning) const {
         if (!host->front())
             return {};
-        const TreeView& tree = host->front()->arbre();
+        const TreeView& tree = host->front()->panneau().arbre();
         const auto all = tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, beginning, 1,
                                              Qt::MatchStartsWith | Qt::MatchRecursive | Qt::MatchCaseSensitive);
         return all.isEmpty() ? QModelIndex() : all.front();
@@ -84,7 +86,7 @@ protected:
         const QModelIndex index = node(beginning);
         if (!index.isValid())
             return {};
-        const TreeView& tree = host->front()->arbre();
+        const TreeView& tree = host->front()->panneau().arbre();
         const QRect row = tree.visualRect(index) & tree.viewport()->rect();
         return {tree.viewport(), row};
     }
@@ -118,9 +120,9 @@ protected:
 
     void openNode(const QString& beginning) {
         ASSERT_TRUE(touch([&] { return nodeSpot(beginning); })) << beginning.toStdString();
-        ASSERT_TRUE(becomes([&] { return host->front()->arbre().currentIndex() == node(beginning); }));
+        ASSERT_TRUE(becomes([&] { return host->front()->panneau().arbre().currentIndex() == node(beginning); }));
         key(u"Right"_s);
-        ASSERT_TRUE(becomes([&] { return host->front()->arbre().isExpanded(node(beginning)); }));
+        ASSERT_TRUE(becomes([&] { return host->front()->panneau().arbre().isExpanded(node(beginning)); }));
     }
     void openFirstDocument() {
         ASSERT_TRUE(touch([this] { return slot(u"CO"_s); }));
@@ -129,11 +131,11 @@ protected:
         ASSERT_TRUE(touch([this] { return tool(u"barrehoriz"_s); }));
         ASSERT_TRUE(becomes([this] {
             const auto* bar = qobject_cast<SplitterBar*>(inFront(u"separateur"_s).widget);
-            return bar && bar->orientation() == Qt::Vertical && host->front()->arbre().isVisible();
+            return bar && bar->orientation() == Qt::Vertical && host->front()->panneau().arbre().isVisible();
         }));
-        const int before = inProgram([this] { return host->front()->arbre().width(); });
+        const int before = inProgram([this] { return host->front()->panneau().arbre().width(); });
         ASSERT_TRUE(drag([this] { return inFront(u"separateur"_s); }, {120, 0}));
-        ASSERT_TRUE(becomes([&] { return host->front()->arbre().width() == before + 120; }));
+        ASSERT_TRUE(becomes([&] { return host->front()->panneau().arbre().width() == before + 120; }));
         ASSERT_NO_FATAL_FAILURE(openNode(u"Code de la consommation"_s));
         ASSERT_NO_FATAL_FAILURE(openNode(u"Livre préliminaire"_s));
         ASSERT_NO_FATAL_FAILURE(openNode(u"Titre unique"_s));
@@ -172,9 +174,10 @@ TEST_F(Roads, FromTheTreeByLinksAndBackToTheEndAndIntoTheNextRun) {
     photo(u"05-alt-gauche"_s);
 
     ASSERT_TRUE(touch([this] { return inFront(u"ouvrircorrélats"_s); }));
-    ASSERT_TRUE(becomes([this] { return host->front()->correlats().cles().contains(u"GL000012"_s); }));
+    ASSERT_TRUE(becomes([this] { return host->front()->volet().correlats().cles().contains(u"GL000012"_s); }));
     photo(u"06-correlats"_s);
-    ASSERT_TRUE(touch([this] { return row(*host->front()->correlats().grille(), u"GL000012"_s); }, Hand::DoubleClick));
+    ASSERT_TRUE(
+        touch([this] { return row(*host->front()->volet().correlats().grille(), u"GL000012"_s); }, Hand::DoubleClick));
     ASSERT_TRUE(becomes([this] { return shows(u"GL000012"_s); }));
     photo(u"07-correlat"_s);
 

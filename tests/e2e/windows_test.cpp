@@ -1,5 +1,6 @@
 // Real keys and clicks on the document windows: which control has the focus, what a window leaves behind that closes,
 // and what the next run makes of the places.
+#include "document/ui/panneautextes.h"
 #include "document/ui/textes.h"
 #include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/frame/toolbar.h"
@@ -78,8 +79,8 @@ TEST_F(Windows, TheTreeHasTheFocusAgainWhenItsWindowComesBack) {
     ASSERT_NO_FATAL_FAILURE(open(u"CO000002"_s));
     ASSERT_TRUE(touch([this] { return tool(u"arbre"_s); }));
     ASSERT_TRUE(touch([this] { return tool(u"barrehoriz"_s); }));
-    ASSERT_TRUE(touch([this] { return Spot::of(host->front()->arbre().viewport()); }));
-    ASSERT_TRUE(becomes([this] { return host->front()->arbre().hasFocus(); }));
+    ASSERT_TRUE(touch([this] { return Spot::of(host->front()->panneau().arbre().viewport()); }));
+    ASSERT_TRUE(becomes([this] { return host->front()->panneau().arbre().hasFocus(); }));
     ASSERT_NO_FATAL_FAILURE(open(u"JP000003"_s));
     // Not the word search, which takes the focus whenever its window comes forward.
     ASSERT_TRUE(touch([this] { return tool(u"arbre"_s); }));
@@ -92,7 +93,7 @@ TEST_F(Windows, TheTreeHasTheFocusAgainWhenItsWindowComesBack) {
         for (const auto& [there, back] : {std::pair{u"ctrl+Tab"_s, u"ctrl+Tab"_s}, {u"alt+Left"_s, u"alt+Right"_s}}) {
             key(there);
             ASSERT_TRUE(becomes([this] { return shows(u"CO000002"_s); }));
-            EXPECT_TRUE(inProgram([this] { return host->front()->arbre().hasFocus(); })) << filling;
+            EXPECT_TRUE(inProgram([this] { return host->front()->panneau().arbre().hasFocus(); })) << filling;
             key(back);
             ASSERT_TRUE(becomes([this] { return shows(u"JP000003"_s); }));
             EXPECT_TRUE(inProgram([this] { return host->front()->vue().hasFocus(); })) << filling;

@@ -4,6 +4,7 @@
 //   essai_lancement FOLDER COMMANDLINE ANSWERS DEEDS      (answers and deeds parted by commas)
 #include "document/ui/listedeliens.h"
 #include "document/ui/textes.h"
+#include "document/ui/voletliens.h"
 #include "platform/widgets/look/look.h"
 #include "shell/application.h"
 #include "shell/bureau.h"
@@ -105,7 +106,7 @@ private:
         else if (fait == u"mots")
             cherche(valeur);
         else if (fait == u"liens")
-            programme_.fenetre(0)->liens().ouvre(decoupecle(valeur));
+            programme_.fenetre(0)->volet().liens().ouvre(decoupecle(valeur));
         else if (fait == u"astucefautive")
             astucefautive();
         else if (fait == u"memoire")

@@ -1,6 +1,7 @@
 // A hand that does anything to the windows of the real frame, in any order: nothing ends, and all that tells of a
 // window tells the same. VELM_LONG=1 makes it 10,000 steps, VELM_SEED repeats a walk.
 #include "document/ui/listedeliens.h"
+#include "document/ui/voletliens.h"
 #include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/frame/splitterbar.h"
 #include "platform/widgets/tree/treeview.h"
@@ -147,7 +148,8 @@ protected:
     void listesdeliens() {
         Textes* devant = active();
         if (devant && devant->isVisible())
-            QTest::mouseClick((pileouface() ? devant->liens() : devant->correlats()).bouton(), Qt::LeftButton);
+            QTest::mouseClick((pileouface() ? devant->volet().liens() : devant->volet().correlats()).bouton(),
+                              Qt::LeftButton);
     }
     void tireunebarre() {
         const auto barres = ecran().findChildren<SplitterBar*>();

@@ -1,4 +1,5 @@
 // The document windows in the frame: their focus, their places from run to run, and what tells of them.
+#include "document/ui/panneautextes.h"
 #include "fenetres_support.h"
 
 using namespace velm;
@@ -15,7 +16,7 @@ TEST_F(FenetresTest, TheFocusComesBackToTheTreeTheTextOrTheListThatHadIt) {
             autour(*active()).showMaximized();
         ecran().aire().activate(&fenetre(0));
         presse(fenetre(0).barrechild(), "arbre");
-        const std::vector<QWidget*> controles{&fenetre(0).arbre(), &fenetre(0).vue(),
+        const std::vector<QWidget*> controles{&fenetre(0).panneau().arbre(), &fenetre(0).vue(),
                                               fenetre(0).findChild<QWidget*>(u"ouvrirlien"_s)};
         for (QWidget* controle : controles) {
             controle->setFocus();
@@ -40,14 +41,14 @@ TEST_F(FenetresTest, TheHistoryOfTheFrameLeavesTheFocusInEachWindowWhereItWas) {
         if (agrandie)
             autour(*active()).showMaximized();
         presse(fenetre(2).barrechild(), "arbre");
-        fenetre(2).arbre().setFocus();
+        fenetre(2).panneau().arbre().setFocus();
         touche(Qt::Key_Left, Qt::AltModifier);
         ASSERT_EQ(active(), &fenetre(0));
         presse(fenetre(0).barrechild(), "arbre");
         fenetre(0).vue().setFocus();
         touche(Qt::Key_Right, Qt::AltModifier);
         ASSERT_EQ(active(), &fenetre(2));
-        EXPECT_TRUE(fenetre(2).arbre().hasFocus()) << agrandie;
+        EXPECT_TRUE(fenetre(2).panneau().arbre().hasFocus()) << agrandie;
         touche(Qt::Key_Left, Qt::AltModifier);
         EXPECT_TRUE(fenetre(0).vue().hasFocus()) << agrandie;
         touche(Qt::Key_Right, Qt::AltModifier);
@@ -57,19 +58,19 @@ TEST_F(FenetresTest, TheHistoryOfTheFrameLeavesTheFocusInEachWindowWhereItWas) {
 TEST_F(FenetresTest, AWindowChosenFromTheListOrShownByItsButtonHasItsFocusAgain) {
     commence();
     presse(fenetre(0).barrechild(), "arbre");
-    fenetre(0).arbre().setFocus();
+    fenetre(0).panneau().arbre().setFocus();
     presse(ecran().barreecran(), "CO");
     EXPECT_EQ(active(), &fenetre(2));
     presse(ecran().barreecran(), "CO");
-    EXPECT_TRUE(fenetre(0).arbre().hasFocus());
+    EXPECT_TRUE(fenetre(0).panneau().arbre().hasFocus());
     entree("mlistefenetre", 3)->trigger();
     entree("mlistefenetre", 1)->trigger();
-    EXPECT_TRUE(fenetre(0).arbre().hasFocus());
+    EXPECT_TRUE(fenetre(0).panneau().arbre().hasFocus());
     presse(ecran().barreecran(), "CO");
     presse(ecran().barreecran(), "JP");
     EXPECT_EQ(active(), nullptr);
     presse(ecran().barreecran(), "CO");
-    EXPECT_TRUE(fenetre(0).arbre().hasFocus());
+    EXPECT_TRUE(fenetre(0).panneau().arbre().hasFocus());
 }
 
 TEST_F(FenetresTest, AStepInTheHistoryOfTheWindowInFrontLeavesTheFocusWhereItIs) {

@@ -1,6 +1,7 @@
 // What a document cites, or what cites it, turned into the selection list of the frame.
 #include "core/schemas.h"
 #include "document/ui/listedeliens.h"
+#include "document/ui/voletliens.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "shell/bureau.h"
 #include "shell/volet.h"
@@ -57,7 +58,7 @@ TEST_F(LiensEnListe, TurningLinksIntoAListEnablesTheListsButtons) {
                                 u"envoyercritères"_s};
     for (const QString& cle : delaliste)
         EXPECT_FALSE(active(cle)) << cle.toStdString();
-    fenetre.liens().bouton()->click();
+    fenetre.volet().liens().bouton()->click();
     choisit(fenetre, u"MnuLiensSelection"_s);
     for (const QString& cle : delaliste + QStringList{u"ouvrircritères"_s})
         EXPECT_TRUE(active(cle)) << cle.toStdString();
@@ -67,12 +68,13 @@ TEST_F(LiensEnListe, TurningLinksIntoAListEnablesTheListsButtons) {
 
 TEST_F(LiensEnListe, TheListStandsInTheOrderOfTheGridAndReplacesTheOneBefore) {
     Textes& fenetre = ouvre();
-    fenetre.liens().bouton()->click();
-    fenetre.liens().grille()->sort(1, true);
-    const QStringList grille{fenetre.liens().grille()->text(1, 1), fenetre.liens().grille()->text(2, 1)};
+    fenetre.volet().liens().bouton()->click();
+    fenetre.volet().liens().grille()->sort(1, true);
+    const QStringList grille{fenetre.volet().liens().grille()->text(1, 1),
+                             fenetre.volet().liens().grille()->text(2, 1)};
     choisit(fenetre, u"MnuLiensSelection"_s);
     EXPECT_EQ(titres(), grille);
-    fenetre.correlats().bouton()->click();
+    fenetre.volet().correlats().bouton()->click();
     choisit(fenetre, u"MnuCorrelatsSelection"_s);
     EXPECT_EQ(titres(), QStringList{u"Article 2"_s});
 }

@@ -1,5 +1,6 @@
 // Too little memory for a document, for a list, for the base: one message, and the run goes on.
 #include "document/ui/listedeliens.h"
+#include "document/ui/panneautextes.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "shell/bureau.h"
 #include "shell/selection.h"
@@ -96,7 +97,7 @@ TEST_F(MemoireTest, ABlockOfAWindowThatDoesNotFitIsFilledTheNextTime) {
     EXPECT_TRUE(textes.first().startsWith(u"La mémoire disponible ne suffit pas pour remplir cette liste"_s));
     fenetre.barrechild().widget(u"recherchedico"_s)->click();
     fenetre.barrechild().widget(u"tableau"_s)->click();
-    EXPECT_EQ(fenetre.flex().rows(), 4);
+    EXPECT_EQ(fenetre.panneau().flex().rows(), 4);
     EXPECT_TRUE(dits().isEmpty());
 }
 

@@ -130,8 +130,8 @@ TEST_F(SelectionTest, OpenedDocumentsGetTheWordsAndTheMarks) {
     liste().liste().resultat().mot2 = u"prix"_s;
     doubleclic(2);
     Textes& fenetre = *active();
-    EXPECT_EQ(fenetre.mots().mot1, u"deux");
-    EXPECT_EQ(fenetre.mots().mot2, u"prix");
+    EXPECT_EQ(fenetre.lecture().mots().mot1, u"deux");
+    EXPECT_EQ(fenetre.lecture().mots().mot2, u"prix");
     EXPECT_EQ(marques(fenetre), 4);
     for (const QString& cle : {u"motprécédent"_s, u"motsuivant"_s, u"marqueauto"_s})
         EXPECT_TRUE(fenetre.barrechild().isButtonVisible(cle));
@@ -176,7 +176,7 @@ TEST_F(SelectionTest, ARowWhoseDocumentIsGoneOpensNothingElse) {
     flex().setRow(6);
     liste().ouvre();
     EXPECT_EQ(active(), avant);
-    EXPECT_TRUE(avant->mots().mot1.isEmpty());
+    EXPECT_TRUE(avant->lecture().mots().mot1.isEmpty());
     EXPECT_GT(nombre, 0);
 }
 

@@ -153,7 +153,7 @@ TEST_F(VoletTest, TheBlockOfAWindowSearchesItsOwnCollectionForAllWords) {
     EXPECT_EQ(boite->text(), u"prix");
     EXPECT_EQ(flex().rows(), 5);
     presse(barre(), "suivantrecherche");
-    EXPECT_EQ(active()->mots().mot1, u"PRIX");
+    EXPECT_EQ(active()->lecture().mots().mot1, u"PRIX");
     EXPECT_EQ(marques(*active()), 2);
 }
 

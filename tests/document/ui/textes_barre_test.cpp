@@ -21,7 +21,7 @@ QStringList descles(const Toolbar& barre) {
 } // namespace
 
 TEST_F(BarreTextes, TheBarHoldsItsButtonsInOrder) {
-    const Textes& fenetre = ouvre("CO000001");
+    Textes& fenetre = ouvre("CO000001");
     EXPECT_EQ(descles(fenetre.barrechild()),
               (QStringList{u"Précédent"_s,        u"Suivant"_s,    u"Haut"_s,         u"Bas"_s,
                            u"barreblocs"_s,       u"arbre"_s,      u"tableau"_s,      u"recherchedico"_s,
@@ -38,7 +38,7 @@ TEST_F(BarreTextes, TheBarHoldsItsButtonsInOrder) {
 
 TEST_F(BarreTextes, ButtonsOfADocumentWakeUpAtTheFirstOne) {
     banc->navigation.ouvrefenetre(0);
-    const Textes& fenetre = *banc->fenetre(0);
+    Textes& fenetre = *banc->fenetre(0);
     EXPECT_EQ(fenetre.windowTitle(), u"Code de la consommation");
     EXPECT_FALSE(fenetre.menusactifs());
     for (const auto& cle : {u"propriétés"_s, u"barrepropriétés"_s, u"abc"_s, u"barreabc"_s})
@@ -71,9 +71,9 @@ TEST_F(BarreTextes, TheDeferredRefreshShowsTheFullTextOnce) {
     Textes& fenetre = ouvre("CO000001");
     const QString complet = fenetre.vue().control().text();
     presse(fenetre, u"abc"_s);
-    banc->rafraichir[0] = true;
+    banc->voisinage.rafraichir[0] = true;
     fenetre.activation();
-    EXPECT_FALSE(banc->rafraichir[0]);
+    EXPECT_FALSE(banc->voisinage.rafraichir[0]);
     EXPECT_EQ(fenetre.vue().control().text(), complet);
     fenetre.vue().setSelStart(5);
     fenetre.activation();
@@ -82,24 +82,24 @@ TEST_F(BarreTextes, TheDeferredRefreshShowsTheFullTextOnce) {
 
 TEST_F(BarreTextes, ADeferredRefreshWithoutADocumentOnlyClearsItsFlag) {
     banc->navigation.ouvrefenetre(0);
-    banc->rafraichir[0] = true;
+    banc->voisinage.rafraichir[0] = true;
     banc->fenetre(0)->activation();
-    EXPECT_FALSE(banc->rafraichir[0]);
+    EXPECT_FALSE(banc->voisinage.rafraichir[0]);
     EXPECT_FALSE(banc->fenetre(0)->menusactifs());
 }
 
 TEST_F(BarreTextes, DossierButtonsAreHiddenWithoutADossierStore) {
-    const Textes& sans = ouvre("CO000001");
+    Textes& sans = ouvre("CO000001");
     for (const auto& cle : {u"dossiers"_s, u"barredossier"_s, u"document"_s})
         EXPECT_FALSE(sans.barrechild().isButtonVisible(cle)) << cle.toStdString();
-    banc->dossiers = true;
-    const Textes& avec = ouvre("JP000007");
+    banc->voisinage.dossiers = true;
+    Textes& avec = ouvre("JP000007");
     for (const auto& cle : {u"dossiers"_s, u"barredossier"_s, u"document"_s})
         EXPECT_TRUE(avec.barrechild().isButtonVisible(cle)) << cle.toStdString();
 }
 
 TEST_F(BarreTextes, StoringHandsOverKeyTitleAndSelection) {
-    banc->dossiers = true;
+    banc->voisinage.dossiers = true;
     Textes& fenetre = ouvre("CO000002");
     struct Range {
         QString cle;
@@ -123,9 +123,9 @@ TEST_F(BarreTextes, StoringHandsOverKeyTitleAndSelection) {
 }
 
 TEST_F(BarreTextes, OpeningTheDossiersHandsOverNothing) {
-    banc->dossiers = true;
+    banc->voisinage.dossiers = true;
     Textes& fenetre = ouvre("CO000002");
-    fenetre.toutselectionner();
+    fenetre.fait(Ordre::ToutSelectionner);
     int fois = 0;
     QObject::connect(&fenetre, &Textes::ranger, &fenetre,
                      [&](const QString& cle, const QString& titre, qsizetype debut, qsizetype longueur) {
@@ -174,8 +174,8 @@ TEST_F(BarreTextes, TheSideButtonsOfTheMouseWalkTheFramesHistory) {
     ouvre("JP000007");
     QTest::mouseClick(banc->fenetre(2)->vue().viewport(), Qt::BackButton);
     EXPECT_EQ(banc->navigation.referencecourante(), u"CO000001");
-    QTest::mouseClick(&fenetre.arbre(), Qt::ForwardButton);
-    QTest::mouseClick(fenetre.arbre().viewport(), Qt::ForwardButton);
+    QTest::mouseClick(&fenetre.panneau().arbre(), Qt::ForwardButton);
+    QTest::mouseClick(fenetre.panneau().arbre().viewport(), Qt::ForwardButton);
     EXPECT_EQ(banc->navigation.referencecourante(), u"JP000007");
 }
 
@@ -190,8 +190,8 @@ TEST_F(BarreTextes, EscapeAndThePageKeysLeadToTheText) {
     QTest::keyClick(liens, Qt::Key_Escape);
     EXPECT_TRUE(fenetre.vue().hasFocus());
     presse(fenetre, u"arbre"_s);
-    fenetre.arbre().setFocus();
-    QTest::keyClick(&fenetre.arbre(), Qt::Key_Escape);
+    fenetre.panneau().arbre().setFocus();
+    QTest::keyClick(&fenetre.panneau().arbre(), Qt::Key_Escape);
     EXPECT_TRUE(fenetre.vue().hasFocus());
 }
 
@@ -200,7 +200,7 @@ TEST_F(BarreTextes, FoldingThePanelUnderTheFocusGivesItToTheText) {
     presse(fenetre, u"arbre"_s);
     fenetre.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&fenetre));
-    fenetre.arbre().setFocus();
+    fenetre.panneau().arbre().setFocus();
     ouvre("CO000002", true);
     EXPECT_TRUE(fenetre.vue().hasFocus());
 }

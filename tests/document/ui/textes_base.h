@@ -75,16 +75,16 @@ protected:
     }
 
     Textes& ouvre(const char* cle, bool replier = false) { return banc->ouvre(cle, replier); }
-    static QToolButton* bouton(const Textes& fenetre, const QString& cle) { return fenetre.barrechild().widget(cle); }
-    static void presse(const Textes& fenetre, const QString& cle) {
+    static QToolButton* bouton(Textes& fenetre, const QString& cle) { return fenetre.barrechild().widget(cle); }
+    static void presse(Textes& fenetre, const QString& cle) {
         QTest::mouseClick(bouton(fenetre, cle), Qt::LeftButton);
     }
     template <typename T = QWidget>
-    static T* controle(const Textes& fenetre, const QString& nom) {
+    static T* controle(Textes& fenetre, const QString& nom) {
         return fenetre.findChild<T*>(nom);
     }
     /// Clicks on a character of the text.
-    static void cliquetexte(const Textes& fenetre, qsizetype position) {
+    static void cliquetexte(Textes& fenetre, qsizetype position) {
         RichTextBox& vue = fenetre.vue();
         vue.setSelStart(position);
         vue.revealCaret();

@@ -38,14 +38,14 @@ protected:
         return muets;
     }
     /// The window's own control that has the focus, or holds what has it.
-    static QString ou(const Textes& fenetre) {
+    static QString ou(Textes& fenetre) {
         const QWidget* celui = fenetre.focusWidget();
         while (celui && celui->parentWidget() != &fenetre)
             celui = celui->parentWidget();
         return celui ? celui->objectName() : QString();
     }
     /// The window's own controls in the order in which a key comes to them, from its bar on and round to it again.
-    static QStringList tour(const Textes& fenetre, Qt::Key touche) {
+    static QStringList tour(Textes& fenetre, Qt::Key touche) {
         const auto presse = [&] {
             const bool retour = touche == Qt::Key_Backtab;
             QTest::keyClick(fenetre.focusWidget(), touche, retour ? Qt::ShiftModifier : Qt::NoModifier);
@@ -79,7 +79,7 @@ protected:
 
 TEST_F(ClavierTextes, EveryControlThatTakesTheFocusTellsItsName) {
     Textes& fenetre = ouvre("CO000001");
-    fenetre.liens().bouton()->click();
+    fenetre.volet().liens().bouton()->click();
     for (const auto& bloc : {u"arbre"_s, u"tableau"_s, u"recherchedico"_s}) {
         presse(fenetre, bloc);
         EXPECT_EQ(sansnom(fenetre).join(u", "), QString()) << bloc.toStdString();
@@ -95,7 +95,7 @@ TEST_F(ClavierTextes, TheTabKeyWalksAllControlsOfTheWindowAndComesBackToTheFirst
         {u"arbre"_s, {u"arbre"_s}}, {u"tableau"_s, {u"flex"_s}}, {u"recherchedico"_s, {u"blocrecherche"_s}}};
     Textes& fenetre = devant("CO000002");
     controle(fenetre, u"blocrecherche"_s)->setEnabled(true);
-    fenetre.liens().bouton()->click();
+    fenetre.volet().liens().bouton()->click();
     presse(fenetre, u"barrehoriz"_s);
     for (const auto& [bouton, panneau] : blocs) {
         presse(fenetre, bouton);
@@ -119,7 +119,7 @@ TEST_F(ClavierTextes, TheTabKeyMissesNoControlThatTakesTheFocus) {
         presse(fenetre, disposition);
         presse(fenetre, u"recherchedico"_s);
         tire(*controle<SplitterBar>(fenetre, u"separateur"_s), {200, 200});
-        fenetre.liens().bouton()->click();
+        fenetre.volet().liens().bouton()->click();
         QSet<const QWidget*> attendus;
         for (const QWidget* enfant : fenetre.findChildren<QWidget*>()) {
             if (enfant->isVisible() && enfant->isEnabled() && (enfant->focusPolicy() & Qt::TabFocus) &&
@@ -193,25 +193,25 @@ TEST_F(ClavierTextes, ADoubleClickOnALinkFollowsItOnce) {
     QTest::mouseClick(vue.viewport(), Qt::LeftButton, {}, ici);
     EXPECT_EQ(encore.count(), 1);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
-    EXPECT_EQ(fenetre.parcours().historique.precedent.nombre(), 1);
+    EXPECT_EQ(fenetre.lecture().parcours().historique.precedent.nombre(), 1);
 }
 
 TEST_F(ClavierTextes, ASingleClickOnAHeaderOfTheListSortsNothing) {
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"barrehoriz"_s);
     presse(fenetre, u"tableau"_s);
-    cliquecellule(fenetre.flex(), 0, 0);
-    EXPECT_EQ(fenetre.flex().sortMark(0), FlexGrid::Mark::Ascending);
-    EXPECT_EQ(fenetre.flex().text(1, 0), u"Article 2");
-    cliquecellule(fenetre.flex(), 0, 1);
-    EXPECT_EQ(fenetre.flex().sortMark(1), FlexGrid::Mark::None);
+    cliquecellule(fenetre.panneau().flex(), 0, 0);
+    EXPECT_EQ(fenetre.panneau().flex().sortMark(0), FlexGrid::Mark::Ascending);
+    EXPECT_EQ(fenetre.panneau().flex().text(1, 0), u"Article 2");
+    cliquecellule(fenetre.panneau().flex(), 0, 1);
+    EXPECT_EQ(fenetre.panneau().flex().sortMark(1), FlexGrid::Mark::None);
 }
 
 TEST_F(ClavierTextes, TreeAndListKeepTheFocusWhenTheirDocumentOpens) {
     Textes& fenetre = devant("CO000001");
     presse(fenetre, u"barrehoriz"_s);
     presse(fenetre, u"arbre"_s);
-    TreeView& arbre = fenetre.arbre();
+    TreeView& arbre = fenetre.panneau().arbre();
     arbre.setFocus();
     arbre.nodes().select(arbre.nodes().indexOf(u"@CO000003"_s));
     QTest::keyClick(&arbre, Qt::Key_Return);
@@ -222,28 +222,28 @@ TEST_F(ClavierTextes, TreeAndListKeepTheFocusWhenTheirDocumentOpens) {
     EXPECT_NE(arbre.nodes().selected(), avant);
 
     presse(fenetre, u"tableau"_s);
-    fenetre.flex().view()->setFocus();
-    fenetre.flex().setRow(1);
-    QTest::keyClick(fenetre.flex().view(), Qt::Key_Return);
+    fenetre.panneau().flex().view()->setFocus();
+    fenetre.panneau().flex().setRow(1);
+    QTest::keyClick(fenetre.panneau().flex().view(), Qt::Key_Return);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
-    EXPECT_TRUE(fenetre.flex().view()->hasFocus());
+    EXPECT_TRUE(fenetre.panneau().flex().view()->hasFocus());
     QTest::keyClick(fenetre.focusWidget(), Qt::Key_Down);
-    EXPECT_EQ(fenetre.flex().row(), 2);
+    EXPECT_EQ(fenetre.panneau().flex().row(), 2);
 }
 
 TEST_F(ClavierTextes, MenusOpenByTheKeyboard) {
     Textes& fenetre = devant("CO000001");
-    fenetre.liens().bouton()->click();
-    fenetre.liens().grille()->setRow(2);
+    fenetre.volet().liens().bouton()->click();
+    fenetre.volet().liens().grille()->setRow(2);
     for (const auto& [surface, nom] : {std::pair<QWidget*, QString>{fenetre.vue().viewport(), u"ContextMenu"_s},
-                                       {fenetre.liens().grille()->view()->viewport(), u"ContextMenuLiens"_s}}) {
+                                       {fenetre.volet().liens().grille()->view()->viewport(), u"ContextMenuLiens"_s}}) {
         auto* menu = fenetre.findChild<QMenu*>(nom);
         ASSERT_NE(menu, nullptr);
         menuauclavier(*surface);
         EVENTUALLY(menu->isVisible());
         menu->close();
     }
-    EXPECT_EQ(fenetre.liens().grille()->row(), 2);
+    EXPECT_EQ(fenetre.volet().liens().grille()->row(), 2);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000001");
 }
 
@@ -256,8 +256,8 @@ TEST_F(ClavierTextes, ADocumentThatIsNotInTheBaseLeavesTheWindowAsItWas) {
     EXPECT_EQ(fenetre.windowTitle(), titre);
     EXPECT_EQ(fenetre.referencecourante(), u"CO999999");
     EXPECT_EQ(banc->navigation.derniersdocumentslibelles().front(), u"CO-Article premier");
-    fenetre.liens().bouton()->click();
-    EXPECT_TRUE(fenetre.liens().cles().isEmpty());
+    fenetre.volet().liens().bouton()->click();
+    EXPECT_TRUE(fenetre.volet().liens().cles().isEmpty());
     presse(fenetre, u"Bas"_s);
     EXPECT_FALSE(fenetre.barrechild().isButtonEnabled(u"Bas"_s));
     presse(fenetre, u"Précédent"_s);

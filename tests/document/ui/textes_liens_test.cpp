@@ -15,7 +15,7 @@ using ArbreTextes = velm::test::BaseTextes;
 
 namespace {
 
-QAction* entree(const Textes& fenetre, const QString& nom) {
+QAction* entree(Textes& fenetre, const QString& nom) {
     return fenetre.findChild<QAction*>(nom);
 }
 
@@ -23,47 +23,47 @@ QAction* entree(const Textes& fenetre, const QString& nom) {
 
 TEST_F(LiensTextes, OpeningOneListShowsBothGrids) {
     Textes& fenetre = ouvre("CO000001");
-    EXPECT_FALSE(fenetre.liens().visible());
-    EXPECT_EQ(fenetre.liens().couleurbouton(), 255);
-    fenetre.liens().bouton()->click();
-    EXPECT_TRUE(fenetre.liens().grille()->isVisible());
-    EXPECT_TRUE(fenetre.correlats().grille()->isVisible());
-    EXPECT_EQ(fenetre.liens().couleurbouton(), 65280);
-    EXPECT_EQ(fenetre.correlats().couleurbouton(), 255);
-    EXPECT_EQ(fenetre.correlats().grille()->rows(), 1);
-    EXPECT_EQ(fenetre.liens().cles(), (QStringList{u"CO000003"_s, u"CO000002"_s}));
-    EXPECT_EQ(fenetre.liens().grille()->text(1, 0), u"CO");
-    EXPECT_EQ(fenetre.liens().grille()->text(1, 1), u"Zone franche");
+    EXPECT_FALSE(fenetre.volet().liens().visible());
+    EXPECT_EQ(fenetre.volet().liens().couleurbouton(), 255);
+    fenetre.volet().liens().bouton()->click();
+    EXPECT_TRUE(fenetre.volet().liens().grille()->isVisible());
+    EXPECT_TRUE(fenetre.volet().correlats().grille()->isVisible());
+    EXPECT_EQ(fenetre.volet().liens().couleurbouton(), 65280);
+    EXPECT_EQ(fenetre.volet().correlats().couleurbouton(), 255);
+    EXPECT_EQ(fenetre.volet().correlats().grille()->rows(), 1);
+    EXPECT_EQ(fenetre.volet().liens().cles(), (QStringList{u"CO000003"_s, u"CO000002"_s}));
+    EXPECT_EQ(fenetre.volet().liens().grille()->text(1, 0), u"CO");
+    EXPECT_EQ(fenetre.volet().liens().grille()->text(1, 1), u"Zone franche");
 }
 
 TEST_F(LiensTextes, TheCorrelatesListWhatCitesTheDocument) {
     Textes& fenetre = ouvre("CO000001");
-    fenetre.correlats().bouton()->click();
-    EXPECT_EQ(fenetre.correlats().cles(), (QStringList{u"CO000002"_s, u"JP000007"_s}));
+    fenetre.volet().correlats().bouton()->click();
+    EXPECT_EQ(fenetre.volet().correlats().cles(), (QStringList{u"CO000002"_s, u"JP000007"_s}));
 }
 
 TEST_F(LiensTextes, ClosingTheSecondListHidesBothGrids) {
     Textes& fenetre = ouvre("CO000001");
-    fenetre.liens().bouton()->click();
-    fenetre.correlats().bouton()->click();
-    fenetre.liens().bouton()->click();
-    EXPECT_TRUE(fenetre.liens().grille()->isVisible());
-    EXPECT_EQ(fenetre.liens().grille()->rows(), 1);
-    EXPECT_EQ(fenetre.liens().couleurbouton(), 255);
-    fenetre.correlats().bouton()->click();
-    EXPECT_FALSE(fenetre.liens().grille()->isVisible());
-    EXPECT_FALSE(fenetre.correlats().grille()->isVisible());
+    fenetre.volet().liens().bouton()->click();
+    fenetre.volet().correlats().bouton()->click();
+    fenetre.volet().liens().bouton()->click();
+    EXPECT_TRUE(fenetre.volet().liens().grille()->isVisible());
+    EXPECT_EQ(fenetre.volet().liens().grille()->rows(), 1);
+    EXPECT_EQ(fenetre.volet().liens().couleurbouton(), 255);
+    fenetre.volet().correlats().bouton()->click();
+    EXPECT_FALSE(fenetre.volet().liens().grille()->isVisible());
+    EXPECT_FALSE(fenetre.volet().correlats().grille()->isVisible());
     EXPECT_TRUE(controle(fenetre, u"entetelistedesliens"_s)->isVisible());
 }
 
 TEST_F(LiensTextes, AListReloadsWhenTheDocumentChangesWhileItIsOpen) {
     Textes& fenetre = ouvre("CO000001");
-    fenetre.liens().bouton()->click();
+    fenetre.volet().liens().bouton()->click();
     ouvre("CO000002");
-    EXPECT_EQ(fenetre.liens().cles(), QStringList{u"CO000001"_s});
-    EXPECT_EQ(fenetre.correlats().grille()->rows(), 1);
+    EXPECT_EQ(fenetre.volet().liens().cles(), QStringList{u"CO000001"_s});
+    EXPECT_EQ(fenetre.volet().correlats().grille()->rows(), 1);
     ouvre("CO000004");
-    EXPECT_TRUE(fenetre.liens().cles().isEmpty());
+    EXPECT_TRUE(fenetre.volet().liens().cles().isEmpty());
 }
 
 TEST_F(LiensTextes, NothingIsReadWhileTheListsAreClosed) {
@@ -80,22 +80,22 @@ TEST_F(LiensTextes, NothingIsReadWhileTheListsAreClosed) {
 TEST_F(LiensTextes, AnEmptyWindowOpensEmptyLists) {
     banc->navigation.ouvrefenetre(0);
     Textes& fenetre = *banc->fenetre(0);
-    fenetre.liens().bouton()->click();
-    EXPECT_TRUE(fenetre.liens().cles().isEmpty());
-    EXPECT_TRUE(fenetre.liens().ouverte());
+    fenetre.volet().liens().bouton()->click();
+    EXPECT_TRUE(fenetre.volet().liens().cles().isEmpty());
+    EXPECT_TRUE(fenetre.volet().liens().ouverte());
 }
 
 TEST_F(LiensTextes, AClickOnRow0SortsAscendingThenDescendingAndOnlyOneColumnBearsTheMark) {
     Textes& fenetre = ouvre("CO000001");
-    fenetre.liens().bouton()->click();
-    FlexGrid& grille = *fenetre.liens().grille();
+    fenetre.volet().liens().bouton()->click();
+    FlexGrid& grille = *fenetre.volet().liens().grille();
     cliquecellule(grille, 0, 1);
     EXPECT_EQ(grille.sortMark(1), FlexGrid::Mark::Ascending);
-    EXPECT_EQ(fenetre.liens().cles(), (QStringList{u"CO000002"_s, u"CO000003"_s}));
+    EXPECT_EQ(fenetre.volet().liens().cles(), (QStringList{u"CO000002"_s, u"CO000003"_s}));
     EXPECT_EQ(grille.headerCell(1), banc->langue.lireressource(300) + u'>');
     cliquecellule(grille, 0, 1);
     EXPECT_EQ(grille.headerCell(1), banc->langue.lireressource(300) + u'<');
-    EXPECT_EQ(fenetre.liens().cles(), (QStringList{u"CO000003"_s, u"CO000002"_s}));
+    EXPECT_EQ(fenetre.volet().liens().cles(), (QStringList{u"CO000003"_s, u"CO000002"_s}));
     cliquecellule(grille, 0, 0);
     EXPECT_EQ(grille.sortMark(0), FlexGrid::Mark::Ascending);
     EXPECT_EQ(grille.sortMark(1), FlexGrid::Mark::None);
@@ -104,25 +104,25 @@ TEST_F(LiensTextes, AClickOnRow0SortsAscendingThenDescendingAndOnlyOneColumnBear
 
 TEST_F(LiensTextes, AClickOnARowOpensItsDocumentWithoutFoldingThePanel) {
     Textes& fenetre = ouvre("CO000001");
-    fenetre.liens().bouton()->click();
-    const int position = fenetre.disposition().posseparateur;
-    cliquecellule(*fenetre.liens().grille(), 2, 1);
+    fenetre.volet().liens().bouton()->click();
+    const int position = fenetre.division().disposition().posseparateur;
+    cliquecellule(*fenetre.volet().liens().grille(), 2, 1);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
-    EXPECT_EQ(fenetre.disposition().posseparateur, position);
+    EXPECT_EQ(fenetre.division().disposition().posseparateur, position);
 }
 
 TEST_F(LiensTextes, ADoubleClickOnARowOpensOneDocumentOnly) {
     Textes& fenetre = ouvre("CO000001");
-    fenetre.liens().bouton()->click();
-    cliquecellule(*fenetre.liens().grille(), 2, 1, true);
+    fenetre.volet().liens().bouton()->click();
+    cliquecellule(*fenetre.volet().liens().grille(), 2, 1, true);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
-    EXPECT_EQ(fenetre.parcours().historique.precedent.nombre(), 1);
+    EXPECT_EQ(fenetre.lecture().parcours().historique.precedent.nombre(), 1);
 }
 
 TEST_F(LiensTextes, ReturnOnARowOpensItsDocument) {
     Textes& fenetre = ouvre("CO000001");
-    fenetre.correlats().bouton()->click();
-    FlexGrid& grille = *fenetre.correlats().grille();
+    fenetre.volet().correlats().bouton()->click();
+    FlexGrid& grille = *fenetre.volet().correlats().grille();
     grille.setRow(2);
     QTest::keyClick(grille.view(), Qt::Key_Return);
     EXPECT_EQ(banc->navigation.referencecourante(), u"JP000007");
@@ -141,7 +141,7 @@ TEST_F(LiensTextes, AClickOnTheFirstAndBehindTheLastCharacterOpensTheLink) {
 TEST_F(LiensTextes, ADragCountsAsAClickWhereItsSelectionBegins) {
     // "Voir l'article 2 et": the link begins at 5 and ends behind 15.
     const auto tirede = [this](qsizetype de, qsizetype a) {
-        const Textes& fenetre = ouvre("CO000001");
+        Textes& fenetre = ouvre("CO000001");
         const auto ou = [&fenetre](qsizetype position) {
             fenetre.vue().setSelStart(position);
             return fenetre.vue().cursorRect().center();
@@ -174,7 +174,7 @@ TEST_F(LiensTextes, AnInternalLinkPassesItsShownTextAsAnchorAndFoldsThePanel) {
     Textes& fenetre = ouvre("CO000001");
     cliquetexte(fenetre, fenetre.vue().control().text().indexOf(u"Ligne 40"_s) + 3);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
-    EXPECT_TRUE(fenetre.disposition().replie());
+    EXPECT_TRUE(fenetre.division().disposition().replie());
     EXPECT_TRUE(fenetre.vue().control().text().mid(fenetre.vue().selStart()).startsWith(u"Ligne 40."_s));
 }
 
@@ -203,8 +203,8 @@ TEST_F(LiensTextes, TheLinkUnderThePointerTellsItsTarget) {
 
 TEST_F(LiensTextes, TurningLinksIntoAListKeepsTheGridsOrder) {
     Textes& fenetre = ouvre("CO000001");
-    fenetre.liens().bouton()->click();
-    fenetre.liens().grille()->sort(1, false);
+    fenetre.volet().liens().bouton()->click();
+    fenetre.volet().liens().grille()->sort(1, false);
     QStringList cles;
     QObject::connect(&fenetre, &Textes::selection, &fenetre, [&](const QStringList& recues) { cles = recues; });
     QAction* selection = entree(fenetre, u"MnuLiensSelection"_s);
@@ -216,8 +216,8 @@ TEST_F(LiensTextes, TurningLinksIntoAListKeepsTheGridsOrder) {
 
 TEST_F(LiensTextes, TheMenuOfAListOpensTheRowUnderThePointer) {
     Textes& fenetre = ouvre("CO000001");
-    fenetre.liens().bouton()->click();
-    FlexGrid& grille = *fenetre.liens().grille();
+    fenetre.volet().liens().bouton()->click();
+    FlexGrid& grille = *fenetre.volet().liens().grille();
     grille.setRow(2);
     emit grille.rightClicked(1, 1, {10, 10});
     auto* menu = fenetre.findChild<QMenu*>(u"ContextMenuLiens"_s);
@@ -245,23 +245,23 @@ TEST_F(LiensTextes, TheTextsMenuHoldsItsEntriesAndCopies) {
     entree(fenetre, u"MnuCopy"_s)->trigger();
     EXPECT_TRUE(banc->pressepapiers.contenu.texte.startsWith(u"Voir"_s));
     entree(fenetre, u"MnuOuvrirLiens"_s)->trigger();
-    EXPECT_TRUE(fenetre.liens().ouverte());
+    EXPECT_TRUE(fenetre.volet().liens().ouverte());
     entree(fenetre, u"MnuOuvrirCorrélats"_s)->trigger();
-    EXPECT_TRUE(fenetre.correlats().ouverte());
+    EXPECT_TRUE(fenetre.volet().correlats().ouverte());
 }
 
 TEST_F(LiensTextes, CopyingWithoutASelectionTakesTheWholeRichTextAndLeavesWhatIsShown) {
     Textes& fenetre = ouvre("CO000001");
     fenetre.vue().setSelStart(7);
     const QByteArray rtf = fenetre.vue().control().textRtf();
-    fenetre.copie();
+    fenetre.fait(Ordre::Copier);
     EXPECT_EQ(banc->pressepapiers.contenu.rtf, rtf);
     EXPECT_EQ(fenetre.vue().control().textRtf(), rtf);
     EXPECT_EQ(fenetre.vue().selStart(), 7);
     EXPECT_EQ(fenetre.vue().selLength(), 0);
     fenetre.vue().setSelStart(0);
     fenetre.vue().setSelLength(4);
-    fenetre.copie();
+    fenetre.fait(Ordre::Copier);
     EXPECT_EQ(banc->pressepapiers.contenu.texte, u"Voir");
     EXPECT_EQ(fenetre.vue().selLength(), 4);
 }
@@ -269,7 +269,7 @@ TEST_F(LiensTextes, CopyingWithoutASelectionTakesTheWholeRichTextAndLeavesWhatIs
 TEST_F(LiensTextes, CopyingAnEmptyWindowLeavesTheClipboard) {
     banc->navigation.ouvrefenetre(0);
     banc->pressepapiers.contenu.texte = u"avant"_s;
-    banc->fenetre(0)->copie();
+    banc->fenetre(0)->fait(Ordre::Copier);
     EXPECT_EQ(banc->pressepapiers.texte(), u"avant");
 }
 
@@ -279,11 +279,11 @@ TEST_F(ArbreTextes, AClickOnADocumentOpensItWithoutFoldingThePanel) {
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"barrehoriz"_s);
     presse(fenetre, u"arbre"_s);
-    const int position = fenetre.disposition().posseparateur;
-    cliquenoeud(fenetre.arbre(), u"@CO000003"_s);
+    const int position = fenetre.division().disposition().posseparateur;
+    cliquenoeud(fenetre.panneau().arbre(), u"@CO000003"_s);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000003");
-    EXPECT_EQ(fenetre.disposition().posseparateur, position);
-    EXPECT_TRUE(fenetre.arbre().isVisible());
+    EXPECT_EQ(fenetre.division().disposition().posseparateur, position);
+    EXPECT_TRUE(fenetre.panneau().arbre().isVisible());
 }
 
 TEST_F(ArbreTextes, ADoubleClickOnADocumentOpensOneWindowOnly) {
@@ -291,7 +291,7 @@ TEST_F(ArbreTextes, ADoubleClickOnADocumentOpensOneWindowOnly) {
     presse(fenetre, u"barrehoriz"_s);
     presse(fenetre, u"arbre"_s);
     banc->navigation.changeunefenetre(false);
-    TreeView& arbre = fenetre.arbre();
+    TreeView& arbre = fenetre.panneau().arbre();
     cliquenoeud(arbre, u"@CO000003"_s);
     const QPoint ici = arbre.visualRect(arbre.currentIndex()).center();
     QTest::mouseDClick(arbre.viewport(), Qt::LeftButton, {}, ici);
@@ -306,8 +306,8 @@ TEST_F(ArbreTextes, AClickOnABranchDoesNothing) {
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"barrehoriz"_s);
     presse(fenetre, u"arbre"_s);
-    cliquenoeud(fenetre.arbre(), u"CO 2"_s);
-    cliquenoeud(fenetre.arbre(), u"CO 0"_s);
+    cliquenoeud(fenetre.panneau().arbre(), u"CO 2"_s);
+    cliquenoeud(fenetre.panneau().arbre(), u"CO 0"_s);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000001");
 }
 
@@ -317,7 +317,7 @@ TEST_F(ArbreTextes, AClickOnADocumentHidesTheTwoWordButtons) {
     presse(fenetre, u"arbre"_s);
     for (const auto& cle : {u"motprécédent"_s, u"motsuivant"_s, u"marqueauto"_s})
         fenetre.barrechild().setButtonVisible(cle, true);
-    cliquenoeud(fenetre.arbre(), u"@CO000003"_s);
+    cliquenoeud(fenetre.panneau().arbre(), u"@CO000003"_s);
     EXPECT_FALSE(fenetre.barrechild().isButtonVisible(u"motprécédent"_s));
     EXPECT_FALSE(fenetre.barrechild().isButtonVisible(u"motsuivant"_s));
     EXPECT_TRUE(fenetre.barrechild().isButtonVisible(u"marqueauto"_s));
@@ -327,7 +327,7 @@ TEST_F(ArbreTextes, ExpandingLoadsWhatLiesBelowTheChildren) {
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"barrehoriz"_s);
     presse(fenetre, u"arbre"_s);
-    TreeView& arbre = fenetre.arbre();
+    TreeView& arbre = fenetre.panneau().arbre();
     EXPECT_EQ(arbre.nodes().indexOf(u"CO 5"_s), 0);
     for (const auto& cle : {u"CO 0"_s, u"CO 1"_s, u"CO 3"_s})
         arbre.expand(arbre.indexOf(arbre.nodes().indexOf(cle)));

@@ -1,6 +1,7 @@
 // The list block of a document window.
 #include "tests/document/ui/textes_base.h"
 #include "tests/support/eventually.h"
+#include "tests/support/little_memory.h"
 
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
@@ -9,7 +10,7 @@ using FenetreTextes = velm::test::BaseTextes;
 TEST_F(FenetreTextes, TheListHasFourVisibleColumnsAndAHiddenNumber) {
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"tableau"_s);
-    const FlexGrid& flex = fenetre.flex();
+    const FlexGrid& flex = fenetre.panneau().flex();
     ASSERT_EQ(flex.cols(), 5);
     for (int colonne = 0; colonne < 4; ++colonne) {
         EXPECT_EQ(flex.header(colonne), banc->langue.lireressource(300 + colonne));
@@ -29,7 +30,7 @@ TEST_F(FenetreTextes, WidthsThatNobodyTouchedShareTheRoomAndAreNotStored) {
     Textes& fenetre = ouvre("CO000001");
     fenetre.resize(1200, 700);
     presse(fenetre, u"tableau"_s);
-    const FlexGrid& flex = fenetre.flex();
+    const FlexGrid& flex = fenetre.panneau().flex();
     EXPECT_GT(flex.colWidth(0), 2000);
     EXPECT_NEAR(flex.colWidth(0), 2 * flex.colWidth(1), 60);
     fenetre.resize(300, 700);
@@ -42,12 +43,12 @@ TEST_F(FenetreTextes, AWidthThatWasTouchedStays) {
     Textes& fenetre = ouvre("CO000001");
     fenetre.resize(1200, 700);
     presse(fenetre, u"tableau"_s);
-    fenetre.flex().setColWidth(2, 1500);
+    fenetre.panneau().flex().setColWidth(2, 1500);
     fenetre.resize(900, 700);
-    EXPECT_EQ(fenetre.flex().colWidth(2), 1500);
-    const int titre = fenetre.flex().colWidth(0);
+    EXPECT_EQ(fenetre.panneau().flex().colWidth(2), 1500);
+    const int titre = fenetre.panneau().flex().colWidth(0);
     fenetre.resize(1100, 700);
-    EXPECT_EQ(fenetre.flex().colWidth(0), titre);
+    EXPECT_EQ(fenetre.panneau().flex().colWidth(0), titre);
     fenetre.close();
     EXPECT_TRUE(banc->lu(u"LARGEURCOLONNE0"_s).contains(u"001500"));
 }
@@ -57,7 +58,7 @@ TEST_F(FenetreTextes, TheStoredOrderAndWidthsOfTheColumnsAreTaken) {
     banc->met(u"LARGEURCOLONNE0"_s, u"003000001500002100000900"_s);
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"tableau"_s);
-    const FlexGrid& flex = fenetre.flex();
+    const FlexGrid& flex = fenetre.panneau().flex();
     EXPECT_EQ(flex.header(0), banc->langue.lireressource(301));
     EXPECT_EQ(flex.header(1), banc->langue.lireressource(300));
     EXPECT_EQ(flex.text(1, 0), u"bail");
@@ -69,16 +70,16 @@ TEST_F(FenetreTextes, AColumnOrderOfAllFoursFallsBackToTheDefault) {
     banc->met(u"ORDRECOLONNE0"_s, u"44444"_s);
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"tableau"_s);
-    EXPECT_EQ(fenetre.flex().header(0), banc->langue.lireressource(300));
-    EXPECT_EQ(fenetre.flex().header(3), banc->langue.lireressource(303));
+    EXPECT_EQ(fenetre.panneau().flex().header(0), banc->langue.lireressource(300));
+    EXPECT_EQ(fenetre.panneau().flex().header(3), banc->langue.lireressource(303));
 }
 
 TEST_F(FenetreTextes, MovedColumnsAreWrittenBackAsDigitsWithFourAtTheEnd) {
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"tableau"_s);
-    fenetre.flex().sort(1, false);
-    fenetre.flex().setColPosition(0, 2);
-    fenetre.flex().setColWidth(0, 1500);
+    fenetre.panneau().flex().sort(1, false);
+    fenetre.panneau().flex().setColPosition(0, 2);
+    fenetre.panneau().flex().setColWidth(0, 1500);
     fenetre.close();
     EXPECT_EQ(banc->lu(u"ORDRECOLONNE0"_s), u"12034");
     EXPECT_EQ(banc->lu(u"LARGEURCOLONNE0"_s).left(6), u"001500");
@@ -95,17 +96,31 @@ TEST_F(FenetreTextes, ADoubleClickInTheListOpensItsDocumentAndOnTheHeaderSorts) 
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"barrehoriz"_s);
     presse(fenetre, u"tableau"_s);
-    const int position = fenetre.disposition().posseparateur;
-    cliquecellule(fenetre.flex(), 1, 0);
+    const int position = fenetre.division().disposition().posseparateur;
+    cliquecellule(fenetre.panneau().flex(), 1, 0);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000001");
-    cliquecellule(fenetre.flex(), 1, 0, true);
+    cliquecellule(fenetre.panneau().flex(), 1, 0, true);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
-    EXPECT_EQ(fenetre.disposition().posseparateur, position);
-    cliquecellule(fenetre.flex(), 0, 0, true);
-    EXPECT_EQ(fenetre.flex().sortMark(0), FlexGrid::Mark::Descending);
-    EXPECT_EQ(fenetre.flex().text(1, 0), u"Zone franche");
-    fenetre.flex().view()->setFocus();
-    fenetre.flex().setRow(1);
-    QTest::keyClick(fenetre.flex().view(), Qt::Key_Return);
+    EXPECT_EQ(fenetre.division().disposition().posseparateur, position);
+    cliquecellule(fenetre.panneau().flex(), 0, 0, true);
+    EXPECT_EQ(fenetre.panneau().flex().sortMark(0), FlexGrid::Mark::Descending);
+    EXPECT_EQ(fenetre.panneau().flex().text(1, 0), u"Zone franche");
+    fenetre.panneau().flex().view()->setFocus();
+    fenetre.panneau().flex().setRow(1);
+    QTest::keyClick(fenetre.panneau().flex().view(), Qt::Key_Return);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000003");
+}
+
+TEST_F(FenetreTextes, AListThatDoesNotFitWhenItsWindowIsMadeIsSaidAndFilledLater) {
+    banc->met(u"WINDOWSARBRE0"_s, u"2"_s);
+    {
+        const velm::test::LittleMemory peu(0);
+        banc->navigation.ouvrefenetre(0);
+    }
+    EXPECT_EQ(banc->voisinage.dits, QStringList{banc->langue.lireressource(9567)});
+    Textes& fenetre = *banc->fenetre(0);
+    EXPECT_EQ(fenetre.panneau().flex().rows(), 1);
+    presse(fenetre, u"tableau"_s);
+    EXPECT_EQ(fenetre.panneau().flex().rows(), 5);
+    EXPECT_EQ(banc->voisinage.dits.size(), 1);
 }

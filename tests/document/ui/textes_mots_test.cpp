@@ -27,28 +27,24 @@ class TextesMotsTest : public BaseTextes {
 protected:
     /// A window that knows how to mark and how to look words up.
     Textes& fenetre(const char* cle) {
-        ContexteTextes contexte = banc->contexte();
-        contexte.marquage = [this] { return marquage; };
-        contexte.cherchemots = [this](const QString& code, const QString& mots,
-                                      const std::function<void(const QString&)>& ligne) {
-            demandes << code + u':' + mots;
-            for (const QString& une : std::as_const(lignes))
-                ligne(une);
-        };
-        contexte.completemots = [this](QLineEdit& boite) { complete = &boite; };
-        celle = std::make_unique<Textes>(indicedetype(QString::fromLatin1(cle, 2)), contexte);
+        banc->mots.connue = true;
+        celle = std::make_unique<Textes>(indicedetype(QString::fromLatin1(cle, 2)), banc->contexte());
         celle->resize(900, 700);
         celle->show();
-        celle->affiche(decoupecle(QString::fromLatin1(cle)), QString());
-        celle->parcours().referencecourante = QString::fromLatin1(cle);
+        celle->lecture().affiche(decoupecle(QString::fromLatin1(cle)), QString());
+        celle->lecture().parcours().referencecourante = QString::fromLatin1(cle);
         return *celle;
+    }
+    void SetUp() override {
+        BaseTextes::SetUp();
+        banc->mots.commemarquer = {rose, true, false, true};
     }
     void TearDown() override {
         celle.reset();
         BaseTextes::TearDown();
     }
-    static bool visible(const Textes& fenetre, const QString& cle) { return fenetre.barrechild().isButtonVisible(cle); }
-    static int nombredemarques(const Textes& fenetre) {
+    static bool visible(Textes& fenetre, const QString& cle) { return fenetre.barrechild().isButtonVisible(cle); }
+    static int nombredemarques(Textes& fenetre) {
         int nombre = 0;
         const RichText& texte = fenetre.vue().control().richText();
         texte.forEachRun(0, texte.length(), [&](qsizetype, qsizetype, FormatId format) {
@@ -57,10 +53,6 @@ protected:
         return nombre;
     }
 
-    Marquage marquage{rose, true, false, true};
-    QStringList demandes;
-    QStringList lignes;
-    QLineEdit* complete = nullptr;
     std::unique_ptr<Textes> celle;
 };
 
@@ -104,9 +96,9 @@ TEST_F(TextesMotsTest, WordsThatComeWithADocumentAreMarkedAndShowTheButtons) {
     EXPECT_TRUE(ici.barrechild().value(u"marqueauto"_s));
     // "Texte" stands at the very first character and is not marked.
     EXPECT_EQ(nombredemarques(ici), 80);
-    EXPECT_EQ(ici.mots().mot1, u"ligne"_s);
-    EXPECT_EQ(ici.mots().mot2, u"texte"_s);
-    EXPECT_EQ(ici.mots().posdepartrecherche, 0);
+    EXPECT_EQ(ici.lecture().mots().mot1, u"ligne"_s);
+    EXPECT_EQ(ici.lecture().mots().mot2, u"texte"_s);
+    EXPECT_EQ(ici.lecture().mots().posdepartrecherche, 0);
 }
 
 TEST_F(TextesMotsTest, NoWordHidesTheButtons) {
@@ -119,7 +111,7 @@ TEST_F(TextesMotsTest, NoWordHidesTheButtons) {
 }
 
 TEST_F(TextesMotsTest, AutomaticMarkingOffMarksNothingOnOpening) {
-    marquage.automatique = false;
+    banc->mots.commemarquer.automatique = false;
     Textes& ici = fenetre("CO000002");
     ici.recoitmots(u"ligne"_s, QString());
     EXPECT_EQ(nombredemarques(ici), 0);
@@ -140,7 +132,7 @@ TEST_F(TextesMotsTest, ReleasingTheMarkButtonReloadsTheTextWithTheCaretAtTheStar
     EXPECT_EQ(ici.vue().selStart(), 0);
     EXPECT_FALSE(ici.barrechild().value(u"marqueauto"_s));
     EXPECT_FALSE(ici.barrechild().value(u"abc"_s));
-    EXPECT_EQ(ici.mots().mot1, u"ligne"_s);
+    EXPECT_EQ(ici.lecture().mots().mot1, u"ligne"_s);
 }
 
 TEST_F(TextesMotsTest, TheViewAndNotTheCaretGoesToTheFirstMark) {
@@ -172,8 +164,8 @@ TEST_F(TextesMotsTest, TheButtonsWalkThroughTheHitsAndStayAtTheLast) {
 TEST_F(TextesMotsTest, ADocumentOpenedByOtherMeansKeepsTheWordsButIsNotMarked) {
     Textes& ici = fenetre("CO000002");
     ici.recoitmots(u"ligne"_s, u"texte"_s);
-    ici.affiche({u"CO"_s, u"000003"_s}, QString());
-    EXPECT_EQ(ici.mots().mot1, u"ligne"_s);
+    ici.lecture().affiche({u"CO"_s, u"000003"_s}, QString());
+    EXPECT_EQ(ici.lecture().mots().mot1, u"ligne"_s);
     EXPECT_TRUE(visible(ici, u"motsuivant"_s));
     EXPECT_EQ(nombredemarques(ici), 0);
     EXPECT_FALSE(ici.barrechild().value(u"marqueauto"_s));
@@ -194,17 +186,17 @@ TEST_F(TextesMotsTest, TheBlockLooksWordsUpInTheCollectionOfItsWindow) {
     presse(ici, u"barrehoriz"_s);
     presse(ici, u"recherchedico"_s);
     auto* boite = controle<QLineEdit>(ici, u"Textedico"_s);
-    EXPECT_EQ(boite, complete);
+    EXPECT_EQ(boite, banc->mots.completee);
     EXPECT_EQ(ici.focusWidget(), boite);
-    lignes = {u"vente : 12 ( 3 )"_s, u"xyz : inconnu"_s};
+    banc->mots.lignes = {u"vente : 12 ( 3 )"_s, u"xyz : inconnu"_s};
     QTest::keyClicks(boite, u"vente xyz"_s);
     QTest::keyClick(boite, Qt::Key_Return);
-    EXPECT_EQ(demandes, QStringList{u"CO:vente xyz"_s});
+    EXPECT_EQ(banc->mots.demandes, QStringList{u"CO:vente xyz"_s});
     auto* resultat = controle<QListWidget>(ici, u"resultat"_s);
     EXPECT_EQ(resultat->count(), 2);
-    lignes = {u"vente : 12 ( 3 )"_s};
+    banc->mots.lignes = {u"vente : 12 ( 3 )"_s};
     QTest::mouseClick(controle<QPushButton>(ici, u"cmdokdico"_s), Qt::LeftButton);
-    EXPECT_EQ(demandes.size(), 2);
+    EXPECT_EQ(banc->mots.demandes.size(), 2);
     EXPECT_EQ(resultat->count(), 1);
 }
 
@@ -214,7 +206,7 @@ TEST_F(TextesMotsTest, AClickOnALineOfTheBlockCopiesItsWordAndSearchesAgain) {
     presse(ici, u"recherchedico"_s);
     auto* boite = controle<QLineEdit>(ici, u"Textedico"_s);
     auto* resultat = controle<QListWidget>(ici, u"resultat"_s);
-    lignes = {u"prix : 12 ( 3 )"_s, u"rien du tout"_s, u"xyz : inconnu"_s};
+    banc->mots.lignes = {u"prix : 12 ( 3 )"_s, u"rien du tout"_s, u"xyz : inconnu"_s};
     QTest::keyClicks(boite, u"prix"_s);
     QTest::keyClick(boite, Qt::Key_Return);
     const auto clique = [&](int ligne) {
@@ -222,10 +214,10 @@ TEST_F(TextesMotsTest, AClickOnALineOfTheBlockCopiesItsWordAndSearchesAgain) {
                           resultat->visualItemRect(resultat->item(ligne)).center());
     };
     clique(1);
-    EXPECT_EQ(demandes.size(), 1);
+    EXPECT_EQ(banc->mots.demandes.size(), 1);
     clique(2);
     EXPECT_EQ(boite->text(), u"xyz"_s);
-    EXPECT_EQ(demandes, (QStringList{u"JP:prix"_s, u"JP:xyz"_s}));
+    EXPECT_EQ(banc->mots.demandes, (QStringList{u"JP:prix"_s, u"JP:xyz"_s}));
     EXPECT_EQ(resultat->count(), 3);
 }
 
@@ -234,18 +226,18 @@ TEST_F(TextesMotsTest, ADoubleClickOnALineOfTheBlockSearchesOnce) {
     presse(ici, u"barrehoriz"_s);
     presse(ici, u"recherchedico"_s);
     auto* resultat = controle<QListWidget>(ici, u"resultat"_s);
-    lignes = {u"prix : 12 ( 3 )"_s};
-    controle<BlocRecherche>(ici, u"blocrecherche"_s)->ajouteligne(lignes.first());
+    banc->mots.lignes = {u"prix : 12 ( 3 )"_s};
+    controle<BlocRecherche>(ici, u"blocrecherche"_s)->ajouteligne(banc->mots.lignes.first());
     const QPoint ou = resultat->visualItemRect(resultat->item(0)).center();
     QTest::mouseClick(resultat->viewport(), Qt::LeftButton, {}, ou);
     QTest::mouseDClick(resultat->viewport(), Qt::LeftButton, {}, ou);
     // The list tells the click when the button is let go the second time.
     QTest::mouseRelease(resultat->viewport(), Qt::LeftButton, {}, ou);
-    EXPECT_EQ(demandes, QStringList{u"CO:prix"_s});
+    EXPECT_EQ(banc->mots.demandes, QStringList{u"CO:prix"_s});
 }
 
 TEST_F(TextesMotsTest, WithoutASearchTheBlockIsOff) {
-    const Textes& ici = ouvre("CO000002");
+    Textes& ici = ouvre("CO000002");
     EXPECT_FALSE(controle<QLineEdit>(ici, u"Textedico"_s)->isEnabled());
 }
 
@@ -254,10 +246,10 @@ TEST_F(TextesMotsTest, WithoutASearchTheBlockIsOff) {
 TEST_F(TextesMotsTest, TheEntriesOfTheListsHandTheirKeysOnInTheOrderOfTheGrid) {
     Textes& ici = ouvre("CO000001");
     QSignalSpy selection(&ici, &Textes::selection);
-    QTest::mouseClick(ici.liens().bouton(), Qt::LeftButton);
+    QTest::mouseClick(ici.volet().liens().bouton(), Qt::LeftButton);
     auto* menu = controle<QMenu>(ici, u"ContextMenuLiens"_s);
     auto* entree = menu->findChild<QAction*>(u"MnuLiensSelection"_s);
-    emit ici.liens().menudemande(ici.mapToGlobal(QPoint(5, 5)));
+    emit ici.volet().liens().menudemande(ici.mapToGlobal(QPoint(5, 5)));
     EXPECT_TRUE(entree->isEnabled());
     entree->trigger();
     menu->close();
@@ -267,9 +259,9 @@ TEST_F(TextesMotsTest, TheEntriesOfTheListsHandTheirKeysOnInTheOrderOfTheGrid) {
 
 TEST_F(TextesMotsTest, AnEmptyListHandsNothingOn) {
     Textes& ici = ouvre("CO000003");
-    QTest::mouseClick(ici.liens().bouton(), Qt::LeftButton);
+    QTest::mouseClick(ici.volet().liens().bouton(), Qt::LeftButton);
     auto* menu = controle<QMenu>(ici, u"ContextMenuLiens"_s);
-    emit ici.liens().menudemande(ici.mapToGlobal(QPoint(5, 5)));
+    emit ici.volet().liens().menudemande(ici.mapToGlobal(QPoint(5, 5)));
     EXPECT_FALSE(menu->findChild<QAction*>(u"MnuLiensSelection"_s)->isEnabled());
     menu->close();
 }

@@ -1,7 +1,11 @@
 #pragma once
 // Document windows on a small base of their own, without the program around them.
 #include "core/cle.h"
+#include "document/ui/divisiontextes.h"
+#include "document/ui/listedeliens.h"
+#include "document/ui/panneautextes.h"
 #include "document/ui/textes.h"
+#include "document/ui/voletliens.h"
 #include "platform/base/twips.h"
 #include "platform/engine/recordset.h"
 #include "platform/widgets/frame/splitterbar.h"
@@ -10,6 +14,7 @@
 #include "platform/widgets/text/richtextbox.h"
 #include "platform/widgets/tree/treeview.h"
 #include "tests/support/outside_script.h"
+#include "tests/support/voisinage_script.h"
 
 #include <QPointer>
 #include <QScreen>
@@ -40,22 +45,18 @@ public:
     BancTextes& operator=(const BancTextes&) = delete;
 
     ContexteTextes contexte() {
-        return {.corpus = corpus,
+        return {.lecture = {.corpus = corpus,
+                            .navigation = navigation,
+                            .styles = styles,
+                            .sablier = sablier,
+                            .navigateur = navigateur,
+                            .texte = [this](int numero) { return langue.lireressource(numero); },
+                            .libelle = [this](int indice) { return langue.lireressource(10 + indice); }},
                 .reglages = reglages,
-                .navigation = navigation,
-                .styles = styles,
                 .parametres = parametres,
-                .sablier = sablier,
-                .navigateur = navigateur,
                 .pressepapiers = pressepapiers,
-                .rafraichir = rafraichir,
-                .texte = [this](int numero) { return langue.lireressource(numero); },
-                .libelle = [this](int indice) { return langue.lireressource(10 + indice); },
-                .listeselectionvisible = [this] { return listeselection; },
-                .dossiersouverts = [this] { return dossiers; },
-                .formesouvertes = [this] { return formes; },
-                .montremosaique = [this](bool visible) { mosaique.push_back(visible); },
-                .place = [this](const QWidget&) { return place; }};
+                .voisinage = voisinage,
+                .mots = mots};
     }
 
     // ---- HoteNavigation
@@ -73,7 +74,7 @@ public:
     void slotchange(int indice, bool ouverte) override { slots_.push_back({indice, ouverte}); }
     void activehistorique(bool, bool) override {}
     void majderniersdocuments() override {}
-    bool dossiersouverts() const override { return dossiers; }
+    bool dossiersouverts() const override { return voisinage.dossiers; }
 
     Textes* fenetre(int indice) const { return dynamic_cast<Textes*>(navigation.fenetre(indice)); }
     /// Shows a document, and gives its window.
@@ -94,13 +95,9 @@ public:
     SablierMuet sablier;
     NavigateurScript navigateur;
     PressePapiersScript pressepapiers;
-    std::array<bool, nombredefenetres> rafraichir{};
-    bool listeselection = false;
-    bool dossiers = false;
-    int formes = 2;
-    PlaceTextes place;
+    VoisinageScript voisinage;
+    AideMotsScript mots;
     QSize taille{900, 700};
-    std::vector<bool> mosaique;
     std::vector<std::pair<int, bool>> slots_;
     std::vector<QPointer<Textes>> fenetres;
     Navigation navigation{*this, corpus};

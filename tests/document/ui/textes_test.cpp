@@ -2,12 +2,14 @@
 #include "tests/document/ui/textes_base.h"
 #include "tests/support/eventually.h"
 
+#include <QApplication>
+
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
 using FenetreTextes = velm::test::BaseTextes;
 
 TEST_F(FenetreTextes, EveryControlHasItsNameAndAnAccessibleOne) {
-    const Textes& fenetre = ouvre("CO000001");
+    Textes& fenetre = ouvre("CO000001");
     for (const auto& nom :
          {u"barrechild"_s, u"arbre"_s, u"flex"_s, u"blocrecherche"_s, u"Textedico"_s, u"resultat"_s,
           u"rtfRichTextBox1"_s, u"separateur"_s, u"separateurlisteh"_s, u"separateurlistev"_s, u"entetelistedesliens"_s,
@@ -24,21 +26,21 @@ TEST_F(FenetreTextes, EachWindowRestoresItsOwnSavedValues) {
     presse(fenetre, u"barrehoriz"_s);
     presse(fenetre, u"tableau"_s);
     tire(*controle<SplitterBar>(fenetre, u"separateur"_s), {40, 0});
-    const int position = fenetre.disposition().posseparateur;
-    banc->place = {0, 15, 30, 9000, 6000};
+    const int position = fenetre.division().disposition().posseparateur;
+    banc->voisinage.ici = {0, 15, 30, 9000, 6000};
     fenetre.close();
     EXPECT_EQ(banc->lu(u"WINDOWSSEPAR0"_s), QString::number(position));
     EXPECT_EQ(banc->lu(u"WINDOWSSEPARVH0"_s), u"0");
     EXPECT_EQ(banc->lu(u"WINDOWSARBRE0"_s), u"2");
     EXPECT_EQ(banc->lu(u"WINDOWSWIDTH0"_s), u"9000");
 
-    const Textes& autre = ouvre("JP000007");
-    EXPECT_EQ(autre.ar(), u"0");
-    EXPECT_EQ(autre.disposition().vh, u"1");
-    const Textes& rouverte = ouvre("CO000001");
-    EXPECT_EQ(rouverte.ar(), u"2");
-    EXPECT_EQ(rouverte.disposition().posseparateur, position);
-    EXPECT_EQ(rouverte.placevoulue(), banc->place);
+    Textes& autre = ouvre("JP000007");
+    EXPECT_EQ(autre.panneau().bloc(), Bloc::Recherche);
+    EXPECT_EQ(autre.division().disposition().arrangement, Arrangement::Dessus);
+    Textes& rouverte = ouvre("CO000001");
+    EXPECT_EQ(rouverte.panneau().bloc(), Bloc::Liste);
+    EXPECT_EQ(rouverte.division().disposition().posseparateur, position);
+    EXPECT_EQ(rouverte.placevoulue(), banc->voisinage.ici);
     EXPECT_TRUE(rouverte.barrechild().value(u"barrehoriz"_s));
     EXPECT_TRUE(rouverte.barrechild().value(u"tableau"_s));
 }
@@ -53,7 +55,7 @@ TEST_F(FenetreTextes, StrangeStoredValuesMakeAWindowAllTheSame) {
         banc->met(nom, u"\u2028n'importe quoi\t-1e99"_s);
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"tableau"_s);
-    EXPECT_EQ(fenetre.flex().rows(), 5);
+    EXPECT_EQ(fenetre.panneau().flex().rows(), 5);
     EXPECT_EQ(fenetre.vue().control().text().left(4), u"Voir");
 }
 
@@ -61,32 +63,32 @@ TEST_F(FenetreTextes, ThePanelIsLeftOfTheTextForZeroAndAboveItForOne) {
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"arbre"_s);
     presse(fenetre, u"barreverti"_s);
-    EXPECT_EQ(fenetre.arbre().width(), fenetre.width());
-    EXPECT_LT(fenetre.arbre().geometry().bottom(), fenetre.vue().geometry().top());
+    EXPECT_EQ(fenetre.panneau().arbre().width(), fenetre.width());
+    EXPECT_LT(fenetre.panneau().arbre().geometry().bottom(), fenetre.vue().geometry().top());
     presse(fenetre, u"barrehoriz"_s);
-    EXPECT_LT(fenetre.arbre().geometry().right(), fenetre.vue().geometry().left());
-    EXPECT_EQ(fenetre.arbre().y(), fenetre.vue().y());
+    EXPECT_LT(fenetre.panneau().arbre().geometry().right(), fenetre.vue().geometry().left());
+    EXPECT_EQ(fenetre.panneau().arbre().y(), fenetre.vue().y());
     EXPECT_FALSE(fenetre.barrechild().value(u"barreverti"_s));
 }
 
 TEST_F(FenetreTextes, APanelThatIsFoldedOpensForTheBlockThatIsAskedFor) {
     banc->met(u"WINDOWSSEPARVH0"_s, u"0"_s);
     banc->met(u"WINDOWSSEPAR0"_s, u"0"_s);
-    banc->listeselection = true;
+    banc->voisinage.listeselection = true;
     Textes& fenetre = ouvre("CO000001");
-    EXPECT_EQ(fenetre.disposition().posseparateur, 0);
+    EXPECT_EQ(fenetre.division().disposition().posseparateur, 0);
     EXPECT_EQ(fenetre.vue().x(), SplitterBar::thickness);
     presse(fenetre, u"arbre"_s);
-    EXPECT_TRUE(fenetre.arbre().isVisible());
-    EXPECT_GT(fenetre.arbre().width(), 100);
+    EXPECT_TRUE(fenetre.panneau().arbre().isVisible());
+    EXPECT_GT(fenetre.panneau().arbre().width(), 100);
 }
 
 TEST_F(FenetreTextes, ABarAtZeroDependsOnTheSelectionList) {
     banc->met(u"WINDOWSSEPARVH0"_s, u"0"_s);
     banc->met(u"WINDOWSSEPAR0"_s, u"0"_s);
-    EXPECT_EQ(ouvre("CO000001").disposition().posseparateur, 360);
+    EXPECT_EQ(ouvre("CO000001").division().disposition().posseparateur, 360);
     banc->met(u"WINDOWSSEPAR2"_s, u"360"_s);
-    EXPECT_EQ(ouvre("JP000007").disposition().posseparateur, 1000);
+    EXPECT_EQ(ouvre("JP000007").division().disposition().posseparateur, 1000);
 }
 
 TEST_F(FenetreTextes, ActivationPutsTheFocusIntoTheWordsOfTheSearchThatIsShown) {
@@ -125,15 +127,15 @@ TEST_F(FenetreTextes, ALinkClickFoldsThePanelTo0OrTo360) {
     Textes& fenetre = ouvre("CO000001");
     cliquetexte(fenetre, 7);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
-    EXPECT_EQ(fenetre.disposition().posseparateur, 360);
+    EXPECT_EQ(fenetre.division().disposition().posseparateur, 360);
     presse(fenetre, u"barrehoriz"_s);
     presse(fenetre, u"arbre"_s);
-    EXPECT_GT(fenetre.disposition().posseparateur, 0);
+    EXPECT_GT(fenetre.division().disposition().posseparateur, 0);
     ouvre("CO000003", true);
-    EXPECT_EQ(fenetre.disposition().posseparateur, 0);
-    EXPECT_FALSE(fenetre.arbre().isVisible());
+    EXPECT_EQ(fenetre.division().disposition().posseparateur, 0);
+    EXPECT_FALSE(fenetre.panneau().arbre().isVisible());
     ouvre("CO000001");
-    EXPECT_EQ(fenetre.disposition().posseparateur, 0);
+    EXPECT_EQ(fenetre.division().disposition().posseparateur, 0);
 }
 
 TEST_F(FenetreTextes, NothingReachesBeyondAWindowOfAnySize) {
@@ -169,33 +171,33 @@ TEST_F(FenetreTextes, ShowingABlockReleasesTheTwoOtherButtons) {
 
 TEST_F(FenetreTextes, TheTreeAndTheListAreFilledOnceAtFirstShowing) {
     Textes& fenetre = ouvre("CO000001");
-    EXPECT_EQ(fenetre.arbre().nodes().count(), 0);
-    EXPECT_EQ(fenetre.flex().rows(), 1);
+    EXPECT_EQ(fenetre.panneau().arbre().nodes().count(), 0);
+    EXPECT_EQ(fenetre.panneau().flex().rows(), 1);
     presse(fenetre, u"arbre"_s);
-    EXPECT_GT(fenetre.arbre().nodes().count(), 1);
+    EXPECT_GT(fenetre.panneau().arbre().nodes().count(), 1);
     presse(fenetre, u"tableau"_s);
-    EXPECT_EQ(fenetre.flex().rows(), 5);
-    const GridSource* source = fenetre.flex().source();
-    const int marque = fenetre.arbre().nodes().add(0, u"à moi"_s, u"à moi"_s, {}, {});
+    EXPECT_EQ(fenetre.panneau().flex().rows(), 5);
+    const GridSource* source = fenetre.panneau().flex().source();
+    const int marque = fenetre.panneau().arbre().nodes().add(0, u"à moi"_s, u"à moi"_s, {}, {});
     presse(fenetre, u"arbre"_s);
     presse(fenetre, u"tableau"_s);
-    EXPECT_EQ(fenetre.flex().source(), source);
-    EXPECT_EQ(fenetre.arbre().nodes().indexOf(u"à moi"_s), marque);
+    EXPECT_EQ(fenetre.panneau().flex().source(), source);
+    EXPECT_EQ(fenetre.panneau().arbre().nodes().indexOf(u"à moi"_s), marque);
 }
 
 TEST_F(FenetreTextes, TheTilingButtonsShowWithMoreThanThreeFormsAndHideUnderFive) {
-    banc->formes = 3;
+    banc->voisinage.formes = 3;
     Textes& une = ouvre("CO000001");
-    EXPECT_TRUE(banc->mosaique.empty());
-    banc->formes = 4;
+    EXPECT_TRUE(banc->voisinage.mosaique.empty());
+    banc->voisinage.formes = 4;
     Textes& deux = ouvre("JP000007");
-    EXPECT_EQ(banc->mosaique, std::vector<bool>{true});
-    banc->formes = 5;
+    EXPECT_EQ(banc->voisinage.mosaique, std::vector<bool>{true});
+    banc->voisinage.formes = 5;
     deux.close();
-    EXPECT_EQ(banc->mosaique, std::vector<bool>{true});
-    banc->formes = 4;
+    EXPECT_EQ(banc->voisinage.mosaique, std::vector<bool>{true});
+    banc->voisinage.formes = 4;
     une.close();
-    EXPECT_EQ(banc->mosaique, (std::vector<bool>{true, false}));
+    EXPECT_EQ(banc->voisinage.mosaique, (std::vector<bool>{true, false}));
 }
 
 TEST_F(FenetreTextes, ClosingReleasesTheSlotsButtonAndMenuEntry) {
@@ -214,7 +216,7 @@ TEST_F(FenetreTextes, ClosingReleasesTheSlotsButtonAndMenuEntry) {
 TEST_F(FenetreTextes, AListIsPaintedAndItsWindowClosedAfterTheBaseWas) {
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"tableau"_s);
-    fenetre.flex().sort(0, true);
+    fenetre.panneau().flex().sort(0, true);
     banc->corpus.fermebase();
     EXPECT_FALSE(fenetre.grab().isNull());
     fenetre.close();
@@ -235,8 +237,8 @@ TEST_F(FenetreTextes, DroppingABarMovesItByItsSourcesRule) {
     const int avant = debout->x();
     tire(*debout, {33, 50});
     EXPECT_EQ(debout->x(), avant + 33);
-    EXPECT_EQ(fenetre.disposition().posseparateur, twipsFromPixels(avant + 33));
-    EXPECT_EQ(fenetre.arbre().width(), avant + 33);
+    EXPECT_EQ(fenetre.division().disposition().posseparateur, twipsFromPixels(avant + 33));
+    EXPECT_EQ(fenetre.panneau().arbre().width(), avant + 33);
     EXPECT_EQ(fenetre.vue().x(), avant + 33 + SplitterBar::thickness);
 
     presse(fenetre, u"barreverti"_s);
@@ -262,7 +264,7 @@ TEST_F(FenetreTextes, ADoubleClickOnABarPutsItToItsUsualPlace) {
     auto* barre = controle<SplitterBar>(fenetre, u"separateur"_s);
     tire(*barre, {-100, 0});
     QTest::mouseDClick(barre, Qt::LeftButton);
-    EXPECT_EQ(fenetre.disposition().posseparateur, fenetre.disposition().placehabituelle());
+    EXPECT_EQ(fenetre.division().disposition().posseparateur, fenetre.division().disposition().placehabituelle());
 }
 
 TEST_F(FenetreTextes, TheListsShareTheWidthUntilTheirBarIsMoved) {
@@ -276,4 +278,31 @@ TEST_F(FenetreTextes, TheListsShareTheWidthUntilTheirBarIsMoved) {
     const int tiree = entete->width();
     fenetre.resize(800, 700);
     EXPECT_EQ(entete->width(), tiree);
+}
+
+TEST_F(FenetreTextes, ALargerFontMovesWhatLiesBelowTheHeaders) {
+    Textes& fenetre = ouvre("CO000001");
+    QFont grande = fenetre.font();
+    grande.setPointSize(3 * grande.pointSize());
+    fenetre.setFont(grande);
+    const int entete = twipsFromPixels(fenetre.volet().liens().hauteurentete());
+    EXPECT_EQ(fenetre.division().disposition().places().entetelistedesliens.height(), entete);
+    EXPECT_EQ(controle(fenetre, u"entetelistedesliens"_s)->height(), fenetre.volet().liens().hauteurentete());
+}
+
+TEST_F(FenetreTextes, TheDesktopsActiveWindowShowsWhatTheOptionsHaveChanged) {
+    Textes& fenetre = ouvre("CO000001");
+    const QString complet = fenetre.vue().control().text();
+    presse(fenetre, u"abc"_s);
+    fenetre.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&fenetre));
+    banc->voisinage.rafraichir[0] = true;
+    QEvent activation(QEvent::ActivationChange);
+    fenetre.vue().clearFocus();
+    QApplication::sendEvent(&fenetre, &activation);
+    EXPECT_TRUE(banc->voisinage.rafraichir[0]) << "a window without the focus waits";
+    fenetre.vue().setFocus();
+    QApplication::sendEvent(&fenetre, &activation);
+    EXPECT_FALSE(banc->voisinage.rafraichir[0]);
+    EXPECT_EQ(fenetre.vue().control().text(), complet);
 }

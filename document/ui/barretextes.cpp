@@ -1,0 +1,152 @@
+#include "document/ui/barretextes.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Bouton {
+    QString cle;
+    Toolbar::Kind genre = Toolbar::Kind::Separator;
+    QString image = {};
+    int infobulle = 0;
+    void (*presse)(BarreTextes& barre) = nullptr;
+    QKeySequence raccourci = {};
+};
+
+/// In their order. A button is a row here, and nothing else.
+const std::vector<Bouton>& boutons() {
+    using Kind = Toolbar::Kind;
+    static const std::vector<Bouton> tous{
+        {u"Précédent"_s, Kind::DropDown, u"Précédent"_s, 170,
+         [](BarreTextes& barre) { emit barre.pas(Sens::Arriere, unpas); }, Qt::ALT | Qt::SHIFT | Qt::Key_Left},
+        {u"Suivant"_s, Kind::DropDown, u"Suivant"_s, 171,
+         [](BarreTextes& barre) { emit barre.pas(Sens::Avant, unpas); }, Qt::ALT | Qt::SHIFT | Qt::Key_Right},
+        {u"Haut"_s, Kind::Plain, u"Haut"_s, 9080, [](BarreTextes& barre) { emit barre.voisin(true); },
+         Qt::ALT | Qt::Key_Up},
+        {u"Bas"_s, Kind::Plain, u"Bas"_s, 9081, [](BarreTextes& barre) { emit barre.voisin(false); },
+         Qt::ALT | Qt::Key_Down},
+        {u"barreblocs"_s},
+        {u"arbre"_s, Kind::Group, u"arbre"_s, 9082, [](BarreTextes& barre) { emit barre.bloc(Bloc::Arbre); }},
+        {u"tableau"_s, Kind::Group, u"tableau"_s, 9083, [](BarreTextes& barre) { emit barre.bloc(Bloc::Liste); }},
+        {u"recherchedico"_s, Kind::Group, u"recherchedico"_s, 9084,
+         [](BarreTextes& barre) { emit barre.bloc(Bloc::Recherche); }},
+        {u"barrearrangement"_s},
+        {u"barrehoriz"_s, Kind::Group, u"barrehoriz"_s, 9085,
+         [](BarreTextes& barre) { emit barre.arrangement(Arrangement::ACote); }},
+        {u"barreverti"_s, Kind::Group, u"barreverti"_s, 9086,
+         [](BarreTextes& barre) { emit barre.arrangement(Arrangement::Dessus); }},
+        {u"barrepropriétés"_s},
+        {u"propriétés"_s, Kind::Plain, u"propriétés"_s, 9087, [](BarreTextes& barre) { emit barre.proprietes(); },
+         Qt::ALT | Qt::Key_Return},
+        {u"barreabc"_s},
+        {u"abc"_s, Kind::Check, u"abc"_s, 8110, [](BarreTextes& barre) { emit barre.abc(barre.value(u"abc"_s)); }},
+        {u"motprécédent"_s, Kind::Plain, u"motprécédent"_s, 9088, [](BarreTextes& barre) { emit barre.mot(false); },
+         Qt::SHIFT | Qt::Key_F3},
+        {u"motsuivant"_s, Kind::Plain, u"motsuivant"_s, 9089, [](BarreTextes& barre) { emit barre.mot(true); },
+         Qt::Key_F3},
+        {u"marqueauto"_s, Kind::Check, u"marqueauto"_s, 9090,
+         [](BarreTextes& barre) { emit barre.marques(barre.value(u"marqueauto"_s)); }},
+        {u"barredossier"_s},
+        {u"dossiers"_s, Kind::Plain, u"Dossiers"_s, 9091, [](BarreTextes& barre) { emit barre.dossiers(); }},
+        {u"document"_s, Kind::Plain, u"rangerdocument"_s, 9092, [](BarreTextes& barre) { emit barre.ranger(); }}};
+    return tous;
+}
+
+} // namespace
+
+BarreTextes::BarreTextes(const std::function<QString(int numero)>& texte, QWidget* fenetre)
+    : Toolbar(fenetre), texte_(texte) {
+    setObjectName(u"barrechild"_s);
+    for (const Bouton& bouton : boutons()) {
+        addButton(bouton.cle, bouton.genre, bouton.image);
+        if (!bouton.presse)
+            continue;
+        setToolTip(bouton.cle, texte_(bouton.infobulle));
+        if (!bouton.raccourci.isEmpty())
+            setShortcut(bouton.cle, bouton.raccourci);
+    }
+    montreabc(false);
+    for (const auto& cle : {u"Précédent"_s, u"Suivant"_s, u"Haut"_s, u"Bas"_s})
+        setButtonEnabled(cle, false);
+    montre({u"propriétés", u"barrepropriétés", u"abc", u"barreabc", u"document"}, false);
+    montremots(false);
+    connect(this, &Toolbar::buttonClicked, this, [this](const QString& cle) {
+        const auto ici = std::ranges::find(boutons(), cle, &Bouton::cle);
+        Q_ASSERT(ici != boutons().end() && ici->presse);
+        ici->presse(*this);
+    });
+    connect(this, &Toolbar::menuClicked, this, [this](const QString& cle, int rang) {
+        emit pas(cle == u"Précédent" ? Sens::Arriere : Sens::Avant, rang);
+    });
+}
+
+void BarreTextes::montre(std::initializer_list<QStringView> cles, bool visibles) {
+    for (const QStringView cle : cles)
+        setButtonVisible(cle.toString(), visibles);
+}
+
+void BarreTextes::montrehistorique(const Historique& historique) {
+    setMenus(u"Précédent"_s, &historique.precedent.menus());
+    setMenus(u"Suivant"_s, &historique.suivant.menus());
+}
+
+void BarreTextes::montrebloc(Bloc bloc) {
+    setValue(u"arbre"_s, bloc == Bloc::Arbre);
+    setValue(u"tableau"_s, bloc == Bloc::Liste);
+    setValue(u"recherchedico"_s, bloc == Bloc::Recherche);
+}
+
+void BarreTextes::montrearrangement(Arrangement arrangement) {
+    setValue(arrangement == Arrangement::ACote ? u"barrehoriz"_s : u"barreverti"_s, true);
+}
+
+void BarreTextes::montredossiers(bool ouverts) {
+    montre({u"barredossier", u"dossiers"}, ouverts);
+}
+
+void BarreTextes::cachepasdemots() {
+    montre({u"motprécédent", u"motsuivant"}, false);
+}
+
+// ---- BarreNavigable
+
+void BarreTextes::montreboutons(bool dossiersouverts) {
+    montre({u"propriétés", u"barrepropriétés", u"abc", u"barreabc"}, true);
+    setButtonEnabled(u"Haut"_s, true);
+    setButtonEnabled(u"Bas"_s, true);
+    if (dossiersouverts)
+        setButtonVisible(u"document"_s, true);
+}
+
+void BarreTextes::activehistorique(bool precedent, bool suivant) {
+    setButtonEnabled(u"Précédent"_s, precedent);
+    setButtonEnabled(u"Suivant"_s, suivant);
+}
+
+void BarreTextes::activevoisin(bool haut, bool actif) {
+    setButtonEnabled(haut ? u"Haut"_s : u"Bas"_s, actif);
+}
+
+// ---- BarreLecture
+
+void BarreTextes::montreabc(bool enfonce) {
+    constexpr int pourabreger = 8110;
+    constexpr int pourtoutmontrer = 8111;
+    setValue(u"abc"_s, enfonce);
+    setToolTip(u"abc"_s, texte_(enfonce ? pourtoutmontrer : pourabreger) + u"..."_s);
+}
+
+void BarreTextes::montremarques(bool enfonce) {
+    setValue(u"marqueauto"_s, enfonce);
+}
+
+void BarreTextes::montremots(bool visibles) {
+    montre({u"motprécédent", u"motsuivant", u"marqueauto"}, visibles);
+}
+
+} // namespace velm

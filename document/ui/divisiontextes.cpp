@@ -1,0 +1,155 @@
+#include "document/ui/divisiontextes.h"
+
+#include "document/ui/barretextes.h"
+#include "document/ui/listedeliens.h"
+#include "document/ui/panneautextes.h"
+#include "document/ui/voletliens.h"
+#include "platform/base/twips.h"
+#include "platform/widgets/frame/splitterbar.h"
+#include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/text/richtextbox.h"
+
+#include <QEvent>
+
+#include <algorithm>
+
+namespace velm {
+
+DivisionTextes::DivisionTextes(const Parties& parties, QWidget* fenetre)
+    : QObject(fenetre), parties_(parties), fenetre_(fenetre) {
+    fenetre->installEventFilter(this);
+    SplitterBar& listeh = parties_.volet.separateurlisteh();
+    SplitterBar& listev = parties_.volet.separateurlistev();
+    for (SplitterBar* barre : {&parties_.panneau.separateur(), &listeh, &listev})
+        suit(*barre);
+    connect(&parties_.panneau.separateur(), &SplitterBar::usualPlaceWanted, this, [this] {
+        disposition_.posseparateur = disposition_.placehabituelle();
+        place();
+    });
+    connect(&listev, &SplitterBar::usualPlaceWanted, this, [this] {
+        partage_ = true;
+        place();
+    });
+    connect(&listeh, &SplitterBar::usualPlaceWanted, this, [this] {
+        disposition_.fermelistes();
+        disposition_.replaceseparateur();
+        disposition_.ouvrelistes();
+        place();
+    });
+}
+
+void DivisionTextes::suit(SplitterBar& barre) {
+    connect(&barre, &SplitterBar::dropped, this, [this, &barre](int position) { lache(barre, position); });
+}
+
+void DivisionTextes::charge(const ReglagesTextes& reglages, bool listeselectionvisible) {
+    disposition_.arrangement = reglages.arrangement;
+    disposition_.posseparateur = reglages.posseparateur;
+    parties_.barre.montrearrangement(reglages.arrangement);
+    disposition_.charge(listeselectionvisible);
+    choisit(reglages.bloc);
+    place();
+}
+
+void DivisionTextes::retient(ReglagesTextes& reglages) const {
+    reglages.arrangement = disposition_.arrangement;
+    reglages.posseparateur = disposition_.posseparateur;
+}
+
+void DivisionTextes::ouvrebloc(Bloc bloc) {
+    disposition_.deplie(bloc);
+    disposition_.deplaceseparateur();
+    choisit(bloc);
+    applique();
+    parties_.panneau.prendfocus();
+}
+
+void DivisionTextes::choisit(Bloc bloc) {
+    parties_.barre.montrebloc(bloc);
+    parties_.panneau.choisit(bloc);
+    montrebloc();
+    parties_.barre.update();
+}
+
+void DivisionTextes::changearrangement(Arrangement arrangement) {
+    disposition_.changearrangement(arrangement);
+    place();
+}
+
+void DivisionTextes::plie() {
+    disposition_.plie();
+    disposition_.deplaceseparateur();
+}
+
+void DivisionTextes::montrelistes(bool visibles) {
+    if (visibles)
+        disposition_.ouvrelistes();
+    else
+        disposition_.fermelistes();
+    place();
+}
+
+void DivisionTextes::place() {
+    const MesuresTextes mesures{twipsFromPixels(parties_.barre.sizeHint().height()),
+                                twipsFromPixels(parties_.volet.liens().hauteurentete()),
+                                twipsFromPixels(SplitterBar::thickness)};
+    disposition_.changetaille(twipsFromPixels(fenetre_->width()), twipsFromPixels(fenetre_->height()), mesures);
+    if (partage_)
+        disposition_.partagelistes();
+    disposition_.replaceseparateur();
+    applique();
+}
+
+void DivisionTextes::applique() {
+    const PlacesTextes& places = disposition_.places();
+    const ListeDeLiens& liens = parties_.volet.liens();
+    const ListeDeLiens& correlats = parties_.volet.correlats();
+    const auto pose = [](QWidget* controle, const QRect& twips) { controle->setGeometry(pixelsdetwips(twips)); };
+    parties_.barre.setGeometry(0, 0, fenetre_->width(),
+                               std::min(parties_.barre.sizeHint().height(), fenetre_->height()));
+    parties_.panneau.separateur().setOrientation(disposition_.droite() ? Qt::Vertical : Qt::Horizontal);
+    parties_.panneau.place(pixelsdetwips(places.panneau));
+    pose(&parties_.panneau.separateur(), places.separateur);
+    pose(&parties_.vue, places.rtfRichTextBox1);
+    pose(&parties_.volet.separateurlisteh(), places.separateurlisteh);
+    pose(&parties_.volet.separateurlistev(), places.separateurlistev);
+    pose(liens.entete(), places.entetelistedesliens);
+    pose(correlats.entete(), places.entetelistedescorrelats);
+    pose(liens.grille(), places.flexlistedesliens);
+    pose(correlats.grille(), places.flexlistedescorreles);
+    liens.grille()->setVisible(disposition_.listesvisibles);
+    correlats.grille()->setVisible(disposition_.listesvisibles);
+    parties_.volet.separateurlisteh().setEnabled(disposition_.listesvisibles);
+    montrebloc();
+}
+
+void DivisionTextes::montrebloc() {
+    const QWidget* avant = fenetre_->window()->focusWidget();
+    parties_.panneau.montre(disposition_.places().panneaulisible);
+    // Where the focus was in a block that has gone, it goes to the text.
+    if (avant && fenetre_->isAncestorOf(avant) && !avant->isVisibleTo(fenetre_))
+        parties_.vue.setFocus();
+}
+
+void DivisionTextes::lache(const SplitterBar& barre, int position) {
+    const int twips = twipsFromPixels(position);
+    const bool debout = barre.orientation() == Qt::Vertical;
+    partage_ = partage_ && &barre != &parties_.volet.separateurlistev();
+    disposition_.lache(barre.objectName(), debout ? QPoint(twips, 0) : QPoint(0, twips));
+    applique();
+}
+
+bool DivisionTextes::eventFilter(QObject* objet, QEvent* evenement) {
+    switch (evenement->type()) {
+    case QEvent::Resize:
+    case QEvent::FontChange:
+    case QEvent::StyleChange:
+        place();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(objet, evenement);
+}
+
+} // namespace velm

@@ -1,0 +1,109 @@
+#include "document/ui/panneautextes.h"
+
+#include "document/ui/blocliste.h"
+#include "document/ui/blocrecherche.h"
+#include "platform/widgets/frame/splitterbar.h"
+#include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/look/icons.h"
+#include "platform/widgets/tree/treeview.h"
+
+#include <QLineEdit>
+#include <QPointer>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+PanneauTextes::PanneauTextes(const QString& code, const ContexteTextes& contexte, QWidget* fenetre)
+    : QObject(fenetre), code_(code), contexte_(contexte),
+      arborescence_(contexte.lecture.corpus, contexte.parametres, contexte.lecture.sablier, contexte.lecture.libelle),
+      arbre_(new TreeView(fenetre)),
+      liste_(new BlocListe(code, contexte.lecture.corpus, contexte.lecture.sablier, contexte.lecture.texte, fenetre)),
+      recherche_(new BlocRecherche(contexte.lecture.texte, fenetre)),
+      separateur_(new SplitterBar(Qt::Vertical, fenetre)) {
+    construitarbre();
+    connect(liste_, &BlocListe::ouverte, this, &PanneauTextes::ouverte);
+    connect(liste_, &BlocListe::sansmemoire, this, [this] { contexte_.ditsansmemoire(); });
+    construitrecherche();
+    separateur_->setObjectName(u"separateur"_s);
+    separateur_->setAccessibleName(contexte_.texte(9097));
+}
+
+void PanneauTextes::construitarbre() {
+    arbre_->setObjectName(u"arbre"_s);
+    arbre_->setAccessibleName(contexte_.texte(9082));
+    arbre_->setFrameShape(QFrame::NoFrame);
+    arbre_->setImages(&icon);
+    connect(arbre_, &TreeView::expanding, this, [this](int noeud) {
+        contexte_.remplit([this, noeud] { arborescence_.developpe(arbre_->nodes(), noeud); });
+    });
+    for (const auto choix : {&TreeView::nodeClicked, &TreeView::nodeReturned}) {
+        connect(arbre_, choix, this, [this](int noeud) {
+            const Cle visee = Arborescence::documentde(arbre_->nodes(), noeud, code_);
+            if (!visee.vide())
+                emit ouvertedelarbre(visee);
+        });
+    }
+}
+
+void PanneauTextes::construitrecherche() {
+    recherche_->setEnabled(contexte_.mots.cherchable());
+    contexte_.mots.complete(*recherche_->Textedico());
+    connect(recherche_, &BlocRecherche::recherche, this, [this](const QString& mots) {
+        contexte_.mots.cherche(code_, mots, [bloc = QPointer(recherche_)](const QString& ligne) {
+            if (bloc)
+                bloc->ajouteligne(ligne);
+        });
+    });
+}
+
+FlexGrid& PanneauTextes::flex() const {
+    return *liste_->grille();
+}
+
+void PanneauTextes::charge(const ReglagesTextes& reglages) {
+    reglages_ = reglages;
+}
+
+void PanneauTextes::retient(ReglagesTextes& reglages) {
+    reglages.bloc = bloc_;
+    liste_->retient(reglages);
+}
+
+void PanneauTextes::choisit(Bloc bloc) {
+    bloc_ = bloc;
+    if (bloc == Bloc::Arbre && !arbrecharge_)
+        contexte_.remplit([this] { chargearbre(); });
+    if (bloc == Bloc::Liste && !liste_->chargee())
+        contexte_.remplit([this] { liste_->charge(reglages_); });
+}
+
+void PanneauTextes::chargearbre() {
+    TreeNodes& noeuds = arbre_->nodes();
+    arborescence_.chargearbrebase(noeuds, code_);
+    noeuds.setExpanded(1, true); // what lies below it is loaded already
+    arbrecharge_ = true;
+}
+
+void PanneauTextes::place(const QRect& ici) {
+    arbre_->setGeometry(ici);
+    liste_->grille()->setGeometry(ici);
+    recherche_->setGeometry(ici);
+    liste_->repartit();
+}
+
+void PanneauTextes::montre(bool lisible) {
+    arbre_->setVisible(lisible && bloc_ == Bloc::Arbre);
+    liste_->grille()->setVisible(lisible && bloc_ == Bloc::Liste);
+    recherche_->setVisible(lisible && bloc_ == Bloc::Recherche);
+}
+
+bool PanneauTextes::prendfocus() {
+    QLineEdit* mots = recherche_->Textedico();
+    if (bloc_ != Bloc::Recherche || !mots->isEnabled() || !mots->isVisible())
+        return false;
+    mots->setFocus();
+    return true;
+}
+
+} // namespace velm

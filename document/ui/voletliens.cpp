@@ -1,0 +1,68 @@
+#include "document/ui/voletliens.h"
+
+#include "document/ui/listedeliens.h"
+#include "platform/widgets/frame/splitterbar.h"
+#include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/look/icons.h"
+
+#include <QMenu>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+SplitterBar* separateur(Qt::Orientation sens, const QString& nom, const QString& libelle, QWidget* fenetre) {
+    auto* barre = new SplitterBar(sens, fenetre);
+    barre->setObjectName(nom);
+    barre->setAccessibleName(libelle);
+    return barre;
+}
+
+} // namespace
+
+// In the order in which the Tab key walks them.
+VoletLiens::VoletLiens(const ContexteTextes& contexte, QWidget* fenetre)
+    : QObject(fenetre), contexte_(contexte),
+      separateurlisteh_(separateur(Qt::Horizontal, u"separateurlisteh"_s, contexte.texte(9098), fenetre)),
+      liens_(new ListeDeLiens(ListeDeLiens::liens(), contexte.lecture.corpus, contexte.lecture.texte, fenetre)),
+      separateurlistev_(separateur(Qt::Vertical, u"separateurlistev"_s, contexte.texte(9099), fenetre)),
+      correlats_(
+          new ListeDeLiens(ListeDeLiens::correlats(), contexte.lecture.corpus, contexte.lecture.texte, fenetre)) {
+    for (ListeDeLiens* liste : {liens_, correlats_}) {
+        connect(liste, &ListeDeLiens::basculee, this, [this, liste] { emit basculee(liste); });
+        connect(liste, &ListeDeLiens::ligneouverte, this, &VoletLiens::ouverte);
+    }
+    construitmenu({u"ContextMenuLiens"_s, u"MnuLiensOuvrir"_s, 9068, u"MnuLiensSelection"_s, 9069}, *liens_, fenetre);
+    construitmenu({u"ContextMenuCorrelats"_s, u"MnuCorrelatsOuvrir"_s, 9070, u"MnuCorrelatsSelection"_s, 9071},
+                  *correlats_, fenetre);
+}
+
+void VoletLiens::construitmenu(const Menu& noms, ListeDeLiens& liste, QWidget* fenetre) {
+    auto* menu = new QMenu(fenetre);
+    menu->setObjectName(noms.nom);
+    QAction* ouvrir = menu->addAction(icon(u"ouvrir"_s), contexte_.texte(noms.texteouvrir));
+    ouvrir->setObjectName(noms.ouvrir);
+    connect(ouvrir, &QAction::triggered, &liste, &ListeDeLiens::ouvrelignecourante);
+    QAction* enselection = menu->addAction(icon(u"Liste"_s), contexte_.texte(noms.texteselection));
+    enselection->setObjectName(noms.selection);
+    connect(enselection, &QAction::triggered, this, [this, &liste] { emit selection(liste.cles()); });
+    connect(&liste, &ListeDeLiens::menudemande, menu, [menu, ouvrir, enselection, &liste](const QPoint& ou) {
+        ouvrir->setEnabled(liste.grille()->row() > 0);
+        enselection->setEnabled(liste.grille()->rows() > 1);
+        menu->popup(ou);
+    });
+}
+
+void VoletLiens::bascule(ListeDeLiens& liste, const Cle& cle) {
+    const ListeDeLiens& autre = &liste == liens_ ? *correlats_ : *liens_;
+    const bool ferme = liste.visible() && liste.ouverte();
+    if (ferme)
+        liste.ferme();
+    else
+        contexte_.remplit([&] { liste.ouvre(cle); });
+    emit montrees(!ferme || autre.ouverte());
+}
+
+} // namespace velm

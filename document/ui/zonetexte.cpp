@@ -1,0 +1,147 @@
+#include "document/ui/zonetexte.h"
+
+#include "document/ui/barretextes.h"
+#include "document/ui/frmproperties.h"
+#include "document/ui/listedeliens.h"
+#include "document/ui/voletliens.h"
+#include "platform/widgets/look/icons.h"
+#include "platform/widgets/text/richhtml.h"
+#include "platform/widgets/text/richtextbox.h"
+
+#include <QMenu>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+ZoneTexte::ZoneTexte(const Parties& parties, const ContexteTextes& contexte, QWidget* fenetre)
+    : QObject(fenetre), parties_(parties), contexte_(contexte), fenetre_(fenetre), menu_(new QMenu(fenetre)),
+      lecture_(std::make_unique<Lecture>(
+          PartiesLecture{parties.vue.control(), *this, parties.barre, parties.volet.liens(), parties.volet.correlats()},
+          contexte.lecture)) {
+    construitmenu();
+    connect(&vue(), &RichTextBox::clicked, this, [this](qsizetype position) { lecture_->suit(position); });
+    connect(&vue(), &RichTextBox::linkHovered, this, [this](int lien) { emit cible(lecture_->cible(lien)); });
+    connect(&vue(), &RichTextBox::rightClicked, this, [this](qsizetype, const QPoint& ou) { montremenu(ou); });
+}
+
+ZoneTexte::~ZoneTexte() = default;
+
+// ---- commands
+
+void ZoneTexte::copie() {
+    const RichTextControl& controle = vue().control();
+    if (controle.length() == 0)
+        return;
+    const bool tout = controle.selLength() == 0;
+    const qsizetype debut = tout ? 0 : controle.selStart();
+    const qsizetype longueur = tout ? controle.length() : controle.selLength();
+    contexte_.pressepapiers.pose({richPlain(controle.richText(), debut, longueur),
+                                  richHtml(controle.richText(), debut, longueur),
+                                  tout ? controle.textRtf() : controle.selRtf()});
+}
+
+void ZoneTexte::toutselectionner() {
+    vue().setSelStart(0);
+    vue().setSelLength(vue().control().length());
+    vue().setFocus();
+}
+
+void ZoneTexte::range() {
+    const qsizetype longueur = vue().selLength();
+    emit ranger(lecture_->referencecourante(), lecture_->titrecourant(), longueur > 0 ? vue().selStart() : 0, longueur);
+}
+
+void ZoneTexte::montreproprietes() {
+    if (lecture_->referencecourante().isEmpty())
+        return;
+    const ContexteLecture& besoins = contexte_.lecture;
+    contexte_.remplit([&] {
+        frmproperties::montre(
+            {besoins.corpus, contexte_.reglages, contexte_.parametres, besoins.sablier, besoins.texte, besoins.libelle},
+            *lecture_, fenetre_->window());
+    });
+}
+
+// ---- VueLecture
+
+void ZoneTexte::changetitre(const QString& titre) {
+    fenetre_->setWindowTitle(titre);
+    vue().setAccessibleName(titre);
+}
+
+void ZoneTexte::activemenus() {
+    emit menuschanges();
+}
+
+void ZoneTexte::rafraichit() {
+    std::vector<LinkRange> plages;
+    plages.reserve(static_cast<std::size_t>(lecture_->nombreliens()));
+    for (qsizetype lien = 0; lien < lecture_->nombreliens(); ++lien) {
+        const PlageLien plage = lecture_->plage(lien);
+        plages.push_back({plage.debut, plage.fin});
+    }
+    vue().setLinkRanges(plages);
+    vue().viewport()->update();
+}
+
+void ZoneTexte::revele(qsizetype position) {
+    vue().reveal(position);
+}
+
+void ZoneTexte::ditcible(const QString& texte) {
+    emit cible(texte);
+}
+
+void ZoneTexte::dit(const QString& texte) {
+    contexte_.voisinage.dit(texte);
+}
+
+// ---- pop-up menu
+
+QAction* ZoneTexte::entree(QMenu& menu, const QString& nom, int texte, const QString& image) const {
+    QAction* action = menu.addAction(image.isEmpty() ? QIcon() : icon(image), contexte_.texte(texte));
+    action->setObjectName(nom);
+    action->setEnabled(false);
+    return action;
+}
+
+void ZoneTexte::construitmenu() {
+    menu_->setObjectName(u"ContextMenu"_s);
+    connect(entree(*menu_, u"MnuCopy"_s, 9059, u"Copier"_s), &QAction::triggered, this, &ZoneTexte::copie);
+    connect(entree(*menu_, u"MnuSelectAll"_s, 9060, u"sélectionnertout"_s), &QAction::triggered, this,
+            &ZoneTexte::toutselectionner);
+    menu_->addSeparator();
+    entree(*menu_, u"MnuPrint"_s, 9061, u"Imprimer"_s);
+    QMenu* envoi = menu_->addMenu(icon(u"envoyer"_s), contexte_.texte(9062));
+    envoi->setObjectName(u"MnuSendfile"_s);
+    envoi->setEnabled(false);
+    entree(*envoi, u"MnuSend(0)"_s, 9063, u"texte"_s);
+    entree(*envoi, u"MnuSend(1)"_s, 9064, u"piècejointe"_s);
+    connect(entree(*menu_, u"MnuStore"_s, 9065, u"rangerdocument"_s), &QAction::triggered, this, &ZoneTexte::range);
+    menu_->addSeparator();
+    construitentreesdeslistes();
+}
+
+void ZoneTexte::construitentreesdeslistes() {
+    const auto ajoute = [this](ListeDeLiens& liste, const QString& nom, int texte) {
+        QAction* action = entree(*menu_, nom, texte, {});
+        action->setEnabled(true);
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this, [this, &liste] { emit bascule(&liste); });
+    };
+    ajoute(parties_.volet.liens(), u"MnuOuvrirLiens"_s, 9066);
+    ajoute(parties_.volet.correlats(), u"MnuOuvrirCorrélats"_s, 9067);
+}
+
+void ZoneTexte::montremenu(const QPoint& ou) {
+    const auto celle = [this](const QString& nom) { return menu_->findChild<QAction*>(nom); };
+    const bool possible = lecture_->menusactifs() && vue().control().length() > 0;
+    celle(u"MnuCopy"_s)->setEnabled(possible);
+    celle(u"MnuSelectAll"_s)->setEnabled(possible);
+    celle(u"MnuOuvrirLiens"_s)->setChecked(parties_.volet.liens().ouverte());
+    celle(u"MnuOuvrirCorrélats"_s)->setChecked(parties_.volet.correlats().ouverte());
+    menu_->popup(ou);
+}
+
+} // namespace velm
