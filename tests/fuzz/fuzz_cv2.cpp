@@ -27,7 +27,7 @@ void check(QByteArrayView bytes) {
     require(static_cast<qsizetype>(file->lignes.size()) <= bytes.size());
 
     velm::ListeSelection list([](int) { return QString(); });
-    list.deplacecolonne(0, 4);
+    list.colonnes().deplace(0, 4);
     velm::rendmots(*file, list);
     velm::rendlignes(*file, list);
     require(list.lignes() == static_cast<int>(file->lignes.size()));

@@ -23,7 +23,7 @@ TEST_F(FichierCriteresTest, TheLinesStandInTheirOrder) {
     // Columns 4 and 5 as the list has them.
     const QList<QByteArray> toutes = lignes(obtenu);
     for (int colonne = 0; colonne < 6; ++colonne)
-        EXPECT_EQ(toutes.at(24 + colonne).toInt(), liste.coldata(colonne));
+        EXPECT_EQ(toutes.at(24 + colonne).toInt(), liste.colonnes().champ(colonne));
     EXPECT_EQ(obtenu, attendu);
 }
 
@@ -59,7 +59,7 @@ TEST_F(FichierCriteresTest, RowsOfAMovedGridLandUnderTheirHeaders) {
     for (int ronde = 0; ronde < 60; ++ronde) {
         const auto fichier = litfichiercriteres(octets(formulaire()));
         ASSERT_TRUE(fichier);
-        liste.deplacecolonne(colonne(moteur), colonne(moteur));
+        liste.colonnes().deplace(colonne(moteur), colonne(moteur));
         rendlignes(*fichier, liste);
         ASSERT_EQ(rangees(), avant) << ronde;
     }
