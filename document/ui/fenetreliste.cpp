@@ -11,6 +11,8 @@
 #include <QMenu>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
@@ -58,10 +60,10 @@ void FenetreListe::construitbarre() {
 
 void FenetreListe::construitmenu() {
     menu_->setObjectName(u"ContextMenu"_s);
-    const auto entree = [this](const QString& nom, int numero, void (FenetreListe::*fait)()) {
+    const auto entree = [this](const QString& nom, int numero, void (FenetreListe::*acte)()) {
         QAction* action = menu_->addAction(contexte_.texte(numero));
         action->setObjectName(nom);
-        connect(action, &QAction::triggered, this, fait);
+        connect(action, &QAction::triggered, this, acte);
     };
     entree(u"ContextMenuOuvrir"_s, 9018, &FenetreListe::ouvre);
     entree(u"ContextMenuPrint"_s, 9020, &FenetreListe::imprime);
@@ -90,16 +92,18 @@ void FenetreListe::remplit(const std::function<std::unique_ptr<SourceDocuments>(
     travaille([this, &source] { documents_.recharge(source()); });
     flex_->setVisible(documents_.source() != nullptr);
     ditcompte();
+    if (surchangement)
+        surchangement();
 }
 
 void FenetreListe::travaille(const std::function<void()>& travail) {
     constexpr int sansmemoire = 9567;
     constexpr int titre = 8;
-    const bool fait = withinMemory([&] {
+    const bool suffit = withinMemory([&] {
         const Attente attente(contexte_.sablier);
         travail();
     });
-    if (!fait)
+    if (!suffit)
         contexte_.dialogues.message(contexte_.texte(sansmemoire), contexte_.texte(titre), Icone::Exclamation);
 }
 
@@ -136,20 +140,36 @@ void FenetreListe::imprime() {
                      contexte_.dialogues, contexte_.texte);
 }
 
-void FenetreListe::toutselectionner() {
-    flex_->selectAll();
+// ---- the window
+
+bool FenetreListe::peut(Ordre ordre) const {
+    return flex_->rows() > 1 &&
+           (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Imprimer);
 }
 
-// ---- the window
+void FenetreListe::fait(Ordre ordre) {
+    if (ordre == Ordre::Copier)
+        copie();
+    else if (ordre == Ordre::ToutSelectionner)
+        flex_->selectAll();
+    else if (ordre == Ordre::Imprimer)
+        imprime();
+}
 
 void FenetreListe::ecritreglages() {
     documents_.releve();
     ecritcolonnes(contexte_.reglages, cles_, colonnes_);
 }
 
-void FenetreListe::closeEvent(QCloseEvent* evenement) {
+void FenetreListe::decharge() {
+    if (std::exchange(decharge_, true))
+        return;
     ecritreglages();
     emit fermee();
+}
+
+void FenetreListe::closeEvent(QCloseEvent* evenement) {
+    decharge();
     QWidget::closeEvent(evenement);
 }
 

@@ -2,6 +2,7 @@
 // A window that is a list of documents: a bar, the grid, and a line that says how many there are. What makes one list
 // another is its description and the source that fills it; what its bar has of its own is added to barre().
 #include "core/colonnes.h"
+#include "core/fenetrefille.h"
 #include "core/reglages.h"
 #include "document/ui/grilledocuments.h"
 #include "platform/system/dialogues.h"
@@ -38,7 +39,7 @@ struct DescriptionListe {
     ClesColonnes cles; ///< where the columns are kept from one run to the next
 };
 
-class FenetreListe : public QWidget {
+class FenetreListe : public QWidget, public FenetreFille {
     Q_OBJECT
 
 public:
@@ -59,12 +60,16 @@ public:
     void copie();
     /// Prints all rows, after a question.
     void imprime();
-    void toutselectionner();
-    /// Keeps the columns, as the closing of the window does.
-    void ecritreglages();
+
+    // ---- what the frame knows of it. It copies, selects and prints all its rows.
+    Nature nature() const override { return Nature::Liste; }
+    bool peut(Ordre ordre) const override;
+    void fait(Ordre ordre) override;
+    void ecritreglages() override;
+    void decharge() override;
 
 signals:
-    void fermee(); ///< the settings are written
+    void fermee(); ///< the settings are written, once
 
 protected:
     void closeEvent(QCloseEvent* evenement) override;
@@ -87,6 +92,7 @@ private:
     StatusBar* etat_;
     QMenu* menu_;
     GrilleDocuments documents_;
+    bool decharge_ = false;
 };
 
 } // namespace velm

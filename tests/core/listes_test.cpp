@@ -23,6 +23,20 @@ QString texte(int numero) {
     }
 }
 
+/// Looks at the pointer while it prints.
+class ImprimanteLente final : public Imprimante {
+public:
+    explicit ImprimanteLente(const Sablier& sablier) : sablier_(sablier) {}
+    bool imprime(const TableauImprime&) override {
+        pointeur = sablier_.pointeur();
+        return true;
+    }
+    int pointeur = Sablier::defaut;
+
+private:
+    const Sablier& sablier_;
+};
+
 class ListesTest : public testing::Test {
 protected:
     DialoguesScript dialogues;
@@ -71,5 +85,12 @@ TEST_F(ListesTest, APrinterThatDoesNotPrintIsReported) {
     EXPECT_EQ(dialogues.texts(), QStringList{u"t9496"_s});
     EXPECT_EQ(dialogues.messages.front().titre, u"t33");
     EXPECT_EQ(dialogues.messages.front().icone, Icone::Exclamation);
+    EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
+}
+
+TEST_F(ListesTest, PrintingTakesItsTimeUnderTheWaitCursor) {
+    ImprimanteLente lente(sablier);
+    imprimeliste({}, lente, sablier, dialogues, texte);
+    EXPECT_EQ(lente.pointeur, Sablier::attente);
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
 }

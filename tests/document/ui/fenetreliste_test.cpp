@@ -113,7 +113,7 @@ TEST_F(FenetreListeTest, TheMenuIsOfRowsOnly) {
 
 TEST_F(FenetreListeTest, ManyDocumentsAreOpenedAfterAQuestionOnly) {
     remplit();
-    fenetre->toutselectionner();
+    fenetre->fait(Ordre::ToutSelectionner);
     dialogues.answers = {Bouton::Non};
     fenetre->ouvre();
     EXPECT_TRUE(ouvertes.isEmpty());
@@ -188,10 +188,10 @@ TEST_F(FenetreListeTest, WithoutMemoryForAListTheOneThatIsThereStays) {
 }
 
 TEST_F(FenetreListeTest, CopyingTakesAllRowsAndTheCopyKeyTheSelectedOnes) {
-    fenetre->copie();
+    fenetre->fait(Ordre::Copier);
     EXPECT_EQ(pressepapiers.contenu.texte, QString());
     remplit();
-    fenetre->copie();
+    fenetre->fait(Ordre::Copier);
     const QStringList lignes = pressepapiers.contenu.texte.split(u'\r');
     ASSERT_EQ(lignes.size(), beaucoup);
     EXPECT_EQ(lignes.first(), u"Titre 10000\tmot 0\tCO010000");
@@ -202,11 +202,11 @@ TEST_F(FenetreListeTest, CopyingTakesAllRowsAndTheCopyKeyTheSelectedOnes) {
 }
 
 TEST_F(FenetreListeTest, PrintingAsksFirstAndTakesAllRows) {
-    fenetre->imprime();
+    fenetre->fait(Ordre::Imprimer);
     EXPECT_TRUE(dialogues.messages.empty()) << "there is nothing to print";
     remplit();
     dialogues.answers = {Bouton::Non, Bouton::Oui};
-    fenetre->imprime();
+    fenetre->fait(Ordre::Imprimer);
     EXPECT_TRUE(imprimante.tableaux.empty());
     fenetre->findChild<QAction*>(u"ContextMenuPrint"_s)->trigger();
     ASSERT_EQ(imprimante.tableaux.size(), 1U);
@@ -244,6 +244,42 @@ TEST_F(FenetreListeTest, ClosingWritesTheColumnsAndTheNextWindowHasThem) {
     EXPECT_EQ(flex().colWidth(1), 4321);
     remplit(3);
     EXPECT_EQ(flex().text(1, 1), u"Titre 00003");
+}
+
+TEST_F(FenetreListeTest, TheFrameIsToldWhatTheListCanDoAndWhenThatChanges) {
+    int changements = 0;
+    fenetre->surchangement = [&] { ++changements; };
+    EXPECT_EQ(fenetre->nature(), Nature::Liste);
+    EXPECT_TRUE(fenetre->reference().isEmpty());
+    for (const Ordre ordre : {Ordre::Copier, Ordre::ToutSelectionner, Ordre::Imprimer, Ordre::Chercher}) {
+        EXPECT_FALSE(fenetre->peut(ordre)) << "there are no rows";
+        fenetre->fait(ordre);
+    }
+    remplit(3);
+    EXPECT_EQ(changements, 1);
+    for (const Ordre ordre : {Ordre::Copier, Ordre::ToutSelectionner, Ordre::Imprimer})
+        EXPECT_TRUE(fenetre->peut(ordre));
+    EXPECT_FALSE(fenetre->peut(Ordre::Chercher));
+    EXPECT_FALSE(fenetre->peut(Ordre::Quitter));
+    fenetre->fait(Ordre::ToutSelectionner);
+    EXPECT_EQ(flex().selectedRows(), std::pair(1, 3));
+    EXPECT_TRUE(pressepapiers.contenu.texte.isEmpty());
+}
+
+TEST_F(FenetreListeTest, AtTheEndOfTheRunTheColumnsAreWrittenOnceAndTheWindowStays) {
+    QSignalSpy fermee(fenetre.get(), &FenetreListe::fermee);
+    flex().setColWidth(0, 4321);
+    fenetre->ecritreglages();
+    EXPECT_EQ(lu(u"LARGEURCOLONNE"_s), u"004321002000");
+    EXPECT_TRUE(fermee.isEmpty());
+    flex().setColWidth(0, 4000);
+    fenetre->decharge();
+    EXPECT_EQ(lu(u"LARGEURCOLONNE"_s), u"004000002000");
+    EXPECT_TRUE(fenetre->isVisible());
+    flex().setColWidth(0, 5000);
+    fenetre->close();
+    EXPECT_EQ(fermee.size(), 1);
+    EXPECT_EQ(lu(u"LARGEURCOLONNE"_s), u"004000002000");
 }
 
 TEST_F(FenetreListeTest, ColumnsThatNobodyTouchedAreNotWritten) {
