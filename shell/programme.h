@@ -19,6 +19,8 @@
 
 namespace velm {
 
+class Textes;
+
 struct OptionsProgramme {
     QString dossierprogramme; ///< no final separator
     QString fichierprogramme;

@@ -7,7 +7,7 @@
 
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
-using BarreTextes = velm::test::BaseTextes;
+using BarreChild = velm::test::BaseTextes;
 
 namespace {
 
@@ -20,7 +20,7 @@ QStringList descles(const Toolbar& barre) {
 
 } // namespace
 
-TEST_F(BarreTextes, TheBarHoldsItsButtonsInOrder) {
+TEST_F(BarreChild, TheBarHoldsItsButtonsInOrder) {
     Textes& fenetre = ouvre("CO000001");
     EXPECT_EQ(descles(fenetre.barrechild()),
               (QStringList{u"Précédent"_s,        u"Suivant"_s,    u"Haut"_s,         u"Bas"_s,
@@ -36,7 +36,7 @@ TEST_F(BarreTextes, TheBarHoldsItsButtonsInOrder) {
     }
 }
 
-TEST_F(BarreTextes, ButtonsOfADocumentWakeUpAtTheFirstOne) {
+TEST_F(BarreChild, ButtonsOfADocumentWakeUpAtTheFirstOne) {
     banc->navigation.ouvrefenetre(0);
     Textes& fenetre = *banc->fenetre(0);
     EXPECT_EQ(fenetre.windowTitle(), u"Code de la consommation");
@@ -54,7 +54,7 @@ TEST_F(BarreTextes, ButtonsOfADocumentWakeUpAtTheFirstOne) {
         EXPECT_FALSE(fenetre.barrechild().isButtonVisible(cle)) << cle.toStdString();
 }
 
-TEST_F(BarreTextes, TheCondensedButtonChangesItsToolTipAndTheText) {
+TEST_F(BarreChild, TheCondensedButtonChangesItsToolTipAndTheText) {
     Textes& fenetre = ouvre("CO000001");
     const QString complet = fenetre.vue().control().text();
     EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(8110) + u"..."_s);
@@ -67,7 +67,7 @@ TEST_F(BarreTextes, TheCondensedButtonChangesItsToolTipAndTheText) {
     EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(8110) + u"..."_s);
 }
 
-TEST_F(BarreTextes, TheDeferredRefreshShowsTheFullTextOnce) {
+TEST_F(BarreChild, TheDeferredRefreshShowsTheFullTextOnce) {
     Textes& fenetre = ouvre("CO000001");
     const QString complet = fenetre.vue().control().text();
     presse(fenetre, u"abc"_s);
@@ -80,7 +80,7 @@ TEST_F(BarreTextes, TheDeferredRefreshShowsTheFullTextOnce) {
     EXPECT_EQ(fenetre.vue().selStart(), 5);
 }
 
-TEST_F(BarreTextes, ADeferredRefreshWithoutADocumentOnlyClearsItsFlag) {
+TEST_F(BarreChild, ADeferredRefreshWithoutADocumentOnlyClearsItsFlag) {
     banc->navigation.ouvrefenetre(0);
     banc->voisinage.rafraichir[0] = true;
     banc->fenetre(0)->activation();
@@ -88,7 +88,7 @@ TEST_F(BarreTextes, ADeferredRefreshWithoutADocumentOnlyClearsItsFlag) {
     EXPECT_FALSE(banc->fenetre(0)->menusactifs());
 }
 
-TEST_F(BarreTextes, DossierButtonsAreHiddenWithoutADossierStore) {
+TEST_F(BarreChild, DossierButtonsAreHiddenWithoutADossierStore) {
     Textes& sans = ouvre("CO000001");
     for (const auto& cle : {u"dossiers"_s, u"barredossier"_s, u"document"_s})
         EXPECT_FALSE(sans.barrechild().isButtonVisible(cle)) << cle.toStdString();
@@ -98,7 +98,7 @@ TEST_F(BarreTextes, DossierButtonsAreHiddenWithoutADossierStore) {
         EXPECT_TRUE(avec.barrechild().isButtonVisible(cle)) << cle.toStdString();
 }
 
-TEST_F(BarreTextes, StoringHandsOverKeyTitleAndSelection) {
+TEST_F(BarreChild, StoringHandsOverKeyTitleAndSelection) {
     banc->voisinage.dossiers = true;
     Textes& fenetre = ouvre("CO000002");
     struct Range {
@@ -122,7 +122,7 @@ TEST_F(BarreTextes, StoringHandsOverKeyTitleAndSelection) {
     EXPECT_EQ(ranges[1], (Range{u"CO000002"_s, u"Article 2"_s, 3, 4}));
 }
 
-TEST_F(BarreTextes, OpeningTheDossiersHandsOverNothing) {
+TEST_F(BarreChild, OpeningTheDossiersHandsOverNothing) {
     banc->voisinage.dossiers = true;
     Textes& fenetre = ouvre("CO000002");
     fenetre.fait(Ordre::ToutSelectionner);
@@ -136,7 +136,7 @@ TEST_F(BarreTextes, OpeningTheDossiersHandsOverNothing) {
     EXPECT_EQ(fois, 1);
 }
 
-TEST_F(BarreTextes, ItsHistoryRunsBackAndForthOnItsButtonsAndTheirMenus) {
+TEST_F(BarreChild, ItsHistoryRunsBackAndForthOnItsButtonsAndTheirMenus) {
     Textes& fenetre = ouvre("CO000001");
     EXPECT_FALSE(fenetre.barrechild().isButtonEnabled(u"Précédent"_s));
     ouvre("CO000002");
@@ -157,7 +157,7 @@ TEST_F(BarreTextes, ItsHistoryRunsBackAndForthOnItsButtonsAndTheirMenus) {
     EXPECT_TRUE(fenetre.barrechild().isButtonEnabled(u"Suivant"_s));
 }
 
-TEST_F(BarreTextes, UpAndDownWalkTheTitlesAndStopAtTheEnds) {
+TEST_F(BarreChild, UpAndDownWalkTheTitlesAndStopAtTheEnds) {
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"Haut"_s);
     EXPECT_EQ(fenetre.referencecourante(), u"CO000002");
@@ -169,7 +169,7 @@ TEST_F(BarreTextes, UpAndDownWalkTheTitlesAndStopAtTheEnds) {
     EXPECT_TRUE(fenetre.barrechild().isButtonEnabled(u"Haut"_s));
 }
 
-TEST_F(BarreTextes, TheSideButtonsOfTheMouseWalkTheFramesHistory) {
+TEST_F(BarreChild, TheSideButtonsOfTheMouseWalkTheFramesHistory) {
     Textes& fenetre = ouvre("CO000001");
     ouvre("JP000007");
     QTest::mouseClick(banc->fenetre(2)->vue().viewport(), Qt::BackButton);
@@ -179,7 +179,7 @@ TEST_F(BarreTextes, TheSideButtonsOfTheMouseWalkTheFramesHistory) {
     EXPECT_EQ(banc->navigation.referencecourante(), u"JP000007");
 }
 
-TEST_F(BarreTextes, EscapeAndThePageKeysLeadToTheText) {
+TEST_F(BarreChild, EscapeAndThePageKeysLeadToTheText) {
     Textes& fenetre = ouvre("CO000002");
     fenetre.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&fenetre));
@@ -195,7 +195,7 @@ TEST_F(BarreTextes, EscapeAndThePageKeysLeadToTheText) {
     EXPECT_TRUE(fenetre.vue().hasFocus());
 }
 
-TEST_F(BarreTextes, FoldingThePanelUnderTheFocusGivesItToTheText) {
+TEST_F(BarreChild, FoldingThePanelUnderTheFocusGivesItToTheText) {
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"arbre"_s);
     fenetre.activateWindow();
@@ -205,7 +205,7 @@ TEST_F(BarreTextes, FoldingThePanelUnderTheFocusGivesItToTheText) {
     EXPECT_TRUE(fenetre.vue().hasFocus());
 }
 
-TEST_F(BarreTextes, ItsShortcutsActInTheActiveWindowOfTheFrame) {
+TEST_F(BarreChild, ItsShortcutsActInTheActiveWindowOfTheFrame) {
     Textes& un = ouvre("CO000001");
     Textes& autre = ouvre("JP000007");
     QMainWindow cadre;
