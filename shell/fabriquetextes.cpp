@@ -32,11 +32,11 @@ Textes* FabriqueTextes::fait(int indice) const {
 }
 
 void FabriqueTextes::raccordecadre(ContexteTextes& contexte) const {
-    contexte.listeselectionvisible = [&ecran = ecran] { return ecran.picturesselection().isVisible(); };
+    contexte.listeselectionvisible = [&volet = volet] { return volet.isVisible(); };
     contexte.dossiersouverts = [&bureau = bureau] { return bureau.dossiersouverts(); };
     contexte.formesouvertes = [&bureau = bureau] { return bureau.nombredeformes(); };
     contexte.montremosaique = [&ecran = ecran](bool visible) { ecran.montredispositions(visible); };
-    contexte.place = [&aire = ecran.aire()](const QWidget& fenetre) {
+    contexte.place = [&aire = aire](const QWidget& fenetre) {
         const QRect ici = aire.twipsOf(&fenetre);
         return PlaceTextes{aire.stateOf(&fenetre), ici.left(), ici.top(), ici.width(), ici.height()};
     };

@@ -13,14 +13,18 @@
 namespace velm {
 
 class Bureau;
+class ChildArea;
 class Ecrangeneral;
 class Selection;
 class Textes;
+class VoletSelection;
 struct ContexteTextes;
 
 /// None is owned; all outlive the windows.
 struct FabriqueTextes {
     Ecrangeneral& ecran;
+    ChildArea& aire;
+    VoletSelection& volet;
     Bureau& bureau;
     Selection& selection;
     Corpus& corpus;

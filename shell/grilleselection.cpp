@@ -1,7 +1,6 @@
 #include "shell/grilleselection.h"
 
 #include "platform/widgets/grid/flexgrid.h"
-#include "shell/ecrangeneral.h"
 #include "shell/volet.h"
 
 #include <QTableView>
@@ -9,7 +8,7 @@
 namespace velm {
 
 FlexGrid& GrilleSelection::flex() const {
-    return ecran_.picturesselection().flex();
+    return volet_.flex();
 }
 
 // ---- making
@@ -74,8 +73,8 @@ void GrilleSelection::montre(bool visible) {
         flex().setTopRow(1);
     flex().setVisible(visible);
     // What is hidden gives the focus to its neighbour.
-    const QWidget* avec = ecran_.focusWidget();
-    if (std::exchange(focus_, false) && visible && (!avec || ecran_.picturesselection().isAncestorOf(avec)))
+    const QWidget* avec = volet_.window()->focusWidget();
+    if (std::exchange(focus_, false) && visible && (!avec || volet_.isAncestorOf(avec)))
         flex().setFocus();
 }
 

@@ -4,12 +4,12 @@
 
 namespace velm {
 
-class Ecrangeneral;
 class FlexGrid;
+class VoletSelection;
 
 class GrilleSelection final : public VueLignes {
 public:
-    explicit GrilleSelection(Ecrangeneral& ecran) : ecran_(ecran) {}
+    explicit GrilleSelection(VoletSelection& volet) : volet_(volet) {}
 
     /// Makes the columns and shows the rows of a list, until relache().
     void construit(ListeSelection& liste, const std::function<QString(int)>& texte);
@@ -34,7 +34,7 @@ private:
     void construitcolonnes(const std::function<QString(int)>& texte);
     void placecolonnes(const ListeSelection& liste);
 
-    Ecrangeneral& ecran_;
+    VoletSelection& volet_;
     bool focus_ = false; ///< the grid had it before it was hidden
 };
 

@@ -2,9 +2,9 @@
 #include "platform/widgets/grid/flexgrid_p.h"
 #include "platform/widgets/grid/tablemime.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QEvent>
-#include <QGuiApplication>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
 
@@ -52,6 +52,14 @@ FlexGrid::FlexGrid(QWidget* parent) : QWidget(parent), d_(std::make_unique<Priva
         if (!d_->arranging && column != d_->stretched && size > 0)
             d_->model.column(column).twips = twipsFromPixels(size);
     });
+}
+
+FlexGrid* FlexGrid::withFocus() {
+    for (QWidget* widget = QApplication::focusWidget(); widget; widget = widget->parentWidget()) {
+        if (auto* grid = qobject_cast<FlexGrid*>(widget))
+            return grid;
+    }
+    return nullptr;
 }
 
 FlexGrid::~FlexGrid() {
