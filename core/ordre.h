@@ -60,6 +60,9 @@ enum class Ordre : std::uint8_t {
     SauverCriteres,
     ImprimerCriteres,
     EnvoyerCriteres,
+    OuvrirLignes, ///< those that are selected, as the next one
+    SupprimerLignes,
+    ImprimerLignes, ///< all of them
 
     // ---- the program
     Outil, ///< of the user's own

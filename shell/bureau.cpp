@@ -1,12 +1,9 @@
 #include "shell/bureau.h"
 
-#include "core/cle.h"
 #include "document/ui/textes.h"
 #include "platform/system/memory.h"
-#include "platform/widgets/frame/statusbar.h"
-#include "platform/widgets/frame/toolbar.h"
+#include "shell/actions.h"
 #include "shell/ecrangeneral.h"
-#include "shell/menus.h"
 
 #include <QMdiSubWindow>
 #include <QScopedValueRollback>
@@ -26,11 +23,12 @@ constexpr int reposdelamemoire = 500;
 
 } // namespace
 
-Bureau::Bureau(Ecrangeneral& ecran, Corpus& corpus, std::function<Textes*(int indice)> fabrique)
-    : ecran_(ecran), fabrique_(std::move(fabrique)), navigation_(*this, corpus) {
-    ecran_.barrecommande().setMenus(QStringLiteral("Précédent"), &navigation_.historique().precedent.menus());
-    ecran_.barrecommande().setMenus(QStringLiteral("Suivant"), &navigation_.historique().suivant.menus());
-    connect(&ecran_.aire(), &ChildArea::childActivated, this, &Bureau::activee);
+Bureau::Bureau(Ecrangeneral& ecran, ChildArea& aire, Actions& actions, Corpus& corpus,
+               std::function<Textes*(int indice)> fabrique)
+    : ecran_(ecran), aire_(aire), actions_(actions), fabrique_(std::move(fabrique)), navigation_(*this, corpus) {
+    ecran_.offre(Ordre::Precedent, navigation_.historique().precedent.menus());
+    ecran_.offre(Ordre::Suivant, navigation_.historique().suivant.menus());
+    connect(&aire_, &ChildArea::childActivated, this, &Bureau::activee);
     apresfermeture_.setSingleShot(true);
     apresfermeture_.setInterval(reposdelamemoire);
     connect(&apresfermeture_, &QTimer::timeout, this, &returnFreeMemory);
@@ -38,17 +36,17 @@ Bureau::Bureau(Ecrangeneral& ecran, Corpus& corpus, std::function<Textes*(int in
 
 Bureau::~Bureau() {
     // The windows know the navigation: none of them outlives it.
-    for (QWidget* fille : ecran_.aire().children())
-        delete ecran_.aire().around(fille);
+    for (QWidget* fille : aire_.children())
+        delete aire_.around(fille);
 }
 
 // ---- the windows, whatever they are
 
 QMdiSubWindow* Bureau::ajoute(QWidget& fenetre, FenetreFille& contrat) {
     filles_.push_back({&fenetre, &contrat});
-    contrat.surchangement = [this] { majmenus(); };
+    contrat.surchangement = [this] { suitactive(); };
     connect(&fenetre, &QObject::destroyed, this, &Bureau::oublie);
-    QMdiSubWindow* cadre = ecran_.aire().add(&fenetre);
+    QMdiSubWindow* cadre = aire_.add(&fenetre);
     cadre->setWindowIcon(fenetre.windowIcon());
     return cadre;
 }
@@ -60,7 +58,7 @@ void Bureau::oublie(const QObject* fenetre) {
 }
 
 FenetreFille* Bureau::devant() const {
-    const auto ici = std::ranges::find(filles_, ecran_.aire().activeChild(), &Fille::fenetre);
+    const auto ici = std::ranges::find(filles_, aire_.activeChild(), &Fille::fenetre);
     return ici == filles_.end() ? nullptr : ici->contrat;
 }
 
@@ -76,7 +74,7 @@ void Bureau::activee() {
         return;
     if (FenetreFille* active = devant())
         active->activation();
-    majmenus();
+    suitactive();
 }
 
 // ---- the document windows
@@ -99,15 +97,15 @@ FenetreNavigable* Bureau::creefenetre(int indice) {
     ajoute(*nouvelle, *nouvelle);
     suit(*nouvelle);
     const PlaceTextes place = nouvelle->placevoulue();
-    ecran_.aire().place(nouvelle, place.etat, place.gauche, place.haut, place.largeur, place.hauteur);
-    ecran_.aire().showPlaced(nouvelle);
+    aire_.place(nouvelle, place.etat, place.gauche, place.haut, place.largeur, place.hauteur);
+    aire_.showPlaced(nouvelle);
     return nouvelle;
 }
 
 /// A hidden window that another one takes the place of would stay for ever: nothing leads to it any more.
 void Bureau::fermecachee(int indice) {
     if (Textes* remplacee = fenetre(indice); remplacee && !navigation_.maffichagef(indice))
-        ecran_.aire().around(remplacee)->close();
+        aire_.around(remplacee)->close();
 }
 
 void Bureau::suit(Textes& fenetre) {
@@ -115,19 +113,18 @@ void Bureau::suit(Textes& fenetre) {
     // With several windows of a collection, the entry of the slot names the one that it brings forward.
     connect(&fenetre, &QWidget::windowTitleChanged, this, [this, indice, ici = &fenetre](const QString& titre) {
         if (this->fenetre(indice) == ici)
-            ecran_.menus().nommeecran(indice, titre);
+            actions_.intitule(Ordre::Fenetre, indice, {}, titre);
     });
-    ecran_.menus().nommeecran(indice, fenetre.windowTitle());
+    actions_.intitule(Ordre::Fenetre, indice, {}, fenetre.windowTitle());
     connect(&fenetre, &Textes::premierplan, this, [this, ici = &fenetre] { avance(*ici); });
-    connect(&fenetre, &Textes::cible, this,
-            [this](const QString& texte) { ecran_.barreetat().setPassing(QStringLiteral("wait"), texte); });
-    connect(&fenetre, &Textes::ferme, this, [this, indice] { ecran_.menus().cocheecran(indice, false); });
+    connect(&fenetre, &Textes::cible, this, [this](const QString& texte) { ecran_.ditenpassant(texte); });
+    connect(&fenetre, &Textes::ferme, this, [this, indice] { actions_.montre(Ordre::Fenetre, false, indice); });
     connect(&fenetre, &QObject::destroyed, &apresfermeture_, qOverload<>(&QTimer::start));
 }
 
 void Bureau::avance(Textes& fenetre) {
-    if (!enrestauration_ || ecran_.aire().stateOf(&fenetre) != ChildArea::Minimised)
-        ecran_.aire().activate(&fenetre);
+    if (!enrestauration_ || aire_.stateOf(&fenetre) != ChildArea::Minimised)
+        aire_.activate(&fenetre);
 }
 
 void Bureau::montrefenetre(int indice, bool visible) {
@@ -135,30 +132,32 @@ void Bureau::montrefenetre(int indice, bool visible) {
     if (!presente)
         return;
     if (visible)
-        ecran_.aire().activate(presente);
+        aire_.activate(presente);
     else
-        ecran_.aire().hideChild(presente);
+        aire_.hideChild(presente);
 }
 
 void Bureau::slotchange(int indice, bool ouverte) {
-    ecran_.montreslot(indice, ouverte);
-    ecran_.menus().cocheecran(indice, ouverte);
+    actions_.coche(Ordre::Collection, ouverte, indice);
+    actions_.montre(Ordre::Fenetre, ouverte, indice);
 }
 
 void Bureau::activehistorique(bool precedent, bool suivant) {
-    ecran_.barrecommande().setButtonEnabled(QStringLiteral("Précédent"), precedent);
-    ecran_.barrecommande().setButtonEnabled(QStringLiteral("Suivant"), suivant);
+    actions_.permet(Ordre::Precedent, precedent);
+    actions_.permet(Ordre::Suivant, suivant);
 }
 
 void Bureau::majderniersdocuments() {
     const Navigation::Derniers& titres = navigation_.derniersdocumentslibelles();
-    ecran_.menus().changederniers({titres.begin(), titres.end()});
+    for (int rang = 0; rang < Navigation::nombrederniers; ++rang) {
+        const QString& titre = titres.at(static_cast<std::size_t>(rang));
+        actions_.montre(Ordre::DernierDocument, !titre.isEmpty(), rang);
+        actions_.intitule(Ordre::DernierDocument, rang, u'&' + QString::number(rang + 1) + u' ', titre);
+    }
 }
 
 void Bureau::basculeslot(int indice) {
     navigation_.basculefenetre(indice, !navigation_.maffichagef(indice));
-    // The press alone has moved the button: it follows what came of it.
-    ecran_.montreslot(indice, navigation_.maffichagef(indice));
 }
 
 void Bureau::amene(int indice) {
@@ -167,7 +166,7 @@ void Bureau::amene(int indice) {
 }
 
 void Bureau::arrange(ChildArea::Arrangement disposition) {
-    ecran_.aire().arrange(disposition);
+    aire_.arrange(disposition);
 }
 
 Textes* Bureau::fenetre(int indice) const {
@@ -177,23 +176,23 @@ Textes* Bureau::fenetre(int indice) const {
 }
 
 Textes* Bureau::active() const {
-    const QWidget* active = ecran_.aire().activeChild();
+    const QWidget* active = aire_.activeChild();
     const auto ici = std::ranges::find_if(documents_, [active](const Textes* textes) { return textes == active; });
     return ici == documents_.end() ? nullptr : *ici;
 }
 
 int Bureau::nombredeformes() const {
-    return static_cast<int>(ecran_.aire().children().size()) + 1 + enfabrication_;
+    return static_cast<int>(aire_.children().size()) + 1 + enfabrication_;
 }
 
 void Bureau::majdispositions() {
     ecran_.montredispositions(nombredeformes() > formesadisposer);
 }
 
-void Bureau::majmenus() {
+void Bureau::suitactive() {
+    actions_.suit(devant());
     const Textes* textes = active();
-    ecran_.menus().montredocument(textes != nullptr, textes && textes->peut(Ordre::Copier));
-    ecran_.menus().marqueactive(textes ? textes->indice() : -1);
+    actions_.choisit(Ordre::Fenetre, textes ? textes->indice() : -1);
 }
 
 void Bureau::notefenetres() {
@@ -211,7 +210,7 @@ void Bureau::fermefenetres() {
                 ouverte->decharge();
         }
     }
-    ecran_.aire().closeAllSubWindows();
+    aire_.closeAllSubWindows();
 }
 
 void Bureau::restaure(const std::function<void()>& ouverture) {

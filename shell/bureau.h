@@ -16,6 +16,7 @@ class QMdiSubWindow;
 
 namespace velm {
 
+class Actions;
 class Ecrangeneral;
 class Textes;
 
@@ -24,7 +25,9 @@ class Bureau final : public QObject, public HoteNavigation {
 
 public:
     /// `fabrique` makes the window of a slot; the frame's area takes it over.
-    Bureau(Ecrangeneral& ecran, Corpus& corpus, std::function<Textes*(int indice)> fabrique);
+    /// The frame, its area and its actions outlive the desk.
+    Bureau(Ecrangeneral& ecran, ChildArea& aire, Actions& actions, Corpus& corpus,
+           std::function<Textes*(int indice)> fabrique);
     ~Bureau() override;
 
     Navigation& navigation() { return navigation_; }
@@ -47,7 +50,7 @@ public:
     bool dossiersouverts() const override { return dossiersouverts_; }
     void changedossiersouverts(bool ouverts) { dossiersouverts_ = ouverts; }
 
-    /// A slot's button or menu entry was pressed: makes, shows or hides its window.
+    /// A slot's command was given: makes, shows or hides its window.
     void basculeslot(int indice);
     /// Brings a slot's window forward, from the window list.
     void amene(int indice);
@@ -77,12 +80,14 @@ private:
     };
     void oublie(const QObject* fenetre);
     void activee();
+    void suitactive();
     void fermecachee(int indice);
     void suit(Textes& fenetre);
     void avance(Textes& fenetre);
-    void majmenus();
 
     Ecrangeneral& ecran_;
+    ChildArea& aire_;
+    Actions& actions_;
     std::function<Textes*(int)> fabrique_;
     Navigation navigation_;
     std::vector<Fille> filles_;

@@ -2,18 +2,17 @@
 
 #include "document/ui/textes.h"
 #include "platform/widgets/frame/childarea.h"
+#include "shell/actions.h"
 #include "shell/aide.h"
 #include "shell/bureau.h"
 #include "shell/commandes.h"
 #include "shell/ecrangeneral.h"
 #include "shell/fabriquetextes.h"
 #include "shell/fenetresannexes.h"
-#include "shell/menus.h"
 #include "shell/recherches.h"
 #include "shell/selection.h"
 #include "shell/volet.h"
 
-#include <QAction>
 #include <QCoreApplication>
 #include <QIcon>
 #include <QLibraryInfo>
@@ -46,22 +45,23 @@ QString CadrePrincipal::chargeprincipale() {
     traduitoutils();
     ecran_ = std::make_unique<Ecrangeneral>(texte);
     ecran_->setWindowIcon(QIcon(QStringLiteral(":/velmorante.svg")));
-    ecran_->avantfermeture = [this] { return donnees_.seance.quitteprogramme(); };
-    bureau_ =
-        std::make_unique<Bureau>(*ecran_, donnees_.corpus, [this](int indice) { return fabrique_->fait(indice); });
+    ecran_->avantfermeture = [this] { return donnees_.fin.quitteprogramme(); };
+    const auto [actions, aire, volet] = ecran_->pieces();
+    bureau_ = std::make_unique<Bureau>(*ecran_, aire, actions, donnees_.corpus,
+                                       [this](int indice) { return fabrique_->fait(indice); });
     bureau_->sansmemoire = [this] {
         donnees_.monde.dialogues.message(qt_error_string(ENOMEM), this->texte(8), Icone::Exclamation);
     };
-    selection_ = std::make_unique<Selection>(*ecran_, *bureau_,
+    selection_ = std::make_unique<Selection>(*ecran_, volet, actions, *bureau_,
                                              ControleListe::Services{{donnees_.corpus, monde.sablier, monde.dialogues,
                                                                       texte, [] { QCoreApplication::processEvents(); }},
                                                                      donnees_.reglages,
                                                                      monde.imprimante});
     fabrique_ = std::make_unique<FabriqueTextes>(
-        FabriqueTextes::Donnees{*ecran_, *bureau_, *selection_, donnees_.corpus, donnees_.reglages, donnees_.langue,
-                                donnees_.styles, donnees_.seance, donnees_.monde, rafraichir_});
+        FabriqueTextes::Donnees{*ecran_, aire, volet, *bureau_, *selection_, donnees_.corpus, donnees_.reglages,
+                                donnees_.langue, donnees_.styles, donnees_.seance, donnees_.monde, rafraichir_});
     recherches_ = std::make_unique<Recherches>(
-        *ecran_, *bureau_, *selection_,
+        aire, actions, *bureau_, *selection_,
         Recherches::Services{donnees_.reglages, monde.sablier, monde.dialogues, monde.courrier, texte});
     annexes_ = std::make_unique<FenetresAnnexes>(
         *ecran_, *bureau_,
@@ -83,7 +83,7 @@ void CadrePrincipal::chargeaspect() {
     const Preferences& preferences = donnees_.seance.preferences();
     if (const auto fond = velm::fondecran(preferences.fond != 0 ? preferences.fondno : -1, preferences.fondcouleur))
         ecran_->placefond(*fond);
-    ecran_->picturesselection().changelargeurpane(preferences.largeurselection);
+    ecran_->pieces().volet.changelargeurpane(preferences.largeurselection);
     donnees_.seance.afficheetape(texte(503));
     barres_.charge(preferences);
     for (const Barre barre : toutesbarres)
@@ -92,21 +92,16 @@ void CadrePrincipal::chargeaspect() {
 }
 
 void CadrePrincipal::chargecommandes() {
-    Seance& seance = donnees_.seance;
-    Commandes::Programme autour;
-    autour.quitte = [&seance] { seance.quitteprogramme(); };
-    autour.aide = [this] { donnees_.aide.ouvre(); };
-    autour.astuce = [this] { annexes_->astuce(); };
-    autour.apropos = [this] { annexes_->montreapropos(); };
-    autour.partenaires = [this] { annexes_->montrepartenaires(); };
-    autour.cherche = [this] { annexes_->montrerecherche(); };
-    autour.montreselection = [this](bool visible) { selection_->controle().affichemenuselection(visible); };
-    commandes_ = std::make_unique<Commandes>(*ecran_, *bureau_, barres_, donnees_.reglages, autour);
+    const Seance& seance = donnees_.seance;
+    Actions& actions = ecran_->pieces().actions;
+    commandes_ = std::make_unique<Commandes>(
+        Commandes::Acteurs{*ecran_, actions, *bureau_, barres_, donnees_.reglages, selection_->controle(), *recherches_,
+                           *annexes_, [this] { donnees_.fin.quitteprogramme(); }, [this] { donnees_.aide.ouvre(); }});
     const bool une = seance.parametres().multifenetre != 0;
     bureau_->navigation().changeunefenetre(une);
-    ecran_->menus().entree(QStringLiteral("maffichagetfu"))->setChecked(une);
-    ecran_->menus().entree(QStringLiteral("maide1(1)"))->setEnabled(!seance.fichierpartenaires().isEmpty());
-    ecran_->menus().entree(QStringLiteral("mediteur"))->setVisible(seance.preferences().menuediteur);
+    actions.coche(Ordre::UneFenetre, une);
+    actions.permet(Ordre::Partenaires, !seance.fichierpartenaires().isEmpty());
+    actions.montre(Ordre::Editeur, seance.preferences().menuediteur);
 }
 
 void CadrePrincipal::traduitoutils() {
@@ -132,7 +127,7 @@ void CadrePrincipal::ouvre(const Cle& cle) {
 }
 
 void CadrePrincipal::ouvrefichiercriteres(const QString& chemin) {
-    commandes_->montreselection(true);
+    selection_->controle().affichemenuselection(true);
     recherches_->ouvrircriteres(chemin);
 }
 
@@ -155,7 +150,7 @@ EtatFenetres CadrePrincipal::etatfenetres() const {
     if (const Textes* active = bureau_->active())
         etat.titreactif = active->windowTitle();
     etat.principale = ecran_->position();
-    etat.largeurpane = ecran_->picturesselection().largeurpane();
+    etat.largeurpane = ecran_->pieces().volet.largeurpane();
     return etat;
 }
 

@@ -7,6 +7,7 @@
 #include "core/reglages.h"
 #include "document/styles.h"
 #include "shell/logique/barres.h"
+#include "shell/logique/finseance.h"
 #include "shell/logique/seance.h"
 #include "shell/mondeexterieur.h"
 
@@ -38,6 +39,7 @@ public:
         Corpus& corpus;
         const TableStyles& styles;
         Seance& seance;
+        FinSeance& fin;
         const MondeExterieur& monde;
         const Aide& aide;
     };
@@ -49,6 +51,7 @@ public:
     Selection& selection() const { return *selection_; }
     Recherches& recherches() const { return *recherches_; }
     FenetresAnnexes& annexes() const { return *annexes_; }
+    Commandes& commandes() const { return *commandes_; }
     /// Out of the icon, to the front, as large as it was before.
     void remonte();
 

@@ -1,159 +1,145 @@
 #include "shell/commandes.h"
 
-#include "platform/widgets/frame/toolbar.h"
+#include "core/fenetrefille.h"
 #include "platform/widgets/grid/flexgrid.h"
+#include "search/controleliste.h"
+#include "shell/actions.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
-#include "shell/menus.h"
-#include "shell/volet.h"
-
-#include <QAction>
-#include <QApplication>
+#include "shell/fenetresannexes.h"
+#include "shell/logique/commandes.h"
+#include "shell/recherches.h"
 
 namespace velm {
 
-namespace {
+using namespace Qt::Literals::StringLiterals;
 
-/// The grid that a widget lies in, itself included; null for none.
-FlexGrid* grilleautour(QWidget* widget) {
-    for (; widget; widget = widget->parentWidget()) {
-        if (auto* grille = qobject_cast<FlexGrid*>(widget))
-            return grille;
+Commandes::Commandes(const Acteurs& acteurs) : acteurs_(acteurs) {
+    apprendfenetres();
+    apprendcadre();
+    apprendbarres();
+    apprendliste();
+    apprendprogramme();
+    connect(&acteurs_.actions, &Actions::commande, this, &Commandes::fait);
+}
+
+bool Commandes::fait(Ordre ordre, int rang) {
+    if (!sait(ordre))
+        return false;
+    faits_.at(static_cast<std::size_t>(ordre))(rang);
+    return true;
+}
+
+/// What a window can be asked for it does itself, but for what the frame knows more about.
+void Commandes::apprendfenetres() {
+    Bureau& bureau = acteurs_.bureau;
+    for (const LigneCommande& ligne : commandes()) {
+        if (ligne.besoin != Besoin::Fenetre)
+            continue;
+        sur(ligne.ordre, [&bureau, ordre = ligne.ordre](int) {
+            if (FenetreFille* devant = bureau.devant())
+                devant->fait(ordre);
+        });
     }
-    return nullptr;
+    sur(Ordre::ToutSelectionner, [this](int) { toutselectionner(); });
+    sur(Ordre::Chercher, [this](int) { acteurs_.annexes.montrerecherche(); });
 }
 
-} // namespace
-
-Commandes::Commandes(Ecrangeneral& ecran, Bureau& bureau, EtatBarres& barres, Reglages& reglages, Programme programme)
-    : ecran_(ecran), bureau_(bureau), barres_(barres), reglages_(reglages), programme_(std::move(programme)) {
-    apprendcommandes();
-    apprendentrees();
-    connect(&ecran_, &Ecrangeneral::commande, this, &Commandes::commande);
-    connect(&ecran_, &Ecrangeneral::commandemenu, this, &Commandes::commandemenu);
-    connect(&ecran_, &Ecrangeneral::slotpresse, this, [this](int indice) { bureau_.basculeslot(indice); });
-    connect(&ecran_, &Ecrangeneral::historiquevoulu, this, [this](bool precedent) {
-        const QString cle = precedent ? QStringLiteral("Précédent") : QStringLiteral("Suivant");
-        if (ecran_.barrecommande().isButtonEnabled(cle))
-            commande(cle);
+void Commandes::apprendcadre() {
+    Bureau& bureau = acteurs_.bureau;
+    const auto pas = [&bureau](Sens sens) {
+        return [&bureau, sens](int rang) {
+            if (rang == 0)
+                bureau.navigation().pas(sens);
+            else
+                bureau.navigation().pas(sens, rang);
+        };
+    };
+    const auto arrange = [&bureau](ChildArea::Arrangement disposition) {
+        return [&bureau, disposition](int) { bureau.arrange(disposition); };
+    };
+    sur(Ordre::Precedent, pas(Sens::Arriere));
+    sur(Ordre::Suivant, pas(Sens::Avant));
+    sur(Ordre::DernierDocument, [&bureau](int rang) {
+        const QString cle = bureau.navigation().derniersdocuments().at(static_cast<std::size_t>(rang));
+        bureau.navigation().ouvre(decoupecle(cle), {.replier = true});
     });
-    connect(&ecran_.menus(), &MenusEcran::choisie, this, &Commandes::entree);
+    sur(Ordre::Collection, [&bureau](int rang) { bureau.basculeslot(rang); });
+    sur(Ordre::Fenetre, [&bureau](int rang) { bureau.amene(rang); });
+    sur(Ordre::UneFenetre, [this](int) { changeunefenetre(!acteurs_.bureau.navigation().unefenetre()); });
+    sur(Ordre::Cascade, arrange(ChildArea::Arrangement::Cascade));
+    sur(Ordre::Horizontalement, arrange(ChildArea::Arrangement::TileHorizontal));
+    sur(Ordre::Verticalement, arrange(ChildArea::Arrangement::TileVertical));
 }
 
-void Commandes::apprendcommandes() {
-    const auto pas = [this](Sens sens) { return [this, sens](int) { bureau_.navigation().pas(sens); }; };
-    const auto arrange = [this](ChildArea::Arrangement disposition) {
-        return [this, disposition](int) { bureau_.arrange(disposition); };
-    };
-    commandes_ = {
-        {QStringLiteral("Précédent"), pas(Sens::Arriere)},
-        {QStringLiteral("Suivant"), pas(Sens::Avant)},
-        {QStringLiteral("Copier"), [this](int) { copier(); }},
-        {QStringLiteral("Rechercher"),
-         [this](int) { montreselection(ecran_.barrecommande().value(QStringLiteral("Rechercher"))); }},
-        {QStringLiteral("Barrefenêtre"), [this](int) { basculebarre(Barre::Ecran); }},
-        {QStringLiteral("Barreoutils"), [this](int) { basculebarre(Barre::Outils); }},
-        {QStringLiteral("Cascade"), arrange(ChildArea::Arrangement::Cascade)},
-        {QStringLiteral("Horizontalement"), arrange(ChildArea::Arrangement::TileHorizontal)},
-        {QStringLiteral("Verticalement"), arrange(ChildArea::Arrangement::TileVertical)},
-    };
+void Commandes::apprendbarres() {
+    for (const Barre barre : toutesbarres)
+        sur(ordredeplace(barre), [this, barre](int position) { placebarre(barre, position); });
+    sur(Ordre::BarreEcran, [this](int) { basculebarre(Barre::Ecran); });
+    sur(Ordre::BarreOutils, [this](int) { basculebarre(Barre::Outils); });
+    sur(Ordre::BarreEtat, [this](int) { commutebarreetat(); });
 }
 
-void Commandes::apprendentrees() {
-    const auto place = [this](Barre barre) { return [this, barre](int position) { placebarre(barre, position); }; };
-    entrees_ = {
-        {QStringLiteral("medition0"),
-         [this](int indice) {
-             if (indice == 0)
-                 copier();
-             else if (indice == 1)
-                 toutselectionner();
-             else if (indice == 2)
-                 programme_.cherche();
-         }},
-        {QStringLiteral("mselection"), [this](int) { montreselection(true); }},
-        {QStringLiteral("mnuLastFile"),
-         [this](int indice) {
-             const QString cle = bureau_.navigation().derniersdocuments().at(static_cast<std::size_t>(indice));
-             bureau_.navigation().ouvre(decoupecle(cle), {.replier = true});
-         }},
-        {QStringLiteral("mfichier3"), [this](int) { programme_.quitte(); }},
-        {QStringLiteral("mbarre1"), place(Barre::Commande)},
-        {QStringLiteral("mbarre2"), place(Barre::Ecran)},
-        {QStringLiteral("mbarre3"), place(Barre::Outils)},
-        {QStringLiteral("mbarre4"), place(Barre::Outils)},
-        {QStringLiteral("mbarre5"), place(Barre::Commande)},
-        {QStringLiteral("mbarre6"), place(Barre::Ecran)},
-        {QStringLiteral("maffichage0"), [this](int) { commutebarreetat(); }},
-        {QStringLiteral("maffichagef"), [this](int indice) { bureau_.basculeslot(indice); }},
-        {QStringLiteral("maffichagetfu"), [this](int) { changeunefenetre(!bureau_.navigation().unefenetre()); }},
-        {QStringLiteral("mdisposition"),
-         [this](int sorte) { bureau_.arrange(static_cast<ChildArea::Arrangement>(sorte)); }},
-        {QStringLiteral("mlistefenetre"), [this](int rang) { bureau_.amene(rang - 1); }},
-        {QStringLiteral("maide0"),
-         [this](int indice) {
-             if (indice == 0)
-                 programme_.astuce();
-             else if (indice == 2)
-                 programme_.aide();
-         }},
-        {QStringLiteral("maide1"),
-         [this](int indice) { indice == 0 ? programme_.apropos() : programme_.partenaires(); }},
-    };
+void Commandes::apprendliste() {
+    Actions& actions = acteurs_.actions;
+    ControleListe& liste = acteurs_.liste;
+    Recherches& recherches = acteurs_.recherches;
+    sur(Ordre::Rechercher,
+        [&actions, &liste](int) { liste.affichemenuselection(!actions.estcochee(Ordre::Rechercher)); });
+    sur(Ordre::MontrerSelection, [&liste](int) { liste.affichemenuselection(true); });
+    sur(Ordre::AfficherCriteres, [&recherches](int) { recherches.bascule(); });
+    sur(Ordre::Regrouper, [this](int) { regroupe(!acteurs_.actions.estcochee(Ordre::Regrouper)); });
+    sur(Ordre::PrecedentRecherche, [&liste](int) { liste.precedentrecherche(); });
+    sur(Ordre::SuivantRecherche, [&liste](int) { liste.suivantrecherche(); });
+    sur(Ordre::OuvrirCriteres, [&recherches](int) { recherches.ouvrircriteres(); });
+    sur(Ordre::SauverCriteres, [&recherches](int) { recherches.sauvercriteres(); });
+    sur(Ordre::ImprimerCriteres, [&liste](int) { liste.imprime(); });
+    sur(Ordre::EnvoyerCriteres, [&recherches](int) { recherches.envoyercriteres(); });
+    sur(Ordre::OuvrirLignes, [&liste](int) { liste.ouvre(); });
+    sur(Ordre::SupprimerLignes, [&liste](int) { liste.supprime(); });
+    sur(Ordre::ImprimerLignes, [&liste](int) { liste.imprime(); });
 }
 
-void Commandes::commande(const QString& cle) {
-    if (const auto deed = commandes_.constFind(cle); deed != commandes_.cend())
-        (*deed)(0);
+void Commandes::apprendprogramme() {
+    FenetresAnnexes& annexes = acteurs_.annexes;
+    sur(Ordre::Astuce, [&annexes](int) { annexes.astuce(); });
+    sur(Ordre::Aide, [this](int) { acteurs_.aide(); });
+    sur(Ordre::APropos, [&annexes](int) { annexes.montreapropos(); });
+    sur(Ordre::Partenaires, [&annexes](int) { annexes.montrepartenaires(); });
+    sur(Ordre::Quitter, [this](int) { acteurs_.quitte(); });
 }
 
-void Commandes::commandemenu(const QString& cle, int rang) {
-    if (cle == QStringLiteral("Précédent"))
-        bureau_.navigation().pas(Sens::Arriere, rang);
-    else if (cle == QStringLiteral("Suivant"))
-        bureau_.navigation().pas(Sens::Avant, rang);
-}
-
-void Commandes::entree(const QString& nom, int indice) {
-    if (const auto deed = entrees_.constFind(nom); deed != entrees_.cend())
-        (*deed)(indice);
-}
-
-void Commandes::copier() {
-    if (FenetreFille* active = bureau_.devant(); active && active->peut(Ordre::Copier))
-        active->fait(Ordre::Copier);
-}
-
+/// In the list that has the focus, or else in the active window.
 void Commandes::toutselectionner() {
-    if (FlexGrid* grille = grilleautour(QApplication::focusWidget()))
+    if (FlexGrid* grille = FlexGrid::withFocus())
         grille->selectAll();
-    else if (FenetreFille* active = bureau_.devant())
-        active->fait(Ordre::ToutSelectionner);
+    else if (FenetreFille* devant = acteurs_.bureau.devant())
+        devant->fait(Ordre::ToutSelectionner);
 }
 
 void Commandes::placebarre(Barre barre, int position) {
-    barres_.place(barre, position);
-    ecran_.placebarre(barre, barres_.position(barre));
+    acteurs_.barres.place(barre, position);
+    acteurs_.ecran.placebarre(barre, acteurs_.barres.position(barre));
 }
 
 void Commandes::basculebarre(Barre barre) {
-    placebarre(barre, barres_.visible(barre) ? 0 : barres_.dernierposition(barre));
+    placebarre(barre, acteurs_.barres.visible(barre) ? 0 : acteurs_.barres.dernierposition(barre));
 }
 
 void Commandes::commutebarreetat() {
-    barres_.commuteetat();
-    ecran_.montrebarreetat(barres_.etat());
+    acteurs_.barres.commuteetat();
+    acteurs_.ecran.montrebarreetat(acteurs_.barres.etat());
 }
 
 void Commandes::changeunefenetre(bool une) {
-    reglages_.savesetting(QStringLiteral("GENERALITES"), QStringLiteral("MULTIFENETRE"),
-                          une ? QStringLiteral("1") : QStringLiteral("0"));
-    bureau_.navigation().changeunefenetre(une);
-    ecran_.menus().entree(QStringLiteral("maffichagetfu"))->setChecked(une);
+    acteurs_.reglages.savesetting(u"GENERALITES"_s, u"MULTIFENETRE"_s, une ? u"1"_s : u"0"_s);
+    acteurs_.bureau.navigation().changeunefenetre(une);
+    acteurs_.actions.coche(Ordre::UneFenetre, une);
 }
 
-void Commandes::montreselection(bool montree) {
-    programme_.montreselection(montree);
+void Commandes::regroupe(bool regroupees) {
+    acteurs_.actions.coche(Ordre::Regrouper, regroupees);
+    acteurs_.liste.regroupe(regroupees);
 }
 
 } // namespace velm

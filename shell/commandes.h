@@ -1,63 +1,65 @@
 #pragma once
-// Every button and menu entry of the frame finds its deed here.
+// Every command of the frame finds its deed here.
+#include "core/ordre.h"
 #include "shell/logique/barres.h"
 
-#include <QHash>
 #include <QObject>
 
+#include <array>
 #include <functional>
 
 namespace velm {
 
+class Actions;
 class Bureau;
+class ControleListe;
 class Ecrangeneral;
+class FenetresAnnexes;
+class Recherches;
 
 class Commandes final : public QObject {
     Q_OBJECT
 
 public:
-    /// What the commands ask of the program around the frame.
-    struct Programme {
+    /// Those who carry the commands out; none is owned, and all of them outlive this.
+    struct Acteurs {
+        Ecrangeneral& ecran;
+        Actions& actions;
+        Bureau& bureau;
+        EtatBarres& barres;
+        Reglages& reglages;
+        ControleListe& liste;
+        Recherches& recherches;
+        FenetresAnnexes& annexes;
         std::function<void()> quitte;
         std::function<void()> aide;
-        std::function<void()> astuce;
-        std::function<void()> apropos;
-        std::function<void()> partenaires;
-        std::function<void()> cherche;                     ///< the find dialog
-        std::function<void(bool visible)> montreselection; ///< shows or hides the panel of the selection list
     };
+    /// Carries out what the actions give.
+    explicit Commandes(const Acteurs& acteurs);
 
-    Commandes(Ecrangeneral& ecran, Bureau& bureau, EtatBarres& barres, Reglages& reglages, Programme programme);
-
-    /// A button of the command bar by its key, as a click tells it. An unknown key does nothing.
-    void commande(const QString& cle);
-    /// An entry of a drop-down of that bar, from 1.
-    void commandemenu(const QString& cle, int rang);
-    /// A menu entry by its array and index.
-    void entree(const QString& nom, int indice);
-
-    /// Copies the selection of the active document (without one the whole of it), or all rows of the active list.
-    void copier();
-    void toutselectionner();
-    /// Moves or hides a bar.
-    void placebarre(Barre barre, int position);
-    void commutebarreetat();
-    void changeunefenetre(bool une);
-    void montreselection(bool montree);
+    /// Whether there is a deed for it; what waits for what it commands has none.
+    bool sait(Ordre ordre) const { return static_cast<bool>(faits_.at(static_cast<std::size_t>(ordre))); }
+    /// Carries a command out; false when there is no deed for it.
+    bool fait(Ordre ordre, int rang = 0);
 
 private:
-    using Deed = std::function<void(int indice)>;
-    void apprendcommandes();
-    void apprendentrees();
-    void basculebarre(Barre barre);
+    using Fait = std::function<void(int rang)>;
+    void sur(Ordre ordre, Fait fait) { faits_.at(static_cast<std::size_t>(ordre)) = std::move(fait); }
+    void apprendfenetres();
+    void apprendcadre();
+    void apprendbarres();
+    void apprendliste();
+    void apprendprogramme();
 
-    Ecrangeneral& ecran_;
-    Bureau& bureau_;
-    EtatBarres& barres_;
-    Reglages& reglages_;
-    Programme programme_;
-    QHash<QString, Deed> commandes_;
-    QHash<QString, Deed> entrees_;
+    void toutselectionner();
+    void placebarre(Barre barre, int position);
+    void basculebarre(Barre barre);
+    void commutebarreetat();
+    void changeunefenetre(bool une);
+    void regroupe(bool regroupees);
+
+    Acteurs acteurs_;
+    std::array<Fait, nombredordres> faits_;
 };
 
 } // namespace velm

@@ -1,13 +1,13 @@
 #include "shell/ecrangeneral.h"
 
-#include "core/cle.h"
 #include "platform/base/twips.h"
 #include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/frame/statusbar.h"
-#include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/look/icons.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/text/viewformats.h"
+#include "shell/actions.h"
+#include "shell/barresecran.h"
 #include "shell/fonds.h"
 #include "shell/menus.h"
 #include "shell/volet.h"
@@ -16,16 +16,20 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
-#include <QMenu>
 #include <QMenuBar>
 #include <QRegion>
 #include <QScreen>
-#include <QToolButton>
 #include <QWindow>
+
+#include <algorithm>
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
+
+const QString paneldetat = u"wait"_s; ///< the only panel of the status bar
 
 enum Etat { Normal = 0, Reduit = 1, Agrandi = 2 };
 
@@ -65,12 +69,13 @@ QColor assombrie(const QColor& couleur, const QColor& surface) {
 } // namespace
 
 Ecrangeneral::Ecrangeneral(const std::function<QString(int)>& texte)
-    : texte_(texte), aire_(new ChildArea), volet_(new VoletSelection(this)),
-      menus_(new MenusEcran(*menuBar(), texte, icon)), barreetat_(new StatusBar(this)) {
-    setObjectName(QStringLiteral("Ecrangeneral"));
+    : aire_(new ChildArea), volet_(new VoletSelection(this)), actions_(new Actions(texte, icon, this)),
+      barreetat_(new StatusBar(this)) {
+    setObjectName(u"Ecrangeneral"_s);
     setWindowTitle(texte(8));
     setContextMenuPolicy(Qt::NoContextMenu);
-    aire_->setObjectName(QStringLiteral("aire"));
+    aire_->setObjectName(u"aire"_s);
+    new MenusEcran(*menuBar(), *actions_, texte); // the menu bar's
 
     auto* centre = new QWidget(this);
     auto* disposition = new QHBoxLayout(centre);
@@ -79,49 +84,35 @@ Ecrangeneral::Ecrangeneral(const std::function<QString(int)>& texte)
     disposition->addWidget(volet_);
     disposition->addWidget(aire_, 1);
     setCentralWidget(centre);
+    garnit(volet_->recherchetoolbar(), placesdelaliste(), *actions_, texte);
+    volet_->nomme(texte(9028), texte(9029));
     volet_->hide();
 
-    barreetat_->setObjectName(QStringLiteral("barreétat"));
-    barreetat_->addPanel(QStringLiteral("wait"), 1);
+    barreetat_->setObjectName(u"barreétat"_s);
+    barreetat_->addPanel(paneldetat, 1);
     setStatusBar(barreetat_);
 
-    barrecommande_ = barre("barrecommande", 130, Barre::Commande);
-    barreecran_ = barre("barreécran", 132, Barre::Ecran);
-    barreoutils_ = barre("barreoutils", 131, Barre::Outils);
-    garnitcommande(texte);
-    garnitecran(texte);
-    garnitselection(texte);
-}
-
-Ecrangeneral::~Ecrangeneral() = default;
-
-Toolbar& Ecrangeneral::de(Barre barre) const {
-    return barre == Barre::Commande ? *barrecommande_ : barre == Barre::Ecran ? *barreecran_ : *barreoutils_;
-}
-
-Toolbar* Ecrangeneral::barre(const char* nom, int texte, Barre laquelle) {
-    auto* nouvelle = new Toolbar(this);
-    nouvelle->setObjectName(QString::fromUtf8(nom));
-    nouvelle->setWindowTitle(texte_(texte).remove(u'&'));
-    nouvelle->setImages(icon);
-    connect(nouvelle, &Toolbar::rightClicked, this,
-            [this, laquelle](const QPoint& ici) { menus_->menudebarre(laquelle)->popup(ici); });
-    return nouvelle;
+    barres_ = new BarresEcran(*this, *actions_, texte);
+    montredispositions(false);
+    // The keys work with their bars and menus hidden, too.
+    for (QAction* action : actions_->toutes()) {
+        if (!action->shortcut().isEmpty())
+            addAction(action);
+    }
 }
 
 void Ecrangeneral::placebarre(Barre barre, int position) {
-    // A bar without buttons would be nothing but a strip of empty ground.
-    de(barre).dock(*this, de(barre).buttonCount() > 0 ? position : 0);
-    menus_->cocheposition(barre, position);
+    barres_->place(barre, position);
+    actions_->choisit(ordredeplace(barre), position);
     if (barre == Barre::Ecran)
-        barrecommande_->setValue(QStringLiteral("Barrefenêtre"), position != 0);
+        actions_->coche(Ordre::BarreEcran, position != 0);
     if (barre == Barre::Outils)
-        barrecommande_->setValue(QStringLiteral("Barreoutils"), position != 0);
+        actions_->coche(Ordre::BarreOutils, position != 0);
 }
 
 void Ecrangeneral::montrebarreetat(bool visible) {
     barreetat_->setVisible(visible);
-    menus_->entree(QStringLiteral("maffichage0(3)"))->setChecked(visible);
+    actions_->coche(Ordre::BarreEtat, visible);
 }
 
 void Ecrangeneral::placefond(const FondEcran& fond) {
@@ -148,27 +139,30 @@ void Ecrangeneral::peintfond() {
 
 void Ecrangeneral::posepointeurs() {
     const qreal densite = devicePixelRatioF();
-    aire_->viewport()->setCursor(iconCursor(QStringLiteral("Curseur1"), densite));
-    for (const Barre barre : toutesbarres) {
-        for (QToolButton* bouton : de(barre).findChildren<QToolButton*>())
-            bouton->setCursor(iconCursor(QStringLiteral("Pointeur"), densite));
-    }
+    aire_->viewport()->setCursor(iconCursor(u"Curseur1"_s, densite));
+    barres_->posepointeur(iconCursor(u"Pointeur"_s, densite));
 }
 
-void Ecrangeneral::montreselection(bool montree) {
-    volet_->setVisible(montree);
-    barrecommande_->setValue(QStringLiteral("Rechercher"), montree);
-}
-
-void Ecrangeneral::montreslot(int indice, bool ouverte) {
-    barreecran_->setValue(clebouton(indice), ouverte);
-    menus_->entree(QStringLiteral("maffichagef"), indice)->setChecked(ouverte);
+void Ecrangeneral::montreselection(bool visible) {
+    volet_->setVisible(visible);
+    actions_->coche(Ordre::Rechercher, visible);
 }
 
 void Ecrangeneral::montredispositions(bool visibles) {
-    for (const QString& cle :
-         {QStringLiteral("Cascade"), QStringLiteral("Horizontalement"), QStringLiteral("Verticalement")})
-        barrecommande_->setButtonVisible(cle, visibles);
+    for (const Ordre ordre : {Ordre::Cascade, Ordre::Horizontalement, Ordre::Verticalement})
+        barres_->montrebouton(ordre, visibles);
+}
+
+void Ecrangeneral::offre(Ordre ordre, const ButtonMenus& entrees) {
+    barres_->offre(ordre, entrees);
+}
+
+void Ecrangeneral::dit(const QString& texte) {
+    barreetat_->setPanelText(paneldetat, texte);
+}
+
+void Ecrangeneral::ditenpassant(const QString& texte) {
+    barreetat_->setPassing(paneldetat, texte);
 }
 
 void Ecrangeneral::place(const PositionFenetre& position) {
@@ -236,7 +230,7 @@ void Ecrangeneral::changeEvent(QEvent* evenement) {
 void Ecrangeneral::mousePressEvent(QMouseEvent* evenement) {
     // The mouse's own back and forward buttons, where no window beneath the pointer has taken them.
     if (evenement->button() == Qt::BackButton || evenement->button() == Qt::ForwardButton)
-        emit historiquevoulu(evenement->button() == Qt::BackButton);
+        actions_->de(evenement->button() == Qt::BackButton ? Ordre::Precedent : Ordre::Suivant).trigger();
     else
         QMainWindow::mousePressEvent(evenement);
 }

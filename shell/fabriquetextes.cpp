@@ -35,7 +35,7 @@ Textes* FabriqueTextes::fait(int indice) {
 // ---- Voisinage
 
 bool FabriqueTextes::listeselectionvisible() const {
-    return donnees_.ecran.picturesselection().isVisible();
+    return donnees_.volet.isVisible();
 }
 
 bool FabriqueTextes::dossiersouverts() const {
@@ -51,7 +51,7 @@ void FabriqueTextes::montremosaique(bool visible) {
 }
 
 PlaceTextes FabriqueTextes::place(const QWidget& fenetre) const {
-    const ChildArea& aire = donnees_.ecran.aire();
+    const ChildArea& aire = donnees_.aire;
     const QRect ici = aire.twipsOf(&fenetre);
     return {aire.stateOf(&fenetre), ici.left(), ici.top(), ici.width(), ici.height()};
 }

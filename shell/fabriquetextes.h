@@ -14,15 +14,19 @@
 namespace velm {
 
 class Bureau;
+class ChildArea;
 class Ecrangeneral;
 class Selection;
 class Textes;
+class VoletSelection;
 
 class FabriqueTextes final : private Voisinage, private AideMots {
 public:
     /// None is owned; all outlive the windows, and so does what makes them.
     struct Donnees {
         Ecrangeneral& ecran;
+        ChildArea& aire;
+        VoletSelection& volet;
         Bureau& bureau;
         Selection& selection;
         Corpus& corpus;

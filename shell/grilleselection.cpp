@@ -1,13 +1,12 @@
 #include "shell/grilleselection.h"
 
 #include "platform/widgets/grid/flexgrid.h"
-#include "shell/ecrangeneral.h"
 #include "shell/volet.h"
 
 namespace velm {
 
 FlexGrid& GrilleSelection::flex() const {
-    return ecran_.picturesselection().flex();
+    return volet_.flex();
 }
 
 void GrilleSelection::construit(ListeSelection& liste) {

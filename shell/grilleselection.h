@@ -7,12 +7,12 @@
 
 namespace velm {
 
-class Ecrangeneral;
 class FlexGrid;
+class VoletSelection;
 
 class GrilleSelection final : public VueLignes {
 public:
-    explicit GrilleSelection(Ecrangeneral& ecran) : ecran_(ecran) {}
+    explicit GrilleSelection(VoletSelection& volet) : volet_(volet) {}
 
     /// Makes the columns and shows the rows of a list, until relache().
     void construit(ListeSelection& liste);
@@ -36,7 +36,7 @@ public:
     int largeur(int colonne) const override;
 
 private:
-    Ecrangeneral& ecran_;
+    VoletSelection& volet_;
     std::unique_ptr<GrilleDocuments> documents_;
 };
 

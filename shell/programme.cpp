@@ -23,15 +23,19 @@ Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
       magasin_(options.fichierreglages), reglages_(magasin_),
       langue_([this](const QString& numero) { avis_.textemanquant(numero); }), avis_(monde.dialogues, langue_),
       accueil_(langue_, monde.sablier), aide_{seance_, langue_, monde_},
-      cadre_({reglages_, langue_, corpus_, styles_, seance_, monde_, aide_}),
-      seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues,
-              {accueil_, cadre_, dossiers_, travaux_, [this] { litstyles(); }, [this] { return connexion(); }}) {
+      cadre_({reglages_, langue_, corpus_, styles_, seance_, fin_, monde_, aide_}),
+      seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, ecrans()),
+      fin_(seance_, reglages_, langue_, corpus_, monde.dialogues, ecrans()) {
     initialiseressources();
     reglages_.surechec([this](const FileError& raison) { ditechec(raison); });
 }
 
 Programme::~Programme() {
     cadre_.decharge();
+}
+
+Ecrans Programme::ecrans() {
+    return {accueil_, cadre_, dossiers_, travaux_, [this] { litstyles(); }, [this] { return connexion(); }};
 }
 
 Environnement Programme::environnement() {

@@ -38,10 +38,10 @@ public:
     ~Programme() override;
 
     Demarrage demarre();
-    bool quitteprogramme() { return seance_.quitteprogramme(); }
+    bool quitteprogramme() { return fin_.quitteprogramme(); }
     /// What an ordinary end writes and closes, without its questions; and what it writes, closing nothing.
-    void termine() { seance_.termine(); }
-    void enregistre() { seance_.enregistre(); }
+    void termine() { fin_.termine(); }
+    void enregistre() { fin_.enregistre(); }
 
     /// What happened in one box; open transactions are rolled back. The caller ends the process.
     void erreurfatale(const RuntimeFailure& erreur);
@@ -63,6 +63,7 @@ public:
 
 private:
     Environnement environnement();
+    Ecrans ecrans();
     bool connexion();
     void litstyles();
     void ditechec(const FileError& erreur); ///< settings cannot be written
@@ -82,6 +83,7 @@ private:
     Aide aide_;
     CadrePrincipal cadre_;
     Seance seance_;
+    FinSeance fin_;
     std::optional<FileError> echecretenu_; ///< told when there are words for it
 };
 

@@ -1,24 +1,20 @@
 #include "shell/recherches.h"
 
 #include "platform/widgets/frame/childarea.h"
-#include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/look/icons.h"
+#include "shell/actions.h"
 #include "shell/bureau.h"
-#include "shell/ecrangeneral.h"
 #include "shell/selection.h"
-#include "shell/volet.h"
 
 namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-Recherches::Recherches(Ecrangeneral& ecran, Bureau& bureau, Selection& selection, const Services& services)
-    : ecran_(ecran), bureau_(bureau), selection_(selection), services_(services),
+Recherches::Recherches(ChildArea& aire, Actions& actions, Bureau& bureau, Selection& selection,
+                       const Services& services)
+    : aire_(aire), actions_(actions), bureau_(bureau), selection_(selection), services_(services),
       fichiers_(services.dialogues, services.sablier, services.courrier, services.texte) {
-    Toolbar& barre = ecran_.picturesselection().recherchetoolbar();
-    for (const QString& cle : {u"affichercritères"_s, u"ouvrircritères"_s})
-        barre.setButtonEnabled(cle, true);
-    connect(&barre, &Toolbar::buttonClicked, this, &Recherches::clicbarre);
+    actions_.permet(Ordre::OuvrirCriteres, true);
     connect(&selection_, &Selection::criteresvoulus, this, &Recherches::montre);
 }
 
@@ -34,27 +30,16 @@ FrmVelmorSelect& Recherches::leformulaire() {
 
 void Recherches::montre(bool montre) {
     if (montre)
-        ecran_.aire().activate(&leformulaire());
+        aire_.activate(&leformulaire());
     else if (formulaire_)
-        ecran_.aire().hideChild(formulaire_);
+        aire_.hideChild(formulaire_);
     selection_.controle().formulairevisible(montre);
 }
 
-void Recherches::basculeformulaire() {
-    // An icon comes back, whatever the button makes of its press.
-    const bool reduit = formulaire_ && ecran_.aire().stateOf(formulaire_) == ChildArea::Minimised;
-    montre(reduit || ecran_.picturesselection().recherchetoolbar().value(u"affichercritères"_s));
-}
-
-void Recherches::clicbarre(const QString& cle) {
-    if (cle == u"affichercritères")
-        basculeformulaire();
-    else if (cle == u"ouvrircritères")
-        ouvrircriteres();
-    else if (cle == u"sauvercritères")
-        sauvercriteres();
-    else if (cle == u"envoyercritères")
-        envoyercriteres();
+void Recherches::bascule() {
+    // An icon comes back, whatever the mark of its command.
+    const bool reduit = formulaire_ && aire_.stateOf(formulaire_) == ChildArea::Minimised;
+    montre(reduit || !actions_.estcochee(Ordre::AfficherCriteres));
 }
 
 void Recherches::ouvrircriteres(const QString& nom) {

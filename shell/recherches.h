@@ -1,6 +1,6 @@
 #pragma once
-// The search form in the frame: makes it when it is first wanted, shows and hides it, and does what the bar of the list
-// asks of it. The form lives as long as the frame.
+// The search form in the frame: makes it when it is first wanted, shows and hides it, and brings it criteria and takes
+// them from it. The form lives as long as the frame.
 #include "search/dialoguescriteres.h"
 #include "search/ui/frmvelmorselect.h"
 
@@ -9,8 +9,9 @@
 
 namespace velm {
 
+class Actions;
 class Bureau;
-class Ecrangeneral;
+class ChildArea;
 class Reglages;
 class Selection;
 
@@ -26,11 +27,13 @@ public:
         Courrier& courrier;
         std::function<QString(int)> texte;
     };
-    Recherches(Ecrangeneral& ecran, Bureau& bureau, Selection& selection, const Services& services);
+    Recherches(ChildArea& aire, Actions& actions, Bureau& bureau, Selection& selection, const Services& services);
 
     /// Null as long as nobody has wanted it.
     FrmVelmorSelect* formulaire() const { return formulaire_; }
     void montre(bool montre);
+    /// Shows it, or hides it; an icon comes back.
+    void bascule();
     /// Restores the search of a criteria file; without a name the user chooses one.
     void ouvrircriteres(const QString& nom = {});
     void sauvercriteres();
@@ -38,10 +41,9 @@ public:
 
 private:
     FrmVelmorSelect& leformulaire();
-    void clicbarre(const QString& cle);
-    void basculeformulaire();
 
-    Ecrangeneral& ecran_;
+    ChildArea& aire_;
+    Actions& actions_;
     Bureau& bureau_;
     Selection& selection_;
     Services services_;

@@ -3,9 +3,9 @@
 #include "core/cle.h"
 #include "document/ui/grilledocuments.h"
 #include "document/ui/textes.h"
-#include "platform/widgets/frame/statusbar.h"
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/grid/flexgrid.h"
+#include "shell/actions.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
 #include "shell/volet.h"
@@ -16,12 +16,12 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-Selection::Selection(Ecrangeneral& ecran, Bureau& bureau, const ControleListe::Services& services)
-    : ecran_(ecran), bureau_(bureau), grille_(ecran), controle_(services, grille_, *this) {
+Selection::Selection(Ecrangeneral& ecran, VoletSelection& volet, const Actions& actions, Bureau& bureau,
+                     const ControleListe::Services& services)
+    : ecran_(ecran), volet_(volet), bureau_(bureau), grille_(volet), controle_(services, grille_, *this) {
     grille_.construit(liste());
     relieflex();
-    construitmenu(services.recherche.texte);
-    connect(&barre(), &Toolbar::buttonClicked, this, &Selection::clicbarre);
+    construitmenu(actions);
     controle_.charge();
 }
 
@@ -30,7 +30,7 @@ Selection::~Selection() {
 }
 
 Toolbar& Selection::barre() const {
-    return ecran_.picturesselection().recherchetoolbar();
+    return volet_.recherchetoolbar();
 }
 
 // ---- what is pressed
@@ -46,28 +46,11 @@ void Selection::relieflex() {
     });
 }
 
-void Selection::construitmenu(const std::function<QString(int)>& texte) {
-    menu_ = new QMenu(&ecran_.picturesselection());
+void Selection::construitmenu(const Actions& actions) {
+    menu_ = new QMenu(&volet_);
     menu_->setObjectName(u"ContextMenu"_s);
-    const auto entree = [&](const QString& nom, int numero, void (ControleListe::*fait)()) {
-        QAction* action = menu_->addAction(texte(numero));
-        action->setObjectName(nom);
-        connect(action, &QAction::triggered, this, [this, fait] { (controle_.*fait)(); });
-    };
-    entree(u"ContextMenuOuvrir"_s, 9018, &ControleListe::ouvre);
-    entree(u"ContextMenuSuppress"_s, 9019, &ControleListe::supprime);
-    entree(u"ContextMenuPrint"_s, 9020, &ControleListe::imprime);
-}
-
-void Selection::clicbarre(const QString& cle) {
-    if (cle == u"regrouper")
-        controle_.regroupe(barre().value(cle));
-    else if (cle == u"imprimercritères")
-        controle_.imprime();
-    else if (cle == u"suivantrecherche")
-        controle_.suivantrecherche();
-    else if (cle == u"précédentrecherche")
-        controle_.precedentrecherche();
+    for (const Ordre ordre : {Ordre::OuvrirLignes, Ordre::SupprimerLignes, Ordre::ImprimerLignes})
+        menu_->addAction(&actions.de(ordre));
 }
 
 // ---- what is shown
@@ -85,7 +68,7 @@ void Selection::infobulle(const QString& cle, const QString& texte) {
 }
 
 void Selection::ditetat(const QString& texte) {
-    ecran_.barreetat().setPanelText(u"wait"_s, texte);
+    ecran_.dit(texte);
 }
 
 void Selection::montrepanneau(bool visible) {
@@ -93,8 +76,7 @@ void Selection::montrepanneau(bool visible) {
 }
 
 void Selection::elargitpanneau() {
-    VoletSelection& volet = ecran_.picturesselection();
-    volet.changelargeurliste(std::max(volet.largeurliste(), LargeurVolet::minimumoutil));
+    volet_.changelargeurliste(std::max(volet_.largeurliste(), LargeurVolet::minimumoutil));
 }
 
 void Selection::montrecriteres(bool montres) {

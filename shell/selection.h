@@ -9,16 +9,19 @@ class QMenu;
 
 namespace velm {
 
+class Actions;
 class Bureau;
 class Ecrangeneral;
 class Toolbar;
+class VoletSelection;
 
 class Selection final : public QObject, private VueListe {
     Q_OBJECT
 
 public:
     /// Nothing is owned; all of it outlives the selection.
-    Selection(Ecrangeneral& ecran, Bureau& bureau, const ControleListe::Services& services);
+    Selection(Ecrangeneral& ecran, VoletSelection& volet, const Actions& actions, Bureau& bureau,
+              const ControleListe::Services& services);
     ~Selection() override;
 
     ControleListe& controle() { return controle_; }
@@ -43,10 +46,10 @@ private:
 
     Toolbar& barre() const;
     void relieflex();
-    void construitmenu(const std::function<QString(int)>& texte);
-    void clicbarre(const QString& cle);
+    void construitmenu(const Actions& actions);
 
     Ecrangeneral& ecran_;
+    VoletSelection& volet_;
     Bureau& bureau_;
     GrilleSelection grille_;
     ControleListe controle_;

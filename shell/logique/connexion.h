@@ -20,7 +20,7 @@ public:
         std::function<void()> finit;
     };
     /// None is owned. `dossierprogramme`: where a copy goes.
-    struct Monde {
+    struct Services {
         Seance& seance;
         Corpus& corpus;
         Dialogues& dialogues;
@@ -29,7 +29,7 @@ public:
         QString dossierprogramme;
         Copie copie;
     };
-    explicit Connexion(Monde monde);
+    explicit Connexion(Services services);
 
     /// Looks for the base at the root of each disc in its drive, in the drives' order, and offers to copy it. True with
     /// an open base.
@@ -48,7 +48,7 @@ private:
     bool surledisque(const QString& racine);
     bool copie();
 
-    Monde monde_;
+    Services services_;
     OpenError erreur_ = OpenError::None;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
-// A run of the program from `Main` to its end: the start sequence, the command line, the restoring of windows, and the
-// exit sequence with everything that it writes. No window lives here: what must be shown is asked of `Ecrans`.
+// A run of the program from `Main` on: the start sequence, the command line, the restoring of windows, and what was
+// read for all of them. No window lives here: what must be shown is asked of `Ecrans`. How it ends is FinSeance.
 #include "core/corpus.h"
 #include "core/langue.h"
 #include "core/parametres.h"
@@ -54,14 +54,6 @@ public:
     bool ouvrebase();
     bool ouvrelabase();
 
-    /// The exit sequence. False: the user refused and nothing was closed.
-    bool quitteprogramme();
-    /// The same without its questions, for an end that nobody is asked about. An open print job is thrown away. Nothing
-    /// happens when the program has ended already.
-    void termine();
-    /// Writes what the exit sequence writes and closes nothing: the desktop's session may end, or go on after all.
-    void enregistre();
-
     void afficheetape(const QString& texte);
     /// Label of a slot from 0 to 11 (text slot + 10).
     QString libelle(int indice);
@@ -80,10 +72,6 @@ private:
     void cherchepartenaires();
     bool metajour();
     bool trouvebase();
-    bool quittequestions();
-    void ferme();
-    void ecritfenetres(const EtatFenetres& etat);
-    void ecritposition(const PositionFenetre& position);
 
     Environnement env_;
     Reglages& reglages_;
@@ -96,7 +84,6 @@ private:
     QString fichierbase_;
     QString fichierpartenaires_;
     bool sansastuce_ = false;
-    bool fermee_ = false; ///< the exit sequence has begun to close
 };
 
 } // namespace velm

@@ -57,9 +57,9 @@ protected:
     FlexGrid& grid() const { return list().flex(); }
     QWidget* form() const { return host->program().recherches().formulaire(); }
     QWidget* finder() const { return host->frame()->findChild<QDialog*>(u"frmFindForm"_s); }
-    Spot command(const QString& name) const { return Spot::named(&host->frame()->barrecommande(), name); }
+    Spot command(const QString& name) const { return Spot::named(host->bar(u"barrecommande"_s), name); }
     Spot listTool(const QString& name) const {
-        return Spot::named(&host->frame()->picturesselection().recherchetoolbar(), name);
+        return Spot::named(&host->frame()->pieces().volet.recherchetoolbar(), name);
     }
     Spot tool(const QString& name) const {
         return host->front() ? Spot::named(&host->front()->barrechild(), name) : Spot();
@@ -184,10 +184,10 @@ TEST_F(Finding, TheListIsSortedEmptiedAndHidden) {
     ASSERT_TRUE(becomes([&] { return grid().rows() == rows - 1; }));
     ASSERT_TRUE(touch([this] { return listTool(u"regrouper"_s); }));
     ASSERT_TRUE(becomes([this] { return grid().mergeCells(); }));
-    const int before = inProgram([this] { return host->frame()->picturesselection().width(); });
+    const int before = inProgram([this] { return host->frame()->pieces().volet.width(); });
     ASSERT_TRUE(
-        drag([this] { return Spot::named(&host->frame()->picturesselection(), u"separateurrecherche"_s); }, {250, 0}));
-    ASSERT_TRUE(becomes([&] { return std::abs(host->frame()->picturesselection().width() - before - 250) < 8; }));
+        drag([this] { return Spot::named(&host->frame()->pieces().volet, u"separateurrecherche"_s); }, {250, 0}));
+    ASSERT_TRUE(becomes([&] { return std::abs(host->frame()->pieces().volet.width() - before - 250) < 8; }));
     photo(u"25-liste-large"_s);
     ASSERT_TRUE(touch([this] { return row(1); }));
     key(u"ctrl+a"_s);
@@ -195,8 +195,8 @@ TEST_F(Finding, TheListIsSortedEmptiedAndHidden) {
     key(u"Delete"_s);
     ASSERT_TRUE(becomes([this] { return grid().rows() == 1; }));
     key(u"ctrl+shift+f"_s);
-    ASSERT_TRUE(becomes(
-        [this] { return !host->frame()->picturesselection().isVisible() && !(form() && form()->isVisible()); }));
+    ASSERT_TRUE(
+        becomes([this] { return !host->frame()->pieces().volet.isVisible() && !(form() && form()->isVisible()); }));
 }
 
 TEST_F(Finding, ATextIsFoundInTheDocument) {
@@ -214,7 +214,7 @@ TEST_F(Finding, ATextIsFoundInTheDocument) {
 
 TEST_F(FindingInTheRealCollection, ARequestIsAnsweredFromItsWordsToTheMarkedDocument) {
     // A document window looks words up in its own collection.
-    ASSERT_TRUE(touch([this] { return Spot::named(&host->frame()->barreecran(), u"CL"_s); }));
+    ASSERT_TRUE(touch([this] { return Spot::named(host->bar(u"barreécran"_s), u"CL"_s); }));
     ASSERT_TRUE(becomes([this] { return host->front() != nullptr; }));
     ASSERT_TRUE(touch([this] { return Spot::named(host->front(), u"Textedico"_s); }));
     ASSERT_NO_FATAL_FAILURE(typeInto([this] { return host->front(); }, u"Textedico"_s, u"bail commercial"_s));
@@ -230,7 +230,7 @@ TEST_F(FindingInTheRealCollection, ARequestIsAnsweredFromItsWordsToTheMarkedDocu
     ASSERT_NO_FATAL_FAILURE(searchWords(u"consommateur contrat"_s, u"34-mots"_s));
     EXPECT_EQ(inProgram([this] { return grid().rows(); }), 51); // the limit of the list that is first
     ASSERT_TRUE(
-        drag([this] { return Spot::named(&host->frame()->picturesselection(), u"separateurrecherche"_s); }, {400, 0}));
+        drag([this] { return Spot::named(&host->frame()->pieces().volet, u"separateurrecherche"_s); }, {400, 0}));
     // Neighbours are grouped within those of the columns before theirs.
     ASSERT_TRUE(drag([this] { return header(1); }, {-190, 0}));
     ASSERT_TRUE(becomes([this] { return grid().colData(0) == ListeSelection::Motcle1; }));

@@ -65,6 +65,10 @@ bool Host::hasEnded() const {
     return frame() && !frame()->isVisible() && QThread::currentThread()->loopLevel() == 1;
 }
 
+QWidget* Host::bar(const QString& name) const {
+    return frame()->findChild<QWidget*>(name);
+}
+
 Textes* Host::front() const {
     return frame() ? program_->bureau().active() : nullptr;
 }

@@ -37,6 +37,8 @@ public:
     void clear() { program_.reset(); }
 
     Programme& program() { return *program_; }
+    /// A bar of the frame by its name.
+    QWidget* bar(const QString& name) const;
     Ecrangeneral* frame() const { return program_ ? program_->ecran() : nullptr; }
     /// The document window in front, null for none.
     Textes* front() const;

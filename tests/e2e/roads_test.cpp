@@ -65,8 +65,8 @@ protected:
     bool shows(const QString& reference) const { return shownKey() == reference && host->front()->isActiveWindow(); }
 
     /// A button of the frame's bars.
-    Spot command(const QString& name) const { return Spot::named(&host->frame()->barrecommande(), name); }
-    Spot slot(const QString& name) const { return Spot::named(&host->frame()->barreecran(), name); }
+    Spot command(const QString& name) const { return Spot::named(host->bar(u"barrecommande"_s), name); }
+    Spot slot(const QString& name) const { return Spot::named(host->bar(u"barreécran"_s), name); }
     /// A button of the bar of the window in front, or another of its controls.
     Spot tool(const QString& name) const {
         return host->front() ? Spot::named(&host->front()->barrechild(), name) : Spot();
@@ -183,12 +183,12 @@ TEST_F(Roads, FromTheTreeByLinksAndBackToTheEndAndIntoTheNextRun) {
 
     ASSERT_TRUE(touch([this] { return command(u"Cascade"_s); }));
     ASSERT_TRUE(becomes([this] {
-        const ChildArea& area = host->frame()->aire();
+        const ChildArea& area = host->frame()->pieces().aire;
         return std::ranges::all_of(area.children(), [&](const QWidget* child) {
             return area.stateOf(child) == ChildArea::Normal && !area.twipsOf(child).isEmpty();
         });
     }));
-    EXPECT_EQ(inProgram([this] { return host->frame()->aire().children().size(); }), 3u);
+    EXPECT_EQ(inProgram([this] { return host->frame()->pieces().aire.children().size(); }), 3u);
     EXPECT_TRUE(inProgram([this] { return shows(u"GL000012"_s); }));
     photo(u"08-cascade"_s);
 

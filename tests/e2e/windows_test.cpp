@@ -58,7 +58,7 @@ protected:
     bool shows(const QString& document) const {
         return host->front() && host->front()->referencecourante() == document && host->front()->isActiveWindow();
     }
-    QMdiSubWindow* window() const { return host->frame()->aire().around(host->front()); }
+    QMdiSubWindow* window() const { return host->frame()->pieces().aire.around(host->front()); }
     Spot tool(const QString& name) const {
         return host->front() ? Spot::named(&host->front()->barrechild(), name) : Spot();
     }
@@ -110,7 +110,7 @@ TEST_F(Windows, WhatClosesIsForgottenWhenTheAreaTakesAnotherSize) {
         ASSERT_TRUE(becomes([&] { return shows(next); }));
         for (const bool visible : {true, false}) {
             key(u"ctrl+shift+f"_s);
-            ASSERT_TRUE(becomes([&] { return host->frame()->picturesselection().isVisible() == visible; }));
+            ASSERT_TRUE(becomes([&] { return host->frame()->pieces().volet.isVisible() == visible; }));
         }
     }
     photo(u"43-fermees"_s);
@@ -119,7 +119,7 @@ TEST_F(Windows, WhatClosesIsForgottenWhenTheAreaTakesAnotherSize) {
     key(u"ctrl+F4"_s);
     ASSERT_TRUE(becomes([this] { return !host->front(); }));
     key(u"ctrl+shift+f"_s);
-    ASSERT_TRUE(becomes([this] { return host->frame()->picturesselection().isVisible(); }));
+    ASSERT_TRUE(becomes([this] { return host->frame()->pieces().volet.isVisible(); }));
     ASSERT_NO_FATAL_FAILURE(quit());
 }
 

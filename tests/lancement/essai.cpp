@@ -6,11 +6,11 @@
 #include "document/ui/textes.h"
 #include "document/ui/voletliens.h"
 #include "platform/widgets/look/look.h"
+#include "shell/actions.h"
 #include "shell/application.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
 #include "shell/lancement.h"
-#include "shell/menus.h"
 #include "shell/recherches.h"
 #include "tests/support/outside_script.h"
 
@@ -144,7 +144,7 @@ private:
     /// Another program spoils a setting that is read again later; the next write brings it in.
     void astucefautive() {
         ReglagesStore(reglages_).save(u"OPTIONS", u"TIPS", u"jamais"_s);
-        programme_.ecran()->menus().entree(u"maffichagetfu"_s)->trigger();
+        programme_.ecran()->pieces().actions.de(Ordre::UneFenetre).trigger();
         programme_.cadre().astuce();
     }
 

@@ -195,8 +195,6 @@ TEST(Maison, ThePlatformDoesNotKnowTheProgram) {
 }
 
 TEST(Maison, AClassHasOneSource) {
-    // Those that are still to be cut; each goes from here when it has one.
-    const QSet<QString> still{u"Ecrangeneral"_s, u"Seance"_s};
     static const QRegularExpression definition(uR"re(^(?!\s)(?:[^\n(]*[\s&*])?((?:\w+::)+)~?\w+\()re"_s,
                                                QRegularExpression::MultilineOption);
     QMap<QString, QSet<QString>> places;
@@ -211,17 +209,10 @@ TEST(Maison, AClassHasOneSource) {
                 places[roomOf(source.path) + u' ' + *name].insert(source.path);
         }
     }
-    QSet<QString> several;
     for (auto place = places.cbegin(); place != places.cend(); ++place) {
-        if (place->size() < 2)
-            continue;
-        const QString name = place.key().section(u' ', 1);
-        several.insert(name);
-        EXPECT_TRUE(still.contains(name))
-            << name.toStdString() << " in " << place->values().join(u", "_s).toStdString();
+        EXPECT_EQ(place->size(), 1) << place.key().section(u' ', 1).toStdString() << " in "
+                                    << place->values().join(u", "_s).toStdString();
     }
-    for (const QString& name : still)
-        EXPECT_TRUE(several.contains(name)) << name.toStdString() << " has one source now";
 }
 
 } // namespace velm

@@ -10,7 +10,8 @@ using namespace velm;
 TEST(BureauTest, WithoutMemoryForAWindowItIsSaidAndTheRunGoesOn) {
     Ecrangeneral ecran([](int numero) { return QString::number(numero); });
     Corpus corpus;
-    Bureau bureau(ecran, corpus, [](int) -> Textes* { throw std::bad_alloc(); });
+    const auto [actions, aire, volet] = ecran.pieces();
+    Bureau bureau(ecran, aire, actions, corpus, [](int) -> Textes* { throw std::bad_alloc(); });
     const int formes = bureau.nombredeformes();
     int dit = 0;
     bureau.sansmemoire = [&dit] { ++dit; };

@@ -234,13 +234,13 @@ TEST_F(DemarrageTest, EachGroundNumberOfTheSettingsIsTaken) {
         regle(u"GENERALITES", u"FONDCOULEUR", QStringLiteral("255"));
         demarre(QString());
         const bool image = numero >= 0 && numero <= 4;
-        EXPECT_EQ(ecran().aire().backPicture().isNull(), !image) << numero;
+        EXPECT_EQ(aire().backPicture().isNull(), !image) << numero;
         const auto fond = fondecran(numero, 255);
         if (fond && fond->couleur) {
             const auto c = static_cast<uint>(*fond->couleur);
-            EXPECT_EQ(ecran().aire().backColour(), QColor(int(c & 0xFF), int(c >> 8 & 0xFF), int(c >> 16))) << numero;
+            EXPECT_EQ(aire().backColour(), QColor(int(c & 0xFF), int(c >> 8 & 0xFF), int(c >> 16))) << numero;
         } else {
-            EXPECT_NE(ecran().aire().backColour(), QColor(Qt::red)) << numero;
+            EXPECT_NE(aire().backColour(), QColor(Qt::red)) << numero;
         }
         programme.reset();
     }

@@ -53,11 +53,11 @@ protected:
     void metliste() {
         auto* forme = new Liste(pressepapiers);
         programme->bureau().ajoute(*forme, *forme);
-        ecran().aire().activate(forme);
+        aire().activate(forme);
     }
     QString copie() {
         pressepapiers.contenu = {};
-        presse(ecran().barrecommande(), "Copier");
+        presse(barrecommande(), "Copier");
         EXPECT_TRUE(dialogues.messages.empty());
         return pressepapiers.contenu.texte;
     }
@@ -67,7 +67,7 @@ protected:
 
 TEST_F(CopieTest, CopyingWithNoWindowDoesNothing) {
     demarre(QString());
-    presse(ecran().barrecommande(), "Copier");
+    presse(barrecommande(), "Copier");
     EXPECT_TRUE(pressepapiers.contenu.texte.isEmpty());
 }
 
@@ -75,14 +75,14 @@ TEST_F(CopieTest, CopyingASelectionCopiesOnlyIt) {
     demarre(QStringLiteral("CO1"));
     programme->fenetre(0)->vue().setSelStart(5);
     programme->fenetre(0)->vue().setSelLength(9);
-    presse(ecran().barrecommande(), "Copier");
+    presse(barrecommande(), "Copier");
     EXPECT_EQ(pressepapiers.contenu.texte, u"l’article");
 }
 
 TEST_F(CopieTest, CopyingWithoutASelectionCopiesTheWholeAndLeavesTheTextAlone) {
     demarre(QStringLiteral("CO2"));
     const QString avant = programme->fenetre(0)->vue().control().text();
-    presse(ecran().barrecommande(), "Copier");
+    presse(barrecommande(), "Copier");
     EXPECT_TRUE(pressepapiers.contenu.texte.startsWith(QStringLiteral("Deux.")));
     EXPECT_TRUE(pressepapiers.contenu.rtf.startsWith("{\\rtf1"));
     EXPECT_EQ(programme->fenetre(0)->vue().control().text(), avant);

@@ -2,6 +2,7 @@
 #include "core/langue.h"
 #include "platform/widgets/frame/childarea.h"
 #include "shell/bureau.h"
+#include "shell/menus.h"
 #include "shell/volet.h"
 #include "tests/shell/ecran_support.h"
 
@@ -67,8 +68,8 @@ TEST_F(MenusTest, ARightClickOnABarOffersItsFivePlaces) {
         const char* nom;
         const char* tableau;
         const char* dansmenu;
-    } barres[] = {{ecran().barrecommande(), "ContextMenuBarreCommandes", "mbarre5", "mbarre1"},
-                  {ecran().barreecran(), "ContextMenuBarreTable", "mbarre6", "mbarre2"}};
+    } barres[] = {{barrecommande(), "ContextMenuBarreCommandes", "mbarre5", "mbarre1"},
+                  {barreecran(), "ContextMenuBarreTable", "mbarre6", "mbarre2"}};
     for (const auto& b : barres) {
         QMenu* menu = contextuel(b.barre);
         ASSERT_NE(menu, nullptr);
@@ -94,8 +95,7 @@ TEST_F(MenusTest, ARightClickOnABarOffersItsFivePlaces) {
 
 TEST_F(MenusTest, BarsStandAtEveryEdgeAndTurnWithIt) {
     demarre(QString());
-    for (const auto& [tableau, barre] :
-         {std::pair("mbarre1", &ecran().barrecommande()), std::pair("mbarre2", &ecran().barreecran())}) {
+    for (const auto& [tableau, barre] : {std::pair("mbarre1", &barrecommande()), std::pair("mbarre2", &barreecran())}) {
         for (const int place : {1, 2, 3, 4}) {
             entree(tableau, place)->trigger();
             EXPECT_TRUE(barre->isVisible());
@@ -108,12 +108,12 @@ TEST_F(MenusTest, AHiddenCommandBarKeepsItsShortcuts) {
     demarre(QStringLiteral("CO1"));
     programme->ouvre(decoupecle(u"CO000002"));
     entree("mbarre1", 0)->trigger();
-    ASSERT_FALSE(ecran().barrecommande().isVisible());
+    ASSERT_FALSE(barrecommande().isVisible());
     ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
     QTest::keyClick(&ecran(), Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(programme->fenetre(0)->referencecourante(), u"CO000001");
     QTest::keyClick(&ecran(), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_TRUE(ecran().picturesselection().isVisible());
+    EXPECT_TRUE(volet().isVisible());
 }
 
 TEST_F(MenusTest, AccessKeysAreUniqueInEachMenuInBothLanguages) {
@@ -123,8 +123,9 @@ TEST_F(MenusTest, AccessKeysAreUniqueInEachMenuInBothLanguages) {
         langue.choisitfichier(QStringLiteral(VELM_SOURCE_DIR), QStringLiteral(VELM_SOURCE_DIR),
                               QString::fromLatin1(extension));
         QMenuBar barre;
-        const MenusEcran essai(
-            barre, [&](int numero) { return langue.lireressource(numero); }, [](const QString&) { return QIcon(); });
+        const auto texte = [&](int numero) { return langue.lireressource(numero); };
+        Actions actions(texte, [](const QString&) { return QIcon(); });
+        const MenusEcran essai(barre, actions, texte);
         EXPECT_EQ(doublons(QStringLiteral("bar"), barre.actions()), QStringList()) << extension;
     }
 }
@@ -198,10 +199,10 @@ TEST_F(MenusTest, WhatIsNotBuiltYetStandsInItsPlaceAndIsOff) {
         EXPECT_FALSE(entree(nom)->text().isEmpty()) << nom;
     }
     EXPECT_FALSE(entree("mlistefenetre", 12)->isVisible());
-    EXPECT_FALSE(ecran().barreecran().isButtonEnabled(QStringLiteral("Index")));
+    EXPECT_FALSE(barreecran().isButtonEnabled(QStringLiteral("Index")));
     for (const char* cle : {"Imprimer", "imprimereject", "chrono", "numéro", "motclé", "Dossiers"})
-        EXPECT_FALSE(ecran().barrecommande().isButtonEnabled(QString::fromUtf8(cle))) << cle;
-    QMenu* ejections = ecran().barrecommande().menu(QStringLiteral("imprimereject"));
+        EXPECT_FALSE(barrecommande().isButtonEnabled(QString::fromUtf8(cle))) << cle;
+    QMenu* ejections = barrecommande().menu(QStringLiteral("imprimereject"));
     ASSERT_NE(ejections, nullptr);
     emit ejections->aboutToShow();
     EXPECT_EQ(ejections->actions().size(), 3);
@@ -228,7 +229,7 @@ TEST_F(MenusTest, EverythingThatTakesTheFocusHasAnAccessibleName) {
 
 TEST_F(MenusTest, TheToolkitsOwnMenusSpeakTheLanguageFromTheFirstWindowOn) {
     demarre(QStringLiteral("CO1"));
-    const QMenu* systeme = ecran().aire().around(programme->fenetre(0))->systemMenu();
+    const QMenu* systeme = aire().around(programme->fenetre(0))->systemMenu();
     ASSERT_NE(systeme, nullptr);
     QStringList textes;
     for (const QAction* action : systeme->actions())

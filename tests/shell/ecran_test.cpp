@@ -23,39 +23,39 @@ TEST_F(EcranTest, TheFrameLoadsWithItsBarsAtTheirSavedPlaces) {
     regle(u"BARRE", u"ECRAN", QStringLiteral("4"));
     regle(u"BARRE", u"OUTILS", QStringLiteral("1"));
     demarre(QString());
-    EXPECT_EQ(ecran().barrecommande().dockedAt(), 2);
-    EXPECT_EQ(ecran().barreecran().dockedAt(), 4);
+    EXPECT_EQ(barrecommande().dockedAt(), 2);
+    EXPECT_EQ(barreecran().dockedAt(), 4);
     EXPECT_EQ(positionscochees("mbarre3"), std::vector<int>{1});
-    EXPECT_FALSE(ecran().barreoutils().isVisible()) << "a bar without buttons takes no place";
-    EXPECT_EQ(ecran().toolBarArea(&ecran().barrecommande()), Qt::BottomToolBarArea);
-    EXPECT_EQ(ecran().toolBarArea(&ecran().barreecran()), Qt::RightToolBarArea);
-    EXPECT_TRUE(ecran().barrecommande().isVisible());
+    EXPECT_FALSE(barreoutils().isVisible()) << "a bar without buttons takes no place";
+    EXPECT_EQ(ecran().toolBarArea(&barrecommande()), Qt::BottomToolBarArea);
+    EXPECT_EQ(ecran().toolBarArea(&barreecran()), Qt::RightToolBarArea);
+    EXPECT_TRUE(barrecommande().isVisible());
 }
 
 TEST_F(EcranTest, AHiddenBarStaysHiddenButTheCommandBarComesBack) {
     demarre(QString());
     entree("mbarre1", 0)->trigger();
     entree("mbarre2", 0)->trigger();
-    EXPECT_FALSE(ecran().barrecommande().isVisible());
-    EXPECT_FALSE(ecran().barreecran().isVisible());
+    EXPECT_FALSE(barrecommande().isVisible());
+    EXPECT_FALSE(barreecran().isVisible());
     redemarre();
-    EXPECT_TRUE(ecran().barrecommande().isVisible());
-    EXPECT_FALSE(ecran().barreecran().isVisible());
-    EXPECT_FALSE(ecran().barrecommande().value(QStringLiteral("Barrefenêtre")));
-    EXPECT_TRUE(ecran().barrecommande().value(QStringLiteral("Barreoutils")));
+    EXPECT_TRUE(barrecommande().isVisible());
+    EXPECT_FALSE(barreecran().isVisible());
+    EXPECT_FALSE(barrecommande().value(QStringLiteral("Barrefenêtre")));
+    EXPECT_TRUE(barrecommande().value(QStringLiteral("Barreoutils")));
 }
 
 TEST_F(EcranTest, Position0HidesAndKeepsThePlace) {
     demarre(QString());
     entree("mbarre2", 2)->trigger();
-    EXPECT_EQ(ecran().barreecran().dockedAt(), 2);
-    presse(ecran().barrecommande(), "Barrefenêtre");
-    EXPECT_FALSE(ecran().barreecran().isVisible());
+    EXPECT_EQ(barreecran().dockedAt(), 2);
+    presse(barrecommande(), "Barrefenêtre");
+    EXPECT_FALSE(barreecran().isVisible());
     EXPECT_EQ(reglage("BARRE", "ECRAN"), u"2");
     EXPECT_EQ(reglage("BARRE", "ECRANVISIBLE"), u"0");
-    presse(ecran().barrecommande(), "Barrefenêtre");
-    EXPECT_TRUE(ecran().barreecran().isVisible());
-    EXPECT_EQ(ecran().barreecran().dockedAt(), 2);
+    presse(barrecommande(), "Barrefenêtre");
+    EXPECT_TRUE(barreecran().isVisible());
+    EXPECT_EQ(barreecran().dockedAt(), 2);
 }
 
 TEST_F(EcranTest, OnlyOnePositionIsCheckedInTheMenu) {
@@ -67,34 +67,34 @@ TEST_F(EcranTest, OnlyOnePositionIsCheckedInTheMenu) {
         entree("mbarre1", position)->trigger();
         EXPECT_EQ(positionscochees("mbarre1"), std::vector<int>{position});
     }
-    EXPECT_EQ(ecran().barrecommande().dockedAt(), 1);
+    EXPECT_EQ(barrecommande().dockedAt(), 1);
 }
 
 TEST_F(EcranTest, TheStatusBarsStateIsSaved) {
     demarre(QString());
-    EXPECT_TRUE(ecran().barreetat().isVisible());
+    EXPECT_TRUE(barreetat().isVisible());
     EXPECT_TRUE(entree("maffichage0", 3)->isChecked());
     entree("maffichage0", 3)->trigger();
-    EXPECT_FALSE(ecran().barreetat().isVisible());
+    EXPECT_FALSE(barreetat().isVisible());
     EXPECT_FALSE(entree("maffichage0", 3)->isChecked());
     EXPECT_EQ(reglage("BARRE", "ETAT"), u"0");
     redemarre();
-    EXPECT_FALSE(ecran().barreetat().isVisible());
+    EXPECT_FALSE(barreetat().isVisible());
     EXPECT_FALSE(entree("maffichage0", 3)->isChecked());
 }
 
 TEST_F(EcranTest, ASlotButtonShowsHidesAndShowsAgain) {
     demarre(QString());
     EXPECT_EQ(programme->fenetre(2), nullptr);
-    presse(ecran().barreecran(), "JP");
+    presse(barreecran(), "JP");
     Textes* fenetre = programme->fenetre(2);
     ASSERT_NE(fenetre, nullptr);
     EXPECT_TRUE(fenetre->isVisible());
     EXPECT_EQ(fenetre->windowTitle(), u"Jurisprudence");
-    presse(ecran().barreecran(), "JP");
+    presse(barreecran(), "JP");
     EXPECT_EQ(programme->fenetre(2), fenetre);
     EXPECT_FALSE(fenetre->isVisible());
-    presse(ecran().barreecran(), "JP");
+    presse(barreecran(), "JP");
     EXPECT_EQ(programme->fenetre(2), fenetre);
     EXPECT_TRUE(fenetre->isVisible());
 }
@@ -102,17 +102,17 @@ TEST_F(EcranTest, ASlotButtonShowsHidesAndShowsAgain) {
 TEST_F(EcranTest, ButtonAndMenuEntryStayEqual) {
     demarre(QString());
     const auto egaux = [&](bool ouverte) {
-        EXPECT_EQ(ecran().barreecran().value(QStringLiteral("CO")), ouverte);
+        EXPECT_EQ(barreecran().value(QStringLiteral("CO")), ouverte);
         EXPECT_EQ(entree("maffichagef", 0)->isChecked(), ouverte);
     };
     egaux(false);
     entree("maffichagef", 0)->trigger();
     egaux(true);
-    presse(ecran().barreecran(), "CO");
+    presse(barreecran(), "CO");
     egaux(false);
-    presse(ecran().barreecran(), "CO");
+    presse(barreecran(), "CO");
     egaux(true);
-    ecran().aire().around(programme->fenetre(0))->close();
+    aire().around(programme->fenetre(0))->close();
     egaux(false);
 }
 
@@ -129,7 +129,7 @@ TEST_F(EcranTest, WindowListEntriesFollowTheOpenSlots) {
     entree("mlistefenetre", 1)->trigger();
     EXPECT_EQ(programme->bureau().active(), programme->fenetre(0));
     EXPECT_TRUE(entree("mlistefenetre", 1)->isChecked());
-    ecran().aire().around(programme->fenetre(0))->close();
+    aire().around(programme->fenetre(0))->close();
     EXPECT_FALSE(entree("mlistefenetre", 1)->isVisible());
 }
 
@@ -183,7 +183,7 @@ TEST_F(EcranTest, OneWindowModeIsMirroredInEveryWindow) {
     for (const bool une : {false, true}) {
         entree("maffichagetfu")->trigger();
         for (Textes* ouverte : programme->bureau().fenetres()) {
-            ecran().aire().activate(ouverte);
+            aire().activate(ouverte);
             // Every window is served by the frame's menu bar: no second entry could say otherwise.
             const auto entrees = ecran().findChildren<QAction*>(QStringLiteral("maffichagetfu"));
             ASSERT_EQ(entrees.size(), 1);
@@ -204,48 +204,48 @@ TEST_F(EcranTest, ThePartnersEntryIsDisabledWithoutAPicture) {
 
 TEST_F(EcranTest, TheCriteriaFileOfTheCommandLinePressesTheSearchButton) {
     demarre(dossier.filePath(QStringLiteral("essai.cv2")));
-    EXPECT_TRUE(ecran().barrecommande().value(QStringLiteral("Rechercher")));
-    EXPECT_TRUE(ecran().picturesselection().isVisible());
+    EXPECT_TRUE(barrecommande().value(QStringLiteral("Rechercher")));
+    EXPECT_TRUE(volet().isVisible());
 }
 
 TEST_F(EcranTest, TheSelectionPanelComesAndGoesWithItsButtonAndKeepsItsWidth) {
     regle(u"EDITEUR", u"LARGEURSELECTION", QStringLiteral("3000"));
     demarre(QString());
-    EXPECT_FALSE(ecran().picturesselection().isVisible());
+    EXPECT_FALSE(volet().isVisible());
     entree("mselection")->trigger();
-    EXPECT_TRUE(ecran().picturesselection().isVisible());
-    EXPECT_TRUE(ecran().barrecommande().value(QStringLiteral("Rechercher")));
-    EXPECT_EQ(ecran().picturesselection().width(), 200);
-    ecran().picturesselection().changelargeurliste(4000);
-    presse(ecran().barrecommande(), "Rechercher");
-    EXPECT_FALSE(ecran().picturesselection().isVisible());
+    EXPECT_TRUE(volet().isVisible());
+    EXPECT_TRUE(barrecommande().value(QStringLiteral("Rechercher")));
+    EXPECT_EQ(volet().width(), 200);
+    volet().changelargeurliste(4000);
+    presse(barrecommande(), "Rechercher");
+    EXPECT_FALSE(volet().isVisible());
     redemarre();
     EXPECT_EQ(reglage("EDITEUR", "LARGEURSELECTION"), u"4060");
-    EXPECT_EQ(ecran().picturesselection().largeurpane(), 4060);
+    EXPECT_EQ(volet().largeurpane(), 4060);
 }
 
 TEST_F(EcranTest, TheArrangingButtonsShowWithMoreThanThreeForms) {
     demarre(QString());
-    const auto montres = [&] { return ecran().barrecommande().isButtonVisible(QStringLiteral("Cascade")); };
+    const auto montres = [&] { return barrecommande().isButtonVisible(QStringLiteral("Cascade")); };
     EXPECT_FALSE(montres());
-    presse(ecran().barreecran(), "CO");
-    presse(ecran().barreecran(), "EU");
+    presse(barreecran(), "CO");
+    presse(barreecran(), "EU");
     EXPECT_FALSE(montres());
-    presse(ecran().barreecran(), "JP");
+    presse(barreecran(), "JP");
     EXPECT_TRUE(montres());
-    ecran().aire().around(programme->fenetre(1))->close();
+    aire().around(programme->fenetre(1))->close();
     EXPECT_FALSE(montres());
 }
 
 TEST_F(EcranTest, GoingBackInTheFrameOpensTheOtherCollectionsWindow) {
     demarre(QStringLiteral("CO1"));
-    EXPECT_FALSE(ecran().barrecommande().isButtonEnabled(QStringLiteral("Précédent")));
+    EXPECT_FALSE(barrecommande().isButtonEnabled(QStringLiteral("Précédent")));
     programme->ouvre(decoupecle(u"JP000007"));
-    EXPECT_TRUE(ecran().barrecommande().isButtonEnabled(QStringLiteral("Précédent")));
-    presse(ecran().barrecommande(), "Précédent");
+    EXPECT_TRUE(barrecommande().isButtonEnabled(QStringLiteral("Précédent")));
+    presse(barrecommande(), "Précédent");
     EXPECT_EQ(programme->bureau().active(), programme->fenetre(0));
     EXPECT_EQ(programme->bureau().navigation().referencecourante(), u"CO000001");
-    EXPECT_TRUE(ecran().barrecommande().isButtonEnabled(QStringLiteral("Suivant")));
+    EXPECT_TRUE(barrecommande().isButtonEnabled(QStringLiteral("Suivant")));
     ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
     QTest::keyClick(&ecran(), Qt::Key_Right, Qt::AltModifier);
     EXPECT_EQ(programme->bureau().active(), programme->fenetre(2));
@@ -265,12 +265,12 @@ TEST_F(EcranTest, TheMenusOfDocumentsShowWithADocumentWindowOnly) {
     const auto* edition = ecran().menuBar()->findChild<QMenu*>(QStringLiteral("medition"));
     ASSERT_NE(edition, nullptr);
     EXPECT_FALSE(edition->menuAction()->isVisible());
-    presse(ecran().barreecran(), "CO");
+    presse(barreecran(), "CO");
     EXPECT_TRUE(edition->menuAction()->isVisible());
     EXPECT_FALSE(entree("medition0", 0)->isEnabled());
     programme->ouvre(decoupecle(u"CO000001"));
     EXPECT_TRUE(entree("medition0", 0)->isEnabled());
-    presse(ecran().barreecran(), "CO");
+    presse(barreecran(), "CO");
     EXPECT_FALSE(edition->menuAction()->isVisible());
 }
 
@@ -292,7 +292,7 @@ TEST_F(EcranTest, EveryButtonHasANameAndATip) {
 TEST_F(EcranTest, AHiddenWindowIsShownAgainByTheNextOpening) {
     demarre(QStringLiteral("CO1"));
     Textes* fenetre = programme->fenetre(0);
-    presse(ecran().barreecran(), "CO");
+    presse(barreecran(), "CO");
     EXPECT_FALSE(fenetre->isVisible());
     programme->ouvre(decoupecle(u"CO000002"));
     EXPECT_EQ(programme->fenetre(0), fenetre);

@@ -71,7 +71,7 @@ protected:
         QTest::keyClick(ici ? ici : &ecran(), touche, avec);
     }
     QMdiSubWindow* cadre() {
-        const auto cadres = ecran().aire().subWindowList();
+        const auto cadres = aire().subWindowList();
         return cadres.isEmpty() ? nullptr : cadres.at(hasard(static_cast<int>(cadres.size())));
     }
     QWidget* formulaire() const { return programme->recherches().formulaire(); }
@@ -82,7 +82,7 @@ protected:
         if (programme->bureau().fenetres().size() < plusdefenetres)
             programme->bureau().navigation().navigue(u"TA"_s + un(cles_), pileouface());
     }
-    void basculeunslot() { presseun(ecran().barreecran(), {"CO", "EU", "JP", "CL"}); }
+    void basculeunslot() { presseun(barreecran(), {"CO", "EU", "JP", "CL"}); }
     void fermecelledevant() {
         const auto comment = hasard(4);
         QMdiSubWindow* lequel = cadre();
@@ -134,7 +134,7 @@ protected:
     void range() { entree(un(std::array{"mbarre1", "mbarre2", "mbarre3"}), hasard(5))->trigger(); }
     void barredetat() { entree("maffichage0", 3)->trigger(); }
     void mode() { entree("maffichagetfu")->trigger(); }
-    void panneau() { presseun(ecran().barrecommande(), {"Rechercher"}); }
+    void panneau() { presseun(barrecommande(), {"Rechercher"}); }
     void liste() { presseun(barre(), {"affichercritères", "suivantrecherche", "précédentrecherche", "regrouper"}); }
     void choisitunefenetre() {
         QAction* entreechoisie = entree("mlistefenetre", 1 + hasard(4));
@@ -255,16 +255,19 @@ protected:
             const QString code = typedindice(indice);
             const bool cochee = navigation.maffichagef(indice);
             const Textes* fenetre = programme->fenetre(indice);
-            EXPECT_EQ(ecran().barreecran().value(code), cochee) << code.toStdString();
+            EXPECT_EQ(barreecran().value(code), cochee) << code.toStdString();
             EXPECT_EQ(entree("maffichagef", indice)->isChecked(), cochee) << code.toStdString();
             EXPECT_EQ(entree("mlistefenetre", indice + 1)->isVisible(), cochee) << code.toStdString();
-            EXPECT_EQ(fenetre && !ecran().aire().around(fenetre)->isHidden(), cochee) << code.toStdString();
+            EXPECT_EQ(fenetre && !aire().around(fenetre)->isHidden(), cochee) << code.toStdString();
         }
         const QSize place = ecran().screen()->availableGeometry().size();
         EXPECT_LE(ecran().width(), place.width());
         EXPECT_LE(ecran().height(), place.height());
-        const QWidget* devant = ecran().aire().activeChild();
-        EXPECT_TRUE(!devant || !ecran().aire().around(devant)->isHidden());
+        const QWidget* devant = aire().activeChild();
+        EXPECT_TRUE(!devant || !aire().around(devant)->isHidden());
+        const FenetreFille* contrat = programme->bureau().devant();
+        for (const Ordre ordre : {Ordre::Copier, Ordre::ToutSelectionner, Ordre::Chercher})
+            EXPECT_EQ(actions().de(ordre).isEnabled(), contrat && contrat->peut(ordre)) << static_cast<int>(ordre);
         const QWidget* ici = QApplication::focusWidget();
         EXPECT_TRUE(!ici || ici->isVisible())
             << ici->metaObject()->className() << ' ' << ici->objectName().toStdString() << " of "

@@ -12,7 +12,7 @@ TEST_F(FenetresTest, AtTheEndEachWindowWritesTheStateAndPlaceThatItHad) {
         commence();
         autour(autre).setGeometry(20, 30, 400, 350);
         autour(pleine).setGeometry(60, 90, 450, 400);
-        ecran().aire().activate(&fenetre(pleine));
+        aire().activate(&fenetre(pleine));
         autour(pleine).showMaximized();
         quitte();
         EXPECT_EQ(ecrit(autre), (QList<int>{0, 300, 450, 6000, 5250})) << pleine;
@@ -24,7 +24,7 @@ TEST_F(FenetresTest, AtTheEndEachWindowWritesTheStateAndPlaceThatItHad) {
 TEST_F(FenetresTest, AMaximisedWindowLeavesThePlaceThatIsStoredAsItIs) {
     place(0, 0, {40, 50, 440, 330});
     commence();
-    ecran().aire().activate(&fenetre(0));
+    aire().activate(&fenetre(0));
     autour(0).showMaximized();
     quitte();
     EXPECT_EQ(ecrit(0), (QList<int>{2, 600, 750, 6600, 4950}));
@@ -33,7 +33,7 @@ TEST_F(FenetresTest, AMaximisedWindowLeavesThePlaceThatIsStoredAsItIs) {
 TEST_F(FenetresTest, TheUsersOwnClosingOfTheFrameWritesThemToo) {
     commence();
     autour(2).setGeometry(20, 30, 400, 350);
-    ecran().aire().activate(&fenetre(0));
+    aire().activate(&fenetre(0));
     autour(0).showMaximized();
     dialogues.answers.push_back(Bouton::Oui);
     ASSERT_TRUE(ecran().close());
@@ -54,7 +54,7 @@ TEST_F(FenetresTest, AHiddenWindowGoesWhenAnotherOneTakesItsPlace) {
     EXPECT_EQ(fenetre(0).referencecourante(), u"CO000002");
     EXPECT_TRUE(fenetre(0).isVisible());
     EXPECT_TRUE(liste(0));
-    EXPECT_EQ(ecran().aire().children().size(), 1U);
+    EXPECT_EQ(aire().children().size(), 1U);
     EXPECT_EQ(ecrit(0), (QList<int>{0, 600, 750, 7500, 6000}));
 }
 
@@ -102,14 +102,14 @@ TEST_F(FenetresTest, TheOnlyWindowLeftAsAnIconIsRestoredAsOne) {
     ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
     EXPECT_TRUE(autour(2).isMinimized());
     EXPECT_EQ(active(), &fenetre(2));
-    ecran().aire().activate(&fenetre(2));
+    aire().activate(&fenetre(2));
     EXPECT_EQ(autour(2).geometry(), QRect(10, 20, 450, 380));
     EXPECT_TRUE(fenetre(2).isVisible());
 }
 
 TEST_F(FenetresTest, AnIconOfTheSearchFormComesBackByItsButton) {
     commence();
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     ASSERT_TRUE(formulaire()->isVisible());
     autour(*formulaire()).showMinimized();
     presse(barre(), "affichercritères");
@@ -123,9 +123,9 @@ TEST_F(FenetresTest, AnIconOfTheSearchFormComesBackByItsButton) {
     // An icon goes with the panel, and is a window again when it comes back.
     presse(barre(), "affichercritères");
     autour(*formulaire()).showMinimized();
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     EXPECT_TRUE(autour(*formulaire()).isHidden());
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     EXPECT_TRUE(formulaire()->isVisible());
     EXPECT_FALSE(autour(*formulaire()).isMinimized());
 }
@@ -133,7 +133,7 @@ TEST_F(FenetresTest, AnIconOfTheSearchFormComesBackByItsButton) {
 TEST_F(FenetresTest, TheRunMayEndWithTheSearchFormOpenAfterItsListsWereUsed) {
     for (const bool demande : {true, false}) {
         commence();
-        presse(ecran().barrecommande(), "Rechercher");
+        presse(barrecommande(), "Rechercher");
         int ouvertes = 0;
         for (QComboBox* boite : formulaire()->findChildren<QComboBox*>()) {
             if (!boite->isVisible())

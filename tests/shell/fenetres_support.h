@@ -61,7 +61,7 @@ protected:
         return valeurs;
     }
     Textes& fenetre(int indice) const { return *programme->fenetre(indice); }
-    QMdiSubWindow& autour(const QWidget& enfant) const { return *ecran().aire().around(&enfant); }
+    QMdiSubWindow& autour(const QWidget& enfant) const { return *aire().around(&enfant); }
     QMdiSubWindow& autour(int indice) const { return autour(fenetre(indice)); }
     bool liste(int indice) const { return entree("mlistefenetre", indice + 1)->isVisible(); }
     void touche(Qt::Key touche, Qt::KeyboardModifiers avec) const {

@@ -14,7 +14,7 @@ TEST_F(FenetresTest, TheFocusComesBackToTheTreeTheTextOrTheListThatHadIt) {
     for (const bool agrandie : {false, true}) {
         if (agrandie)
             autour(*active()).showMaximized();
-        ecran().aire().activate(&fenetre(0));
+        aire().activate(&fenetre(0));
         presse(fenetre(0).barrechild(), "arbre");
         const std::vector<QWidget*> controles{&fenetre(0).panneau().arbre(), &fenetre(0).vue(),
                                               fenetre(0).findChild<QWidget*>(u"ouvrirlien"_s)};
@@ -59,17 +59,17 @@ TEST_F(FenetresTest, AWindowChosenFromTheListOrShownByItsButtonHasItsFocusAgain)
     commence();
     presse(fenetre(0).barrechild(), "arbre");
     fenetre(0).panneau().arbre().setFocus();
-    presse(ecran().barreecran(), "CO");
+    presse(barreecran(), "CO");
     EXPECT_EQ(active(), &fenetre(2));
-    presse(ecran().barreecran(), "CO");
+    presse(barreecran(), "CO");
     EXPECT_TRUE(fenetre(0).panneau().arbre().hasFocus());
     entree("mlistefenetre", 3)->trigger();
     entree("mlistefenetre", 1)->trigger();
     EXPECT_TRUE(fenetre(0).panneau().arbre().hasFocus());
-    presse(ecran().barreecran(), "CO");
-    presse(ecran().barreecran(), "JP");
+    presse(barreecran(), "CO");
+    presse(barreecran(), "JP");
     EXPECT_EQ(active(), nullptr);
-    presse(ecran().barreecran(), "CO");
+    presse(barreecran(), "CO");
     EXPECT_TRUE(fenetre(0).panneau().arbre().hasFocus());
 }
 
@@ -91,26 +91,26 @@ TEST_F(FenetresTest, AStepInTheHistoryOfTheWindowInFrontLeavesTheFocusWhereItIs)
 TEST_F(FenetresTest, AHiddenWindowHasNoEntryInTheWindowList) {
     commence();
     EXPECT_TRUE(liste(0));
-    presse(ecran().barreecran(), "CO");
+    presse(barreecran(), "CO");
     EXPECT_FALSE(liste(0));
     EXPECT_TRUE(liste(2));
     entree("maffichagef", 0)->trigger();
     EXPECT_TRUE(liste(0));
-    presse(ecran().barreecran(), "CO");
+    presse(barreecran(), "CO");
     programme->ouvre(decoupecle(u"CO000002"));
     EXPECT_TRUE(liste(0));
-    presse(ecran().barreecran(), "JP");
+    presse(barreecran(), "JP");
     quitte();
     EXPECT_EQ(reglage("POSITIONFORME", "MDICHILD"), u"00X           ");
 }
 
 TEST_F(FenetresTest, AHiddenWindowThatIsBroughtForwardTellsItEverywhere) {
     commence();
-    presse(ecran().barreecran(), "CO");
+    presse(barreecran(), "CO");
     programme->bureau().amene(0);
     EXPECT_EQ(active(), &fenetre(0));
     EXPECT_TRUE(liste(0));
-    EXPECT_TRUE(ecran().barreecran().value(u"CO"_s));
+    EXPECT_TRUE(barreecran().value(u"CO"_s));
     EXPECT_TRUE(entree("maffichagef", 0)->isChecked());
     quitte();
     EXPECT_EQ(reglage("POSITIONFORME", "MDICHILD"), u"00X X         ");
@@ -131,12 +131,12 @@ TEST_F(FenetresTest, ThePanelTakesAtMostWhatTheFrameHas) {
     cadre(700, 500);
     regle(u"EDITEUR", u"LARGEURSELECTION", u"32000"_s);
     ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     QCoreApplication::processEvents();
     EXPECT_EQ(ecran().width(), 700);
     EXPECT_LT(volet().width(), 700);
     EXPECT_GT(volet().width(), 400);
-    EXPECT_GT(ecran().aire().width(), 50) << "the windows keep some room";
+    EXPECT_GT(aire().width(), 50) << "the windows keep some room";
     // A frame that grows gives the panel what it is to have.
     const int avant = volet().width();
     ecran().resize(790, 500);
@@ -149,7 +149,7 @@ TEST_F(FenetresTest, ThePanelTakesAtMostWhatTheFrameHas) {
 
 TEST_F(FenetresTest, ADragBeyondTheFrameStopsWhereThePanelDoes) {
     commence();
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     QCoreApplication::processEvents();
     auto* bord = volet().findChild<SplitterBar*>(u"separateurrecherche"_s);
     for (int tour = 0; tour < 3; ++tour) {
@@ -162,7 +162,7 @@ TEST_F(FenetresTest, ADragBeyondTheFrameStopsWhereThePanelDoes) {
     }
     const int plein = volet().width();
     EXPECT_GT(plein, 350);
-    EXPECT_GT(ecran().aire().width(), 50);
+    EXPECT_GT(aire().width(), 50);
     // What it takes is what it keeps: no room is owed when the frame grows, and none lost on the way back.
     EXPECT_NEAR(pixelsFromTwips(static_cast<int>(volet().largeurpane())), plein, 1);
     ecran().resize(790, 600);
@@ -174,8 +174,8 @@ TEST_F(FenetresTest, ADragBeyondTheFrameStopsWhereThePanelDoes) {
 
 TEST_F(FenetresTest, AFrameMadeSmallerTakesItsPanelAlong) {
     commence();
-    ecran().picturesselection().changelargeurpane(6750);
-    presse(ecran().barrecommande(), "Rechercher");
+    volet().changelargeurpane(6750);
+    presse(barrecommande(), "Rechercher");
     QCoreApplication::processEvents();
     EXPECT_EQ(volet().width(), 450);
     ecran().resize(400, 400);

@@ -107,21 +107,21 @@ TEST_F(FondTest, BackgroundMinusOneToFiveSetPictureAndColour) {
                                          QColor(0xEC, 0xE9, 0xE1), QColor(0xFF, 0xFF, 0xFF)};
     for (int numero = 0; numero <= 4; ++numero) {
         ecran().placefond(*fondecran(numero, 0x0000FF));
-        EXPECT_FALSE(ecran().aire().backPicture().isNull()) << numero;
-        EXPECT_EQ(ecran().aire().backColour(), couleurs.at(static_cast<std::size_t>(numero))) << numero;
+        EXPECT_FALSE(aire().backPicture().isNull()) << numero;
+        EXPECT_EQ(aire().backColour(), couleurs.at(static_cast<std::size_t>(numero))) << numero;
     }
     ecran().placefond(*fondecran(2, 0x0000FF));
     ecran().placefond(*fondecran(-1, 0x0000FF));
-    EXPECT_TRUE(ecran().aire().backPicture().isNull());
-    EXPECT_EQ(ecran().aire().backColour(), couleurs[2]) << "the colour stays as it was";
+    EXPECT_TRUE(aire().backPicture().isNull());
+    EXPECT_EQ(aire().backColour(), couleurs[2]) << "the colour stays as it was";
 }
 
 TEST_F(FondTest, ThePlainBackgroundTakesTheChosenColour) {
     demarre(QString());
-    EXPECT_FALSE(ecran().aire().backPicture().isNull());
+    EXPECT_FALSE(aire().backPicture().isNull());
     ecran().placefond(*fondecran(5, 0x0000FF));
-    EXPECT_TRUE(ecran().aire().backPicture().isNull());
-    EXPECT_EQ(ecran().aire().backColour(), QColor(0xFF, 0, 0));
+    EXPECT_TRUE(aire().backPicture().isNull());
+    EXPECT_EQ(aire().backColour(), QColor(0xFF, 0, 0));
 }
 
 TEST_F(FondTest, Background6DoesNothing) {
@@ -129,25 +129,25 @@ TEST_F(FondTest, Background6DoesNothing) {
     regle(u"GENERALITES", u"FONDNO", QStringLiteral("6"));
     regle(u"GENERALITES", u"FONDCOULEUR", QStringLiteral("255"));
     demarre(QString());
-    EXPECT_TRUE(ecran().aire().backPicture().isNull());
-    EXPECT_NE(ecran().aire().backColour(), QColor(Qt::red));
+    EXPECT_TRUE(aire().backPicture().isNull());
+    EXPECT_NE(aire().backColour(), QColor(Qt::red));
 }
 
 TEST_F(FondTest, WithoutAGroundThereIsNoPicture) {
     regle(u"GENERALITES", u"FOND", QStringLiteral("0"));
     demarre(QString());
-    EXPECT_TRUE(ecran().aire().backPicture().isNull());
+    EXPECT_TRUE(aire().backPicture().isNull());
 }
 
 TEST_F(FondTest, TheGroundAndTheButtonsHavePointersOfTheirOwn) {
     demarre(QStringLiteral("CO1"));
     const auto dessin = [](const QWidget& widget) { return widget.cursor().pixmap().toImage(); };
-    const QImage fleche = dessin(*ecran().aire().viewport());
-    const QImage main = dessin(*ecran().barrecommande().widget(QStringLiteral("Copier")));
+    const QImage fleche = dessin(*aire().viewport());
+    const QImage main = dessin(*barrecommande().widget(QStringLiteral("Copier")));
     EXPECT_FALSE(fleche.isNull());
     EXPECT_FALSE(main.isNull());
     EXPECT_NE(fleche, main);
-    EXPECT_EQ(dessin(*ecran().barreecran().widget(QStringLiteral("CO"))), main);
+    EXPECT_EQ(dessin(*barreecran().widget(QStringLiteral("CO"))), main);
     EXPECT_EQ(programme->fenetre(0)->cursor().shape(), Qt::ArrowCursor);
     EXPECT_TRUE(dessin(*programme->fenetre(0)).isNull());
 }

@@ -68,7 +68,7 @@ TEST_F(FrmFindFormTest, TheFindDialogStartsOverInAnotherDocumentAndKnowsItsBoxes
     EXPECT_GT(active()->vue().selStart(), 100);
     EXPECT_TRUE(dialogues.messages.empty());
     // Without a document window there is nothing to look in.
-    presse(ecran().barreecran(), "CO");
+    presse(barreecran(), "CO");
     suivant->click();
     EXPECT_FALSE(boite->isVisible());
 }

@@ -34,11 +34,9 @@ protected:
         ASSERT_NE(action, nullptr);
         action->trigger();
     }
-    bool active(const QString& cle) const {
-        return ecran().picturesselection().recherchetoolbar().isButtonEnabled(cle);
-    }
+    bool active(const QString& cle) const { return volet().recherchetoolbar().isButtonEnabled(cle); }
     QStringList titres() const {
-        const FlexGrid& flex = ecran().picturesselection().flex();
+        const FlexGrid& flex = volet().flex();
         QStringList textes;
         for (int ligne = 1; ligne < flex.rows(); ++ligne) {
             for (int colonne = 0; colonne < flex.cols(); ++colonne) {
@@ -62,8 +60,8 @@ TEST_F(LiensEnListe, TurningLinksIntoAListEnablesTheListsButtons) {
     choisit(fenetre, u"MnuLiensSelection"_s);
     for (const QString& cle : delaliste + QStringList{u"ouvrircritères"_s})
         EXPECT_TRUE(active(cle)) << cle.toStdString();
-    EXPECT_TRUE(ecran().picturesselection().flex().isVisible());
-    EXPECT_EQ(ecran().picturesselection().flex().rows(), 3);
+    EXPECT_TRUE(volet().flex().isVisible());
+    EXPECT_EQ(volet().flex().rows(), 3);
 }
 
 TEST_F(LiensEnListe, TheListStandsInTheOrderOfTheGridAndReplacesTheOneBefore) {

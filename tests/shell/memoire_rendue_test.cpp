@@ -53,6 +53,6 @@ TEST_F(MemoireRendueTest, WhatIsFreeGoesBackOnceAWindowHasClosed) {
     const qint64 depart = resident();
     const Lacunes lacunes(128 * mega);
     ASSERT_GT(resident(), depart + 100 * mega);
-    ecran().aire().around(programme->fenetre(0))->close();
+    aire().around(programme->fenetre(0))->close();
     EVENTUALLY(resident() < depart + 50 * mega);
 }

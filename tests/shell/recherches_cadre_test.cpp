@@ -41,7 +41,7 @@ protected:
         ASSERT_TRUE(parametres->update());
     }
 
-    Toolbar& barre() const { return ecran().picturesselection().recherchetoolbar(); }
+    Toolbar& barre() const { return volet().recherchetoolbar(); }
     FrmVelmorSelect* formulaire() const { return programme->recherches().formulaire(); }
     bool montre() const { return formulaire() && formulaire()->isVisible(); }
     QLineEdit& champ(const QString& nom) const { return *formulaire()->findChild<QLineEdit*>(nom); }
@@ -85,11 +85,11 @@ protected:
 TEST_F(RecherchesCadreTest, ItsButtonShowsAndHidesTheForm) {
     ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
     EXPECT_EQ(formulaire(), nullptr);
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     ASSERT_TRUE(montre());
     EXPECT_TRUE(barre().value(u"affichercritères"_s));
     EXPECT_EQ(barre().toolTip(u"affichercritères"_s), u"Masquer les critères de recherche");
-    EXPECT_EQ(ecran().aire().activeChild(), formulaire());
+    EXPECT_EQ(aire().activeChild(), formulaire());
     EXPECT_EQ(ecran().focusWidget(), &champ(u"texterapide"_s));
     champ(u"texterapide"_s).setText(u"gardé"_s);
     presse(barre(), "affichercritères");
@@ -102,17 +102,17 @@ TEST_F(RecherchesCadreTest, ItsButtonShowsAndHidesTheForm) {
 
 TEST_F(RecherchesCadreTest, HidingThePaneHidesTheForm) {
     ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     ASSERT_TRUE(montre());
     champ(u"texterapide"_s).setText(u"rien de tel"_s);
     clique(u"cmdokrapide"_s);
-    presse(ecran().barrecommande(), "Rechercher");
-    EXPECT_FALSE(ecran().picturesselection().isVisible());
+    presse(barrecommande(), "Rechercher");
+    EXPECT_FALSE(volet().isVisible());
     EXPECT_FALSE(montre());
     EXPECT_FALSE(barre().value(u"affichercritères"_s));
     // A search has run: the list is there, if empty, and the form stays where it is.
-    presse(ecran().barrecommande(), "Rechercher");
-    EXPECT_TRUE(ecran().picturesselection().isVisible());
+    presse(barrecommande(), "Rechercher");
+    EXPECT_TRUE(volet().isVisible());
     EXPECT_TRUE(programme->selection().flex().isVisible());
     EXPECT_FALSE(montre());
 }
@@ -136,7 +136,7 @@ TEST_F(RecherchesCadreTest, AFormThatClosesReleasesItsButton) {
 
 TEST_F(RecherchesCadreTest, ASearchFillsTheListAndItsRowsOpen) {
     ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     champ(u"texterapide"_s).setText(u"arrêt"_s);
     QTest::keyClick(&champ(u"texterapide"_s), Qt::Key_Return);
     EXPECT_EQ(programme->selection().flex().rows(), 2);
@@ -154,7 +154,7 @@ TEST_F(RecherchesCadreTest, ASearchFillsTheListAndItsRowsOpen) {
 
 TEST_F(RecherchesCadreTest, ASearchIsSavedAndOpenedAgain) {
     ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     champ(u"texterapide"_s).setText(u"article"_s);
     clique(u"cmdokrapide"_s);
     ASSERT_EQ(liste().lignes(), 2);
@@ -178,7 +178,7 @@ TEST_F(RecherchesCadreTest, ASearchIsSavedAndOpenedAgain) {
 
     // The same file on the command line.
     redemarre(chemin);
-    EXPECT_TRUE(ecran().picturesselection().isVisible());
+    EXPECT_TRUE(volet().isVisible());
     ASSERT_TRUE(montre());
     EXPECT_EQ(champ(u"texterapide"_s).text(), u"article");
     EXPECT_EQ(programme->selection().flex().rows(), 3);
@@ -194,19 +194,19 @@ TEST_F(RecherchesCadreTest, AFileThatIsNoneIsSaidAndChangesNothing) {
     }
     ASSERT_EQ(demarre(chemin), Demarrage::EnMarche);
     EXPECT_EQ(dialogues.texts(), QStringList{u"Format de fichier non reconnu"_s});
-    EXPECT_TRUE(ecran().picturesselection().isVisible());
+    EXPECT_TRUE(volet().isVisible());
     EXPECT_EQ(liste().lignes(), 0);
 }
 
 TEST_F(RecherchesCadreTest, WhatTheFormHoldsIsWrittenWhenTheProgramEnds) {
     ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     formulaire()->findChild<QComboBox*>(u"Combonombredico"_s)->setCurrentIndex(2);
     champ(u"texterapide"_s).setText(u"article"_s);
     clique(u"cmdokrapide"_s);
     redemarre();
     EXPECT_EQ(reglage("RECHERCHE", "COMBONOMBREDICO"), u"2");
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     EXPECT_EQ(formulaire()->findChild<QComboBox*>(u"Combonombredico"_s)->currentIndex(), 2);
     EXPECT_EQ(qobject_cast<QComboBox*>(champ(u"texterapide"_s).parentWidget())->itemText(0), u"article");
 }
@@ -214,8 +214,8 @@ TEST_F(RecherchesCadreTest, WhatTheFormHoldsIsWrittenWhenTheProgramEnds) {
 TEST_F(RecherchesCadreTest, ABadDateHoldsTheFocusInTheFormAndTakesItFromNoOtherWindow) {
     ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
-    presse(ecran().barrecommande(), "Rechercher");
-    ecran().aire().arrange(ChildArea::Arrangement::TileVertical);
+    presse(barrecommande(), "Rechercher");
+    aire().arrange(ChildArea::Arrangement::TileVertical);
     formulaire()->findChild<QTabWidget*>(u"ongletrecherche"_s)->setCurrentIndex(1);
     const auto quitte = [this](QWidget& vers) {
         QTest::mouseClick(&champ(u"texteannée"_s), Qt::LeftButton);
@@ -229,14 +229,14 @@ TEST_F(RecherchesCadreTest, ABadDateHoldsTheFocusInTheFormAndTakesItFromNoOtherW
     // Its words have the focus whenever a window with their block comes forward.
     auto* mots = programme->fenetre(0)->findChild<QLineEdit*>(u"Textedico"_s);
     EXPECT_EQ(quitte(*programme->fenetre(0)->vue().viewport()), mots);
-    EXPECT_EQ(ecran().aire().activeChild(), programme->fenetre(0));
+    EXPECT_EQ(aire().activeChild(), programme->fenetre(0));
     EXPECT_EQ(quitte(champ(u"texterech(0)"_s)), &champ(u"textejour"_s));
-    EXPECT_EQ(ecran().aire().activeChild(), formulaire());
+    EXPECT_EQ(aire().activeChild(), formulaire());
 }
 
 TEST_F(LongueRechercheTest, TheWindowAnswersWhileASearchRuns) {
     ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     int tours = 0;
     QTimer horloge;
     QObject::connect(&horloge, &QTimer::timeout, &horloge, [&tours] { ++tours; });
@@ -247,7 +247,7 @@ TEST_F(LongueRechercheTest, TheWindowAnswersWhileASearchRuns) {
 
 TEST_F(LongueRechercheTest, ClosingTheFormInTheMiddleKeepsWhatWasFound) {
     ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     cherche([&] { formulaire()->close(); });
     EXPECT_FALSE(montre());
     EXPECT_GT(liste().lignes(), 0);
@@ -260,7 +260,7 @@ TEST_F(LongueRechercheTest, ClosingTheFormInTheMiddleKeepsWhatWasFound) {
 
 TEST_F(LongueRechercheTest, ClosingTheProgramInTheMiddleEndsTheSearch) {
     ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     dialogues.answers.push_back(Bouton::Oui);
     cherche([&] { ecran().close(); });
     EXPECT_FALSE(ecran().isVisible());
@@ -284,7 +284,7 @@ TEST_F(LongueRechercheTest, ClosingTheProgramDuringEverySearchEndsIt) {
             ASSERT_TRUE(dico->update());
         }
         ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
-        presse(ecran().barrecommande(), "Rechercher");
+        presse(barrecommande(), "Rechercher");
         formulaire()->findChild<QTabWidget*>(u"ongletrecherche"_s)->setCurrentIndex(onglet);
         formulaire()->findChild<QComboBox*>(u"Combonombredico"_s)->setCurrentIndex(2);
         champ(u"Textedico"_s).setText(u"vente"_s);

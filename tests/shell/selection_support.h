@@ -67,9 +67,8 @@ protected:
         remplissage().acheve();
     }
     FlexGrid& flex() const { return programme->selection().flex(); }
-    VoletSelection& volet() const { return ecran().picturesselection(); }
     Toolbar& barre() const { return volet().recherchetoolbar(); }
-    QString etat() const { return ecran().barreetat().panelText(QStringLiteral("wait")); }
+    QString etat() const { return barreetat().panelText(QStringLiteral("wait")); }
     Textes* active() const { return programme->bureau().active(); }
     bool enabled(const char* cle) const { return barre().isButtonEnabled(QString::fromUtf8(cle)); }
     QStringList colonne(int place) const {
@@ -104,7 +103,7 @@ protected:
         });
         return nombre;
     }
-    QAction* menu(const char* nom) const { return volet().findChild<QAction*>(QString::fromUtf8(nom)); }
+    QAction* menu(const char* nom) const { return ecran().findChild<QAction*>(QString::fromUtf8(nom)); }
 };
 
 } // namespace velm::test

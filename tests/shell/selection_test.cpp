@@ -221,7 +221,7 @@ TEST_F(SelectionTest, TheEndOfASearchTouchesTheButtonsOfTheListOnly) {
     ouvre({});
     const auto etats = [this] {
         QList<bool> tous;
-        for (const Toolbar* autre : {&ecran().barrecommande(), &ecran().barreecran()}) {
+        for (const Toolbar* autre : {&barrecommande(), &barreecran()}) {
             for (int rang = 1; rang <= autre->buttonCount(); ++rang)
                 tous << autre->isButtonEnabled(autre->keyAt(rang));
         }

@@ -20,13 +20,13 @@ using VoletTest = SelectionTest;
 TEST_F(VoletTest, AnEmptyListShowsTheSearchFormWithThePaneAndHidesItWithIt) {
     ouvre({});
     QSignalSpy voulus(&programme->selection(), &Selection::criteresvoulus);
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     EXPECT_TRUE(volet().isVisible());
     EXPECT_EQ(voulus.size(), 1);
     EXPECT_TRUE(voulus.first().first().toBool());
     EXPECT_TRUE(barre().value(u"affichercritères"_s));
     EXPECT_EQ(barre().toolTip(u"affichercritères"_s), u"Masquer les critères de recherche");
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     EXPECT_FALSE(volet().isVisible());
     EXPECT_FALSE(voulus.last().first().toBool());
     EXPECT_FALSE(barre().value(u"affichercritères"_s));
@@ -35,7 +35,7 @@ TEST_F(VoletTest, AnEmptyListShowsTheSearchFormWithThePaneAndHidesItWithIt) {
 
 TEST_F(VoletTest, AListWithAResultShowsWithoutTheForm) {
     ouvre();
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     EXPECT_FALSE(volet().isVisible());
     EXPECT_EQ(etat(), QString());
     QSignalSpy voulus(&programme->selection(), &Selection::criteresvoulus);
@@ -138,7 +138,7 @@ TEST_F(VoletTest, TheBlockOfAWindowSearchesItsOwnCollectionForAllWords) {
     QTest::keyClicks(boite, u"prix deux"_s);
     QTest::keyClick(boite, Qt::Key_Return);
     EXPECT_TRUE(volet().isVisible());
-    EXPECT_TRUE(ecran().barrecommande().value(u"Rechercher"_s));
+    EXPECT_TRUE(barrecommande().value(u"Rechercher"_s));
     EXPECT_EQ(colonne(6), (QStringList{u"CO000002"_s, u"CO000004"_s}));
     EXPECT_EQ(etat(), u" 2 documents");
     ASSERT_EQ(resultat->count(), 2);
@@ -164,7 +164,7 @@ TEST_F(VoletTest, ASearchOfAWindowWithoutAResultHidesTheListAndReleasesTheButton
     remplissage().cherchedans(u"CO"_s, u"ab introuvable"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(flex().rows(), 1);
     EXPECT_TRUE(flex().isHidden());
-    EXPECT_FALSE(ecran().barrecommande().value(u"Rechercher"_s));
+    EXPECT_FALSE(barrecommande().value(u"Rechercher"_s));
     EXPECT_EQ(lignes.size(), 2);
     EXPECT_EQ(etat(), u" 0 document");
     EXPECT_FALSE(enabled("suivantrecherche"));
@@ -179,7 +179,7 @@ TEST_F(VoletTest, ASearchOfAWindowWithoutAResultTakesTheFormWithTheList) {
     Textes& fenetre = *active();
     presse(fenetre.barrechild(), "barrehoriz");
     presse(fenetre.barrechild(), "recherchedico");
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     const FrmVelmorSelect* formulaire = programme->recherches().formulaire();
     ASSERT_TRUE(formulaire && formulaire->isVisible());
     auto* boite = fenetre.findChild<QLineEdit*>(u"Textedico"_s);
@@ -194,7 +194,7 @@ TEST_F(VoletTest, ASearchOfAWindowWithoutAResultTakesTheFormWithTheList) {
     EXPECT_EQ(ecran().focusWidget(), boite);
     EXPECT_EQ(etat(), u" 0 document") << "what was found stays said";
     // What the form finds next is seen.
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     ASSERT_TRUE(formulaire->isVisible());
     formulaire->findChild<QTabWidget*>(u"ongletrecherche"_s)->setCurrentIndex(2);
     formulaire->findChild<QLineEdit*>(u"Textedico"_s)->setText(u"deux"_s);
@@ -209,9 +209,9 @@ TEST_F(VoletTest, HidingThePaneLooksAgainWhetherThereAreWindowsToArrange) {
         programme->bureau().basculeslot(indice);
     // The form counts as a window of the frame, too, but says nothing when it is made.
     presse(barre(), "affichercritères");
-    const auto disposables = [this] { return ecran().barrecommande().isButtonVisible(u"Cascade"_s); };
+    const auto disposables = [this] { return barrecommande().isButtonVisible(u"Cascade"_s); };
     EXPECT_FALSE(disposables());
-    presse(ecran().barrecommande(), "Rechercher");
+    presse(barrecommande(), "Rechercher");
     EXPECT_TRUE(disposables());
 }
 

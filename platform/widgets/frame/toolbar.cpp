@@ -35,8 +35,10 @@ Toolbar::~Toolbar() = default;
 
 void Toolbar::setImages(std::function<QIcon(const QString& name)> images) {
     d_->images = std::move(images);
-    for (Private::Button& button : d_->buttons)
-        button.action->setIcon(d_->picture(button.image));
+    for (Private::Button& button : d_->buttons) {
+        if (!button.command)
+            button.action->setIcon(d_->picture(button.image));
+    }
 }
 
 void Toolbar::addButton(const QString& key, Kind kind, const QString& image) {
@@ -66,6 +68,27 @@ void Toolbar::addButton(const QString& key, Kind kind, const QString& image) {
     if (kind == Kind::DropDown)
         addMenu(key, *action);
     alignButton(key);
+}
+
+void Toolbar::addCommand(const QString& key, Kind kind, QAction& command) {
+    addButton(key, kind);
+    Private::Button& button = *d_->find(key);
+    button.command = &command;
+    button.shortcut = command.shortcut();
+    connect(button.action, &QAction::triggered, &command, &QAction::trigger);
+    // The press alone has moved the button: it follows what came of it.
+    connect(button.action, &QAction::triggered, &command, [this, key] { follow(key); });
+    connect(&command, &QAction::changed, this, [this, key] { follow(key); });
+    follow(key);
+}
+
+void Toolbar::follow(const QString& key) {
+    Private::Button& button = *d_->find(key);
+    button.enabled = button.command->isEnabled();
+    button.action->setEnabled(button.enabled);
+    button.action->setChecked(button.command->isChecked());
+    if (button.action->icon().cacheKey() != button.command->icon().cacheKey())
+        button.action->setIcon(button.command->icon());
 }
 
 void Toolbar::alignButton(const QString& key) {
@@ -134,7 +157,7 @@ bool Toolbar::isButtonVisible(const QString& key) const {
 void Toolbar::setButtonEnabled(const QString& key, bool enabled) {
     if (Private::Button* button = d_->find(key)) {
         button->enabled = enabled;
-        button->action->setEnabled(enabled);
+        button->master().setEnabled(enabled);
     }
 }
 
@@ -145,12 +168,12 @@ bool Toolbar::isButtonEnabled(const QString& key) const {
 
 void Toolbar::setValue(const QString& key, bool down) {
     if (Private::Button* button = d_->find(key))
-        button->action->setChecked(down);
+        button->master().setChecked(down);
 }
 
 bool Toolbar::value(const QString& key) const {
     const Private::Button* button = d_->find(key);
-    return button && button->action->isChecked();
+    return button && button->master().isChecked();
 }
 
 void Toolbar::setMenus(const QString& key, const ButtonMenus* menus) {

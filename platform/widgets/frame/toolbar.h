@@ -42,6 +42,10 @@ public:
     /// Adds a button at the end. The key is also its objectName. A key already in use, or an unknown one below, is an
     /// error of the caller: asserted, and passed over in a release.
     void addButton(const QString& key, Kind kind, const QString& image = QString());
+    /// Adds a button that stands for an action, which others show, too, and which is not owned: its picture, and
+    /// whether it is enabled and down, are the action's, and a press triggers the action. What is set here of these is
+    /// set on the action; of its tool tip and whether it is visible the bar alone decides.
+    void addCommand(const QString& key, Kind kind, QAction& command);
     bool hasButton(const QString& key) const;
     int buttonCount() const;
     QString keyAt(int index) const; ///< index from 1
@@ -81,6 +85,7 @@ protected:
 
 private:
     void addMenu(const QString& key, QAction& action);
+    void follow(const QString& key);
     void alignButton(const QString& key);
     void fillMenu(const QString& key, QMenu& menu);
     bool hasEntries(const QToolButton& button) const;

@@ -24,6 +24,9 @@ struct Toolbar::Private {
         bool enabled = true;
         bool visible = true;
         const ButtonMenus* menus = nullptr;
+        QPointer<QAction> command = nullptr; ///< what the button stands for, if not for itself
+
+        QAction& master() const { return command ? *command : *action; }
     };
 
     std::vector<Button> buttons;

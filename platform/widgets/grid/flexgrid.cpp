@@ -5,9 +5,9 @@
 #include "platform/widgets/grid/gridview.h"
 #include "platform/widgets/grid/tablemime.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QEvent>
-#include <QGuiApplication>
 #include <QVBoxLayout>
 
 namespace velm {
@@ -54,13 +54,21 @@ FlexGrid::FlexGrid(QWidget* parent) : QWidget(parent), d_(std::make_unique<Priva
     view.onCopy = [this] {
         // Without a row, what the clipboard holds stays.
         if (const std::vector<QStringList> rows = d_->selected(false); !rows.empty())
-            QGuiApplication::clipboard()->setMimeData(tableMime(rows).release());
+            QApplication::clipboard()->setMimeData(tableMime(rows).release());
     };
     GridHeader& header = view.header();
     header.onClicked = [this](int place) { emit clicked(0, place); };
     header.onDoubleClicked = [this](int place) { emit doubleClicked(0, place); };
     header.onRightClicked = [this](int place, const QPoint& at) { emit rightClicked(0, place, at); };
     d_->columns.onMoved = [this](int from, int to) { emit columnMoved(from, to); };
+}
+
+FlexGrid* FlexGrid::withFocus() {
+    for (QWidget* widget = QApplication::focusWidget(); widget; widget = widget->parentWidget()) {
+        if (auto* grid = qobject_cast<FlexGrid*>(widget))
+            return grid;
+    }
+    return nullptr;
 }
 
 FlexGrid::~FlexGrid() {

@@ -29,6 +29,9 @@ public:
     explicit FlexGrid(QWidget* parent = nullptr);
     ~FlexGrid() override;
 
+    /// The grid that has the focus, or holds what has it; null for none.
+    static FlexGrid* withFocus();
+
     enum class Align { Left, Centre, Right };
     enum class Mark { None, Ascending, Descending };
 

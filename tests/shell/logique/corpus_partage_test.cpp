@@ -63,7 +63,7 @@ TEST_F(CorpusPartage, TheBaseDirectoryIsWrittenWhicheverAttemptSucceeds) {
     corpus.fermebase();
     stocke("BASE", "CHEMIN", QString());
     ASSERT_TRUE(QFile::setPermissions(chemin("velm2000.dat"), lecture));
-    seance_.reset();
+    oublie();
     {
         const test::WithoutRights personne;
         EXPECT_EQ(seance().demarre(), Demarrage::EnMarche);

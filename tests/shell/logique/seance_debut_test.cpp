@@ -183,12 +183,12 @@ TEST_F(SeanceDebut, ThePartnersPictureIsBmpThenRleThenNone) {
     seance().demarre();
     EXPECT_TRUE(seance().fichierpartenaires().isEmpty());
     ecrit("partners.rle", QDateTime::currentDateTime());
-    seance_.reset();
+    oublie();
     corpus.fermebase();
     seance().demarre();
     EXPECT_TRUE(seance().fichierpartenaires().endsWith(QStringLiteral("/partners.rle")));
     ecrit("partners.bmp", QDateTime::currentDateTime());
-    seance_.reset();
+    oublie();
     corpus.fermebase();
     seance().demarre();
     EXPECT_TRUE(seance().fichierpartenaires().endsWith(QStringLiteral("/partners.bmp")));
@@ -200,7 +200,7 @@ TEST_F(SeanceDebut, TheRichTextLibraryIsRenamedOnlyWhenItIsMissing) {
     EXPECT_TRUE(fileExists(chemin("riched32.dll")));
     EXPECT_FALSE(fileExists(chemin("riched32.tmp")));
     ecrit("riched32.tmp", QDateTime::currentDateTime());
-    seance_.reset();
+    oublie();
     corpus.fermebase();
     seance().demarre();
     EXPECT_TRUE(fileExists(chemin("riched32.tmp")));

@@ -13,7 +13,7 @@ protected:
         ecrans.journal.clear();
         dialogues.messages.clear();
         dialogues.answers.assign(reponses);
-        return seance().quitteprogramme();
+        return fin().quitteprogramme();
     }
 };
 
@@ -108,7 +108,7 @@ TEST_F(SeanceFin, WhatTheExitWroteIsReadByTheNextStart) {
     ecrans.etat.cochees[2] = true;
     ecrans.etat.filles = {{Nature::Document, QStringLiteral("JP000007")}};
     EXPECT_TRUE(quitte({Bouton::Oui}));
-    seance_.reset();
+    oublie();
     ecrans.surcharge = [this] { seance().restaurefenetres(); };
     EXPECT_EQ(seance().demarre(), Demarrage::EnMarche);
     EXPECT_TRUE(ecrans.a(QStringLiteral("navigue TAJP000007")));
@@ -123,7 +123,7 @@ TEST_F(SeanceFin, ThePlaceOfTheBaseIsWrittenAlikeHoweverOftenTheProgramRuns) {
     for (int i = 0; i < 3; ++i) {
         EXPECT_TRUE(quitte({Bouton::Oui}));
         EXPECT_EQ(lu("BASE", "CHEMIN"), dossier_.path() + u'/');
-        seance_.reset();
+        oublie();
     }
 }
 
@@ -161,7 +161,7 @@ TEST_F(SeanceFin, AnEndThatNobodyIsAskedAboutWritesAndClosesAsTheOther) {
     ecrans.etat.largeurpane = 3000;
     ASSERT_EQ(seance().demarre(), Demarrage::EnMarche);
     ecrans.journal.clear();
-    seance().termine();
+    fin().termine();
     EXPECT_TRUE(dialogues.messages.empty());
     EXPECT_EQ(ecrans.journal,
               (QStringList{QStringLiteral("abandonne"), QStringLiteral("ferme dossiers"), QStringLiteral("derniers"),
@@ -175,8 +175,8 @@ TEST_F(SeanceFin, ASecondEndDoesNothing) {
     EXPECT_TRUE(quitte({Bouton::Oui}));
     stocke("EDITEUR", "LARGEURSELECTION", QStringLiteral("77"));
     ecrans.journal.clear();
-    seance().termine();
-    seance().enregistre();
+    fin().termine();
+    fin().enregistre();
     EXPECT_TRUE(ecrans.journal.isEmpty());
     EXPECT_EQ(lu("EDITEUR", "LARGEURSELECTION"), u"77");
 }
@@ -188,7 +188,7 @@ TEST_F(SeanceFin, TheSessionsEndWritesWhatTheEndWritesAndClosesNothing) {
     ecrans.etat.filles.push_back({Nature::Document, QStringLiteral("EU000007")});
     ASSERT_EQ(seance().demarre(), Demarrage::EnMarche);
     ecrans.journal.clear();
-    seance().enregistre();
+    fin().enregistre();
     EXPECT_EQ(ecrans.journal, (QStringList{QStringLiteral("derniers"), QStringLiteral("note fenêtres")}));
     EXPECT_EQ(lu("EDITEUR", "LARGEURSELECTION"), u"3000");
     EXPECT_EQ(lu("POSITIONFORME", "MDICHILD"), u"-1 X          ");

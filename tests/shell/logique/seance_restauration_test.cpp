@@ -49,7 +49,7 @@ TEST_F(Restauration, OfShortLongOrNonsenseStringsOpensWhatStandsInThem) {
         {"-1XXXXXXXXXXXXXXXXXXXXXXXXXXX", "CO000001", 11, {QStringLiteral("navigue TACO000001")}},
     };
     for (const auto& [fenetres, contenus, etapes, ouvertes] : cas) {
-        seance_.reset();
+        oublie();
         corpus.fermebase();
         restaure(QString::fromUtf8(fenetres), QString::fromUtf8(contenus));
         EXPECT_EQ(navigues(), ouvertes) << fenetres;

@@ -5,7 +5,7 @@
 #include "platform/engine/recordset.h"
 #include "platform/system/files.h"
 #include "platform/text/ansi.h"
-#include "shell/logique/seance.h"
+#include "shell/logique/finseance.h"
 #include "tests/support/dialogues_script.h"
 
 #include <QDir>
@@ -120,6 +120,16 @@ protected:
             seance_.emplace(env, reglages, langue, corpus, dialogues, ecrans.ecrans());
         return *seance_;
     }
+    FinSeance& fin() {
+        if (!fin_)
+            fin_.emplace(seance(), reglages, langue, corpus, dialogues, ecrans.ecrans());
+        return *fin_;
+    }
+    /// The run is over; the next one begins.
+    void oublie() {
+        fin_.reset();
+        seance_.reset();
+    }
 
     QTemporaryDir dossier_;
     ReglagesStore magasin{dossier_.filePath(QStringLiteral("reglages.ini"))};
@@ -135,6 +145,7 @@ protected:
     QStringList lances;
     QStringList extensions;
     std::optional<Seance> seance_;
+    std::optional<FinSeance> fin_;
 };
 
 } // namespace velm::test

@@ -25,6 +25,14 @@ TEST_F(FlexGridInput, ArrowsAndPagesMoveTheRow) {
     EXPECT_EQ(grid.row(), 1 + pageRows());
 }
 
+TEST_F(FlexGridInput, TheGridThatHasTheFocusIsKnown) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(grid.window()));
+    grid.setFocus();
+    EXPECT_EQ(FlexGrid::withFocus(), &grid) << "its view has it";
+    grid.view()->clearFocus();
+    EXPECT_EQ(FlexGrid::withFocus(), nullptr);
+}
+
 TEST_F(FlexGridInput, ShiftExtendsTheRange) {
     grid.setRow(5);
     key(Qt::Key_Down, Qt::ShiftModifier);

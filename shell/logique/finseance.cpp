@@ -1,6 +1,6 @@
-// The exit sequence of a run.
+#include "shell/logique/finseance.h"
+
 #include "core/cle.h"
-#include "shell/logique/seance.h"
 
 namespace velm {
 
@@ -33,9 +33,13 @@ QString fenetreactive(const EtatFenetres& etat) {
 
 } // namespace
 
-bool Seance::quittequestions() {
+FinSeance::FinSeance(const Seance& seance, Reglages& reglages, Langue& langue, Corpus& corpus, Dialogues& dialogues,
+                     const Ecrans& ecrans)
+    : seance_(seance), reglages_(reglages), langue_(langue), corpus_(corpus), dialogues_(dialogues), ecrans_(ecrans) {}
+
+bool FinSeance::quittequestions() {
     constexpr int pagedaide = 13;
-    if (preferences_.checkquit == 0) {
+    if (seance_.preferences().checkquit == 0) {
         const Bouton reponse =
             dialogues_.message(langue_.lireressource(400) + QStringLiteral(" ?"), langue_.lireressource(401),
                                Icone::Question, Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Aucun, pagedaide);
@@ -53,7 +57,7 @@ bool Seance::quittequestions() {
     return true;
 }
 
-void Seance::ecritfenetres(const EtatFenetres& etat) {
+void FinSeance::ecritfenetres(const EtatFenetres& etat) {
     QString drapeaux;
     QString cles;
     for (int indice = 0; indice < nombredefenetres; ++indice) {
@@ -67,7 +71,7 @@ void Seance::ecritfenetres(const EtatFenetres& etat) {
                    QString::number(etat.largeurpane, 'g', 9));
 }
 
-void Seance::ecritposition(const PositionFenetre& position) {
+void FinSeance::ecritposition(const PositionFenetre& position) {
     const QString section = QStringLiteral("POSITIONMDI");
     const auto ecrit = [&](const QString& cle, int valeur) { reglages_.note(section, cle, QString::number(valeur)); };
     ecrit(QStringLiteral("WINDOWSSTATE"), position.etat);
@@ -75,17 +79,17 @@ void Seance::ecritposition(const PositionFenetre& position) {
     ecrit(QStringLiteral("WINDOWSTOP"), position.haut);
     ecrit(QStringLiteral("WINDOWSWIDTH"), position.largeur);
     ecrit(QStringLiteral("WINDOWSHEIGHT"), position.hauteur);
-    reglages_.savesetting(QStringLiteral("BASE"), QStringLiteral("CHEMIN"), parametres_.repertoiredebase);
+    reglages_.savesetting(QStringLiteral("BASE"), QStringLiteral("CHEMIN"), seance_.parametres().repertoiredebase);
 }
 
-bool Seance::quitteprogramme() {
+bool FinSeance::quitteprogramme() {
     if (!quittequestions())
         return false;
     ferme();
     return true;
 }
 
-void Seance::termine() {
+void FinSeance::termine() {
     if (fermee_)
         return;
     if (ecrans_.travaux.impressionouverte())
@@ -93,7 +97,7 @@ void Seance::termine() {
     ferme();
 }
 
-void Seance::ferme() {
+void FinSeance::ferme() {
     fermee_ = true;
     const EtatFenetres etat = ecrans_.cadre.etatfenetres();
     {
@@ -111,7 +115,7 @@ void Seance::ferme() {
     ecrans_.cadre.fermeprincipale();
 }
 
-void Seance::enregistre() {
+void FinSeance::enregistre() {
     if (fermee_)
         return;
     const EtatFenetres etat = ecrans_.cadre.etatfenetres();

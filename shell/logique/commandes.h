@@ -1,0 +1,93 @@
+#pragma once
+// The commands of the program in one table: how each is named, said, drawn and reached, and when it can be had. Bars,
+// menus and pop-ups are lists of them. A new button or entry is a line of the table and a place in a list.
+#include "core/ordre.h"
+#include "shell/logique/barres.h"
+
+#include <QString>
+
+#include <optional>
+#include <span>
+
+namespace velm {
+
+/// What a press of its button or entry does to the look of it.
+enum class Forme {
+    Simple,
+    Bascule,   ///< stays down, or checked, until it is given again
+    Choix,     ///< of those of its command one is checked
+    Deroulante ///< the button has entries at its side
+};
+
+/// What a command needs to be had.
+enum class Besoin {
+    Rien,
+    Fenetre, ///< an active window that can carry it out
+    Etat,    ///< whoever knows when, allows it: a history that has a step, rows that were found
+    Attente  ///< what it commands, which the program does not have yet: it has a place and no deed
+};
+
+struct LigneCommande {
+    Ordre ordre;
+    struct Bouton {
+        QStringView cle = {}; ///< that of a collection is its code
+        int bulle = 0;        ///< number of its tool tip
+    } bouton = {};
+    struct Entree {
+        QStringView nom = {}; ///< of an entry that stands alone, or of the array that it stands in
+        int indice = -1;      ///< in that array, of rank 0; none for one that stands alone
+        int libelle = 0;      ///< number of its caption; 0: the tool tip of the button is the caption
+    } entree = {};
+    QStringView image = {};  ///< name of its picture; that of a collection ends in its slot
+    QStringView touche = {}; ///< shortcut, in portable words
+    Forme forme = Forme::Simple;
+    Besoin besoin = Besoin::Rien;
+    int nombre = 1; ///< ranks
+};
+
+/// The table, in the order of the enumeration.
+std::span<const LigneCommande> commandes();
+const LigneCommande& lignede(Ordre ordre);
+
+// ---- one of several: ranks from 0
+Besoin besoinde(Ordre ordre, int rang);
+int libellede(Ordre ordre, int rang);
+int bullede(Ordre ordre, int rang);
+QString imagede(Ordre ordre, int rang);
+/// Key of its tool button; empty for none.
+QString boutonde(Ordre ordre, int rang);
+/// Name of its menu entry, with the index in parentheses where it stands in an array: "mfichier3", "maide0(1)"; empty
+/// for none.
+QString entreede(Ordre ordre, int rang);
+
+/// A command and its rank.
+struct OrdreRang {
+    Ordre ordre;
+    int rang = 0;
+
+    friend bool operator==(const OrdreRang&, const OrdreRang&) = default;
+};
+
+/// What stands behind the key of a tool button. Nothing for an unknown one.
+std::optional<OrdreRang> ordredubouton(QStringView cle);
+
+// ---- the lists
+
+/// What stands on a bar: a command with all its ranks, or a separator of that name.
+struct PlaceDeBarre {
+    std::optional<Ordre> ordre;
+    QStringView separateur = {};
+};
+
+std::span<const PlaceDeBarre> placesde(Barre barre);
+/// Of the bar over the selection list.
+std::span<const PlaceDeBarre> placesdelaliste();
+/// The entries at the side of a button, from the first on; none for most.
+std::span<const Ordre> entreesdubouton(Ordre ordre);
+/// The command that puts a bar somewhere; its rank is the position.
+Ordre ordredeplace(Barre barre);
+
+/// So many tools a user can have.
+inline constexpr int plusdoutils = 20;
+
+} // namespace velm
