@@ -124,18 +124,18 @@ protected:
     ReglagesStore magasin{dossier.filePath(u"reglages.ini"_s)};
     Reglages reglagesdelaliste{magasin};
     ImprimanteScript imprimante;
-    ControleListe controle{{{corpus, sablier, dialogues, [](int id) { return textes(id); },
-                             [this] {
-                                 if (evenement)
-                                     evenement();
-                             },
-                             std::chrono::milliseconds(0)},
-                            reglagesdelaliste,
-                            imprimante},
-                           grille,
-                           volet};
-    ListeSelection& liste = controle.liste();
-    RemplissageListe& remplissage = controle.remplissage();
+    ControleListe controleliste{{{corpus, sablier, dialogues, [](int id) { return textes(id); },
+                                  [this] {
+                                      if (evenement)
+                                          evenement();
+                                  },
+                                  std::chrono::milliseconds(0)},
+                                 reglagesdelaliste,
+                                 imprimante},
+                                grille,
+                                volet};
+    ListeSelection& liste = controleliste.liste();
+    RemplissageListe& remplissage = controleliste.remplissage();
     std::optional<Reglages> reglages;
     std::unique_ptr<FrmVelmorSelect> formulaire;
     int caches = 0;
