@@ -14,11 +14,15 @@ target_compile_definitions(velm_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CONTEXTLESS_CONNECT QT_NO_FOREACH
   QT_NO_NARROWING_CONVERSIONS_IN_CONNECT $<$<NOT:$<CONFIG:Release>>:_GLIBCXX_ASSERTIONS>)
 target_compile_options(velm_flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>
+  "$<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>")
 if(VELM_SANITIZE)
   target_compile_options(velm_flags INTERFACE -fsanitize=${VELM_SANITIZE} -fno-omit-frame-pointer
     -fno-sanitize-recover=all)
   target_link_options(velm_flags INTERFACE -fsanitize=${VELM_SANITIZE})
+  if(VELM_SANITIZE MATCHES "address")
+    target_compile_definitions(velm_flags INTERFACE VELM_ADDRESS_SANITIZER)
+  endif()
 endif()
 if(VELM_FUZZ)
   target_compile_options(velm_flags INTERFACE -fsanitize=fuzzer-no-link)
@@ -34,18 +38,19 @@ if(LLD_PROGRAM)
   target_link_options(velm_flags INTERFACE -fuse-ld=lld)
 endif()
 
-# Shared precompiled headers: one for logic, one for windows.
-foreach(kind core widgets)
-  file(WRITE ${CMAKE_BINARY_DIR}/pch_${kind}.cpp "")
-  add_library(velm_pch_${kind} STATIC ${CMAKE_BINARY_DIR}/pch_${kind}.cpp)
-  target_link_libraries(velm_pch_${kind} PUBLIC velm_flags Qt6::Core)
-  if(kind STREQUAL widgets)
-    target_link_libraries(velm_pch_${kind} PUBLIC Qt6::Widgets)
-  endif()
+# velm_pch_header(NAME libs...): precompiles cmake/pch_NAME.h as those targets see it that link the libraries.
+function(velm_pch_header name)
+  file(WRITE ${CMAKE_BINARY_DIR}/pch_${name}.cpp "")
+  add_library(velm_pch_${name} STATIC ${CMAKE_BINARY_DIR}/pch_${name}.cpp)
+  target_link_libraries(velm_pch_${name} PUBLIC ${ARGN})
   if(VELM_PCH)
-    target_precompile_headers(velm_pch_${kind} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/pch_${kind}.h)
+    target_precompile_headers(velm_pch_${name} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/pch_${name}.h)
   endif()
-endforeach()
+endfunction()
+
+# Shared by the rooms: one for logic, one for windows. The tests have two of their own.
+velm_pch_header(core velm_flags Qt6::Core)
+velm_pch_header(widgets velm_flags Qt6::Widgets)
 
 function(velm_pch target kind)
   if(VELM_PCH)
@@ -76,23 +81,44 @@ function(velm_ui name)
   velm_pch(${name} widgets)
 endfunction()
 
-# velm_tests(NAME files... [LINK libs...] [UI]): one GoogleTest program; UI runs offscreen with the test's own main.
+# Two thirds of what is compiled are tests, which run once: they are compiled for the compiler's time. Rooms stay as users get them.
+function(velm_test_flags)
+  add_library(velm_test_flags INTERFACE)
+  target_link_libraries(velm_test_flags INTERFACE velm_flags GTest::gtest GTest::gmock)
+  target_compile_options(velm_test_flags INTERFACE -O0)
+  velm_pch_header(tests_core velm_test_flags Qt6::Core)
+  velm_pch_header(tests_widgets velm_test_flags Qt6::Widgets Qt6::Test)
+endfunction()
+
+# velm_tests(NAME files... [LINK libs...] [PARTS n] [UI]): one GoogleTest program, run by CTest in that many parts; UI runs offscreen
+# with the test's own main. Within a part the tests share one process.
 function(velm_tests name)
-  cmake_parse_arguments(A "UI" "" "LINK" ${ARGN})
+  cmake_parse_arguments(A "UI" "PARTS" "LINK" ${ARGN})
   add_executable(tests_${name} ${A_UNPARSED_ARGUMENTS})
   if(A_UI)
     target_sources(tests_${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/main_ui.cpp)
     set_target_properties(tests_${name} PROPERTIES AUTOMOC ON)
-    target_link_libraries(tests_${name} PRIVATE velm_flags Qt6::Widgets Qt6::Test GTest::gtest GTest::gmock ${A_LINK})
-    velm_pch(tests_${name} widgets)
+    target_link_libraries(tests_${name} PRIVATE velm_test_flags Qt6::Widgets Qt6::Test ${A_LINK})
+    velm_pch(tests_${name} tests_widgets)
   else()
     target_sources(tests_${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/main_core.cpp)
-    target_link_libraries(tests_${name} PRIVATE velm_flags Qt6::Core GTest::gtest GTest::gmock ${A_LINK})
-    velm_pch(tests_${name} core)
+    target_link_libraries(tests_${name} PRIVATE velm_test_flags Qt6::Core ${A_LINK})
+    velm_pch(tests_${name} tests_core)
   endif()
   target_compile_definitions(tests_${name} PRIVATE VELM_SOURCE_DIR="${CMAKE_SOURCE_DIR}" VELM_BINARY_DIR="${CMAKE_BINARY_DIR}")
-  gtest_discover_tests(tests_${name} TEST_PREFIX "${name}." DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
-    PROPERTIES TIMEOUT 600 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  if(NOT A_PARTS)
+    set(A_PARTS 1)
+  endif()
+  # The script has a limit of ten minutes for each test; this one is for the case that it does not come to its end itself.
+  foreach(part RANGE 1 ${A_PARTS})
+    add_test(NAME ${name}.${part} COMMAND ${CMAKE_SOURCE_DIR}/tests/support/run_part.py --part ${part}/${A_PARTS}
+             --report ${CMAKE_BINARY_DIR}/essais/${name}.${part}.json $<TARGET_FILE:tests_${name}>)
+    set_tests_properties(${name}.${part} PROPERTIES TIMEOUT 2400 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    if(A_PARTS GREATER 1)
+      # The longest first, so that none is left alone at the end.
+      set_tests_properties(${name}.${part} PROPERTIES COST 10)
+    endif()
+  endforeach()
 endfunction()
 
 # velm_fuzz(NAME file [LINK libs...]): one libFuzzer target.

@@ -89,7 +89,7 @@ TEST_F(TesteurDeLotsTest, ABodyThatDoesNotFitIsLeftUndecidedByWhoeverHasReadIt) 
 }
 
 TEST_F(TesteurDeLotsTest, ABodyThatCannotBeDecodedIsLeftUndecidedToo) {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VELM_ADDRESS_SANITIZER
     GTEST_SKIP() << "the sanitizer needs room of its own";
 #endif
     constexpr qsizetype huge = 40'000'000;

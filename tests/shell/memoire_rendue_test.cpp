@@ -45,7 +45,7 @@ class MemoireRendueTest : public EcranTest {};
 } // namespace
 
 TEST_F(MemoireRendueTest, WhatIsFreeGoesBackOnceAWindowHasClosed) {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VELM_ADDRESS_SANITIZER
     GTEST_SKIP() << "the sanitizer keeps memory in its own way";
 #endif
     ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);

@@ -10,6 +10,24 @@ namespace {
 using Mark = FlexGrid::Mark;
 using FlexGridFill = GridTest;
 
+class Paints : public QObject {
+public:
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+/// What was to be painted so far has been once a window that is shown after it has been.
+void everythingIsPainted() {
+    QWidget later;
+    Paints paints;
+    later.installEventFilter(&paints);
+    later.show();
+    EVENTUALLY(paints.count > 0);
+}
+
 } // namespace
 
 TEST_F(FlexGridFill, NothingIsShownBeforeRedrawIsBackOn) {
@@ -33,20 +51,12 @@ TEST_F(FlexGridFill, NothingIsShownBeforeRedrawIsBackOn) {
 }
 
 TEST_F(FlexGridFill, OneRepaintShowsAWholeFill) {
-    class Paints : public QObject {
-    public:
-        int count = 0;
-        bool eventFilter(QObject*, QEvent* event) override {
-            count += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-    } paints;
+    Paints paints;
     number(1);
     rowsWidget()->installEventFilter(&paints);
-    // What showed the window has been painted when a while goes by without anything.
     do {
         paints.count = 0;
-        QTest::qWait(50);
+        everythingIsPainted();
     } while (paints.count > 0);
     grid.setRedraw(false);
     for (int i = 0; i < 500; ++i) {
@@ -57,8 +67,8 @@ TEST_F(FlexGridFill, OneRepaintShowsAWholeFill) {
     grid.sort(1, false);
     EXPECT_EQ(paints.count, 0);
     grid.setRedraw(true);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
-    QTest::qWait(50);
+    EVENTUALLY(paints.count > 0);
+    everythingIsPainted();
     EXPECT_EQ(paints.count, 1);
     rowsWidget()->removeEventFilter(&paints);
 }
@@ -165,22 +175,17 @@ TEST_F(FlexGridFill, AMillionRowsOfASourceAreAskedOnlyWhenSeen) {
     grid.setCols(2);
     auto owned = std::make_unique<Numbers>(1000000);
     Numbers& numbers = *owned;
-    QElapsedTimer time;
-    time.start();
     grid.setSource(std::move(owned));
     grid.grab();
-    EXPECT_LT(time.elapsed(), 1000);
     EXPECT_LT(numbers.asked, 500);
     EXPECT_EQ(grid.rows(), 1000001);
     EXPECT_EQ(grid.source(), &numbers);
     numbers.asked = 0;
-    time.start();
     for (int row = 1; row <= 1000000; row += 10000) {
         grid.setTopRow(row);
         grid.grab();
     }
     key(Qt::Key_End);
-    EXPECT_LT(time.elapsed(), 5000);
     EXPECT_LT(numbers.asked, 110 * 200);
     EXPECT_EQ(range(), Range(1000000, 1000000));
     EXPECT_GT(grid.topRow(), 999900);
