@@ -61,7 +61,7 @@ TEST_F(LignesTest, NoMoreRowsAreTakenThanTheLimit) {
 }
 
 TEST_F(LignesTest, ARowThatTheMemoryDoesNotSufficeForLeavesTheOthersAsTheyWere) {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef VELM_ADDRESS_SANITIZER
     GTEST_SKIP() << "the sanitizer needs room of its own";
 #endif
     ajoutetous({u"a"_s, u"b"_s});
