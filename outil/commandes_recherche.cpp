@@ -39,39 +39,46 @@ int litdemande(Contexte& contexte, Demande& demande) {
     return Reussite;
 }
 
+/// What a search works with, and what it leaves.
+struct Preparee {
+    Demande demande;
+    Corpus corpus;
+    Marche marche;
+    Resultat resultat;
+};
+
+int prepare(Contexte& contexte, Preparee& recherche) {
+    const int code = litdemande(contexte, recherche.demande);
+    return code == Reussite ? ouvrebase(contexte, recherche.corpus, recherche.demande.base) : code;
+}
+
 } // namespace
 
 int mots(Contexte& contexte) {
     const bool ou = contexte.option(QStringLiteral("--ou"));
-    Demande demande;
-    if (const int code = litdemande(contexte, demande); code != Reussite)
+    Preparee recherche;
+    if (const int code = prepare(contexte, recherche); code != Reussite)
         return code;
-    Corpus corpus;
-    if (const int code = ouvrebase(contexte, corpus, demande.base); code != Reussite)
-        return code;
-    Marche marche;
-    Resultat resultat;
+    const Demande& demande = recherche.demande;
     QStringList lignes;
     // Very many documents raise no question: all of them are shown, as nobody named a limit.
-    RechercheDico(corpus, marche, {[&lignes](const QString& ligne) { lignes << ligne; }, contexte.texte(7300)})
-        .cherche({demande.texte, demande.lettres, !ou, demande.limite}, resultat);
-    if (resultat.issue == Resultat::Issue::TexteCourt)
+    RechercheDico(recherche.corpus, recherche.marche,
+                  {[&lignes](const QString& ligne) { lignes << ligne; }, contexte.texte(7300)})
+        .cherche({demande.texte, demande.lettres, !ou, demande.limite}, recherche.resultat);
+    if (recherche.resultat.issue == Resultat::Issue::TexteCourt)
         return contexte.echoue(LigneIncorrecte, 9455);
-    ecritresultat(contexte, resultat, lignes, demande.json);
+    ecritresultat(contexte, recherche.resultat, lignes, demande.json);
     return Reussite;
 }
 
 int rapide(Contexte& contexte) {
-    Demande demande;
-    if (const int code = litdemande(contexte, demande); code != Reussite)
+    Preparee recherche;
+    if (const int code = prepare(contexte, recherche); code != Reussite)
         return code;
-    Corpus corpus;
-    if (const int code = ouvrebase(contexte, corpus, demande.base); code != Reussite)
-        return code;
-    Marche marche;
-    Resultat resultat;
-    RechercheRapide(corpus, marche).cherche({demande.texte, demande.lettres, demande.limite}, resultat);
-    ecritresultat(contexte, resultat, {}, demande.json);
+    const Demande& demande = recherche.demande;
+    RechercheRapide(recherche.corpus, recherche.marche)
+        .cherche({demande.texte, demande.lettres, demande.limite}, recherche.resultat);
+    ecritresultat(contexte, recherche.resultat, {}, demande.json);
     return Reussite;
 }
 

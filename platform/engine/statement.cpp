@@ -67,17 +67,17 @@ Value Value::of(const QVariant& value) {
 QVariant toVariant(const Cell& cell) {
     switch (cell.kind) {
     case Kind::Null:
-        break;
+        return {};
     case Kind::Integer:
         return cell.integer;
     case Kind::Real:
         return cell.real;
-    case Kind::Text:
-        return QString::fromUtf8(cell.bytes);
     case Kind::Blob:
         return cell.bytes.toByteArray();
+    case Kind::Text:
+        break;
     }
-    return {};
+    return toText(cell);
 }
 
 QString toText(const Cell& cell) {

@@ -103,12 +103,9 @@ const char* FullSink::colours(const char* p, const char* end) {
                 colours_.push_back(colour);
             colour = autoColour;
         } else if (c == '\\' && p != close && isLetter(*p)) {
-            const char* const name = p;
-            while (p != close && isLetter(*p))
-                ++p;
-            const std::string_view word(name, static_cast<std::size_t>(p - name));
+            std::string_view word;
             Token token;
-            p = readNumber(p, close, token);
+            p = readWord(p, close, word, token);
             const int shift = word == "red" ? 0 : word == "green" ? 8 : word == "blue" ? 16 : -1;
             if (shift >= 0)
                 colour = (std::max(colour, 0) & ~(0xFF << shift)) | std::clamp(token.number, 0, 255) << shift;
@@ -133,12 +130,9 @@ const char* FullSink::numbering(const char* p, const char* end) {
     while (p != close) {
         if (*p++ != '\\' || p == close || !isLetter(*p))
             continue;
-        const char* const name = p;
-        while (p != close && isLetter(*p))
-            ++p;
-        const std::string_view word(name, static_cast<std::size_t>(p - name));
+        std::string_view word;
         Token token;
-        p = readNumber(p, close, token);
+        p = readWord(p, close, word, token);
         if (word == "pnlvlblt")
             numbering_.bullet = true;
         else if (word == "pnindent")

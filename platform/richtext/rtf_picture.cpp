@@ -163,12 +163,9 @@ const char* readPicture(const char* p, const char* end, RichObject& object) {
         ++p;
         if (p == close || !isLetter(*p))
             continue;
-        const char* const name = p;
-        while (p != close && isLetter(*p))
-            ++p;
-        const std::string_view word(name, static_cast<std::size_t>(p - name));
+        std::string_view word;
         Token token;
-        p = readNumber(p, close, token);
+        p = readWord(p, close, word, token);
         if (word == "bin") {
             const char* const behind = passBytes(p, close, token.number);
             object.data.append(p, behind - p);

@@ -6,6 +6,7 @@
 #include <bit>
 #include <cstring>
 #include <limits>
+#include <string_view>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -164,6 +165,15 @@ inline const char* readWord(const char* p, const char* end, Token& token) {
     Letters letters;
     p = readLetters(p, end, letters);
     token.word = wordOf(letters);
+    return readNumber(p, end, token);
+}
+
+/// The same for words outside the table, by their letters: those of groups that few documents have.
+inline const char* readWord(const char* p, const char* end, std::string_view& letters, Token& token) {
+    const char* const from = p;
+    while (p != end && isLetter(*p))
+        ++p;
+    letters = {from, static_cast<std::size_t>(p - from)};
     return readNumber(p, end, token);
 }
 

@@ -32,6 +32,48 @@ namespace {
 constexpr QSize tailleutile(760, 620);
 constexpr std::array touslesonglets{Onglet::Rapide, Onglet::Criteres, Onglet::Mots};
 
+QProgressBar* nouveauprogres(const QString& nom, QWidget* parent) {
+    auto* barre = new QProgressBar(parent);
+    barre->setObjectName(u"ProgressBar"_s);
+    barre->setAccessibleName(nom);
+    barre->setTextVisible(false);
+    barre->setFixedHeight(look::spacing);
+    // Its place is kept: nothing moves when a search begins.
+    QSizePolicy place = barre->sizePolicy();
+    place.setRetainSizeWhenHidden(true);
+    barre->setSizePolicy(place);
+    return barre;
+}
+
+/// The Tab key goes as one reads, and of the buttons below a tab to the searching one first.
+void ordonne(const QWidget& formulaire, QTabBar* onglets) {
+    const QStringList noms{
+        u"toutsélect"_s,     u"toutdéselect"_s,    u"texterapide"_s,  u"combonombre"_s,      u"cmdokrapide"_s,
+        u"annulerrapide"_s,  u"prefixe"_s,         u"texterech(0)"_s, u"motentier(0)"_s,     u"respectminmaj(0)"_s,
+        u"conjonction"_s,    u"texterech(1)"_s,    u"motentier(1)"_s, u"respectminmaj(1)"_s, u"emplacement(0)"_s,
+        u"emplacement(1)"_s, u"emplacement(2)"_s,  u"combomotcle"_s,  u"combotype"_s,        u"textejour"_s,
+        u"textemois"_s,      u"texteannée"_s,      u"Option1"_s,      u"Option2"_s,          u"cmdok"_s,
+        u"annuler"_s,        u"annulercriteres"_s, u"Textedico"_s,    u"checkandordico"_s,   u"Combonombredico"_s,
+        u"cmdokdico"_s,      u"annulerdico"_s,     u"resultat"_s};
+    QWidget* avant = nullptr;
+    for (const QString& nom : noms) {
+        auto* const celui = formulaire.findChild<QWidget*>(nom);
+        if (avant)
+            QWidget::setTabOrder(avant, celui);
+        avant = celui;
+        if (nom == u"toutdéselect") {
+            QWidget::setTabOrder(avant, onglets);
+            avant = onglets;
+        }
+    }
+}
+
+/// The tab before or behind the present one, round the ends.
+Onglet voisin(const QTabWidget& onglets, int pas) {
+    const int nombre = onglets.count();
+    return static_cast<Onglet>((onglets.currentIndex() + pas + nombre) % nombre);
+}
+
 } // namespace
 
 FrmVelmorSelect::FrmVelmorSelect(const Formulaire::Services& services, QWidget* parent)
@@ -53,9 +95,9 @@ void FrmVelmorSelect::construit(Corpus& corpus) {
     disposition->addWidget(construitcollections());
     construitonglets(centre, corpus);
     disposition->addWidget(ongletrecherche_, 1);
-    ProgressBar_ = construitprogres(centre);
+    ProgressBar_ = nouveauprogres(texte(9461), centre);
     disposition->addWidget(ProgressBar_);
-    ordonne();
+    ordonne(*this, ongletrecherche_->tabBar());
     // In the middle, as large as it can use.
     auto* dehors = new QGridLayout(this);
     dehors->setContentsMargins({});
@@ -77,19 +119,6 @@ void FrmVelmorSelect::construitonglets(QWidget* parent, Corpus& corpus) {
     ongletrecherche_->addTab(mots_, texte(7301));
 }
 
-QProgressBar* FrmVelmorSelect::construitprogres(QWidget* parent) {
-    auto* barre = new QProgressBar(parent);
-    barre->setObjectName(u"ProgressBar"_s);
-    barre->setAccessibleName(texte(9461));
-    barre->setTextVisible(false);
-    barre->setFixedHeight(look::spacing);
-    // Its place is kept: nothing moves when a search begins.
-    QSizePolicy place = barre->sizePolicy();
-    place.setRetainSizeWhenHidden(true);
-    barre->setSizePolicy(place);
-    return barre;
-}
-
 QWidget* FrmVelmorSelect::construitcollections() {
     barre_cran_ = new Toolbar(this);
     barre_cran_->setObjectName(u"barre_cran"_s);
@@ -106,29 +135,6 @@ QWidget* FrmVelmorSelect::construitcollections() {
     connect(toutes, &QPushButton::clicked, this, [this] { presse(true); });
     connect(aucune, &QPushButton::clicked, this, [this] { presse(false); });
     return new BandeCollections(nouvelleetiquette(texte(9139), barre_cran_, this), barre_cran_, {toutes, aucune}, this);
-}
-
-/// The Tab key goes as one reads, and of the buttons below a tab to the searching one first.
-void FrmVelmorSelect::ordonne() {
-    const QStringList noms{
-        u"toutsélect"_s,     u"toutdéselect"_s,    u"texterapide"_s,  u"combonombre"_s,      u"cmdokrapide"_s,
-        u"annulerrapide"_s,  u"prefixe"_s,         u"texterech(0)"_s, u"motentier(0)"_s,     u"respectminmaj(0)"_s,
-        u"conjonction"_s,    u"texterech(1)"_s,    u"motentier(1)"_s, u"respectminmaj(1)"_s, u"emplacement(0)"_s,
-        u"emplacement(1)"_s, u"emplacement(2)"_s,  u"combomotcle"_s,  u"combotype"_s,        u"textejour"_s,
-        u"textemois"_s,      u"texteannée"_s,      u"Option1"_s,      u"Option2"_s,          u"cmdok"_s,
-        u"annuler"_s,        u"annulercriteres"_s, u"Textedico"_s,    u"checkandordico"_s,   u"Combonombredico"_s,
-        u"cmdokdico"_s,      u"annulerdico"_s,     u"resultat"_s};
-    QWidget* avant = nullptr;
-    for (const QString& nom : noms) {
-        auto* const celui = findChild<QWidget*>(nom);
-        if (avant)
-            setTabOrder(avant, celui);
-        avant = celui;
-        if (nom == u"toutdéselect") {
-            setTabOrder(avant, ongletrecherche_->tabBar());
-            avant = ongletrecherche_->tabBar();
-        }
-    }
 }
 
 void FrmVelmorSelect::relie() {
@@ -231,16 +237,11 @@ void FrmVelmorSelect::keyPressEvent(QKeyEvent* evenement) {
     if (evenement->matches(QKeySequence::Cancel))
         formulaire_.echappe();
     else if (controle && evenement->key() == Qt::Key_PageDown)
-        change(1);
+        montreonglet(voisin(*ongletrecherche_, 1));
     else if (controle && evenement->key() == Qt::Key_PageUp)
-        change(-1);
+        montreonglet(voisin(*ongletrecherche_, -1));
     else
         QWidget::keyPressEvent(evenement);
-}
-
-void FrmVelmorSelect::change(int pas) {
-    const int nombre = ongletrecherche_->count();
-    montreonglet(static_cast<Onglet>((ongletrecherche_->currentIndex() + pas + nombre) % nombre));
 }
 
 // ---- the controls as the logic sees them

@@ -65,15 +65,11 @@ private:
     QString texte(int numero) const { return texte_(numero); }
     void construit(Corpus& corpus);
     void construitonglets(QWidget* parent, Corpus& corpus);
-    QProgressBar* construitprogres(QWidget* parent);
     QWidget* construitcollections();
-    void ordonne();
     void relie();
     void relie(Onglet onglet);
 
     void lance(Onglet onglet);
-    /// One tab on or back, round the ends.
-    void change(int pas);
     void presse(bool enfonces);
     PageRecherche& page(Onglet onglet) const;
     BoiteDerniers& boite(BoiteTexte laquelle) const;
