@@ -1,5 +1,6 @@
 #include "platform/system/files.h"
 #include "tests/support/full_disk.h"
+#include "tests/support/without_rights.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,6 +15,9 @@ using namespace velm;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+constexpr QFile::Permissions allRights = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther |
+                                         QFile::WriteOther | QFile::ExeOther;
 
 class Fichiers : public testing::Test {
 protected:
@@ -100,6 +104,19 @@ TEST_F(Fichiers, AWholeFileThatCannotBeWrittenLeavesTheOldOne) {
     }
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList(u"f"_s));
     EXPECT_EQ(writeWhole(path + u"/f"_s, "x").kind, Obstacle::NoFolder);
+}
+
+TEST_F(Fichiers, AFileOfOneselfThatIsProtectedIsReadOnly) {
+    QTemporaryDir others;
+    const QString path = others.filePath(u"f"_s);
+    ASSERT_TRUE(QFile::setPermissions(others.path(), allRights));
+    const test::WithoutRights nobody;
+    ASSERT_EQ(writeWhole(path, "old").kind, Obstacle::None);
+    ASSERT_TRUE(QFile::setPermissions(path, QFile::ReadOwner));
+    const FileError error = writeWhole(path, "new");
+    EXPECT_EQ(error.kind, Obstacle::ReadOnly);
+    EXPECT_FALSE(error.words.isEmpty());
+    EXPECT_EQ(content(path), "old");
 }
 
 TEST_F(Fichiers, CopiesInChunksOf30000Bytes) {

@@ -174,6 +174,20 @@ TEST_F(PlaceTest, WhoReadsTheEndKeepsItInSightWhateverSizeTheLettersTake) {
     }
 }
 
+TEST_F(PlaceTest, ATextThatIsWhollyInSightStaysAtItsBeginningWhenTheLettersGrow) {
+    RichText text;
+    text.append(u"un\r\ndeux\r\ntrois\r\n"_s, text.intern(CharFormat{}), text.intern(ParaFormat{}));
+    show(text);
+    ASSERT_EQ(bar().maximum(), 0);
+    for (const int larger : {200, 400, 800, 1600}) {
+        box.setZoom(larger);
+        EXPECT_EQ(bar().value(), 0) << larger;
+        settle();
+        EXPECT_EQ(bar().value(), 0) << larger;
+    }
+    EXPECT_GT(bar().maximum(), 0);
+}
+
 // ---- a place that waits until its text has come in again
 
 namespace {
