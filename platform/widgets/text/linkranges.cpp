@@ -42,7 +42,10 @@ LinkRanges::LinkRanges(const std::vector<LinkRange>& ranges) {
             }
         }
         from = edge.at;
-        edge.opens ? open.insert(edge.index).second : open.erase(edge.index) > 0;
+        if (edge.opens)
+            open.insert(edge.index);
+        else
+            open.erase(edge.index);
     }
 }
 
