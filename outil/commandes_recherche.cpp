@@ -7,6 +7,8 @@
 
 namespace velm::outil {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 /// What the options of both commands ask for.
@@ -19,22 +21,22 @@ struct Demande {
 };
 
 int litdemande(Contexte& contexte, Demande& demande) {
-    demande.json = contexte.option(QStringLiteral("--json"));
+    demande.json = contexte.option(u"--json"_s);
     demande.base = cheminbase(contexte);
-    const QString types = contexte.valeur(QStringLiteral("--types"));
-    const QString limite = contexte.valeur(QStringLiteral("--limite"));
+    const QString types = contexte.valeur(u"--types"_s);
+    const QString limite = contexte.valeur(u"--limite"_s);
     demande.texte = contexte.arguments().join(u' ');
     if (!types.isEmpty()) {
         const auto lettres = lettresdescodes(types.toUpper());
         if (!lettres)
-            return contexte.echoue(LigneIncorrecte, 9339, {types, QStringLiteral("--types")});
+            return contexte.echoue(LigneIncorrecte, 9339, {types, u"--types"_s});
         demande.lettres = *lettres;
     }
     if (!limite.isEmpty()) {
         bool nombre = false;
         demande.limite = limite.toLongLong(&nombre);
         if (!nombre || demande.limite < 1)
-            return contexte.echoue(LigneIncorrecte, 9339, {limite, QStringLiteral("--limite")});
+            return contexte.echoue(LigneIncorrecte, 9339, {limite, u"--limite"_s});
     }
     return Reussite;
 }
@@ -55,7 +57,7 @@ int prepare(Contexte& contexte, Preparee& recherche) {
 } // namespace
 
 int mots(Contexte& contexte) {
-    const bool ou = contexte.option(QStringLiteral("--ou"));
+    const bool ou = contexte.option(u"--ou"_s);
     Preparee recherche;
     if (const int code = prepare(contexte, recherche); code != Reussite)
         return code;

@@ -21,6 +21,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 CadrePrincipal::CadrePrincipal(const Donnees& donnees) : donnees_(donnees), barres_(donnees.reglages) {}
 
 CadrePrincipal::~CadrePrincipal() = default;
@@ -44,7 +46,7 @@ QString CadrePrincipal::chargeprincipale() {
     const auto texte = [this](int numero) { return this->texte(numero); };
     traduitoutils();
     ecran_ = std::make_unique<Ecrangeneral>(texte);
-    ecran_->setWindowIcon(QIcon(QStringLiteral(":/velmorante.svg")));
+    ecran_->setWindowIcon(QIcon(u":/velmorante.svg"_s));
     ecran_->avantfermeture = [this] { return donnees_.fin.quitteprogramme(); };
     const auto [actions, aire, volet] = ecran_->pieces();
     bureau_ = std::make_unique<Bureau>(*ecran_, aire, actions, donnees_.corpus,
@@ -106,7 +108,7 @@ void CadrePrincipal::chargecommandes() {
 
 void CadrePrincipal::traduitoutils() {
     const QString langue = donnees_.seance.parametres().extensionlangue.toLower();
-    if (motsdesoutils_.load(QStringLiteral("qtbase_") + langue, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (motsdesoutils_.load(u"qtbase_"_s + langue, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&motsdesoutils_);
 }
 

@@ -4,6 +4,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 /// Key of the first document window of a slot's collection, or eight blanks. Windows that show lists are not recorded.
@@ -28,7 +30,7 @@ QString fenetreactive(const EtatFenetres& etat) {
                 return QString::number(indice).rightJustified(2, u'0');
         }
     }
-    return QStringLiteral("-1");
+    return u"-1"_s;
 }
 
 } // namespace
@@ -41,8 +43,8 @@ bool FinSeance::quittequestions() {
     constexpr int pagedaide = 13;
     if (seance_.preferences().checkquit == 0) {
         const Bouton reponse =
-            dialogues_.message(langue_.lireressource(400) + QStringLiteral(" ?"), langue_.lireressource(401),
-                               Icone::Question, Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Aucun, pagedaide);
+            dialogues_.message(langue_.lireressource(400) + u" ?"_s, langue_.lireressource(401), Icone::Question,
+                               Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Aucun, pagedaide);
         if (reponse != Bouton::Oui)
             return false;
     }
@@ -64,22 +66,21 @@ void FinSeance::ecritfenetres(const EtatFenetres& etat) {
         drapeaux += etat.cochees[static_cast<std::size_t>(indice)] ? u'X' : u' ';
         cles += cledelafenetre(etat, indice);
     }
-    const QString section = QStringLiteral("POSITIONFORME");
-    reglages_.savesetting(section, QStringLiteral("MDICHILD"), fenetreactive(etat) + drapeaux);
-    reglages_.savesetting(section, QStringLiteral("MDICHILDCONTENU"), cles);
-    reglages_.note(QStringLiteral("EDITEUR"), QStringLiteral("LARGEURSELECTION"),
-                   QString::number(etat.largeurpane, 'g', 9));
+    const QString section = u"POSITIONFORME"_s;
+    reglages_.savesetting(section, u"MDICHILD"_s, fenetreactive(etat) + drapeaux);
+    reglages_.savesetting(section, u"MDICHILDCONTENU"_s, cles);
+    reglages_.note(u"EDITEUR"_s, u"LARGEURSELECTION"_s, QString::number(etat.largeurpane, 'g', 9));
 }
 
 void FinSeance::ecritposition(const PositionFenetre& position) {
-    const QString section = QStringLiteral("POSITIONMDI");
+    const QString section = u"POSITIONMDI"_s;
     const auto ecrit = [&](const QString& cle, int valeur) { reglages_.note(section, cle, QString::number(valeur)); };
-    ecrit(QStringLiteral("WINDOWSSTATE"), position.etat);
-    ecrit(QStringLiteral("WINDOWSLEFT"), position.gauche);
-    ecrit(QStringLiteral("WINDOWSTOP"), position.haut);
-    ecrit(QStringLiteral("WINDOWSWIDTH"), position.largeur);
-    ecrit(QStringLiteral("WINDOWSHEIGHT"), position.hauteur);
-    reglages_.savesetting(QStringLiteral("BASE"), QStringLiteral("CHEMIN"), seance_.parametres().repertoiredebase);
+    ecrit(u"WINDOWSSTATE"_s, position.etat);
+    ecrit(u"WINDOWSLEFT"_s, position.gauche);
+    ecrit(u"WINDOWSTOP"_s, position.haut);
+    ecrit(u"WINDOWSWIDTH"_s, position.largeur);
+    ecrit(u"WINDOWSHEIGHT"_s, position.hauteur);
+    reglages_.savesetting(u"BASE"_s, u"CHEMIN"_s, seance_.parametres().repertoiredebase);
 }
 
 bool FinSeance::quitteprogramme() {
