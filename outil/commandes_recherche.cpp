@@ -1,4 +1,5 @@
 // Commands that search, with the engines of the program.
+#include "core/texte.h"
 #include "outil/base.h"
 #include "outil/reponse.h"
 #include "search/recherchedico.h"
@@ -29,14 +30,14 @@ int litdemande(Contexte& contexte, Demande& demande) {
     if (!types.isEmpty()) {
         const auto lettres = lettresdescodes(types.toUpper());
         if (!lettres)
-            return contexte.echoue(LigneIncorrecte, 9339, {types, u"--types"_s});
+            return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre, {types, u"--types"_s});
         demande.lettres = *lettres;
     }
     if (!limite.isEmpty()) {
         bool nombre = false;
         demande.limite = limite.toLongLong(&nombre);
         if (!nombre || demande.limite < 1)
-            return contexte.echoue(LigneIncorrecte, 9339, {limite, u"--limite"_s});
+            return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre, {limite, u"--limite"_s});
     }
     return Reussite;
 }
@@ -65,10 +66,10 @@ int mots(Contexte& contexte) {
     QStringList lignes;
     // Very many documents raise no question: all of them are shown, as nobody named a limit.
     RechercheDico(recherche.corpus, recherche.marche,
-                  {[&lignes](const QString& ligne) { lignes << ligne; }, contexte.texte(7300)})
+                  {[&lignes](const QString& ligne) { lignes << ligne; }, contexte.texte(Texte::MotInconnu)})
         .cherche({demande.texte, demande.lettres, !ou, demande.limite}, recherche.resultat);
     if (recherche.resultat.issue == Resultat::Issue::TexteCourt)
-        return contexte.echoue(LigneIncorrecte, 9455);
+        return contexte.echoue(LigneIncorrecte, Texte::TroisCaracteresAuMoins);
     ecritresultat(contexte, recherche.resultat, lignes, demande.json);
     return Reussite;
 }

@@ -1,6 +1,8 @@
 #include "shell/logique/finseance.h"
 
 #include "core/cle.h"
+#include "core/tablereglages.h"
+#include "core/texte.h"
 
 namespace velm {
 
@@ -42,15 +44,16 @@ FinSeance::FinSeance(const Seance& seance, Reglages& reglages, Langue& langue, C
 bool FinSeance::quittequestions() {
     constexpr int pagedaide = 13;
     if (seance_.preferences().checkquit == 0) {
-        const Bouton reponse =
-            dialogues_.message(langue_.lireressource(400) + u" ?"_s, langue_.lireressource(401), Icone::Question,
-                               Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Aucun, pagedaide);
+        const Bouton reponse = dialogues_.message(langue_.lireressource(Texte::QuestionQuitter) + u" ?"_s,
+                                                  langue_.lireressource(Texte::TitreQuitter), Icone::Question,
+                                                  Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Aucun, pagedaide);
         if (reponse != Bouton::Oui)
             return false;
     }
     if (ecrans_.travaux.impressionouverte()) {
-        const Bouton reponse = dialogues_.message(langue_.lireressource(4402) + u'?', langue_.lireressource(4403),
-                                                  Icone::Question, Bouton::Oui | Bouton::Non);
+        const Bouton reponse = dialogues_.message(langue_.lireressource(Texte::QuestionImpressionEnCours) + u'?',
+                                                  langue_.lireressource(Texte::TitreImpressionEnCours), Icone::Question,
+                                                  Bouton::Oui | Bouton::Non);
         if (reponse == Bouton::Oui)
             ecrans_.travaux.termineimpression();
         else
@@ -66,21 +69,18 @@ void FinSeance::ecritfenetres(const EtatFenetres& etat) {
         drapeaux += etat.cochees[static_cast<std::size_t>(indice)] ? u'X' : u' ';
         cles += cledelafenetre(etat, indice);
     }
-    const QString section = u"POSITIONFORME"_s;
-    reglages_.savesetting(section, u"MDICHILD"_s, fenetreactive(etat) + drapeaux);
-    reglages_.savesetting(section, u"MDICHILDCONTENU"_s, cles);
-    reglages_.note(u"EDITEUR"_s, u"LARGEURSELECTION"_s, QString::number(etat.largeurpane, 'g', 9));
+    reglages_.ecrit(reglage::fenetresouvertes, fenetreactive(etat) + drapeaux);
+    reglages_.ecrit(reglage::fenetrescontenus, cles);
+    reglages_.note(reglage::largeurselection, etat.largeurpane);
 }
 
 void FinSeance::ecritposition(const PositionFenetre& position) {
-    const QString section = u"POSITIONMDI"_s;
-    const auto ecrit = [&](const QString& cle, int valeur) { reglages_.note(section, cle, QString::number(valeur)); };
-    ecrit(u"WINDOWSSTATE"_s, position.etat);
-    ecrit(u"WINDOWSLEFT"_s, position.gauche);
-    ecrit(u"WINDOWSTOP"_s, position.haut);
-    ecrit(u"WINDOWSWIDTH"_s, position.largeur);
-    ecrit(u"WINDOWSHEIGHT"_s, position.hauteur);
-    reglages_.savesetting(u"BASE"_s, u"CHEMIN"_s, seance_.parametres().repertoiredebase);
+    reglages_.note(reglage::cadreetat, position.etat);
+    reglages_.note(reglage::cadregauche, position.gauche);
+    reglages_.note(reglage::cadrehaut, position.haut);
+    reglages_.note(reglage::cadrelargeur, position.largeur);
+    reglages_.note(reglage::cadrehauteur, position.hauteur);
+    reglages_.ecrit(reglage::dossierbase, seance_.parametres().repertoiredebase);
 }
 
 bool FinSeance::quitteprogramme() {
