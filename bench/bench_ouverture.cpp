@@ -71,18 +71,19 @@ struct Lecteur {
         reglages.choisitmaitre(QStringLiteral(VELM_SOURCE_DIR "/master.ini"));
         langue.choisitfichier(QStringLiteral(VELM_SOURCE_DIR), QStringLiteral(VELM_SOURCE_DIR), QStringLiteral("FR"));
         styles = litstyles(reglages, langue, littextesconstants(langue));
-        const ContexteTextes contexte{.lecture = {.corpus = corpus,
-                                                  .navigation = navigation,
-                                                  .styles = styles,
-                                                  .sablier = sablier,
-                                                  .navigateur = navigateur,
-                                                  .texte = [this](int numero) { return langue.lireressource(numero); },
-                                                  .libelle = [](int) { return QStringLiteral("Code"); }},
-                                      .reglages = reglages,
-                                      .parametres = parametres,
-                                      .pressepapiers = pressepapiers,
-                                      .voisinage = voisinage,
-                                      .mots = mots};
+        const ContexteTextes contexte{
+            .lecture = {.corpus = corpus,
+                        .navigation = navigation,
+                        .styles = styles,
+                        .sablier = sablier,
+                        .navigateur = navigateur,
+                        .texte = [this](Texte lequel) { return langue.lireressource(lequel); },
+                        .libelle = [](int) { return QStringLiteral("Code"); }},
+            .reglages = reglages,
+            .parametres = parametres,
+            .pressepapiers = pressepapiers,
+            .voisinage = voisinage,
+            .mots = mots};
         fenetre = std::make_unique<Textes>(0, contexte);
         fenetre->resize(1280, 860);
         fenetre->show();

@@ -131,7 +131,7 @@ void remplit(ListeSelection& liste, const std::vector<Fiche>& toutes) {
 void remplissage(benchmark::State& state) {
     const std::vector<Fiche> toutes = fiches(static_cast<int>(state.range(0)));
     for ([[maybe_unused]] auto _ : state) {
-        ListeSelection liste([](int) { return QString(); });
+        ListeSelection liste([](Texte) { return QString(); });
         remplit(liste, toutes);
         benchmark::DoNotOptimize(liste.rows());
     }
@@ -139,7 +139,7 @@ void remplissage(benchmark::State& state) {
 BENCHMARK(remplissage)->Arg(60'000)->Unit(benchmark::kMillisecond);
 
 void tripartitre(benchmark::State& state) {
-    ListeSelection liste([](int) { return QString(); });
+    ListeSelection liste([](Texte) { return QString(); });
     remplit(liste, fiches(static_cast<int>(state.range(0))));
     for ([[maybe_unused]] auto _ : state)
         liste.trie(0, false);
@@ -147,7 +147,7 @@ void tripartitre(benchmark::State& state) {
 BENCHMARK(tripartitre)->Arg(documents)->Unit(benchmark::kMillisecond);
 
 void trideladocumentation(benchmark::State& state) {
-    ListeSelection liste([](int) { return QString(); });
+    ListeSelection liste([](Texte) { return QString(); });
     Marche marche;
     RechercheRapide(commune->corpus, marche).cherche({QString(), touteslettres()}, liste.resultat());
     bool descendant = false;

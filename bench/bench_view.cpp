@@ -75,9 +75,8 @@ void marked(benchmark::State& state) {
         state.PauseTiming();
         mark.values.colour = mark.values.colour == 255 ? 0xFF0000 : 255;
         shown.view.setRedraw(false);
-        for (int i = 0; i < marksCount; ++i) {
+        for (int i = 0; i < marksCount; ++i)
             shown.view.control().richTextForEdit().changeCharacters(i * step, 8, mark);
-        }
         shown.view.control().notifyChanged();
         state.ResumeTiming();
         shown.paint();
@@ -91,9 +90,8 @@ void laidOutWhole(benchmark::State& state) {
         shown.load();
         state.ResumeTiming();
         shown.paint();
-        while (!shown.view.isSettled()) {
+        while (!shown.view.isSettled())
             QApplication::processEvents();
-        }
     }
 }
 

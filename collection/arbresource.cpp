@@ -1,5 +1,7 @@
 #include "collection/arbresource.h"
 
+#include "core/texte.h"
+
 #include <algorithm>
 
 namespace velm {
@@ -43,8 +45,8 @@ QString ArbreSource::libelledetete(qint64 numero) const {
 
 Problemes ArbreSource::verifie(const QString& fichier) const {
     Problemes problemes;
-    const auto signale = [&](std::size_t noeud, int id, const QStringList& arguments) {
-        problemes.push_back({id, false, fichier, lignes_[noeud], arguments});
+    const auto signale = [&](std::size_t noeud, Texte texte, const QStringList& arguments) {
+        problemes.push_back({texte, false, fichier, lignes_[noeud], arguments});
     };
     std::vector<Etat> etats(noeuds_.size(), Etat::Neuf);
     std::vector<int> profondeurs(noeuds_.size(), 0);
@@ -61,14 +63,14 @@ Problemes ArbreSource::verifie(const QString& fichier) const {
                 break;
             const auto parent = parnumero_.constFind(noeud.parent);
             if (parent == parnumero_.constEnd()) {
-                signale(i, probleme::parentabsent, {QString::number(noeud.parent)});
+                signale(i, Texte::ParentAbsent, {QString::number(noeud.parent)});
                 break;
             }
             if (const int autre = noeuds_[*parent].collection; autre != noeud.collection)
-                signale(i, probleme::autrecollection, {QString::number(noeud.parent), typedindice(autre)});
+                signale(i, Texte::AutreCollection, {QString::number(noeud.parent), typedindice(autre)});
             i = *parent;
             if (etats[i] == Etat::EnCours)
-                signale(chemin.back(), probleme::noeudsenboucle, {QString::number(noeud.numero)});
+                signale(chemin.back(), Texte::NoeudsEnBoucle, {QString::number(noeud.numero)});
             else if (etats[i] == Etat::Fini)
                 profondeur = profondeurs[i];
         }
@@ -77,7 +79,7 @@ Problemes ArbreSource::verifie(const QString& fichier) const {
             profondeurs[n] = ++profondeur;
             etats[n] = Etat::Fini;
             if (profondeur == profondeurmaximale + 1)
-                signale(n, probleme::horslimites, {QString::number(profondeur)});
+                signale(n, Texte::NumeroHorsLimites, {QString::number(profondeur)});
         }
     }
     return problemes;

@@ -1,5 +1,7 @@
 #include "collection/champs.h"
 
+#include "core/texte.h"
+
 #include <QDate>
 
 #include <algorithm>
@@ -43,20 +45,20 @@ void Champs::date(const QString& nom, QString& valeur) {
     texte(nom, valeur);
     if (!valeur.isEmpty() &&
         (valeur.size() != longueurdunedate || !QDate::fromString(valeur, u"yyyy-MM-dd"_s).isValid())) {
-        signale_(probleme::date, valeur, false);
+        signale_(Texte::DateIncorrecte, valeur, false);
         valeur.clear();
     }
 }
 
 void Champs::nature(const QString& nom) {
     if (json_.juste())
-        signale_(probleme::nature, nom, false);
+        signale_(Texte::NatureInattendue, nom, false);
 }
 
 void Champs::inconnu(const QString& nom) {
     json_.passe();
     if (json_.juste())
-        signale_(probleme::champinconnu, nom, true);
+        signale_(Texte::ChampInconnu, nom, true);
 }
 
 void Champs::nulou(const QString& nom) {
@@ -69,9 +71,9 @@ bool signalefaute(const LecteurJson& json, const Signale& signale) {
     if (json.juste())
         return false;
     if (json.erreur() == LecteurJson::Erreur::Utf8)
-        signale(probleme::utf8, {}, false);
+        signale(Texte::PasDeLUtf8, {}, false);
     else
-        signale(probleme::json, QString::number(json.colonne()) + u" : "_s + json.extrait(), false);
+        signale(Texte::JsonIncorrect, QString::number(json.colonne()) + u" : "_s + json.extrait(), false);
     return true;
 }
 

@@ -96,7 +96,7 @@ QString phrase(const Probleme& probleme, const Libelles& texte) {
     QStringList arguments = probleme.arguments;
     if (probleme.obstacle != Obstacle::None)
         arguments << raison(probleme.obstacle, QString(), texte);
-    QString rempli = remplace(texte(probleme.id), arguments);
+    QString rempli = remplace(texte(probleme.texte), arguments);
     if (probleme.avertissement)
         rempli = texte(marqueavertissement) + u" : "_s + rempli;
     if (probleme.fichier.isEmpty() || probleme.ligne == 0)

@@ -2,6 +2,7 @@
 
 #include "collection/aspects.h"
 #include "collection/jetons.h"
+#include "core/texte.h"
 #include "platform/richtext/rtf.h"
 
 #include <algorithm>
@@ -28,7 +29,7 @@ bool estunseul(const std::vector<Morceau>& morceaux, Morceau::Genre genre) {
 
 FaiseurDeCorps::FaiseurDeCorps(const Provenance& provenance) : provenance_(provenance) {
     signale_ = [this](QStringView morceau, bool tolerable) {
-        probleme(probleme::balisage, morceau.toString(), tolerable);
+        probleme(Texte::BalisageIncorrect, morceau.toString(), tolerable);
     };
 }
 
@@ -144,7 +145,7 @@ void FaiseurDeCorps::fermelien(Morceau::Genre genre, QStringView cible) {
         return;
     const CleDocument cle = lirecle(cible);
     if (cle == pasdecle)
-        probleme(probleme::balisage, cible.toString(), false);
+        probleme(Texte::BalisageIncorrect, cible.toString(), false);
     else
         note(cle, cible);
 }
@@ -253,7 +254,7 @@ void FaiseurDeCorps::note(CleDocument cible, QStringView texte) {
     if (muet_ || cible == provenance_.cle(document_))
         return;
     if (provenance_.cherche(cible) < 0) {
-        probleme(probleme::lienabsent, texte.toString(), true);
+        probleme(Texte::LienAbsent, texte.toString(), true);
         return;
     }
     if (vus_.contains(cible))
@@ -262,12 +263,12 @@ void FaiseurDeCorps::note(CleDocument cible, QStringView texte) {
     resultat_->liens.push_back(cible);
 }
 
-void FaiseurDeCorps::probleme(int id, const QString& argument, bool avertissement) {
+void FaiseurDeCorps::probleme(Texte texte, const QString& argument, bool avertissement) {
     // What is wrong in an included document is told where it stands.
     if (muet_)
         return;
     Probleme p = provenance_.lieu(document_);
-    p.id = id;
+    p.texte = texte;
     p.avertissement = avertissement;
     p.arguments = {argument.left(longueurextrait)};
     resultat_->problemes.push_back(std::move(p));
@@ -277,12 +278,12 @@ void FaiseurDeCorps::probleme(int id, const QString& argument, bool avertissemen
 void FaiseurDeCorps::inclut(QStringView texte) {
     const CleDocument cle = lirecle(texte);
     if (cle == pasdecle) {
-        probleme(probleme::balisage, texte.toString(), false);
+        probleme(Texte::BalisageIncorrect, texte.toString(), false);
         return;
     }
     const qsizetype cible = provenance_.cherche(cle);
     if (cible < 0) {
-        probleme(probleme::inclusionabsente, texte.toString(), false);
+        probleme(Texte::InclusionAbsente, texte.toString(), false);
         return;
     }
     // Cycles are told by the check of the source; here they only must not run on.
@@ -334,10 +335,10 @@ void FaiseurDeCorps::richetexte(const QByteArray& rtf) {
             if (const CleDocument cle = lirecle(jeton.texte); cle != pasdecle)
                 note(cle, jeton.texte);
             else
-                probleme(probleme::balisage, jeton.texte.toString(), true);
+                probleme(Texte::BalisageIncorrect, jeton.texte.toString(), true);
             break;
         case Jeton::Genre::Douteux:
-            probleme(probleme::balisage, jeton.texte.toString(), true);
+            probleme(Texte::BalisageIncorrect, jeton.texte.toString(), true);
             break;
         }
     }

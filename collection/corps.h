@@ -41,7 +41,7 @@ private:
     void inclut(QStringView cle);
     const QString& texteinclus(qsizetype cible);
     void note(CleDocument cible, QStringView texte);
-    void probleme(int id, const QString& argument, bool avertissement);
+    void probleme(Texte texte, const QString& argument, bool avertissement);
 
     void richetexte(const QByteArray& rtf);
 

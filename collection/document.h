@@ -14,9 +14,9 @@
 
 namespace velm {
 
-/// What is wrong with a source. The text belongs to the caller: the language file's entry `id` with `arguments`.
+/// What is wrong with a source. The text belongs to the caller: `texte` with `arguments`.
 struct Probleme {
-    int id = 0;
+    Texte texte{};
     bool avertissement = false; ///< the base is made all the same
     QString fichier;            ///< relative to the source folder; empty for none
     qint64 ligne = 0;           ///< from 1; 0 for the file as a whole
@@ -29,38 +29,6 @@ struct Probleme {
     friend bool operator==(const Probleme&, const Probleme&) = default;
 };
 using Problemes = std::vector<Probleme>;
-
-/// The numbers of the problems in the language file.
-namespace probleme {
-inline constexpr auto illisible = Texte::FichierIllisible;
-inline constexpr auto json = Texte::JsonIncorrect;
-inline constexpr auto champmanquant = Texte::ChampManquant;
-inline constexpr auto collectioninconnue = Texte::CollectionInconnue;
-inline constexpr auto horslimites = Texte::NumeroHorsLimites;
-inline constexpr auto cleendouble = Texte::CleEnDouble;
-inline constexpr auto noeudinconnu = Texte::NoeudInconnu;
-inline constexpr auto lienabsent = Texte::LienAbsent;
-inline constexpr auto inclusionabsente = Texte::InclusionAbsente;
-inline constexpr auto inclusionsenboucle = Texte::InclusionsEnBoucle;
-inline constexpr auto styleinconnu = Texte::StyleInconnu;
-inline constexpr auto balisage = Texte::BalisageIncorrect;
-inline constexpr auto rtfabsent = Texte::RtfAbsent;
-inline constexpr auto date = Texte::DateIncorrecte;
-inline constexpr auto parentabsent = Texte::ParentAbsent;
-inline constexpr auto noeudsenboucle = Texte::NoeudsEnBoucle;
-inline constexpr auto typeinconnu = Texte::TypeInconnu;
-inline constexpr auto titre = Texte::TitreVideOuTropLong;
-inline constexpr auto nature = Texte::NatureInattendue;
-inline constexpr auto champinconnu = Texte::ChampInconnu;
-inline constexpr auto noeudendouble = Texte::NoeudEnDouble;
-inline constexpr auto autrecollection = Texte::AutreCollection;
-inline constexpr auto couleur = Texte::CouleurIncorrecte;
-inline constexpr auto corpsourtf = Texte::CorpsOuRtf;
-inline constexpr auto tropdemotscles = Texte::TropDeMotsCles;
-inline constexpr auto pasdurtf = Texte::PasDuRtf;
-inline constexpr auto horsdudossier = Texte::HorsDuDossier;
-inline constexpr auto utf8 = Texte::PasDeLUtf8;
-} // namespace probleme
 
 /// A document's key as one number that sorts by the order of the eleven collections, then by number.
 using CleDocument = quint32;

@@ -4,6 +4,7 @@
 #include "collection/champs.h"
 #include "collection/ecritrtf.h"
 #include "collection/jetons.h"
+#include "core/texte.h"
 #include "platform/richtext/rtf.h"
 #include "platform/system/files.h"
 
@@ -90,7 +91,7 @@ private:
                 mots << mot;
         });
         if (mots.size() > plusdemotscles)
-            signale_(probleme::tropdemotscles, {}, false);
+            signale_(Texte::TropDeMotsCles, {}, false);
         std::copy_n(mots.begin(), std::min(mots.size(), plusdemotscles), fiche_.entete.motscles.begin());
     }
 
@@ -119,7 +120,7 @@ private:
                     champs_.inconnu(membre);
             });
             if (json_.juste() && !styledunom(style))
-                signale_(probleme::styleinconnu, style, false);
+                signale_(Texte::StyleInconnu, style, false);
             chercheinclusions(texte, [this](QStringView cle) { inclusion(cle); });
         });
     }
@@ -132,7 +133,7 @@ private:
 
     void corpsourtf() {
         if (corps_ != rtf_.isEmpty()) {
-            signale_(probleme::corpsourtf, {}, false);
+            signale_(Texte::CorpsOuRtf, {}, false);
             return;
         }
         if (!rtf_.isEmpty())
@@ -141,19 +142,19 @@ private:
 
     void fichierrtf() {
         if (fichiers_.dehors(rtf_)) {
-            signale_(probleme::horsdudossier, rtf_, false);
+            signale_(Texte::HorsDuDossier, rtf_, false);
             return;
         }
         const FileBytes lu = fichiers_.lit(QDir::cleanPath(rtf_));
         if (!lu.ok()) {
             const bool absent = lu.error.kind == Obstacle::Missing;
-            signale_(absent ? probleme::rtfabsent : probleme::illisible, rtf_, false,
+            signale_(absent ? Texte::RtfAbsent : Texte::FichierIllisible, rtf_, false,
                      absent ? Obstacle::None : lu.error.kind);
             return;
         }
         RichText texte;
         if (!readRtf(lu.bytes, texte)) {
-            signale_(probleme::pasdurtf, rtf_, false);
+            signale_(Texte::PasDuRtf, rtf_, false);
             return;
         }
         fiche_.fichierrtf = rtf_;
@@ -169,7 +170,7 @@ private:
     }
 
     bool manque(const QString& nom) {
-        signale_(probleme::champmanquant, nom, false);
+        signale_(Texte::ChampManquant, nom, false);
         return false;
     }
 
@@ -179,26 +180,26 @@ private:
             if (const auto valeur = lirecouleur(couleur_))
                 e.couleur = *valeur;
             else
-                signale_(probleme::couleur, couleur_, false);
+                signale_(Texte::CouleurIncorrecte, couleur_, false);
         } else {
             e.couleur = -1;
         }
         if (noeud_ && (*noeud_ < 0 || *noeud_ > plusgrandnoeud))
-            signale_(probleme::horslimites, QString::number(*noeud_), false);
+            signale_(Texte::NumeroHorsLimites, QString::number(*noeud_), false);
         e.noeud = noeud_.value_or(0);
         if (e.titre.trimmed().isEmpty() || e.titre.size() > longueurdutitre)
-            signale_(probleme::titre, QString::number(longueurdutitre), false);
+            signale_(Texte::TitreVideOuTropLong, QString::number(longueurdutitre), false);
         if (collection_.isEmpty())
             return manque(u"collection"_s);
         const int collection = indicedecollection(collection_);
         if (collection < 0) {
-            signale_(probleme::collectioninconnue, collection_, false);
+            signale_(Texte::CollectionInconnue, collection_, false);
             return false;
         }
         if (!numero_)
             return manque(u"numero"_s);
         if (*numero_ < 1 || *numero_ > plusgrandnumero) {
-            signale_(probleme::horslimites, QString::number(*numero_), false);
+            signale_(Texte::NumeroHorsLimites, QString::number(*numero_), false);
             return false;
         }
         e.cle = cledocument(collection, static_cast<int>(*numero_));

@@ -13,8 +13,9 @@ public:
     template <typename Dit>
     explicit Signale(Dit dit) : dit_(std::move(dit)) {}
 
-    void operator()(int id, const QString& argument, bool avertissement, Obstacle obstacle = Obstacle::None) const {
-        dit_({id, avertissement, {}, 0, argument.isEmpty() ? QStringList() : QStringList{argument}, obstacle});
+    void operator()(Texte texte, const QString& argument, bool avertissement,
+                    Obstacle obstacle = Obstacle::None) const {
+        dit_({texte, avertissement, {}, 0, argument.isEmpty() ? QStringList() : QStringList{argument}, obstacle});
     }
 
 private:

@@ -1,5 +1,6 @@
 // The files of a source besides its documents: collection.json and the tree.
 #include "collection/champs.h"
+#include "core/texte.h"
 
 #include <algorithm>
 
@@ -52,17 +53,17 @@ bool litnoeud(QByteArrayView ligne, Noeud& noeud, const Signale& signale) {
     if (signalefaute(json, signale))
         return false;
     if (noeud.libelle.trimmed().isEmpty())
-        signale(probleme::champmanquant, u"libelle"_s, false);
+        signale(Texte::ChampManquant, u"libelle"_s, false);
     noeud.collection = indicedecollection(collection);
     if (noeud.collection < 0)
-        signale(collection.isEmpty() ? probleme::champmanquant : probleme::collectioninconnue,
+        signale(collection.isEmpty() ? Texte::ChampManquant : Texte::CollectionInconnue,
                 collection.isEmpty() ? u"collection"_s : collection, false);
     if (!numero) {
-        signale(probleme::champmanquant, u"noeud"_s, false);
+        signale(Texte::ChampManquant, u"noeud"_s, false);
         return false;
     }
     if (*numero < 1 || *numero > plusgrandnoeud) {
-        signale(probleme::horslimites, QString::number(*numero), false);
+        signale(Texte::NumeroHorsLimites, QString::number(*numero), false);
         return false;
     }
     noeud.numero = *numero;
@@ -136,13 +137,13 @@ private:
             if (!json_.juste())
                 return;
             if (!numero || type.libelle.isEmpty()) {
-                signale_(probleme::champmanquant, numero ? u"libelle"_s : u"numero"_s, false);
+                signale_(Texte::ChampManquant, numero ? u"libelle"_s : u"numero"_s, false);
                 return;
             }
             type.numero = *numero;
             for (const TypeDeDocument& autre : reglages_.types) {
                 if (autre.numero == type.numero || autre.libelle == type.libelle)
-                    signale_(probleme::cleendouble, type.libelle, false);
+                    signale_(Texte::CleEnDouble, type.libelle, false);
             }
             reglages_.types.push_back(type);
         });
@@ -155,9 +156,9 @@ private:
         if (!json_.juste())
             return;
         if (!style)
-            signale_(probleme::styleinconnu, nom, false);
+            signale_(Texte::StyleInconnu, nom, false);
         else if (section.contains(u'{') || section.contains(u'}'))
-            signale_(probleme::balisage, section, false);
+            signale_(Texte::BalisageIncorrect, section, false);
         else
             reglages_.sections[static_cast<std::size_t>(*style)] = section;
     }
@@ -170,9 +171,9 @@ private:
             return;
         const auto valeur = lirecouleur(texte);
         if (collection < 0)
-            signale_(probleme::collectioninconnue, code, false);
+            signale_(Texte::CollectionInconnue, code, false);
         else if (!valeur)
-            signale_(probleme::couleur, texte, false);
+            signale_(Texte::CouleurIncorrecte, texte, false);
         else
             reglages_.couleurs[static_cast<std::size_t>(collection)] = *valeur;
     }

@@ -3,6 +3,7 @@
 #include "collection/chaine.h"
 #include "collection/inclusions.h"
 #include "collection/lecture.h"
+#include "core/texte.h"
 #include "platform/system/files.h"
 #include "platform/text/letters.h"
 
@@ -52,7 +53,7 @@ SourceDossier::SourceDossier(const QString& source) : SourceDossier(std::make_un
 
 SourceDossier::SourceDossier(std::unique_ptr<const FichiersSource> fichiers) : source_(std::move(fichiers)) {
     if (const Obstacle obstacle = source_->obstacle(); obstacle != Obstacle::None) {
-        problemes_.push_back({probleme::illisible, false, {}, 0, {source_->lieu()}, obstacle});
+        problemes_.push_back({Texte::FichierIllisible, false, {}, 0, {source_->lieu()}, obstacle});
         return;
     }
     litreglages();
@@ -66,8 +67,8 @@ SourceDossier::SourceDossier(std::unique_ptr<const FichiersSource> fichiers) : s
     verifieinclusions();
 }
 
-void SourceDossier::probleme(int fichier, qint64 ligne, int id, const QString& argument, bool avertissement) {
-    problemes_.push_back({id, avertissement, fichier < 0 ? QString() : nomdufichier(fichier), ligne,
+void SourceDossier::probleme(int fichier, qint64 ligne, Texte texte, const QString& argument, bool avertissement) {
+    problemes_.push_back({texte, avertissement, fichier < 0 ? QString() : nomdufichier(fichier), ligne,
                           argument.isEmpty() ? QStringList() : QStringList{argument}});
 }
 
@@ -75,7 +76,7 @@ bool SourceDossier::litfichier(const QString& nom, bool exige) {
     FileBytes lu = source_->lit(nom);
     if (!lu.ok()) {
         if (exige || lu.error.kind != Obstacle::Missing)
-            problemes_.push_back({probleme::illisible, false, nom, 0, {nom}, lu.error.kind});
+            problemes_.push_back({Texte::FichierIllisible, false, nom, 0, {nom}, lu.error.kind});
         return false;
     }
     if (lu.bytes.startsWith(marqueutf8))
@@ -106,7 +107,7 @@ void SourceDossier::litnoeuds() {
             problemes_.push_back(std::move(p));
         });
         if (litnoeud(ligne, noeud, signale) && !arbre_.ajoute(noeud, numero))
-            probleme(fichier, numero, probleme::noeudendouble, QString::number(noeud.numero));
+            probleme(fichier, numero, Texte::NoeudEnDouble, QString::number(noeud.numero));
     });
 }
 
@@ -167,7 +168,7 @@ void SourceDossier::range() {
     const auto fin = std::unique(fiches_.begin(), fiches_.end(), [&](const Fiche& a, const Fiche& b) {
         if (a.entete.cle != b.entete.cle)
             return false;
-        probleme(b.fichier, b.ligne, probleme::cleendouble, textedelacle(b.entete.cle));
+        probleme(b.fichier, b.ligne, Texte::CleEnDouble, textedelacle(b.entete.cle));
         return true;
     });
     fiches_.erase(fin, fiches_.end());
@@ -225,9 +226,9 @@ void SourceDossier::verifiedocument(Fiche& f) {
     if (e.noeud != 0) {
         const Noeud* noeud = arbre_.trouve(e.noeud);
         if (noeud == nullptr)
-            probleme(f.fichier, f.ligne, probleme::noeudinconnu, QString::number(e.noeud));
+            probleme(f.fichier, f.ligne, Texte::NoeudInconnu, QString::number(e.noeud));
         else if (noeud->collection != collectiondelacle(e.cle)) {
-            problemes_.push_back({probleme::autrecollection,
+            problemes_.push_back({Texte::AutreCollection,
                                   false,
                                   nomdufichier(f.fichier),
                                   f.ligne,
@@ -235,7 +236,7 @@ void SourceDossier::verifiedocument(Fiche& f) {
         }
     } else if (arbre_.aunebranche(collectiondelacle(e.cle))) {
         // The tree shows documents without a node only in a collection that has no branches.
-        probleme(f.fichier, f.ligne, probleme::champmanquant, u"noeud"_s, true);
+        probleme(f.fichier, f.ligne, Texte::ChampManquant, u"noeud"_s, true);
     }
     e.titretexte = titredutexte(e);
 }
@@ -248,7 +249,7 @@ void SourceDossier::completetypes() {
             connus.insert(type.libelle);
         for (const Fiche& f : fiches_) {
             if (!f.entete.type.isEmpty() && !connus.contains(f.entete.type))
-                probleme(f.fichier, f.ligne, probleme::typeinconnu, f.entete.type);
+                probleme(f.fichier, f.ligne, Texte::TypeInconnu, f.entete.type);
         }
         return;
     }
@@ -282,7 +283,7 @@ void SourceDossier::verifieinclusions() {
             cles << u"…"_s;
         cles << textedelacle(cle(boucle.front()));
         Probleme tourne = lieu(boucle.back());
-        tourne.id = probleme::inclusionsenboucle;
+        tourne.texte = Texte::InclusionsEnBoucle;
         tourne.arguments = {cles.join(u" → "_s)};
         problemes_.push_back(std::move(tourne));
     }

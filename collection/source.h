@@ -65,7 +65,7 @@ private:
     void completetypes();
     void verifiedocument(Fiche& fiche);
     void verifieinclusions();
-    void probleme(int fichier, qint64 ligne, int id, const QString& argument, bool avertissement = false);
+    void probleme(int fichier, qint64 ligne, Texte texte, const QString& argument, bool avertissement = false);
     const QString& nomdufichier(int fichier) const { return fichiers_[static_cast<std::size_t>(fichier)].nom; }
     QString titredutexte(const Entete& entete) const;
 

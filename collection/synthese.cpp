@@ -2,6 +2,7 @@
 #include "collection/collection.h"
 #include "collection/temporaire.h"
 #include "collection/vocabulaire.h"
+#include "core/texte.h"
 
 #include <QDate>
 #include <QElapsedTimer>
@@ -290,7 +291,7 @@ ResultatCompilation synthese(const OptionsSynthese& options, const QString& base
     if (options.documents < 1 || options.documents > plusdedocuments) {
         ResultatCompilation resultat;
         resultat.etat = ResultatCompilation::Etat::SourceIncorrecte;
-        resultat.problemes.push_back({probleme::horslimites, false, {}, 0, {QString::number(options.documents)}});
+        resultat.problemes.push_back({Texte::NumeroHorsLimites, false, {}, 0, {QString::number(options.documents)}});
         return resultat;
     }
     const ProvenanceInventee provenance(options);

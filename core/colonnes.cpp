@@ -1,6 +1,7 @@
 #include "core/colonnes.h"
 
 #include "core/reglages.h"
+#include "core/texte.h"
 #include "platform/text/number.h"
 
 #include <algorithm>
@@ -20,9 +21,9 @@ int chiffre(QStringView ordre, int place) {
 
 } // namespace
 
-Colonnes::Colonnes(ModeleColonnes modele, const std::function<QString(int)>& texte) : modele_(std::move(modele)) {
+Colonnes::Colonnes(ModeleColonnes modele, const Libelles& texte) : modele_(std::move(modele)) {
     for (const ModeleColonne& colonne : modele_.colonnes) {
-        titres_ << (texte && colonne.titre != 0 ? texte(colonne.titre) : QString());
+        titres_ << (texte && colonne.titre ? texte(*colonne.titre) : QString());
         etats_.push_back({etats_.size(), colonne.largeur});
         visibles_ += colonne.largeur > 0 ? 1 : 0;
     }
@@ -120,17 +121,16 @@ void Colonnes::prendlargeur(int place, double lue) {
 // ---- the settings
 
 void litcolonnes(const Reglages& reglages, const ClesColonnes& cles, Colonnes& colonnes) {
-    colonnes.prend(reglages.getsetting(cles.section, cles.ordre), reglages.getsetting(cles.section, cles.largeurs));
+    colonnes.prend(reglages.lit(cles.ordre), reglages.lit(cles.largeurs));
 }
 
 void ecritcolonnes(Reglages& reglages, const ClesColonnes& cles, const Colonnes& colonnes) {
     Colonnes gardees(colonnes.modele());
-    const QString usuel = gardees.ordre();
     litcolonnes(reglages, cles, gardees);
-    if (colonnes.ordre() != reglages.getsetting(cles.section, cles.ordre, usuel))
-        reglages.savesetting(cles.section, cles.ordre, colonnes.ordre());
+    if (colonnes.ordre() != reglages.lit(cles.ordre))
+        reglages.ecrit(cles.ordre, colonnes.ordre());
     if (colonnes.largeurs() != gardees.largeurs())
-        reglages.savesetting(cles.section, cles.largeurs, colonnes.largeurs());
+        reglages.ecrit(cles.largeurs, colonnes.largeurs());
 }
 
 } // namespace velm

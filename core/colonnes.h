@@ -3,11 +3,14 @@
 // that is kept from one run to the next. What a list has for columns stands in one table, its ModeleColonnes.
 //
 // Columns count from 0 as they stand: one that is moved takes its meaning, its width and its title with it.
+#include "core/sortesreglages.h"
+#include "core/texte.h"
+
 #include <QString>
 #include <QStringList>
 #include <QStringView>
 
-#include <functional>
+#include <optional>
 #include <vector>
 
 namespace velm {
@@ -16,9 +19,9 @@ class Reglages;
 
 /// A column that nobody has touched.
 struct ModeleColonne {
-    int champ = 0;   ///< what it shows, by a digit of the list's own; no other column has it
-    int largeur = 0; ///< twips; 0 for one that is never seen
-    int titre = 0;   ///< number of the text above it, 0 for none
+    int champ = 0;                   ///< what it shows, by a digit of the list's own; no other column has it
+    int largeur = 0;                 ///< twips; 0 for one that is never seen
+    std::optional<Texte> titre = {}; ///< the text above it, if there is one
 };
 
 struct ModeleColonnes {
@@ -37,7 +40,7 @@ struct ModeleColonnes {
 class Colonnes {
 public:
     /// `texte` gives the titles; without it there are none.
-    explicit Colonnes(ModeleColonnes modele, const std::function<QString(int)>& texte = {});
+    explicit Colonnes(ModeleColonnes modele, const Libelles& texte = {});
 
     const ModeleColonnes& modele() const { return modele_; }
     int nombre() const { return static_cast<int>(etats_.size()); }
@@ -84,9 +87,8 @@ private:
 
 /// Where a list keeps its columns.
 struct ClesColonnes {
-    QString section;
-    QString ordre;
-    QString largeurs;
+    ReglageTexte ordre; ///< by default the usual one
+    ReglageTexte largeurs;
 };
 
 /// Takes what was kept; where that is nothing, or damaged, the columns stay as they are.

@@ -1,6 +1,7 @@
 #include "core/listes.h"
 
 #include "core/langue.h"
+#include "core/texte.h"
 #include "platform/text/number.h"
 
 namespace velm {
@@ -9,39 +10,39 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int titredesmessages = 8;
-constexpr int titredelimpression = 33;
+constexpr auto titredesmessages = Texte::NomDuProgramme;
+constexpr auto titredelimpression = Texte::TitreImpressionDeLaListe;
 
 } // namespace
 
-QString textecompte(qint64 nombre, const std::function<QString(int)>& texte) {
-    constexpr int motdusingulier = 2171;
-    constexpr int motdepluriel = 2172;
+QString textecompte(qint64 nombre, const Libelles& texte) {
+    constexpr auto motdusingulier = Texte::MotDocument;
+    constexpr auto motdepluriel = Texte::MotDocuments;
     return numberText(nombre) + u' ' + texte(nombre > 1 ? motdepluriel : motdusingulier);
 }
 
 /// A list with all its rows selected takes its time.
-bool veutouvrir(qsizetype nombre, Dialogues& dialogues, const std::function<QString(int)>& texte) {
+bool veutouvrir(qsizetype nombre, Dialogues& dialogues, const Libelles& texte) {
     constexpr qsizetype sansquestion = 50;
-    constexpr int question = 9495;
+    constexpr auto question = Texte::QuestionOuvrirLesDocuments;
     return nombre <= sansquestion ||
            dialogues.message(remplace(texte(question), {QString::number(nombre)}), texte(titredesmessages),
                              Icone::Question, Bouton::Oui | Bouton::Non, Bouton::Non) == Bouton::Oui;
 }
 
-bool veutimprimer(Dialogues& dialogues, const std::function<QString(int)>& texte) {
-    constexpr int question = 2432;
+bool veutimprimer(Dialogues& dialogues, const Libelles& texte) {
+    constexpr auto question = Texte::QuestionImprimerLaListe;
     return dialogues.message(texte(question) + u" ?"_s, titreimprime(texte), Icone::Question,
                              Bouton::Oui | Bouton::Non) == Bouton::Oui;
 }
 
-QString titreimprime(const std::function<QString(int)>& texte) {
+QString titreimprime(const Libelles& texte) {
     return texte(titredelimpression);
 }
 
 void imprimeliste(const TableauImprime& papier, Imprimante& imprimante, Sablier& sablier, Dialogues& dialogues,
-                  const std::function<QString(int)>& texte) {
-    constexpr int impossible = 9496;
+                  const Libelles& texte) {
+    constexpr auto impossible = Texte::ListePasImprimee;
     const bool imprimee = [&] {
         const Attente attente(sablier);
         return imprimante.imprime(papier);

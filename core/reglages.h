@@ -65,9 +65,6 @@ public:
     QString getsetting(const QString& section, const QString& cle, const QString& defaut = QString()) const;
     /// Writes a user's value. A failure is said once (see ReglagesStore::lastError) and the program goes on.
     bool savesetting(const QString& section, const QString& cle, const QString& valeur);
-    /// The same for what the program writes by itself, as the places of windows at its end: a value that is set aside
-    /// stays in its file as long as this is nothing but the number that stood in for it.
-    bool note(const QString& section, const QString& cle, const QString& valeur);
     /// Who says that settings cannot be written: called at the first failure only.
     void surechec(std::function<void(const FileError& raison)> dit);
     /// For writers of a whole batch.
@@ -77,14 +74,6 @@ public:
     /// else the built-in default) counts in its place, and the file keeps it until the setting is saved. False ends the
     /// program, and so does any such value while nobody decides.
     void surfaute(std::function<bool(const RuntimeFailure& faute)> decide);
-
-    // Readings with conversion; `maitre` sends the default through lireparametre first. A text that is no number, or a
-    // number out of bounds, is a run-time error (see surfaute): values are never validated.
-    QString texte(const QString& section, const QString& cle, const QString& defaut, bool maitre) const;
-    qint64 entier(const QString& section, const QString& cle, qint64 defaut, bool maitre,
-                  const Bornes& bornes = {}) const;
-    double reel(const QString& section, const QString& cle, double defaut, bool maitre) const;
-    bool booleen(const QString& section, const QString& cle, bool defaut, bool maitre) const;
 
     ReglagesStore& magasin() const { return magasin_; }
 
@@ -100,6 +89,12 @@ private:
         std::weak_ptr<const std::function<void()>> dit;
     };
 
+    // By section and key; `maitre` sends the default through lireparametre first.
+    QString texte(const QString& section, const QString& cle, const QString& defaut, bool maitre) const;
+    qint64 entier(const QString& section, const QString& cle, qint64 defaut, bool maitre, const Bornes& bornes) const;
+    double reel(const QString& section, const QString& cle, double defaut, bool maitre) const;
+    bool booleen(const QString& section, const QString& cle, bool defaut, bool maitre) const;
+    bool note(const QString& section, const QString& cle, const QString& valeur);
     double nombrelu(const QString& section, const QString& cle, const QString& defaut, bool maitre,
                     const Conversion& convertit) const;
     /// Writes, as the program by itself or as a user, and tells who listens if the setting is another one then.

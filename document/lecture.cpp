@@ -2,6 +2,7 @@
 
 #include "core/adresse.h"
 #include "core/langue.h"
+#include "core/texte.h"
 #include "document/clic.h"
 #include "platform/base/memory.h"
 #include "platform/system/addresses.h"
@@ -34,7 +35,7 @@ void Lecture::changeabc(bool abc) {
 }
 
 void Lecture::montre(const Cle& cle, bool abc, const QString& ancre) {
-    constexpr int tropgrand = 9566;
+    constexpr auto tropgrand = Texte::DocumentTropGrand;
     constexpr qsizetype plusdetitre = 200; // characters that the message shows
     fixemarques(false);                    // the text comes without any
     entiere_ = withinMemory([&] {
@@ -98,7 +99,7 @@ void Lecture::suit(qsizetype position) {
 }
 
 void Lecture::ditsirefuse(Navigateur::Handed issue, const QString& adresse) const {
-    constexpr int refusee = 9565;
+    constexpr auto refusee = Texte::LienRefuse;
     if (issue == Navigateur::Handed::Refused)
         parties_.vue.dit(remplace(contexte_.texte(refusee), {u"\n\n"_s + shownAddress(adresse)}));
 }

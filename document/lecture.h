@@ -2,6 +2,7 @@
 // What is read in a document window: the document shown and the way to it, the links in its text, the words that are
 // looked for and marked in it. It knows no widget: the text is a control without a screen, the rest stands behind
 // interfaces.
+#include "core/texte.h"
 #include "document/affichage.h"
 #include "document/marques.h"
 #include "document/navigation.h"
@@ -48,7 +49,7 @@ struct ContexteLecture {
     const TableStyles& styles;
     Sablier& sablier;
     Navigateur& navigateur;
-    std::function<QString(int numero)> texte;   ///< of the language file
+    Libelles texte;                             ///< of the language file
     std::function<QString(int indice)> libelle; ///< of a slot: what a caption begins with
     BornesPasses bornes = {};
 };

@@ -1,5 +1,6 @@
 #include "document/listecollection.h"
 
+#include "core/texte.h"
 #include "platform/base/failure.h"
 #include "platform/text/letters.h"
 
@@ -54,7 +55,11 @@ QString ListeCollection::champ(QChar chiffre) {
 }
 
 ModeleColonnes ListeCollection::modele() {
-    return {.colonnes = {{0, 2000, 300}, {1, 2000, 301}, {2, 2000, 302}, {3, 2000, 303}, {4, 0, 304}},
+    return {.colonnes = {{0, 2000, Texte::Titre},
+                         {1, 2000, Texte::ColonneMotCle1},
+                         {2, 2000, Texte::ColonneMotCle2},
+                         {3, 2000, Texte::ColonneMotCle3},
+                         {4, 0, Texte::ColonneReference}},
             .pluspetite = 1,
             .plusgrande = 30'000,
             .plafonne = true,

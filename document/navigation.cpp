@@ -1,5 +1,6 @@
 #include "document/navigation.h"
 
+#include "core/tablereglages.h"
 #include "document/commandenavigation.h"
 #include "platform/text/number.h"
 
@@ -318,24 +319,18 @@ void Navigation::voisin(FenetreNavigable& fenetre, const QString& code, bool hau
     ouvre({code, sixchiffres(numero)});
 }
 
-namespace {
-const QString section = u"DERNIERSDOCUMENTS"_s;
-}
-
 void Navigation::chargederniers(const Reglages& reglages) {
     for (int rang = 0; rang < nombrederniers; ++rang) {
-        const QString numero = QString::number(rang);
-        derniersdocumentslibelles_[static_cast<std::size_t>(rang)] = reglages.getsetting(section, u"NOM"_s + numero);
-        derniersdocuments_[static_cast<std::size_t>(rang)] = reglages.getsetting(section, u"REF"_s + numero);
+        derniersdocumentslibelles_[static_cast<std::size_t>(rang)] = reglages.lit(reglage::derniernom[rang]);
+        derniersdocuments_[static_cast<std::size_t>(rang)] = reglages.lit(reglage::dernierref[rang]);
     }
 }
 
 void Navigation::sauvederniers(Reglages& reglages) const {
     ReglagesStore::Batch ensemble(reglages.magasin());
     for (int rang = 0; rang < nombrederniers; ++rang) {
-        const QString numero = QString::number(rang);
-        reglages.savesetting(section, u"NOM"_s + numero, derniersdocumentslibelles_[static_cast<std::size_t>(rang)]);
-        reglages.savesetting(section, u"REF"_s + numero, derniersdocuments_[static_cast<std::size_t>(rang)]);
+        reglages.ecrit(reglage::derniernom[rang], derniersdocumentslibelles_[static_cast<std::size_t>(rang)]);
+        reglages.ecrit(reglage::dernierref[rang], derniersdocuments_[static_cast<std::size_t>(rang)]);
     }
     if (!ensemble.commit())
         reglages.signaleechec();

@@ -1,23 +1,18 @@
 #include "document/proprietes.h"
 
 #include "core/cle.h"
+#include "core/tablereglages.h"
 #include "platform/text/number.h"
 
 #include <algorithm>
 
 namespace velm {
 
-using namespace Qt::Literals::StringLiterals;
-
 namespace {
 
-const QString section = u"POSITIONFORME"_s;
-const QString clelargeur = u"PROPRIETESWIDTH"_s;
-const QString clehauteur = u"PROPRIETESHEIGHT"_s;
-
-int nombre(const Reglages& reglages, const QString& cle) {
+int nombre(const Reglages& reglages, const ReglageLibre& reglage) {
     constexpr double borne = 100'000;
-    return static_cast<int>(std::clamp(val(reglages.getsetting(section, cle)), 0.0, borne));
+    return static_cast<int>(std::clamp(reglages.lit(reglage), 0.0, borne));
 }
 
 } // namespace
@@ -41,13 +36,13 @@ Proprietes afficheproprietes(const Cle& cle, const QString& titrecourant, const 
 }
 
 TailleProprietes littailleproprietes(const Reglages& reglages) {
-    return {nombre(reglages, clelargeur), nombre(reglages, clehauteur)};
+    return {nombre(reglages, reglage::proprieteslargeur), nombre(reglages, reglage::proprieteshauteur)};
 }
 
 void ecrittailleproprietes(Reglages& reglages, const TailleProprietes& taille) {
     ReglagesStore::Batch lot(reglages.magasin());
-    reglages.savesetting(section, clelargeur, QString::number(taille.largeur));
-    reglages.savesetting(section, clehauteur, QString::number(taille.hauteur));
+    reglages.ecrit(reglage::proprieteslargeur, taille.largeur);
+    reglages.ecrit(reglage::proprieteshauteur, taille.hauteur);
     if (!lot.commit())
         reglages.signaleechec();
 }

@@ -1,11 +1,12 @@
 #include "document/sourceliens.h"
 
+#include "core/texte.h"
 #include "platform/text/frenchorder.h"
 
 namespace velm {
 
 ModeleColonnes SourceLiens::modele() {
-    return {.colonnes = {{Code, 360, 0}, {Titre, 2000, 300}, {Clef, 0, 0}}};
+    return {.colonnes = {{Code, 360, {}}, {Titre, 2000, Texte::Titre}, {Clef, 0, {}}}};
 }
 
 QString SourceLiens::text(int row, int column) const {

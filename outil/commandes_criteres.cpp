@@ -1,4 +1,5 @@
 // The criteria search and the files that keep it.
+#include "core/texte.h"
 #include "outil/base.h"
 #include "outil/reponse.h"
 #include "search/etatformulaire.h"
@@ -27,7 +28,7 @@ struct Demande {
 };
 
 int refuse(Contexte& contexte, const QString& valeur, const QString& option) {
-    return contexte.echoue(LigneIncorrecte, 9339, {valeur, option});
+    return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre, {valeur, option});
 }
 
 int littextes(Contexte& contexte, Criteres& criteres) {
@@ -131,9 +132,9 @@ QJsonObject criteresjson(const FichierCriteres& f) {
 QString textelisible(Contexte& contexte, const Criteres& criteres, std::size_t i) {
     QStringList marques;
     if (criteres.motentier[i])
-        marques << contexte.texte(1731);
+        marques << contexte.texte(Texte::MotEntier);
     if (criteres.respectminmaj[i])
-        marques << contexte.texte(1730);
+        marques << contexte.texte(Texte::RespecterLesMajuscules);
     return criteres.texterech[i] + (marques.isEmpty() ? QString() : u" ("_s + marques.join(u", "_s) + u')');
 }
 
@@ -143,26 +144,28 @@ QStringList criteresenlignes(Contexte& contexte, const FichierCriteres& f) {
     QStringList date{c.textejour, c.textemois, c.texteannee};
     date.removeAll(QString());
     QStringList places;
-    constexpr std::array<int, 3> nomsdeslieux{300, 2121, 1409};
+    constexpr std::array<Texte, 3> nomsdeslieux{Texte::Titre, Texte::TexteDuDocument, Texte::Source};
     for (std::size_t i = 0; i < nomsdeslieux.size(); ++i) {
         if (c.emplacement[i])
             places << contexte.texte(nomsdeslieux[i]);
     }
-    constexpr std::array<int, EtatFormulaire::onglets> nomsdesonglets{2715, 2716, 7301};
+    constexpr std::array<Texte, EtatFormulaire::onglets> nomsdesonglets{Texte::OngletRapide, Texte::OngletCriteres,
+                                                                        Texte::OngletMots};
     QStringList onglet;
     if (f.ongletrecherche >= 0 && f.ongletrecherche < EtatFormulaire::onglets)
         onglet << contexte.texte(nomsdesonglets[static_cast<std::size_t>(f.ongletrecherche)]);
-    const std::pair<int, QString> lignes[] = {{9482, onglet.join(QString())},
-                                              {9483, codes(f).join(u' ')},
-                                              {9484, f.Textedico},
-                                              {9485, f.texterapide},
-                                              {9486, f.combomotcle},
-                                              {9487, f.combotype},
-                                              {9488, date.join(u'/')},
-                                              {9489, places.join(u", "_s)},
-                                              {9490, textelisible(contexte, c, 0)},
-                                              {9492, c.texterech[1].isEmpty() ? QString() : f.conjonction},
-                                              {9491, textelisible(contexte, c, 1)}};
+    const std::pair<Texte, QString> lignes[] = {
+        {Texte::LigneOnglet, onglet.join(QString())},
+        {Texte::LigneCollections, codes(f).join(u' ')},
+        {Texte::LigneMots, f.Textedico},
+        {Texte::LigneRapide, f.texterapide},
+        {Texte::LigneMotCle, f.combomotcle},
+        {Texte::LigneType, f.combotype},
+        {Texte::LigneDate, date.join(u'/')},
+        {Texte::LigneLieux, places.join(u", "_s)},
+        {Texte::LignePremierTexte, textelisible(contexte, c, 0)},
+        {Texte::LigneLiaison, c.texterech[1].isEmpty() ? QString() : f.conjonction},
+        {Texte::LigneSecondTexte, textelisible(contexte, c, 1)}};
     QStringList ecrites;
     for (const auto& [nom, valeur] : lignes) {
         if (!valeur.isEmpty())
@@ -201,7 +204,7 @@ int cv2(Contexte& contexte) {
         return Echec;
     const std::optional<FichierCriteres> fichier = litfichiercriteres(*octets);
     if (!fichier)
-        return contexte.echoue(Echec, 9481, {chemin});
+        return contexte.echoue(Echec, Texte::PasUnFichierDeCriteres, {chemin});
     Resultat resultat;
     rendmots(*fichier, resultat);
     rendlignes(*fichier, resultat.lignes);

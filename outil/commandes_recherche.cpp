@@ -1,4 +1,5 @@
 // Commands that search, with the engines of the program.
+#include "core/texte.h"
 #include "outil/base.h"
 #include "outil/reponse.h"
 #include "search/recherchedico.h"
@@ -6,6 +7,8 @@
 #include "search/typescherches.h"
 
 namespace velm::outil {
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -19,22 +22,22 @@ struct Demande {
 };
 
 int litdemande(Contexte& contexte, Demande& demande) {
-    demande.json = contexte.option(QStringLiteral("--json"));
+    demande.json = contexte.option(u"--json"_s);
     demande.base = cheminbase(contexte);
-    const QString types = contexte.valeur(QStringLiteral("--types"));
-    const QString limite = contexte.valeur(QStringLiteral("--limite"));
+    const QString types = contexte.valeur(u"--types"_s);
+    const QString limite = contexte.valeur(u"--limite"_s);
     demande.texte = contexte.arguments().join(u' ');
     if (!types.isEmpty()) {
         const auto lettres = lettresdescodes(types.toUpper());
         if (!lettres)
-            return contexte.echoue(LigneIncorrecte, 9339, {types, QStringLiteral("--types")});
+            return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre, {types, u"--types"_s});
         demande.lettres = *lettres;
     }
     if (!limite.isEmpty()) {
         bool nombre = false;
         demande.limite = limite.toLongLong(&nombre);
         if (!nombre || demande.limite < 1)
-            return contexte.echoue(LigneIncorrecte, 9339, {limite, QStringLiteral("--limite")});
+            return contexte.echoue(LigneIncorrecte, Texte::ArgumentImpropre, {limite, u"--limite"_s});
     }
     return Reussite;
 }
@@ -55,7 +58,7 @@ int prepare(Contexte& contexte, Preparee& recherche) {
 } // namespace
 
 int mots(Contexte& contexte) {
-    const bool ou = contexte.option(QStringLiteral("--ou"));
+    const bool ou = contexte.option(u"--ou"_s);
     Preparee recherche;
     if (const int code = prepare(contexte, recherche); code != Reussite)
         return code;
@@ -63,10 +66,10 @@ int mots(Contexte& contexte) {
     QStringList lignes;
     // Very many documents raise no question: all of them are shown, as nobody named a limit.
     RechercheDico(recherche.corpus, recherche.marche,
-                  {[&lignes](const QString& ligne) { lignes << ligne; }, contexte.texte(7300)})
+                  {[&lignes](const QString& ligne) { lignes << ligne; }, contexte.texte(Texte::MotInconnu)})
         .cherche({demande.texte, demande.lettres, !ou, demande.limite}, recherche.resultat);
     if (recherche.resultat.issue == Resultat::Issue::TexteCourt)
-        return contexte.echoue(LigneIncorrecte, 9455);
+        return contexte.echoue(LigneIncorrecte, Texte::TroisCaracteresAuMoins);
     ecritresultat(contexte, recherche.resultat, lignes, demande.json);
     return Reussite;
 }

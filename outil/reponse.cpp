@@ -1,6 +1,7 @@
 #include "outil/reponse.h"
 
 #include "core/listes.h"
+#include "core/texte.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -36,7 +37,7 @@ void ecritresultat(Contexte& contexte, const Resultat& resultat, const QStringLi
     const Lignes& documents = resultat.lignes;
     for (int rang = 1; rang <= documents.nombre(); ++rang)
         contexte.ligne(documents.cle(rang) + u'\t' + documents.champ(rang, Lignes::Titre));
-    contexte.ligne(textecompte(documents.nombre(), [&](int id) { return contexte.texte(id); }).trimmed());
+    contexte.ligne(textecompte(documents.nombre(), [&](Texte id) { return contexte.texte(id); }).trimmed());
 }
 
 } // namespace velm::outil

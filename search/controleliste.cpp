@@ -1,6 +1,7 @@
 #include "search/controleliste.h"
 
 #include "core/listes.h"
+#include "core/tablereglages.h"
 
 namespace velm {
 
@@ -8,7 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const ClesColonnes gardees{u"RECHERCHE"_s, u"ORDRECOLONNE"_s, u"LARGEURCOLONNE"_s};
+constexpr ClesColonnes gardees{reglage::selectioncolonnes, reglage::selectionlargeurs};
 
 } // namespace
 

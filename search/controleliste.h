@@ -2,6 +2,7 @@
 // What the selection list does, without its panel: it follows the selected rows, opens their documents, removes, sorts
 // and prints. Nothing of the rows is touched while they are filled.
 #include "core/reglages.h"
+#include "core/texte.h"
 #include "platform/system/outside.h"
 #include "search/remplissageliste.h"
 
@@ -50,7 +51,7 @@ public:
     void ecritcolonnes();
 
 private:
-    QString texte(int numero) const { return services_.recherche.texte(numero); }
+    QString texte(Texte lequel) const { return services_.recherche.texte(lequel); }
     bool remplie() const { return remplissage_.encours(); }
     void litchoix();
     void montrechoix();

@@ -2,14 +2,6 @@
 
 namespace velm {
 
-using namespace Qt::Literals::StringLiterals;
-
-namespace {
-
-const QString section = u"RECHERCHE"_s;
-
-} // namespace
-
 bool DerniersTextes::retenu(const QString& texte) const {
     return !texte.trimmed().isEmpty() && texte.size() <= pluslong;
 }
@@ -26,7 +18,7 @@ void DerniersTextes::ajoute(const QString& texte) {
 void DerniersTextes::charge(const Reglages& reglages) {
     textes_.clear();
     for (qsizetype rang = 1; rang <= plusdetextes; ++rang) {
-        const QString texte = reglages.getsetting(section, cle_ + QString::number(rang));
+        const QString texte = reglages.lit(serie_[static_cast<int>(rang)]);
         if (retenu(texte) && !textes_.contains(texte))
             textes_ << texte;
     }
@@ -34,7 +26,7 @@ void DerniersTextes::charge(const Reglages& reglages) {
 
 void DerniersTextes::sauve(Reglages& reglages) const {
     for (qsizetype rang = 1; rang <= textes_.size(); ++rang)
-        reglages.savesetting(section, cle_ + QString::number(rang), textes_.at(rang - 1));
+        reglages.ecrit(serie_[static_cast<int>(rang)], textes_.at(rang - 1));
 }
 
 } // namespace velm

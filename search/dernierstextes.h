@@ -12,8 +12,8 @@ public:
     /// A longer one is a pasted page, and no search to come back to.
     static constexpr qsizetype pluslong = 250;
 
-    /// The texts are kept in the settings under this name with their rank behind it.
-    explicit DerniersTextes(QString cle) : cle_(std::move(cle)) {}
+    /// The texts are kept in these settings, from 1.
+    explicit DerniersTextes(const Serie<ReglageTexte>& serie) : serie_(serie) {}
 
     const QStringList& textes() const { return textes_; }
     /// A search with this text begins. One without a text leaves no trace.
@@ -24,7 +24,7 @@ public:
 private:
     bool retenu(const QString& texte) const;
 
-    QString cle_;
+    Serie<ReglageTexte> serie_;
     QStringList textes_;
 };
 

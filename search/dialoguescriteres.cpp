@@ -12,7 +12,7 @@ using namespace Qt::Literals::StringLiterals;
 
 ChoixFichier FichiersCriteres::choix() const {
     ChoixFichier choix;
-    choix.filtre = texte_(2612) + u"(*.cv2)|*.cv2"_s;
+    choix.filtre = texte_(Texte::FichiersDuProgramme) + u"(*.cv2)|*.cv2"_s;
     choix.extension = u"cv2"_s;
     return choix;
 }
@@ -39,18 +39,19 @@ std::optional<FichierCriteres> FichiersCriteres::ouvrircriteres(const QString& n
             return std::nullopt;
         chemin = *choisi;
         if (chemin.right(4).toUpper() != u".CV2" &&
-            dialogues_.message(texte_(1361) + u" ?"_s, texte_(2615), Icone::Aucune, Bouton::Oui | Bouton::Non) !=
-                Bouton::Oui)
+            dialogues_.message(texte_(Texte::QuestionExtensionImprevue) + u" ?"_s, texte_(Texte::FormatNonReconnu),
+                               Icone::Aucune, Bouton::Oui | Bouton::Non) != Bouton::Oui)
             return std::nullopt;
     }
     const std::optional<QByteArray> octets = lit(chemin);
     if (!octets) {
-        dialogues_.message(texte_(2620) + u' ' + chemin + u' ' + texte_(2181), texte_(2029), Icone::Stop);
+        dialogues_.message(texte_(Texte::LeFichier) + u' ' + chemin + u' ' + texte_(Texte::NePeutPasEtreOuvert),
+                           texte_(Texte::TitreOuvertureImpossible), Icone::Stop);
         return std::nullopt;
     }
     std::optional<FichierCriteres> lu = litfichiercriteres(*octets);
     if (!lu)
-        dialogues_.message(texte_(2615), texte_(601), Icone::Stop);
+        dialogues_.message(texte_(Texte::FormatNonReconnu), texte_(Texte::TitreErreurDeFichier), Icone::Stop);
     return lu;
 }
 
@@ -61,15 +62,15 @@ bool FichiersCriteres::sauvercriteres(const FichierCriteres& fichier) {
     if (!chemin)
         return false;
     if (fileSize(*chemin).value_or(0) != 0 &&
-        dialogues_.message(texte_(2620) + u' ' + *chemin + u' ' + texte_(2621), texte_(2622), Icone::Aucune,
-                           Bouton::Oui | Bouton::Non) != Bouton::Oui)
+        dialogues_.message(texte_(Texte::LeFichier) + u' ' + *chemin + u' ' + texte_(Texte::ExisteDeja),
+                           texte_(Texte::TitreEnregistrement), Icone::Aucune, Bouton::Oui | Bouton::Non) != Bouton::Oui)
         return false;
     const FileError erreur = [&] {
         const Attente attente(sablier_);
         return writeWhole(*chemin, ecritcriteres(fichier));
     }();
     if (!erreur.ok())
-        ditnonecrit(*chemin, erreur, 2622);
+        ditnonecrit(*chemin, erreur, Texte::TitreEnregistrement);
     return erreur.ok();
 }
 
@@ -79,15 +80,15 @@ void FichiersCriteres::envoyercriteres(const FichierCriteres& fichier) {
     const Courriel courriel{{}, u" "_s, u"VELM2000.CV2"_s, ecritcriteres(fichier)};
     courrier_.compose(courriel, [this, nom = courriel.fileName](Courrier::Failure echec, const FileError& erreur) {
         if (echec == Courrier::Failure::NotWritten)
-            ditnonecrit(nom, erreur, 9472);
+            ditnonecrit(nom, erreur, Texte::TitreEnvoi);
         else
-            dialogues_.message(texte_(9471), texte_(9472), Icone::Exclamation);
+            dialogues_.message(texte_(Texte::AucuneMessagerie), texte_(Texte::TitreEnvoi), Icone::Exclamation);
     });
 }
 
-void FichiersCriteres::ditnonecrit(const QString& nom, const FileError& erreur, int titre) {
-    dialogues_.message(remplace(texte_(9470), {nom, raison(erreur.kind, erreur.words, texte_)}), texte_(titre),
-                       Icone::Stop);
+void FichiersCriteres::ditnonecrit(const QString& nom, const FileError& erreur, Texte titre) {
+    dialogues_.message(remplace(texte_(Texte::FichierPasEnregistre), {nom, raison(erreur.kind, erreur.words, texte_)}),
+                       texte_(titre), Icone::Stop);
 }
 
 } // namespace velm

@@ -1,5 +1,6 @@
 #pragma once
 // Opening, saving and mailing of criteria files, with what is asked and said on the way.
+#include "core/texte.h"
 #include "platform/system/courrier.h"
 #include "platform/system/dialogues.h"
 #include "platform/system/sablier.h"
@@ -11,9 +12,8 @@ namespace velm {
 
 class FichiersCriteres {
 public:
-    using Texte = std::function<QString(int)>;
     /// None is owned. All must live as long as `courrier`, which may still have to say that it has failed.
-    FichiersCriteres(Dialogues& dialogues, Sablier& sablier, Courrier& courrier, Texte texte)
+    FichiersCriteres(Dialogues& dialogues, Sablier& sablier, Courrier& courrier, Libelles texte)
         : dialogues_(dialogues), sablier_(sablier), courrier_(courrier), texte_(std::move(texte)) {}
 
     /// Reads the file of this name (that the command line has given), or of one that the user chooses. Nothing, and
@@ -27,12 +27,12 @@ public:
 private:
     ChoixFichier choix() const;
     std::optional<QByteArray> lit(const QString& chemin);
-    void ditnonecrit(const QString& nom, const FileError& erreur, int titre);
+    void ditnonecrit(const QString& nom, const FileError& erreur, Texte titre);
 
     Dialogues& dialogues_;
     Sablier& sablier_;
     Courrier& courrier_;
-    Texte texte_;
+    Libelles texte_;
 };
 
 } // namespace velm

@@ -1,5 +1,7 @@
 #include "search/formulaire.h"
 
+#include "core/tablereglages.h"
+#include "core/texte.h"
 #include "platform/text/number.h"
 #include "search/recherchecriteres.h"
 #include "search/recherchedico.h"
@@ -10,22 +12,17 @@
 
 namespace velm {
 
-using namespace Qt::Literals::StringLiterals;
-
 namespace {
 
-constexpr int touslestextes = 900;
-constexpr int recherchertexte = 1124;
-constexpr int arretertexte = 2145;
-constexpr std::array conjonctions{2130, 2131, 2132, 2133};
-
-const QString section = u"RECHERCHE"_s;
-const QString clemots = u"COMBONOMBREDICO"_s;
-const QString clerapide = u"COMBONOMBRE"_s;
+constexpr auto touslestextes = Texte::TousLesItems;
+constexpr auto recherchertexte = Texte::Rechercher;
+constexpr auto arretertexte = Texte::Arreter;
+constexpr std::array conjonctions{Texte::ConjonctionEt, Texte::ConjonctionOu, Texte::ConjonctionEtNon,
+                                  Texte::ConjonctionOuNon};
 
 /// The row of a limit list as it was stored; the first for what is none.
-int limitestockee(const Reglages& reglages, const QString& cle) {
-    const double rang = val(reglages.getsetting(section, cle));
+int limitestockee(const Reglages& reglages, const ReglageEntier& reglage) {
+    const double rang = reglages.litlibre(reglage);
     return rang >= 0 && rang < EtatFormulaire::limites ? static_cast<int>(rang) : 0;
 }
 
@@ -33,19 +30,21 @@ int limitestockee(const Reglages& reglages, const QString& cle) {
 
 Formulaire::Formulaire(const Services& services, VueFormulaire& vue)
     : services_(services), vue_(vue), types_(littypesdocument(services.liste.corpus())),
-      motscles_(texte(touslestextes)), derniers_{DerniersTextes(u"TEXTERAPIDE"_s), DerniersTextes(u"TEXTERECH0"_s),
-                                                 DerniersTextes(u"TEXTERECH1"_s), DerniersTextes(u"TEXTEDICO"_s)} {
+      motscles_(texte(touslestextes)), derniers_{DerniersTextes(reglage::derniersrapides),
+                                                 DerniersTextes(reglage::dernierspremiers),
+                                                 DerniersTextes(reglage::derniersseconds),
+                                                 DerniersTextes(reglage::derniersmots)} {
     items_.combomotcle = motscles_.items();
     items_.combotype = QStringList(texte(touslestextes)) + types_.combotype;
-    for (const int numero : conjonctions)
+    for (const Texte numero : conjonctions)
         items_.conjonction << texte(numero);
 }
 
 void Formulaire::charge() {
     EtatFormulaire etat;
     etat.boutons.fill(true);
-    etat.Combonombredico = limitestockee(services_.reglages, clemots);
-    etat.combonombre = limitestockee(services_.reglages, clerapide);
+    etat.Combonombredico = limitestockee(services_.reglages, reglage::combonombredico);
+    etat.combonombre = limitestockee(services_.reglages, reglage::combonombre);
     vue_.offremotscles(items_.combomotcle);
     for (std::size_t boite = 0; boite < derniers_.size(); ++boite) {
         derniers_.at(boite).charge(services_.reglages);
@@ -66,8 +65,8 @@ void Formulaire::decharge() {
     const EtatFormulaire etat = vue_.etat();
     Reglages& reglages = services_.reglages;
     ReglagesStore::Batch lot(reglages.magasin());
-    reglages.savesetting(section, clemots, QString::number(etat.Combonombredico));
-    reglages.savesetting(section, clerapide, QString::number(etat.combonombre));
+    reglages.ecrit(reglage::combonombredico, etat.Combonombredico);
+    reglages.ecrit(reglage::combonombre, etat.combonombre);
     for (const DerniersTextes& derniers : derniers_)
         derniers.sauve(reglages);
     if (!lot.commit())

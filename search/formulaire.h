@@ -2,6 +2,7 @@
 // What the search form does, without its controls: which search runs, what its buttons start and stop, when the list
 // can be narrowed, what is kept from one run of the program to the next.
 #include "core/reglages.h"
+#include "core/texte.h"
 #include "search/dernierstextes.h"
 #include "search/etatformulaire.h"
 #include "search/remplissageliste.h"
@@ -51,7 +52,7 @@ public:
     struct Services {
         RemplissageListe& liste; ///< where the results go
         Reglages& reglages;
-        std::function<QString(int)> texte;
+        Libelles texte;
     };
     Formulaire(const Services& services, VueFormulaire& vue);
 
@@ -88,7 +89,7 @@ public:
     const TypesDocument& types() const { return types_; }
 
 private:
-    QString texte(int numero) const { return services_.texte(numero); }
+    QString texte(Texte lequel) const { return services_.texte(lequel); }
     RemplissageListe& liste() const { return services_.liste; }
     bool ilyadeslignes() const;
     void abandonne();

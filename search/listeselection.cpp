@@ -1,5 +1,6 @@
 #include "search/listeselection.h"
 
+#include "core/texte.h"
 #include "platform/text/frenchorder.h"
 
 #include <algorithm>
@@ -33,16 +34,16 @@ private:
 };
 
 ModeleColonnes ListeSelection::modele() {
-    return {.colonnes = {{Titre, 3000, 300},
-                         {Motcle1, 2000, 301},
-                         {Motcle2, 2000, 302},
-                         {Motcle3, 2000, 303},
-                         {Reference, 500, 0},
-                         {Numart, 1000, 304},
-                         {Clef, 0, 0}}};
+    return {.colonnes = {{Titre, 3000, Texte::Titre},
+                         {Motcle1, 2000, Texte::ColonneMotCle1},
+                         {Motcle2, 2000, Texte::ColonneMotCle2},
+                         {Motcle3, 2000, Texte::ColonneMotCle3},
+                         {Reference, 500, {}},
+                         {Numart, 1000, Texte::ColonneReference},
+                         {Clef, 0, {}}}};
 }
 
-ListeSelection::ListeSelection(const std::function<QString(int)>& texte) : colonnes_(modele(), texte) {}
+ListeSelection::ListeSelection(const Libelles& texte) : colonnes_(modele(), texte) {}
 
 QString ListeSelection::entetecellule(int place) const {
     switch (marque(place)) {
@@ -126,12 +127,12 @@ std::unique_ptr<SourceDocuments> ListeSelection::source() {
     return std::make_unique<Source>(*this);
 }
 
-int infobulleregrouper(bool enfonce) {
-    return enfonce ? 2608 : 2605;
+Texte infobulleregrouper(bool enfonce) {
+    return enfonce ? Texte::SeparerLesCellules : Texte::RegrouperLesCellules;
 }
 
-int infobullecriteres(bool enfonce) {
-    return enfonce ? 2431 : 2430;
+Texte infobullecriteres(bool enfonce) {
+    return enfonce ? Texte::MasquerLesCriteres : Texte::AfficherLesCriteres;
 }
 
 } // namespace velm

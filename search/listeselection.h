@@ -6,13 +6,13 @@
 // list has one row.
 #include "core/colonnes.h"
 #include "core/sourcedocuments.h"
+#include "core/texte.h"
 #include "search/resultat.h"
 
 #include <QString>
 #include <QStringView>
 
 #include <array>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -30,7 +30,7 @@ public:
     static ModeleColonnes modele();
 
     /// `texte` gives the headers.
-    explicit ListeSelection(const std::function<QString(int)>& texte);
+    explicit ListeSelection(const Libelles& texte);
 
     Colonnes& colonnes() { return colonnes_; }
     const Colonnes& colonnes() const { return colonnes_; }
@@ -89,7 +89,7 @@ private:
 };
 
 /// Tool tips, by their numbers, of the buttons `regrouper` and `affichercritères`.
-int infobulleregrouper(bool enfonce);
-int infobullecriteres(bool enfonce);
+Texte infobulleregrouper(bool enfonce);
+Texte infobullecriteres(bool enfonce);
 
 } // namespace velm

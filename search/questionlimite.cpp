@@ -1,5 +1,6 @@
 #include "search/questionlimite.h"
 
+#include "core/texte.h"
 #include "platform/text/number.h"
 #include "search/recherche.h"
 
@@ -7,12 +8,12 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-std::optional<qint64> demandelimite(qint64 nombre, Dialogues& dialogues, Sablier& sablier,
-                                    const std::function<QString(int)>& texte) {
+std::optional<qint64> demandelimite(qint64 nombre, Dialogues& dialogues, Sablier& sablier, const Libelles& texte) {
     constexpr qint64 limite = 200;
     constexpr int pagedaide = 2;
-    constexpr int titre = 7303;
-    const QString question = texte(7302) + numberText(nombre) + u' ' + texte(7306) + u" ?"_s;
+    constexpr auto titre = Texte::TitreRechercheParMots;
+    const QString question = texte(Texte::LaRechercheATrouve) + numberText(nombre) + u' ' +
+                             texte(Texte::QuestionPremiersDocuments) + u" ?"_s;
     sablier.fixepointeur(Sablier::defaut);
     const Bouton reponse =
         dialogues.message(question, texte(titre), Icone::Aucune,

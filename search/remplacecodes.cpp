@@ -2,9 +2,11 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 QString remplacecodes(QString texte) {
-    texte.replace(QStringLiteral("^p"), QStringLiteral("\r\n"));
-    texte.replace(QStringLiteral("^t"), QStringLiteral("\t"));
+    texte.replace(u"^p"_s, u"\r\n"_s);
+    texte.replace(u"^t"_s, u"\t"_s);
     return texte;
 }
 

@@ -1,6 +1,7 @@
 #include "search/remplissageliste.h"
 
 #include "core/listes.h"
+#include "core/texte.h"
 #include "platform/base/memory.h"
 #include "platform/system/files.h"
 #include "search/fichiercriteres.h"
@@ -21,8 +22,8 @@ RemplissageListe::RemplissageListe(Services services, ListeSelection& liste, Vue
 
 void RemplissageListe::remplit(Poste::Travail travail, std::function<void()> abandon) {
     poste_.fait([this, travail = std::move(travail), abandon = std::move(abandon)](const std::stop_token& arret) {
-        constexpr int sansmemoire = 9567;
-        constexpr int titre = 8;
+        constexpr auto sansmemoire = Texte::ListeIncomplete;
+        constexpr auto titre = Texte::NomDuProgramme;
         if (!travaille([&] { travail(arret); }, abandon))
             services_.dialogues.message(services_.texte(sansmemoire), services_.texte(titre), Icone::Exclamation);
     });
@@ -62,7 +63,7 @@ Marche RemplissageListe::marche(const std::stop_token& arret, std::function<void
 
 const Resultat& RemplissageListe::cherchemots(const DemandeDico& demande, std::function<void(const QString&)> ligne,
                                               const std::stop_token& arret) {
-    constexpr int motrefuse = 7300;
+    constexpr auto motrefuse = Texte::MotInconnu;
     const Attente attente(services_.sablier);
     Marche tours = marche(arret);
     RechercheDico recherche(services_.corpus, tours,

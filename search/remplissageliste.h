@@ -3,6 +3,7 @@
 // they find, one after the other. Meanwhile the list is hidden and told of in the status panel; at the end it shows,
 // and the buttons follow.
 #include "core/corpus.h"
+#include "core/texte.h"
 #include "platform/system/dialogues.h"
 #include "platform/system/sablier.h"
 #include "search/marche.h"
@@ -21,7 +22,7 @@ public:
         Corpus& corpus;
         Sablier& sablier;
         Dialogues& dialogues;
-        std::function<QString(int)> texte;
+        Libelles texte;
         /// Lets what waits through, while a search runs.
         std::function<void()> evenements;
         std::chrono::milliseconds pas = Cession::pasordinaire; ///< between two turns

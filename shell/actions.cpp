@@ -1,6 +1,7 @@
 #include "shell/actions.h"
 
 #include "core/fenetrefille.h"
+#include "core/texte.h"
 #include "platform/widgets/look/plaintext.h"
 #include "shell/logique/commandes.h"
 
@@ -31,8 +32,7 @@ bool commencecache(Ordre ordre) {
 
 } // namespace
 
-Actions::Actions(const std::function<QString(int)>& texte, const std::function<QIcon(const QString&)>& image,
-                 QObject* parent)
+Actions::Actions(const Libelles& texte, const std::function<QIcon(const QString&)>& image, QObject* parent)
     : QObject(parent) {
     for (const LigneCommande& ligne : commandes()) {
         QList<QAction*>& serie = series_.at(static_cast<std::size_t>(ligne.ordre));
@@ -46,11 +46,11 @@ Actions::Actions(const std::function<QString(int)>& texte, const std::function<Q
     }
 }
 
-QAction* Actions::nouvelle(Ordre ordre, int rang, const std::function<QString(int)>& texte,
+QAction* Actions::nouvelle(Ordre ordre, int rang, const Libelles& texte,
                            const std::function<QIcon(const QString&)>& image) {
     const LigneCommande& ligne = lignede(ordre);
-    const int libelle = libellede(ordre, rang);
-    auto* action = new QAction(libelle != 0 ? texte(libelle) : QString(), this);
+    const auto libelle = libellede(ordre, rang);
+    auto* action = new QAction(libelle ? texte(*libelle) : QString(), this);
     const QString nom = entreede(ordre, rang);
     action->setObjectName(nom.isEmpty() ? boutonde(ordre, rang) : nom);
     if (!ligne.image.isEmpty())

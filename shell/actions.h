@@ -2,6 +2,7 @@
 // The commands as they can be pressed: one action for each command and rank, which its button, its entry and its key
 // share. Here alone they are enabled and checked.
 #include "core/ordre.h"
+#include "core/texte.h"
 
 #include <QIcon>
 #include <QList>
@@ -28,8 +29,7 @@ class Actions final : public QObject {
 public:
     /// `texte` gives a text by its number, `image` a picture by its name. What needs nothing is enabled, all else is
     /// not.
-    Actions(const std::function<QString(int)>& texte, const std::function<QIcon(const QString&)>& image,
-            QObject* parent = nullptr);
+    Actions(const Libelles& texte, const std::function<QIcon(const QString&)>& image, QObject* parent = nullptr);
 
     /// The action of a command; its objectName is that of its menu entry, or else the key of its button. Asserted.
     QAction& de(Ordre ordre, int rang = 0) const;
@@ -67,8 +67,7 @@ signals:
     void outilschanges();
 
 private:
-    QAction* nouvelle(Ordre ordre, int rang, const std::function<QString(int)>& texte,
-                      const std::function<QIcon(const QString&)>& image);
+    QAction* nouvelle(Ordre ordre, int rang, const Libelles& texte, const std::function<QIcon(const QString&)>& image);
 
     std::array<QList<QAction*>, nombredordres> series_;
     int nombredoutils_ = 0;

@@ -5,10 +5,12 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 void Aide::ouvre() const {
     // Disks that tell upper from lower case may hold the file under its other usual spelling.
     const Preferences& preferences = seance.preferences();
-    for (const QString& nom : {preferences.aidefichier, QStringLiteral("Velm2000.chm")}) {
+    for (const QString& nom : {preferences.aidefichier, u"Velm2000.chm"_s}) {
         const QString chemin = joinPath(preferences.aidechemin, nom);
         if (!nom.isEmpty() && fileExists(chemin)) {
             monde.navigateur.openFile(chemin);

@@ -1,5 +1,6 @@
 #include "shell/barresecran.h"
 
+#include "core/texte.h"
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/look/icons.h"
 #include "shell/actions.h"
@@ -30,8 +31,7 @@ Toolbar::Kind genre(Forme forme) {
 
 } // namespace
 
-void garnit(Toolbar& barre, std::span<const PlaceDeBarre> places, Actions& actions,
-            const std::function<QString(int)>& texte) {
+void garnit(Toolbar& barre, std::span<const PlaceDeBarre> places, Actions& actions, const Libelles& texte) {
     for (const PlaceDeBarre& place : places) {
         if (!place.ordre) {
             barre.addButton(place.separateur.toString(), Toolbar::Kind::Separator);
@@ -44,23 +44,23 @@ void garnit(Toolbar& barre, std::span<const PlaceDeBarre> places, Actions& actio
             if (!action.isVisible() || barre.hasButton(cle))
                 continue;
             barre.addCommand(cle, genre(ligne.forme), action);
-            if (const int bulle = bullede(ligne.ordre, rang); bulle != 0)
-                barre.setToolTip(cle, texte(bulle));
+            if (const auto bulle = bullede(ligne.ordre, rang))
+                barre.setToolTip(cle, texte(*bulle));
         }
     }
 }
 
-BarresEcran::BarresEcran(QMainWindow& cadre, Actions& actions, const std::function<QString(int)>& texte)
+BarresEcran::BarresEcran(QMainWindow& cadre, Actions& actions, const Libelles& texte)
     : QObject(&cadre), cadre_(cadre), actions_(actions), texte_(texte) {
-    construit(Barre::Commande, u"barrecommande"_s, 130);
-    construit(Barre::Ecran, u"barreécran"_s, 132);
-    construit(Barre::Outils, u"barreoutils"_s, 131);
+    construit(Barre::Commande, u"barrecommande"_s, Texte::MenuBarreDeCommandes);
+    construit(Barre::Ecran, u"barreécran"_s, Texte::BarreDesFenetres);
+    construit(Barre::Outils, u"barreoutils"_s, Texte::MenuBarreDOutils);
     construitejections();
     connect(&de(Barre::Commande), &Toolbar::menuClicked, this, &BarresEcran::choisitacote);
     connect(&actions_, &Actions::outilschanges, this, &BarresEcran::montreoutils);
 }
 
-void BarresEcran::construit(Barre barre, const QString& nom, int titre) {
+void BarresEcran::construit(Barre barre, const QString& nom, Texte titre) {
     auto* nouvelle = new Toolbar(&cadre_);
     nouvelle->setObjectName(nom);
     nouvelle->setWindowTitle(texte_(titre).remove(u'&'));
@@ -82,7 +82,7 @@ QMenu* BarresEcran::deplacements(Barre barre, const QString& nom) const {
 
 void BarresEcran::construitejections() {
     for (const Ordre ordre : entreesdubouton(Ordre::Ejections))
-        ejections_.add(ejections_.count() + 1, boutonde(ordre, 0), texte_(libellede(ordre, 0)));
+        ejections_.add(ejections_.count() + 1, boutonde(ordre, 0), texte_(libellede(ordre, 0).value()));
     offre(Ordre::Ejections, ejections_);
 }
 

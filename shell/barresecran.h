@@ -1,12 +1,12 @@
 #pragma once
 // The three bars of the frame: what stands on them, where they stand, and the pop-ups that move them.
+#include "core/texte.h"
 #include "platform/controls/buttonmenus.h"
 #include "shell/logique/commandes.h"
 
 #include <QObject>
 
 #include <array>
-#include <functional>
 
 class QCursor;
 class QMainWindow;
@@ -19,15 +19,14 @@ class Toolbar;
 
 /// Puts the buttons of a list onto a bar, as far as they are not there yet; a command that is hidden has none. `texte`
 /// gives a text by its number, for the tool tips.
-void garnit(Toolbar& barre, std::span<const PlaceDeBarre> places, Actions& actions,
-            const std::function<QString(int)>& texte);
+void garnit(Toolbar& barre, std::span<const PlaceDeBarre> places, Actions& actions, const Libelles& texte);
 
 class BarresEcran final : public QObject {
     Q_OBJECT
 
 public:
     /// The bars and their pop-ups are the frame's, which also outlives this, as the actions do.
-    BarresEcran(QMainWindow& cadre, Actions& actions, const std::function<QString(int)>& texte);
+    BarresEcran(QMainWindow& cadre, Actions& actions, const Libelles& texte);
 
     /// Docks a bar by its position number (0 hides it). One without a button stays hidden until it has one.
     void place(Barre barre, int position);
@@ -40,7 +39,7 @@ public:
 
 private:
     Toolbar& de(Barre barre) const { return *barres_.at(static_cast<std::size_t>(barre)); }
-    void construit(Barre barre, const QString& nom, int titre);
+    void construit(Barre barre, const QString& nom, Texte titre);
     QMenu* deplacements(Barre barre, const QString& nom) const;
     void construitejections();
     void choisitacote(const QString& bouton, int rang);
@@ -49,7 +48,7 @@ private:
 
     QMainWindow& cadre_;
     Actions& actions_;
-    std::function<QString(int)> texte_;
+    Libelles texte_;
     ButtonMenus ejections_; ///< what the button of the print job offers
     std::array<Toolbar*, toutesbarres.size()> barres_{};
     std::array<int, toutesbarres.size()> positions_{};

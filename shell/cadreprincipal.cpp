@@ -1,5 +1,6 @@
 #include "shell/cadreprincipal.h"
 
+#include "core/texte.h"
 #include "document/ui/textes.h"
 #include "platform/widgets/frame/childarea.h"
 #include "shell/actions.h"
@@ -21,6 +22,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 CadrePrincipal::CadrePrincipal(const Donnees& donnees) : donnees_(donnees), barres_(donnees.reglages) {}
 
 CadrePrincipal::~CadrePrincipal() = default;
@@ -41,16 +44,17 @@ void CadrePrincipal::effacereconstructions() {
 
 QString CadrePrincipal::chargeprincipale() {
     const MondeExterieur& monde = donnees_.monde;
-    const auto texte = [this](int numero) { return this->texte(numero); };
+    const auto texte = [this](Texte numero) { return this->texte(numero); };
     traduitoutils();
     ecran_ = std::make_unique<Ecrangeneral>(texte);
-    ecran_->setWindowIcon(QIcon(QStringLiteral(":/velmorante.svg")));
+    ecran_->setWindowIcon(QIcon(u":/velmorante.svg"_s));
     ecran_->avantfermeture = [this] { return donnees_.fin.quitteprogramme(); };
     const auto [actions, aire, volet] = ecran_->pieces();
     bureau_ = std::make_unique<Bureau>(*ecran_, aire, actions, donnees_.corpus,
                                        [this](int indice) { return fabrique_->fait(indice); });
     bureau_->sansmemoire = [this] {
-        donnees_.monde.dialogues.message(qt_error_string(ENOMEM), this->texte(8), Icone::Exclamation);
+        donnees_.monde.dialogues.message(qt_error_string(ENOMEM), this->texte(Texte::NomDuProgramme),
+                                         Icone::Exclamation);
     };
     selection_ = std::make_unique<Selection>(*ecran_, volet, actions, *bureau_,
                                              ControleListe::Services{{donnees_.corpus, monde.sablier, monde.dialogues,
@@ -70,10 +74,10 @@ QString CadrePrincipal::chargeprincipale() {
     chargeaspect();
     Seance& seance = donnees_.seance;
     bureau_->restaure([&seance] { seance.restaurefenetres(); });
-    seance.afficheetape(this->texte(504));
+    seance.afficheetape(this->texte(Texte::EtapeOutils));
     bureau_->navigation().chargederniers(donnees_.reglages);
     bureau_->majderniersdocuments();
-    seance.afficheetape(this->texte(505));
+    seance.afficheetape(this->texte(Texte::EtapeLangue));
     seance.ouvrecriteresdelaligne();
     return QString::number(ecran_->winId());
 }
@@ -84,7 +88,7 @@ void CadrePrincipal::chargeaspect() {
     if (const auto fond = velm::fondecran(preferences.fond != 0 ? preferences.fondno : -1, preferences.fondcouleur))
         ecran_->placefond(*fond);
     ecran_->pieces().volet.changelargeurpane(preferences.largeurselection);
-    donnees_.seance.afficheetape(texte(503));
+    donnees_.seance.afficheetape(texte(Texte::EtapeFenetres));
     barres_.charge(preferences);
     for (const Barre barre : toutesbarres)
         ecran_->placebarre(barre, barres_.position(barre));
@@ -106,7 +110,7 @@ void CadrePrincipal::chargecommandes() {
 
 void CadrePrincipal::traduitoutils() {
     const QString langue = donnees_.seance.parametres().extensionlangue.toLower();
-    if (motsdesoutils_.load(QStringLiteral("qtbase_") + langue, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (motsdesoutils_.load(u"qtbase_"_s + langue, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&motsdesoutils_);
 }
 

@@ -5,6 +5,7 @@
 #include "core/corpus.h"
 #include "core/langue.h"
 #include "core/reglages.h"
+#include "core/texte.h"
 #include "document/styles.h"
 #include "shell/logique/barres.h"
 #include "shell/logique/finseance.h"
@@ -72,7 +73,7 @@ public:
     void fermeprincipale() override;
 
 private:
-    QString texte(int numero) const { return donnees_.langue.lireressource(numero); }
+    QString texte(Texte lequel) const { return donnees_.langue.lireressource(lequel); }
     void chargeaspect();
     void chargecommandes();
     void traduitoutils(); ///< what the toolkit itself says follows the program's language

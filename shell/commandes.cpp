@@ -1,6 +1,7 @@
 #include "shell/commandes.h"
 
 #include "core/fenetrefille.h"
+#include "core/tablereglages.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "search/controleliste.h"
 #include "shell/actions.h"
@@ -11,8 +12,6 @@
 #include "shell/recherches.h"
 
 namespace velm {
-
-using namespace Qt::Literals::StringLiterals;
 
 Commandes::Commandes(const Acteurs& acteurs) : acteurs_(acteurs) {
     apprendfenetres();
@@ -132,7 +131,7 @@ void Commandes::commutebarreetat() {
 }
 
 void Commandes::changeunefenetre(bool une) {
-    acteurs_.reglages.savesetting(u"GENERALITES"_s, u"MULTIFENETRE"_s, une ? u"1"_s : u"0"_s);
+    acteurs_.reglages.ecrit(reglage::multifenetre, une ? 1 : 0);
     acteurs_.bureau.navigation().changeunefenetre(une);
     acteurs_.actions.coche(Ordre::UneFenetre, une);
 }

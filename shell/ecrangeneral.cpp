@@ -1,5 +1,6 @@
 #include "shell/ecrangeneral.h"
 
+#include "core/texte.h"
 #include "platform/base/twips.h"
 #include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/frame/statusbar.h"
@@ -68,11 +69,11 @@ QColor assombrie(const QColor& couleur, const QColor& surface) {
 
 } // namespace
 
-Ecrangeneral::Ecrangeneral(const std::function<QString(int)>& texte)
+Ecrangeneral::Ecrangeneral(const Libelles& texte)
     : aire_(new ChildArea), volet_(new VoletSelection(this)), actions_(new Actions(texte, icon, this)),
       barreetat_(new StatusBar(this)) {
     setObjectName(u"Ecrangeneral"_s);
-    setWindowTitle(texte(8));
+    setWindowTitle(texte(Texte::NomDuProgramme));
     setContextMenuPolicy(Qt::NoContextMenu);
     aire_->setObjectName(u"aire"_s);
     new MenusEcran(*menuBar(), *actions_, texte); // the menu bar's
@@ -85,7 +86,7 @@ Ecrangeneral::Ecrangeneral(const std::function<QString(int)>& texte)
     disposition->addWidget(aire_, 1);
     setCentralWidget(centre);
     garnit(volet_->recherchetoolbar(), placesdelaliste(), *actions_, texte);
-    volet_->nomme(texte(9028), texte(9029));
+    volet_->nomme(texte(Texte::ListeDeSelection), texte(Texte::LargeurDeLaListe));
     volet_->hide();
 
     barreetat_->setObjectName(u"barreétat"_s);

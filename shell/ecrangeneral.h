@@ -2,6 +2,7 @@
 // The frame: menus, three bars, status bar, selection panel and the area of the windows. It holds and places them, and
 // decides nothing: what is pressed is told by its actions.
 #include "core/ordre.h"
+#include "core/texte.h"
 #include "shell/logique/barres.h"
 #include "shell/logique/seance.h"
 
@@ -23,7 +24,7 @@ class Ecrangeneral final : public QMainWindow {
 
 public:
     /// `texte` gives a text by its number.
-    explicit Ecrangeneral(const std::function<QString(int)>& texte);
+    explicit Ecrangeneral(const Libelles& texte);
 
     /// What stands in it and is worked on by others: for whoever puts the program together to hand on.
     struct Pieces {

@@ -1,5 +1,6 @@
 #include "shell/fabriquetextes.h"
 
+#include "core/texte.h"
 #include "document/ui/textes.h"
 #include "platform/widgets/frame/childarea.h"
 #include "search/motscommencant.h"
@@ -21,7 +22,7 @@ Textes* FabriqueTextes::fait(int indice) {
                                   donnees_.styles,
                                   donnees_.monde.sablier,
                                   donnees_.monde.navigateur,
-                                  [&langue = donnees_.langue](int numero) { return langue.lireressource(numero); },
+                                  [&langue = donnees_.langue](Texte numero) { return langue.lireressource(numero); },
                                   [&seance = donnees_.seance](int slot) { return seance.libelle(slot); }};
     auto* fenetre = new Textes(
         indice, {lecture, donnees_.reglages, donnees_.seance.parametres(), donnees_.monde.pressepapiers, *this, *this});
@@ -61,7 +62,7 @@ bool FabriqueTextes::prendrafraichir(int indice) {
 }
 
 void FabriqueTextes::dit(const QString& texte) {
-    donnees_.monde.dialogues.message(texte, donnees_.langue.lireressource(8), Icone::Exclamation);
+    donnees_.monde.dialogues.message(texte, donnees_.langue.lireressource(Texte::NomDuProgramme), Icone::Exclamation);
 }
 
 // ---- AideMots
@@ -81,7 +82,7 @@ void FabriqueTextes::complete(QLineEdit& boite) {
     new CompletionMots(
         &boite,
         [&corpus = donnees_.corpus](const QString& debut, int nombre) { return motscommencant(corpus, debut, nombre); },
-        separateursmots(), donnees_.langue.lireressource(9459));
+        separateursmots(), donnees_.langue.lireressource(Texte::MotsProposes));
 }
 
 } // namespace velm

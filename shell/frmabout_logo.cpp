@@ -15,6 +15,8 @@ static void chargeressources() {
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 // The measures of the book in the picture's own square of 64.
@@ -73,7 +75,7 @@ QPixmap imagelogo(int image, int cote, qreal densite) {
     resultat.fill(Qt::transparent);
     QPainter peintre(&resultat);
     peintre.setRenderHint(QPainter::Antialiasing);
-    QSvgRenderer repos(QStringLiteral(":/velmorante.svg"));
+    QSvgRenderer repos(u":/velmorante.svg"_s);
     repos.render(&peintre, QRectF(0, 0, cote, cote));
     const int rang = image % nombredimages;
     if (rang > 0) {

@@ -12,13 +12,15 @@
 
 #include <QDir>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 /// The portable folder beside the executable, or, installed under a prefix, the program's share of it.
 QString dossierprogramme() {
     const QString executable = QCoreApplication::applicationDirPath();
-    const QString installe = QDir::cleanPath(executable + QStringLiteral("/../share/velmorante2000"));
-    const bool portable = QDir(executable + QStringLiteral("/langues")).exists() || !QDir(installe).exists();
+    const QString installe = QDir::cleanPath(executable + u"/../share/velmorante2000"_s);
+    const bool portable = QDir(executable + u"/langues"_s).exists() || !QDir(installe).exists();
     return portable ? executable : installe;
 }
 
@@ -26,7 +28,7 @@ QString dossierprogramme() {
 
 int main(int argc, char** argv) {
     velm::Application application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("VELMORANTE2000"));
+    QCoreApplication::setApplicationName(u"VELMORANTE2000"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(VELM_VERSION));
     velm::look::apply(application, velm::look::themeOf(application.palette()));
 

@@ -1,5 +1,6 @@
 #include "shell/menus.h"
 
+#include "core/texte.h"
 #include "platform/widgets/look/icons.h"
 #include "shell/actions.h"
 #include "shell/logique/barres.h"
@@ -13,7 +14,7 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-MenusEcran::MenusEcran(QMenuBar& barre, Actions& actions, const std::function<QString(int)>& texte)
+MenusEcran::MenusEcran(QMenuBar& barre, Actions& actions, const Libelles& texte)
     : QObject(&barre), barre_(barre), actions_(actions), texte_(texte) {
     menufichier();
     menuedition();
@@ -27,14 +28,14 @@ MenusEcran::MenusEcran(QMenuBar& barre, Actions& actions, const std::function<QS
     connect(&actions_, &Actions::documentdevant, this, &MenusEcran::montredocument);
 }
 
-QMenu& MenusEcran::menu(const QString& nom, int texte) {
+QMenu& MenusEcran::menu(const QString& nom, Texte texte) {
     QMenu& nouveau = *barre_.addMenu(texte_(texte));
     nouveau.setObjectName(nom);
     nouveau.setToolTipsVisible(true);
     return nouveau;
 }
 
-QMenu& MenusEcran::sousmenu(QMenu& menu, const QString& nom, int texte) {
+QMenu& MenusEcran::sousmenu(QMenu& menu, const QString& nom, Texte texte) {
     QMenu& nouveau = *menu.addMenu(texte_(texte));
     nouveau.setObjectName(nom);
     return nouveau;
@@ -50,9 +51,9 @@ void MenusEcran::remplit(QMenu& menu, std::initializer_list<std::optional<Ordre>
 }
 
 void MenusEcran::menufichier() {
-    QMenu& fichier = menu(u"mfichier"_s, 1603);
+    QMenu& fichier = menu(u"mfichier"_s, Texte::MenuFichier);
     remplit(fichier, {Ordre::Enregistrer});
-    QMenu& envoi = sousmenu(fichier, u"mfichiersend"_s, 9051);
+    QMenu& envoi = sousmenu(fichier, u"mfichiersend"_s, Texte::MenuEnvoyer);
     envoi.setIcon(icon(u"envoyer"_s));
     remplit(envoi, {Ordre::EnvoyerTexte, Ordre::EnvoyerPiece});
     envoi.setEnabled(false); // as what stands in it
@@ -77,14 +78,16 @@ void MenusEcran::menufichier() {
 }
 
 void MenusEcran::menuedition() {
-    QMenu& edition = menu(u"medition"_s, 9055);
+    QMenu& edition = menu(u"medition"_s, Texte::MenuEdition);
     desdocuments_ << edition.menuAction();
     remplit(edition, {Ordre::Copier, Ordre::ToutSelectionner, Ordre::Chercher});
 }
 
 void MenusEcran::menuaffichage() {
-    QMenu& affichage = menu(u"maffichage"_s, 101);
-    for (const auto& [barre, titre] : {std::pair{Barre::Commande, 130}, {Barre::Ecran, 132}, {Barre::Outils, 131}}) {
+    QMenu& affichage = menu(u"maffichage"_s, Texte::MenuAffichage);
+    for (const auto& [barre, titre] : {std::pair{Barre::Commande, Texte::MenuBarreDeCommandes},
+                                       {Barre::Ecran, Texte::BarreDesFenetres},
+                                       {Barre::Outils, Texte::MenuBarreDOutils}}) {
         QMenu& places = sousmenu(affichage, u"maffichage0(%1)"_s.arg(static_cast<int>(barre)), titre);
         remplit(places, {ordredeplace(barre)});
     }
@@ -92,24 +95,24 @@ void MenusEcran::menuaffichage() {
 }
 
 void MenusEcran::menuoutils() {
-    remplit(menu(u"moutils"_s, 9003), {Ordre::Index,
-                                       Ordre::Chrono,
-                                       Ordre::Numero,
-                                       Ordre::Dossiers,
-                                       Ordre::MotCle,
-                                       {},
-                                       Ordre::Outil,
-                                       {},
-                                       Ordre::Options});
+    remplit(menu(u"moutils"_s, Texte::MenuOutils), {Ordre::Index,
+                                                    Ordre::Chrono,
+                                                    Ordre::Numero,
+                                                    Ordre::Dossiers,
+                                                    Ordre::MotCle,
+                                                    {},
+                                                    Ordre::Outil,
+                                                    {},
+                                                    Ordre::Options});
 }
 
 void MenusEcran::menufenetre() {
-    remplit(menu(u"mfenetre"_s, 9010),
+    remplit(menu(u"mfenetre"_s, Texte::MenuFenetre),
             {Ordre::Cascade, Ordre::Horizontalement, Ordre::Verticalement, {}, Ordre::Fenetre});
 }
 
 void MenusEcran::menuaide() {
-    remplit(menu(u"maide"_s, 9011),
+    remplit(menu(u"maide"_s, Texte::MenuAide),
             {Ordre::Astuce, Ordre::AideWeb, Ordre::Aide, {}, Ordre::APropos, Ordre::Partenaires});
     actions_.de(Ordre::APropos).setMenuRole(QAction::AboutRole);
 }

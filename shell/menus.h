@@ -1,11 +1,11 @@
 #pragma once
 // The menu bar: one for the frame and its document windows, which it serves as the active one needs.
 #include "core/ordre.h"
+#include "core/texte.h"
 
 #include <QList>
 #include <QObject>
 
-#include <functional>
 #include <initializer_list>
 #include <optional>
 
@@ -22,11 +22,11 @@ class MenusEcran final : public QObject {
 
 public:
     /// Fills a menu bar with commands. `texte` gives a text by its number. The actions are not owned.
-    MenusEcran(QMenuBar& barre, Actions& actions, const std::function<QString(int)>& texte);
+    MenusEcran(QMenuBar& barre, Actions& actions, const Libelles& texte);
 
 private:
-    QMenu& menu(const QString& nom, int texte);
-    QMenu& sousmenu(QMenu& menu, const QString& nom, int texte);
+    QMenu& menu(const QString& nom, Texte texte);
+    QMenu& sousmenu(QMenu& menu, const QString& nom, Texte texte);
     /// All ranks of each command; nothing stands for a separator.
     void remplit(QMenu& menu, std::initializer_list<std::optional<Ordre>> ordres);
     void menufichier();
@@ -39,7 +39,7 @@ private:
 
     QMenuBar& barre_;
     Actions& actions_;
-    std::function<QString(int)> texte_;
+    Libelles texte_;
     QList<QAction*> desdocuments_; ///< shown while a document window is active
 };
 

@@ -3,6 +3,7 @@
 #include "core/extensions.h"
 #include "core/noms.h"
 #include "core/obstacles.h"
+#include "core/texte.h"
 #include "shell/bureau.h"
 #include "shell/frmconnexion.h"
 #include "shell/logique/connexion.h"
@@ -52,11 +53,11 @@ Environnement Programme::environnement() {
     };
     env.enregistreextensions = [this](const QString& application, const QString& editeur) {
         Extensions::Libelles libelles;
-        libelles.application = langue_.lireressource(8);
-        libelles.editeur = langue_.lireressource(2624);
-        libelles.criteres = langue_.lireressource(9440);
-        libelles.dossier = langue_.lireressource(9441);
-        libelles.modele = langue_.lireressource(9442);
+        libelles.application = langue_.lireressource(Texte::NomDuProgramme);
+        libelles.editeur = langue_.lireressource(Texte::Editeur);
+        libelles.criteres = langue_.lireressource(Texte::FichierDeCriteres);
+        libelles.dossier = langue_.lireressource(Texte::FichierDeDossier);
+        libelles.modele = langue_.lireressource(Texte::FichierDEditeur);
         Extensions(options_.dossierdonnees).registerAll(application, editeur, libelles, &monde_.processus);
     };
     return env;
@@ -92,9 +93,10 @@ void Programme::ditechec(const FileError& erreur) {
         echecretenu_ = erreur;
         return;
     }
-    const auto texte = [this](int numero) { return langue_.lireressource(numero); };
-    monde_.dialogues.message(remplace(texte(9402), {magasin_.path(), raison(erreur.kind, erreur.words, texte)}),
-                             texte(8), Icone::Exclamation);
+    const auto texte = [this](Texte numero) { return langue_.lireressource(numero); };
+    monde_.dialogues.message(
+        remplace(texte(Texte::ReglagesPasEnregistres), {magasin_.path(), raison(erreur.kind, erreur.words, texte)}),
+        texte(Texte::NomDuProgramme), Icone::Exclamation);
 }
 
 void Programme::litstyles() {
@@ -115,7 +117,7 @@ bool Programme::connexion() {
         {seance_, corpus_, monde_.dialogues, monde_.lecteurs, langue_, options_.dossierprogramme, copie});
     if (connexion.parcourtlecteurs())
         return true;
-    return frmconnexion([this](int numero) { return langue_.lireressource(numero); }, connexion).exec() ==
+    return frmconnexion([this](Texte numero) { return langue_.lireressource(numero); }, connexion).exec() ==
            QDialog::Accepted;
 }
 

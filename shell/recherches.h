@@ -1,6 +1,7 @@
 #pragma once
 // The search form in the frame: makes it when it is first wanted, shows and hides it, and brings it criteria and takes
 // them from it. The form lives as long as the frame.
+#include "core/texte.h"
 #include "search/dialoguescriteres.h"
 #include "search/ui/frmvelmorselect.h"
 
@@ -25,7 +26,7 @@ public:
         Sablier& sablier;
         Dialogues& dialogues;
         Courrier& courrier;
-        std::function<QString(int)> texte;
+        Libelles texte;
     };
     Recherches(ChildArea& aire, Actions& actions, Bureau& bureau, Selection& selection, const Services& services);
 

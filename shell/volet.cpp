@@ -13,6 +13,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr int largeurusuelle = 4305;
@@ -22,11 +24,11 @@ constexpr int largeurusuelle = 4305;
 VoletSelection::VoletSelection(QWidget* parent)
     : QWidget(parent), recherchetoolbar_(new Toolbar(this)), flex_(new FlexGrid(this)),
       separateurrecherche_(new SplitterBar(Qt::Vertical, this)), largeur_(largeurusuelle) {
-    setObjectName(QStringLiteral("picturesélection"));
-    recherchetoolbar_->setObjectName(QStringLiteral("recherchetoolbar"));
+    setObjectName(u"picturesélection"_s);
+    recherchetoolbar_->setObjectName(u"recherchetoolbar"_s);
     recherchetoolbar_->setImages(icon);
-    flex_->setObjectName(QStringLiteral("flex"));
-    separateurrecherche_->setObjectName(QStringLiteral("separateurrecherche"));
+    flex_->setObjectName(u"flex"_s);
+    separateurrecherche_->setObjectName(u"separateurrecherche"_s);
     separateurrecherche_->setBounds(window());
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     setMinimumWidth(SplitterBar::thickness);

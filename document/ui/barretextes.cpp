@@ -1,6 +1,9 @@
 #include "document/ui/barretextes.h"
 
+#include "core/texte.h"
+
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace velm {
@@ -13,7 +16,7 @@ struct Bouton {
     QString cle;
     Toolbar::Kind genre = Toolbar::Kind::Separator;
     QString image = {};
-    int infobulle = 0;
+    std::optional<Texte> infobulle = {};
     void (*presse)(BarreTextes& barre) = nullptr;
     QKeySequence raccourci = {};
 };
@@ -22,51 +25,55 @@ struct Bouton {
 const std::vector<Bouton>& boutons() {
     using Kind = Toolbar::Kind;
     static const std::vector<Bouton> tous{
-        {u"Précédent"_s, Kind::DropDown, u"Précédent"_s, 170,
+        {u"Précédent"_s, Kind::DropDown, u"Précédent"_s, Texte::DocumentPrecedent,
          [](BarreTextes& barre) { emit barre.pas(Sens::Arriere, unpas); }, Qt::ALT | Qt::SHIFT | Qt::Key_Left},
-        {u"Suivant"_s, Kind::DropDown, u"Suivant"_s, 171,
+        {u"Suivant"_s, Kind::DropDown, u"Suivant"_s, Texte::DocumentSuivant,
          [](BarreTextes& barre) { emit barre.pas(Sens::Avant, unpas); }, Qt::ALT | Qt::SHIFT | Qt::Key_Right},
-        {u"Haut"_s, Kind::Plain, u"Haut"_s, 9080, [](BarreTextes& barre) { emit barre.voisin(true); },
+        {u"Haut"_s, Kind::Plain, u"Haut"_s, Texte::TitrePrecedent, [](BarreTextes& barre) { emit barre.voisin(true); },
          Qt::ALT | Qt::Key_Up},
-        {u"Bas"_s, Kind::Plain, u"Bas"_s, 9081, [](BarreTextes& barre) { emit barre.voisin(false); },
+        {u"Bas"_s, Kind::Plain, u"Bas"_s, Texte::TitreSuivant, [](BarreTextes& barre) { emit barre.voisin(false); },
          Qt::ALT | Qt::Key_Down},
         {u"barreblocs"_s},
-        {u"arbre"_s, Kind::Group, u"arbre"_s, 9082, [](BarreTextes& barre) { emit barre.bloc(Bloc::Arbre); }},
-        {u"tableau"_s, Kind::Group, u"tableau"_s, 9083, [](BarreTextes& barre) { emit barre.bloc(Bloc::Liste); }},
-        {u"recherchedico"_s, Kind::Group, u"recherchedico"_s, 9084,
+        {u"arbre"_s, Kind::Group, u"arbre"_s, Texte::SommaireDeLaCollection,
+         [](BarreTextes& barre) { emit barre.bloc(Bloc::Arbre); }},
+        {u"tableau"_s, Kind::Group, u"tableau"_s, Texte::ListeDeLaCollection,
+         [](BarreTextes& barre) { emit barre.bloc(Bloc::Liste); }},
+        {u"recherchedico"_s, Kind::Group, u"recherchedico"_s, Texte::RechercheDansLaCollection,
          [](BarreTextes& barre) { emit barre.bloc(Bloc::Recherche); }},
         {u"barrearrangement"_s},
-        {u"barrehoriz"_s, Kind::Group, u"barrehoriz"_s, 9085,
+        {u"barrehoriz"_s, Kind::Group, u"barrehoriz"_s, Texte::PanneauAGauche,
          [](BarreTextes& barre) { emit barre.arrangement(Arrangement::ACote); }},
-        {u"barreverti"_s, Kind::Group, u"barreverti"_s, 9086,
+        {u"barreverti"_s, Kind::Group, u"barreverti"_s, Texte::PanneauAuDessus,
          [](BarreTextes& barre) { emit barre.arrangement(Arrangement::Dessus); }},
         {u"barrepropriétés"_s},
-        {u"propriétés"_s, Kind::Plain, u"propriétés"_s, 9087, [](BarreTextes& barre) { emit barre.proprietes(); },
-         Qt::ALT | Qt::Key_Return},
+        {u"propriétés"_s, Kind::Plain, u"propriétés"_s, Texte::ProprietesDuDocument,
+         [](BarreTextes& barre) { emit barre.proprietes(); }, Qt::ALT | Qt::Key_Return},
         {u"barreabc"_s},
-        {u"abc"_s, Kind::Check, u"abc"_s, 8110, [](BarreTextes& barre) { emit barre.abc(barre.value(u"abc"_s)); }},
-        {u"motprécédent"_s, Kind::Plain, u"motprécédent"_s, 9088, [](BarreTextes& barre) { emit barre.mot(false); },
-         Qt::SHIFT | Qt::Key_F3},
-        {u"motsuivant"_s, Kind::Plain, u"motsuivant"_s, 9089, [](BarreTextes& barre) { emit barre.mot(true); },
-         Qt::Key_F3},
-        {u"marqueauto"_s, Kind::Check, u"marqueauto"_s, 9090,
+        {u"abc"_s, Kind::Check, u"abc"_s, Texte::ModeDAffichage,
+         [](BarreTextes& barre) { emit barre.abc(barre.value(u"abc"_s)); }},
+        {u"motprécédent"_s, Kind::Plain, u"motprécédent"_s, Texte::MotPrecedent,
+         [](BarreTextes& barre) { emit barre.mot(false); }, Qt::SHIFT | Qt::Key_F3},
+        {u"motsuivant"_s, Kind::Plain, u"motsuivant"_s, Texte::MotSuivant,
+         [](BarreTextes& barre) { emit barre.mot(true); }, Qt::Key_F3},
+        {u"marqueauto"_s, Kind::Check, u"marqueauto"_s, Texte::MarquerLesMots,
          [](BarreTextes& barre) { emit barre.marques(barre.value(u"marqueauto"_s)); }},
         {u"barredossier"_s},
-        {u"dossiers"_s, Kind::Plain, u"Dossiers"_s, 9091, [](BarreTextes& barre) { emit barre.dossiers(); }},
-        {u"document"_s, Kind::Plain, u"rangerdocument"_s, 9092, [](BarreTextes& barre) { emit barre.ranger(); }}};
+        {u"dossiers"_s, Kind::Plain, u"Dossiers"_s, Texte::OuvrirMesDossiers,
+         [](BarreTextes& barre) { emit barre.dossiers(); }},
+        {u"document"_s, Kind::Plain, u"rangerdocument"_s, Texte::RangerDansUnDossier,
+         [](BarreTextes& barre) { emit barre.ranger(); }}};
     return tous;
 }
 
 } // namespace
 
-BarreTextes::BarreTextes(const std::function<QString(int numero)>& texte, QWidget* fenetre)
-    : Toolbar(fenetre), texte_(texte) {
+BarreTextes::BarreTextes(const Libelles& texte, QWidget* fenetre) : Toolbar(fenetre), texte_(texte) {
     setObjectName(u"barrechild"_s);
     for (const Bouton& bouton : boutons()) {
         addButton(bouton.cle, bouton.genre, bouton.image);
         if (!bouton.presse)
             continue;
-        setToolTip(bouton.cle, texte_(bouton.infobulle));
+        setToolTip(bouton.cle, texte_(bouton.infobulle.value()));
         if (!bouton.raccourci.isEmpty())
             setShortcut(bouton.cle, bouton.raccourci);
     }
@@ -135,8 +142,8 @@ void BarreTextes::activevoisin(bool haut, bool actif) {
 // ---- BarreLecture
 
 void BarreTextes::montreabc(bool enfonce) {
-    constexpr int pourabreger = 8110;
-    constexpr int pourtoutmontrer = 8111;
+    constexpr auto pourabreger = Texte::ModeDAffichage;
+    constexpr auto pourtoutmontrer = Texte::RevenirAuTexteComplet;
     setValue(u"abc"_s, enfonce);
     setToolTip(u"abc"_s, texte_(enfonce ? pourtoutmontrer : pourabreger) + u"..."_s);
 }

@@ -1,11 +1,10 @@
 #pragma once
 // The tool bar of a document window. It says what was pressed in words of its own: nobody else knows the keys of the
 // buttons.
+#include "core/texte.h"
 #include "document/dispositiontextes.h"
 #include "document/lecture.h"
 #include "platform/widgets/frame/toolbar.h"
-
-#include <functional>
 
 namespace velm {
 
@@ -14,7 +13,7 @@ class BarreTextes final : public Toolbar, public BarreNavigable, public BarreLec
 
 public:
     /// As it is before the first document. `texte` gives the texts of the language file.
-    BarreTextes(const std::function<QString(int numero)>& texte, QWidget* fenetre);
+    BarreTextes(const Libelles& texte, QWidget* fenetre);
 
     /// The drop-downs of the two buttons of the history, which outlives the bar.
     void montrehistorique(const Historique& historique);
@@ -49,7 +48,7 @@ signals:
 private:
     void montre(std::initializer_list<QStringView> cles, bool visibles);
 
-    std::function<QString(int numero)> texte_;
+    Libelles texte_;
 };
 
 } // namespace velm

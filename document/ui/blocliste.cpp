@@ -1,5 +1,6 @@
 #include "document/ui/blocliste.h"
 
+#include "core/texte.h"
 #include "document/listecollection.h"
 #include "platform/base/memory.h"
 #include "platform/base/twips.h"
@@ -15,13 +16,12 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-BlocListe::BlocListe(const QString& code, Corpus& corpus, Sablier& sablier, const std::function<QString(int)>& texte,
-                     QWidget* fenetre)
+BlocListe::BlocListe(const QString& code, Corpus& corpus, Sablier& sablier, const Libelles& texte, QWidget* fenetre)
     : QObject(fenetre), code_(code), corpus_(corpus), sablier_(sablier), grille_(new FlexGrid(fenetre)),
       colonnes_(ListeCollection::modele(), texte),
       documents_(*grille_, colonnes_, {.plage = false, .pointsdestitres = 14}) {
     grille_->setObjectName(u"flex"_s);
-    grille_->setAccessibleName(texte(9083));
+    grille_->setAccessibleName(texte(Texte::ListeDeLaCollection));
     grille_->setMergeCells(true);
     connect(&documents_, &GrilleDocuments::trivoulu, this, &BlocListe::trie);
     connect(&documents_, &GrilleDocuments::ouvertes, this,

@@ -2,13 +2,12 @@
 // The block of the panel that lists the documents of the window's collection. Its columns are the user's to arrange.
 #include "core/colonnes.h"
 #include "core/corpus.h"
+#include "core/texte.h"
 #include "document/reglagestextes.h"
 #include "document/ui/grilledocuments.h"
 #include "platform/system/sablier.h"
 
 #include <QObject>
-
-#include <functional>
 
 class QWidget;
 
@@ -21,8 +20,7 @@ class BlocListe final : public QObject {
 
 public:
     /// An empty grid in a window, which places it. The corpus and the wait cursor outlive it.
-    BlocListe(const QString& code, Corpus& corpus, Sablier& sablier, const std::function<QString(int)>& texte,
-              QWidget* fenetre);
+    BlocListe(const QString& code, Corpus& corpus, Sablier& sablier, const Libelles& texte, QWidget* fenetre);
 
     FlexGrid* grille() const { return grille_; }
     bool chargee() const { return chargee_; }

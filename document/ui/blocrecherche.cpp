@@ -1,5 +1,6 @@
 #include "document/ui/blocrecherche.h"
 
+#include "core/texte.h"
 #include "document/dispositiontextes.h"
 #include "document/ui/etiquette.h"
 #include "platform/base/twips.h"
@@ -18,18 +19,18 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-BlocRecherche::BlocRecherche(const std::function<QString(int)>& texte, QWidget* fenetre)
-    : QWidget(fenetre), etiquette_(new Etiquette(texte(9095), this)), mots_(new QLineEdit(this)),
-      bouton_(new QPushButton(texte(9096), this)), resultat_(new LineList(this)) {
+BlocRecherche::BlocRecherche(const Libelles& texte, QWidget* fenetre)
+    : QWidget(fenetre), etiquette_(new Etiquette(texte(Texte::MotsDansLaCollection), this)), mots_(new QLineEdit(this)),
+      bouton_(new QPushButton(texte(Texte::ChercherDansLaCollection), this)), resultat_(new LineList(this)) {
     setObjectName(u"blocrecherche"_s);
     mots_->setObjectName(u"Textedico"_s);
-    mots_->setAccessibleName(texte(9095));
+    mots_->setAccessibleName(texte(Texte::MotsDansLaCollection));
     etiquette_->setBuddy(mots_);
     bouton_->setObjectName(u"cmdokdico"_s);
-    bouton_->setAccessibleName(texte(9096));
+    bouton_->setAccessibleName(texte(Texte::ChercherDansLaCollection));
     resultat_->setObjectName(u"resultat"_s);
-    resultat_->setAccessibleName(texte(9084));
-    setAccessibleName(texte(9084));
+    resultat_->setAccessibleName(texte(Texte::RechercheDansLaCollection));
+    setAccessibleName(texte(Texte::RechercheDansLaCollection));
     resultat_->setUniformItemSizes(true);
     resultat_->setSpacing(look::grid / 2);
     connect(bouton_, &QPushButton::clicked, this, &BlocRecherche::lance);

@@ -1,9 +1,9 @@
 #pragma once
 // The block of the panel that looks words up in the window's collection.
+#include "core/texte.h"
+
 #include <QElapsedTimer>
 #include <QWidget>
-
-#include <functional>
 
 class QLineEdit;
 class QListWidget;
@@ -17,7 +17,7 @@ class BlocRecherche final : public QWidget {
     Q_OBJECT
 
 public:
-    BlocRecherche(const std::function<QString(int)>& texte, QWidget* fenetre);
+    BlocRecherche(const Libelles& texte, QWidget* fenetre);
 
     QLineEdit* Textedico() const { return mots_; }
     QListWidget* resultat() const { return resultat_; }

@@ -1,5 +1,6 @@
 #include "document/ui/contextetextes.h"
 
+#include "core/texte.h"
 #include "platform/base/memory.h"
 
 namespace velm {
@@ -12,7 +13,7 @@ bool ContexteTextes::remplit(const std::function<void()>& travail) const {
 }
 
 void ContexteTextes::ditsansmemoire() const {
-    constexpr int sansmemoire = 9567;
+    constexpr auto sansmemoire = Texte::ListeIncomplete;
     voisinage.dit(texte(sansmemoire));
 }
 

@@ -2,6 +2,7 @@
 // What document windows need of their surroundings.
 #include "core/parametres.h"
 #include "core/reglages.h"
+#include "core/texte.h"
 #include "document/lecture.h"
 #include "document/reglagestextes.h"
 
@@ -53,7 +54,7 @@ struct ContexteTextes {
     Voisinage& voisinage;
     AideMots& mots;
 
-    QString texte(int numero) const { return lecture.texte(numero); } ///< of the language file
+    QString texte(Texte lequel) const { return lecture.texte(lequel); } ///< of the language file
     /// Work that fills something; false, and said, where the memory does not suffice for it.
     bool remplit(const std::function<void()>& travail) const;
     void ditsansmemoire() const;

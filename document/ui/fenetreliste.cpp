@@ -1,6 +1,7 @@
 #include "document/ui/fenetreliste.h"
 
 #include "core/listes.h"
+#include "core/texte.h"
 #include "platform/base/memory.h"
 #include "platform/widgets/frame/statusbar.h"
 #include "platform/widgets/frame/toolbar.h"
@@ -60,13 +61,13 @@ void FenetreListe::construitbarre() {
 
 void FenetreListe::construitmenu() {
     menu_->setObjectName(u"ContextMenu"_s);
-    const auto entree = [this](const QString& nom, int numero, void (FenetreListe::*acte)()) {
-        QAction* action = menu_->addAction(contexte_.texte(numero));
+    const auto entree = [this](const QString& nom, Texte libelle, void (FenetreListe::*acte)()) {
+        QAction* action = menu_->addAction(contexte_.texte(libelle));
         action->setObjectName(nom);
         connect(action, &QAction::triggered, this, acte);
     };
-    entree(u"ContextMenuOuvrir"_s, 9018, &FenetreListe::ouvre);
-    entree(u"ContextMenuPrint"_s, 9020, &FenetreListe::imprime);
+    entree(u"ContextMenuOuvrir"_s, Texte::OuvrirDeLaListe, &FenetreListe::ouvre);
+    entree(u"ContextMenuPrint"_s, Texte::MenuImprimerLaListe, &FenetreListe::imprime);
 }
 
 void FenetreListe::connecte() {
@@ -80,8 +81,8 @@ void FenetreListe::connecte() {
 }
 
 void FenetreListe::regroupe(bool enfonce) {
-    constexpr int separer = 2608;
-    constexpr int regrouper = 2605;
+    constexpr auto separer = Texte::SeparerLesCellules;
+    constexpr auto regrouper = Texte::RegrouperLesCellules;
     flex_->setMergeCells(enfonce);
     barre_->setToolTip(boutonregrouper, contexte_.texte(enfonce ? separer : regrouper));
 }
@@ -97,8 +98,8 @@ void FenetreListe::remplit(const std::function<std::unique_ptr<SourceDocuments>(
 }
 
 void FenetreListe::travaille(const std::function<void()>& travail) {
-    constexpr int sansmemoire = 9567;
-    constexpr int titre = 8;
+    constexpr auto sansmemoire = Texte::ListeIncomplete;
+    constexpr auto titre = Texte::NomDuProgramme;
     const bool suffit = withinMemory([&] {
         const Attente attente(contexte_.sablier);
         travail();

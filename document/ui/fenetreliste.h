@@ -4,6 +4,7 @@
 #include "core/colonnes.h"
 #include "core/fenetrefille.h"
 #include "core/reglages.h"
+#include "core/texte.h"
 #include "document/ui/grilledocuments.h"
 #include "platform/system/dialogues.h"
 #include "platform/system/sablier.h"
@@ -27,7 +28,7 @@ struct ContexteListe {
     Imprimante& imprimante;
     PressePapiers& pressepapiers;
     Sablier& sablier;
-    std::function<QString(int numero)> texte;  ///< of the language file
+    Libelles texte;                            ///< of the language file
     std::function<void(const Cle& cle)> ouvre; ///< opens a document
 };
 

@@ -1,6 +1,7 @@
 #include "document/ui/frmproperties.h"
 
 #include "core/cle.h"
+#include "core/texte.h"
 #include "document/lecture.h"
 #include "platform/base/twips.h"
 #include "platform/widgets/look/icons.h"
@@ -21,6 +22,8 @@
 
 namespace velm {
 namespace {
+
+constexpr std::array textesdesmotscles{Texte::ProprieteMotCle1, Texte::ProprieteMotCle2, Texte::ProprieteMotCle3};
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -60,10 +63,10 @@ frmproperties::frmproperties(const ContexteProprietes& contexte, QWidget* parent
       arborescence_(contexte.corpus, contexte.parametres, contexte.sablier, contexte.libelle),
       types_(littypesdocument(contexte.corpus)) {
     setObjectName(u"frmproperties"_s);
-    setWindowTitle(contexte_.texte(1607));
+    setWindowTitle(contexte_.texte(Texte::TitreProprietes));
     construit();
     for (int collection = 0; collection < nombredecollections; ++collection)
-        choixtype_->addItem(contexte_.texte(10 + collection));
+        choixtype_->addItem(contexte_.texte(libelledefenetre(collection)));
     combotype_->addItems(types_.combotype);
     numerotype_->addItems(types_.numerotype);
     restauretaille();
@@ -76,44 +79,44 @@ void frmproperties::montre(const ContexteProprietes& contexte, Lecture& lecture,
     static_cast<void>(boite.release()); // it goes when it is closed
 }
 
-QLineEdit* frmproperties::champ(const QString& nom, int numerotexte) {
+QLineEdit* frmproperties::champ(const QString& nom, Texte intitule) {
     auto* champ = new QLineEdit(this);
     champ->setObjectName(nom);
-    champ->setAccessibleName(contexte_.texte(numerotexte));
+    champ->setAccessibleName(contexte_.texte(intitule));
     lecture(*champ);
     return champ;
 }
 
-QComboBox* frmproperties::choix(const QString& nom, int numerotexte) {
+QComboBox* frmproperties::choix(const QString& nom, Texte intitule) {
     auto* choix = new ComboLecture(this);
     choix->setObjectName(nom);
-    choix->setAccessibleName(contexte_.texte(numerotexte));
-    choix->lineEdit()->setAccessibleName(contexte_.texte(numerotexte));
+    choix->setAccessibleName(contexte_.texte(intitule));
+    choix->lineEdit()->setAccessibleName(contexte_.texte(intitule));
     return choix;
 }
 
 void frmproperties::construit() {
-    reference_ = champ(u"référence"_s, 9110);
-    numart_ = champ(u"numart"_s, 9111);
-    titre_ = champ(u"Titre"_s, 9112);
+    reference_ = champ(u"référence"_s, Texte::ProprieteReference);
+    numart_ = champ(u"numart"_s, Texte::ProprieteNumero);
+    titre_ = champ(u"Titre"_s, Texte::ProprieteTitre);
     for (std::size_t rang = 0; rang < motcle_.size(); ++rang)
-        motcle_.at(rang) = champ(u"motcle"_s, 9113 + static_cast<int>(rang));
-    source_ = champ(u"Source"_s, 9116);
-    datetext_ = champ(u"datetext"_s, 9117);
-    datecreation_ = champ(u"datecreation"_s, 9118);
-    datemodif_ = champ(u"datemodif"_s, 9119);
-    choixtype_ = choix(u"choixtype"_s, 9120);
-    combotype_ = choix(u"combotype"_s, 9121);
+        motcle_.at(rang) = champ(u"motcle"_s, textesdesmotscles.at(rang));
+    source_ = champ(u"Source"_s, Texte::ProprieteSource);
+    datetext_ = champ(u"datetext"_s, Texte::ProprieteDate);
+    datecreation_ = champ(u"datecreation"_s, Texte::ProprieteDateDeCreation);
+    datemodif_ = champ(u"datemodif"_s, Texte::ProprieteDateDeModification);
+    choixtype_ = choix(u"choixtype"_s, Texte::ProprieteCollection);
+    combotype_ = choix(u"combotype"_s, Texte::ProprieteTypeDeDocument);
     numerotype_ = new QListWidget(this);
     numerotype_->setObjectName(u"numerotype"_s);
     numerotype_->hide();
-    numeroarborescence_ = champ(u"numeroarborescence"_s, 9122);
+    numeroarborescence_ = champ(u"numeroarborescence"_s, Texte::ProprieteNumeroDansLeSommaire);
     arbre_ = new TreeView(this);
     arbre_->setObjectName(u"TreeView1"_s);
-    arbre_->setAccessibleName(contexte_.texte(9123));
+    arbre_->setAccessibleName(contexte_.texte(Texte::ProprietePlaceDansLeSommaire));
     arbre_->setImages(&icon);
     connect(arbre_, &TreeView::expanding, this, [this](int noeud) { arborescence_.developpe(arbre_->nodes(), noeud); });
-    fermer_ = new QPushButton(contexte_.texte(9124), this);
+    fermer_ = new QPushButton(contexte_.texte(Texte::ProprietesFermer), this);
     fermer_->setObjectName(u"Command2"_s);
     fermer_->setDefault(true);
     connect(fermer_, &QPushButton::clicked, this, &QDialog::close);
@@ -125,32 +128,32 @@ void frmproperties::construit() {
     grille->setHorizontalSpacing(look::spacing);
     grille->setVerticalSpacing(look::spacing);
     int rangee = 0;
-    const auto etiquette = [this, grille](int numerotexte, QWidget* nomme, int ou, int colonne) {
-        auto* libelle = plainLabel(contexte_.texte(numerotexte), this);
+    const auto etiquette = [this, grille](Texte intitule, QWidget* nomme, int ou, int colonne) {
+        auto* libelle = plainLabel(contexte_.texte(intitule), this);
         libelle->setBuddy(nomme);
         grille->addWidget(libelle, ou, colonne, Qt::AlignLeft | Qt::AlignVCenter);
     };
-    const auto entiere = [&](int numerotexte, QWidget* controle) {
-        etiquette(numerotexte, controle, rangee, 0);
+    const auto entiere = [&](Texte intitule, QWidget* controle) {
+        etiquette(intitule, controle, rangee, 0);
         grille->addWidget(controle, rangee++, 1, 1, derniere);
     };
-    const auto paire = [&](int numerotexte, QWidget* gauche, int autretexte, QWidget* droite) {
-        etiquette(numerotexte, gauche, rangee, 0);
+    const auto paire = [&](Texte intitule, QWidget* gauche, Texte autreintitule, QWidget* droite) {
+        etiquette(intitule, gauche, rangee, 0);
         grille->addWidget(gauche, rangee, 1);
-        etiquette(autretexte, droite, rangee, 3);
+        etiquette(autreintitule, droite, rangee, 3);
         grille->addWidget(droite, rangee++, derniere);
     };
-    paire(9110, reference_, 9111, numart_);
-    entiere(9112, titre_);
+    paire(Texte::ProprieteReference, reference_, Texte::ProprieteNumero, numart_);
+    entiere(Texte::ProprieteTitre, titre_);
     for (std::size_t rang = 0; rang < motcle_.size(); ++rang)
-        entiere(9113 + static_cast<int>(rang), motcle_.at(rang));
-    entiere(9116, source_);
-    entiere(9117, datetext_);
-    paire(9118, datecreation_, 9119, datemodif_);
-    entiere(9120, choixtype_);
-    entiere(9121, combotype_);
-    entiere(9122, numeroarborescence_);
-    auto* libellearbre = plainLabel(contexte_.texte(9123), this);
+        entiere(textesdesmotscles.at(rang), motcle_.at(rang));
+    entiere(Texte::ProprieteSource, source_);
+    entiere(Texte::ProprieteDate, datetext_);
+    paire(Texte::ProprieteDateDeCreation, datecreation_, Texte::ProprieteDateDeModification, datemodif_);
+    entiere(Texte::ProprieteCollection, choixtype_);
+    entiere(Texte::ProprieteTypeDeDocument, combotype_);
+    entiere(Texte::ProprieteNumeroDansLeSommaire, numeroarborescence_);
+    auto* libellearbre = plainLabel(contexte_.texte(Texte::ProprietePlaceDansLeSommaire), this);
     libellearbre->setBuddy(arbre_);
     grille->addWidget(libellearbre, rangee, 0, Qt::AlignLeft | Qt::AlignTop);
     grille->addWidget(arbre_, rangee, 1, 1, derniere);

@@ -1,6 +1,7 @@
 #pragma once
 // What the base knows of a document, and where it hangs in the contents tree. Nothing can be changed here; all texts
 // can be selected and copied.
+#include "core/texte.h"
 #include "document/arborescence.h"
 #include "document/proprietes.h"
 
@@ -24,7 +25,7 @@ struct ContexteProprietes {
     Reglages& reglages;
     const Parametres& parametres;
     Sablier& sablier;
-    std::function<QString(int numero)> texte;
+    Libelles texte;
     std::function<QString(int indice)> libelle;
 };
 
@@ -48,8 +49,8 @@ protected:
 
 private:
     void construit();
-    QLineEdit* champ(const QString& nom, int numerotexte);
-    QComboBox* choix(const QString& nom, int numerotexte);
+    QLineEdit* champ(const QString& nom, Texte intitule);
+    QComboBox* choix(const QString& nom, Texte intitule);
     void restauretaille();
 
     ContexteProprietes contexte_;

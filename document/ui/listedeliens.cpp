@@ -1,5 +1,6 @@
 #include "document/ui/listedeliens.h"
 
+#include "core/texte.h"
 #include "document/sourceliens.h"
 #include "document/ui/etiquette.h"
 #include "platform/base/twips.h"
@@ -40,7 +41,7 @@ QIcon pastille(bool pleine, const QPalette& palette, qreal densite) {
 }
 
 /// Wide enough for the code of a collection, in whatever type it is shown.
-Colonnes colonnes(const QWidget& grille, const std::function<QString(int)>& texte) {
+Colonnes colonnes(const QWidget& grille, const Libelles& texte) {
     Colonnes larges(SourceLiens::modele(), texte);
     const int code = grille.fontMetrics().horizontalAdvance(u"WW"_s) + look::groupSpacing;
     larges.changelargeur(SourceLiens::Code, std::max(larges.largeur(SourceLiens::Code), twipsFromPixels(code)));
@@ -60,21 +61,17 @@ GrilleDocuments::Usage usage() {
 } // namespace
 
 ListeDeLiens::Sorte ListeDeLiens::liens() {
-    return {u"entetelistedesliens"_s, u"ouvrirlien"_s, u"Label1"_s, u"flexlistedesliens"_s, 2452, 2450, &chargeliens};
+    return {u"entetelistedesliens"_s, u"ouvrirlien"_s, u"Label1"_s, u"flexlistedesliens"_s, Texte::Liens,
+            Texte::DocumentsCites,    &chargeliens};
 }
 
 ListeDeLiens::Sorte ListeDeLiens::correlats() {
-    return {u"entetelistedescorrelats"_s,
-            u"ouvrircorrélats"_s,
-            u"Label2"_s,
-            u"flexlistedescorrélats"_s,
-            2453,
-            2451,
-            &chargecorrelats};
+    return {
+        u"entetelistedescorrelats"_s, u"ouvrircorrélats"_s, u"Label2"_s, u"flexlistedescorrélats"_s, Texte::Correlats,
+        Texte::DocumentsCitant,       &chargecorrelats};
 }
 
-ListeDeLiens::ListeDeLiens(const Sorte& sorte, Corpus& corpus, const std::function<QString(int)>& texte,
-                           QWidget* fenetre)
+ListeDeLiens::ListeDeLiens(const Sorte& sorte, Corpus& corpus, const Libelles& texte, QWidget* fenetre)
     : QObject(fenetre), corpus_(corpus), charge_(sorte.charge), entete_(new QWidget(fenetre)),
       bouton_(new QToolButton(entete_)), grille_(new FlexGrid(fenetre)), colonnes_(colonnes(*grille_, texte)),
       documents_(*grille_, colonnes_, usage()) {
@@ -84,7 +81,7 @@ ListeDeLiens::ListeDeLiens(const Sorte& sorte, Corpus& corpus, const std::functi
     entete_->installEventFilter(this);
 }
 
-void ListeDeLiens::construitentete(const Sorte& sorte, const std::function<QString(int)>& texte) {
+void ListeDeLiens::construitentete(const Sorte& sorte, const Libelles& texte) {
     entete_->setObjectName(sorte.entete);
     bouton_->setObjectName(sorte.bouton);
     bouton_->setText(texte(sorte.textebouton));
@@ -109,7 +106,7 @@ void ListeDeLiens::construitentete(const Sorte& sorte, const std::function<QStri
     });
 }
 
-void ListeDeLiens::construitgrille(const Sorte& sorte, const std::function<QString(int)>& texte) {
+void ListeDeLiens::construitgrille(const Sorte& sorte, const Libelles& texte) {
     grille_->setObjectName(sorte.grille);
     grille_->setAccessibleName(texte(sorte.texteetiquette));
     grille_->hide();

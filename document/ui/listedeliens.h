@@ -3,13 +3,12 @@
 // and closes it, and a grid; the window places both.
 #include "core/colonnes.h"
 #include "core/corpus.h"
+#include "core/texte.h"
 #include "document/affichage.h"
 #include "document/liens.h"
 #include "document/ui/grilledocuments.h"
 
 #include <QWidget>
-
-#include <functional>
 
 class QToolButton;
 
@@ -29,14 +28,14 @@ public:
         QString bouton;
         QString etiquette;
         QString grille;
-        int textebouton;
-        int texteetiquette;
+        Texte textebouton;
+        Texte texteetiquette;
         std::vector<LigneLien> (*charge)(Corpus& corpus, const Cle& cle);
     };
     static Sorte liens();
     static Sorte correlats();
 
-    ListeDeLiens(const Sorte& sorte, Corpus& corpus, const std::function<QString(int)>& texte, QWidget* fenetre);
+    ListeDeLiens(const Sorte& sorte, Corpus& corpus, const Libelles& texte, QWidget* fenetre);
 
     QWidget* entete() const { return entete_; }
     QToolButton* bouton() const { return bouton_; }
@@ -64,8 +63,8 @@ protected:
     bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
-    void construitentete(const Sorte& sorte, const std::function<QString(int)>& texte);
-    void construitgrille(const Sorte& sorte, const std::function<QString(int)>& texte);
+    void construitentete(const Sorte& sorte, const Libelles& texte);
+    void construitgrille(const Sorte& sorte, const Libelles& texte);
     void charge(const Cle& cle);
     void peintetat();
 

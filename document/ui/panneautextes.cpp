@@ -1,5 +1,6 @@
 #include "document/ui/panneautextes.h"
 
+#include "core/texte.h"
 #include "document/ui/blocliste.h"
 #include "document/ui/blocrecherche.h"
 #include "platform/widgets/frame/splitterbar.h"
@@ -26,12 +27,12 @@ PanneauTextes::PanneauTextes(const QString& code, const ContexteTextes& contexte
     connect(liste_, &BlocListe::sansmemoire, this, [this] { contexte_.ditsansmemoire(); });
     construitrecherche();
     separateur_->setObjectName(u"separateur"_s);
-    separateur_->setAccessibleName(contexte_.texte(9097));
+    separateur_->setAccessibleName(contexte_.texte(Texte::TailleDuPanneau));
 }
 
 void PanneauTextes::construitarbre() {
     arbre_->setObjectName(u"arbre"_s);
-    arbre_->setAccessibleName(contexte_.texte(9082));
+    arbre_->setAccessibleName(contexte_.texte(Texte::SommaireDeLaCollection));
     arbre_->setFrameShape(QFrame::NoFrame);
     arbre_->setImages(&icon);
     connect(arbre_, &TreeView::expanding, this, [this](int noeud) {

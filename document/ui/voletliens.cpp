@@ -1,5 +1,6 @@
 #include "document/ui/voletliens.h"
 
+#include "core/texte.h"
 #include "document/ui/listedeliens.h"
 #include "platform/widgets/frame/splitterbar.h"
 #include "platform/widgets/grid/flexgrid.h"
@@ -25,17 +26,22 @@ SplitterBar* separateur(Qt::Orientation sens, const QString& nom, const QString&
 // In the order in which the Tab key walks them.
 VoletLiens::VoletLiens(const ContexteTextes& contexte, QWidget* fenetre)
     : QObject(fenetre), contexte_(contexte),
-      separateurlisteh_(separateur(Qt::Horizontal, u"separateurlisteh"_s, contexte.texte(9098), fenetre)),
+      separateurlisteh_(
+          separateur(Qt::Horizontal, u"separateurlisteh"_s, contexte.texte(Texte::HauteurDesListes), fenetre)),
       liens_(new ListeDeLiens(ListeDeLiens::liens(), contexte.lecture.corpus, contexte.lecture.texte, fenetre)),
-      separateurlistev_(separateur(Qt::Vertical, u"separateurlistev"_s, contexte.texte(9099), fenetre)),
+      separateurlistev_(
+          separateur(Qt::Vertical, u"separateurlistev"_s, contexte.texte(Texte::PartageEntreLesListes), fenetre)),
       correlats_(
           new ListeDeLiens(ListeDeLiens::correlats(), contexte.lecture.corpus, contexte.lecture.texte, fenetre)) {
     for (ListeDeLiens* liste : {liens_, correlats_}) {
         connect(liste, &ListeDeLiens::basculee, this, [this, liste] { emit basculee(liste); });
         connect(liste, &ListeDeLiens::ligneouverte, this, &VoletLiens::ouverte);
     }
-    construitmenu({u"ContextMenuLiens"_s, u"MnuLiensOuvrir"_s, 9068, u"MnuLiensSelection"_s, 9069}, *liens_, fenetre);
-    construitmenu({u"ContextMenuCorrelats"_s, u"MnuCorrelatsOuvrir"_s, 9070, u"MnuCorrelatsSelection"_s, 9071},
+    construitmenu({u"ContextMenuLiens"_s, u"MnuLiensOuvrir"_s, Texte::OuvrirLeCite, u"MnuLiensSelection"_s,
+                   Texte::PlacerLesCitesDansLaListe},
+                  *liens_, fenetre);
+    construitmenu({u"ContextMenuCorrelats"_s, u"MnuCorrelatsOuvrir"_s, Texte::OuvrirLeCitant,
+                   u"MnuCorrelatsSelection"_s, Texte::PlacerLesCitantsDansLaListe},
                   *correlats_, fenetre);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // The lower pane of a document window: what the document cites and what cites it, side by side, the two bars that are
 // dragged to divide it, and the pop-up menus of the lists.
+#include "core/texte.h"
 #include "document/ui/contextetextes.h"
 
 #include <QObject>
@@ -40,9 +41,9 @@ private:
     struct Menu {
         QString nom;
         QString ouvrir;
-        int texteouvrir;
+        Texte texteouvrir;
         QString selection;
-        int texteselection;
+        Texte texteselection;
     };
     void construitmenu(const Menu& noms, ListeDeLiens& liste, QWidget* fenetre);
 

@@ -1,5 +1,6 @@
 #include "document/ui/zonetexte.h"
 
+#include "core/texte.h"
 #include "document/ui/barretextes.h"
 #include "document/ui/frmproperties.h"
 #include "document/ui/listedeliens.h"
@@ -99,7 +100,7 @@ void ZoneTexte::dit(const QString& texte) {
 
 // ---- pop-up menu
 
-QAction* ZoneTexte::entree(QMenu& menu, const QString& nom, int texte, const QString& image) const {
+QAction* ZoneTexte::entree(QMenu& menu, const QString& nom, Texte texte, const QString& image) const {
     QAction* action = menu.addAction(image.isEmpty() ? QIcon() : icon(image), contexte_.texte(texte));
     action->setObjectName(nom);
     action->setEnabled(false);
@@ -108,30 +109,32 @@ QAction* ZoneTexte::entree(QMenu& menu, const QString& nom, int texte, const QSt
 
 void ZoneTexte::construitmenu() {
     menu_->setObjectName(u"ContextMenu"_s);
-    connect(entree(*menu_, u"MnuCopy"_s, 9059, u"Copier"_s), &QAction::triggered, this, &ZoneTexte::copie);
-    connect(entree(*menu_, u"MnuSelectAll"_s, 9060, u"sélectionnertout"_s), &QAction::triggered, this,
-            &ZoneTexte::toutselectionner);
+    connect(entree(*menu_, u"MnuCopy"_s, Texte::DocumentCopier, u"Copier"_s), &QAction::triggered, this,
+            &ZoneTexte::copie);
+    connect(entree(*menu_, u"MnuSelectAll"_s, Texte::DocumentToutSelectionner, u"sélectionnertout"_s),
+            &QAction::triggered, this, &ZoneTexte::toutselectionner);
     menu_->addSeparator();
-    entree(*menu_, u"MnuPrint"_s, 9061, u"Imprimer"_s);
-    QMenu* envoi = menu_->addMenu(icon(u"envoyer"_s), contexte_.texte(9062));
+    entree(*menu_, u"MnuPrint"_s, Texte::DocumentImprimer, u"Imprimer"_s);
+    QMenu* envoi = menu_->addMenu(icon(u"envoyer"_s), contexte_.texte(Texte::DocumentEnvoyer));
     envoi->setObjectName(u"MnuSendfile"_s);
     envoi->setEnabled(false);
-    entree(*envoi, u"MnuSend(0)"_s, 9063, u"texte"_s);
-    entree(*envoi, u"MnuSend(1)"_s, 9064, u"piècejointe"_s);
-    connect(entree(*menu_, u"MnuStore"_s, 9065, u"rangerdocument"_s), &QAction::triggered, this, &ZoneTexte::range);
+    entree(*envoi, u"MnuSend(0)"_s, Texte::DocumentEnvoyerTexte, u"texte"_s);
+    entree(*envoi, u"MnuSend(1)"_s, Texte::DocumentEnvoyerPieceJointe, u"piècejointe"_s);
+    connect(entree(*menu_, u"MnuStore"_s, Texte::DocumentRanger, u"rangerdocument"_s), &QAction::triggered, this,
+            &ZoneTexte::range);
     menu_->addSeparator();
     construitentreesdeslistes();
 }
 
 void ZoneTexte::construitentreesdeslistes() {
-    const auto ajoute = [this](ListeDeLiens& liste, const QString& nom, int texte) {
+    const auto ajoute = [this](ListeDeLiens& liste, const QString& nom, Texte texte) {
         QAction* action = entree(*menu_, nom, texte, {});
         action->setEnabled(true);
         action->setCheckable(true);
         connect(action, &QAction::triggered, this, [this, &liste] { emit bascule(&liste); });
     };
-    ajoute(parties_.volet.liens(), u"MnuOuvrirLiens"_s, 9066);
-    ajoute(parties_.volet.correlats(), u"MnuOuvrirCorrélats"_s, 9067);
+    ajoute(parties_.volet.liens(), u"MnuOuvrirLiens"_s, Texte::DocumentListeDesCites);
+    ajoute(parties_.volet.correlats(), u"MnuOuvrirCorrélats"_s, Texte::DocumentListeDesCitants);
 }
 
 void ZoneTexte::montremenu(const QPoint& ou) {

@@ -1,5 +1,6 @@
 #pragma once
 // The text of a document window: what is read in it, shown in a view with its links and its pop-up menu.
+#include "core/texte.h"
 #include "document/ui/contextetextes.h"
 
 #include <QObject>
@@ -58,7 +59,7 @@ signals:
 
 private:
     void construitmenu();
-    QAction* entree(QMenu& menu, const QString& nom, int texte, const QString& image) const;
+    QAction* entree(QMenu& menu, const QString& nom, Texte texte, const QString& image) const;
     void construitentreesdeslistes();
     void montremenu(const QPoint& ou);
 

@@ -93,11 +93,10 @@ void TreeNodes::setExpanded(int node, bool expanded) {
     if (!found || found->expanded == expanded)
         return;
     found->expanded = expanded;
-    if (!redraw_) {
+    if (!redraw_)
         untold_.expansions.push_back(node);
-    } else if (observer_) {
+    else if (observer_)
         observer_->nodeExpansion(node, expanded);
-    }
 }
 
 void TreeNodes::noteExpanded(int node, bool expanded) {
@@ -107,11 +106,10 @@ void TreeNodes::noteExpanded(int node, bool expanded) {
 
 void TreeNodes::select(int node) {
     selected_ = contains(node) ? node : 0;
-    if (!redraw_) {
+    if (!redraw_)
         untold_.selected = true;
-    } else if (observer_) {
+    else if (observer_)
         observer_->nodeSelected(selected_);
-    }
 }
 
 void TreeNodes::setRedraw(bool on) {
@@ -137,11 +135,10 @@ void TreeNodes::tellAdded(int node) {
 }
 
 void TreeNodes::tellChanged(int node) {
-    if (!redraw_) {
+    if (!redraw_)
         untold_.changed = true;
-    } else if (observer_) {
+    else if (observer_)
         observer_->nodeChanged(node);
-    }
 }
 
 void TreeNodes::tellUntold() {

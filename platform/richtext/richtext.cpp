@@ -300,11 +300,10 @@ void RichText::changeParagraphs(qsizetype position, qsizetype length, const Para
     qsizetype from = start;
     do {
         const qsizetype end = d_->learnParagraphEnd(from);
-        if (end > from) {
+        if (end > from)
             d_->paragraphs[end - 1] = changed(d_->paragraphs[end - 1]);
-        } else {
+        else
             d_->closeEnd(d_->tailCharacter, changed(d_->lastParagraph()));
-        }
         from = end;
     } while (from < start + count);
     ++d_->revision;

@@ -8,6 +8,9 @@
 #include <array>
 
 namespace velm::rtf {
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr char hexDigits[] = "0123456789abcdef";
@@ -156,7 +159,7 @@ void Output::header() {
     character_.family = familyList_.front();
     if (hasBullets_) {
         bulletFont_ = static_cast<int>(familyList_.size());
-        familyList_.append(QStringLiteral("Symbol"));
+        familyList_.append(u"Symbol"_s);
     }
     bytes_.append("{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl");
     for (qsizetype i = 0; i < familyList_.size(); ++i) {

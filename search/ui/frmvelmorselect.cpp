@@ -79,7 +79,7 @@ Onglet voisin(const QTabWidget& onglets, int pas) {
 FrmVelmorSelect::FrmVelmorSelect(const Formulaire::Services& services, QWidget* parent)
     : QWidget(parent), texte_(services.texte), formulaire_(services, *this) {
     setObjectName(u"frmVelmorSelect"_s);
-    setWindowTitle(texte(2429));
+    setWindowTitle(texte(Texte::TitreRechercheDeDocuments));
     construit(services.liste.corpus());
     formulaire_.charge();
     relie();
@@ -95,7 +95,7 @@ void FrmVelmorSelect::construit(Corpus& corpus) {
     disposition->addWidget(construitcollections());
     construitonglets(centre, corpus);
     disposition->addWidget(ongletrecherche_, 1);
-    ProgressBar_ = nouveauprogres(texte(9461), centre);
+    ProgressBar_ = nouveauprogres(texte(Texte::AvancementDeLaRecherche), centre);
     disposition->addWidget(ProgressBar_);
     ordonne(*this, ongletrecherche_->tabBar());
     // In the middle, as large as it can use.
@@ -114,27 +114,28 @@ void FrmVelmorSelect::construitonglets(QWidget* parent, Corpus& corpus) {
     criteres_ = new OngletCriteres(texte_, formulaire_.items(), formulaire_.types(),
                                    [this](const QWidget* ou) { return ou && isAncestorOf(ou); });
     mots_ = new OngletMots(texte_, corpus);
-    ongletrecherche_->addTab(rapide_, texte(2715));
-    ongletrecherche_->addTab(criteres_, texte(2716));
-    ongletrecherche_->addTab(mots_, texte(7301));
+    ongletrecherche_->addTab(rapide_, texte(Texte::OngletRapide));
+    ongletrecherche_->addTab(criteres_, texte(Texte::OngletCriteres));
+    ongletrecherche_->addTab(mots_, texte(Texte::OngletMots));
 }
 
 QWidget* FrmVelmorSelect::construitcollections() {
     barre_cran_ = new Toolbar(this);
     barre_cran_->setObjectName(u"barre_cran"_s);
-    barre_cran_->setAccessibleName(texte(9139));
+    barre_cran_->setAccessibleName(texte(Texte::CritereCollections));
     barre_cran_->setImages(icon);
     for (int collection = 0; collection < nombredecollections; ++collection) {
         const QString cle = typedindice(collection);
         barre_cran_->addButton(cle, Toolbar::Kind::Check, u"collection%1"_s.arg(collection));
-        barre_cran_->setToolTip(cle, texte(10 + collection));
+        barre_cran_->setToolTip(cle, texte(libelledefenetre(collection)));
         barre_cran_->setValue(cle, true);
     }
-    auto* toutes = nouveaubouton(u"toutsélect"_s, texte(2220), this);
-    auto* aucune = nouveaubouton(u"toutdéselect"_s, texte(2221), this);
+    auto* toutes = nouveaubouton(u"toutsélect"_s, texte(Texte::ToutSelectionner), this);
+    auto* aucune = nouveaubouton(u"toutdéselect"_s, texte(Texte::ToutDeselectionner), this);
     connect(toutes, &QPushButton::clicked, this, [this] { presse(true); });
     connect(aucune, &QPushButton::clicked, this, [this] { presse(false); });
-    return new BandeCollections(nouvelleetiquette(texte(9139), barre_cran_, this), barre_cran_, {toutes, aucune}, this);
+    return new BandeCollections(nouvelleetiquette(texte(Texte::CritereCollections), barre_cran_, this), barre_cran_,
+                                {toutes, aucune}, this);
 }
 
 void FrmVelmorSelect::relie() {

@@ -1,6 +1,7 @@
 #pragma once
 // The search form: three tabs, one for each search, over the bar of the collections that all of them look into.
 #include "core/fenetrefille.h"
+#include "core/texte.h"
 #include "search/formulaire.h"
 
 #include <QWidget>
@@ -62,7 +63,7 @@ private:
     void focus(Onglet onglet) override;
     void cache() override;
 
-    QString texte(int numero) const { return texte_(numero); }
+    QString texte(Texte lequel) const { return texte_(lequel); }
     void construit(Corpus& corpus);
     void construitonglets(QWidget* parent, Corpus& corpus);
     QWidget* construitcollections();
@@ -74,7 +75,7 @@ private:
     PageRecherche& page(Onglet onglet) const;
     BoiteDerniers& boite(BoiteTexte laquelle) const;
 
-    std::function<QString(int)> texte_;
+    Libelles texte_;
     Formulaire formulaire_;
 
     Toolbar* barre_cran_ = nullptr;

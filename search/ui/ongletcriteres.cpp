@@ -1,5 +1,6 @@
 #include "search/ui/ongletcriteres.h"
 
+#include "core/texte.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
 #include "search/ui/boitederniers.h"
@@ -37,8 +38,8 @@ QHBoxLayout* rangee(std::initializer_list<QWidget*> controles) {
 
 } // namespace
 
-OngletCriteres::OngletCriteres(const std::function<QString(int)>& texte, const ItemsFormulaire& items,
-                               const TypesDocument& types, std::function<bool(const QWidget*)> dansformulaire)
+OngletCriteres::OngletCriteres(const Libelles& texte, const ItemsFormulaire& items, const TypesDocument& types,
+                               std::function<bool(const QWidget*)> dansformulaire)
     : PageRecherche(texte), dansformulaire_(std::move(dansformulaire)) {
     construittextes(items.conjonction);
     construitlieux();
@@ -49,23 +50,26 @@ OngletCriteres::OngletCriteres(const std::function<QString(int)>& texte, const I
     grille().setRowMinimumHeight(ligne_++, look::spacing);
     construitportee();
     disposition().addStretch(1);
-    auto* effacer = nouveaubouton(u"annulercriteres"_s, texte(2144), this);
+    auto* effacer = nouveaubouton(u"annulercriteres"_s, texte(Texte::EffacerLesCriteres), this);
     connect(effacer, &QPushButton::clicked, this, &OngletCriteres::effacementvoulu);
     ajouteboutons(u"cmdok"_s, u"annuler"_s, effacer);
 }
 
 /// The two texts with what they must be.
 void OngletCriteres::construittextes(const QStringList& conjonctions) {
-    prefixe_ = nouvelleliste(u"prefixe"_s, texte(9456), {u" "_s, texte(1501)}, this);
-    conjonction_ = nouvelleliste(u"conjonction"_s, texte(9457), conjonctions, this);
+    prefixe_ =
+        nouvelleliste(u"prefixe"_s, texte(Texte::PresenceDuPremierTexte), {u" "_s, texte(Texte::NeContientPas)}, this);
+    conjonction_ = nouvelleliste(u"conjonction"_s, texte(Texte::LienEntreLesTextes), conjonctions, this);
     for (std::size_t i = 0; i < texterech_.size(); ++i) {
         const int numero = static_cast<int>(i);
-        texterech_.at(i) = PageRecherche::boite(nomnumerote(u"texterech"_s, numero), 9136 + numero);
-        motentier_.at(i) = nouvellecoche(nomnumerote(u"motentier"_s, numero), texte(1731), this);
-        respectminmaj_.at(i) = nouvellecoche(nomnumerote(u"respectminmaj"_s, numero), texte(1730), this);
+        const Texte intitule = i == 0 ? Texte::CriterePremierTexte : Texte::CritereSecondTexte;
+        texterech_.at(i) = PageRecherche::boite(nomnumerote(u"texterech"_s, numero), intitule);
+        motentier_.at(i) = nouvellecoche(nomnumerote(u"motentier"_s, numero), texte(Texte::MotEntier), this);
+        respectminmaj_.at(i) =
+            nouvellecoche(nomnumerote(u"respectminmaj"_s, numero), texte(Texte::RespecterLesMajuscules), this);
         QComboBox* lien = i == 0 ? prefixe_ : conjonction_;
         lien->setToolTip(plainTip(lien->accessibleName()));
-        grille().addWidget(nouvelleetiquette(texte(9136 + numero), texterech_.at(i), this), ligne_, 0);
+        grille().addWidget(nouvelleetiquette(texte(intitule), texterech_.at(i), this), ligne_, 0);
         grille().addWidget(lien, ligne_, 1);
         grille().addWidget(texterech_.at(i), ligne_++, 2);
         grille().addLayout(rangee({motentier_.at(i), respectminmaj_.at(i)}), ligne_++, 2);
@@ -74,36 +78,37 @@ void OngletCriteres::construittextes(const QStringList& conjonctions) {
 
 /// Where the texts are looked for.
 void OngletCriteres::construitlieux() {
-    constexpr std::array lieux{300, 2121, 1409};
+    constexpr std::array lieux{Texte::Titre, Texte::TexteDuDocument, Texte::Source};
     for (std::size_t i = 0; i < emplacement_.size(); ++i)
         emplacement_.at(i) =
             nouvellecoche(nomnumerote(u"emplacement"_s, static_cast<int>(i)), texte(lieux.at(i)), this);
-    ajouteligne(9138, emplacement_.front(), rangee({emplacement_[0], emplacement_[1], emplacement_[2]}));
+    ajouteligne(Texte::CritereRechercherDans, emplacement_.front(),
+                rangee({emplacement_[0], emplacement_[1], emplacement_[2]}));
 }
 
-void OngletCriteres::ajouteligne(int numerotexte, QWidget* nomme, QLayout* controles) {
-    grille().addWidget(nouvelleetiquette(texte(numerotexte), nomme, this), ligne_, 0);
+void OngletCriteres::ajouteligne(Texte intitule, QWidget* nomme, QLayout* controles) {
+    grille().addWidget(nouvelleetiquette(texte(intitule), nomme, this), ligne_, 0);
     grille().addLayout(controles, ligne_++, 1, 1, 2);
 }
 
 /// Its items may be many, and long.
-QComboBox* OngletCriteres::longueliste(const QString& nom, int numerotexte, const QStringList& items) {
-    QComboBox* nouvelle = nouvelleliste(nom, texte(numerotexte), items, this);
+QComboBox* OngletCriteres::longueliste(const QString& nom, Texte intitule, const QStringList& items) {
+    QComboBox* nouvelle = nouvelleliste(nom, texte(intitule), items, this);
     nouvelle->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     nouvelle->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    grille().addWidget(nouvelleetiquette(texte(numerotexte), nouvelle, this), ligne_, 0);
+    grille().addWidget(nouvelleetiquette(texte(intitule), nouvelle, this), ligne_, 0);
     grille().addWidget(nouvelle, ligne_++, 1, 1, 2);
     return nouvelle;
 }
 
 /// What the document's own fields must be.
 void OngletCriteres::construitfiche(const ItemsFormulaire& items, const TypesDocument& types) {
-    combomotcle_ = longueliste(u"combomotcle"_s, 9130, {});
+    combomotcle_ = longueliste(u"combomotcle"_s, Texte::CritereMotCle, {});
     combomotcle_->setModel(new QStringListModel(combomotcle_));
     auto* vue = new QListView(combomotcle_);
     vue->setUniformItemSizes(true);
     combomotcle_->setView(vue);
-    combotype_ = longueliste(u"combotype"_s, 9131, items.combotype);
+    combotype_ = longueliste(u"combotype"_s, Texte::CritereTypeDeDocument, items.combotype);
     auto* numerotype = new QListWidget(this);
     numerotype->setObjectName(u"numerotype"_s);
     numerotype->addItems(types.numerotype);
@@ -111,8 +116,9 @@ void OngletCriteres::construitfiche(const ItemsFormulaire& items, const TypesDoc
 }
 
 void OngletCriteres::construitdate() {
-    date_ = {champdate(u"textejour"_s, 9133, 2), champdate(u"textemois"_s, 9134, 2),
-             champdate(u"texteannée"_s, 9135, 4)};
+    constexpr std::array textesdeladate{Texte::CritereJour, Texte::CritereMois, Texte::CritereAnnee};
+    date_ = {champdate(u"textejour"_s, textesdeladate[0], 2), champdate(u"textemois"_s, textesdeladate[1], 2),
+             champdate(u"texteannée"_s, textesdeladate[2], 4)};
     date_[0]->valide = &validejour;
     date_[1]->valide = &validemois;
     date_[2]->complete = &valideannee;
@@ -120,18 +126,18 @@ void OngletCriteres::construitdate() {
     auto* controles = new QHBoxLayout;
     controles->setSpacing(look::spacing);
     for (std::size_t i = 0; i < date_.size(); ++i) {
-        controles->addWidget(nouvelleetiquette(texte(9133 + static_cast<int>(i)), date_.at(i), this));
+        controles->addWidget(nouvelleetiquette(texte(textesdeladate.at(i)), date_.at(i), this));
         controles->addWidget(date_.at(i));
         controles->addSpacing(look::spacing);
     }
     controles->addStretch(1);
-    ajouteligne(9132, date_.front(), controles);
+    ajouteligne(Texte::CritereDate, date_.front(), controles);
 }
 
-ChampDate* OngletCriteres::champdate(const QString& nom, int numerotexte, int chiffres) {
+ChampDate* OngletCriteres::champdate(const QString& nom, Texte intitule, int chiffres) {
     auto* nouveau = new ChampDate(this);
     nouveau->setObjectName(nom);
-    nouveau->setAccessibleName(texte(numerotexte).remove(u'&'));
+    nouveau->setAccessibleName(texte(intitule).remove(u'&'));
     nouveau->setFixedWidth(nouveau->fontMetrics().horizontalAdvance(QString(chiffres, u'0')) + 3 * look::spacing);
     connect(nouveau, &QLineEdit::returnPressed, this, &OngletCriteres::cherchevoulu);
     // A wrong date holds the focus in the form and takes it from no other window; nor from the button that searches,
@@ -142,15 +148,15 @@ ChampDate* OngletCriteres::champdate(const QString& nom, int numerotexte, int ch
 
 /// All documents, or those of the list.
 void OngletCriteres::construitportee() {
-    Option1_ = new QRadioButton(texte(2710), this);
+    Option1_ = new QRadioButton(texte(Texte::NouvelleRecherche), this);
     Option1_->setObjectName(u"Option1"_s);
     Option1_->setChecked(true);
-    Option2_ = new QRadioButton(texte(2711), this);
+    Option2_ = new QRadioButton(texte(Texte::RechercherDansLaListe), this);
     Option2_->setObjectName(u"Option2"_s);
     auto* groupe = new QButtonGroup(this);
     groupe->addButton(Option1_);
     groupe->addButton(Option2_);
-    ajouteligne(9140, Option1_, rangee({Option1_, Option2_}));
+    ajouteligne(Texte::CritereEtendue, Option1_, rangee({Option1_, Option2_}));
 }
 
 // ---- what stands there

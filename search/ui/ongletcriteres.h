@@ -1,6 +1,7 @@
 #pragma once
 // The tab of the criteria: two texts and where they stand, what a document's own fields must be, and whether all
 // documents are gone through or only those of the list.
+#include "core/texte.h"
 #include "search/etatformulaire.h"
 #include "search/ui/pagerecherche.h"
 
@@ -17,7 +18,7 @@ class OngletCriteres final : public PageRecherche {
 public:
     /// `dansformulaire` tells whether a control is one of the form that holds the tab: the focus stays at a date that
     /// none is, as long as it would go to another of these.
-    OngletCriteres(const std::function<QString(int)>& texte, const ItemsFormulaire& items, const TypesDocument& types,
+    OngletCriteres(const Libelles& texte, const ItemsFormulaire& items, const TypesDocument& types,
                    std::function<bool(const QWidget*)> dansformulaire);
 
     QLineEdit& champ() const override;
@@ -48,10 +49,10 @@ private:
     void construitfiche(const ItemsFormulaire& items, const TypesDocument& types);
     void construitdate();
     void construitportee();
-    QComboBox* longueliste(const QString& nom, int numerotexte, const QStringList& items);
-    ChampDate* champdate(const QString& nom, int numerotexte, int chiffres);
+    QComboBox* longueliste(const QString& nom, Texte intitule, const QStringList& items);
+    ChampDate* champdate(const QString& nom, Texte intitule, int chiffres);
     /// One more line of the grid below the texts.
-    void ajouteligne(int numerotexte, QWidget* nomme, QLayout* controles);
+    void ajouteligne(Texte intitule, QWidget* nomme, QLayout* controles);
 
     std::function<bool(const QWidget*)> dansformulaire_;
     int ligne_ = 0;

@@ -1,6 +1,7 @@
 #include "search/ui/ongletmots.h"
 
 #include "core/parametres.h"
+#include "core/texte.h"
 #include "platform/widgets/look/plaintext.h"
 #include "search/motscommencant.h"
 #include "search/ui/boitederniers.h"
@@ -17,26 +18,26 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-OngletMots::OngletMots(const std::function<QString(int)>& texte, Corpus& corpus) : PageRecherche(texte) {
-    Textedico_ = PageRecherche::boite(u"Textedico"_s, 7500);
+OngletMots::OngletMots(const Libelles& texte, Corpus& corpus) : PageRecherche(texte) {
+    Textedico_ = PageRecherche::boite(u"Textedico"_s, Texte::MotsARechercher);
     completion_ = new CompletionMots(
         Textedico_->lineEdit(),
         [&corpus](const QString& debut, int nombre) { return motscommencant(corpus, debut, nombre); },
-        separateursmots(), texte(9459));
-    checkandordico_ = nouvellecoche(u"checkandordico"_s, texte(7304), this);
+        separateursmots(), texte(Texte::MotsProposes));
+    checkandordico_ = nouvellecoche(u"checkandordico"_s, texte(Texte::TousLesMots), this);
     Combonombredico_ = limites(u"Combonombredico"_s);
     resultat_ = new QListWidget(this);
     resultat_->setObjectName(u"resultat"_s);
-    resultat_->setAccessibleName(texte(9458));
-    resultat_->setToolTip(plainTip(texte(9458)));
+    resultat_->setAccessibleName(texte(Texte::MotsTrouves));
+    resultat_->setToolTip(plainTip(texte(Texte::MotsTrouves)));
     resultat_->setUniformItemSizes(true);
     for (const auto choisie : {&QListWidget::itemClicked, &QListWidget::itemActivated})
         connect(resultat_, choisie, this, [this](const QListWidgetItem* ligne) { emit lignechoisie(ligne->text()); });
-    auto* libeldico = nouvelleetiquette(texte(7500) + u" :"_s, Textedico_, this);
+    auto* libeldico = nouvelleetiquette(texte(Texte::MotsARechercher) + u" :"_s, Textedico_, this);
     libeldico->setObjectName(u"libeldico"_s);
-    auto* libelnombredico = nouvelleetiquette(texte(2717), Combonombredico_, this);
+    auto* libelnombredico = nouvelleetiquette(texte(Texte::NombreMaximal), Combonombredico_, this);
     libelnombredico->setObjectName(u"libelnombredico"_s);
-    auto* messagedico = nouvelleetiquette(texte(7305), nullptr, this);
+    auto* messagedico = nouvelleetiquette(texte(Texte::ConseilEtoile), nullptr, this);
     messagedico->setObjectName(u"messagedico"_s);
     messagedico->setWordWrap(true);
     messagedico->setForegroundRole(QPalette::PlaceholderText);

@@ -1,5 +1,6 @@
 #pragma once
 // The tab of the search by words: a line of words, which are completed as they are typed, and what became of each.
+#include "core/texte.h"
 #include "search/etatformulaire.h"
 #include "search/ui/pagerecherche.h"
 
@@ -15,7 +16,7 @@ class OngletMots final : public PageRecherche {
 
 public:
     /// `corpus` gives the words and is not owned.
-    OngletMots(const std::function<QString(int)>& texte, Corpus& corpus);
+    OngletMots(const Libelles& texte, Corpus& corpus);
 
     QLineEdit& champ() const override;
     BoiteDerniers& boite() const { return *Textedico_; }

@@ -1,5 +1,6 @@
 #include "search/ui/ongletrapide.h"
 
+#include "core/texte.h"
 #include "search/ui/boitederniers.h"
 #include "search/ui/controles.h"
 
@@ -11,12 +12,12 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-OngletRapide::OngletRapide(const std::function<QString(int)>& texte) : PageRecherche(texte) {
-    texterapide_ = PageRecherche::boite(u"texterapide"_s, 2121);
+OngletRapide::OngletRapide(const Libelles& texte) : PageRecherche(texte) {
+    texterapide_ = PageRecherche::boite(u"texterapide"_s, Texte::TexteDuDocument);
     combonombre_ = limites(u"combonombre"_s);
-    auto* libelrapide = nouvelleetiquette(texte(2121), texterapide_, this);
+    auto* libelrapide = nouvelleetiquette(texte(Texte::TexteDuDocument), texterapide_, this);
     libelrapide->setObjectName(u"libelrapide"_s);
-    auto* libelnombre = nouvelleetiquette(texte(2717), combonombre_, this);
+    auto* libelnombre = nouvelleetiquette(texte(Texte::NombreMaximal), combonombre_, this);
     libelnombre->setObjectName(u"libelnombre"_s);
     grille().addWidget(libelrapide, 0, 0);
     grille().addWidget(texterapide_, 0, 1);

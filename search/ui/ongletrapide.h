@@ -1,5 +1,6 @@
 #pragma once
 // The tab of the quick search: a text, and how many documents are wanted.
+#include "core/texte.h"
 #include "search/etatformulaire.h"
 #include "search/ui/pagerecherche.h"
 
@@ -9,7 +10,7 @@ class OngletRapide final : public PageRecherche {
     Q_OBJECT
 
 public:
-    explicit OngletRapide(const std::function<QString(int)>& texte);
+    explicit OngletRapide(const Libelles& texte);
 
     QLineEdit& champ() const override;
     BoiteDerniers& boite() const { return *texterapide_; }

@@ -1,5 +1,6 @@
 #include "search/ui/pagerecherche.h"
 
+#include "core/texte.h"
 #include "platform/widgets/look/look.h"
 #include "search/ui/boitederniers.h"
 #include "search/ui/controles.h"
@@ -12,7 +13,7 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-PageRecherche::PageRecherche(std::function<QString(int)> texte) : texte_(std::move(texte)) {
+PageRecherche::PageRecherche(Libelles texte) : texte_(std::move(texte)) {
     disposition_ = new QVBoxLayout(this);
     disposition_->setContentsMargins(look::windowMargin, look::groupSpacing, look::windowMargin, look::windowMargin);
     disposition_->setSpacing(look::groupSpacing);
@@ -23,9 +24,9 @@ PageRecherche::PageRecherche(std::function<QString(int)> texte) : texte_(std::mo
     disposition_->addLayout(grille_);
 }
 
-BoiteDerniers* PageRecherche::boite(const QString& nom, int numerotexte) {
-    auto* nouvelle = new BoiteDerniers(nom, texte(9460), this);
-    const QString libelle = texte(numerotexte).remove(u'&');
+BoiteDerniers* PageRecherche::boite(const QString& nom, Texte intitule) {
+    auto* nouvelle = new BoiteDerniers(nom, texte(Texte::DernieresRecherches), this);
+    const QString libelle = texte(intitule).remove(u'&');
     nouvelle->setAccessibleName(libelle);
     nouvelle->lineEdit()->setAccessibleName(libelle);
     connect(nouvelle->lineEdit(), &QLineEdit::returnPressed, this, &PageRecherche::cherchevoulu);
@@ -33,18 +34,18 @@ BoiteDerniers* PageRecherche::boite(const QString& nom, int numerotexte) {
 }
 
 QComboBox* PageRecherche::limites(const QString& nom) {
-    return nouvelleliste(nom, texte(2717), {u"50"_s, u"100"_s, texte(2718)}, this);
+    return nouvelleliste(nom, texte(Texte::NombreMaximal), {u"50"_s, u"100"_s, texte(Texte::SansLimite)}, this);
 }
 
 void PageRecherche::ajouteboutons(const QString& chercher, const QString& annuler, QWidget* gauche) {
-    lanceur_ = nouveaubouton(chercher, texte(1124), this);
+    lanceur_ = nouveaubouton(chercher, texte(Texte::Rechercher), this);
     lanceur_->setDefault(true);
     // As wide for either of its captions.
     const int chercheur = lanceur_->sizeHint().width();
-    lanceur_->setText(texte(2145));
+    lanceur_->setText(texte(Texte::Arreter));
     lanceur_->setMinimumWidth(std::max(chercheur, lanceur_->sizeHint().width()));
     connect(lanceur_, &QPushButton::clicked, this, &PageRecherche::cherchevoulu);
-    auto* fin = nouveaubouton(annuler, texte(1118), this);
+    auto* fin = nouveaubouton(annuler, texte(Texte::Annuler), this);
     connect(fin, &QPushButton::clicked, this, &PageRecherche::annulationvoulue);
     auto* ligne = new QHBoxLayout;
     ligne->setContentsMargins({});

@@ -1,8 +1,8 @@
 #pragma once
 // A tab of the search form: its controls over two buttons, one that searches, or stops, and one that gives up.
-#include <QWidget>
+#include "core/texte.h"
 
-#include <functional>
+#include <QWidget>
 
 class QComboBox;
 class QGridLayout;
@@ -28,21 +28,21 @@ signals:
     void annulationvoulue();
 
 protected:
-    explicit PageRecherche(std::function<QString(int)> texte);
+    explicit PageRecherche(Libelles texte);
 
-    QString texte(int numero) const { return texte_(numero); }
+    QString texte(Texte lequel) const { return texte_(lequel); }
     /// Lines of controls, and what goes below them.
     QGridLayout& grille() const { return *grille_; }
     QVBoxLayout& disposition() const { return *disposition_; }
     /// A text box that remembers what was searched. Its Return key searches.
-    BoiteDerniers* boite(const QString& nom, int numerotexte);
+    BoiteDerniers* boite(const QString& nom, Texte intitule);
     /// The list of the three limits.
     QComboBox* limites(const QString& nom);
     /// The last line of the tab, with what stands at the left of the two buttons.
     void ajouteboutons(const QString& chercher, const QString& annuler, QWidget* gauche = nullptr);
 
 private:
-    std::function<QString(int)> texte_;
+    Libelles texte_;
     QVBoxLayout* disposition_ = nullptr;
     QGridLayout* grille_ = nullptr;
     QPushButton* lanceur_ = nullptr;

@@ -2,6 +2,7 @@
 // The commands of the program in one table: how each is named, said, drawn and reached, and when it can be had. Bars,
 // menus and pop-ups are lists of them. A new button or entry is a line of the table and a place in a list.
 #include "core/ordre.h"
+#include "core/texte.h"
 #include "shell/logique/barres.h"
 
 #include <QString>
@@ -30,13 +31,13 @@ enum class Besoin {
 struct LigneCommande {
     Ordre ordre;
     struct Bouton {
-        QStringView cle = {}; ///< that of a collection is its code
-        int bulle = 0;        ///< number of its tool tip
+        QStringView cle = {};            ///< that of a collection is its code
+        std::optional<Texte> bulle = {}; ///< its tool tip
     } bouton = {};
     struct Entree {
-        QStringView nom = {}; ///< of an entry that stands alone, or of the array that it stands in
-        int indice = -1;      ///< in that array, of rank 0; none for one that stands alone
-        int libelle = 0;      ///< number of its caption; 0: the tool tip of the button is the caption
+        QStringView nom = {};              ///< of an entry that stands alone, or of the array that it stands in
+        int indice = -1;                   ///< in that array, of rank 0; none for one that stands alone
+        std::optional<Texte> libelle = {}; ///< its caption; none: the tool tip of the button is the caption
     } entree = {};
     QStringView image = {};  ///< name of its picture; that of a collection ends in its slot
     QStringView touche = {}; ///< shortcut, in portable words
@@ -51,8 +52,9 @@ const LigneCommande& lignede(Ordre ordre);
 
 // ---- one of several: ranks from 0
 Besoin besoinde(Ordre ordre, int rang);
-int libellede(Ordre ordre, int rang);
-int bullede(Ordre ordre, int rang);
+/// Its caption and its tool tip; none for what gets its words while the program runs.
+std::optional<Texte> libellede(Ordre ordre, int rang);
+std::optional<Texte> bullede(Ordre ordre, int rang);
 QString imagede(Ordre ordre, int rang);
 /// Key of its tool button; empty for none.
 QString boutonde(Ordre ordre, int rang);

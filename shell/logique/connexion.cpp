@@ -1,6 +1,7 @@
 #include "shell/logique/connexion.h"
 
 #include "core/obstacles.h"
+#include "core/texte.h"
 #include "platform/system/files.h"
 
 #include <limits>
@@ -45,10 +46,11 @@ bool Connexion::parcourtlecteurs() {
 /// Offers the copy and makes it. False when there is no room for it: then the other drives are left alone.
 bool Connexion::surledisque(const QString& racine) {
     Langue& langue = services_.langue;
-    const QString question = langue.lireressource(7401) + u" ?\r\n"_s + langue.lireressource(7402) + u"\r\n\r\n"_s +
-                             langue.lireressource(7403);
-    if (services_.dialogues.message(question, langue.lireressource(7400) + u' ' + racine, Icone::Question,
-                                    Bouton::Oui | Bouton::Non, Bouton::Non) != Bouton::Oui)
+    const QString question = langue.lireressource(Texte::QuestionCopierLaBase) + u" ?\r\n"_s +
+                             langue.lireressource(Texte::AvantageDeLaCopie) + u"\r\n\r\n"_s +
+                             langue.lireressource(Texte::LectureSansCopie);
+    if (services_.dialogues.message(question, langue.lireressource(Texte::TitreBaseSurLecteur) + u' ' + racine,
+                                    Icone::Question, Bouton::Oui | Bouton::Non, Bouton::Non) != Bouton::Oui)
         return true;
     return copie();
 }
@@ -59,16 +61,17 @@ bool Connexion::copie() {
     // Where nobody knows how much is left, the copy tells.
     const qint64 place = placelibre(services_.dossierprogramme).value_or(std::numeric_limits<qint64>::max());
     if (place < fileSize(source).value_or(0)) {
-        services_.dialogues.message(langue.lireressource(9500), langue.lireressource(7100), Icone::Exclamation);
+        services_.dialogues.message(langue.lireressource(Texte::PasDePlacePourCopier),
+                                    langue.lireressource(Texte::TitreConnexion), Icone::Exclamation);
         return false;
     }
     const QString cible = joinPath(services_.dossierprogramme, nomdelabase);
-    services_.copie.commence(langue.lireressource(7404));
+    services_.copie.commence(langue.lireressource(Texte::CopieDeLaBase));
     const CopieResultat resultat = copiefichier(source, cible, services_.copie.avance);
     services_.copie.finit();
     if (!resultat.ok()) {
         // The base stays readable where it is.
-        services_.dialogues.message(u"Erreur de copie"_s, langue.lireressource(8), Icone::Stop);
+        services_.dialogues.message(u"Erreur de copie"_s, langue.lireressource(Texte::NomDuProgramme), Icone::Stop);
         return true;
     }
     makeWritable(cible);
@@ -79,9 +82,10 @@ bool Connexion::copie() {
 bool Connexion::cherche() {
     Langue& langue = services_.langue;
     ChoixFichier choix;
-    choix.titre = langue.lireressource(7100);
+    choix.titre = langue.lireressource(Texte::TitreConnexion);
     choix.dossier = services_.seance.parametres().repertoiredebase;
-    choix.filtre = langue.lireressource(2152) + u" (*.DAT)|*.DAT|"_s + langue.lireressource(2405) + u" (*.*)|*.*"_s;
+    choix.filtre = langue.lireressource(Texte::BaseDocumentaire) + u" (*.DAT)|*.DAT|"_s +
+                   langue.lireressource(Texte::TousLesFichiers) + u" (*.*)|*.*"_s;
     const std::optional<QString> choisi = services_.dialogues.openFile(choix);
     if (!choisi)
         return false;
@@ -90,7 +94,8 @@ bool Connexion::cherche() {
 }
 
 QString Connexion::lieu() const {
-    return services_.langue.lireressource(7101) + u'"' + services_.seance.parametres().repertoiredebase + u"\"."_s;
+    return services_.langue.lireressource(Texte::BasePasOuverteDans) + u'"' +
+           services_.seance.parametres().repertoiredebase + u"\"."_s;
 }
 
 QString Connexion::cause() const {
@@ -98,18 +103,19 @@ QString Connexion::cause() const {
     switch (erreur_) {
     case OpenError::None:
     case OpenError::Missing:
-        return services_.langue.lireressource(7102);
+        return services_.langue.lireressource(Texte::DisqueOuBaseAbsents);
     case OpenError::OldEngine:
-        return remplace(services_.langue.lireressource(9403), {fichier});
+        return remplace(services_.langue.lireressource(Texte::BaseDUnAncienMoteur), {fichier});
     case OpenError::Foreign:
-        return remplace(services_.langue.lireressource(9404), {fichier});
+        return remplace(services_.langue.lireressource(Texte::BaseEndommagee), {fichier});
     case OpenError::Unreadable:
     case OpenError::ReadOnly:
         break;
     }
     const Corpus::Echec& echec = services_.corpus.echec();
-    const auto texte = [this](int numero) { return services_.langue.lireressource(numero); };
-    return remplace(services_.langue.lireressource(9330), {fichier, raison(echec.kind, echec.words, texte)});
+    const auto texte = [this](Texte numero) { return services_.langue.lireressource(numero); };
+    return remplace(services_.langue.lireressource(Texte::FichierIllisible),
+                    {fichier, raison(echec.kind, echec.words, texte)});
 }
 
 } // namespace velm

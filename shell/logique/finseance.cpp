@@ -1,8 +1,12 @@
 #include "shell/logique/finseance.h"
 
 #include "core/cle.h"
+#include "core/tablereglages.h"
+#include "core/texte.h"
 
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -28,7 +32,7 @@ QString fenetreactive(const EtatFenetres& etat) {
                 return QString::number(indice).rightJustified(2, u'0');
         }
     }
-    return QStringLiteral("-1");
+    return u"-1"_s;
 }
 
 } // namespace
@@ -40,15 +44,16 @@ FinSeance::FinSeance(const Seance& seance, Reglages& reglages, Langue& langue, C
 bool FinSeance::quittequestions() {
     constexpr int pagedaide = 13;
     if (seance_.preferences().checkquit == 0) {
-        const Bouton reponse =
-            dialogues_.message(langue_.lireressource(400) + QStringLiteral(" ?"), langue_.lireressource(401),
-                               Icone::Question, Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Aucun, pagedaide);
+        const Bouton reponse = dialogues_.message(langue_.lireressource(Texte::QuestionQuitter) + u" ?"_s,
+                                                  langue_.lireressource(Texte::TitreQuitter), Icone::Question,
+                                                  Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Aucun, pagedaide);
         if (reponse != Bouton::Oui)
             return false;
     }
     if (ecrans_.travaux.impressionouverte()) {
-        const Bouton reponse = dialogues_.message(langue_.lireressource(4402) + u'?', langue_.lireressource(4403),
-                                                  Icone::Question, Bouton::Oui | Bouton::Non);
+        const Bouton reponse = dialogues_.message(langue_.lireressource(Texte::QuestionImpressionEnCours) + u'?',
+                                                  langue_.lireressource(Texte::TitreImpressionEnCours), Icone::Question,
+                                                  Bouton::Oui | Bouton::Non);
         if (reponse == Bouton::Oui)
             ecrans_.travaux.termineimpression();
         else
@@ -64,22 +69,18 @@ void FinSeance::ecritfenetres(const EtatFenetres& etat) {
         drapeaux += etat.cochees[static_cast<std::size_t>(indice)] ? u'X' : u' ';
         cles += cledelafenetre(etat, indice);
     }
-    const QString section = QStringLiteral("POSITIONFORME");
-    reglages_.savesetting(section, QStringLiteral("MDICHILD"), fenetreactive(etat) + drapeaux);
-    reglages_.savesetting(section, QStringLiteral("MDICHILDCONTENU"), cles);
-    reglages_.note(QStringLiteral("EDITEUR"), QStringLiteral("LARGEURSELECTION"),
-                   QString::number(etat.largeurpane, 'g', 9));
+    reglages_.ecrit(reglage::fenetresouvertes, fenetreactive(etat) + drapeaux);
+    reglages_.ecrit(reglage::fenetrescontenus, cles);
+    reglages_.note(reglage::largeurselection, etat.largeurpane);
 }
 
 void FinSeance::ecritposition(const PositionFenetre& position) {
-    const QString section = QStringLiteral("POSITIONMDI");
-    const auto ecrit = [&](const QString& cle, int valeur) { reglages_.note(section, cle, QString::number(valeur)); };
-    ecrit(QStringLiteral("WINDOWSSTATE"), position.etat);
-    ecrit(QStringLiteral("WINDOWSLEFT"), position.gauche);
-    ecrit(QStringLiteral("WINDOWSTOP"), position.haut);
-    ecrit(QStringLiteral("WINDOWSWIDTH"), position.largeur);
-    ecrit(QStringLiteral("WINDOWSHEIGHT"), position.hauteur);
-    reglages_.savesetting(QStringLiteral("BASE"), QStringLiteral("CHEMIN"), seance_.parametres().repertoiredebase);
+    reglages_.note(reglage::cadreetat, position.etat);
+    reglages_.note(reglage::cadregauche, position.gauche);
+    reglages_.note(reglage::cadrehaut, position.haut);
+    reglages_.note(reglage::cadrelargeur, position.largeur);
+    reglages_.note(reglage::cadrehauteur, position.hauteur);
+    reglages_.ecrit(reglage::dossierbase, seance_.parametres().repertoiredebase);
 }
 
 bool FinSeance::quitteprogramme() {

@@ -20,11 +20,11 @@ ArbreSource arbre(const std::vector<Noeud>& noeuds) {
     return fait;
 }
 
-std::vector<int> genres(const Problemes& problemes) {
-    std::vector<int> ids;
+std::vector<Texte> genres(const Problemes& problemes) {
+    std::vector<Texte> textes;
     for (const Probleme& p : problemes)
-        ids.push_back(p.id);
-    return ids;
+        textes.push_back(p.texte);
+    return textes;
 }
 
 } // namespace
@@ -57,7 +57,7 @@ TEST(ArbreSource, AWholeTreeHasNoProblem) {
 
 TEST(ArbreSource, ProblemsTellTheirFileAndLine) {
     const Problemes problemes = arbre({noeud(1, 0), noeud(2, 40), noeud(3, 1, 5)}).verifie(u"arbre"_s);
-    ASSERT_EQ(genres(problemes), (std::vector<int>{probleme::parentabsent, probleme::autrecollection}));
+    ASSERT_EQ(genres(problemes), (std::vector<Texte>{Texte::ParentAbsent, Texte::AutreCollection}));
     EXPECT_EQ(problemes[0].fichier, u"arbre");
     EXPECT_EQ(problemes[0].ligne, 12);
     EXPECT_EQ(problemes[0].arguments, QStringList{u"40"_s});
@@ -69,7 +69,7 @@ TEST(ArbreSource, ProblemsTellTheirFileAndLine) {
 TEST(ArbreSource, EachCircleIsToldOnceWhereverItIsEntered) {
     const Problemes problemes =
         arbre({noeud(5, 1), noeud(1, 2), noeud(2, 3), noeud(3, 1), noeud(9, 9)}).verifie(u"f"_s);
-    EXPECT_EQ(genres(problemes), (std::vector<int>{probleme::noeudsenboucle, probleme::noeudsenboucle}));
+    EXPECT_EQ(genres(problemes), (std::vector<Texte>{Texte::NoeudsEnBoucle, Texte::NoeudsEnBoucle}));
     EXPECT_EQ(problemes[0].arguments, QStringList{u"3"_s}) << "the one whose parent was met before";
     EXPECT_EQ(problemes[1].arguments, QStringList{u"9"_s});
 }
@@ -83,7 +83,7 @@ TEST(ArbreSource, AChainOfTenIsNotTooDeepAndOneOfElevenIsToldOnce) {
     chaine.push_back(noeud(12, 11));
     std::reverse(chaine.begin(), chaine.end());
     const Problemes problemes = arbre(chaine).verifie(u"f"_s);
-    ASSERT_EQ(genres(problemes), std::vector<int>{probleme::horslimites});
+    ASSERT_EQ(genres(problemes), std::vector<Texte>{Texte::NumeroHorsLimites});
     EXPECT_EQ(problemes[0].arguments, QStringList{u"11"_s});
     EXPECT_EQ(problemes[0].ligne, 12) << "of the eleventh";
 }

@@ -210,7 +210,7 @@ TEST_F(Compilation, ASourceWithoutDocumentsIsTold) {
     EXPECT_EQ(textes(compile()), QStringList{u"E9330 documents.jsonl:0 documents.jsonl"_s});
     const ResultatCompilation resultat = velm::compile(dossier_.filePath(u"absent"_s), base());
     EXPECT_EQ(resultat.etat, Etat::SourceIncorrecte);
-    EXPECT_EQ(resultat.problemes.front().id, probleme::illisible);
+    EXPECT_EQ(resultat.problemes.front().texte, Texte::FichierIllisible);
     EXPECT_EQ(resultat.problemes.front().obstacle, Obstacle::Missing);
     const ResultatCompilation fichier = velm::compile(source() + u"/documents.jsonl"_s, base());
     EXPECT_EQ(fichier.problemes.front().obstacle, Obstacle::Missing);
@@ -220,26 +220,29 @@ TEST_F(Compilation, ASourceWithoutDocumentsIsTold) {
 }
 
 TEST_F(Compilation, AProblemBecomesASentence) {
-    const auto textes = [](int id) {
+    const auto textes = [](Texte lequel) {
+        const int id = static_cast<int>(lequel);
         return id == 9340 ? u"%1, ligne %2 : %3"_s : id == 9379 ? u"avertissement"_s : u"le nœud %1 est à %2"_s;
     };
-    const Probleme p{9361, true, u"a.jsonl"_s, 12, {u"7 %2"_s, u"EU"_s}};
+    const Probleme p{Texte{9361}, true, u"a.jsonl"_s, 12, {u"7 %2"_s, u"EU"_s}};
     EXPECT_EQ(phrase(p, textes), u"a.jsonl, ligne 12 : avertissement : le nœud 7 %2 est à EU"_s);
-    EXPECT_EQ(phrase({9361, false, {}, 0, {u"7"_s, u"EU"_s}}, textes), u"le nœud 7 est à EU"_s);
+    EXPECT_EQ(phrase({Texte{9361}, false, {}, 0, {u"7"_s, u"EU"_s}}, textes), u"le nœud 7 est à EU"_s);
 }
 
 TEST_F(Compilation, AProblemOfAFileOrABodySaysWhich) {
-    const auto textes = [](int id) {
+    const auto textes = [](Texte lequel) {
+        const int id = static_cast<int>(lequel);
         return id == 9330   ? u"%1 : %2"_s
                : id == 9533 ? u"refusé."_s
                : id == 9542 ? u"%1 (%2, ligne %3) : %4"_s
                : id == 9351 ? u"balise « %1 »"_s
                             : QString();
     };
-    EXPECT_EQ(phrase({probleme::illisible, false, u"a.jsonl"_s, 0, {u"a.jsonl"_s}, Obstacle::Denied}, textes),
+    EXPECT_EQ(phrase({Texte::FichierIllisible, false, u"a.jsonl"_s, 0, {u"a.jsonl"_s}, Obstacle::Denied}, textes),
               u"a.jsonl : refusé."_s);
-    EXPECT_EQ(phrase({probleme::balisage, false, u"a.jsonl"_s, 3, {u"{S"_s}, Obstacle::None, u"rtf/%1.rtf"_s}, textes),
-              u"rtf/%1.rtf (a.jsonl, ligne 3) : balise « {S »"_s);
+    EXPECT_EQ(
+        phrase({Texte::BalisageIncorrect, false, u"a.jsonl"_s, 3, {u"{S"_s}, Obstacle::None, u"rtf/%1.rtf"_s}, textes),
+        u"rtf/%1.rtf (a.jsonl, ligne 3) : balise « {S »"_s);
 }
 
 } // namespace

@@ -51,8 +51,8 @@ protected:
     QStringList restes() const { return QDir(dossier_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
 
     static QString texte(const Probleme& p) {
-        return (p.avertissement ? u"W"_s : u"E"_s) + QString::number(p.id) + u' ' + p.fichier + u':' +
-               QString::number(p.ligne) + u' ' + p.arguments.join(u'/');
+        return (p.avertissement ? u"W"_s : u"E"_s) + QString::number(static_cast<int>(p.texte)) + u' ' + p.fichier +
+               u':' + QString::number(p.ligne) + u' ' + p.arguments.join(u'/');
     }
     static QStringList textes(const ResultatCompilation& resultat) {
         QStringList liste;

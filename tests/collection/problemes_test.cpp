@@ -106,7 +106,7 @@ TEST_F(ProblemesDeSource, FilesThatCannotBeReadSayWhy) {
     const auto obstacles = [this] {
         QList<Obstacle> tous;
         for (const Probleme& p : compile().problemes) {
-            EXPECT_EQ(p.id, probleme::illisible) << texte(p).toStdString();
+            EXPECT_EQ(p.texte, Texte::FichierIllisible) << texte(p).toStdString();
             tous << p.obstacle;
         }
         return tous;

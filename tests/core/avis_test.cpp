@@ -17,7 +17,7 @@ protected:
                 FaultySetting{QStringLiteral("/home/moi//reglages.ini"), QStringLiteral("GENERALITES"),
                               QString::fromLatin1(cle), QStringLiteral("abc")}};
     }
-    QString texte(int numero) { return langue.lireressource(numero); }
+    QString texte(int numero) { return langue.lireressource(Texte{numero}); }
 
     const QString source = QStringLiteral(VELM_SOURCE_DIR);
     test::DialoguesScript dialogues;
@@ -35,7 +35,7 @@ protected:
 
 TEST_F(AvisTest, AMissingTextShowsItsNumberAndFromTheThirdBoxOnAnOfferToBeSilent) {
     for (const int numero : {9901, 9902, 9903, 9904})
-        langue.lireressource(numero);
+        langue.lireressource(Texte{numero});
     ASSERT_EQ(dialogues.messages.size(), 4u);
     EXPECT_EQ(dialogues.texts(), (QStringList{QStringLiteral("9901"), QStringLiteral("9902"), QStringLiteral("9903"),
                                               QStringLiteral("9904")}));
@@ -50,13 +50,13 @@ TEST_F(AvisTest, AMissingTextShowsItsNumberAndFromTheThirdBoxOnAnOfferToBeSilent
 TEST_F(AvisTest, ATickedOfferSilencesMissingTextsForTheRun) {
     dialogues.ticks = {true};
     for (const int numero : {9901, 9902, 9903, 9904, 9901})
-        langue.lireressource(numero);
+        langue.lireressource(Texte{numero});
     EXPECT_EQ(dialogues.messages.size(), 3u);
 }
 
 TEST_F(AvisMuet, TheOfferItselfMayBeMissing) {
     for (const int numero : {1, 2, 3, 4})
-        langue.lireressource(numero);
+        langue.lireressource(Texte{numero});
     EXPECT_EQ(dialogues.texts(),
               (QStringList{QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4")}));
     EXPECT_EQ(dialogues.messages.back().option, u"9518");
@@ -65,7 +65,7 @@ TEST_F(AvisMuet, TheOfferItselfMayBeMissing) {
 TEST_F(AvisMuet, TheButtonsOfABoxAskForNoOtherBox) {
     EXPECT_EQ(avis.libellebouton(Bouton::Oui), QString());
     EXPECT_TRUE(dialogues.messages.empty());
-    langue.lireressource(1);
+    langue.lireressource(Texte{1});
     EXPECT_EQ(dialogues.messages.size(), 1u) << "only they are silent";
 }
 

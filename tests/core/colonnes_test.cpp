@@ -120,13 +120,21 @@ QString largeursaenregistrer(const std::array<int, 4>& largeurs) {
 // ---- the same by their models
 
 ModeleColonnes trouves() {
-    return {
-        .colonnes = {
-            {0, 3000, 300}, {1, 2000, 301}, {2, 2000, 302}, {3, 2000, 303}, {5, 500, 0}, {4, 1000, 304}, {6, 0, 0}}};
+    return {.colonnes = {{0, 3000, Texte::Titre},
+                         {1, 2000, Texte::ColonneMotCle1},
+                         {2, 2000, Texte::ColonneMotCle2},
+                         {3, 2000, Texte::ColonneMotCle3},
+                         {5, 500, {}},
+                         {4, 1000, Texte::ColonneReference},
+                         {6, 0, {}}}};
 }
 
 ModeleColonnes collection() {
-    return {.colonnes = {{0, 2000, 300}, {1, 2000, 301}, {2, 2000, 302}, {3, 2000, 303}, {4, 0, 304}},
+    return {.colonnes = {{0, 2000, Texte::Titre},
+                         {1, 2000, Texte::ColonneMotCle1},
+                         {2, 2000, Texte::ColonneMotCle2},
+                         {3, 2000, Texte::ColonneMotCle3},
+                         {4, 0, Texte::ColonneReference}},
             .pluspetite = 1,
             .plusgrande = 30'000,
             .plafonne = true,
@@ -134,8 +142,8 @@ ModeleColonnes collection() {
             .suite = u"4"_s};
 }
 
-QString texte(int numero) {
-    return u"t%1"_s.arg(numero);
+QString texte(Texte lequel) {
+    return u"t%1"_s.arg(static_cast<int>(lequel));
 }
 
 std::vector<int> champs(const Colonnes& colonnes) {
@@ -198,7 +206,7 @@ protected:
     QTemporaryDir dossier;
     ReglagesStore magasin{dossier.filePath(u"reglages.ini"_s)};
     Reglages reglages{magasin};
-    ClesColonnes cles{u"LISTE"_s, u"ORDRE"_s, u"LARGEURS"_s};
+    ClesColonnes cles{{{u"LISTE", u"ORDRE"}, u"012354", Maitre::Non}, {{u"LISTE", u"LARGEURS"}, u"", Maitre::Non}};
 };
 
 } // namespace
@@ -220,7 +228,7 @@ TEST(ColonnesTest, AModelGivesTheColumnsThatNobodyHasTouched) {
 TEST(ColonnesTest, ATitleIsTheTextOfItsNumberAndMovesWithItsColumn) {
     Colonnes colonnes(trouves(), texte);
     for (const int place : {0, 1, 2, 3, 5})
-        EXPECT_EQ(colonnes.titre(place), texte(titreduchamp(OracleTrouves::masqueordre[place]))) << place;
+        EXPECT_EQ(colonnes.titre(place), texte(Texte{titreduchamp(OracleTrouves::masqueordre[place])})) << place;
     EXPECT_TRUE(colonnes.titre(4).isEmpty());
     EXPECT_TRUE(colonnes.titre(6).isEmpty());
     colonnes.deplace(5, 0);
@@ -385,8 +393,8 @@ TEST_F(ColonnesGardees, NothingIsWrittenOfColumnsThatNobodyHasTouched) {
     Colonnes colonnes(trouves());
     litcolonnes(reglages, cles, colonnes);
     ecritcolonnes(reglages, cles, colonnes);
-    EXPECT_EQ(lu(cles.ordre), u"(absent)");
-    EXPECT_EQ(lu(cles.largeurs), u"(absent)");
+    EXPECT_EQ(lu(cles.ordre.cle.nom()), u"(absent)");
+    EXPECT_EQ(lu(cles.largeurs.cle.nom()), u"(absent)");
 }
 
 TEST_F(ColonnesGardees, ColumnsComeBackAsTheyWereLeft) {
@@ -394,8 +402,8 @@ TEST_F(ColonnesGardees, ColumnsComeBackAsTheyWereLeft) {
     colonnes.deplace(0, 2);
     colonnes.changelargeur(2, 4500);
     ecritcolonnes(reglages, cles, colonnes);
-    EXPECT_EQ(lu(cles.ordre), u"120354");
-    EXPECT_EQ(lu(cles.largeurs), u"002000002000004500002000000500001000");
+    EXPECT_EQ(lu(cles.ordre.cle.nom()), u"120354");
+    EXPECT_EQ(lu(cles.largeurs.cle.nom()), u"002000002000004500002000000500001000");
     Colonnes encore(trouves());
     litcolonnes(reglages, cles, encore);
     EXPECT_EQ(champs(encore), champs(colonnes));
@@ -403,7 +411,7 @@ TEST_F(ColonnesGardees, ColumnsComeBackAsTheyWereLeft) {
 }
 
 TEST_F(ColonnesGardees, OneThatWasMovedKeepsTheWidthThatWasStoredForIt) {
-    magasin.save(u"LISTE", cles.largeurs, u"004500002000002000002000000500001000"_s);
+    magasin.save(u"LISTE", cles.largeurs.cle.nom(), u"004500002000002000002000000500001000"_s);
     Colonnes colonnes(trouves());
     litcolonnes(reglages, cles, colonnes);
     colonnes.deplace(0, 3);
@@ -416,11 +424,11 @@ TEST_F(ColonnesGardees, OneThatWasMovedKeepsTheWidthThatWasStoredForIt) {
 
 TEST_F(ColonnesGardees, TheUsualOrderReplacesAnotherAndOneThatIsDamaged) {
     for (const QString& garde : {u"120354"_s, u"999999"_s}) {
-        magasin.save(u"LISTE", cles.ordre, garde);
+        magasin.save(u"LISTE", cles.ordre.cle.nom(), garde);
         ecritcolonnes(reglages, cles, Colonnes(trouves()));
-        EXPECT_EQ(lu(cles.ordre), u"012354");
+        EXPECT_EQ(lu(cles.ordre.cle.nom()), u"012354");
     }
-    magasin.save(u"LISTE", cles.largeurs, u"004500"_s);
+    magasin.save(u"LISTE", cles.largeurs.cle.nom(), u"004500"_s);
     ecritcolonnes(reglages, cles, Colonnes(trouves()));
-    EXPECT_EQ(lu(cles.largeurs), OracleTrouves::masquelargeurs);
+    EXPECT_EQ(lu(cles.largeurs.cle.nom()), OracleTrouves::masquelargeurs);
 }

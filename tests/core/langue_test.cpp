@@ -43,10 +43,10 @@ protected:
 TEST_F(LangueTest, ATextIsReadFromTheFileOnce) {
     ecrit(QStringLiteral("application"), QStringLiteral("FR"), QStringLiteral("401=Quitter\r\n"));
     Langue l = langue(QStringLiteral("FR"));
-    EXPECT_EQ(l.lireressource(401), u"Quitter");
+    EXPECT_EQ(l.lireressource(Texte{401}), u"Quitter");
     const int lectures = l.lectures();
     EXPECT_EQ(lectures, 1);
-    EXPECT_EQ(l.lireressource(401), u"Quitter");
+    EXPECT_EQ(l.lireressource(Texte{401}), u"Quitter");
     EXPECT_EQ(l.lectures(), lectures);
     EXPECT_TRUE(signales_.isEmpty());
 }
@@ -57,16 +57,16 @@ TEST_F(LangueTest, WhatIsNoPlainFileHoldsNoText) {
     ecrit(QStringLiteral("programme"), QStringLiteral("FR"), QStringLiteral("401=Quitter\r\n"));
     for (const auto& autre : {test::putPipe, test::putDevice, test::putFolder}) {
         autre(fichier);
-        EXPECT_EQ(langue(QStringLiteral("FR")).lireressource(401), u"Quitter");
+        EXPECT_EQ(langue(QStringLiteral("FR")).lireressource(Texte{401}), u"Quitter");
     }
 }
 
 TEST_F(LangueTest, AnEmptyTextIsReadAgainEachTimeAndItsNumberShown) {
     ecrit(QStringLiteral("application"), QStringLiteral("FR"), QStringLiteral("401=\r\n"));
     Langue l = langue(QStringLiteral("FR"));
-    EXPECT_TRUE(l.lireressource(401).isEmpty());
+    EXPECT_TRUE(l.lireressource(Texte{401}).isEmpty());
     const int lectures = l.lectures();
-    EXPECT_TRUE(l.lireressource(401).isEmpty());
+    EXPECT_TRUE(l.lireressource(Texte{401}).isEmpty());
     EXPECT_GT(l.lectures(), lectures);
     EXPECT_EQ(signales_, (QStringList{QStringLiteral("401"), QStringLiteral("401")}));
 }
@@ -75,10 +75,10 @@ TEST_F(LangueTest, ATextMissingInTheForeignFileComesFromTheFrenchOneAndThenFromT
     ecrit(QStringLiteral("application"), QStringLiteral("EN"), QStringLiteral("400=Quit?\r\n"));
     ecrit(QStringLiteral("application"), QStringLiteral("FR"), QStringLiteral("400=Quitter ?\r\n401=Quitter\r\n"));
     Langue l = langue(QStringLiteral("EN"));
-    EXPECT_EQ(l.lireressource(400), u"Quit?");
-    EXPECT_EQ(l.lireressource(401), u"Quitter");
+    EXPECT_EQ(l.lireressource(Texte{400}), u"Quit?");
+    EXPECT_EQ(l.lireressource(Texte{401}), u"Quitter");
     const int lectures = l.lectures();
-    EXPECT_EQ(l.lireressource(401), u"Quitter");
+    EXPECT_EQ(l.lireressource(Texte{401}), u"Quitter");
     EXPECT_EQ(l.lectures(), lectures);
     EXPECT_TRUE(signales_.isEmpty());
 }
@@ -86,14 +86,14 @@ TEST_F(LangueTest, ATextMissingInTheForeignFileComesFromTheFrenchOneAndThenFromT
 TEST_F(LangueTest, ATextMissingEverywhereShowsItsNumberAndIsEmpty) {
     ecrit(QStringLiteral("application"), QStringLiteral("FR"), QStringLiteral("1=un\r\n"));
     Langue l = langue(QStringLiteral("FR"));
-    EXPECT_TRUE(l.lireressource(9999).isEmpty());
+    EXPECT_TRUE(l.lireressource(Texte{9999}).isEmpty());
     EXPECT_EQ(signales_, QStringList{QStringLiteral("9999")});
 }
 
 TEST_F(LangueTest, AMissingFileShowsANumberForEachText) {
     Langue l = langue(QStringLiteral("FR"));
     for (int n = 1; n <= 3; ++n)
-        EXPECT_TRUE(l.lireressource(n).isEmpty());
+        EXPECT_TRUE(l.lireressource(Texte{n}).isEmpty());
     EXPECT_EQ(signales_.size(), 3);
 }
 
@@ -103,7 +103,7 @@ TEST_F(LangueTest, AFileWithoutTheSectionShowsNumbers) {
     fichier.write("[AUTRE]\r\n8=Titre\r\n");
     fichier.close();
     Langue l = langue(QStringLiteral("FR"));
-    EXPECT_TRUE(l.lireressource(8).isEmpty());
+    EXPECT_TRUE(l.lireressource(Texte{8}).isEmpty());
     EXPECT_EQ(signales_, QStringList{QStringLiteral("8")});
 }
 
@@ -111,9 +111,9 @@ TEST_F(LangueTest, AfterAFailedLookUpTheFileBesideTheProgramIsUsedForGood) {
     ecrit(QStringLiteral("application"), QStringLiteral("FR"), QStringLiteral("1=application\r\n"));
     ecrit(QStringLiteral("programme"), QStringLiteral("FR"), QStringLiteral("1=programme\r\n2=deux\r\n3=trois\r\n"));
     Langue l = langue(QStringLiteral("FR"));
-    EXPECT_EQ(l.lireressource(2), u"deux");
+    EXPECT_EQ(l.lireressource(Texte{2}), u"deux");
     EXPECT_TRUE(l.fichier().startsWith(dossier_.filePath(QStringLiteral("programme"))));
-    EXPECT_EQ(l.lireressource(1), u"programme");
+    EXPECT_EQ(l.lireressource(Texte{1}), u"programme");
     EXPECT_TRUE(signales_.isEmpty());
 }
 
@@ -125,7 +125,7 @@ TEST_F(LangueTest, AnExtensionOfOtherThanTwoLettersIsTheFrenchFile) {
                                      QStringLiteral("1R"), QStringLiteral("F "), QStringLiteral("/../FR")}) {
         Langue l = langue(extension);
         EXPECT_EQ(l.extension(), u"FR") << extension.toStdString();
-        EXPECT_EQ(l.lireressource(7), u"sept") << extension.toStdString();
+        EXPECT_EQ(l.lireressource(Texte{7}), u"sept") << extension.toStdString();
     }
     EXPECT_EQ(langue(QStringLiteral("EN")).extension(), u"EN");
     EXPECT_TRUE(signales_.isEmpty());
@@ -134,8 +134,8 @@ TEST_F(LangueTest, AnExtensionOfOtherThanTwoLettersIsTheFrenchFile) {
 TEST_F(LangueTest, AnIdOf10000IsAnError) {
     const test::GardeArret garde;
     Langue l = langue(QStringLiteral("FR"));
-    EXPECT_THROW(l.lireressource(10000), test::Arret);
-    EXPECT_THROW(l.lireressource(-1), test::Arret);
+    EXPECT_THROW(l.lireressource(Texte{10000}), test::Arret);
+    EXPECT_THROW(l.lireressource(Texte{-1}), test::Arret);
 }
 
 namespace {

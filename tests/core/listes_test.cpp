@@ -10,8 +10,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QString texte(int numero) {
-    switch (numero) {
+QString texte(Texte lequel) {
+    switch (const int numero = static_cast<int>(lequel)) {
     case 2171:
         return u"document"_s;
     case 2172:

@@ -117,7 +117,7 @@ protected:
     ListeEssai correlats;
     Lecture lue{{controle, vue, barre, liens, correlats},
                 {corpus, navigation, styles, sablier, navigateur,
-                 [](int numero) { return QString::number(numero) + u" %1"_s; },
+                 [](Texte lequel) { return QString::number(static_cast<int>(lequel)) + u" %1"_s; },
                  [](int indice) { return u"Collection %1"_s.arg(indice); }}};
     const Marquage marquage{rose, true, false, true};
 };

@@ -29,7 +29,8 @@ TEST(SourceLiensTest, ARowShowsTheCollectionTheTitleAndTheKey) {
     EXPECT_EQ(liens.text(1, 1), u"Été");
     EXPECT_EQ(liens.text(1, 2), u"CO000002");
     EXPECT_EQ(liens.cle(1), (Cle{u"CO"_s, u"000002"_s}));
-    const Colonnes colonnes(SourceLiens::modele(), [](int numero) { return QString::number(numero); });
+    const Colonnes colonnes(SourceLiens::modele(),
+                            [](Texte lequel) { return QString::number(static_cast<int>(lequel)); });
     EXPECT_EQ(colonnes.visibles(), 2) << "the key is not seen";
     EXPECT_EQ(colonnes.titre(1), u"300");
     EXPECT_TRUE(colonnes.titre(0).isEmpty());

@@ -187,16 +187,16 @@ TEST_F(Styles, TheDeliveredStylesAndTextsAgree) {
     Langue langue([this](const QString& numero) { signales_ += numero; });
     langue.choisitfichier(dossier_.path(), dossier_.path(), u"FR"_s);
     TextesConstants textes;
-    textes.stylecondense = langue.lireressource(1400);
-    textes.stylesuite = langue.lireressource(1401);
-    textes.stylemarque = langue.lireressource(1411);
+    textes.stylecondense = langue.lireressource(Texte{1400});
+    textes.stylesuite = langue.lireressource(Texte{1401});
+    textes.stylemarque = langue.lireressource(Texte{1411});
     const TableStyles table = litstyles(reglages_, langue, textes);
     EXPECT_TRUE(signales_.isEmpty());
     for (const QString& nom : {table.stylecondense, table.stylesuite, table.stylemarque, u"Titre"_s, u"Tableau"_s})
         EXPECT_GE(table.indice(nom), 0) << nom.toStdString();
-    EXPECT_TRUE(stylemasque(table, langue.lireressource(1404), u""));
-    EXPECT_TRUE(stylemasque(table, langue.lireressource(1408), u""));
-    EXPECT_TRUE(stylemasque(table, table.stylesuite, langue.lireressource(1404)));
+    EXPECT_TRUE(stylemasque(table, langue.lireressource(Texte{1404}), u""));
+    EXPECT_TRUE(stylemasque(table, langue.lireressource(Texte{1408}), u""));
+    EXPECT_TRUE(stylemasque(table, table.stylesuite, langue.lireressource(Texte{1404})));
     EXPECT_FALSE(stylemasque(table, table.stylesuite, u"Titre"));
     EXPECT_FALSE(taquets(table.styles[static_cast<std::size_t>(table.indice(u"Tableau"))].tabulations).empty());
 }

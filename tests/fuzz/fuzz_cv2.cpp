@@ -26,7 +26,7 @@ void check(QByteArrayView bytes) {
     require(velm::ecritcriteres(*again) == written);
     require(static_cast<qsizetype>(file->lignes.size()) <= bytes.size());
 
-    velm::ListeSelection list([](int) { return QString(); });
+    velm::ListeSelection list([](Texte) { return QString(); });
     list.colonnes().deplace(0, 4);
     velm::rendmots(*file, list.resultat());
     velm::rendlignes(*file, list.resultat().lignes);

@@ -88,7 +88,7 @@ void BancDeLancement::ecrit(const QString& nom, const QByteArray& octets) const 
 QString BancDeLancement::texte(int numero) const {
     Langue langue([](const QString& absent) { ADD_FAILURE() << absent.toStdString(); });
     langue.choisitfichier(dossier.path(), dossier.path(), u"FR"_s);
-    return langue.lireressource(numero);
+    return langue.lireressource(Texte{numero});
 }
 
 void BancDeLancement::remetbase() const {

@@ -215,4 +215,88 @@ TEST(Maison, AClassHasOneSource) {
     }
 }
 
+TEST(Maison, SettingsAreKnownByName) {
+    static const QRegularExpression row(uR"re(\{u"([^"]+)", u"([^"]+)"\})re"_s);
+    QSet<QString> keys;
+    for (const Source& source : sources()) {
+        if (source.path != u"core/tablereglages.h")
+            continue;
+        for (const auto& match : row.globalMatch(source.text))
+            keys << match.captured(1) << match.captured(2).remove(u'#');
+    }
+    ASSERT_GT(keys.size(), 100);
+    for (const Source& source : sources()) {
+        // The platform knows no settings: a word of the engine's may be a key as well.
+        if (source.path == u"core/tablereglages.h" || source.path.startsWith(u"platform/"))
+            continue;
+        for (const QString& literal : part(source.text, true).split(u'\n'))
+            EXPECT_FALSE(keys.contains(literal)) << source.path.toStdString() << ": " << literal.toStdString();
+    }
+}
+
+TEST(Maison, TextsAreKnownByName) {
+    static const QRegularExpression number(
+        uR"re((?:(?<![.\w])texte_?|\blireressource)\(\s*(?:[^()]*[?:+]\s*)?[1-9]|static_cast<Texte>|\bTexte\s*[({]\s*\w)re"_s);
+    for (const Source& source : sources()) {
+        if (source.path == u"core/texte.h" || source.path.startsWith(u"platform/"))
+            continue;
+        const auto match = number.match(part(source.text, false));
+        EXPECT_FALSE(match.hasMatch()) << source.path.toStdString() << ": " << match.captured().toStdString();
+    }
+}
+
+TEST(Maison, EachNameOfATextIsSaid) {
+    static const QRegularExpression name(u"^ +(\\w+) = \\d+,?$"_s, QRegularExpression::MultilineOption);
+    static const QRegularExpression use(u"\\bTexte::(\\w+)"_s);
+    QSet<QString> names;
+    QSet<QString> said;
+    for (const Source& source : sources()) {
+        if (source.path == u"core/texte.h") {
+            for (const auto& match : name.globalMatch(source.text))
+                names.insert(match.captured(1));
+        }
+        for (const auto& match : use.globalMatch(part(source.text, false)))
+            said.insert(match.captured(1));
+    }
+    ASSERT_GT(names.size(), 300);
+    EXPECT_EQ((names - said).values().join(u' '), QString());
+}
+
+TEST(Maison, EachSettingIsUsed) {
+    static const QRegularExpression row(u"^inline constexpr [\\w<>]+ (\\w+)"_s, QRegularExpression::MultilineOption);
+    static const QRegularExpression use(u"\\breglage::(\\w+)"_s);
+    QSet<QString> names;
+    QSet<QString> used;
+    for (const Source& source : sources()) {
+        if (source.path == u"core/tablereglages.h") {
+            for (const auto& match : row.globalMatch(source.text))
+                names.insert(match.captured(1));
+        }
+        for (const auto& match : use.globalMatch(part(source.text, false)))
+            used.insert(match.captured(1));
+    }
+    names.remove(u"nombremaxoutils"_s); // the bound of one of them
+    ASSERT_GT(names.size(), 100);
+    EXPECT_EQ((names - used).values().join(u' '), QString());
+}
+
+TEST(Maison, ABodyOfOneLineHasNoBraces) {
+    static const QRegularExpression braced(
+        uR"re(^( *)(?:if|for|while) \([^\n]*\) \{\n +(?!if|for|while|switch|do\b|//)[^\n;]*;\n\1\}$)re"_s,
+        QRegularExpression::MultilineOption);
+    for (const Source& source : sources()) {
+        const auto match = braced.match(source.text);
+        EXPECT_FALSE(match.hasMatch()) << source.path.toStdString() << ": " << match.captured().toStdString();
+    }
+}
+
+TEST(Maison, TextsOfSourcesHaveOneSuffix) {
+    // Headers open no namespace of literals; what comes from the build is no literal.
+    static const QRegularExpression macro(u"QStringLiteral\\(\\s*\""_s);
+    for (const Source& source : sources()) {
+        if (source.path.endsWith(u".cpp"))
+            EXPECT_FALSE(source.text.contains(macro)) << source.path.toStdString();
+    }
+}
+
 } // namespace velm

@@ -20,7 +20,9 @@ protected:
     static QString exemple() { return QStringLiteral(VELM_SOURCE_DIR "/collection/exemple"); }
     QString chemin(const QString& nom) const { return dossier.filePath(nom); }
 
-    QString texte(int id, const QStringList& parties = {}) { return remplace(langue_.lireressource(id), parties); }
+    QString texte(int id, const QStringList& parties = {}) {
+        return remplace(langue_.lireressource(Texte{id}), parties);
+    }
     QString lecture(const QString& fichier, int raison) { return texte(9330, {fichier, texte(raison)}); }
     QString ecriture(const QString& fichier, int raison) { return texte(9331, {fichier, texte(raison)}); }
 

@@ -89,16 +89,15 @@ protected:
         grille = {};
         panneau = {};
         reglages.emplace(magasin);
-        controle = std::make_unique<ControleListe>(
-            ControleListe::Services{{corpus, sablier, dialogues, [](int id) { return textes(id); },
-                                     [this] {
-                                         if (evenement)
-                                             evenement();
-                                     },
-                                     std::chrono::milliseconds(0)},
-                                    *reglages,
-                                    imprimante},
-            grille, panneau);
+        controle = std::make_unique<ControleListe>(ControleListe::Services{{corpus, sablier, dialogues, textes,
+                                                                            [this] {
+                                                                                if (evenement)
+                                                                                    evenement();
+                                                                            },
+                                                                            std::chrono::milliseconds(0)},
+                                                                           *reglages,
+                                                                           imprimante},
+                                                   grille, panneau);
         grille.liste = &controle->liste();
         controle->charge();
     }

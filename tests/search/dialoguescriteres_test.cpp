@@ -37,7 +37,7 @@ protected:
 
     CourrierScript courrier;
     FichiersCriteres fichiers{dialogues, sablier, courrier,
-                              [](int id) { return id == 9470 ? u"écrit: %1, %2"_s : textes(id); }};
+                              [](Texte lequel) { return lequel == Texte{9470} ? u"écrit: %1, %2"_s : textes(lequel); }};
 };
 
 } // namespace

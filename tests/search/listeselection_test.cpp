@@ -8,8 +8,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QString texte(int id) {
-    switch (id) {
+QString texte(Texte lequel) {
+    switch (const int id = static_cast<int>(lequel)) {
     case 2171:
         return u"document"_s;
     case 2172:
@@ -198,10 +198,10 @@ TEST_F(ListeSelectionTest, RemovingAllRowsLeavesTheHeader) {
 }
 
 TEST_F(ListeSelectionTest, GroupingAndCriteriaButtonsChangeTheirToolTips) {
-    EXPECT_EQ(infobulleregrouper(true), 2608);
-    EXPECT_EQ(infobulleregrouper(false), 2605);
-    EXPECT_EQ(infobullecriteres(true), 2431);
-    EXPECT_EQ(infobullecriteres(false), 2430);
+    EXPECT_EQ(infobulleregrouper(true), Texte{2608});
+    EXPECT_EQ(infobulleregrouper(false), Texte{2605});
+    EXPECT_EQ(infobullecriteres(true), Texte{2431});
+    EXPECT_EQ(infobullecriteres(false), Texte{2430});
 }
 
 TEST_F(ListeSelectionTest, AGridSeesTheColumnsAtTheirFirstPlaces) {

@@ -117,8 +117,8 @@ protected:
         return {resultat.issue, resultat.vus, resultat.hits, resultat.arretee()};
     }
 
-    static QString textes(int id) {
-        switch (id) {
+    static QString textes(Texte lequel) {
+        switch (const int id = static_cast<int>(lequel)) {
         case 2171:
             return u"document"_s;
         case 2172:
@@ -148,7 +148,7 @@ protected:
     std::vector<std::pair<QString, QByteArray>> mots;
     std::vector<std::pair<qint64, QString>> noeuds;
     Corpus corpus;
-    ListeSelection liste{[](int id) { return textes(id); }};
+    ListeSelection liste{textes};
     SablierMuet sablier;
     DialoguesScript dialogues;
     /// Each step gives its turn to what `evenement` does.

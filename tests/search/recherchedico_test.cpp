@@ -20,7 +20,8 @@ protected:
     Bilan lance(const DemandeDico& demande) {
         lignes.clear();
         return bilan([&](Marche& marche, Resultat& resultat) {
-            RechercheDico recherche(corpus, marche, {[this](const QString& texte) { lignes << texte; }, textes(7300)},
+            RechercheDico recherche(corpus, marche,
+                                    {[this](const QString& texte) { lignes << texte; }, textes(Texte{7300})},
                                     [this] { return std::uniform_real_distribution<double>(0, 1)(hasard); });
             recherche.cherche(demande, resultat);
         });

@@ -8,7 +8,7 @@
 using namespace velm;
 
 TEST(BureauTest, WithoutMemoryForAWindowItIsSaidAndTheRunGoesOn) {
-    Ecrangeneral ecran([](int numero) { return QString::number(numero); });
+    Ecrangeneral ecran([](Texte lequel) { return QString::number(static_cast<int>(lequel)); });
     Corpus corpus;
     const auto [actions, aire, volet] = ecran.pieces();
     Bureau bureau(ecran, aire, actions, corpus, [](int) -> Textes* { throw std::bad_alloc(); });

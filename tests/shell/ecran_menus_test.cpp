@@ -123,7 +123,7 @@ TEST_F(MenusTest, AccessKeysAreUniqueInEachMenuInBothLanguages) {
         langue.choisitfichier(QStringLiteral(VELM_SOURCE_DIR), QStringLiteral(VELM_SOURCE_DIR),
                               QString::fromLatin1(extension));
         QMenuBar barre;
-        const auto texte = [&](int numero) { return langue.lireressource(numero); };
+        const auto texte = [&](Texte lequel) { return langue.lireressource(lequel); };
         Actions actions(texte, [](const QString&) { return QIcon(); });
         const MenusEcran essai(barre, actions, texte);
         EXPECT_EQ(doublons(QStringLiteral("bar"), barre.actions()), QStringList()) << extension;

@@ -30,7 +30,7 @@ class PetitesFenetres : public testing::Test {
 protected:
     PetitesFenetres() : langue_([](const QString& numero) { ADD_FAILURE() << numero.toStdString(); }) {
         langue_.choisitfichier(QStringLiteral(VELM_SOURCE_DIR), QStringLiteral(VELM_SOURCE_DIR), u"FR"_s);
-        texte_ = [this](int n) { return langue_.lireressource(n); };
+        texte_ = [this](Texte lequel) { return langue_.lireressource(lequel); };
     }
 
     QString ecrit(const QString& nom, const QByteArray& octets) {
@@ -54,7 +54,7 @@ protected:
 
     QTemporaryDir dossier_;
     Langue langue_;
-    std::function<QString(int)> texte_;
+    Libelles texte_;
 };
 
 } // namespace velm

@@ -91,7 +91,7 @@ protected:
     static QString mots(int numero, const QStringList& parties = {}) {
         Langue langue([](const QString& absent) { ADD_FAILURE() << "no text " << absent.toStdString(); });
         langue.choisitfichier(QStringLiteral(VELM_SOURCE_DIR), QStringLiteral(VELM_SOURCE_DIR), QStringLiteral("FR"));
-        return remplace(langue.lireressource(numero), parties);
+        return remplace(langue.lireressource(Texte{numero}), parties);
     }
     static QString questiondefin() { return mots(400) + QStringLiteral(" ?"); }
 

@@ -18,9 +18,8 @@ private:
         Q_UNUSED(context)
         // The platform without a screen does not care for size hints and stacking, and says so.
         const bool ofPlatform = message.startsWith(QStringLiteral("This plugin does not support"));
-        if (type != QtDebugMsg && type != QtInfoMsg && !ofPlatform) {
+        if (type != QtDebugMsg && type != QtInfoMsg && !ofPlatform)
             ADD_FAILURE() << "toolkit warning: " << message.toStdString();
-        }
     }
     QtMessageHandler before_;
 };

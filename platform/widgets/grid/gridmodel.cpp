@@ -148,16 +148,14 @@ void GridModel::remove(int row) {
 bool GridModel::sortBy(int column, bool descending) {
     if (!hasColumn(column))
         return false;
-    if (!source_) {
+    if (!source_)
         rows_.sort(column, descending);
-    } else if (!source_->sort(column, descending)) {
+    else if (!source_->sort(column, descending))
         return false;
-    }
-    if (silent_) {
+    if (silent_)
         changed_ = true;
-    } else if (told_ > 0) {
+    else if (told_ > 0)
         emit dataChanged(index(0, 0), index(told_ - 1, columnCount() - 1));
-    }
     return true;
 }
 

@@ -29,11 +29,10 @@ void GridMouse::press(QMouseEvent& event) {
         dragging_ = true;
         const bool extend = event.modifiers().testFlag(Qt::ShiftModifier);
         // A double click opens all selected rows: its first press must not give them up.
-        if (!extend && view_.anchor() != view_.end() && view_.isSelected(pressRow_)) {
+        if (!extend && view_.anchor() != view_.end() && view_.isSelected(pressRow_))
             waiting_ = pressRow_;
-        } else {
+        else
             view_.select(extend && view_.anchor() >= 0 ? view_.anchor() : pressRow_, pressRow_, true);
-        }
     }
 }
 
@@ -115,13 +114,12 @@ void GridMouse::settle() {
 }
 
 void GridMouse::timerEvent(QTimerEvent* event) {
-    if (event->timerId() == waitTimer_.timerId()) {
+    if (event->timerId() == waitTimer_.timerId())
         settle();
-    } else if (event->timerId() == scrollTimer_.timerId()) {
+    else if (event->timerId() == scrollTimer_.timerId())
         dragTo(dragY_);
-    } else {
+    else
         QObject::timerEvent(event);
-    }
 }
 
 void GridMouse::forget() {

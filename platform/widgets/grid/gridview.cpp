@@ -126,13 +126,12 @@ void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     const int row = index.row();
     const int page = pageRows();
     const int top = topRow();
-    if (hint == PositionAtTop || row < top) {
+    if (hint == PositionAtTop || row < top)
         setTopRow(row);
-    } else if (hint == PositionAtBottom || row >= top + page) {
+    else if (hint == PositionAtBottom || row >= top + page)
         setTopRow(row - page + 1);
-    } else if (hint == PositionAtCenter) {
+    else if (hint == PositionAtCenter)
         setTopRow(row - page / 2);
-    }
 }
 
 // ---- merging

@@ -12,6 +12,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr int iconSide = 16;
@@ -255,13 +257,13 @@ QIcon FrameStyle::standardIcon(StandardPixmap standard, const QStyleOption* opti
         return QIcon(new MoreEngine(standard == SP_ToolBarVerticalExtensionButton));
     switch (standard) {
     case SP_MessageBoxQuestion:
-        return icon(QStringLiteral("boitequestion"));
+        return icon(u"boitequestion"_s);
     case SP_MessageBoxInformation:
-        return icon(QStringLiteral("boiteinformation"));
+        return icon(u"boiteinformation"_s);
     case SP_MessageBoxWarning:
-        return icon(QStringLiteral("boiteattention"));
+        return icon(u"boiteattention"_s);
     case SP_MessageBoxCritical:
-        return icon(QStringLiteral("boitearret"));
+        return icon(u"boitearret"_s);
     default:
         break;
     }

@@ -64,9 +64,8 @@ QPalette palette(Theme theme) {
     p.setColor(QPalette::ToolTipBase, QColor::fromRgb(t.base));
     p.setColor(QPalette::ToolTipText, QColor::fromRgb(t.text));
     const QColor faded = mixed(QColor::fromRgb(t.window), QColor::fromRgb(t.text), 0.4);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         p.setColor(QPalette::Disabled, role, faded);
-    }
     p.setColor(QPalette::Disabled, QPalette::Highlight, QColor::fromRgb(t.mid));
     return p;
 }
@@ -84,9 +83,8 @@ Theme themeOf(const QPalette& palette) {
 }
 
 void apply(QApplication& application, Theme theme) {
-    if (QStyle* style = QStyleFactory::create(u"Fusion"_s)) {
+    if (QStyle* style = QStyleFactory::create(u"Fusion"_s))
         QApplication::setStyle(new FrameStyle(style));
-    }
     QApplication::setPalette(palette(theme));
     // The style keeps its buttons of every width in there: more than this is never used again.
     QPixmapCache::setCacheLimit(3 * 1024);

@@ -23,12 +23,10 @@ void DocumentFill::begin(const ShownText& shown, const RichText& rich) {
     position_ = 0;
     block_ = 0;
     formats_.reset();
-    for (const ShownRun& run : shown.runs()) {
+    for (const ShownRun& run : shown.runs())
         formats_.add(rich, run.format);
-    }
-    for (int i = 0; i < shown.count(); ++i) {
+    for (int i = 0; i < shown.count(); ++i)
         formats_.add(rich, shown.paragraph(i).mark);
-    }
     QTextDocument& document = *cursor_.document();
     document.setUndoRedoEnabled(false);
     document.clear(); // at once; to remove the text would take it apart piece by piece
@@ -36,17 +34,15 @@ void DocumentFill::begin(const ShownText& shown, const RichText& rich) {
 }
 
 bool DocumentFill::step(qsizetype characters) {
-    if (isDone()) {
+    if (isDone())
         return true;
-    }
     cursor_.beginEditBlock();
     for (qsizetype left = characters; left > 0 && run_ < runCount_;) {
         const ShownRun& run = shown_->runs()[run_];
         left -= costOfRun;
         fill(run, left);
-        if (position_ == run.start + run.count) {
+        if (position_ == run.start + run.count)
             ++run_;
-        }
     }
     cursor_.endEditBlock();
     return isDone();
@@ -89,9 +85,8 @@ void DocumentFill::beginBlock(const ShownRun& run, int& from) {
 
 /// What lies between `from` and position_.
 void DocumentFill::insert(int from, const ShownRun& run) {
-    if (position_ > from) {
+    if (position_ > from)
         cursor_.insertText(shown_->text().mid(from, position_ - from), formats_.at(run.format));
-    }
 }
 
 } // namespace velm

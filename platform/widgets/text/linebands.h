@@ -14,12 +14,10 @@ public:
     int count() const { return lines_.lineCount(); }
     /// Pixels below the block's top; of the line behind the last, its bottom.
     int top(int line) const {
-        if (line <= 0) {
+        if (line <= 0)
             return 0;
-        }
-        if (line >= count()) {
+        if (line >= count())
             return height_;
-        }
         const QRectF above = lines_.lineAt(line - 1).rect();
         return qRound((above.bottom() + lines_.lineAt(line).y()) / 2);
     }
@@ -29,11 +27,10 @@ public:
         int high = std::max(0, count() - 1);
         while (low < high) {
             const int middle = low + (high - low + 1) / 2;
-            if (top(middle) <= y) {
+            if (top(middle) <= y)
                 low = middle;
-            } else {
+            else
                 high = middle - 1;
-            }
         }
         return low;
     }

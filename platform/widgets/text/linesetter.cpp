@@ -69,26 +69,23 @@ QList<QTextOption::Tab> LineSetter::tabsFor(const ParaFormat& format, double lef
         stops.insert(std::upper_bound(stops.begin(), stops.end(), edge), edge);
     }
     const std::int32_t last = stops.empty() ? 0 : stops.back();
-    for (std::int32_t stop = (last / defaultTab + 1) * defaultTab; pixels(stop) < page_.measure; stop += defaultTab) {
+    for (std::int32_t stop = (last / defaultTab + 1) * defaultTab; pixels(stop) < page_.measure; stop += defaultTab)
         stops.push_back(stop);
-    }
     const double scale = tabScale(dpi_);
     QList<QTextOption::Tab> tabs;
     for (const std::int32_t stop : stops) {
-        if (pixels(stop) > left) {
+        if (pixels(stop) > left)
             tabs.append(QTextOption::Tab((pixels(stop) - left) * scale, QTextOption::LeftTab));
-        }
     }
     return tabs;
 }
 
 double LineSetter::lineLeft(const ParaFormat& format, bool first) const {
     double left = pixels(format.startIndent);
-    if (format.bullet) {
+    if (format.bullet)
         left += format.offset > 0 ? pixels(format.offset) : bulletGap * em_;
-    } else if (!first) {
+    else if (!first)
         left += pixels(format.offset);
-    }
     return std::clamp(left, double(-page_.margin), std::max(0.0, page_.measure - leastLine));
 }
 
@@ -98,9 +95,8 @@ int LineSetter::lineHeight(const ParaFormat& format, double natural, bool pictur
         const double room = (look::singleLine - 1) * (pictures ? std::min(natural, 1.2 * em_) : natural);
         return qRound(natural + room);
     }
-    if (format.lineMultiple) {
+    if (format.lineMultiple)
         return std::max(1, qRound(natural * std::abs(format.lineSpacing) * singleMultiple));
-    }
     const int given = qRound(pixels(std::abs(format.lineSpacing)));
     return format.lineSpacing > 0 ? std::max(given, qRound(natural)) : std::max(1, given);
 }
@@ -120,9 +116,8 @@ int LineSetter::set(QTextLayout& lines, int number, LayoutWork& work) const {
     lines.setTextOption(option);
     const int height = breakLines(lines, number, work);
     const bool elsewhere = !qFuzzyCompare(1 + lineLeft(format, block.first), 1 + lineLeft(format, false));
-    if (!elsewhere || textOf(number).indexOf(u'\t') < lines.lineAt(0).textLength()) {
+    if (!elsewhere || textOf(number).indexOf(u'\t') < lines.lineAt(0).textLength())
         return height;
-    }
     option.setTabs(tabsFor(format, lineLeft(format, false)));
     lines.setTextOption(option);
     return breakLines(lines, number, work);
@@ -142,9 +137,8 @@ int LineSetter::breakLines(QTextLayout& lines, int number, LayoutWork& work) con
     const double right = pixels(std::max(0, format.rightIndent));
     for (bool first = block.first;; first = false) {
         QTextLine line = lines.createLine();
-        if (!line.isValid()) {
+        if (!line.isValid())
             break;
-        }
         const double left = lineLeft(format, first);
         fill(lines, line, std::max(leastLine, page_.measure - left - right), words, work);
         const int height = lineHeight(format, line.height(), block.objects);
@@ -162,9 +156,8 @@ void LineSetter::fill(QTextLayout& lines, QTextLine& line, double width, LongWor
         line.setLineWidth(width);
         setWrapMode(lines, QTextOption::WrapAtWordBoundaryOrAnywhere);
         work.characters += line.textLength();
-        if (line.textStart() + line.textLength() <= words.end()) {
+        if (line.textStart() + line.textLength() <= words.end())
             return;
-        }
     }
     line.setLineWidth(width);
     work.characters += line.textLength() + words.restAt(line.textStart() + line.textLength());

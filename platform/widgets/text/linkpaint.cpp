@@ -53,17 +53,15 @@ private:
     void addPiece(int from, int to, QRegion& where) {
         while (from < to) {
             const QTextLine line = lines_.lineAt(line_);
-            if (!line.isValid()) {
+            if (!line.isValid())
                 return;
-            }
             const int end = std::min(to, line.textStart() + line.textLength());
             if (from < end) {
                 addSpans(line, from, end, where);
                 from = end;
             }
-            if (from < to) {
+            if (from < to)
                 ++line_;
-            }
         }
     }
 
@@ -73,9 +71,8 @@ private:
             addSpan(line.cursorToX(from), line.cursorToX(to), where);
             return;
         }
-        for (int i = from; i < to; ++i) {
+        for (int i = from; i < to; ++i)
             addSpan(line.cursorToX(i, QTextLine::Leading), line.cursorToX(i, QTextLine::Trailing), where);
-        }
     }
 
     void addSpan(double one, double other, QRegion& where) const {
@@ -98,14 +95,12 @@ private:
 std::optional<QTextCharFormat> LinkPaint::lookOf(const ShownRun& run, bool underlined) const {
     const std::int32_t own = shown_.colour(run.format);
     const bool recoloured = own == autoColour || isGreyish(viewColour(own));
-    if (!recoloured && !underlined) {
+    if (!recoloured && !underlined)
         return std::nullopt;
-    }
     QTextCharFormat look;
     look.setForeground(recoloured ? sheet_.link : viewColour(own));
-    if (underlined) {
+    if (underlined)
         look.setFontUnderline(true);
-    }
     return look;
 }
 
@@ -115,9 +110,8 @@ std::vector<LookPass> LinkPaint::passes(int number, const QTextLayout& lines, co
     const int from = start + lines.lineAt(first).textStart();
     const int to = start + lines.lineAt(last).textStart() + lines.lineAt(last).textLength();
     const auto links = links_.within(from, to);
-    if (links.empty()) {
+    if (links.empty())
         return {};
-    }
     Gathering gathering(lines, bands, first, selected);
     gathering.setMixedDirections(runsLeftward(QStringView(shown_.text()).sliced(from, to - from)));
     auto run = std::upper_bound(shown_.runs().begin(), shown_.runs().end(), from,
@@ -125,13 +119,11 @@ std::vector<LookPass> LinkPaint::passes(int number, const QTextLayout& lines, co
     for (const LinkRanges::Entry& link : links) {
         const int linkEnd = static_cast<int>(std::min<qsizetype>(link.end, to));
         for (int at = static_cast<int>(std::max<qsizetype>(link.start, from)); at < linkEnd;) {
-            while (run->start + run->count <= at) {
+            while (run->start + run->count <= at)
                 ++run;
-            }
             const int end = std::min(linkEnd, run->start + run->count);
-            if (const auto look = lookOf(*run, link.index == hovered_)) {
+            if (const auto look = lookOf(*run, link.index == hovered_))
                 gathering.add(at - start, end - start, *look);
-            }
             at = end;
         }
     }

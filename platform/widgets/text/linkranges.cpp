@@ -35,11 +35,10 @@ LinkRanges::LinkRanges(const std::vector<LinkRange>& ranges) {
     for (const Edge& edge : edgesOf(ranges)) {
         if (!open.empty() && from < edge.at) {
             const int index = *open.begin();
-            if (!entries_.empty() && entries_.back().end == from && entries_.back().index == index) {
+            if (!entries_.empty() && entries_.back().end == from && entries_.back().index == index)
                 entries_.back().end = edge.at;
-            } else {
+            else
                 entries_.push_back({from, edge.at, index});
-            }
         }
         from = edge.at;
         if (edge.opens)

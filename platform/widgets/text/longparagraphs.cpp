@@ -49,9 +49,8 @@ public:
         for (ShownRun& run : runs) {
             const int runEnd = run.start + run.count;
             run.start += before;
-            for (; end != ends_.end() && *end <= runEnd; ++end) {
+            for (; end != ends_.end() && *end <= runEnd; ++end)
                 ++before;
-            }
             run.count = runEnd + before - run.start;
         }
     }
@@ -73,9 +72,8 @@ private:
             }
         }
         int at = latest;
-        while (at > half && joins(text_, at)) {
+        while (at > half && joins(text_, at))
             --at;
-        }
         ends_.push_back(at > half ? at : latest);
         return ends_.back();
     }
@@ -94,16 +92,13 @@ void partParagraphs(int longest, std::vector<ShownParagraph>& paragraphs, std::v
         return i + 1 < count ? paragraphs[i + 1].documentStart - 1 : static_cast<int>(text.size());
     };
     std::size_t first = 0;
-    while (first < count && endOf(first) - paragraphs[first].documentStart <= longest) {
+    while (first < count && endOf(first) - paragraphs[first].documentStart <= longest)
         ++first;
-    }
-    if (first == count) {
+    if (first == count)
         return;
-    }
     Parting parting(longest, text);
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < count; ++i)
         parting.part(paragraphs[i], endOf(i));
-    }
     parting.move(runs);
     text = parting.text();
     paragraphs = std::move(parting.parts);

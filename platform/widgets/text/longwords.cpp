@@ -21,9 +21,8 @@ LongWords::LongWords(QStringView text) {
     while (length - from > longest) {
         const auto begin = text.cbegin() + from;
         const int to = from + static_cast<int>(std::find_if(begin, text.cend(), isSeparator) - begin);
-        if (to - from > longest) {
+        if (to - from > longest)
             addWords(text.sliced(from, to - from), from);
-        }
         from = to + 1;
     }
 }
@@ -32,17 +31,15 @@ void LongWords::addWords(QStringView text, int offset) {
     QTextBoundaryFinder lines(QTextBoundaryFinder::Line, text);
     qsizetype from = 0;
     for (qsizetype to = lines.toNextBoundary(); to >= 0; to = lines.toNextBoundary()) {
-        if (to - from > longest) {
+        if (to - from > longest)
             words_.push_back({offset + static_cast<int>(from), offset + static_cast<int>(to)});
-        }
         from = to;
     }
 }
 
 bool LongWords::goesOn(int position) {
-    while (current_ < words_.size() && words_[current_].to - position <= longest) {
+    while (current_ < words_.size() && words_[current_].to - position <= longest)
         ++current_;
-    }
     return current_ < words_.size() && words_[current_].from <= position;
 }
 

@@ -49,13 +49,11 @@ QByteArray bitmapInWmf(const QByteArray& metafile) {
     qsizetype at = (number32(metafile, 0) == placeableSign ? placeableHeader : 0) + wmfHeader;
     while (at + 6 <= metafile.size()) {
         const auto size = qsizetype{number32(metafile, at)} * 2;
-        if (size < 6) {
+        if (size < 6)
             break;
-        }
         const qsizetype place = placeIn(records, number16(metafile, at + 4));
-        if (place >= 0 && size - place > std::max(leastBitmap, largest.size())) {
+        if (place >= 0 && size - place > std::max(leastBitmap, largest.size()))
             largest = metafile.mid(at + place, size - place);
-        }
         at += size;
     }
     return ifMostOf(metafile, largest);
@@ -68,18 +66,16 @@ QByteArray bitmapInEmf(const QByteArray& metafile) {
     qsizetype at = 0;
     while (at + 8 <= metafile.size()) {
         const auto size = qsizetype{number32(metafile, at + 4)};
-        if (size < 8) {
+        if (size < 8)
             break;
-        }
         const qsizetype place = placeIn(records, number32(metafile, at));
         if (place >= 0 && size >= place + 16) {
             const QByteArray header =
                 metafile.mid(at + number32(metafile, at + place), number32(metafile, at + place + 4));
             const QByteArray dots =
                 metafile.mid(at + number32(metafile, at + place + 8), number32(metafile, at + place + 12));
-            if (header.size() + dots.size() > std::max(leastBitmap, largest.size())) {
+            if (header.size() + dots.size() > std::max(leastBitmap, largest.size()))
                 largest = header + dots;
-            }
         }
         at += size;
     }

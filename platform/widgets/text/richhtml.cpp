@@ -25,25 +25,20 @@ QString characterStyle(const CharFormat& format) {
         style += u"font-family:'"_s + family.toHtmlEscaped() + u"';"_s;
     }
     style += u"font-size:"_s + QString::number(format.size / 2.0) + u"pt;"_s;
-    if (format.bold) {
+    if (format.bold)
         style += u"font-weight:bold;"_s;
-    }
-    if (format.italic) {
+    if (format.italic)
         style += u"font-style:italic;"_s;
-    }
     if (format.underline || format.strike) {
         style += u"text-decoration:"_s + (format.underline ? u" underline"_s : QString()) +
                  (format.strike ? u" line-through"_s : QString()) + u';';
     }
-    if (format.offset != 0) {
+    if (format.offset != 0)
         style += u"vertical-align:"_s + points(format.offset) + u';';
-    }
-    if (format.colour != autoColour) {
+    if (format.colour != autoColour)
         style += u"color:"_s + hexColour(format.colour) + u';';
-    }
-    if (format.background != autoColour) {
+    if (format.background != autoColour)
         style += u"background-color:"_s + hexColour(format.background) + u';';
-    }
     return style;
 }
 
@@ -52,17 +47,15 @@ QString paragraphStyle(const ParaFormat& format) {
     QString style = u"margin:"_s + points(format.spaceBefore) + u' ' + points(format.rightIndent) + u' ' +
                     points(format.spaceAfter) + u' ' + points(format.startIndent + format.offset) + u';';
     style += u"text-indent:"_s + points(-format.offset) + u';';
-    if (format.alignment != Alignment::Left) {
+    if (format.alignment != Alignment::Left)
         style += u"text-align:"_s + QString::fromLatin1(names.at(static_cast<std::size_t>(format.alignment))) + u';';
-    }
     return style;
 }
 
 QString pictureElement(const RichObject& object) {
     const bool png = object.kind == RichObject::Kind::Png;
-    if (!png && object.kind != RichObject::Kind::Jpeg) {
+    if (!png && object.kind != RichObject::Kind::Jpeg)
         return {};
-    }
     QString element = u"<img src=\"data:image/"_s + (png ? u"png"_s : u"jpeg"_s) + u";base64,"_s +
                       QString::fromLatin1(object.data.toBase64()) + u'"';
     if (object.width > 0 && object.height > 0) {
@@ -93,17 +86,15 @@ private:
         const bool empty = end <= position;
         const ParaFormat& format = rich_.paraFormat(empty ? rich_.tailParagraph() : rich_.paraFormatIdAt(end - 1));
         out_ += u"<p style=\""_s + paragraphStyle(format) + u"\">"_s;
-        if (format.bullet) {
+        if (format.bullet)
             out_ += u"\u2022 "_s;
-        }
     }
 
     void writeRun(const QString& text, qsizetype start, const CharFormat& format) {
         if (format.object >= 0) {
             for (const QChar unit : text) {
-                if (unit == QChar::ObjectReplacementCharacter) {
+                if (unit == QChar::ObjectReplacementCharacter)
                     out_ += pictureElement(rich_.objects()[static_cast<std::size_t>(format.object)]);
-                }
             }
             return;
         }
@@ -113,9 +104,8 @@ private:
             qsizetype to = text.indexOf(u'\r', from);
             to = to < 0 ? text.size() : to;
             writePiece(text.mid(from, to - from), open, format);
-            if (to == text.size()) {
+            if (to == text.size())
                 break;
-            }
             const bool pair = to + 1 < text.size() && text.at(to + 1) == u'\n';
             from = to + (pair ? 2 : 1);
             out_ += u"</p>\n"_s;
@@ -124,9 +114,8 @@ private:
     }
 
     void writePiece(const QString& text, const QString& open, const CharFormat& format) {
-        if (text.isEmpty() || format.hidden) {
+        if (text.isEmpty() || format.hidden)
             return;
-        }
         QString escaped = text.toHtmlEscaped();
         escaped.replace(u'\v', u"<br>"_s).replace(u'\t', u"<span style=\"white-space:pre\">\t</span>"_s);
         escaped.remove(u'\f').remove(QChar::ObjectReplacementCharacter);
@@ -151,9 +140,8 @@ QString richPlain(const RichText& rich, qsizetype position, qsizetype length) {
     length = std::clamp<qsizetype>(length, 0, rich.length() - position);
     QString plain;
     rich.forEachRun(position, length, [&](qsizetype start, qsizetype count, FormatId format) {
-        if (!rich.charFormat(format).hidden) {
+        if (!rich.charFormat(format).hidden)
             plain += rich.text(start, count);
-        }
     });
     plain.replace(u'\v', u"\r\n"_s).remove(u'\f').remove(QChar::ObjectReplacementCharacter);
 #ifndef Q_OS_WIN

@@ -21,15 +21,12 @@ QStringList RichMime::formats() const {
 }
 
 QVariant RichMime::retrieveData(const QString& type, QMetaType wanted) const {
-    if (rtfTypes().contains(type)) {
+    if (rtfTypes().contains(type))
         return writeRtf(part_);
-    }
-    if (type == u"text/html"_s) {
+    if (type == u"text/html"_s)
         return richHtml(part_, 0, part_.length());
-    }
-    if (type == u"text/plain"_s) {
+    if (type == u"text/plain"_s)
         return richPlain(part_, 0, part_.length());
-    }
     return QMimeData::retrieveData(type, wanted);
 }
 

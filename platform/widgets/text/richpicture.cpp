@@ -10,6 +10,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr int longest = 32767; // twips
@@ -39,9 +41,8 @@ std::uint32_t dotsOffset(const QByteArray& dib) {
 }
 
 QByteArray bitmapFile(const QByteArray& dib) {
-    if (dib.startsWith("BM") || dib.size() < 12) {
+    if (dib.startsWith("BM") || dib.size() < 12)
         return dib;
-    }
     QByteArray file(fileHeader, '\0');
     file[0] = 'B';
     file[1] = 'M';
@@ -77,12 +78,10 @@ bool isWholePng(const QByteArray& data) {
     qsizetype at = 8;
     while (at + 12 <= data.size()) {
         const auto length = qsizetype{qFromBigEndian<std::uint32_t>(data.constData() + at)};
-        if (length > data.size() - at - 12) {
+        if (length > data.size() - at - 12)
             return false;
-        }
-        if (data.mid(at + 4, 4) == "IEND") {
+        if (data.mid(at + 4, 4) == "IEND")
             return true;
-        }
         at += length + 12;
     }
     return false;
@@ -91,7 +90,7 @@ bool isWholePng(const QByteArray& data) {
 // A damaged picture shows as a box; the decoders' complaints would tell nobody anything.
 void silenceDecoders() {
     static const bool silenced = [] {
-        QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
+        QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false"_s);
         return true;
     }();
     Q_UNUSED(silenced)
@@ -106,26 +105,23 @@ bool canBeRead(const Source& source) {
 
 QImage pictureOf(const RichObject& object) {
     Source source = sourceOf(object);
-    if (!canBeRead(source)) {
+    if (!canBeRead(source))
         return {};
-    }
     QBuffer buffer(&source.data);
     return QImageReader(&buffer, source.format).read();
 }
 
 QSize pictureSize(const RichObject& object) {
-    if (object.width > 0 && object.height > 0) {
+    if (object.width > 0 && object.height > 0)
         return {std::min(object.width, longest), std::min(object.height, longest)};
-    }
     Source source = sourceOf(object);
     QSize dots;
     if (canBeRead(source)) {
         QBuffer buffer(&source.data);
         dots = QImageReader(&buffer, source.format).size();
     }
-    if (dots.isEmpty()) {
+    if (dots.isEmpty())
         return {twipsPerInch, twipsPerInch};
-    }
     const int most = longest / twipsPerPixel;
     return QSize(std::min(dots.width(), most), std::min(dots.height(), most)) * twipsPerPixel;
 }

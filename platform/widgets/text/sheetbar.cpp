@@ -6,11 +6,10 @@
 namespace velm {
 
 void SheetBar::paintEvent(QPaintEvent* event) {
-    if (minimum() < maximum()) {
+    if (minimum() < maximum())
         QScrollBar::paintEvent(event);
-    } else {
+    else
         QPainter(this).fillRect(event->rect(), beside_());
-    }
 }
 
 } // namespace velm

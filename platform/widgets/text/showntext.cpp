@@ -14,9 +14,8 @@ constexpr char16_t nothing = 0x2060; // word joiner: no width, no break
 
 /// What stands in the document for a character of the model.
 char16_t shape(char16_t unit, bool object) {
-    if (unit >= 0x20 && unit < 0x2028) {
+    if (unit >= 0x20 && unit < 0x2028)
         return unit == 0x7F ? nothing : unit;
-    }
     switch (unit) {
     case u'\t':
         return unit;
@@ -46,11 +45,10 @@ void holdPunctuation(QString& text) {
     for (qsizetype i = 1; i < text.size(); ++i) {
         const char16_t unit = units[i].unicode();
         const bool high = unit == u':' || unit == u';' || unit == u'?' || unit == u'!' || unit == u'»';
-        if (high && units[i - 1] == u' ') {
+        if (high && units[i - 1] == u' ')
             units[i - 1] = QChar::Nbsp;
-        } else if (unit == u' ' && units[i - 1] == u'«') {
+        else if (unit == u' ' && units[i - 1] == u'«')
             units[i] = QChar::Nbsp;
-        }
     }
 }
 
@@ -58,12 +56,10 @@ void holdPunctuation(QString& text) {
 ParaFormat bounded(ParaFormat format) {
     const auto bound = [](std::int32_t& twips) { twips = std::clamp(twips, -32767, 32767); };
     for (std::int32_t* length : {&format.startIndent, &format.offset, &format.rightIndent, &format.spaceBefore,
-                                 &format.spaceAfter, &format.lineSpacing}) {
+                                 &format.spaceAfter, &format.lineSpacing})
         bound(*length);
-    }
-    for (std::int32_t& stop : format.tabs) {
+    for (std::int32_t& stop : format.tabs)
         bound(stop);
-    }
     return format;
 }
 
@@ -92,11 +88,10 @@ ShownText::ShownText(const RichText& rich) : objects_(rich.objects()), modelLeng
 
 void ShownText::finish(const RichText& rich) {
     holdPunctuation(text_);
-    if (paragraphs_.back().start == modelLength_) {
+    if (paragraphs_.back().start == modelLength_)
         endParagraph(rich, -1, rich.tailCharacter());
-    } else {
+    else
         endParagraph(rich, modelLength_ - 1, rich.charFormatIdAt(modelLength_ - 1));
-    }
     findMainFormat(rich);
     findColours(rich);
     partParagraphs(longestPart, paragraphs_, runs_, text_);
@@ -134,9 +129,8 @@ void ShownText::readRun(Reading& reading, qsizetype start, qsizetype count, Form
         const bool unseen = look.hidden && unit != u'\r' && unit != u'\n';
         reading.out[reading.written++] = QChar(unseen ? nothing : shape(unit, object));
     }
-    if (reading.written > first) {
+    if (reading.written > first)
         runs_.push_back({static_cast<int>(first), static_cast<int>(reading.written - first), format});
-    }
 }
 
 void ShownText::endParagraph(const RichText& rich, qsizetype position, FormatId mark) {
@@ -151,16 +145,14 @@ void ShownText::endParagraph(const RichText& rich, qsizetype position, FormatId 
         known_[paragraph.format] = true;
         formats_[paragraph.format] = bounded(rich.paraFormat(paragraph.format));
     }
-    if (const auto& tabs = formats_[paragraph.format].tabs; paragraph.tabs && !tabs.empty()) {
+    if (const auto& tabs = formats_[paragraph.format].tabs; paragraph.tabs && !tabs.empty())
         widestTable_ = std::max(widestTable_, tabs.back());
-    }
 }
 
 void ShownText::findColours(const RichText& rich) {
     for (const ShownRun& run : runs_) {
-        if (run.format >= colours_.size()) {
+        if (run.format >= colours_.size())
             colours_.resize(run.format + 1, autoColour);
-        }
         colours_[run.format] = rich.charFormat(run.format).colour;
     }
 }
@@ -168,9 +160,8 @@ void ShownText::findColours(const RichText& rich) {
 void ShownText::findMainFormat(const RichText& rich) {
     std::vector<int> used;
     for (const ShownRun& run : runs_) {
-        if (run.format >= used.size()) {
+        if (run.format >= used.size())
             used.resize(run.format + 1);
-        }
         used[run.format] += run.count;
     }
     const auto most = std::max_element(used.begin(), used.end());

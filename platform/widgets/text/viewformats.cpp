@@ -24,23 +24,19 @@ QStringList substitutes(const QString& family) {
     static const QStringList sans{u"sans"_s,    u"arial"_s,  u"helvetica"_s, u"verdana"_s, u"tahoma"_s,    u"calibri"_s,
                                   u"univers"_s, u"futura"_s, u"gill"_s,      u"segoe"_s,   u"trebuchet"_s, u"system"_s,
                                   u"optima"_s,  u"swiss"_s,  u"frutiger"_s,  u"gothic"_s,  u"impact"_s};
-    if (namesOne(family, fixed)) {
+    if (namesOne(family, fixed))
         return look::fixedFamilies();
-    }
-    if (namesOne(family, sans)) {
+    if (namesOne(family, sans))
         return look::sansFamilies();
-    }
     return look::serifFamilies();
 }
 
 QString chooseFamily(const QString& family) {
-    if (!family.isEmpty() && QFontDatabase::hasFamily(family)) {
+    if (!family.isEmpty() && QFontDatabase::hasFamily(family))
         return family;
-    }
     for (const QString& other : substitutes(family)) {
-        if (QFontDatabase::hasFamily(other)) {
+        if (QFontDatabase::hasFamily(other))
             return other;
-        }
     }
     return family;
 }
@@ -57,9 +53,8 @@ double raisedBy(std::int32_t twips, const QFont& font) {
 QString installedFamily(const QString& family) {
     static QHash<QString, QString> known;
     const auto found = known.constFind(family);
-    if (found != known.constEnd()) {
+    if (found != known.constEnd())
         return *found;
-    }
     return *known.insert(family, chooseFamily(family));
 }
 
@@ -72,27 +67,20 @@ QTextCharFormat viewFormat(const CharFormat& format) {
     view.setFontFamilies({installedFamily(format.family)});
     view.setFontPointSize(std::clamp(format.size, 2, 800) / 2.0);
     view.setFontHintingPreference(QFont::PreferVerticalHinting);
-    if (format.bold) {
+    if (format.bold)
         view.setFontWeight(QFont::Bold);
-    }
-    if (format.italic) {
+    if (format.italic)
         view.setFontItalic(true);
-    }
-    if (format.underline) {
+    if (format.underline)
         view.setFontUnderline(true);
-    }
-    if (format.strike) {
+    if (format.strike)
         view.setFontStrikeOut(true);
-    }
-    if (format.offset != 0) {
+    if (format.offset != 0)
         view.setBaselineOffset(raisedBy(format.offset, view.font()));
-    }
-    if (format.colour != autoColour) {
+    if (format.colour != autoColour)
         view.setForeground(viewColour(format.colour));
-    }
-    if (format.background != autoColour) {
+    if (format.background != autoColour)
         view.setBackground(viewColour(format.background));
-    }
     if (format.object >= 0) {
         view.setObjectType(ViewFormats::pictureType);
         view.setProperty(ViewFormats::Object, format.object);
@@ -101,12 +89,10 @@ QTextCharFormat viewFormat(const CharFormat& format) {
 }
 
 void ViewFormats::add(const RichText& rich, FormatId id) {
-    if (id >= formats_.size()) {
+    if (id >= formats_.size())
         formats_.resize(id + 1);
-    }
-    if (!formats_[id]) {
+    if (!formats_[id])
         formats_[id] = viewFormat(rich.charFormat(id));
-    }
 }
 
 } // namespace velm

@@ -16,9 +16,8 @@ ViewPlace::Moving::Moving(ViewPlace& place) : place_(place) {
 }
 
 ViewPlace::Moving::~Moving() {
-    if (place_.moving_ == 1) {
+    if (place_.moving_ == 1)
         place_.followPlaces();
-    }
     --place_.moving_;
 }
 
@@ -42,9 +41,8 @@ void ViewPlace::scrollTo(std::int64_t top) {
 
 ViewPlace::Anchor ViewPlace::anchor() {
     stay();
-    if (top() <= layout_.page().margin) {
+    if (top() <= layout_.page().margin)
         return {0, static_cast<int>(top()), true};
-    }
     const PaperLayout::Line line = layout_.lineAt(top());
     return {line.start, static_cast<int>(top() - line.top), false};
 }
@@ -60,9 +58,8 @@ void ViewPlace::restore(const Anchor& anchor) {
 }
 
 void ViewPlace::stay() {
-    if (moving_ > 0 || seen_.empty()) {
+    if (moving_ > 0 || seen_.empty())
         return;
-    }
     const std::int64_t now = layout_.paragraphTop(seen_.front().paragraph) - seen_.front().top;
     if (now != top()) {
         const Moving moving(*this);
@@ -83,15 +80,13 @@ void ViewPlace::reveal(int position) {
     const Moving moving(*this);
     PaperLayout::Line line = layout_.lineOf(position);
     // What turns out higher than it was thought pushes the place down, away from what was laid out around it.
-    while (layout_.layOutBetween(line.top - height(), line.top + height())) {
+    while (layout_.layOutBetween(line.top - height(), line.top + height()))
         line = layout_.lineOf(position);
-    }
     tellHeight();
-    if (position == 0) {
+    if (position == 0)
         scrollTo(0);
-    } else if (line.top < top() || line.top + line.height > top() + height()) {
+    else if (line.top < top() || line.top + line.height > top() + height())
         scrollTo(line.top - height() / 4);
-    }
 }
 
 /// Pixels move only together: where places went apart, all is painted anew. What the screen shows is laid out first, so
@@ -104,17 +99,15 @@ void ViewPlace::followPlaces() {
         atEnd ? scrollTo(std::numeric_limits<int>::max()) : restore(place);
     }
     SeenPlaces now = layout_.placesFrom(top(), height());
-    if (now == seen_) {
+    if (now == seen_)
         return;
-    }
     const std::optional<int> move = commonMove(seen_, now);
     seen_ = std::move(now);
     went_();
-    if (move.value_or(0) != 0) {
+    if (move.value_or(0) != 0)
         view_.viewport()->scroll(0, *move);
-    } else {
+    else
         view_.viewport()->update();
-    }
 }
 
 } // namespace velm

@@ -38,11 +38,10 @@ public:
         model.added(first);
     }
     void nodeChanged(int node) override {
-        if (node != 0) {
+        if (node != 0)
             model.changed(node);
-        } else {
+        else
             view.viewport()->update();
-        }
     }
     void nodeExpansion(int node, bool expanded) override {
         const QScopedValueRollback guard(program, true);

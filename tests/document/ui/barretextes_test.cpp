@@ -35,7 +35,7 @@ protected:
     }
 
     QStringList dits;
-    BarreTextes barre{[](int numero) { return QString::number(numero); }, nullptr};
+    BarreTextes barre{[](Texte lequel) { return QString::number(static_cast<int>(lequel)); }, nullptr};
 };
 
 } // namespace

@@ -24,8 +24,10 @@ namespace {
 
 constexpr int beaucoup = 10'000;
 
-QString texte(int numero) {
-    return numero == 2171 ? u"document"_s : numero == 2172 ? u"documents"_s : textenumerote(numero);
+QString texte(Texte lequel) {
+    return lequel == Texte::MotDocument    ? u"document"_s
+           : lequel == Texte::MotDocuments ? u"documents"_s
+                                           : textenumerote(lequel);
 }
 
 class FenetreListeTest : public testing::Test {
@@ -37,7 +39,8 @@ protected:
             std::make_unique<FenetreListe>(DescriptionListe{u"fEssai"_s,
                                                             u"Liste d'essai"_s,
                                                             SourceEssai::modele(),
-                                                            {u"ESSAI"_s, u"ORDRECOLONNE"_s, u"LARGEURCOLONNE"_s}},
+                                                            {{{u"ESSAI", u"ORDRECOLONNE"}, u"01", Maitre::Non},
+                                                             {{u"ESSAI", u"LARGEURCOLONNE"}, u"", Maitre::Non}}},
                                            ContexteListe{reglages, dialogues, imprimante, pressepapiers, sablier, texte,
                                                          [this](const Cle& cle) { ouvertes << cle.texte(); }});
         fenetre->resize(600, 400);

@@ -18,7 +18,9 @@ namespace velm::test {
 /// Rows of a title, a keyword and a key.
 class SourceEssai final : public SourceDocuments {
 public:
-    static ModeleColonnes modele() { return {.colonnes = {{0, 3000, 300}, {1, 2000, 301}, {6, 0, 0}}}; }
+    static ModeleColonnes modele() {
+        return {.colonnes = {{0, 3000, Texte::Titre}, {1, 2000, Texte::ColonneMotCle1}, {6, 0, {}}}};
+    }
 
     explicit SourceEssai(std::vector<QStringList> lignes) : lignes_(std::move(lignes)) {}
 
@@ -49,8 +51,8 @@ private:
     std::vector<QStringList> lignes_;
 };
 
-inline QString textenumerote(int numero) {
-    return QStringLiteral("t%1").arg(numero);
+inline QString textenumerote(Texte lequel) {
+    return QStringLiteral("t%1").arg(static_cast<int>(lequel));
 }
 
 /// The middle of a cell; row 0 is the header, which is another surface.

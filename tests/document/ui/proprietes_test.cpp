@@ -38,7 +38,7 @@ protected:
 
 TEST_F(ProprietesTest, EveryFieldOfTheDocumentIsShown) {
     montre("CO000001");
-    EXPECT_EQ(boite->windowTitle(), banc->langue.lireressource(1607));
+    EXPECT_EQ(boite->windowTitle(), banc->langue.lireressource(Texte{1607}));
     EXPECT_EQ(champ(u"référence"_s), u"CO000001");
     EXPECT_EQ(champ(u"numart"_s), u"000001");
     EXPECT_EQ(champ(u"Titre"_s), u"Article premier");

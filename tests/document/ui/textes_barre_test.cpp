@@ -30,9 +30,8 @@ TEST_F(BarreChild, TheBarHoldsItsButtonsInOrder) {
                            u"motsuivant"_s,       u"marqueauto"_s, u"barredossier"_s, u"dossiers"_s,
                            u"document"_s}));
     for (const QString& cle : descles(fenetre.barrechild())) {
-        if (bouton(fenetre, cle)) {
+        if (bouton(fenetre, cle))
             EXPECT_FALSE(fenetre.barrechild().toolTip(cle).isEmpty()) << cle.toStdString();
-        }
     }
 }
 
@@ -57,14 +56,14 @@ TEST_F(BarreChild, ButtonsOfADocumentWakeUpAtTheFirstOne) {
 TEST_F(BarreChild, TheCondensedButtonChangesItsToolTipAndTheText) {
     Textes& fenetre = ouvre("CO000001");
     const QString complet = fenetre.vue().control().text();
-    EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(8110) + u"..."_s);
+    EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(Texte{8110}) + u"..."_s);
     presse(fenetre, u"abc"_s);
-    EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(8111) + u"..."_s);
+    EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(Texte{8111}) + u"..."_s);
     const QString condense = fenetre.vue().control().text();
     EXPECT_LT(condense.size(), complet.size());
     presse(fenetre, u"abc"_s);
     EXPECT_EQ(fenetre.vue().control().text(), complet);
-    EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(8110) + u"..."_s);
+    EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(Texte{8110}) + u"..."_s);
 }
 
 TEST_F(BarreChild, TheDeferredRefreshShowsTheFullTextOnce) {

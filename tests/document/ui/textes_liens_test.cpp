@@ -92,9 +92,9 @@ TEST_F(LiensTextes, AClickOnRow0SortsAscendingThenDescendingAndOnlyOneColumnBear
     cliquecellule(grille, 0, 1);
     EXPECT_EQ(grille.sortMark(1), FlexGrid::Mark::Ascending);
     EXPECT_EQ(fenetre.volet().liens().cles(), (QStringList{u"CO000002"_s, u"CO000003"_s}));
-    EXPECT_EQ(grille.headerCell(1), banc->langue.lireressource(300) + u'>');
+    EXPECT_EQ(grille.headerCell(1), banc->langue.lireressource(Texte{300}) + u'>');
     cliquecellule(grille, 0, 1);
-    EXPECT_EQ(grille.headerCell(1), banc->langue.lireressource(300) + u'<');
+    EXPECT_EQ(grille.headerCell(1), banc->langue.lireressource(Texte{300}) + u'<');
     EXPECT_EQ(fenetre.volet().liens().cles(), (QStringList{u"CO000003"_s, u"CO000002"_s}));
     cliquecellule(grille, 0, 0);
     EXPECT_EQ(grille.sortMark(0), FlexGrid::Mark::Ascending);

@@ -13,7 +13,7 @@ TEST_F(FenetreTextes, TheListHasFourVisibleColumnsAndAHiddenNumber) {
     const FlexGrid& flex = fenetre.panneau().flex();
     ASSERT_EQ(flex.cols(), 5);
     for (int colonne = 0; colonne < 4; ++colonne) {
-        EXPECT_EQ(flex.header(colonne), banc->langue.lireressource(300 + colonne));
+        EXPECT_EQ(flex.header(colonne), banc->langue.lireressource(Texte{300 + colonne}));
         EXPECT_GE(flex.colWidth(colonne), 2000);
         const QAbstractItemModel* lignes = flex.view()->model();
         EXPECT_EQ(lignes->headerData(colonne, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), Qt::AlignCenter);
@@ -59,8 +59,8 @@ TEST_F(FenetreTextes, TheStoredOrderAndWidthsOfTheColumnsAreTaken) {
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"tableau"_s);
     const FlexGrid& flex = fenetre.panneau().flex();
-    EXPECT_EQ(flex.header(0), banc->langue.lireressource(301));
-    EXPECT_EQ(flex.header(1), banc->langue.lireressource(300));
+    EXPECT_EQ(flex.header(0), banc->langue.lireressource(Texte{301}));
+    EXPECT_EQ(flex.header(1), banc->langue.lireressource(Texte{300}));
     EXPECT_EQ(flex.text(1, 0), u"bail");
     EXPECT_NEAR(flex.colWidth(0), 3000, 15);
     EXPECT_NEAR(flex.colWidth(3), 900, 15);
@@ -70,8 +70,8 @@ TEST_F(FenetreTextes, AColumnOrderOfAllFoursFallsBackToTheDefault) {
     banc->met(u"ORDRECOLONNE0"_s, u"44444"_s);
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"tableau"_s);
-    EXPECT_EQ(fenetre.panneau().flex().header(0), banc->langue.lireressource(300));
-    EXPECT_EQ(fenetre.panneau().flex().header(3), banc->langue.lireressource(303));
+    EXPECT_EQ(fenetre.panneau().flex().header(0), banc->langue.lireressource(Texte{300}));
+    EXPECT_EQ(fenetre.panneau().flex().header(3), banc->langue.lireressource(Texte{303}));
 }
 
 TEST_F(FenetreTextes, MovedColumnsAreWrittenBackAsDigitsWithFourAtTheEnd) {
@@ -117,7 +117,7 @@ TEST_F(FenetreTextes, AListThatDoesNotFitWhenItsWindowIsMadeIsSaidAndFilledLater
         const velm::test::LittleMemory peu(0);
         banc->navigation.ouvrefenetre(0);
     }
-    EXPECT_EQ(banc->voisinage.dits, QStringList{banc->langue.lireressource(9567)});
+    EXPECT_EQ(banc->voisinage.dits, QStringList{banc->langue.lireressource(Texte{9567})});
     Textes& fenetre = *banc->fenetre(0);
     EXPECT_EQ(fenetre.panneau().flex().rows(), 1);
     presse(fenetre, u"tableau"_s);

@@ -57,7 +57,7 @@ protected:
 };
 
 TEST(BlocRechercheTest, TheBoxAndItsButtonAreWholeInEverySize) {
-    BlocRecherche bloc([](int) { return u"Mots de la collection"_s; }, nullptr);
+    BlocRecherche bloc([](Texte) { return u"Mots de la collection"_s; }, nullptr);
     auto* mots = bloc.findChild<QLineEdit*>(u"Textedico"_s);
     auto* bouton = bloc.findChild<QPushButton*>(u"cmdokdico"_s);
     bloc.show();
@@ -74,7 +74,7 @@ TEST(BlocRechercheTest, TheBoxAndItsButtonAreWholeInEverySize) {
 }
 
 TEST(BlocRechercheTest, WithoutRoomForItsLabelTheBoxSaysWhatItIsFor) {
-    BlocRecherche bloc([](int) { return u"Mots de la collection"_s; }, nullptr);
+    BlocRecherche bloc([](Texte) { return u"Mots de la collection"_s; }, nullptr);
     auto* mots = bloc.findChild<QLineEdit*>(u"Textedico"_s);
     bloc.show();
     bloc.resize(260, 40);

@@ -193,11 +193,10 @@ void NaiveText::changeParagraphs(qsizetype position, qsizetype length, const Par
         const qsizetype behind = i == size() ? i : i + 1;
         const bool holdsStart = start >= first && (start < behind || (start == size() && i == size()));
         const bool touched = holdsStart || (first >= start && first < end);
-        if (touched && i == size() && lastIsEmpty()) {
+        if (touched && i == size() && lastIsEmpty())
             apply(tailParagraph);
-        } else if (touched) {
+        else if (touched)
             apply(positions[at(behind - 1)].paragraph);
-        }
         first = behind;
     }
     spread();

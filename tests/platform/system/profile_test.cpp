@@ -159,9 +159,8 @@ TEST(Profil, IntegersAreReadFromTheBeginningOfTheValue) {
         {"4294967296", 0},
         {"18446744073709551617", 1},
     };
-    for (const auto& [value, expected] : rows) {
+    for (const auto& [value, expected] : rows)
         EXPECT_EQ(profileOf(QByteArray("[A]\nx=") + value + "\n").integer(u"A", u"x", 99), expected) << value;
-    }
 }
 
 TEST(Profil, ACopyReadsOnWhenTheOriginalIsGone) {

@@ -55,7 +55,7 @@ protected:
     }
 
     /// A form as at the next run of the program, with numbers for words or with those of a language.
-    void ouvreformulaire(const std::function<QString(int)>& libelles = textes) {
+    void ouvreformulaire(const Libelles& libelles = textes) {
         formulaire.reset();
         reglages.emplace(magasin);
         formulaire = std::make_unique<FrmVelmorSelect>(Formulaire::Services{remplissage, *reglages, libelles});
@@ -124,7 +124,7 @@ protected:
     ReglagesStore magasin{dossier.filePath(u"reglages.ini"_s)};
     Reglages reglagesdelaliste{magasin};
     ImprimanteScript imprimante;
-    ControleListe controleliste{{{corpus, sablier, dialogues, [](int id) { return textes(id); },
+    ControleListe controleliste{{{corpus, sablier, dialogues, textes,
                                   [this] {
                                       if (evenement)
                                           evenement();

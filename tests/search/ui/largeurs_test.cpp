@@ -19,7 +19,7 @@ protected:
         FormulaireTest::SetUp();
         langue.choisitfichier(QStringLiteral(VELM_SOURCE_DIR), QStringLiteral(VELM_SOURCE_DIR),
                               QString::fromLatin1(GetParam()));
-        ouvreformulaire([this](int numero) { return langue.lireressource(numero); });
+        ouvreformulaire([this](Texte lequel) { return langue.lireressource(lequel); });
         progression().show();
     }
     /// What is shown and pressed, filled in or read.

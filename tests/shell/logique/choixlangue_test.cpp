@@ -117,11 +117,11 @@ TEST_F(ChoixLangueTest, AChosenLanguageTakesEffectAtTheNextStart) {
     EXPECT_EQ(choisit("EN"), ChoixLangue::Retenu);
     EXPECT_EQ(stockee(), u"EN");
     EXPECT_EQ(courante_, u"EN");
-    EXPECT_EQ(langue_.lireressource(7), u"sept");
+    EXPECT_EQ(langue_.lireressource(Texte{7}), u"sept");
 
     Langue suivante([](const QString&) {});
     EXPECT_EQ(litparametres(reglages_, suivante, dossier_.path()).extensionlangue, u"EN");
-    EXPECT_EQ(suivante.lireressource(7), u"seven");
+    EXPECT_EQ(suivante.lireressource(Texte{7}), u"seven");
 }
 
 TEST_F(ChoixLangueTest, AChoiceCanBeTakenBackBeforeTheNextStart) {

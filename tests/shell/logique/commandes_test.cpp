@@ -114,19 +114,20 @@ TEST(CommandesTest, TheirWordsAreInBothLanguages) {
             // The titles of documents and tools come at run time.
             if (ligne.ordre == Ordre::DernierDocument || ligne.ordre == Ordre::Outil)
                 return;
-            EXPECT_FALSE(langue.lireressource(libellede(ligne.ordre, rang)).isEmpty());
-            const int bulle = bullede(ligne.ordre, rang);
-            EXPECT_TRUE(bulle == 0 || !langue.lireressource(bulle).isEmpty());
+            const auto libelle = libellede(ligne.ordre, rang);
+            EXPECT_TRUE(libelle && !langue.lireressource(*libelle).isEmpty());
+            const auto bulle = bullede(ligne.ordre, rang);
+            EXPECT_TRUE(!bulle || !langue.lireressource(*bulle).isEmpty());
         });
     }
 }
 
 TEST(CommandesTest, ThoseOfASlotAreNumberedByIt) {
-    EXPECT_EQ(libellede(Ordre::Collection, 3), 13);
-    EXPECT_EQ(bullede(Ordre::Collection, 3), 13);
+    EXPECT_EQ(libellede(Ordre::Collection, 3), Texte{13});
+    EXPECT_EQ(bullede(Ordre::Collection, 3), Texte{13});
     EXPECT_EQ(imagede(Ordre::Collection, 3), u"collection3");
-    EXPECT_EQ(libellede(Ordre::Fenetre, 3), 13);
-    EXPECT_EQ(bullede(Ordre::Fenetre, 3), 0) << "it has no button";
+    EXPECT_EQ(libellede(Ordre::Fenetre, 3), Texte{13});
+    EXPECT_FALSE(bullede(Ordre::Fenetre, 3)) << "it has no button";
     EXPECT_EQ(imagede(Ordre::Copier, 0), u"Copier");
     EXPECT_NE(libellede(Ordre::PlaceEcran, 0), libellede(Ordre::PlaceEcran, 4));
     EXPECT_EQ(libellede(Ordre::Rechercher, 0), bullede(Ordre::Rechercher, 0)) << "a button's tip is its caption";

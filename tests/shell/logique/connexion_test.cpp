@@ -57,9 +57,9 @@ TEST_F(ConnexionTest, ABaseOnADiscIsReadThereWhenTheUserWantsNoCopy) {
     EXPECT_EQ(corpus.chemin(), chemin("disque/velm2000.dat"));
     ASSERT_EQ(dialogues.messages.size(), 1U);
     const Message& question = dialogues.messages.front();
-    EXPECT_EQ(question.titre, langue.lireressource(7400) + u' ' + chemin("disque"));
-    EXPECT_EQ(question.texte, langue.lireressource(7401) + u" ?\r\n"_s + langue.lireressource(7402) + u"\r\n\r\n"_s +
-                                  langue.lireressource(7403));
+    EXPECT_EQ(question.titre, langue.lireressource(Texte{7400}) + u' ' + chemin("disque"));
+    EXPECT_EQ(question.texte, langue.lireressource(Texte{7401}) + u" ?\r\n"_s + langue.lireressource(Texte{7402}) +
+                                  u"\r\n\r\n"_s + langue.lireressource(Texte{7403}));
     EXPECT_EQ(question.boutons, Bouton::Oui | Bouton::Non);
     EXPECT_EQ(question.defaut, Bouton::Non);
     EXPECT_EQ(question.icone, Icone::Question);
@@ -74,7 +74,7 @@ TEST_F(ConnexionTest, ACopyLandsBesideTheProgramAndMayBeWritten) {
     EXPECT_EQ(repertoire(), dossier_.path());
     EXPECT_EQ(corpus.chemin(), chemin("velm2000.dat"));
     EXPECT_TRUE(QFile::permissions(chemin("velm2000.dat")).testFlag(QFile::WriteOwner));
-    EXPECT_EQ(etapes, (QStringList{langue.lireressource(7404), u"fini"_s}));
+    EXPECT_EQ(etapes, (QStringList{langue.lireressource(Texte{7404}), u"fini"_s}));
     EXPECT_EQ(avance, 100);
 }
 
@@ -126,8 +126,8 @@ TEST_F(ConnexionTest, TheFolderOfTheChosenFileCounts) {
     ASSERT_EQ(dialogues.fileQuestions.size(), 3U);
     EXPECT_EQ(dialogues.fileQuestions[0].dossier, chemin("absent"));
     EXPECT_EQ(dialogues.fileQuestions[2].dossier, chemin("langues"));
-    EXPECT_EQ(dialogues.fileQuestions[0].filtre,
-              langue.lireressource(2152) + u" (*.DAT)|*.DAT|"_s + langue.lireressource(2405) + u" (*.*)|*.*"_s);
+    EXPECT_EQ(dialogues.fileQuestions[0].filtre, langue.lireressource(Texte{2152}) + u" (*.DAT)|*.DAT|"_s +
+                                                     langue.lireressource(Texte{2405}) + u" (*.*)|*.*"_s);
 }
 
 TEST_F(ConnexionTest, WhyItDoesNotOpenIsSaid) {
@@ -135,17 +135,17 @@ TEST_F(ConnexionTest, WhyItDoesNotOpenIsSaid) {
     const QString fichier = chemin("ici/velm2000.dat");
     ASSERT_TRUE(QDir(dossier_.path()).mkpath(u"ici"_s));
     seance().choisitrepertoiredebase(chemin("ici"));
-    EXPECT_EQ(connexion().lieu(), langue.lireressource(7101) + u'"' + chemin("ici") + u"\"."_s);
-    EXPECT_EQ(cause(), langue.lireressource(7102));
+    EXPECT_EQ(connexion().lieu(), langue.lireressource(Texte{7101}) + u'"' + chemin("ici") + u"\"."_s);
+    EXPECT_EQ(cause(), langue.lireressource(Texte{7102}));
     ecrit("ici/velm2000.dat", QDateTime::currentDateTime());
-    EXPECT_EQ(cause(), remplace(langue.lireressource(9404), {fichier}));
+    EXPECT_EQ(cause(), remplace(langue.lireressource(Texte{9404}), {fichier}));
     QFile base(fichier);
     ASSERT_TRUE(base.open(QIODevice::WriteOnly));
     base.write(QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(4096, 'x'));
     base.close();
-    EXPECT_EQ(cause(), remplace(langue.lireressource(9403), {fichier}));
+    EXPECT_EQ(cause(), remplace(langue.lireressource(Texte{9403}), {fichier}));
     ASSERT_TRUE(QFile::setPermissions(dossier_.path(), QFile::Permissions(0x7777)));
     ASSERT_TRUE(base.setPermissions(QFile::Permissions()));
     const test::WithoutRights personne;
-    EXPECT_EQ(cause(), remplace(langue.lireressource(9330), {fichier, langue.lireressource(9533)}));
+    EXPECT_EQ(cause(), remplace(langue.lireressource(Texte{9330}), {fichier, langue.lireressource(Texte{9533})}));
 }

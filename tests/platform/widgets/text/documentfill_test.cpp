@@ -59,9 +59,8 @@ RichText emptyParagraphsOfSizes() {
 TEST(DocumentFill, GivesTheSameDocumentInStepsOfAnySize) {
     for (const RichText& rich : {sample::lawArticle(), emptyParagraphsOfSizes(), sample::plain({u""_s, u"un"_s})}) {
         const QString whole = filledBy(1'000'000, rich);
-        for (const qsizetype characters : {1, 7, 150, 1000}) {
+        for (const qsizetype characters : {1, 7, 150, 1000})
             EXPECT_EQ(filledBy(characters, rich), whole) << characters;
-        }
     }
 }
 

@@ -32,9 +32,8 @@ TEST(HeightTree, AgreesWithPlainSumsAfterChanges) {
     std::mt19937 random(7);
     for (int size = 1; size < 70; ++size) {
         std::vector<int> heights(static_cast<std::size_t>(size));
-        for (int& height : heights) {
+        for (int& height : heights)
             height = static_cast<int>(random() % 30);
-        }
         HeightTree tree;
         tree.assign(heights);
         for (int round = 0; round < 20; ++round) {

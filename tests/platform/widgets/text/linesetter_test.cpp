@@ -26,9 +26,8 @@ struct Set {
     }
     QList<int> starts() const {
         QList<int> starts;
-        for (int i = 0; i < lines.lineCount(); ++i) {
+        for (int i = 0; i < lines.lineCount(); ++i)
             starts += lines.lineAt(i).textStart();
-        }
         return starts;
     }
 
@@ -62,9 +61,8 @@ TEST(LineSetter, BreaksLongWordsWhereTheEngineWould) {
          {word.repeated(1500), u"des mots avant "_s + word.repeated(900) + u" et des mots après, "_s.repeated(30),
           word.repeated(400) + u' ' + word.repeated(400) + u" fin"_s,
           u"mot "_s.repeated(50) + word.repeated(300) + u"-suite "_s + u"mot "_s.repeated(100),
-          QString(2000, QChar(0x2060)) + u"après des signes sans largeur "_s.repeated(20)}) {
+          QString(2000, QChar(0x2060)) + u"après des signes sans largeur "_s.repeated(20)})
         EXPECT_EQ(Set(text).starts(), engineStarts(text));
-    }
 }
 
 TEST(LineSetter, LooksAtTheCharactersOfALongWordOnce) {

@@ -64,9 +64,8 @@ TEST(LinkPaint, ALinkIsPaintedWhereItStands) {
 TEST(LinkPaint, AnyNumberOfLinksTakesOnePass) {
     const Block block(plain(u"mot "_s.repeated(2000)));
     std::vector<LinkRange> links;
-    for (int i = 0; i < 2000; ++i) {
+    for (int i = 0; i < 2000; ++i)
         links.push_back({4 * i, 4 * i + 3});
-    }
     const auto passes = block.passes(links);
     ASSERT_EQ(passes.size(), 1U);
     EXPECT_GT(passes[0].where.rectCount(), 1000);
@@ -143,9 +142,8 @@ TEST(LinkPaint, ALinkAcrossTwoDirectionsIsPaintedInAllItsParts) {
     const auto middle = [&line](int i) {
         return (line.cursorToX(i, QTextLine::Leading) + line.cursorToX(i, QTextLine::Trailing)) / 2;
     };
-    for (int i = 0; i < text.size(); ++i) {
+    for (int i = 0; i < text.size(); ++i)
         EXPECT_EQ(passes[0].where.contains(QPoint(static_cast<int>(middle(i)), y)), i < 5) << i;
-    }
 }
 
 } // namespace velm

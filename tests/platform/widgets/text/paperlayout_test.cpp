@@ -88,9 +88,8 @@ TEST_F(Page, ABulletStandsAtTheIndentAndItsTextBehindTheGap) {
     const int middle = static_cast<int>(layout().lineOf(0).top) + layout().lineOf(0).height / 2;
     int dark = 0;
     for (int x = left + 18; x < left + 45; ++x) {
-        for (int y = middle - 8; y < middle + 8; ++y) {
+        for (int y = middle - 8; y < middle + 8; ++y)
             dark += qGray(image.pixel(x, y)) < 100 ? 1 : 0;
-        }
     }
     EXPECT_GT(dark, 4);
     EXPECT_LT(dark, 60);
@@ -219,9 +218,8 @@ TEST_F(Page, RaisedTextStandsAboveItsNeighbours) {
     const auto highest = [&](int from, int to) {
         for (int y = 0; y < image.height(); ++y) {
             for (int x = from; x < to; ++x) {
-                if (qGray(image.pixel(x, y)) < 128) {
+                if (qGray(image.pixel(x, y)) < 128)
                     return y;
-                }
             }
         }
         return -1;
@@ -312,9 +310,8 @@ TEST_F(Page, NoLineBeginsWithHighPunctuation) {
         one(u"le consommateur : "_s.repeated(40), {});
         settle();
         const QTextBlock block = box.document()->firstBlock();
-        for (int i = 0; i < block.layout()->lineCount(); ++i) {
+        for (int i = 0; i < block.layout()->lineCount(); ++i)
             ASSERT_NE(block.text().at(block.layout()->lineAt(i).textStart()), u':');
-        }
     }
 }
 

@@ -27,9 +27,8 @@ QImage sampleImage() {
 /// A number as so many bytes, the low one first.
 QByteArray number(quint32 value, int bytes) {
     QByteArray out(bytes, '\0');
-    for (int i = 0; i < bytes; ++i) {
+    for (int i = 0; i < bytes; ++i)
         out[i] = static_cast<char>(value >> (8 * i));
-    }
     return out;
 }
 
@@ -69,9 +68,8 @@ TEST(RichPicture, TheBitmapInsideAMetafileIsShown) {
             ASSERT_EQ(image.size(), sampleImage().size()) << function;
             EXPECT_EQ(image.pixelColor(1, 2), QColor(Qt::yellow));
         }
-        for (qsizetype cut = 0; cut < header.size() + origin.size() + drawing.size(); ++cut) {
+        for (qsizetype cut = 0; cut < header.size() + origin.size() + drawing.size(); ++cut)
             pictureOf({RichObject::Kind::Wmf, (header + origin + drawing).left(cut), 0, 0});
-        }
     }
 }
 
@@ -84,15 +82,13 @@ TEST(RichPicture, TheBitmapInsideAnEnhancedMetafileIsShown) {
         record += dib;
         record.replace(4, 4, number(static_cast<quint32>(record.size()), 4));
         const QByteArray metafile = number(1, 4) + number(40, 4) + QByteArray(32, '\0') + record;
-        for (qsizetype cut = 0; cut < metafile.size(); ++cut) {
+        for (qsizetype cut = 0; cut < metafile.size(); ++cut)
             pictureOf({RichObject::Kind::Emf, metafile.left(cut), 0, 0});
-        }
         const bool isMost = dib.size() * 2 > metafile.size();
         const QImage image = pictureOf({RichObject::Kind::Emf, metafile, 0, 0});
         ASSERT_EQ(image.isNull(), !isMost) << type;
-        if (isMost) {
+        if (isMost)
             EXPECT_EQ(image.pixelColor(1, 2), QColor(Qt::yellow));
-        }
     }
 }
 
@@ -101,9 +97,8 @@ TEST(RichPicture, ASmallBitmapAmongLinesDoesNotStandForTheDrawing) {
     QByteArray metafile(18, '\1');
     metafile += record(0x0F43, QByteArray(22, '\0') + dib);
     EXPECT_FALSE(pictureOf({RichObject::Kind::Wmf, metafile, 0, 0}).isNull());
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 100; ++i)
         metafile += record(0x0213, QByteArray(4, '\0'));
-    }
     EXPECT_TRUE(pictureOf({RichObject::Kind::Wmf, metafile, 0, 0}).isNull());
 }
 

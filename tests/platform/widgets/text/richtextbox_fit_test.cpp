@@ -27,9 +27,8 @@ TEST_F(FitTest, ComesToRestWhateverTheHeight) {
         paragraphs(count);
         for (int height = 80; height <= 1200; height += 8) {
             box.resize(700, height);
-            for (int i = 0; i < 200 && !box.isSettled(); ++i) {
+            for (int i = 0; i < 200 && !box.isSettled(); ++i)
                 QApplication::processEvents();
-            }
             ASSERT_TRUE(box.isSettled()) << count << " paragraphs in " << height << " pixels";
         }
     }

@@ -16,9 +16,8 @@ protected:
     /// More than is taken in at once.
     static RichText manyLines() {
         QStringList lines;
-        for (int i = 0; i < 30'000; ++i) {
+        for (int i = 0; i < 30'000; ++i)
             lines += u"ligne %1"_s.arg(i);
-        }
         return sample::plain(lines);
     }
     static RichText oneRun(const QString& text) {
@@ -32,9 +31,8 @@ protected:
     }
     int blocksWithLines() {
         int count = 0;
-        for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next()) {
+        for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next())
             count += block.layout()->lineCount() > 0 ? 1 : 0;
-        }
         return count;
     }
 };
@@ -214,9 +212,8 @@ TEST_F(LongTexts, SettlingKeepsNoLinesOfWhatWasNotShown) {
 TEST_F(LongTexts, LinesOfWhatWasShownLongAgoGo) {
     show(manyLines());
     settle();
-    for (int i = 0; i < 400; ++i) {
+    for (int i = 0; i < 400; ++i)
         box.verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
-    }
     EXPECT_GT(box.verticalScrollBar()->value(), 150'000);
     EXPECT_LE(blocksWithLines(), 2100);
     key(Qt::Key_Home, Qt::ControlModifier);
@@ -236,9 +233,8 @@ TEST_F(LongTexts, TextIsDrawnHoweverFarDown) {
     const QImage image = box.viewport()->grab().toImage();
     int dark = 0;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = layout().page().textLeft + 12; x < layout().page().textLeft + 200; ++x) {
+        for (int x = layout().page().textLeft + 12; x < layout().page().textLeft + 200; ++x)
             dark += qGray(image.pixel(x, y)) < 100 ? 1 : 0;
-        }
     }
     EXPECT_GT(dark, 500);
 }

@@ -48,9 +48,8 @@ protected:
         paintPending();
         const QImage seen = onScreen();
         const QImage anew = paintedAnew();
-        if (seen.size() != anew.size()) {
+        if (seen.size() != anew.size())
             return "two sizes";
-        }
         int first = -1;
         int last = -1;
         for (int y = 0; y < seen.height(); ++y) {
@@ -59,9 +58,8 @@ protected:
                 last = y;
             }
         }
-        if (first < 0) {
+        if (first < 0)
             return {};
-        }
         keep(seen, u"seen"_s);
         keep(anew, u"anew"_s);
         return "rows " + std::to_string(first) + " to " + std::to_string(last) + " of " + std::to_string(seen.height());
@@ -73,9 +71,8 @@ protected:
     /// Where somebody wants to look at the pictures.
     static void keep(const QImage& image, const QString& name) {
         const QString folder = qEnvironmentVariable("VELM_PICTURES");
-        if (!folder.isEmpty()) {
+        if (!folder.isEmpty())
             image.save(folder + u'/' + name + u".png"_s);
-        }
     }
 
     void show(const RichText& text) {
@@ -113,9 +110,8 @@ protected:
             text.append(u"\r\n\f\r\nmot"_s.repeated(12000), text.charFormatIdAt(0), text.paraFormatIdAt(0));
         }
         show(text);
-        if (upTo(2) == 0) {
+        if (upTo(2) == 0)
             box_.setSelStart(place());
-        }
     }
     void marks() {
         CharChange mark;
@@ -123,14 +119,12 @@ protected:
         mark.values.colour = upTo(0xFFFFFF);
         mark.values.bold = upTo(2) == 0;
         box_.setRedraw(false);
-        for (int i = 0; i < 20; ++i) {
+        for (int i = 0; i < 20; ++i)
             box_.control().richTextForEdit().changeCharacters(place(), 9, mark);
-        }
         box_.control().notifyChanged();
         box_.setRedraw(true);
-        if (upTo(2) == 0) {
+        if (upTo(2) == 0)
             box_.reveal(place());
-        }
     }
     void format() {
         box_.setSelStart(place());
@@ -162,18 +156,16 @@ protected:
         const Qt::Key which = keys[upTo(static_cast<int>(std::size(keys)))];
         const bool zoom = which == Qt::Key_Plus || which == Qt::Key_Minus;
         Qt::KeyboardModifiers modifiers = zoom || upTo(4) == 0 ? Qt::ControlModifier : Qt::NoModifier;
-        if (!zoom && which != Qt::Key_Tab && upTo(3) == 0) {
+        if (!zoom && which != Qt::Key_Tab && upTo(3) == 0)
             modifiers |= Qt::ShiftModifier;
-        }
         QTest::keyClick(&box_, which, which == Qt::Key_Tab ? Qt::NoModifier : modifiers);
     }
     void mouse() {
         const QPoint at(upTo(box_.viewport()->width()), upTo(box_.viewport()->height()));
-        if (upTo(3) == 0) {
+        if (upTo(3) == 0)
             QTest::mouseClick(box_.viewport(), Qt::LeftButton, upTo(3) == 0 ? Qt::ShiftModifier : Qt::NoModifier, at);
-        } else {
+        else
             QTest::mouseMove(box_.viewport(), at);
-        }
     }
 
     struct Road {
@@ -187,9 +179,8 @@ protected:
         for (int step = 0; step < steps; ++step) {
             const Road& road = next();
             road.go();
-            if (box_.zoom() > mostZoom_) {
+            if (box_.zoom() > mostZoom_)
                 box_.setZoom(mostZoom_);
-            }
             if (upTo(2) == 0) {
                 QApplication::processEvents(); // a slice of settling as well
             }
@@ -274,9 +265,8 @@ TEST_F(ScreenTest, ScrollingByALineMovesThePixelsThatStay) {
     public:
         explicit Rows(int& rows) : rows_(rows) {}
         bool eventFilter(QObject* watched, QEvent* event) override {
-            if (event->type() == QEvent::Paint) {
+            if (event->type() == QEvent::Paint)
                 rows_ += static_cast<QPaintEvent*>(event)->rect().height();
-            }
             return QObject::eventFilter(watched, event);
         }
 

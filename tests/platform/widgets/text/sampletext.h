@@ -136,9 +136,8 @@ inline RichText lawArticle() {
 /// At least so many characters of law articles.
 inline RichText longText(qsizetype characters) {
     detail::Maker make;
-    for (int number = 1; make.rich.length() < characters; ++number) {
+    for (int number = 1; make.rich.length() < characters; ++number)
         detail::addArticle(make, number);
-    }
     return make.rich;
 }
 

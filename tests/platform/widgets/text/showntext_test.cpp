@@ -51,9 +51,8 @@ TEST(ShownText, PositionsAreClamped) {
 
 TEST(ShownText, EveryDocumentPositionComesBack) {
     const ShownText shown(sample::lawArticle());
-    for (int position = 0; position <= shown.documentLength(); ++position) {
+    for (int position = 0; position <= shown.documentLength(); ++position)
         ASSERT_EQ(shown.toDocument(shown.toModel(position)), position);
-    }
 }
 
 TEST(ShownText, CharactersWithoutShapeKeepTheirPlace) {

@@ -18,17 +18,15 @@ protected:
     /// Paragraphs that come out higher or lower than anybody would think beforehand.
     void paragraphs(const QString& letters) {
         RichText text;
-        for (int i = 0; i < 400; ++i) {
+        for (int i = 0; i < 400; ++i)
             text.append(letters.repeated(40 + i % 7) + u"\r\n"_s, text.intern(CharFormat{}), text.intern(ParaFormat{}));
-        }
         show(text);
     }
     QScrollBar& bar() { return *box.verticalScrollBar(); }
     /// What the toolkit does when it looks for something there.
     void layOutAbove() {
-        for (QTextBlock block = box.document()->begin(); block.blockNumber() < 100; block = block.next()) {
+        for (QTextBlock block = box.document()->begin(); block.blockNumber() < 100; block = block.next())
             layout().blockBoundingRect(block);
-        }
     }
     int startOfTop() { return layout().lineAt(bar().value()).start; }
     /// Painting finds nothing new, and the bar reaches to the end.
