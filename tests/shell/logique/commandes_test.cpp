@@ -73,9 +73,9 @@ TEST(CommandesTest, NamesAreWhatTheyHaveAlwaysBeen) {
     EXPECT_EQ(entreede(Ordre::PlaceOutils, 2), u"mbarre3(2)");
     EXPECT_EQ(entreede(Ordre::Outil, 19), u"moutils1(19)");
     EXPECT_EQ(entreede(Ordre::Rechercher, 0), QString()) << "it has but a button";
-    EXPECT_EQ(ordredubouton(u"JP"), OrdreRang(Ordre::Collection, 2));
-    EXPECT_EQ(ordredubouton(u"Index"), OrdreRang(Ordre::Collection, nombredecollections));
-    EXPECT_EQ(ordredubouton(u"motclé"), OrdreRang(Ordre::MotCle));
+    EXPECT_EQ(ordredubouton(u"JP"), (OrdreRang{Ordre::Collection, 2}));
+    EXPECT_EQ(ordredubouton(u"Index"), (OrdreRang{Ordre::Collection, nombredecollections}));
+    EXPECT_EQ(ordredubouton(u"motclé"), (OrdreRang{Ordre::MotCle}));
 }
 
 TEST(CommandesTest, AnUnknownNameIsNoCommand) {
