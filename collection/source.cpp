@@ -200,7 +200,7 @@ Corps SourceDossier::corps(qsizetype i) const {
 
 Probleme SourceDossier::lieu(qsizetype i) const {
     const Fiche& f = fiche(i);
-    return {0, false, nomdufichier(f.fichier), f.ligne, {}, Obstacle::None, f.fichierrtf};
+    return {Texte{}, false, nomdufichier(f.fichier), f.ligne, {}, Obstacle::None, f.fichierrtf};
 }
 
 /// The text that an article belongs to: what the source says, else the head of its branch if that names the number,

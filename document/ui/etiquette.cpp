@@ -21,9 +21,9 @@ QSize Etiquette::minimumSizeHint() const {
 void Etiquette::paintEvent(QPaintEvent*) {
     QPainter peintre(this);
     const QRect place = contentsRect();
-    style()->drawItemText(&peintre, place, QStyle::visualAlignment(layoutDirection(), alignment()), palette(),
-                          isEnabled(), fontMetrics().elidedText(text(), Qt::ElideRight, place.width()),
-                          foregroundRole());
+    const auto ou = static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment()));
+    style()->drawItemText(&peintre, place, ou, palette(), isEnabled(),
+                          fontMetrics().elidedText(text(), Qt::ElideRight, place.width()), foregroundRole());
 }
 
 bool Etiquette::event(QEvent* evenement) {
