@@ -24,8 +24,9 @@ protected:
         auto made = Database::create(path(), corpusSchema());
         ASSERT_TRUE(made.database);
         for (const TableDef& table : corpusSchema().tables) {
-            if (table.optional)
+            if (table.optional) {
                 ASSERT_TRUE(made.database->makeTable(table.name));
+            }
         }
         // The file then ends in rows, not in the indexes that are built last.
         fill(*made.database, u"motclés"_s, {u"motcle"_s}, {{u"Abus"_s}});

@@ -76,8 +76,9 @@ protected:
     }
 
     void fillTable(Database& base, const TableDef& table) {
-        if (table.optional)
+        if (table.optional) {
             ASSERT_TRUE(base.makeTable(table.name));
+        }
         std::vector<QString> fields;
         for (const FieldDef& field : table.fields)
             fields.push_back(field.name);

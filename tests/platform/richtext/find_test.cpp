@@ -107,8 +107,9 @@ TEST(Find, RepetitiveTextsAreSearchedExactly) {
         rich.replace(number(0, 3000), 1, u"a");
         ASSERT_EQ(found(text, what, start, -1, {.matchCase = true}), expected);
         ASSERT_EQ(found(text, what, start), expected);
-        if (!what.isEmpty())
+        if (!what.isEmpty()) {
             ASSERT_EQ(rich.indexOf(what, start), rich.text().indexOf(what, start));
+        }
     }
 }
 

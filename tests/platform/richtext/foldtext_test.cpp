@@ -55,8 +55,9 @@ TEST(FoldedText, EveryUnitThatEqualsAnotherWithoutCaseFoldsLikeIt) {
     for (qsizetype i = 0; i < units.size(); ++i) {
         const QString one(units[i]);
         for (const QString& other : {one.toUpper(), one.toLower()}) {
-            if (other.size() == 1 && find(one, other, 0, -1, {}) == 0)
+            if (other.size() == 1 && find(one, other, 0, -1, {}) == 0) {
                 ASSERT_EQ(folded[i], foldedText(other)[0]) << i;
+            }
         }
     }
 }

@@ -154,12 +154,14 @@ private:
         const qsizetype from = std::clamp<qsizetype>(at, 0, plain.size());
         for (const QString& needle : {QStringLiteral("{"), QStringLiteral("{S="), QStringLiteral("\r\n"),
                                       QStringLiteral("aa"), plain.mid(from, 7)}) {
-            if (!needle.isEmpty())
+            if (!needle.isEmpty()) {
                 EXPECT_EQ(text_.indexOf(needle, at), plain.indexOf(needle, from));
+            }
         }
         EXPECT_EQ(text_.indexOf(u'}', at), plain.indexOf(u'}', from));
-        if (at >= 0)
+        if (at >= 0) {
             EXPECT_EQ(text_.lastIndexOf(u'\r', at), plain.left(at + 1).lastIndexOf(u'\r'));
+        }
         const qsizetype end = plain.indexOf(u'\n', from);
         EXPECT_EQ(text_.paragraphEnd(at), end < 0 ? plain.size() : end + 1);
         EXPECT_EQ(text_.paragraphStart(at), plain.left(from).lastIndexOf(u'\n') + 1);
@@ -167,8 +169,9 @@ private:
         text_.forEachRun(0, text_.length(), [&](qsizetype start, qsizetype count, FormatId id) {
             EXPECT_EQ(start, next);
             EXPECT_GT(count, 0);
-            if (start > 0)
+            if (start > 0) {
                 EXPECT_NE(text_.charFormatIdAt(start - 1), id);
+            }
             for (qsizetype i = start; i < start + count; ++i)
                 EXPECT_EQ(text_.charFormatIdAt(i), id);
             next = start + count;

@@ -45,8 +45,9 @@ TEST(NormaliseMot, TheTableIsExactlyThis) {
     }
     for (char32_t c = u'z' + 1; c < 0x10000; ++c) {
         const QChar unit(static_cast<char16_t>(c));
-        if (!letters.contains(unit))
+        if (!letters.contains(unit)) {
             ASSERT_EQ(normalisemot(QStringView(&unit, 1)), QString(unit)) << static_cast<unsigned>(c);
+        }
     }
 }
 
