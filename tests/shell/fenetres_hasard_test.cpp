@@ -59,7 +59,7 @@ protected:
     bool pileouface() { return hasard(2) == 0; }
     template <typename Liste>
     auto un(const Liste& liste) {
-        return liste[static_cast<std::size_t>(hasard(static_cast<int>(std::size(liste))))];
+        return *std::next(std::begin(liste), hasard(static_cast<int>(std::size(liste))));
     }
     void presseun(Toolbar& barre, std::initializer_list<const char*> cles) {
         const QString cle = QString::fromUtf8(un(std::vector<const char*>(cles)));

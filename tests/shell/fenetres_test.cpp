@@ -28,10 +28,10 @@ TEST_F(FenetresTest, TheFocusComesBackToTheTreeTheTextOrTheListThatHadIt) {
             EXPECT_TRUE(controle->hasFocus()) << agrandie << controle->objectName().toStdString();
         }
         presse(fenetre(0).barrechild(), "tableau");
-        fenetre(0).flex().setFocus();
+        fenetre(0).panneau().flex().setFocus();
         touche(Qt::Key_Tab, Qt::ControlModifier);
         touche(Qt::Key_Tab, Qt::ControlModifier);
-        EXPECT_TRUE(fenetre(0).flex().view()->hasFocus()) << agrandie;
+        EXPECT_TRUE(fenetre(0).panneau().flex().view()->hasFocus()) << agrandie;
     }
 }
 
