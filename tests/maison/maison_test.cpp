@@ -294,8 +294,9 @@ TEST(Maison, TextsOfSourcesHaveOneSuffix) {
     // Headers open no namespace of literals; what comes from the build is no literal.
     static const QRegularExpression macro(u"QStringLiteral\\(\\s*\""_s);
     for (const Source& source : sources()) {
-        if (source.path.endsWith(u".cpp"))
+        if (source.path.endsWith(u".cpp")) {
             EXPECT_FALSE(source.text.contains(macro)) << source.path.toStdString();
+        }
     }
 }
 

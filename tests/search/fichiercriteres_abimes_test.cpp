@@ -58,8 +58,9 @@ TEST_F(FichierCriteresTest, AFileCutAtEveryByteGivesItsWholeRowsAndTheLinesBefor
         ASSERT_TRUE(fichier) << taille;
         // As many lines as are whole.
         const qsizetype completes = entier.first(taille).count("\r\n");
-        if (completes != 2)
+        if (completes != 2) {
             EXPECT_EQ(fichier->Textedico, completes < 2 ? QString() : ansi::decode(toutes.at(2))) << taille;
+        }
         rendlignes(*fichier, liste.resultat().lignes);
         const qsizetype attendues = completes <= 30 ? 0 : (completes - 30) / 7;
         EXPECT_GE(liste.lignes(), attendues) << taille;

@@ -123,8 +123,9 @@ TEST_F(CorpusPartage, EveryTableCanBeMissingAndFailsOnlyWhereItIsUsed) {
         corpus.ouvretables();
         const test::GardeArret garde;
         for (const auto& presente : tables) {
-            if (&presente != &une)
+            if (&presente != &une) {
                 EXPECT_EQ((corpus.*presente.table)().recordCount(), 0) << presente.nom;
+            }
         }
         EXPECT_THROW((corpus.*une.table)().moveFirst(), test::Arret);
         corpus.fermebase();

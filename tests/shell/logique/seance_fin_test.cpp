@@ -7,8 +7,9 @@ namespace {
 class SeanceFin : public velm::test::SeanceTest {
 protected:
     bool quitte(std::initializer_list<Bouton> reponses) {
-        if (!corpus.connecte())
+        if (!corpus.connecte()) {
             EXPECT_EQ(seance().demarre(), Demarrage::EnMarche);
+        }
         ecrans.journal.clear();
         dialogues.messages.clear();
         dialogues.answers.assign(reponses);

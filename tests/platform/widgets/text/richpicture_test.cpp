@@ -87,8 +87,9 @@ TEST(RichPicture, TheBitmapInsideAnEnhancedMetafileIsShown) {
         const bool isMost = dib.size() * 2 > metafile.size();
         const QImage image = pictureOf({RichObject::Kind::Emf, metafile, 0, 0});
         ASSERT_EQ(image.isNull(), !isMost) << type;
-        if (isMost)
+        if (isMost) {
             EXPECT_EQ(image.pixelColor(1, 2), QColor(Qt::yellow));
+        }
     }
 }
 

@@ -111,8 +111,9 @@ TEST_F(TreeViewBulk, AModelOfManyNodesFollowsEveryBulk) {
             ASSERT_EQ(tree.model()->rowCount(tree.indexOf(node)), nodes.children(node));
             ASSERT_EQ(tree.indexOf(node).parent(), tree.indexOf(nodes.parent(node)));
             ASSERT_EQ(tree.model()->index(nodes.place(node), 0, tree.indexOf(nodes.parent(node))), tree.indexOf(node));
-            if (nodes.children(node) > 0)
+            if (nodes.children(node) > 0) {
                 ASSERT_EQ(tree.isExpanded(tree.indexOf(node)), nodes.expanded(node)) << node;
+            }
         }
         tree.grab();
     }
