@@ -67,7 +67,7 @@ void ListeSelection::supprimeselection() {
     if (premier < 1)
         return;
     resultat_.lignes.supprime(premier, dernier);
-    row_ = rowsel_ = std::min(premier, lignes());
+    choisit(premier, premier);
 }
 
 QString ListeSelection::texte(int rang, int place) const {
@@ -91,7 +91,7 @@ void ListeSelection::trie(int place, bool descendant) {
 void ListeSelection::range(int parchamp, bool descendant) {
     const std::vector<int> places = frenchOrder(
         lignes(), [&](int rang) { return champ(rang + 1, static_cast<Champ>(parchamp)); }, descendant);
-    const auto suivie = std::ranges::find(places, row_ - 1);
+    const auto suivie = std::ranges::find(places, row() - 1);
     row_ = rowsel_ = suivie == places.end() ? 0 : static_cast<int>(suivie - places.begin()) + 1;
     resultat_.lignes.range(places);
 }
@@ -106,20 +106,20 @@ void ListeSelection::choisit(int row, int rowsel) {
 }
 
 std::pair<int, int> ListeSelection::rangschoisis() const {
-    return std::minmax(row_, rowsel_);
+    return std::minmax({row(), rowsel()});
 }
 
 bool ListeSelection::suivantrecherche() {
-    if (row_ >= lignes())
+    if (row() >= lignes())
         return false;
-    choisit(row_ + 1, row_ + 1);
+    choisit(row() + 1, row() + 1);
     return true;
 }
 
 bool ListeSelection::precedentrecherche() {
-    if (row_ < 2)
+    if (row() < 2)
         return false;
-    choisit(row_ - 1, row_ - 1);
+    choisit(row() - 1, row() - 1);
     return true;
 }
 

@@ -10,12 +10,13 @@
 #include "search/resultat.h"
 
 #include <QString>
-#include <QStringView>
 
+#include <algorithm>
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
-#include <vector>
+#include <utility>
 
 namespace velm {
 
@@ -40,7 +41,7 @@ public:
     // ---- rows
     int rows() const { return lignes() + 1; }
     int lignes() const { return resultat_.lignes.nombre(); }
-    /// The rows and what goes with them. A search fills them here; who has changed them selects anew.
+    /// The rows and what goes with them. A search fills them here.
     const Resultat& resultat() const { return resultat_; }
     Resultat& resultat() { return resultat_; }
     /// Empties the list: no row, no selection.
@@ -61,8 +62,9 @@ public:
     void effacemarquestri();
 
     // ---- selection
-    int row() const { return row_; } ///< 0 for none
-    int rowsel() const { return rowsel_; }
+    /// 0 for none. Where rows were taken out under it, the last one.
+    int row() const { return std::min(row_, lignes()); }
+    int rowsel() const { return std::min(rowsel_, lignes()); }
     void choisit(int row, int rowsel);
     std::pair<int, int> rangschoisis() const; ///< lower first
     /// One row down or up, if there is one; the selection is then that row alone, and it is to be opened.

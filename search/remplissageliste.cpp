@@ -87,7 +87,6 @@ void RemplissageListe::dit(qint64 nombre) const {
 /// The list is what its result holds by now.
 void RemplissageListe::publie() {
     liste_.effacemarquestri();
-    liste_.choisit(liste_.row(), liste_.rowsel());
     visible_ = true;
     for (const QString& cle : {u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s,
                                u"imprimercritères"_s, u"envoyercritères"_s})

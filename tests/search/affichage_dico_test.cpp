@@ -160,6 +160,18 @@ TEST_F(AffichageDicoTest, TheListIsHiddenWhileItFills) {
     EXPECT_EQ(etats(), QStringList({QString(u""_s), u" 3 documents"_s}));
 }
 
+TEST_F(AffichageDicoTest, ASearchThatIsFatalLeavesNoWaitCursor) {
+    for (char16_t lettre = u'A'; lettre <= u'Z'; ++lettre)
+        mots.push_back({u"M"_s + QChar(lettre), entrees(1, 1)});
+    ouvre();
+    QString ligne;
+    for (const auto& [mot, postes] : mots)
+        ligne += mot + u' ';
+    const GardeArret garde;
+    EXPECT_THROW(cherche(ligne), Arret);
+    EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
+}
+
 TEST_F(AffichageDicoTest, NoRowDisablesTheListsButtons) {
     ouvre();
     cherche(u"rien"_s);

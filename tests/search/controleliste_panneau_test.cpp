@@ -144,6 +144,7 @@ TEST_F(PanneauListeTest, ASearchOfAWindowWithoutAResultHidesTheListAndTheForm) {
     remplissage().cherchedans(u"CO"_s, u"ab introuvable"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(controle->liste().lignes(), 0);
     EXPECT_FALSE(grille.montree);
+    EXPECT_FALSE(remplissage().visible());
     EXPECT_EQ(panneau.journal, cache);
     EXPECT_EQ(lignes.size(), 2);
     EXPECT_EQ(etatdit(), u" 0 document") << "what was found stays said";
@@ -178,6 +179,8 @@ TEST_F(PanneauListeTest, AToolFillsTheListFromItsFileAndWidensThePanel) {
     EXPECT_EQ(etatdit(), u" 2 documents");
     EXPECT_EQ(panneau.journal, (QStringList{u"élargit"_s, u"montre"_s, u"dispositions"_s}));
     EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_TRUE(remplissage().visible());
+    EXPECT_TRUE(grille.montree);
     EXPECT_FALSE(QFile::exists(chemin));
     EXPECT_FALSE(remplissage().prenddoutil(dossier.path()));
     EXPECT_EQ(controle->liste().lignes(), 2);

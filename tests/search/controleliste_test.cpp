@@ -17,6 +17,7 @@ TEST_F(ControleListeTest, ItStartsHiddenWithoutRowsAndWithOneButton) {
     EXPECT_EQ(controle->liste().rows(), 1);
     EXPECT_FALSE(grille.montree);
     EXPECT_FALSE(grille.figee);
+    EXPECT_FALSE(remplissage().visible());
     EXPECT_EQ(panneau.permis_, (QHash<QString, bool>{{u"regrouper"_s, true}}));
     EXPECT_TRUE(panneau.journal.isEmpty());
 }

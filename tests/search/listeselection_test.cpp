@@ -179,6 +179,8 @@ TEST_F(ListeSelectionTest, ManyRowsGoAtOnce) {
     lignes.supprime({1, 3});
     EXPECT_EQ(titres(), QStringList({u"b"_s, u"d"_s}));
     EXPECT_EQ(liste.row(), 2);
+    EXPECT_EQ(liste.rangschoisis(), std::pair(2, 2));
+    EXPECT_FALSE(liste.suivantrecherche());
     lignes.supprime({1, 2});
     EXPECT_EQ(liste.rows(), 1);
     EXPECT_EQ(liste.row(), 0);

@@ -31,7 +31,6 @@ TEST_P(ParcoursCriteresTest, NarrowingKeepsTheRowsThatPass) {
     EXPECT_EQ(cles(), attendus);
     EXPECT_EQ(panneau.last(), u" 3 documents");
     EXPECT_EQ(progres.back(), (std::pair<qint64, qint64>(4, 5)));
-    EXPECT_EQ(liste.marque(0), ListeSelection::Marque::Aucune);
     texte(u"consommateur"_s);
     affine();
     EXPECT_EQ(cles(), ::liste({u"EU000001"_s}));

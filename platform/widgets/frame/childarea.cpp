@@ -60,6 +60,8 @@ QMdiSubWindow* ChildArea::add(QWidget* child) {
     connect(frame, &ChildFrame::closed, frame, [this] {
         if (const ChildFrame* current = frames_.front(); current && current->isMinimized())
             setActiveSubWindow(frames_.lastUsed());
+        // Of the last one that can be seen the toolkit says nothing while there are hidden ones.
+        tellActive();
     });
     return frame;
 }

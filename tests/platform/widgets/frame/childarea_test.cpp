@@ -66,6 +66,17 @@ TEST_F(ChildAreaTest, TheLastOneHiddenLeavesNoneActive) {
     EXPECT_EQ(told.count(), 2);
 }
 
+TEST_F(ChildAreaTest, TheLastOneInSightClosedLeavesNoneActive) {
+    showFrame();
+    const auto made = addShown(2);
+    area->hideChild(made[0]);
+    const QSignalSpy told(area, &ChildArea::childActivated);
+    area->around(made[1])->close();
+    EXPECT_EQ(area->activeChild(), nullptr);
+    ASSERT_EQ(told.count(), 1);
+    EXPECT_EQ(told.at(0).at(0).value<QWidget*>(), nullptr);
+}
+
 TEST_F(ChildAreaTest, ADialogueInFrontChangesNothingOfTheActiveChild) {
     showFrame();
     const auto made = addShown(2);
