@@ -30,8 +30,9 @@ TEST_F(BarreChild, TheBarHoldsItsButtonsInOrder) {
                            u"motsuivant"_s,       u"marqueauto"_s, u"barredossier"_s, u"dossiers"_s,
                            u"document"_s}));
     for (const QString& cle : descles(fenetre.barrechild())) {
-        if (bouton(fenetre, cle))
+        if (bouton(fenetre, cle)) {
             EXPECT_FALSE(fenetre.barrechild().toolTip(cle).isEmpty()) << cle.toStdString();
+        }
     }
 }
 

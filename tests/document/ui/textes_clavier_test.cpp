@@ -271,8 +271,9 @@ TEST_F(ClavierTextes, AWindowMayGoWhileItsPropertiesAreShown) {
     ASSERT_FALSE(boite.isNull());
     fenetre.close();
     EXPECT_EQ(banc->fenetre(0), nullptr);
-    if (boite)
+    if (boite) {
         EXPECT_EQ(boite->findChild<QWidget*>(u"numart"_s)->property("text").toString(), u"000001");
+    }
     delete &fenetre;
     EXPECT_TRUE(boite.isNull());
     EXPECT_EQ(ouvre("CO000002").referencecourante(), u"CO000002");
