@@ -27,7 +27,7 @@ protected:
 } // namespace
 
 TEST_F(APropos, TheVersionHasThreeNumbers) {
-    EXPECT_EQ(dans<QLabel>(fenetre_, u"lblVersion"_s).text(), texte_(2) + u" 1.2.3"_s);
+    EXPECT_EQ(dans<QLabel>(fenetre_, u"lblVersion"_s).text(), texte_(Texte{2}) + u" 1.2.3"_s);
     EXPECT_EQ(versioncourte(u"4"_s), u"4.0.0");
     EXPECT_EQ(versioncourte(u"4.5.6.7-essai"_s), u"4.5.6");
     EXPECT_EQ(versioncourte(QString()), u"0.0.0");
@@ -35,7 +35,7 @@ TEST_F(APropos, TheVersionHasThreeNumbers) {
 
 TEST_F(APropos, TheTitleOfTheCollectionStandsThereAsItIs) {
     const QLabel& titre = dans<QLabel>(fenetre_, u"lblCollection"_s);
-    EXPECT_EQ(titre.text(), remplace(texte_(9521), {u"Ma <b>collection</b>"_s}));
+    EXPECT_EQ(titre.text(), remplace(texte_(Texte{9521}), {u"Ma <b>collection</b>"_s}));
     EXPECT_EQ(titre.textFormat(), Qt::PlainText);
     frmAbout sans(texte_, u"1.2.3"_s, QString(), {}, dialogues_);
     EXPECT_EQ(sans.findChild<QLabel*>(u"lblCollection"_s), nullptr);
@@ -52,10 +52,10 @@ TEST_F(APropos, ATitleOfAnyLengthLeavesTheBoxItsSize) {
 
 TEST_F(APropos, JoinsFourSentencesWithBlanks) {
     EXPECT_EQ(dans<QLabel>(fenetre_, u"conditions"_s).text(),
-              texte_(60) + u' ' + texte_(61) + u' ' + texte_(62) + u' ' + texte_(63));
-    EXPECT_EQ(fenetre_.windowTitle(), texte_(161));
-    EXPECT_EQ(dans<QPushButton>(fenetre_, u"cmdok"_s).text(), texte_(4));
-    EXPECT_EQ(dans<QPushButton>(fenetre_, u"cmdSysInfo"_s).text(), texte_(5));
+              texte_(Texte{60}) + u' ' + texte_(Texte{61}) + u' ' + texte_(Texte{62}) + u' ' + texte_(Texte{63}));
+    EXPECT_EQ(fenetre_.windowTitle(), texte_(Texte{161}));
+    EXPECT_EQ(dans<QPushButton>(fenetre_, u"cmdok"_s).text(), texte_(Texte{4}));
+    EXPECT_EQ(dans<QPushButton>(fenetre_, u"cmdSysInfo"_s).text(), texte_(Texte{5}));
     EXPECT_EQ(fenetre_.windowModality(), Qt::ApplicationModal);
 }
 
@@ -92,7 +92,7 @@ TEST_F(APropos, NoSystemToolShowsTheText) {
     outil_ = false;
     clique(fenetre_, u"cmdSysInfo"_s);
     EXPECT_EQ(lancements_, 1);
-    EXPECT_EQ(dialogues_.texts(), QStringList{texte_(6)});
+    EXPECT_EQ(dialogues_.texts(), QStringList{texte_(Texte{6})});
 }
 
 TEST_F(APropos, OkAndEscapeCloseTheWindow) {

@@ -26,11 +26,11 @@ TEST_F(Astuce, IsShownFromTheFileWithItsCaptions) {
     const frmTip fenetre(texte_, astuces_, ecrit(u"TIPS.FR"_s, "un\r\ndeux & <b>demi</b>\r\n"), {});
     EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).text(), u"deux & <b>demi</b>");
     EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).textFormat(), Qt::PlainText);
-    EXPECT_EQ(fenetre.windowTitle(), texte_(3000));
-    EXPECT_EQ(dans<QLabel>(fenetre, u"Label1"_s).text(), texte_(3003));
-    EXPECT_EQ(dans<QPushButton>(fenetre, u"cmdok"_s).text(), texte_(4));
-    EXPECT_EQ(dans<QPushButton>(fenetre, u"cmdNextTip"_s).text(), texte_(3002));
-    EXPECT_EQ(dans<QCheckBox>(fenetre, u"chkLoadTipsAtStartup"_s).text(), texte_(3001));
+    EXPECT_EQ(fenetre.windowTitle(), texte_(Texte{3000}));
+    EXPECT_EQ(dans<QLabel>(fenetre, u"Label1"_s).text(), texte_(Texte{3003}));
+    EXPECT_EQ(dans<QPushButton>(fenetre, u"cmdok"_s).text(), texte_(Texte{4}));
+    EXPECT_EQ(dans<QPushButton>(fenetre, u"cmdNextTip"_s).text(), texte_(Texte{3002}));
+    EXPECT_EQ(dans<QCheckBox>(fenetre, u"chkLoadTipsAtStartup"_s).text(), texte_(Texte{3001}));
     EXPECT_FALSE(dans<QLabel>(fenetre, u"Image1"_s).pixmap().isNull());
     EXPECT_EQ(fenetre.windowModality(), Qt::ApplicationModal);
 }
@@ -55,9 +55,9 @@ TEST_F(Astuce, AMissingFileIsSaidAndTheWindowOpens) {
     frmTip fenetre(texte_, astuces_, dossier_.filePath(u"TIPS.XX"_s), {});
     fenetre.show();
     EXPECT_TRUE(fenetre.isVisible());
-    EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).text(), texte_(3004));
+    EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).text(), texte_(Texte{3004}));
     clique(fenetre, u"cmdNextTip"_s);
-    EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).text(), texte_(3004));
+    EXPECT_EQ(dans<QLabel>(fenetre, u"lblTipText"_s).text(), texte_(Texte{3004}));
 }
 
 TEST_F(Astuce, TheNextOneIsPickedAtRandomAndMayComeTwice) {
@@ -129,7 +129,7 @@ TEST_F(PetitesFenetres, ThePartnersWindowTakesThePicturesSize) {
     sponsor fenetre(texte_, fichier);
     fenetre.show();
     EXPECT_EQ(fenetre.size(), image.size());
-    EXPECT_EQ(fenetre.windowTitle(), texte_(162));
+    EXPECT_EQ(fenetre.windowTitle(), texte_(Texte{162}));
     EXPECT_EQ(fenetre.windowModality(), Qt::ApplicationModal);
     EXPECT_EQ(dans<QLabel>(fenetre, u"Imagepartner"_s).pixmap().toImage().pixelColor(300, 100), QColor(Qt::red));
     QTest::keyClick(&fenetre, Qt::Key_Escape);
@@ -176,7 +176,7 @@ TEST_F(PetitesFenetres, AnUnreadablePictureIsSaidInWords) {
         sponsor fenetre(texte_, fichier);
         fenetre.show();
         EXPECT_TRUE(fenetre.isVisible());
-        EXPECT_EQ(dans<QLabel>(fenetre, u"Imagepartner"_s).text(), remplace(texte_(9420), {fichier}));
+        EXPECT_EQ(dans<QLabel>(fenetre, u"Imagepartner"_s).text(), remplace(texte_(Texte{9420}), {fichier}));
     }
 }
 
@@ -184,11 +184,11 @@ TEST_F(PetitesFenetres, AnUnreadablePictureIsSaidInWords) {
 
 TEST_F(PetitesFenetres, TheSplashTellsNameVersionAndStep) {
     int montrees = 0;
-    frmSplash accueil({texte_(8), texte_(2) + u" 1.0.0"_s, texte_(7)});
+    frmSplash accueil({texte_(Texte{8}), texte_(Texte{2}) + u" 1.0.0"_s, texte_(Texte{7})});
     accueil.estmontree = [&] { ++montrees; };
-    EXPECT_EQ(dans<QLabel>(accueil, u"lblProductName"_s).text(), texte_(8));
-    EXPECT_EQ(dans<QLabel>(accueil, u"trademark"_s).text(), texte_(7));
-    EXPECT_EQ(dans<QLabel>(accueil, u"lblVersion"_s).text(), texte_(2) + u" 1.0.0"_s);
+    EXPECT_EQ(dans<QLabel>(accueil, u"lblProductName"_s).text(), texte_(Texte{8}));
+    EXPECT_EQ(dans<QLabel>(accueil, u"trademark"_s).text(), texte_(Texte{7}));
+    EXPECT_EQ(dans<QLabel>(accueil, u"lblVersion"_s).text(), texte_(Texte{2}) + u" 1.0.0"_s);
     EXPECT_EQ(accueil.windowModality(), Qt::NonModal);
     EXPECT_NE(dans<QLabel>(accueil, u"Label1"_s).parentWidget(), nullptr);
     EXPECT_EQ(dans<Logo>(accueil, u"imgLogo"_s).parentWidget()->objectName(), u"Frame1");
@@ -199,7 +199,7 @@ TEST_F(PetitesFenetres, TheSplashTellsNameVersionAndStep) {
 }
 
 TEST_F(PetitesFenetres, TheBarOfTheSplashIsHiddenUntilItIsUsed) {
-    frmSplash accueil({texte_(8), texte_(2), texte_(7)});
+    frmSplash accueil({texte_(Texte{8}), texte_(Texte{2}), texte_(Texte{7})});
     accueil.show();
     auto& barre = dans<QProgressBar>(accueil, u"ProgressBar1"_s);
     EXPECT_FALSE(barre.isVisible());
