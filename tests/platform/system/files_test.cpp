@@ -16,8 +16,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr QFile::Permissions allRights = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther |
-                                         QFile::WriteOther | QFile::ExeOther;
+constexpr QFile::Permissions allRights = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup |
+                                         QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther |
+                                         QFile::ExeOther;
 
 class Fichiers : public testing::Test {
 protected:
