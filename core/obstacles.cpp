@@ -1,8 +1,8 @@
 #include "core/obstacles.h"
 
-#include <array>
-
 #include "core/texte.h"
+
+#include <array>
 
 namespace velm {
 

@@ -248,6 +248,5 @@ TEST_F(ArborescenceTest, NodesThatDoNotStandOrAreDocumentsLoadNothing) {
     EXPECT_EQ(vide.selected(), 0);
 }
 
-
 } // namespace
 } // namespace velm::test

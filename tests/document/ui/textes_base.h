@@ -76,9 +76,7 @@ protected:
 
     Textes& ouvre(const char* cle, bool replier = false) { return banc->ouvre(cle, replier); }
     static QToolButton* bouton(Textes& fenetre, const QString& cle) { return fenetre.barrechild().widget(cle); }
-    static void presse(Textes& fenetre, const QString& cle) {
-        QTest::mouseClick(bouton(fenetre, cle), Qt::LeftButton);
-    }
+    static void presse(Textes& fenetre, const QString& cle) { QTest::mouseClick(bouton(fenetre, cle), Qt::LeftButton); }
     template <typename T = QWidget>
     static T* controle(Textes& fenetre, const QString& nom) {
         return fenetre.findChild<T*>(nom);
