@@ -107,7 +107,7 @@ TEST_F(Fichiers, AWholeFileThatCannotBeWrittenLeavesTheOldOne) {
     EXPECT_EQ(writeWhole(path + u"/f"_s, "x").kind, Obstacle::NoFolder);
 }
 
-TEST_F(Fichiers, AFileOfOneselfThatIsProtectedIsReadOnly) {
+TEST_F(Fichiers, AFileOfOneselfThatIsProtectedIsDenied) {
     QTemporaryDir others;
     const QString path = others.filePath(u"f"_s);
     ASSERT_TRUE(QFile::setPermissions(others.path(), allRights));
@@ -115,7 +115,7 @@ TEST_F(Fichiers, AFileOfOneselfThatIsProtectedIsReadOnly) {
     ASSERT_EQ(writeWhole(path, "old").kind, Obstacle::None);
     ASSERT_TRUE(QFile::setPermissions(path, QFile::ReadOwner));
     const FileError error = writeWhole(path, "new");
-    EXPECT_EQ(error.kind, Obstacle::ReadOnly);
+    EXPECT_EQ(error.kind, Obstacle::Denied);
     EXPECT_FALSE(error.words.isEmpty());
     EXPECT_EQ(content(path), "old");
 }
