@@ -186,6 +186,26 @@ TEST_F(PlaceTest, ATextThatIsWhollyInSightStaysAtItsBeginningWhenTheLettersGrow)
     EXPECT_GT(bar().maximum(), 0);
 }
 
+TEST_F(PlaceTest, ATextThatWasWhollyInSightStaysAtItsBeginningInANarrowerView) {
+    int higher = 0;
+    for (int width = 880; width >= 200; width -= 40) {
+        box.resize(900, 600);
+        RichText text;
+        text.append(broad.repeated(120) + u"\r\n"_s, text.intern(CharFormat{}), text.intern(ParaFormat{}));
+        show(text);
+        settle();
+        ASSERT_EQ(bar().maximum(), 0);
+        box.resize(width, 600);
+        EXPECT_EQ(bar().value(), 0) << width;
+        box.viewport()->grab();
+        EXPECT_EQ(bar().value(), 0) << width;
+        settle();
+        EXPECT_EQ(bar().value(), 0) << width;
+        higher += bar().maximum() > 0 ? 1 : 0;
+    }
+    EXPECT_GT(higher, 0);
+}
+
 // ---- a place that waits until its text has come in again
 
 namespace {
