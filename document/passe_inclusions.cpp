@@ -9,7 +9,7 @@
 namespace velm::passes {
 namespace {
 
-constexpr QStringView ouvrante = u"{I=";
+constexpr QStringView ouvranteinclusion = u"{I=";
 constexpr qsizetype longueurcle = 8;
 
 /// Bodies that were fetched and read in this pass.
@@ -114,7 +114,7 @@ private:
         qsizetype avant = jonction();
         while (avant == 0 && !pile_.empty()) {
             const Etendue& e = pile_.back();
-            const qsizetype place = e.texte->texte().indexOf(ouvrante, e.debut);
+            const qsizetype place = e.texte->texte().indexOf(ouvranteinclusion, e.debut);
             if (place >= 0) {
                 prend(place - e.debut);
                 return 0;
@@ -146,7 +146,7 @@ private:
         if (q < 0) {
             efface(longueurefface - avant);
         } else {
-            const qsizetype debut = ouvrante.size() - avant;
+            const qsizetype debut = ouvranteinclusion.size() - avant;
             const QString cle = q - debut == longueurcle ? lit(debut) : QString();
             un = estcle(cle) ? &corps_.cherche(decoupecle(cle)) : nullptr;
             if (un != nullptr && !un->vide &&
@@ -209,7 +209,7 @@ private:
 } // namespace
 
 std::optional<Plat> inclusions(const Plat& texte, RichText& hote, SourceDeContenu& source, const BornesPasses& bornes) {
-    if (!texte.texte().contains(ouvrante))
+    if (!texte.texte().contains(ouvranteinclusion))
         return std::nullopt;
     return Inclusions(texte, hote, source, bornes).passe();
 }

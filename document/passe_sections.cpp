@@ -6,7 +6,7 @@
 namespace velm::passes {
 namespace {
 
-constexpr QStringView ouvrante = u"{S=";
+constexpr QStringView ouvrantesection = u"{S=";
 constexpr QStringView fermante = u"{-S}";
 
 /// The text lies in three parts: what is done with; what was read ahead, which holds no token but perhaps an opening at
@@ -160,13 +160,13 @@ private:
         if (jonction())
             return true;
         if (ouverte_) {
-            fait(nombrelu_ - ouvrante.size());
+            fait(nombrelu_ - ouvrantesection.size());
             return true;
         }
         fait(nombrelu_);
         if (jonction())
             return true;
-        const qsizetype p = t_.indexOf(ouvrante, u_);
+        const qsizetype p = t_.indexOf(ouvrantesection, u_);
         if (p < 0)
             return false;
         range(faites_, {u_, p});
@@ -205,7 +205,7 @@ private:
                 break;
             nom_ += t_.sliced(e.debut, std::min(e.longueur(), nombre - nom_.size()));
         }
-        nom_ = nom_.sliced(ouvrante.size(), nombre - ouvrante.size() - 1);
+        nom_ = nom_.sliced(ouvrantesection.size(), nombre - ouvrantesection.size() - 1);
         oublie(nombre);
         if (alafin())
             forme_.finprend(debut);
@@ -226,8 +226,8 @@ private:
         }
         for (qsizetype p = t_.indexOf(u'{', u_); p >= 0; p = t_.indexOf(u'{', p + 1)) {
             const QStringView ici = t_.sliced(p);
-            if (ici.startsWith(ouvrante)) {
-                lit(p + ouvrante.size());
+            if (ici.startsWith(ouvrantesection)) {
+                lit(p + ouvrantesection.size());
                 ouverte_ = true;
                 return true;
             }
@@ -246,8 +246,8 @@ private:
         for (qsizetype i = k; i > 0; --i)
             coin += t_[placedefin(lues_, i)];
         coin += t_.sliced(u_, std::min(fermante.size() - k, t_.size() - u_));
-        if (k < ouvrante.size() && coin.startsWith(ouvrante)) {
-            lit(u_ + ouvrante.size() - k);
+        if (k < ouvrantesection.size() && coin.startsWith(ouvrantesection)) {
+            lit(u_ + ouvrantesection.size() - k);
             ouverte_ = true;
             return true;
         }
@@ -283,7 +283,7 @@ private:
         }
     }
 
-    qsizetype longueursection() const { return nombrelu_ - (ouverte_ ? ouvrante.size() : 0); }
+    qsizetype longueursection() const { return nombrelu_ - (ouverte_ ? ouvrantesection.size() : 0); }
 
     void applique(const QString& nom) {
         if (!attente_)
@@ -324,7 +324,7 @@ private:
 
 std::optional<Plat> sections(const Plat& texte, RichText& hote, RichTextControl& controle, bool abc,
                              const ContextePasses& contexte) {
-    if (!texte.texte().contains(ouvrante))
+    if (!texte.texte().contains(ouvrantesection))
         return std::nullopt;
     Sections sections(texte, hote, abc, contexte);
     Plat rendu = sections.passe();

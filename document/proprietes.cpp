@@ -10,7 +10,7 @@ namespace velm {
 
 namespace {
 
-int nombre(const Reglages& reglages, const ReglageLibre& reglage) {
+int taille(const Reglages& reglages, const ReglageLibre& reglage) {
     constexpr double borne = 100'000;
     return static_cast<int>(std::clamp(reglages.lit(reglage), 0.0, borne));
 }
@@ -36,7 +36,7 @@ Proprietes afficheproprietes(const Cle& cle, const QString& titrecourant, const 
 }
 
 TailleProprietes littailleproprietes(const Reglages& reglages) {
-    return {nombre(reglages, reglage::proprieteslargeur), nombre(reglages, reglage::proprieteshauteur)};
+    return {taille(reglages, reglage::proprieteslargeur), taille(reglages, reglage::proprieteshauteur)};
 }
 
 void ecrittailleproprietes(Reglages& reglages, const TailleProprietes& taille) {

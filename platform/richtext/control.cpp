@@ -1,6 +1,7 @@
 #include "platform/richtext/control.h"
 
 #include "platform/richtext/commonformat.h"
+#include "platform/richtext/formatchange.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,7 +13,6 @@ namespace {
 
 constexpr double smallestSize = 0.5;
 constexpr double largestSize = 2160;
-constexpr int mostTabs = 32;
 
 } // namespace
 

@@ -3,17 +3,12 @@
 #include <algorithm>
 
 namespace velm {
-namespace {
-
-constexpr std::size_t mostTabs = 32;
-
-} // namespace
 
 std::vector<std::int32_t> orderedTabs(std::vector<std::int32_t> tabs) {
     std::erase_if(tabs, [](std::int32_t tab) { return tab <= 0; });
     std::sort(tabs.begin(), tabs.end());
     tabs.erase(std::unique(tabs.begin(), tabs.end()), tabs.end());
-    if (tabs.size() > mostTabs)
+    if (std::ssize(tabs) > mostTabs)
         tabs.resize(mostTabs);
     return tabs;
 }

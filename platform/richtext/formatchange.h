@@ -7,6 +7,9 @@
 
 namespace velm {
 
+/// A paragraph has no more tab stops.
+inline constexpr int mostTabs = 32;
+
 /// Ascending, each once, none at or before the start, and no more than there may be.
 std::vector<std::int32_t> orderedTabs(std::vector<std::int32_t> tabs);
 

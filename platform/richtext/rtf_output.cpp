@@ -14,7 +14,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr char hexDigits[] = "0123456789abcdef";
-constexpr int himetricPerInch = 2540;
 constexpr qsizetype pictureBytesPerLine = 64;
 
 /// Fonts whose characters are signs: they are written with the character set of symbols.

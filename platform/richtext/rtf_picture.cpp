@@ -12,7 +12,6 @@ namespace velm::rtf {
 namespace {
 
 constexpr std::int32_t longestSide = 100'000; ///< twips
-constexpr int himetricPerInch = 2540;
 
 std::int32_t side(std::int64_t twips) {
     return static_cast<std::int32_t>(std::clamp<std::int64_t>(twips, 0, longestSide));

@@ -6,6 +6,9 @@
 
 namespace velm::rtf {
 
+/// Sizes of metafiles are in hundredths of a millimetre.
+inline constexpr int himetricPerInch = 2540;
+
 /// Reads the group of a picture, `p` behind \pict; returns the place of its closing brace.
 const char* readPicture(const char* p, const char* end, RichObject& object);
 
