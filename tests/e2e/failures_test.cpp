@@ -75,6 +75,16 @@ protected:
         endsWith(1);
     }
 
+    /// The frame comes before the form has its text, and a key that comes too early asks for nothing.
+    void pressUntilItFails() {
+        for (int times = 0; times < 30; ++times) {
+            key(u"Return"_s);
+            if (comesForward(program.processId(), u"Erreur d"_s, 2000))
+                return fails();
+        }
+        FAIL() << "no box of an error";
+    }
+
     Host host;
     QTemporaryDir settings;
     QString executable;
@@ -168,8 +178,7 @@ TEST_F(TheExecutable, EndsInOneBoxOnTheTwentyFirstWordAndWithoutADictionary) {
             execute(u"DROP TABLE dico"_s);
         start({path});
         ASSERT_TRUE(shows(u"VELMORante 2000"_s));
-        key(u"Return"_s);
-        fails();
+        pressUntilItFails();
     }
 }
 

@@ -78,8 +78,8 @@ void key(const QString& combination) {
     xdotool({u"key"_s, combination});
 }
 
-bool comesForward(qint64 process, const QString& title) {
-    const QDeadlineTimer end(toolMilliseconds);
+bool comesForward(qint64 process, const QString& title, int milliseconds) {
+    const QDeadlineTimer end(milliseconds);
     while (!end.hasExpired()) {
         const auto window = said(u"xdotool"_s, {u"getactivewindow"_s});
         const auto properties = said(u"xprop"_s, {u"-id"_s, window.value_or(u"0"_s), u"-notype"_s, u"_NET_WM_PID"_s,

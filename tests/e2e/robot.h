@@ -14,7 +14,7 @@ namespace velm::e2e {
 void key(const QString& combination);
 
 /// Waits until the window with the keyboard belongs to a process and has a title that begins so; a splash is none.
-bool comesForward(qint64 process, const QString& title);
+bool comesForward(qint64 process, const QString& title, int milliseconds = 60000);
 
 enum class Hand { Click, DoubleClick, WheelDown };
 

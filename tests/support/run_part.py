@@ -22,6 +22,8 @@ from pathlib import Path
 START = re.compile(rb'\[ RUN      \] (\S+)')
 END = re.compile(rb'\[(       OK |  FAILED  |  SKIPPED )\] (\S+?)(?:,.*)? \((\d+) ms\)\s*$')
 TOTAL = re.compile(rb'\[==========\] Running (\d+) tests?')
+# What a program says that cannot run here.
+SKIPPED = 77
 OUTCOMES = {b'       OK ': 'passed', b'  FAILED  ': 'failed', b'  SKIPPED ': 'skipped'}
 
 
@@ -69,6 +71,15 @@ class Part:
         self.tests.append({'name': self.running, 'outcome': 'failed', 'ms': int((time.monotonic() - self.since) * 1000)})
 
 
+def end(process):
+    """Told to end, so that it can end what it has started itself; else by force."""
+    process.terminate()
+    try:
+        process.wait(10)
+    except subprocess.TimeoutExpired:
+        process.kill()
+
+
 def lines_of(process, part, limit):
     """The lines of a process until it ends; false when the limit ended it."""
     rest = b''
@@ -80,7 +91,7 @@ def lines_of(process, part, limit):
                 if process.poll() is not None:
                     break
                 if time.monotonic() - part.since > limit:
-                    process.kill()
+                    end(process)
                     return False
                 continue
             data = os.read(process.stdout.fileno(), 1 << 16)
@@ -103,6 +114,9 @@ def run(options):
     part = Part()
     in_time = lines_of(process, part, options.limit)
     status = process.wait()
+    if status == SKIPPED and not part.tests:
+        say(b''.join(part.beside))
+        return SKIPPED
     if part.running:
         part.broken('TIMEOUT ' if not in_time else f'CRASHED: status {status}')
     if options.report:
