@@ -20,7 +20,7 @@ ControleListe::ControleListe(const Services& services, VueLignes& lignes, VueLis
 }
 
 void ControleListe::charge() {
-    vue_.permetbouton(u"regrouper"_s, true);
+    vue_.permet(Ordre::Regrouper, true);
     remplissage_.montrelignes();
 }
 
@@ -39,13 +39,13 @@ void ControleListe::affichemenuselection(bool visible) {
 }
 
 void ControleListe::formulairevisible(bool visible) {
-    vue_.enfoncebouton(u"affichercritères"_s, visible);
-    vue_.infobulle(u"affichercritères"_s, texte(infobullecriteres(visible)));
+    vue_.coche(Ordre::AfficherCriteres, visible);
+    vue_.infobulle(Ordre::AfficherCriteres, texte(infobullecriteres(visible)));
 }
 
 void ControleListe::regroupe(bool enfonce) {
     lignes_.regroupe(enfonce);
-    vue_.infobulle(u"regrouper"_s, texte(infobulleregrouper(enfonce)));
+    vue_.infobulle(Ordre::Regrouper, texte(infobulleregrouper(enfonce)));
 }
 
 void ControleListe::ecritcolonnes() {

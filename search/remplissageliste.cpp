@@ -88,10 +88,10 @@ void RemplissageListe::dit(qint64 nombre) const {
 void RemplissageListe::publie() {
     liste_.effacemarquestri();
     visible_ = true;
-    for (const QString& cle : {u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s,
-                               u"imprimercritères"_s, u"envoyercritères"_s})
-        vue_.permetbouton(cle, liste_.lignes() > 0);
-    vue_.permetbouton(u"ouvrircritères"_s, true);
+    for (const Ordre ordre : {Ordre::PrecedentRecherche, Ordre::SuivantRecherche, Ordre::SauverCriteres,
+                              Ordre::ImprimerCriteres, Ordre::EnvoyerCriteres})
+        vue_.permet(ordre, liste_.lignes() > 0);
+    vue_.permet(Ordre::OuvrirCriteres, true);
 }
 
 // ---- lists that come from elsewhere

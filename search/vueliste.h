@@ -1,5 +1,6 @@
 #pragma once
 // The selection list's grid and the panel around it, as the logic sees them.
+#include "core/ordre.h"
 #include "search/listeselection.h"
 
 #include <utility>
@@ -33,14 +34,14 @@ public:
     virtual int largeur(int colonne) const = 0; ///< twips
 };
 
-/// The panel around the grid, as the logic sees it. Buttons go by their keys.
+/// The panel around the grid, as the logic sees it. Its buttons stand for commands.
 class VueListe {
 public:
     virtual ~VueListe() = default;
 
-    virtual void permetbouton(const QString& cle, bool permis) = 0;
-    virtual void enfoncebouton(const QString& cle, bool enfonce) = 0;
-    virtual void infobulle(const QString& cle, const QString& texte) = 0;
+    virtual void permet(Ordre ordre, bool permis) = 0;
+    virtual void coche(Ordre ordre, bool cochee) = 0;
+    virtual void infobulle(Ordre ordre, const QString& texte) = 0;
     /// Into the status panel.
     virtual void ditetat(const QString& texte) = 0;
     virtual void montrepanneau(bool visible) = 0;

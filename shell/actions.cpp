@@ -1,6 +1,7 @@
 #include "shell/actions.h"
 
 #include "core/fenetrefille.h"
+#include "core/tablereglages.h"
 #include "core/texte.h"
 #include "platform/widgets/look/plaintext.h"
 #include "shell/logique/commandes.h"
@@ -119,8 +120,8 @@ void Actions::suit(const FenetreFille* active) {
 }
 
 void Actions::changeoutils(const QList<OutilMontre>& outils) {
-    nombredoutils_ = std::min(static_cast<int>(outils.size()), plusdoutils);
-    for (int rang = 0; rang < plusdoutils; ++rang) {
+    nombredoutils_ = std::min(static_cast<int>(outils.size()), reglage::nombremaxoutils);
+    for (int rang = 0; rang < reglage::nombremaxoutils; ++rang) {
         const OutilMontre outil = outils.value(rang);
         const bool la = rang < nombredoutils_;
         intitule(Ordre::Outil, rang, {}, outil.libelle);

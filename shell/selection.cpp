@@ -8,6 +8,7 @@
 #include "shell/actions.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
+#include "shell/logique/commandes.h"
 #include "shell/volet.h"
 
 #include <QMenu>
@@ -16,21 +17,18 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-Selection::Selection(Ecrangeneral& ecran, VoletSelection& volet, const Actions& actions, Bureau& bureau,
+Selection::Selection(Ecrangeneral& ecran, VoletSelection& volet, Actions& actions, Bureau& bureau,
                      const ControleListe::Services& services)
-    : ecran_(ecran), volet_(volet), bureau_(bureau), grille_(volet), controle_(services, grille_, *this) {
+    : ecran_(ecran), volet_(volet), actions_(actions), bureau_(bureau), grille_(volet),
+      controle_(services, grille_, *this) {
     grille_.construit(liste());
     relieflex();
-    construitmenu(actions);
+    construitmenu();
     controle_.charge();
 }
 
 Selection::~Selection() {
     grille_.relache();
-}
-
-Toolbar& Selection::barre() const {
-    return volet_.recherchetoolbar();
 }
 
 // ---- what is pressed
@@ -46,25 +44,25 @@ void Selection::relieflex() {
     });
 }
 
-void Selection::construitmenu(const Actions& actions) {
+void Selection::construitmenu() {
     menu_ = new QMenu(&volet_);
     menu_->setObjectName(u"ContextMenu"_s);
     for (const Ordre ordre : {Ordre::OuvrirLignes, Ordre::SupprimerLignes, Ordre::ImprimerLignes})
-        menu_->addAction(&actions.de(ordre));
+        menu_->addAction(&actions_.de(ordre));
 }
 
 // ---- what is shown
 
-void Selection::permetbouton(const QString& cle, bool permis) {
-    barre().setButtonEnabled(cle, permis);
+void Selection::permet(Ordre ordre, bool permis) {
+    actions_.permet(ordre, permis);
 }
 
-void Selection::enfoncebouton(const QString& cle, bool enfonce) {
-    barre().setValue(cle, enfonce);
+void Selection::coche(Ordre ordre, bool cochee) {
+    actions_.coche(ordre, cochee);
 }
 
-void Selection::infobulle(const QString& cle, const QString& texte) {
-    barre().setToolTip(cle, texte);
+void Selection::infobulle(Ordre ordre, const QString& texte) {
+    volet_.recherchetoolbar().setToolTip(boutonde(ordre, 0), texte);
 }
 
 void Selection::ditetat(const QString& texte) {

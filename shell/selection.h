@@ -12,7 +12,6 @@ namespace velm {
 class Actions;
 class Bureau;
 class Ecrangeneral;
-class Toolbar;
 class VoletSelection;
 
 class Selection final : public QObject, private VueListe {
@@ -20,7 +19,7 @@ class Selection final : public QObject, private VueListe {
 
 public:
     /// Nothing is owned; all of it outlives the selection.
-    Selection(Ecrangeneral& ecran, VoletSelection& volet, const Actions& actions, Bureau& bureau,
+    Selection(Ecrangeneral& ecran, VoletSelection& volet, Actions& actions, Bureau& bureau,
               const ControleListe::Services& services);
     ~Selection() override;
 
@@ -34,9 +33,9 @@ signals:
 
 private:
     // ---- VueListe
-    void permetbouton(const QString& cle, bool permis) override;
-    void enfoncebouton(const QString& cle, bool enfonce) override;
-    void infobulle(const QString& cle, const QString& texte) override;
+    void permet(Ordre ordre, bool permis) override;
+    void coche(Ordre ordre, bool cochee) override;
+    void infobulle(Ordre ordre, const QString& texte) override;
     void ditetat(const QString& texte) override;
     void montrepanneau(bool visible) override;
     void elargitpanneau() override;
@@ -44,12 +43,12 @@ private:
     void majdispositions() override;
     void ouvredocument(const QString& cle, const QString& mot1, const QString& mot2) override;
 
-    Toolbar& barre() const;
     void relieflex();
-    void construitmenu(const Actions& actions);
+    void construitmenu();
 
     Ecrangeneral& ecran_;
     VoletSelection& volet_;
+    Actions& actions_;
     Bureau& bureau_;
     GrilleSelection grille_;
     ControleListe controle_;

@@ -1,6 +1,7 @@
 #include "shell/logique/commandes.h"
 
 #include "core/cle.h"
+#include "core/tablereglages.h"
 #include "core/texte.h"
 
 #include <algorithm>
@@ -194,7 +195,7 @@ constexpr std::array<LigneCommande, nombredordres> table{
      {Ordre::OuvrirLignes, {}, {u"ContextMenuOuvrir", -1, Texte::OuvrirDeLaListe}},
      {Ordre::SupprimerLignes, {}, {u"ContextMenuSuppress", -1, Texte::RetirerDeLaListe}},
      {Ordre::ImprimerLignes, {}, {u"ContextMenuPrint", -1, Texte::MenuImprimerLaListe}},
-     {Ordre::Outil, {u"outil"}, {u"moutils1", 0}, {}, {}, Simple, Attente, plusdoutils},
+     {Ordre::Outil, {u"outil"}, {u"moutils1", 0}, {}, {}, Simple, Attente, reglage::nombremaxoutils},
      {Ordre::Options, {}, {u"moutils3", -1, Texte::MenuOptions}, u"options", {}, Simple, Attente},
      {Ordre::Editeur, {}, {u"mediteur", -1, Texte::MenuEditeur}, {}, {}, Simple, Attente},
      {Ordre::MettreAJour, {}, {u"Menu_MajNet", -1, Texte::MiseAJourParInternet}, u"majnet", {}, Simple, Attente},

@@ -89,7 +89,4 @@ std::span<const Ordre> entreesdubouton(Ordre ordre);
 /// The command that puts a bar somewhere; its rank is the position.
 Ordre ordredeplace(Barre barre);
 
-/// So many tools a user can have.
-inline constexpr int plusdoutils = 20;
-
 } // namespace velm

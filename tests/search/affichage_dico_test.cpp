@@ -110,7 +110,7 @@ TEST_F(AffichageDicoTest, NoShowsAllAndCancelShowsNothing) {
     const Bilan abandon = cherche(u"troiscents"_s, sanslimite);
     EXPECT_EQ(abandon.issue, Resultat::Issue::Abandonnee);
     EXPECT_EQ(liste().rows(), 1);
-    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_FALSE(panneau.permis(Ordre::SuivantRecherche));
     EXPECT_EQ(liste().resultat().mot1, u"TROISCENTS");
     EXPECT_EQ(etats().last(), QString());
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
@@ -155,8 +155,8 @@ TEST_F(AffichageDicoTest, TheListIsHiddenWhileItFills) {
     EXPECT_EQ(tours, 3);
     EXPECT_TRUE(visible());
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
-    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
-    EXPECT_TRUE(panneau.permis(u"ouvrircritères"_s));
+    EXPECT_TRUE(panneau.permis(Ordre::SuivantRecherche));
+    EXPECT_TRUE(panneau.permis(Ordre::OuvrirCriteres));
     EXPECT_EQ(etats(), QStringList({QString(u""_s), u" 3 documents"_s}));
 }
 
@@ -175,8 +175,8 @@ TEST_F(AffichageDicoTest, ASearchThatIsFatalLeavesNoWaitCursor) {
 TEST_F(AffichageDicoTest, NoRowDisablesTheListsButtons) {
     ouvre();
     cherche(u"rien"_s);
-    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
-    EXPECT_TRUE(panneau.permis(u"ouvrircritères"_s));
+    EXPECT_FALSE(panneau.permis(Ordre::SuivantRecherche));
+    EXPECT_TRUE(panneau.permis(Ordre::OuvrirCriteres));
     EXPECT_TRUE(visible());
 }
 
@@ -188,7 +188,7 @@ TEST_F(AffichageDicoTest, TheStopFlagEndsTheDisplayWithTheRowsSoFar) {
     const Bilan resultat = cherche(u"une"_s);
     EXPECT_EQ(resultat.issue, Resultat::Issue::Arretee);
     EXPECT_EQ(liste().rows(), 5);
-    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_TRUE(panneau.permis(Ordre::SuivantRecherche));
     EXPECT_TRUE(visible());
     EXPECT_EQ(etats(), QStringList(QString(u""_s)));
 }

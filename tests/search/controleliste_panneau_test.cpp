@@ -19,24 +19,24 @@ const QStringList cache{u"cache"_s, u"cache les critères"_s, u"dispositions"_s}
 // ---- what is published
 
 TEST_F(PanneauListeTest, TheEndOfASearchPublishesTheButtons) {
-    const QStringList duresultat{u"précédentrecherche"_s, u"suivantrecherche"_s, u"sauvercritères"_s,
-                                 u"imprimercritères"_s, u"envoyercritères"_s};
+    const std::vector duresultat{Ordre::PrecedentRecherche, Ordre::SuivantRecherche, Ordre::SauverCriteres,
+                                 Ordre::ImprimerCriteres, Ordre::EnvoyerCriteres};
     for (const bool present : {true, false}) {
         remplit(present ? QStringList{u"CO000001"_s} : QStringList());
-        for (const QString& cle : duresultat)
-            EXPECT_EQ(panneau.permis(cle), present) << qPrintable(cle);
-        EXPECT_TRUE(panneau.permis(u"ouvrircritères"_s));
+        for (const Ordre ordre : duresultat)
+            EXPECT_EQ(panneau.permis(ordre), present) << static_cast<int>(ordre);
+        EXPECT_TRUE(panneau.permis(Ordre::OuvrirCriteres));
     }
     EXPECT_EQ(panneau.permis_.size(), 7) << "those, and the one that merges";
 }
 
 TEST_F(PanneauListeTest, TheButtonOfTheFormFollowsIt) {
     controle->formulairevisible(true);
-    EXPECT_TRUE(panneau.enfonces.value(u"affichercritères"_s));
-    EXPECT_EQ(panneau.bulles.value(u"affichercritères"_s), u"t2431");
+    EXPECT_TRUE(panneau.enfonces.value(Ordre::AfficherCriteres));
+    EXPECT_EQ(panneau.bulles.value(Ordre::AfficherCriteres), u"t2431");
     controle->formulairevisible(false);
-    EXPECT_FALSE(panneau.enfonces.value(u"affichercritères"_s));
-    EXPECT_EQ(panneau.bulles.value(u"affichercritères"_s), u"t2430");
+    EXPECT_FALSE(panneau.enfonces.value(Ordre::AfficherCriteres));
+    EXPECT_EQ(panneau.bulles.value(Ordre::AfficherCriteres), u"t2430");
 }
 
 TEST_F(PanneauListeTest, ThePanelBringsTheFormAsLongAsThereWasNoResult) {
@@ -108,7 +108,7 @@ TEST_F(PanneauListeTest, RowsOfACriteriaFileComeBackWithoutASearch) {
         fichier.lignes.push_back({{u"Titre"_s, u"a"_s, u"b"_s, u"c"_s, u"CO"_s, numero}, u"CO"_s + numero});
     remplissage().restitue(fichier);
     EXPECT_EQ(colonne(ListeSelection::Clef), (QStringList{u"CO000003"_s, u"CO000001"_s}));
-    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_TRUE(panneau.permis(Ordre::SuivantRecherche));
     EXPECT_TRUE(remplissage().visible());
     EXPECT_EQ(panneau.etats, QStringList{u" 2 documents"_s});
     EXPECT_EQ(controle->liste().marque(0), ListeSelection::Marque::Aucune);
@@ -116,7 +116,7 @@ TEST_F(PanneauListeTest, RowsOfACriteriaFileComeBackWithoutASearch) {
     EXPECT_EQ(controle->liste().resultat().mot1, u"rapide");
     fichier.lignes.clear();
     remplissage().restitue(fichier);
-    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_FALSE(panneau.permis(Ordre::SuivantRecherche));
     EXPECT_EQ(controle->liste().rows(), 1);
     EXPECT_TRUE(remplissage().visible());
     EXPECT_EQ(etatdit(), u" 0 document");
@@ -133,7 +133,7 @@ TEST_F(PanneauListeTest, ASearchOfAWindowTellsItsLinesAndShowsWhatItFound) {
     EXPECT_EQ(controle->liste().resultat().mot2, u"PRIX");
     EXPECT_EQ(etatdit(), u" 2 documents");
     EXPECT_TRUE(grille.montree);
-    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_TRUE(panneau.permis(Ordre::SuivantRecherche));
     EXPECT_EQ(panneau.journal, (QStringList{u"montre"_s, u"dispositions"_s}));
 }
 
@@ -148,7 +148,7 @@ TEST_F(PanneauListeTest, ASearchOfAWindowWithoutAResultHidesTheListAndTheForm) {
     EXPECT_EQ(panneau.journal, cache);
     EXPECT_EQ(lignes.size(), 2);
     EXPECT_EQ(etatdit(), u" 0 document") << "what was found stays said";
-    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_FALSE(panneau.permis(Ordre::SuivantRecherche));
     // A line of one letter is refused word by word, not sent elsewhere.
     remplissage().cherchedans(u"CO"_s, u"a"_s, [&](const QString& ligne) { lignes << ligne; });
     EXPECT_EQ(lignes.size(), 3);
@@ -160,7 +160,7 @@ TEST_F(PanneauListeTest, ASearchOfAWindowThatTheMemoryDoesNotSufficeForShowsWhat
     EXPECT_EQ(dialogues.texts(), QStringList{u"t9567"_s});
     EXPECT_EQ(controle->liste().lignes(), 0);
     EXPECT_TRUE(grille.montree);
-    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_FALSE(panneau.permis(Ordre::SuivantRecherche));
     EXPECT_FALSE(remplissage().encours());
 }
 
@@ -178,7 +178,7 @@ TEST_F(PanneauListeTest, AToolFillsTheListFromItsFileAndWidensThePanel) {
     EXPECT_EQ(controle->liste().resultat().mot2, u"taxe");
     EXPECT_EQ(etatdit(), u" 2 documents");
     EXPECT_EQ(panneau.journal, (QStringList{u"élargit"_s, u"montre"_s, u"dispositions"_s}));
-    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_TRUE(panneau.permis(Ordre::SuivantRecherche));
     EXPECT_TRUE(remplissage().visible());
     EXPECT_TRUE(grille.montree);
     EXPECT_FALSE(QFile::exists(chemin));

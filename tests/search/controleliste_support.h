@@ -46,13 +46,13 @@ public:
 
 class PanneauEssai final : public VueListe {
 public:
-    void permetbouton(const QString& cle, bool permis) override {
-        permis_[cle] = permis;
-        if (cle == u"suivantrecherche")
+    void permet(Ordre ordre, bool permis) override {
+        permis_[ordre] = permis;
+        if (ordre == Ordre::SuivantRecherche)
             publications.push_back(permis);
     }
-    void enfoncebouton(const QString& cle, bool enfonce) override { enfonces[cle] = enfonce; }
-    void infobulle(const QString& cle, const QString& texte) override { bulles[cle] = texte; }
+    void coche(Ordre ordre, bool cochee) override { enfonces[ordre] = cochee; }
+    void infobulle(Ordre ordre, const QString& texte) override { bulles[ordre] = texte; }
     void ditetat(const QString& texte) override {
         etats << texte;
         if (surprise)
@@ -68,15 +68,15 @@ public:
         ouverts << cle + u' ' + mot1 + u' ' + mot2;
     }
 
-    bool permis(const QString& cle) const { return permis_.value(cle); }
+    bool permis(Ordre ordre) const { return permis_.value(ordre); }
 
     QStringList journal;
     QStringList etats;
     QStringList ouverts;
     std::vector<bool> publications; ///< of each end of a search: there was a result
-    QHash<QString, bool> permis_;
-    QHash<QString, bool> enfonces;
-    QHash<QString, QString> bulles;
+    QHash<Ordre, bool> permis_;
+    QHash<Ordre, bool> enfonces;
+    QHash<Ordre, QString> bulles;
     /// Happens when something is said in the status panel.
     std::function<void()> surprise;
 };

@@ -18,7 +18,7 @@ TEST_F(ControleListeTest, ItStartsHiddenWithoutRowsAndWithOneButton) {
     EXPECT_FALSE(grille.montree);
     EXPECT_FALSE(grille.figee);
     EXPECT_FALSE(remplissage().visible());
-    EXPECT_EQ(panneau.permis_, (QHash<QString, bool>{{u"regrouper"_s, true}}));
+    EXPECT_EQ(panneau.permis_, (QHash<Ordre, bool>{{Ordre::Regrouper, true}}));
     EXPECT_TRUE(panneau.journal.isEmpty());
 }
 
@@ -34,7 +34,7 @@ TEST_F(ControleListeTest, KeysFillTheListInTheirOrderWithTheFieldsOfTheirDocumen
     EXPECT_EQ(etatdit(), u" 2 documents");
     EXPECT_TRUE(grille.montree);
     EXPECT_EQ(panneau.journal, (QStringList{u"montre"_s, u"dispositions"_s}));
-    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_TRUE(panneau.permis(Ordre::SuivantRecherche));
 }
 
 TEST_F(ControleListeTest, KeysWithoutADocumentArePassedOver) {
@@ -54,7 +54,7 @@ TEST_F(ControleListeTest, ANewListTakesThePlaceOfTheOneBefore) {
     remplit({});
     EXPECT_EQ(controle->liste().lignes(), 0);
     EXPECT_TRUE(grille.montree);
-    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_FALSE(panneau.permis(Ordre::SuivantRecherche));
 }
 
 TEST_F(ControleListeTest, AFullListTakesNoMoreKeys) {
@@ -76,7 +76,7 @@ TEST_F(ControleListeTest, WhereTheMemoryDoesNotSufficeWhatTheListHoldsStays) {
     EXPECT_EQ(dialogues.messages.front().icone, Icone::Exclamation);
     EXPECT_EQ(controle->liste().lignes(), 2);
     EXPECT_TRUE(grille.montree);
-    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_TRUE(panneau.permis(Ordre::SuivantRecherche));
     EXPECT_EQ(panneau.journal, (QStringList{u"montre"_s, u"dispositions"_s}));
     remplit({u"CO000003"_s});
     EXPECT_EQ(controle->liste().lignes(), 1);
@@ -136,10 +136,10 @@ TEST_F(ControleListeTest, ANewResultBearsNoMarkAndStandsAsItWasFound) {
 TEST_F(ControleListeTest, GroupingMergesEqualCellsAndChangesItsToolTip) {
     controle->regroupe(true);
     EXPECT_TRUE(grille.regroupee);
-    EXPECT_EQ(panneau.bulles.value(u"regrouper"_s), u"t2608");
+    EXPECT_EQ(panneau.bulles.value(Ordre::Regrouper), u"t2608");
     controle->regroupe(false);
     EXPECT_FALSE(grille.regroupee);
-    EXPECT_EQ(panneau.bulles.value(u"regrouper"_s), u"t2605");
+    EXPECT_EQ(panneau.bulles.value(Ordre::Regrouper), u"t2605");
 }
 
 // ---- opening

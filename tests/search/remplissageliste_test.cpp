@@ -85,7 +85,7 @@ TEST_F(RemplissageListeTest, TheListIsHiddenWhileASearchFillsItAndShowsAtItsEnd)
         EXPECT_TRUE(remplissage().visible());
         EXPECT_TRUE(grille.montree);
         EXPECT_FALSE(remplissage().encours());
-        EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+        EXPECT_TRUE(panneau.permis(Ordre::SuivantRecherche));
     }
     EXPECT_EQ(liste().lignes(), 4);
 }
@@ -113,8 +113,8 @@ TEST_F(RemplissageListeTest, TheSelectionStaysWithinTheRowsThatAreLeft) {
     EXPECT_EQ(grille.choisies, (std::pair{4, 4}));
     affine(u"absent"_s);
     EXPECT_EQ(grille.choisies, (std::pair{0, 0}));
-    EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
-    EXPECT_TRUE(panneau.permis(u"ouvrircritères"_s));
+    EXPECT_FALSE(panneau.permis(Ordre::SuivantRecherche));
+    EXPECT_TRUE(panneau.permis(Ordre::OuvrirCriteres));
     EXPECT_TRUE(remplissage().visible());
     EXPECT_TRUE(grille.montree);
     EXPECT_EQ(panneau.etats.last(), u" 0 document");
@@ -129,7 +129,7 @@ TEST_F(RemplissageListeTest, AStoppedSearchShowsWhatItHasFound) {
         recherche(touteslettres());
         EXPECT_EQ(liste().resultat().issue, Resultat::Issue::Arretee);
         EXPECT_EQ(liste().lignes(), 3);
-        EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+        EXPECT_TRUE(panneau.permis(Ordre::SuivantRecherche));
         EXPECT_TRUE(remplissage().visible());
         EXPECT_EQ(panneau.etats.last(), u" 3 documents");
     }
@@ -142,8 +142,8 @@ TEST_F(RemplissageListeTest, ASearchWithoutACollectionShowsAnEmptyList) {
         progres.clear();
         recherche({});
         EXPECT_EQ(liste().lignes(), 0);
-        EXPECT_FALSE(panneau.permis(u"suivantrecherche"_s));
-        EXPECT_TRUE(panneau.permis(u"ouvrircritères"_s));
+        EXPECT_FALSE(panneau.permis(Ordre::SuivantRecherche));
+        EXPECT_TRUE(panneau.permis(Ordre::OuvrirCriteres));
         EXPECT_TRUE(remplissage().visible());
         EXPECT_TRUE(progres.empty());
         EXPECT_EQ(panneau.etats, QStringList(QString())) << "nothing is told of nothing";
@@ -194,5 +194,5 @@ TEST_F(RemplissageListeTest, WhatTheMemoryDidNotSufficeForIsGivenUpOnceBeforeThe
     EXPECT_EQ(liste().lignes(), 1);
     EXPECT_TRUE(grille.montree);
     EXPECT_FALSE(grille.figee);
-    EXPECT_TRUE(panneau.permis(u"suivantrecherche"_s));
+    EXPECT_TRUE(panneau.permis(Ordre::SuivantRecherche));
 }

@@ -1,5 +1,6 @@
 // The commands in the real frame: their deeds, their buttons and entries, the windows that they are given to.
 #include "core/fenetrefille.h"
+#include "core/tablereglages.h"
 #include "platform/widgets/frame/childarea.h"
 #include "shell/actions.h"
 #include "shell/bureau.h"
@@ -322,11 +323,11 @@ TEST_F(ActionsTest, ToolsAreMadeRenamedAndRemovedInBarAndMenu) {
 TEST_F(ActionsTest, ThereIsRoomForTwentyTools) {
     demarre(QString());
     QList<OutilMontre> trop;
-    for (int rang = 1; rang <= plusdoutils + 1; ++rang)
+    for (int rang = 1; rang <= reglage::nombremaxoutils + 1; ++rang)
         trop << OutilMontre{u"Outil %1"_s.arg(rang)};
     actions().changeoutils(trop);
-    EXPECT_EQ(actions().nombredoutils(), plusdoutils);
-    EXPECT_EQ(outils().size(), plusdoutils);
+    EXPECT_EQ(actions().nombredoutils(), reglage::nombremaxoutils);
+    EXPECT_EQ(outils().size(), reglage::nombremaxoutils);
     EXPECT_EQ(outils().last(), u"Outil 20");
 }
 
