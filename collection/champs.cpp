@@ -73,7 +73,7 @@ bool signalefaute(const LecteurJson& json, const Signale& signale) {
     if (json.erreur() == LecteurJson::Erreur::Utf8)
         signale(Texte::PasDeLUtf8, {}, false);
     else
-        signale(Texte::JsonIncorrect, QString::number(json.colonne()) + u" : "_s + json.extrait(), false);
+        signale(Texte::JsonIncorrect, QString::number(json.colonne()) + u", "_s + json.extrait(), false);
     return true;
 }
 

@@ -55,6 +55,8 @@ bool Avis::continueavecledefaut(const RuntimeFailure& faute) {
     Message boite{remplace(langue_.lireressource(textedureglage), {raisondelerreur(langue_, faute)}) + u"\n\n"_s +
                       langue_.lireressource(questiondureglage),
                   langue_.lireressource(titredureglage), Icone::Exclamation, Bouton::Oui | Bouton::Non};
+    boite.accord = langue_.lireressource(Texte::ReponseContinuer);
+    boite.refus = langue_.lireressource(Texte::ReponseArreterLeProgramme);
     bool partout = false;
     if (questions_++ >= questionsavantoption) {
         boite.option = langue_.lireressource(pourtouslesreglages);

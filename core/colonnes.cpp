@@ -51,9 +51,16 @@ int Colonnes::place(int champ) const {
     return -1;
 }
 
+bool Colonnes::usuelle(int place) const {
+    return !la(place) || largeur(place) == colonne(place).largeur;
+}
+
 bool Colonnes::largeursusuelles() const {
-    return std::ranges::all_of(
-        etats_, [this](const Etat& etat) { return etat.largeur == modele_.colonnes[etat.modele].largeur; });
+    for (int place = 0; place < nombre(); ++place) {
+        if (!usuelle(place))
+            return false;
+    }
+    return true;
 }
 
 // ---- changes

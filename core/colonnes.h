@@ -22,6 +22,7 @@ struct ModeleColonne {
     int champ = 0;                   ///< what it shows, by a digit of the list's own; no other column has it
     int largeur = 0;                 ///< twips; 0 for one that is never seen
     std::optional<Texte> titre = {}; ///< the text above it, if there is one
+    int poids = 0;                   ///< its share of what the others leave of the list's width; 0 for none
 };
 
 struct ModeleColonnes {
@@ -52,7 +53,8 @@ public:
     QString titre(int place) const;
     /// Where the column of a field stands; -1 for none.
     int place(int champ) const;
-    /// Nobody has given a column another width.
+    /// Nobody has given a column, or any, another width.
+    bool usuelle(int place) const;
     bool largeursusuelles() const;
 
     // ---- changes. What is never seen is neither moved nor widened.

@@ -53,6 +53,7 @@ void Corpus::fermebase() {
         base_->close();
     liens_.reset();
     base_.reset();
+    nombres_.reset();
 }
 
 bool Corpus::updatable() const {
@@ -112,6 +113,25 @@ qint64 Corpus::compterarticles(QStringView code) const {
     Recordset& rs = parametres();
     rs.moveFirst();
     return static_cast<qint64>(val(QStringView(rs.text(u"nbarticles"_s)).mid(3 * position - 3, 6)));
+}
+
+QHash<QString, qint64> Corpus::compte() const {
+    QHash<QString, qint64> nombres;
+    if (!base_)
+        return nombres;
+    // What is only told beside a name ends nothing where the base is damaged.
+    failureOf([&] {
+        const auto lignes = base_->openQuery(u"SELECT référence, COUNT(*) FROM données GROUP BY référence"_s);
+        for (; lignes && !lignes->eof(); lignes->moveNext())
+            nombres.insert(lignes->text(0).toUpper(), lignes->number(1));
+    });
+    return nombres;
+}
+
+qint64 Corpus::nombrededocuments(QStringView code) const {
+    if (!nombres_)
+        nombres_ = compte();
+    return nombres_->value(code.toString());
 }
 
 QString Corpus::titre() const {

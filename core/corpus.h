@@ -5,6 +5,7 @@
 #include "core/notice.h"
 #include "platform/engine/recordset.h"
 
+#include <QHash>
 #include <QStringView>
 
 #include <optional>
@@ -59,6 +60,9 @@ public:
     /// Number of documents of a collection, from the packed text of `paramètres`; 0 for a code that is none of the
     /// eleven.
     qint64 compterarticles(QStringView code) const;
+    /// The same, counted: of a collection's documents that are there. All collections are counted at the first question
+    /// of a base, on an index; 0 for a code that is none, and where the base cannot tell.
+    qint64 nombrededocuments(QStringView code) const;
 
     /// What the publisher calls the collection; empty when the base does not tell.
     QString titre() const;
@@ -66,8 +70,10 @@ public:
 private:
     using Table = std::unique_ptr<Recordset>;
     Recordset& table(const Table& table, QStringView nom) const;
+    QHash<QString, qint64> compte() const;
     std::unique_ptr<Database> base_;
     Echec echec_;
+    mutable std::optional<QHash<QString, qint64>> nombres_; ///< of documents, by code, once they were asked for
     Table donnees_, arborescences_, parametres_, motcles_, typedocument_, liens_, dico_, generelien_;
 };
 

@@ -1,8 +1,8 @@
 #include "core/listes.h"
 
 #include "core/langue.h"
+#include "core/nombres.h"
 #include "core/texte.h"
-#include "platform/text/number.h"
 
 namespace velm {
 
@@ -18,22 +18,26 @@ constexpr auto titredelimpression = Texte::TitreImpressionDeLaListe;
 QString textecompte(qint64 nombre, const Libelles& texte) {
     constexpr auto motdusingulier = Texte::MotDocument;
     constexpr auto motdepluriel = Texte::MotDocuments;
-    return numberText(nombre) + u' ' + texte(nombre > 1 ? motdepluriel : motdusingulier);
+    return u' ' + nombreecrit(nombre, texte) + u' ' + texte(nombre > 1 ? motdepluriel : motdusingulier);
 }
 
 /// A list with all its rows selected takes its time.
 bool veutouvrir(qsizetype nombre, Dialogues& dialogues, const Libelles& texte) {
     constexpr qsizetype sansquestion = 50;
     constexpr auto question = Texte::QuestionOuvrirLesDocuments;
-    return nombre <= sansquestion ||
-           dialogues.message(remplace(texte(question), {QString::number(nombre)}), texte(titredesmessages),
-                             Icone::Question, Bouton::Oui | Bouton::Non, Bouton::Non) == Bouton::Oui;
+    if (nombre <= sansquestion)
+        return true;
+    Message boite{remplace(texte(question), {nombreecrit(nombre, texte)}), texte(titredesmessages), Icone::Question,
+                  Bouton::Oui | Bouton::Non, Bouton::Non};
+    boite.accord = texte(Texte::ReponseOuvrir);
+    boite.refus = texte(Texte::ReponseAnnuler);
+    return dialogues.message(boite) == Bouton::Oui;
 }
 
 bool veutimprimer(Dialogues& dialogues, const Libelles& texte) {
     constexpr auto question = Texte::QuestionImprimerLaListe;
-    return dialogues.message(texte(question) + u" ?"_s, titreimprime(texte), Icone::Question,
-                             Bouton::Oui | Bouton::Non) == Bouton::Oui;
+    return dialogues.message(texte(question), titreimprime(texte), Icone::Question, Bouton::Oui | Bouton::Non) ==
+           Bouton::Oui;
 }
 
 QString titreimprime(const Libelles& texte) {

@@ -31,6 +31,7 @@ enum class Ordre : std::uint8_t {
     // ---- windows of the frame
     Rechercher,       ///< shows the selection panel, or hides it
     MontrerSelection, ///< shows it
+    AllerChercher,    ///< to where a search is typed; given there once more, puts the search away
     Index,
     Chrono,
     Numero,
@@ -42,6 +43,13 @@ enum class Ordre : std::uint8_t {
     Cascade,
     Horizontalement,
     Verticalement,
+    FenetreSuivante,
+    ToutFermer,
+
+    // ---- the size of the documents
+    ZoomAgrandir,
+    ZoomReduire,
+    ZoomNormal,
 
     // ---- bars; the rank of a place is its position number
     BarreEcran,

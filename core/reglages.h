@@ -36,6 +36,8 @@ public:
     double lit(const ReglageLibre& reglage) const;
     QString lit(const ReglageTexte& reglage) const;
     QString lit(const ReglageLieu& reglage, const QString& defaut) const;
+    /// Whether the user's own file has a value for it, whatever that is.
+    bool existe(const CleReglage& cle) const { return magasin_.contains(cle.nomdesection(), cle.nom()); }
     /// A setting that is no number must not keep a window from opening where this is how it is read.
     double litlibre(const ReglageEntier& reglage) const;
 

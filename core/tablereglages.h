@@ -32,7 +32,11 @@ inline constexpr ReglageEntier unite{{u"EDITEUR", u"UNITE"}, 0, Maitre::Oui};
 inline constexpr ReglageEntier multifenetre{{u"GENERALITES", u"MULTIFENETRE"}, 1, Maitre::Oui};
 inline constexpr ReglageEntier fond{{u"GENERALITES", u"FOND"}, 1, Maitre::Oui};
 inline constexpr ReglageEntier fondno{{u"GENERALITES", u"FONDNO"}, 0, Maitre::Non};
+/// The sheet under documents: 0 white, 1 light grey, 2 white beside light windows and light grey beside dark ones.
+inline constexpr ReglageEntier papier{{u"GENERALITES", u"PAPIER"}, 2, Maitre::Oui};
 inline constexpr ReglageEntier fondcouleur{{u"GENERALITES", u"FONDCOULEUR"}, 0xC0FFFF, Maitre::Non};
+/// Size of the documents, per cent; 0 as long as nobody has chosen one.
+inline constexpr ReglageEntier zoom{{u"GENERALITES", u"ZOOM"}, 0, Maitre::Oui};
 /// 0 asks before the end.
 inline constexpr ReglageEntier checkquit{{u"GENERALITES", u"CHECKQUIT"}, 0, Maitre::Oui};
 inline constexpr ReglageEntier restaurefen{{u"GENERALITES", u"RESTAUREFEN"}, 0, Maitre::Oui};

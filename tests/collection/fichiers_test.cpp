@@ -57,7 +57,7 @@ TEST_F(FichiersDeSource, ABigFileIsReadInPartsAndItsLinesAreCountedThrough) {
         lignes += document("CO", numero, QByteArray(100, 'x')) + "\n";
         if (numero % 500 == 0) {
             lignes += "faux\n";
-            attendus << u"E9341 documents.jsonl:%1 1 : faux"_s.arg(2 * numero + numero / 500);
+            attendus << u"E9341 documents.jsonl:%1 1, faux"_s.arg(2 * numero + numero / 500);
         }
     }
     documents(lignes);

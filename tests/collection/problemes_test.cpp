@@ -28,9 +28,9 @@ protected:
 
 TEST_F(ProblemesDeSource, LinesThatAreNoJson) {
     EXPECT_EQ(de("{\"collection\":\"CO\" \"numero\":1}\n\n[1]\nx\n{\"titre\":\"\xFF\"}\n"),
-              (QStringList{u"E9341 documents.jsonl:1 20 : \"numero\":1}"_s, u"E9363 documents.jsonl:3 "_s,
+              (QStringList{u"E9341 documents.jsonl:1 20, \"numero\":1}"_s, u"E9363 documents.jsonl:3 "_s,
                            u"E9357 documents.jsonl:3 255"_s, u"E9342 documents.jsonl:3 collection"_s,
-                           u"E9341 documents.jsonl:4 1 : x"_s, u"E9367 documents.jsonl:5 "_s}));
+                           u"E9341 documents.jsonl:4 1, x"_s, u"E9367 documents.jsonl:5 "_s}));
 }
 
 TEST_F(ProblemesDeSource, FieldsThatLackOrAreOfTheWrongKind) {
@@ -204,7 +204,7 @@ TEST_F(ProblemesDeSource, TheFileOfTheCollection) {
                          "{\"numero\":2},{\"libelle\":\"c\"}]}"),
               (QStringList{u"E9345 collection.json:1 b"_s, u"E9342 collection.json:1 libelle"_s,
                            u"E9342 collection.json:1 numero"_s}));
-    EXPECT_EQ(collection("{"), QStringList{u"E9341 collection.json:1 2 : "_s});
+    EXPECT_EQ(collection("{"), QStringList{u"E9341 collection.json:1 2, "_s});
     EXPECT_EQ(collection("[]").size(), 1);
 }
 

@@ -86,6 +86,8 @@ TEST_F(AvisTest, ASettingAtFaultIsNamedAndItsDefaultOffered) {
     for (const char* partie : {"ce n’est pas un nombre.", "valeur par défaut"})
         EXPECT_TRUE(boite.texte.contains(QString::fromUtf8(partie))) << boite.texte.toStdString();
     EXPECT_EQ(boite.titre, texte(9513));
+    EXPECT_EQ(boite.accord, texte(9782));
+    EXPECT_EQ(boite.refus, texte(9783));
     EXPECT_EQ(boite.boutons, Bouton::Oui | Bouton::Non);
     EXPECT_EQ(boite.option, QString()) << "the first one stands alone";
     EXPECT_EQ(dialogues.messages.back().option, texte(9516));

@@ -47,6 +47,35 @@ TEST_F(CorpusTest, CompterarticlesReadsSixCharactersForEachCode) {
     EXPECT_EQ(corpus.compterarticles(u""), 0);
 }
 
+TEST_F(CorpusTest, DocumentsAreCountedWhateverThePublisherTells) {
+    ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
+    corpus.ouvretables();
+    EXPECT_EQ(corpus.nombrededocuments(u"CO"), 2);
+    EXPECT_EQ(corpus.nombrededocuments(u"EU"), 0);
+    EXPECT_EQ(corpus.nombrededocuments(u"IN"), 0);
+    EXPECT_EQ(corpus.nombrededocuments(u""), 0);
+}
+
+TEST_F(CorpusTest, AnotherBaseIsCountedAnew) {
+    EXPECT_EQ(corpus.nombrededocuments(u"CO"), 0) << "no base yet";
+    ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
+    EXPECT_EQ(corpus.nombrededocuments(u"CO"), 2);
+    const QString autre = dossier_.filePath(QStringLiteral("autre.dat"));
+    ASSERT_NE(Database::create(autre, corpusSchema()).database, nullptr);
+    ASSERT_EQ(corpus.connecte(autre), OpenError::None);
+    EXPECT_EQ(corpus.nombrededocuments(u"CO"), 0);
+}
+
+TEST_F(CorpusTest, ABaseWithoutDocumentsTableCountsNone) {
+    {
+        const auto base = Database::open(chemin(), OpenMode::Shared, corpusSchema());
+        ASSERT_NE(base.database, nullptr);
+        ASSERT_TRUE(base.database->execute(QStringLiteral("DROP TABLE données")));
+    }
+    ASSERT_EQ(corpus.connecte(chemin()), OpenError::None);
+    EXPECT_EQ(corpus.nombrededocuments(u"CO"), 0);
+}
+
 TEST_F(CorpusTest, AMissingBaseFailsBothAttemptsAndCreatesNoFile) {
     const QString absente = dossier_.filePath(QStringLiteral("absente.dat"));
     EXPECT_EQ(corpus.connecte(absente), OpenError::Missing);

@@ -18,6 +18,8 @@ QString texte(Texte lequel) {
         return u"documents"_s;
     case 9495:
         return u"Ouvrir %1"_s;
+    case 9760:
+        return u"1.000"_s;
     default:
         return u"t%1"_s.arg(numero);
     }
@@ -50,6 +52,7 @@ TEST_F(ListesTest, TheCountIsSingularUpToOne) {
     EXPECT_EQ(textecompte(0, texte), u" 0 document");
     EXPECT_EQ(textecompte(1, texte), u" 1 document");
     EXPECT_EQ(textecompte(2, texte), u" 2 documents");
+    EXPECT_EQ(textecompte(18'402, texte), u" 18.402 documents");
 }
 
 TEST_F(ListesTest, MoreThanFiftyDocumentsAreOpenedAfterAQuestionOnly) {
@@ -57,18 +60,20 @@ TEST_F(ListesTest, MoreThanFiftyDocumentsAreOpenedAfterAQuestionOnly) {
     dialogues.answers = {Bouton::Non, Bouton::Oui};
     EXPECT_FALSE(veutouvrir(51, dialogues, texte));
     EXPECT_TRUE(veutouvrir(1'000, dialogues, texte));
-    EXPECT_EQ(dialogues.texts(), (QStringList{u"Ouvrir 51"_s, u"Ouvrir 1000"_s}));
+    EXPECT_EQ(dialogues.texts(), (QStringList{u"Ouvrir 51"_s, u"Ouvrir 1.000"_s}));
     EXPECT_EQ(dialogues.messages.front().titre, u"t8");
     EXPECT_EQ(dialogues.messages.front().icone, Icone::Question);
     EXPECT_EQ(dialogues.messages.front().boutons, Bouton::Oui | Bouton::Non);
     EXPECT_EQ(dialogues.messages.front().defaut, Bouton::Non);
+    EXPECT_EQ(dialogues.messages.front().accord, u"t9781");
+    EXPECT_EQ(dialogues.messages.front().refus, u"t9272");
 }
 
 TEST_F(ListesTest, PrintingIsAskedForUnderTheTitleThatThePaperBears) {
     dialogues.answers = {Bouton::Non, Bouton::Oui};
     EXPECT_FALSE(veutimprimer(dialogues, texte));
     EXPECT_TRUE(veutimprimer(dialogues, texte));
-    EXPECT_EQ(dialogues.messages.front().texte, u"t2432 ?");
+    EXPECT_EQ(dialogues.messages.front().texte, u"t2432");
     EXPECT_EQ(dialogues.messages.front().titre, titreimprime(texte));
     EXPECT_EQ(dialogues.messages.front().boutons, Bouton::Oui | Bouton::Non);
 }

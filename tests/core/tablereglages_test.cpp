@@ -33,6 +33,15 @@ QStringList lignesdelatable() {
 
 } // namespace
 
+TEST_F(TableReglages, OnlyWhatTheUserHasStoredExists) {
+    maitre(u"[GENERALITES]\nFOND=0\n"_s);
+    EXPECT_FALSE(reglages_.existe(reglage::fond.cle)) << "the publisher's line is not the user's";
+    EXPECT_FALSE(reglages_.existe(reglage::fenetreetat[3].cle));
+    reglages_.ecrit(reglage::fenetreetat[3], 0);
+    EXPECT_TRUE(reglages_.existe(reglage::fenetreetat[3].cle));
+    EXPECT_FALSE(reglages_.existe(reglage::fenetreetat[4].cle));
+}
+
 TEST_F(TableReglages, ANumberStandsInTheKey) {
     EXPECT_EQ(reglage::outilcommande[12].cle.nom(), u"COMMANDE12");
     EXPECT_EQ(reglage::fenetreetat[0].cle.nom(), u"WINDOWSSTATE0");
