@@ -36,10 +36,15 @@ struct Message {
     QString option = {};
     /// Where the state of the check box goes when the box closes; not owned, may be null.
     bool* optioncochee = nullptr;
+    /// Captions of the buttons that agree (Oui, Ok) and that refuse (Non, or else Annuler), which say what is done;
+    /// empty for the usual ones.
+    QString accord = {};
+    QString refus = {};
 };
 
 struct ChoixFichier {
     QString titre;
+    /// Where it begins; empty: where the last one ended, and at first in the user's documents.
     QString dossier;
     /// Pairs of label and pattern, all parted by "|": "Base (*.DAT)|*.DAT|Tous (*.*)|*.*".
     QString filtre;
@@ -48,6 +53,14 @@ struct ChoixFichier {
     QString extension;
     /// When saving: asks whether an existing file shall be replaced. False where the caller asks.
     bool demanderemplacement = true;
+};
+
+/// What file dialogs call the things that they list.
+struct SortesFichier {
+    QString dossier;
+    QString lecteur;
+    QString fichier; ///< with "%1" for its extension
+    QString sansextension;
 };
 
 class Dialogues {
@@ -59,7 +72,7 @@ public:
 
     Bouton message(const QString& texte, const QString& titre, Icone icone = Icone::Aucune,
                    Boutons boutons = Bouton::Ok, Bouton defaut = Bouton::Aucun, int contexteAide = 0) {
-        return message(Message{texte, titre, icone, boutons, defaut, contexteAide, {}, nullptr});
+        return message(Message{texte, titre, icone, boutons, defaut, contexteAide, {}, nullptr, {}, {}});
     }
 
     /// The chosen path; nothing when the user gave up.

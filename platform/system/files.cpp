@@ -116,6 +116,16 @@ QString folderOf(const QString& path) {
     return separator == 0 ? u"/"_s : path.first(separator);
 }
 
+QString fileNameOf(const QString& words) {
+    constexpr qsizetype longest = 60;
+    QString name;
+    for (const QChar c : words) {
+        const bool kept = c.isLetterOrNumber() || c.isMark() || c == u'-';
+        name += kept ? c : QChar(u' ');
+    }
+    return name.simplified().left(longest).trimmed();
+}
+
 bool fileExists(const QString& path) {
     return !path.isEmpty() && QFileInfo(path).isFile();
 }

@@ -25,6 +25,10 @@ QString withSeparator(const QString& folder);
 /// Everything before the last separator ("/" itself for a file at the root); empty without one.
 QString folderOf(const QString& path);
 
+/// A name for a file made of these words: letters, digits, blanks and hyphens, one blank at a time, sixty characters at
+/// most; empty where none is left.
+QString fileNameOf(const QString& words);
+
 /// True for a file, false for a folder.
 bool fileExists(const QString& path);
 

@@ -38,15 +38,17 @@ public:
     bool connue = false; ///< words can be looked up
     Marquage commemarquer;
     QStringList lignes;   ///< the result of each search
-    QStringList demandes; ///< code, colon, words
+    QStringList demandes; ///< code, colon, words, and "!" where all documents are wanted
+    BilanRecherche bilan; ///< what comes of each search
     QLineEdit* completee = nullptr;
 
     Marquage marquage() const override { return commemarquer; }
     bool cherchable() const override { return connue; }
-    void cherche(const QString& code, const QString& mots, const std::function<void(const QString&)>& ligne) override {
-        demandes << code + u':' + mots;
+    void cherche(const QString& code, const QString& mots, const Ecoute& ecoute, bool tous) override {
+        demandes << code + u':' + mots + (tous ? QStringLiteral("!") : QString());
         for (const QString& une : std::as_const(lignes))
-            ligne(une);
+            ecoute.ligne(une);
+        ecoute.fin(bilan);
     }
     void complete(QLineEdit& boite) override { completee = &boite; }
 };

@@ -5,9 +5,16 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <array>
@@ -52,11 +59,21 @@ void setCaption(QPushButton* button, Bouton bouton, const Captions& captions) {
         button->setText(caption);
 }
 
+/// What the message itself calls a button: by what it does.
+QString ownCaption(const Message& message, Bouton bouton) {
+    if (bouton == Bouton::Oui || bouton == Bouton::Ok)
+        return message.accord;
+    const bool leaves = bouton == Bouton::Non || !message.boutons.testFlag(Bouton::Non);
+    return leaves ? message.refus : QString();
+}
+
 void addButtons(QMessageBox& box, const Message& message, const Captions& captions) {
     for (const Pair& pair : answers) {
         if (message.boutons.testFlag(pair.bouton)) {
             QPushButton* const button = box.addButton(pair.standard);
             setCaption(button, pair.bouton, captions);
+            if (const QString own = ownCaption(message, pair.bouton); !own.isEmpty())
+                button->setText(own);
             // Without a wish it is the one that agrees, wherever the platform puts its buttons.
             const bool agrees = pair.bouton == Bouton::Ok || pair.bouton == Bouton::Oui;
             const bool first = message.defaut == Bouton::Aucun && agrees && !box.defaultButton();
@@ -92,35 +109,85 @@ void raiseAboveOwner(QDialog& box) {
         box.setWindowFlag(Qt::WindowStaysOnTopHint);
 }
 
-std::optional<QString> run(QFileDialog& dialog) {
-    raiseAboveOwner(dialog);
-    if (dialog.exec() != QDialog::Accepted)
-        return std::nullopt;
-    // Above all drives there is a place that has no name and holds no file.
-    const QString chosen = dialog.selectedFiles().value(0);
-    return chosen.isEmpty() ? std::nullopt : std::optional(chosen);
+/// A short text stands in the middle of its picture, a long one begins beside it; the buttons end at the right edge.
+/// Where there is no picture there is no room for one either.
+void arrange(QMessageBox& box) {
+    constexpr int margin = 12;
+    constexpr int rowGap = 16;
+    auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+    auto* const label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+    auto* const buttons = box.findChild<QDialogButtonBox*>();
+    if (grid == nullptr || label == nullptr || buttons == nullptr)
+        return;
+    while (grid->count() > 0)
+        delete grid->takeAt(0);
+    auto* const picture = box.findChild<QLabel*>(u"qt_msgboxex_icon_label"_s);
+    const bool seen = picture != nullptr && !picture->pixmap().isNull();
+    if (seen)
+        grid->addWidget(picture, 0, 0, Qt::AlignTop);
+    const int column = seen ? 1 : 0;
+    grid->addWidget(label, 0, column);
+    grid->setColumnStretch(column, 1);
+    if (box.checkBox() != nullptr)
+        grid->addWidget(box.checkBox(), 1, column, Qt::AlignLeft);
+    grid->addWidget(buttons, 2, 0, 1, column + 1);
+    grid->setContentsMargins(margin, margin, margin, margin);
+    grid->setHorizontalSpacing(margin);
+    grid->setVerticalSpacing(rowGap);
+    label->setIndent(0);
+    label->setContentsMargins(0, 0, 0, 0);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    label->setMinimumHeight(seen ? picture->sizeHint().height() : 0);
+    buttons->setCenterButtons(false);
 }
 
-void prepare(QFileDialog& dialog, const ChoixFichier& choix) {
+/// Names what lies in a folder in the program's words. Asked from another thread.
+class KindsProvider final : public QFileIconProvider {
+public:
+    explicit KindsProvider(SortesFichier kinds) : kinds_(std::move(kinds)) {}
+
+    QString type(const QFileInfo& info) const override {
+        if (info.isRoot())
+            return kinds_.lecteur;
+        if (info.isDir())
+            return kinds_.dossier;
+        const QString suffix = info.suffix().toUpper();
+        return suffix.isEmpty() ? kinds_.sansextension : QString(kinds_.fichier).replace(u"%1"_s, suffix);
+    }
+
+private:
+    const SortesFichier kinds_;
+};
+
+/// Where a dialog begins that was not told where.
+QString firstFolder(const QString& last) {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    for (const QString& folder : {last, documents}) {
+        if (!folder.isEmpty() && QDir(folder).exists())
+            return folder;
+    }
+    return QDir::homePath();
+}
+
+void prepare(QFileDialog& dialog, const ChoixFichier& choix, const QString& last) {
     QStringList filters;
     for (const Filtre& filtre : lisfiltres(choix.filtre)) {
-        // Qt takes the last pair of brackets for the patterns and shows only what stands before it.
-        const qsizetype bracket = filtre.libelle.lastIndexOf(u" ("_s);
-        const QString label = bracket > 0 ? filtre.libelle.first(bracket) : filtre.libelle;
-        filters.append(label + u" ("_s + filtre.motifs.join(u' ') + u')');
+        // Qt takes the last pair of brackets for the patterns, and shows what stands before it.
+        filters.append(filtre.libelle + u" ("_s + filtre.motifs.join(u' ') + u')');
     }
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     if (!filters.isEmpty())
         dialog.setNameFilters(filters);
     dialog.setDefaultSuffix(choix.extension);
-    if (!choix.dossier.isEmpty())
-        dialog.setDirectory(choix.dossier);
+    dialog.setDirectory(choix.dossier.isEmpty() ? firstFolder(last) : choix.dossier);
     if (!choix.nom.isEmpty())
         dialog.selectFile(choix.nom);
 }
 
 } // namespace
 
-QtDialogues::QtDialogues(std::function<void(int contexte)> aide) : aide_(std::move(aide)) {}
+QtDialogues::QtDialogues(std::function<void(int contexte)> aide, std::function<bool()> aidela)
+    : aide_(std::move(aide)), aidela_(std::move(aidela)) {}
 
 Bouton QtDialogues::message(const Message& message) {
     QMessageBox box(iconOf(message.icone), message.titre, message.texte, QMessageBox::NoButton, ownerOfBoxes());
@@ -130,12 +197,13 @@ Bouton QtDialogues::message(const Message& message) {
     addButtons(box, message, captions_);
     if (box.buttons().isEmpty())
         box.addButton(QMessageBox::Ok);
-    if (message.boutons.testFlag(Bouton::Aide) && aide_)
+    if (message.boutons.testFlag(Bouton::Aide) && aide_ && (!aidela_ || aidela_()))
         addHelp(box, message.contexteAide, aide_, captions_);
     if (const auto escape = boutonAbandon(message.boutons); escape != Bouton::Ok)
         box.setEscapeButton(escape == Bouton::Annuler ? QMessageBox::Cancel : QMessageBox::No);
     if (!message.option.isEmpty())
         box.setCheckBox(new QCheckBox(message.option, &box));
+    arrange(box);
     raiseAboveOwner(box);
     box.exec();
     if (box.checkBox() && message.optioncochee)
@@ -148,11 +216,27 @@ Bouton QtDialogues::message(const Message& message) {
     return boutonAbandon(message.boutons);
 }
 
+std::optional<QString> QtDialogues::run(QFileDialog& dialog, const ChoixFichier& choix) {
+    if (!provider_ && kinds_)
+        provider_ = std::make_shared<KindsProvider>(kinds_());
+    if (provider_)
+        dialog.setIconProvider(provider_.get());
+    prepare(dialog, choix, lastFolder_);
+    raiseAboveOwner(dialog);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    // Above all drives there is a place that has no name and holds no file.
+    const QString chosen = dialog.selectedFiles().value(0);
+    if (chosen.isEmpty())
+        return std::nullopt;
+    lastFolder_ = QFileInfo(chosen).absolutePath();
+    return chosen;
+}
+
 std::optional<QString> QtDialogues::openFile(const ChoixFichier& choix) {
     QFileDialog dialog(ownerOfBoxes(), choix.titre);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    prepare(dialog, choix);
-    return run(dialog);
+    return run(dialog, choix);
 }
 
 std::optional<QString> QtDialogues::saveFile(const ChoixFichier& choix) {
@@ -160,15 +244,14 @@ std::optional<QString> QtDialogues::saveFile(const ChoixFichier& choix) {
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !choix.demanderemplacement);
-    prepare(dialog, choix);
-    return run(dialog);
+    return run(dialog, choix);
 }
 
 std::optional<QString> QtDialogues::chooseFolder(const QString& titre, const QString& dossier) {
-    QFileDialog dialog(ownerOfBoxes(), titre, dossier);
+    QFileDialog dialog(ownerOfBoxes(), titre);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
-    return run(dialog);
+    return run(dialog, {{}, dossier, {}, {}, {}});
 }
 
 } // namespace velm

@@ -238,7 +238,7 @@ void ChildArea::setBack(const QPixmap& picture, const QColor& colour) {
 }
 
 QColor ChildArea::shownColour() const {
-    return colour_.isValid() ? colour_ : palette().color(QPalette::Window).darker(112);
+    return colour_.isValid() ? colour_ : look::ground(look::themeOf(palette()));
 }
 
 void ChildArea::paintEvent(QPaintEvent* event) {

@@ -42,6 +42,8 @@ public:
     /// The same, but one that was placed minimised is shown so.
     void showPlaced(QWidget* child);
     void hideChild(QWidget* child);
+    /// Brings the next of the windows that are shown forward, or the one before; round and round.
+    void walk(bool forward);
     /// The child of the active sub-window, null for none (a hidden one is none).
     QWidget* activeChild() const;
     /// All children, in the order of their making, hidden ones too.
@@ -75,7 +77,6 @@ private:
     QColor shownColour() const;
     void focus(ChildFrame& frame);
     void tellActive();
-    void walk(bool forward);
     bool windowKey(const QKeyEvent& event, bool perform);
     bool closeAround(QObject& child, QEvent& event);
     void hideFrames();

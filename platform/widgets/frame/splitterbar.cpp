@@ -1,5 +1,7 @@
 #include "platform/widgets/frame/splitterbar.h"
 
+#include "platform/widgets/frame/splitterkeys.h"
+#include "platform/widgets/look/focusring.h"
 #include "platform/widgets/look/framestyle.h"
 #include "platform/widgets/look/look.h"
 
@@ -19,7 +21,8 @@ constexpr int keyStep = 8;
 } // namespace
 
 SplitterBar::SplitterBar(Qt::Orientation orientation, QWidget* parent) : QWidget(parent), orientation_(orientation) {
-    setFocusPolicy(Qt::TabFocus);
+    setFocusPolicy(Qt::NoFocus); // a key of its own reaches it
+    FocusRing::leave(*this);     // it has the look of a bar under the hand
     applyOrientation();
 }
 
@@ -162,6 +165,11 @@ void SplitterBar::leaveEvent(QEvent* event) {
     hovered_ = false;
     update();
     QWidget::leaveEvent(event);
+}
+
+void SplitterBar::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    SplitterKeys::serve(*window());
 }
 
 void SplitterBar::hideEvent(QHideEvent* event) {

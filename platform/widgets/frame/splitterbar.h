@@ -2,9 +2,9 @@
 // A bar that the user drags to divide a window. It moves nothing itself: it tells where it is dropped, and the owner
 // places it and what hangs on it.
 //
-// While it is dragged it tells every place on the way, so that the window follows the hand; Escape brings it back. With
-// the focus on it the arrow keys move it by 8 pixels, Home and End to the ends, a double click asks for the usual
-// place.
+// While it is dragged it tells every place on the way, so that the window follows the hand; Escape brings it back. The
+// Tab key passes it by: F8 gives it the focus, and then the arrow keys move it by 8 pixels, Home and End to the ends. A
+// double click asks for the usual place.
 #include <QWidget>
 
 namespace velm {
@@ -39,6 +39,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 

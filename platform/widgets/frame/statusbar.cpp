@@ -7,11 +7,14 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QHash>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
 
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -35,8 +38,19 @@ public:
         update();
     }
 
+    void setElision(Qt::TextElideMode mode) {
+        elision_ = mode;
+        showWhole();
+        update();
+    }
+
+    void setTip(const QString& tip) {
+        tip_ = tip;
+        showWhole();
+    }
+
     QSize sizeHint() const override {
-        const int width = stretches_ ? minimum_ : std::max(minimum_, fontMetrics().horizontalAdvance(text_) + 1);
+        const int width = stretches_ ? minimum_ : std::max(minimum_, fontMetrics().horizontalAdvance(onOneLine()) + 1);
         return {width, fontMetrics().height()};
     }
     QSize minimumSizeHint() const override { return {minimum_, fontMetrics().height()}; }
@@ -50,12 +64,22 @@ protected:
     void resizeEvent(QResizeEvent*) override { showWhole(); }
 
 private:
-    QString shown() const { return fontMetrics().elidedText(text_.simplified(), Qt::ElideRight, width()); }
-    void showWhole() { setToolTip(shown() == text_ ? QString() : plainTip(text_)); }
+    /// Blanks that must not break keep their width.
+    QString onOneLine() const {
+        QString line = text_;
+        line.replace(u"\r\n"_s, u" "_s);
+        for (const QChar end : {u'\r', u'\n', u'\t'})
+            line.replace(end, u' ');
+        return line;
+    }
+    QString shown() const { return fontMetrics().elidedText(onOneLine(), elision_, width()); }
+    void showWhole() { setToolTip(plainTip(shown() == text_ ? tip_ : text_)); }
 
     bool stretches_;
     int minimum_;
+    Qt::TextElideMode elision_ = Qt::ElideRight;
     QString text_;
+    QString tip_;
 };
 
 /// A panel: its line, and a thin rule on its left side.
@@ -69,15 +93,20 @@ public:
         layout->addWidget(line, 1);
     }
 
-    void refresh() { line->setText(passing.isEmpty() ? text : passing); }
+    void refresh() {
+        const QString& said = passing.isEmpty() ? text : passing;
+        line->setText(said);
+        setHidden(silent && said.isEmpty());
+    }
 
     Line* line;
     QString text;
     QString passing;
+    bool silent = false; ///< not there without a text
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        if (ruled_)
+        if (ruled_ && x() > padding) // something stands before it
             QPainter(this).fillRect(0, 3, 1, height() - 6, quietLine(palette()));
     }
 
@@ -109,7 +138,25 @@ void StatusBar::addPanel(const QString& key, int stretch, int minimum) {
         return;
     auto* panel = new Panel(key, stretch, minimum, !d_->panels.isEmpty(), this);
     d_->panels.insert(key, panel);
+    panel->installEventFilter(this);
     addWidget(panel, std::max(0, stretch));
+}
+
+void StatusBar::hideWhenEmpty(const QString& key) {
+    if (Panel* panel = d_->panel(key)) {
+        panel->silent = true;
+        panel->refresh();
+    }
+}
+
+void StatusBar::setElision(const QString& key, Qt::TextElideMode mode) {
+    if (const Panel* panel = d_->panel(key))
+        panel->line->setElision(mode);
+}
+
+void StatusBar::setPanelTip(const QString& key, const QString& tip) {
+    if (const Panel* panel = d_->panel(key))
+        panel->line->setTip(tip);
 }
 
 void StatusBar::setPanelText(const QString& key, const QString& text) {
@@ -129,6 +176,17 @@ void StatusBar::setPassing(const QString& key, const QString& text) {
         panel->passing = text;
         panel->refresh();
     }
+}
+
+QRect StatusBar::panelPlace(const QString& key) const {
+    const Panel* panel = d_->panel(key);
+    return panel ? QRect(panel->mapTo(window(), QPoint()), panel->size()) : QRect();
+}
+
+bool StatusBar::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+        emit panelPressed(watched->objectName());
+    return QStatusBar::eventFilter(watched, event);
 }
 
 } // namespace velm

@@ -16,10 +16,25 @@ public:
 
     /// Adds a panel on the right of the others. Stretch 0: as wide as its text, at least `minimum` twips.
     void addPanel(const QString& key, int stretch, int minimum = 0);
+    /// The panel is there only while it has something to say.
+    void hideWhenEmpty(const QString& key);
+    /// Where the text is cut when it does not fit; at its end, unless told otherwise.
+    void setElision(const QString& key, Qt::TextElideMode mode);
+    /// What the text is, told where nothing of it is cut.
+    void setPanelTip(const QString& key, const QString& tip);
     void setPanelText(const QString& key, const QString& text);
     QString panelText(const QString& key) const;
     /// A text that stands in a panel in place of its own until it is emptied: the target of a link.
     void setPassing(const QString& key, const QString& text);
+    /// Where a panel lies in the window.
+    QRect panelPlace(const QString& key) const;
+
+signals:
+    /// The left button was pressed on a panel.
+    void panelPressed(const QString& key);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Private;

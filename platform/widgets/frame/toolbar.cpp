@@ -1,4 +1,5 @@
 #include "platform/widgets/frame/toolbar_p.h"
+#include "platform/widgets/frame/toolbarwalk.h"
 
 #include <QActionGroup>
 #include <QContextMenuEvent>
@@ -15,12 +16,11 @@ namespace velm {
 
 namespace {
 
-constexpr int iconSide = 20;
-constexpr qsizetype longestEntry = 60;
+constexpr int iconSide = 24; ///< that of the grid on which the pictures are drawn
 
 } // namespace
 
-Toolbar::Toolbar(QWidget* parent) : QToolBar(parent), d_(std::make_unique<Private>()) {
+Toolbar::Toolbar(QWidget* parent) : QToolBar(parent), d_(std::make_unique<Private>(*this)) {
     setMovable(false);
     setFloatable(false);
     setIconSize({iconSide, iconSide});
@@ -37,7 +37,7 @@ void Toolbar::setImages(std::function<QIcon(const QString& name)> images) {
     d_->images = std::move(images);
     for (Private::Button& button : d_->buttons) {
         if (!button.command)
-            button.action->setIcon(d_->picture(button.image));
+            d_->show(button, d_->picture(button.image));
     }
 }
 
@@ -53,9 +53,9 @@ void Toolbar::addButton(const QString& key, Kind kind, const QString& image) {
     }
     action->setCheckable(kind == Kind::Check || kind == Kind::Group);
     action->setSeparator(kind == Kind::Separator);
-    action->setIcon(d_->picture(image));
     d_->places.insert(key, d_->buttons.size());
     d_->buttons.push_back({key, kind, action, image, {}, {}});
+    d_->show(d_->buttons.back(), d_->picture(image));
     addAction(action);
     if (d_->window)
         d_->window->addAction(action);
@@ -87,8 +87,8 @@ void Toolbar::follow(const QString& key) {
     button.enabled = button.command->isEnabled();
     button.action->setEnabled(button.enabled);
     button.action->setChecked(button.command->isChecked());
-    if (button.action->icon().cacheKey() != button.command->icon().cacheKey())
-        button.action->setIcon(button.command->icon());
+    if (button.picture.cacheKey() != button.command->icon().cacheKey())
+        d_->show(button, button.command->icon());
 }
 
 void Toolbar::alignButton(const QString& key) {
@@ -166,6 +166,13 @@ bool Toolbar::isButtonEnabled(const QString& key) const {
     return button && button->enabled;
 }
 
+void Toolbar::setButtonFaint(const QString& key, bool faint) {
+    if (Private::Button* button = d_->find(key); button && button->faint != faint) {
+        button->faint = faint;
+        d_->show(*button, button->picture);
+    }
+}
+
 void Toolbar::setValue(const QString& key, bool down) {
     if (Private::Button* button = d_->find(key))
         button->master().setChecked(down);
@@ -181,14 +188,20 @@ void Toolbar::setMenus(const QString& key, const ButtonMenus* menus) {
         button->menus = menus;
 }
 
+void Toolbar::setMenuImages(std::function<QString(const QString& menuKey)> names) {
+    d_->menuImages = std::move(names);
+}
+
 void Toolbar::fillMenu(const QString& key, QMenu& menu) {
     menu.clear();
     const ButtonMenus* entries = d_->find(key)->menus;
     for (int index = 1; entries && index <= entries->count(); ++index) {
         const ButtonMenu& entry = entries->at(index);
         const QString line = entry.text.simplified();
-        const QString shown = line.size() > longestEntry ? line.left(longestEntry - 1) + u'\u2026' : line;
+        const QString shown = entryText(line, menu.fontMetrics());
         QAction* action = menu.addAction(withoutMnemonic(shown));
+        if (d_->menuImages)
+            action->setIcon(d_->picture(d_->menuImages(entry.key)));
         action->setToolTip(entryTip(line, shown));
         action->setObjectName(entry.key);
         connect(action, &QAction::triggered, this,
@@ -198,7 +211,7 @@ void Toolbar::fillMenu(const QString& key, QMenu& menu) {
 
 QToolButton* Toolbar::widget(const QString& key) const {
     const Private::Button* button = d_->find(key);
-    return button ? qobject_cast<QToolButton*>(widgetForAction(button->action)) : nullptr;
+    return button ? d_->widgetOf(*button) : nullptr;
 }
 
 QMenu* Toolbar::menu(const QString& key) const {
@@ -234,42 +247,15 @@ void Toolbar::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void Toolbar::chooseTabStop(QToolButton* wanted) {
-    const auto usable = [this](const QToolButton* button) {
-        return button && button->isEnabled() && button->isVisibleTo(this);
-    };
-    QToolButton* first = nullptr;
-    QToolButton* before = nullptr;
-    for (const Private::Button& button : d_->buttons) {
-        QToolButton* shown = widget(button.key);
-        if (!usable(shown))
-            continue;
-        first = first ? first : shown;
-        before = shown->focusPolicy() != Qt::NoFocus && !before ? shown : before;
-    }
-    QToolButton* chosen = usable(wanted) ? wanted : before ? before : first;
-    for (const Private::Button& button : d_->buttons) {
-        QToolButton* shown = widget(button.key);
-        if (shown && shown != chosen)
-            shown->setFocusPolicy(Qt::NoFocus);
-    }
-    if (chosen)
-        chosen->setFocusPolicy(Qt::TabFocus);
+    const std::vector<QToolButton*> buttons = d_->widgets();
+    QToolButton* chosen = tabStop(buttons, wanted);
+    for (QToolButton* button : buttons)
+        button->setFocusPolicy(button == chosen ? Qt::TabFocus : Qt::NoFocus);
 }
 
 void Toolbar::moveFocus(const QToolButton& from, int step) {
-    std::vector<QToolButton*> reachable;
-    std::ptrdiff_t here = 0;
-    for (const Private::Button& button : d_->buttons) {
-        QToolButton* shown = widget(button.key);
-        if (shown == &from)
-            here = std::ssize(reachable);
-        if (shown && shown->isEnabled() && shown->isVisible())
-            reachable.push_back(shown);
-    }
-    if (reachable.empty())
-        return;
-    const auto target = std::clamp<std::ptrdiff_t>(here + step, 0, std::ssize(reachable) - 1);
-    reachable[static_cast<std::size_t>(target)]->setFocus(Qt::TabFocusReason);
+    if (QToolButton* target = stepFrom(from, step, d_->widgets()))
+        target->setFocus(Qt::TabFocusReason);
 }
 
 bool Toolbar::buttonKey(QToolButton& button, const QKeyEvent& event) {

@@ -58,13 +58,17 @@ public:
     bool isButtonVisible(const QString& key) const; ///< as it was set
     void setButtonEnabled(const QString& key, bool enabled);
     bool isButtonEnabled(const QString& key) const;
+    /// Draws the picture as faint as that of a button that is off, though it can be pressed: what it opens is empty.
+    void setButtonFaint(const QString& key, bool faint);
     /// Down or up; the look alone changes, no click is told. Of a group the others are released.
     void setValue(const QString& key, bool down);
     bool value(const QString& key) const;
 
     /// The drop-down entries, held here or by whoever owns them elsewhere. The menu is made from them each time it
-    /// opens, of all of them, and scrolls where the screen is too low.
+    /// opens, of all of them, and scrolls where the screen is too low. Long ones are cut in their middle.
     void setMenus(const QString& key, const ButtonMenus* menus);
+    /// Names the picture of each drop-down entry by the entry's key; an empty name for none.
+    void setMenuImages(std::function<QString(const QString& menuKey)> names);
 
     QToolButton* widget(const QString& key) const; ///< null for separators
     QMenu* menu(const QString& key) const;         ///< the menu of a drop-down, null for others

@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QMainWindow>
 #include <QPointer>
+#include <QToolButton>
 
 #include <vector>
 
@@ -25,13 +26,19 @@ struct Toolbar::Private {
         bool visible = true;
         const ButtonMenus* menus = nullptr;
         QPointer<QAction> command = nullptr; ///< what the button stands for, if not for itself
+        QIcon picture = {};
+        bool faint = false;
 
         QAction& master() const { return command ? *command : *action; }
     };
 
+    explicit Private(const Toolbar& toolbar) : bar(toolbar) {}
+
+    const Toolbar& bar;
     std::vector<Button> buttons;
     QHash<QString, std::size_t> places;
     std::function<QIcon(const QString&)> images = &icon;
+    std::function<QString(const QString&)> menuImages;
     QPointer<QMainWindow> window;
     int position = 0;
     int edge = 1;
@@ -43,7 +50,25 @@ struct Toolbar::Private {
     }
     const Button* find(const QString& key) const { return const_cast<Private*>(this)->find(key); }
 
+    QToolButton* widgetOf(const Button& button) const {
+        return qobject_cast<QToolButton*>(bar.widgetForAction(button.action));
+    }
+    /// Those that are no separators, in their order.
+    std::vector<QToolButton*> widgets() const {
+        std::vector<QToolButton*> all;
+        for (const Button& button : buttons) {
+            if (QToolButton* shown = widgetOf(button))
+                all.push_back(shown);
+        }
+        return all;
+    }
+
     QIcon picture(const QString& name) const { return name.isEmpty() || !images ? QIcon() : images(name); }
+
+    static void show(Button& button, const QIcon& picture) {
+        button.picture = picture;
+        button.action->setIcon(button.faint ? faintIcon(picture) : picture);
+    }
 
     static void showTip(Button& button) {
         const QString keys = button.shortcut.toString(QKeySequence::NativeText);

@@ -1,14 +1,21 @@
 #include "platform/widgets/look/framestyle.h"
 
+#include "platform/widgets/look/barpaint.h"
+#include "platform/widgets/look/boxpaint.h"
 #include "platform/widgets/look/icons.h"
 #include "platform/widgets/look/look.h"
+#include "platform/widgets/look/titlepaint.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyleOption>
+#include <QToolBar>
 
-#include <array>
+#include <algorithm>
 
 namespace velm {
 
@@ -16,131 +23,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int iconSide = 16;
-constexpr double glyphHalf = 4; ///< half the side of the signs on title buttons
-constexpr double stroke = 1.25;
-
-QColor mixed(const QColor& from, const QColor& to, double part) {
-    const auto mix = [part](int a, int b) { return qRound(a + (b - a) * part); };
-    return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
-}
-
-QColor surface(const QPalette& palette, bool active) {
-    const QColor window = palette.color(QPalette::Window);
-    const QColor accent = look::accentColour(look::themeOf(palette));
-    return active ? mixed(window, accent, 0.22) : window;
-}
-
-QColor outline(const QPalette& palette, bool active) {
-    const QColor accent = look::accentColour(look::themeOf(palette));
-    return active ? mixed(palette.color(QPalette::Window), accent, 0.7) : quietLine(palette);
-}
-
-enum class Sign { Minimise, Maximise, Restore, Close };
-
-void drawSign(QPainter& painter, Sign sign, const QRectF& around, const QColor& ink) {
-    const QPointF c(std::floor(around.center().x()) + 0.5, std::floor(around.center().y()) + 0.5);
-    const double h = glyphHalf;
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, sign == Sign::Close);
-    painter.setPen(QPen(ink, stroke));
-    painter.setBrush(Qt::NoBrush);
-    switch (sign) {
-    case Sign::Minimise:
-        painter.drawLine(c + QPointF(-h, h), c + QPointF(h, h));
-        break;
-    case Sign::Maximise:
-        painter.drawRect(QRectF(c - QPointF(h, h), c + QPointF(h, h)));
-        break;
-    case Sign::Restore:
-        painter.drawRect(QRectF(c + QPointF(-h, 2 - h), c + QPointF(h - 2, h)));
-        painter.drawPolyline(QList<QPointF>{c + QPointF(2 - h, 2 - h), c + QPointF(2 - h, -h), c + QPointF(h, -h),
-                                            c + QPointF(h, h - 2), c + QPointF(h - 2, h - 2)});
-        break;
-    case Sign::Close:
-        painter.drawLine(c + QPointF(-h, -h), c + QPointF(h, h));
-        painter.drawLine(c + QPointF(-h, h), c + QPointF(h, -h));
-        break;
-    }
-    painter.restore();
-}
-
-void drawButton(QPainter& painter, Sign sign, const QRect& place, const QStyleOptionComplex& option,
-                QStyle::SubControl control, const QColor& under) {
-    const QColor ink = option.palette.color(QPalette::WindowText);
-    const bool touched = option.activeSubControls & control;
-    if (touched && option.state & QStyle::State_Sunken)
-        painter.fillRect(place, mixed(under, ink, 0.3));
-    else if (touched && option.state & QStyle::State_MouseOver)
-        painter.fillRect(place, mixed(under, ink, 0.16));
-    drawSign(painter, sign, place, ink);
-}
-
-struct TitleButton {
-    QStyle::SubControl control;
-    Sign sign;
-};
-
-bool hasButton(const QStyleOptionTitleBar& bar, QStyle::SubControl control) {
-    const bool minimised = bar.titleBarState & Qt::WindowMinimized;
-    const bool maximised = bar.titleBarState & Qt::WindowMaximized;
-    const bool canMinimise = bar.titleBarFlags & Qt::WindowMinimizeButtonHint;
-    const bool canMaximise = bar.titleBarFlags & Qt::WindowMaximizeButtonHint;
-    switch (control) {
-    case QStyle::SC_TitleBarMinButton:
-        return canMinimise && !minimised;
-    case QStyle::SC_TitleBarMaxButton:
-        return canMaximise && !maximised;
-    case QStyle::SC_TitleBarNormalButton:
-        return (canMinimise && minimised) || (canMaximise && maximised);
-    default:
-        return bar.titleBarFlags & Qt::WindowSystemMenuHint;
-    }
-}
-
-void drawTitleBar(const QStyle& style, const QStyleOptionTitleBar& bar, QPainter& painter, const QWidget* widget) {
-    static constexpr std::array buttons{TitleButton{QStyle::SC_TitleBarMinButton, Sign::Minimise},
-                                        TitleButton{QStyle::SC_TitleBarMaxButton, Sign::Maximise},
-                                        TitleButton{QStyle::SC_TitleBarNormalButton, Sign::Restore},
-                                        TitleButton{QStyle::SC_TitleBarCloseButton, Sign::Close}};
-    const bool active = bar.titleBarState & QStyle::State_Active;
-    const QColor under = surface(bar.palette, active);
-    const QRect rect = bar.rect;
-    painter.fillRect(rect, outline(bar.palette, active));
-    painter.fillRect(rect.adjusted(1, 1, -1, -1), under);
-    const auto place = [&](QStyle::SubControl control) {
-        return style.subControlRect(QStyle::CC_TitleBar, &bar, control, widget);
-    };
-    if (!bar.icon.isNull()) {
-        QRect icon(0, 0, iconSide, iconSide);
-        icon.moveCenter(place(QStyle::SC_TitleBarSysMenu).center());
-        bar.icon.paint(&painter, icon);
-    }
-    QFont font = painter.font();
-    font.setWeight(active ? QFont::DemiBold : QFont::Normal);
-    painter.setFont(font);
-    const QColor ink = bar.palette.color(QPalette::WindowText);
-    painter.setPen(active ? ink : mixed(under, ink, 0.75));
-    const QRect label = place(QStyle::SC_TitleBarLabel).adjusted(look::spacing, 0, -look::grid, 0);
-    painter.drawText(label, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     painter.fontMetrics().elidedText(bar.text, Qt::ElideRight, label.width()));
-    for (const TitleButton& button : buttons) {
-        if (bar.subControls & button.control && hasButton(bar, button.control))
-            drawButton(painter, button.sign, place(button.control), bar, button.control, under);
-    }
-}
-
-void drawMdiControls(const QStyle& style, const QStyleOptionComplex& option, QPainter& painter, const QWidget* widget) {
-    static constexpr std::array buttons{TitleButton{QStyle::SC_MdiMinButton, Sign::Minimise},
-                                        TitleButton{QStyle::SC_MdiNormalButton, Sign::Restore},
-                                        TitleButton{QStyle::SC_MdiCloseButton, Sign::Close}};
-    for (const TitleButton& button : buttons) {
-        if (option.subControls & button.control)
-            drawButton(painter, button.sign,
-                       style.subControlRect(QStyle::CC_MdiControls, &option, button.control, widget), option,
-                       button.control, option.palette.color(QPalette::Window));
-    }
-}
+constexpr int barPadding = 6; ///< around the picture of a bar's button
+constexpr int menuEntryHeight = 26;
 
 /// Two chevrons in the colour of text, for what does not fit on a bar.
 class MoreEngine final : public QIconEngine {
@@ -171,15 +55,8 @@ private:
     bool downwards_;
 };
 
-/// Things whose edge is darker than the window: in a dark palette nobody sees it.
-bool isOutlined(QStyle::PrimitiveElement element) {
-    return element == QStyle::PE_PanelMenu || element == QStyle::PE_FrameLineEdit ||
-           element == QStyle::PE_IndicatorCheckBox || element == QStyle::PE_Frame;
-}
-
+/// A thin line around what is no control.
 void drawOutline(const QStyleOption& option, QPainter& painter) {
-    if (option.state & QStyle::State_HasFocus)
-        return; // has an edge of its own
     painter.save();
     painter.setPen(quietLine(option.palette));
     painter.setBrush(Qt::NoBrush);
@@ -187,19 +64,73 @@ void drawOutline(const QStyleOption& option, QPainter& painter) {
     painter.restore();
 }
 
+void drawWindowFrame(const QStyleOption& option, QPainter& painter) {
+    painter.fillRect(option.rect, windowSurface(option.palette, false));
+    painter.setPen(windowOutline(option.palette, option.state & QStyle::State_Active));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+}
+
+void drawTip(const QStyleOption& option, QPainter& painter) {
+    painter.fillRect(option.rect, option.palette.color(QPalette::ToolTipBase));
+    drawOutline(option, painter);
+}
+
+/// A line over what is said at the window's foot.
+void drawStatusBar(const QStyleOption& option, QPainter& painter) {
+    painter.fillRect(option.rect, option.palette.color(QPalette::Window));
+    painter.fillRect(QRect(option.rect.topLeft(), QSize(option.rect.width(), 1)), quietLine(option.palette));
+}
+
+/// The pages of tabs lie on the window: a line under the tabs is all that parts them.
+void drawTabPane(const QStyleOption& option, QPainter& painter) {
+    painter.fillRect(QRect(option.rect.topLeft(), QSize(option.rect.width(), 1)), quietLine(option.palette));
+}
+
+/// The field inside of a drop-down list is a part of that.
+bool liesInBox(const QWidget* widget) {
+    return widget && qobject_cast<const QComboBox*>(widget->parentWidget());
+}
+
+bool isPopupOfBox(const QWidget* widget) {
+    return widget && widget->inherits("QComboBoxPrivateContainer");
+}
+
+void drawMenuEntry(const QProxyStyle& style, const QStyleOptionMenuItem& item, QPainter& painter,
+                   const QWidget* widget) {
+    if (item.menuItemType == QStyleOptionMenuItem::Separator && item.text.isEmpty()) {
+        const QRect rect = item.rect;
+        painter.fillRect(rect.left() + look::grid, rect.center().y(), rect.width() - 2 * look::grid, 1,
+                         quietLine(item.palette));
+        return;
+    }
+    // A tint under the chosen entry, so that its picture stays as legible as its words.
+    QStyleOptionMenuItem quiet = item;
+    quiet.palette.setColor(QPalette::Highlight, windowSurface(item.palette, true));
+    quiet.palette.setColor(QPalette::HighlightedText, item.palette.color(QPalette::WindowText));
+    style.QProxyStyle::drawControl(QStyle::CE_MenuItem, &quiet, &painter, widget);
+}
+
 } // namespace
 
 QColor quietLine(const QPalette& palette) {
-    return mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.22);
+    return look::mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.22);
 }
 
 FrameStyle::FrameStyle(QStyle* base) : QProxyStyle(base) {}
 
 void FrameStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                                     const QWidget* widget) const {
-    const auto* bar = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
-    if (control == CC_TitleBar && bar)
+    if (const auto* bar = qstyleoption_cast<const QStyleOptionTitleBar*>(option); bar && control == CC_TitleBar)
         drawTitleBar(*this, *bar, *painter, widget);
+    else if (const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+             slider && control == CC_ScrollBar)
+        drawScrollBar(*slider, *painter);
+    else if (const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+             button && control == CC_ToolButton)
+        drawToolButton(*this, *button, *painter, widget);
+    else if (const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option); box && control == CC_ComboBox)
+        drawComboBox(*this, *box, *painter, widget);
     else if (control == CC_MdiControls)
         drawMdiControls(*this, *option, *painter, widget);
     else
@@ -208,37 +139,160 @@ void FrameStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
 
 void FrameStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
-    if (element != PE_FrameWindow) {
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
-        if (isOutlined(element) && look::themeOf(option->palette) == look::Theme::Dark)
-            drawOutline(*option, *painter);
+    switch (element) {
+    case PE_FrameWindow:
+        return drawWindowFrame(*option, *painter);
+    case PE_FrameFocusRect:
+        return; // the focus has its ring
+    case PE_PanelButtonCommand:
+        return drawPushButton(*option, *painter);
+    case PE_PanelLineEdit:
+    case PE_FrameLineEdit: {
+        const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+        if (liesInBox(widget))
+            return;
+        if (!frame || frame->lineWidth > 0)
+            drawField(*option, *painter);
+        else
+            painter->fillRect(option->rect, option->palette.color(QPalette::Base));
         return;
     }
-    const QRect rect = option->rect;
-    painter->fillRect(rect, surface(option->palette, false));
-    painter->setPen(outline(option->palette, option->state & State_Active));
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRect(rect.adjusted(0, 0, -1, -1));
+    case PE_IndicatorCheckBox:
+        return drawCheck(*option, *painter);
+    case PE_IndicatorRadioButton:
+        return drawRadio(*option, *painter);
+    case PE_IndicatorToolBarSeparator:
+        return drawSeparator(*option, *painter);
+    case PE_IndicatorArrowDown:
+        return drawArrow(*painter, QRectF(option->rect).center(),
+                         option->palette.color(option->state & State_Enabled ? QPalette::Active : QPalette::Disabled,
+                                               QPalette::ButtonText));
+    case PE_PanelTipLabel:
+        return drawTip(*option, *painter);
+    case PE_PanelStatusBar:
+        return drawStatusBar(*option, *painter);
+    case PE_FrameTabWidget:
+        return drawTabPane(*option, *painter);
+    case PE_PanelScrollAreaCorner:
+        return painter->fillRect(
+            option->rect,
+            option->palette.color(qobject_cast<const QAbstractItemView*>(widget) ? QPalette::Base : QPalette::Window));
+    case PE_FrameTabBarBase:
+        return;
+    case PE_Frame:
+        if (!isPopupOfBox(widget))
+            return drawOutline(*option, *painter);
+        break;
+    default:
+        break;
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    // Fusion's edge is darker than the window: in a dark palette nobody sees it.
+    if (element == PE_PanelMenu)
+        drawOutline(*option, *painter);
 }
 
 void FrameStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                              const QWidget* widget) const {
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
-    if (!item || (element != CE_MenuItem && element != CE_MenuBarItem)) {
-        QProxyStyle::drawControl(element, option, painter, widget);
+    const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+    const auto* progress = qstyleoption_cast<const QStyleOptionProgressBar*>(option);
+    const auto* bar = qstyleoption_cast<const QStyleOptionToolBar*>(option);
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (item && element == CE_MenuItem)
+        return drawMenuEntry(*this, *item, *painter, widget);
+    if (item && element == CE_MenuBarItem)
+        return drawMenuBarItem(*this, *item, *painter);
+    if (element == CE_MenuBarEmptyArea)
+        return painter->fillRect(option->rect, option->palette.color(QPalette::Window));
+    if (bar && element == CE_ToolBar)
+        return drawToolBar(*bar, *painter);
+    if (tab && element == CE_TabBarTabShape)
+        return drawTab(*tab, *painter);
+    if (progress && element == CE_ProgressBarGroove)
+        return drawProgressGround(*progress, *painter);
+    if (progress && element == CE_ProgressBarContents && drawProgress(*progress, *painter))
         return;
+    if (button && element == CE_PushButtonLabel && isFilled(*button)) {
+        QStyleOptionButton white = *button;
+        white.palette.setColor(QPalette::ButtonText, Qt::white);
+        return QProxyStyle::drawControl(element, &white, painter, widget);
     }
-    if (item->menuItemType == QStyleOptionMenuItem::Separator && item->text.isEmpty()) {
-        const QRect rect = item->rect;
-        painter->fillRect(rect.left() + look::grid, rect.center().y(), rect.width() - 2 * look::grid, 1,
-                          quietLine(item->palette));
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+QRect FrameStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                 const QWidget* widget) const {
+    const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (slider && control == CC_ScrollBar)
+        return visualRect(slider->direction, slider->rect, scrollBarPart(*slider, part));
+    return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+QSize FrameStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                   const QWidget* widget) const {
+    const QSize usual = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    switch (type) {
+    case CT_PushButton: {
+        constexpr int leastWidth = 80;
+        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+        const int least = button && !button->text.isEmpty() ? leastWidth : 0;
+        return {std::max(contents.width() + 2 * besideWords, least), std::max(contents.height() + 10, controlHeight)};
+    }
+    case CT_LineEdit:
+    case CT_ComboBox:
+        return {usual.width(), std::max(contents.height() + 8, controlHeight)};
+    case CT_ToolButton:
+        if (widget && qobject_cast<const QToolBar*>(widget->parentWidget()))
+            return contents + QSize(2 * barPadding, 2 * barPadding);
+        break;
+    case CT_MenuItem:
+        if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+            item && item->menuItemType != QStyleOptionMenuItem::Separator)
+            return {usual.width(), std::max(usual.height(), menuEntryHeight)};
+        break;
+    default:
+        break;
+    }
+    return usual;
+}
+
+int FrameStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+    switch (metric) {
+    case PM_ScrollBarExtent:
+        return scrollExtent;
+    case PM_ScrollBarSliderMin:
+        return leastThumb;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+        return 4 * look::grid;
+    case PM_TabBarTabShiftVertical:
+    case PM_TabBarTabShiftHorizontal:
+        return 0;
+    case PM_ToolTipLabelFrameWidth:
+        return look::grid;
+    case PM_ToolBarExtensionExtent:
+        return 5 * look::grid;
+    case PM_ToolBarSeparatorExtent:
+        return 2 * look::grid + 1;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+void FrameStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    auto* bar = qobject_cast<QScrollBar*>(widget);
+    if (!bar)
         return;
+    // There is no track: what lies around the bar is its ground, that of a list being the list's own.
+    bar->setAttribute(Qt::WA_OpaquePaintEvent, false);
+    if (const QWidget* box = bar->parentWidget(); box && qobject_cast<QAbstractItemView*>(box->parentWidget())) {
+        bar->setBackgroundRole(QPalette::Base);
+        bar->setAutoFillBackground(true);
     }
-    // A tint under the chosen entry, so that its picture stays as legible as its words.
-    QStyleOptionMenuItem quiet = *item;
-    quiet.palette.setColor(QPalette::Highlight, surface(item->palette, true));
-    quiet.palette.setColor(QPalette::HighlightedText, item->palette.color(QPalette::WindowText));
-    QProxyStyle::drawControl(element, &quiet, painter, widget);
 }
 
 int FrameStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -1,6 +1,6 @@
 #pragma once
-// The program's style: Fusion, but child windows have flat frames that stay legible in both palettes, and the
-// chosen entry of a menu lies on a tint.
+// The program's style: Fusion's measures, drawn flat and legible in both palettes. Each group of things has a file of
+// its own: child windows in titlepaint, buttons, fields and boxes in boxpaint, bars in barpaint.
 #include <QColor>
 #include <QPalette>
 #include <QProxyStyle>
@@ -20,6 +20,14 @@ public:
                        const QWidget* widget = nullptr) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget = nullptr) const override;
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                         const QWidget* widget = nullptr) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget = nullptr) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option = nullptr,
+                    const QWidget* widget = nullptr) const override;
+    void polish(QWidget* widget) override;
+    using QProxyStyle::polish;
     int styleHint(StyleHint hint, const QStyleOption* option = nullptr, const QWidget* widget = nullptr,
                   QStyleHintReturn* returned = nullptr) const override;
     QIcon standardIcon(StandardPixmap standard, const QStyleOption* option = nullptr,

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 /// A library's resources do not come in by themselves; the macro wants the global name space.
@@ -52,8 +53,7 @@ struct Colours {
     QColor ink, accent, warning, hue;
 };
 
-Colours coloursOf(const QString& name, QIcon::Mode mode) {
-    const QPalette palette = QGuiApplication::palette();
+Colours coloursOf(const QString& name, QIcon::Mode mode, const QPalette& palette) {
     if (mode == QIcon::Selected) {
         const QColor selected = palette.color(QPalette::HighlightedText);
         return {selected, selected, selected, selected};
@@ -95,9 +95,10 @@ qreal nudgeOf(int side) {
 
 class Engine final : public QIconEngine {
 public:
-    explicit Engine(QString name) : name_(std::move(name)) {}
+    /// Without a theme, that of the palette around.
+    explicit Engine(QString name, std::optional<look::Theme> theme = {}) : name_(std::move(name)), theme_(theme) {}
 
-    QIconEngine* clone() const override { return new Engine(name_); }
+    QIconEngine* clone() const override { return new Engine(name_, theme_); }
     QString key() const override { return u"svg-by-role"_s; }
     QString iconName() override { return name_; }
     bool isNull() override { return false; }
@@ -120,7 +121,7 @@ public:
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal density) override {
         if (size.isEmpty())
             return {};
-        const Colours colours = coloursOf(name_, mode);
+        const Colours colours = coloursOf(name_, mode, theme_ ? look::palette(*theme_) : QGuiApplication::palette());
         const QString key = QStringList{u"svg-by-role"_s,
                                         name_,
                                         QString::number(size.width()),
@@ -162,9 +163,35 @@ private:
     }
 
     QString name_;
+    std::optional<look::Theme> theme_;
+};
+
+/// Another picture, always in 40 % ink.
+class FaintEngine final : public QIconEngine {
+public:
+    explicit FaintEngine(QIcon picture) : picture_(std::move(picture)) {}
+
+    QIconEngine* clone() const override { return new FaintEngine(picture_); }
+    bool isNull() override { return false; }
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State state) override {
+        picture_.paint(painter, rect, Qt::AlignCenter, QIcon::Disabled, state);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode, QIcon::State state) override {
+        return scaledPixmap(size, QIcon::Disabled, state, 1);
+    }
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode, QIcon::State state, qreal density) override {
+        return picture_.pixmap((QSizeF(size) / density).toSize(), density, QIcon::Disabled, state);
+    }
+
+private:
+    QIcon picture_;
 };
 
 } // namespace
+
+QIcon faintIcon(const QIcon& picture) {
+    return picture.isNull() ? QIcon() : QIcon(new FaintEngine(picture));
+}
 
 bool hasIcon(const QString& name) {
     return !name.isEmpty() && !name.contains(u'/') && QFile::exists(pathOf(name));
@@ -172,6 +199,10 @@ bool hasIcon(const QString& name) {
 
 QIcon icon(const QString& name) {
     return hasIcon(name) ? QIcon(new Engine(name)) : QIcon();
+}
+
+QIcon iconIn(const QString& name, look::Theme theme) {
+    return hasIcon(name) ? QIcon(new Engine(name, theme)) : QIcon();
 }
 
 QStringList iconNames() {
@@ -184,7 +215,7 @@ QStringList iconNames() {
 
 QCursor iconCursor(const QString& name, double density) {
     constexpr int side = 24;
-    constexpr std::array<std::pair<QStringView, QPoint>, 2> tips{{{u"Curseur1", {5, 3}}, {u"Pointeur", {10, 4}}}};
+    constexpr std::array<std::pair<QStringView, QPoint>, 2> tips{{{u"Curseur1", {5, 3}}, {u"Pointeur", {5, 3}}}};
     for (const auto& [pointer, tip] : tips) {
         if (pointer == name) {
             const QSize pixels = (QSizeF(side, side) * density).toSize();

@@ -1,11 +1,13 @@
 #include "platform/widgets/look/look.h"
 
+#include "platform/widgets/look/focusring.h"
 #include "platform/widgets/look/framestyle.h"
 
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPixmapCache>
 #include <QStyleFactory>
+#include <QToolTip>
 
 #include <array>
 
@@ -17,21 +19,18 @@ namespace {
 
 struct Tones {
     QRgb window, base, alternate, text, quiet, button, midlight, light, mid, dark, highlight, highlighted, link,
-        visited;
+        visited, edge, standard, focus, ground;
 };
 
-constexpr Tones lightTones{0xFFF3F4F6, 0xFFFFFFFF, 0xFFF7F8FA, ink,        0xFF6B7480, 0xFFF3F4F6, 0xFFE6E8EC,
-                           0xFFFFFFFF, 0xFFC3C8CF, 0xFF9AA1AB, 0xFF2C67A0, 0xFFFFFFFF, accent,     0xFF6A4C86};
-constexpr Tones darkTones{0xFF26292E, 0xFF1E2125, 0xFF23262B, 0xFFE4E7EB, 0xFF8F97A2, 0xFF2E3238, 0xFF383D44,
-                          0xFF454B53, 0xFF1A1C20, 0xFF131518, 0xFF2F6194, 0xFFFFFFFF, 0xFF7FB2E5, 0xFFB79BD6};
+constexpr Tones lightTones{0xFFF3F4F6, 0xFFFFFFFF, 0xFFF7F8FA, ink,        0xFF59626D, 0xFFF3F4F6,
+                           0xFFE6E8EC, 0xFFFFFFFF, 0xFFC3C8CF, 0xFF9AA1AB, 0xFF2C67A0, 0xFFFFFFFF,
+                           accent,     0xFF6A4C86, 0xFF757E89, accent,     0xFF2C67A0, 0xFFDDE1E6};
+constexpr Tones darkTones{0xFF26292E, 0xFF1E2125, 0xFF23262B, 0xFFE4E7EB, 0xFFA8B0BA, 0xFF2E3238,
+                          0xFF383D44, 0xFF454B53, 0xFF1A1C20, 0xFF131518, 0xFF3B76B0, 0xFFFFFFFF,
+                          0xFF7FB2E5, 0xFFB79BD6, 0xFF7D8590, 0xFF3B76B0, 0xFF7FB2E5, 0xFF17191D};
 
 const Tones& tones(Theme theme) {
     return theme == Theme::Light ? lightTones : darkTones;
-}
-
-QColor mixed(const QColor& a, const QColor& b, double part) {
-    const auto mix = [part](int x, int y) { return qRound(x + (y - x) * part); };
-    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
 }
 
 bool isLight(const QColor& colour) {
@@ -82,10 +81,42 @@ Theme themeOf(const QPalette& palette) {
     return isLight(palette.color(QPalette::Window)) ? Theme::Light : Theme::Dark;
 }
 
+QColor mixed(const QColor& from, const QColor& to, double part) {
+    const auto mix = [part](int a, int b) { return qRound(a + (b - a) * part); };
+    return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
+}
+
+QColor edge(const QPalette& palette) {
+    return QColor::fromRgb(tones(themeOf(palette)).edge);
+}
+
+QColor chosenGround(const QPalette& palette) {
+    return mixed(palette.color(QPalette::Window), accentColour(themeOf(palette)), 0.18);
+}
+
+QColor chosenEdge(const QPalette& palette) {
+    return mixed(palette.color(QPalette::Window), accentColour(themeOf(palette)), 0.75);
+}
+
+QColor defaultButton(Theme theme) {
+    return QColor::fromRgb(tones(theme).standard);
+}
+
+QColor focusColour(Theme theme) {
+    return QColor::fromRgb(tones(theme).focus);
+}
+
+QColor ground(Theme theme) {
+    return QColor::fromRgb(tones(theme).ground);
+}
+
 void apply(QApplication& application, Theme theme) {
     if (QStyle* style = QStyleFactory::create(u"Fusion"_s))
         QApplication::setStyle(new FrameStyle(style));
     QApplication::setPalette(palette(theme));
+    QToolTip::setPalette(palette(theme));
+    if (!application.findChild<FocusRing*>(QString(), Qt::FindDirectChildrenOnly))
+        new FocusRing(application); // goes with it
     // The style keeps its buttons of every width in there: more than this is never used again.
     QPixmapCache::setCacheLimit(3 * 1024);
     application.setProperty("thème", theme == Theme::Light ? u"clair"_s : u"sombre"_s);
@@ -96,12 +127,31 @@ Sheet sheet(const QColor& paper, const QPalette& around) {
     Sheet s;
     s.paper = paper;
     s.ink = lightPaper ? QColor::fromRgb(ink) : QColor::fromRgb(darkTones.text);
-    s.link = lightPaper ? QColor::fromRgb(accent) : QColor::fromRgb(darkTones.link);
+    // Brighter than the accent, in which headings are set.
+    s.link = QColor::fromRgb(lightPaper ? 0xFF2363B5 : darkTones.link);
+    s.lightPaper = lightPaper;
+    s.found = QColor::fromRgb(lightPaper ? 0xFFFFE48A : 0xFF5A4600);
+    s.foundCurrent = QColor::fromRgb(lightPaper ? 0xFFF7B500 : 0xFF7A5A00);
+    s.foundRing = QColor::fromRgb(lightPaper ? 0xFF7A5000 : 0xFFFFD66B);
     s.rule = mixed(paper, s.ink, 0.28);
     const bool lightAround = themeOf(around) == Theme::Light;
     s.surface = lightAround ? mixed(around.color(QPalette::Window), Qt::black, 0.035) : QColor::fromRgb(darkTones.base);
     s.edge = mixed(s.surface, lightAround ? QColor::fromRgb(ink) : QColor(Qt::black), lightAround ? 0.12 : 0.5);
     return s;
+}
+
+QColor softPaper(const QColor& paper) {
+    constexpr QColor grey(0xE8, 0xEA, 0xED);
+    if (!isLight(paper))
+        return paper;
+    const auto dimmed = [](int part, int most) { return qRound(part * most / 255.0); };
+    return {dimmed(paper.red(), grey.red()), dimmed(paper.green(), grey.green()), dimmed(paper.blue(), grey.blue())};
+}
+
+QColor foundTick(const QColor& ground, bool current) {
+    if (!current)
+        return QColor::fromRgb(0xFFAD7400);
+    return QColor::fromRgb(isLight(ground) ? 0xFF5E3B00 : 0xFFFFD66B);
 }
 
 QStringList serifFamilies() {

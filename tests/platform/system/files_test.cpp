@@ -236,3 +236,12 @@ TEST_F(Fichiers, TheTemporaryFolderIsThere) {
 }
 
 } // namespace
+
+TEST(NomsDeFichiers, WordsBecomeANameThatEveryDiskTakes) {
+    EXPECT_EQ(fileNameOf(u"garantie"_s), u"garantie");
+    EXPECT_EQ(fileNameOf(u" art. L. 111-1 / \"vice\" caché* "_s), u"art L 111-1 vice caché");
+    EXPECT_EQ(fileNameOf(u"..\\a:b?\r\n\t<c>|"_s), u"a b c");
+    EXPECT_EQ(fileNameOf(u"*?/"_s), QString());
+    EXPECT_EQ(fileNameOf(QString(80, u'x')).size(), 60);
+    EXPECT_EQ(fileNameOf(QString(59, u'x') + u" y"_s), QString(59, u'x')) << "no blank at the cut";
+}

@@ -4,15 +4,22 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
+#include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -176,6 +183,124 @@ TEST(BoitesQt, WithoutHelpThereIsNoHelpButton) {
     EXPECT_FALSE(present);
 }
 
+TEST(BoitesQt, WithoutAHelpFileThereIsNoHelpButtonEither) {
+    bool there = false;
+    QtDialogues boxes([](int) {}, [&there] { return there; });
+    for (const bool now : {true, false}) {
+        there = now;
+        bool button = !now;
+        whenShown<QMessageBox>([&](QMessageBox& box) {
+            button = box.button(QMessageBox::Help) != nullptr;
+            box.button(QMessageBox::Ok)->click();
+        });
+        boxes.message(u"?"_s, {}, Icone::Aucune, Bouton::Ok | Bouton::Aide);
+        EXPECT_EQ(button, now);
+    }
+}
+
+TEST(BoitesQt, AMessageMayCallItsButtonsByWhatTheyDo) {
+    QtDialogues boxes;
+    boxes.setCaptions([](Bouton) { return u"usual"_s; });
+    QStringList captions;
+    const auto look = [&captions](QMessageBox& box) {
+        captions.clear();
+        for (const auto which : {QMessageBox::Yes, QMessageBox::Ok, QMessageBox::No, QMessageBox::Cancel}) {
+            if (const auto* button = box.button(which))
+                captions << button->text();
+        }
+        box.reject();
+    };
+    const auto captionsOf = [&](Boutons boutons) {
+        Message message{u"?"_s, u"titre"_s, Icone::Question, boutons};
+        message.accord = u"open"_s;
+        message.refus = u"leave"_s;
+        whenShown<QMessageBox>(look);
+        boxes.message(message);
+        return captions;
+    };
+    EXPECT_EQ(captionsOf(Bouton::Oui | Bouton::Non), (QStringList{u"open"_s, u"leave"_s}));
+    EXPECT_EQ(captionsOf(Bouton::Ok | Bouton::Annuler), (QStringList{u"open"_s, u"leave"_s}));
+    EXPECT_EQ(captionsOf(Bouton::Oui | Bouton::Non | Bouton::Annuler),
+              (QStringList{u"open"_s, u"leave"_s, u"usual"_s}));
+    whenShown<QMessageBox>(look);
+    boxes.message(u"?"_s, {}, Icone::Question, Bouton::Oui | Bouton::Non);
+    EXPECT_EQ(captions, (QStringList{u"usual"_s, u"usual"_s}));
+}
+
+TEST(BoitesQt, AShortTextStandsInTheMiddleOfItsPictureAndTheButtonsAtTheRight) {
+    QtDialogues boxes;
+    for (const Icone icon : {Icone::Question, Icone::Aucune}) {
+        QRect picture;
+        QRect text;
+        QRect button;
+        QSize whole;
+        whenShown<QMessageBox>([&](QMessageBox& box) {
+            whole = box.size();
+            if (const auto* label = box.findChild<QLabel*>(u"qt_msgboxex_icon_label"_s); label && label->isVisible())
+                picture = label->geometry();
+            text = box.findChild<QLabel*>(u"qt_msgbox_label"_s)->geometry();
+            const QPushButton* last = qobject_cast<QPushButton*>(box.button(QMessageBox::No));
+            button = QRect(last->mapTo(&box, QPoint()), last->size());
+            box.reject();
+        });
+        boxes.message(u"Quitter ?"_s, u"t"_s, icon, Bouton::Oui | Bouton::Non);
+        if (icon == Icone::Question) {
+            EXPECT_LE(std::abs(picture.center().y() - text.center().y()), 1);
+        } else {
+            EXPECT_EQ(text.left(), 12) << "no room is kept for a picture";
+        }
+        EXPECT_EQ(whole.width() - 1 - button.right(), 12);
+        EXPECT_EQ(whole.height() - 1 - button.bottom(), 12);
+    }
+}
+
+TEST(FichiersQt, ADialogThatIsNotToldWhereBeginsInTheDocumentsAndThenWhereTheLastEnded) {
+    const QTemporaryDir folder;
+    QtDialogues dialogs;
+    QString start;
+    QString name;
+    const auto look = [&](const QString& chosen) {
+        whenShown<QFileDialog>([&, chosen](QFileDialog& dialog) {
+            start = dialog.directory().absolutePath();
+            name = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->text();
+            if (chosen.isEmpty())
+                return dialog.reject();
+            dialog.selectFile(chosen);
+            static_cast<QDialog&>(dialog).accept();
+        });
+    };
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    look(folder.filePath(u"a.cv2"_s));
+    ChoixFichier choix;
+    choix.nom = u"garantie.cv2"_s;
+    EXPECT_TRUE(dialogs.saveFile(choix));
+    EXPECT_EQ(start, QDir(documents).exists() ? documents : QDir::homePath());
+    EXPECT_EQ(name, u"garantie.cv2");
+    look({});
+    EXPECT_FALSE(dialogs.openFile({}));
+    EXPECT_EQ(start, folder.path());
+}
+
+TEST(FichiersQt, WhatIsListedIsNamedInTheWordsGiven) {
+    const QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"sous"_s));
+    for (const auto& name : {u"a.cv2"_s, u"b"_s}) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    QtDialogues dialogs;
+    dialogs.setKinds([] { return SortesFichier{u"Dossier"_s, u"Lecteur"_s, u"Fichier %1"_s, u"Fichier"_s}; });
+    QStringList kinds;
+    whenShown<QFileDialog>([&](QFileDialog& dialog) {
+        for (const auto& path : {folder.filePath(u"sous"_s), folder.filePath(u"a.cv2"_s), folder.filePath(u"b"_s)})
+            kinds << dialog.iconProvider()->type(QFileInfo(path));
+        kinds << dialog.iconProvider()->type(QFileInfo(u"/"_s));
+        dialog.reject();
+    });
+    EXPECT_FALSE(dialogs.openFile({}));
+    EXPECT_EQ(kinds, (QStringList{u"Dossier"_s, u"Fichier CV2"_s, u"Fichier"_s, u"Lecteur"_s}));
+}
+
 TEST(FichiersQt, TheFileDialogStartsWhereItIsTold) {
     const QTemporaryDir folder;
     QFile file(folder.filePath(u"velm2000.dat"_s));
@@ -183,9 +308,11 @@ TEST(FichiersQt, TheFileDialogStartsWhereItIsTold) {
     file.close();
     QtDialogues dialogs;
     QStringList filters;
+    QString shown;
     QString start;
     whenShown<QFileDialog>([&](QFileDialog& dialog) {
         filters = dialog.nameFilters();
+        shown = dialog.findChild<QComboBox*>(u"fileTypeCombo"_s)->currentText();
         start = dialog.directory().absolutePath();
         dialog.selectFile(file.fileName());
         static_cast<QDialog&>(dialog).accept();
@@ -193,7 +320,8 @@ TEST(FichiersQt, TheFileDialogStartsWhereItIsTold) {
     const auto chosen = dialogs.openFile({u"Trouver"_s, folder.path(), u"Base (*.DAT)|*.DAT|Tous (*.*)|*.*"_s, {}, {}});
     EXPECT_EQ(chosen, file.fileName());
     EXPECT_EQ(start, folder.path());
-    EXPECT_EQ(filters, (QStringList{u"Base (*.DAT *.dat)"_s, u"Tous (*)"_s}));
+    EXPECT_EQ(shown, u"Base (*.DAT)") << "the pattern stands there once";
+    EXPECT_EQ(filters, (QStringList{u"Base (*.DAT) (*.DAT *.dat)"_s, u"Tous (*.*) (*)"_s}));
 }
 
 TEST(FichiersQt, GivingUpChoosesNothing) {

@@ -1,7 +1,9 @@
 #include "platform/base/twips.h"
 #include "platform/widgets/frame/statusbar.h"
+#include "platform/widgets/look/plaintext.h"
 #include "tests/support/eventually.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -56,11 +58,17 @@ TEST_F(StatusBarTest, APanelWithoutStretchIsAsWideAsItsText) {
     EVENTUALLY(line(u"nombre"_s)->width() == 60);
 }
 
+TEST_F(StatusBarTest, BlanksOfEveryWidthHaveTheirRoom) {
+    bar.setPanelText(u"nombre"_s, u"26\u00A0/\u00A013\u202F041 documents \u2003 en tout"_s);
+    EVENTUALLY(line(u"nombre"_s)->width() > 60);
+    EXPECT_TRUE(line(u"nombre"_s)->toolTip().isEmpty()) << "nothing is cut";
+}
+
 TEST_F(StatusBarTest, WhatDoesNotFitIsElidedAndToldWhole) {
     const QString title = QString(u"Un titre <long> & "_s).repeated(40);
     const int width = bar.minimumSizeHint().width();
     bar.setPanelText(u"état"_s, title);
-    EXPECT_TRUE(line(u"état"_s)->toolTip().contains(u"&lt;long&gt; &amp;"));
+    EXPECT_EQ(line(u"état"_s)->toolTip(), plainTip(title));
     EXPECT_EQ(bar.panelText(u"état"_s), title);
     EXPECT_EQ(bar.minimumSizeHint().width(), width);
     bar.setPanelText(u"état"_s, u"Court"_s);
@@ -84,6 +92,39 @@ TEST_F(StatusBarTest, APassingTextStandsInPlaceUntilItIsEmptied) {
     EXPECT_EQ(shown(u"état"_s), u"CO000002");
     bar.setPassing(u"état"_s, QString());
     EXPECT_EQ(shown(u"état"_s), u"Recherche");
+}
+
+TEST_F(StatusBarTest, APanelThatIsSilentWhenEmptyLeavesItsRoom) {
+    EXPECT_TRUE(panel(u"nombre"_s)->isVisible());
+    bar.hideWhenEmpty(u"nombre"_s);
+    EXPECT_FALSE(panel(u"nombre"_s)->isVisible());
+    bar.setPanelText(u"nombre"_s, u"12 documents"_s);
+    EXPECT_TRUE(panel(u"nombre"_s)->isVisible());
+    bar.setPanelText(u"nombre"_s, QString());
+    EXPECT_FALSE(panel(u"nombre"_s)->isVisible());
+    bar.setPassing(u"nombre"_s, u"en passant"_s);
+    EXPECT_TRUE(panel(u"nombre"_s)->isVisible());
+}
+
+TEST_F(StatusBarTest, ATipTellsWhatATextIsUnlessTheTextIsCut) {
+    bar.setPanelTip(u"nombre"_s, u"Nombre de documents"_s);
+    bar.setPanelText(u"nombre"_s, u"12"_s);
+    EXPECT_EQ(line(u"nombre"_s)->toolTip(), u"Nombre de documents");
+    const QString title = QString(u"Un titre long "_s).repeated(40);
+    bar.setPanelTip(u"état"_s, u"Titre"_s);
+    bar.setPanelText(u"état"_s, title);
+    EXPECT_TRUE(line(u"état"_s)->toolTip().contains(u"Un titre long"));
+}
+
+TEST_F(StatusBarTest, ALeftPressOnAPanelIsToldByItsKey) {
+    const QSignalSpy pressed(&bar, &StatusBar::panelPressed);
+    bar.setPanelText(u"nombre"_s, u"100 %"_s);
+    QTest::mouseClick(line(u"nombre"_s), Qt::LeftButton);
+    ASSERT_EQ(pressed.count(), 1);
+    EXPECT_EQ(pressed.first().first().toString(), u"nombre");
+    QTest::mouseClick(line(u"nombre"_s), Qt::RightButton);
+    EXPECT_EQ(pressed.count(), 1);
+    EXPECT_TRUE(bar.window()->rect().contains(bar.panelPlace(u"nombre"_s)));
 }
 
 TEST_F(StatusBarTest, TextsOnSeveralLinesStandOnOne) {

@@ -118,7 +118,7 @@ TEST_F(ToolbarTest, PicturesOfAnUprightBarStandInOneColumn) {
     for (const int edge : {3, 4}) {
         bar->dock(frame, edge);
         EVENTUALLY(bar->orientation() == Qt::Vertical && bar->height() > bar->width());
-        EXPECT_EQ(picture(u"Précédent"_s).second, 20);
+        EXPECT_EQ(picture(u"Précédent"_s).second, 24);
         EXPECT_EQ(picture(u"Précédent"_s), picture(u"Imprimer"_s)) << edge;
     }
     bar->dock(frame, 1);

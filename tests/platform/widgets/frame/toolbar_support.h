@@ -23,7 +23,7 @@ protected:
         frame.resize(600, 400);
         bar->setImages([this](const QString& name) {
             asked.push_back(name);
-            QPixmap picture(20, 20);
+            QPixmap picture(24, 24);
             picture.fill(name == u"rouge" ? Qt::red : Qt::blue);
             return QIcon(picture);
         });

@@ -1,5 +1,7 @@
 #include "platform/widgets/look/framestyle.h"
+#include "platform/widgets/look/plaintext.h"
 #include "tests/platform/widgets/frame/toolbar_support.h"
+#include "tests/support/styleofprogram.h"
 
 #include <QAction>
 #include <QScreen>
@@ -185,16 +187,61 @@ TEST_F(ToolbarTest, ChoosingAnEntryTellsItsIndexAndKeyAndClicksNoButton) {
 
 TEST_F(ToolbarTest, LongEntriesAreElidedAndToldWhole) {
     ButtonMenus menus;
-    const QString title = u"Code de la consommation, article <L. 111-1> sur l’information précontractuelle"_s;
+    const QString title = u"Code de la consommation, article <L. 111-1> sur l’information précontractuelle"_s +
+                          QString(u" et ce qui la suit"_s).repeated(3);
     menus.add(1, QString(), title);
     menus.add(2, QString(), u"ligne\tune\nligne deux"_s);
     bar->setMenus(u"Précédent"_s, &menus);
     QMenu* menu = opened(u"Précédent"_s);
-    EXPECT_EQ(menu->actions().at(0)->text().size(), 60);
-    EXPECT_TRUE(menu->actions().at(0)->text().endsWith(u'\u2026'));
-    EXPECT_EQ(menu->actions().at(0)->toolTip(), title);
+    const QString shown = menu->actions().at(0)->text();
+    EXPECT_LT(shown.size(), title.size());
+    EXPECT_TRUE(shown.startsWith(title.left(20))) << shown.toStdString();
+    EXPECT_TRUE(shown.endsWith(title.right(20))) << shown.toStdString();
+    EXPECT_TRUE(shown.contains(u'\u2026')) << shown.toStdString();
+    EXPECT_EQ(menu->actions().at(0)->toolTip(), plainTip(title));
     EXPECT_EQ(menu->actions().at(1)->text(), u"ligne une ligne deux");
     menu->hide();
+}
+
+TEST_F(ToolbarTest, EntriesBearThePicturesThatTheirKeysName) {
+    ButtonMenus menus;
+    menus.add(1, u"Copier"_s, u"Un"_s);
+    menus.add(2, u"c2"_s, u"Deux"_s);
+    bar->setMenus(u"Précédent"_s, &menus);
+    QMenu* menu = opened(u"Précédent"_s);
+    EXPECT_TRUE(menu->actions().at(0)->icon().isNull());
+    menu->hide();
+    bar->setMenuImages([](const QString& key) { return key == u"Copier" ? key : QString(); });
+    menu = opened(u"Précédent"_s);
+    EXPECT_FALSE(menu->actions().at(0)->icon().isNull());
+    EXPECT_TRUE(menu->actions().at(1)->icon().isNull());
+    menu->hide();
+}
+
+TEST_F(ToolbarTest, AFaintButtonCanBePressedAndHasItsPictureBack) {
+    const auto picture = [this] { return bar->widget(u"Imprimer"_s)->icon().pixmap(QSize(24, 24), 1.0).toImage(); };
+    const QImage usual = picture();
+    bar->setButtonFaint(u"Imprimer"_s, true);
+    EXPECT_NE(picture(), usual);
+    EXPECT_TRUE(bar->isButtonEnabled(u"Imprimer"_s));
+    bar->setButtonFaint(u"Imprimer"_s, false);
+    EXPECT_EQ(picture(), usual);
+}
+
+TEST_F(ToolbarTest, ButtonsAreSquaresOf36PixelsAroundPicturesOf24) {
+    const test::StyleOfProgram style;
+    auto* shown = new Toolbar(&frame);
+    shown->addButton(u"un"_s, Toolbar::Kind::Plain, u"Copier"_s);
+    shown->addButton(u"trait"_s, Toolbar::Kind::Separator);
+    shown->addButton(u"deux"_s, Toolbar::Kind::DropDown, u"Suivant"_s);
+    for (const int edge : {1, 3}) {
+        shown->dock(frame, edge);
+        showFrame();
+        EXPECT_EQ(shown->iconSize(), QSize(24, 24));
+        EVENTUALLY(shown->widget(u"un"_s)->size() == QSize(36, 36));
+        EXPECT_EQ(shown->widget(u"deux"_s)->height(), 36) << edge;
+        EXPECT_GT(shown->widget(u"deux"_s)->width(), 36) << edge;
+    }
 }
 
 TEST_F(ToolbarTest, AllEntriesAreOfferedInOneColumnThatScrolls) {

@@ -1,9 +1,13 @@
 #include "platform/widgets/look/framestyle.h"
 #include "platform/widgets/look/look.h"
+#include "tests/support/contrast.h"
 
+#include <QListView>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QTextEdit>
 
 #include <gtest/gtest.h>
 
@@ -13,24 +17,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-double luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-/// The greatest contrast of a picture's pixels against its corner.
+/// Of all pixels against the corner.
 double contrast(const QImage& picture) {
-    const double ground = luminance(picture.pixelColor(0, 0));
-    double most = 1;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const double ink = luminance(picture.pixelColor(x, y));
-            most = std::max(most, (std::max(ink, ground) + 0.05) / (std::min(ink, ground) + 0.05));
-        }
-    }
-    return most;
+    return test::contrast(picture, picture.pixelColor(0, 0));
 }
 
 /// A title bar as child windows have it.
@@ -89,6 +78,59 @@ TEST_P(FrameStyleTest, TheLinesBetweenMenuEntriesAreSeen) {
     style.drawControl(QStyle::CE_MenuItem, &option, &painter);
     painter.end();
     EXPECT_GE(contrast(picture), 1.3);
+}
+
+TEST_P(FrameStyleTest, WordsOfButtonsHaveRoomAndFieldsAreAsHighAsButtons) {
+    QStyleOptionButton button;
+    button.text = u"Tout désélectionner"_s;
+    const auto size = [this](QStyle::ContentsType type, const QStyleOption& option, const QSize& contents) {
+        return style.sizeFromContents(type, &option, contents, nullptr);
+    };
+    EXPECT_EQ(size(QStyle::CT_PushButton, button, {120, 16}), QSize(144, 28));
+    EXPECT_EQ(size(QStyle::CT_PushButton, button, {20, 16}), QSize(80, 28)) << "OK";
+    EXPECT_EQ(size(QStyle::CT_PushButton, button, {120, 30}), QSize(144, 40)) << "large type";
+    button.text.clear();
+    EXPECT_EQ(size(QStyle::CT_PushButton, button, {16, 16}).width(), 40) << "a picture";
+    EXPECT_EQ(size(QStyle::CT_LineEdit, QStyleOptionFrame(), {100, 16}).height(), 28);
+    EXPECT_EQ(size(QStyle::CT_ComboBox, QStyleOptionComboBox(), {100, 16}).height(), 28);
+    EXPECT_EQ(size(QStyle::CT_LineEdit, QStyleOptionFrame(), {100, 32}).height(), 40);
+    QStyleOptionMenuItem entry;
+    entry.text = u"Quitter"_s;
+    EXPECT_GE(size(QStyle::CT_MenuItem, entry, {100, 16}).height(), 26);
+}
+
+TEST_P(FrameStyleTest, AScrollBarIsAllGrooveAndItsThumbCanBeCaught) {
+    QStyleOptionSlider bar;
+    bar.rect = QRect(0, 0, 12, 200);
+    bar.orientation = Qt::Vertical;
+    bar.maximum = 100'000'000;
+    bar.pageStep = 10;
+    bar.sliderPosition = 50'000'000;
+    const auto part = [&](QStyle::SubControl control) {
+        return style.subControlRect(QStyle::CC_ScrollBar, &bar, control);
+    };
+    EXPECT_EQ(part(QStyle::SC_ScrollBarGroove), bar.rect);
+    EXPECT_TRUE(part(QStyle::SC_ScrollBarAddLine).isEmpty());
+    EXPECT_TRUE(part(QStyle::SC_ScrollBarSubLine).isEmpty());
+    EXPECT_EQ(part(QStyle::SC_ScrollBarSlider), QRect(0, 86, 12, 28));
+    EXPECT_EQ(part(QStyle::SC_ScrollBarSubPage), QRect(0, 0, 12, 86));
+    EXPECT_EQ(part(QStyle::SC_ScrollBarAddPage), QRect(0, 114, 12, 86));
+    bar.maximum = 30;
+    bar.sliderPosition = 30;
+    EXPECT_EQ(part(QStyle::SC_ScrollBarSlider), QRect(0, 150, 12, 50)) << "as much of it as is seen";
+    bar.rect = QRect(7, 0, 12, 20);
+    EXPECT_EQ(part(QStyle::SC_ScrollBarSlider), bar.rect) << "no longer than the bar";
+}
+
+TEST_P(FrameStyleTest, TheBarsOfAListStandOnTheListsGround) {
+    QListView list;
+    QTextEdit text;
+    for (QAbstractScrollArea* area : std::initializer_list<QAbstractScrollArea*>{&list, &text}) {
+        style.polish(area->verticalScrollBar());
+        EXPECT_FALSE(area->verticalScrollBar()->testAttribute(Qt::WA_OpaquePaintEvent));
+        EXPECT_EQ(area->verticalScrollBar()->backgroundRole() == QPalette::Base, area == &list);
+    }
+    EXPECT_EQ(style.pixelMetric(QStyle::PM_ScrollBarExtent), 12);
 }
 
 INSTANTIATE_TEST_SUITE_P(Themes, FrameStyleTest, testing::Values(look::Theme::Light, look::Theme::Dark));

@@ -1,23 +1,13 @@
 #include "platform/widgets/look/look.h"
+#include "tests/support/contrast.h"
 
 #include <gtest/gtest.h>
 #include <set>
 
 namespace velm {
 
-namespace {
-
-double luminance(const QColor& colour) {
-    const auto linear = [](double c) { return c <= 0.04045 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b) {
-    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
-    return (high + 0.05) / (low + 0.05);
-}
-
-} // namespace
+using test::contrast;
+using test::luminance;
 
 TEST(Look, TextContrastsWithItsGround) {
     for (const auto theme : {look::Theme::Light, look::Theme::Dark}) {
@@ -42,6 +32,36 @@ TEST(Look, WhatLiesOnTheSheetContrastsWithIt) {
             EXPECT_GT(contrast(sheet.link, paper), 4.5);
         }
     }
+}
+
+TEST(Look, WhatWasFoundCanBeReadAndSeen) {
+    const auto multiplied = [](const QColor& a, const QColor& b) {
+        return QColor::fromRgbF(a.redF() * b.redF(), a.greenF() * b.greenF(), a.blueF() * b.blueF());
+    };
+    for (const auto theme : {look::Theme::Light, look::Theme::Dark}) {
+        for (const QColor& paper : {QColor(Qt::white), look::softPaper(Qt::white), QColor(255, 255, 192)}) {
+            const look::Sheet sheet = look::sheet(paper, look::palette(theme));
+            EXPECT_GT(contrast(sheet.link, paper), 4.5);
+            for (const QColor& ground : {sheet.found, sheet.foundCurrent}) {
+                EXPECT_GT(contrast(multiplied(sheet.ink, ground), multiplied(paper, ground)), 4.5);
+                EXPECT_GT(contrast(multiplied(sheet.link, ground), multiplied(paper, ground)), 4.5);
+            }
+            EXPECT_GT(contrast(sheet.foundRing, paper), 3);
+            EXPECT_GT(contrast(sheet.foundRing, multiplied(paper, sheet.foundCurrent)), 3);
+            EXPECT_GT(contrast(look::foundTick(paper, false), paper), 3);
+            EXPECT_GT(contrast(look::foundTick(paper, true), paper), 3);
+            EXPECT_GT(contrast(look::foundTick(sheet.surface, false), sheet.surface), 3);
+            EXPECT_GT(contrast(look::foundTick(sheet.surface, true), sheet.surface), 3);
+        }
+    }
+}
+
+TEST(Look, ASoftPaperIsGreyerAndDarkPaperStays) {
+    EXPECT_EQ(look::softPaper(Qt::white), QColor(0xE8, 0xEA, 0xED));
+    const QColor yellow = look::softPaper(QColor(255, 255, 192));
+    EXPECT_EQ(yellow.red(), 0xE8);
+    EXPECT_LT(yellow.blue(), 192);
+    EXPECT_EQ(look::softPaper(QColor(20, 20, 30)), QColor(20, 20, 30));
 }
 
 TEST(Look, TheCollectionsHuesDifferAndWeighTheSame) {
