@@ -102,10 +102,6 @@ void FlexGrid::setColAlignment(int col, Align align) {
     d_->columns.setAlignment(col, align);
 }
 
-void FlexGrid::setHeaderAlignment(int col, Align align) {
-    d_->columns.setHeaderAlignment(col, align);
-}
-
 void FlexGrid::setColData(int col, int number) {
     d_->columns.setData(col, number);
 }
@@ -118,12 +114,28 @@ void FlexGrid::setColPosition(int col, int place) {
     d_->columns.move(col, place);
 }
 
+void FlexGrid::setColPicture(int col, Picture picture) {
+    d_->columns.setPicture(col, std::move(picture));
+}
+
 void FlexGrid::setColumnsMovable(bool movable) {
     d_->view->header().setSectionsMovable(movable);
 }
 
 void FlexGrid::setStretchCol(int col) {
     d_->columns.setStretched(col);
+}
+
+void FlexGrid::setColWeight(int col, int weight) {
+    d_->columns.setWeight(col, weight);
+}
+
+void FlexGrid::setColHeld(int col, bool held) {
+    d_->columns.setHeld(col, held);
+}
+
+void FlexGrid::setNarrowBelow(int pixels) {
+    d_->columns.setNarrowBelow(pixels);
 }
 
 void FlexGrid::setHeader(int col, const QString& text) {
@@ -138,8 +150,12 @@ QString FlexGrid::headerCell(int col) const {
     return d_->columns.headerCell(col);
 }
 
-void FlexGrid::setHeaderFontSize(int points) {
-    d_->view->header().setPoints(points);
+void FlexGrid::setEmptyText(const QString& text) {
+    d_->view->setEmptyText(text);
+}
+
+QString FlexGrid::emptyText() const {
+    return d_->view->emptyText();
 }
 
 FlexGrid::Mark FlexGrid::sortMark(int col) const {

@@ -13,9 +13,11 @@
 // of them selected.
 #include "platform/controls/gridsource.h"
 
+#include <QIcon>
 #include <QStringList>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class QTableView;
@@ -34,6 +36,7 @@ public:
 
     enum class Align { Left, Centre, Right };
     enum class Mark { None, Ascending, Descending };
+    using Picture = std::function<QIcon(const QString& text)>;
 
     // ---- columns
     void setCols(int count);
@@ -42,22 +45,33 @@ public:
     void setColWidth(int col, int twips);
     int colWidth(int col) const;
     void setColAlignment(int col, Align align); ///< of the cells and of the header
-    void setHeaderAlignment(int col, Align align);
     /// A number that the owner keeps with a column; it moves with it.
     void setColData(int col, int number);
     int colData(int col) const;
     /// Moves a column to another place.
     void setColPosition(int col, int place);
+    /// Cells of the column are painted as pictures: `picture` is asked with the text of each cell that is seen, and
+    /// must be quick; where it gives none, and without it, the text is painted. Sort, clip, merging, look-up and tool
+    /// tips know the text alone.
+    void setColPicture(int col, Picture picture);
     /// Lets the user drag columns by their header cells.
     void setColumnsMovable(bool movable);
     /// One column takes the width that the others leave; -1 for none.
     void setStretchCol(int col);
+    /// Columns with a weight above 0 share, by their weights, what the others leave of the list's width: whatever their
+    /// own, which colWidth() goes on to give. A held one keeps its own; the user's hand on a column's edge holds it.
+    void setColWeight(int col, int weight);
+    void setColHeld(int col, bool held);
+    /// In a list narrower than this (0: never) the heaviest column stands alone, over the whole width, and the texts of
+    /// the others with a weight under its own in a quiet second line. Cells are not merged then.
+    void setNarrowBelow(int pixels);
     void setHeader(int col, const QString& text); ///< a sort mark at its end is left out
     QString header(int col) const;                ///< without its sort mark
     /// As it stands in the cell: the header, then ">" for the column sorted ascending, "<" descending.
     QString headerCell(int col) const;
-    /// Type of the header row, in points (at most 1.2 times the grid's own is used).
-    void setHeaderFontSize(int points);
+    /// What stands in the place of the rows while there are none.
+    void setEmptyText(const QString& text);
+    QString emptyText() const;
 
     // ---- rows. Counts include row 0: an empty grid has one row. Rows of a source are neither added, removed nor
     // changed.

@@ -11,7 +11,7 @@ namespace {
 /// The colours of a list with or without the focus.
 struct Tones {
     explicit Tones(const QWidget& view)
-        : palette(view.hasFocus() ? view.palette() : gridlook::unfocused(view.palette())),
+        : focused(view.hasFocus()), palette(focused ? view.palette() : gridlook::unfocused(view.palette())),
           group(!view.isEnabled()       ? QPalette::Disabled
                 : view.isActiveWindow() ? QPalette::Active
                                         : QPalette::Inactive) {}
@@ -19,8 +19,12 @@ struct Tones {
     QColor text(bool selected) const {
         return palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text);
     }
+    QColor quiet(bool selected) const {
+        return selected ? text(true) : palette.color(group, QPalette::PlaceholderText);
+    }
     QColor line() const { return gridlook::hairline(palette); }
 
+    bool focused;
     QPalette palette;
     QPalette::ColorGroup group;
 };
@@ -28,6 +32,8 @@ struct Tones {
 void paintGround(QPainter& painter, const QRect& rect, const Tones& tones, bool selected, bool line) {
     if (selected) {
         painter.fillRect(rect, tones.ground());
+        if (!tones.focused)
+            gridlook::paintUnfocused(painter, rect, tones.palette);
     } else if (line) {
         painter.setPen(QPen(tones.line(), 0));
         painter.drawLine(rect.bottomLeft(), rect.bottomRight());
@@ -46,16 +52,51 @@ void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, con
     paintGround(*painter, option.rect, tones, selected, !view_.joinsAbove(row + 1, place));
     if (!view_.showsText(row, place))
         return;
-    const QString text = index.data().toString();
-    if (text.isEmpty())
-        return;
     painter->setFont(option.font);
+    QRect rect = gridlook::textRect(option.rect);
+    if (!view_.secondLine().empty()) {
+        const int height = option.fontMetrics.height();
+        rect = QRect(rect.left(), rect.top() + (rect.height() - 2 * height) / 2, rect.width(), height);
+        painter->setPen(tones.quiet(selected));
+        paintSecondLine(*painter, rect.translated(0, height), row);
+    }
+    const QString text = index.data().toString();
+    if (text.isEmpty() || paintPicture(*painter, option, index.column(), text, selected))
+        return;
     painter->setPen(tones.text(selected));
-    const QFontMetrics& metrics = option.fontMetrics;
-    const QRect rect = gridlook::textRect(option.rect);
     // Titles that share their beginning ("Code de commerce, art. …") are told apart by their end.
     painter->drawText(rect, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine,
-                      metrics.elidedText(text, Qt::ElideMiddle, rect.width()));
+                      option.fontMetrics.elidedText(text, Qt::ElideMiddle, rect.width()));
+}
+
+/// The texts of a row that stand in no column, one behind the other.
+void GridCells::paintSecondLine(QPainter& painter, const QRect& rect, int row) const {
+    constexpr int gap = 2 * gridlook::padding;
+    const QFontMetrics metrics = painter.fontMetrics();
+    QRect rest = rect;
+    for (const int column : view_.secondLine()) {
+        const QString text = view_.rows().text(row, column);
+        if (text.isEmpty() || rest.width() <= 0)
+            continue;
+        painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                         metrics.elidedText(text, Qt::ElideRight, rest.width()));
+        rest.setLeft(rest.left() + metrics.horizontalAdvance(text) + gap);
+    }
+}
+
+bool GridCells::paintPicture(QPainter& painter, const QStyleOptionViewItem& option, int column, const QString& text,
+                             bool selected) const {
+    const FlexGrid::Picture& picture = view_.rows().column(column).picture;
+    const QIcon icon = picture ? picture(text) : QIcon();
+    if (icon.isNull())
+        return false;
+    // On a grey selection the picture keeps its colours, as the text does.
+    const bool light = selected && view_.hasFocus();
+    const int edge = std::min(gridlook::iconEdge(option.fontMetrics), option.rect.width());
+    QRect place(0, 0, edge, edge);
+    place.moveCenter(option.rect.center());
+    icon.paint(&painter, place, Qt::AlignCenter, light ? QIcon::Selected : QIcon::Normal);
+    return true;
 }
 
 QSize GridCells::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {

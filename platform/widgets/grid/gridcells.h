@@ -18,6 +18,10 @@ public:
     void paintBeside(int left, int first, int behind) const;
 
 private:
+    void paintSecondLine(QPainter& painter, const QRect& rect, int row) const;
+    bool paintPicture(QPainter& painter, const QStyleOptionViewItem& option, int column, const QString& text,
+                      bool selected) const;
+
     GridView& view_;
 };
 

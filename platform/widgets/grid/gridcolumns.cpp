@@ -1,6 +1,8 @@
 #include "platform/widgets/grid/gridcolumns.h"
 
 #include "platform/base/twips.h"
+#include "platform/widgets/grid/gridlook.h"
+#include "platform/widgets/grid/gridshares.h"
 
 #include <QScopedValueRollback>
 
@@ -28,10 +30,11 @@ GridColumns::GridColumns(GridModel& model, GridView& view) : model_(model), view
         if (!arranging_ && onMoved)
             onMoved(from, to);
     });
-    QObject::connect(header, &QHeaderView::sectionResized, header, [this](int resized, int, int size) {
-        if (!arranging_ && resized != stretched_ && size > 0)
-            model_.column(resized).twips = twipsFromPixels(size);
+    QObject::connect(header, &QHeaderView::sectionResized, header, [this](int column, int, int size) {
+        if (!arranging_ && column != stretched_ && column != alone_ && size > 0)
+            resized(column, size);
     });
+    view_.onResized = [this] { arrange(); };
 }
 
 std::vector<int> GridColumns::order() const {
@@ -46,23 +49,111 @@ bool GridColumns::isStretched(int column) const {
     return stretched_ == column && !header.isSectionHidden(column) && header.sectionSize(column) > 0;
 }
 
+bool GridColumns::isShared(int column) const {
+    const GridModel::Column& one = std::as_const(model_).column(column);
+    return one.weight > 0 && !one.held && one.twips > 0 && column != stretched_;
+}
+
+/// The column of the greatest weight, of several the first one as they stand; -1 for none.
+int GridColumns::heaviest() const {
+    int found = -1;
+    for (const int one : order()) {
+        const GridModel::Column& column = std::as_const(model_).column(one);
+        const int heaviest = found < 0 ? 0 : std::as_const(model_).column(found).weight;
+        if (column.twips > 0 && column.weight > heaviest)
+            found = one;
+    }
+    return found;
+}
+
 void GridColumns::show(int column) {
     const QScopedValueRollback guard(arranging_, true);
     GridHeader& header = view_.header();
     const int twips = model_.column(column).twips;
-    header.setSectionResizeMode(column, column == stretched_ ? QHeaderView::Stretch : QHeaderView::Interactive);
-    header.setSectionHidden(column, twips <= 0);
-    if (twips > 0 && column != stretched_)
+    const bool filling = column == stretched_ || column == alone_;
+    header.setSectionResizeMode(column, filling ? QHeaderView::Stretch : QHeaderView::Interactive);
+    header.setSectionHidden(column, twips <= 0 || (alone_ >= 0 && column != alone_));
+    if (twips > 0 && !filling && !isShared(column))
         header.resizeSection(column, std::max(1, pixelsFromTwips(twips)));
 }
 
 void GridColumns::showAll() {
     const QScopedValueRollback guard(arranging_, true);
     GridHeader& header = view_.header();
-    for (int column = 0; column < count(); ++column) {
+    for (int column = 0; column < count(); ++column)
         header.moveSection(header.visualIndex(column), column);
+    alone_ = -1;
+    for (int column = 0; column < count(); ++column)
         show(column);
+    arrange();
+}
+
+/// Everything as the list's width wants it.
+void GridColumns::arrange() {
+    const QScopedValueRollback guard(arranging_, true);
+    const int alone = view_.width() < narrowBelow_ ? heaviest() : -1;
+    std::vector<int> below;
+    for (const int column : order()) {
+        if (alone >= 0 && column != alone && model_.column(column).weight > 0)
+            below.push_back(column);
     }
+    view_.setSecondLine(std::move(below));
+    if (std::exchange(alone_, alone) != alone) {
+        for (int column = 0; column < count(); ++column)
+            show(column);
+    }
+    if (alone_ < 0)
+        share(0);
+}
+
+/// Gives the columns from a place on that share what the others leave.
+void GridColumns::share(int fromPlace) {
+    constexpr int least = 6 * gridlook::padding;
+    const QScopedValueRollback guard(arranging_, true);
+    GridHeader& header = view_.header();
+    std::vector<GridShare> shares;
+    std::vector<int> columns;
+    int room = view_.viewport()->width();
+    for (int place = 0; place < count(); ++place) {
+        const int column = logical(place);
+        if (place >= fromPlace && isShared(column)) {
+            shares.push_back({model_.column(column).weight, least});
+            columns.push_back(column);
+        } else {
+            room -= header.sectionSize(column);
+        }
+    }
+    const std::vector<int> widths = sharedWidths(room, shares);
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        header.resizeSection(columns[i], widths[i]);
+}
+
+/// The user has the edge of a column in hand: those left of it stay where they are meanwhile.
+void GridColumns::resized(int column, int size) {
+    model_.column(column).twips = twipsFromPixels(size);
+    model_.column(column).held = true;
+    share(view_.placeOf(column) + 1);
+}
+
+void GridColumns::setNarrowBelow(int pixels) {
+    narrowBelow_ = pixels;
+    arrange();
+}
+
+void GridColumns::setWeight(int place, int weight) {
+    if (!has(place))
+        return;
+    column(place).weight = std::max(weight, 0);
+    show(logical(place));
+    arrange();
+}
+
+void GridColumns::setHeld(int place, bool held) {
+    if (!has(place))
+        return;
+    column(place).held = held;
+    show(logical(place));
+    arrange();
 }
 
 void GridColumns::setCount(int wanted) {
@@ -82,6 +173,7 @@ void GridColumns::setWidth(int place, int twips) {
         return;
     column(place).twips = std::max(twips, 0);
     show(logical(place));
+    arrange();
 }
 
 int GridColumns::width(int place) const {
@@ -98,6 +190,7 @@ void GridColumns::setStretched(int place) {
         if (changed >= 0)
             show(changed);
     }
+    arrange();
 }
 
 void GridColumns::move(int place, int to) {
@@ -105,21 +198,22 @@ void GridColumns::move(int place, int to) {
         return;
     const QScopedValueRollback guard(arranging_, true);
     view_.header().moveSection(place, to);
+    arrange();
 }
 
 void GridColumns::setAlignment(int place, Align align) {
     if (!has(place))
         return;
     column(place).align = align;
-    setHeaderAlignment(place, align);
+    model_.headerChanged(logical(place));
     view_.viewport()->update();
 }
 
-void GridColumns::setHeaderAlignment(int place, Align align) {
+void GridColumns::setPicture(int place, FlexGrid::Picture picture) {
     if (!has(place))
         return;
-    column(place).headerAlign = align;
-    model_.headerChanged(logical(place));
+    column(place).picture = std::move(picture);
+    view_.viewport()->update();
 }
 
 void GridColumns::setData(int place, int number) {
@@ -147,6 +241,7 @@ void GridColumns::setMark(int place, Mark wanted) {
         return;
     column(place).mark = wanted;
     model_.headerChanged(logical(place));
+    view_.sortingChanged();
 }
 
 FlexGrid::Mark GridColumns::mark(int place) const {
@@ -156,7 +251,7 @@ FlexGrid::Mark GridColumns::mark(int place) const {
 void GridColumns::setHeaderCell(int place, const QString& text) {
     if (!has(place))
         return;
-    column(place).mark = markOf(text);
+    setMark(place, markOf(text));
     setHeader(place, text);
 }
 

@@ -23,9 +23,13 @@ public:
     bool has(int place) const { return place >= 0 && place < count(); }
     /// Those of the model, as they stand.
     std::vector<int> order() const;
-    bool isHidden(int place) const { return view_.header().isSectionHidden(view_.logicalAt(place)); }
+    /// By its own width: in a narrow list others are not seen either.
+    bool isHidden(int place) const { return column(place).twips <= 0; }
     /// New ones are empty, at the right; the others keep what they have.
     void setCount(int count);
+
+    /// See FlexGrid::setNarrowBelow().
+    void setNarrowBelow(int pixels);
 
     // ---- by place; one that there is not has nothing and takes nothing
     /// Twips; 0 hides.
@@ -33,9 +37,11 @@ public:
     int width(int place) const;
     /// Takes the width that the others leave; -1 for none.
     void setStretched(int place);
+    void setWeight(int place, int weight);
+    void setHeld(int place, bool held);
     void move(int place, int to);
     void setAlignment(int place, Align align); ///< of the cells and of the header
-    void setHeaderAlignment(int place, Align align);
+    void setPicture(int place, FlexGrid::Picture picture);
     void setData(int place, int number);
     int data(int place) const;
     void setHeader(int place, const QString& text); ///< a mark at its end is left out
@@ -51,12 +57,19 @@ private:
     GridModel::Column& column(int place) { return model_.column(logical(place)); }
     const GridModel::Column& column(int place) const { return std::as_const(model_).column(logical(place)); }
     bool isStretched(int column) const;
+    bool isShared(int column) const;
+    int heaviest() const;
     void show(int column);
     void showAll();
+    void arrange();
+    void share(int fromPlace);
+    void resized(int column, int size);
 
     GridModel& model_;
     GridView& view_;
-    int stretched_ = -1;     ///< column of the model
+    int stretched_ = -1; ///< column of the model
+    int narrowBelow_ = 0;
+    int alone_ = -1;         ///< the one column that a narrow list shows
     bool arranging_ = false; ///< the program, not the user, changes the header
 };
 

@@ -11,7 +11,6 @@
 namespace velm {
 namespace {
 
-constexpr double largest = 1.2; ///< a heading against the text below it
 constexpr int arrowWidth = gridlook::chevronWidth;
 constexpr int arrowGap = 6;
 
@@ -42,17 +41,8 @@ GridHeader::GridHeader(const GridModel& model, QWidget* parent) : QHeaderView(Qt
     });
 }
 
-void GridHeader::setPoints(int points) {
-    points_ = points;
-    updateGeometry();
-    viewport()->update();
-}
-
 QFont GridHeader::textFont() const {
     QFont text = font();
-    const double own = QFontInfo(text).pointSizeF();
-    if (points_ > 0)
-        text.setPointSizeF(std::min<double>(points_, own * largest));
     text.setWeight(QFont::DemiBold);
     return text;
 }
@@ -73,14 +63,11 @@ GridHeader::Parts GridHeader::partsOf(const QRect& rect, int logicalIndex) const
     parts.text = metrics.elidedText(column.header, Qt::ElideRight, room);
     const int width = std::min(metrics.horizontalAdvance(parts.text), room);
     const int free = room - width;
-    const int left = column.headerAlign == FlexGrid::Align::Left     ? inner.left()
-                     : column.headerAlign == FlexGrid::Align::Centre ? inner.left() + free / 2
-                                                                     : inner.left() + free + beside;
+    const int left = column.align == FlexGrid::Align::Left     ? inner.left()
+                     : column.align == FlexGrid::Align::Centre ? inner.left() + free / 2
+                                                               : inner.left() + free;
     parts.textRect = QRect(left, rect.top(), width + 1, rect.height());
-    // Beside the text, on the side where it does not disturb the edge that the column is aligned to.
-    const double arrowCentre = arrowWidth / 2.0 + (width > 0 ? arrowGap : 0);
-    const double x = column.headerAlign == FlexGrid::Align::Right ? left - arrowCentre : left + width + arrowCentre;
-    parts.arrow = QPointF(x, rect.center().y() + 0.5);
+    parts.arrow = QPointF(inner.right() + 1 - arrowWidth / 2.0, rect.center().y() + 0.5);
     return parts;
 }
 
@@ -91,7 +78,7 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int logicalI
     painter->fillRect(rect, colours.color(QPalette::Window));
     const Parts parts = partsOf(rect, logicalIndex);
     painter->setFont(textFont());
-    painter->setPen(colours.color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    painter->setPen(colours.color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::PlaceholderText));
     painter->drawText(parts.textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, parts.text);
     const FlexGrid::Mark mark = model_.column(logicalIndex).mark;
     if (mark != FlexGrid::Mark::None)

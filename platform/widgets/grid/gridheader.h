@@ -1,5 +1,6 @@
 #pragma once
-// The header row of a grid: quiet, semi-bold, with a small arrow at the sorted column.
+// The header row of a grid: quiet, semi-bold, on the edge of the cells below, with a small arrow at the right of the
+// sorted column.
 #include <QHeaderView>
 
 #include <functional>
@@ -17,8 +18,6 @@ public:
     std::function<void(int place)> onDoubleClicked;
     std::function<void(int place, const QPoint& global)> onRightClicked;
 
-    /// Text size in points, 0 for that of the grid.
-    void setPoints(int points);
     QFont textFont() const;
     QSize sizeHint() const override;
 
@@ -35,7 +34,6 @@ private:
     Parts partsOf(const QRect& rect, int logicalIndex) const;
 
     const GridModel& model_;
-    int points_ = 0;
 };
 
 } // namespace velm

@@ -11,17 +11,8 @@
 
 namespace velm::gridlook {
 
-namespace {
-
-QColor mixed(const QColor& a, const QColor& b, double part) {
-    const auto mix = [part](int x, int y) { return qRound(x + (y - x) * part); };
-    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
-}
-
-} // namespace
-
-int rowHeight(const QFontMetrics& metrics) {
-    const int height = metrics.height() + 2 * look::grid + 1;
+int rowHeight(const QFontMetrics& metrics, int lines) {
+    const int height = lines * metrics.height() + 2 * look::grid + 1;
     return height + height % 2;
 }
 
@@ -31,14 +22,20 @@ int iconEdge(const QFontMetrics& metrics) {
 }
 
 QColor hairline(const QPalette& palette) {
-    return mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.10);
+    return look::mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.10);
 }
 
 QPalette unfocused(const QPalette& palette) {
     QPalette quiet = palette;
-    quiet.setColor(QPalette::Highlight, mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.15));
+    quiet.setColor(QPalette::Highlight,
+                   look::mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.15));
     quiet.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
     return quiet;
+}
+
+void paintUnfocused(QPainter& painter, const QRect& row, const QPalette& palette) {
+    painter.fillRect(row.left(), row.top(), row.width(), 1, look::edge(palette));
+    painter.fillRect(row.left(), row.bottom(), row.width(), 1, look::edge(palette));
 }
 
 QRect textRect(const QRect& cell) {

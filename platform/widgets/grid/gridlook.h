@@ -13,14 +13,16 @@ namespace velm::gridlook {
 inline constexpr int padding = 8;       ///< beside the text of a cell
 inline constexpr int narrowPadding = 3; ///< in columns of a letter or two
 
-/// One line of text with air around it: 24 pixels at the usual size.
-int rowHeight(const QFontMetrics& metrics);
+/// Lines of text with air around them: 24 pixels for one at the usual size.
+int rowHeight(const QFontMetrics& metrics, int lines = 1);
 /// Edge of a picture beside such a text.
 int iconEdge(const QFontMetrics& metrics);
 /// A line that parts rows without being noticed.
 QColor hairline(const QPalette& palette);
 /// The palette of a list without focus: its selection is grey.
 QPalette unfocused(const QPalette& palette);
+/// The edges of a selected row, or of a stretch of it, over the grey that alone would not tell it from the others.
+void paintUnfocused(QPainter& painter, const QRect& row, const QPalette& palette);
 
 /// Where the text of a cell may stand in it.
 QRect textRect(const QRect& cell);

@@ -42,7 +42,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (role == Qt::DisplayRole || role == Qt::AccessibleTextRole)
         return column(section).header;
     if (role == Qt::TextAlignmentRole)
-        return alignmentOf(column(section).headerAlign);
+        return alignmentOf(column(section).align);
     return {};
 }
 

@@ -14,10 +14,12 @@ public:
     struct Column {
         QString header;
         FlexGrid::Align align = FlexGrid::Align::Left;
-        FlexGrid::Align headerAlign = FlexGrid::Align::Left;
         FlexGrid::Mark mark = FlexGrid::Mark::None;
+        FlexGrid::Picture picture;
         int data = 0;
         int twips = 960;
+        int weight = 0;    ///< its share of the free width; 0 for none
+        bool held = false; ///< keeps its own width all the same
     };
 
     using QAbstractTableModel::QAbstractTableModel;

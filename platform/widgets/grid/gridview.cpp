@@ -7,6 +7,7 @@
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
@@ -37,11 +38,31 @@ GridView::GridView(GridModel& model, QWidget* parent)
 }
 
 void GridView::takeFont() {
-    const int height = gridlook::rowHeight(fontMetrics());
+    const int height = gridlook::rowHeight(fontMetrics(), secondLine_.empty() ? 1 : 2);
     verticalHeader()->setMinimumSectionSize(height);
     verticalHeader()->setDefaultSectionSize(height);
     header_->setFont(font());
     updateGeometries();
+}
+
+void GridView::setSecondLine(std::vector<int> columns) {
+    const bool taller = columns.empty() != secondLine_.empty();
+    if (!taller && columns == secondLine_)
+        return;
+    const bool seen = end_ >= topRow() && end_ < topRow() + pageRows();
+    secondLine_ = std::move(columns);
+    viewport()->update();
+    if (!taller)
+        return;
+    takeFont();
+    setMerging(merging_);
+    if (seen && isVisible())
+        revealEnd();
+}
+
+void GridView::setEmptyText(const QString& text) {
+    emptyText_ = text;
+    viewport()->update();
 }
 
 // ---- selection
@@ -137,8 +158,14 @@ void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
 // ---- merging
 
 void GridView::setMerging(bool merging) {
-    merged_.setOn(merging);
+    merging_ = merging;
+    merged_.setOn(merging && secondLine_.empty());
     viewport()->update();
+}
+
+void GridView::sortingChanged() {
+    if (merging_)
+        viewport()->update();
 }
 
 QRect GridView::cellRect(int row, int place) const {
@@ -151,6 +178,23 @@ void GridView::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
     merged_.forget();
     cells_->paintBeside(header_->length() - header_->offset(), topRow(), std::min(shown + 1, model_.rowCount()));
+    if (model_.rowCount() == 0 && !emptyText_.isEmpty())
+        paintEmpty();
+}
+
+/// In the place of the first row, as its cells stand.
+void GridView::paintEmpty() {
+    const int above = (verticalHeader()->defaultSectionSize() - fontMetrics().height()) / 2;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(gridlook::padding, above, -gridlook::padding, 0),
+                     Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, emptyText_);
+}
+
+void GridView::resizeEvent(QResizeEvent* event) {
+    if (onResized)
+        onResized();
+    QTableView::resizeEvent(event);
 }
 
 void GridView::scrollContentsBy(int dx, int dy) {

@@ -25,13 +25,20 @@ public:
     std::function<void(int row)> onActivated;
     std::function<void()> onDelete;
     std::function<void()> onCopy;
+    std::function<void()> onResized; ///< before the rows are laid out
 
     GridHeader& header() const { return *header_; }
+    const GridModel& rows() const { return model_; }
     int placeOf(int logical) const { return header_->visualIndex(logical); }
     int logicalAt(int place) const { return header_->logicalIndex(place); }
     int placeAt(int x) const { return header_->visualIndexAt(x); }
     /// Row height and header font follow the view's font.
     void takeFont();
+    /// Rows of two lines: under the text of the one column that is seen those of these columns. None: of one line.
+    void setSecondLine(std::vector<int> columns);
+    const std::vector<int>& secondLine() const { return secondLine_; }
+    void setEmptyText(const QString& text);
+    const QString& emptyText() const { return emptyText_; }
 
     // ---- selection
     int anchor() const { return anchor_; }
@@ -55,15 +62,21 @@ public:
 
     // ---- merging
     void setMerging(bool merging);
-    bool merging() const { return merged_.isOn(); }
+    bool merging() const { return merging_; }
     /// Whether a cell is shown as one with the cell above it.
-    bool joinsAbove(int row, int place) const { return place < merged_.joined(row); }
+    bool joinsAbove(int row, int place) const {
+        const int joined = merged_.joined(row);
+        return joined > 0 && merged_.rank(place) < joined;
+    }
+    /// Another column bears the sort mark, or none.
+    void sortingChanged();
     /// Whether a cell is the first one of its merged group that can be seen: the one that shows the text.
     bool showsText(int row, int place) const { return row == topRow() || !joinsAbove(row, place); }
     QRect cellRect(int row, int place) const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
@@ -84,6 +97,7 @@ private:
     void moveTo(int row, bool extend);
     void adoptSelection();
     void revealEnd();
+    void paintEmpty();
 
     GridModel& model_;
     GridHeader* header_;
@@ -91,6 +105,9 @@ private:
     MergedCells merged_;
     GridMouse mouse_;
     RowLookUp lookUp_;
+    std::vector<int> secondLine_;
+    QString emptyText_;
+    bool merging_ = false;
     int anchor_ = -1;
     int end_ = -1;
     bool syncing_ = false;

@@ -4,10 +4,11 @@
 #include "platform/widgets/tree/rowdelegate.h"
 #include "platform/widgets/tree/treeviewmodel.h"
 
-#include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <unordered_set>
@@ -15,8 +16,9 @@
 namespace velm {
 namespace {
 
-/// What a text deep in the tree keeps of the width, in average characters.
-constexpr int leastCharacters = 14;
+/// What a text deep in the tree keeps of the width, in average characters, as long as a step is no smaller than this.
+constexpr int leastCharacters = 24;
+constexpr int leastStep = look::grid;
 
 } // namespace
 
@@ -30,8 +32,8 @@ public:
         owed.clear();
         seen.clear();
         deepest = 0;
-        view.header()->setMinimumSectionSize(-1);
         model.reset();
+        view.indent();
     }
     void nodesAdded(int first) override {
         const QScopedValueRollback guard(program, true);
@@ -104,7 +106,8 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent), watch_(std::make_unique
     setUniformRowHeights(true);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
-    setTextElideMode(Qt::ElideMiddle); // titles share their beginnings
+    setTextElideMode(Qt::ElideRight); // the beginning of a branch bears its number
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollMode(ScrollPerPixel);
     connect(this, &QTreeView::expanded, this, &TreeView::userOpened);
@@ -115,6 +118,7 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent), watch_(std::make_unique
     });
     connect(this, &QTreeView::doubleClicked, this,
             [this](const QModelIndex& index) { emit nodeActivated(nodeOf(index)); });
+    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, &TreeView::scrolledByHand);
     nodes_.setObserver(watch_.get());
     takeFont();
 }
@@ -129,6 +133,19 @@ TreeView::~TreeView() {
 void TreeView::setImages(std::function<QIcon(const QString& name)> images) {
     watch_->model.setImages(std::move(images));
     viewport()->update();
+}
+
+void TreeView::setShownText(std::function<QString(int node)> shown) {
+    watch_->model.setShownText(std::move(shown));
+    viewport()->update();
+}
+
+void TreeView::setMarked(int node) {
+    watch_->model.setMarked(nodes_.contains(node) ? node : 0);
+}
+
+int TreeView::marked() const {
+    return watch_->model.marked();
 }
 
 QModelIndex TreeView::indexOf(int node) const {
@@ -148,12 +165,26 @@ void TreeView::ensureVisible(int node) {
     scrollTo(index);
 }
 
+void TreeView::bringIntoSight(int node) {
+    const QModelIndex index = indexOf(node);
+    if (!index.isValid())
+        return;
+    const QScopedValueRollback guard(watch_->program, true);
+    watch_->openAbove(node);
+    const QRect row = visualRect(index);
+    if (row.top() < 0 || row.bottom() >= viewport()->height())
+        scrollTo(index, PositionAtCenter);
+}
+
 // ---- opening and closing
 
 void TreeView::userOpened(const QModelIndex& index) {
     const int node = nodeOf(index);
     nodes_.noteExpanded(node, true);
-    giveRoom(node);
+    if (const int level = nodes_.level(node) + 1; level > watch_->deepest) {
+        watch_->deepest = level;
+        indent();
+    }
     if (watch_->program)
         return;
     watch_->owed.erase(node);
@@ -194,13 +225,16 @@ void TreeView::openLoaded(int node) {
     }
 }
 
-void TreeView::giveRoom(int node) {
-    const int level = nodes_.level(node) + 1;
-    if (level <= watch_->deepest)
-        return;
-    watch_->deepest = level;
-    const int text = leastCharacters * fontMetrics().averageCharWidth();
-    header()->setMinimumSectionSize((level + 1) * indentation() + gridlook::rowHeight(fontMetrics()) + text);
+/// Each level as far to the right as the picture above it, or less where the deepest texts would have no room.
+void TreeView::indent() {
+    const int picture = gridlook::iconEdge(fontMetrics());
+    const int text = leastCharacters * fontMetrics().averageCharWidth() + gridlook::rowHeight(fontMetrics());
+    const int step = (viewport()->width() - text) / (watch_->deepest + 1);
+    const int usual = picture + look::grid;
+    const int least = std::min(leastStep, viewport()->width() / 2 / (watch_->deepest + 1));
+    const int wanted = std::clamp(step, least, usual);
+    if (wanted != indentation())
+        setIndentation(wanted);
 }
 
 void TreeView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
@@ -220,7 +254,11 @@ void TreeView::initViewItemOption(QStyleOptionViewItem* option) const {
 }
 
 void TreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    if (nodeOf(index) == marked() && !selectionModel()->isSelected(index))
+        painter->fillRect(option.rect, gridlook::unfocused(option.palette).color(QPalette::Highlight));
     QTreeView::drawRow(painter, option, index);
+    if (!hasFocus() && selectionModel()->isSelected(index))
+        gridlook::paintUnfocused(*painter, option.rect, palette());
     watch_->comesIntoSight(nodes_.parent(nodeOf(index)));
 }
 
@@ -247,8 +285,13 @@ void TreeView::changeEvent(QEvent* event) {
 void TreeView::takeFont() {
     const int edge = gridlook::iconEdge(fontMetrics());
     setIconSize({edge, edge});
-    setIndentation(edge + look::grid);
+    indent();
     scheduleDelayedItemsLayout();
+}
+
+void TreeView::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    indent();
 }
 
 bool TreeView::viewportEvent(QEvent* event) {
@@ -259,8 +302,10 @@ bool TreeView::viewportEvent(QEvent* event) {
     QStyleOptionViewItem option;
     initViewItemOption(&option);
     option.rect = visualRect(index);
-    const bool elided = index.isValid() && !static_cast<const RowDelegate*>(itemDelegate())->fits(option, index);
-    gridlook::showTip(viewport(), help, option.rect, elided ? nodes_.text(nodeOf(index)) : QString());
+    const QString& whole = nodes_.text(nodeOf(index));
+    const bool seen = !index.isValid() || (index.data().toString() == whole &&
+                                           static_cast<const RowDelegate*>(itemDelegate())->fits(option, index));
+    gridlook::showTip(viewport(), help, option.rect, seen ? QString() : whole);
     return true;
 }
 

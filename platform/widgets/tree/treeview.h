@@ -3,8 +3,10 @@
 //
 // Offered: nodes, keys, pictures, tags and selection through nodes(); the signals below for what the user does. A
 // node's open picture shows while it is expanded. Changes between nodes().setRedraw(false) and (true) repaint once.
-// Keyboard: arrows, Home, End, Page, "+", "-" move and open; "*" opens the loaded nodes below; Return activates; typing
-// looks up. What the program does through nodes() is shown and causes none of the signals.
+// Texts are cut at their right end, and never so that one has to scroll sideways: branches deep in a narrow tree are
+// indented less. One node may be marked, whatever is selected. Keyboard: arrows, Home, End, Page, "+", "-" move and
+// open; "*" opens the loaded nodes below; Return activates; typing looks up. What the program does through nodes() is
+// shown and causes none of the signals.
 #include "platform/controls/treenodes.h"
 
 #include <QIcon>
@@ -27,8 +29,16 @@ public:
 
     /// Who draws a picture of a name; names without one show none.
     void setImages(std::function<QIcon(const QString& name)> images);
+    /// What is shown of a node's text; its tip tells the whole. Asked when it is painted: must be quick.
+    void setShownText(std::function<QString(int node)> shown);
+    /// Shows one node as the one that is looked at elsewhere: heavier, on a quiet ground. It is neither selected nor
+    /// scrolled to. 0 for none, as after a clear().
+    void setMarked(int node);
+    int marked() const;
     /// Scrolls until a node can be seen; opens what lies above it.
     void ensureVisible(int node);
+    /// The same, and a node that was out of sight comes to stand in the middle.
+    void bringIntoSight(int node);
     QModelIndex indexOf(int node) const;
     int nodeOf(const QModelIndex& index) const;
 
@@ -42,6 +52,7 @@ signals:
     void nodeReturned(int node);                                   ///< Return alone, where a click acts already
     void nodeRightClicked(int node, const QPoint& globalPosition); ///< node 0: beside all nodes
     void selectionMoved(int node);
+    void scrolledByHand(); ///< with the wheel or the scroll bar
 
 protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;
@@ -56,13 +67,14 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     class Watch;
     void userOpened(const QModelIndex& index);
     void userClosed(const QModelIndex& index);
     void openLoaded(int node);
-    void giveRoom(int node);
+    void indent();
     void takeFont();
 
     TreeNodes nodes_;

@@ -1,5 +1,9 @@
 #include "platform/widgets/tree/treeviewmodel.h"
 
+#include <QFont>
+
+#include <utility>
+
 namespace velm {
 
 QModelIndex TreeViewModel::index(int row, int column, const QModelIndex& parent) const {
@@ -31,12 +35,26 @@ QIcon TreeViewModel::picture(int node) const {
     return known != pictures_.constEnd() ? *known : *pictures_.insert(name, images_(name));
 }
 
+namespace {
+
+/// The rest is the view's.
+QFont heavier() {
+    QFont font;
+    font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+} // namespace
+
 QVariant TreeViewModel::data(const QModelIndex& index, int role) const {
     const int node = nodeOf(index);
     switch (role) {
     case Qt::DisplayRole:
+        return shown_ ? shown_(node) : nodes_.text(node);
     case Qt::AccessibleTextRole:
         return nodes_.text(node);
+    case Qt::FontRole:
+        return node == marked_ && node != 0 ? heavier() : QVariant();
     case Qt::DecorationRole: {
         const QIcon icon = picture(node);
         return icon.isNull() ? QVariant() : icon;
@@ -57,9 +75,16 @@ void TreeViewModel::setImages(std::function<QIcon(const QString& name)> images) 
     pictures_.clear();
 }
 
+void TreeViewModel::setMarked(int node) {
+    const int before = std::exchange(marked_, node);
+    changed(before);
+    changed(node);
+}
+
 void TreeViewModel::reset() {
     beginResetModel();
     told_.assign(1, 0);
+    marked_ = 0;
     endResetModel();
 }
 

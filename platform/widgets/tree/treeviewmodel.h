@@ -23,6 +23,10 @@ public:
     QModelIndex indexOf(int node) const;
     static int nodeOf(const QModelIndex& index) { return static_cast<int>(index.internalId()); }
     void setImages(std::function<QIcon(const QString& name)> images);
+    /// What is shown of a text; who cannot see it is told the whole.
+    void setShownText(std::function<QString(int node)> shown) { shown_ = std::move(shown); }
+    void setMarked(int node);
+    int marked() const { return marked_; }
 
     // ---- what happened to the nodes
     void reset();
@@ -39,6 +43,8 @@ private:
     const TreeNodes& nodes_;
     std::vector<int> told_ = {0};
     std::function<QIcon(const QString& name)> images_;
+    std::function<QString(int node)> shown_;
+    int marked_ = 0;
     mutable QHash<QString, QIcon> pictures_;
 };
 

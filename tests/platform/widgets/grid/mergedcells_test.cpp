@@ -43,6 +43,22 @@ TEST_F(MergedCellsTest, ColumnsCountAsTheyStandAndHiddenOnesDoNotPart) {
     EXPECT_EQ(merged.joined(1), 0);
 }
 
+TEST_F(MergedCellsTest, TheSortedColumnComesFirstWhereverItStands) {
+    model.column(2).mark = FlexGrid::Mark::Descending;
+    EXPECT_EQ(merged.rank(2), 0);
+    EXPECT_EQ(merged.rank(0), 1);
+    EXPECT_EQ(merged.rank(1), 2);
+    EXPECT_EQ(merged.joined(1), 0) << "what it parts stays apart";
+    EXPECT_EQ(merged.joined(2), 2) << "it, and the first one";
+    merged.remember(1, 4);
+    EXPECT_EQ(merged.rank(2), 0);
+    EXPECT_EQ(merged.joined(2), 2);
+    merged.forget();
+    model.column(2).mark = FlexGrid::Mark::None;
+    EXPECT_EQ(merged.rank(2), 2);
+    EXPECT_EQ(merged.joined(1), 2);
+}
+
 TEST_F(MergedCellsTest, OffNothingJoins) {
     merged.setOn(false);
     merged.remember(0, 4);

@@ -232,7 +232,14 @@ TEST_F(TreeViewTest, DeepTextsKeepSomeRoom) {
     }
     tree.ensureVisible(node);
     EXPECT_GT(rectOf(node).width(), 60);
-    EXPECT_GT(tree.header()->sectionSize(0), tree.viewport()->width());
+    EXPECT_EQ(tree.header()->sectionSize(0), tree.viewport()->width()) << "steps are small rather than out of sight";
+    const int small = tree.indentation();
+    tree.resize(500, 300);
+    EXPECT_GT(tree.indentation(), small);
+    nodes.clear();
+    add(0, u"seul"_s);
+    tree.resize(300, 300);
+    EXPECT_GT(tree.indentation(), small);
 }
 
 } // namespace velm

@@ -1,0 +1,16 @@
+#pragma once
+// How columns share the width that a list has for them.
+#include <vector>
+
+namespace velm {
+
+struct GridShare {
+    int weight = 1; ///< above 0
+    int least = 0;  ///< narrower it is not, even where there is no room
+};
+
+/// The widths of columns that fill `room` together, each by its weight. Where what is least takes more, they are wider
+/// than the room.
+std::vector<int> sharedWidths(int room, const std::vector<GridShare>& shares);
+
+} // namespace velm

@@ -1,0 +1,88 @@
+// How the grid looks: pictures in cells, and headers.
+#include "gridfixture.h"
+
+#include <QPainter>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+using FlexGridLook = GridTest;
+
+constexpr QColor pictured(200, 30, 160);
+
+QIcon coloured() {
+    QPixmap square(32, 32);
+    square.fill(pictured);
+    return QIcon(square);
+}
+
+} // namespace
+
+TEST_F(FlexGridLook, ACellMayShowAPictureForItsText) {
+    fill({{u"b"_s, u"CO"_s}, {u"a"_s, u"JP"_s}, {u"c"_s, QString()}});
+    const auto seen = [this](int row) {
+        const QImage rows = rowsWidget()->grab().toImage();
+        return rows.pixelColor(pointOf(row, 1)) == pictured;
+    };
+    EXPECT_FALSE(seen(1));
+    grid.setColPicture(1, [](const QString& text) { return text == u"CO" ? coloured() : QIcon(); });
+    EXPECT_TRUE(seen(1));
+    EXPECT_FALSE(seen(2)) << "where there is none, the text";
+    grid.setColPosition(1, 0);
+    const QImage moved = rowsWidget()->grab().toImage();
+    EXPECT_EQ(moved.pixelColor(pointOf(1, 0)), pictured) << "it moves with its column";
+    // The text is what it was for all else.
+    grid.sort(0, false);
+    EXPECT_EQ(column(0), (QStringList{QString(), u"CO"_s, u"JP"_s}));
+    grid.setRow(2);
+    EXPECT_EQ(grid.clip(), u"CO\tb"_s);
+    grid.setColPicture(0, {});
+    EXPECT_NE(rowsWidget()->grab().toImage().pixelColor(pointOf(2, 0)), pictured);
+    grid.setColPicture(7, [](const QString&) { return coloured(); });
+}
+
+namespace {
+
+/// The first and the last column of pixels that differ from the ground.
+std::pair<int, int> inked(const QImage& image) {
+    int first = -1;
+    int last = -1;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            if (image.pixelColor(x, y) == image.pixelColor(0, 0))
+                continue;
+            first = first < 0 ? x : first;
+            last = x;
+        }
+    }
+    return {first, last};
+}
+
+} // namespace
+
+TEST_F(FlexGridLook, HeadersStandOnTheEdgeOfTheirCellsInTheTypeOfTheList) {
+    fill({{u"Hache"_s, u"Hache"_s}});
+    grid.setColWidth(0, 3000);
+    grid.setHeader(0, u"Hache"_s);
+    const auto header = [this] {
+        return headerWidget()->grab(QRect(0, 3, 190, headerWidget()->height() - 8)).toImage();
+    };
+    const int cell = inked(rowsWidget()->grab(QRect(0, 3, 190, grid.view()->rowHeight(0) - 6)).toImage()).first;
+    EXPECT_NEAR(inked(header()).first, cell, 1);
+    EXPECT_LT(inked(header()).second, 120);
+    const int high = grid.view()->horizontalHeader()->sizeHint().height();
+    EXPECT_NEAR(high, grid.view()->rowHeight(0) + 4, 2) << "one size";
+    // The mark stands at the right, wherever the text ends.
+    grid.setSortMark(0, FlexGrid::Mark::Ascending);
+    EXPECT_NEAR(inked(header()).first, cell, 1);
+    EXPECT_GT(inked(header()).second, 180);
+    grid.setColAlignment(0, FlexGrid::Align::Right);
+    grid.setSortMark(0, FlexGrid::Mark::None);
+    EXPECT_GT(inked(header()).second, 180);
+    EXPECT_GT(inked(header()).first, 100);
+}
+
+} // namespace velm
