@@ -68,18 +68,18 @@ bool standsAlone(const Pieces& text, qsizetype hit, qsizetype size) {
     return (hit == 0 || !isWordPart(text.at(hit - 1))) && (behind == text.size() || !isWordPart(text.at(behind)));
 }
 
-qsizetype findExact(const Pieces& text, QStringView what, qsizetype start, qsizetype end, bool wholeWord) {
+/// Calls `found` for each hit in the order of the text, as long as it wants more.
+template <typename Found>
+void eachExact(const Pieces& text, QStringView what, qsizetype start, qsizetype end, bool wholeWord, Found found) {
     const Pieces range = text.left(end);
-    qsizetype hit = start;
-    while ((hit = indexOfUnits(range.first, range.second, what, hit)) >= 0) {
-        if (!wholeWord || standsAlone(text, hit, what.size()))
-            return hit;
-        ++hit;
+    for (qsizetype hit = start; (hit = indexOfUnits(range.first, range.second, what, hit)) >= 0; ++hit) {
+        if ((!wholeWord || standsAlone(text, hit, what.size())) && !found(hit))
+            return;
     }
-    return -1;
 }
 
-qsizetype findFolded(const Pieces& text, QStringView what, qsizetype start, qsizetype end, bool wholeWord) {
+template <typename Found>
+void eachFolded(const Pieces& text, QStringView what, qsizetype start, qsizetype end, bool wholeWord, Found found) {
     const QString needle = upperCase(what);
     const qsizetype size = needle.size();
     std::vector<char16_t> buffer;
@@ -96,21 +96,32 @@ qsizetype findFolded(const Pieces& text, QStringView what, qsizetype start, qsiz
             fold(text.second.sliced(start + inFirst - text.first.size(), stop - start - inFirst), to);
         const QStringView folded(buffer.data(), stop - start);
         for (qsizetype hit = 0; (hit = indexOfUnits(folded, needle, hit)) >= 0; ++hit) {
-            if (!wholeWord || standsAlone(text, start + hit, size))
-                return start + hit;
+            if ((!wholeWord || standsAlone(text, start + hit, size)) && !found(start + hit))
+                return;
         }
         start += part;
     }
-    return -1;
 }
 
-qsizetype findIn(const Pieces& text, QStringView what, qsizetype start, qsizetype end, FindOptions options) {
+template <typename Found>
+void eachIn(const Pieces& text, QStringView what, qsizetype start, qsizetype end, FindOptions options, Found found) {
     start = std::max<qsizetype>(start, 0);
     end = end < 0 ? text.size() : std::min(end, text.size());
     if (what.isEmpty() || end - start < what.size())
-        return -1;
-    return options.matchCase ? findExact(text, what, start, end, options.wholeWord)
-                             : findFolded(text, what, start, end, options.wholeWord);
+        return;
+    if (options.matchCase)
+        eachExact(text, what, start, end, options.wholeWord, found);
+    else
+        eachFolded(text, what, start, end, options.wholeWord, found);
+}
+
+qsizetype findIn(const Pieces& text, QStringView what, qsizetype start, qsizetype end, FindOptions options) {
+    qsizetype first = -1;
+    eachIn(text, what, start, end, options, [&first](qsizetype hit) {
+        first = hit;
+        return false;
+    });
+    return first;
 }
 
 } // namespace
@@ -118,6 +129,16 @@ qsizetype findIn(const Pieces& text, QStringView what, qsizetype start, qsizetyp
 qsizetype find(const RichText& text, QStringView what, qsizetype start, qsizetype end, FindOptions options) {
     const auto [first, second] = text.segments();
     return findIn({first, second}, what, start, end, options);
+}
+
+std::vector<qsizetype> findAll(const RichText& text, QStringView what, FindOptions options) {
+    const auto [first, second] = text.segments();
+    std::vector<qsizetype> hits;
+    eachIn({first, second}, what, 0, -1, options, [&hits](qsizetype hit) {
+        hits.push_back(hit);
+        return true;
+    });
+    return hits;
 }
 
 qsizetype find(QStringView text, QStringView what, qsizetype start, qsizetype end, FindOptions options) {

@@ -1,6 +1,7 @@
 #include "platform/widgets/text/blockpaint.h"
 
 #include <QPainter>
+#include <QtMath>
 
 #include <algorithm>
 #include <cmath>
@@ -37,7 +38,10 @@ void BlockPaint::paint(QPainter& painter, const Context& context, int number, co
         selected.append(range);
         marked.push_back({range.format, where});
     }
-    paintText(painter, lines, number, height, clip, selected, std::move(marked));
+    paintText(painter, lines, number, height, clip, selected, marked);
+    paintHits(painter, number, lines, height, clip, marked);
+    if (shown_.paragraph(number).headEnd)
+        paintHeadRule(painter, number, height);
     if (context.cursorPosition >= start && context.cursorPosition <= end)
         lines.drawCursor(&painter, QPointF(), context.cursorPosition - start, 1 + dpi_ / 144);
 }
@@ -74,6 +78,14 @@ void BlockPaint::paintText(QPainter& painter, QTextLayout& lines, int number, in
     painter.setClipRegion(rest, Qt::IntersectClip);
     lines.draw(&painter, QPointF(), {}, clip);
     painter.restore();
+}
+
+void BlockPaint::paintHits(QPainter& painter, int number, const QTextLayout& lines, int height, const QRectF& clip,
+                           const std::vector<LookPass>& marked) const {
+    QRegion selected;
+    for (const LookPass& pass : marked)
+        selected += pass.where;
+    hits_.paint(painter, number, lines, LineBands(lines, height), clip, selected);
 }
 
 // The selection fills its lines' whole height, so that no stripes stand between them; but not the room around the
@@ -119,6 +131,17 @@ void BlockPaint::paintBullet(QPainter& painter, int number, const QTextBlock& bl
     painter.setPen(Qt::NoPen);
     painter.setBrush(format.hasProperty(QTextFormat::ForegroundBrush) ? format.foreground() : QBrush(sheet_.ink));
     painter.drawEllipse(centre, radius, radius);
+    painter.restore();
+}
+
+void BlockPaint::paintHeadRule(QPainter& painter, int number, int height) const {
+    constexpr double thickness = 0.75; // pixels at 96 dots to the inch
+    const double rule = thickness * dpi_ / 96.0;
+    const double left = setter_.pixels(std::max(0, shown_.format(number).startIndent));
+    const int y = height - std::max(qCeil(rule), (setter_.spaceAfter(number) + 1) / 2);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(QRectF(left, y, page_.measure - left, rule), sheet_.rule);
     painter.restore();
 }
 

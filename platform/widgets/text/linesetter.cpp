@@ -36,8 +36,19 @@ int LineSetter::spaceBefore(int number) const {
     return shown_.paragraph(number).first ? qRound(pixels(std::max(0, shown_.format(number).spaceBefore))) : 0;
 }
 
+// The rows of a list or of a table stand close to one another; what follows the whole keeps its own distance.
 int LineSetter::spaceAfter(int number) const {
-    return shown_.paragraph(number).last ? qRound(pixels(std::max(0, shown_.format(number).spaceAfter))) : 0;
+    if (!shown_.paragraph(number).last)
+        return 0;
+    std::int32_t space = shown_.format(number).spaceAfter;
+    if (number + 1 < shown_.count() && isRow(number) && !isRow(number + 1))
+        space = std::max(space, shown_.format(number + 1).spaceAfter);
+    return qRound(pixels(std::max(0, space)));
+}
+
+bool LineSetter::isRow(int number) const {
+    const ParaFormat& format = shown_.format(number);
+    return format.bullet || format.offset > 0 || !format.tabs.empty();
 }
 
 QTextOption LineSetter::optionFor(const ParaFormat& format) const {

@@ -30,6 +30,7 @@ public:
     int spaceAfter(int number) const;
 
 private:
+    bool isRow(int number) const; ///< of a list or a table
     QTextOption optionFor(const ParaFormat& format) const;
     QList<QTextOption::Tab> tabsFor(const ParaFormat& format, double left) const;
     double lineLeft(const ParaFormat& format, bool first) const;

@@ -1,26 +1,19 @@
 #include "platform/widgets/text/linkpaint.h"
 
+#include "platform/widgets/text/textpieces.h"
 #include "platform/widgets/text/viewformats.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace velm {
 
 namespace {
 
-// Text of a decided colour keeps it in a link; black and greys take the link's.
-bool isGreyish(const QColor& colour) {
+// Text of a decided colour keeps it in a link; black and greys take the link's, and so does the accent, in which
+// publishers set links and headings alike.
+bool takesLinkColour(const QColor& colour) {
     const auto [least, most] = std::minmax({colour.red(), colour.green(), colour.blue()});
-    return most - least < 48;
-}
-
-bool runsLeftward(QStringView text) {
-    return std::any_of(text.begin(), text.end(), [](QChar unit) {
-        const QChar::Direction direction = unit.direction();
-        return direction == QChar::DirR || direction == QChar::DirAL || direction == QChar::DirRLE ||
-               direction == QChar::DirRLO || direction == QChar::DirRLI || direction == QChar::DirAN;
-    });
+    return most - least < 48 || colour.rgb() == look::accent;
 }
 
 /// Gathers the passes of one block, piece by piece in the order of the text.
@@ -28,9 +21,9 @@ class Gathering {
 public:
     /// From line `first` on.
     Gathering(const QTextLayout& lines, const LineBands& bands, int first, const LinkPaint::Ranges& selected)
-        : lines_(lines), bands_(bands), line_(first), selected_(selected) {}
+        : pieces_(lines, first), bands_(bands), selected_(selected) {}
 
-    void setMixedDirections(bool mixed) { mixed_ = mixed; }
+    void setMixedDirections(bool mixed) { pieces_.setMixedDirections(mixed); }
 
     /// What of [from, to) lies outside the selections.
     void add(int from, int to, const QTextCharFormat& look) {
@@ -51,56 +44,30 @@ private:
     }
 
     void addPiece(int from, int to, QRegion& where) {
-        while (from < to) {
-            const QTextLine line = lines_.lineAt(line_);
-            if (!line.isValid())
-                return;
-            const int end = std::min(to, line.textStart() + line.textLength());
-            if (from < end) {
-                addSpans(line, from, end, where);
-                from = end;
-            }
-            if (from < to)
-                ++line_;
-        }
+        pieces_.each(from, to, [this, &where](int line, int left, int right) {
+            where += QRect(left, bands_.top(line), right - left, bands_.top(line + 1) - bands_.top(line));
+        });
     }
 
-    // Where text runs both ways a piece of it may lie in several places of the line.
-    void addSpans(const QTextLine& line, int from, int to, QRegion& where) const {
-        if (!mixed_) {
-            addSpan(line.cursorToX(from), line.cursorToX(to), where);
-            return;
-        }
-        for (int i = from; i < to; ++i)
-            addSpan(line.cursorToX(i, QTextLine::Leading), line.cursorToX(i, QTextLine::Trailing), where);
-    }
-
-    void addSpan(double one, double other, QRegion& where) const {
-        const int left = static_cast<int>(std::floor(std::min(one, other)));
-        const int right = qRound(std::max(one, other));
-        where += QRect(left, bands_.top(line_), right - left, bands_.top(line_ + 1) - bands_.top(line_));
-    }
-
-    const QTextLayout& lines_;
+    TextPieces pieces_;
     const LineBands& bands_;
-    int line_ = 0;
     const LinkPaint::Ranges& selected_;
-    bool mixed_ = false;
     std::vector<LookPass> passes_;
 };
 
 } // namespace
 
-/// Nothing where a run keeps its look.
-std::optional<QTextCharFormat> LinkPaint::lookOf(const ShownRun& run, bool underlined) const {
+QTextCharFormat LinkPaint::lookOf(const ShownRun& run, bool hovered) const {
+    constexpr float quiet = 0.4F; // of the line under a link that is not pointed at
     const std::int32_t own = shown_.colour(run.format);
-    const bool recoloured = own == autoColour || isGreyish(viewColour(own));
-    if (!recoloured && !underlined)
-        return std::nullopt;
+    const bool recoloured = own == autoColour || takesLinkColour(viewColour(own));
+    QColor colour = recoloured ? sheet_.link : viewColour(own);
     QTextCharFormat look;
-    look.setForeground(recoloured ? sheet_.link : viewColour(own));
-    if (underlined)
-        look.setFontUnderline(true);
+    look.setForeground(colour);
+    if (!hovered)
+        colour.setAlphaF(quiet);
+    look.setFontUnderline(true);
+    look.setUnderlineColor(colour);
     return look;
 }
 
@@ -122,8 +89,7 @@ std::vector<LookPass> LinkPaint::passes(int number, const QTextLayout& lines, co
             while (run->start + run->count <= at)
                 ++run;
             const int end = std::min(linkEnd, run->start + run->count);
-            if (const auto look = lookOf(*run, link.index == hovered_))
-                gathering.add(at - start, end - start, *look);
+            gathering.add(at - start, end - start, lookOf(*run, link.index == hovered_));
             at = end;
         }
     }

@@ -1,5 +1,6 @@
 #pragma once
-// How the text of links is painted: in the colour of links unless it has one of its own, underlined under the pointer.
+// How the text of links is painted: in the colour of links unless it has one of its own, on a line that is
+// faint but under the pointer.
 //
 // The text engine draws a range in another look by drawing its lines once more, clipped to that range; for as many
 // ranges as a page of references has, that is most of the painting, and for thousands it has no end. So links of one
@@ -11,8 +12,6 @@
 
 #include <QRegion>
 #include <QTextLayout>
-
-#include <optional>
 
 namespace velm {
 
@@ -36,7 +35,7 @@ public:
                                  const Ranges& selected) const;
 
 private:
-    std::optional<QTextCharFormat> lookOf(const ShownRun& run, bool underlined) const;
+    QTextCharFormat lookOf(const ShownRun& run, bool hovered) const;
 
     const ShownText& shown_;
     const LinkRanges& links_;

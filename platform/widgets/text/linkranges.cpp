@@ -56,6 +56,19 @@ std::span<const LinkRanges::Entry> LinkRanges::within(qsizetype start, qsizetype
     return {first, last};
 }
 
+int linkBeside(const std::vector<LinkRange>& links, qsizetype from, bool next, qsizetype length) {
+    int found = -1;
+    const auto startOf = [&links](int link) { return links[static_cast<std::size_t>(link)].start; };
+    for (int link = 0; link < static_cast<int>(links.size()); ++link) {
+        const LinkRange& range = links[static_cast<std::size_t>(link)];
+        const bool beyond = next ? range.start >= from : range.start < from;
+        const bool nearer = found < 0 || (next ? range.start < startOf(found) : range.start > startOf(found));
+        if (range.start < range.end && range.end <= length && beyond && nearer)
+            found = link;
+    }
+    return found;
+}
+
 int LinkRanges::at(qsizetype position) const {
     const auto found = within(position, position + 1);
     return found.empty() ? -1 : found.front().index;

@@ -36,4 +36,8 @@ private:
     std::vector<Entry> entries_; // in the order of the text
 };
 
+/// Of links in any order the nearest one that begins at or behind `from`, or the nearest one before it; -1 for none.
+/// Only those that lie in a text of `length` and hold something.
+int linkBeside(const std::vector<LinkRange>& links, qsizetype from, bool next, qsizetype length);
+
 } // namespace velm

@@ -194,6 +194,8 @@ SeenPlaces PaperLayout::placesFrom(std::int64_t top, int height) const {
 }
 
 QSizeF PaperLayout::documentSize() const {
+    if (shown_ == nullptr || shown_->documentLength() == 0)
+        return {qreal(page_.width), 0}; // nothing to scroll to on a blank sheet
     return {qreal(page_.width), std::min(tallest, qreal(heights_.total()) + 2.0 * page_.margin)};
 }
 
@@ -286,13 +288,25 @@ int PaperLayout::hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) con
 
 // ---- painting
 
-void PaperLayout::draw(QPainter* painter, const PaintContext& context) {
+/// Without what is painted in another way, or not at all.
+PaperLayout::PaintContext PaperLayout::painted(const PaintContext& context) const {
+    PaintContext own = context;
+    if (currentHit_ >= 0)
+        own.selections.clear();
+    if (!caretShown_)
+        own.cursorPosition = -1;
+    return own;
+}
+
+void PaperLayout::draw(QPainter* painter, const PaintContext& wanted) {
+    const PaintContext context = painted(wanted);
     const QRectF clip = context.clip.isValid() ? context.clip : QRectF(QPointF(), documentSize());
     int number = heights_.at(static_cast<std::int64_t>(std::floor(clip.top())) - page_.margin);
     if (number < 0)
         return;
     const LinkPaint links(*shown_, links_, sheet_, hovered_);
-    const BlockPaint paint(*shown_, page_, device_.dpi, fontHeight(), sheet_, links);
+    const HitPaint hits(*shown_, hits_, currentHit_, sheet_);
+    const BlockPaint paint(*shown_, page_, device_.dpi, fontHeight(), sheet_, links, hits);
     painter->save();
     painter->setPen(sheet_.ink);
     for (QTextBlock block = document()->findBlockByNumber(number); number < available_;

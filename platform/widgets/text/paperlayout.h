@@ -8,6 +8,7 @@
 // and tops are whole pixels.
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/text/heighttree.h"
+#include "platform/widgets/text/hitranges.h"
 #include "platform/widgets/text/linesetter.h"
 #include "platform/widgets/text/linkranges.h"
 #include "platform/widgets/text/paperpage.h"
@@ -47,6 +48,13 @@ public:
     void setLinks(LinkRanges links) { links_ = std::move(links); }
     const LinkRanges& links() const { return links_; }
     void setHoveredLink(int index) { hovered_ = index; }
+    /// What was found, in positions of the document, and the number of the one that is shown: the selection, which is
+    /// not painted then. -1 for none.
+    void setHits(HitRanges hits) { hits_ = std::move(hits); }
+    const HitRanges& hits() const { return hits_; }
+    void setCurrentHit(int index) { currentHit_ = index; }
+    int currentHit() const { return currentHit_; }
+    void setCaretShown(bool shown) { caretShown_ = shown; }
 
     bool isComplete() const { return next_ >= heights_.count(); }
     /// Lays out for about so many milliseconds; true when all is done.
@@ -71,7 +79,7 @@ public:
     int characterAt(const QPointF& point);
     QRectF blockRect(const QTextBlock& block);
 
-    void draw(QPainter* painter, const PaintContext& context) override;
+    void draw(QPainter* painter, const PaintContext& wanted) override;
     int hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) const override;
     int pageCount() const override { return 1; }
     QSizeF documentSize() const override;
@@ -104,6 +112,7 @@ private:
     void measure(int number, const QTextBlock& block);
     bool takeHeight(int number, int height);
     void keepLines(int number);
+    PaintContext painted(const PaintContext& context) const;
     Line estimatedLine(int number) const;
     Line lineIn(int number, int line);
 
@@ -120,6 +129,9 @@ private:
     look::Sheet sheet_;
     LinkRanges links_;
     int hovered_ = -1;
+    HitRanges hits_;
+    int currentHit_ = -1;
+    bool caretShown_ = true;
     SheetPictures pictures_;
 };
 

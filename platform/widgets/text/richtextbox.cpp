@@ -1,6 +1,7 @@
 #include "platform/widgets/text/richtextbox.h"
 
 #include "platform/widgets/look/look.h"
+#include "platform/widgets/text/hitstrip.h"
 #include "platform/widgets/text/paperlayout.h"
 #include "platform/widgets/text/richmime.h"
 
@@ -29,6 +30,9 @@ void RichTextBox::prepare() {
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     viewport()->setMouseTracking(true);
     visible_ = control_.visible();
+    marks_ = new HitMarks(shown(), sheetLayout(), hitStrip(), this);
+    connect(&hitStrip(), &HitStrip::clicked, this, [this](int tick) { reveal(marks_->start(tick)); });
+    readingCaret_ = std::make_unique<ReadingCaret>(*this, sheetLayout(), [this](int position) { putCaret(position); });
     connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::takeUserSelection);
     connect(this, &QTextEdit::selectionChanged, this, &RichTextBox::takeUserSelection);
     control_.setObserver(this);
@@ -42,10 +46,15 @@ void RichTextBox::richTextChanged() {
     setChangedContent(control_.richText(), control_.selStart());
 }
 
-void RichTextBox::contentSet() {
+void RichTextBox::contentSet(bool another) {
     placeLinks();
     leaveHover();
+    marks_->place(another);
+    if (another)
+        readingCaret_->hide();
     showSelection();
+    if (another)
+        emit contentReplaced();
 }
 
 void RichTextBox::contentGrew() {
@@ -57,6 +66,8 @@ void RichTextBox::wentElsewhere() {
 }
 
 void RichTextBox::showSelection() {
+    if (marks_->select({control_.selStart(), control_.selStart() + control_.selLength()}))
+        viewport()->update();
     QTextCursor cursor = textCursor();
     int start = shown().toDocument(control_.selStart());
     int end = shown().toDocument(control_.selStart() + control_.selLength());
@@ -99,8 +110,17 @@ void RichTextBox::takeUserSelection() {
         control_.setSelStart(start);
         control_.setSelLength(length);
     }
+    marks_->select({start, start + length});
     viewport()->update();
     leaveReached();
+}
+
+void RichTextBox::putCaret(int position) {
+    {
+        const auto guard = following();
+        control_.setSelStart(shown().toModel(position));
+    }
+    showSelection();
 }
 
 void RichTextBox::revealCaret() {
@@ -108,7 +128,15 @@ void RichTextBox::revealCaret() {
 }
 
 void RichTextBox::applySheet() {
-    setSheet(look::sheet(viewColour(control_.backColor()), palette()));
+    const QColor paper = viewColour(control_.backColor());
+    const bool dark = look::themeOf(palette()) == look::Theme::Dark;
+    const bool soft = tone_ == PaperTone::Soft || (tone_ == PaperTone::SoftInTheDark && dark);
+    setSheet(look::sheet(soft ? look::softPaper(paper) : paper, palette()));
+}
+
+void RichTextBox::setPaperTone(PaperTone tone) {
+    tone_ = tone;
+    applySheet();
 }
 
 void RichTextBox::changeEvent(QEvent* event) {
@@ -134,6 +162,17 @@ void RichTextBox::insertFromMimeData(const QMimeData* source) {
 
 QPointF RichTextBox::toDocument(const QPoint& point) const {
     return QPointF(point) + QPointF(horizontalScrollBar()->value(), verticalScrollBar()->value());
+}
+
+// ---- what was found
+
+void RichTextBox::setHits(HitKind kind, std::vector<HitRange> hits) {
+    marks_->set(kind, HitRanges(std::move(hits)));
+    viewport()->update();
+}
+
+SeenHits RichTextBox::seenHits() {
+    return marks_->seen(*this);
 }
 
 // ---- links and hovering
@@ -178,16 +217,8 @@ void RichTextBox::leaveHover() {
 
 bool RichTextBox::reachLink(bool next) {
     const qsizetype caret = control_.selStart();
-    const qsizetype from = control_.selLength() > 0 ? caret + 1 : caret;
-    int found = -1;
-    const auto startOf = [this](int link) { return linkRanges_[static_cast<std::size_t>(link)].start; };
-    for (int link = 0; link < static_cast<int>(linkRanges_.size()); ++link) {
-        const LinkRange& range = linkRanges_[static_cast<std::size_t>(link)];
-        const bool beyond = next ? range.start >= from : range.start < caret;
-        const bool nearer = found < 0 || (next ? range.start < startOf(found) : range.start > startOf(found));
-        if (range.start < range.end && range.end <= control_.length() && beyond && nearer)
-            found = link;
-    }
+    const qsizetype from = next && control_.selLength() > 0 ? caret + 1 : caret;
+    const int found = linkBeside(linkRanges_, from, next, control_.length());
     if (found < 0)
         return false;
     const LinkRange range = linkRanges_[static_cast<std::size_t>(found)];
@@ -229,6 +260,8 @@ void RichTextBox::mouseMoveEvent(QMouseEvent* event) {
     SheetView::mouseMoveEvent(event);
     if (event->buttons() == Qt::NoButton)
         hover(event->position().toPoint());
+    else if (textCursor().hasSelection())
+        readingCaret_->setSelecting(true);
 }
 
 void RichTextBox::mousePressEvent(QMouseEvent* event) {
@@ -244,6 +277,7 @@ void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void RichTextBox::mouseReleaseEvent(QMouseEvent* event) {
     SheetView::mouseReleaseEvent(event);
+    readingCaret_->setSelecting(false);
     if (event->button() == Qt::LeftButton && !std::exchange(doubled_, false))
         emit clicked(control_.selStart());
 }
@@ -278,6 +312,10 @@ bool RichTextBox::selectToEnd(const QKeyEvent& event) {
 
 void RichTextBox::keyPressEvent(QKeyEvent* event) {
     stay();
+    if (readingCaret_->key(*event)) {
+        event->accept();
+        return;
+    }
     if (event->modifiers().testFlag(Qt::ControlModifier) && event->key() == Qt::Key_Insert) {
         copy();
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {

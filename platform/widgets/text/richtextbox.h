@@ -4,7 +4,9 @@
 // The control is the truth; the view follows it and gives the user's selection back. Positions are the control's.
 // Tab and Shift+Tab select the next link from the caret on, or the one before it; where there is none the focus leaves.
 #include "platform/richtext/control.h"
+#include "platform/widgets/text/hitmarks.h"
 #include "platform/widgets/text/linkranges.h"
+#include "platform/widgets/text/readingcaret.h"
 #include "platform/widgets/text/sheetview.h"
 
 #include <memory>
@@ -39,10 +41,25 @@ public:
     /// Ranges that lead somewhere, in the owner's order. They hold until the next call.
     void setLinkRanges(const std::vector<LinkRange>& ranges);
 
+    /// The link under the pointer, or -1.
+    int hoveredLink() const { return hoveredLink_; }
+
+    /// Shows what was found in the text, until another text comes: a ground under each, a tick beside the scroll bar
+    /// that leads there, and stronger the one that is selected. Nothing is put into the text.
+    void setHits(HitKind kind, std::vector<HitRange> hits);
+    /// Where they stand on the screen now.
+    SeenHits seenHits();
+
+    /// Whether light paper is shown as it is, or softer.
+    enum class PaperTone { AsItIs, Soft, SoftInTheDark };
+    void setPaperTone(PaperTone tone);
+
     /// Scrolls, if need be, until the caret can be seen.
     void revealCaret();
 
 signals:
+    /// Another text is shown.
+    void contentReplaced();
     /// The left button was released (a drag counts as well) or Return pressed; the selection's start. A double click
     /// is told once.
     void clicked(qsizetype position);
@@ -55,7 +72,7 @@ protected:
     QMimeData* createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
-    void contentSet() override;
+    void contentSet(bool another) override;
     void contentGrew() override;
     void wentElsewhere() override;
     void changeEvent(QEvent* event) override;
@@ -85,15 +102,19 @@ private:
     bool reachLink(bool next);
     void leaveReached();
     bool selectToEnd(const QKeyEvent& event);
+    void putCaret(int position);
     QPointF toDocument(const QPoint& point) const;
 
     std::unique_ptr<RichTextControl> own_;
     RichTextControl& control_;
+    HitMarks* marks_ = nullptr; ///< child
     std::vector<LinkRange> linkRanges_;
     int hoveredLink_ = -1;
     int reachedLink_ = -1; ///< selected by the Tab key
     bool doubled_ = false; ///< the release to come ends a double click
     bool visible_ = true;
+    std::unique_ptr<ReadingCaret> readingCaret_;
+    PaperTone tone_ = PaperTone::AsItIs;
 };
 
 } // namespace velm

@@ -2,8 +2,15 @@
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <QStyleOptionSlider>
 
 namespace velm {
+
+QRect SheetBar::groove() const {
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    return style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarGroove, this);
+}
 
 void SheetBar::paintEvent(QPaintEvent* event) {
     if (minimum() < maximum())

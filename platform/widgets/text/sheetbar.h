@@ -12,6 +12,10 @@ public:
     /// `beside` gives the colour at the view's right edge; it is asked while painting.
     SheetBar(std::function<QColor()> beside, QWidget* parent) : QScrollBar(parent), beside_(std::move(beside)) {}
 
+    /// Where its thumb moves: what stands for the whole height.
+    QRect groove() const;
+    QColor beside() const { return beside_(); }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 

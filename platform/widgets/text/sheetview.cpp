@@ -1,5 +1,6 @@
 #include "platform/widgets/text/sheetview.h"
 
+#include "platform/widgets/text/hitstrip.h"
 #include "platform/widgets/text/paperlayout.h"
 #include "platform/widgets/text/sheetbar.h"
 
@@ -36,7 +37,10 @@ SheetView::SheetView(QWidget* parent) : QTextEdit(parent) {
     document()->setDocumentLayout(layout_);
     fill_ = std::make_unique<DocumentFill>(*document());
     place_ = std::make_unique<ViewPlace>(*this, *layout_, [this] { wentElsewhere(); });
-    setVerticalScrollBar(new SheetBar([this] { return besideSheet(); }, this));
+    bar_ = new SheetBar([this] { return besideSheet(); }, this);
+    setVerticalScrollBar(bar_);
+    strip_ = new HitStrip(*bar_, this);
+    setViewportMargins(0, 0, HitStrip::room, 0);
     viewport()->setAutoFillBackground(false);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
 }
@@ -45,8 +49,9 @@ SheetView::~SheetView() = default;
 
 // ---- the text
 
-void SheetView::setContent(const RichText& rich) {
+bool SheetView::setContent(const RichText& rich) {
     const ViewPlace::Moving moving(*place_);
+    const QString before = shown_.text();
     anchor_.reset();
     {
         const auto guard = following();
@@ -56,17 +61,17 @@ void SheetView::setContent(const RichText& rich) {
         fill_->step(charactersAtOnce);
     }
     layout_->setAvailable(fill_->blocks());
-    contentSet();
+    const bool another = shown_.text() != before;
+    contentSet(another);
     viewport()->update();
     keepWorking();
+    return another;
 }
 
 void SheetView::setChangedContent(const RichText& rich, qsizetype caret) {
-    const QString before = shown_.text();
     const ViewPlace::Anchor place = anchor_ ? *anchor_ : place_->anchor();
     const ViewPlace::Moving moving(*place_);
-    setContent(rich);
-    if (shown_.text() != before)
+    if (setContent(rich))
         reveal(caret);
     else if (place.atTop || layout_->isAvailable(place.position)) // only the looks changed
         place_->restore(place);
@@ -165,7 +170,9 @@ void SheetView::resizeEvent(QResizeEvent* event) {
     const ViewPlace::Anchor place = place_->anchor();
     const ViewPlace::Moving moving(*place_);
     QTextEdit::resizeEvent(event);
-    verticalScrollBar()->update(); // what lies beside it may be the sheet now
+    const QRect text = viewport()->geometry();
+    strip_->setGeometry(text.right() + 1, text.top(), HitStrip::room, text.height());
+    updateBeside(); // what lies there may be the sheet now
     place_->restore(place);
     keepWorking();
 }
@@ -209,7 +216,8 @@ void SheetView::setZoom(int percent) {
     }
     keepWorking();
     viewport()->update();
-    verticalScrollBar()->update();
+    updateBeside();
+    emit zoomChanged(zoom_);
 }
 
 void SheetView::zoomStep(int steps) {
@@ -270,7 +278,12 @@ void SheetView::keyPressEvent(QKeyEvent* event) {
 void SheetView::setSheet(const look::Sheet& sheet) {
     layout_->setSheet(sheet);
     viewport()->update();
-    verticalScrollBar()->update();
+    updateBeside();
+}
+
+void SheetView::updateBeside() {
+    bar_->update();
+    strip_->update();
 }
 
 QColor SheetView::besideSheet() const {

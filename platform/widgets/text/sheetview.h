@@ -17,7 +17,9 @@
 
 namespace velm {
 
+class HitStrip;
 class PaperLayout;
+class SheetBar;
 
 class SheetView : public QTextEdit {
     Q_OBJECT
@@ -34,18 +36,23 @@ public:
 
     /// Nothing is left to take in and to lay out.
     bool isSettled() const;
-    /// Scrolls, if need be, until a place of the text can be seen; the caret stays where it is.
+    /// Scrolls, if need be, until a place of the text can be seen with something around it; the caret stays where it
+    /// is.
     void reveal(qsizetype position);
 
+signals:
+    void zoomChanged(int percent);
+
 protected:
-    /// Shows a text; what is needed of it is copied.
-    void setContent(const RichText& rich);
+    /// Shows a text; what is needed of it is copied. True when it is another one than before, whatever it looks like.
+    bool setContent(const RichText& rich);
     /// The same where the text has changed: if only its looks did, the place stays, else `caret` is revealed.
     void setChangedContent(const RichText& rich, qsizetype caret);
     void setSheet(const look::Sheet& sheet);
 
     const ShownText& shown() const { return shown_; }
     PaperLayout& sheetLayout() const { return *layout_; }
+    HitStrip& hitStrip() const { return *strip_; }
     /// The document holds the whole text.
     bool isFilled() const { return fill_->isDone(); }
     /// Sets the cursor, and scrolls nowhere.
@@ -57,9 +64,9 @@ protected:
     bool isFollowing() const { return following_; }
     [[nodiscard]] QScopedValueRollback<bool> following() { return QScopedValueRollback(following_, true); }
 
-    virtual void contentSet() {}    ///< another text is shown, as far as it is there
-    virtual void contentGrew() {}   ///< more of it is there
-    virtual void wentElsewhere() {} ///< what the screen shows has moved
+    virtual void contentSet(bool another) { Q_UNUSED(another) } ///< shown as far as it is there; with other characters
+    virtual void contentGrew() {}                               ///< more of it is there
+    virtual void wentElsewhere() {}                             ///< what the screen shows has moved
 
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -75,11 +82,14 @@ private:
     void showWhatWaited();
     void keepWorking();
     QColor besideSheet() const;
+    void updateBeside();
     bool zoomKey(const QKeyEvent& event);
     void showMargins();
 
     ShownText shown_;
     PaperLayout* layout_ = nullptr; // the document's
+    SheetBar* bar_ = nullptr;       // the area's
+    HitStrip* strip_ = nullptr;     // child
     std::unique_ptr<DocumentFill> fill_;
     std::unique_ptr<ViewPlace> place_;
     QBasicTimer working_; ///< while there is something to take in or to lay out

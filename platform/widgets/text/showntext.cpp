@@ -1,6 +1,7 @@
 #include "platform/widgets/text/showntext.h"
 
 #include "platform/widgets/text/longparagraphs.h"
+#include "platform/widgets/text/tableheads.h"
 
 #include <algorithm>
 
@@ -52,6 +53,28 @@ void holdPunctuation(QString& text) {
     }
 }
 
+/// Whether what ends before a blank is the letter of an article's number: "L.", "R.", "D.", "A.", also with a star.
+bool endsInArticleLetter(const QChar* units, qsizetype end) {
+    if (end < 2 || units[end - 1] != u'.')
+        return false;
+    const qsizetype letter = units[end - 2] == u'*' ? end - 3 : end - 2;
+    return letter >= 0 && QStringView(u"LRDA").contains(units[letter]) &&
+           (letter == 0 || !units[letter - 1].isLetterOrNumber());
+}
+
+bool endsInNumberSign(const QChar* units, qsizetype end) {
+    return end >= 2 && units[end - 1] == u'°' && (units[end - 2] == u'n' || units[end - 2] == u'N');
+}
+
+/// The letter or sign of a number and the number itself stay on one line.
+void holdReferences(QString& text) {
+    QChar* const units = text.data();
+    for (qsizetype i = 2; i + 1 < text.size(); ++i) {
+        if (units[i] == u' ' && units[i + 1].isDigit() && (endsInArticleLetter(units, i) || endsInNumberSign(units, i)))
+            units[i] = QChar::Nbsp;
+    }
+}
+
 /// No length beyond what fits in sixteen bits, so that sums and pixels stay within bounds.
 ParaFormat bounded(ParaFormat format) {
     const auto bound = [](std::int32_t& twips) { twips = std::clamp(twips, -32767, 32767); };
@@ -88,6 +111,7 @@ ShownText::ShownText(const RichText& rich) : objects_(rich.objects()), modelLeng
 
 void ShownText::finish(const RichText& rich) {
     holdPunctuation(text_);
+    holdReferences(text_);
     if (paragraphs_.back().start == modelLength_)
         endParagraph(rich, -1, rich.tailCharacter());
     else
@@ -95,6 +119,7 @@ void ShownText::finish(const RichText& rich) {
     findMainFormat(rich);
     findColours(rich);
     partParagraphs(longestPart, paragraphs_, runs_, text_);
+    markTableHeads(*this, paragraphs_);
 }
 
 void ShownText::readRun(Reading& reading, qsizetype start, qsizetype count, FormatId format) {

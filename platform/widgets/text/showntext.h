@@ -28,6 +28,7 @@ struct ShownParagraph {
     bool objects = false;   ///< holds a picture
     bool first = true;      ///< where the paragraph begins
     bool last = true;       ///< where it ends
+    bool headEnd = false;   ///< ends the first row of a table, which is told from the others
 };
 
 /// A run of one character format, in positions of the document.
@@ -50,7 +51,7 @@ public:
     static constexpr int longestPart = 16'384;
 
     /// Block ends as U+2029, line ends inside a paragraph as U+2028; what has no shape is a joiner of no width;
-    /// blanks that belong to punctuation hold the line together.
+    /// blanks that belong to punctuation, or to the number of an article, hold the line together.
     const QString& text() const { return text_; }
     int documentLength() const { return static_cast<int>(text_.size()); }
     qsizetype modelLength() const { return modelLength_; }

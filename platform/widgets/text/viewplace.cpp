@@ -83,9 +83,10 @@ void ViewPlace::reveal(int position) {
     while (layout_.layOutBetween(line.top - height(), line.top + height()))
         line = layout_.lineOf(position);
     tellHeight();
+    const int room = height() / 8;
     if (position == 0)
         scrollTo(0);
-    else if (line.top < top() || line.top + line.height > top() + height())
+    else if (line.top < top() + room || line.top + line.height > top() + height() - room)
         scrollTo(line.top - height() / 4);
 }
 

@@ -41,7 +41,7 @@ public:
     void stay();
     /// Lays out the screen and one more above and below.
     void layOutAround();
-    /// Scrolls, if need be, until a position of the document shows.
+    /// Scrolls, if need be, until a position of the document shows, and not at the screen's very edge.
     void reveal(int position);
 
 private:

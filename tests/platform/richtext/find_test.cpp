@@ -79,6 +79,18 @@ TEST(Find, HitsAreFoundWhereverTheTextIsCutInside) {
     }
 }
 
+TEST(Find, AllHitsAreFoundAcrossTheSeamsOnce) {
+    RichText rich;
+    rich.replace(0, 0, QString(70000, u'x'));
+    std::vector<qsizetype> places{0, 254, 766, 32000, 65279, 69996};
+    for (const qsizetype at : places)
+        rich.replace(at, 4, u"Mot!");
+    EXPECT_EQ(findAll(rich, u"mot!", {}), places);
+    EXPECT_EQ(findAll(rich, u"Mot!", {.matchCase = true}), places);
+    EXPECT_EQ(findAll(rich, u"mot!", {.matchCase = true}), std::vector<qsizetype>{});
+    EXPECT_EQ(findAll(RichText(), u"a", {}), std::vector<qsizetype>{});
+}
+
 TEST(Find, RepetitiveTextsDoNotSlowTheSearchDown) {
     // Quadratic behaviour would compare 10^11 units here.
     QString text(1000000, u'a');
@@ -149,6 +161,10 @@ TEST(Find, EqualsTheDefinitionInBothFormsOnRandomTexts) {
         const qsizetype expected = naive(text, what, start, end, options);
         ASSERT_EQ(find(text, what, start, end, options), expected) << text.toStdString() << " / " << what.toStdString();
         ASSERT_EQ(find(rich, what, start, end, options), expected) << text.toStdString() << " / " << what.toStdString();
+        std::vector<qsizetype> all;
+        for (qsizetype hit = naive(text, what, 0, -1, options); hit >= 0; hit = naive(text, what, hit + 1, -1, options))
+            all.push_back(hit);
+        ASSERT_EQ(findAll(rich, what, options), all) << text.toStdString() << " / " << what.toStdString();
     }
 }
 

@@ -73,6 +73,48 @@ TEST(LineSetter, LooksAtTheCharactersOfALongWordOnce) {
     EXPECT_LE(set.work.characters, ShownText::longestPart + 20 * LongWords::longest);
 }
 
+TEST(LineSetter, BehindAListOrATableTextKeepsItsOwnDistance) {
+    const auto spaces = [](const ParaFormat& rows) {
+        ParaFormat running;
+        running.spaceAfter = 150; // 10 pixels
+        RichText rich;
+        const FormatId type = rich.intern(CharFormat{});
+        rich.append(u"avant\r\n", type, rich.intern(running));
+        rich.append(u"un\tdeux\r\ntrois\tquatre\r\n", type, rich.intern(rows));
+        rich.append(u"après\r\n", type, rich.intern(running));
+        const ShownText shown(rich);
+        const LineSetter setter(shown, page(), dpi, em);
+        return QList<int>{setter.spaceAfter(0), setter.spaceAfter(1), setter.spaceAfter(2), setter.spaceAfter(3)};
+    };
+    ParaFormat plain;
+    plain.spaceAfter = 60;
+    EXPECT_EQ(spaces(plain), (QList<int>{10, 4, 4, 10}));
+    ParaFormat bullets = plain;
+    bullets.bullet = true;
+    EXPECT_EQ(spaces(bullets), (QList<int>{10, 4, 10, 10}));
+    ParaFormat numbers = plain;
+    numbers.offset = 300;
+    EXPECT_EQ(spaces(numbers), (QList<int>{10, 4, 10, 10}));
+    ParaFormat table = plain;
+    table.tabs = {1000};
+    EXPECT_EQ(spaces(table), (QList<int>{10, 4, 10, 10}));
+    table.spaceAfter = 300;
+    EXPECT_EQ(spaces(table), (QList<int>{10, 20, 20, 10}));
+}
+
+TEST(LineSetter, ARowTakesNoDistanceFromTheNextOne) {
+    RichText rich;
+    const FormatId type = rich.intern(CharFormat{});
+    for (const int after : {60, 300}) {
+        ParaFormat row;
+        row.tabs = {1000};
+        row.spaceAfter = after;
+        rich.append(u"un\tdeux\r\n", type, rich.intern(row));
+    }
+    const ShownText shown(rich);
+    EXPECT_EQ(LineSetter(shown, page(), dpi, em).spaceAfter(0), 4);
+}
+
 TEST(LineSetter, OnlyTheFirstPartOfALongParagraphBeginsIt) {
     RichText rich;
     ParaFormat format;

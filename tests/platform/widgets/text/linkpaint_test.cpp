@@ -53,7 +53,10 @@ TEST(LinkPaint, ALinkIsPaintedWhereItStands) {
     const auto passes = block.passes({{3, 7}});
     ASSERT_EQ(passes.size(), 1U);
     EXPECT_EQ(passes[0].look.foreground().color(), block.sheet.link);
-    EXPECT_FALSE(passes[0].look.fontUnderline());
+    EXPECT_TRUE(passes[0].look.fontUnderline());
+    const QColor line = passes[0].look.underlineColor();
+    EXPECT_EQ(line.rgb(), block.sheet.link.rgb());
+    EXPECT_NEAR(line.alphaF(), 0.4, 0.01);
     const QRect where = passes[0].where.boundingRect();
     EXPECT_NEAR(where.left(), block.x(3), 1);
     EXPECT_NEAR(where.left() + where.width(), block.x(7), 1);
@@ -102,23 +105,38 @@ TEST(LinkPaint, TextOfADecidedColourKeepsItAndGreyDoesNot) {
     rich.append(u"grise", rich.intern(sample::detail::face(u"Liberation Serif"_s, 11, false, 0x808080)), paragraph);
     const Block block(rich);
     const auto passes = block.passes({{0, 10}});
-    ASSERT_EQ(passes.size(), 1U);
-    EXPECT_NEAR(passes[0].where.boundingRect().left(), block.x(5), 1);
-    // Under the pointer it is underlined in its own colour.
+    ASSERT_EQ(passes.size(), 2U);
+    EXPECT_EQ(passes[0].look.foreground().color(), QColor(Qt::red));
+    EXPECT_NEAR(passes[0].look.underlineColor().alphaF(), 0.4, 0.01);
+    EXPECT_EQ(passes[1].look.foreground().color(), block.sheet.link);
+    EXPECT_NEAR(passes[1].where.boundingRect().left(), block.x(5), 1);
+    // Under the pointer its line is as strong as the text.
     const auto hovered = block.passes({{0, 10}}, 0);
     ASSERT_EQ(hovered.size(), 2U);
     EXPECT_EQ(hovered[0].look.foreground().color(), QColor(Qt::red));
-    EXPECT_TRUE(hovered[0].look.fontUnderline());
+    EXPECT_EQ(hovered[0].look.underlineColor(), QColor(Qt::red));
     EXPECT_EQ(hovered[1].look.foreground().color(), block.sheet.link);
-    EXPECT_TRUE(hovered[1].look.fontUnderline());
+    EXPECT_EQ(hovered[1].look.underlineColor(), block.sheet.link);
 }
 
-TEST(LinkPaint, OnlyTheHoveredLinkIsUnderlined) {
+TEST(LinkPaint, TextInTheColourOfHeadingsTakesThatOfLinks) {
+    RichText rich;
+    rich.append(u"renvoi", rich.intern(sample::detail::face(u"Liberation Serif"_s, 11, false, 0x794E1F)),
+                rich.intern(ParaFormat{}));
+    const Block block(rich);
+    const auto passes = block.passes({{0, 6}});
+    ASSERT_EQ(passes.size(), 1U);
+    EXPECT_EQ(passes[0].look.foreground().color(), block.sheet.link);
+    EXPECT_NE(block.sheet.link.rgb(), look::accent);
+}
+
+TEST(LinkPaint, OnlyTheHoveredLinkHasAStrongLine) {
     const Block block(plain(u"un deux trois"_s));
     const auto passes = block.passes({{0, 2}, {3, 7}}, 1);
     ASSERT_EQ(passes.size(), 2U);
-    EXPECT_FALSE(passes[0].look.fontUnderline());
-    EXPECT_TRUE(passes[1].look.fontUnderline());
+    EXPECT_LT(passes[0].look.underlineColor().alphaF(), 0.5);
+    EXPECT_EQ(passes[1].look.underlineColor().alphaF(), 1.0);
+    EXPECT_TRUE(passes[0].look.fontUnderline() && passes[1].look.fontUnderline());
     EXPECT_NEAR(passes[1].where.boundingRect().left(), block.x(3), 1);
 }
 

@@ -45,19 +45,29 @@ TEST(PaperPage, InANarrowWindowTheMarginGivesWayAndThenTheTextIsCutOff) {
     EXPECT_EQ(paperPage(-5, nullptr, dpi).width, 1);
 }
 
-TEST(PaperPage, TheMeasureFollowsTheTypeWithinReason) {
-    const ShownText small = text(8);
+TEST(PaperPage, RunningTextOfEverySizeLiesOnTheSameSheet) {
+    const PaperPage empty = paperPage(3000, nullptr, dpi);
+    for (const int halfPoints : {8, 18, 22, 23, 24, 26}) {
+        const ShownText usual = text(halfPoints);
+        EXPECT_EQ(paperPage(3000, &usual, dpi), empty) << halfPoints;
+    }
+    EXPECT_NEAR(empty.measure, 600, 2);
+}
+
+TEST(PaperPage, LargePrintGetsAWiderOneWithinReason) {
     const ShownText usual = text(24);
-    const ShownText title = text(90);
-    EXPECT_EQ(paperPage(3000, &small, dpi), paperPage(3000, nullptr, dpi));
-    EXPECT_GT(paperPage(3000, &usual, dpi).measure, paperPage(3000, &small, dpi).measure);
+    const ShownText large = text(28);
     const ShownText largest = text(32);
+    const ShownText title = text(90);
+    EXPECT_GT(paperPage(3000, &large, dpi).measure, paperPage(3000, &usual, dpi).measure);
+    EXPECT_GT(paperPage(3000, &largest, dpi).measure, paperPage(3000, &large, dpi).measure);
     EXPECT_EQ(paperPage(3000, &title, dpi), paperPage(3000, &largest, dpi));
 }
 
-TEST(PaperPage, ATableOnTabStopsGetsTheRoomOfAPrintedPageAndOfItsStopsButNotMore) {
+TEST(PaperPage, OnlyATableThatNeedsItWidensTheSheet) {
     const ShownText narrow = text(24, {1000, 2000});
     EXPECT_GE(paperPage(3000, &narrow, dpi).measure, 9000 * dpi / 1440);
+    EXPECT_EQ(paperPage(3000, &narrow, dpi), paperPage(3000, nullptr, dpi));
     const ShownText wide = text(24, {1000, 13000});
     EXPECT_GT(paperPage(3000, &wide, dpi).measure, 13000 * dpi / 1440);
     const ShownText widest = text(24, {1000, 30000});

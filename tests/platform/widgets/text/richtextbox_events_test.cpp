@@ -29,6 +29,25 @@ TEST_F(Box, ControlAndTheWheelEnlargeTheViewAndChangeNoFormat) {
     EXPECT_GT(box.verticalScrollBar()->value(), value);
 }
 
+TEST_F(Box, AChangeOfTheZoomIsToldOnce) {
+    const QSignalSpy changed(&box, &SheetView::zoomChanged);
+    box.setZoom(150);
+    box.setZoom(150);
+    wheel(1, Qt::ControlModifier);
+    ASSERT_EQ(changed.count(), 2);
+    EXPECT_EQ(changed.at(0).at(0).toInt(), 150);
+    EXPECT_EQ(changed.at(1).at(0).toInt(), 175);
+}
+
+TEST_F(Box, ABlankSheetHasNothingToScroll) {
+    box.resize(300, 40);
+    EXPECT_EQ(box.verticalScrollBar()->maximum(), 0);
+    show(sample::plain({u"un"_s}));
+    EXPECT_GT(box.verticalScrollBar()->maximum(), 0);
+    show(RichText());
+    EXPECT_EQ(box.verticalScrollBar()->maximum(), 0);
+}
+
 TEST_F(Box, KeysEnlargeTheView) {
     show(sample::lawArticle());
     key(Qt::Key_Plus, Qt::ControlModifier);
@@ -247,6 +266,26 @@ TEST_F(Box, TheDocumentKeepsItsPaperInTheDark) {
     image = box.viewport()->grab().toImage();
     EXPECT_EQ(image.pixelColor(layout().page().sheetLeft + 3, 300), QColor(255, 255, 192));
     QApplication::setPalette(before);
+}
+
+TEST_F(Box, ASofterPaperIsShownWhereItIsWanted) {
+    const QPalette before = QApplication::palette();
+    box.resize(1200, 600);
+    show(sample::lawArticle());
+    const auto paper = [this] {
+        return box.viewport()->grab().toImage().pixelColor(layout().page().sheetLeft + 3, 300);
+    };
+    const QColor grey(0xE8, 0xEA, 0xED);
+    box.setPaperTone(RichTextBox::PaperTone::SoftInTheDark);
+    EXPECT_EQ(paper(), QColor(Qt::white));
+    QApplication::setPalette(look::palette(look::Theme::Dark));
+    QApplication::processEvents();
+    EXPECT_EQ(paper(), grey);
+    QApplication::setPalette(before);
+    QApplication::processEvents();
+    EXPECT_EQ(paper(), QColor(Qt::white));
+    box.setPaperTone(RichTextBox::PaperTone::Soft);
+    EXPECT_EQ(paper(), grey);
 }
 
 TEST_F(Box, TextWithoutAColourCanBeReadOnAnyPaper) {

@@ -139,6 +139,18 @@ protected:
         }
         box_.setLinkRanges(ranges);
     }
+    void hits() {
+        std::vector<HitRange> ranges;
+        for (int i = upTo(200); i > 0; --i) {
+            const qsizetype start = place();
+            ranges.push_back({start, start + 1 + upTo(12)});
+        }
+        if (!ranges.empty() && upTo(2) == 0) { // one of them is the current one
+            box_.setSelStart(ranges.front().start);
+            box_.setSelLength(ranges.front().end - ranges.front().start);
+        }
+        box_.setHits(upTo(2) == 0 ? HitKind::Words : HitKind::Text, ranges);
+    }
     void find() {
         const QString what = upTo(2) == 0 ? u"garantie"_s : u"Article L. %1-"_s.arg(1 + upTo(200));
         box_.findText(what, place());
@@ -203,6 +215,7 @@ protected:
         {"marks", [this] { marks(); }},
         {"format", [this] { format(); }},
         {"links", [this] { links(); }},
+        {"hits", [this] { hits(); }},
         {"wheel", [this] { wheel(Qt::NoModifier); }},
         {"wheel again", [this] { wheel(Qt::NoModifier); }},
         {"wheel to zoom", [this] { wheel(Qt::ControlModifier); }},

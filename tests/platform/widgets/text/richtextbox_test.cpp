@@ -38,6 +38,7 @@ TEST_F(Box, TheControlsSelectionShowsInTheView) {
 
 TEST_F(Box, TheUsersSelectionGoesToTheControl) {
     show(sample::plain({u"un"_s, u"deux"_s, u"trois"_s}));
+    key(Qt::Key_F7); // without a caret this key scrolls
     key(Qt::Key_Down);
     EXPECT_EQ(selStart(), 4);
     key(Qt::Key_End, Qt::ShiftModifier);
@@ -151,6 +152,20 @@ TEST_F(Box, AnyPlaceCanBeShownWhileTheCaretStaysWhereItIs) {
         EXPECT_GE(there.y(), 0) << part;
         EXPECT_LE(there.y(), box.viewport()->height()) << part;
         EXPECT_EQ(box.selStart(), 7);
+    }
+}
+
+TEST_F(Box, APlaceAtTheEdgeIsMovedAwayFromIt) {
+    show(sample::longText(100000));
+    box.reveal(50000);
+    const int middle = box.verticalScrollBar()->value();
+    box.reveal(50000);
+    EXPECT_EQ(box.verticalScrollBar()->value(), middle);
+    for (const int away : {2, box.viewport()->height() - 30}) { // from the upper edge, from the lower
+        box.verticalScrollBar()->setValue(middle + pointOf(50000).y() - away);
+        box.reveal(50000);
+        EXPECT_GT(pointOf(50000).y(), 60) << away;
+        EXPECT_LT(pointOf(50000).y(), box.viewport()->height() - 60) << away;
     }
 }
 

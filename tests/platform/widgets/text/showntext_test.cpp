@@ -76,6 +76,15 @@ TEST(ShownText, BlanksOfPunctuationHoldTheLineTogether) {
     EXPECT_EQ(shown.modelLength(), shown.documentLength());
 }
 
+TEST(ShownText, TheNumberOfAnArticleStaysWithItsLetter) {
+    const ShownText held(oneRun(u"l\u2019article L. 145-18, R.* 12, D* 3, R*. 4 et n° 93-949"_s));
+    EXPECT_EQ(held.text(), u"l\u2019article L.\u00A0145-18, R.* 12, D* 3, R*.\u00A04 et n°\u00A093-949"_s);
+    const ShownText free(oneRun(u"S.A.R.L. 12, HL. 3, L. bis, B. 4, degrés° 5, L.  6"_s));
+    EXPECT_EQ(free.text(), u"S.A.R.L.\u00A012, HL. 3, L. bis, B. 4, degrés° 5, L.  6"_s);
+    EXPECT_EQ(ShownText(oneRun(u"L. 1"_s)).text(), u"L.\u00A01"_s);
+    EXPECT_EQ(ShownText(oneRun(u"L. "_s)).text(), u"L. "_s);
+}
+
 TEST(ShownText, AnObjectKeepsItsSign) {
     RichText rich = oneRun(u"a"_s);
     CharFormat format;

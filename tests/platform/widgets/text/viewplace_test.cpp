@@ -132,7 +132,7 @@ TEST_F(PlaceTest, APlaceBelowTheLargestLettersIsInSightAtOnce) {
 TEST_F(PlaceTest, APlaceInSightMovesNothingAndTheFirstOneShowsTheMargin) {
     paragraphs(broad);
     bar().setValue(10);
-    box.reveal(50);
+    box.reveal(600);
     EXPECT_EQ(bar().value(), 10);
     expectReady("around a place in sight");
     box.reveal(0);
