@@ -59,6 +59,22 @@ bool feuille(const QString& cle) {
     return cle.startsWith(marquefeuille);
 }
 
+/// Where a title goes on behind what it repeats of a text above it: behind the last comma or dash up to which the text
+/// begins as the title does. 0 where it repeats nothing, or has nothing else to say.
+qsizetype finrepetee(const QString& titre, const QString& audessus) {
+    qsizetype fin = 0;
+    for (const auto& coupure : {u", "_s, u" - "_s, u" \u2013 "_s, u" : "_s, u"\u00A0: "_s}) {
+        for (qsizetype la = titre.indexOf(coupure); la > 0; la = titre.indexOf(coupure, la + 1)) {
+            const bool repete = audessus.startsWith(QStringView(titre).first(la), Qt::CaseInsensitive) &&
+                                (audessus.size() == la || !audessus.at(la).isLetterOrNumber());
+            const qsizetype suite = la + coupure.size();
+            if (repete && suite < titre.size())
+                fin = std::max(fin, suite);
+        }
+    }
+    return fin;
+}
+
 qint64 numerodenoeud(const QString& cle) {
     return wholeNumber(QStringView(cle).sliced(std::min<qsizetype>(2, cle.size()))).value_or(0);
 }
@@ -129,6 +145,11 @@ void Arborescence::developpe(TreeNodes& arbre, int noeud) {
     if (!arbre.contains(noeud) || arbre.children(noeud) == 0)
         return;
     const Attente attente(sablier_);
+    devance(arbre, noeud);
+}
+
+/// Loads what the children of a node that opens lack below them.
+void Arborescence::devance(TreeNodes& arbre, int noeud) {
     const SansRedessin ensemble(arbre);
     profondeurmax_ = niveaunoeud(arbre, noeud) + avance;
     // Documents of a branch may come to hang under the root while it is being walked: only what stands now is looked
@@ -144,7 +165,7 @@ void Arborescence::developpe(TreeNodes& arbre, int noeud) {
 void Arborescence::ouvre(TreeNodes& arbre, int noeud) {
     if (arbre.children(noeud) == 0)
         return;
-    developpe(arbre, noeud);
+    devance(arbre, noeud);
     arbre.setExpanded(noeud, true);
 }
 
@@ -157,10 +178,11 @@ void Arborescence::ouvreancetres(TreeNodes& arbre, int noeud) {
         ouvre(arbre, parent);
 }
 
-void Arborescence::cherchebranche(TreeNodes& arbre, qint64 numero) {
+/// Loads and opens what leads to the branch of a number, and tells of each node from the first one that stood in the
+/// tree. Stops short of it, and gives false, where the base does not know the way.
+bool Arborescence::descend(TreeNodes& arbre, qint64 numero, const std::function<void(int noeud)>& passe) {
     if (!arbre.contains(racine))
-        return;
-    const SansRedessin ensemble(arbre);
+        return false;
     const QString code = arbre.key(racine).left(2);
     const auto noeudde = [&](qint64 cherche) { return arbre.indexOf(code + numberText(cherche)); };
     // Up by what each branch hangs from, to one that stands in the tree.
@@ -172,7 +194,7 @@ void Arborescence::cherchebranche(TreeNodes& arbre, qint64 numero) {
     while (noeudde(courant) == 0) {
         table.seek(Seek::Equal, courant);
         if (vus.contains(courant) || table.noMatch())
-            return;
+            return false;
         vus.insert(courant);
         manquants.push_back(courant);
         courant = table.number(u"dépendance"_s);
@@ -180,24 +202,61 @@ void Arborescence::cherchebranche(TreeNodes& arbre, qint64 numero) {
     // And down again: opening a branch loads what its children lack.
     int noeud = noeudde(courant);
     ouvreancetres(arbre, noeud);
-    arbre.select(noeud);
+    passe(noeud);
     std::reverse(manquants.begin(), manquants.end());
     for (const qint64 suivant : manquants) {
         ouvre(arbre, noeud);
         noeud = noeudde(suivant);
         if (noeud == 0)
-            return;
-        arbre.select(noeud);
+            return false;
+        passe(noeud);
     }
+    return true;
+}
+
+void Arborescence::cherchebranche(TreeNodes& arbre, qint64 numero) {
+    if (!arbre.contains(racine))
+        return;
+    const Attente attente(sablier_);
+    const SansRedessin ensemble(arbre);
+    descend(arbre, numero, [&arbre](int noeud) { arbre.select(noeud); });
 }
 
 void Arborescence::choisitdocument(TreeNodes& arbre, const Cle& cle) {
-    const int noeud = arbre.indexOf(marquefeuille + cle.texte());
+    const int noeud = feuillede(arbre, cle);
     if (noeud == 0)
         return;
+    const Attente attente(sablier_);
     const SansRedessin ensemble(arbre);
     ouvreancetres(arbre, noeud);
     arbre.select(noeud);
+}
+
+int Arborescence::mene(TreeNodes& arbre, const Cle& cle, qint64 numero) {
+    const SansRedessin ensemble(arbre);
+    if (feuillede(arbre, cle) == 0 && !descend(arbre, numero, [](int) {}))
+        return 0;
+    const int noeud = feuillede(arbre, cle);
+    if (noeud != 0)
+        ouvreancetres(arbre, noeud);
+    return noeud;
+}
+
+int Arborescence::feuillede(const TreeNodes& arbre, const Cle& cle) {
+    return arbre.indexOf(marquefeuille + cle.texte());
+}
+
+// ---- nodes
+
+QString Arborescence::libellecourt(const TreeNodes& arbre, int noeud) {
+    const QString& titre = arbre.text(noeud);
+    if (!feuille(arbre.key(noeud)))
+        return titre;
+    for (int parent = arbre.parent(noeud); parent != 0; parent = arbre.parent(parent)) {
+        if (const qsizetype debut = finrepetee(titre, arbre.text(parent)); debut > 0)
+            return titre.sliced(debut);
+    }
+    return titre;
 }
 
 int Arborescence::niveaunoeud(const TreeNodes& arbre, int noeud) {
@@ -217,6 +276,14 @@ Cle Arborescence::documentde(const TreeNodes& arbre, int noeud, const QString& c
         return {};
     // The row may write the code in another case than its collection does.
     return {code, decoupecle(QStringView(arbre.key(noeud)).sliced(1)).numero};
+}
+
+QStringList Arborescence::chemin(const TreeNodes& arbre, int noeud) {
+    QStringList noms;
+    for (int branche = feuille(arbre.key(noeud)) ? arbre.parent(noeud) : noeud; arbre.contains(branche);
+         branche = arbre.parent(branche))
+        noms.prepend(arbre.text(branche));
+    return noms;
 }
 
 } // namespace velm

@@ -8,6 +8,7 @@
 #include "platform/system/sablier.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -35,13 +36,23 @@ public:
     void cherchebranche(TreeNodes& arbre, qint64 numero);
     /// Selects the leaf of a document, and opens what leads to it. Nothing happens when it is not in the tree.
     void choisitdocument(TreeNodes& arbre, const Cle& cle);
+    /// Opens what leads to the leaf of a document, which hangs from the branch of a number, and gives the leaf; 0 where
+    /// the tree has none. What the way needs is loaded, without the hourglass, and nothing is selected.
+    int mene(TreeNodes& arbre, const Cle& cle, qint64 numero);
+    /// The leaf of a document, if it is loaded; 0 for none.
+    static int feuillede(const TreeNodes& arbre, const Cle& cle);
 
     /// Steps from a node up to the root, which is node 1 and gives 0.
     static int niveaunoeud(const TreeNodes& arbre, int noeud);
+    /// The text of a node as it is shown below its ancestors: a document's title leaves out what repeats the text of
+    /// one of them ("art. 3" below "Code du travail"). All others are shown whole.
+    static QString libellecourt(const TreeNodes& arbre, int noeud);
     /// Picture of a branch at a depth from 0 to 10; empty beyond.
     QString imagenoeud(int profondeur, bool ouvert) const;
     /// The document of a leaf in the tree of a collection; an empty key for any other node.
     static Cle documentde(const TreeNodes& arbre, int noeud, const QString& code);
+    /// The names of the branches from the root down to a node, without the node where it is a document.
+    static QStringList chemin(const TreeNodes& arbre, int noeud);
 
     /// Depth at which the loading stops.
     int profondeurmax() const { return profondeurmax_; }
@@ -49,8 +60,10 @@ public:
 private:
     void charge(TreeNodes& arbre, int noeud, bool feuillesvues);
     void ajoutefeuilles(TreeNodes& arbre, int parent, const QString& code, qint64 numero);
+    void devance(TreeNodes& arbre, int noeud);
     void ouvre(TreeNodes& arbre, int noeud);
     void ouvreancetres(TreeNodes& arbre, int noeud);
+    bool descend(TreeNodes& arbre, qint64 numero, const std::function<void(int noeud)>& passe);
 
     static constexpr int avance = 3; ///< levels that are loaded ahead
 

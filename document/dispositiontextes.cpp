@@ -23,6 +23,9 @@ constexpr int largeurcommode = 1800;
 constexpr int hauteurcommode = 1200;
 constexpr int hauteurligne = 640; // for the line of the word search
 constexpr int largeurhabituelle = 4305;
+constexpr int largeurpremiere = 4800; // of the panel of a first window
+// Hundredths of the height of the window: what opened lists take at most, headers and all.
+constexpr int partdeslistes = 28;
 
 } // namespace
 
@@ -31,9 +34,20 @@ bool DispositionTextes::replie() const {
 }
 
 void DispositionTextes::changetaille(int largeur, int hauteur, const MesuresTextes& mesures) {
+    const int avant = hauteur_;
     largeur_ = std::max(0, largeur);
     hauteur_ = std::max(0, hauteur);
     mesures_ = mesures;
+    lignevoulue_ = lignevoulue_ && basse();
+    if (!listesvisibles || avant == 0 || hauteur_ == avant)
+        return;
+    posseparateurlisteh =
+        listesdeplacees_ ? static_cast<int>(qint64{posseparateurlisteh} * hauteur_ / avant) : placedeslistes();
+}
+
+void DispositionTextes::commence() {
+    arrangement = Arrangement::ACote;
+    posseparateur = largeurpremiere;
 }
 
 void DispositionTextes::charge(bool listeselectionvisible) {
@@ -48,12 +62,14 @@ void DispositionTextes::charge(bool listeselectionvisible) {
 }
 
 void DispositionTextes::plie() {
+    lignevoulue_ = false;
     posseparateur = droite() ? 0 : hauteurbarre;
 }
 
 void DispositionTextes::deplie(Bloc bloc) {
     const int etendue = droite() ? posseparateur : posseparateur - hauteurbarre;
     const int commode = droite() ? largeurcommode : bloc == Bloc::Recherche ? hauteurligne : hauteurcommode;
+    lignevoulue_ = basse();
     if (etendue < commode)
         posseparateur = placehabituelle();
 }
@@ -73,11 +89,31 @@ int DispositionTextes::placehabituelle() const {
     return hauteurbarre + std::max(hauteurligne, (hauteur_ - mesures_.barre) / 3);
 }
 
-void DispositionTextes::ouvrelistes() {
-    if (listesvisibles)
-        return;
+/// A window that grows or shrinks gives what it has more or less to the text, not to the lists.
+int DispositionTextes::placedeslistes() const {
+    const int tete = mesures_.trait + mesures_.entete;
+    const int texte = places_.rtfRichTextBox1.top();
+    const int moitie = texte + std::max(0, hauteur_ - tete - texte) / 2;
+    return std::max(moitie, hauteur_ - std::min(tete + besoindeslistes_, hauteur_ * partdeslistes / 100));
+}
+
+void DispositionTextes::ouvrelistes(int besoin) {
+    besoindeslistes_ = besoin;
+    const int place = placedeslistes();
+    if (!listesvisibles)
+        posseparateurlisteh = place;
+    else if (!listesdeplacees_)
+        posseparateurlisteh = std::min(posseparateurlisteh, place);
     listesvisibles = true;
-    posseparateurlisteh = places_.rtfRichTextBox1.top() + places_.rtfRichTextBox1.height() / 2;
+}
+
+void DispositionTextes::fermelistes() {
+    listesvisibles = listesdeplacees_ = false;
+}
+
+/// The line of the search above the text; a block that is higher than a line is there in windows of any height.
+bool DispositionTextes::lignevisible() const {
+    return !basse() || lignevoulue_ || posseparateur - hauteurbarre >= hauteurcommode;
 }
 
 QRect DispositionTextes::rect(int gauche, int haut, int largeur, int hauteur) const {
@@ -99,9 +135,9 @@ void DispositionTextes::deplaceseparateur() {
         places_.panneaulisible = x >= largeurlisible && hauteur > 0;
         return;
     }
-    const int y =
-        std::clamp(posseparateur - hauteurbarre, 0, std::max(0, hauteur - trait - std::min(hauteurtexte, hauteur / 2)));
-    const int ligne = std::min(trait, hauteur - std::min(y, hauteur));
+    const int voulue = lignevisible() ? posseparateur - hauteurbarre : 0;
+    const int y = std::clamp(voulue, 0, std::max(0, hauteur - trait - std::min(hauteurtexte, hauteur / 2)));
+    const int ligne = lignevisible() ? std::min(trait, hauteur - std::min(y, hauteur)) : 0;
     places_.panneau = rect(0, haut, largeur_, y);
     places_.separateur = rect(0, haut + y, largeur_, ligne);
     places_.rtfRichTextBox1 = rect(0, haut + y + ligne, largeur_, hauteur - y - ligne);
@@ -116,7 +152,7 @@ void DispositionTextes::replaceseparateur() {
         if (posseparateurlisteh < 60)
             posseparateurlisteh = 240;
     } else {
-        posseparateurlisteh = hauteur_ - mesures_.trait - mesures_.entete;
+        posseparateurlisteh = hauteur_ - hauteurtrait() - hauteurentete();
     }
     placelistes();
     deplaceseparateur();
@@ -124,17 +160,17 @@ void DispositionTextes::replaceseparateur() {
 
 void DispositionTextes::placelistes() {
     const int barre = std::min(mesures_.barre, hauteur_);
-    const int plusbas = std::max(barre, hauteur_ - mesures_.trait - mesures_.entete);
+    const int plusbas = std::max(barre, hauteur_ - hauteurtrait() - hauteurentete());
     const int haut = std::clamp(posseparateurlisteh, barre, plusbas);
-    const int entete = haut + mesures_.trait;
-    const int grille = entete + mesures_.entete;
+    const int entete = haut + hauteurtrait();
+    const int grille = entete + hauteurentete();
     const int trait = std::min(mesures_.trait, largeur_);
     const int x = std::clamp(posseparateurlistev, 0, largeur_ - trait);
     const int reste = largeur_ - x - trait;
-    places_.separateurlisteh = rect(0, haut, largeur_, mesures_.trait);
-    places_.entetelistedesliens = rect(0, entete, x, mesures_.entete);
+    places_.separateurlisteh = rect(0, haut, largeur_, hauteurtrait());
+    places_.entetelistedesliens = rect(0, entete, x, hauteurentete());
     places_.separateurlistev = rect(x, entete, trait, hauteur_ - entete);
-    places_.entetelistedescorrelats = rect(x + trait, entete, reste, mesures_.entete);
+    places_.entetelistedescorrelats = rect(x + trait, entete, reste, hauteurentete());
     const int hauteurgrille = listesvisibles ? hauteur_ - grille : 0;
     places_.flexlistedesliens = rect(0, grille, x, hauteurgrille);
     places_.flexlistedescorreles = rect(x + trait, grille, reste, hauteurgrille);
@@ -146,12 +182,14 @@ bool DispositionTextes::lache(const QString& source, const QPoint& coin) {
         deplaceseparateur();
         return true;
     }
-    if (source == u"separateurlisteh")
+    if (source == u"separateurlisteh") {
+        listesdeplacees_ = true;
         posseparateurlisteh = coin.y();
-    else if (source == u"separateurlistev")
+    } else if (source == u"separateurlistev") {
         posseparateurlistev = coin.x();
-    else
+    } else {
         return false;
+    }
     replaceseparateur();
     return true;
 }

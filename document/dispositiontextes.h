@@ -56,7 +56,8 @@ public:
     bool droite() const { return arrangement == Arrangement::ACote; } ///< the panel's bar stands upright
     bool replie() const;                                              ///< the panel is folded away
 
-    /// Inner size of the window. Places nothing yet.
+    /// Inner size of the window. Places nothing yet. Shown lists keep the height that they need, or the part that
+    /// the user has given them.
     void changetaille(int largeur, int hauteur, const MesuresTextes& mesures);
     int largeur() const { return largeur_; }
     int hauteur() const { return hauteur_; }
@@ -67,14 +68,17 @@ public:
     void partagelistes() { posseparateurlistev = largeur_ / 2 - 30; }
     /// Folds the panel away.
     void plie();
+    /// A first window: the panel lies beside the text, as wide as titles need it.
+    void commence();
     /// Opens a panel that is too small to show a block; the search block above the text is content with a line.
     void deplie(Bloc bloc);
     void changearrangement(Arrangement nouveau);
     /// Where the panel's bar is put by a double click.
     int placehabituelle() const;
-    /// Shows the grids, in the lower half of the text; hides them.
-    void ouvrelistes();
-    void fermelistes() { listesvisibles = false; }
+    /// Shows the grids under the text, so high that each has `besoin` for itself, but never higher than a good quarter
+    /// of the window or half of the text. Shown already, they become no smaller, and stay where the user has put them.
+    void ouvrelistes(int besoin);
+    void fermelistes();
 
     /// Places the panel, its bar and the text.
     void deplaceseparateur();
@@ -91,11 +95,22 @@ public:
     static int Heightblocrecherche(int hauteur, int champs);
 
 private:
+    bool basse() const { return hauteur_ < hauteurbasse; }
+    bool lignevisible() const;
+    int hauteurentete() const { return basse() && !listesvisibles ? 0 : mesures_.entete; }
+    int hauteurtrait() const { return basse() && !listesvisibles ? 0 : mesures_.trait; }
+    int placedeslistes() const;
     void placelistes();
     QRect rect(int gauche, int haut, int largeur, int hauteur) const;
 
+    /// A window that is lower leaves the text what the line of the search and the headers of closed lists would take.
+    static constexpr int hauteurbasse = 4800;
+
     int largeur_ = 0;
     int hauteur_ = 0;
+    int besoindeslistes_ = 0;      ///< the height of all rows of the longer list
+    bool lignevoulue_ = false;     ///< the user has asked for the line of the search in a low window
+    bool listesdeplacees_ = false; ///< the user has moved the bar above the lists
     MesuresTextes mesures_;
     PlacesTextes places_;
 };

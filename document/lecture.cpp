@@ -6,6 +6,7 @@
 #include "document/clic.h"
 #include "platform/base/memory.h"
 #include "platform/system/addresses.h"
+#include "platform/text/number.h"
 
 #include <utility>
 
@@ -25,6 +26,10 @@ void Lecture::affiche(const Cle& cle, const QString& ancre) {
 void Lecture::reaffiche() {
     if (!referencecourante().isEmpty())
         montre(cle(), false, QString());
+}
+
+qint64 Lecture::branche() const {
+    return roundHalfEven(val(document_.numeroarborescence));
 }
 
 void Lecture::changeabc(bool abc) {
@@ -69,15 +74,22 @@ PlageLien Lecture::plage(qsizetype lien) const {
 }
 
 QString Lecture::cible(qsizetype lien) const {
+    if (lien < 0 || lien >= listes_.Listehyperlien.size())
+        return titrecible(lien);
+    const QString& visee = listes_.Listehyperlien.at(lien);
+    const QString titre = titrecible(lien);
+    return titre.isEmpty() ? visee : visee + u" - "_s + titre;
+}
+
+QString Lecture::titrecible(qsizetype lien) const {
     if (lien < 0)
         return {};
     const qsizetype rang = lien - listes_.Listehyperlien.size();
     if (rang >= 0)
         return rang < listes_.ListeUrl.size() ? listes_.ListeUrl.at(rang)
                                               : listes_.ListeEmail.value(rang - listes_.ListeUrl.size());
-    const QString& visee = listes_.Listehyperlien.at(lien);
-    const std::optional<Notice> notice = contexte_.corpus.document(decoupecle(visee));
-    return notice ? visee + u" - "_s + notice->titre : visee;
+    const std::optional<Notice> notice = contexte_.corpus.document(decoupecle(listes_.Listehyperlien.at(lien)));
+    return notice ? notice->titre : QString();
 }
 
 void Lecture::suit(qsizetype position) {
@@ -116,14 +128,14 @@ void Lecture::recoitmots(const QString& mot1, const QString& mot2, const Marquag
     if (mot1.isEmpty() || !marquage.automatique)
         return;
     fixemarques(true);
-    if (const Marques marques = marquemots(parties_.controle, mots_, marquage); marques.premiere >= 0)
+    if (const Marques marques = marque(marquage); marques.premiere >= 0)
         parties_.vue.revele(marques.premiere);
 }
 
 void Lecture::changemarques(bool marques, const Marquage& marquage) {
     fixemarques(marques);
     if (marques) {
-        marquemots(parties_.controle, mots_, marquage);
+        marque(marquage);
     } else if (!referencecourante().isEmpty()) {
         abc_ = false;
         parties_.barre.montreabc(false);
@@ -134,6 +146,14 @@ void Lecture::changemarques(bool marques, const Marquage& marquage) {
 void Lecture::fixemarques(bool marques) {
     marques_ = marques;
     parties_.barre.montremarques(marques);
+    if (!marques)
+        parties_.vue.montreoccurrences({});
+}
+
+Marques Lecture::marque(const Marquage& marquage) {
+    Marques marques = marquemots(parties_.controle, mots_, marquage);
+    parties_.vue.montreoccurrences(marques.ou);
+    return marques;
 }
 
 void Lecture::vamot(bool suivant) {

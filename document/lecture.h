@@ -20,8 +20,10 @@ public:
     virtual void activemenus() = 0;                     ///< menusactifs() has become true
     virtual void rafraichit() = 0;                      ///< the text and its links are others: to be painted at once
     virtual void revele(qsizetype position) = 0;        ///< scrolls there; the caret stays
-    virtual void ditcible(const QString& texte) = 0;    ///< where the link under the pointer leads; empty for none
-    virtual void dit(const QString& texte) = 0;         ///< in a box
+    /// The marks in the text, to be shown as what was found; none any more where that is empty.
+    virtual void montreoccurrences(const std::vector<Occurrence>& occurrences) = 0;
+    virtual void ditcible(const QString& texte) = 0; ///< where the link under the pointer leads; empty for none
+    virtual void dit(const QString& texte) = 0;      ///< in a box
 };
 
 /// The buttons of the reading.
@@ -71,6 +73,8 @@ public:
     Cle cle() const { return parcours_.cle(); }
     const QString& referencecourante() const { return parcours_.referencecourante; }
     const QString& titrecourant() const { return parcours_.titrecourant; }
+    /// Number of the branch of the contents that it hangs from; 0 for none.
+    qint64 branche() const;
     /// A document was asked for: the commands that need one are enabled.
     bool menusactifs() const { return menusactifs_; }
     /// Shows the document once more, from its start and in full whatever the button says. Nothing without a document.
@@ -90,6 +94,8 @@ public:
     PlageLien plage(qsizetype lien) const;
     /// What a link leads to, for the status line; empty beyond the last one and for -1.
     QString cible(qsizetype lien) const;
+    /// The same for a tip beside the pointer: the title of a document, an address as it stands.
+    QString titrecible(qsizetype lien) const;
     /// A click on a position of the text: opens what the link there leads to; an address that may not be handed on is
     /// said. Nothing where no link is.
     void suit(qsizetype position);
@@ -118,6 +124,7 @@ private:
     void montre(const Cle& cle, bool abc, const QString& ancre);
     void ditsirefuse(Navigateur::Handed issue, const QString& adresse) const;
     void fixemarques(bool marques);
+    Marques marque(const Marquage& marquage);
 
     PartiesLecture parties_;
     ContexteLecture contexte_;

@@ -49,6 +49,7 @@ Marques marquemot(RichTextControl& controle, const QString& mot, const Marquage&
         texte.changeCharacters(ici, mot.size(), change);
         if (marques.nombre++ == 0)
             marques.premiere = ici;
+        marques.ou.push_back({ici, mot.size()});
     }
     if (marques.nombre > 0)
         controle.notifyChanged();
@@ -61,6 +62,7 @@ Marques marquemots(RichTextControl& controle, const MotsCherches& mots, const Ma
     Marques marques = marquemot(controle, mots.mot1, marquage);
     const Marques autres = mots.mot2.isEmpty() ? Marques{} : marquemot(controle, mots.mot2, marquage);
     marques.nombre += autres.nombre;
+    marques.ou.insert(marques.ou.end(), autres.ou.begin(), autres.ou.end());
     if (marques.premiere < 0 || (autres.premiere >= 0 && autres.premiere < marques.premiere))
         marques.premiere = autres.premiere;
     controle.setRedraw(avant);

@@ -3,6 +3,7 @@
 #include "platform/richtext/control.h"
 
 #include <optional>
+#include <vector>
 
 namespace velm {
 
@@ -14,9 +15,17 @@ struct Marquage {
     bool automatique = false;
 };
 
+struct Occurrence {
+    qsizetype debut = 0;
+    qsizetype longueur = 0;
+
+    friend bool operator==(const Occurrence&, const Occurrence&) = default;
+};
+
 struct Marques {
     int nombre = 0;
-    qsizetype premiere = -1; ///< where the first one begins, -1 for none
+    qsizetype premiere = -1;    ///< where the first one begins, -1 for none
+    std::vector<Occurrence> ou; ///< word by word, each in the order of the text
 };
 
 /// The words that a document window looks for, and where its walk stands.
@@ -24,13 +33,6 @@ struct MotsCherches {
     QString mot1; ///< empty: nothing is looked for
     QString mot2;
     qsizetype posdepartrecherche = 0;
-};
-
-struct Occurrence {
-    qsizetype debut = 0;
-    qsizetype longueur = 0;
-
-    friend bool operator==(const Occurrence&, const Occurrence&) = default;
 };
 
 /// Marks every occurrence of a word, in whatever case; the selection stays. An occurrence at the very first character

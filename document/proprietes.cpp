@@ -1,6 +1,7 @@
 #include "document/proprietes.h"
 
 #include "core/cle.h"
+#include "core/langue.h"
 #include "core/tablereglages.h"
 #include "platform/text/number.h"
 
@@ -54,6 +55,16 @@ void montrearborescence(Arborescence& arborescence, TreeNodes& arbre, const Prop
     if (noeud != 0)
         arborescence.cherchebranche(arbre, noeud);
     arborescence.choisitdocument(arbre, cle);
+}
+
+QString placedanslesommaire(const TreeNodes& arbre, const Libelles& texte) {
+    const QStringList noms = Arborescence::chemin(arbre, arbre.selected());
+    if (noms.size() < 2)
+        return {};
+    QString place = noms.first();
+    for (const QString& nom : noms.sliced(1))
+        place = remplace(texte(Texte::CheminDansLeSommaire), {place, nom});
+    return place;
 }
 
 } // namespace velm

@@ -1,6 +1,7 @@
 #pragma once
 // What the properties dialog shows of a document.
 #include "core/reglages.h"
+#include "core/texte.h"
 #include "core/typesdocument.h"
 #include "document/affichage.h"
 #include "document/arborescence.h"
@@ -47,5 +48,9 @@ void ecrittailleproprietes(Reglages& reglages, const TailleProprietes& taille);
 
 /// The collection's tree, opened down to the branch and the leaf of the document.
 void montrearborescence(Arborescence& arborescence, TreeNodes& arbre, const Proprietes& proprietes);
+
+/// Where the document that is selected in the tree hangs, in one line: the way from the collection down to it. Empty
+/// where it hangs from the collection itself, or nowhere.
+QString placedanslesommaire(const TreeNodes& arbre, const Libelles& texte);
 
 } // namespace velm

@@ -18,6 +18,12 @@ public:
     };
     /// The next hit behind the last one. Without one the next call begins at the text's start.
     Issue suivant(RichTextControl& controle, const QString& texte, int options);
+    /// The hit before the last one, before the first the text's last: one of `occurrences`, which are of the same text
+    /// and `longueur` long. Then next is again what stands behind it; it does not count as a further hit. False
+    /// without any.
+    bool precedent(RichTextControl& controle, const std::vector<qsizetype>& occurrences, qsizetype longueur);
+    /// Where the last hit begins; -1 before the first.
+    qsizetype derniere() const { return debut_ - 1; }
     /// Begins again: another text is looked for, or in another document.
     void recommence() { *this = {}; }
 
@@ -28,6 +34,9 @@ private:
     qsizetype debut_ = 0;
     int compte_ = 0;
 };
+
+/// Where all hits of a text begin.
+std::vector<qsizetype> occurrencesde(const RichText& dans, const QString& texte, int options);
 
 /// Finds from `debut` to `fin` (-1: the end) and selects the hit; false when there is none.
 bool FindString(RichTextControl& controle, const QString& texte, qsizetype debut, qsizetype fin, int options);

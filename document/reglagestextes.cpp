@@ -1,5 +1,6 @@
 #include "document/reglagestextes.h"
 
+#include "core/cle.h"
 #include "core/tablereglages.h"
 #include "document/listecollection.h"
 #include "platform/text/number.h"
@@ -14,10 +15,28 @@ namespace {
 constexpr std::array blocs{Bloc::Recherche, Bloc::Arbre, Bloc::Liste};
 constexpr std::array arrangements{Arrangement::ACote, Arrangement::Dessus};
 
+template <class Sorte>
+bool existe(const Reglages& reglages, const Serie<Sorte>& serie, int indice) {
+    return reglages.existe(serie[indice].cle);
+}
+
 /// Window settings must never keep a window from opening: any text is read as the number it begins with.
 int nombre(const Reglages& reglages, const ReglageLibre& reglage) {
     constexpr double borne = 1'000'000;
     return static_cast<int>(roundHalfEven(std::clamp(reglages.lit(reglage), -borne, borne)));
+}
+
+/// Nobody has chosen a place for this window. It fills the frame, unless there are windows that the user has laid
+/// beside one another.
+int premieretat(const Reglages& reglages) {
+    constexpr int normal = 0;
+    constexpr int agrandi = 2;
+    for (int indice = 0; indice < nombredecollections; ++indice) {
+        const auto& etat = reglage::fenetreetat[indice];
+        if (reglages.existe(etat.cle) && nombre(reglages, etat) == normal)
+            return normal;
+    }
+    return agrandi;
 }
 
 int rang(const auto& valeurs, auto valeur) {
@@ -28,7 +47,8 @@ int rang(const auto& valeurs, auto valeur) {
 
 ReglagesTextes litreglagestextes(const Reglages& reglages, int indice) {
     ReglagesTextes lus;
-    const int etat = nombre(reglages, reglage::fenetreetat[indice]);
+    const bool placee = reglages.existe(reglage::fenetreetat[indice].cle);
+    const int etat = placee ? nombre(reglages, reglage::fenetreetat[indice]) : premieretat(reglages);
     lus.place.etat = etat >= 0 && etat <= 2 ? etat : 0;
     lus.place.gauche = nombre(reglages, reglage::fenetregauche[indice]);
     lus.place.haut = nombre(reglages, reglage::fenetrehaut[indice]);
@@ -43,6 +63,13 @@ ReglagesTextes litreglagestextes(const Reglages& reglages, int indice) {
     lus.listeordre = colonnes.ordre();
     lus.listelargeurs = colonnes.largeurs();
     return lus;
+}
+
+bool jamaisouverte(const Reglages& reglages, int indice) {
+    const auto rien = [&](const auto&... series) { return (!existe(reglages, series, indice) && ...); };
+    return rien(reglage::fenetreetat, reglage::fenetregauche, reglage::fenetrehaut, reglage::fenetrelargeur,
+                reglage::fenetrehauteur, reglage::fenetrebloc, reglage::fenetredisposition, reglage::fenetreseparateur,
+                reglage::fenetrecolonnes, reglage::fenetrelargeurs);
 }
 
 void ecritreglagestextes(Reglages& reglages, int indice, const ReglagesTextes& valeurs) {

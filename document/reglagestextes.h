@@ -31,7 +31,10 @@ struct ReglagesTextes {
     friend bool operator==(const ReglagesTextes&, const ReglagesTextes&) = default;
 };
 
+/// Where no state is stored for a window it is maximised on a first start, and normal beside windows that were left so.
 ReglagesTextes litreglagestextes(const Reglages& reglages, int indice);
+/// The user has never had a window of the slot: nothing of one is stored. What it shows then is the window's to choose.
+bool jamaisouverte(const Reglages& reglages, int indice);
 /// The place itself is written for a window in normal state only.
 void ecritreglagestextes(Reglages& reglages, int indice, const ReglagesTextes& valeurs);
 

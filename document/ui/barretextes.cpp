@@ -1,6 +1,8 @@
 #include "document/ui/barretextes.h"
 
+#include "core/langue.h"
 #include "core/texte.h"
+#include "document/ui/teintes.h"
 
 #include <algorithm>
 #include <optional>
@@ -77,6 +79,9 @@ BarreTextes::BarreTextes(const Libelles& texte, QWidget* fenetre) : Toolbar(fene
         if (!bouton.raccourci.isEmpty())
             setShortcut(bouton.cle, bouton.raccourci);
     }
+    // The frame has the same two, for the documents of all windows.
+    for (const auto& cle : {u"Précédent"_s, u"Suivant"_s})
+        setToolTip(cle, remplace(texte_(Texte::BulleCetteFenetre), {toolTip(cle)}));
     montreabc(false);
     for (const auto& cle : {u"Précédent"_s, u"Suivant"_s, u"Haut"_s, u"Bas"_s})
         setButtonEnabled(cle, false);
@@ -100,9 +105,10 @@ void BarreTextes::montre(std::initializer_list<QStringView> cles, bool visibles)
 void BarreTextes::montrehistorique(const Historique& historique) {
     setMenus(u"Précédent"_s, &historique.precedent.menus());
     setMenus(u"Suivant"_s, &historique.suivant.menus());
+    setMenuImages(imagedhistorique);
 }
 
-void BarreTextes::montrebloc(Bloc bloc) {
+void BarreTextes::montrebloc(std::optional<Bloc> bloc) {
     setValue(u"arbre"_s, bloc == Bloc::Arbre);
     setValue(u"tableau"_s, bloc == Bloc::Liste);
     setValue(u"recherchedico"_s, bloc == Bloc::Recherche);
@@ -145,7 +151,7 @@ void BarreTextes::montreabc(bool enfonce) {
     constexpr auto pourabreger = Texte::ModeDAffichage;
     constexpr auto pourtoutmontrer = Texte::RevenirAuTexteComplet;
     setValue(u"abc"_s, enfonce);
-    setToolTip(u"abc"_s, texte_(enfonce ? pourtoutmontrer : pourabreger) + u"..."_s);
+    setToolTip(u"abc"_s, remplace(texte_(Texte::BulleSuite), {texte_(enfonce ? pourtoutmontrer : pourabreger)}));
 }
 
 void BarreTextes::montremarques(bool enfonce) {

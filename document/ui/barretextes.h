@@ -6,6 +6,8 @@
 #include "document/lecture.h"
 #include "platform/widgets/frame/toolbar.h"
 
+#include <optional>
+
 namespace velm {
 
 class BarreTextes final : public Toolbar, public BarreNavigable, public BarreLecture {
@@ -17,7 +19,7 @@ public:
 
     /// The drop-downs of the two buttons of the history, which outlives the bar.
     void montrehistorique(const Historique& historique);
-    void montrebloc(Bloc bloc);
+    void montrebloc(std::optional<Bloc> bloc); ///< the one that can be seen, if any
     void montrearrangement(Arrangement arrangement);
     void montredossiers(bool ouverts);
     /// There are no marked words to walk through; what marks them stays.

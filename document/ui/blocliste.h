@@ -27,11 +27,8 @@ public:
     /// Fills the grid, its columns as they were stored, sorted by the first one. std::bad_alloc where the memory does
     /// not suffice: it then counts as not filled.
     void charge(const ReglagesTextes& reglages);
-    /// Shares the room that is there between the columns, two parts for the titles, as long as nobody has touched a
-    /// width; to be called when the grid has been given another size.
-    void repartit();
     /// Puts order and widths where they are stored: of a grid that was never filled the order of none, and the widths
-    /// as they are there; of widths that nobody has touched nothing.
+    /// as they are there.
     void retient(ReglagesTextes& reglages);
 
 signals:
@@ -48,9 +45,6 @@ private:
     Colonnes colonnes_;
     GrilleDocuments documents_;
     bool chargee_ = false;
-    bool largeurslibres_ = false; ///< nobody has touched a width
-    int largeurtitre_ = 0;        ///< of the titles and of the keywords, as they were last set here
-    int largeurmotcle_ = 0;
 };
 
 } // namespace velm

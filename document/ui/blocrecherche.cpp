@@ -5,6 +5,7 @@
 #include "document/ui/etiquette.h"
 #include "platform/base/twips.h"
 #include "platform/widgets/look/look.h"
+#include "platform/widgets/look/noteline.h"
 #include "platform/widgets/text/linelist.h"
 
 #include <QApplication>
@@ -19,9 +20,16 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+constexpr int champminimal = 160;
+
+} // namespace
+
 BlocRecherche::BlocRecherche(const Libelles& texte, QWidget* fenetre)
     : QWidget(fenetre), etiquette_(new Etiquette(texte(Texte::MotsDansLaCollection), this)), mots_(new QLineEdit(this)),
-      bouton_(new QPushButton(texte(Texte::ChercherDansLaCollection), this)), resultat_(new LineList(this)) {
+      bouton_(new QPushButton(texte(Texte::ChercherDansLaCollection), this)), note_(new NoteLine(this)),
+      resultat_(new LineList(this)), toutafficher_(texte(Texte::BilanToutAfficher)) {
     setObjectName(u"blocrecherche"_s);
     mots_->setObjectName(u"Textedico"_s);
     mots_->setAccessibleName(texte(Texte::MotsDansLaCollection));
@@ -33,8 +41,10 @@ BlocRecherche::BlocRecherche(const Libelles& texte, QWidget* fenetre)
     setAccessibleName(texte(Texte::RechercheDansLaCollection));
     resultat_->setUniformItemSizes(true);
     resultat_->setSpacing(look::grid / 2);
-    connect(bouton_, &QPushButton::clicked, this, &BlocRecherche::lance);
-    connect(mots_, &QLineEdit::returnPressed, this, &BlocRecherche::lance);
+    connect(bouton_, &QPushButton::clicked, this, [this] { lance(mots_->text()); });
+    connect(mots_, &QLineEdit::returnPressed, this, [this] { lance(mots_->text()); });
+    connect(mots_, &QLineEdit::textEdited, this, [this] { dit({}); });
+    connect(note_, &NoteLine::linkClicked, this, [this] { lance(cherches_, true); });
     for (const auto choix : {&QListWidget::itemClicked, &QListWidget::itemActivated}) {
         connect(resultat_, choix, this, [this](const QListWidgetItem* ligne) {
             if (ligne)
@@ -43,9 +53,17 @@ BlocRecherche::BlocRecherche(const Libelles& texte, QWidget* fenetre)
     }
 }
 
-void BlocRecherche::lance() {
+void BlocRecherche::lance(const QString& mots, bool tous) {
+    cherches_ = mots;
     resultat_->clear();
-    emit recherche(mots_->text());
+    dit({});
+    emit recherche(mots, tous);
+}
+
+void BlocRecherche::dit(const BilanRecherche& bilan) {
+    note_->say(bilan.phrase, bilan.rien ? NoteLine::Tone::Warning : NoteLine::Tone::Quiet,
+               bilan.coupe ? toutafficher_ : QString());
+    moveblocrecherche();
 }
 
 void BlocRecherche::reprend(const QString& ligne) {
@@ -56,11 +74,13 @@ void BlocRecherche::reprend(const QString& ligne) {
         return;
     depuisclic_.start();
     mots_->setText(ligne.left(fin));
-    lance();
+    lance(mots_->text());
 }
 
 void BlocRecherche::ajouteligne(const QString& ligne) {
     resultat_->addItem(ligne);
+    if (resultat_->count() == 1)
+        moveblocrecherche();
     constexpr int image = 16;
     if (depuislignes_.isValid() && !depuislignes_.hasExpired(image))
         return;
@@ -75,7 +95,6 @@ void BlocRecherche::moveblocrecherche() {
     const int ligne = hauteurligne();
     const int empile =
         etiquette_->sizeHint().height() + look::grid + mots_->sizeHint().height() + look::spacing + ligne + 2 * marge;
-    constexpr int champminimal = 160;
     const int libelle = etiquette_->sizeHint().width() + look::spacing;
     const bool large = libelle + champminimal + look::spacing + bouton_->sizeHint().width() <= largeur;
     // Wide and low, as above the text: one line, which in a narrow window does without the label. Narrow, as beside it:
@@ -83,12 +102,30 @@ void BlocRecherche::moveblocrecherche() {
     const bool uneligne = large || height() < empile;
     const bool avecresultat = height() - ligne - 3 * look::spacing > 2 * resultat_->fontMetrics().height();
     int haut = uneligne && !avecresultat ? std::max(0, (height() - ligne) / 2) : marge;
-    etiquette_->setVisible(large || !uneligne);
-    mots_->setPlaceholderText(etiquette_->isHidden() ? mots_->accessibleName() : QString());
+    etiquette_->setVisible(large || (!uneligne && etiquette_->sizeHint().width() <= largeur));
     haut = (uneligne ? disposeligne(gauche, haut, largeur) : disposepile(gauche, haut, largeur)) + look::spacing;
+    const QString nom = mots_->accessibleName();
+    const bool tient = uneligne || mots_->fontMetrics().horizontalAdvance(nom) + 2 * look::spacing <= mots_->width();
+    mots_->setPlaceholderText(etiquette_->isHidden() && tient ? nom : QString());
+    haut = disposenote(gauche, haut, largeur);
     const int reste = DispositionTextes::Heightblocrecherche(height(), haut + look::spacing);
     resultat_->setGeometry(gauche, haut, largeur, reste);
-    resultat_->setVisible(avecresultat && reste > resultat_->fontMetrics().height());
+    resultat_->setVisible(avecresultat && reste > resultat_->fontMetrics().height() && resultat_->count() > 0);
+}
+
+/// What came of the search stands below the box; in a block that is too low for that, behind the button. Returns where
+/// what lies below begins.
+int BlocRecherche::disposenote(int gauche, int haut, int largeur) {
+    const int hauteur = note_->heightForWidth(largeur);
+    if (haut + hauteur <= height()) {
+        note_->setGeometry(gauche, haut, largeur, hauteur);
+        return hauteur > 0 ? haut + hauteur + look::spacing : haut;
+    }
+    const int debut = bouton_->geometry().right() + 1 + look::groupSpacing;
+    const int place = std::max(gauche + largeur - debut, 0);
+    const int ici = std::min(note_->heightForWidth(place), height());
+    note_->setGeometry(debut, std::max(bouton_->geometry().center().y() - ici / 2, 0), place, ici);
+    return haut;
 }
 
 int BlocRecherche::hauteurligne() const {
@@ -97,12 +134,17 @@ int BlocRecherche::hauteurligne() const {
 
 int BlocRecherche::disposeligne(int gauche, int haut, int largeur) {
     constexpr int champmaximal = 480;
+    constexpr int notelisible = 240;
     const int ligne = hauteurligne();
+    const bool dessous = haut + ligne + look::spacing + note_->heightForWidth(largeur) <= height();
+    const int note = dessous || note_->isHidden() ? 0 : notelisible;
     const int libelle = etiquette_->isHidden() ? 0 : etiquette_->sizeHint().width() + look::spacing;
     const int bouton = std::min(bouton_->sizeHint().width(), largeur / 2);
     etiquette_->setGeometry(gauche, haut, std::max(0, libelle - look::spacing), ligne);
+    const int champ = largeur - libelle - bouton - look::spacing;
     mots_->setGeometry(gauche + libelle, haut + (ligne - mots_->sizeHint().height()) / 2,
-                       std::min(largeur - libelle - bouton - look::spacing, champmaximal), mots_->sizeHint().height());
+                       std::min({champ, champmaximal, std::max(champ - note, champminimal)}),
+                       mots_->sizeHint().height());
     bouton_->setGeometry(mots_->geometry().right() + 1 + look::spacing, haut, bouton, ligne);
     return haut + ligne;
 }
@@ -112,7 +154,8 @@ int BlocRecherche::disposepile(int gauche, int haut, int largeur) {
     const int texte = etiquette_->sizeHint().height();
     const int bouton = bouton_->sizeHint().width();
     etiquette_->setGeometry(gauche, haut, largeur, texte);
-    haut += texte + look::grid;
+    if (!etiquette_->isHidden())
+        haut += texte + look::grid;
     mots_->setGeometry(gauche, haut, largeur, mots_->sizeHint().height());
     haut += mots_->height() + look::spacing;
     bouton_->setGeometry(gauche + std::max(0, largeur - bouton), haut, std::min(bouton, largeur), ligne);

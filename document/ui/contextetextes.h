@@ -1,5 +1,6 @@
 #pragma once
 // What document windows need of their surroundings.
+#include "core/bilan.h"
 #include "core/parametres.h"
 #include "core/reglages.h"
 #include "core/texte.h"
@@ -32,15 +33,20 @@ public:
 /// Help with the words of a collection.
 class AideMots {
 public:
+    /// Who hears a search; it may have been closed meanwhile.
+    struct Ecoute {
+        std::function<void(const QString&)> ligne;      ///< each line of the result, at once
+        std::function<void(const BilanRecherche&)> fin; ///< what came of it
+    };
     virtual ~AideMots() = default;
     /// How found words are marked, now.
     virtual Marquage marquage() const = 0;
     /// Words can be looked up; else the window's search block is off.
     virtual bool cherchable() const = 0;
-    /// Looks words up in the collection of a code and puts the documents into the selection list; each line of the
-    /// result is told at once. The search may have to wait for another one, and the window be closed meanwhile.
-    virtual void cherche(const QString& code, const QString& mots,
-                         const std::function<void(const QString& ligne)>& ligne) = 0;
+    /// Looks words up in the collection of a code and puts the documents into the selection list, all of them where
+    /// `tous` says so; else the user is asked before they are very many. The search may have to wait for another one,
+    /// and the window be closed meanwhile.
+    virtual void cherche(const QString& code, const QString& mots, const Ecoute& ecoute, bool tous) = 0;
     /// Offers words while they are typed into a box.
     virtual void complete(QLineEdit& boite) = 0;
 };

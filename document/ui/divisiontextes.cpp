@@ -33,8 +33,7 @@ DivisionTextes::DivisionTextes(const Parties& parties, QWidget* fenetre)
     connect(&listeh, &SplitterBar::usualPlaceWanted, this, [this] {
         disposition_.fermelistes();
         disposition_.replaceseparateur();
-        disposition_.ouvrelistes();
-        place();
+        montrelistes(true);
     });
 }
 
@@ -45,9 +44,18 @@ void DivisionTextes::suit(SplitterBar& barre) {
 void DivisionTextes::charge(const ReglagesTextes& reglages, bool listeselectionvisible) {
     disposition_.arrangement = reglages.arrangement;
     disposition_.posseparateur = reglages.posseparateur;
-    parties_.barre.montrearrangement(reglages.arrangement);
+    commence(reglages.bloc, listeselectionvisible);
+}
+
+void DivisionTextes::chargepremiere(bool listeselectionvisible) {
+    disposition_.commence();
+    commence(Bloc::Arbre, listeselectionvisible);
+}
+
+void DivisionTextes::commence(Bloc bloc, bool listeselectionvisible) {
+    parties_.barre.montrearrangement(disposition_.arrangement);
     disposition_.charge(listeselectionvisible);
-    choisit(reglages.bloc);
+    choisit(bloc);
     place();
 }
 
@@ -65,7 +73,6 @@ void DivisionTextes::ouvrebloc(Bloc bloc) {
 }
 
 void DivisionTextes::choisit(Bloc bloc) {
-    parties_.barre.montrebloc(bloc);
     parties_.panneau.choisit(bloc);
     montrebloc();
     parties_.barre.update();
@@ -82,8 +89,9 @@ void DivisionTextes::plie() {
 }
 
 void DivisionTextes::montrelistes(bool visibles) {
+    const int besoin = std::max(parties_.volet.liens().hauteurvoulue(), parties_.volet.correlats().hauteurvoulue());
     if (visibles)
-        disposition_.ouvrelistes();
+        disposition_.ouvrelistes(twipsFromPixels(besoin));
     else
         disposition_.fermelistes();
     place();
@@ -105,16 +113,22 @@ void DivisionTextes::applique() {
     const ListeDeLiens& liens = parties_.volet.liens();
     const ListeDeLiens& correlats = parties_.volet.correlats();
     const auto pose = [](QWidget* controle, const QRect& twips) { controle->setGeometry(pixelsdetwips(twips)); };
+    // What has no room is not there for the Tab key either.
+    const auto montre = [&pose](QWidget* controle, const QRect& twips) {
+        const QSize place = pixelsdetwips(twips).size();
+        pose(controle, twips);
+        controle->setVisible(!place.isEmpty() && place.expandedTo(controle->minimumSize()) == place);
+    };
     parties_.barre.setGeometry(0, 0, fenetre_->width(),
                                std::min(parties_.barre.sizeHint().height(), fenetre_->height()));
     parties_.panneau.separateur().setOrientation(disposition_.droite() ? Qt::Vertical : Qt::Horizontal);
     parties_.panneau.place(pixelsdetwips(places.panneau));
-    pose(&parties_.panneau.separateur(), places.separateur);
+    montre(&parties_.panneau.separateur(), places.separateur);
     pose(&parties_.vue, places.rtfRichTextBox1);
-    pose(&parties_.volet.separateurlisteh(), places.separateurlisteh);
-    pose(&parties_.volet.separateurlistev(), places.separateurlistev);
-    pose(liens.entete(), places.entetelistedesliens);
-    pose(correlats.entete(), places.entetelistedescorrelats);
+    montre(&parties_.volet.separateurlisteh(), places.separateurlisteh);
+    montre(&parties_.volet.separateurlistev(), places.separateurlistev);
+    montre(liens.entete(), places.entetelistedesliens);
+    montre(correlats.entete(), places.entetelistedescorrelats);
     pose(liens.grille(), places.flexlistedesliens);
     pose(correlats.grille(), places.flexlistedescorreles);
     liens.grille()->setVisible(disposition_.listesvisibles);
@@ -125,7 +139,9 @@ void DivisionTextes::applique() {
 
 void DivisionTextes::montrebloc() {
     const QWidget* avant = fenetre_->window()->focusWidget();
-    parties_.panneau.montre(disposition_.places().panneaulisible);
+    const bool lisible = disposition_.places().panneaulisible;
+    parties_.panneau.montre(lisible);
+    parties_.barre.montrebloc(lisible ? std::optional(parties_.panneau.bloc()) : std::nullopt);
     // Where the focus was in a block that has gone, it goes to the text.
     if (avant && fenetre_->isAncestorOf(avant) && !avant->isVisibleTo(fenetre_))
         parties_.vue.setFocus();

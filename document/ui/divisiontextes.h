@@ -33,6 +33,8 @@ public:
 
     /// Takes what was stored and places all by it.
     void charge(const ReglagesTextes& reglages, bool listeselectionvisible);
+    /// Nothing was stored: the contents of the collection, beside the text.
+    void chargepremiere(bool listeselectionvisible);
     /// Puts the panel's arrangement and width where they are stored.
     void retient(ReglagesTextes& reglages) const;
 
@@ -49,6 +51,7 @@ protected:
     bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
+    void commence(Bloc bloc, bool listeselectionvisible);
     void suit(SplitterBar& barre);
     void lache(const SplitterBar& barre, int position);
     void applique();

@@ -33,6 +33,7 @@ FenetreListe::FenetreListe(const DescriptionListe& description, const ContexteLi
     setWindowTitle(description.titre);
     flex_->setObjectName(u"flex"_s);
     flex_->setAccessibleName(description.titre);
+    flex_->setEmptyText(contexte_.texte(Texte::ListeSansDocument));
     etat_->addPanel(panneaucompte, 1);
     auto* colonne = new QVBoxLayout(this);
     colonne->setContentsMargins({});
@@ -61,13 +62,13 @@ void FenetreListe::construitbarre() {
 
 void FenetreListe::construitmenu() {
     menu_->setObjectName(u"ContextMenu"_s);
-    const auto entree = [this](const QString& nom, Texte libelle, void (FenetreListe::*acte)()) {
-        QAction* action = menu_->addAction(contexte_.texte(libelle));
+    const auto entree = [this](const QString& nom, Texte libelle, const QString& image, void (FenetreListe::*acte)()) {
+        QAction* action = menu_->addAction(icon(image), contexte_.texte(libelle));
         action->setObjectName(nom);
         connect(action, &QAction::triggered, this, acte);
     };
-    entree(u"ContextMenuOuvrir"_s, Texte::OuvrirDeLaListe, &FenetreListe::ouvre);
-    entree(u"ContextMenuPrint"_s, Texte::MenuImprimerLaListe, &FenetreListe::imprime);
+    entree(u"ContextMenuOuvrir"_s, Texte::OuvrirDeLaListe, u"ouvrir"_s, &FenetreListe::ouvre);
+    entree(u"ContextMenuPrint"_s, Texte::MenuImprimerLaListe, u"imprimercritères"_s, &FenetreListe::imprime);
 }
 
 void FenetreListe::connecte() {

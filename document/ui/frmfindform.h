@@ -1,14 +1,18 @@
 #pragma once
-// The find dialog: looks for a text in the active document window. It stays on top of the frame and lets it be used.
+// The find dialog: looks for a text in the active document window, in which every hit shows as long as the dialog does.
+// It stays on top of the frame and lets it be used, and goes out of the way of what it finds; it moves with a step and
+// never by itself.
 #include "core/texte.h"
 #include "document/recherchetexte.h"
 #include "platform/system/dialogues.h"
 
 #include <QDialog>
+#include <QPointer>
 
 #include <functional>
 
 class QCheckBox;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -31,11 +35,27 @@ public:
     /// Shows it, or brings it forward, with its text selected. A text that is given is put into it.
     void montre(const QString& propose);
     void suivant();
+    /// Backwards over the same hits; before the first stands the last.
+    void precedent();
+    /// Another window may be the active one, or another text in it: finds there what it shows and counts.
+    void actualise();
+
+protected:
+    void showEvent(QShowEvent* evenement) override;
+    void hideEvent(QHideEvent* evenement) override;
+    void keyPressEvent(QKeyEvent* evenement) override;
 
 private:
     void construit();
-    /// Out of the way of the hit.
-    void decouvre(const RichTextBox& vue);
+    void dispose(QLabel* etiquette, QPushButton* fermer);
+    void relie(QPushButton* fermer);
+    /// The window to look in, begun anew where it is another one; null closes the dialog.
+    RichTextBox* vuecherchee();
+    void suit(RichTextBox* vue);
+    void montreetat();
+    int options() const;
+    /// Out of the way of the hits.
+    void decouvre();
 
     Libelles texte_;
     Dialogues& dialogues_;
@@ -46,6 +66,10 @@ private:
     QCheckBox* checkmot_ = nullptr;
     QCheckBox* checkcasse_ = nullptr;
     QPushButton* cmdFindNext_ = nullptr;
+    QPushButton* cmdFindPrevious_ = nullptr;
+    QLabel* etat_ = nullptr;
+    QPointer<RichTextBox> vue_;          ///< that shows the hits
+    std::vector<qsizetype> occurrences_; ///< in it
 };
 
 } // namespace velm

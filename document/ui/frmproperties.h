@@ -1,6 +1,6 @@
 #pragma once
-// What the base knows of a document, and where it hangs in the contents tree. Nothing can be changed here; all texts
-// can be selected and copied.
+// What the base knows of a document, and where it hangs in the contents tree: a page of names and texts that can be
+// selected and copied. Nothing can be changed here, and what is empty is left out.
 #include "core/texte.h"
 #include "document/arborescence.h"
 #include "document/proprietes.h"
@@ -11,13 +11,16 @@
 #include <functional>
 
 class QComboBox;
-class QLineEdit;
+class QGridLayout;
+class QLabel;
 class QListWidget;
 class QPushButton;
+class QScrollArea;
 
 namespace velm {
 
 class Lecture;
+class TexteLu;
 class TreeView;
 
 struct ContexteProprietes {
@@ -49,28 +52,40 @@ protected:
 
 private:
     void construit();
-    QLineEdit* champ(const QString& nom, Texte intitule);
-    QComboBox* choix(const QString& nom, Texte intitule);
+    void construitarbre();
+    QWidget* construitpage();
+    TexteLu* champ(const QString& nom);
+    QComboBox* choix(const QString& nom);
+    void rangee(Texte intitule, QWidget* valeur);
+    void met(TexteLu* champ, const QString& valeur);
+    void montrerangee(QWidget* valeur, bool montree);
+    void montrearbre(bool montre);
+    int hauteurdelapage() const;
     void restauretaille();
 
     ContexteProprietes contexte_;
     Arborescence arborescence_;
     TypesDocument types_;
     Proprietes proprietes_;
+    int hauteurproposee_ = 0; ///< as high as the page needs to be; 0 before it is shown
 
-    QLineEdit* reference_ = nullptr;
-    QLineEdit* numart_ = nullptr;
-    QLineEdit* titre_ = nullptr;
-    std::array<QLineEdit*, 3> motcle_{};
-    QLineEdit* source_ = nullptr;
-    QLineEdit* datetext_ = nullptr;
-    QLineEdit* datecreation_ = nullptr;
-    QLineEdit* datemodif_ = nullptr;
+    QScrollArea* zone_ = nullptr;
+    QGridLayout* grille_ = nullptr;
+    TexteLu* reference_ = nullptr;
+    TexteLu* numart_ = nullptr;
+    TexteLu* titre_ = nullptr;
+    std::array<TexteLu*, 3> motcle_{};
+    TexteLu* source_ = nullptr;
+    TexteLu* datetext_ = nullptr;
+    TexteLu* datecreation_ = nullptr;
+    TexteLu* datemodif_ = nullptr;
     QComboBox* choixtype_ = nullptr;
     QComboBox* combotype_ = nullptr;
     QListWidget* numerotype_ = nullptr;
-    QLineEdit* numeroarborescence_ = nullptr;
+    TexteLu* numeroarborescence_ = nullptr;
+    TexteLu* chemin_ = nullptr;
     TreeView* arbre_ = nullptr;
+    QPushButton* voir_ = nullptr;
     QPushButton* fermer_ = nullptr;
 };
 

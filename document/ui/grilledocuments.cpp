@@ -1,6 +1,8 @@
 #include "document/ui/grilledocuments.h"
 
+#include "core/cle.h"
 #include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/look/icons.h"
 
 #include <QApplication>
 #include <QScopeGuard>
@@ -10,13 +12,27 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// A list that is not wider shows titles in the whole width, and keywords below them.
+constexpr int etroite = 420;
+
+/// The picture of a collection; none for what is not the code of one.
+QIcon imagedecollection(const QString& code) {
+    const int indice = indicedetype(code);
+    return indice < nombredecollections && typedindice(indice) == code ? icon(u"collection%1"_s.arg(indice)) : QIcon();
+}
+
+} // namespace
+
 GrilleDocuments::GrilleDocuments(FlexGrid& flex, Colonnes& colonnes, const Usage& usage)
     : flex_(flex), colonnes_(colonnes), usage_(usage) {
     const bool avant = flex_.redraw();
     flex_.setRedraw(false);
     flex_.setCols(colonnes_.nombre());
-    if (usage_.pointsdestitres > 0)
-        flex_.setHeaderFontSize(usage_.pointsdestitres);
+    flex_.setNarrowBelow(etroite);
     flex_.setColumnsMovable(usage_.deplacables);
     // The source counts them in the order of the model; they are moved from there.
     const std::vector<ModeleColonne>& modele = colonnes_.modele().colonnes;
@@ -24,8 +40,10 @@ GrilleDocuments::GrilleDocuments(FlexGrid& flex, Colonnes& colonnes, const Usage
         const int champ = modele[static_cast<std::size_t>(colonne)].champ;
         flex_.setColData(colonne, champ);
         flex_.setHeader(colonne, colonnes_.titre(colonnes_.place(champ)));
-        flex_.setColAlignment(colonne, usage_.centrees ? FlexGrid::Align::Centre : FlexGrid::Align::Left);
-        flex_.setHeaderAlignment(colonne, FlexGrid::Align::Centre);
+        flex_.setColAlignment(colonne, FlexGrid::Align::Left);
+        flex_.setColWeight(colonne, modele[static_cast<std::size_t>(colonne)].poids);
+        if (champ == usage_.champimage)
+            flex_.setColPicture(colonne, &imagedecollection);
     }
     montrecolonnes();
     flex_.setStretchCol(colonnes_.place(usage_.champetire));
@@ -46,8 +64,10 @@ void GrilleDocuments::montrecolonnes() {
             ++ici;
         flex_.setColPosition(ici, place);
     }
-    for (int place = 0; place < colonnes_.nombre(); ++place)
+    for (int place = 0; place < colonnes_.nombre(); ++place) {
         flex_.setColWidth(place, colonnes_.largeur(place));
+        flex_.setColHeld(place, !colonnes_.usuelle(place));
+    }
 }
 
 void GrilleDocuments::releve() {

@@ -30,10 +30,9 @@ public:
         bool plage = true;        ///< all selected rows are opened; else the one that was pressed, alone
         bool suitletri = false;   ///< the selected document stays selected where a sort puts it
         bool deplacables = true;  ///< the user drags columns
-        bool centrees = false;    ///< the cells stand in the middle, as headers always do
         bool menuchoisit = false; ///< the right button selects the row under it alone
-        int pointsdestitres = 0;  ///< type of the headers; 0 for the grid's own
         int champetire = -1;      ///< its column takes the width that the others leave
+        int champimage = -1;      ///< its column shows the pictures of the collections whose codes it holds
     };
 
     /// Makes the columns. Grid and columns are not owned and live longer.
@@ -44,7 +43,7 @@ public:
     // ---- columns
     /// The grid's stand as those of the list do.
     void montrecolonnes();
-    /// The list's stand as those of the grid do, and are as wide.
+    /// The list's stand as those of the grid do, and are as wide. What a column has of the free width is not its own.
     void releve();
 
     // ---- rows

@@ -1,44 +1,25 @@
 #include "document/ui/listedeliens.h"
 
+#include "core/langue.h"
+#include "core/nombres.h"
 #include "core/texte.h"
 #include "document/sourceliens.h"
 #include "document/ui/etiquette.h"
 #include "platform/base/twips.h"
 #include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/look/icons.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
-#include <QPainter>
+#include <QHeaderView>
+#include <QTableView>
 #include <QToolButton>
 
 namespace velm {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-constexpr int diametre = 8;
-
-/// A full green disc for an open list, a ring of burgundy for a closed one.
-QIcon pastille(bool pleine, const QPalette& palette, qreal densite) {
-    const look::Theme theme = look::themeOf(palette);
-    constexpr int vert = 2; // the green among the hues
-    const QColor couleur = pleine ? look::hue(vert, theme) : look::warningColour(theme);
-    constexpr int cote = 16;
-    QPixmap image(QSize(cote, cote) * densite);
-    image.setDevicePixelRatio(densite);
-    image.fill(Qt::transparent);
-    QPainter peintre(&image);
-    peintre.setRenderHint(QPainter::Antialiasing);
-    constexpr double trait = 1.75;
-    QPen plume(couleur, trait);
-    peintre.setPen(plume);
-    peintre.setBrush(pleine ? QBrush(couleur) : QBrush(Qt::NoBrush));
-    constexpr double bord = (cote - diametre) / 2.0;
-    peintre.drawEllipse(QRectF(bord, bord, diametre, diametre));
-    return QIcon(image);
-}
 
 /// Wide enough for the code of a collection, in whatever type it is shown.
 Colonnes colonnes(const QWidget& grille, const Libelles& texte) {
@@ -53,53 +34,53 @@ GrilleDocuments::Usage usage() {
             .plage = false,
             .suitletri = true,
             .deplacables = false,
-            .centrees = true,
             .menuchoisit = true,
-            .champetire = SourceLiens::Titre};
+            .champetire = SourceLiens::Titre,
+            .champimage = SourceLiens::Code};
 }
 
 } // namespace
 
 ListeDeLiens::Sorte ListeDeLiens::liens() {
-    return {u"entetelistedesliens"_s, u"ouvrirlien"_s, u"Label1"_s, u"flexlistedesliens"_s, Texte::Liens,
-            Texte::DocumentsCites,    &chargeliens};
+    return {u"entetelistedesliens"_s, u"ouvrirlien"_s,          u"Label1"_s, u"flexlistedesliens"_s, Texte::Liens,
+            Texte::DocumentsCites,    Texte::AucunDocumentCite, &chargeliens};
 }
 
 ListeDeLiens::Sorte ListeDeLiens::correlats() {
-    return {
-        u"entetelistedescorrelats"_s, u"ouvrircorrélats"_s, u"Label2"_s, u"flexlistedescorrélats"_s, Texte::Correlats,
-        Texte::DocumentsCitant,       &chargecorrelats};
+    return {u"entetelistedescorrelats"_s, u"ouvrircorrélats"_s, u"Label2"_s,
+            u"flexlistedescorrélats"_s,   Texte::Correlats,     Texte::DocumentsCitant,
+            Texte::AucunDocumentCitant,   &chargecorrelats};
 }
 
 ListeDeLiens::ListeDeLiens(const Sorte& sorte, Corpus& corpus, const Libelles& texte, QWidget* fenetre)
-    : QObject(fenetre), corpus_(corpus), charge_(sorte.charge), entete_(new QWidget(fenetre)),
+    : QObject(fenetre), corpus_(corpus), texte_(texte), sorte_(sorte), entete_(new QWidget(fenetre)),
       bouton_(new QToolButton(entete_)), grille_(new FlexGrid(fenetre)), colonnes_(colonnes(*grille_, texte)),
       documents_(*grille_, colonnes_, usage()) {
     construitentete(sorte, texte);
     construitgrille(sorte, texte);
     peintetat();
-    entete_->installEventFilter(this);
 }
 
 void ListeDeLiens::construitentete(const Sorte& sorte, const Libelles& texte) {
     entete_->setObjectName(sorte.entete);
     bouton_->setObjectName(sorte.bouton);
-    bouton_->setText(texte(sorte.textebouton));
     bouton_->setToolTip(plainTip(texte(sorte.texteetiquette)));
     bouton_->setAccessibleName(texte(sorte.texteetiquette));
     bouton_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     bouton_->setAutoRaise(true);
     bouton_->setCheckable(true);
     bouton_->setFocusPolicy(Qt::TabFocus);
-    auto* etiquette = new Etiquette(texte(sorte.texteetiquette), entete_);
-    etiquette->setObjectName(sorte.etiquette);
-    etiquette->setForegroundRole(QPalette::PlaceholderText);
+    etiquette_ = new Etiquette(texte(sorte.texteetiquette), entete_);
+    etiquette_->setObjectName(sorte.etiquette);
+    etiquette_->setForegroundRole(QPalette::PlaceholderText);
+    entete_->installEventFilter(this);
     auto* rangee = new QHBoxLayout(entete_);
     rangee->setSizeConstraint(QLayout::SetNoConstraint);
     rangee->setContentsMargins(look::grid, look::grid / 2, look::spacing, look::grid / 2);
     rangee->setSpacing(look::spacing);
     rangee->addWidget(bouton_);
-    rangee->addWidget(etiquette, 1);
+    rangee->addWidget(etiquette_, 1);
+    rangee->addStretch();
     connect(bouton_, &QToolButton::clicked, this, [this] {
         peintetat(); // the state is the window's to change
         emit basculee();
@@ -120,12 +101,35 @@ int ListeDeLiens::hauteurentete() const {
     return bouton_->sizeHint().height() + look::grid;
 }
 
+/// What would be cut says nothing that the button does not say.
+void ListeDeLiens::montreetiquette() {
+    const QMargins marges = entete_->layout()->contentsMargins();
+    const int place = entete_->width() - marges.left() - marges.right() - 2 * look::spacing;
+    etiquette_->setVisible(bouton_->sizeHint().width() + etiquette_->sizeHint().width() <= place);
+}
+
+bool ListeDeLiens::eventFilter(QObject* objet, QEvent* evenement) {
+    if (objet == entete_ && evenement->type() == QEvent::Resize)
+        montreetiquette();
+    return QObject::eventFilter(objet, evenement);
+}
+
 bool ListeDeLiens::visible() const {
     return !grille_->isHidden();
 }
 
+int ListeDeLiens::hauteurvoulue() const {
+    constexpr int aumoins = 3;
+    const QTableView& vue = *grille_->view();
+    return vue.horizontalHeader()->sizeHint().height() +
+           std::max(aumoins, grille_->rows() - 1) * vue.verticalHeader()->defaultSectionSize();
+}
+
 void ListeDeLiens::charge(const Cle& cle) {
-    documents_.charge(std::make_unique<SourceLiens>(charge_(corpus_, cle)));
+    documents_.charge(std::make_unique<SourceLiens>(sorte_.charge(corpus_, cle)));
+    grille_->setEmptyText(texte_(cle.vide() ? Texte::AucunDocumentOuvert : sorte_.textevide));
+    nombre_ = cle.vide() ? std::nullopt : std::optional(grille_->rows() - 1);
+    peintetat();
 }
 
 void ListeDeLiens::ouvre(const Cle& cle) {
@@ -136,7 +140,13 @@ void ListeDeLiens::ouvre(const Cle& cle) {
 
 void ListeDeLiens::ferme() {
     documents_.vide();
+    grille_->setEmptyText({}); // a closed list says nothing
     couleur_ = fermee;
+    peintetat();
+}
+
+void ListeDeLiens::oublie() {
+    nombre_.reset();
     peintetat();
 }
 
@@ -151,15 +161,13 @@ void ListeDeLiens::ouvrelignecourante() {
     documents_.ouvre(grille_->row());
 }
 
+/// A chevron says whether the list is open, a number how long it is, once that is known.
 void ListeDeLiens::peintetat() {
+    const QString nom = texte_(sorte_.textebouton);
     bouton_->setChecked(ouverte());
-    bouton_->setIcon(pastille(ouverte(), bouton_->palette(), bouton_->devicePixelRatioF()));
-}
-
-bool ListeDeLiens::eventFilter(QObject* objet, QEvent* evenement) {
-    if (evenement->type() == QEvent::PaletteChange || evenement->type() == QEvent::ScreenChangeInternal)
-        peintetat();
-    return QObject::eventFilter(objet, evenement);
+    bouton_->setIcon(icon(ouverte() ? u"chevronouvert"_s : u"chevronfermé"_s));
+    bouton_->setText(nombre_ ? remplace(texte_(Texte::NomEtNombre), {nom, nombreecrit(*nombre_, texte_)}) : nom);
+    montreetiquette();
 }
 
 } // namespace velm

@@ -10,6 +10,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 class QToolButton;
 
 namespace velm {
@@ -30,6 +32,7 @@ public:
         QString grille;
         Texte textebouton;
         Texte texteetiquette;
+        Texte textevide; ///< what an empty list says
         std::vector<LigneLien> (*charge)(Corpus& corpus, const Cle& cle);
     };
     static Sorte liens();
@@ -42,7 +45,11 @@ public:
     FlexGrid* grille() const { return grille_; }
     /// Height of the header, pixels.
     int hauteurentete() const;
+    /// What the grid wants for its header and its rows, pixels; for some rows at least, as the next document may have
+    /// more.
+    int hauteurvoulue() const;
 
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
     bool visible() const override;
     int couleurbouton() const override { return couleur_; }
     void recharge(const Cle& cle) override { charge(cle); }
@@ -50,6 +57,7 @@ public:
     bool ouverte() const { return couleur_ == ListeLaterale::ouverte; }
     void ouvre(const Cle& cle); ///< loads and turns green
     void ferme();               ///< empties and turns red
+    void oublie();              ///< how many rows it had no longer counts
     /// Keys of the rows, in the order of the grid.
     QStringList cles() const;
     void ouvrelignecourante();
@@ -59,19 +67,20 @@ signals:
     void ligneouverte(const Cle& cle);
     void menudemande(const QPoint& ou);
 
-protected:
-    bool eventFilter(QObject* objet, QEvent* evenement) override;
-
 private:
     void construitentete(const Sorte& sorte, const Libelles& texte);
     void construitgrille(const Sorte& sorte, const Libelles& texte);
     void charge(const Cle& cle);
     void peintetat();
+    void montreetiquette();
 
     Corpus& corpus_;
-    std::vector<LigneLien> (*charge_)(Corpus& corpus, const Cle& cle);
+    Libelles texte_;
+    Sorte sorte_;
+    std::optional<int> nombre_; ///< of rows, as far as they were loaded for the document
     QWidget* entete_;
     QToolButton* bouton_;
+    QWidget* etiquette_ = nullptr; ///< says what the list is of, where there is room
     FlexGrid* grille_;
     Colonnes colonnes_;
     GrilleDocuments documents_;

@@ -3,6 +3,7 @@
 #include "core/texte.h"
 #include "document/ui/blocliste.h"
 #include "document/ui/blocrecherche.h"
+#include "document/ui/suivisommaire.h"
 #include "platform/widgets/frame/splitterbar.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "platform/widgets/look/icons.h"
@@ -18,7 +19,7 @@ using namespace Qt::Literals::StringLiterals;
 PanneauTextes::PanneauTextes(const QString& code, const ContexteTextes& contexte, QWidget* fenetre)
     : QObject(fenetre), code_(code), contexte_(contexte),
       arborescence_(contexte.lecture.corpus, contexte.parametres, contexte.lecture.sablier, contexte.lecture.libelle),
-      arbre_(new TreeView(fenetre)),
+      arbre_(new TreeView(fenetre)), suivi_(new SuiviSommaire(*arbre_, arborescence_, contexte_)),
       liste_(new BlocListe(code, contexte.lecture.corpus, contexte.lecture.sablier, contexte.lecture.texte, fenetre)),
       recherche_(new BlocRecherche(contexte.lecture.texte, fenetre)),
       separateur_(new SplitterBar(Qt::Vertical, fenetre)) {
@@ -35,8 +36,10 @@ void PanneauTextes::construitarbre() {
     arbre_->setAccessibleName(contexte_.texte(Texte::SommaireDeLaCollection));
     arbre_->setFrameShape(QFrame::NoFrame);
     arbre_->setImages(&icon);
+    arbre_->setShownText([this](int noeud) { return Arborescence::libellecourt(arbre_->nodes(), noeud); });
     connect(arbre_, &TreeView::expanding, this, [this](int noeud) {
         contexte_.remplit([this, noeud] { arborescence_.developpe(arbre_->nodes(), noeud); });
+        suivi_->marque();
     });
     for (const auto choix : {&TreeView::nodeClicked, &TreeView::nodeReturned}) {
         connect(arbre_, choix, this, [this](int noeud) {
@@ -50,11 +53,17 @@ void PanneauTextes::construitarbre() {
 void PanneauTextes::construitrecherche() {
     recherche_->setEnabled(contexte_.mots.cherchable());
     contexte_.mots.complete(*recherche_->Textedico());
-    connect(recherche_, &BlocRecherche::recherche, this, [this](const QString& mots) {
-        contexte_.mots.cherche(code_, mots, [bloc = QPointer(recherche_)](const QString& ligne) {
+    connect(recherche_, &BlocRecherche::recherche, this, [this](const QString& mots, bool tous) {
+        const QPointer bloc(recherche_);
+        const auto ligne = [bloc](const QString& texte) {
             if (bloc)
-                bloc->ajouteligne(ligne);
-        });
+                bloc->ajouteligne(texte);
+        };
+        const auto fin = [bloc](const BilanRecherche& bilan) {
+            if (bloc)
+                bloc->dit(bilan);
+        };
+        contexte_.mots.cherche(code_, mots, {ligne, fin}, tous);
     });
 }
 
@@ -82,21 +91,33 @@ void PanneauTextes::choisit(Bloc bloc) {
 void PanneauTextes::chargearbre() {
     TreeNodes& noeuds = arbre_->nodes();
     arborescence_.chargearbrebase(noeuds, code_);
-    noeuds.setExpanded(1, true); // what lies below it is loaded already
     arbrecharge_ = true;
+    // What lies below the root is loaded already. A branch that is alone tells nothing as long as it is closed.
+    int noeud = 1;
+    noeuds.setExpanded(noeud, true);
+    while (noeuds.children(noeud) == 1) {
+        noeud = noeuds.child(noeud);
+        arborescence_.developpe(noeuds, noeud);
+        noeuds.setExpanded(noeud, true);
+    }
+    suivi_->reprend();
+}
+
+void PanneauTextes::suit(const Cle& cle, qint64 numero) {
+    suivi_->suit(cle, numero);
 }
 
 void PanneauTextes::place(const QRect& ici) {
     arbre_->setGeometry(ici);
     liste_->grille()->setGeometry(ici);
     recherche_->setGeometry(ici);
-    liste_->repartit();
 }
 
 void PanneauTextes::montre(bool lisible) {
     arbre_->setVisible(lisible && bloc_ == Bloc::Arbre);
     liste_->grille()->setVisible(lisible && bloc_ == Bloc::Liste);
     recherche_->setVisible(lisible && bloc_ == Bloc::Recherche);
+    suivi_->reprend();
 }
 
 bool PanneauTextes::prendfocus() {
@@ -105,6 +126,15 @@ bool PanneauTextes::prendfocus() {
         return false;
     mots->setFocus();
     return true;
+}
+
+void PanneauTextes::donnefocus() {
+    if (bloc_ == Bloc::Arbre)
+        arbre_->setFocus();
+    else if (bloc_ == Bloc::Liste)
+        liste_->grille()->setFocus();
+    else
+        prendfocus();
 }
 
 } // namespace velm

@@ -14,6 +14,7 @@ class BlocListe;
 class BlocRecherche;
 class FlexGrid;
 class SplitterBar;
+class SuiviSommaire;
 class TreeView;
 
 /// Its controls are the window's own: the panel places and fills them, and shows one block.
@@ -40,8 +41,12 @@ public:
     void place(const QRect& ici);
     /// Shows the panel's block, or none where there is no room to read it.
     void montre(bool lisible);
+    /// The window shows a document, which hangs from the branch of a number: the tree follows.
+    void suit(const Cle& cle, qint64 numero);
     /// Puts the focus into the words of the search block; false when they cannot be seen, or the block is off.
     bool prendfocus();
+    /// Puts the focus into the block that is shown, whichever it is.
+    void donnefocus();
 
 signals:
     void ouverte(const Cle& cle);         ///< a document of the list is wanted
@@ -59,6 +64,7 @@ private:
     Bloc bloc_ = Bloc::Recherche;
     bool arbrecharge_ = false;
     TreeView* arbre_;
+    SuiviSommaire* suivi_;
     BlocListe* liste_;
     BlocRecherche* recherche_;
     SplitterBar* separateur_;

@@ -1,5 +1,7 @@
 #include "document/ui/textes.h"
 
+#include "core/tablereglages.h"
+#include "document/ui/couverture.h"
 #include "document/ui/divisiontextes.h"
 #include "document/ui/gestestextes.h"
 #include "document/ui/listedeliens.h"
@@ -27,6 +29,14 @@ bool tientfocus(const QWidget& fenetre) {
     return celui && celui != &fenetre && fenetre.isAncestorOf(celui) && celui->isVisible();
 }
 
+RichTextBox::PaperTone ton(int papier) {
+    constexpr int gris = 1;
+    constexpr int selonlesfenetres = 2;
+    if (papier == selonlesfenetres)
+        return RichTextBox::PaperTone::SoftInTheDark;
+    return papier == gris ? RichTextBox::PaperTone::Soft : RichTextBox::PaperTone::AsItIs;
+}
+
 /// Without taking it from another control of the window.
 void donnefocus(const QWidget& fenetre, QWidget& vue) {
     if (!tientfocus(fenetre) && vue.isVisibleTo(fenetre.window()))
@@ -44,6 +54,8 @@ Textes::Textes(int indice, const ContexteTextes& contexte, QWidget* parent)
     relie();
     reliebarre();
     charge();
+    // A window that is made for a document has it before it is painted, and needs no cover.
+    QMetaObject::invokeMethod(this, &Textes::couvre, Qt::QueuedConnection);
 }
 
 Textes::~Textes() {
@@ -62,6 +74,7 @@ void Textes::construit() {
     vue->setObjectName(u"rtfRichTextBox1"_s);
     vue->setAccessibleName(windowTitle());
     vue->setFrameShape(QFrame::NoFrame);
+    vue->setPaperTone(ton(contexte_.reglages.lit(reglage::papier)));
     volet_ = new VoletLiens(contexte_, this);
     zone_ = new ZoneTexte({*vue, *barre_, *volet_}, contexte_, this);
     division_ = new DivisionTextes({*barre_, *panneau_, *vue, *volet_}, this);
@@ -87,6 +100,11 @@ void Textes::relie() {
     connect(volet_, &VoletLiens::montrees, division_, &DivisionTextes::montrelistes);
     connect(volet_, &VoletLiens::ouverte, this, ouvre);
     connect(volet_, &VoletLiens::selection, this, &Textes::selection);
+    connect(zone_, &ZoneTexte::arrive, this, &Textes::decouvre);
+    connect(zone_, &ZoneTexte::arrive, volet_, &VoletLiens::oublie);
+    // By then it is known which document it is.
+    connect(
+        zone_, &ZoneTexte::arrive, this, [this] { panneau_->suit(cle(), lecture().branche()); }, Qt::QueuedConnection);
     connect(zone_, &ZoneTexte::menuschanges, this, [this] {
         if (surchangement)
             surchangement();
@@ -115,6 +133,27 @@ void Textes::reliebarre() {
     connect(barre_, &BarreTextes::ranger, zone_, &ZoneTexte::range);
 }
 
+// ---- the cover
+
+void Textes::couvre() {
+    if (!vierge_ || couverture_)
+        return;
+    couverture_ = new Couverture(indice_, contexte_, vue());
+    connect(couverture_, &Couverture::voulu, this, [this](Bloc bloc) {
+        division_->ouvrebloc(bloc);
+        panneau_->donnefocus();
+    });
+}
+
+void Textes::decouvre() {
+    vierge_ = false;
+    if (!couverture_)
+        return;
+    couverture_->quitte();
+    couverture_->deleteLater();
+    couverture_ = nullptr;
+}
+
 QString Textes::code() const {
     return typedindice(indice_);
 }
@@ -131,6 +170,10 @@ QString Textes::referencecourante() const {
     return zone_->lecture().referencecourante();
 }
 
+QString Textes::titrecourant() const {
+    return zone_->lecture().titrecourant();
+}
+
 bool Textes::menusactifs() const {
     return zone_->lecture().menusactifs();
 }
@@ -143,7 +186,10 @@ void Textes::charge() {
     if (voisinage.formesouvertes() > 3)
         voisinage.montremosaique(true);
     panneau_->charge(reglages_);
-    division_->charge(reglages_, voisinage.listeselectionvisible());
+    if (jamaisouverte(contexte_.reglages, indice_))
+        division_->chargepremiere(voisinage.listeselectionvisible());
+    else
+        division_->charge(reglages_, voisinage.listeselectionvisible());
 }
 
 PlaceTextes Textes::placevoulue() const {

@@ -9,6 +9,7 @@
 
 namespace velm {
 
+class Couverture;
 class DivisionTextes;
 class PanneauTextes;
 class RichTextBox;
@@ -31,6 +32,7 @@ public:
     /// The document shown; empty for none.
     Cle cle() const;
     QString referencecourante() const;
+    QString titrecourant() const;
 
     // ---- parts
     RichTextBox& vue() const; ///< rtfRichTextBox1
@@ -82,6 +84,8 @@ private:
     void relie();
     void reliebarre();
     void prepare();
+    void couvre();
+    void decouvre();
 
     int indice_;
     ContexteTextes contexte_;
@@ -91,6 +95,8 @@ private:
     VoletLiens* volet_ = nullptr;
     ZoneTexte* zone_ = nullptr;
     DivisionTextes* division_ = nullptr;
+    Couverture* couverture_ = nullptr; ///< until the first document
+    bool vierge_ = true;               ///< there has been none
     bool decharge_ = false;
 };
 

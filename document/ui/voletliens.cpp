@@ -61,6 +61,13 @@ void VoletLiens::construitmenu(const Menu& noms, ListeDeLiens& liste, QWidget* f
     });
 }
 
+void VoletLiens::oublie() {
+    for (ListeDeLiens* liste : {liens_, correlats_}) {
+        if (!liste->ouverte())
+            liste->oublie();
+    }
+}
+
 void VoletLiens::bascule(ListeDeLiens& liste, const Cle& cle) {
     const ListeDeLiens& autre = &liste == liens_ ? *correlats_ : *liens_;
     const bool ferme = liste.visible() && liste.ouverte();

@@ -27,6 +27,8 @@ public:
     SplitterBar& separateurlisteh() const { return *separateurlisteh_; } ///< between the text and the lists
     SplitterBar& separateurlistev() const { return *separateurlistev_; } ///< between the two lists
 
+    /// Another document is about to be shown: how much it cites is not known of a closed list.
+    void oublie();
     /// Opens or closes one of the two lists, with what belongs to the document of a key.
     void bascule(ListeDeLiens& liste, const Cle& cle);
 

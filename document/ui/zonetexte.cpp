@@ -6,10 +6,13 @@
 #include "document/ui/listedeliens.h"
 #include "document/ui/voletliens.h"
 #include "platform/widgets/look/icons.h"
+#include "platform/widgets/look/plaintext.h"
 #include "platform/widgets/text/richhtml.h"
 #include "platform/widgets/text/richtextbox.h"
 
+#include <QHelpEvent>
 #include <QMenu>
+#include <QToolTip>
 
 namespace velm {
 
@@ -23,6 +26,7 @@ ZoneTexte::ZoneTexte(const Parties& parties, const ContexteTextes& contexte, QWi
     construitmenu();
     connect(&vue(), &RichTextBox::clicked, this, [this](qsizetype position) { lecture_->suit(position); });
     connect(&vue(), &RichTextBox::linkHovered, this, [this](int lien) { emit cible(lecture_->cible(lien)); });
+    vue().viewport()->installEventFilter(this);
     connect(&vue(), &RichTextBox::rightClicked, this, [this](qsizetype, const QPoint& ou) { montremenu(ou); });
 }
 
@@ -69,6 +73,7 @@ void ZoneTexte::montreproprietes() {
 void ZoneTexte::changetitre(const QString& titre) {
     fenetre_->setWindowTitle(titre);
     vue().setAccessibleName(titre);
+    emit arrive();
 }
 
 void ZoneTexte::activemenus() {
@@ -90,12 +95,38 @@ void ZoneTexte::revele(qsizetype position) {
     vue().reveal(position);
 }
 
+void ZoneTexte::montreoccurrences(const std::vector<Occurrence>& occurrences) {
+    std::vector<HitRange> plages;
+    plages.reserve(occurrences.size());
+    for (const Occurrence& occurrence : occurrences)
+        plages.push_back({occurrence.debut, occurrence.debut + occurrence.longueur});
+    vue().setHits(HitKind::Words, std::move(plages));
+}
+
 void ZoneTexte::ditcible(const QString& texte) {
     emit cible(texte);
 }
 
 void ZoneTexte::dit(const QString& texte) {
     contexte_.voisinage.dit(texte);
+}
+
+// ---- tip
+
+bool ZoneTexte::eventFilter(QObject* objet, QEvent* evenement) {
+    if (evenement->type() != QEvent::ToolTip)
+        return QObject::eventFilter(objet, evenement);
+    montretitre(static_cast<QHelpEvent*>(evenement)->globalPos());
+    return true;
+}
+
+// Of the link under the pointer, as long as the pointer stays about where it is.
+void ZoneTexte::montretitre(const QPoint& ou) {
+    constexpr int alentour = 12; // pixels
+    QWidget* surface = vue().viewport();
+    const QPoint ici = surface->mapFromGlobal(ou);
+    const QRect autour(ici - QPoint(alentour, alentour), ici + QPoint(alentour, alentour));
+    QToolTip::showText(ou, plainTip(lecture_->titrecible(vue().hoveredLink())), surface, autour);
 }
 
 // ---- pop-up menu

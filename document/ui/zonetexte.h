@@ -48,16 +48,22 @@ public:
     void activemenus() override;
     void rafraichit() override;
     void revele(qsizetype position) override;
+    void montreoccurrences(const std::vector<Occurrence>& occurrences) override;
     void ditcible(const QString& texte) override;
     void dit(const QString& texte) override;
 
 signals:
+    void arrive();       ///< another document is about to be shown
     void menuschanges(); ///< the first document was asked for
     void cible(const QString& texte);
     void ranger(const QString& cle, const QString& titre, qsizetype debut, qsizetype longueur);
     void bascule(velm::ListeDeLiens* liste); ///< the entry of a list was chosen
 
+protected:
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
+
 private:
+    void montretitre(const QPoint& ou);
     void construitmenu();
     QAction* entree(QMenu& menu, const QString& nom, Texte texte, const QString& image) const;
     void construitentreesdeslistes();

@@ -9,6 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr MesuresTextes mesures{480, 420, 75};
+constexpr int hauteurdegrille = 1200; // what lists need
 
 DispositionTextes disposition(Arrangement arrangement, int position, int largeur = 12000, int hauteur = 9000) {
     DispositionTextes d;
@@ -75,7 +76,7 @@ TEST(DispositionTextes, ThePartsFillTheWindowWithoutGapOrOverlap) {
             for (const int position : {0, 360, 1000, 4305, 100'000}) {
                 DispositionTextes d = disposition(arrangement, position);
                 if (listes)
-                    d.ouvrelistes();
+                    d.ouvrelistes(hauteurdegrille);
                 d.replaceseparateur();
                 SCOPED_TRACE(position);
                 attendpavage(d);
@@ -89,7 +90,7 @@ TEST(DispositionTextes, NoControlGetsANegativeSizeInANarrowWindow) {
         for (const int largeur : {0, 30, 75, 400, 900}) {
             for (const int hauteur : {0, 100, 480, 500, 900, 1400}) {
                 DispositionTextes d = disposition(arrangement, 4305);
-                d.ouvrelistes();
+                d.ouvrelistes(hauteurdegrille);
                 d.changetaille(largeur, hauteur, mesures);
                 d.replaceseparateur();
                 SCOPED_TRACE(testing::Message() << largeur << 'x' << hauteur);
@@ -150,7 +151,7 @@ TEST(DispositionTextes, DroppingABarMovesItByItsSourcesRule) {
     EXPECT_TRUE(d.lache(u"separateur"_s, {2500, 2000}));
     EXPECT_EQ(d.posseparateur, 2000 - 480 + 360);
     EXPECT_EQ(d.places().separateur.top(), 2000);
-    d.ouvrelistes();
+    d.ouvrelistes(hauteurdegrille);
     EXPECT_TRUE(d.lache(u"separateurlisteh"_s, {0, 5000}));
     EXPECT_EQ(d.posseparateurlisteh, 5000);
     EXPECT_EQ(d.places().separateurlisteh.top(), 5000);
@@ -174,21 +175,122 @@ TEST(DispositionTextes, ClosedListsLeaveTheirHeadersAtTheBottom) {
     EXPECT_EQ(d.places().flexlistedesliens.height(), 0);
 }
 
-TEST(DispositionTextes, OpenedListsTakeTheLowerHalfOfTheText) {
+TEST(DispositionTextes, OpenedListsAreAsHighAsTheirRows) {
     DispositionTextes d = disposition(Arrangement::ACote, 3000);
     const QRect texte = d.places().rtfRichTextBox1;
-    d.ouvrelistes();
+    d.ouvrelistes(1200);
     d.replaceseparateur();
-    EXPECT_EQ(d.posseparateurlisteh, texte.top() + texte.height() / 2);
-    EXPECT_EQ(d.places().flexlistedesliens.height(), 9000 - d.posseparateurlisteh - 75 - 420);
+    EXPECT_EQ(d.places().flexlistedesliens.height(), 1200);
+    EXPECT_EQ(d.posseparateurlisteh, 9000 - 75 - 420 - 1200);
     d.fermelistes();
     d.replaceseparateur();
     EXPECT_EQ(d.places().rtfRichTextBox1, texte);
 }
 
+TEST(DispositionTextes, OpenedListsTakeAGoodQuarterOfTheWindowAtMost) {
+    DispositionTextes d = disposition(Arrangement::ACote, 3000);
+    d.ouvrelistes(50'000);
+    d.replaceseparateur();
+    EXPECT_EQ(d.posseparateurlisteh, 9000 - 9000 * 28 / 100);
+}
+
+TEST(DispositionTextes, OpenedListsLeaveTheTextHalfOfItsHeight) {
+    DispositionTextes d = disposition(Arrangement::Dessus, 6000);
+    const QRect texte = d.places().rtfRichTextBox1;
+    d.ouvrelistes(50'000);
+    d.replaceseparateur();
+    EXPECT_EQ(d.posseparateurlisteh, texte.top() + texte.height() / 2);
+}
+
+TEST(DispositionTextes, AWindowThatGrowsGivesWhatItGainsToTheText) {
+    DispositionTextes d = disposition(Arrangement::ACote, 3000);
+    const auto grandit = [&d](int hauteur) {
+        d.changetaille(12000, hauteur, mesures);
+        d.replaceseparateur();
+    };
+    d.ouvrelistes(1200);
+    d.replaceseparateur();
+    grandit(4000);
+    EXPECT_EQ(d.posseparateurlisteh, 4000 - 4000 * 28 / 100);
+    grandit(18000);
+    EXPECT_EQ(d.places().flexlistedesliens.height(), 1200);
+    d.lache(u"separateurlisteh"_s, {0, 9000});
+    grandit(6000);
+    EXPECT_EQ(d.posseparateurlisteh, 3000) << "as much of it as the user has given";
+    grandit(18000);
+    EXPECT_EQ(d.posseparateurlisteh, 9000);
+}
+
+TEST(DispositionTextes, ASecondListMakesRoomForItselfUnlessTheUserHasMovedTheBar) {
+    DispositionTextes d = disposition(Arrangement::ACote, 3000);
+    d.ouvrelistes(900);
+    d.ouvrelistes(1500);
+    d.replaceseparateur();
+    EXPECT_EQ(d.places().flexlistedesliens.height(), 1500);
+    d.ouvrelistes(900);
+    d.replaceseparateur();
+    EXPECT_EQ(d.places().flexlistedesliens.height(), 1500) << "the text does not jump";
+    d.lache(u"separateurlisteh"_s, {0, 8000});
+    d.ouvrelistes(1800);
+    d.replaceseparateur();
+    EXPECT_EQ(d.posseparateurlisteh, 8000);
+    d.fermelistes();
+    d.replaceseparateur();
+    d.ouvrelistes(1800);
+    EXPECT_EQ(d.posseparateurlisteh, 9000 - 75 - 420 - 1800) << "opened anew";
+}
+
+TEST(DispositionTextes, AFirstPanelIsWideEnoughForTitlesBesideTheText) {
+    DispositionTextes d;
+    d.commence();
+    d.changetaille(30'000, 9000, mesures);
+    d.replaceseparateur();
+    EXPECT_EQ(d.arrangement, Arrangement::ACote);
+    EXPECT_EQ(d.places().panneau.width(), 320 * 15);
+    d.changetaille(6000, 9000, mesures);
+    d.replaceseparateur();
+    EXPECT_EQ(d.places().rtfRichTextBox1.width(), 3000) << "half of a small window is the text's";
+}
+
+TEST(DispositionTextes, ALowWindowIsForTheText) {
+    DispositionTextes d = disposition(Arrangement::Dessus, 1000, 12'000, 4799);
+    EXPECT_EQ(d.places().rtfRichTextBox1, QRect(0, 480, 12'000, 4799 - 480));
+    EXPECT_FALSE(d.places().panneaulisible);
+    EXPECT_TRUE(d.places().separateur.isEmpty());
+    EXPECT_TRUE(d.places().entetelistedesliens.isEmpty());
+    attendpavage(d);
+    d.changetaille(12'000, 4800, mesures);
+    d.replaceseparateur();
+    EXPECT_TRUE(d.places().panneaulisible);
+    EXPECT_EQ(d.places().entetelistedesliens.height(), 420);
+}
+
+TEST(DispositionTextes, WhatTheUserWantsIsThereInALowWindowToo) {
+    DispositionTextes d = disposition(Arrangement::Dessus, 1000, 12'000, 4000);
+    d.deplie(Bloc::Recherche);
+    d.deplaceseparateur();
+    EXPECT_EQ(d.places().panneau.height(), 640);
+    d.plie();
+    d.replaceseparateur();
+    EXPECT_TRUE(d.places().panneau.isEmpty());
+    d.deplie(Bloc::Recherche);
+    d.changetaille(12'000, 9000, mesures);
+    d.changetaille(12'000, 4000, mesures);
+    d.posseparateur = 1000;
+    d.replaceseparateur();
+    EXPECT_TRUE(d.places().panneau.isEmpty()) << "it was wanted before the window was high";
+    d.posseparateur = 360 + 1200;
+    d.replaceseparateur();
+    EXPECT_EQ(d.places().panneau.height(), 1200) << "no line but a block";
+    d.ouvrelistes(900);
+    d.replaceseparateur();
+    EXPECT_EQ(d.places().entetelistedesliens.height(), 420);
+    attendpavage(d);
+}
+
 TEST(DispositionTextes, TheListsBarsStayInTheWindow) {
     DispositionTextes d = disposition(Arrangement::ACote, 3000);
-    d.ouvrelistes();
+    d.ouvrelistes(hauteurdegrille);
     d.posseparateurlisteh = 20'000;
     d.posseparateurlistev = 20'000;
     d.replaceseparateur();

@@ -28,6 +28,7 @@ public:
         ++peints;
     }
     void revele(qsizetype position) override { reveles << position; }
+    void montreoccurrences(const std::vector<Occurrence>& nouvelles) override { occurrences = nouvelles; }
     void ditcible(const QString& texte) override { cibles << texte; }
     void dit(const QString& texte) override { dits << texte; }
 
@@ -36,6 +37,7 @@ public:
     int peints = 0;
     bool sansmemoire = false; ///< the next painting finds no memory
     QList<qsizetype> reveles;
+    std::vector<Occurrence> occurrences;
     QStringList cibles;
     QStringList dits;
 };
@@ -262,6 +264,20 @@ TEST_F(LectureTest, WordsThatComeWithADocumentAreMarkedAndTheFirstOneIsShown) {
     EXPECT_EQ(nombredemarques(), 20) << "the one at the very first character is not marked";
     EXPECT_EQ(vue.reveles, QList<qsizetype>{ou(u"Ligne 0"_s)});
     EXPECT_EQ(controle.selStart(), 0);
+}
+
+TEST_F(LectureTest, TheMarksAreShownAsWhatWasFoundAsLongAsTheyAreThere) {
+    ouvre("CO000002");
+    lue.recoitmots(u"ligne 1"_s, u"ligne 3"_s, marquage);
+    EXPECT_EQ(vue.occurrences.size(), 12U);
+    EXPECT_EQ(vue.occurrences.front(), (Occurrence{ou(u"Ligne 1"_s), 7}));
+    EXPECT_EQ(vue.occurrences.back(), (Occurrence{ou(u"Ligne 3"_s), 7}));
+    lue.changemarques(false, marquage);
+    EXPECT_TRUE(vue.occurrences.empty());
+    lue.changemarques(true, marquage);
+    EXPECT_EQ(vue.occurrences.size(), 12U);
+    ouvre("CO000001");
+    EXPECT_TRUE(vue.occurrences.empty());
 }
 
 TEST_F(LectureTest, WordsThatAreNotFoundScrollNowhere) {

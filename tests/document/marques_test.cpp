@@ -253,6 +253,71 @@ TEST(RechercheTexteTest, TheOptionsReachTheControl) {
     EXPECT_EQ(controle.selStart(), 14);
 }
 
+class PrecedentTest : public testing::Test {
+protected:
+    PrecedentTest() { controle.setText(u"un mot, un mot, un mot, un"_s); }
+    bool precedent() { return recherche.precedent(controle, occurrencesde(controle.richText(), u"mot"_s, 0), 3); }
+    RechercheTexte::Issue suivant() { return recherche.suivant(controle, u"mot"_s, 0); }
+
+    RichTextControl controle;
+    RechercheTexte recherche;
+};
+
+TEST_F(PrecedentTest, GoesBackOverTheSameHitsAndFromTheFirstToTheLast) {
+    suivant();
+    suivant();
+    EXPECT_EQ(controle.selStart(), 11);
+    EXPECT_TRUE(precedent());
+    EXPECT_EQ(controle.selStart(), 3);
+    EXPECT_EQ(controle.selLength(), 3);
+    EXPECT_EQ(recherche.derniere(), 3);
+    EXPECT_TRUE(precedent());
+    EXPECT_EQ(controle.selStart(), 19);
+}
+
+TEST_F(PrecedentTest, BeginsAtTheEndBeforeTheFirstStep) {
+    EXPECT_EQ(recherche.derniere(), -1);
+    EXPECT_TRUE(precedent());
+    EXPECT_EQ(controle.selStart(), 19);
+}
+
+TEST_F(PrecedentTest, TheNextOneIsThenTheOneBehind) {
+    suivant();
+    suivant();
+    precedent();
+    suivant();
+    EXPECT_EQ(controle.selStart(), 11);
+}
+
+TEST_F(PrecedentTest, DoesNotCountAsAFurtherHit) {
+    precedent();
+    EXPECT_EQ(recherche.compte(), 0);
+    EXPECT_EQ(suivant(), RechercheTexte::Issue::Absent);
+    suivant();
+    suivant();
+    precedent();
+    EXPECT_EQ(recherche.compte(), 2);
+    suivant();
+    suivant();
+    EXPECT_EQ(suivant(), RechercheTexte::Issue::Termine);
+}
+
+TEST_F(PrecedentTest, WithoutHitsNothingHappens) {
+    controle.setSelStart(5);
+    EXPECT_FALSE(recherche.precedent(controle, {}, 3));
+    EXPECT_EQ(controle.selStart(), 5);
+    EXPECT_EQ(recherche.debut(), 0);
+}
+
+TEST(RechercheTexteTest, AllHitsAreThoseOfTheSameOptions) {
+    RichTextControl controle;
+    controle.setText(u"Prixfixe prix Prix"_s);
+    EXPECT_EQ(occurrencesde(controle.richText(), u"Prix"_s, 0), (std::vector<qsizetype>{0, 9, 14}));
+    EXPECT_EQ(occurrencesde(controle.richText(), u"Prix"_s, 2), (std::vector<qsizetype>{9, 14}));
+    EXPECT_EQ(occurrencesde(controle.richText(), u"Prix"_s, 4), (std::vector<qsizetype>{0, 14}));
+    EXPECT_EQ(occurrencesde(controle.richText(), u"Prix"_s, 6), (std::vector<qsizetype>{14}));
+}
+
 TEST(RechercheTexteTest, FindingStepsToTheNextHit) {
     RichTextControl controle;
     controle.setText(u"un mot, un mot, un"_s);

@@ -93,6 +93,22 @@ TEST_F(ProprietesTest, ADocumentWithoutANodeLeavesTheTreeAtItsRoot) {
     }
 }
 
+TEST_F(ProprietesTest, ThePlaceIsTheWayDownToTheDocument) {
+    const Libelles texte = [](Texte) { return u"%1 > %2"_s; };
+    Arborescence nommee(corpus, parametres, sablier, [](int) { return u"Droit"_s; });
+    Proprietes p;
+    p.reference = u"EU000003"_s;
+    p.numeroarborescence = u"3"_s;
+    montrearborescence(nommee, arbre, p);
+    EXPECT_EQ(placedanslesommaire(arbre, texte), u"Droit > Niveau 1 > Niveau 2 > Niveau 3");
+    arbre.select(arbre.indexOf(u"EU 2"_s));
+    EXPECT_EQ(placedanslesommaire(arbre, texte), u"Droit > Niveau 1 > Niveau 2") << "of a branch, it is the last step";
+    for (const int nullepart : {1, 0}) {
+        arbre.select(nullepart);
+        EXPECT_EQ(placedanslesommaire(arbre, texte), QString());
+    }
+}
+
 class TailleProprietesTest : public testing::Test {
 protected:
     void met(const QString& nom, const QString& valeur) { magasin.save(u"POSITIONFORME", nom, valeur); }

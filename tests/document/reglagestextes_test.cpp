@@ -55,7 +55,9 @@ QString largeursaenregistrer(const std::array<int, 4>& largeurs) {
 
 TEST_F(ReglagesTextesTest, AbsentSettingsGiveTheDefaults) {
     const ReglagesTextes lus = litreglagestextes(reglages, 3);
-    EXPECT_EQ(lus, ReglagesTextes());
+    ReglagesTextes usuels;
+    usuels.place.etat = 2; // a first start
+    EXPECT_EQ(lus, usuels);
     EXPECT_EQ(lus.place.hauteur, 4245);
     EXPECT_EQ(lus.place.largeur, 0);
     EXPECT_EQ(lus.posseparateur, 1000);
@@ -63,6 +65,32 @@ TEST_F(ReglagesTextesTest, AbsentSettingsGiveTheDefaults) {
     EXPECT_EQ(lus.bloc, Bloc::Recherche);
     EXPECT_EQ(lus.listeordre, u"01234");
     EXPECT_EQ(lus.listelargeurs, u"002000002000002000002000");
+}
+
+TEST_F(ReglagesTextesTest, AWindowWithoutAPlaceFillsTheFrameUnlessOthersWereLeftNormal) {
+    EXPECT_EQ(litreglagestextes(reglages, 3).place.etat, 2);
+    met(u"WINDOWSSTATE0"_s, u"2"_s);
+    met(u"WINDOWSSTATE1"_s, u"1"_s);
+    EXPECT_EQ(litreglagestextes(reglages, 3).place.etat, 2);
+    met(u"WINDOWSSTATE10"_s, u"0"_s);
+    EXPECT_EQ(litreglagestextes(reglages, 3).place.etat, 0);
+    EXPECT_EQ(litreglagestextes(reglages, 0).place.etat, 2);
+    EXPECT_EQ(litreglagestextes(reglages, 1).place.etat, 1);
+}
+
+TEST_F(ReglagesTextesTest, AWindowIsAFirstOneUntilAnythingOfItIsStored) {
+    int indice = 0;
+    for (const auto& nom :
+         {u"WINDOWSSTATE"_s, u"WINDOWSLEFT"_s, u"WINDOWSTOP"_s, u"WINDOWSWIDTH"_s, u"WINDOWSHEIGHT"_s,
+          u"WINDOWSARBRE"_s, u"WINDOWSSEPARVH"_s, u"WINDOWSSEPAR"_s, u"ORDRECOLONNE"_s, u"LARGEURCOLONNE"_s}) {
+        EXPECT_TRUE(jamaisouverte(reglages, indice)) << nom.toStdString();
+        met(nom + QString::number(indice), u"0"_s);
+        EXPECT_FALSE(jamaisouverte(reglages, indice)) << nom.toStdString();
+        ++indice;
+    }
+    EXPECT_TRUE(jamaisouverte(reglages, 10)) << "each for itself";
+    ecritreglagestextes(reglages, 10, {});
+    EXPECT_FALSE(jamaisouverte(reglages, 10));
 }
 
 TEST_F(ReglagesTextesTest, EachWindowRestoresItsOwnSavedValues) {

@@ -1,4 +1,5 @@
 #include "document/ui/grilledocuments.h"
+#include "platform/widgets/look/look.h"
 #include "tests/document/ui/liste_support.h"
 #include "tests/support/eventually.h"
 
@@ -84,14 +85,60 @@ TEST_F(GrilleDocumentsTest, ColumnsStandAsTheyWereLeftAndTheSourceDoesNotNotice)
     EXPECT_EQ(flex->colWidth(1), 1234);
 }
 
-TEST_F(GrilleDocumentsTest, HeadersStandInTheMiddleAndInTheTypeOfTheList) {
+TEST_F(GrilleDocumentsTest, HeadersAndCellsStandOnTheLeft) {
+    avec(3);
     const QHeaderView* entete = flex->view()->horizontalHeader();
-    const int usuelle = entete->sizeHint().height();
-    avec(3, {.pointsdestitres = 4});
-    EXPECT_LT(entete->sizeHint().height(), usuelle);
-    EXPECT_EQ(entete->model()->headerData(0, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), Qt::AlignCenter);
+    EXPECT_TRUE(entete->model()->headerData(0, Qt::Horizontal, Qt::TextAlignmentRole).toInt() & Qt::AlignLeft);
     EXPECT_TRUE(flex->view()->model()->index(0, 0).data(Qt::TextAlignmentRole).toInt() & Qt::AlignLeft);
     EXPECT_TRUE(entete->sectionsMovable());
+}
+
+TEST_F(GrilleDocumentsTest, ColumnsShareTheFreeWidthUntilTheyAreGivenAnother) {
+    colonnes = Colonnes({.colonnes = {{0, 3000, Texte::Titre, 3}, {1, 2000, Texte::ColonneMotCle1, 2}, {6, 0, {}}}});
+    avec(3);
+    const auto ensemble = [this] { return flex->view()->columnWidth(0) + flex->view()->columnWidth(1); };
+    EVENTUALLY(ensemble() == flex->view()->viewport()->width());
+    grille->releve();
+    EXPECT_EQ(colonnes.largeurs(), u"003000002000") << "what is free is not kept";
+    flex->view()->horizontalHeader()->resizeSection(1, 100);
+    grille->releve();
+    EXPECT_EQ(colonnes.largeurs(), u"003000001500");
+    // At the next start that one keeps its width.
+    grille.reset();
+    flex->setCols(0);
+    construit();
+    EVENTUALLY(ensemble() == flex->view()->viewport()->width());
+    EXPECT_EQ(flex->view()->columnWidth(1), 100);
+}
+
+TEST_F(GrilleDocumentsTest, ANarrowListShowsTitlesOverKeywords) {
+    colonnes = Colonnes({.colonnes = {{0, 3000, Texte::Titre, 3}, {1, 2000, Texte::ColonneMotCle1, 2}, {6, 0, {}}}});
+    avec(3);
+    const int ligne = flex->view()->rowHeight(0);
+    fenetre.resize(380, 300);
+    EVENTUALLY(flex->view()->isColumnHidden(1));
+    EXPECT_GT(flex->view()->rowHeight(0), ligne);
+}
+
+TEST_F(GrilleDocumentsTest, TheCodeOfACollectionIsSeenAsItsPicture) {
+    construit({.champimage = 1})
+        .charge(std::make_unique<SourceEssai>(std::vector<QStringList>{
+            {u"a"_s, u"JP"_s, u"JP000001"_s}, {u"b"_s, u"XX"_s, u"XX000001"_s}, {u"c"_s, u"JP"_s, u"JP000002"_s}}));
+    const auto [surface, ou] = cellule(*flex, 1, 1);
+    const auto cellules = [&, surface = surface](int ligne) {
+        const QRect ici(cellule(*flex, ligne, 1).second - QPoint(8, 8), QSize(16, 16));
+        return surface->grab(ici).toImage();
+    };
+    EXPECT_EQ(cellules(1), cellules(3));
+    EXPECT_NE(cellules(1), cellules(2)) << "of no collection, the text";
+    const QColor teinte = look::hue(2, look::themeOf(flex->palette()));
+    const QImage image = cellules(1);
+    bool vue = false;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            vue |= image.pixelColor(x, y).hue() == teinte.hue();
+    }
+    EXPECT_TRUE(vue) << "in the hue of its collection";
 }
 
 TEST_F(GrilleDocumentsTest, WhatTheUserDoesToColumnsTheListKnows) {
@@ -106,10 +153,10 @@ TEST_F(GrilleDocumentsTest, WhatTheUserDoesToColumnsTheListKnows) {
 }
 
 TEST_F(GrilleDocumentsTest, OneColumnMayTakeTheWidthThatIsLeftAndThenNoneIsDragged) {
-    avec(3, {.deplacables = false, .centrees = true, .champetire = 1});
+    avec(3, {.deplacables = false, .champetire = 1});
     EVENTUALLY(flex->colWidth(1) > 2000);
     EXPECT_FALSE(flex->view()->horizontalHeader()->sectionsMovable());
-    EXPECT_TRUE(flex->view()->model()->index(0, 0).data(Qt::TextAlignmentRole).toInt() & Qt::AlignHCenter);
+    EXPECT_TRUE(flex->view()->model()->index(0, 0).data(Qt::TextAlignmentRole).toInt() & Qt::AlignLeft);
 }
 
 // ---- opening

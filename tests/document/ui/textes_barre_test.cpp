@@ -57,14 +57,14 @@ TEST_F(BarreChild, ButtonsOfADocumentWakeUpAtTheFirstOne) {
 TEST_F(BarreChild, TheCondensedButtonChangesItsToolTipAndTheText) {
     Textes& fenetre = ouvre("CO000001");
     const QString complet = fenetre.vue().control().text();
-    EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(Texte{8110}) + u"..."_s);
+    EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(Texte{8110}) + u"\u2026"_s);
     presse(fenetre, u"abc"_s);
-    EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(Texte{8111}) + u"..."_s);
+    EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(Texte{8111}) + u"\u2026"_s);
     const QString condense = fenetre.vue().control().text();
     EXPECT_LT(condense.size(), complet.size());
     presse(fenetre, u"abc"_s);
     EXPECT_EQ(fenetre.vue().control().text(), complet);
-    EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(Texte{8110}) + u"..."_s);
+    EXPECT_EQ(fenetre.barrechild().toolTip(u"abc"_s), banc->langue.lireressource(Texte{8110}) + u"\u2026"_s);
 }
 
 TEST_F(BarreChild, TheDeferredRefreshShowsTheFullTextOnce) {

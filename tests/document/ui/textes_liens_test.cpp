@@ -1,12 +1,15 @@
 // The document window: links in the text and beside it, the tree, the pop-up menus.
 #include "core/schemas.h"
 #include "document/ui/listedeliens.h"
+#include "platform/widgets/look/plaintext.h"
 #include "tests/document/ui/textes_base.h"
 #include "tests/support/eventually.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QToolTip>
 
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
@@ -199,6 +202,26 @@ TEST_F(LiensTextes, TheLinkUnderThePointerTellsItsTarget) {
     }
     EXPECT_EQ(cibles, (QStringList{u"CO000002 - Article 2"_s, u"https://example.org"_s, u"a@example.org"_s,
                                    u"CO000099"_s, QString()}));
+}
+
+TEST_F(LiensTextes, ATipBesideThePointerTellsTheTargetsTitle) {
+    Textes& fenetre = ouvre("CO000001");
+    const QString texte = fenetre.vue().control().text();
+    QWidget& surface = *fenetre.vue().viewport();
+    const auto bulle = [&](QStringView mot) {
+        fenetre.vue().setSelStart(texte.indexOf(mot) + 1);
+        const QPoint ici = fenetre.vue().cursorRect().center() + QPoint(2, 0);
+        QTest::mouseMove(&surface, {1, 1});
+        QTest::mouseMove(&surface, ici);
+        QHelpEvent demande(QEvent::ToolTip, ici, surface.mapToGlobal(ici));
+        QApplication::sendEvent(&surface, &demande);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    EXPECT_EQ(bulle(u"article"), plainTip(u"Article 2"_s));
+    EXPECT_EQ(bulle(u"le site"), plainTip(u"https://example.org"_s));
+    EXPECT_EQ(bulle(u"nous"), plainTip(u"a@example.org"_s));
+    EVENTUALLY(bulle(u"Voir").isEmpty());
+    EVENTUALLY(bulle(u"ailleurs").isEmpty()); // the document is not in the base
 }
 
 TEST_F(LiensTextes, TurningLinksIntoAListKeepsTheGridsOrder) {

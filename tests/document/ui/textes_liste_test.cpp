@@ -16,7 +16,8 @@ TEST_F(FenetreTextes, TheListHasFourVisibleColumnsAndAHiddenNumber) {
         EXPECT_EQ(flex.header(colonne), banc->langue.lireressource(Texte{300 + colonne}));
         EXPECT_GE(flex.colWidth(colonne), 2000);
         const QAbstractItemModel* lignes = flex.view()->model();
-        EXPECT_EQ(lignes->headerData(colonne, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), Qt::AlignCenter);
+        EXPECT_EQ(lignes->headerData(colonne, Qt::Horizontal, Qt::TextAlignmentRole).toInt(),
+                  int(Qt::AlignLeft | Qt::AlignVCenter));
         EXPECT_TRUE(lignes->index(0, colonne).data(Qt::TextAlignmentRole).toInt() & Qt::AlignLeft);
     }
     EXPECT_EQ(flex.colWidth(4), 0);
@@ -30,11 +31,14 @@ TEST_F(FenetreTextes, WidthsThatNobodyTouchedShareTheRoomAndAreNotStored) {
     Textes& fenetre = ouvre("CO000001");
     fenetre.resize(1200, 700);
     presse(fenetre, u"tableau"_s);
-    const FlexGrid& flex = fenetre.panneau().flex();
-    EXPECT_GT(flex.colWidth(0), 2000);
-    EXPECT_NEAR(flex.colWidth(0), 2 * flex.colWidth(1), 60);
-    fenetre.resize(300, 700);
-    EVENTUALLY(std::abs(flex.colWidth(1) - 2000) < 15);
+    const QTableView& vue = *fenetre.panneau().flex().view();
+    const auto ensemble = [&vue] {
+        return vue.columnWidth(0) + vue.columnWidth(1) + vue.columnWidth(2) + vue.columnWidth(3);
+    };
+    EVENTUALLY(ensemble() == vue.viewport()->width());
+    EXPECT_NEAR(2 * vue.columnWidth(0), 3 * vue.columnWidth(1), 6);
+    fenetre.resize(600, 700);
+    EVENTUALLY(ensemble() == vue.viewport()->width());
     fenetre.close();
     EXPECT_EQ(banc->lu(u"LARGEURCOLONNE0"_s), u"002000002000002000002000");
 }
@@ -43,14 +47,15 @@ TEST_F(FenetreTextes, AWidthThatWasTouchedStays) {
     Textes& fenetre = ouvre("CO000001");
     fenetre.resize(1200, 700);
     presse(fenetre, u"tableau"_s);
-    fenetre.panneau().flex().setColWidth(2, 1500);
-    fenetre.resize(900, 700);
-    EXPECT_EQ(fenetre.panneau().flex().colWidth(2), 1500);
-    const int titre = fenetre.panneau().flex().colWidth(0);
-    fenetre.resize(1100, 700);
-    EXPECT_EQ(fenetre.panneau().flex().colWidth(0), titre);
+    QTableView& vue = *fenetre.panneau().flex().view();
+    vue.horizontalHeader()->resizeSection(2, 100);
+    for (const int largeur : {900, 1100}) {
+        fenetre.resize(largeur, 700);
+        EVENTUALLY(vue.columnWidth(0) + vue.columnWidth(1) + vue.columnWidth(3) + 100 == vue.viewport()->width());
+        EXPECT_EQ(vue.columnWidth(2), 100);
+    }
     fenetre.close();
-    EXPECT_TRUE(banc->lu(u"LARGEURCOLONNE0"_s).contains(u"001500"));
+    EXPECT_EQ(banc->lu(u"LARGEURCOLONNE0"_s), u"002000002000001500002000");
 }
 
 TEST_F(FenetreTextes, TheStoredOrderAndWidthsOfTheColumnsAreTaken) {

@@ -1,6 +1,8 @@
 // The words of a search in a document window: marks, the walk, the block, and the lists that become a selection.
 #include "document/ui/blocrecherche.h"
 #include "document/ui/listedeliens.h"
+#include "platform/widgets/look/noteline.h"
+#include "platform/widgets/text/hitstrip.h"
 #include "tests/document/ui/textes_base.h"
 #include "tests/support/eventually.h"
 
@@ -12,6 +14,7 @@
 #include <QSignalSpy>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QToolButton>
 
 #include <set>
 
@@ -83,6 +86,59 @@ TEST(BlocRechercheTest, WithoutRoomForItsLabelTheBoxSaysWhatItIsFor) {
     EXPECT_EQ(mots->placeholderText(), QString());
 }
 
+TEST(BlocRechercheTest, WhatCameOfASearchIsSaidBesideTheBoxInEverySize) {
+    BlocRecherche bloc([](Texte) { return u"Mots de la collection"_s; }, nullptr);
+    auto* note = bloc.findChild<NoteLine*>();
+    auto* mots = bloc.findChild<QLineEdit*>(u"Textedico"_s);
+    auto* bouton = bloc.findChild<QPushButton*>(u"cmdokdico"_s);
+    bloc.show();
+    EXPECT_FALSE(note->isVisible());
+    bloc.dit({u"Aucun document ne contient « zzzqq » dans cette collection."_s, true, false});
+    const int ligne = std::max(mots->sizeHint().height(), bouton->sizeHint().height());
+    for (const QSize& taille : {QSize(1200, ligne + 8), QSize(900, ligne + 8), QSize(1200, 200), QSize(240, 400)}) {
+        bloc.resize(taille);
+        EXPECT_TRUE(note->isVisible());
+        EXPECT_TRUE(bloc.rect().contains(note->geometry())) << taille.width() << 'x' << taille.height();
+        EXPECT_FALSE(note->geometry().intersects(mots->geometry())) << taille.width() << 'x' << taille.height();
+        EXPECT_FALSE(note->geometry().intersects(bouton->geometry())) << taille.width() << 'x' << taille.height();
+        EXPECT_GE(note->height(), note->heightForWidth(note->width())) << taille.width() << 'x' << taille.height();
+    }
+    QTest::keyClicks(mots, u"b"_s);
+    EXPECT_FALSE(note->isVisible()) << "other words";
+}
+
+TEST(BlocRechercheTest, OfASearchThatWasCutAllIsALinkAway) {
+    BlocRecherche bloc([](Texte) { return u"Mots"_s; }, nullptr);
+    QSignalSpy recherche(&bloc, &BlocRecherche::recherche);
+    auto* note = bloc.findChild<NoteLine*>();
+    auto* mots = bloc.findChild<QLineEdit*>(u"Textedico"_s);
+    bloc.resize(900, 200);
+    bloc.show();
+    mots->setText(u"bail"_s);
+    QTest::keyClick(mots, Qt::Key_Return);
+    EXPECT_FALSE(recherche.at(0).at(1).toBool());
+    bloc.ajouteligne(u"bail : 545 ( 39 )"_s);
+    bloc.dit({u"200 premiers documents sur 545"_s, false, true});
+    EXPECT_EQ(bloc.resultat()->count(), 1);
+    EXPECT_GE(bloc.resultat()->y(), note->geometry().bottom());
+    mots->setText(u"autre"_s);
+    QTest::mouseClick(note->link(), Qt::LeftButton);
+    ASSERT_EQ(recherche.size(), 2);
+    EXPECT_EQ(recherche.at(1).at(0).toString(), u"bail") << "as it was searched";
+    EXPECT_TRUE(recherche.at(1).at(1).toBool());
+    EXPECT_FALSE(note->isVisible()) << "until it is said anew";
+    EXPECT_EQ(bloc.resultat()->count(), 0);
+}
+
+TEST(BlocRechercheTest, AnEmptyListOfLinesIsNotSeen) {
+    BlocRecherche bloc([](Texte) { return u"Mots"_s; }, nullptr);
+    bloc.resize(900, 300);
+    bloc.show();
+    EXPECT_FALSE(bloc.resultat()->isVisible());
+    bloc.ajouteligne(u"bail : 545 ( 39 )"_s);
+    EXPECT_TRUE(bloc.resultat()->isVisible());
+}
+
 } // namespace
 
 TEST_F(TextesMotsTest, WordsThatComeWithADocumentAreMarkedAndShowTheButtons) {
@@ -99,6 +155,29 @@ TEST_F(TextesMotsTest, WordsThatComeWithADocumentAreMarkedAndShowTheButtons) {
     EXPECT_EQ(ici.lecture().mots().mot1, u"ligne"_s);
     EXPECT_EQ(ici.lecture().mots().mot2, u"texte"_s);
     EXPECT_EQ(ici.lecture().mots().posdepartrecherche, 0);
+}
+
+TEST_F(TextesMotsTest, TheMarksShowBesideTheScrollBarAndTheirCurrentOneDiffers) {
+    Textes& ici = fenetre("CO000002");
+    ici.recoitmots(u"ligne 7"_s, QString());
+    const auto& barre = *ici.vue().findChild<HitStrip*>();
+    EXPECT_EQ(barre.ticks().size(), 11U);
+    EXPECT_TRUE(ici.vue().seenHits().current.isNull());
+    presse(ici, u"motsuivant"_s);
+    EXPECT_FALSE(ici.vue().seenHits().current.isNull());
+    presse(ici, u"marqueauto"_s);
+    EXPECT_TRUE(barre.ticks().empty());
+}
+
+TEST_F(TextesMotsTest, TheHitThatTheWalkReachesIsNotAtTheEdge) {
+    Textes& ici = fenetre("CO000002");
+    ici.recoitmots(u"ligne"_s, QString());
+    for (int i = 0; i < 60; ++i) {
+        presse(ici, u"motsuivant"_s);
+        const QRect ou = ici.vue().seenHits().current;
+        ASSERT_FALSE(ou.isNull()) << i;
+        ASSERT_LT(ou.bottom(), ici.vue().viewport()->height() - 40) << i;
+    }
 }
 
 TEST_F(TextesMotsTest, NoWordHidesTheButtons) {
@@ -198,6 +277,20 @@ TEST_F(TextesMotsTest, TheBlockLooksWordsUpInTheCollectionOfItsWindow) {
     QTest::mouseClick(controle<QPushButton>(ici, u"cmdokdico"_s), Qt::LeftButton);
     EXPECT_EQ(banc->mots.demandes.size(), 2);
     EXPECT_EQ(resultat->count(), 1);
+}
+
+TEST_F(TextesMotsTest, TheBlockSaysWhatCameOfItsSearchAndAsksForAllOfIt) {
+    Textes& ici = fenetre("CO000002");
+    presse(ici, u"barrehoriz"_s);
+    presse(ici, u"recherchedico"_s);
+    auto* boite = controle<QLineEdit>(ici, u"Textedico"_s);
+    banc->mots.bilan = {u"200 premiers"_s, false, true};
+    QTest::keyClicks(boite, u"vente"_s);
+    QTest::keyClick(boite, Qt::Key_Return);
+    auto* note = ici.findChild<BlocRecherche*>()->findChild<NoteLine*>();
+    EXPECT_EQ(note->text(), u"200 premiers");
+    QTest::mouseClick(note->link(), Qt::LeftButton);
+    EXPECT_EQ(banc->mots.demandes, (QStringList{u"CO:vente"_s, u"CO:vente!"_s}));
 }
 
 TEST_F(TextesMotsTest, AClickOnALineOfTheBlockCopiesItsWordAndSearchesAgain) {

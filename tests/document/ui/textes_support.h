@@ -36,6 +36,9 @@ public:
         reglages.choisitmaitre(QStringLiteral(VELM_SOURCE_DIR "/master.ini"));
         parametres = litparametres(reglages, langue, QStringLiteral(VELM_SOURCE_DIR));
         styles = litstyles(reglages, langue, parametres.textes);
+        // Windows that were open before: a first one shows the contents.
+        for (int indice = 0; indice < nombredecollections; ++indice)
+            met(QStringLiteral("WINDOWSARBRE%1").arg(indice), QStringLiteral("0"));
     }
     ~BancTextes() override {
         for (const auto& fenetre : fenetres)
@@ -83,6 +86,11 @@ public:
         return *fenetre(indicedetype(QString::fromLatin1(cle, 2)));
     }
     void met(const QString& nom, const QString& valeur) { magasin.save(u"POSITIONFORME", nom, valeur); }
+    /// Nothing is stored of any window.
+    void oublietout() {
+        QFile::remove(magasin.path());
+        magasin.save(u"ESSAI", u"OUBLI", QString::number(++oublis)); // a write reads the file again
+    }
     QString lu(const QString& nom) const { return magasin.get(u"POSITIONFORME", nom, QStringLiteral("(absent)")); }
 
     QTemporaryDir dossier;
@@ -98,6 +106,7 @@ public:
     VoisinageScript voisinage;
     AideMotsScript mots;
     QSize taille{900, 700};
+    int oublis = 0;
     std::vector<std::pair<int, bool>> slots_;
     std::vector<QPointer<Textes>> fenetres;
     Navigation navigation{*this, corpus};

@@ -1,4 +1,6 @@
 // The document window: settings, division, blocks.
+#include "core/tablereglages.h"
+#include "platform/widgets/text/paperlayout.h"
 #include "tests/document/ui/textes_base.h"
 #include "tests/support/eventually.h"
 
@@ -45,8 +47,27 @@ TEST_F(FenetreTextes, EachWindowRestoresItsOwnSavedValues) {
     EXPECT_TRUE(rouverte.barrechild().value(u"tableau"_s));
 }
 
-TEST_F(FenetreTextes, AFirstWindowLeavesItsSizeToTheFrame) {
-    EXPECT_EQ(ouvre("CO000001").placevoulue(), (PlaceTextes{0, 0, 0, 0, 0}));
+TEST_F(FenetreTextes, ThePaperIsAsTheSettingSays) {
+    const auto papier = [this] {
+        Textes& fenetre = ouvre("CO000001");
+        const QColor celui = qobject_cast<PaperLayout*>(fenetre.vue().document()->documentLayout())->sheet().paper;
+        fenetre.close();
+        return celui;
+    };
+    const QColor gris = look::softPaper(Qt::white);
+    const QPalette avant = QApplication::palette();
+    EXPECT_EQ(papier(), QColor(Qt::white)) << "beside light windows";
+    QApplication::setPalette(look::palette(look::Theme::Dark));
+    EXPECT_EQ(papier(), gris) << "beside dark ones";
+    banc->reglages.ecrit(reglage::papier, 0);
+    EXPECT_EQ(papier(), QColor(Qt::white));
+    QApplication::setPalette(avant);
+    banc->reglages.ecrit(reglage::papier, 1);
+    EXPECT_EQ(papier(), gris);
+}
+
+TEST_F(FenetreTextes, AFirstWindowFillsTheFrameAndLeavesItsSizeToIt) {
+    EXPECT_EQ(ouvre("CO000001").placevoulue(), (PlaceTextes{2, 0, 0, 0, 0}));
 }
 
 TEST_F(FenetreTextes, StrangeStoredValuesMakeAWindowAllTheSame) {
@@ -167,6 +188,40 @@ TEST_F(FenetreTextes, ShowingABlockReleasesTheTwoOtherButtons) {
             EXPECT_EQ(controle(fenetre, autrenom)->isVisible(), autrecle == cle) << autrenom.toStdString();
         }
     }
+}
+
+TEST_F(FenetreTextes, NoBlocksButtonIsDownWhileNoBlockIsSeen) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"tableau"_s);
+    ouvre("CO000002", true);
+    for (const auto& cle : {u"arbre"_s, u"tableau"_s, u"recherchedico"_s})
+        EXPECT_FALSE(fenetre.barrechild().value(cle)) << cle.toStdString();
+    EXPECT_EQ(fenetre.panneau().bloc(), Bloc::Liste) << "it is the one that comes back";
+    presse(fenetre, u"tableau"_s);
+    EXPECT_TRUE(fenetre.barrechild().value(u"tableau"_s));
+    EXPECT_TRUE(fenetre.panneau().flex().isVisible());
+    presse(fenetre, u"tableau"_s);
+    EXPECT_TRUE(fenetre.barrechild().value(u"tableau"_s)) << "pressed again, it stays";
+    EXPECT_TRUE(fenetre.panneau().flex().isVisible());
+    tire(*controle<SplitterBar>(fenetre, u"separateur"_s), {-2000, 0});
+    EXPECT_FALSE(fenetre.barrechild().value(u"tableau"_s));
+}
+
+TEST_F(FenetreTextes, ALowWindowIsForTheText) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.resize(600, 310);
+    EXPECT_FALSE(controle(fenetre, u"blocrecherche"_s)->isVisible());
+    EXPECT_FALSE(fenetre.barrechild().value(u"recherchedico"_s));
+    EXPECT_FALSE(controle(fenetre, u"ouvrirlien"_s)->isVisible());
+    EXPECT_FALSE(fenetre.panneau().separateur().isVisible());
+    EXPECT_EQ(fenetre.vue().height(), 310 - fenetre.barrechild().height());
+    presse(fenetre, u"recherchedico"_s);
+    EXPECT_TRUE(controle(fenetre, u"blocrecherche"_s)->isVisible());
+    EXPECT_TRUE(fenetre.barrechild().value(u"recherchedico"_s));
+    fenetre.volet().liens().bouton()->click();
+    EXPECT_TRUE(controle(fenetre, u"ouvrirlien"_s)->isVisible());
+    EXPECT_TRUE(fenetre.volet().liens().grille()->isVisible());
 }
 
 TEST_F(FenetreTextes, TheTreeAndTheListAreFilledOnceAtFirstShowing) {

@@ -1,0 +1,109 @@
+// The two lists below the text: how they look, and how much room they take.
+#include "document/ui/listedeliens.h"
+#include "platform/widgets/look/icons.h"
+#include "tests/document/ui/textes_base.h"
+
+using namespace velm;
+using namespace Qt::Literals::StringLiterals;
+using ListesDeLiensTextes = velm::test::BaseTextes;
+
+TEST_F(ListesDeLiensTextes, AListTellsHowLongItIsOnceItWasOpened) {
+    Textes& fenetre = ouvre("CO000001");
+    const QToolButton& liens = *fenetre.volet().liens().bouton();
+    const QToolButton& correlats = *fenetre.volet().correlats().bouton();
+    EXPECT_EQ(liens.text(), u"Liens") << "a closed list has read nothing";
+    fenetre.volet().liens().bouton()->click();
+    EXPECT_EQ(liens.text(), u"Liens (2)");
+    EXPECT_EQ(correlats.text(), u"Corrélats");
+    fenetre.volet().correlats().bouton()->click();
+    EXPECT_EQ(correlats.text(), u"Corrélats (2)");
+    fenetre.volet().liens().bouton()->click();
+    EXPECT_EQ(liens.text(), u"Liens (2)") << "closed, it still is that long";
+    ouvre("CO000002");
+    EXPECT_EQ(liens.text(), u"Liens") << "how much another document cites is not known";
+    EXPECT_EQ(correlats.text(), u"Corrélats (1)");
+    ouvre("CO000004");
+    EXPECT_EQ(correlats.text(), u"Corrélats (0)");
+}
+
+TEST_F(ListesDeLiensTextes, AChevronTellsWhetherAListIsOpen) {
+    Textes& fenetre = ouvre("CO000001");
+    QToolButton& bouton = *fenetre.volet().liens().bouton();
+    const auto image = [&bouton] { return bouton.icon().pixmap(16).toImage(); };
+    const QImage fermee = image();
+    EXPECT_EQ(fermee, icon(u"chevronfermé"_s).pixmap(16).toImage());
+    bouton.click();
+    EXPECT_EQ(image(), icon(u"chevronouvert"_s).pixmap(16).toImage());
+    EXPECT_NE(image(), fermee);
+    bouton.click();
+    EXPECT_EQ(image(), fermee);
+}
+
+TEST_F(ListesDeLiensTextes, AnEmptyListSaysWhyInOneLine) {
+    Textes& fenetre = ouvre("CO000004");
+    const auto dit = [](const ListeDeLiens& liste) {
+        return liste.grille()->rows() == 1 ? liste.grille()->emptyText() : QString();
+    };
+    const auto mots = [this](Texte lequel) { return banc->langue.lireressource(lequel); };
+    const ListeDeLiens& liens = fenetre.volet().liens();
+    const ListeDeLiens& correlats = fenetre.volet().correlats();
+    EXPECT_EQ(dit(liens), QString());
+    liens.bouton()->click();
+    EXPECT_EQ(dit(liens), mots(Texte::AucunDocumentCite));
+    EXPECT_EQ(dit(correlats), QString()) << "a closed list says nothing";
+    correlats.bouton()->click();
+    EXPECT_EQ(dit(correlats), mots(Texte::AucunDocumentCitant));
+    ouvre("CO000001");
+    EXPECT_EQ(dit(liens), QString());
+    ouvre("CO000004");
+    EXPECT_EQ(dit(liens), mots(Texte::AucunDocumentCite));
+    liens.bouton()->click();
+    EXPECT_EQ(dit(liens), QString());
+    banc->navigation.ouvrefenetre(2);
+    Textes& vide = *banc->fenetre(2);
+    vide.volet().liens().bouton()->click();
+    EXPECT_EQ(dit(vide.volet().liens()), mots(Texte::AucunDocumentOuvert));
+    EXPECT_EQ(vide.volet().liens().bouton()->text(), u"Liens");
+}
+
+TEST_F(ListesDeLiensTextes, TheCodesColumnShowsThePictureOfTheCollection) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.volet().liens().bouton()->click();
+    QTableView& vue = *fenetre.volet().liens().grille()->view();
+    const QImage cellule = vue.viewport()->grab(vue.visualRect(vue.model()->index(0, 0))).toImage();
+    int colores = 0;
+    for (int y = 0; y < cellule.height(); ++y) {
+        for (int x = 0; x < cellule.width(); ++x)
+            colores += cellule.pixelColor(x, y).saturation() > 40 ? 1 : 0;
+    }
+    EXPECT_GT(colores, 20);
+    EXPECT_EQ(fenetre.volet().liens().grille()->text(1, 0), u"CO");
+}
+
+TEST_F(ListesDeLiensTextes, TitlesStandAtTheLeft) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.volet().liens().bouton()->click();
+    const QModelIndex titre = fenetre.volet().liens().grille()->view()->model()->index(0, 1);
+    EXPECT_TRUE(titre.data(Qt::TextAlignmentRole).toInt() & Qt::AlignLeft);
+}
+
+TEST_F(ListesDeLiensTextes, OpenedListsTakeNoMoreThanAGoodQuarterOfTheWindow) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.resize(900, 1000);
+    fenetre.volet().liens().bouton()->click();
+    const FlexGrid& grille = *fenetre.volet().liens().grille();
+    EXPECT_LE(fenetre.height() - fenetre.volet().separateurlisteh().y(), fenetre.height() * 28 / 100 + 1);
+    EXPECT_GE(grille.view()->viewport()->height(), 2 * grille.view()->rowHeight(0)) << "all its rows";
+    EXPECT_LE(grille.view()->viewport()->height(), 4 * grille.view()->rowHeight(0)) << "and not much more";
+}
+
+TEST_F(ListesDeLiensTextes, ADoubleClickOnTheirBarGivesTheListsTheirUsualHeight) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.volet().liens().bouton()->click();
+    SplitterBar& barre = fenetre.volet().separateurlisteh();
+    const int usuel = barre.y();
+    tire(barre, {0, -150});
+    EXPECT_EQ(barre.y(), usuel - 150);
+    QTest::mouseDClick(&barre, Qt::LeftButton);
+    EXPECT_EQ(barre.y(), usuel);
+}
