@@ -21,6 +21,7 @@ ControleListe::ControleListe(const Services& services, VueLignes& lignes, VueLis
 
 void ControleListe::charge() {
     vue_.permet(Ordre::Regrouper, true);
+    vue_.ditbilan({texte(Texte::DocumentsAVenir)});
     remplissage_.montrelignes();
 }
 
@@ -33,7 +34,9 @@ void ControleListe::affichemenuselection(bool visible) {
         return;
     }
     vue_.montrepanneau(true);
-    if (!remplissage_.visible())
+    if (remplissage_.visible())
+        remplissage_.dit(liste_.lignes());
+    else
         vue_.montrecriteres(true);
     vue_.majdispositions();
 }
@@ -103,7 +106,7 @@ void ControleListe::supprime() {
     liste_.supprimeselection();
     lignes_.relit();
     montrechoix();
-    remplissage_.dit(liste_.lignes());
+    remplissage_.ditreste();
 }
 
 void ControleListe::imprime() {

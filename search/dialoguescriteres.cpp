@@ -10,8 +10,9 @@ namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
 
-ChoixFichier FichiersCriteres::choix() const {
+ChoixFichier FichiersCriteres::choix(Texte titre) const {
     ChoixFichier choix;
+    choix.titre = texte_(titre);
     choix.filtre = texte_(Texte::FichiersDuProgramme) + u"(*.cv2)|*.cv2"_s;
     choix.extension = u"cv2"_s;
     return choix;
@@ -34,13 +35,13 @@ std::optional<QByteArray> FichiersCriteres::lit(const QString& chemin) {
 std::optional<FichierCriteres> FichiersCriteres::ouvrircriteres(const QString& nom) {
     QString chemin = nom;
     if (chemin.isEmpty()) {
-        const std::optional<QString> choisi = dialogues_.openFile(choix());
+        const std::optional<QString> choisi = dialogues_.openFile(choix(Texte::TitreOuvrirCriteres));
         if (!choisi)
             return std::nullopt;
         chemin = *choisi;
         if (chemin.right(4).toUpper() != u".CV2" &&
-            dialogues_.message(texte_(Texte::QuestionExtensionImprevue) + u" ?"_s, texte_(Texte::FormatNonReconnu),
-                               Icone::Aucune, Bouton::Oui | Bouton::Non) != Bouton::Oui)
+            dialogues_.message(texte_(Texte::QuestionExtensionImprevue), texte_(Texte::FormatNonReconnu), Icone::Aucune,
+                               Bouton::Oui | Bouton::Non) != Bouton::Oui)
             return std::nullopt;
     }
     const std::optional<QByteArray> octets = lit(chemin);
@@ -56,7 +57,9 @@ std::optional<FichierCriteres> FichiersCriteres::ouvrircriteres(const QString& n
 }
 
 bool FichiersCriteres::sauvercriteres(const FichierCriteres& fichier) {
-    ChoixFichier ou = choix();
+    ChoixFichier ou = choix(Texte::TitreEnregistrerCriteres);
+    const QString mots = fileNameOf(motsdelarecherche(fichier));
+    ou.nom = (mots.isEmpty() ? texte_(Texte::NomDesCriteres) : mots) + u".cv2"_s;
     ou.demanderemplacement = false;
     const std::optional<QString> chemin = dialogues_.saveFile(ou);
     if (!chemin)

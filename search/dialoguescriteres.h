@@ -25,7 +25,7 @@ public:
     void envoyercriteres(const FichierCriteres& fichier);
 
 private:
-    ChoixFichier choix() const;
+    ChoixFichier choix(Texte titre) const;
     std::optional<QByteArray> lit(const QString& chemin);
     void ditnonecrit(const QString& nom, const FileError& erreur, Texte titre);
 

@@ -34,6 +34,7 @@ struct ItemsFormulaire {
 struct EtatFormulaire {
     static constexpr int onglets = 3;
     static constexpr int limites = 3;
+    static constexpr int toutes = limites; ///< no entry of a limit list: all, without a question
 
     int ongletrecherche = 0;
     QString Textedico;

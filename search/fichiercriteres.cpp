@@ -103,6 +103,17 @@ void litlignes(Lecteur& lecteur, FichierCriteres& f) {
 
 } // namespace
 
+QString motsdelarecherche(const FichierCriteres& fichier) {
+    const auto& deux = fichier.criteres.texterech;
+    const std::array onglets{fichier.texterapide.simplified(), (deux[0] + u' ' + deux[1]).simplified(),
+                             fichier.Textedico.simplified()};
+    const auto dessus = static_cast<std::size_t>(fichier.ongletrecherche);
+    if (dessus < onglets.size() && !onglets.at(dessus).isEmpty())
+        return onglets.at(dessus);
+    const auto rempli = std::ranges::find_if(onglets, [](const QString& mots) { return !mots.isEmpty(); });
+    return rempli == onglets.end() ? QString() : *rempli;
+}
+
 QByteArray ecritcriteres(const FichierCriteres& f) {
     const Criteres& c = f.criteres;
     Ecrivain e;

@@ -43,6 +43,9 @@ struct FichierCriteres {
     friend bool operator==(const FichierCriteres&, const FichierCriteres&) = default;
 };
 
+/// What was searched for, in words: those of the tab that is on top, else those of the first that has any.
+QString motsdelarecherche(const FichierCriteres& fichier);
+
 /// The bytes of a file. A line end inside a text becomes a blank, as it would end the line.
 QByteArray ecritcriteres(const FichierCriteres& fichier);
 

@@ -3,6 +3,7 @@
 #include "core/tablereglages.h"
 #include "core/texte.h"
 #include "platform/text/number.h"
+#include "search/bilanrecherche.h"
 #include "search/recherchecriteres.h"
 #include "search/recherchedico.h"
 #include "search/rechercherapide.h"
@@ -24,6 +25,19 @@ constexpr std::array conjonctions{Texte::ConjonctionEt, Texte::ConjonctionOu, Te
 int limitestockee(const Reglages& reglages, const ReglageEntier& reglage) {
     const double rang = reglages.litlibre(reglage);
     return rang >= 0 && rang < EtatFormulaire::limites ? static_cast<int>(rang) : 0;
+}
+
+Recherchee recherchee(Onglet onglet, const EtatFormulaire& etat) {
+    const bool sanscollection = lettresdesboutons(etat.boutons).isEmpty();
+    switch (onglet) {
+    case Onglet::Criteres:
+        return {Recherchee::Sorte::Criteres, {}, true, false, sanscollection};
+    case Onglet::Mots:
+        return {Recherchee::Sorte::Mots, etat.Textedico, etat.checkandordico, false, sanscollection};
+    case Onglet::Rapide:
+        break;
+    }
+    return {Recherchee::Sorte::Texte, etat.texterapide, true, false, sanscollection};
 }
 
 } // namespace
@@ -155,9 +169,21 @@ void Formulaire::abandonne() {
     permetaffinage();
 }
 
+void Formulaire::toutafficher(Onglet onglet) {
+    EtatFormulaire etat = cherches_.at(static_cast<std::size_t>(onglet));
+    etat.combonombre = etat.Combonombredico = EtatFormulaire::toutes;
+    liste().remplit([this, onglet, etat](const std::stop_token& arret) { cherche(onglet, etat, arret); },
+                    [this] { abandonne(); });
+}
+
 void Formulaire::cherche(Onglet onglet, const std::stop_token& arret) {
+    cherche(onglet, vue_.etat(), arret);
+}
+
+void Formulaire::cherche(Onglet onglet, const EtatFormulaire& etat, const std::stop_token& arret) {
     bool& arrete = arrets_.at(static_cast<std::size_t>(onglet));
-    const EtatFormulaire etat = vue_.etat();
+    cherches_.at(static_cast<std::size_t>(onglet)) = etat;
+    vue_.ditbilan(onglet, {});
     if (onglet != Onglet::Mots) {
         arrete = true;
         vue_.libelle(onglet, texte(arretertexte));
@@ -176,14 +202,21 @@ void Formulaire::cherche(Onglet onglet, const std::stop_token& arret) {
     arrete = false;
     vue_.cacheprogres();
     vue_.libelle(onglet, texte(recherchertexte));
+    if (liste().liste().resultat().issue != Resultat::Issue::TexteCourt)
+        acheve(onglet, etat);
+}
+
+/// Publishes what was found, and tells it.
+void Formulaire::acheve(Onglet onglet, const EtatFormulaire& etat) {
     const Resultat& resultat = liste().liste().resultat();
-    if (resultat.issue == Resultat::Issue::TexteCourt)
-        return;
     liste().acheve();
     permetaffinage();
     // The walks tell what they have found, and nothing of nothing.
     if (resultat.lignes.nombre() == 0 && (onglet != Onglet::Mots || resultat.issue == Resultat::Issue::Terminee))
         liste().dit(0);
+    const BilanRecherche bilan = bilande(recherchee(onglet, etat), resultat, services_.texte);
+    vue_.ditbilan(onglet, bilan);
+    liste().ditbilan(bilan, [this, onglet] { toutafficher(onglet); });
 }
 
 std::function<void(qint64, qint64)> Formulaire::progres() {
@@ -235,6 +268,7 @@ void Formulaire::cherchemots(const EtatFormulaire& etat, const std::stop_token& 
     demande.lettres = lettresdesboutons(etat.boutons);
     demande.tous = etat.checkandordico;
     demande.limite = limitedindex(etat.Combonombredico);
+    demande.sansquestion = etat.Combonombredico == EtatFormulaire::toutes;
     const Resultat& resultat = liste().cherchemots(
         demande, [this](const QString& ligne) { vue_.ajouteresultat(ligne); }, arret);
     if (resultat.issue == Resultat::Issue::TexteCourt)

@@ -37,6 +37,8 @@ public:
     virtual bool affinage() const = 0;
     /// Caption of a tab's search button.
     virtual void libelle(Onglet onglet, const QString& texte) = 0;
+    /// Below the fields of a tab: what came of its search.
+    virtual void ditbilan(Onglet onglet, const BilanRecherche& bilan) = 0;
     virtual void montreprogres(qint64 vus, qint64 total) = 0;
     virtual void cacheprogres() = 0;
     virtual void videresultat() = 0;
@@ -68,6 +70,8 @@ public:
     /// The search button of a tab: starts, or stops what it has started. Another search than the one that runs stops it
     /// and begins when it has left.
     void clic(Onglet onglet);
+    /// Repeats the last search of a tab, as it was, without its limit.
+    void toutafficher(Onglet onglet);
     /// Whether the search button of a tab stops at this moment.
     bool boutonarrete(Onglet onglet) const { return arrets_.at(static_cast<std::size_t>(onglet)); }
     /// A cancel button: hides the form when no search runs.
@@ -94,6 +98,8 @@ private:
     bool ilyadeslignes() const;
     void abandonne();
     void cherche(Onglet onglet, const std::stop_token& arret);
+    void cherche(Onglet onglet, const EtatFormulaire& etat, const std::stop_token& arret);
+    void acheve(Onglet onglet, const EtatFormulaire& etat);
     void cherchevite(const EtatFormulaire& etat, const std::stop_token& arret);
     void cherchecriteres(const EtatFormulaire& etat, const std::stop_token& arret);
     void cherchemots(const EtatFormulaire& etat, const std::stop_token& arret);
@@ -111,7 +117,8 @@ private:
     ListeMotsCles motscles_;
     ItemsFormulaire items_;
     std::array<DerniersTextes, 4> derniers_;
-    std::array<bool, 3> arrets_{}; ///< by tab: its button stops
+    std::array<bool, 3> arrets_{};           ///< by tab: its button stops
+    std::array<EtatFormulaire, 3> cherches_; ///< by tab: what was searched last
     bool charge_ = false;
 };
 

@@ -34,10 +34,10 @@ private:
 };
 
 ModeleColonnes ListeSelection::modele() {
-    return {.colonnes = {{Titre, 3000, Texte::Titre},
-                         {Motcle1, 2000, Texte::ColonneMotCle1},
-                         {Motcle2, 2000, Texte::ColonneMotCle2},
-                         {Motcle3, 2000, Texte::ColonneMotCle3},
+    return {.colonnes = {{Titre, 3000, Texte::Titre, 3},
+                         {Motcle1, 2000, Texte::ColonneMotCle1, 2},
+                         {Motcle2, 2000, Texte::ColonneMotCle2, 2},
+                         {Motcle3, 2000, Texte::ColonneMotCle3, 2},
                          {Reference, 500, {}},
                          {Numart, 1000, Texte::ColonneReference},
                          {Clef, 0, {}}}};

@@ -1,7 +1,7 @@
 #include "search/questionlimite.h"
 
+#include "core/nombres.h"
 #include "core/texte.h"
-#include "platform/text/number.h"
 #include "search/recherche.h"
 
 namespace velm {
@@ -12,8 +12,8 @@ std::optional<qint64> demandelimite(qint64 nombre, Dialogues& dialogues, Sablier
     constexpr qint64 limite = 200;
     constexpr int pagedaide = 2;
     constexpr auto titre = Texte::TitreRechercheParMots;
-    const QString question = texte(Texte::LaRechercheATrouve) + numberText(nombre) + u' ' +
-                             texte(Texte::QuestionPremiersDocuments) + u" ?"_s;
+    const QString question = texte(Texte::LaRechercheATrouve) + u' ' + nombreecrit(nombre, texte) + u' ' +
+                             texte(Texte::QuestionPremiersDocuments);
     sablier.fixepointeur(Sablier::defaut);
     const Bouton reponse =
         dialogues.message(question, texte(titre), Icone::Aucune,

@@ -57,6 +57,8 @@ public:
     /// Joins the lists and hands the words to mark on. Nothing happens when there is no word.
     QByteArray joint(const std::function<double()>& hasard) {
         const int nombre = nombremots();
+        if (nombre != 1 || mots_[1].endsWith(joker))
+            resultat_.partout.reset();
         if (nombre == 0)
             return {};
         trierlistes(listes_, mots_, 1, nombre, hasard);
@@ -72,7 +74,8 @@ public:
         if (entrees.isEmpty())
             return;
         qint64 limite = demande_.fenetre ? sanslimite : demande_.limite;
-        if (entrees.size() > plusdentreessansquestion * octetsparentree && limite == sanslimite && ecoute_.limite) {
+        if (entrees.size() > plusdentreessansquestion * octetsparentree && limite == sanslimite &&
+            !demande_.sansquestion && ecoute_.limite) {
             const std::optional<qint64> voulue = ecoute_.limite(entrees.size() / octetsparentree);
             if (!voulue) {
                 resultat_.issue = Resultat::Issue::Abandonnee;
@@ -80,7 +83,11 @@ public:
             }
             limite = *voulue;
         }
+        const qint64 total = entrees.size() / octetsparentree;
         ajoute(entrees, limite);
+        resultat_.limitee = resultat_.hits == limite && total > limite;
+        if (resultat_.limitee)
+            resultat_.total = total;
     }
 
 private:
@@ -117,6 +124,7 @@ private:
         if (liste.isEmpty())
             return ecoute_.ligne(mot + u" : 0"_s);
         accepte(majuscules, compte(mot, liste));
+        resultat_.partout = liste.size() / octetsparentree;
     }
 
     /// False when the search was stopped.

@@ -21,6 +21,8 @@ struct DemandeDico {
     /// The block of a document window asks: in one collection always, for all words, without a limit; nothing else goes
     /// on meanwhile, and a short line is searched like any other.
     bool fenetre = false;
+    /// All are wanted, however many there are.
+    bool sansquestion = false;
 
     static DemandeDico defenetre(const QString& mots, QStringView code);
 };

@@ -72,7 +72,8 @@ private:
                                       ligne.text(Motcle3), cle}))
             return false;
         resultat_.compte = ++resultat_.hits;
-        return resultat_.hits != demande_.limite;
+        resultat_.limitee = resultat_.hits == demande_.limite;
+        return !resultat_.limitee;
     }
 
     bool estdans(const Snapshot& ligne) {

@@ -4,6 +4,7 @@
 #include "core/texte.h"
 #include "platform/base/memory.h"
 #include "platform/system/files.h"
+#include "search/bilanrecherche.h"
 #include "search/fichiercriteres.h"
 #include "search/questionlimite.h"
 #include "search/selectionoutil.h"
@@ -31,6 +32,7 @@ void RemplissageListe::remplit(Poste::Travail travail, std::function<void()> aba
 
 bool RemplissageListe::travaille(const std::function<void()>& travail, const std::function<void()>& abandon) {
     lignes_.cache();
+    ditbilan({});
     const auto montre = qScopeGuard([this] { montrelignes(); });
     if (withinMemory(travail))
         return true;
@@ -84,6 +86,26 @@ void RemplissageListe::dit(qint64 nombre) const {
     vue_.ditetat(textecompte(nombre, services_.texte));
 }
 
+void RemplissageListe::ditbilan(const BilanRecherche& bilan, std::function<void()> tout) {
+    tout_ = bilan.coupe ? std::move(tout) : nullptr;
+    vue_.ditbilan(bilan);
+}
+
+void RemplissageListe::ditreste() {
+    dit(liste_.lignes());
+    ditlignes();
+}
+
+void RemplissageListe::ditlignes() {
+    ditbilan(bilandelignes(liste_.lignes(), services_.texte));
+}
+
+void RemplissageListe::toutafficher() {
+    // It says something else, and so gives this one away, before it is done.
+    if (const auto tout = tout_)
+        tout();
+}
+
 /// The list is what its result holds by now.
 void RemplissageListe::publie() {
     liste_.effacemarquestri();
@@ -110,20 +132,39 @@ void RemplissageListe::prendcles(const QStringList& cles) {
     }
     resultat.compte = resultat.lignes.nombre();
     acheve();
+    ditlignes();
     montreliste();
 }
 
-void RemplissageListe::cherchedans(const QString& code, const QString& mots,
-                                   const std::function<void(const QString&)>& ligne) {
-    remplit([this, demande = DemandeDico::defenetre(mots, code),
-             ligne](const std::stop_token& arret) { cherchemaintenant(demande, ligne, arret); },
+void RemplissageListe::cherchedans(const QString& code, const QString& mots, const EcouteFenetre& ecoute, bool tous) {
+    DemandeDico demande = DemandeDico::defenetre(mots, code);
+    demande.sansquestion = tous;
+    lance(demande, ecoute);
+}
+
+void RemplissageListe::lance(const DemandeDico& demande, const EcouteFenetre& ecoute) {
+    remplit([this, demande, ecoute](const std::stop_token& arret) { cherchemaintenant(demande, ecoute, arret); },
             [this] { montreliste(); });
 }
 
-void RemplissageListe::cherchemaintenant(const DemandeDico& demande, const std::function<void(const QString&)>& ligne,
+void RemplissageListe::cherchemaintenant(const DemandeDico& demande, const EcouteFenetre& ecoute,
                                          const std::stop_token& arret) {
-    const Resultat& resultat = cherchemots(demande, ligne, arret);
+    const Resultat& resultat = cherchemots(
+        demande,
+        [&ecoute](const QString& ligne) {
+            if (ecoute.ligne)
+                ecoute.ligne(ligne);
+        },
+        arret);
     acheve();
+    const BilanRecherche bilan =
+        bilande({Recherchee::Sorte::Mots, demande.mots, true, true}, resultat, services_.texte);
+    ditbilan(bilan, [this, toutes = demande, fin = ecoute.fin]() mutable {
+        toutes.sansquestion = true;
+        lance(toutes, {{}, fin});
+    });
+    if (ecoute.fin)
+        ecoute.fin(bilan);
     if (resultat.lignes.nombre() > 0) {
         montreliste();
         return;
@@ -147,6 +188,7 @@ void RemplissageListe::prendselection(const QString& chemin) {
         return;
     liste_.choisit(0, 0);
     acheve();
+    ditlignes();
     vue_.elargitpanneau();
     montreliste();
 }
@@ -159,6 +201,7 @@ void RemplissageListe::restitue(const FichierCriteres& fichier) {
     rendlignes(fichier, resultat.lignes);
     resultat.compte = resultat.lignes.nombre();
     acheve();
+    ditlignes();
 }
 
 // ---- the panel

@@ -27,6 +27,11 @@ public:
         std::function<void()> evenements;
         std::chrono::milliseconds pas = Cession::pasordinaire; ///< between two turns
     };
+    /// Who hears the search of a document window.
+    struct EcouteFenetre {
+        std::function<void(const QString&)> ligne = {};      ///< each result line, at once
+        std::function<void(const BilanRecherche&)> fin = {}; ///< what came of it
+    };
     RemplissageListe(Services services, ListeSelection& liste, VueLignes& lignes, VueListe& vue);
 
     Corpus& corpus() const { return services_.corpus; }
@@ -55,12 +60,18 @@ public:
     /// The end of a search: tells what there is to tell, and shows the rows in the order in which they were found.
     void acheve();
     void dit(qint64 nombre) const;
+    /// Says over the rows what they are. `tout` repeats a search that was cut, without its limit.
+    void ditbilan(const BilanRecherche& bilan, std::function<void()> tout = {});
+    /// Tells how many rows there are by now, whatever they were before.
+    void ditreste();
+    /// Does what the last ditbilan() was given for it.
+    void toutafficher();
 
     // ---- lists that come from elsewhere
     /// Turns keys into the list, in this order; those without a document are passed over.
     void remplitdecles(const QStringList& cles);
-    /// The search by words of a document window, in its collection; each result line is told at once.
-    void cherchedans(const QString& code, const QString& mots, const std::function<void(const QString&)>& ligne);
+    /// The search by words of a document window, in its collection; `tous`: without a question where they are many.
+    void cherchedans(const QString& code, const QString& mots, const EcouteFenetre& ecoute, bool tous = false);
     /// What a selection tool has left in a folder; false when it left nothing.
     bool prenddoutil(const QString& dossiertemporaire);
     /// The saved rows and words of a criteria file. For a piece of work that fills the list.
@@ -75,10 +86,11 @@ public:
 
 private:
     void publie();
+    void ditlignes();
+    void lance(const DemandeDico& demande, const EcouteFenetre& ecoute);
     bool travaille(const std::function<void()>& travail, const std::function<void()>& abandon);
     void prendcles(const QStringList& cles);
-    void cherchemaintenant(const DemandeDico& demande, const std::function<void(const QString&)>& ligne,
-                           const std::stop_token& arret);
+    void cherchemaintenant(const DemandeDico& demande, const EcouteFenetre& ecoute, const std::stop_token& arret);
     void prendselection(const QString& chemin);
 
     Services services_;
@@ -86,6 +98,7 @@ private:
     VueLignes& lignes_;
     VueListe& vue_;
     Poste poste_;
+    std::function<void()> tout_; ///< repeats the last search, without its limit
     bool visible_ = false;
 };
 

@@ -24,6 +24,9 @@ struct Resultat {
     qint64 hits = 0; ///< documents that passed
     /// How many documents the user is to be told of; nothing where what was told last is to stay.
     std::optional<qint64> compte;
+    bool limitee = false;          ///< no more were wanted, though there may be more
+    std::optional<qint64> total;   ///< how many there are, where the search is limited and knows it
+    std::optional<qint64> partout; ///< how many documents of all collections hold the one word that was looked for
 
     bool arretee() const { return issue == Issue::Arretee; }
     /// A search begins: nothing is counted yet.
@@ -31,6 +34,9 @@ struct Resultat {
         issue = Issue::Terminee;
         vus = hits = 0;
         compte.reset();
+        limitee = false;
+        total.reset();
+        partout.reset();
     }
 };
 

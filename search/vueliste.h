@@ -1,5 +1,6 @@
 #pragma once
 // The selection list's grid and the panel around it, as the logic sees them.
+#include "core/bilan.h"
 #include "core/ordre.h"
 #include "search/listeselection.h"
 
@@ -44,6 +45,8 @@ public:
     virtual void infobulle(Ordre ordre, const QString& texte) = 0;
     /// Into the status panel.
     virtual void ditetat(const QString& texte) = 0;
+    /// Over the rows: what they are. Of a search that was cut, all can be asked for there.
+    virtual void ditbilan(const BilanRecherche& bilan) = 0;
     virtual void montrepanneau(bool visible) = 0;
     /// Wide enough for the rows of a tool.
     virtual void elargitpanneau() = 0;

@@ -19,10 +19,14 @@ QLabel* nouvelleetiquette(const QString& libelle, QWidget* nomme, QWidget* paren
 
 QComboBox* nouvelleliste(const QString& nom, const QString& libelle, const QStringList& items, QWidget* parent) {
     auto* nouvelle = new QComboBox(parent);
-    nouvelle->setObjectName(nom);
-    nouvelle->setAccessibleName(QString(libelle).remove(u'&'));
-    nouvelle->addItems(items);
+    nommeliste(*nouvelle, nom, libelle, items);
     return nouvelle;
+}
+
+void nommeliste(QComboBox& liste, const QString& nom, const QString& libelle, const QStringList& items) {
+    liste.setObjectName(nom);
+    liste.setAccessibleName(QString(libelle).remove(u'&'));
+    liste.addItems(items);
 }
 
 QCheckBox* nouvellecoche(const QString& nom, const QString& libelle, QWidget* parent) {

@@ -16,6 +16,7 @@ namespace velm {
 QLabel* nouvelleetiquette(const QString& libelle, QWidget* nomme, QWidget* parent);
 /// The shortcut of the label is no part of what is said.
 QComboBox* nouvelleliste(const QString& nom, const QString& libelle, const QStringList& items, QWidget* parent);
+void nommeliste(QComboBox& liste, const QString& nom, const QString& libelle, const QStringList& items);
 QCheckBox* nouvellecoche(const QString& nom, const QString& libelle, QWidget* parent);
 /// The Return key presses the one that has the focus.
 QPushButton* nouveaubouton(const QString& nom, const QString& libelle, QWidget* parent);

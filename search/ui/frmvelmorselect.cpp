@@ -1,26 +1,26 @@
 #include "search/ui/frmvelmorselect.h"
 
 #include "core/cle.h"
-#include "platform/widgets/frame/toolbar.h"
-#include "platform/widgets/look/icons.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
-#include "search/ui/bandecollections.h"
+#include "search/ui/barrecollections.h"
 #include "search/ui/boitederniers.h"
 #include "search/ui/controles.h"
+#include "search/ui/defilement.h"
 #include "search/ui/ongletcriteres.h"
 #include "search/ui/ongletmots.h"
 #include "search/ui/ongletrapide.h"
+#include "search/ui/ongletsajustes.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QVBoxLayout>
 
 namespace velm {
 
@@ -28,8 +28,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// The form keeps its lines together where there is more room than they need.
-constexpr QSize tailleutile(760, 620);
+/// The form keeps its lines together where there is more room than they need, and holds its highest tab at first.
+constexpr QSize tailleutile(760, 660);
 constexpr std::array touslesonglets{Onglet::Rapide, Onglet::Criteres, Onglet::Mots};
 
 QProgressBar* nouveauprogres(const QString& nom, QWidget* parent) {
@@ -45,26 +45,22 @@ QProgressBar* nouveauprogres(const QString& nom, QWidget* parent) {
     return barre;
 }
 
-/// The Tab key goes as one reads, and of the buttons below a tab to the searching one first.
+/// Behind the collections the Tab key goes as one reads, and of the buttons below a tab to the searching one first.
 void ordonne(const QWidget& formulaire, QTabBar* onglets) {
-    const QStringList noms{
-        u"toutsélect"_s,     u"toutdéselect"_s,    u"texterapide"_s,  u"combonombre"_s,      u"cmdokrapide"_s,
-        u"annulerrapide"_s,  u"prefixe"_s,         u"texterech(0)"_s, u"motentier(0)"_s,     u"respectminmaj(0)"_s,
-        u"conjonction"_s,    u"texterech(1)"_s,    u"motentier(1)"_s, u"respectminmaj(1)"_s, u"emplacement(0)"_s,
-        u"emplacement(1)"_s, u"emplacement(2)"_s,  u"combomotcle"_s,  u"combotype"_s,        u"textejour"_s,
-        u"textemois"_s,      u"texteannée"_s,      u"Option1"_s,      u"Option2"_s,          u"cmdok"_s,
-        u"annuler"_s,        u"annulercriteres"_s, u"Textedico"_s,    u"checkandordico"_s,   u"Combonombredico"_s,
-        u"cmdokdico"_s,      u"annulerdico"_s,     u"resultat"_s};
-    QWidget* avant = nullptr;
+    const QStringList noms{u"texterapide"_s,      u"combonombre"_s,     u"cmdokrapide"_s,    u"annulerrapide"_s,
+                           u"toutcmdokrapide"_s,  u"prefixe"_s,         u"texterech(0)"_s,   u"motentier(0)"_s,
+                           u"respectminmaj(0)"_s, u"conjonction"_s,     u"texterech(1)"_s,   u"motentier(1)"_s,
+                           u"respectminmaj(1)"_s, u"emplacement(0)"_s,  u"emplacement(1)"_s, u"emplacement(2)"_s,
+                           u"combomotcle"_s,      u"combotype"_s,       u"textejour"_s,      u"textemois"_s,
+                           u"texteannée"_s,       u"Option1"_s,         u"Option2"_s,        u"cmdok"_s,
+                           u"annuler"_s,          u"annulercriteres"_s, u"toutcmdok"_s,      u"Textedico"_s,
+                           u"checkandordico"_s,   u"Combonombredico"_s, u"cmdokdico"_s,      u"annulerdico"_s,
+                           u"toutcmdokdico"_s,    u"resultat"_s};
+    QWidget* avant = onglets;
     for (const QString& nom : noms) {
         auto* const celui = formulaire.findChild<QWidget*>(nom);
-        if (avant)
-            QWidget::setTabOrder(avant, celui);
+        QWidget::setTabOrder(avant, celui);
         avant = celui;
-        if (nom == u"toutdéselect") {
-            QWidget::setTabOrder(avant, onglets);
-            avant = onglets;
-        }
     }
 }
 
@@ -88,27 +84,36 @@ FrmVelmorSelect::FrmVelmorSelect(const Formulaire::Services& services, QWidget* 
 // ---- making
 
 void FrmVelmorSelect::construit(Corpus& corpus) {
-    auto* centre = new QWidget(this);
+    auto* centre = new QWidget;
     auto* disposition = new QVBoxLayout(centre);
     disposition->setContentsMargins(look::windowMargin, look::windowMargin, look::windowMargin, look::spacing);
     disposition->setSpacing(look::windowMargin);
-    disposition->addWidget(construitcollections());
+    barre_cran_ = new BarreCollections(texte_, centre);
+    disposition->addWidget(barre_cran_);
     construitonglets(centre, corpus);
-    disposition->addWidget(ongletrecherche_, 1);
+    disposition->addWidget(ongletrecherche_);
     ProgressBar_ = nouveauprogres(texte(Texte::AvancementDeLaRecherche), centre);
     disposition->addWidget(ProgressBar_);
-    ordonne(*this, ongletrecherche_->tabBar());
-    // In the middle, as large as it can use.
-    auto* dehors = new QGridLayout(this);
+    disposition->addStretch(1);
+    centre->setMaximumWidth(std::max(tailleutile.width(), centre->sizeHint().width()));
+    // In the middle, and where the window is too low for it, to be scrolled.
+    auto* fond = new QWidget;
+    auto* autour = new QHBoxLayout(fond);
+    autour->setContentsMargins({});
+    autour->addStretch(1);
+    autour->addWidget(centre, tailleutile.width());
+    autour->addStretch(1);
+    auto* vue = new Defilement(tailleutile, this);
+    vue->setWidget(fond);
+    auto* dehors = new QVBoxLayout(this);
     dehors->setContentsMargins({});
-    dehors->addWidget(centre, 0, 0);
-    dehors->setColumnStretch(0, 1);
-    dehors->setRowStretch(0, 1);
-    centre->setMaximumSize(tailleutile.expandedTo(centre->sizeHint()));
+    dehors->addWidget(vue);
+    ordonne(*this, ongletrecherche_->tabBar());
+    ajuste(Onglet::Rapide);
 }
 
 void FrmVelmorSelect::construitonglets(QWidget* parent, Corpus& corpus) {
-    ongletrecherche_ = new QTabWidget(parent);
+    ongletrecherche_ = new OngletsAjustes(parent);
     ongletrecherche_->setObjectName(u"ongletrecherche"_s);
     rapide_ = new OngletRapide(texte_);
     criteres_ = new OngletCriteres(texte_, formulaire_.items(), formulaire_.types(),
@@ -119,27 +124,16 @@ void FrmVelmorSelect::construitonglets(QWidget* parent, Corpus& corpus) {
     ongletrecherche_->addTab(mots_, texte(Texte::OngletMots));
 }
 
-QWidget* FrmVelmorSelect::construitcollections() {
-    barre_cran_ = new Toolbar(this);
-    barre_cran_->setObjectName(u"barre_cran"_s);
-    barre_cran_->setAccessibleName(texte(Texte::CritereCollections));
-    barre_cran_->setImages(icon);
-    for (int collection = 0; collection < nombredecollections; ++collection) {
-        const QString cle = typedindice(collection);
-        barre_cran_->addButton(cle, Toolbar::Kind::Check, u"collection%1"_s.arg(collection));
-        barre_cran_->setToolTip(cle, texte(libelledefenetre(collection)));
-        barre_cran_->setValue(cle, true);
-    }
-    auto* toutes = nouveaubouton(u"toutsélect"_s, texte(Texte::ToutSelectionner), this);
-    auto* aucune = nouveaubouton(u"toutdéselect"_s, texte(Texte::ToutDeselectionner), this);
-    connect(toutes, &QPushButton::clicked, this, [this] { presse(true); });
-    connect(aucune, &QPushButton::clicked, this, [this] { presse(false); });
-    return new BandeCollections(nouvelleetiquette(texte(Texte::CritereCollections), barre_cran_, this), barre_cran_,
-                                {toutes, aucune}, this);
+/// The list of the words' lines takes the height that is left.
+void FrmVelmorSelect::ajuste(Onglet onglet) {
+    auto* disposition = static_cast<QBoxLayout*>(ongletrecherche_->parentWidget()->layout());
+    disposition->setStretchFactor(ongletrecherche_, onglet == Onglet::Mots ? 1 : 0);
+    disposition->setStretch(disposition->count() - 1, onglet == Onglet::Mots ? 0 : 1);
 }
 
 void FrmVelmorSelect::relie() {
     connect(ongletrecherche_, &QTabWidget::currentChanged, this, [this](int onglet) {
+        ajuste(static_cast<Onglet>(onglet));
         formulaire_.ongletchange(static_cast<Onglet>(onglet));
         // The form as a whole has the focus while it waits to be shown.
         if (window()->focusWidget() == this)
@@ -162,6 +156,7 @@ void FrmVelmorSelect::relie() {
 void FrmVelmorSelect::relie(Onglet onglet) {
     connect(&page(onglet), &PageRecherche::cherchevoulu, this, [this, onglet] { lance(onglet); });
     connect(&page(onglet), &PageRecherche::annulationvoulue, this, [this] { formulaire_.annuler(); });
+    connect(&page(onglet), &PageRecherche::toutvoulu, this, [this, onglet] { formulaire_.toutafficher(onglet); });
 }
 
 PageRecherche& FrmVelmorSelect::page(Onglet onglet) const {
@@ -198,11 +193,6 @@ void FrmVelmorSelect::lance(Onglet onglet) {
     if (onglet == Onglet::Criteres && !formulaire_.boutonarrete(onglet) && !criteres_->quittedates())
         return;
     formulaire_.clic(onglet);
-}
-
-void FrmVelmorSelect::presse(bool enfonces) {
-    for (int rang = 1; rang <= barre_cran_->buttonCount(); ++rang)
-        barre_cran_->setValue(barre_cran_->keyAt(rang), enfonces);
 }
 
 void FrmVelmorSelect::activation() {
@@ -302,6 +292,10 @@ bool FrmVelmorSelect::affinage() const {
 
 void FrmVelmorSelect::libelle(Onglet onglet, const QString& texte) {
     page(onglet).lanceur().setText(texte);
+}
+
+void FrmVelmorSelect::ditbilan(Onglet onglet, const BilanRecherche& bilan) {
+    page(onglet).ditbilan(bilan);
 }
 
 void FrmVelmorSelect::montreprogres(qint64 vus, qint64 total) {

@@ -12,12 +12,12 @@ class QTabWidget;
 
 namespace velm {
 
+class BarreCollections;
 class BoiteDerniers;
 class OngletCriteres;
 class OngletMots;
 class OngletRapide;
 class PageRecherche;
-class Toolbar;
 
 class FrmVelmorSelect final : public QWidget, public FenetreFille, private VueFormulaire {
     Q_OBJECT
@@ -56,6 +56,7 @@ private:
     void choisitaffinage(bool affinage) override;
     bool affinage() const override;
     void libelle(Onglet onglet, const QString& texte) override;
+    void ditbilan(Onglet onglet, const BilanRecherche& bilan) override;
     void montreprogres(qint64 vus, qint64 total) override;
     void cacheprogres() override;
     void videresultat() override;
@@ -66,19 +67,18 @@ private:
     QString texte(Texte lequel) const { return texte_(lequel); }
     void construit(Corpus& corpus);
     void construitonglets(QWidget* parent, Corpus& corpus);
-    QWidget* construitcollections();
     void relie();
     void relie(Onglet onglet);
 
     void lance(Onglet onglet);
-    void presse(bool enfonces);
+    void ajuste(Onglet onglet);
     PageRecherche& page(Onglet onglet) const;
     BoiteDerniers& boite(BoiteTexte laquelle) const;
 
     Libelles texte_;
     Formulaire formulaire_;
 
-    Toolbar* barre_cran_ = nullptr;
+    BarreCollections* barre_cran_ = nullptr;
     QTabWidget* ongletrecherche_ = nullptr;
     OngletRapide* rapide_ = nullptr;
     OngletCriteres* criteres_ = nullptr;

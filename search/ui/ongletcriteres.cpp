@@ -6,6 +6,7 @@
 #include "search/ui/boitederniers.h"
 #include "search/ui/champdate.h"
 #include "search/ui/controles.h"
+#include "search/ui/listeavecvide.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -49,7 +50,7 @@ OngletCriteres::OngletCriteres(const Libelles& texte, const ItemsFormulaire& ite
     construitdate();
     grille().setRowMinimumHeight(ligne_++, look::spacing);
     construitportee();
-    disposition().addStretch(1);
+    ajouteconseil(Texte::ChercheTousLesCriteres, ligne_++, 1, 2);
     auto* effacer = nouveaubouton(u"annulercriteres"_s, texte(Texte::EffacerLesCriteres), this);
     connect(effacer, &QPushButton::clicked, this, &OngletCriteres::effacementvoulu);
     ajouteboutons(u"cmdok"_s, u"annuler"_s, effacer);
@@ -57,8 +58,8 @@ OngletCriteres::OngletCriteres(const Libelles& texte, const ItemsFormulaire& ite
 
 /// The two texts with what they must be.
 void OngletCriteres::construittextes(const QStringList& conjonctions) {
-    prefixe_ =
-        nouvelleliste(u"prefixe"_s, texte(Texte::PresenceDuPremierTexte), {u" "_s, texte(Texte::NeContientPas)}, this);
+    prefixe_ = new ListeAvecVide(texte(Texte::Contient), this);
+    nommeliste(*prefixe_, u"prefixe"_s, texte(Texte::PresenceDuPremierTexte), {u" "_s, texte(Texte::NeContientPas)});
     conjonction_ = nouvelleliste(u"conjonction"_s, texte(Texte::LienEntreLesTextes), conjonctions, this);
     for (std::size_t i = 0; i < texterech_.size(); ++i) {
         const int numero = static_cast<int>(i);

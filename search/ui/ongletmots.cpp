@@ -33,23 +33,19 @@ OngletMots::OngletMots(const Libelles& texte, Corpus& corpus) : PageRecherche(te
     resultat_->setUniformItemSizes(true);
     for (const auto choisie : {&QListWidget::itemClicked, &QListWidget::itemActivated})
         connect(resultat_, choisie, this, [this](const QListWidgetItem* ligne) { emit lignechoisie(ligne->text()); });
-    auto* libeldico = nouvelleetiquette(texte(Texte::MotsARechercher) + u" :"_s, Textedico_, this);
+    auto* libeldico = nouvelleetiquette(texte(Texte::MotsARechercher), Textedico_, this);
     libeldico->setObjectName(u"libeldico"_s);
     auto* libelnombredico = nouvelleetiquette(texte(Texte::NombreMaximal), Combonombredico_, this);
     libelnombredico->setObjectName(u"libelnombredico"_s);
-    auto* messagedico = nouvelleetiquette(texte(Texte::ConseilEtoile), nullptr, this);
-    messagedico->setObjectName(u"messagedico"_s);
-    messagedico->setWordWrap(true);
-    messagedico->setForegroundRole(QPalette::PlaceholderText);
     grille().addWidget(libeldico, 0, 0);
     grille().addWidget(Textedico_, 0, 1);
-    grille().addWidget(messagedico, 1, 1);
+    ajouteconseil(Texte::ConseilEtoile, 1, 1)->setObjectName(u"messagedico"_s);
     grille().addWidget(checkandordico_, 2, 1);
     grille().addWidget(libelnombredico, 3, 0);
     grille().addWidget(Combonombredico_, 3, 1, Qt::AlignLeft);
     grille().setColumnStretch(1, 1);
-    disposition().addWidget(resultat_, 1);
     ajouteboutons(u"cmdokdico"_s, u"annulerdico"_s);
+    disposition().addWidget(resultat_, 1);
 }
 
 QLineEdit& OngletMots::champ() const {

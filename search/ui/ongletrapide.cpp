@@ -21,10 +21,10 @@ OngletRapide::OngletRapide(const Libelles& texte) : PageRecherche(texte) {
     libelnombre->setObjectName(u"libelnombre"_s);
     grille().addWidget(libelrapide, 0, 0);
     grille().addWidget(texterapide_, 0, 1);
-    grille().addWidget(libelnombre, 1, 0);
-    grille().addWidget(combonombre_, 1, 1, Qt::AlignLeft);
+    ajouteconseil(Texte::ChercheDansLesTitres, 1, 1);
+    grille().addWidget(libelnombre, 2, 0);
+    grille().addWidget(combonombre_, 2, 1, Qt::AlignLeft);
     grille().setColumnStretch(1, 1);
-    disposition().addStretch(1);
     ajouteboutons(u"cmdokrapide"_s, u"annulerrapide"_s);
 }
 

@@ -2,12 +2,15 @@
 
 #include "core/texte.h"
 #include "platform/widgets/look/look.h"
+#include "platform/widgets/look/noteline.h"
 #include "search/ui/boitederniers.h"
 #include "search/ui/controles.h"
 
 #include <QGridLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QToolButton>
 
 namespace velm {
 
@@ -56,6 +59,24 @@ void PageRecherche::ajouteboutons(const QString& chercher, const QString& annule
     ligne->addWidget(lanceur_);
     ligne->addWidget(fin);
     disposition_->addLayout(ligne);
+    note_ = new NoteLine(this);
+    note_->link()->setObjectName(u"tout"_s + chercher);
+    note_->link()->setAccessibleName(texte(Texte::BilanToutAfficher));
+    connect(note_, &NoteLine::linkClicked, this, &PageRecherche::toutvoulu);
+    disposition_->addWidget(note_);
+}
+
+QLabel* PageRecherche::ajouteconseil(Texte conseil, int ligne, int colonne, int colonnes) {
+    auto* dit = nouvelleetiquette(texte(conseil), nullptr, this);
+    dit->setWordWrap(true);
+    dit->setForegroundRole(QPalette::PlaceholderText);
+    grille_->addWidget(dit, ligne, colonne, 1, colonnes);
+    return dit;
+}
+
+void PageRecherche::ditbilan(const BilanRecherche& bilan) {
+    note_->say(bilan.phrase, bilan.rien ? NoteLine::Tone::Warning : NoteLine::Tone::Quiet,
+               bilan.coupe ? texte(Texte::BilanToutAfficher) : QString());
 }
 
 } // namespace velm

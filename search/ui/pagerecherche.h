@@ -1,11 +1,13 @@
 #pragma once
 // A tab of the search form: its controls over two buttons, one that searches, or stops, and one that gives up.
+#include "core/bilan.h"
 #include "core/texte.h"
 
 #include <QWidget>
 
 class QComboBox;
 class QGridLayout;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
@@ -13,6 +15,7 @@ class QVBoxLayout;
 namespace velm {
 
 class BoiteDerniers;
+class NoteLine;
 
 class PageRecherche : public QWidget {
     Q_OBJECT
@@ -22,10 +25,13 @@ public:
     virtual QLineEdit& champ() const = 0;
 
     QPushButton& lanceur() const { return *lanceur_; }
+    /// Says below the buttons what came of the search.
+    void ditbilan(const BilanRecherche& bilan);
 
 signals:
     void cherchevoulu();
     void annulationvoulue();
+    void toutvoulu(); ///< what the search has found, and not only the first of it
 
 protected:
     explicit PageRecherche(Libelles texte);
@@ -38,7 +44,10 @@ protected:
     BoiteDerniers* boite(const QString& nom, Texte intitule);
     /// The list of the three limits.
     QComboBox* limites(const QString& nom);
-    /// The last line of the tab, with what stands at the left of the two buttons.
+    /// A quiet line of the grid, under a field: what is searched.
+    QLabel* ajouteconseil(Texte conseil, int ligne, int colonne, int colonnes = 1);
+    /// The buttons below the last field, with what stands at the left of the two, and the line that says what came of
+    /// the search.
     void ajouteboutons(const QString& chercher, const QString& annuler, QWidget* gauche = nullptr);
 
 private:
@@ -46,6 +55,7 @@ private:
     QVBoxLayout* disposition_ = nullptr;
     QGridLayout* grille_ = nullptr;
     QPushButton* lanceur_ = nullptr;
+    NoteLine* note_ = nullptr;
 };
 
 } // namespace velm

@@ -12,6 +12,18 @@ namespace {
 
 using PanneauListeTest = ControleListeTest;
 
+/// More documents than are shown without a question.
+class LonguePanneauTest : public AvecControle {
+protected:
+    void SetUp() override {
+        AvecControle::SetUp();
+        ajoutedocuments(230);
+        mots = {{u"PRIX"_s, entrees(1, 230)}};
+        ouvre();
+        demarre();
+    }
+};
+
 const QStringList cache{u"cache"_s, u"cache les critères"_s, u"dispositions"_s};
 
 } // namespace
@@ -126,7 +138,7 @@ TEST_F(PanneauListeTest, RowsOfACriteriaFileComeBackWithoutASearch) {
 
 TEST_F(PanneauListeTest, ASearchOfAWindowTellsItsLinesAndShowsWhatItFound) {
     QStringList lignes;
-    remplissage().cherchedans(u"CO"_s, u"prix deux"_s, [&](const QString& ligne) { lignes << ligne; });
+    remplissage().cherchedans(u"CO"_s, u"prix deux"_s, {[&](const QString& ligne) { lignes << ligne; }, {}});
     EXPECT_EQ(lignes, (QStringList{u"prix : 5 ( 4 )"_s, u"deux : 3 ( 2 )"_s}));
     EXPECT_EQ(colonne(ListeSelection::Clef), (QStringList{u"CO000002"_s, u"CO000004"_s}));
     EXPECT_EQ(controle->liste().resultat().mot1, u"DEUX");
@@ -141,7 +153,7 @@ TEST_F(PanneauListeTest, ASearchOfAWindowWithoutAResultHidesTheListAndTheForm) {
     remplit();
     panneau.journal.clear();
     QStringList lignes;
-    remplissage().cherchedans(u"CO"_s, u"ab introuvable"_s, [&](const QString& ligne) { lignes << ligne; });
+    remplissage().cherchedans(u"CO"_s, u"ab introuvable"_s, {[&](const QString& ligne) { lignes << ligne; }, {}});
     EXPECT_EQ(controle->liste().lignes(), 0);
     EXPECT_FALSE(grille.montree);
     EXPECT_FALSE(remplissage().visible());
@@ -150,18 +162,62 @@ TEST_F(PanneauListeTest, ASearchOfAWindowWithoutAResultHidesTheListAndTheForm) {
     EXPECT_EQ(etatdit(), u" 0 document") << "what was found stays said";
     EXPECT_FALSE(panneau.permis(Ordre::SuivantRecherche));
     // A line of one letter is refused word by word, not sent elsewhere.
-    remplissage().cherchedans(u"CO"_s, u"a"_s, [&](const QString& ligne) { lignes << ligne; });
+    remplissage().cherchedans(u"CO"_s, u"a"_s, {[&](const QString& ligne) { lignes << ligne; }, {}});
     EXPECT_EQ(lignes.size(), 3);
 }
 
 TEST_F(PanneauListeTest, ASearchOfAWindowThatTheMemoryDoesNotSufficeForShowsWhatThereIs) {
     remplit();
-    remplissage().cherchedans(u"CO"_s, u"prix"_s, [](const QString&) { throw std::bad_alloc(); });
+    remplissage().cherchedans(u"CO"_s, u"prix"_s, {[](const QString&) { throw std::bad_alloc(); }, {}});
     EXPECT_EQ(dialogues.texts(), QStringList{u"t9567"_s});
     EXPECT_EQ(controle->liste().lignes(), 0);
     EXPECT_TRUE(grille.montree);
     EXPECT_FALSE(panneau.permis(Ordre::SuivantRecherche));
     EXPECT_FALSE(remplissage().encours());
+}
+
+TEST_F(PanneauListeTest, ASearchOfAWindowSaysInWordsWhatItFoundAndWhatNot) {
+    std::vector<BilanRecherche> entendus;
+    const RemplissageListe::EcouteFenetre ecoute{{}, [&](const BilanRecherche& bilan) { entendus.push_back(bilan); }};
+    remplissage().cherchedans(u"CO"_s, u"prix"_s, ecoute);
+    ASSERT_EQ(entendus.size(), 1U);
+    EXPECT_EQ(entendus.back().phrase, u"t9730");
+    EXPECT_EQ(bilandit(), u"t9730") << "over the rows as well";
+    remplissage().cherchedans(u"CO"_s, u"zut"_s, ecoute);
+    EXPECT_EQ(entendus.back().phrase, u"t9721");
+    EXPECT_TRUE(entendus.back().rien);
+    EXPECT_TRUE(panneau.bilans.back().rien);
+}
+
+TEST_F(LonguePanneauTest, WhatASearchOfAWindowHasCutCanBeSeenWhole) {
+    dialogues.answers = {Bouton::Oui};
+    std::vector<BilanRecherche> entendus;
+    QStringList lignes;
+    remplissage().cherchedans(u"CO"_s, u"prix"_s,
+                              {[&](const QString& ligne) { lignes << ligne; },
+                               [&](const BilanRecherche& bilan) { entendus.push_back(bilan); }});
+    EXPECT_EQ(controle->liste().lignes(), 200);
+    EXPECT_TRUE(entendus.back().coupe);
+    EXPECT_TRUE(panneau.bilans.back().coupe);
+    remplissage().toutafficher();
+    EXPECT_EQ(controle->liste().lignes(), 230) << "without another question";
+    EXPECT_FALSE(entendus.back().coupe);
+    EXPECT_EQ(entendus.size(), 2U);
+    EXPECT_EQ(lignes.size(), 1) << "its lines stand already";
+    remplissage().toutafficher();
+    EXPECT_EQ(entendus.size(), 2U) << "there is no more";
+}
+
+TEST_F(PanneauListeTest, WhatIsSaidOverTheRowsFollowsThem) {
+    EXPECT_EQ(bilandit(), u"t9737") << "before there is anything";
+    remplit();
+    EXPECT_EQ(bilandit(), u"t9732");
+    grille.choisies = {1, 4};
+    controle->supprime();
+    EXPECT_EQ(controle->liste().lignes(), 1);
+    EXPECT_EQ(bilandit(), u"t9731");
+    remplissage().remplit([this](const std::stop_token&) { EXPECT_EQ(bilandit(), QString()) << "of other rows"; },
+                          [] {});
 }
 
 // ---- tools

@@ -58,6 +58,7 @@ public:
         if (surprise)
             surprise();
     }
+    void ditbilan(const BilanRecherche& bilan) override { bilans.push_back(bilan); }
     void montrepanneau(bool visible) override { journal << (visible ? u"montre"_s : u"cache"_s); }
     void elargitpanneau() override { journal << u"élargit"_s; }
     void montrecriteres(bool montres) override {
@@ -73,7 +74,8 @@ public:
     QStringList journal;
     QStringList etats;
     QStringList ouverts;
-    std::vector<bool> publications; ///< of each end of a search: there was a result
+    std::vector<BilanRecherche> bilans; ///< what was said over the rows
+    std::vector<bool> publications;     ///< of each end of a search: there was a result
     QHash<Ordre, bool> permis_;
     QHash<Ordre, bool> enfonces;
     QHash<Ordre, QString> bulles;
@@ -137,6 +139,7 @@ protected:
             tous << controle->liste().champ(rang, champ);
         return tous;
     }
+    QString bilandit() const { return panneau.bilans.empty() ? QString() : panneau.bilans.back().phrase; }
     QString etatdit() const { return panneau.etats.value(panneau.etats.size() - 1); }
 };
 

@@ -237,7 +237,7 @@ TEST_F(ControleListeTest, PrintingTheListAsksFirst) {
     EXPECT_EQ(tableau.largeurs, (QList<int>{3000, 2000, 2000, 2000, 500, 1000, 0}));
     ASSERT_EQ(tableau.entetes.size(), 7);
     EXPECT_EQ(tableau.entetes.first(), controle->liste().colonnes().titre(0));
-    EXPECT_EQ(dialogues.texts(), QStringList(2, u"t2432 ?"_s));
+    EXPECT_EQ(dialogues.texts(), QStringList(2, u"t2432"_s));
     EXPECT_EQ(dialogues.messages.front().icone, Icone::Question);
     EXPECT_EQ(dialogues.messages.front().boutons, Bouton::Oui | Bouton::Non);
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
@@ -254,7 +254,7 @@ TEST_F(ControleListeTest, APrinterThatFailsIsSaidOnce) {
     imprimante.works = false;
     dialogues.answers = {Bouton::Oui, Bouton::Ok};
     controle->imprime();
-    ASSERT_EQ(dialogues.texts(), (QStringList{u"t2432 ?"_s, u"t9496"_s}));
+    ASSERT_EQ(dialogues.texts(), (QStringList{u"t2432"_s, u"t9496"_s}));
     EXPECT_EQ(dialogues.messages.back().icone, Icone::Exclamation);
     EXPECT_EQ(dialogues.messages.back().titre, u"t33");
 }

@@ -51,6 +51,9 @@ TEST_F(DialoguesCriteresTest, WhatIsSavedOpensAgain) {
     EXPECT_TRUE(messages().empty());
     for (const ChoixFichier& choix : dialogues.fileQuestions)
         EXPECT_EQ(choix.filtre, u"t2612(*.cv2)|*.cv2");
+    ASSERT_EQ(dialogues.fileQuestions.size(), 2U);
+    EXPECT_EQ(dialogues.fileQuestions.front().titre, u"t9778");
+    EXPECT_EQ(dialogues.fileQuestions.back().titre, u"t9779");
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);
 }
 
@@ -69,6 +72,18 @@ TEST_F(DialoguesCriteresTest, AnExistingFileAsksBeforeItIsReplaced) {
     EXPECT_EQ(messages().front().boutons, Bouton::Oui | Bouton::Non);
     // The question is put once: the file dialog leaves it out.
     EXPECT_FALSE(dialogues.fileQuestions.front().demanderemplacement);
+}
+
+TEST_F(DialoguesCriteresTest, TheNameProposedIsMadeOfTheWordsSearched) {
+    FichierCriteres f = fichier();
+    dialogues.saveFiles = {std::nullopt, std::nullopt};
+    f.texterapide = u"garantie : vice/caché"_s;
+    EXPECT_FALSE(fichiers.sauvercriteres(f));
+    f.texterapide = u"???"_s;
+    EXPECT_FALSE(fichiers.sauvercriteres(f));
+    ASSERT_EQ(dialogues.fileQuestions.size(), 2U);
+    EXPECT_EQ(dialogues.fileQuestions.front().nom, u"garantie vice caché.cv2");
+    EXPECT_EQ(dialogues.fileQuestions.back().nom, u"t9780.cv2");
 }
 
 TEST_F(DialoguesCriteresTest, AnEmptyFileIsReplacedWithoutAQuestion) {
@@ -112,7 +127,7 @@ TEST_F(DialoguesCriteresTest, AWrongExtensionAsksAndTheUserMayOpenIt) {
     EXPECT_FALSE(fichiers.ouvrircriteres());
     EXPECT_EQ(fichiers.ouvrircriteres(), fichier());
     ASSERT_EQ(messages().size(), 2U);
-    EXPECT_EQ(messages().front().texte, u"t1361 ?");
+    EXPECT_EQ(messages().front().texte, u"t1361");
     EXPECT_EQ(messages().front().titre, u"t2615");
     EXPECT_EQ(messages().front().boutons, Bouton::Oui | Bouton::Non);
 }

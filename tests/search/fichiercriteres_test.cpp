@@ -145,3 +145,22 @@ TEST_F(FichierCriteresTest, AnEmptyKeywordTableLeavesTheFirstItem) {
     motscles.lirelesmotscles(corpus);
     EXPECT_EQ(motscles.items(), QStringList(u"(Tous)"_s));
 }
+
+TEST(MotsDeLaRecherche, AreThoseOfTheTabOnTopElseOfTheFirstThatHasAny) {
+    FichierCriteres f;
+    EXPECT_EQ(motsdelarecherche(f), QString());
+    f.Textedico = u" vente  immeuble "_s;
+    EXPECT_EQ(motsdelarecherche(f), u"vente immeuble");
+    f.criteres.texterech = {u"vice"_s, u"caché"_s};
+    EXPECT_EQ(motsdelarecherche(f), u"vice caché");
+    f.texterapide = u"garantie"_s;
+    EXPECT_EQ(motsdelarecherche(f), u"garantie");
+    f.ongletrecherche = 1;
+    EXPECT_EQ(motsdelarecherche(f), u"vice caché");
+    f.ongletrecherche = 2;
+    EXPECT_EQ(motsdelarecherche(f), u"vente immeuble");
+    for (const int aucun : {-1, 3}) {
+        f.ongletrecherche = aucun;
+        EXPECT_EQ(motsdelarecherche(f), u"garantie");
+    }
+}

@@ -130,7 +130,7 @@ protected:
         case 7303:
             return u"Recherche par mots"_s;
         case 7306:
-            return u"documents. N’afficher que 200"_s;
+            return u"documents. N’afficher que 200 ?"_s;
         default:
             return u"t%1"_s.arg(id);
         }

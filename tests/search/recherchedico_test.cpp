@@ -124,6 +124,26 @@ TEST_F(RechercheDicoTest, AWordWithAnEmptyListShowsZeroAndEntersNoWord) {
     EXPECT_EQ(lignes, QStringList(u"video : 1"_s));
 }
 
+TEST_F(RechercheDicoTest, WhatWasFoundBeyondTheLimitIsKnown) {
+    ajoutedocuments(60);
+    mots = {{u"BRO"_s, entrees(1, 60) + entree('B', 1)}, {u"BROC"_s, entrees(1, 50)}};
+    ouvre();
+    cherche(u"bro"_s, "A");
+    EXPECT_TRUE(liste.resultat().limitee);
+    EXPECT_EQ(liste.resultat().total, 60);
+    EXPECT_EQ(liste.resultat().partout, 61) << "in all collections";
+    cherche(u"broc"_s, "A");
+    EXPECT_FALSE(liste.resultat().limitee) << "as many as were wanted, and no more";
+    EXPECT_FALSE(liste.resultat().total);
+    cherche(u"bro broc"_s, "A");
+    EXPECT_FALSE(liste.resultat().partout) << "of several words";
+    cherche(u"bro*"_s, "A");
+    EXPECT_TRUE(liste.resultat().limitee);
+    EXPECT_FALSE(liste.resultat().partout) << "of several words as well";
+    cherche(u"zut"_s, "A", true, 60);
+    EXPECT_FALSE(liste.resultat().limitee);
+}
+
 TEST_F(RechercheDicoTest, AFilteredWordShowsBothCounts) {
     documents = {{u"CO000001"_s, u"a"_s}, {u"EU000001"_s, u"b"_s}, {u"EU000002"_s, u"c"_s}};
     mots = {{u"BRO"_s, entree('A', 1) + entree('B', 1) + entree('B', 2)}, {u"BROC"_s, entree('A', 1)}};

@@ -201,6 +201,16 @@ TEST_F(RechercheRapideTest, AFullListEndsTheWalk) {
     EXPECT_EQ(panneau.last(), u" 3 documents");
 }
 
+TEST_F(RechercheRapideTest, ASearchThatEndsAtItsLimitSaysSo) {
+    ajoutedocuments(12);
+    ouvre();
+    cherche(u"titre"_s, touteslettres(), 10);
+    EXPECT_TRUE(liste.resultat().limitee);
+    EXPECT_FALSE(liste.resultat().total) << "it has seen no more";
+    cherche(u"titre"_s, touteslettres(), 13);
+    EXPECT_FALSE(liste.resultat().limitee);
+}
+
 TEST_F(RechercheRapideTest, ABaseWithoutTheTableIsARunTimeError) {
     petite();
     ASSERT_TRUE(corpus.base().execute(u"DROP TABLE arborescences"_s));

@@ -12,7 +12,9 @@ TEST_F(CadreTest, TheFirstFormLooksIntoAllCollectionsForAllWords) {
     EXPECT_EQ(onglets().tabText(2), u"t7301");
     EXPECT_EQ(barre().buttonCount(), nombredecollections);
     EXPECT_EQ(enfonces(), touteslettres());
-    EXPECT_EQ(barre().toolTip(barre().keyAt(11)), u"t20");
+    EXPECT_EQ(barre().widget(barre().keyAt(11))->toolTip(), plainTip(u"t20"_s));
+    EXPECT_EQ(barre().widget(barre().keyAt(11))->text(), u"t20") << "by their names";
+    EXPECT_FALSE(barre().widget(barre().keyAt(1))->icon().isNull());
     EXPECT_TRUE(coche(u"checkandordico"_s).isChecked());
     for (int place = 0; place < 3; ++place)
         EXPECT_TRUE(coche(u"emplacement(%1)"_s.arg(place)).isChecked());
@@ -36,6 +38,78 @@ TEST_F(CadreTest, AllCollectionsArePressedAndReleasedAtOnce) {
     EXPECT_EQ(enfonces(), "C");
     clique(u"toutsélect"_s);
     EXPECT_EQ(enfonces(), touteslettres());
+}
+
+TEST_F(CadreTest, TheTabKeyReachesTheCollectionsOnceAndTheArrowKeysWalkThem) {
+    barre().widget(u"CO"_s)->setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    EXPECT_TRUE(barre().widget(u"EU"_s)->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    EXPECT_FALSE(barre().value(u"EU"_s));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_FALSE(barre().isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    EXPECT_TRUE(barre().widget(u"EU"_s)->hasFocus());
+    for (const auto& [touche, code] : {std::pair(Qt::Key_End, u"DI"_s), std::pair(Qt::Key_Right, u"DI"_s),
+                                       std::pair(Qt::Key_Home, u"CO"_s), std::pair(Qt::Key_Up, u"CO"_s)}) {
+        QTest::keyClick(QApplication::focusWidget(), touche);
+        EXPECT_TRUE(barre().widget(code)->hasFocus()) << qPrintable(code);
+    }
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    EXPECT_GT(QApplication::focusWidget()->y(), barre().widget(u"CO"_s)->y());
+    EXPECT_EQ(QApplication::focusWidget()->x(), barre().widget(u"CO"_s)->x());
+    EXPECT_FALSE(barre().value(u"??"_s));
+    EXPECT_EQ(barre().keyAt(0) + barre().keyAt(12), QString());
+}
+
+TEST_F(CadreTest, NoEntryOfAListIsSeenEmptyThoughItIsOne) {
+    auto& prefixe = un<ListeAvecVide>(u"prefixe"_s);
+    EXPECT_EQ(prefixe.itemText(0), u" ");
+    EXPECT_EQ(prefixe.vu(prefixe.itemText(0)), u"t9736");
+    EXPECT_EQ(prefixe.vu(prefixe.itemText(1)), u"t1501");
+    onglet(Onglet::Criteres);
+    const auto image = [&] { return prefixe.grab().toImage(); };
+    const QImage dite = image();
+    prefixe.setItemText(0, u"t9736"_s);
+    EXPECT_EQ(image(), dite) << "as if it were written";
+}
+
+TEST_F(CadreTest, TheButtonsStandBelowTheLastField) {
+    const auto ecart = [this](const QWidget& dessus, const QWidget& dessous) {
+        return dessous.mapTo(formulaire.get(), QPoint()).y() -
+               dessus.mapTo(formulaire.get(), QPoint(0, dessus.height())).y();
+    };
+    formulaire->resize(900, 900);
+    EVENTUALLY(ecart(combo(u"combonombre"_s), bouton(u"cmdokrapide"_s)) < 40);
+    const int rapide = onglets().height();
+    onglet(Onglet::Criteres);
+    EVENTUALLY(onglets().height() > rapide + 60);
+    onglet(Onglet::Rapide);
+    EVENTUALLY(onglets().height() == rapide);
+}
+
+TEST_F(CadreTest, AFormThatIsTooLowIsScrolledToWhereTheKeysGo) {
+    formulaire->resize(700, 240);
+    onglet(Onglet::Criteres);
+    const auto vue = [this](const QWidget& celui) {
+        const auto& fenetre = *formulaire->findChild<QScrollArea*>()->viewport();
+        return fenetre.rect().contains(QRect(celui.mapTo(&fenetre, QPoint()), celui.size()));
+    };
+    champ(u"textemois"_s).setFocus();
+    QTest::keyClick(&champ(u"textemois"_s), Qt::Key_Tab);
+    EVENTUALLY(vue(champ(u"texteannée"_s)));
+    QScrollBar& barre = *formulaire->findChild<QScrollArea*>()->verticalScrollBar();
+    const auto enbas = [&] {
+        barre.setValue(barre.maximum());
+        return !vue(champ(u"texterech(0)"_s));
+    };
+    ASSERT_TRUE(QTest::qWaitFor(enbas));
+    champ(u"texterech(0)"_s).setFocus();
+    EVENTUALLY(vue(champ(u"texterech(0)"_s)));
+    champ(u"textejour"_s).setFocus();
+    formulaire->resize(700, 700);
+    formulaire->resize(700, 260);
+    EVENTUALLY(vue(champ(u"textejour"_s)));
 }
 
 TEST_F(CadreTest, EveryControlHasANameToSpeak) {

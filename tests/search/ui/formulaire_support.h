@@ -1,8 +1,11 @@
 #pragma once
 // The search form on a small base, over a list whose grid and panel only remember what they were told.
-#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/look/noteline.h"
+#include "platform/widgets/look/plaintext.h"
+#include "search/ui/barrecollections.h"
 #include "search/ui/boitederniers.h"
 #include "search/ui/frmvelmorselect.h"
+#include "search/ui/listeavecvide.h"
 #include "tests/search/controleliste_support.h"
 #include "tests/search/criteres_support.h"
 #include "tests/support/eventually.h"
@@ -15,6 +18,8 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QToolButton>
@@ -79,7 +84,8 @@ protected:
     QPushButton& bouton(const QString& nom) const { return un<QPushButton>(nom); }
     QComboBox& combo(const QString& nom) const { return un<QComboBox>(nom); }
     QCheckBox& coche(const QString& nom) const { return un<QCheckBox>(nom); }
-    Toolbar& barre() const { return un<Toolbar>(u"barre_cran"_s); }
+    BarreCollections& barre() const { return un<BarreCollections>(u"barre_cran"_s); }
+    QString bilan() const { return onglets().currentWidget()->findChild<NoteLine*>()->text(); }
     QTabWidget& onglets() const { return un<QTabWidget>(u"ongletrecherche"_s); }
     QProgressBar& progression() const { return un<QProgressBar>(u"ProgressBar"_s); }
     bool option2possible() const { return un<QRadioButton>(u"Option2"_s).isEnabled(); }

@@ -93,6 +93,78 @@ TEST_F(RecherchesTest, TheProgressBarNeverPassesItsMaximum) {
     EXPECT_FALSE(progression().isVisible());
 }
 
+// ---- what is said of it
+
+TEST_F(RecherchesTest, WhatWasFoundAndWhatNotIsSaidBelowTheField) {
+    EXPECT_EQ(bilan(), QString());
+    champ(u"texterapide"_s).setText(u"contrat"_s);
+    pendant([this] { EXPECT_EQ(bilan(), QString()); });
+    clique(u"cmdokrapide"_s);
+    EXPECT_EQ(bilan(), u"t9725");
+    EXPECT_EQ(volet.bilans.back().phrase, u"t9725");
+    champ(u"texterapide"_s).setText(u"zut"_s);
+    clique(u"cmdokrapide"_s);
+    EXPECT_EQ(bilan(), u"t9720");
+    clique(u"toutdéselect"_s);
+    clique(u"cmdokrapide"_s);
+    EXPECT_EQ(bilan(), u"t9723");
+    clique(u"toutsélect"_s);
+    onglet(Onglet::Criteres);
+    EXPECT_EQ(bilan(), QString()) << "each tab of its own search";
+    champ(u"texterech(0)"_s).setText(u"zut"_s);
+    clique(u"cmdok"_s);
+    EXPECT_EQ(bilan(), u"t9722");
+    onglet(Onglet::Mots);
+    champ(u"Textedico"_s).setText(u"clause zut"_s);
+    coche(u"checkandordico"_s).setChecked(false);
+    clique(u"cmdokdico"_s);
+    EXPECT_EQ(bilan(), u"t9725");
+}
+
+TEST_F(RecherchesTest, ASearchThatWasCutCanBeSeenWholeAndItsLimitStays) {
+    for (int numero = 10; numero < 130; ++numero)
+        pieces.push_back({u"CO"_s + sixchiffres(numero), u"Contrat"_s});
+    ouvrepieces(false);
+    champ(u"texterapide"_s).setText(u"contrat"_s);
+    clique(u"cmdokrapide"_s);
+    EXPECT_EQ(bilan(), u"t9727");
+    ASSERT_EQ(liste.lignes(), 50);
+    champ(u"texterapide"_s).setText(u"autre chose"_s);
+    auto* lien = onglets().currentWidget()->findChild<NoteLine*>()->link();
+    ASSERT_TRUE(lien->isVisible());
+    QTest::mouseClick(lien, Qt::LeftButton);
+    EXPECT_EQ(liste.lignes(), 126) << "as it was searched";
+    EXPECT_EQ(bilan(), u"t9725");
+    EXPECT_FALSE(lien->isVisible());
+    EXPECT_EQ(combo(u"combonombre"_s).currentIndex(), 0);
+    EXPECT_EQ(champ(u"texterapide"_s).text(), u"autre chose");
+    // The same from the line over the rows.
+    champ(u"texterapide"_s).setText(u"contrat"_s);
+    clique(u"cmdokrapide"_s);
+    remplissage.toutafficher();
+    EXPECT_EQ(liste.lignes(), 126);
+}
+
+TEST_F(RecherchesTest, AllDocumentsOfAWordAreShownWithoutAQuestion) {
+    QByteArray toutes;
+    for (int numero = 1; numero <= 250; ++numero) {
+        if (numero > 6)
+            pieces.push_back({u"CO"_s + sixchiffres(numero), u"Contrat"_s});
+        toutes += entree('A', numero);
+    }
+    ouvrepieces(false);
+    ajoutemots({{u"PARTOUT"_s, toutes}});
+    onglet(Onglet::Mots);
+    champ(u"Textedico"_s).setText(u"partout"_s);
+    clique(u"cmdokdico"_s);
+    EXPECT_EQ(liste.lignes(), 50);
+    EXPECT_EQ(bilan(), u"t9726");
+    QTest::mouseClick(onglets().currentWidget()->findChild<NoteLine*>()->link(), Qt::LeftButton);
+    EXPECT_EQ(liste.lignes(), 250);
+    EXPECT_TRUE(dialogues.texts().isEmpty());
+    EXPECT_EQ(combo(u"Combonombredico"_s).currentIndex(), 0);
+}
+
 // ---- criteria
 
 TEST_F(RecherchesTest, ReturnInEitherTextStartsTheCriteriaSearch) {
