@@ -2,6 +2,7 @@
 //   bench_bureau BASE [--documents N]     without --documents the benchmarks run, with it N documents are opened and
 //   closed
 #include "core/cle.h"
+#include "document/placedocument.h"
 #include "document/ui/panneautextes.h"
 #include "document/ui/textes.h"
 #include "platform/engine/recordset.h"
@@ -18,14 +19,18 @@
 #include "search/recherchedico.h"
 #include "search/typescherches.h"
 #include "shell/bureau.h"
+#include "shell/depart.h"
 #include "shell/ecrangeneral.h"
+#include "shell/groupedepart.h"
 #include "shell/programme.h"
 #include "shell/selection.h"
+#include "shell/vuedepart.h"
 #include "tests/platform/widgets/text/sampletext.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -54,6 +59,7 @@ public:
         ReglagesStore magasin(reglages);
         magasin.save(u"OPTIONS", u"TIPS", QStringLiteral("0"));
         magasin.save(u"GENERALITES", u"CHECKQUIT", QStringLiteral("1"));
+        magasin.save(u"POSITIONFORME", u"WINDOWSSTATE10", QStringLiteral("0")); // windows of their usual size
         OptionsProgramme options;
         options.dossierprogramme = dossier_.path();
         options.fichierprogramme = dossier_.filePath(QStringLiteral("velm2000"));
@@ -72,6 +78,7 @@ public:
     Navigation& navigation() { return bureau().navigation(); }
     Corpus& corpus() { return programme_->corpus(); }
     Selection& selection() { return programme_->selection(); }
+    VueDepart& pagededepart() { return programme_->cadre().depart().vue(); }
 
     /// A fresh window of the collection, painted.
     Textes& fenetre() {
@@ -237,6 +244,45 @@ void marques(benchmark::State& etat) {
     etat.counters["marks"] = static_cast<double>(marquees);
 }
 
+/// From the last letter that is typed on the start page to its first rows, painted.
+void depart(benchmark::State& etat, const char* mot) {
+    bureau->ferme();
+    VueDepart& page = bureau->pagededepart();
+    Bureaudessai::peint();
+    for ([[maybe_unused]] const auto& tour : etat) {
+        etat.PauseTiming();
+        page.champ().clear();
+        page.montretrouves({}, false);
+        Bureaudessai::peint();
+        etat.ResumeTiming();
+        page.champ().setText(QString::fromUtf8(mot));
+        while (page.trouves().lignes().empty())
+            QCoreApplication::processEvents();
+        page.viewport()->repaint();
+    }
+    etat.counters["rows"] = static_cast<double>(page.trouves().lignes().size());
+}
+
+/// What the status bar tells of the document that stands last in the largest collection.
+void place(benchmark::State& etat) {
+    Recordset& donnees = bureau->corpus().donnees();
+    donnees.setIndex(QStringLiteral("icattitre"));
+    donnees.seek(Seek::GreaterOrEqual, typedindice(collection) + u'Z');
+    donnees.movePrevious();
+    const Cle cle{donnees.text(QStringLiteral("référence")), donnees.text(QStringLiteral("numart"))};
+    qint64 rang = 0;
+    for ([[maybe_unused]] const auto& tour : etat)
+        rang = placedocument(bureau->corpus(), cle).rang;
+    etat.counters["rank"] = static_cast<double>(rang);
+}
+
+BENCHMARK_CAPTURE(depart, frequent, "garantie")
+    ->Name("Start page/first rows, frequent text")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(depart, rare, "sortie de crise")
+    ->Name("Start page/first rows, rare text")
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(place)->Name("Status bar/place of the last document")->Unit(benchmark::kMillisecond);
 BENCHMARK(deuxmots)->Name("Search/two words, 50 rows painted")->Unit(benchmark::kMillisecond);
 BENCHMARK(marques)->Name("Marks/in 1 MB")->Arg(500)->Unit(benchmark::kMillisecond);
 BENCHMARK(sommaire)->Name("Tree/first show")->Unit(benchmark::kMillisecond);

@@ -1,9 +1,13 @@
 #pragma once
-// The splash, from the first step of the start to the frame.
+// The splash, from the first step of the start to the frame. A start that does not take long has none: it would come
+// and go before anybody could read it.
 #include "core/langue.h"
 #include "platform/system/sablier.h"
 #include "shell/logique/ecrans.h"
 
+#include <QElapsedTimer>
+
+#include <chrono>
 #include <memory>
 
 namespace velm {
@@ -12,8 +16,8 @@ class frmSplash;
 
 class EcranAccueil final : public Accueil {
 public:
-    /// Neither is owned.
-    EcranAccueil(Langue& langue, Sablier& sablier);
+    /// It comes when the start has taken so long. Neither is owned.
+    EcranAccueil(Langue& langue, Sablier& sablier, std::chrono::milliseconds patience);
     ~EcranAccueil() override;
     EcranAccueil(const EcranAccueil&) = delete;
     EcranAccueil& operator=(const EcranAccueil&) = delete;
@@ -27,8 +31,14 @@ public:
     void avance(double pourcentage);
 
 private:
+    void montresillefaut();
+    void ouvre();
+
     Langue& langue_;
     Sablier& sablier_;
+    std::chrono::milliseconds patience_;
+    QElapsedTimer depuisledebut_;
+    bool voulue_ = false;
     QString etape_;
     std::unique_ptr<frmSplash> fenetre_;
 };

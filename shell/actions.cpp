@@ -19,8 +19,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int caracteresdetitre = 80; ///< average ones, that a title may take of a menu's width
-
 /// A caption that came from a document: its ampersands are no accelerators, its tabs no columns.
 QString sansraccourci(const QString& libelle) {
     return libelle.simplified().replace(u'&', u"&&"_s);
@@ -104,8 +102,7 @@ void Actions::montre(Ordre ordre, bool montree, int rang) {
 
 void Actions::intitule(Ordre ordre, int rang, const QString& debut, const QString& titre) {
     const QString ligne = titre.simplified();
-    const QFontMetrics mesure(QApplication::font("QMenu"));
-    const QString montre = mesure.elidedText(ligne, Qt::ElideMiddle, mesure.averageCharWidth() * caracteresdetitre);
+    const QString montre = entryText(ligne, QFontMetrics(QApplication::font("QMenu")));
     QAction& action = de(ordre, rang);
     action.setText(debut + sansraccourci(montre));
     action.setToolTip(entryTip(ligne, montre));

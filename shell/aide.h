@@ -12,8 +12,13 @@ struct Aide {
     Langue& langue;
     const MondeExterieur& monde;
 
+    /// Whether there is something to open: without, nothing in the windows offers help.
+    bool presente() const { return !fichier().isEmpty(); }
     /// Opens the file of the settings, in either spelling of its name; says so when there is none.
     void ouvre() const;
+
+private:
+    QString fichier() const;
 };
 
 } // namespace velm

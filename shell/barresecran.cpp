@@ -1,6 +1,8 @@
 #include "shell/barresecran.h"
 
+#include "core/langue.h"
 #include "core/texte.h"
+#include "document/ui/teintes.h"
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/look/icons.h"
 #include "shell/actions.h"
@@ -29,6 +31,12 @@ Toolbar::Kind genre(Forme forme) {
     return Toolbar::Kind::Plain;
 }
 
+/// What is said of a step: the windows have histories of their own, with buttons of the same names.
+QString etendue(Ordre ordre, const QString& bulle, const Libelles& texte) {
+    const bool pas = ordre == Ordre::Precedent || ordre == Ordre::Suivant;
+    return pas ? remplace(texte(Texte::BulleToutesLesFenetres), {bulle}) : bulle;
+}
+
 } // namespace
 
 void garnit(Toolbar& barre, std::span<const PlaceDeBarre> places, Actions& actions, const Libelles& texte) {
@@ -45,7 +53,7 @@ void garnit(Toolbar& barre, std::span<const PlaceDeBarre> places, Actions& actio
                 continue;
             barre.addCommand(cle, genre(ligne.forme), action);
             if (const auto bulle = bullede(ligne.ordre, rang))
-                barre.setToolTip(cle, texte(*bulle));
+                barre.setToolTip(cle, etendue(ligne.ordre, texte(*bulle), texte));
         }
     }
 }
@@ -65,6 +73,7 @@ void BarresEcran::construit(Barre barre, const QString& nom, Texte titre) {
     nouvelle->setObjectName(nom);
     nouvelle->setWindowTitle(texte_(titre).remove(u'&'));
     nouvelle->setImages(icon);
+    nouvelle->setMenuImages(imagedhistorique);
     barres_.at(static_cast<std::size_t>(barre)) = nouvelle;
     garnit(*nouvelle, placesde(barre), actions_, texte_);
     constexpr std::array<QStringView, 3> noms{u"ContextMenuBarreCommandes", u"ContextMenuBarreTable",
@@ -104,6 +113,13 @@ void BarresEcran::choisitacote(const QString& bouton, int rang) {
 
 void BarresEcran::montrebouton(Ordre ordre, bool visible) {
     de(Barre::Commande).setButtonVisible(boutonde(ordre, 0), visible);
+}
+
+void BarresEcran::marquevide(int rang, bool vide) {
+    const QString nom = texte_(libelledefenetre(rang));
+    const QString cle = boutonde(Ordre::Collection, rang);
+    de(Barre::Ecran).setButtonFaint(cle, vide);
+    de(Barre::Ecran).setToolTip(cle, vide ? remplace(texte_(Texte::BulleAucunDocument), {nom}) : nom);
 }
 
 void BarresEcran::posepointeur(const QCursor& pointeur) {

@@ -35,6 +35,8 @@ public:
     /// What the command bar offers at the side of a button, which is not owned: the n-th entry is rank n of its
     /// command.
     void offre(Ordre ordre, const ButtonMenus& entrees);
+    /// The collection of a slot has no document, or has some: its button is faint, and its tool tip says so.
+    void marquevide(int rang, bool vide);
     void posepointeur(const QCursor& pointeur);
 
 private:

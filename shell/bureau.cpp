@@ -1,9 +1,11 @@
 #include "shell/bureau.h"
 
+#include "document/ui/teintes.h"
 #include "document/ui/textes.h"
 #include "platform/system/memory.h"
 #include "shell/actions.h"
 #include "shell/ecrangeneral.h"
+#include "shell/entreesfenetres.h"
 
 #include <QMdiSubWindow>
 #include <QScopedValueRollback>
@@ -35,6 +37,7 @@ Bureau::Bureau(Ecrangeneral& ecran, ChildArea& aire, Actions& actions, Corpus& c
 }
 
 Bureau::~Bureau() {
+    enfermeture_ = true;
     // The windows know the navigation: none of them outlives it.
     for (QWidget* fille : aire_.children())
         delete aire_.around(fille);
@@ -110,12 +113,6 @@ void Bureau::fermecachee(int indice) {
 
 void Bureau::suit(Textes& fenetre) {
     const int indice = fenetre.indice();
-    // With several windows of a collection, the entry of the slot names the one that it brings forward.
-    connect(&fenetre, &QWidget::windowTitleChanged, this, [this, indice, ici = &fenetre](const QString& titre) {
-        if (this->fenetre(indice) == ici)
-            actions_.intitule(Ordre::Fenetre, indice, {}, titre);
-    });
-    actions_.intitule(Ordre::Fenetre, indice, {}, fenetre.windowTitle());
     connect(&fenetre, &Textes::premierplan, this, [this, ici = &fenetre] { avance(*ici); });
     connect(&fenetre, &Textes::cible, this, [this](const QString& texte) { ecran_.ditenpassant(texte); });
     connect(&fenetre, &Textes::ferme, this, [this, indice] { actions_.montre(Ordre::Fenetre, false, indice); });
@@ -140,11 +137,15 @@ void Bureau::montrefenetre(int indice, bool visible) {
 void Bureau::slotchange(int indice, bool ouverte) {
     actions_.coche(Ordre::Collection, ouverte, indice);
     actions_.montre(Ordre::Fenetre, ouverte, indice);
+    if (!enfermeture_)
+        emit devantchange();
 }
 
 void Bureau::activehistorique(bool precedent, bool suivant) {
     actions_.permet(Ordre::Precedent, precedent);
     actions_.permet(Ordre::Suivant, suivant);
+    if (!enfermeture_)
+        emit devantchange();
 }
 
 void Bureau::majderniersdocuments() {
@@ -152,7 +153,9 @@ void Bureau::majderniersdocuments() {
     for (int rang = 0; rang < Navigation::nombrederniers; ++rang) {
         const QString& titre = titres.at(static_cast<std::size_t>(rang));
         actions_.montre(Ordre::DernierDocument, !titre.isEmpty(), rang);
-        actions_.intitule(Ordre::DernierDocument, rang, u'&' + QString::number(rang + 1) + u' ', titre);
+        actions_.intitule(Ordre::DernierDocument, rang, debutnumerote(rang + 1), titre);
+        const Cle cle = decoupecle(navigation_.derniersdocuments().at(static_cast<std::size_t>(rang)));
+        actions_.de(Ordre::DernierDocument, rang).setIcon(cle.vide() ? QIcon() : iconedecollection(cle.indice()));
     }
 }
 
@@ -193,6 +196,10 @@ void Bureau::suitactive() {
     actions_.suit(devant());
     const Textes* textes = active();
     actions_.choisit(Ordre::Fenetre, textes ? textes->indice() : -1);
+    for (const Ordre ordre : {Ordre::FenetreSuivante, Ordre::ToutFermer})
+        actions_.permet(ordre, devant() != nullptr);
+    if (!enfermeture_)
+        emit devantchange();
 }
 
 void Bureau::notefenetres() {

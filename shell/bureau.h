@@ -72,6 +72,10 @@ public:
     /// Opens the windows of the last run: one that was left as an icon stays one.
     void restaure(const std::function<void()>& ouverture);
 
+signals:
+    /// Another window is in front, or what it shows has become another; or another slot is open.
+    void devantchange();
+
 private:
     /// A window and its contract, which go together.
     struct Fille {

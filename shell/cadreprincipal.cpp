@@ -7,22 +7,36 @@
 #include "shell/aide.h"
 #include "shell/bureau.h"
 #include "shell/commandes.h"
+#include "shell/depart.h"
 #include "shell/ecrangeneral.h"
+#include "shell/entreesfenetres.h"
 #include "shell/fabriquetextes.h"
 #include "shell/fenetresannexes.h"
+#include "shell/lignedetat.h"
+#include "shell/logique/premierzoom.h"
 #include "shell/recherches.h"
 #include "shell/selection.h"
 #include "shell/volet.h"
+#include "shell/zoomtextes.h"
 
 #include <QCoreApplication>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QScreen>
+#include <QTimer>
 
 #include <cerrno>
+#include <utility>
 
 namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int tempsdepeindre = 100; ///< milliseconds in which the frame comes on the screen
+
+} // namespace
 
 CadrePrincipal::CadrePrincipal(const Donnees& donnees) : donnees_(donnees), barres_(donnees.reglages) {}
 
@@ -30,6 +44,10 @@ CadrePrincipal::~CadrePrincipal() = default;
 
 void CadrePrincipal::decharge() {
     commandes_.reset();
+    depart_.reset();
+    entrees_.reset();
+    etat_.reset();
+    zoom_.reset();
     annexes_.reset();
     recherches_.reset();
     selection_.reset();
@@ -63,13 +81,15 @@ QString CadrePrincipal::chargeprincipale() {
                                                                      monde.imprimante});
     fabrique_ = std::make_unique<FabriqueTextes>(
         FabriqueTextes::Donnees{*ecran_, aire, volet, *bureau_, *selection_, donnees_.corpus, donnees_.reglages,
-                                donnees_.langue, donnees_.styles, donnees_.seance, donnees_.monde, rafraichir_});
+                                donnees_.langue, donnees_.styles, donnees_.seance, donnees_.monde, rafraichir_,
+                                [this](const Textes& fenetre) { zoom_->prend(fenetre); }});
     recherches_ = std::make_unique<Recherches>(
         aire, actions, *bureau_, *selection_,
         Recherches::Services{donnees_.reglages, monde.sablier, monde.dialogues, monde.courrier, texte});
     annexes_ = std::make_unique<FenetresAnnexes>(
         *ecran_, *bureau_,
         FenetresAnnexes::Donnees{donnees_.reglages, donnees_.corpus, donnees_.seance, donnees_.monde, texte});
+    chargedevant();
     chargecommandes();
     chargeaspect();
     Seance& seance = donnees_.seance;
@@ -98,14 +118,44 @@ void CadrePrincipal::chargeaspect() {
 void CadrePrincipal::chargecommandes() {
     const Seance& seance = donnees_.seance;
     Actions& actions = ecran_->pieces().actions;
-    commandes_ = std::make_unique<Commandes>(
-        Commandes::Acteurs{*ecran_, actions, *bureau_, barres_, donnees_.reglages, selection_->controle(), *recherches_,
-                           *annexes_, [this] { donnees_.fin.quitteprogramme(); }, [this] { donnees_.aide.ouvre(); }});
+    commandes_ = std::make_unique<Commandes>(Commandes::Acteurs{
+        *ecran_, actions, *bureau_, barres_, donnees_.reglages, selection_->controle(), *recherches_, *annexes_, *zoom_,
+        [this] { donnees_.fin.quitteprogramme(); }, [this] { donnees_.aide.ouvre(); }});
     const bool une = seance.parametres().multifenetre != 0;
     bureau_->navigation().changeunefenetre(une);
     actions.coche(Ordre::UneFenetre, une);
     actions.permet(Ordre::Partenaires, !seance.fichierpartenaires().isEmpty());
     actions.montre(Ordre::Editeur, seance.preferences().menuediteur);
+    actions.montre(Ordre::Aide, donnees_.aide.presente());
+}
+
+/// What follows the window in front, and what stands there while there is none.
+void CadrePrincipal::chargedevant() {
+    const auto texte = [this](Texte numero) { return this->texte(numero); };
+    const auto [actions, aire, volet] = ecran_->pieces();
+    zoom_ = std::make_unique<ZoomTextes>(ZoomTextes::Donnees{*ecran_, actions, *bureau_, donnees_.reglages, texte,
+                                                             premierzoom(ecran_->screen()->availableSize().width())});
+    etat_ = std::make_unique<LigneDEtat>(
+        LigneDEtat::Donnees{*ecran_, *bureau_, donnees_.corpus, texte,
+                            [&seance = donnees_.seance](int indice) { return seance.libelle(indice); }});
+    entrees_ = std::make_unique<EntreesFenetres>(*bureau_, actions);
+    depart_ = std::make_unique<Depart>(Depart::Donnees{aire, actions, *bureau_, *selection_, donnees_.corpus, texte});
+    connect(bureau_.get(), &Bureau::devantchange, this, &CadrePrincipal::suitdevant);
+}
+
+void CadrePrincipal::suitdevant() {
+    const auto [actions, aire, volet] = ecran_->pieces();
+    const Textes* lu = bureau_->active();
+    const QWidget* fenetre = aire.activeChild();
+    const QString titre = lu ? lu->titrecourant() : QString();
+    ecran_->changetitre(titre.isEmpty() && fenetre ? fenetre->windowTitle() : titre);
+    // What a search has told is told as long as its list can be seen, or the window stays in front that has asked. The
+    // search form comes and goes between them.
+    const FenetreFille* devant = bureau_->devant();
+    if (devant && devant->nature() == Nature::Recherche)
+        return;
+    if (std::exchange(devant_, devant) != devant && !volet.isVisible())
+        ecran_->dit({});
 }
 
 void CadrePrincipal::traduitoutils() {
@@ -124,6 +174,11 @@ void CadrePrincipal::remonte() {
 
 void CadrePrincipal::montreprincipale() {
     ecran_->montre();
+    // Counted once the frame has been seen.
+    QTimer::singleShot(tempsdepeindre, ecran_.get(), [this] {
+        for (int indice = 0; indice < nombredecollections; ++indice)
+            ecran_->marquevide(indice, donnees_.corpus.nombrededocuments(typedindice(indice)) == 0);
+    });
 }
 
 void CadrePrincipal::ouvre(const Cle& cle) {
@@ -135,8 +190,11 @@ void CadrePrincipal::ouvrefichiercriteres(const QString& chemin) {
     recherches_->ouvrircriteres(chemin);
 }
 
-void CadrePrincipal::astuce() {
-    annexes_->astuce();
+void CadrePrincipal::astuce(bool attend) {
+    if (attend)
+        depart_->alaprochainevue([this] { annexes_->astuce(); });
+    else
+        annexes_->astuce();
 }
 
 EtatFenetres CadrePrincipal::etatfenetres() const {
@@ -168,11 +226,17 @@ void CadrePrincipal::sauvederniers() {
 void CadrePrincipal::notefenetres() {
     if (bureau_)
         bureau_->notefenetres();
+    if (zoom_)
+        zoom_->note();
 }
 
 void CadrePrincipal::fermefenetres() {
-    if (bureau_)
-        bureau_->fermefenetres();
+    if (!bureau_)
+        return;
+    depart_->arrete();
+    etat_->arrete();
+    zoom_->note();
+    bureau_->fermefenetres();
 }
 
 void CadrePrincipal::fermeprincipale() {

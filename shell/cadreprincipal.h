@@ -23,11 +23,16 @@ namespace velm {
 struct Aide;
 class Bureau;
 class Commandes;
+class Depart;
 class Ecrangeneral;
+class EntreesFenetres;
 class FabriqueTextes;
+class FenetreFille;
 class FenetresAnnexes;
+class LigneDEtat;
 class Recherches;
 class Selection;
+class ZoomTextes;
 
 class CadrePrincipal final : public QObject, public Cadre {
     Q_OBJECT
@@ -53,6 +58,7 @@ public:
     Recherches& recherches() const { return *recherches_; }
     FenetresAnnexes& annexes() const { return *annexes_; }
     Commandes& commandes() const { return *commandes_; }
+    Depart& depart() const { return *depart_; }
     /// Out of the icon, to the front, as large as it was before.
     void remonte();
 
@@ -65,7 +71,7 @@ public:
     void montreprincipale() override;
     void ouvre(const Cle& cle) override;
     void ouvrefichiercriteres(const QString& chemin) override;
-    void astuce() override;
+    void astuce(bool attend) override;
     EtatFenetres etatfenetres() const override;
     void sauvederniers() override;
     void notefenetres() override;
@@ -76,6 +82,8 @@ private:
     QString texte(Texte lequel) const { return donnees_.langue.lireressource(lequel); }
     void chargeaspect();
     void chargecommandes();
+    void chargedevant();
+    void suitdevant();
     void traduitoutils(); ///< what the toolkit itself says follows the program's language
 
     Donnees donnees_;
@@ -88,6 +96,11 @@ private:
     std::unique_ptr<Selection> selection_;
     std::unique_ptr<Recherches> recherches_;
     std::unique_ptr<FenetresAnnexes> annexes_;
+    const FenetreFille* devant_ = nullptr; ///< of the windows that are read, that in front; only for comparing
+    std::unique_ptr<ZoomTextes> zoom_;
+    std::unique_ptr<LigneDEtat> etat_;
+    std::unique_ptr<EntreesFenetres> entrees_;
+    std::unique_ptr<Depart> depart_;
     std::unique_ptr<Commandes> commandes_;
 };
 

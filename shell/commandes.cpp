@@ -2,6 +2,8 @@
 
 #include "core/fenetrefille.h"
 #include "core/tablereglages.h"
+#include "document/ui/textes.h"
+#include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "search/controleliste.h"
 #include "shell/actions.h"
@@ -10,12 +12,17 @@
 #include "shell/fenetresannexes.h"
 #include "shell/logique/commandes.h"
 #include "shell/recherches.h"
+#include "shell/zoomtextes.h"
+
+#include <QApplication>
+#include <QMdiSubWindow>
 
 namespace velm {
 
 Commandes::Commandes(const Acteurs& acteurs) : acteurs_(acteurs) {
     apprendfenetres();
     apprendcadre();
+    apprenddispositions();
     apprendbarres();
     apprendliste();
     apprendprogramme();
@@ -54,9 +61,6 @@ void Commandes::apprendcadre() {
                 bureau.navigation().pas(sens, rang);
         };
     };
-    const auto arrange = [&bureau](ChildArea::Arrangement disposition) {
-        return [&bureau, disposition](int) { bureau.arrange(disposition); };
-    };
     sur(Ordre::Precedent, pas(Sens::Arriere));
     sur(Ordre::Suivant, pas(Sens::Avant));
     sur(Ordre::DernierDocument, [&bureau](int rang) {
@@ -66,9 +70,22 @@ void Commandes::apprendcadre() {
     sur(Ordre::Collection, [&bureau](int rang) { bureau.basculeslot(rang); });
     sur(Ordre::Fenetre, [&bureau](int rang) { bureau.amene(rang); });
     sur(Ordre::UneFenetre, [this](int) { changeunefenetre(!acteurs_.bureau.navigation().unefenetre()); });
+}
+
+void Commandes::apprenddispositions() {
+    Bureau& bureau = acteurs_.bureau;
+    ZoomTextes& zoom = acteurs_.zoom;
+    const auto arrange = [&bureau](ChildArea::Arrangement disposition) {
+        return [&bureau, disposition](int) { bureau.arrange(disposition); };
+    };
     sur(Ordre::Cascade, arrange(ChildArea::Arrangement::Cascade));
     sur(Ordre::Horizontalement, arrange(ChildArea::Arrangement::TileHorizontal));
     sur(Ordre::Verticalement, arrange(ChildArea::Arrangement::TileVertical));
+    sur(Ordre::FenetreSuivante, [this](int) { acteurs_.ecran.pieces().aire.walk(true); });
+    sur(Ordre::ToutFermer, [this](int) { toutferme(); });
+    sur(Ordre::ZoomAgrandir, [&zoom](int) { zoom.pas(1); });
+    sur(Ordre::ZoomReduire, [&zoom](int) { zoom.pas(-1); });
+    sur(Ordre::ZoomNormal, [&zoom](int) { zoom.normal(); });
 }
 
 void Commandes::apprendbarres() {
@@ -86,6 +103,7 @@ void Commandes::apprendliste() {
     sur(Ordre::Rechercher,
         [&actions, &liste](int) { liste.affichemenuselection(!actions.estcochee(Ordre::Rechercher)); });
     sur(Ordre::MontrerSelection, [&liste](int) { liste.affichemenuselection(true); });
+    sur(Ordre::AllerChercher, [this](int) { vachercher(); });
     sur(Ordre::AfficherCriteres, [&recherches](int) { recherches.bascule(); });
     sur(Ordre::Regrouper, [this](int) { regroupe(!acteurs_.actions.estcochee(Ordre::Regrouper)); });
     sur(Ordre::PrecedentRecherche, [&liste](int) { liste.precedentrecherche(); });
@@ -106,6 +124,25 @@ void Commandes::apprendprogramme() {
     sur(Ordre::APropos, [&annexes](int) { annexes.montreapropos(); });
     sur(Ordre::Partenaires, [&annexes](int) { annexes.montrepartenaires(); });
     sur(Ordre::Quitter, [this](int) { acteurs_.quitte(); });
+}
+
+void Commandes::toutferme() {
+    // A maximised window that closes hands its state on to the next one: what they are is written before any closes.
+    for (Textes* ouverte : acteurs_.bureau.fenetres())
+        ouverte->decharge();
+    const ChildArea& aire = acteurs_.ecran.pieces().aire;
+    for (QWidget* fille : aire.children()) {
+        if (QMdiSubWindow* autour = aire.around(fille); autour && !autour->isHidden())
+            autour->close();
+    }
+}
+
+void Commandes::vachercher() {
+    const QWidget* formulaire = acteurs_.recherches.formulaire();
+    const bool deja = formulaire && formulaire->isAncestorOf(QApplication::focusWidget());
+    acteurs_.liste.affichemenuselection(!deja);
+    if (!deja)
+        acteurs_.recherches.montre(true);
 }
 
 /// In the list that has the focus, or else in the active window.

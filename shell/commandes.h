@@ -16,6 +16,7 @@ class ControleListe;
 class Ecrangeneral;
 class FenetresAnnexes;
 class Recherches;
+class ZoomTextes;
 
 class Commandes final : public QObject {
     Q_OBJECT
@@ -31,6 +32,7 @@ public:
         ControleListe& liste;
         Recherches& recherches;
         FenetresAnnexes& annexes;
+        ZoomTextes& zoom;
         std::function<void()> quitte;
         std::function<void()> aide;
     };
@@ -47,10 +49,13 @@ private:
     void sur(Ordre ordre, Fait fait) { faits_.at(static_cast<std::size_t>(ordre)) = std::move(fait); }
     void apprendfenetres();
     void apprendcadre();
+    void apprenddispositions();
     void apprendbarres();
     void apprendliste();
     void apprendprogramme();
 
+    void toutferme();
+    void vachercher();
     void toutselectionner();
     void placebarre(Barre barre, int position);
     void basculebarre(Barre barre);

@@ -1,5 +1,6 @@
 #include "shell/ecrangeneral.h"
 
+#include "core/langue.h"
 #include "core/texte.h"
 #include "platform/base/twips.h"
 #include "platform/widgets/frame/childarea.h"
@@ -17,6 +18,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QMenuBar>
 #include <QRegion>
 #include <QScreen>
@@ -30,7 +32,12 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QString paneldetat = u"wait"_s; ///< the only panel of the status bar
+// The panels of the status bar, from the left.
+const QString paneldetat = u"wait"_s;
+const QString panelduchemin = u"chemin"_s;
+const QString paneldereference = u"référence"_s;
+const QString paneldeposition = u"position"_s;
+const QString panelduzoom = u"zoom"_s;
 
 enum Etat { Normal = 0, Reduit = 1, Agrandi = 2 };
 
@@ -60,18 +67,11 @@ QRect visible(QRect place) {
     return place;
 }
 
-/// The colour as a breath over the windows' own.
-QColor assombrie(const QColor& couleur, const QColor& surface) {
-    const auto melange = [](int a, int b) { return (a + 11 * b) / 12; };
-    return {melange(couleur.red(), surface.red()), melange(couleur.green(), surface.green()),
-            melange(couleur.blue(), surface.blue())};
-}
-
 } // namespace
 
 Ecrangeneral::Ecrangeneral(const Libelles& texte)
     : aire_(new ChildArea), volet_(new VoletSelection(this)), actions_(new Actions(texte, icon, this)),
-      barreetat_(new StatusBar(this)) {
+      barreetat_(new StatusBar(this)), texte_(texte) {
     setObjectName(u"Ecrangeneral"_s);
     setWindowTitle(texte(Texte::NomDuProgramme));
     setContextMenuPolicy(Qt::NoContextMenu);
@@ -89,9 +89,7 @@ Ecrangeneral::Ecrangeneral(const Libelles& texte)
     volet_->nomme(texte(Texte::ListeDeSelection), texte(Texte::LargeurDeLaListe));
     volet_->hide();
 
-    barreetat_->setObjectName(u"barreétat"_s);
-    barreetat_->addPanel(paneldetat, 1);
-    setStatusBar(barreetat_);
+    construitbarreetat(texte);
 
     barres_ = new BarresEcran(*this, *actions_, texte);
     montredispositions(false);
@@ -100,6 +98,35 @@ Ecrangeneral::Ecrangeneral(const Libelles& texte)
         if (!action->shortcut().isEmpty())
             addAction(action);
     }
+}
+
+void Ecrangeneral::construitbarreetat(const Libelles& texte) {
+    barreetat_->setObjectName(u"barreétat"_s);
+    for (const QString& panel : {paneldetat, panelduchemin, paneldereference, paneldeposition, panelduzoom}) {
+        barreetat_->addPanel(panel, panel == panelduchemin ? 1 : 0);
+        if (panel != panelduchemin)
+            barreetat_->hideWhenEmpty(panel);
+    }
+    barreetat_->setElision(panelduchemin, Qt::ElideMiddle);
+    barreetat_->setPanelTip(paneldereference, texte(Texte::ReferenceBulle));
+    barreetat_->setPanelTip(paneldeposition, texte(Texte::PositionBulle));
+    barreetat_->setPanelTip(panelduzoom, texte(Texte::ZoomBulle));
+    connect(barreetat_, &StatusBar::panelPressed, this, [this](const QString& panel) {
+        if (panel == panelduzoom)
+            offrezoom();
+    });
+    setStatusBar(barreetat_);
+}
+
+/// Its menu, above its panel.
+void Ecrangeneral::offrezoom() {
+    auto* zoom = menuBar()->findChild<QMenu*>(u"mzoom"_s);
+    if (!zoom)
+        return;
+    const QPoint coin(mapToGlobal(barreetat_->panelPlace(panelduzoom).topRight()).x(),
+                      barreetat_->mapToGlobal(QPoint()).y());
+    zoom->popup(coin - QPoint(zoom->sizeHint().width(), zoom->sizeHint().height()));
+    zoom->move(coin - QPoint(zoom->width(), zoom->height()));
 }
 
 void Ecrangeneral::placebarre(Barre barre, int position) {
@@ -124,17 +151,17 @@ void Ecrangeneral::placefond(const FondEcran& fond) {
 }
 
 void Ecrangeneral::peintfond() {
-    QColor couleur = palette().color(QPalette::Window);
+    const look::Theme theme = look::themeOf(palette());
+    QColor couleur = look::ground(theme);
+    // A light ground would outshine the documents of a dark desk: there it is a breath over the usual one.
     if (fond_.couleur)
-        couleur = viewColour(static_cast<std::int32_t>(*fond_.couleur));
-    // A light ground would outshine the documents of a dark desk.
-    if (look::themeOf(palette()) == look::Theme::Dark)
-        couleur = assombrie(couleur, palette().color(QPalette::Window));
+        couleur = look::mixed(couleur, viewColour(static_cast<std::int32_t>(*fond_.couleur)),
+                              theme == look::Theme::Dark ? 1.0 / 30 : 1);
     // Drawn once for the whole screen: the frame shows its middle, whatever size it takes.
     const QSize taille = screen()->size();
     QPixmap image;
     if (fond_.image >= 0)
-        image = imagedefond(fond_.image, taille, devicePixelRatioF(), look::themeOf(palette()));
+        image = imagedefond(fond_.image, taille, devicePixelRatioF(), theme);
     aire_->setBack(image, couleur);
 }
 
@@ -154,6 +181,10 @@ void Ecrangeneral::montredispositions(bool visibles) {
         barres_->montrebouton(ordre, visibles);
 }
 
+void Ecrangeneral::marquevide(int rang, bool vide) {
+    barres_->marquevide(rang, vide);
+}
+
 void Ecrangeneral::offre(Ordre ordre, const ButtonMenus& entrees) {
     barres_->offre(ordre, entrees);
 }
@@ -162,8 +193,32 @@ void Ecrangeneral::dit(const QString& texte) {
     barreetat_->setPanelText(paneldetat, texte);
 }
 
+void Ecrangeneral::ditlieu(const Lieu& lieu) {
+    barreetat_->setPanelText(panelduchemin, lieu.chemin);
+    barreetat_->setPanelText(paneldereference, lieu.reference);
+    barreetat_->setPanelText(paneldeposition, lieu.position);
+}
+
 void Ecrangeneral::ditenpassant(const QString& texte) {
-    barreetat_->setPassing(paneldetat, texte);
+    barreetat_->setPassing(panelduchemin, texte);
+}
+
+void Ecrangeneral::ditzoom(const QString& texte) {
+    barreetat_->setPanelText(panelduzoom, texte);
+}
+
+void Ecrangeneral::changetitre(const QString& titre) {
+    titre_ = titre;
+    montretitre();
+}
+
+/// The task bar shows a title's beginning: there stands what is read, whatever the toolkit makes of a maximised window.
+void Ecrangeneral::montretitre() {
+    QWindow* fenetre = windowHandle();
+    if (!fenetre)
+        return;
+    const QString nom = texte_(Texte::NomDuProgramme);
+    fenetre->setTitle(titre_.isEmpty() ? nom : remplace(texte_(Texte::TitreDuCadre), {titre_, nom}));
 }
 
 void Ecrangeneral::place(const PositionFenetre& position) {
@@ -181,7 +236,9 @@ void Ecrangeneral::montre() {
     winId();
     connect(windowHandle(), &QWindow::screenChanged, this, &Ecrangeneral::peintfond, Qt::UniqueConnection);
     connect(windowHandle(), &QWindow::screenChanged, this, &Ecrangeneral::posepointeurs, Qt::UniqueConnection);
+    connect(windowHandle(), &QWindow::windowTitleChanged, this, &Ecrangeneral::montretitre, Qt::UniqueConnection);
     posepointeurs();
+    montretitre();
     switch (etat_) {
     case Agrandi:
         showMaximized();

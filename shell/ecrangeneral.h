@@ -46,13 +46,26 @@ public:
     void montreselection(bool visible);
     /// The three buttons that arrange the windows.
     void montredispositions(bool visibles);
+    /// The collection of a slot has no document, or has some.
+    void marquevide(int rang, bool vide);
     /// What stands at the side of a button of the command bar; not owned.
     void offre(Ordre ordre, const ButtonMenus& entrees);
 
     /// Into the status bar, until something else is said; empty for nothing.
     void dit(const QString& texte);
-    /// Over it, until the empty text.
+    /// Where the document in front stands; empty texts for none.
+    struct Lieu {
+        QString chemin;
+        QString reference;
+        QString position;
+    };
+    void ditlieu(const Lieu& lieu);
+    /// Over its place, until the empty text.
     void ditenpassant(const QString& texte);
+    void ditzoom(const QString& texte);
+
+    /// What is shown in the front window, for the frame's own title; empty for nothing.
+    void changetitre(const QString& titre);
 
     /// Closes without asking.
     void ferme();
@@ -66,14 +79,19 @@ protected:
     void mousePressEvent(QMouseEvent* evenement) override;
 
 private:
+    void construitbarreetat(const Libelles& texte);
+    void offrezoom();
     void peintfond();
     void posepointeurs();
+    void montretitre();
 
     ChildArea* aire_;
     VoletSelection* volet_;
     Actions* actions_;
     BarresEcran* barres_ = nullptr;
     StatusBar* barreetat_;
+    Libelles texte_;
+    QString titre_; ///< of what is shown in the front window
     FondEcran fond_;
     int etat_ = 2;
     bool parcode_ = false;

@@ -30,6 +30,7 @@ Textes* FabriqueTextes::fait(int indice) {
                      [&selection = donnees_.selection](const QStringList& cles) {
                          selection.controle().remplissage().remplitdecles(cles);
                      });
+    donnees_.faite(*fenetre);
     return fenetre;
 }
 
@@ -73,9 +74,8 @@ Marquage FabriqueTextes::marquage() const {
             preferences.marqueauto != 0};
 }
 
-void FabriqueTextes::cherche(const QString& code, const QString& mots,
-                             const std::function<void(const QString&)>& ligne) {
-    donnees_.selection.controle().remplissage().cherchedans(code, mots, ligne);
+void FabriqueTextes::cherche(const QString& code, const QString& mots, const Ecoute& ecoute, bool tous) {
+    donnees_.selection.controle().remplissage().cherchedans(code, mots, {ecoute.ligne, ecoute.fin}, tous);
 }
 
 void FabriqueTextes::complete(QLineEdit& boite) {

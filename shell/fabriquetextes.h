@@ -35,7 +35,8 @@ public:
         const TableStyles& styles;
         Seance& seance;
         const MondeExterieur& monde;
-        std::array<bool, nombredefenetres>& rafraichir; ///< by slot: show the document again at the next focus
+        std::array<bool, nombredefenetres>& rafraichir;   ///< by slot: show the document again at the next focus
+        std::function<void(const Textes& fenetre)> faite; ///< told of each window, before it is shown
     };
     explicit FabriqueTextes(const Donnees& donnees);
 
@@ -55,7 +56,7 @@ private:
     // ---- AideMots
     Marquage marquage() const override;
     bool cherchable() const override { return true; }
-    void cherche(const QString& code, const QString& mots, const std::function<void(const QString&)>& ligne) override;
+    void cherche(const QString& code, const QString& mots, const Ecoute& ecoute, bool tous) override;
     void complete(QLineEdit& boite) override;
 
     Donnees donnees_;

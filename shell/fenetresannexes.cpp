@@ -4,6 +4,7 @@
 #include "document/ui/frmfindform.h"
 #include "document/ui/textes.h"
 #include "platform/system/systeminfo.h"
+#include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/text/richtextbox.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
@@ -63,8 +64,11 @@ void FenetresAnnexes::montrerecherche() {
                                             fenetre->referencecourante() + QString::number(quintptr(fenetre))}
                        : frmFindForm::Cible{};
     };
-    if (!recherchetexte_)
+    if (!recherchetexte_) {
         recherchetexte_ = new frmFindForm(donnees_.texte, donnees_.monde.dialogues, active, &ecran_);
+        QObject::connect(&ecran_.pieces().aire, &ChildArea::childActivated, &vivante_,
+                         [this] { recherchetexte_->actualise(); });
+    }
     const Textes* fenetre = bureau_.active();
     const QString choisi = fenetre ? fenetre->vue().control().selText() : QString();
     constexpr qsizetype plusdecaracteres = 100;

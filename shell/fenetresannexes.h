@@ -44,6 +44,7 @@ private:
     Donnees donnees_;
     Astuces astuces_{[] { return QRandomGenerator::global()->generateDouble(); }};
     QPointer<frmFindForm> recherchetexte_; ///< the frame's child
+    QObject vivante_;                      ///< what follows the windows ends with this: they go later
 };
 
 } // namespace velm

@@ -211,14 +211,16 @@ QPixmap imagedefond(int numero, const QSize& taille, qreal densite, look::Theme 
     QPixmap image((QSizeF(taille) * densite).toSize());
     image.setDevicePixelRatio(densite);
     // A veil over the strong colours below: the documents are to be the brightest thing on the screen.
-    image.fill(theme == look::Theme::Light ? QColor(0xEE, 0xEC, 0xE6, 0xB4) : QColor(Qt::transparent));
+    QColor voile = look::ground(theme);
+    voile.setAlpha(theme == look::Theme::Light ? 0xC4 : 0);
+    image.fill(voile);
     QPainter peintre(&image);
     peintre.setRenderHint(QPainter::Antialiasing);
     peintre.translate(taille.width() / 2.0, taille.height() / 2.0);
     const bool clair = theme == look::Theme::Light;
     peintre.setPen(clair ? QColor::fromRgb(choisi->trait) : couleurdefond(numero));
     // Light lines on a dark ground need less to be seen.
-    peintre.setOpacity(clair ? 1 : 0.45);
+    peintre.setOpacity(clair ? 0.7 : 0.35);
     choisi->dessin(peintre, QRectF(QPointF(-taille.width() / 2.0, -taille.height() / 2.0), QSizeF(taille)));
     return image;
 }

@@ -50,7 +50,7 @@ void frmconnexion::construit(const Libelles& texte) {
     const int cote = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
     image->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).pixmap(cote, cote));
     auto* suite = etiquette("Label3");
-    suite->setText(texte(Texte::VousPouvez) + u" :"_s);
+    suite->setText(texte(Texte::VousPouvez));
     QPushButton* const encore = bouton("Command1", texte(Texte::Reessayer));
     QPushButton* const ailleurs = bouton("Command2", texte(Texte::RechercherLaBase));
     QPushButton* const quitte = bouton("Command3", texte(Texte::Quitter));

@@ -10,10 +10,9 @@ FlexGrid& GrilleSelection::flex() const {
 }
 
 void GrilleSelection::construit(ListeSelection& liste) {
-    constexpr int pointsdestitres = 10;
     flex().setRedraw(false);
-    documents_ = std::make_unique<GrilleDocuments>(flex(), liste.colonnes(),
-                                                   GrilleDocuments::Usage{.pointsdestitres = pointsdestitres});
+    documents_ = std::make_unique<GrilleDocuments>(
+        flex(), liste.colonnes(), GrilleDocuments::Usage{.champimage = ListeSelection::Champ::Reference});
     documents_->charge(liste.source());
 }
 

@@ -34,10 +34,12 @@ int main(int argc, char** argv) {
 
     // The boxes' help button needs the program, which needs the boxes.
     velm::Programme* programmepret = nullptr;
-    velm::QtDialogues dialogues([&](int) {
-        if (programmepret)
-            programmepret->ouvreaide();
-    });
+    velm::QtDialogues dialogues(
+        [&](int) {
+            if (programmepret)
+                programmepret->ouvreaide();
+        },
+        [&] { return programmepret && programmepret->aidepresente(); });
     velm::QtNavigateur navigateur;
     velm::SystemProcessus processus;
     velm::QtSablier sablier;
@@ -58,5 +60,6 @@ int main(int argc, char** argv) {
                            programmepret = &programme;
                            dialogues.setCaptions(
                                [&programme](velm::Bouton bouton) { return programme.libellebouton(bouton); });
+                           dialogues.setKinds([&programme] { return programme.sortesdefichiers(); });
                        });
 }

@@ -52,7 +52,11 @@ void MenusEcran::remplit(QMenu& menu, std::initializer_list<std::optional<Ordre>
 
 void MenusEcran::menufichier() {
     QMenu& fichier = menu(u"mfichier"_s, Texte::MenuFichier);
-    remplit(fichier, {Ordre::Enregistrer});
+    // The key leads on, to where a search is typed.
+    QAction& recherche = actions_.de(Ordre::MontrerSelection);
+    const QKeySequence touche = actions_.de(Ordre::AllerChercher).shortcut();
+    recherche.setText(recherche.text() + u'\t' + touche.toString(QKeySequence::NativeText));
+    remplit(fichier, {Ordre::MontrerSelection, {}, Ordre::Enregistrer});
     QMenu& envoi = sousmenu(fichier, u"mfichiersend"_s, Texte::MenuEnvoyer);
     envoi.setIcon(icon(u"envoyer"_s));
     remplit(envoi, {Ordre::EnvoyerTexte, Ordre::EnvoyerPiece});
@@ -61,12 +65,7 @@ void MenusEcran::menufichier() {
     remplit(fichier, {Ordre::Ranger});
     desdocuments_ = {&actions_.de(Ordre::Enregistrer), envoi.menuAction(), &actions_.de(Ordre::Ranger),
                      fichier.addSeparator()};
-    remplit(fichier, {Ordre::Imprimer,
-                      Ordre::EjecterPage,
-                      Ordre::ConfigurerImprimante,
-                      {},
-                      Ordre::MontrerSelection,
-                      Ordre::MettreAJour});
+    remplit(fichier, {Ordre::Imprimer, Ordre::EjecterPage, Ordre::ConfigurerImprimante, {}, Ordre::MettreAJour});
     QAction* ligne = fichier.addSeparator();
     ligne->setObjectName(u"lineLastFile"_s);
     const QAction& premier = actions_.de(Ordre::DernierDocument);
@@ -91,7 +90,10 @@ void MenusEcran::menuaffichage() {
         QMenu& places = sousmenu(affichage, u"maffichage0(%1)"_s.arg(static_cast<int>(barre)), titre);
         remplit(places, {ordredeplace(barre)});
     }
-    remplit(affichage, {Ordre::BarreEtat, {}, Ordre::Collection, {}, Ordre::UneFenetre});
+    remplit(affichage, {Ordre::BarreEtat, {}});
+    QMenu& zoom = sousmenu(affichage, u"mzoom"_s, Texte::MenuZoom);
+    remplit(zoom, {Ordre::ZoomAgrandir, Ordre::ZoomReduire, Ordre::ZoomNormal});
+    remplit(affichage, {{}, Ordre::Collection, {}, Ordre::UneFenetre});
 }
 
 void MenusEcran::menuoutils() {
@@ -107,8 +109,14 @@ void MenusEcran::menuoutils() {
 }
 
 void MenusEcran::menufenetre() {
-    remplit(menu(u"mfenetre"_s, Texte::MenuFenetre),
-            {Ordre::Cascade, Ordre::Horizontalement, Ordre::Verticalement, {}, Ordre::Fenetre});
+    remplit(menu(u"mfenetre"_s, Texte::MenuFenetre), {Ordre::Cascade,
+                                                      Ordre::Horizontalement,
+                                                      Ordre::Verticalement,
+                                                      {},
+                                                      Ordre::FenetreSuivante,
+                                                      Ordre::ToutFermer,
+                                                      {},
+                                                      Ordre::Fenetre});
 }
 
 void MenusEcran::menuaide() {

@@ -23,7 +23,7 @@ Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
     : options_(options), monde_(monde), instance_(noms::verrou(), options.dossierinstance),
       magasin_(options.fichierreglages), reglages_(magasin_),
       langue_([this](const QString& numero) { avis_.textemanquant(numero); }), avis_(monde.dialogues, langue_),
-      accueil_(langue_, monde.sablier), aide_{seance_, langue_, monde_},
+      accueil_(langue_, monde.sablier, options.patience), aide_{seance_, langue_, monde_},
       cadre_({reglages_, langue_, corpus_, styles_, seance_, fin_, monde_, aide_}),
       seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, ecrans()),
       fin_(seance_, reglages_, langue_, corpus_, monde.dialogues, ecrans()) {
@@ -97,6 +97,12 @@ void Programme::ditechec(const FileError& erreur) {
     monde_.dialogues.message(
         remplace(texte(Texte::ReglagesPasEnregistres), {magasin_.path(), raison(erreur.kind, erreur.words, texte)}),
         texte(Texte::NomDuProgramme), Icone::Exclamation);
+}
+
+SortesFichier Programme::sortesdefichiers() {
+    const auto texte = [this](Texte numero) { return langue_.lireressource(numero); };
+    return {texte(Texte::SorteDossier), texte(Texte::SorteLecteur), texte(Texte::SorteFichier),
+            texte(Texte::SorteFichierSansExtension)};
 }
 
 void Programme::litstyles() {

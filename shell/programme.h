@@ -15,6 +15,7 @@
 
 #include <QObject>
 
+#include <chrono>
 #include <optional>
 
 namespace velm {
@@ -26,8 +27,9 @@ struct OptionsProgramme {
     QString fichierprogramme;
     QString lignedecommande; ///< arguments joined with blanks
     QString fichierreglages;
-    QString dossierinstance; ///< where the lock of the single instance lies
-    QString dossierdonnees;  ///< the user's data folder, for the file types
+    QString dossierinstance;                 ///< where the lock of the single instance lies
+    QString dossierdonnees;                  ///< the user's data folder, for the file types
+    std::chrono::milliseconds patience{400}; ///< a start that takes longer shows how far it is
 };
 
 class Programme final : public QObject {
@@ -50,7 +52,10 @@ public:
 
     /// Caption of a box's button; empty when the language file has none, without a box about that.
     QString libellebouton(Bouton bouton) { return avis_.libellebouton(bouton); }
+    /// What file dialogs call what they list.
+    SortesFichier sortesdefichiers();
     void ouvreaide() const { aide_.ouvre(); }
+    bool aidepresente() const { return aide_.presente(); }
 
     CadrePrincipal& cadre() { return cadre_; }
     Ecrangeneral* ecran() const { return cadre_.ecran(); }

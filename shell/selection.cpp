@@ -5,6 +5,7 @@
 #include "document/ui/textes.h"
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/look/noteline.h"
 #include "shell/actions.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
@@ -20,8 +21,10 @@ using namespace Qt::Literals::StringLiterals;
 Selection::Selection(Ecrangeneral& ecran, VoletSelection& volet, Actions& actions, Bureau& bureau,
                      const ControleListe::Services& services)
     : ecran_(ecran), volet_(volet), actions_(actions), bureau_(bureau), grille_(volet),
-      controle_(services, grille_, *this) {
+      controle_(services, grille_, *this), toutafficher_(services.recherche.texte(Texte::BilanToutAfficher)) {
     grille_.construit(liste());
+    flex().setEmptyText(services.recherche.texte(Texte::AucunDocumentTrouve));
+    connect(&volet_.note(), &NoteLine::linkClicked, this, [this] { controle_.remplissage().toutafficher(); });
     relieflex();
     construitmenu();
     controle_.charge();
@@ -67,6 +70,10 @@ void Selection::infobulle(Ordre ordre, const QString& texte) {
 
 void Selection::ditetat(const QString& texte) {
     ecran_.dit(texte);
+}
+
+void Selection::ditbilan(const BilanRecherche& bilan) {
+    volet_.dit(bilan.phrase, bilan.rien, bilan.coupe ? toutafficher_ : QString());
 }
 
 void Selection::montrepanneau(bool visible) {

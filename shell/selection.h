@@ -37,6 +37,7 @@ private:
     void coche(Ordre ordre, bool cochee) override;
     void infobulle(Ordre ordre, const QString& texte) override;
     void ditetat(const QString& texte) override;
+    void ditbilan(const BilanRecherche& bilan) override;
     void montrepanneau(bool visible) override;
     void elargitpanneau() override;
     void montrecriteres(bool montres) override;
@@ -52,6 +53,7 @@ private:
     Bureau& bureau_;
     GrilleSelection grille_;
     ControleListe controle_;
+    QString toutafficher_;
     QMenu* menu_ = nullptr;
 };
 

@@ -5,6 +5,8 @@
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "platform/widgets/look/icons.h"
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/look/noteline.h"
 
 #include <QLayout>
 
@@ -22,11 +24,12 @@ constexpr int largeurusuelle = 4305;
 } // namespace
 
 VoletSelection::VoletSelection(QWidget* parent)
-    : QWidget(parent), recherchetoolbar_(new Toolbar(this)), flex_(new FlexGrid(this)),
+    : QWidget(parent), recherchetoolbar_(new Toolbar(this)), note_(new NoteLine(this)), flex_(new FlexGrid(this)),
       separateurrecherche_(new SplitterBar(Qt::Vertical, this)), largeur_(largeurusuelle) {
     setObjectName(u"picturesélection"_s);
     recherchetoolbar_->setObjectName(u"recherchetoolbar"_s);
     recherchetoolbar_->setImages(icon);
+    note_->setObjectName(u"bilan"_s);
     flex_->setObjectName(u"flex"_s);
     separateurrecherche_->setObjectName(u"separateurrecherche"_s);
     separateurrecherche_->setBounds(window());
@@ -40,6 +43,11 @@ VoletSelection::VoletSelection(QWidget* parent)
 void VoletSelection::nomme(const QString& liste, const QString& separateur) {
     flex_->setAccessibleName(liste);
     separateurrecherche_->setAccessibleName(separateur);
+}
+
+void VoletSelection::dit(const QString& phrase, bool rien, const QString& suite) {
+    note_->say(phrase, rien ? NoteLine::Tone::Warning : NoteLine::Tone::Quiet, suite);
+    dispose();
 }
 
 void VoletSelection::changelargeurpane(double twips) {
@@ -81,7 +89,11 @@ void VoletSelection::dispose() {
     const int haut = recherchetoolbar_->sizeHint().height();
     separateurrecherche_->setGeometry(largeur, 0, SplitterBar::thickness, height());
     recherchetoolbar_->setGeometry(0, 0, largeur, haut);
-    flex_->setGeometry(0, haut, largeur, std::max(height() - haut, 0));
+    const int note = note_->heightForWidth(largeur - 2 * look::spacing);
+    const int autour = note > 0 ? look::grid : 0;
+    note_->setGeometry(look::spacing, haut + autour, std::max(largeur - 2 * look::spacing, 0), note);
+    const int liste = haut + note + 2 * autour;
+    flex_->setGeometry(0, liste, largeur, std::max(height() - liste, 0));
 }
 
 } // namespace velm

@@ -7,6 +7,7 @@
 namespace velm {
 
 class FlexGrid;
+class NoteLine;
 class SplitterBar;
 class Toolbar;
 
@@ -18,6 +19,10 @@ public:
 
     FlexGrid& flex() const { return *flex_; }
     Toolbar& recherchetoolbar() const { return *recherchetoolbar_; }
+    /// The line over the list.
+    NoteLine& note() const { return *note_; }
+    /// Says there what the list is; `suite` names a link to more of it, empty for none.
+    void dit(const QString& phrase, bool rien, const QString& suite);
 
     /// What the list and the bar beside it are called where they are spoken.
     void nomme(const QString& liste, const QString& separateur);
@@ -41,6 +46,7 @@ private:
     void dispose();
 
     Toolbar* recherchetoolbar_;
+    NoteLine* note_;
     FlexGrid* flex_;
     SplitterBar* separateurrecherche_;
     LargeurVolet largeur_;

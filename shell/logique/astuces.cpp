@@ -2,6 +2,10 @@
 
 #include "platform/system/files.h"
 #include "platform/text/ansi.h"
+#include "shell/logique/commandes.h"
+
+#include <algorithm>
+#include <optional>
 
 namespace velm {
 
@@ -24,6 +28,15 @@ QStringList lignes(const QString& texte) {
     return resultat;
 }
 
+/// The tip of a line; none where it is about what is still to come. Brackets around other words belong to the tip.
+std::optional<QString> astucede(const QString& ligne) {
+    const qsizetype fin = ligne.startsWith(u'[') ? ligne.indexOf(u"] "_s) : -1;
+    const auto besoin = fin > 0 ? besoindunom(QStringView(ligne).sliced(1, fin - 1)) : std::nullopt;
+    if (!besoin)
+        return ligne;
+    return *besoin == Besoin::Attente ? std::nullopt : std::optional(ligne.sliced(fin + 2));
+}
+
 } // namespace
 
 Astuces::Astuces(std::function<double()> hasard) : hasard_(std::move(hasard)) {}
@@ -38,7 +51,10 @@ bool Astuces::loadtips(const QString& fichier) {
     const FileBytes source = readPlain(fichier);
     if (!source.ok())
         return false;
-    astuces_ = lignes(ansi::decodeFile(source.bytes));
+    for (const QString& ligne : lignes(ansi::decodeFile(source.bytes))) {
+        if (const auto astuce = astucede(ligne))
+            astuces_ << *astuce;
+    }
     nexttip();
     return true;
 }

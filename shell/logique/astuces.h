@@ -1,5 +1,7 @@
 #pragma once
-// The tips of the day: a text file in the language folder, one tip on each line.
+// The tips of the day: a text file in the language folder, one tip on each line. A line that begins with the name of a
+// command in square brackets, "[Dossiers] …", is a tip about what that command does, and no tip before the program has
+// it.
 #include <QString>
 #include <QStringList>
 
@@ -15,9 +17,9 @@ public:
     /// Path of a language's tips: application folder + "/langues/TIPS." + extension.
     static QString cheminfichier(const QString& dossierapplication, const QString& extension);
 
-    /// Takes every line as it stands in place of what was there, and picks a first tip. False when the name is empty or
-    /// the file cannot be read: then there are no tips. An empty file is no failure. Windows-1252, or UTF-8 behind its
-    /// mark.
+    /// Takes every line as it stands, but for a command's name at its beginning, in place of what was there, and picks
+    /// a first tip. False when the name is empty or the file cannot be read: then there are no tips. An empty file is
+    /// no failure. Windows-1252, or UTF-8 behind its mark.
     bool loadtips(const QString& fichier);
 
     /// Picks a tip at random; the same one may come again.

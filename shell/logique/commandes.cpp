@@ -85,11 +85,18 @@ constexpr std::array<LigneCommande, nombredordres> table{
       {},
       Simple,
       Attente},
-     {Ordre::Precedent, {u"Précédent", Texte::DocumentPrecedent}, {}, u"Précédent", u"Alt+Left", Deroulante, Etat},
-     {Ordre::Suivant, {u"Suivant", Texte::DocumentSuivant}, {}, u"Suivant", u"Alt+Right", Deroulante, Etat},
+     {Ordre::Precedent,
+      {u"Précédent", Texte::DocumentPrecedent},
+      {},
+      u"historiqueprécédent",
+      u"Alt+Left",
+      Deroulante,
+      Etat},
+     {Ordre::Suivant, {u"Suivant", Texte::DocumentSuivant}, {}, u"historiquesuivant", u"Alt+Right", Deroulante, Etat},
      {Ordre::DernierDocument, {}, {u"mnuLastFile", 0}, {}, {}, Simple, Rien, nombredederniers},
-     {Ordre::Rechercher, {u"Rechercher", Texte::Recherche}, {}, u"Rechercher", u"Ctrl+Shift+F", Bascule},
+     {Ordre::Rechercher, {u"Rechercher", Texte::Recherche}, {}, u"Rechercher", {}, Bascule},
      {Ordre::MontrerSelection, {}, {u"mselection", -1, Texte::Recherche}, u"Rechercher"},
+     {Ordre::AllerChercher, {}, {u"mrecherche", -1, Texte::Recherche}, u"Rechercher", u"Ctrl+Shift+F"},
      {Ordre::Index, {}, {u"moutils0", 0, Texte::MenuIndex}, u"Index", {}, Simple, Attente},
      {Ordre::Chrono,
       {u"chrono", Texte::ListeChronologique},
@@ -148,6 +155,11 @@ constexpr std::array<LigneCommande, nombredordres> table{
       {u"Verticalement", Texte::FenetresCoteACote},
       {u"mdisposition", 2, Texte::FenetresCoteACote},
       u"Verticalement"},
+     {Ordre::FenetreSuivante, {}, {u"mdisposition", 3, Texte::FenetreSuivante}, {}, u"Ctrl+F6", Simple, Etat},
+     {Ordre::ToutFermer, {}, {u"mdisposition", 4, Texte::ToutFermer}, {}, {}, Simple, Etat},
+     {Ordre::ZoomAgrandir, {}, {u"mzoom", 0, Texte::ZoomAgrandir}, {}, u"Ctrl++", Simple, Etat},
+     {Ordre::ZoomReduire, {}, {u"mzoom", 1, Texte::ZoomReduire}, {}, u"Ctrl+-", Simple, Etat},
+     {Ordre::ZoomNormal, {}, {u"mzoom", 2, Texte::ZoomNormal}, {}, u"Ctrl+0", Simple, Etat},
      {Ordre::BarreEcran, {u"Barrefenêtre", Texte::BarreDesFenetres}, {}, u"Barrefenêtre", {}, Bascule},
      {Ordre::BarreOutils, {u"Barreoutils", Texte::BarreDOutils}, {}, u"Barreoutils", {}, Bascule},
      {Ordre::BarreEtat, {}, {u"maffichage0", 3, Texte::MenuBarreDEtat}, {}, {}, Bascule},
@@ -192,9 +204,9 @@ constexpr std::array<LigneCommande, nombredordres> table{
       {},
       Simple,
       Etat},
-     {Ordre::OuvrirLignes, {}, {u"ContextMenuOuvrir", -1, Texte::OuvrirDeLaListe}},
-     {Ordre::SupprimerLignes, {}, {u"ContextMenuSuppress", -1, Texte::RetirerDeLaListe}},
-     {Ordre::ImprimerLignes, {}, {u"ContextMenuPrint", -1, Texte::MenuImprimerLaListe}},
+     {Ordre::OuvrirLignes, {}, {u"ContextMenuOuvrir", -1, Texte::OuvrirDeLaListe}, u"ouvrir"},
+     {Ordre::SupprimerLignes, {}, {u"ContextMenuSuppress", -1, Texte::RetirerDeLaListe}, u"retirer"},
+     {Ordre::ImprimerLignes, {}, {u"ContextMenuPrint", -1, Texte::MenuImprimerLaListe}, u"imprimercritères"},
      {Ordre::Outil, {u"outil"}, {u"moutils1", 0}, {}, {}, Simple, Attente, reglage::nombremaxoutils},
      {Ordre::Options, {}, {u"moutils3", -1, Texte::MenuOptions}, u"options", {}, Simple, Attente},
      {Ordre::Editeur, {}, {u"mediteur", -1, Texte::MenuEditeur}, {}, {}, Simple, Attente},
@@ -288,6 +300,16 @@ QString entreede(Ordre ordre, int rang) {
     const LigneCommande::Entree& entree = lignede(ordre).entree;
     const QString nom = entree.nom.toString();
     return entree.indice < 0 || nom.isEmpty() ? nom : nom + u'(' + QString::number(entree.indice + rang) + u')';
+}
+
+std::optional<Besoin> besoindunom(QStringView nom) {
+    for (const LigneCommande& ligne : table) {
+        for (int rang = 0; rang < ligne.nombre; ++rang) {
+            if (!nom.isEmpty() && (boutonde(ligne.ordre, rang) == nom || entreede(ligne.ordre, rang) == nom))
+                return besoinde(ligne.ordre, rang);
+        }
+    }
+    return std::nullopt;
 }
 
 std::optional<OrdreRang> ordredubouton(QStringView cle) {

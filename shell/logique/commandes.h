@@ -70,6 +70,9 @@ struct OrdreRang {
     friend bool operator==(const OrdreRang&, const OrdreRang&) = default;
 };
 
+/// What a command needs, by the key of its button or the name of its entry. Nothing for an unknown name.
+std::optional<Besoin> besoindunom(QStringView nom);
+
 /// What stands behind the key of a tool button. Nothing for an unknown one.
 std::optional<OrdreRang> ordredubouton(QStringView cle);
 

@@ -46,7 +46,7 @@ bool Connexion::parcourtlecteurs() {
 /// Offers the copy and makes it. False when there is no room for it: then the other drives are left alone.
 bool Connexion::surledisque(const QString& racine) {
     Langue& langue = services_.langue;
-    const QString question = langue.lireressource(Texte::QuestionCopierLaBase) + u" ?\r\n"_s +
+    const QString question = langue.lireressource(Texte::QuestionCopierLaBase) + u"\r\n"_s +
                              langue.lireressource(Texte::AvantageDeLaCopie) + u"\r\n\r\n"_s +
                              langue.lireressource(Texte::LectureSansCopie);
     if (services_.dialogues.message(question, langue.lireressource(Texte::TitreBaseSurLecteur) + u' ' + racine,

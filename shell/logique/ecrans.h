@@ -57,7 +57,7 @@ public:
     virtual void montreprincipale() = 0;
     virtual void ouvre(const Cle& cle) = 0; ///< shows a document in the window of its collection
     virtual void ouvrefichiercriteres(const QString& chemin) = 0;
-    virtual void astuce() = 0;
+    virtual void astuce(bool attend) = 0; ///< `attend`: once no window stands there that was asked for
     virtual EtatFenetres etatfenetres() const = 0;
     virtual void sauvederniers() = 0;
     virtual void notefenetres() = 0;  ///< every form writes what it leaves when it closes, and stays open

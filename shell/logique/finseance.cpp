@@ -44,14 +44,14 @@ FinSeance::FinSeance(const Seance& seance, Reglages& reglages, Langue& langue, C
 bool FinSeance::quittequestions() {
     constexpr int pagedaide = 13;
     if (seance_.preferences().checkquit == 0) {
-        const Bouton reponse = dialogues_.message(langue_.lireressource(Texte::QuestionQuitter) + u" ?"_s,
+        const Bouton reponse = dialogues_.message(langue_.lireressource(Texte::QuestionQuitter),
                                                   langue_.lireressource(Texte::TitreQuitter), Icone::Question,
                                                   Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Aucun, pagedaide);
         if (reponse != Bouton::Oui)
             return false;
     }
     if (ecrans_.travaux.impressionouverte()) {
-        const Bouton reponse = dialogues_.message(langue_.lireressource(Texte::QuestionImpressionEnCours) + u'?',
+        const Bouton reponse = dialogues_.message(langue_.lireressource(Texte::QuestionImpressionEnCours),
                                                   langue_.lireressource(Texte::TitreImpressionEnCours), Icone::Question,
                                                   Bouton::Oui | Bouton::Non);
         if (reponse == Bouton::Oui)

@@ -3,6 +3,7 @@
 #include "core/cle.h"
 #include "core/tablereglages.h"
 #include "core/texte.h"
+#include "platform/base/failure.h"
 #include "platform/base/memory.h"
 #include "platform/system/files.h"
 #include "platform/text/number.h"
@@ -79,7 +80,7 @@ Demarrage Seance::demarre() {
     if (!env_.lignedecommande.isEmpty())
         traitelignedecommande(env_.lignedecommande);
     if (reglages_.lit(reglage::astuces) != 0 && !sansastuce_)
-        ecrans_.cadre.astuce();
+        ecrans_.cadre.astuce(documentvoulu_);
     return Demarrage::EnMarche;
 }
 
@@ -165,7 +166,18 @@ void Seance::traitelignedecommande(const QString& ligne) {
         return;
     }
     if (const auto cle = clesaisie(ligne))
-        ecrans_.cadre.ouvre(*cle);
+        ouvrelevoulu(*cle);
+}
+
+/// The window of the collection opens even for a document that is not there.
+void Seance::ouvrelevoulu(const Cle& cle) {
+    documentvoulu_ = true;
+    ecrans_.cadre.ouvre(cle);
+    bool absent = false;
+    failureOf([&] { absent = corpus_.rangee(cle) == nullptr; });
+    if (absent)
+        dialogues_.message(remplace(langue_.lireressource(Texte::DocumentAbsent), {cle.texte()}),
+                           langue_.lireressource(Texte::NomDuProgramme), Icone::Exclamation);
 }
 
 PositionFenetre Seance::positionprincipale() {

@@ -72,6 +72,7 @@ private:
     void cherchepartenaires();
     bool metajour();
     bool trouvebase();
+    void ouvrelevoulu(const Cle& cle);
 
     Environnement env_;
     Reglages& reglages_;
@@ -84,6 +85,7 @@ private:
     QString fichierbase_;
     QString fichierpartenaires_;
     bool sansastuce_ = false;
+    bool documentvoulu_ = false; ///< by the command line
 };
 
 } // namespace velm

@@ -58,7 +58,7 @@ protected:
         program.start(executable, arguments);
         ASSERT_TRUE(program.waitForStarted(milliseconds));
     }
-    /// A window in front whose title begins so; the tools spell letters with an accent in their own way.
+    /// A window in front with these words in its title; the tools spell letters with an accent in their own way.
     bool shows(const QString& beginning) { return comesForward(program.processId(), beginning); }
     void endsWith(int code) {
         ASSERT_TRUE(program.waitForFinished(milliseconds));
@@ -130,7 +130,7 @@ TEST_F(TheExecutable, GoesOnWithTheDefaultOfASetting) {
     ASSERT_TRUE(shows(u"R"_s));
     photo(u"31-second-reglage"_s);
     key(u"Return"_s);
-    ASSERT_TRUE(shows(u"VELMORante 2000"_s));
+    ASSERT_TRUE(shows(u"Velmorante 2000"_s));
     key(u"ctrl+q"_s);
     ASSERT_TRUE(shows(u"Quitter"_s));
     key(u"Return"_s);
@@ -177,25 +177,25 @@ TEST_F(TheExecutable, EndsInOneBoxOnTheTwentyFirstWordAndWithoutADictionary) {
         if (!dictionary)
             execute(u"DROP TABLE dico"_s);
         start({path});
-        ASSERT_TRUE(shows(u"VELMORante 2000"_s));
+        ASSERT_TRUE(shows(u"Velmorante 2000"_s));
         pressUntilItFails();
     }
 }
 
 TEST_F(TheExecutable, WritesWhatAnOrdinaryEndWritesWhenItIsToldToEnd) {
     start({u"CO2"_s});
-    ASSERT_TRUE(shows(u"VELMORante 2000"_s));
+    ASSERT_TRUE(shows(u"Velmorante 2000"_s));
     ASSERT_EQ(::kill(static_cast<pid_t>(program.processId()), SIGTERM), 0);
     endsWith(0);
     EXPECT_EQ(stored(u"DERNIERSDOCUMENTS"_s, u"REF0"_s), u"CO000002");
     EXPECT_EQ(stored(u"POSITIONFORME"_s, u"MDICHILDCONTENU"_s).left(8), u"CO000002");
-    EXPECT_NE(stored(u"POSITIONFORME"_s, u"WINDOWSWIDTH0"_s), u"(none)");
+    EXPECT_NE(stored(u"POSITIONFORME"_s, u"WINDOWSSTATE0"_s), u"(none)");
     EXPECT_NE(stored(u"POSITIONMDI"_s, u"WINDOWSHEIGHT"_s), u"(none)");
 }
 
 TEST_F(TheExecutable, WritesWhatAnOrdinaryEndWritesFromInsideAQuestion) {
     start({u"CO2"_s});
-    ASSERT_TRUE(shows(u"VELMORante 2000"_s));
+    ASSERT_TRUE(shows(u"Velmorante 2000"_s));
     key(u"ctrl+q"_s);
     ASSERT_TRUE(shows(u"Quitter"_s));
     ASSERT_EQ(::kill(static_cast<pid_t>(program.processId()), SIGTERM), 0);

@@ -35,6 +35,8 @@ Host::Host(const QString& base) {
         ready_ = ready_ && copyInto(folder, portable, name);
     for (const QString& name : QDir(portable.filePath(u"langues"_s)).entryList(QDir::Files))
         ready_ = ready_ && copyInto(folder, portable, u"langues/"_s + name);
+    // As after a run in which windows lay beside one another: on a first start they fill the frame.
+    setSetting(u"POSITIONFORME", u"WINDOWSSTATE10", u"0"_s);
 }
 
 Host::~Host() = default;

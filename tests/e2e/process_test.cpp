@@ -26,7 +26,7 @@ TEST(TheProgram, EndsWhenItsQuestionIsAnswered) {
     program.setProcessEnvironment(environment);
     program.start(executable, {u"CO2"_s});
     ASSERT_TRUE(program.waitForStarted(milliseconds));
-    ASSERT_TRUE(comesForward(program.processId(), u"VELMORante 2000"_s));
+    ASSERT_TRUE(comesForward(program.processId(), u"Velmorante 2000"_s));
     key(u"ctrl+q"_s);
     ASSERT_TRUE(comesForward(program.processId(), u"Quitter"_s));
     photo(u"20-programme"_s);

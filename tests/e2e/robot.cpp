@@ -50,6 +50,11 @@ QRect seen(const Spot& spot) {
     return {(QPointF(spot.widget->mapToGlobal(part.topLeft())) * ratio).toPoint(), part.size() * ratio};
 }
 
+/// The title among the properties of a window.
+QString nameIn(const QString& properties) {
+    return properties.section(u"_NET_WM_NAME = \""_s, 1, 1).section(u'\n', 0, 0);
+}
+
 /// The middle of a spot once it stands still.
 std::optional<QPoint> middle(const Where& where) {
     QRect before;
@@ -85,8 +90,8 @@ bool comesForward(qint64 process, const QString& title, int milliseconds) {
         const auto properties = said(u"xprop"_s, {u"-id"_s, window.value_or(u"0"_s), u"-notype"_s, u"_NET_WM_PID"_s,
                                                   u"_NET_WM_NAME"_s, u"_NET_WM_WINDOW_TYPE"_s})
                                     .value_or(QString());
-        if (properties.contains(u"_NET_WM_PID = %1\n"_s.arg(process)) &&
-            properties.contains(u"_NET_WM_NAME = \""_s + title) && !properties.contains(u"TYPE_SPLASH"_s))
+        if (properties.contains(u"_NET_WM_PID = %1\n"_s.arg(process)) && nameIn(properties).contains(title) &&
+            !properties.contains(u"TYPE_SPLASH"_s))
             return true;
         QThread::msleep(100);
     }

@@ -13,7 +13,7 @@ namespace velm::e2e {
 /// A key with its modifiers in the words of X: "ctrl+q", "alt+Left", "Return".
 void key(const QString& combination);
 
-/// Waits until the window with the keyboard belongs to a process and has a title that begins so; a splash is none.
+/// Waits until the window with the keyboard belongs to a process and has these words in its title; a splash is none.
 bool comesForward(qint64 process, const QString& title, int milliseconds = 60000);
 
 enum class Hand { Click, DoubleClick, WheelDown };

@@ -145,7 +145,7 @@ private:
     void astucefautive() {
         ReglagesStore(reglages_).save(u"OPTIONS", u"TIPS", u"jamais"_s);
         programme_.ecran()->pieces().actions.de(Ordre::UneFenetre).trigger();
-        programme_.cadre().astuce();
+        programme_.cadre().astuce(false);
     }
 
     /// A real box, in whose event loop the next thing fails; it is answered afterwards.

@@ -158,7 +158,7 @@ TEST_F(Lancement, EachSignalWritesWhatAnOrdinaryEndWrites) {
         EXPECT_EQ(essai.erreurs.toStdString(), "");
         EXPECT_EQ(reglage(u"DERNIERSDOCUMENTS"_s, u"REF0"_s), u"CO000002");
         EXPECT_EQ(reglage(u"POSITIONFORME"_s, u"MDICHILDCONTENU"_s).left(8), u"CO000002");
-        EXPECT_TRUE(ReglagesStore(reglages()).contains(u"POSITIONFORME", u"WINDOWSWIDTH0")) << "windows wrote theirs";
+        EXPECT_TRUE(ReglagesStore(reglages()).contains(u"POSITIONFORME", u"WINDOWSSTATE0")) << "windows wrote theirs";
         EXPECT_TRUE(ReglagesStore(reglages()).contains(u"POSITIONMDI", u"WINDOWSHEIGHT"));
         EXPECT_TRUE(saine());
     }
@@ -206,7 +206,7 @@ TEST_F(Lancement, TheEndOfTheSessionIsWrittenAndMayBeCalledOff) {
         EXPECT_TRUE(essai.boites().isEmpty());
         EXPECT_EQ(reglage(u"DERNIERSDOCUMENTS"_s, u"REF0"_s), u"CO000002");
         EXPECT_EQ(reglage(u"POSITIONFORME"_s, u"MDICHILDCONTENU"_s).left(8), u"CO000002");
-        EXPECT_TRUE(ReglagesStore(reglages()).contains(u"POSITIONFORME", u"WINDOWSWIDTH0"));
+        EXPECT_TRUE(ReglagesStore(reglages()).contains(u"POSITIONFORME", u"WINDOWSSTATE0"));
         EXPECT_TRUE(ReglagesStore(reglages()).contains(u"POSITIONMDI", u"WINDOWSHEIGHT"));
     }
     const Essai essai = lance({}, u"oui"_s, u"session,navigue=TAJP000001,quitte"_s);

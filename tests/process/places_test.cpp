@@ -92,7 +92,7 @@ TEST_F(Places, TheUpdateToolBesideTheBaseIsStartedWithWhatItNeeds) {
     EXPECT_EQ(program.exitCode(), 0);
     EVENTUALLY_WITHIN(milliseconds, QFileInfo::exists(told));
     EXPECT_EQ(readPlain(told).bytes, "1\n" + QFile::encodeName(at(u"folder"_s)) + "/," +
-                                         QFile::encodeName(at(u"disc"_s)) + "/,velm2000.exe,VELMORante 2000\n");
+                                         QFile::encodeName(at(u"disc"_s)) + "/,velm2000.exe,Velmorante 2000\n");
     EXPECT_FALSE(stands()) << "nothing of the program was shown";
 }
 

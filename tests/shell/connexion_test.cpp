@@ -55,7 +55,7 @@ TEST_F(ConnexionAuDemarrage, AMissingBaseIsSaidWithItsFolderAndTheUserMayLeave) 
     pendantledialogue({[this] {
         EXPECT_TRUE(texte("Label1").contains(dossier.path())) << qPrintable(texte("Label1"));
         EXPECT_TRUE(texte("Label2").startsWith(u"Le disque")) << qPrintable(texte("Label2"));
-        EXPECT_EQ(texte("Label3"), u"Vous pouvez :");
+        EXPECT_EQ(texte("Label3"), u"Vous pouvez\u00A0:");
         EXPECT_EQ(dialogue()->windowTitle(), u"Connexion à la base documentaire");
         EXPECT_TRUE(dialogue()->isModal());
         presse("Command3");

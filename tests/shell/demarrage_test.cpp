@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
+#include <QMdiSubWindow>
 #include <QScreen>
 
 using namespace velm;
@@ -191,6 +192,7 @@ TEST_F(DemarrageTest, TheSplashPaintsTheStepsOfTheStart) {
     regle(u"POSITIONFORME", u"MDICHILD", QStringLiteral("-1  X         "));
     regle(u"POSITIONFORME", u"MDICHILDCONTENU", QString(16, u' ') + QStringLiteral("JP000007"));
     const Peints etapes(QStringLiteral("lblEtape"));
+    patience = std::chrono::milliseconds(0);
     demarre(QString());
     EXPECT_EQ(etapes.textes,
               (QStringList{QStringLiteral("Démarrage du programme..."), QStringLiteral("Base documentaire ouverte..."),
@@ -200,6 +202,45 @@ TEST_F(DemarrageTest, TheSplashPaintsTheStepsOfTheStart) {
                            QStringLiteral("Préparation des outils..."), QStringLiteral("Langue...")}));
     for (const QWidget* fenetre : QApplication::topLevelWidgets())
         EXPECT_NE(fenetre->objectName(), u"frmSplash");
+}
+
+TEST_F(DemarrageTest, AStartThatDoesNotTakeLongHasNoSplash) {
+    const Peints etapes(QStringLiteral("lblEtape"));
+    patience = std::chrono::hours(1);
+    demarre(QString());
+    EXPECT_EQ(etapes.textes, QStringList());
+}
+
+TEST_F(DemarrageTest, TheTipWaitsWhileADocumentOfTheCommandLineIsRead) {
+    regle(u"OPTIONS", u"TIPS", QStringLiteral("1"));
+    demarre(QStringLiteral("CO1"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(astuce(), nullptr);
+    programme->ouvre(decoupecle(u"JP000007"));
+    aire().around(programme->fenetre(0))->close();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(astuce(), nullptr) << "another window is open";
+    aire().around(programme->fenetre(2))->close();
+    EVENTUALLY(astuce() != nullptr);
+    ferme("frmTip");
+    programme->ouvre(decoupecle(u"JP000007"));
+    QCoreApplication::processEvents();
+    aire().around(programme->fenetre(2))->close();
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(astuce(), nullptr) << "once";
+}
+
+TEST_F(DemarrageTest, OnAFirstStartDocumentsFillTheFrame) {
+    ASSERT_TRUE(QFile::remove(dossier.filePath(QStringLiteral("reglages.ini"))));
+    regle(u"OPTIONS", u"TIPS", QStringLiteral("0"));
+    demarre(QStringLiteral("CO1"));
+    EXPECT_TRUE(aire().around(programme->fenetre(0))->isMaximized());
+    redemarre(QStringLiteral("JP7"));
+    EXPECT_TRUE(aire().around(programme->fenetre(2))->isMaximized());
+    aire().around(programme->fenetre(2))->showNormal();
+    redemarre(QStringLiteral("JP7"));
+    EXPECT_FALSE(aire().around(programme->fenetre(2))->isMaximized());
 }
 
 TEST_F(DemarrageTest, SavedWindowStringsOfAnyFormOpenWhatTheyName) {
@@ -230,6 +271,7 @@ TEST_F(DemarrageTest, AKeyOfAnotherSlotOpensItsOwnCollection) {
 
 TEST_F(DemarrageTest, EachGroundNumberOfTheSettingsIsTaken) {
     for (int numero = -2; numero <= 6; ++numero) {
+        regle(u"GENERALITES", u"FOND", QStringLiteral("1"));
         regle(u"GENERALITES", u"FONDNO", QString::number(numero));
         regle(u"GENERALITES", u"FONDCOULEUR", QStringLiteral("255"));
         demarre(QString());

@@ -2,6 +2,7 @@
 #include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/frame/statusbar.h"
 #include "platform/widgets/grid/flexgrid.h"
+#include "shell/barresecran.h"
 #include "shell/bureau.h"
 #include "shell/volet.h"
 #include "tests/shell/ecran_support.h"
@@ -119,7 +120,7 @@ TEST_F(EcranTest, ButtonAndMenuEntryStayEqual) {
 TEST_F(EcranTest, WindowListEntriesFollowTheOpenSlots) {
     demarre(QStringLiteral("CO1"));
     EXPECT_TRUE(entree("mlistefenetre", 1)->isVisible());
-    EXPECT_EQ(entree("mlistefenetre", 1)->text(), u"Code de la consommation - Article premier");
+    EXPECT_EQ(entree("mlistefenetre", 1)->text(), u"&1 Code de la consommation - Article premier");
     EXPECT_TRUE(entree("mlistefenetre", 1)->isChecked());
     EXPECT_FALSE(entree("mlistefenetre", 3)->isVisible());
     programme->ouvre(decoupecle(u"JP000007"));
@@ -287,6 +288,35 @@ TEST_F(EcranTest, EveryButtonHasANameAndATip) {
     }
     // Those of the command bar, of the eleven collections and of the window.
     EXPECT_GT(vus, 25);
+}
+
+TEST_F(EcranTest, TheTwoHistoriesDifferInTipAndPicture) {
+    demarre(QStringLiteral("CO1"));
+    const Toolbar& fenetre = programme->fenetre(0)->barrechild();
+    for (const QString& cle : {QStringLiteral("Précédent"), QStringLiteral("Suivant")}) {
+        const QString ici = fenetre.toolTip(cle);
+        const QString partout = barrecommande().toolTip(cle);
+        EXPECT_NE(ici, partout);
+        const QString debut = ici.left(ici.indexOf(u'('));
+        EXPECT_TRUE(partout.startsWith(debut)) << partout.toStdString();
+        EXPECT_NE(fenetre.widget(cle)->icon().name(), barrecommande().widget(cle)->icon().name());
+    }
+}
+
+TEST_F(EcranTest, TheButtonOfAnEmptyCollectionIsFaintAndSaysWhy) {
+    demarre(QString());
+    auto& barres = *ecran().findChild<BarresEcran*>();
+    const QToolButton& bouton = *barreecran().widget(QStringLiteral("JP"));
+    const auto dessin = [&bouton] { return bouton.icon().pixmap(QSize(24, 24), 1.0).toImage(); };
+    const QImage plein = dessin();
+    const QString nom = barreecran().toolTip(QStringLiteral("JP"));
+    barres.marquevide(2, true);
+    EXPECT_NE(dessin(), plein);
+    EXPECT_TRUE(barreecran().toolTip(QStringLiteral("JP")).startsWith(nom + u' '));
+    EXPECT_TRUE(bouton.isEnabled()) << "it can be opened all the same";
+    barres.marquevide(2, false);
+    EXPECT_EQ(dessin(), plein);
+    EXPECT_EQ(barreecran().toolTip(QStringLiteral("JP")), nom);
 }
 
 TEST_F(EcranTest, AHiddenWindowIsShownAgainByTheNextOpening) {

@@ -3,21 +3,11 @@
 #include "platform/widgets/look/look.h"
 #include "shell/fonds.h"
 #include "tests/shell/ecran_support.h"
+#include "tests/support/contrast.h"
 
 #include <QPainter>
 
-#include <cmath>
-
 using namespace velm;
-
-namespace {
-
-double clarte(const QColor& couleur) {
-    const auto part = [](float c) { return c <= 0.04045F ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-    return 0.2126 * part(couleur.redF()) + 0.7152 * part(couleur.greenF()) + 0.0722 * part(couleur.blueF());
-}
-
-} // namespace
 
 namespace {
 
@@ -60,7 +50,7 @@ TEST(Fonds, ThePicturesAreQuiet) {
     for (const look::Theme theme : {look::Theme::Light, look::Theme::Dark}) {
         for (int n = 0; n < nombredefonds; ++n) {
             const QPixmap dessin = imagedefond(n, QSize(800, 600), 1, theme);
-            const QColor couleur = theme == look::Theme::Light ? couleurdefond(n) : QColor(0x2E, 0x30, 0x33);
+            const QColor couleur = theme == look::Theme::Light ? couleurdefond(n) : look::ground(theme);
             QImage image(800, 600, QImage::Format_RGB32);
             image.fill(couleur);
             QPainter(&image).drawPixmap(0, 0, dessin);
@@ -69,9 +59,7 @@ TEST(Fonds, ThePicturesAreQuiet) {
             int forts = 0;
             for (int y = 0; y < image.height(); y += 2) {
                 for (int x = 0; x < image.width(); x += 2) {
-                    const double a = clarte(fond) + 0.05;
-                    const double b = clarte(image.pixelColor(x, y)) + 0.05;
-                    const double contraste = std::max(a, b) / std::min(a, b);
+                    const double contraste = test::contrast(fond, image.pixelColor(x, y));
                     ASSERT_LT(contraste, 3) << n << ": " << x << ',' << y;
                     traits += contraste > 1.02 ? 1 : 0;
                     forts += contraste > 2 ? 1 : 0;
@@ -101,6 +89,31 @@ TEST(Fonds, ThePicturesAreDrawnForTheirDensityAndDiffer) {
 
 // ---- The ground of the frame
 
+TEST_F(FondTest, NobodysGroundIsPlainAndSetsTheWindowsOff) {
+    for (const look::Theme theme : {look::Theme::Light, look::Theme::Dark}) {
+        const QPalette avant = QApplication::palette();
+        QApplication::setPalette(look::palette(theme));
+        demarre(QString());
+        EXPECT_EQ(aire().backColour(), look::ground(theme));
+        EXPECT_TRUE(aire().backPicture().isNull());
+        programme.reset();
+        QApplication::setPalette(avant);
+    }
+}
+
+TEST_F(FondTest, NoGroundOfADarkDeskIsLighterThanItsWindows) {
+    const QPalette avant = QApplication::palette();
+    QApplication::setPalette(look::palette(look::Theme::Dark));
+    demarre(QString());
+    const double fenetres = test::luminance(QApplication::palette().color(QPalette::Window));
+    for (int numero = -1; numero <= 4; ++numero) {
+        ecran().placefond(*fondecran(numero, 0));
+        EXPECT_LT(test::luminance(aire().backColour()), fenetres) << numero;
+    }
+    programme.reset();
+    QApplication::setPalette(avant);
+}
+
 TEST_F(FondTest, BackgroundMinusOneToFiveSetPictureAndColour) {
     demarre(QString());
     const std::array<QColor, 5> couleurs{QColor(0xFF, 0xFF, 0xC0), QColor(0xFF, 0xDB, 0xAD), QColor(0xF7, 0xF1, 0xDB),
@@ -117,6 +130,7 @@ TEST_F(FondTest, BackgroundMinusOneToFiveSetPictureAndColour) {
 }
 
 TEST_F(FondTest, ThePlainBackgroundTakesTheChosenColour) {
+    regle(u"GENERALITES", u"FOND", QStringLiteral("1"));
     demarre(QString());
     EXPECT_FALSE(aire().backPicture().isNull());
     ecran().placefond(*fondecran(5, 0x0000FF));
@@ -126,6 +140,7 @@ TEST_F(FondTest, ThePlainBackgroundTakesTheChosenColour) {
 
 TEST_F(FondTest, Background6DoesNothing) {
     EXPECT_FALSE(fondecran(6, 0x0000FF));
+    regle(u"GENERALITES", u"FOND", QStringLiteral("1"));
     regle(u"GENERALITES", u"FONDNO", QStringLiteral("6"));
     regle(u"GENERALITES", u"FONDCOULEUR", QStringLiteral("255"));
     demarre(QString());
@@ -133,21 +148,23 @@ TEST_F(FondTest, Background6DoesNothing) {
     EXPECT_NE(aire().backColour(), QColor(Qt::red));
 }
 
-TEST_F(FondTest, WithoutAGroundThereIsNoPicture) {
-    regle(u"GENERALITES", u"FOND", QStringLiteral("0"));
+TEST_F(FondTest, APictureIsThereForWhoeverWantsOne) {
     demarre(QString());
-    EXPECT_TRUE(aire().backPicture().isNull());
+    EXPECT_TRUE(aire().backPicture().isNull()) << "nobody has chosen one";
+    programme.reset();
+    regle(u"GENERALITES", u"FOND", QStringLiteral("1"));
+    demarre(QString());
+    EXPECT_FALSE(aire().backPicture().isNull());
 }
 
 TEST_F(FondTest, TheGroundAndTheButtonsHavePointersOfTheirOwn) {
     demarre(QStringLiteral("CO1"));
     const auto dessin = [](const QWidget& widget) { return widget.cursor().pixmap().toImage(); };
     const QImage fleche = dessin(*aire().viewport());
-    const QImage main = dessin(*barrecommande().widget(QStringLiteral("Copier")));
+    const QImage bouton = dessin(*barrecommande().widget(QStringLiteral("Copier")));
     EXPECT_FALSE(fleche.isNull());
-    EXPECT_FALSE(main.isNull());
-    EXPECT_NE(fleche, main);
-    EXPECT_EQ(dessin(*barreecran().widget(QStringLiteral("CO"))), main);
+    EXPECT_EQ(bouton, fleche) << "the hand belongs to links";
+    EXPECT_EQ(dessin(*barreecran().widget(QStringLiteral("CO"))), bouton);
     EXPECT_EQ(programme->fenetre(0)->cursor().shape(), Qt::ArrowCursor);
     EXPECT_TRUE(dessin(*programme->fenetre(0)).isNull());
 }

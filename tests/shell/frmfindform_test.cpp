@@ -1,8 +1,10 @@
 // The find dialog over the real frame.
+#include "platform/widgets/text/hitstrip.h"
 #include "shell/fenetresannexes.h"
 #include "tests/shell/selection_support.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -103,4 +105,124 @@ TEST_F(FrmFindFormTest, TheFindDialogProposesWhatIsSelected) {
     EXPECT_EQ(boite->findChild<QLineEdit*>(u"txtFind"_s)->text(), u"prix");
     QTest::keyClick(boite, Qt::Key_Escape);
     EXPECT_FALSE(boite->isVisible());
+}
+
+namespace {
+
+/// The dialog over an open document, in which "prix" stands twice.
+class FindStateTest : public SelectionTest {
+protected:
+    void ouvredialogue() {
+        ouvre({});
+        programme->ouvre(decoupecle(u"CO000001"));
+        programme->cadre().annexes().montrerecherche();
+        boite = ecran().findChild<QDialog*>(u"frmFindForm"_s);
+        texte = boite->findChild<QLineEdit*>(u"txtFind"_s);
+    }
+    QString dit() const { return boite->findChild<QLabel*>(u"lblEtat"_s)->text(); }
+    void presse(const char* nom) const { boite->findChild<QPushButton*>(QString::fromLatin1(nom))->click(); }
+    static std::size_t montrees(const RichTextBox& vue) { return vue.findChild<HitStrip*>()->ticks().size(); }
+    RichTextBox& vue() const { return active()->vue(); }
+
+    QDialog* boite = nullptr;
+    QLineEdit* texte = nullptr;
+};
+
+} // namespace
+
+TEST_F(FindStateTest, ItSaysHowManyThereAreAndWhichOneIsShown) {
+    ouvredialogue();
+    EXPECT_EQ(dit(), QString());
+    texte->setText(u"prix"_s);
+    EXPECT_EQ(dit(), u"2 occurrences");
+    presse("cmdFindNext");
+    EXPECT_EQ(dit(), u"1 sur 2");
+    presse("cmdFindNext");
+    EXPECT_EQ(dit(), u"2 sur 2");
+    presse("cmdFindNext");
+    EXPECT_EQ(dialogues.messages.size(), 1u);
+    EXPECT_EQ(dit(), u"2 occurrences");
+    texte->setText(u"Le prix"_s);
+    EXPECT_EQ(dit(), u"1 occurrence");
+    texte->setText(u"introuvable"_s);
+    EXPECT_EQ(dit(), u"Introuvable");
+    presse("cmdFindNext");
+    EXPECT_EQ(dialogues.messages.size(), 2u) << "the box comes all the same";
+    texte->clear();
+    EXPECT_EQ(dit(), QString());
+}
+
+TEST_F(FindStateTest, TheBoxesChangeWhatIsCounted) {
+    ouvredialogue();
+    texte->setText(u"Pri"_s);
+    EXPECT_EQ(dit(), u"2 occurrences");
+    boite->findChild<QAbstractButton*>(u"checkcasse"_s)->setChecked(true);
+    EXPECT_EQ(dit(), u"Introuvable");
+    boite->findChild<QAbstractButton*>(u"checkcasse"_s)->setChecked(false);
+    boite->findChild<QAbstractButton*>(u"checkmot"_s)->setChecked(true);
+    EXPECT_EQ(dit(), u"Introuvable");
+}
+
+TEST_F(FindStateTest, PreviousGoesBackByItsButtonAndByKeys) {
+    ouvredialogue();
+    auto* precedent = boite->findChild<QPushButton*>(u"cmdFindPrevious"_s);
+    EXPECT_FALSE(precedent->isEnabled());
+    texte->setText(u"prix"_s);
+    EXPECT_TRUE(precedent->isEnabled());
+    presse("cmdFindPrevious");
+    EXPECT_EQ(dit(), u"2 sur 2");
+    presse("cmdFindPrevious");
+    EXPECT_EQ(dit(), u"1 sur 2");
+    EXPECT_EQ(vue().selStart(), 3);
+    QTest::keyClick(texte, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(dit(), u"2 sur 2");
+    QTest::keyClick(texte, Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(dit(), u"1 sur 2");
+    QTest::keyClick(texte, Qt::Key_F3);
+    EXPECT_EQ(dit(), u"2 sur 2");
+    EXPECT_TRUE(dialogues.messages.empty());
+    texte->setText(u"introuvable"_s);
+    presse("cmdFindPrevious");
+    EXPECT_TRUE(dialogues.messages.empty());
+}
+
+TEST_F(FindStateTest, EveryHitShowsAsLongAsTheDialogDoes) {
+    ouvredialogue();
+    texte->setText(u"prix"_s);
+    EXPECT_EQ(montrees(vue()), 2u);
+    boite->reject();
+    EXPECT_EQ(montrees(vue()), 0u);
+    programme->cadre().annexes().montrerecherche();
+    EXPECT_EQ(montrees(vue()), 2u);
+    EXPECT_EQ(dit(), u"2 occurrences");
+}
+
+TEST_F(FindStateTest, AnotherDocumentOfTheWindowIsCountedAnew) {
+    ouvredialogue();
+    texte->setText(u"deux"_s);
+    EXPECT_EQ(dit(), u"1 occurrence");
+    programme->ouvre(decoupecle(u"CO000002"));
+    EXPECT_EQ(dit(), u"2 occurrences");
+    EXPECT_EQ(montrees(vue()), 2u);
+}
+
+TEST_F(FindStateTest, TheHitsFollowTheActiveWindow) {
+    ouvredialogue();
+    texte->setText(u"deux"_s);
+    const RichTextBox& premiere = vue();
+    programme->ouvre(decoupecle(u"JP000007"));
+    EXPECT_EQ(dit(), u"2 occurrences");
+    EXPECT_EQ(montrees(vue()), 2u);
+    EXPECT_EQ(montrees(premiere), 0u);
+}
+
+TEST_F(FindStateTest, ItBeginsInACornerOfTheTextAndComesBackWhereItWas) {
+    ouvredialogue();
+    const QRect texteseul(vue().viewport()->mapToGlobal(QPoint()), vue().viewport()->size());
+    EXPECT_LT(boite->frameGeometry().top(), texteseul.center().y());
+    EXPECT_GT(boite->frameGeometry().center().x(), texteseul.center().x());
+    boite->move(17, 23);
+    boite->reject();
+    programme->cadre().annexes().montrerecherche();
+    EVENTUALLY(boite->pos() == QPoint(17, 23));
 }

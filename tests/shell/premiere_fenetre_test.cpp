@@ -20,18 +20,18 @@ TEST_F(PremiereFenetre, AReferenceOnTheCommandLineShowsItsDocument) {
     EXPECT_EQ(fenetre->windowTitle(), u"Code de la consommation - Article premier");
     EXPECT_TRUE(fenetre->isVisible());
     EXPECT_TRUE(fenetre->menusactifs());
-    EXPECT_TRUE(programme->ecran()->windowTitle().startsWith(QStringLiteral("VELMORante 2000")));
+    EXPECT_TRUE(programme->ecran()->windowTitle().startsWith(mots(8)));
     EXPECT_TRUE(dialogues.messages.empty());
 }
 
-TEST_F(PremiereFenetre, AReferenceToAnAbsentDocumentOpensAWindowAndSaysNothing) {
+TEST_F(PremiereFenetre, AReferenceToAnAbsentDocumentOpensAWindowAndSaysSo) {
     ASSERT_EQ(demarre(QStringLiteral("CO999")), Demarrage::EnMarche);
     Textes* fenetre = programme->fenetre(0);
     ASSERT_NE(fenetre, nullptr);
     EXPECT_TRUE(fenetre->vue().control().text().isEmpty());
     EXPECT_EQ(fenetre->windowTitle(), u"Code de la consommation");
     EXPECT_TRUE(fenetre->menusactifs());
-    EXPECT_TRUE(dialogues.messages.empty());
+    EXPECT_EQ(dialogues.texts(), QStringList(mots(9334, {QStringLiteral("CO000999")})));
 }
 
 TEST_F(PremiereFenetre, ALinkOpensItsTarget) {

@@ -38,6 +38,11 @@ protected:
         ecritbase();
         // A tip would stand before everything else.
         regle(u"OPTIONS", u"TIPS", QStringLiteral("0"));
+        // Somebody who has laid windows beside one another before: otherwise they all fill the frame.
+        regle(u"POSITIONFORME", u"WINDOWSSTATE10", QStringLiteral("0"));
+        // Windows that were open before: a first one shows the contents.
+        for (int indice = 0; indice < nombredecollections; ++indice)
+            regle(u"POSITIONFORME", QStringLiteral("WINDOWSARBRE%1").arg(indice), QStringLiteral("0"));
     }
     void TearDown() override { programme.reset(); }
 
@@ -69,6 +74,7 @@ protected:
         options.fichierreglages = dossier.filePath(QStringLiteral("reglages.ini"));
         options.dossierinstance = dossier.path();
         options.dossierdonnees = dossier.filePath(QStringLiteral("donnees"));
+        options.patience = patience;
         return options;
     }
     /// Starts the program with a command line.
@@ -93,7 +99,7 @@ protected:
         langue.choisitfichier(QStringLiteral(VELM_SOURCE_DIR), QStringLiteral(VELM_SOURCE_DIR), QStringLiteral("FR"));
         return remplace(langue.lireressource(Texte{numero}), parties);
     }
-    static QString questiondefin() { return mots(400) + QStringLiteral(" ?"); }
+    static QString questiondefin() { return mots(400); }
 
     /// Clicks on a character of a window's text.
     static void clique(Textes& fenetre, qsizetype position) {
@@ -104,6 +110,7 @@ protected:
         QTest::mouseClick(vue.viewport(), Qt::LeftButton, {}, ici.center() + QPoint(2, 0));
     }
 
+    std::chrono::milliseconds patience{400}; ///< after which a start shows how far it is
     QTemporaryDir dossier;
     DialoguesScript dialogues;
     NavigateurScript navigateur;

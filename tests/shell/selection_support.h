@@ -13,7 +13,7 @@
 
 namespace velm::test {
 
-inline constexpr int rose = 0x8000FF;
+inline constexpr int couleurdesmarques = 0x002E5C; // as the publisher gives it
 
 inline QByteArray postings(const std::vector<std::pair<char, int>>& entrees) {
     QByteArray octets;
@@ -99,7 +99,7 @@ protected:
         int nombre = 0;
         const RichText& texte = fenetre.vue().control().richText();
         texte.forEachRun(0, texte.length(), [&](qsizetype, qsizetype, FormatId format) {
-            nombre += texte.charFormat(format).colour == rose ? 1 : 0;
+            nombre += texte.charFormat(format).colour == couleurdesmarques ? 1 : 0;
         });
         return nombre;
     }

@@ -1,5 +1,6 @@
 // The panel of the selection list, and who else fills the list.
 #include "platform/widgets/frame/splitterbar.h"
+#include "platform/widgets/look/noteline.h"
 #include "search/selectionoutil.h"
 #include "search/ui/frmvelmorselect.h"
 #include "shell/recherches.h"
@@ -10,6 +11,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTabWidget>
+#include <QToolButton>
 
 using namespace velm;
 using namespace velm::test;
@@ -116,13 +118,33 @@ TEST_F(VoletTest, AListThatComesWhileASearchRunsStopsItAndWaitsForItsEnd) {
             EXPECT_TRUE(recherche.stop_requested());
             EXPECT_EQ(liste().liste().lignes(), 0);
             // The newest one wins.
-            remplissage().cherchedans(u"CO"_s, u"deux"_s, [&](const QString& ligne) { lignes << ligne; });
+            remplissage().cherchedans(u"CO"_s, u"deux"_s, {[&](const QString& ligne) { lignes << ligne; }, {}});
             EXPECT_TRUE(lignes.isEmpty());
         },
         [] {});
     EVENTUALLY(lignes.size() == 1);
     EXPECT_EQ(colonne(6), (QStringList{u"CO000002"_s, u"CO000004"_s}));
     EXPECT_TRUE(flex().isVisible());
+}
+
+TEST_F(VoletTest, WhatTheListIsStandsOverIt) {
+    ouvre({});
+    liste().affichemenuselection(true);
+    const NoteLine& note = volet().note();
+    EXPECT_FALSE(note.text().isEmpty()) << "of what will come";
+    EXPECT_LE(note.geometry().bottom(), flex().y());
+    EXPECT_GE(note.y(), barre().geometry().bottom());
+    const QString avant = note.text();
+    remplissage().remplitdecles({u"CO000001"_s, u"CO000002"_s});
+    EXPECT_NE(note.text(), avant);
+    EXPECT_TRUE(note.text().startsWith(u'2'));
+    liste().affichemenuselection(false);
+    liste().affichemenuselection(true);
+    EXPECT_TRUE(note.text().startsWith(u'2')) << "as long as the rows stand";
+    bool encore = false;
+    remplissage().ditbilan({u"50 premiers"_s, false, true}, [&encore] { encore = true; });
+    QTest::mouseClick(note.link(), Qt::LeftButton);
+    EXPECT_TRUE(encore);
 }
 
 // ---- the word search of a document window
@@ -161,7 +183,7 @@ TEST_F(VoletTest, ASearchOfAWindowWithoutAResultHidesTheListAndReleasesTheButton
     ouvre();
     programme->ouvre(decoupecle(u"CO000001"));
     QStringList lignes;
-    remplissage().cherchedans(u"CO"_s, u"ab introuvable"_s, [&](const QString& ligne) { lignes << ligne; });
+    remplissage().cherchedans(u"CO"_s, u"ab introuvable"_s, {[&](const QString& ligne) { lignes << ligne; }, {}});
     EXPECT_EQ(flex().rows(), 1);
     EXPECT_TRUE(flex().isHidden());
     EXPECT_FALSE(barrecommande().value(u"Rechercher"_s));
@@ -169,7 +191,7 @@ TEST_F(VoletTest, ASearchOfAWindowWithoutAResultHidesTheListAndReleasesTheButton
     EXPECT_EQ(etat(), u" 0 document");
     EXPECT_FALSE(enabled("suivantrecherche"));
     // A line of one letter is refused word by word, not sent elsewhere.
-    remplissage().cherchedans(u"CO"_s, u"a"_s, [&](const QString& ligne) { lignes << ligne; });
+    remplissage().cherchedans(u"CO"_s, u"a"_s, {[&](const QString& ligne) { lignes << ligne; }, {}});
     EXPECT_EQ(lignes.size(), 3);
 }
 

@@ -139,4 +139,13 @@ TEST(CommandesTest, TheIndexWaitsAmongTheCollections) {
     EXPECT_EQ(besoinde(Ordre::Copier, 0), Besoin::Fenetre);
 }
 
+TEST(CommandesTest, WhatACommandNeedsIsKnownByItsNames) {
+    EXPECT_EQ(besoindunom(u"Dossiers"), Besoin::Attente);
+    EXPECT_EQ(besoindunom(u"moutils0(3)"), Besoin::Attente) << "by its entry as well";
+    EXPECT_EQ(besoindunom(u"Copier"), Besoin::Fenetre);
+    EXPECT_EQ(besoindunom(u"CO"), Besoin::Rien);
+    EXPECT_FALSE(besoindunom(u"dossiers"));
+    EXPECT_FALSE(besoindunom(u""));
+}
+
 } // namespace velm

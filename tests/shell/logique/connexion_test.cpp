@@ -58,7 +58,7 @@ TEST_F(ConnexionTest, ABaseOnADiscIsReadThereWhenTheUserWantsNoCopy) {
     ASSERT_EQ(dialogues.messages.size(), 1U);
     const Message& question = dialogues.messages.front();
     EXPECT_EQ(question.titre, langue.lireressource(Texte{7400}) + u' ' + chemin("disque"));
-    EXPECT_EQ(question.texte, langue.lireressource(Texte{7401}) + u" ?\r\n"_s + langue.lireressource(Texte{7402}) +
+    EXPECT_EQ(question.texte, langue.lireressource(Texte{7401}) + u"\r\n"_s + langue.lireressource(Texte{7402}) +
                                   u"\r\n\r\n"_s + langue.lireressource(Texte{7403}));
     EXPECT_EQ(question.boutons, Bouton::Oui | Bouton::Non);
     EXPECT_EQ(question.defaut, Bouton::Non);

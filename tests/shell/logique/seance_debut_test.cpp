@@ -126,7 +126,7 @@ TEST_F(SeanceDebut, AnUpdateToolWithALaterProgramFileEndsTheStartAtOnce) {
     EXPECT_EQ(seance().demarre(), Demarrage::MiseAJour);
     ASSERT_EQ(lances.size(), 1);
     EXPECT_EQ(lances.first(), chemin("cd/MAJver.exe") + u'|' + dossier_.path() + QStringLiteral("/,") + chemin("cd") +
-                                  QStringLiteral("/,velm2000.exe,VELMORante 2000"));
+                                  QStringLiteral("/,velm2000.exe,Velmorante 2000"));
     EXPECT_FALSE(ecrans.a(QStringLiteral("accueil")));
     EXPECT_TRUE(dialogues.messages.empty());
 }

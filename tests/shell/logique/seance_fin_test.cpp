@@ -26,7 +26,7 @@ TEST_F(SeanceFin, DecliningTheQuestionLeavesEverythingAsItWas) {
     EXPECT_EQ(lu("POSITIONFORME", "MDICHILD"), u"(absent)");
     ASSERT_EQ(dialogues.messages.size(), 1u);
     const Message& m = dialogues.messages.front();
-    EXPECT_EQ(m.texte, u"Voulez-vous quitter le programme ?");
+    EXPECT_EQ(m.texte, u"Voulez-vous quitter le programme\u00A0?");
     EXPECT_EQ(m.titre, u"Quitter");
     EXPECT_EQ(m.icone, Icone::Question);
     EXPECT_EQ(m.boutons, Bouton::Oui | Bouton::Non | Bouton::Aide);

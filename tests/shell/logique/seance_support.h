@@ -43,7 +43,7 @@ public:
     void ouvre(const Cle& cle) override { note(QStringLiteral("navigue TA") + cle.texte()); }
     void ouvrefichierdossier(const QString& chemin) override { note(QStringLiteral("dv2 ") + chemin); }
     void ouvrefichiercriteres(const QString& chemin) override { note(QStringLiteral("cv2 ") + chemin); }
-    void astuce() override { note(QStringLiteral("astuce")); }
+    void astuce(bool attend) override { note(attend ? QStringLiteral("astuce plus tard") : QStringLiteral("astuce")); }
     bool impressionouverte() const override { return impression; }
     void termineimpression() override { note(QStringLiteral("termine")); }
     void abandonneimpression() override {

@@ -1,0 +1,94 @@
+#include "shell/lignedepart.h"
+
+#include "platform/widgets/look/look.h"
+#include "platform/widgets/look/plaintext.h"
+
+#include <QPainter>
+
+namespace velm {
+
+namespace {
+
+constexpr int coteimage = 24;
+constexpr int marge = look::spacing;
+constexpr double arrondi = look::grid;
+constexpr int plusetroit = 160; ///< a row that can still be read
+
+} // namespace
+
+LigneDepart::LigneDepart(const QIcon& image, const QString& nom, QWidget* parent) : QAbstractButton(parent) {
+    setIcon(image);
+    setText(nom);
+    setAccessibleName(nom);
+    setFocusPolicy(Qt::NoFocus); // its group lets the Tab key stop at one of its rows
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+void LigneDepart::changesuite(const QString& suite) {
+    suite_ = suite;
+    montrebulle();
+    update();
+}
+
+void LigneDepart::changebulle(const QString& bulle) {
+    bulle_ = bulle;
+    montrebulle();
+}
+
+QSize LigneDepart::sizeHint() const {
+    const int suite = suite_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(suite_) + 2 * marge;
+    return {fontMetrics().horizontalAdvance(text()) + coteimage + 3 * marge + suite, minimumSizeHint().height()};
+}
+
+QSize LigneDepart::minimumSizeHint() const {
+    return {plusetroit, std::max(coteimage, fontMetrics().height()) + look::grid};
+}
+
+QRect LigneDepart::placedunom() const {
+    const int suite = suite_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(suite_) + 2 * marge;
+    return rect().adjusted(coteimage + 2 * marge, 0, -marge - suite, 0);
+}
+
+QString LigneDepart::nommontre() const {
+    return fontMetrics().elidedText(text(), Qt::ElideMiddle, placedunom().width());
+}
+
+void LigneDepart::montrebulle() {
+    setToolTip(plainTip(nommontre() == text() ? bulle_ : text()));
+}
+
+void LigneDepart::resizeEvent(QResizeEvent* evenement) {
+    QAbstractButton::resizeEvent(evenement);
+    montrebulle();
+}
+
+void LigneDepart::enterEvent(QEnterEvent* evenement) {
+    QAbstractButton::enterEvent(evenement);
+    update();
+}
+
+void LigneDepart::leaveEvent(QEvent* evenement) {
+    QAbstractButton::leaveEvent(evenement);
+    update();
+}
+
+void LigneDepart::paintEvent(QPaintEvent*) {
+    QPainter peintre(this);
+    peintre.setRenderHint(QPainter::Antialiasing);
+    if (isEnabled() && (underMouse() || isDown())) {
+        QColor teinte = palette().color(QPalette::Highlight);
+        teinte.setAlphaF(isDown() ? 0.25F : 0.12F);
+        peintre.setPen(Qt::NoPen);
+        peintre.setBrush(teinte);
+        peintre.drawRoundedRect(rect(), arrondi, arrondi);
+    }
+    const QRect image(marge, (height() - coteimage) / 2, coteimage, coteimage);
+    icon().paint(&peintre, image, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    peintre.setPen(palette().color(QPalette::WindowText));
+    peintre.drawText(placedunom(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, nommontre());
+    if (isEnabled())
+        peintre.setPen(palette().color(QPalette::PlaceholderText));
+    peintre.drawText(rect().adjusted(0, 0, -marge, 0), Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, suite_);
+}
+
+} // namespace velm

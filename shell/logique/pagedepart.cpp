@@ -1,0 +1,32 @@
+#include "shell/logique/pagedepart.h"
+
+#include "core/cle.h"
+
+#include <algorithm>
+
+namespace velm {
+
+namespace {
+
+/// The picture tells of which collection it is.
+QString sanscode(const QString& libelle, const QString& code) {
+    const bool porte = libelle.startsWith(code) && libelle.mid(code.size(), 1) == u'-';
+    return porte ? libelle.mid(code.size() + 1) : libelle;
+}
+
+} // namespace
+
+PageDepart pagedepart(std::span<const QString> cles, std::span<const QString> libelles, const Libelles& texte) {
+    PageDepart page;
+    for (int indice = 0; indice < nombredecollections; ++indice)
+        page.collections.push_back({indice, texte(libelledefenetre(indice))});
+    for (std::size_t rang = 0; rang < std::min(cles.size(), libelles.size()); ++rang) {
+        const Cle cle = decoupecle(cles[rang]);
+        const QString titre = sanscode(libelles[rang], cle.code).simplified();
+        if (!cle.vide() && !titre.isEmpty())
+            page.derniers.push_back({static_cast<int>(rang), cle.indice(), titre});
+    }
+    return page;
+}
+
+} // namespace velm

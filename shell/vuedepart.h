@@ -1,0 +1,95 @@
+#pragma once
+// The start page, seen while no window is open: a sheet in the middle of the frame with a search field, the collections
+// and the documents that were read last. While something stands in the field, what is found takes the place of the
+// rest.
+#include "core/cle.h"
+#include "core/texte.h"
+#include "shell/logique/pagedepart.h"
+
+#include <QScrollArea>
+
+#include <functional>
+#include <vector>
+
+class QBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QStackedLayout;
+class QVBoxLayout;
+
+namespace velm {
+
+class GroupeDepart;
+
+/// A document that was found while its title was typed.
+struct DocumentTrouve {
+    Cle cle;
+    QString titre;
+};
+
+class VueDepart final : public QScrollArea {
+    Q_OBJECT
+
+public:
+    struct Source {
+        std::function<PageDepart()> page;         ///< asked each time the page is seen
+        std::function<qint64(int indice)> nombre; ///< of a collection's documents: asked once, when it has been painted
+    };
+    VueDepart(const Libelles& texte, Source source, QWidget* parent = nullptr);
+
+    /// What was found for the text of the field; nothing found is said. `plus`: there is more than these.
+    void montretrouves(const std::vector<DocumentTrouve>& trouves, bool plus);
+    QString cherche() const;
+
+    QLineEdit& champ() const { return *champ_; }
+    GroupeDepart& collections() const { return *collections_; }
+    GroupeDepart& derniers() const { return *derniers_; }
+    GroupeDepart& trouves() const { return *trouves_; }
+
+signals:
+    void collectionvoulue(int indice);
+    void derniervoulu(int rang);
+    void documentvoulu(const velm::Cle& cle);
+    void tapee(const QString& texte);       ///< another text stands in the field; empty for none
+    void listevoulue(const QString& texte); ///< all that is found, in the list
+    void recherchevoulue();                 ///< the search form
+    void vue();                             ///< it can be seen now
+    void cachee();
+
+protected:
+    void showEvent(QShowEvent* evenement) override;
+    void hideEvent(QHideEvent* evenement) override;
+    void resizeEvent(QResizeEvent* evenement) override;
+    void changeEvent(QEvent* evenement) override;
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
+
+private:
+    QWidget* feuille();
+    QWidget* pageordinaire();
+    QWidget* pagetrouves();
+    void relie();
+    void remplit(const PageDepart& page);
+    void montrenombres();
+    void suitchamp(const QString& texte);
+    void sort(const GroupeDepart* groupe, bool versbas);
+    void dispose();
+
+    Libelles texte_;
+    Source source_;
+    bool comptees_ = false; ///< the numbers of documents stand there, or will soon
+    QLineEdit* champ_ = nullptr;
+    QStackedLayout* pages_ = nullptr;
+    GroupeDepart* collections_ = nullptr;
+    GroupeDepart* derniers_ = nullptr;
+    QLabel* sansderniers_ = nullptr;
+    GroupeDepart* trouves_ = nullptr;
+    QLabel* bilan_ = nullptr;
+    QBoxLayout* boutons_ = nullptr;
+    QPushButton* tous_ = nullptr;
+    QPushButton* detaillee_ = nullptr;
+    std::vector<int> rangs_; ///< of the last documents that are shown
+    std::vector<Cle> cles_;  ///< of those that are found
+};
+
+} // namespace velm

@@ -1,0 +1,236 @@
+// The start page: what stands in the frame while no window is open.
+#include "core/schemas.h"
+#include "shell/bureau.h"
+#include "shell/depart.h"
+#include "shell/groupedepart.h"
+#include "shell/recherches.h"
+#include "shell/selection.h"
+#include "shell/vuedepart.h"
+#include "tests/shell/ecran_support.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QPushButton>
+
+using namespace velm;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class DepartTest : public test::EcranTest {
+protected:
+    void SetUp() override {
+        EcranTest::SetUp();
+        const auto base = Database::open(dossier.filePath(u"velm2000.dat"_s), OpenMode::Shared, corpusSchema());
+        ASSERT_NE(base.database, nullptr);
+        TableWriter parametres(*base.database, u"paramètres"_s, {u"nbarticles"_s});
+        ASSERT_TRUE(parametres.add({u"000014000000000001"_s}));
+    }
+    std::vector<test::DocumentEssai> documents() const override {
+        std::vector<test::DocumentEssai> tous;
+        for (int numero = 1; numero <= 12; ++numero)
+            tous.push_back({u"CO"_s + sixchiffres(numero), u"Article %1"_s.arg(numero), "{\\rtf1 Un article.\\par}"});
+        tous.push_back({u"CO000013"_s, u"Crédit"_s, "{\\rtf1 Le cr\\'e9dit.\\par}"});
+        tous.push_back({u"CO000014"_s, u"Crédit gratuit"_s, "{\\rtf1 Rien.\\par}"});
+        tous.push_back({u"JP000007"_s, u"Un arrêt"_s, "{\\rtf1 Trois.\\par}"});
+        return tous;
+    }
+    void commence(const QString& ligne = QString()) {
+        ASSERT_EQ(demarre(ligne), Demarrage::EnMarche);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
+    }
+    VueDepart& page() const { return programme->cadre().depart().vue(); }
+    QLineEdit& champ() const { return page().champ(); }
+    const std::vector<LigneDepart*>& collections() const { return page().collections().lignes(); }
+    static QStringList noms(const GroupeDepart& groupe) {
+        QStringList tous;
+        for (const LigneDepart* ligne : groupe.lignes())
+            tous << ligne->text();
+        return tous;
+    }
+    /// Letter by letter; the keys of a test know no accents.
+    void tape(const QString& texte) const {
+        for (const QChar lettre : texte)
+            champ().insert(lettre);
+    }
+    static bool apourfocus(const LigneDepart* ligne) { return ligne->hasFocus(); }
+    QLabel* bilan() const { return page().findChild<QLabel*>(u"bilandepart"_s); }
+};
+
+} // namespace
+
+TEST_F(DepartTest, ItStandsThereWhileNoWindowDoes) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    EXPECT_TRUE(champ().hasFocus());
+    programme->ouvre(decoupecle(u"JP000007"));
+    EVENTUALLY(!page().isVisible());
+    aire().around(programme->fenetre(2))->close();
+    EVENTUALLY(page().isVisible());
+    EVENTUALLY(champ().hasFocus());
+}
+
+TEST_F(DepartTest, ItIsNotSeenOverADocumentOfTheCommandLine) {
+    commence(u"CO1"_s);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(page().isVisible());
+}
+
+TEST_F(DepartTest, CollectionsAreToldWithTheirNumbersAndEmptyOnesAreFaint) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    ASSERT_EQ(collections().size(), 11U);
+    EVENTUALLY(!collections()[0]->suite().isEmpty());
+    EXPECT_EQ(collections()[0]->text(), u"Code de la consommation");
+    EXPECT_EQ(collections()[0]->suite(), u"14");
+    EXPECT_TRUE(collections()[0]->isEnabled());
+    EXPECT_EQ(collections()[1]->suite(), mots(9629));
+    EXPECT_FALSE(collections()[1]->isEnabled());
+    EXPECT_TRUE(collections()[2]->accessibleName().contains(u"1 document"));
+    QTest::mouseClick(collections()[1], Qt::LeftButton);
+    EXPECT_EQ(programme->fenetre(1), nullptr);
+}
+
+TEST_F(DepartTest, AClickOnACollectionOpensItsWindow) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    QTest::mouseClick(collections()[2], Qt::LeftButton);
+    ASSERT_NE(programme->fenetre(2), nullptr);
+    EXPECT_TRUE(actions().estcochee(Ordre::Collection, 2));
+}
+
+TEST_F(DepartTest, TheLastDocumentsOpenAgain) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    EXPECT_TRUE(page().derniers().lignes().empty());
+    programme->ouvre(decoupecle(u"CO000002"));
+    programme->ouvre(decoupecle(u"JP000007"));
+    EVENTUALLY(!page().isVisible());
+    entree("mdisposition", 4)->trigger();
+    EVENTUALLY(page().isVisible());
+    EXPECT_EQ(noms(page().derniers()), (QStringList{u"Un arrêt"_s, u"Article 2"_s}));
+    QTest::mouseClick(page().derniers().lignes()[1], Qt::LeftButton);
+    ASSERT_NE(programme->fenetre(0), nullptr);
+    EXPECT_EQ(programme->fenetre(0)->referencecourante(), u"CO000002");
+}
+
+TEST_F(DepartTest, WhatIsTypedIsFoundAtOnce) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    tape(u"crédit"_s);
+    EVENTUALLY(page().trouves().isVisible());
+    EXPECT_EQ(noms(page().trouves()), (QStringList{u"Crédit"_s, u"Crédit gratuit"_s}));
+    EXPECT_FALSE(page().collections().isVisible());
+    EXPECT_FALSE(bilan()->isVisible());
+    tape(u" g"_s);
+    EVENTUALLY(noms(page().trouves()) == QStringList{u"Crédit gratuit"_s});
+    QTest::keyClick(&champ(), Qt::Key_Escape);
+    EVENTUALLY(page().collections().isVisible());
+    EXPECT_FALSE(page().trouves().isVisible());
+}
+
+TEST_F(DepartTest, NothingFoundAndRowsLeftOutAreSaid) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    tape(u"zzz"_s);
+    EVENTUALLY(bilan()->isVisible());
+    EXPECT_EQ(bilan()->text(), mots(9626, {u"zzz"_s}));
+    EXPECT_TRUE(page().trouves().lignes().empty());
+    EXPECT_FALSE(page().findChild<QPushButton*>(u"touslesresultats"_s)->isVisible());
+    champ().setText(u"article"_s);
+    EVENTUALLY(bilan()->text() == mots(9627, {u"9"_s}));
+    EXPECT_TRUE(bilan()->isVisible());
+    EXPECT_EQ(page().trouves().lignes().size(), 9U);
+    EXPECT_TRUE(page().findChild<QPushButton*>(u"touslesresultats"_s)->isVisible());
+}
+
+TEST_F(DepartTest, ADocumentThatWasFoundOpensWithItsWordMarked) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    tape(u"crédit"_s);
+    EVENTUALLY(page().trouves().isVisible());
+    QTest::mouseClick(page().trouves().lignes()[0], Qt::LeftButton);
+    ASSERT_NE(programme->fenetre(0), nullptr);
+    EXPECT_EQ(programme->fenetre(0)->referencecourante(), u"CO000013");
+    EXPECT_EQ(programme->fenetre(0)->lecture().mots().mot1, u"crédit");
+    EVENTUALLY(!page().isVisible());
+}
+
+TEST_F(DepartTest, ReturnPutsAllOfItIntoTheList) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    tape(u"article"_s);
+    QTest::keyClick(&champ(), Qt::Key_Return);
+    EVENTUALLY(volet().isVisible());
+    EXPECT_EQ(programme->selection().liste().lignes(), 12);
+    EXPECT_TRUE(page().isVisible());
+    EXPECT_EQ(programme->recherches().formulaire(), nullptr);
+}
+
+TEST_F(DepartTest, TheArrowKeysWalkItsRowsAndReturnOpens) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    EVENTUALLY(!collections()[0]->suite().isEmpty());
+    QTest::keyClick(&champ(), Qt::Key_Down);
+    EXPECT_TRUE(collections()[0]->hasFocus());
+    QTest::keyClick(collections()[0], Qt::Key_Down);
+    EXPECT_TRUE(collections()[2]->hasFocus()) << "over the empty one";
+    QTest::keyClick(collections()[2], Qt::Key_Down);
+    EXPECT_TRUE(collections()[2]->hasFocus()) << "nothing lies below";
+    QTest::keyClick(collections()[2], Qt::Key_Home);
+    EXPECT_TRUE(collections()[0]->hasFocus());
+    QTest::keyClick(collections()[0], Qt::Key_Up);
+    EXPECT_TRUE(champ().hasFocus());
+    QTest::keyClick(&champ(), Qt::Key_Down);
+    QTest::keyClick(collections()[0], Qt::Key_End);
+    EXPECT_TRUE(collections()[2]->hasFocus());
+    QTest::keyClick(collections()[2], Qt::Key_Return);
+    EXPECT_NE(programme->fenetre(2), nullptr);
+}
+
+TEST_F(DepartTest, TheTabKeyStopsOnceInEachGroup) {
+    commence(u"CO2"_s);
+    entree("mdisposition", 4)->trigger();
+    EVENTUALLY(page().isVisible());
+    EVENTUALLY(!collections()[0]->suite().isEmpty());
+    champ().setFocus();
+    QTest::keyClick(&champ(), Qt::Key_Tab);
+    EXPECT_TRUE(collections()[0]->hasFocus());
+    QTest::keyClick(collections()[0], Qt::Key_Down);
+    QTest::keyClick(collections()[2], Qt::Key_Tab);
+    EXPECT_TRUE(page().derniers().lignes()[0]->hasFocus());
+    QTest::keyClick(page().derniers().lignes()[0], Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_TRUE(collections()[2]->hasFocus()) << "where it was";
+    QTest::keyClick(collections()[2], Qt::Key_Down);
+    EXPECT_TRUE(page().derniers().lignes()[0]->hasFocus());
+    QTest::keyClick(page().derniers().lignes()[0], Qt::Key_Up);
+    EXPECT_TRUE(collections()[2]->hasFocus());
+}
+
+TEST_F(DepartTest, ANarrowFrameHasOneColumnAndScrolls) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    ecran().showNormal();
+    ecran().resize(900, 700);
+    EVENTUALLY(collections()[10]->x() > collections()[0]->x());
+    ecran().resize(420, 400);
+    EVENTUALLY(collections()[10]->x() == collections()[0]->x());
+    EVENTUALLY(page().widget()->height() > page().viewport()->height());
+    EVENTUALLY(page().widget()->width() <= page().viewport()->width());
+    champ().setText(u"article"_s);
+    const auto* tous = page().findChild<QPushButton*>(u"touslesresultats"_s);
+    const auto* autre = page().findChild<QPushButton*>(u"recherchedetaillee"_s);
+    EVENTUALLY(tous->isVisible());
+    EVENTUALLY(autre->y() > tous->y());
+    EXPECT_LE(tous->mapTo(&page(), tous->rect().bottomRight()).x(), page().width());
+}
+
+TEST_F(DepartTest, TheProgramEndsWhileSomethingIsBeingLookedFor) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    tape(u"a"_s);
+    dialogues.answers.push_back(Bouton::Oui);
+    EXPECT_TRUE(programme->quitteprogramme());
+    QCoreApplication::processEvents();
+}

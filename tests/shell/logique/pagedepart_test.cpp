@@ -1,0 +1,48 @@
+#include "core/cle.h"
+#include "shell/logique/pagedepart.h"
+#include "shell/logique/premierzoom.h"
+
+#include <gtest/gtest.h>
+
+using namespace velm;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QString enchiffres(Texte lequel) {
+    return QString::number(static_cast<int>(lequel));
+}
+
+PageDepart pagede(const std::vector<QString>& cles, const std::vector<QString>& libelles) {
+    return pagedepart(cles, libelles, enchiffres);
+}
+
+} // namespace
+
+TEST(PageDepartTest, AllCollectionsStandInTheirOrder) {
+    const PageDepart vide = pagede({}, {});
+    ASSERT_EQ(vide.collections.size(), static_cast<std::size_t>(nombredecollections));
+    for (int indice = 0; indice < nombredecollections; ++indice)
+        EXPECT_EQ(vide.collections.at(static_cast<std::size_t>(indice)),
+                  (CollectionOfferte{indice, QString::number(10 + indice)}));
+    EXPECT_TRUE(vide.derniers.empty());
+}
+
+TEST(PageDepartTest, TheLastDocumentsLoseTheirCodeAndKeepTheirRank) {
+    const PageDepart celle = pagede({u"CL000001"_s, QString(), u"DI000002"_s, u"CO000003"_s},
+                                    {u"CL-Une  loi"_s, QString(), u"Sans code"_s, u"CO-"_s});
+    EXPECT_EQ(celle.derniers, (std::vector<DernierOffert>{{0, 3, u"Une loi"_s}, {2, 10, u"Sans code"_s}}));
+}
+
+TEST(PageDepartTest, AListThatIsShorterEndsBoth) {
+    EXPECT_EQ(pagede({u"CL000001"_s, u"CL000002"_s}, {u"CL-Une loi"_s}).derniers.size(), 1U);
+}
+
+TEST(PremierZoomTest, AWideScreenBeginsLarger) {
+    EXPECT_EQ(premierzoom(1280), 100);
+    EXPECT_EQ(premierzoom(1366), 100);
+    EXPECT_EQ(premierzoom(1499), 100);
+    EXPECT_EQ(premierzoom(1500), 125);
+    EXPECT_EQ(premierzoom(1920), 125);
+    EXPECT_EQ(premierzoom(2560), 125);
+}
