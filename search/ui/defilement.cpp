@@ -11,6 +11,11 @@ Defilement::Defilement(const QSize& utile, QWidget* parent) : QScrollArea(parent
     connect(qApp, &QApplication::focusChanged, this, &Defilement::montrefocus);
 }
 
+/// Its children go after it, and the focus with them.
+Defilement::~Defilement() {
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void Defilement::resizeEvent(QResizeEvent* evenement) {
     QScrollArea::resizeEvent(evenement);
     montrefocus();

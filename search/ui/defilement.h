@@ -10,6 +10,7 @@ class Defilement final : public QScrollArea {
 public:
     /// It would be as large as `utile` at least.
     Defilement(const QSize& utile, QWidget* parent);
+    ~Defilement() override;
 
     QSize sizeHint() const override { return utile_.expandedTo(widget()->sizeHint()); }
 
