@@ -6,6 +6,7 @@
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/look/icons.h"
 #include "shell/actions.h"
+#include "shell/logique/commandes.h"
 
 #include <QAction>
 #include <QMainWindow>

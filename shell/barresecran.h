@@ -2,7 +2,7 @@
 // The three bars of the frame: what stands on them, where they stand, and the pop-ups that move them.
 #include "core/texte.h"
 #include "platform/controls/buttonmenus.h"
-#include "shell/logique/commandes.h"
+#include "shell/logique/placesdesbarres.h"
 
 #include <QObject>
 

@@ -11,6 +11,7 @@
 #include "shell/ecrangeneral.h"
 #include "shell/fenetresannexes.h"
 #include "shell/logique/commandes.h"
+#include "shell/logique/placesdesbarres.h"
 #include "shell/recherches.h"
 #include "shell/zoomtextes.h"
 

@@ -11,6 +11,7 @@
 #include "shell/actions.h"
 #include "shell/barresecran.h"
 #include "shell/fonds.h"
+#include "shell/logique/placesdesbarres.h"
 #include "shell/menus.h"
 #include "shell/volet.h"
 

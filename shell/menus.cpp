@@ -5,6 +5,7 @@
 #include "shell/actions.h"
 #include "shell/logique/barres.h"
 #include "shell/logique/commandes.h"
+#include "shell/logique/placesdesbarres.h"
 
 #include <QAction>
 #include <QMenu>

@@ -14,6 +14,13 @@ std::vector<int>& TreeNodes::childrenOf(int parent) {
     return node ? node->children : roots_;
 }
 
+bool TreeNodes::isAbove(int above, int node) const {
+    int at = parent(node);
+    while (at != 0 && at != above)
+        at = parent(at);
+    return at != 0;
+}
+
 int TreeNodes::add(int parent, const QString& key, const QString& text, const QString& image,
                    const QString& selectedImage) {
     if ((parent != 0 && !contains(parent)) || (!key.isEmpty() && byKey_.contains(key)))

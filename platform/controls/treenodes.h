@@ -54,6 +54,7 @@ public:
     int rootCount() const { return static_cast<int>(roots_.size()); }
     int place(int node) const { return at(node).place; } ///< among its siblings, from 0
     int level(int node) const { return at(node).level; } ///< steps up to its root, which has 0
+    bool isAbove(int above, int node) const;             ///< a parent, or a parent of one
     bool expanded(int node) const { return at(node).expanded; }
 
     void setText(int node, const QString& text);

@@ -1,9 +1,8 @@
 #pragma once
 // The commands of the program in one table: how each is named, said, drawn and reached, and when it can be had. Bars,
-// menus and pop-ups are lists of them. A new button or entry is a line of the table and a place in a list.
+// menus and pop-ups are lists of them: a new button or entry is a line of the table and a place in a list.
 #include "core/ordre.h"
 #include "core/texte.h"
-#include "shell/logique/barres.h"
 
 #include <QString>
 
@@ -75,21 +74,5 @@ std::optional<Besoin> besoindunom(QStringView nom);
 
 /// What stands behind the key of a tool button. Nothing for an unknown one.
 std::optional<OrdreRang> ordredubouton(QStringView cle);
-
-// ---- the lists
-
-/// What stands on a bar: a command with all its ranks, or a separator of that name.
-struct PlaceDeBarre {
-    std::optional<Ordre> ordre;
-    QStringView separateur = {};
-};
-
-std::span<const PlaceDeBarre> placesde(Barre barre);
-/// Of the bar over the selection list.
-std::span<const PlaceDeBarre> placesdelaliste();
-/// The entries at the side of a button, from the first on; none for most.
-std::span<const Ordre> entreesdubouton(Ordre ordre);
-/// The command that puts a bar somewhere; its rank is the position.
-Ordre ordredeplace(Barre barre);
 
 } // namespace velm

@@ -1,7 +1,7 @@
 #include "platform/widgets/tree/treeview.h"
 
-#include "platform/widgets/look/look.h"
 #include "platform/widgets/tree/rowdelegate.h"
+#include "platform/widgets/tree/treeindentation.h"
 #include "platform/widgets/tree/treeviewmodel.h"
 
 #include <QHelpEvent>
@@ -10,17 +10,10 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
-#include <algorithm>
 #include <unordered_set>
+#include <utility>
 
 namespace velm {
-namespace {
-
-/// What a text deep in the tree keeps of the width, in average characters, as long as a step is no smaller than this.
-constexpr int leastCharacters = 24;
-constexpr int leastStep = look::grid;
-
-} // namespace
 
 /// Brings what the program does to the nodes into the view, and tells it from what the user does.
 class TreeView::Watch final : public TreeObserver {
@@ -68,9 +61,8 @@ public:
         }
         if (above.size() > 1)
             view.scheduleDelayedItemsLayout();
-        std::reverse(above.begin(), above.end());
-        for (const int parent : above)
-            view.setExpanded(model.indexOf(parent), true);
+        for (auto parent = above.rbegin(); parent != above.rend(); ++parent)
+            view.setExpanded(model.indexOf(*parent), true);
     }
 
     /// The children of a node are being painted: it is told after that, once.
@@ -197,12 +189,8 @@ void TreeView::userClosed(const QModelIndex& index) {
     if (watch_->program)
         return;
     // The current node does not stay where nobody sees it.
-    for (int above = nodes_.parent(nodeOf(currentIndex())); above != 0; above = nodes_.parent(above)) {
-        if (above == node) {
-            setCurrentIndex(index);
-            break;
-        }
-    }
+    if (nodes_.isAbove(node, nodeOf(currentIndex())))
+        setCurrentIndex(index);
     emit collapsed(node);
 }
 
@@ -225,14 +213,8 @@ void TreeView::openLoaded(int node) {
     }
 }
 
-/// Each level as far to the right as the picture above it, or less where the deepest texts would have no room.
 void TreeView::indent() {
-    const int picture = gridlook::iconEdge(fontMetrics());
-    const int text = leastCharacters * fontMetrics().averageCharWidth() + gridlook::rowHeight(fontMetrics());
-    const int step = (viewport()->width() - text) / (watch_->deepest + 1);
-    const int usual = picture + look::grid;
-    const int least = std::min(leastStep, viewport()->width() / 2 / (watch_->deepest + 1));
-    const int wanted = std::clamp(step, least, usual);
+    const int wanted = treeIndentation(fontMetrics(), viewport()->width(), watch_->deepest);
     if (wanted != indentation())
         setIndentation(wanted);
 }
@@ -283,8 +265,7 @@ void TreeView::changeEvent(QEvent* event) {
 }
 
 void TreeView::takeFont() {
-    const int edge = gridlook::iconEdge(fontMetrics());
-    setIconSize({edge, edge});
+    setIconSize(QSize(1, 1) * gridlook::iconEdge(fontMetrics()));
     indent();
     scheduleDelayedItemsLayout();
 }

@@ -72,6 +72,20 @@ TEST_F(TreeNodesTest, ANodeIsReachedByItsKeyAndItsKin) {
     EXPECT_EQ(nodes.level(4), 2);
 }
 
+TEST_F(TreeNodesTest, WhatIsAboveANodeIsAllTheWayToItsRoot) {
+    const int root = add(0, u"A"_s);
+    const int child = add(root, u"B"_s);
+    const int leaf = add(child, u"C"_s);
+    const int other = add(root, u"D"_s);
+    EXPECT_TRUE(nodes.isAbove(root, leaf));
+    EXPECT_TRUE(nodes.isAbove(child, leaf));
+    EXPECT_FALSE(nodes.isAbove(other, leaf));
+    EXPECT_FALSE(nodes.isAbove(leaf, leaf));
+    EXPECT_FALSE(nodes.isAbove(leaf, root));
+    EXPECT_FALSE(nodes.isAbove(0, root)) << "above a root there is nothing";
+    EXPECT_FALSE(nodes.isAbove(root, 0));
+}
+
 TEST_F(TreeNodesTest, AKeyInUseIsRefused) {
     add(0, u"A"_s);
     add(1, u"B"_s);

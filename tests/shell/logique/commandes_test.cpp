@@ -2,6 +2,7 @@
 #include "core/cle.h"
 #include "core/langue.h"
 #include "shell/logique/commandes.h"
+#include "shell/logique/placesdesbarres.h"
 
 #include <QSet>
 
