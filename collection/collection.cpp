@@ -98,7 +98,7 @@ QString phrase(const Probleme& probleme, const Libelles& texte) {
         arguments << raison(probleme.obstacle, QString(), texte);
     QString rempli = remplace(texte(probleme.texte), arguments);
     if (probleme.avertissement)
-        rempli = texte(marqueavertissement) + u" : "_s + rempli;
+        rempli = remplace(texte(Texte::LigneEtiquetee), {texte(marqueavertissement), rempli});
     if (probleme.fichier.isEmpty() || probleme.ligne == 0)
         return rempli;
     const QStringList place{probleme.fichier, QString::number(probleme.ligne), rempli};

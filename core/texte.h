@@ -588,7 +588,11 @@ enum class Texte : int {
     SorteDossier = 9784,
     SorteFichier = 9785,
     SorteLecteur = 9786,
-    SorteFichierSansExtension = 9787
+    SorteFichierSansExtension = 9787,
+    LigneEtiquetee = 9788,
+    ToucheEntree = 9789,
+    RegrouperSansRepetition = 9790,
+    TrouvePour = 9791
 };
 
 // ---- texts by their rank

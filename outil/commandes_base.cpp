@@ -203,13 +203,15 @@ int info(Contexte& contexte) {
         contexte.ecrit(jsonligne(QJsonDocument(objet)));
         return Reussite;
     }
-    const auto ecrit = [&](const QString& nom, const QString& valeur) { contexte.ligne(nom + u" : "_s + valeur); };
+    const auto ecrit = [&](const QString& nom, const QString& valeur) {
+        contexte.ligne(contexte.texte(Texte::LigneEtiquetee, {nom, valeur}));
+    };
     ecrit(contexte.texte(Texte::InfoBase), chemin);
-    ecrit(contexte.texte(Texte::InfoTaille), QString::number(taille));
+    ecrit(contexte.texte(Texte::InfoTaille), contexte.nombre(taille));
     ecrit(contexte.texte(Texte::InfoLectureSeule), contexte.texte(corpus.updatable() ? Texte::MotNon : Texte::MotOui));
     for (const auto& compte : comptes) {
         if (compte.table.usable())
-            ecrit(contexte.texte(compte.libelle), QString::number(compte.table.recordCount()));
+            ecrit(contexte.texte(compte.libelle), contexte.nombre(compte.table.recordCount()));
         else
             contexte.ligne(contexte.texte(Texte::InfoTableAbsente, {compte.table.table()}));
     }
@@ -217,7 +219,7 @@ int info(Contexte& contexte) {
         contexte.ligne(contexte.texte(Texte::InfoTableAbsente, {corpus.parametres().table()}));
     for (int indice = 0; comptees && indice < nombredecollections; ++indice)
         ecrit(typedindice(indice) + u' ' + contexte.texte(libelledefenetre(indice)),
-              QString::number(collections.value(typedindice(indice)).toInteger()));
+              contexte.nombre(collections.value(typedindice(indice)).toInteger()));
     return Reussite;
 }
 

@@ -62,9 +62,9 @@ void ecritproblemes(Contexte& contexte, const ResultatCompilation& resultat) {
     if (resultat.problemes.size() > problemesaffiches)
         contexte.erreur(contexte.texte(Texte::TropDeProblemes, {QString::number(problemesaffiches)}));
     if (resultat.erreurs() > 0)
-        contexte.erreur(contexte.texte(Texte::NombreDErreurs, {QString::number(resultat.erreurs())}));
+        contexte.erreur(contexte.texte(Texte::NombreDErreurs, {contexte.nombre(resultat.erreurs())}));
     if (resultat.avertissements() > 0)
-        contexte.erreur(contexte.texte(Texte::NombreDAvertissements, {QString::number(resultat.avertissements())}));
+        contexte.erreur(contexte.texte(Texte::NombreDAvertissements, {contexte.nombre(resultat.avertissements())}));
 }
 
 int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QString& base, bool json) {
@@ -84,8 +84,8 @@ int conclut(Contexte& contexte, const ResultatCompilation& resultat, const QStri
     }
     if (!json) {
         const ComptesDeBase& c = resultat.comptes;
-        contexte.ligne(contexte.texte(Texte::BilanDeCompilation, {QString::number(c.documents),
-                                                                  QString::number(c.liens), QString::number(c.mots)}));
+        contexte.ligne(contexte.texte(Texte::BilanDeCompilation, {contexte.nombre(c.documents),
+                                                                  contexte.nombre(c.liens), contexte.nombre(c.mots)}));
         contexte.ligne(contexte.texte(Texte::BaseEcrite, {base, QString::number(resultat.secondes, 'f', 1)}));
     }
     return Reussite;

@@ -169,7 +169,7 @@ QStringList criteresenlignes(Contexte& contexte, const FichierCriteres& f) {
     QStringList ecrites;
     for (const auto& [nom, valeur] : lignes) {
         if (!valeur.isEmpty())
-            ecrites << contexte.texte(nom) + u" : "_s + valeur;
+            ecrites << contexte.texte(Texte::LigneEtiquetee, {contexte.texte(nom), valeur});
     }
     return ecrites;
 }

@@ -1,5 +1,6 @@
 #include "outil/sortie.h"
 
+#include "core/nombres.h"
 #include "core/obstacles.h"
 
 #include <cstdio>
@@ -11,6 +12,10 @@ Contexte::Contexte(Langue& langue, QString dossierprogramme)
 
 QString Contexte::texte(Texte lequel, const QStringList& parties) {
     return remplace(texte(lequel), parties);
+}
+
+QString Contexte::nombre(qint64 compte) {
+    return nombreecrit(compte, [this](Texte lequel) { return texte(lequel); });
 }
 
 void Contexte::ecrit(QByteArrayView octets) const {

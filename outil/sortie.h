@@ -37,6 +37,8 @@ public:
 
     QString texte(Texte lequel) { return langue_.lireressource(lequel); }
     QString texte(Texte lequel, const QStringList& parties);
+    /// A count as it is read by people.
+    QString nombre(qint64 compte);
     Langue& langue() { return langue_; }
     QString dossierprogramme() const { return dossierprogramme_; }
 

@@ -14,6 +14,7 @@
 #include "shell/fenetresannexes.h"
 #include "shell/lignedetat.h"
 #include "shell/logique/premierzoom.h"
+#include "shell/motsdesoutils.h"
 #include "shell/recherches.h"
 #include "shell/selection.h"
 #include "shell/volet.h"
@@ -21,7 +22,6 @@
 
 #include <QCoreApplication>
 #include <QIcon>
-#include <QLibraryInfo>
 #include <QScreen>
 #include <QTimer>
 
@@ -63,7 +63,7 @@ void CadrePrincipal::effacereconstructions() {
 QString CadrePrincipal::chargeprincipale() {
     const MondeExterieur& monde = donnees_.monde;
     const auto texte = [this](Texte numero) { return this->texte(numero); };
-    traduitoutils();
+    motsdesoutils_ = std::make_unique<MotsDesOutils>(donnees_.seance.parametres().extensionlangue, texte);
     ecran_ = std::make_unique<Ecrangeneral>(texte);
     ecran_->setWindowIcon(QIcon(u":/velmorante.svg"_s));
     ecran_->avantfermeture = [this] { return donnees_.fin.quitteprogramme(); };
@@ -156,12 +156,6 @@ void CadrePrincipal::suitdevant() {
         return;
     if (std::exchange(devant_, devant) != devant && !volet.isVisible())
         ecran_->dit({});
-}
-
-void CadrePrincipal::traduitoutils() {
-    const QString langue = donnees_.seance.parametres().extensionlangue.toLower();
-    if (motsdesoutils_.load(u"qtbase_"_s + langue, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(&motsdesoutils_);
 }
 
 void CadrePrincipal::remonte() {

@@ -13,7 +13,6 @@
 #include "shell/mondeexterieur.h"
 
 #include <QObject>
-#include <QTranslator>
 
 #include <array>
 #include <memory>
@@ -30,6 +29,7 @@ class FabriqueTextes;
 class FenetreFille;
 class FenetresAnnexes;
 class LigneDEtat;
+class MotsDesOutils;
 class Recherches;
 class Selection;
 class ZoomTextes;
@@ -84,11 +84,10 @@ private:
     void chargecommandes();
     void chargedevant();
     void suitdevant();
-    void traduitoutils(); ///< what the toolkit itself says follows the program's language
 
     Donnees donnees_;
     EtatBarres barres_;
-    QTranslator motsdesoutils_;
+    std::unique_ptr<MotsDesOutils> motsdesoutils_;
     std::array<bool, nombredefenetres> rafraichir_{}; ///< by slot: shown again at the next focus
     std::unique_ptr<FabriqueTextes> fabrique_;        ///< outlives the frame, in which its windows are
     std::unique_ptr<Ecrangeneral> ecran_;

@@ -222,7 +222,10 @@ TEST_F(Compilation, ASourceWithoutDocumentsIsTold) {
 TEST_F(Compilation, AProblemBecomesASentence) {
     const auto textes = [](Texte lequel) {
         const int id = static_cast<int>(lequel);
-        return id == 9340 ? u"%1, ligne %2 : %3"_s : id == 9379 ? u"avertissement"_s : u"le nœud %1 est à %2"_s;
+        return id == 9340   ? u"%1, ligne %2 : %3"_s
+               : id == 9788 ? u"%1 : %2"_s
+               : id == 9379 ? u"avertissement"_s
+                            : u"le nœud %1 est à %2"_s;
     };
     const Probleme p{Texte{9361}, true, u"a.jsonl"_s, 12, {u"7 %2"_s, u"EU"_s}};
     EXPECT_EQ(phrase(p, textes), u"a.jsonl, ligne 12 : avertissement : le nœud 7 %2 est à EU"_s);

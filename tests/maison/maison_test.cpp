@@ -245,6 +245,23 @@ TEST(Maison, TextsAreKnownByName) {
     }
 }
 
+TEST(Maison, SignsStandInTheTexts) {
+    // What a language wants before its signs, and which it has, is in its file.
+    static const QRegularExpression sign(
+        uR"re(\bu"(?:[ \u00A0]+[?!:;]|[?!:;][ \u00A0]+|\.\.\.)(?: |\\r|\\n)*"|\+ u'[?!;]')re"_s);
+    // Forms that are fixed: the steps of the start, the lines of a search by words, a tool tip; documents made up, and
+    // files of the desktop.
+    static const QStringList fixed{u"shell/logique/seance.cpp"_s,      u"search/recherchedico.cpp"_s,
+                                   u"document/ui/blocrecherche.cpp"_s, u"document/ui/barretextes.cpp"_s,
+                                   u"collection/synthese.cpp"_s,       u"core/extensions.cpp"_s};
+    for (const Source& source : sources()) {
+        if (source.path.startsWith(u"platform/") || fixed.contains(source.path))
+            continue;
+        const auto match = sign.match(source.text);
+        EXPECT_FALSE(match.hasMatch()) << source.path.toStdString() << ": " << match.captured().toStdString();
+    }
+}
+
 TEST(Maison, EachNameOfATextIsSaid) {
     static const QRegularExpression name(u"^ +(\\w+) = \\d+,?$"_s, QRegularExpression::MultilineOption);
     static const QRegularExpression use(u"\\bTexte::(\\w+)"_s);

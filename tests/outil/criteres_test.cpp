@@ -97,9 +97,10 @@ TEST_F(OutilCriteresTest, ACriteriaFileIsShown) {
     const Sortie texte = lance({u"cv2"_s, chemin});
     EXPECT_EQ(texte.code, 0);
     for (const QString& ligne :
-         {u"Collections : CO JP"_s, u"Mots : vente"_s, u"Recherche rapide : rapide"_s, u"Mot clé : (Tous)"_s,
-          u"Type : Arrêt"_s, u"Date : 2/2003"_s, u"Lieux : Titre, Source"_s, u"Premier texte : crédit (Mot entier)"_s,
-          u"CO000001\tTitre un"_s, u"JP000007\tTitre sept"_s, u"2 documents"_s})
+         {u"Collections\u00A0: CO JP"_s, u"Mots\u00A0: vente"_s, u"Recherche rapide\u00A0: rapide"_s,
+          u"Mot clé\u00A0: (Tous)"_s, u"Type\u00A0: Arrêt"_s, u"Date\u00A0: 2/2003"_s, u"Lieux\u00A0: Titre, Source"_s,
+          u"Premier texte\u00A0: crédit (Mot entier)"_s, u"CO000001\tTitre un"_s, u"JP000007\tTitre sept"_s,
+          u"2 documents"_s})
         EXPECT_TRUE(texte.texte.split(u'\n').contains(ligne)) << qPrintable(ligne) << '\n' << qPrintable(texte.texte);
     const Sortie json = lance({u"cv2"_s, chemin, u"--json"_s});
     EXPECT_EQ(cles(json), QStringList({u"CO000001"_s, u"JP000007"_s}));
