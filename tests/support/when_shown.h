@@ -9,7 +9,7 @@
 namespace velm::test {
 
 template <typename Dialog>
-std::unique_ptr<QTimer> whenShown(std::function<void(Dialog&)> act) {
+[[nodiscard]] std::unique_ptr<QTimer> whenShown(std::function<void(Dialog&)> act) {
     auto timer = std::make_unique<QTimer>();
     QObject::connect(timer.get(), &QTimer::timeout, timer.get(), [timer = timer.get(), act = std::move(act)] {
         auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
