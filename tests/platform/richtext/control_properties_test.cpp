@@ -1,4 +1,4 @@
-#include "platform/richtext/control.h"
+#include "control_support.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -7,18 +7,8 @@
 namespace velm {
 namespace {
 
-class RichTextControlProperties : public ::testing::Test {
-protected:
-    void load(QStringView text) { control.setText(text); }
-    void select(qsizetype start, qsizetype length) {
-        control.setSelStart(start);
-        control.setSelLength(length);
-    }
-    RichTextControl control;
-};
-
-using CharacterProperties = RichTextControlProperties;
-using ParagraphProperties = RichTextControlProperties;
+using CharacterProperties = test::RichTextControlTest;
+using ParagraphProperties = test::RichTextControlTest;
 
 // ---- character properties
 

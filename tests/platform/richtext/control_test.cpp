@@ -1,4 +1,4 @@
-#include "platform/richtext/control.h"
+#include "control_support.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,19 +16,9 @@ struct Heard : RichTextObserver {
     std::vector<int> counts() const { return {texts, selections, properties}; }
 };
 
-class RichTextControlTest : public ::testing::Test {
-protected:
-    void load(QStringView text) { control.setText(text); }
-    void select(qsizetype start, qsizetype length) {
-        control.setSelStart(start);
-        control.setSelLength(length);
-    }
-    RichTextControl control;
-};
-
-using Content = RichTextControlTest;
-using Selection = RichTextControlTest;
-using Telling = RichTextControlTest;
+using Content = test::RichTextControlTest;
+using Selection = test::RichTextControlTest;
+using Telling = test::RichTextControlTest;
 
 // ---- content
 

@@ -1,6 +1,4 @@
-#include "platform/richtext/richtext.h"
-
-#include <QStringList>
+#include "richtext_support.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -9,38 +7,7 @@
 namespace velm {
 namespace {
 
-CharFormat bold() {
-    CharFormat format;
-    format.bold = true;
-    return format;
-}
-
-ParaFormat indented(int twips) {
-    ParaFormat format;
-    format.startIndent = twips;
-    return format;
-}
-
-RichText plain(QStringView text) {
-    RichText result;
-    result.replace(0, 0, text);
-    return result;
-}
-
-/// Paragraphs indented by 1, 2, 3 … twips.
-RichText numbered(const QStringList& paragraphs) {
-    RichText result;
-    for (qsizetype i = 0; i < paragraphs.size(); ++i) {
-        const bool last = i + 1 == paragraphs.size();
-        result.append(last ? paragraphs[i] : paragraphs[i] + QStringLiteral("\r\n"), 0,
-                      result.intern(indented(static_cast<int>(i) + 1)));
-    }
-    return result;
-}
-
-int indentAt(const RichText& text, qsizetype position) {
-    return text.paraFormatAt(position).startIndent;
-}
+using namespace test;
 
 // ---- reading
 
