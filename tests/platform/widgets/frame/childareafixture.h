@@ -4,6 +4,7 @@
 #include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/frame/childareaplaces.h"
 #include "tests/support/eventually.h"
+#include "tests/support/show_in_front.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -66,12 +67,7 @@ protected:
         frame.resize(900, 700);
     }
 
-    void showFrame() {
-        frame.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&frame));
-        frame.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&frame));
-    }
+    void showFrame() { test::showInFront(frame); }
 
     Child* add(const QString& title = u"Fenêtre"_s) {
         auto* child = new Child;

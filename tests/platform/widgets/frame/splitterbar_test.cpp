@@ -1,5 +1,6 @@
 #include "platform/widgets/frame/splitterbar.h"
 #include "platform/widgets/look/look.h"
+#include "tests/support/show_in_front.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -22,10 +23,7 @@ protected:
             steps.push_back(position);
             place(position);
         });
-        window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        test::showInFront(window);
     }
 
     void place(int position) {

@@ -1,6 +1,7 @@
 #include "platform/widgets/frame/splitterbar.h"
 #include "platform/widgets/frame/splitterkeys.h"
 #include "tests/support/eventually.h"
+#include "tests/support/show_in_front.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -21,10 +22,7 @@ protected:
         lower.setGeometry(0, 200, 400, SplitterBar::thickness);
         upper.setGeometry(0, 100, 400, SplitterBar::thickness);
         upright.setGeometry(150, 0, SplitterBar::thickness, 100);
-        window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        test::showInFront(window);
         field.setFocus();
     }
     QWidget* pressed() {

@@ -2,6 +2,7 @@
 // A bar with a button of each kind, in a frame with a field.
 #include "platform/widgets/frame/toolbar.h"
 #include "tests/support/eventually.h"
+#include "tests/support/show_in_front.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -40,12 +41,7 @@ protected:
         bar->dock(frame, 1);
     }
 
-    void showFrame() {
-        frame.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&frame));
-        frame.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&frame));
-    }
+    void showFrame() { test::showInFront(frame); }
     void click(const QString& key) {
         QToolButton* button = bar->widget(key);
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));

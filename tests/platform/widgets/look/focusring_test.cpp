@@ -1,6 +1,7 @@
 #include "platform/widgets/look/focusring.h"
 #include "tests/support/contrast.h"
 #include "tests/support/eventually.h"
+#include "tests/support/show_in_front.h"
 #include "tests/support/styleofprogram.h"
 
 #include <QCheckBox>
@@ -35,10 +36,7 @@ protected:
     ~FocusRingTest() override { delete ring; }
 
     static void show(QWidget& shown) {
-        shown.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&shown));
-        shown.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
+        test::showInFront(shown);
         if (QWidget* chosen = shown.focusWidget())
             chosen->clearFocus(); // a window that comes up chooses one
     }
