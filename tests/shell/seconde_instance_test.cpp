@@ -6,31 +6,16 @@
 
 using namespace velm;
 
-namespace {
-
-class SecondeInstance : public test::ProgrammeTest {
-protected:
-    OptionsProgramme options(const QString& ligne) const {
-        OptionsProgramme o;
-        o.dossierprogramme = dossier.path();
-        o.fichierprogramme = dossier.filePath(QStringLiteral("velm2000"));
-        o.lignedecommande = ligne;
-        o.fichierreglages = dossier.filePath(QStringLiteral("reglages.ini"));
-        o.dossierinstance = dossier.path();
-        o.dossierdonnees = dossier.filePath(QStringLiteral("donnees"));
-        return o;
-    }
-};
-
-} // namespace
+using SecondeInstance = test::ProgrammeTest;
 
 TEST_F(SecondeInstance, ShowsTheFirstAndDropsItsCommandLine) {
     ASSERT_EQ(demarre(QStringLiteral("CO1")), Demarrage::EnMarche);
     programme->ecran()->showMinimized();
     ASSERT_TRUE(programme->ecran()->isMinimized());
 
-    Programme seconde(options(QStringLiteral("CO2")), MondeExterieur{dialogues, navigateur, processus, sablier,
-                                                                     pressepapiers, courrier, imprimante, lecteurs});
+    Programme seconde(
+        optionsprogramme(QStringLiteral("CO2")),
+        MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante, lecteurs});
     EXPECT_EQ(seconde.demarre(), Demarrage::AutreInstance);
     EXPECT_EQ(seconde.ecran(), nullptr);
     EXPECT_FALSE(seconde.corpus().connecte());
@@ -45,8 +30,8 @@ TEST_F(SecondeInstance, AFrameMadeAnIconComesBackAsLargeAsItWas) {
     ASSERT_TRUE(programme->ecran()->isMaximized());
     programme->ecran()->setWindowState(Qt::WindowMaximized | Qt::WindowMinimized);
     ASSERT_TRUE(programme->ecran()->isMinimized());
-    Programme seconde(options(QString()), MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers,
-                                                         courrier, imprimante, lecteurs});
+    Programme seconde(optionsprogramme(QString()), MondeExterieur{dialogues, navigateur, processus, sablier,
+                                                                  pressepapiers, courrier, imprimante, lecteurs});
     EXPECT_EQ(seconde.demarre(), Demarrage::AutreInstance);
     EVENTUALLY(!programme->ecran()->isMinimized());
     EXPECT_TRUE(programme->ecran()->isMaximized());
@@ -84,7 +69,7 @@ TEST_F(SecondeInstance, AKilledProgramLeavesNothingBehindThatKeepsTheNextFromSta
     const auto handle = [&] { return ReglagesStore(reglages).get(u"HWND", u"HWnd"); };
     EVENTUALLY_WITHIN(milliseconds, !handle().isEmpty());
 
-    OptionsProgramme suivante = options(QStringLiteral("JP7"));
+    OptionsProgramme suivante = optionsprogramme(QStringLiteral("JP7"));
     suivante.fichierreglages = reglages;
     const MondeExterieur monde{dialogues,     navigateur, processus,  sablier,
                                pressepapiers, courrier,   imprimante, lecteurs};
