@@ -1,16 +1,11 @@
 // The road of one request: two words, the list, a document with its marks, and what else a hand does on the way.
-#include "document/ui/textes.h"
-#include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "platform/widgets/text/richtextbox.h"
 #include "search/ui/frmvelmorselect.h"
-#include "shell/ecrangeneral.h"
 #include "shell/recherches.h"
 #include "shell/selection.h"
 #include "shell/volet.h"
-#include "tests/e2e/host.h"
-#include "tests/e2e/robot.h"
-#include "tests/e2e/thread.h"
+#include "tests/e2e/hosted.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -25,32 +20,20 @@
 #include <QTemporaryDir>
 #include <QToolButton>
 
-#include <gtest/gtest.h>
-
 namespace velm::e2e {
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 constexpr int markColour = 0x002E5C; // as the publisher gives it
 
-class Finding : public testing::Test {
+class Finding : public Hosted {
 protected:
     void SetUp() override { begin({}); }
     /// On the collection of a base, or on the sample.
     void begin(const QString& base) {
-        inProgram([&] { host = std::make_unique<Host>(base); });
-        ASSERT_TRUE(host->isReady());
-        host->setSetting(u"OPTIONS", u"TIPS", u"0"_s);
+        ASSERT_NO_FATAL_FAILURE(layOut(base));
         host->setSetting(u"GENERALITES", u"CHECKQUIT", u"1"_s);
-        ASSERT_EQ(inProgram([this] { return host->start(); }), Demarrage::EnMarche);
-        ASSERT_TRUE(becomes([this] { return host->frame()->isVisible() && host->frame()->isActiveWindow(); }));
-    }
-    void TearDown() override {
-        if (HasFailure())
-            photo(u"echec-"_s + QString::fromUtf8(testing::UnitTest::GetInstance()->current_test_info()->name()));
-        inProgram([this] { host.reset(); });
+        start();
     }
 
     // ---- what is looked at; in the program's thread
@@ -62,9 +45,6 @@ protected:
     Spot command(const QString& name) const { return Spot::named(host->bar(u"barrecommande"_s), name); }
     Spot listTool(const QString& name) const {
         return Spot::named(&host->frame()->pieces().volet.recherchetoolbar(), name);
-    }
-    Spot tool(const QString& name) const {
-        return host->front() ? Spot::named(&host->front()->barrechild(), name) : Spot();
     }
     Spot tab(int number) const {
         auto* tabs = form() ? form()->findChild<QTabWidget*>(u"ongletrecherche"_s) : nullptr;
@@ -122,8 +102,6 @@ protected:
         ASSERT_NO_FATAL_FAILURE(searchWords(u"vendeur garantie"_s, u"21-mots"_s));
         photo(u"22-liste"_s);
     }
-
-    std::unique_ptr<Host> host;
 };
 
 /// On the real collection, where it is at hand.

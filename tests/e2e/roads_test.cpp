@@ -1,18 +1,13 @@
 #include "document/ui/listedeliens.h"
 #include "document/ui/panneautextes.h"
-#include "document/ui/textes.h"
 #include "document/ui/voletliens.h"
 #include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/frame/splitterbar.h"
-#include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "platform/widgets/text/richtextbox.h"
 #include "platform/widgets/tree/treeview.h"
 #include "shell/bureau.h"
-#include "shell/ecrangeneral.h"
-#include "tests/e2e/host.h"
-#include "tests/e2e/robot.h"
-#include "tests/e2e/thread.h"
+#include "tests/e2e/hosted.h"
 
 #include <QMdiSubWindow>
 #include <QMessageBox>
@@ -21,32 +16,16 @@
 #include <QTableView>
 #include <QTextBlock>
 
-#include <gtest/gtest.h>
-
 namespace velm::e2e {
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 /// A test that starts and ends the program with its own hands.
-class Roads : public testing::Test {
+class Roads : public Hosted {
 protected:
     void SetUp() override {
-        inProgram([this] { host = std::make_unique<Host>(); });
-        ASSERT_TRUE(host->isReady());
-        host->setSetting(u"OPTIONS", u"TIPS", u"0"_s);
+        ASSERT_NO_FATAL_FAILURE(layOut());
         host->setSetting(u"GENERALITES", u"RESTAUREFEN", u"1"_s);
-    }
-    void TearDown() override {
-        if (HasFailure())
-            photo(u"echec-"_s + QString::fromUtf8(testing::UnitTest::GetInstance()->current_test_info()->name()));
-        inProgram([this] { host.reset(); });
-    }
-
-    void start() {
-        ASSERT_EQ(inProgram([this] { return host->start(); }), Demarrage::EnMarche);
-        ASSERT_TRUE(becomes([this] { return host->frame()->isVisible() && host->frame()->isActiveWindow(); }));
     }
 
     /// Asks to quit by the keyboard, and answers.
@@ -67,10 +46,7 @@ protected:
     /// A button of the frame's bars.
     Spot command(const QString& name) const { return Spot::named(host->bar(u"barrecommande"_s), name); }
     Spot slot(const QString& name) const { return Spot::named(host->bar(u"barreécran"_s), name); }
-    /// A button of the bar of the window in front, or another of its controls.
-    Spot tool(const QString& name) const {
-        return host->front() ? Spot::named(&host->front()->barrechild(), name) : Spot();
-    }
+    /// A control of the window in front.
     Spot inFront(const QString& name) const { return Spot::named(host->front(), name); }
 
     /// A node of the tree in front, by the beginning of its text; scrolled to nothing, seen or not.
@@ -148,8 +124,6 @@ protected:
         ASSERT_TRUE(touch([&] { return words(link); })) << link.toStdString();
         ASSERT_TRUE(becomes([&] { return shows(target); })) << target.toStdString();
     }
-
-    std::unique_ptr<Host> host;
 };
 
 } // namespace

@@ -1,47 +1,27 @@
 // Real keys and clicks on the document windows: which control has the focus, what a window leaves behind that closes,
 // and what the next run makes of the places.
 #include "document/ui/panneautextes.h"
-#include "document/ui/textes.h"
 #include "platform/widgets/frame/childarea.h"
-#include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/text/richtextbox.h"
 #include "platform/widgets/tree/treeview.h"
 #include "shell/bureau.h"
-#include "shell/ecrangeneral.h"
 #include "shell/volet.h"
-#include "tests/e2e/host.h"
-#include "tests/e2e/robot.h"
-#include "tests/e2e/thread.h"
+#include "tests/e2e/hosted.h"
 
 #include <QMdiSubWindow>
 #include <QMenuBar>
 
-#include <gtest/gtest.h>
-
 namespace velm::e2e {
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-class Windows : public testing::Test {
+class Windows : public Hosted {
 protected:
     void SetUp() override {
-        inProgram([this] { host = std::make_unique<Host>(); });
-        ASSERT_TRUE(host->isReady());
-        host->setSetting(u"OPTIONS", u"TIPS", u"0"_s);
+        ASSERT_NO_FATAL_FAILURE(layOut());
         host->setSetting(u"GENERALITES", u"CHECKQUIT", u"1"_s);
         host->setSetting(u"GENERALITES", u"RESTAUREFEN", u"1"_s);
         ASSERT_NO_FATAL_FAILURE(start());
-    }
-    void TearDown() override {
-        if (HasFailure())
-            photo(u"echec-"_s + QString::fromUtf8(testing::UnitTest::GetInstance()->current_test_info()->name()));
-        inProgram([this] { host.reset(); });
-    }
-    void start() {
-        ASSERT_EQ(inProgram([this] { return host->start(); }), Demarrage::EnMarche);
-        ASSERT_TRUE(becomes([this] { return host->frame()->isVisible() && host->frame()->isActiveWindow(); }));
     }
     void quit() {
         key(u"ctrl+q"_s);
@@ -59,9 +39,6 @@ protected:
         return host->front() && host->front()->referencecourante() == document && host->front()->isActiveWindow();
     }
     QMdiSubWindow* window() const { return host->frame()->pieces().aire.around(host->front()); }
-    Spot tool(const QString& name) const {
-        return host->front() ? Spot::named(&host->front()->barrechild(), name) : Spot();
-    }
     Spot title() const { return {window(), QRect(window()->width() / 2, 4, 8, 8)}; }
     /// The three small buttons that a maximised window puts into the menu bar: down, back, away.
     Spot corner(int number) const {
@@ -69,8 +46,6 @@ protected:
         const int width = buttons ? buttons->width() / 3 : 0;
         return {buttons, buttons ? QRect(width * number, 0, width, buttons->height()) : QRect()};
     }
-
-    std::unique_ptr<Host> host;
 };
 
 } // namespace
