@@ -58,6 +58,12 @@ function(velm_pch target kind)
   endif()
 endfunction()
 
+# A build from nothing spends most of its time on the same headers and templates again: some files are one unit then.
+# No two files of a room have a name of their own in common, so that any of them can stand together.
+function(velm_units target size)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ${VELM_UNITY} UNITY_BUILD_BATCH_SIZE ${size})
+endfunction()
+
 # velm_logic(NAME files... [LINK libs...]): a room's logic; no Qt beyond Core unless linked by name.
 function(velm_logic name)
   cmake_parse_arguments(A "" "" "LINK" ${ARGN})
@@ -70,6 +76,7 @@ function(velm_logic name)
     endif()
   endforeach()
   velm_pch(${name} core)
+  velm_units(${name} 8)
 endfunction()
 
 # velm_ui(NAME files... [LINK libs...]): a room's windows.
@@ -79,6 +86,7 @@ function(velm_ui name)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PUBLIC velm_flags Qt6::Widgets ${A_LINK})
   velm_pch(${name} widgets)
+  velm_units(${name} 8)
 endfunction()
 
 # Two thirds of what is compiled are tests, which run once: they are compiled for the compiler's time. Rooms stay as users get them.
@@ -105,8 +113,7 @@ function(velm_tests name)
     target_link_libraries(tests_${name} PRIVATE velm_test_flags Qt6::Core ${A_LINK})
     velm_pch(tests_${name} tests_core)
   endif()
-  # A build from nothing spends most of its time on the same headers and templates in each test: some are one unit then.
-  set_target_properties(tests_${name} PROPERTIES UNITY_BUILD ${VELM_UNITY} UNITY_BUILD_BATCH_SIZE 6)
+  velm_units(tests_${name} 12)
   target_compile_definitions(tests_${name} PRIVATE VELM_SOURCE_DIR="${CMAKE_SOURCE_DIR}" VELM_BINARY_DIR="${CMAKE_BINARY_DIR}")
   if(NOT A_PARTS)
     set(A_PARTS 1)

@@ -1,11 +1,11 @@
 #include "collection/balisage.h"
 
+#include "collection/document.h"
+
 #include <algorithm>
 
 namespace velm {
 namespace {
-
-constexpr qsizetype longueurextrait = 40;
 
 class Decoupe {
 public:

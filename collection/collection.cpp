@@ -20,7 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 constexpr auto cadre = Texte::ProblemeDansFichier;
 constexpr auto cadreducorps = Texte::ProblemeDansCorps;
 constexpr auto marqueavertissement = Texte::Avertissement;
-constexpr double millisecondesparseconde = 1000;
+constexpr double msparseconde = 1000;
 
 /// Problems by file and line; those of one line as they were found.
 void classe(Problemes& problemes) {
@@ -88,7 +88,7 @@ ResultatCompilation compile(const QString& source, const QString& base, const Pr
         progres(Etape::Lecture, 0, 0);
     const SourceDossier dossier(source);
     ResultatCompilation resultat = fabrique(dossier, base, dossier.problemes(), progres, textes);
-    resultat.secondes = static_cast<double>(temps.elapsed()) / millisecondesparseconde;
+    resultat.secondes = static_cast<double>(temps.elapsed()) / msparseconde;
     return resultat;
 }
 

@@ -12,11 +12,10 @@ namespace velm {
 namespace {
 
 /// A shown text stops growing here, as a displayed one does.
-constexpr qsizetype longueurmaximale = qsizetype{8} * 1024 * 1024;
+constexpr qsizetype longueurmaximaledutexte = qsizetype{8} * 1024 * 1024;
 /// Inclusions add no more to a text that is longer than this: included in each other ten times, ten times over, a few
 /// short documents would otherwise fill any memory.
 constexpr qsizetype longueuravecinclusions = qsizetype{1024} * 1024;
-constexpr qsizetype longueurextrait = 40;
 
 constexpr int apresrangee = 60;
 constexpr int aprestableau = 180;
@@ -245,7 +244,7 @@ void FaiseurDeCorps::tableau(const std::vector<QStringView>& rangees) {
 }
 
 void FaiseurDeCorps::montre(QStringView texte) {
-    if (resultat_->montre.size() + texte.size() <= longueurmaximale)
+    if (resultat_->montre.size() + texte.size() <= longueurmaximaledutexte)
         resultat_->montre.append(texte);
 }
 

@@ -14,6 +14,9 @@
 
 namespace velm {
 
+/// A problem quotes no more characters of a text than this.
+inline constexpr qsizetype longueurextrait = 40;
+
 /// What is wrong with a source. The text belongs to the caller: `texte` with `arguments`.
 struct Probleme {
     Texte texte{};

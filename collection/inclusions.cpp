@@ -6,7 +6,7 @@
 namespace velm {
 namespace {
 
-enum class Etat : quint8 { Neuf, EnCours, Fini };
+enum class EtatDeLInclusion : quint8 { Neuf, EnCours, Fini };
 
 struct Pas {
     std::size_t document;
@@ -26,17 +26,17 @@ BoucleDInclusions boucle(const std::vector<Pas>& chemin, std::size_t retour) {
 
 std::vector<BoucleDInclusions> bouclesdinclusions(const Inclusions& inclusions) {
     std::vector<BoucleDInclusions> boucles;
-    std::vector<Etat> etats(inclusions.size(), Etat::Neuf);
+    std::vector<EtatDeLInclusion> etats(inclusions.size(), EtatDeLInclusion::Neuf);
     std::vector<Pas> chemin;
     for (std::size_t depart = 0; depart < inclusions.size(); ++depart) {
-        if (etats[depart] != Etat::Neuf || inclusions[depart].empty())
+        if (etats[depart] != EtatDeLInclusion::Neuf || inclusions[depart].empty())
             continue;
         chemin.assign(1, {depart, 0});
-        etats[depart] = Etat::EnCours;
+        etats[depart] = EtatDeLInclusion::EnCours;
         while (!chemin.empty()) {
             Pas& pas = chemin.back();
             if (pas.prochaine == inclusions[pas.document].size()) {
-                etats[pas.document] = Etat::Fini;
+                etats[pas.document] = EtatDeLInclusion::Fini;
                 chemin.pop_back();
                 continue;
             }
@@ -44,10 +44,10 @@ std::vector<BoucleDInclusions> bouclesdinclusions(const Inclusions& inclusions) 
             if (cible < 0)
                 continue;
             const auto c = static_cast<std::size_t>(cible);
-            if (etats[c] == Etat::EnCours) {
+            if (etats[c] == EtatDeLInclusion::EnCours) {
                 boucles.push_back(boucle(chemin, c));
-            } else if (etats[c] == Etat::Neuf) {
-                etats[c] = Etat::EnCours;
+            } else if (etats[c] == EtatDeLInclusion::Neuf) {
+                etats[c] = EtatDeLInclusion::EnCours;
                 chemin.push_back({c, 0});
             }
         }

@@ -1,11 +1,12 @@
 #include "collection/jetons.h"
 
+#include "collection/document.h"
+
 #include <algorithm>
 
 namespace velm {
 namespace {
 
-constexpr qsizetype longueurextrait = 40;
 /// "{L=": the third character is never looked at.
 constexpr qsizetype avantmontre = 3;
 

@@ -10,7 +10,7 @@ namespace {
 
 /// Deeper values than this are no source of ours; the bound keeps passe() from running out of stack.
 constexpr int profondeurpermise = 64;
-constexpr qsizetype longueurextrait = 24;
+constexpr qsizetype longueurcitee = 24;
 
 /// Bytes that stand for themselves inside a string.
 constexpr std::array<bool, 256> ordinaire = [] {
@@ -331,7 +331,7 @@ void LecteurJson::fin() {
 }
 
 QString LecteurJson::extrait() const {
-    return QString::fromUtf8(p_, std::min(longueurextrait, qsizetype(fin_ - p_)));
+    return QString::fromUtf8(p_, std::min(longueurcitee, qsizetype(fin_ - p_)));
 }
 
 } // namespace velm

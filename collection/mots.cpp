@@ -8,7 +8,7 @@
 namespace velm {
 namespace {
 
-constexpr qsizetype longueurmaximale = 255;
+constexpr qsizetype longueurmaximaledunmot = 255;
 constexpr qsizetype longueurminimale = 2;
 constexpr quint32 aucun = ~0U;
 
@@ -75,7 +75,7 @@ bool estseparateur(char16_t unite) {
 }
 
 bool motrefuse(QStringView mot) {
-    if (mot.size() < longueurminimale || mot.size() > longueurmaximale || chiffre(mot.back()))
+    if (mot.size() < longueurminimale || mot.size() > longueurmaximaledunmot || chiffre(mot.back()))
         return true;
     // Blanks and signs part words, so that only a digit can begin a number here.
     return chiffre(mot.front()) && val(mot) != 0;
@@ -158,7 +158,7 @@ struct Repertoire::Privee {
     }
 
     void mot(quint32 document, QStringView texte) {
-        if (texte.size() < longueurminimale || texte.size() > longueurmaximale)
+        if (texte.size() < longueurminimale || texte.size() > longueurmaximaledunmot)
             return;
         const Forme& f = forme(texte);
         for (quint32 k = f.premiere; k < f.premiere + f.nombre; ++k) {

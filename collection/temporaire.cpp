@@ -71,10 +71,10 @@ bool FichierEnCours::prend(const QString& chemin, int& erreur) {
 }
 
 int FichierEnCours::cree(const QString& cible) {
-    constexpr int essais = 1000;
+    constexpr int nomsessayes = 1000;
     const qint64 premier = QCoreApplication::applicationPid();
     int erreur = 0;
-    for (int i = 0; i < essais && erreur == 0; ++i) {
+    for (int i = 0; i < nomsessayes && erreur == 0; ++i) {
         if (prend(nomprovisoire(cible, premier + i), erreur))
             return 0;
     }

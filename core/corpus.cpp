@@ -1,5 +1,6 @@
 #include "core/corpus.h"
 
+#include "core/noms.h"
 #include "core/schemas.h"
 #include "platform/base/failure.h"
 #include "platform/engine/rowreader.h"
@@ -66,7 +67,7 @@ QString Corpus::chemin() const {
 
 Database& Corpus::base() const {
     if (!base_)
-        runtimeError(Failure::Engine, {u"velm2000.dat"_s});
+        runtimeError(Failure::Engine, {noms::base.toString()});
     return *base_;
 }
 

@@ -11,7 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr auto section = u"VELMORANTE 2000";
+constexpr auto sectiondestextes = u"VELMORANTE 2000";
 
 /// The French file beside another one: the last two characters of the name replaced.
 QString fichierfrancais(const QString& chemin) {
@@ -43,7 +43,7 @@ QString Langue::lit(const QString& chemin, int n) {
     if (profil == profils_.end())
         profil = profils_.insert(chemin, Profile(chemin));
     ++lectures_;
-    return profil->string(QStringView(section).toString(), QString::number(n), QString());
+    return profil->string(QStringView(sectiondestextes).toString(), QString::number(n), QString());
 }
 
 QString Langue::lireressource(Texte lequel) {

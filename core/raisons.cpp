@@ -14,7 +14,7 @@ namespace {
 constexpr std::array raisons{Texte::FauteDeLimites, Texte::FauteDeNombre, Texte::FauteDeTable,
                              Texte::FauteDeLecture, Texte::FauteDIndex,   Texte::FauteDeChamp};
 constexpr auto reglagefautif = Texte::ReglageFautif;
-constexpr auto pasunnombre = Texte::FauteReglageSansNombre;
+constexpr auto fautesansnombre = Texte::FauteReglageSansNombre;
 constexpr auto horsdeslimites = Texte::FauteReglageHorsLimites;
 
 /// A value may be of any length; what a box shows of it may not.
@@ -31,7 +31,7 @@ QString raisondelerreur(Langue& langue, const RuntimeFailure& erreur) {
         return remplace(langue.lireressource(raisons.at(static_cast<std::size_t>(erreur.what))), erreur.parts);
     const FaultySetting& reglage = *erreur.setting;
     const bool limite = erreur.what == Failure::ArrayBounds;
-    const QString faute = remplace(langue.lireressource(limite ? horsdeslimites : pasunnombre), erreur.parts);
+    const QString faute = remplace(langue.lireressource(limite ? horsdeslimites : fautesansnombre), erreur.parts);
     return remplace(langue.lireressource(reglagefautif),
                     {QDir::cleanPath(reglage.file), reglage.section, reglage.key, court(reglage.text), faute});
 }

@@ -5,8 +5,6 @@
 namespace velm::passes {
 namespace {
 
-constexpr qsizetype entete = 3; ///< the brace, the letter, and a character that nobody reads
-
 class Liens {
 public:
     Liens(const Plat& texte, RichText& hote, ListesLiens* listes, const BornesPasses& bornes)

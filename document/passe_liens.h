@@ -7,6 +7,9 @@
 
 namespace velm::passes {
 
+/// What a link begins with: the brace, the letter, and a character that nobody reads.
+inline constexpr qsizetype entete = 3;
+
 /// What is written, and what is still to be read: a chain of stretches of the original, from which links cut pieces in
 /// the middle, and into which they can put copies. Distances count from the reading place. The next brace, bar and line
 /// end are found once each and then known by their distance from the end, which no change before them moves.

@@ -6,7 +6,6 @@ namespace velm::passes {
 namespace {
 
 constexpr std::size_t aucun = static_cast<std::size_t>(-1);
-constexpr qsizetype entete = 3;
 
 } // namespace
 

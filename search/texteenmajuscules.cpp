@@ -11,11 +11,11 @@ namespace {
 constexpr unsigned finascii = 0x80;
 constexpr unsigned findeuxoctets = 0x800;
 
-using Table = std::array<char16_t, findeuxoctets>;
+using TableDeLettres = std::array<char16_t, findeuxoctets>;
 
-const Table& capitales() {
-    static const Table table = [] {
-        Table faite{};
+const TableDeLettres& capitales() {
+    static const TableDeLettres table = [] {
+        TableDeLettres faite{};
         for (char16_t unite = 0; unite < findeuxoctets; ++unite)
             faite[unite] = upperUnit(unite);
         return faite;
@@ -33,7 +33,7 @@ TexteEnMajuscules::TexteEnMajuscules(QStringView texte) : texte_(upperCase(texte
 
 /// Reads what is up to three bytes long and sound; anything else is left to the ordinary way.
 bool TexteEnMajuscules::majuscules(QByteArrayView utf8) {
-    const Table& table = capitales();
+    const TableDeLettres& table = capitales();
     const auto taille = static_cast<std::size_t>(utf8.size());
     if (tampon_.size() < taille)
         tampon_.resize(taille);

@@ -15,7 +15,7 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int largeurtexte = 400;
+constexpr int largeurdeligne = 400;
 
 } // namespace
 
@@ -65,7 +65,7 @@ void frmconnexion::construit(const Libelles& texte) {
     auto* textes = new QVBoxLayout;
     textes->setSpacing(look::windowMargin);
     for (QLabel* const ligne : {lieu_, cause_, suite}) {
-        ligne->setMinimumWidth(largeurtexte);
+        ligne->setMinimumWidth(largeurdeligne);
         textes->addWidget(ligne);
     }
     for (QPushButton* const choix : {encore, ailleurs, quitte})

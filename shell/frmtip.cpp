@@ -20,7 +20,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int coteimage = 48;
-constexpr int largeurtexte = 400;
+constexpr int largeurdelastuce = 400;
 constexpr int hauteurtexte = 96;
 
 /// The sheet that the tip lies on: white like a document, and scrolled if the tip is long.
@@ -32,7 +32,7 @@ QScrollArea* feuille(QLabel* texte, QWidget* parent) {
     auto* zone = new QScrollArea(parent);
     zone->setWidget(texte);
     zone->setWidgetResizable(true);
-    zone->setMinimumSize(largeurtexte, hauteurtexte);
+    zone->setMinimumSize(largeurdelastuce, hauteurtexte);
     zone->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     zone->setBackgroundRole(QPalette::Base);
     texte->setBackgroundRole(QPalette::Base);

@@ -9,9 +9,9 @@ namespace velm {
 
 namespace {
 
-constexpr int coteimage = 24;
-constexpr int marge = look::spacing;
-constexpr double arrondi = look::grid;
+constexpr int cotedelimage = 24;
+constexpr int margedelaligne = look::spacing;
+constexpr double arrondidelaligne = look::grid;
 constexpr int plusetroit = 160; ///< a row that can still be read
 
 } // namespace
@@ -36,17 +36,18 @@ void LigneDepart::changebulle(const QString& bulle) {
 }
 
 QSize LigneDepart::sizeHint() const {
-    const int suite = suite_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(suite_) + 2 * marge;
-    return {fontMetrics().horizontalAdvance(text()) + coteimage + 3 * marge + suite, minimumSizeHint().height()};
+    const int suite = suite_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(suite_) + 2 * margedelaligne;
+    return {fontMetrics().horizontalAdvance(text()) + cotedelimage + 3 * margedelaligne + suite,
+            minimumSizeHint().height()};
 }
 
 QSize LigneDepart::minimumSizeHint() const {
-    return {plusetroit, std::max(coteimage, fontMetrics().height()) + look::grid};
+    return {plusetroit, std::max(cotedelimage, fontMetrics().height()) + look::grid};
 }
 
 QRect LigneDepart::placedunom() const {
-    const int suite = suite_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(suite_) + 2 * marge;
-    return rect().adjusted(coteimage + 2 * marge, 0, -marge - suite, 0);
+    const int suite = suite_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(suite_) + 2 * margedelaligne;
+    return rect().adjusted(cotedelimage + 2 * margedelaligne, 0, -margedelaligne - suite, 0);
 }
 
 QString LigneDepart::nommontre() const {
@@ -80,15 +81,16 @@ void LigneDepart::paintEvent(QPaintEvent*) {
         teinte.setAlphaF(isDown() ? 0.25F : 0.12F);
         peintre.setPen(Qt::NoPen);
         peintre.setBrush(teinte);
-        peintre.drawRoundedRect(rect(), arrondi, arrondi);
+        peintre.drawRoundedRect(rect(), arrondidelaligne, arrondidelaligne);
     }
-    const QRect image(marge, (height() - coteimage) / 2, coteimage, coteimage);
+    const QRect image(margedelaligne, (height() - cotedelimage) / 2, cotedelimage, cotedelimage);
     icon().paint(&peintre, image, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
     peintre.setPen(palette().color(QPalette::WindowText));
     peintre.drawText(placedunom(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, nommontre());
     if (isEnabled())
         peintre.setPen(palette().color(QPalette::PlaceholderText));
-    peintre.drawText(rect().adjusted(0, 0, -marge, 0), Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, suite_);
+    peintre.drawText(rect().adjusted(0, 0, -margedelaligne, 0), Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
+                     suite_);
 }
 
 } // namespace velm

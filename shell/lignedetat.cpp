@@ -11,13 +11,13 @@ namespace velm {
 
 namespace {
 
-constexpr int tempsdepeindre = 20; ///< milliseconds in which a document comes on the screen
+constexpr int tempsdundocument = 20; ///< milliseconds in which a document comes on the screen
 
 } // namespace
 
 LigneDEtat::LigneDEtat(const Donnees& donnees) : donnees_(donnees) {
     apreslaffichage_.setSingleShot(true);
-    apreslaffichage_.setInterval(tempsdepeindre);
+    apreslaffichage_.setInterval(tempsdundocument);
     connect(&apreslaffichage_, &QTimer::timeout, this, &LigneDEtat::dit);
     connect(&donnees_.bureau, &Bureau::devantchange, this, &LigneDEtat::suit);
 }

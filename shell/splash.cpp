@@ -22,9 +22,9 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-constexpr QSize taille(480, 240);
-constexpr int cotelogo = 80;
-constexpr int marge = 8 * look::grid;
+constexpr QSize tailledelecran(480, 240);
+constexpr int cotedulogo = 80;
+constexpr int margedelecran = 8 * look::grid;
 constexpr QSize filet(48, 2);
 constexpr int hauteurbarre = 6;
 
@@ -35,7 +35,7 @@ frmSplash::frmSplash(const Textes& textes)
     setObjectName(u"frmSplash"_s);
     setWindowTitle(textes.titre);
     construit(textes);
-    setFixedSize(taille.expandedTo(sizeHint()));
+    setFixedSize(tailledelecran.expandedTo(sizeHint()));
     if (const QScreen* ecran = QGuiApplication::primaryScreen())
         move(ecran->availableGeometry().center() - rect().center());
 }
@@ -49,7 +49,7 @@ QLabel* frmSplash::etiquette(const char* nom, const QString& texte) {
 
 void frmSplash::construit(const Textes& textes) {
     cadre_->setObjectName(u"Frame1"_s);
-    auto* logo = new Logo(cotelogo, cadre_);
+    auto* logo = new Logo(cotedulogo, cadre_);
     logo->setObjectName(u"imgLogo"_s);
 
     auto* titre = etiquette("lblProductName", textes.titre);
@@ -91,7 +91,7 @@ void frmSplash::construit(const Textes& textes) {
     colonne->addWidget(etape_);
     colonne->addWidget(progression_);
     auto* corps = new QHBoxLayout(cadre_);
-    corps->setContentsMargins(marge, marge, marge, 5 * look::grid);
+    corps->setContentsMargins(margedelecran, margedelecran, margedelecran, 5 * look::grid);
     corps->setSpacing(6 * look::grid);
     corps->addWidget(logo, 0, Qt::AlignTop);
     corps->addLayout(colonne, 1);

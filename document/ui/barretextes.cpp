@@ -14,7 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-struct Bouton {
+struct BoutonDeLaBarre {
     QString cle;
     Toolbar::Kind genre = Toolbar::Kind::Separator;
     QString image = {};
@@ -24,9 +24,9 @@ struct Bouton {
 };
 
 /// In their order. A button is a row here, and nothing else.
-const std::vector<Bouton>& boutons() {
+const std::vector<BoutonDeLaBarre>& boutons() {
     using Kind = Toolbar::Kind;
-    static const std::vector<Bouton> tous{
+    static const std::vector<BoutonDeLaBarre> tous{
         {u"Précédent"_s, Kind::DropDown, u"Précédent"_s, Texte::DocumentPrecedent,
          [](BarreTextes& barre) { emit barre.pas(Sens::Arriere, unpas); }, Qt::ALT | Qt::SHIFT | Qt::Key_Left},
         {u"Suivant"_s, Kind::DropDown, u"Suivant"_s, Texte::DocumentSuivant,
@@ -71,7 +71,7 @@ const std::vector<Bouton>& boutons() {
 
 BarreTextes::BarreTextes(const Libelles& texte, QWidget* fenetre) : Toolbar(fenetre), texte_(texte) {
     setObjectName(u"barrechild"_s);
-    for (const Bouton& bouton : boutons()) {
+    for (const BoutonDeLaBarre& bouton : boutons()) {
         addButton(bouton.cle, bouton.genre, bouton.image);
         if (!bouton.presse)
             continue;
@@ -88,7 +88,7 @@ BarreTextes::BarreTextes(const Libelles& texte, QWidget* fenetre) : Toolbar(fene
     montre({u"propriétés", u"barrepropriétés", u"abc", u"barreabc", u"document"}, false);
     montremots(false);
     connect(this, &Toolbar::buttonClicked, this, [this](const QString& cle) {
-        const auto ici = std::ranges::find(boutons(), cle, &Bouton::cle);
+        const auto ici = std::ranges::find(boutons(), cle, &BoutonDeLaBarre::cle);
         Q_ASSERT(ici != boutons().end() && ici->presse);
         ici->presse(*this);
     });

@@ -10,13 +10,13 @@
 namespace velm {
 namespace {
 
-constexpr int image = 20;
+constexpr int cotedelimage = 20;
 
 } // namespace
 
 BoutonLien::BoutonLien(const QIcon& icone, const QString& texte, QWidget* parent) : QAbstractButton(parent) {
     setIcon(icone);
-    setIconSize({image, image});
+    setIconSize({cotedelimage, cotedelimage});
     setText(texte);
     setAccessibleName(texte);
     setCursor(Qt::PointingHandCursor);
@@ -26,18 +26,20 @@ BoutonLien::BoutonLien(const QIcon& icone, const QString& texte, QWidget* parent
 
 QSize BoutonLien::sizeHint() const {
     ensurePolished();
-    const int largeur = look::grid + image + look::spacing + fontMetrics().horizontalAdvance(text()) + 2 * look::grid;
-    return {largeur, std::max(image, fontMetrics().height()) + look::spacing};
+    const int largeur =
+        look::grid + cotedelimage + look::spacing + fontMetrics().horizontalAdvance(text()) + 2 * look::grid;
+    return {largeur, std::max(cotedelimage, fontMetrics().height()) + look::spacing};
 }
 
 QSize BoutonLien::minimumSizeHint() const {
-    return {look::grid + image, sizeHint().height()};
+    return {look::grid + cotedelimage, sizeHint().height()};
 }
 
 void BoutonLien::paintEvent(QPaintEvent*) {
     QPainter peintre(this);
-    icon().paint(&peintre, QRect(look::grid, (height() - image) / 2, image, image), Qt::AlignCenter);
-    const QRect place = rect().adjusted(look::grid + image + look::spacing, 0, -look::grid, 0);
+    icon().paint(&peintre, QRect(look::grid, (height() - cotedelimage) / 2, cotedelimage, cotedelimage),
+                 Qt::AlignCenter);
+    const QRect place = rect().adjusted(look::grid + cotedelimage + look::spacing, 0, -look::grid, 0);
     const QString montre = fontMetrics().elidedText(text(), Qt::ElideRight, place.width());
     QColor encre = palette().color(QPalette::Link);
     peintre.setPen(encre);

@@ -27,7 +27,7 @@ constexpr int coteimage = 48;
 constexpr int pointsdunom = 20;
 constexpr int largeurmaximale = 480;
 /// The sheet is light whatever lies around it.
-constexpr look::Theme feuille = look::Theme::Light;
+constexpr look::Theme themedufeuillet = look::Theme::Light;
 
 QString compte(qint64 nombre, const ContexteTextes& contexte) {
     if (nombre == 0)
@@ -48,11 +48,11 @@ QLabel* etiquette(const QString& texte, QWidget* parent) {
 
 Couverture::Couverture(int indice, const ContexteTextes& contexte, QAbstractScrollArea& vue)
     : QWidget(&vue), vue_(vue), ascenseur_(vue.verticalScrollBarPolicy()),
-      image_(iconIn(u"collection%1"_s.arg(indice), feuille)), nom_(etiquette(contexte.lecture.libelle(indice), this)),
-      nombre_(etiquette({}, this)) {
+      image_(iconIn(u"collection%1"_s.arg(indice), themedufeuillet)),
+      nom_(etiquette(contexte.lecture.libelle(indice), this)), nombre_(etiquette({}, this)) {
     setObjectName(u"couverture"_s);
     setAccessibleName(nom_->text());
-    setPalette(look::palette(feuille));
+    setPalette(look::palette(themedufeuillet));
     const qint64 nombre = contexte.lecture.corpus.nombrededocuments(typedindice(indice));
     nombre_->setText(compte(nombre, contexte));
     nombre_->setForegroundRole(QPalette::PlaceholderText);
@@ -71,7 +71,7 @@ Couverture::Couverture(int indice, const ContexteTextes& contexte, QAbstractScro
 }
 
 void Couverture::ajoutelien(Bloc bloc, const QString& nom, const QString& image, const QString& texte) {
-    auto* lien = new BoutonLien(iconIn(image, feuille), texte, this);
+    auto* lien = new BoutonLien(iconIn(image, themedufeuillet), texte, this);
     lien->setObjectName(nom);
     connect(lien, &BoutonLien::clicked, this, [this, bloc] { emit voulu(bloc); });
     liens_ << lien;

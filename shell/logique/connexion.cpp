@@ -1,5 +1,6 @@
 #include "shell/logique/connexion.h"
 
+#include "core/noms.h"
 #include "core/obstacles.h"
 #include "core/texte.h"
 #include "platform/system/files.h"
@@ -11,8 +12,6 @@ namespace velm {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-constexpr QStringView nomdelabase = u"velm2000.dat";
 
 } // namespace
 
@@ -32,7 +31,7 @@ bool Connexion::reessaie() {
 bool Connexion::parcourtlecteurs() {
     for (const Lecteur& lecteur : services_.lecteurs.liste()) {
         if (lecteur.genre != Lecteur::Genre::Optique || !lecteur.pret ||
-            !fileExists(joinPath(lecteur.racine, nomdelabase)))
+            !fileExists(joinPath(lecteur.racine, noms::base)))
             continue;
         services_.seance.choisitrepertoiredebase(lecteur.racine);
         if (!surledisque(lecteur.racine))
@@ -65,7 +64,7 @@ bool Connexion::copie() {
                                     langue.lireressource(Texte::TitreConnexion), Icone::Exclamation);
         return false;
     }
-    const QString cible = joinPath(services_.dossierprogramme, nomdelabase);
+    const QString cible = joinPath(services_.dossierprogramme, noms::base);
     services_.copie.commence(langue.lireressource(Texte::CopieDeLaBase));
     const CopieResultat resultat = copiefichier(source, cible, services_.copie.avance);
     services_.copie.finit();

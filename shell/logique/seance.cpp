@@ -1,6 +1,7 @@
 #include "shell/logique/seance.h"
 
 #include "core/cle.h"
+#include "core/noms.h"
 #include "core/tablereglages.h"
 #include "core/texte.h"
 #include "platform/base/failure.h"
@@ -15,8 +16,6 @@ namespace velm {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-constexpr QStringView nomdelabase = u"velm2000.dat";
 
 bool finitpar(const QString& ligne, QStringView extension) {
     return ligne.right(4).toUpper() == extension;
@@ -43,7 +42,7 @@ QString Seance::libelleetape(int indice) {
 
 void Seance::choisitrepertoiredebase(const QString& repertoire) {
     parametres_.repertoiredebase = repertoire;
-    fichierbase_ = joinPath(repertoire, nomdelabase);
+    fichierbase_ = joinPath(repertoire, noms::base);
 }
 
 Demarrage Seance::demarre() {
@@ -130,7 +129,7 @@ bool Seance::trouvebase() {
     // What is there and is no base that can be read is told, and not passed over for another one.
     if (erreur != OpenError::Missing && erreur != OpenError::Unreadable)
         return erreur == OpenError::None;
-    if (corpus_.connecte(joinPath(env_.dossierprogramme, nomdelabase)) != OpenError::None)
+    if (corpus_.connecte(joinPath(env_.dossierprogramme, noms::base)) != OpenError::None)
         return false;
     choisitrepertoiredebase(withSeparator(env_.dossierprogramme));
     return true;

@@ -12,7 +12,7 @@ namespace velm {
 
 namespace {
 
-constexpr double radius = 4;
+constexpr double cornerRadius = 4;
 constexpr double faded = 0.45; ///< of an edge, where it cannot be used
 
 bool enabled(const QStyleOption& option) {
@@ -86,7 +86,7 @@ void drawFace(QPainter& painter, const QRect& place, const QColor& ground, const
     painter.setPen(edge.isValid() ? QPen(edge) : QPen(Qt::NoPen));
     painter.setBrush(ground.isValid() ? QBrush(ground) : QBrush(Qt::NoBrush));
     const double inset = edge.isValid() ? 0.5 : 0;
-    painter.drawRoundedRect(QRectF(place).adjusted(inset, inset, -inset, -inset), radius, radius);
+    painter.drawRoundedRect(QRectF(place).adjusted(inset, inset, -inset, -inset), cornerRadius, cornerRadius);
     painter.restore();
 }
 
@@ -173,7 +173,7 @@ void drawCheck(const QStyleOption& option, QPainter& painter) {
     painter.save();
     const bool half = option.state & QStyle::State_NoChange;
     const bool on = half || option.state & QStyle::State_On;
-    drawMarkGround(option, painter, on, radius - 1);
+    drawMarkGround(option, painter, on, cornerRadius - 1);
     painter.setPen(QPen(signInk(option), 1.75, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
     const QRectF box(option.rect);

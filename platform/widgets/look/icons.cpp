@@ -87,9 +87,9 @@ QByteArray coloured(QByteArray svg, const Colours& colours) {
 /// an odd number of pixels wide, half a pixel makes them sharp.
 qreal nudgeOf(int side) {
     constexpr int units = 24;
-    constexpr qreal stroke = 1.75;
+    constexpr qreal line = 1.75;
     const bool onPixels = side * 3 % units == 0;
-    const bool odd = qRound(stroke * side / units) % 2 == 1;
+    const bool odd = qRound(line * side / units) % 2 == 1;
     return onPixels && odd ? 0.5 : 0;
 }
 

@@ -13,9 +13,9 @@ namespace velm {
 
 namespace {
 
-constexpr int iconSide = 16;
+constexpr int titleIconSide = 16;
 constexpr double glyphHalf = 4; ///< half the side of the signs on title buttons
-constexpr double stroke = 1.25;
+constexpr double signWidth = 1.25;
 
 enum class Sign { Minimise, Maximise, Restore, Close };
 
@@ -24,7 +24,7 @@ void drawSign(QPainter& painter, Sign sign, const QRectF& around, const QColor& 
     const double h = glyphHalf;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, sign == Sign::Close);
-    painter.setPen(QPen(ink, stroke));
+    painter.setPen(QPen(ink, signWidth));
     painter.setBrush(Qt::NoBrush);
     switch (sign) {
     case Sign::Minimise:
@@ -106,7 +106,7 @@ void drawTitleBar(const QStyle& style, const QStyleOptionTitleBar& bar, QPainter
         return style.subControlRect(QStyle::CC_TitleBar, &bar, control, widget);
     };
     if (!bar.icon.isNull()) {
-        QRect icon(0, 0, iconSide, iconSide);
+        QRect icon(0, 0, titleIconSide, titleIconSide);
         icon.moveCenter(place(QStyle::SC_TitleBarSysMenu).center());
         bar.icon.paint(&painter, icon);
     }

@@ -1,6 +1,6 @@
 #include "platform/widgets/text/metafile.h"
 
-#include <QtEndian>
+#include "platform/widgets/text/littleendian.h"
 
 #include <algorithm>
 #include <array>
@@ -14,14 +14,6 @@ constexpr std::uint32_t placeableSign = 0x9AC6CDD7;
 constexpr qsizetype placeableHeader = 22;
 constexpr qsizetype wmfHeader = 18;
 constexpr qsizetype leastBitmap = 12; // a bitmap's shortest header
-
-std::uint32_t number32(const QByteArray& bytes, qsizetype at) {
-    return bytes.size() >= at + 4 ? qFromLittleEndian<std::uint32_t>(bytes.constData() + at) : 0;
-}
-
-std::uint32_t number16(const QByteArray& bytes, qsizetype at) {
-    return bytes.size() >= at + 2 ? qFromLittleEndian<std::uint16_t>(bytes.constData() + at) : 0;
-}
 
 /// A record that draws a bitmap, and where in it the bitmap (or the way to it) stands.
 struct BitmapRecord {

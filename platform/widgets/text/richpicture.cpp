@@ -1,6 +1,7 @@
 #include "platform/widgets/text/richpicture.h"
 
 #include "platform/base/twips.h"
+#include "platform/widgets/text/littleendian.h"
 #include "platform/widgets/text/metafile.h"
 
 #include <QBuffer>
@@ -16,14 +17,6 @@ namespace {
 
 constexpr int longest = 32767; // twips
 constexpr int fileHeader = 14; // what a bitmap in memory lacks to be a bitmap file
-
-std::uint32_t number32(const QByteArray& bytes, qsizetype at) {
-    return bytes.size() >= at + 4 ? qFromLittleEndian<std::uint32_t>(bytes.constData() + at) : 0;
-}
-
-std::uint32_t number16(const QByteArray& bytes, qsizetype at) {
-    return bytes.size() >= at + 2 ? qFromLittleEndian<std::uint16_t>(bytes.constData() + at) : 0;
-}
 
 /// Where the dots begin: behind the header, its masks and its colour table.
 std::uint32_t dotsOffset(const QByteArray& dib) {
