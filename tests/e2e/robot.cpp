@@ -35,8 +35,9 @@ void xdotool(const QStringList& arguments) {
     EXPECT_TRUE(said(u"xdotool"_s, arguments)) << arguments.join(u' ').toStdString();
 }
 
+/// The display takes what it is sent in its order; to wait for a move would take seconds where the pointer is there.
 QStringList to(const QPoint& point) {
-    return {u"mousemove"_s, u"--sync"_s, QString::number(point.x()), QString::number(point.y())};
+    return {u"mousemove"_s, QString::number(point.x()), QString::number(point.y())};
 }
 
 /// What can be seen of a spot, in the pixels of the screen; null while it cannot be touched. In the program's thread.
