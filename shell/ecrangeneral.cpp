@@ -195,7 +195,7 @@ void Ecrangeneral::dit(const QString& texte) {
 }
 
 void Ecrangeneral::ditlieu(const Lieu& lieu) {
-    barreetat_->setPanelText(panelduchemin, lieu.chemin);
+    barreetat_->setPanelText(panelduchemin, lieu.chemin, lieu.abreges);
     barreetat_->setPanelText(paneldereference, lieu.reference);
     barreetat_->setPanelText(paneldeposition, lieu.position);
 }

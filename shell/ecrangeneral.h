@@ -56,6 +56,7 @@ public:
     /// Where the document in front stands; empty texts for none.
     struct Lieu {
         QString chemin;
+        QStringList abreges; ///< the same without its first parts, the longest first
         QString reference;
         QString position;
     };

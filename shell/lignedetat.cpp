@@ -9,6 +9,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr int tempsdundocument = 20; ///< milliseconds in which a document comes on the screen
@@ -47,16 +49,23 @@ void LigneDEtat::dit() {
     const auto glue = [this](Texte comment, const QStringList& parties) {
         return remplace(donnees_.texte(comment), parties);
     };
-    QString chemin = donnees_.libelle(cle.indice());
+    // Which article it is, the last parts tell: where there is no room, the first ones are left out.
+    const QString collection = donnees_.libelle(cle.indice());
+    QString chemin = collection;
+    QStringList abreges;
     for (const QString& branche : place.chemin) {
-        if (branche != chemin)
-            chemin = glue(Texte::CheminDansLeSommaire, {chemin, branche});
+        if (branche == chemin)
+            continue;
+        for (QString& abrege : abreges)
+            abrege = glue(Texte::CheminDansLeSommaire, {abrege, branche});
+        abreges << glue(Texte::CheminDansLeSommaire, {u"\u2026"_s, branche});
+        chemin = glue(Texte::CheminDansLeSommaire, {chemin, branche});
     }
     QString position;
     if (place.rang > 0)
         position = glue(Texte::PositionDansLaCollection,
                         {nombreecrit(place.rang, donnees_.texte), nombreecrit(place.nombre, donnees_.texte)});
-    donnees_.ecran.ditlieu({chemin, dite_, position});
+    donnees_.ecran.ditlieu({chemin, abreges, dite_, position});
 }
 
 } // namespace velm

@@ -53,6 +53,37 @@ TEST_F(DevantTest, TheStatusBarTellsWhereTheDocumentStands) {
     EXPECT_EQ(panneau(u"position"_s), mots(9639, {u"4"_s, u"4"_s}));
 }
 
+TEST_F(DevantTest, WithoutRoomTheWayLosesItsFirstParts) {
+    {
+        const auto base = Database::open(dossier.filePath(u"velm2000.dat"_s), OpenMode::Shared, corpusSchema());
+        TableWriter arbre(*base.database, u"arborescences"_s,
+                          {u"numerodutype"_s, u"dépendance"_s, u"référence"_s, u"typededonnées"_s});
+        ASSERT_TRUE(arbre.add({3, 2, u"CO"_s, u"Chapitre II"_s}));
+        ASSERT_TRUE(base.database->execute(u"UPDATE données SET numeroarborescence=3 WHERE numart='000001'"_s));
+    }
+    commence(u"CO1"_s);
+    EVENTUALLY(!panneau(u"chemin"_s).isEmpty());
+    auto* ligne =
+        barreetat().findChild<QWidget*>(u"chemin"_s)->findChild<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    const QString chemin = panneau(u"chemin"_s);
+    const QString milieu = mots(9641, {mots(9641, {u"…"_s, u"Livre II"_s}), u"Chapitre II"_s});
+    const QString fin = mots(9641, {u"…"_s, u"Chapitre II"_s});
+    QList<QImage> dites;
+    QList<QImage> voulues;
+    for (const QString& celle : {milieu, fin}) {
+        ligne->setFixedWidth(ligne->fontMetrics().horizontalAdvance(celle) + 1);
+        QCoreApplication::processEvents();
+        dites << ligne->grab().toImage();
+    }
+    for (const QString& celle : {milieu, fin}) {
+        barreetat().setPanelText(u"chemin"_s, celle);
+        ligne->setFixedWidth(ligne->fontMetrics().horizontalAdvance(celle) + 1);
+        QCoreApplication::processEvents();
+        voulues << ligne->grab().toImage();
+    }
+    EXPECT_EQ(dites, voulues) << chemin.toStdString();
+}
+
 TEST_F(DevantTest, AnotherWindowIsToldOfAndNoneOfNothing) {
     commence(u"CO1"_s);
     programme->ouvre(decoupecle(u"JP000007"));

@@ -27,10 +27,11 @@ public:
         setSizePolicy(stretches ? QSizePolicy::Ignored : QSizePolicy::Preferred, QSizePolicy::Fixed);
     }
 
-    void setText(const QString& text) {
-        if (text == text_)
+    void setText(const QString& text, const QStringList& shorter) {
+        if (text == text_ && shorter == shorter_)
             return;
         text_ = text;
+        shorter_ = shorter;
         setAccessibleName(text);
         showWhole();
         if (!stretches_)
@@ -50,7 +51,8 @@ public:
     }
 
     QSize sizeHint() const override {
-        const int width = stretches_ ? minimum_ : std::max(minimum_, fontMetrics().horizontalAdvance(onOneLine()) + 1);
+        const int width =
+            stretches_ ? minimum_ : std::max(minimum_, fontMetrics().horizontalAdvance(onOneLine(text_)) + 1);
         return {width, fontMetrics().height()};
     }
     QSize minimumSizeHint() const override { return {minimum_, fontMetrics().height()}; }
@@ -65,20 +67,37 @@ protected:
 
 private:
     /// Blanks that must not break keep their width.
-    QString onOneLine() const {
-        QString line = text_;
+    static QString onOneLine(QString line) {
         line.replace(u"\r\n"_s, u" "_s);
         for (const QChar end : {u'\r', u'\n', u'\t'})
             line.replace(end, u' ');
         return line;
     }
-    QString shown() const { return fontMetrics().elidedText(onOneLine(), elision_, width()); }
+    /// The first that fits; where none does, the last one is cut behind a word of it.
+    QString shown() const {
+        const QFontMetrics metrics = fontMetrics();
+        const QString whole = onOneLine(text_);
+        const auto fits = [&](const QString& text) {
+            return metrics.elidedText(text, Qt::ElideRight, width()) == text;
+        };
+        if (shorter_.isEmpty() || fits(whole))
+            return metrics.elidedText(whole, elision_, width());
+        for (const QString& text : shorter_) {
+            if (fits(onOneLine(text)))
+                return onOneLine(text);
+        }
+        const QString last = onOneLine(shorter_.constLast());
+        const QString cut = metrics.elidedText(last, Qt::ElideRight, width());
+        const qsizetype blank = cut.lastIndexOf(u' ');
+        return blank > 0 && last.at(cut.size() - 1) != u' ' ? cut.left(blank) + u'\u2026' : cut;
+    }
     void showWhole() { setToolTip(plainTip(shown() == text_ ? tip_ : text_)); }
 
     bool stretches_;
     int minimum_;
     Qt::TextElideMode elision_ = Qt::ElideRight;
     QString text_;
+    QStringList shorter_;
     QString tip_;
 };
 
@@ -95,12 +114,13 @@ public:
 
     void refresh() {
         const QString& said = passing.isEmpty() ? text : passing;
-        line->setText(said);
+        line->setText(said, passing.isEmpty() ? shorter : QStringList());
         setHidden(silent && said.isEmpty());
     }
 
     Line* line;
     QString text;
+    QStringList shorter; ///< what may stand in its place
     QString passing;
     bool silent = false; ///< not there without a text
 
@@ -159,9 +179,10 @@ void StatusBar::setPanelTip(const QString& key, const QString& tip) {
         panel->line->setTip(tip);
 }
 
-void StatusBar::setPanelText(const QString& key, const QString& text) {
+void StatusBar::setPanelText(const QString& key, const QString& text, const QStringList& shorter) {
     if (Panel* panel = d_->panel(key)) {
         panel->text = text;
+        panel->shorter = shorter;
         panel->refresh();
     }
 }

@@ -22,7 +22,8 @@ public:
     void setElision(const QString& key, Qt::TextElideMode mode);
     /// What the text is, told where nothing of it is cut.
     void setPanelTip(const QString& key, const QString& tip);
-    void setPanelText(const QString& key, const QString& text);
+    /// `shorter`: what says less of it, the longest first. The first that fits is shown; no word of it is cut.
+    void setPanelText(const QString& key, const QString& text, const QStringList& shorter = {});
     QString panelText(const QString& key) const;
     /// A text that stands in a panel in place of its own until it is emptied: the target of a link.
     void setPassing(const QString& key, const QString& text);

@@ -127,6 +127,45 @@ TEST_F(StatusBarTest, ALeftPressOnAPanelIsToldByItsKey) {
     EXPECT_TRUE(bar.window()->rect().contains(bar.panelPlace(u"nombre"_s)));
 }
 
+TEST_F(StatusBarTest, WhatDoesNotFitIsSaidShorterAndNoWordIsCut) {
+    const QString whole = u"Code de la consommation › Livre III › Chapitre II"_s;
+    const QStringList shorter{u"… › Livre III › Chapitre II"_s, u"… › Chapitre II du livre"_s};
+    const auto width = [this](const QString& text) {
+        return line(u"état"_s)->fontMetrics().horizontalAdvance(text) + 1;
+    };
+    const auto drawn = [this](int wide) {
+        line(u"état"_s)->resize(wide, line(u"état"_s)->height());
+        return line(u"état"_s)->grab().toImage();
+    };
+    const auto looksLike = [&](const QString& text, int wide) {
+        bar.setPanelText(u"état"_s, whole, shorter);
+        const QImage said = drawn(wide);
+        bar.setPanelText(u"état"_s, text);
+        return said == drawn(wide);
+    };
+    EXPECT_TRUE(looksLike(whole, width(whole)));
+    EXPECT_TRUE(looksLike(shorter[0], width(shorter[0])));
+    EXPECT_TRUE(looksLike(shorter[0], width(whole) - 3)) << "the longest that fits";
+    EXPECT_TRUE(looksLike(shorter[1], width(shorter[1])));
+    EXPECT_TRUE(looksLike(u"… › Chapitre II…"_s, width(u"… › Chapitre II du…"_s) - 3));
+    EXPECT_TRUE(looksLike(u"… › Chapitre II du…"_s, width(u"… › Chapitre II du…"_s)));
+    bar.setPanelText(u"état"_s, whole, shorter);
+    drawn(width(shorter[0]));
+    EXPECT_EQ(line(u"état"_s)->toolTip(), plainTip(whole));
+    EXPECT_EQ(shown(u"état"_s), whole);
+}
+
+TEST_F(StatusBarTest, APassingTextIsNotSaidShorter) {
+    bar.setPanelText(u"état"_s, u"Un long chemin"_s, {u"… chemin"_s});
+    bar.setPassing(u"état"_s, u"Un titre en passant"_s);
+    line(u"état"_s)->resize(60, line(u"état"_s)->height());
+    const QImage passing = line(u"état"_s)->grab().toImage();
+    bar.setPassing(u"état"_s, QString());
+    EXPECT_NE(line(u"état"_s)->grab().toImage(), passing);
+    bar.setPanelText(u"état"_s, u"Un titre en passant"_s);
+    EXPECT_EQ(line(u"état"_s)->grab().toImage(), passing);
+}
+
 TEST_F(StatusBarTest, TextsOnSeveralLinesStandOnOne) {
     const int height = bar.sizeHint().height();
     bar.setPanelText(u"état"_s, u"un\r\ndeux"_s);
