@@ -22,7 +22,7 @@ void RechercheImmediate::fait(const QString& texte, qint64 limite, const std::st
         if (etape.compte.value_or(0) > std::exchange(dits, etape.compte.value_or(0)))
             ecoute_(resultat, false);
     });
-    RechercheRapide(corpus_, marche).cherche({texte, touteslettres(), limite}, resultat);
+    RechercheRapide(corpus_, marche).cherche({texte, touteslettres(), limite, true}, resultat);
     if (!resultat.arretee())
         ecoute_(resultat, true);
 }

@@ -38,7 +38,11 @@ public:
         corpus_.arborescences().setIndex(u"primarykey"_s);
         for (const char lettre : demande_.lettres) {
             if (!parcourt(codedelalettre(lettre)))
-                break;
+                return;
+        }
+        if (demande_.compte && resultat_.limitee) {
+            resultat_.total = resultat_.hits + audela_;
+            resultat_.limitee = audela_ > 0;
         }
     }
 
@@ -65,6 +69,10 @@ private:
     bool regarde(const Snapshot& ligne) {
         if (!estdans(ligne))
             return true;
+        if (resultat_.limitee) {
+            ++audela_;
+            return true;
+        }
         const QString reference = ligne.text(Reference);
         const QString numart = ligne.text(Numart);
         const QString cle = reference + numart;
@@ -73,7 +81,7 @@ private:
             return false;
         resultat_.compte = ++resultat_.hits;
         resultat_.limitee = resultat_.hits == demande_.limite;
-        return !resultat_.limitee;
+        return !resultat_.limitee || demande_.compte;
     }
 
     bool estdans(const Snapshot& ligne) {
@@ -105,6 +113,7 @@ private:
     Resultat& resultat_;
     TexteEnMajuscules cherche_{QStringView()};
     QHash<qint64, bool> noeuds_;
+    qint64 audela_ = 0; ///< documents beyond the limit
 };
 
 } // namespace

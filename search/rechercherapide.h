@@ -12,6 +12,7 @@ struct DemandeRapide {
     QString texte; ///< as typed
     QByteArray lettres;
     qint64 limite = sanslimite;
+    bool compte = false; ///< beyond the limit, documents are counted
 };
 
 class RechercheRapide {

@@ -18,6 +18,7 @@ protected:
         for (int rang = 1; rang <= resultat.lignes.nombre(); ++rang)
             dit.cles << resultat.lignes.cle(rang);
         dits.push_back(dit);
+        total = resultat.total;
     }
     /// Turns at each step.
     RechercheImmediate tournante(std::function<void()> evenements) {
@@ -27,6 +28,7 @@ protected:
     }
 
     std::vector<Dit> dits;
+    std::optional<qint64> total; ///< as it was told last
 };
 
 } // namespace
@@ -40,6 +42,7 @@ TEST_F(RechercheImmediateTest, AllCollectionsAreSearchedUpToTheLimit) {
     EXPECT_EQ(dits.back(), (Dit{{u"CO000001"_s, u"EU000001"_s, u"DI000001"_s}, true}));
     recherche.cherche(u"garantie"_s, 2);
     EXPECT_EQ(dits.back(), (Dit{{u"CO000001"_s, u"EU000001"_s}, true}));
+    EXPECT_EQ(total, 3) << "how many there are";
     recherche.cherche(u"nulle part"_s, 2);
     EXPECT_EQ(dits.back(), (Dit{{}, true}));
 }

@@ -32,6 +32,21 @@ protected:
 
 } // namespace
 
+TEST_F(RechercheRapideTest, BeyondTheLimitDocumentsAreCountedWhereThatIsWanted) {
+    petite();
+    const auto compte = [this](qint64 limite, bool voulu) {
+        Marche marche;
+        Resultat resultat;
+        RechercheRapide(corpus, marche).cherche({u"garantie"_s, touteslettres(), limite, voulu}, resultat);
+        EXPECT_EQ(resultat.compte, resultat.lignes.nombre()) << "of the rows";
+        return std::tuple(resultat.lignes.nombre(), resultat.limitee, resultat.total);
+    };
+    EXPECT_EQ(compte(1, true), std::tuple(1, true, std::optional<qint64>(2)));
+    EXPECT_EQ(compte(1, false), std::tuple(1, true, std::optional<qint64>()));
+    EXPECT_EQ(compte(2, true), std::tuple(2, false, std::optional<qint64>(2))) << "there are no more";
+    EXPECT_EQ(compte(3, true), std::tuple(2, false, std::optional<qint64>()));
+}
+
 TEST_F(RechercheRapideTest, ATextIsFoundInTitleKeywordsAndNodeLabel) {
     petite();
     cherche(u"légale"_s);
