@@ -57,8 +57,7 @@ void Depart::relie() {
         else
             apreslafrappe_.start();
     });
-    connect(&apreslafrappe_, &QTimer::timeout, this,
-            [this] { recherche_.cherche(vue_->cherche(), plusdetrouves + 1); });
+    connect(&apreslafrappe_, &QTimer::timeout, this, [this] { recherche_.cherche(vue_->cherche(), plusdetrouves); });
 }
 
 void Depart::alaprochainevue(std::function<void()> fait) {
@@ -77,9 +76,9 @@ void Depart::montre(const Resultat& resultat, bool finie) {
     if (nombre == 0 && !finie)
         return;
     std::vector<DocumentTrouve> trouves;
-    for (int rang = 1; rang <= std::min(nombre, plusdetrouves); ++rang)
+    for (int rang = 1; rang <= nombre; ++rang)
         trouves.push_back({decoupecle(resultat.lignes.cle(rang)), resultat.lignes.champ(rang, Lignes::Titre)});
-    vue_->montretrouves(trouves, nombre > plusdetrouves);
+    vue_->montretrouves(trouves, finie ? resultat.total.value_or(nombre) : std::optional<qint64>());
 }
 
 /// With the words to mark, as from the list.

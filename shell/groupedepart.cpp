@@ -1,5 +1,7 @@
 #include "shell/groupedepart.h"
 
+#include "core/langue.h"
+#include "document/ui/teintes.h"
 #include "platform/widgets/look/look.h"
 
 #include <QKeyEvent>
@@ -28,6 +30,15 @@ LigneDepart& GroupeDepart::ajoute(const QIcon& image, const QString& nom) {
     ligne->show();
     dispose();
     return *ligne;
+}
+
+/// The picture tells the collection to who knows them, its name to everybody.
+LigneDepart& GroupeDepart::ajoutedocument(int indice, const QString& titre, const Libelles& texte) {
+    const QString collection = texte(libelledefenetre(indice));
+    LigneDepart& ligne = ajoute(iconedecollection(indice), titre);
+    ligne.changesuite(collection);
+    ligne.setAccessibleName(remplace(texte(Texte::CollectionComptee), {titre, collection}));
+    return ligne;
 }
 
 void GroupeDepart::vide() {

@@ -1,6 +1,7 @@
 #pragma once
 // Rows of the start page that belong together, in one column or in two. The Tab key stops at one of them, the arrow
 // keys, Home and End walk them.
+#include "core/texte.h"
 #include "shell/lignedepart.h"
 
 #include <QWidget>
@@ -17,6 +18,8 @@ public:
 
     /// A new row at the end. It is the group's.
     LigneDepart& ajoute(const QIcon& image, const QString& nom);
+    /// A row for a document of a collection, whose name stands behind its title.
+    LigneDepart& ajoutedocument(int indice, const QString& titre, const Libelles& texte);
     void vide();
     const std::vector<LigneDepart*>& lignes() const { return lignes_; }
     /// A row can be pressed, or can no more: the Tab key stops at the first that can, unless it has a place here.

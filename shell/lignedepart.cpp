@@ -30,13 +30,13 @@ void LigneDepart::changesuite(const QString& suite) {
     update();
 }
 
-void LigneDepart::changebulle(const QString& bulle) {
-    bulle_ = bulle;
-    montrebulle();
+/// With what parts it from the name.
+int LigneDepart::largeurdelasuite() const {
+    return suite_.isEmpty() ? 0 : margedelaligne + fontMetrics().horizontalAdvance(suite_) + 1;
 }
 
 QSize LigneDepart::sizeHint() const {
-    const int suite = suite_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(suite_) + 2 * margedelaligne;
+    const int suite = isEnabled() ? largeurdelasuite() : 0;
     return {fontMetrics().horizontalAdvance(text()) + cotedelimage + 3 * margedelaligne + suite,
             minimumSizeHint().height()};
 }
@@ -46,8 +46,14 @@ QSize LigneDepart::minimumSizeHint() const {
 }
 
 QRect LigneDepart::placedunom() const {
-    const int suite = suite_.isEmpty() ? 0 : fontMetrics().horizontalAdvance(suite_) + 2 * margedelaligne;
-    return rect().adjusted(cotedelimage + 2 * margedelaligne, 0, -margedelaligne - suite, 0);
+    return rect().adjusted(cotedelimage + 2 * margedelaligne, 0, -margedelaligne, 0);
+}
+
+QRect LigneDepart::placedelasuite() const {
+    const QRect place = placedunom();
+    const int nom = fontMetrics().horizontalAdvance(text());
+    const int suite = largeurdelasuite();
+    return suite > 0 && nom + suite <= place.width() ? place.adjusted(nom + margedelaligne, 0, 0, 0) : QRect();
 }
 
 QString LigneDepart::nommontre() const {
@@ -55,7 +61,8 @@ QString LigneDepart::nommontre() const {
 }
 
 void LigneDepart::montrebulle() {
-    setToolTip(plainTip(nommontre() == text() ? bulle_ : text()));
+    const bool entier = nommontre() == text();
+    setToolTip(plainTip(!entier ? text() : placedelasuite().isEmpty() ? suite_ : QString()));
 }
 
 void LigneDepart::resizeEvent(QResizeEvent* evenement) {
@@ -89,8 +96,7 @@ void LigneDepart::paintEvent(QPaintEvent*) {
     peintre.drawText(placedunom(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, nommontre());
     if (isEnabled())
         peintre.setPen(palette().color(QPalette::PlaceholderText));
-    peintre.drawText(rect().adjusted(0, 0, -margedelaligne, 0), Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
-                     suite_);
+    peintre.drawText(placedelasuite(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, suite_);
 }
 
 } // namespace velm

@@ -1,5 +1,5 @@
 #pragma once
-// A row of the start page: a picture, a name, and what is said quietly at its end. It is pressed as a button.
+// A row of the start page: a picture, a name, and what is said quietly behind it. It is pressed as a button.
 #include <QAbstractButton>
 #include <QIcon>
 
@@ -12,11 +12,12 @@ public:
     /// `nom` is cut in the middle where there is no room for it; the whole is the tool tip then.
     LigneDepart(const QIcon& image, const QString& nom, QWidget* parent);
 
-    /// At the end of the row, before whose room the name ends.
+    /// Behind the name, and where there is no room for both, in the tool tip. A row that can be pressed wants that
+    /// room.
     void changesuite(const QString& suite);
     const QString& suite() const { return suite_; }
-    /// The tool tip of a row whose name is not cut.
-    void changebulle(const QString& bulle);
+    /// Empty where it is not seen.
+    QRect placedelasuite() const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -28,12 +29,12 @@ protected:
     void leaveEvent(QEvent* evenement) override;
 
 private:
+    int largeurdelasuite() const;
     QRect placedunom() const;
     QString nommontre() const;
     void montrebulle();
 
     QString suite_;
-    QString bulle_;
 };
 
 } // namespace velm

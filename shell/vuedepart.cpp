@@ -4,19 +4,19 @@
 #include "core/listes.h"
 #include "core/nombres.h"
 #include "document/ui/teintes.h"
-#include "platform/widgets/look/framestyle.h"
 #include "platform/widgets/look/look.h"
+#include "platform/widgets/look/noteline.h"
 #include "platform/widgets/look/plaintext.h"
+#include "shell/feuilledepart.h"
 #include "shell/groupedepart.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QPushButton>
-#include <QStackedLayout>
 #include <QTimer>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -29,24 +29,12 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int largeurdefeuille = 640;
+constexpr int moindrelargeur = 640;
+constexpr int plusgrandelargeur = 880;
+constexpr double partdelalargeur = 0.45; ///< of what is free
 constexpr int margedefeuille = 6 * look::grid;
-constexpr double arrondi = 1.5 * look::grid;
-
-/// The sheet that everything lies on: it can be read over whatever ground.
-class Feuille final : public QWidget {
-public:
-    using QWidget::QWidget;
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter peintre(this);
-        peintre.setRenderHint(QPainter::Antialiasing);
-        peintre.setPen(quietLine(palette()));
-        peintre.setBrush(palette().window());
-        peintre.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), arrondi, arrondi);
-    }
-};
+constexpr int margeserree = look::spacing; ///< where it would have to be scrolled
+constexpr int plusdecolonnes = 3;
 
 QVBoxLayout* colonne(QWidget* parent) {
     auto* colonne = new QVBoxLayout(parent);
@@ -84,7 +72,8 @@ VueDepart::VueDepart(const Libelles& texte, Source source, QWidget* parent)
     auto* fond = new QWidget(this);
     fond->setAutoFillBackground(false);
     auto* milieu = new QVBoxLayout(fond);
-    milieu->addWidget(feuille(), 0, Qt::AlignHCenter | Qt::AlignTop);
+    feuille_ = feuille();
+    milieu->addWidget(feuille_, 0, Qt::AlignHCenter | Qt::AlignTop);
     setWidget(fond);
     fond->setAutoFillBackground(false); // the area gives what it shows a ground of its own
     setFocusProxy(champ_);
@@ -95,10 +84,9 @@ VueDepart::VueDepart(const Libelles& texte, Source source, QWidget* parent)
 // ---- what stands there
 
 QWidget* VueDepart::feuille() {
-    auto* feuille = new Feuille(this);
+    auto* feuille = new FeuilleDepart(this);
     feuille->setObjectName(u"feuille"_s);
     auto* dedans = colonne(feuille);
-    dedans->setContentsMargins(margedefeuille, margedefeuille, margedefeuille, margedefeuille);
     champ_ = new QLineEdit(feuille);
     champ_->setObjectName(u"recherchedepart"_s);
     champ_->setAccessibleName(texte_(Texte::BureauChercher));
@@ -111,10 +99,11 @@ QWidget* VueDepart::feuille() {
     dedans->addWidget(nom);
     dedans->addWidget(champ_);
     dedans->addSpacing(look::groupSpacing);
-    pages_ = new QStackedLayout;
-    dedans->addLayout(pages_);
-    pages_->addWidget(pageordinaire());
-    pages_->addWidget(pagetrouves());
+    ordinaire_ = pageordinaire();
+    reponse_ = pagetrouves();
+    reponse_->hide();
+    dedans->addWidget(ordinaire_);
+    dedans->addWidget(reponse_);
     return feuille;
 }
 
@@ -143,10 +132,8 @@ QWidget* VueDepart::pageordinaire() {
 QWidget* VueDepart::pagetrouves() {
     auto* page = new QWidget(this);
     auto* dedans = colonne(page);
-    bilan_ = plainLabel({}, page);
+    bilan_ = new NoteLine(page);
     bilan_->setObjectName(u"bilandepart"_s);
-    bilan_->setWordWrap(true);
-    discret(bilan_);
     dedans->addWidget(bilan_);
     trouves_ = new GroupeDepart(page);
     trouves_->setObjectName(u"trouves"_s);
@@ -177,6 +164,7 @@ void VueDepart::relie() {
         connect(groupe, &GroupeDepart::sortie, this, [this, groupe](bool versbas) { sort(groupe, versbas); });
     connect(tous_, &QPushButton::clicked, this, [this] { emit listevoulue(cherche()); });
     connect(detaillee_, &QPushButton::clicked, this, &VueDepart::recherchevoulue);
+    connect(bilan_, &NoteLine::linkClicked, this, &VueDepart::recherchevoulue);
 }
 
 void VueDepart::remplit(const PageDepart& page) {
@@ -188,7 +176,7 @@ void VueDepart::remplit(const PageDepart& page) {
     derniers_->vide();
     rangs_.clear();
     for (const DernierOffert& celui : page.derniers) {
-        derniers_->ajoute(iconedecollection(celui.indice), celui.titre);
+        derniers_->ajoutedocument(celui.indice, celui.titre, texte_);
         rangs_.push_back(celui.rang);
     }
     derniers_->choisitarret();
@@ -219,11 +207,16 @@ QString VueDepart::cherche() const {
 
 void VueDepart::suitchamp(const QString& texte) {
     if (texte.trimmed().isEmpty())
-        pages_->setCurrentIndex(0);
+        choisitpage(true);
     emit tapee(cherche());
 }
 
-void VueDepart::montretrouves(const std::vector<DocumentTrouve>& trouves, bool plus) {
+void VueDepart::choisitpage(bool ordinaire) {
+    ordinaire_->setVisible(ordinaire);
+    reponse_->setVisible(!ordinaire);
+}
+
+void VueDepart::montretrouves(const std::vector<DocumentTrouve>& trouves, std::optional<qint64> entout) {
     // A search tells its first rows before the others: who is walking them already stays among them.
     const bool parmi = trouves_->isAncestorOf(QApplication::focusWidget());
     std::vector<Cle> cles;
@@ -231,36 +224,59 @@ void VueDepart::montretrouves(const std::vector<DocumentTrouve>& trouves, bool p
     if (std::exchange(cles_, cles) != cles) {
         trouves_->vide();
         for (const DocumentTrouve& celui : trouves)
-            trouves_->ajoute(iconedecollection(celui.cle.indice()), celui.titre.simplified());
+            trouves_->ajoutedocument(celui.cle.indice(), celui.titre.simplified(), texte_);
         trouves_->choisitarret();
         if (parmi && !trouves_->prendfocus(true))
             champ_->setFocus();
     }
-    if (trouves.empty())
-        bilan_->setText(remplace(texte_(Texte::BureauRienTrouve), {cherche()}));
-    else if (plus)
-        bilan_->setText(remplace(texte_(Texte::BureauPremiers), {QString::number(trouves.size())}));
-    bilan_->setVisible(plus || trouves.empty());
-    tous_->setVisible(!trouves.empty());
-    pages_->setCurrentIndex(1);
+    // Where there is nothing, the other way to search is a word of the answer, and no button in its place.
+    const QString ailleurs = trouves.empty() ? texte_(Texte::BureauRechercheDetaillee) : QString();
+    bilan_->say(bilandepart(cherche(), static_cast<qint64>(trouves.size()), entout, texte_), NoteLine::Tone::Quiet,
+                ailleurs);
+    for (QWidget* bouton : {tous_, detaillee_})
+        bouton->setVisible(!trouves.empty());
+    choisitpage(false);
 }
 
 // ---- place and keys
 
-/// Two columns where no name of a collection is cut by that. The sheet hangs a third down of what is free around its
-/// ordinary page, whatever is found: the field must not move under what is typed.
+/// As many columns as cut no name of a collection.
 void VueDepart::dispose() {
-    auto* feuille = findChild<QWidget*>(u"feuille"_s);
-    const int largeur = std::min(largeurdefeuille, viewport()->width() - 2 * look::windowMargin);
-    feuille->setFixedWidth(std::max(largeur, 0));
+    const int libre = viewport()->width();
+    const int voulue = std::clamp(qRound(libre * partdelalargeur), moindrelargeur, plusgrandelargeur);
+    const int largeur = std::max(std::min(voulue, libre - 2 * look::windowMargin), 0);
+    feuille_->setFixedWidth(largeur);
     const int dedans = largeur - 2 * margedefeuille;
     const int boutons = tous_->sizeHint().width() + detaillee_->sizeHint().width() + look::spacing;
     boutons_->setDirection(boutons <= dedans ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-    collections_->changecolonnes(2 * collections_->largeurvoulue() + look::groupSpacing <= dedans ? 2 : 1);
-    const int ordinaire =
-        feuille->sizeHint().height() - pages_->sizeHint().height() + pages_->widget(0)->sizeHint().height();
-    const int haut = std::max(look::windowMargin, (viewport()->height() - ordinaire) / 3);
-    widget()->layout()->setContentsMargins(look::windowMargin, haut, look::windowMargin, look::windowMargin);
+    const int colonnes =
+        (dedans + look::groupSpacing) / std::max(collections_->largeurvoulue() + look::groupSpacing, 1);
+    collections_->changecolonnes(std::clamp(colonnes, 1, plusdecolonnes));
+    disposemarges();
+}
+
+/// The sheet hangs a third down of what is free around its ordinary page, whatever is found: the field must not move
+/// under what is typed. Where that page does not fit, the room around it goes first.
+void VueDepart::disposemarges() {
+    const auto entoure = [](QWidget* widget, int cotes, int haut, int bas) {
+        widget->layout()->setContentsMargins(cotes, haut, cotes, bas);
+    };
+    entoure(feuille_, margedefeuille, margedefeuille, margedefeuille);
+    feuille_->layout()->invalidate(); // other columns have other rows, which it hears of later
+    const QWidget* vue = ordinaire_->isHidden() ? reponse_ : ordinaire_;
+    const int reste = viewport()->height() -
+                      (feuille_->sizeHint().height() - vue->sizeHint().height() + ordinaire_->sizeHint().height());
+    const bool serree = reste < 2 * look::windowMargin;
+    if (serree)
+        entoure(feuille_, margedefeuille, margeserree, margeserree);
+    const int bord = serree ? look::grid : look::windowMargin;
+    entoure(widget(), look::windowMargin, std::max(bord, reste / 3), bord);
+}
+
+/// The Down key leads out of the field.
+void VueDepart::descend() {
+    if (!(ordinaire_->isHidden() ? trouves_ : collections_)->prendfocus(true) && !bilan_->link()->isHidden())
+        bilan_->link()->setFocus(Qt::TabFocusReason);
 }
 
 /// The arrow keys lead from one group to the next, and out of the first one into the field.
@@ -294,11 +310,9 @@ void VueDepart::resizeEvent(QResizeEvent* evenement) {
 
 void VueDepart::changeEvent(QEvent* evenement) {
     QScrollArea::changeEvent(evenement);
-    if (evenement->type() == QEvent::PaletteChange && bilan_) {
-        for (QLabel* label : {bilan_, sansderniers_}) {
-            label->setPalette({});
-            discret(label);
-        }
+    if (evenement->type() == QEvent::PaletteChange && sansderniers_) {
+        sansderniers_->setPalette({});
+        discret(sansderniers_);
     }
 }
 
@@ -309,7 +323,7 @@ bool VueDepart::eventFilter(QObject* objet, QEvent* evenement) {
         return QScrollArea::eventFilter(objet, evenement);
     switch (static_cast<QKeyEvent*>(evenement)->key()) {
     case Qt::Key_Down:
-        (pages_->currentIndex() == 0 ? collections_ : trouves_)->prendfocus(true);
+        descend();
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:

@@ -9,18 +9,19 @@
 #include <QScrollArea>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class QBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QStackedLayout;
 class QVBoxLayout;
 
 namespace velm {
 
 class GroupeDepart;
+class NoteLine;
 
 /// A document that was found while its title was typed.
 struct DocumentTrouve {
@@ -38,8 +39,8 @@ public:
     };
     VueDepart(const Libelles& texte, Source source, QWidget* parent = nullptr);
 
-    /// What was found for the text of the field; nothing found is said. `plus`: there is more than these.
-    void montretrouves(const std::vector<DocumentTrouve>& trouves, bool plus);
+    /// What was found for the text of the field. `entout`: how many there are, as soon as that is known.
+    void montretrouves(const std::vector<DocumentTrouve>& trouves, std::optional<qint64> entout);
     QString cherche() const;
 
     QLineEdit& champ() const { return *champ_; }
@@ -72,19 +73,24 @@ private:
     void remplit(const PageDepart& page);
     void montrenombres();
     void suitchamp(const QString& texte);
+    void choisitpage(bool ordinaire);
+    void descend();
     void sort(const GroupeDepart* groupe, bool versbas);
     void dispose();
+    void disposemarges();
 
     Libelles texte_;
     Source source_;
     bool comptees_ = false; ///< the numbers of documents stand there, or will soon
     QLineEdit* champ_ = nullptr;
-    QStackedLayout* pages_ = nullptr;
+    QWidget* feuille_ = nullptr;
+    QWidget* ordinaire_ = nullptr; ///< one of these two is seen below the field
+    QWidget* reponse_ = nullptr;
     GroupeDepart* collections_ = nullptr;
     GroupeDepart* derniers_ = nullptr;
     QLabel* sansderniers_ = nullptr;
     GroupeDepart* trouves_ = nullptr;
-    QLabel* bilan_ = nullptr;
+    NoteLine* bilan_ = nullptr;
     QBoxLayout* boutons_ = nullptr;
     QPushButton* tous_ = nullptr;
     QPushButton* detaillee_ = nullptr;

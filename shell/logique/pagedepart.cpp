@@ -1,6 +1,8 @@
 #include "shell/logique/pagedepart.h"
 
 #include "core/cle.h"
+#include "core/langue.h"
+#include "core/nombres.h"
 
 #include <algorithm>
 
@@ -27,6 +29,17 @@ PageDepart pagedepart(std::span<const QString> cles, std::span<const QString> li
             page.derniers.push_back({static_cast<int>(rang), cle.indice(), titre});
     }
     return page;
+}
+
+QString bilandepart(const QString& cherche, qint64 montres, std::optional<qint64> entout, const Libelles& texte) {
+    const QString ecrits = nombreecrit(montres, texte);
+    if (montres == 0)
+        return remplace(texte(Texte::BureauRienTrouve), {cherche});
+    if (entout && *entout > montres)
+        return remplace(texte(Texte::BilanPremiersSur), {ecrits, nombreecrit(*entout, texte)});
+    if (montres == 1)
+        return texte(Texte::BilanUnDocument);
+    return remplace(texte(entout ? Texte::BilanDocuments : Texte::BureauPremiers), {ecrits});
 }
 
 } // namespace velm

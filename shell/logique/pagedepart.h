@@ -3,6 +3,7 @@
 // last.
 #include "core/texte.h"
 
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -33,5 +34,8 @@ struct PageDepart {
 /// The last documents by their keys, and by their labels, which begin with the code of the collection; empty ones are
 /// none.
 PageDepart pagedepart(std::span<const QString> cles, std::span<const QString> libelles, const Libelles& texte);
+
+/// What is said of a search: of `montres` documents that are shown there are `entout`, nothing while that is not known.
+QString bilandepart(const QString& cherche, qint64 montres, std::optional<qint64> entout, const Libelles& texte);
 
 } // namespace velm

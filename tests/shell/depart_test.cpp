@@ -1,5 +1,7 @@
 // The start page: what stands in the frame while no window is open.
 #include "core/schemas.h"
+#include "platform/widgets/look/noteline.h"
+#include "search/ui/frmvelmorselect.h"
 #include "shell/bureau.h"
 #include "shell/depart.h"
 #include "shell/groupedepart.h"
@@ -8,10 +10,13 @@
 #include "shell/vuedepart.h"
 #include "tests/shell/ecran_support.h"
 
-#include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QToolButton>
+
+#include <set>
 
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
@@ -55,7 +60,13 @@ protected:
             champ().insert(lettre);
     }
     static bool apourfocus(const LigneDepart* ligne) { return ligne->hasFocus(); }
-    QLabel* bilan() const { return page().findChild<QLabel*>(u"bilandepart"_s); }
+    NoteLine* bilan() const { return page().findChild<NoteLine*>(u"bilandepart"_s); }
+    QPushButton* bouton(const QString& nom) const { return page().findChild<QPushButton*>(nom); }
+    QWidget* feuille() const { return page().findChild<QWidget*>(u"feuille"_s); }
+    void taille(int largeur, int hauteur) const {
+        ecran().showNormal();
+        ecran().resize(largeur, hauteur);
+    }
 };
 
 } // namespace
@@ -122,7 +133,9 @@ TEST_F(DepartTest, WhatIsTypedIsFoundAtOnce) {
     EVENTUALLY(page().trouves().isVisible());
     EXPECT_EQ(noms(page().trouves()), (QStringList{u"Crédit"_s, u"Crédit gratuit"_s}));
     EXPECT_FALSE(page().collections().isVisible());
-    EXPECT_FALSE(bilan()->isVisible());
+    EVENTUALLY(bilan()->text() == mots(9725, {u"2"_s}));
+    EXPECT_EQ(page().trouves().lignes()[0]->suite(), u"Code de la consommation");
+    EXPECT_EQ(page().trouves().lignes()[0]->accessibleName(), mots(9632, {u"Crédit"_s, u"Code de la consommation"_s}));
     tape(u" g"_s);
     EVENTUALLY(noms(page().trouves()) == QStringList{u"Crédit gratuit"_s});
     QTest::keyClick(&champ(), Qt::Key_Escape);
@@ -137,12 +150,107 @@ TEST_F(DepartTest, NothingFoundAndRowsLeftOutAreSaid) {
     EVENTUALLY(bilan()->isVisible());
     EXPECT_EQ(bilan()->text(), mots(9626, {u"zzz"_s}));
     EXPECT_TRUE(page().trouves().lignes().empty());
-    EXPECT_FALSE(page().findChild<QPushButton*>(u"touslesresultats"_s)->isVisible());
+    EXPECT_FALSE(bouton(u"touslesresultats"_s)->isVisible());
+    EXPECT_FALSE(bouton(u"recherchedetaillee"_s)->isVisible());
     champ().setText(u"article"_s);
-    EVENTUALLY(bilan()->text() == mots(9627, {u"9"_s}));
+    EVENTUALLY(bilan()->text() == mots(9726, {u"9"_s, u"12"_s}));
     EXPECT_TRUE(bilan()->isVisible());
     EXPECT_EQ(page().trouves().lignes().size(), 9U);
-    EXPECT_TRUE(page().findChild<QPushButton*>(u"touslesresultats"_s)->isVisible());
+    EXPECT_TRUE(bouton(u"touslesresultats"_s)->isVisible());
+    EXPECT_TRUE(bouton(u"recherchedetaillee"_s)->isVisible());
+    EXPECT_TRUE(bilan()->link()->isHidden());
+}
+
+TEST_F(DepartTest, WhereNothingIsFoundTheSheetShrinksAndTheFieldStays) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    EVENTUALLY(!collections()[0]->suite().isEmpty());
+    QCoreApplication::processEvents();
+    const int ordinaire = feuille()->height();
+    const int haut = champ().mapTo(&page(), QPoint()).y();
+    tape(u"zzz"_s);
+    EVENTUALLY(bilan()->isVisible());
+    EVENTUALLY(feuille()->height() < ordinaire * 2 / 3);
+    EXPECT_EQ(champ().mapTo(&page(), QPoint()).y(), haut);
+    ecran().resize(ecran().size() - QSize(0, 20));
+    QCoreApplication::processEvents();
+    EXPECT_LE(std::abs(champ().mapTo(&page(), QPoint()).y() - haut), 20 / 3 + 1);
+    QTest::keyClick(&champ(), Qt::Key_Escape);
+    EVENTUALLY(feuille()->height() == ordinaire);
+    EXPECT_TRUE(champ().text().isEmpty());
+}
+
+TEST_F(DepartTest, TheOtherWayToSearchIsALinkOfTheAnswer) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    tape(u"zzz"_s);
+    EVENTUALLY(bilan()->isVisible());
+    EXPECT_EQ(bilan()->link()->text(), mots(9631));
+    QTest::keyClick(&champ(), Qt::Key_Down);
+    EXPECT_TRUE(bilan()->link()->hasFocus());
+    bilan()->link()->click();
+    ASSERT_NE(programme->recherches().formulaire(), nullptr);
+    EXPECT_TRUE(programme->recherches().formulaire()->isVisible());
+}
+
+TEST_F(DepartTest, WhatIsSaidOfARowStandsBehindItsName) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    EVENTUALLY(!collections()[0]->suite().isEmpty());
+    for (const LigneDepart* ligne : collections()) {
+        const QRect suite = ligne->placedelasuite();
+        const int nom = ligne->fontMetrics().horizontalAdvance(ligne->text());
+        const int texte = ligne->fontMetrics().horizontalAdvance(ligne->suite());
+        const bool laplace = 24 + 2 * 8 + nom + 8 + texte + 8 < ligne->width();
+        EXPECT_TRUE(laplace || !ligne->isEnabled()) << ligne->text().toStdString();
+        EXPECT_EQ(suite.isEmpty(), !laplace) << ligne->text().toStdString();
+        EXPECT_EQ(ligne->toolTip(), laplace ? QString() : ligne->suite()) << ligne->text().toStdString();
+        EXPECT_TRUE(!laplace || suite.left() == 24 + 2 * 8 + nom + 8) << ligne->text().toStdString();
+    }
+    taille(900, 700);
+    programme->ouvre(decoupecle(u"CO000002"));
+    EVENTUALLY(!page().isVisible());
+    entree("mdisposition", 4)->trigger();
+    EVENTUALLY(page().isVisible());
+    const LigneDepart& document = *page().derniers().lignes().front();
+    EXPECT_EQ(document.suite(), u"Code de la consommation");
+    EXPECT_FALSE(document.placedelasuite().isEmpty());
+    auto& etroite = const_cast<LigneDepart&>(document);
+    etroite.resize(24 + 3 * 8 + document.fontMetrics().horizontalAdvance(document.text()) + 20, document.height());
+    EXPECT_TRUE(document.placedelasuite().isEmpty()) << "the title comes first";
+    EXPECT_EQ(document.toolTip(), document.suite());
+    etroite.resize(24 + 3 * 8 + 20, document.height());
+    EXPECT_EQ(document.toolTip(), document.text());
+}
+
+TEST_F(DepartTest, AWideFrameHasAWiderSheetInThreeColumns) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    EVENTUALLY(!collections()[0]->suite().isEmpty());
+    taille(2200, 1000);
+    EVENTUALLY(feuille()->width() == 880);
+    const auto colonnes = [this] {
+        std::set<int> gauches;
+        for (const LigneDepart* ligne : collections())
+            gauches.insert(ligne->x());
+        return gauches.size();
+    };
+    EVENTUALLY(colonnes() == 3U);
+    taille(900, 700);
+    EVENTUALLY(feuille()->width() == 640);
+    EVENTUALLY(colonnes() == 2U);
+}
+
+TEST_F(DepartTest, InALowFrameTheRoomAroundGoesFirst) {
+    commence();
+    EVENTUALLY(page().isVisible());
+    taille(900, 700);
+    EVENTUALLY(feuille()->layout()->contentsMargins() == QMargins(24, 24, 24, 24));
+    taille(900, 360);
+    EVENTUALLY(feuille()->layout()->contentsMargins() == QMargins(24, 8, 24, 8));
+    EVENTUALLY(feuille()->y() == 4);
+    taille(900, 700);
+    EVENTUALLY(feuille()->layout()->contentsMargins() == QMargins(24, 24, 24, 24));
 }
 
 TEST_F(DepartTest, ADocumentThatWasFoundOpensWithItsWordMarked) {
@@ -219,8 +327,8 @@ TEST_F(DepartTest, ANarrowFrameHasOneColumnAndScrolls) {
     EVENTUALLY(page().widget()->height() > page().viewport()->height());
     EVENTUALLY(page().widget()->width() <= page().viewport()->width());
     champ().setText(u"article"_s);
-    const auto* tous = page().findChild<QPushButton*>(u"touslesresultats"_s);
-    const auto* autre = page().findChild<QPushButton*>(u"recherchedetaillee"_s);
+    const auto* tous = bouton(u"touslesresultats"_s);
+    const auto* autre = bouton(u"recherchedetaillee"_s);
     EVENTUALLY(tous->isVisible());
     EVENTUALLY(autre->y() > tous->y());
     EXPECT_LE(tous->mapTo(&page(), tous->rect().bottomRight()).x(), page().width());

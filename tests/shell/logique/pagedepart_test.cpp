@@ -34,6 +34,21 @@ TEST(PageDepartTest, TheLastDocumentsLoseTheirCodeAndKeepTheirRank) {
     EXPECT_EQ(celle.derniers, (std::vector<DernierOffert>{{0, 3, u"Une loi"_s}, {2, 10, u"Sans code"_s}}));
 }
 
+TEST(BilanDepartTest, ItSaysHowManyAreShownOfHowMany) {
+    const Libelles texte = [](Texte lequel) { return enchiffres(lequel) + u" %1 %2"_s; };
+    const auto dit = [&texte](qint64 montres, std::optional<qint64> entout) {
+        return bilandepart(u"dol"_s, montres, entout, texte);
+    };
+    const auto voulu = [](Texte lequel, const QString& suite) { return enchiffres(lequel) + suite; };
+    EXPECT_EQ(dit(0, 0), voulu(Texte::BureauRienTrouve, u" dol %2"_s));
+    EXPECT_EQ(dit(1, 1), voulu(Texte::BilanUnDocument, u" %1 %2"_s));
+    EXPECT_EQ(dit(9, 9), voulu(Texte::BilanDocuments, u" 9 %2"_s));
+    EXPECT_EQ(dit(9, 545), voulu(Texte::BilanPremiersSur, u" 9 545"_s));
+    EXPECT_EQ(dit(1, 2), voulu(Texte::BilanPremiersSur, u" 1 2"_s));
+    EXPECT_EQ(dit(9, std::nullopt), voulu(Texte::BureauPremiers, u" 9 %2"_s)) << "nobody knows yet";
+    EXPECT_EQ(dit(1, std::nullopt), voulu(Texte::BilanUnDocument, u" %1 %2"_s));
+}
+
 TEST(PageDepartTest, AListThatIsShorterEndsBoth) {
     EXPECT_EQ(pagede({u"CL000001"_s, u"CL000002"_s}, {u"CL-Une loi"_s}).derniers.size(), 1U);
 }
