@@ -186,9 +186,9 @@ void CadrePrincipal::ouvrefichiercriteres(const QString& chemin) {
 
 void CadrePrincipal::astuce(bool attend) {
     if (attend)
-        depart_->alaprochainevue([this] { annexes_->astuce(); });
+        depart_->alaprochainevue([this] { annexes_->astuce(true); });
     else
-        annexes_->astuce();
+        annexes_->astuce(true);
 }
 
 EtatFenetres CadrePrincipal::etatfenetres() const {

@@ -5,6 +5,7 @@
 #include "document/ui/textes.h"
 #include "platform/system/systeminfo.h"
 #include "platform/widgets/frame/childarea.h"
+#include "platform/widgets/look/look.h"
 #include "platform/widgets/text/richtextbox.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
@@ -14,7 +15,10 @@
 
 #include <QCoreApplication>
 #include <QScreen>
+#include <QStatusBar>
+#include <QStyle>
 
+#include <algorithm>
 #include <utility>
 
 namespace velm {
@@ -22,10 +26,12 @@ namespace velm {
 FenetresAnnexes::FenetresAnnexes(Ecrangeneral& ecran, Bureau& bureau, Donnees donnees)
     : ecran_(ecran), bureau_(bureau), donnees_(std::move(donnees)) {}
 
-void FenetresAnnexes::montre(QDialog* fenetre) {
+void FenetresAnnexes::montre(QDialog* fenetre, bool ecartee) {
     fenetre->setAttribute(Qt::WA_DeleteOnClose);
     // At the start the frame does not have its size yet, but the screen has.
-    if (ecran_.isMaximized()) {
+    if (ecartee) {
+        ecarte(*fenetre);
+    } else if (ecran_.isMaximized()) {
         fenetre->adjustSize();
         QRect place(QPoint(), fenetre->size());
         place.moveCenter(ecran_.screen()->availableGeometry().center());
@@ -34,13 +40,24 @@ void FenetresAnnexes::montre(QDialog* fenetre) {
     fenetre->show();
 }
 
-void FenetresAnnexes::astuce() {
+/// The start page is what a tip speaks of, and may be all that somebody sees for the first time: beside its field and
+/// the collections there is room in the corner.
+void FenetresAnnexes::ecarte(QDialog& fenetre) const {
+    const QRect libre = ecran_.isMaximized() ? ecran_.screen()->availableGeometry() : ecran_.frameGeometry();
+    fenetre.adjustSize();
+    const int titre = ecran_.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QSize place = fenetre.size() + QSize(look::windowMargin, ecran_.statusBar()->height() + titre);
+    const QPoint coin = libre.bottomRight() + QPoint(1, 1) - QPoint(place.width(), place.height());
+    fenetre.move(std::max(coin.x(), libre.left()), std::max(coin.y(), libre.top()));
+}
+
+void FenetresAnnexes::astuce(bool audepart) {
     const Parametres& parametres = donnees_.seance.parametres();
     const QString fichier = Astuces::cheminfichier(parametres.repertoireapplication, parametres.extensionlangue);
     Reglages& reglages = donnees_.reglages;
     const auto coche = reglages.lit(reglage::astuces) != 0;
     const auto change = [&reglages](bool montrees) { reglages.ecrit(reglage::astuces, montrees ? 1 : 0); };
-    montre(new frmTip(donnees_.texte, astuces_, fichier, {coche, change}, &ecran_));
+    montre(new frmTip(donnees_.texte, astuces_, fichier, {coche, change}, &ecran_), audepart);
 }
 
 void FenetresAnnexes::montreapropos() {

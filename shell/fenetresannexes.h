@@ -30,14 +30,16 @@ public:
     };
     FenetresAnnexes(Ecrangeneral& ecran, Bureau& bureau, Donnees donnees);
 
-    void astuce();
+    /// `audepart`: nobody has asked for it, and it leaves the start page to be seen.
+    void astuce(bool audepart = false);
     void montreapropos();
     void montrepartenaires();
     /// Shows the find dialog of the active document window.
     void montrerecherche();
 
 private:
-    void montre(QDialog* fenetre);
+    void montre(QDialog* fenetre, bool ecartee = false);
+    void ecarte(QDialog& fenetre) const;
 
     Ecrangeneral& ecran_;
     Bureau& bureau_;

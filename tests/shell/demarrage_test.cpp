@@ -90,6 +90,20 @@ TEST_F(DemarrageTest, TheTipShowsAtTheStartUntilItIsUnticked) {
     EXPECT_EQ(astuce(), nullptr);
 }
 
+TEST_F(DemarrageTest, TheTipOfAStartLeavesTheStartPageToBeSeen) {
+    regle(u"OPTIONS", u"TIPS", QStringLiteral("1"));
+    demarre(QString());
+    ASSERT_NE(astuce(), nullptr);
+    const QRect libre = ecran().screen()->availableGeometry();
+    EXPECT_LE(libre.right() - astuce()->geometry().right(), 24);
+    EXPECT_GT(astuce()->geometry().bottom(), libre.center().y());
+    EXPECT_TRUE(libre.contains(astuce()->geometry()));
+    ferme("frmTip");
+    entree("maide0", 0)->trigger();
+    ASSERT_NE(astuce(), nullptr);
+    EXPECT_LE(std::abs(astuce()->geometry().center().x() - libre.center().x()), 2) << "who asks has it in the middle";
+}
+
 TEST_F(DemarrageTest, WithoutASettingTheTipShows) {
     ASSERT_TRUE(QFile::remove(dossier.filePath(QStringLiteral("reglages.ini"))));
     demarre(QString());
