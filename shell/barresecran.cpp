@@ -75,6 +75,7 @@ void BarresEcran::construit(Barre barre, const QString& nom, Texte titre) {
     nouvelle->setWindowTitle(texte_(titre).remove(u'&'));
     nouvelle->setImages(icon);
     nouvelle->setMenuImages(imagedhistorique);
+    nouvelle->setMenuSubjects(documentdhistorique);
     barres_.at(static_cast<std::size_t>(barre)) = nouvelle;
     garnit(*nouvelle, placesde(barre), actions_, texte_);
     constexpr std::array<QStringView, 3> noms{u"ContextMenuBarreCommandes", u"ContextMenuBarreTable",

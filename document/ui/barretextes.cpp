@@ -106,6 +106,7 @@ void BarreTextes::montrehistorique(const Historique& historique) {
     setMenus(u"Précédent"_s, &historique.precedent.menus());
     setMenus(u"Suivant"_s, &historique.suivant.menus());
     setMenuImages(imagedhistorique);
+    setMenuSubjects(documentdhistorique);
 }
 
 void BarreTextes::montrebloc(std::optional<Bloc> bloc) {

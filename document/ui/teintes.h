@@ -1,5 +1,5 @@
 #pragma once
-// The pictures of the collections.
+// The pictures of the collections, and what the entries of a history show.
 #include "core/cle.h"
 #include "platform/widgets/look/icons.h"
 
@@ -14,6 +14,12 @@ inline QIcon iconedecollection(int slot) {
 inline QString imagedhistorique(const QString& entree) {
     const QStringView cle = QStringView(entree).left(8);
     return estcle(cle) ? QStringLiteral("collection%1").arg(decoupecle(cle).indice()) : QString();
+}
+
+/// The document of a history's entry; empty for any other entry.
+inline QString documentdhistorique(const QString& entree) {
+    const QString cle = entree.left(8);
+    return estcle(cle) ? cle : QString();
 }
 
 } // namespace velm

@@ -1,4 +1,5 @@
 #include "platform/widgets/frame/toolbar_p.h"
+#include "platform/widgets/frame/toolbartip.h"
 #include "platform/widgets/frame/toolbarwalk.h"
 
 #include <QActionGroup>
@@ -17,6 +18,7 @@ namespace velm {
 namespace {
 
 constexpr int iconSide = 24; ///< that of the grid on which the pictures are drawn
+constexpr int atTheRight = 4;
 
 } // namespace
 
@@ -192,11 +194,20 @@ void Toolbar::setMenuImages(std::function<QString(const QString& menuKey)> names
     d_->menuImages = std::move(names);
 }
 
+void Toolbar::setMenuSubjects(std::function<QString(const QString& menuKey)> subjects) {
+    d_->menuSubjects = std::move(subjects);
+}
+
 void Toolbar::fillMenu(const QString& key, QMenu& menu) {
     menu.clear();
+    QString before;
     const ButtonMenus* entries = d_->find(key)->menus;
     for (int index = 1; entries && index <= entries->count(); ++index) {
         const ButtonMenu& entry = entries->at(index);
+        const QString subject = d_->menuSubjects ? d_->menuSubjects(entry.key) : QString();
+        if (!subject.isEmpty() && subject == before)
+            continue;
+        before = subject;
         const QString line = entry.text.simplified();
         const QString shown = entryText(line, menu.fontMetrics());
         QAction* action = menu.addAction(withoutMnemonic(shown));
@@ -311,6 +322,11 @@ bool Toolbar::eventFilter(QObject* watched, QEvent* event) {
         if (buttonKey(*button, static_cast<QKeyEvent&>(*event)))
             return true;
         break;
+    case QEvent::ToolTip:
+        if (orientation() != Qt::Vertical)
+            break;
+        showTipBeside(*button, d_->edge == atTheRight);
+        return true;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
         if (opensNothing(*button, static_cast<QMouseEvent*>(event)->position().toPoint()))

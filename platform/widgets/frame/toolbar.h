@@ -69,6 +69,8 @@ public:
     void setMenus(const QString& key, const ButtonMenus* menus);
     /// Names the picture of each drop-down entry by the entry's key; an empty name for none.
     void setMenuImages(std::function<QString(const QString& menuKey)> names);
+    /// What an entry is about: of neighbours that are about the same, the first alone is offered.
+    void setMenuSubjects(std::function<QString(const QString& menuKey)> subjects);
 
     QToolButton* widget(const QString& key) const; ///< null for separators
     QMenu* menu(const QString& key) const;         ///< the menu of a drop-down, null for others

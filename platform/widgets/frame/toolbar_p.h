@@ -39,6 +39,7 @@ struct Toolbar::Private {
     QHash<QString, std::size_t> places;
     std::function<QIcon(const QString&)> images = &icon;
     std::function<QString(const QString&)> menuImages;
+    std::function<QString(const QString&)> menuSubjects;
     QPointer<QMainWindow> window;
     int position = 0;
     int edge = 1;

@@ -218,6 +218,24 @@ TEST_F(ToolbarTest, EntriesBearThePicturesThatTheirKeysName) {
     menu->hide();
 }
 
+TEST_F(ToolbarTest, NeighboursAboutTheSameAreOfferedOnceAndTheFirstIsChosen) {
+    ButtonMenus menus;
+    for (const QString& key : {u"a1"_s, u"a2"_s, u"b1"_s, u"a3"_s, u"x"_s, u"x2"_s})
+        menus.add(0, key, u"Titre"_s);
+    bar->setMenus(u"Précédent"_s, &menus);
+    bar->setMenuSubjects([](const QString& key) { return key.startsWith(u'x') ? QString() : key.left(1); });
+    const QSignalSpy chosen(bar, &Toolbar::menuClicked);
+    QMenu* menu = opened(u"Précédent"_s);
+    QStringList keys;
+    for (const QAction* action : menu->actions())
+        keys << action->objectName();
+    EXPECT_EQ(keys, (QStringList{u"a1"_s, u"b1"_s, u"a3"_s, u"x"_s, u"x2"_s})) << "nothing is no subject";
+    menu->actions().at(1)->trigger();
+    ASSERT_EQ(chosen.count(), 1);
+    EXPECT_EQ(chosen.first().at(1).toInt(), 3) << "its place among all";
+    menu->hide();
+}
+
 TEST_F(ToolbarTest, AFaintButtonCanBePressedAndHasItsPictureBack) {
     const auto picture = [this] { return bar->widget(u"Imprimer"_s)->icon().pixmap(QSize(24, 24), 1.0).toImage(); };
     const QImage usual = picture();
