@@ -53,7 +53,7 @@ void drawScrollBar(const QStyleOptionSlider& bar, QPainter& painter) {
     const bool touched = bar.state & (QStyle::State_MouseOver | QStyle::State_Sunken) &&
                          bar.activeSubControls & QStyle::SC_ScrollBarSlider;
     const QColor usual = look::edge(bar.palette);
-    const int beside = touched ? 1 : 2;
+    const int beside = touched ? 1 : 3; // thin, while nobody wants it
     const QRect thumb = scrollBarPart(bar, QStyle::SC_ScrollBarSlider).adjusted(beside, beside, -beside, -beside);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);

@@ -71,6 +71,20 @@ void drawMarkGround(const QStyleOption& option, QPainter& painter, bool on, doub
     painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), corner, corner);
 }
 
+/// A pressed button of a bar: many of them are down for long, and say nothing that is new. A tint, and a line below the
+/// picture by which it is told.
+void drawMarkedFace(const QStyleOption& option, const QRect& face, QPainter& painter) {
+    constexpr int line = 2;
+    constexpr int length = 4 * look::grid;
+    const bool touched = option.state & QStyle::State_Sunken || hovered(option);
+    const QColor ground = look::chosenGround(option.palette);
+    const QColor window = option.palette.color(QPalette::Window);
+    drawFace(painter, face, touched ? ground : look::mixed(window, ground, 0.6), {});
+    const int room = std::min(length, face.width());
+    painter.fillRect(face.left() + (face.width() - room) / 2, face.bottom() + 1 - line, room, line,
+                     look::chosenEdge(option.palette));
+}
+
 /// The signs on a filled box.
 QColor signInk(const QStyleOption& option) {
     return enabled(option) ? QColor(Qt::white) : option.palette.color(QPalette::Base);
@@ -132,7 +146,9 @@ void drawToolButton(const QStyle& style, const QStyleOptionToolButton& button, Q
     const bool menuDown = split && button.activeSubControls & QStyle::SC_ToolButtonMenu && pressed(button);
     const QRect face = button.rect.adjusted(1, 1, -1, -1);
     const bool raised = !(button.state & QStyle::State_AutoRaise);
-    if (enabled(button) && pressed(button))
+    if (enabled(button) && pressed(button) && !raised)
+        drawMarkedFace(button, face, painter);
+    else if (enabled(button) && pressed(button))
         drawFace(painter, face, chosenHere(button), look::chosenEdge(button.palette));
     else if (hovered(button) || raised)
         drawFace(painter, face, hovered(button) ? breath(button.palette, QPalette::Window, 0.08) : QColor(),

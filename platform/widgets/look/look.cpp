@@ -130,8 +130,8 @@ Sheet sheet(const QColor& paper, const QPalette& around) {
     // Brighter than the accent, in which headings are set.
     s.link = QColor::fromRgb(lightPaper ? 0xFF2363B5 : darkTones.link);
     s.lightPaper = lightPaper;
-    s.found = QColor::fromRgb(lightPaper ? 0xFFFFE48A : 0xFF5A4600);
-    s.foundCurrent = QColor::fromRgb(lightPaper ? 0xFFF7B500 : 0xFF7A5A00);
+    s.found = QColor::fromRgb(lightPaper ? 0xFFFFE48A : 0xFF241C00);
+    s.foundCurrent = QColor::fromRgb(lightPaper ? 0xFFF7B500 : 0xFF403000);
     s.foundRing = QColor::fromRgb(lightPaper ? 0xFF7A5000 : 0xFFFFD66B);
     s.rule = mixed(paper, s.ink, 0.28);
     const bool lightAround = themeOf(around) == Theme::Light;

@@ -111,7 +111,8 @@ TEST_P(Contrast, ASelectionIsToldWithAndWithoutTheFocus) {
 
 TEST_P(Contrast, APressedButtonIsToldFromOneThatIsNot) {
     for (const auto state : {QStyle::State_On, QStyle::State_Sunken}) {
-        EXPECT_GE(contrast(middleRow(onBar(state)), window()), states) << state;
+        EXPECT_GE(contrast(onBar(state), window()), states) << state;
+        EXPECT_GT(contrast(onBar(state).pixelColor(18, 4), window()), 1.05) << state;
         EXPECT_GE(contrast(middleRow(pushed(button(state))), window()), states) << state;
     }
     EXPECT_LT(contrast(onBar({}), window()), 1.01) << "an idle one is flat";
@@ -119,6 +120,15 @@ TEST_P(Contrast, APressedButtonIsToldFromOneThatIsNot) {
     EXPECT_GT(contrast(hovered, window()), 1.05);
     EXPECT_GE(contrast(colour(QPalette::WindowText), onBar(QStyle::State_On).pixelColor(18, 18)), words);
     EXPECT_GE(contrast(look::accentColour(GetParam()), onBar(QStyle::State_On).pixelColor(18, 18)), states);
+}
+
+/// Many of them are down all day: they are told by a line below their picture, and lie on no box.
+TEST_P(Contrast, APressedButtonOfABarIsQuiet) {
+    const QImage on = onBar(QStyle::State_On);
+    EXPECT_LT(contrast(on.copy(0, 0, 36, 30), window()), 1.5);
+    EXPECT_GE(contrast(on.pixelColor(18, 33), window()), states);
+    EXPECT_LT(contrast(on.pixelColor(4, 33), window()), 1.5) << "the line is short";
+    EXPECT_NE(onBar(QStyle::State_On | QStyle::State_MouseOver), on);
 }
 
 TEST_P(Contrast, TheDefaultButtonIsFilledAndItsWordsAreWhite) {
@@ -197,6 +207,30 @@ TEST_P(Contrast, TheThumbOfAScrollBarIsSeenOnAllThatItLiesOn) {
     }
 }
 
+TEST_P(Contrast, TheThumbOfAScrollBarIsThinUntilItIsWanted) {
+    QStyleOptionSlider bar;
+    bar.rect = QRect(0, 0, 12, 200);
+    bar.palette = palette;
+    bar.orientation = Qt::Vertical;
+    bar.maximum = 100;
+    bar.pageStep = 50;
+    bar.subControls = QStyle::SC_All;
+    const auto width = [&](QStyle::State state) {
+        bar.state = state | QStyle::State_Enabled;
+        bar.activeSubControls = QStyle::SC_ScrollBarSlider;
+        const QImage picture = drawn(window(), bar.rect.size(), [&](QPainter& painter) {
+            style.drawComplexControl(QStyle::CC_ScrollBar, &bar, &painter);
+        });
+        int wide = 0;
+        for (int x = 0; x < 12; ++x)
+            wide += contrast(picture.pixelColor(x, 40), window()) >= states ? 1 : 0;
+        return wide;
+    };
+    EXPECT_EQ(width({}), 6);
+    EXPECT_EQ(width(QStyle::State_MouseOver), 10);
+    EXPECT_EQ(width(QStyle::State_Sunken), 10);
+}
+
 TEST_P(Contrast, TheChosenTabAndTheFocusAreSeen) {
     QStyleOptionTab tab;
     tab.rect = QRect(0, 0, 80, 30);
@@ -236,6 +270,67 @@ TEST_P(Contrast, PicturesOfTheCollectionsAreSeen) {
             EXPECT_GE(contrast(look::hue(slot, GetParam()), ground), states) << slot;
     }
 }
+
+// ---- what was found in a text
+
+namespace {
+
+/// A sheet as it looks where something was found: the ground lies over paper and words.
+class Found : public Contrast {
+protected:
+    QColor over(const look::Sheet& sheet, const QColor& under, const QColor& ground) const {
+        return drawn(under, {1, 1},
+                     [&](QPainter& painter) {
+                         painter.setCompositionMode(sheet.lightPaper ? QPainter::CompositionMode_Multiply
+                                                                     : QPainter::CompositionMode_Screen);
+                         painter.fillRect(0, 0, 1, 1, ground);
+                     })
+            .pixelColor(0, 0);
+    }
+    QList<look::Sheet> sheets() const {
+        QList<look::Sheet> all;
+        for (const QRgb paper : {0xFFFFFFFF, 0xFFFFFFE1, 0xFFEAF3FA, 0xFFF3EAE0, 0xFF1E2125})
+            all << look::sheet(QColor::fromRgb(paper), palette);
+        return all << look::sheet(look::softPaper(Qt::white), palette);
+    }
+};
+
+} // namespace
+
+TEST_P(Found, WordsAreLegibleOnTheGroundsOfMarks) {
+    constexpr QColor marked(0x5C, 0x2E, 0x00); // as the publisher's settings have it
+    for (const look::Sheet& sheet : sheets()) {
+        QList<QColor> inks{sheet.ink, sheet.link};
+        if (sheet.lightPaper)
+            inks << QColor::fromRgb(look::accent) << marked;
+        for (const QColor& ground : {sheet.found, sheet.foundCurrent}) {
+            for (const QColor& ink : std::as_const(inks))
+                EXPECT_GE(contrast(over(sheet, ink, ground), over(sheet, sheet.paper, ground)), words)
+                    << ink.name().toStdString() << " on " << sheet.paper.name().toStdString();
+        }
+    }
+}
+
+TEST_P(Found, TheCurrentMarkIsToldFromTheOthers) {
+    for (const look::Sheet& sheet : sheets()) {
+        const QColor others = over(sheet, sheet.paper, sheet.found);
+        const QColor current = over(sheet, sheet.paper, sheet.foundCurrent);
+        EXPECT_GT(contrast(others, sheet.paper), 1.15) << sheet.paper.name().toStdString();
+        EXPECT_GT(contrast(current, others), 1.3) << sheet.paper.name().toStdString();
+        for (const QColor& beside : {sheet.paper, others})
+            EXPECT_GE(contrast(sheet.foundRing, beside), states) << sheet.paper.name().toStdString();
+    }
+}
+
+TEST_P(Found, TicksBesideAScrollBarAreSeen) {
+    for (const QColor& ground : {look::sheet(Qt::white, palette).surface, window()}) {
+        EXPECT_GE(contrast(look::foundTick(ground, false), ground), states) << ground.name().toStdString();
+        EXPECT_GE(contrast(look::foundTick(ground, true), ground), states) << ground.name().toStdString();
+        EXPECT_GT(contrast(look::foundTick(ground, true), look::foundTick(ground, false)), 1.5);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Themes, Found, testing::Values(look::Theme::Light, look::Theme::Dark));
 
 INSTANTIATE_TEST_SUITE_P(Themes, Contrast, testing::Values(look::Theme::Light, look::Theme::Dark));
 
