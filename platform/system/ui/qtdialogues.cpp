@@ -11,10 +11,12 @@
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
+#include <QTreeView>
 
 #include <algorithm>
 #include <array>
@@ -169,6 +171,19 @@ QString firstFolder(const QString& last) {
     return QDir::homePath();
 }
 
+/// Names have the room, the other columns what they need: nothing of them is cut, and nothing scrolls sideways. Where
+/// the platform has a dialog of its own there is no such list.
+void layOutColumns(const QFileDialog& dialog) {
+    const auto* const list = dialog.findChild<QTreeView*>(u"treeView"_s);
+    if (list == nullptr)
+        return;
+    QHeaderView* const header = list->header();
+    header->setStretchLastSection(false);
+    header->setResizeContentsPrecision(0); // what is seen
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 void prepare(QFileDialog& dialog, const ChoixFichier& choix, const QString& last) {
     QStringList filters;
     for (const Filtre& filtre : lisfiltres(choix.filtre)) {
@@ -222,6 +237,7 @@ std::optional<QString> QtDialogues::run(QFileDialog& dialog, const ChoixFichier&
     if (provider_)
         dialog.setIconProvider(provider_.get());
     prepare(dialog, choix, lastFolder_);
+    layOutColumns(dialog);
     raiseAboveOwner(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
