@@ -22,7 +22,8 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr int cotelogo = 64;
-constexpr int largeurtexte = 360;
+constexpr int largeurtexte = 400;
+constexpr int marge = 5 * look::grid;
 constexpr int intervalle = 110;
 constexpr qsizetype caracteresdetitre = 160;
 
@@ -104,7 +105,7 @@ void frmAbout::construit(const QString& version, const QString& collection) {
     colonne->addWidget(conditions);
     colonne->addStretch();
     auto* corps = new QHBoxLayout;
-    corps->setSpacing(look::groupSpacing);
+    corps->setSpacing(6 * look::grid);
     corps->addWidget(logo_, 0, Qt::AlignTop);
     corps->addLayout(colonne, 1);
     auto* pied = new QHBoxLayout;
@@ -113,7 +114,7 @@ void frmAbout::construit(const QString& version, const QString& collection) {
     pied->addWidget(systeme);
     pied->addWidget(ok);
     auto* disposition = new QVBoxLayout(this);
-    disposition->setContentsMargins(look::windowMargin, look::windowMargin, look::windowMargin, look::windowMargin);
+    disposition->setContentsMargins(marge, marge, marge, look::windowMargin);
     disposition->setSpacing(look::groupSpacing);
     disposition->setSizeConstraint(QLayout::SetFixedSize);
     disposition->addLayout(corps);
