@@ -51,12 +51,6 @@ QLabel* titre(const QString& texte, QWidget* parent) {
     return titre;
 }
 
-void discret(QWidget* widget) {
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::WindowText, palette.color(QPalette::PlaceholderText));
-    widget->setPalette(palette);
-}
-
 } // namespace
 
 VueDepart::VueDepart(const Libelles& texte, Source source, QWidget* parent)
@@ -121,9 +115,9 @@ QWidget* VueDepart::pageordinaire() {
     derniers_->setObjectName(u"derniers"_s);
     derniers_->setAccessibleName(texte_(Texte::BureauDerniers));
     dedans->addWidget(derniers_);
-    sansderniers_ = plainLabel(texte_(Texte::BureauSansDerniers), page);
-    sansderniers_->setWordWrap(true);
-    discret(sansderniers_);
+    sansderniers_ = new NoteLine(page);
+    sansderniers_->setObjectName(u"sansderniers"_s);
+    sansderniers_->say(texte_(Texte::BureauSansDerniers));
     dedans->addWidget(sansderniers_);
     dedans->addStretch();
     return page;
@@ -306,14 +300,6 @@ void VueDepart::hideEvent(QHideEvent* evenement) {
 void VueDepart::resizeEvent(QResizeEvent* evenement) {
     QScrollArea::resizeEvent(evenement);
     dispose();
-}
-
-void VueDepart::changeEvent(QEvent* evenement) {
-    QScrollArea::changeEvent(evenement);
-    if (evenement->type() == QEvent::PaletteChange && sansderniers_) {
-        sansderniers_->setPalette({});
-        discret(sansderniers_);
-    }
 }
 
 bool VueDepart::eventFilter(QObject* objet, QEvent* evenement) {

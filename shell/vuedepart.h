@@ -13,7 +13,6 @@
 #include <vector>
 
 class QBoxLayout;
-class QLabel;
 class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
@@ -62,7 +61,6 @@ protected:
     void showEvent(QShowEvent* evenement) override;
     void hideEvent(QHideEvent* evenement) override;
     void resizeEvent(QResizeEvent* evenement) override;
-    void changeEvent(QEvent* evenement) override;
     bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
@@ -88,7 +86,7 @@ private:
     QWidget* reponse_ = nullptr;
     GroupeDepart* collections_ = nullptr;
     GroupeDepart* derniers_ = nullptr;
-    QLabel* sansderniers_ = nullptr;
+    NoteLine* sansderniers_ = nullptr;
     GroupeDepart* trouves_ = nullptr;
     NoteLine* bilan_ = nullptr;
     QBoxLayout* boutons_ = nullptr;

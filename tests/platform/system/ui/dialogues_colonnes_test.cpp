@@ -1,0 +1,44 @@
+// The list of files in the dialogs that choose one.
+#include "platform/system/ui/qtdialogues.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QTreeView>
+
+#include <gtest/gtest.h>
+
+using namespace velm;
+using namespace Qt::Literals::StringLiterals;
+
+TEST(FichiersQt, NamesHaveTheRoomThatTheOtherColumnsLeave) {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QString(60, u'n') + u".cv2"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    QtDialogues dialogs;
+    QTimer timer;
+    QDeadlineTimer patience(5000);
+    bool fits = false;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        const auto* list = dialog ? dialog->findChild<QTreeView*>(u"treeView"_s) : nullptr;
+        if (list == nullptr || !list->isVisible())
+            return;
+        const QHeaderView* header = list->header();
+        fits = list->model()->rowCount(list->rootIndex()) > 0 && header->length() == list->viewport()->width();
+        for (int column = 1; fits && column < header->count(); ++column) {
+            const QString told = list->model()->index(0, column, list->rootIndex()).data().toString();
+            fits = header->sectionSize(column) > list->fontMetrics().horizontalAdvance(told);
+        }
+        if (!fits && !patience.hasExpired())
+            return;
+        timer.stop();
+        dialog->reject();
+    });
+    timer.start(1);
+    EXPECT_FALSE(dialogs.openFile({u"Trouver"_s, folder.path(), {}, {}, {}}));
+    EXPECT_TRUE(fits) << "nothing is cut but names, and nothing scrolls sideways";
+}
