@@ -75,6 +75,35 @@ qsizetype finrepetee(const QString& titre, const QString& audessus) {
     return fin;
 }
 
+/// How much of a title is a word before a number, with what parts the two ("Article 3"); 0 for none.
+qsizetype motdevantnombre(const QString& titre) {
+    qsizetype fin = 0;
+    while (fin < titre.size() && titre.at(fin).isLetter())
+        ++fin;
+    const bool devant = fin > 0 && fin + 1 < titre.size() && titre.at(fin).isSpace() && titre.at(fin + 1).isDigit();
+    return devant ? fin + 1 : 0;
+}
+
+/// The leaves beside a node begin with the same letters.
+bool commelevoisin(const TreeNodes& arbre, int noeud, QStringView debut) {
+    const int parent = arbre.parent(noeud);
+    const int place = arbre.place(noeud);
+    for (const int voisine : {place - 1, place + 1}) {
+        const int celui = voisine >= 0 && voisine < arbre.children(parent) ? arbre.childAt(parent, voisine) : 0;
+        if (celui != 0 && feuille(arbre.key(celui)) && arbre.text(celui).startsWith(debut))
+            return true;
+    }
+    return false;
+}
+
+/// All that a node hangs from is open.
+bool ouvertejusqua(const TreeNodes& arbre, int noeud) {
+    int parent = arbre.parent(noeud);
+    while (parent != 0 && arbre.expanded(parent))
+        parent = arbre.parent(parent);
+    return parent == 0;
+}
+
 qint64 numerodenoeud(const QString& cle) {
     return wholeNumber(QStringView(cle).sliced(std::min<qsizetype>(2, cle.size()))).value_or(0);
 }
@@ -233,6 +262,9 @@ void Arborescence::choisitdocument(TreeNodes& arbre, const Cle& cle) {
 }
 
 int Arborescence::mene(TreeNodes& arbre, const Cle& cle, qint64 numero) {
+    // Where all is open there is nothing to do, and nothing to paint anew.
+    if (const int ici = feuillede(arbre, cle); ici != 0 && ouvertejusqua(arbre, ici))
+        return ici;
     const SansRedessin ensemble(arbre);
     if (feuillede(arbre, cle) == 0 && !descend(arbre, numero, [](int) {}))
         return 0;
@@ -256,7 +288,8 @@ QString Arborescence::libellecourt(const TreeNodes& arbre, int noeud) {
         if (const qsizetype debut = finrepetee(titre, arbre.text(parent)); debut > 0)
             return titre.sliced(debut);
     }
-    return titre;
+    const qsizetype mot = motdevantnombre(titre);
+    return mot > 0 && commelevoisin(arbre, noeud, QStringView(titre).first(mot)) ? titre.sliced(mot) : titre;
 }
 
 int Arborescence::niveaunoeud(const TreeNodes& arbre, int noeud) {

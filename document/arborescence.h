@@ -45,7 +45,8 @@ public:
     /// Steps from a node up to the root, which is node 1 and gives 0.
     static int niveaunoeud(const TreeNodes& arbre, int noeud);
     /// The text of a node as it is shown below its ancestors: a document's title leaves out what repeats the text of
-    /// one of them ("art. 3" below "Code du travail"). All others are shown whole.
+    /// one of them ("art. 3" below "Code du travail"), or the word that its neighbours have before their numbers, too
+    /// ("3 - Délais" for "Article 3 - Délais"). All others are shown whole.
     static QString libellecourt(const TreeNodes& arbre, int noeud);
     /// Picture of a branch at a depth from 0 to 10; empty beyond.
     QString imagenoeud(int profondeur, bool ouvert) const;

@@ -4,6 +4,17 @@
 namespace velm::test {
 namespace {
 
+/// How often a tree was to be shown anew.
+struct Compte final : TreeObserver {
+    void treeReset() override {}
+    void nodesAdded(int) override {}
+    void nodeChanged(int) override {}
+    void nodeExpansion(int, bool) override {}
+    void nodeSelected(int) override {}
+    void redrawSwitched(bool) override { ++redessins; }
+    int redessins = 0;
+};
+
 TEST_F(ArborescenceTest, TheWayToADocumentOpensAndNothingIsSelected) {
     chaine(9);
     charge();
@@ -46,6 +57,21 @@ TEST_F(ArborescenceTest, ADocumentThatIsLoadedComesOutUnderItsBranches) {
     EXPECT_TRUE(arbre.expanded(arbre.indexOf(u"CO 2"_s)));
 }
 
+TEST_F(ArborescenceTest, AWayThatIsOpenIsNotShownAnew) {
+    Compte compte;
+    chaine(2);
+    charge();
+    const int feuille = arborescence.mene(arbre, decoupecle(u"CO000002"_s), 2);
+    arbre.setObserver(&compte);
+    EXPECT_EQ(arborescence.mene(arbre, decoupecle(u"CO000002"_s), 2), feuille);
+    EXPECT_EQ(compte.redessins, 0);
+    arbre.setExpanded(arbre.indexOf(u"CO 1"_s), false);
+    EXPECT_EQ(arborescence.mene(arbre, decoupecle(u"CO000002"_s), 2), feuille);
+    EXPECT_GT(compte.redessins, 0);
+    EXPECT_TRUE(arbre.expanded(arbre.indexOf(u"CO 1"_s)));
+    arbre.setObserver(nullptr);
+}
+
 TEST_F(ArborescenceTest, NothingLeadsToADocumentThatHangsNowhere) {
     chaine(3);
     charge();
@@ -74,6 +100,24 @@ TEST(LibelleCourt, ATitleLeavesOutWhatAnAncestorSays) {
     EXPECT_EQ(montre({u"A, B"_s}, u"A, B, C"_s), u"C") << "as much as it repeats";
     EXPECT_EQ(montre({u"A"_s}, u"A, B, C"_s), u"B, C");
     EXPECT_EQ(montre({u"Livres"_s, u"Fiche 1"_s}, u"Fiche 1 : Début"_s), u"Début");
+}
+
+TEST(LibelleCourt, ATitleLeavesOutTheWordThatItsNeighboursHaveBeforeTheirNumbers) {
+    TreeNodes arbre;
+    const int branche = arbre.add(0, u"CO 0"_s, u"Chapitre II"_s, {}, {});
+    const auto ajoute = [&](const QString& titre) { return arbre.add(branche, u"@"_s + titre, titre, {}, {}); };
+    const auto montre = [&](int noeud) { return Arborescence::libellecourt(arbre, noeud); };
+    const int premiere = ajoute(u"Article 312-1 \u2013 Offre"_s);
+    EXPECT_EQ(montre(premiere), u"Article 312-1 \u2013 Offre") << "alone it says what it is";
+    const int seconde = ajoute(u"Article 312-2 \u2013 Contenu"_s);
+    EXPECT_EQ(montre(premiere), u"312-1 \u2013 Offre");
+    EXPECT_EQ(montre(seconde), u"312-2 \u2013 Contenu");
+    EXPECT_EQ(montre(ajoute(u"Annexe 1"_s)), u"Annexe 1") << "its neighbour is no annex";
+    EXPECT_EQ(montre(ajoute(u"Annexe unique"_s)), u"Annexe unique");
+    EXPECT_EQ(montre(ajoute(u"12 mois"_s)), u"12 mois");
+    const int sous = arbre.add(branche, u"CO 1"_s, u"Section 1"_s, {}, {});
+    EXPECT_EQ(montre(ajoute(u"Section 2"_s)), u"Section 2") << "branches are no neighbours";
+    EXPECT_EQ(montre(sous), u"Section 1");
 }
 
 TEST(LibelleCourt, ATitleStaysWholeWhereItRepeatsNothing) {

@@ -1,5 +1,6 @@
 #include "platform/widgets/tree/treeview.h"
 
+#include "platform/widgets/look/look.h"
 #include "platform/widgets/tree/rowdelegate.h"
 #include "platform/widgets/tree/treeindentation.h"
 #include "platform/widgets/tree/treeviewmodel.h"
@@ -148,16 +149,7 @@ int TreeView::nodeOf(const QModelIndex& index) const {
     return index.isValid() && nodes_.contains(TreeViewModel::nodeOf(index)) ? TreeViewModel::nodeOf(index) : 0;
 }
 
-void TreeView::ensureVisible(int node) {
-    const QModelIndex index = indexOf(node);
-    if (!index.isValid())
-        return;
-    const QScopedValueRollback guard(watch_->program, true);
-    watch_->openAbove(node);
-    scrollTo(index);
-}
-
-void TreeView::bringIntoSight(int node) {
+void TreeView::goTo(int node, ScrollHint hint) {
     const QModelIndex index = indexOf(node);
     if (!index.isValid())
         return;
@@ -165,7 +157,7 @@ void TreeView::bringIntoSight(int node) {
     watch_->openAbove(node);
     const QRect row = visualRect(index);
     if (row.top() < 0 || row.bottom() >= viewport()->height())
-        scrollTo(index, PositionAtCenter);
+        scrollTo(index, hint);
 }
 
 // ---- opening and closing
@@ -236,9 +228,12 @@ void TreeView::initViewItemOption(QStyleOptionViewItem* option) const {
 }
 
 void TreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    if (nodeOf(index) == marked() && !selectionModel()->isSelected(index))
-        painter->fillRect(option.rect, gridlook::unfocused(option.palette).color(QPalette::Highlight));
-    QTreeView::drawRow(painter, option, index);
+    QStyleOptionViewItem row = option;
+    if (nodeOf(index) == marked() && !selectionModel()->isSelected(index)) {
+        painter->fillRect(option.rect, look::chosenGround(palette()));
+        row.palette.setColor(QPalette::Text, look::accentColour(look::themeOf(palette())));
+    }
+    QTreeView::drawRow(painter, row, index);
     if (!hasFocus() && selectionModel()->isSelected(index))
         gridlook::paintUnfocused(*painter, option.rect, palette());
     watch_->comesIntoSight(nodes_.parent(nodeOf(index)));
@@ -271,8 +266,12 @@ void TreeView::takeFont() {
 }
 
 void TreeView::resizeEvent(QResizeEvent* event) {
+    // What is looked at elsewhere stays in sight where it was.
+    const QRect before = visualRect(indexOf(marked()));
     QTreeView::resizeEvent(event);
     indent();
+    if (before.isValid() && before.top() >= 0 && before.bottom() < event->oldSize().height())
+        goTo(marked(), EnsureVisible);
 }
 
 bool TreeView::viewportEvent(QEvent* event) {

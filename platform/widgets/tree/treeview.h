@@ -31,14 +31,14 @@ public:
     void setImages(std::function<QIcon(const QString& name)> images);
     /// What is shown of a node's text; its tip tells the whole. Asked when it is painted: must be quick.
     void setShownText(std::function<QString(int node)> shown);
-    /// Shows one node as the one that is looked at elsewhere: heavier, on a quiet ground. It is neither selected nor
-    /// scrolled to. 0 for none, as after a clear().
+    /// Shows one node as the one that is looked at elsewhere: heavier, in the accent's ink and tint. It is neither
+    /// selected nor scrolled to. 0 for none, as after a clear().
     void setMarked(int node);
     int marked() const;
     /// Scrolls until a node can be seen; opens what lies above it.
-    void ensureVisible(int node);
+    void ensureVisible(int node) { goTo(node, EnsureVisible); }
     /// The same, and a node that was out of sight comes to stand in the middle.
-    void bringIntoSight(int node);
+    void bringIntoSight(int node) { goTo(node, PositionAtCenter); }
     QModelIndex indexOf(int node) const;
     int nodeOf(const QModelIndex& index) const;
 
@@ -74,6 +74,7 @@ private:
     void userOpened(const QModelIndex& index);
     void userClosed(const QModelIndex& index);
     void openLoaded(int node);
+    void goTo(int node, ScrollHint hint);
     void indent();
     void takeFont();
 

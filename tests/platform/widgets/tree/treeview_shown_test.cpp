@@ -1,4 +1,6 @@
 // What a tree shows beside the selection: a marked node, shortened texts, room for what lies deep.
+#include "platform/widgets/look/look.h"
+#include "tests/support/contrast.h"
 #include "treefixture.h"
 
 #include <QAccessible>
@@ -55,6 +57,39 @@ TEST_F(TreeViewShown, AMarkedNodeIsHeavierOnAGroundOfItsOwnAndNotSelected) {
     EXPECT_EQ(groundOf(3), plain);
     EXPECT_FALSE(tree.indexOf(3).data(Qt::FontRole).isValid());
     EXPECT_EQ(told, QStringList());
+}
+
+TEST_F(TreeViewShown, AMarkedNodeStandsInTheAccentsInkWhichIsLegibleOnItsTint) {
+    plant();
+    nodes.setExpanded(1, true);
+    for (const look::Theme theme : {look::Theme::Light, look::Theme::Dark}) {
+        tree.setPalette(look::palette(theme));
+        tree.setMarked(3);
+        EXPECT_EQ(groundOf(3), look::chosenGround(tree.palette()));
+        const QColor ink = look::accentColour(theme);
+        EXPECT_GE(test::contrast(ink, groundOf(3)), test::words);
+        const QImage row = tree.viewport()->grab(rectOf(3)).toImage();
+        int inked = 0;
+        for (int y = 0; y < row.height(); ++y) {
+            for (int x = 0; x < row.width(); ++x)
+                inked += test::contrast(row.pixelColor(x, y), ink) < 1.2 ? 1 : 0;
+        }
+        EXPECT_GT(inked, 10);
+    }
+}
+
+TEST_F(TreeViewShown, AMarkedNodeThatIsSeenStaysInSightInALowerTree) {
+    plantMany();
+    const int high = tree.height();
+    const int marked = tree.nodeOf(tree.indexAt({10, tree.viewport()->height() - 30}));
+    const auto seen = [&] { return tree.viewport()->rect().contains(rectOf(marked).center()); };
+    tree.setMarked(marked);
+    ASSERT_TRUE(seen());
+    tree.resize(tree.width(), high / 2);
+    EXPECT_TRUE(seen());
+    tree.verticalScrollBar()->setValue(tree.verticalScrollBar()->maximum());
+    tree.resize(tree.width(), high / 3);
+    EXPECT_FALSE(seen()) << "who has scrolled it away does not want it";
 }
 
 TEST_F(TreeViewShown, AMarkedNodeThatIsSelectedLooksSelected) {
