@@ -14,6 +14,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace velm {
 
@@ -63,6 +64,8 @@ QMdiSubWindow* ChildArea::add(QWidget* child) {
         // Of the last one that can be seen the toolkit says nothing while there are hidden ones.
         tellActive();
     });
+    connect(
+        frame, &QMdiSubWindow::windowStateChanged, frame, [this, frame] { followState(*frame); }, Qt::QueuedConnection);
     return frame;
 }
 
@@ -184,15 +187,6 @@ std::vector<QWidget*> ChildArea::children() const {
     return all;
 }
 
-QSize ChildArea::roomForArranging() const {
-    QSize room = maximumViewportSize();
-    for (const ChildFrame* frame : frames_.all()) {
-        if (!frame->isHidden() && frame->isMinimized())
-            return room - QSize(0, frame->height());
-    }
-    return room;
-}
-
 void ChildArea::arrange(Arrangement arrangement) {
     const bool updating = updatesEnabled();
     setUpdatesEnabled(false);
@@ -211,10 +205,12 @@ void ChildArea::arrange(Arrangement arrangement) {
     verticalScrollBar()->setValue(0);
     const auto along = arrangement == Arrangement::TileHorizontal ? Qt::Vertical : Qt::Horizontal;
     const int bar = verticalScrollBar()->sizeHint().width();
-    const auto places =
-        cascading ? cascadePlaces(least, roomForArranging()) : tilePlaces(least, roomForArranging(), along, bar);
-    for (ChildFrame* frame : frames_.all())
-        frame->setTile({});
+    const QSize room = frames_.roomOverIcons();
+    const auto places = cascading ? cascadePlaces(least, room) : tilePlaces(least, room, along, bar);
+    for (ChildFrame* frame : frames_.all()) {
+        if (!frame->isMinimized())
+            frame->setTile({});
+    }
     for (std::size_t index = 0; index < places.size(); ++index) {
         ChildFrame* frame = windows[static_cast<qsizetype>(index)];
         frame->setGeometry(places[index]);
@@ -224,11 +220,10 @@ void ChildArea::arrange(Arrangement arrangement) {
     tiling_ = arrangement;
 }
 
-/// Whether the tiles lie as they were laid, and nothing beside them.
-bool ChildArea::isTiled() const {
-    const QList<ChildFrame*> windows = frames_.open(CreationOrder);
-    return windows.size() == tiles_ &&
-           std::ranges::all_of(windows, [](const ChildFrame* frame) { return frame->liesInItsTile(); });
+/// A tile that becomes an icon leaves its place to the others, and gets it back when it is a window among them again.
+void ChildArea::followState(const ChildFrame& frame) {
+    if (frame.hasTile() && !frame.isMaximized() && frames_.lieTiled(tiles_ + (frame.isMinimized() ? -1 : 1), &frame))
+        arrange(tiling_);
 }
 
 void ChildArea::setBack(const QPixmap& picture, const QColor& colour) {
@@ -252,10 +247,14 @@ void ChildArea::paintEvent(QPaintEvent* event) {
 
 void ChildArea::resizeEvent(QResizeEvent* event) {
     QMdiArea::resizeEvent(event);
-    for (ChildFrame* frame : frames_.all())
-        frame->followArea();
-    if (isTiled())
+    // Scroll bars that come or go for one window move no other.
+    const QSize before = std::exchange(room_, maximumViewportSize());
+    if (frames_.lieTiled(tiles_)) {
         arrange(tiling_);
+    } else {
+        for (ChildFrame* frame : frames_.all())
+            frame->followArea(before == room_ ? QSize() : before);
+    }
     viewport()->update();
 }
 

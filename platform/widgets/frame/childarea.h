@@ -50,7 +50,7 @@ public:
     std::vector<QWidget*> children() const;
 
     /// Arranges the visible windows that are not minimised; maximised ones become normal first. Tiles fill the area
-    /// also when it changes its size, until a window is moved.
+    /// also when it changes its size and when one of them becomes an icon, until a window is moved.
     void arrange(Arrangement arrangement);
 
     /// What lies behind the windows: a picture drawn in the middle at its own size (null for none), over a colour. An
@@ -71,8 +71,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QSize roomForArranging() const;
-    bool isTiled() const;
+    void followState(const ChildFrame& frame);
     QPoint scrolled() const;
     QColor shownColour() const;
     void focus(ChildFrame& frame);
@@ -86,6 +85,7 @@ private:
     QColor colour_;
     Arrangement tiling_ = Arrangement::Cascade;
     qsizetype tiles_ = 0; ///< windows that the last tiling laid
+    QSize room_;          ///< for the windows, were there no scroll bars
     QPointer<QWidget> told_;
 };
 

@@ -61,13 +61,15 @@ void ChildFrame::fit() {
     setGeometry(fitted_);
 }
 
-void ChildFrame::followArea() {
-    if (!wish_ || delayed_ || isMaximized() || isMinimized())
+void ChildFrame::followArea(const QSize& before) {
+    if (delayed_ || isMaximized() || isMinimized() || (!wish_ && isHidden()))
         return;
-    if (geometry() == fitted_)
-        fit();
-    else
-        forgetWish();
+    if (!wish_ || geometry() != fitted_) {
+        if (!QRect(QPoint(), before).contains(geometry()))
+            return forgetWish();
+        wish_ = ChildWish{geometry(), {}};
+    }
+    fit();
 }
 
 void ChildFrame::forgetWish() {

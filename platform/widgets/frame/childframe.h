@@ -30,14 +30,16 @@ public:
     int takeWishedState();
     /// It is shown in another state first: the wished place is taken when it becomes normal, as the area is then.
     void delayPlace() { delayed_ = wish_.has_value(); }
-    /// The area has a new size. A window keeps to what was wished for it as long as nobody has moved it.
-    void followArea();
+    /// The area has a new size. A window keeps to what was wished for it as long as nobody has moved it; one that was
+    /// moved, and stood inside of the size before, is brought in as far as it must.
+    void followArea(const QSize& before);
     /// Where it stands is somebody else's choice from now on.
     void forgetWish();
     QSize leastSize() const { return minimumSizeHint().expandedTo(minimumSize()); }
 
     /// It was laid as a tile; an empty place for none any more.
     void setTile(const QRect& place) { tile_ = place; }
+    bool hasTile() const { return !tile_.isEmpty(); }
     bool liesInItsTile() const { return !tile_.isEmpty() && !isMaximized() && geometry() == tile_; }
 
     // ---- the focus

@@ -2,6 +2,8 @@
 
 #include "platform/widgets/frame/childframe.h"
 
+#include <algorithm>
+
 namespace velm {
 
 QList<ChildFrame*> ChildFrames::all(QMdiArea::WindowOrder order) const {
@@ -43,6 +45,22 @@ ChildFrame* ChildFrames::lastUsed(const ChildFrame* except) const {
 ChildFrame* ChildFrames::front() const {
     auto* current = qobject_cast<ChildFrame*>(area_.currentSubWindow());
     return current && !current->isHidden() ? current : lastUsed();
+}
+
+QSize ChildFrames::roomOverIcons() const {
+    QSize room = area_.maximumViewportSize();
+    for (const ChildFrame* frame : shown()) {
+        if (frame->isMinimized())
+            return room - QSize(0, frame->height());
+    }
+    return room;
+}
+
+bool ChildFrames::lieTiled(qsizetype count, const ChildFrame* except) const {
+    const QList<ChildFrame*> windows = open(QMdiArea::CreationOrder);
+    return windows.size() == count && std::ranges::all_of(windows, [except](const ChildFrame* frame) {
+               return frame == except || frame->liesInItsTile();
+           });
 }
 
 } // namespace velm

@@ -22,6 +22,11 @@ public:
     /// The active window, or when it is hidden the one used before.
     ChildFrame* front() const;
 
+    /// What icons leave of the area, which are all of one height.
+    QSize roomOverIcons() const;
+    /// So many are open, and lie in their tiles; one may lie elsewhere.
+    bool lieTiled(qsizetype count, const ChildFrame* except = nullptr) const;
+
 private:
     const QMdiArea& area_;
 };

@@ -16,12 +16,13 @@ EmptyGround::EmptyGround(QMdiArea& area, QWidget* widget) : QObject(&area), area
     area.viewport()->installEventFilter(this);
     for (QMdiSubWindow* window : area.subWindowList())
         watch(window);
-    // What had it may have left the area by then: where it was is kept. Nowhere is where it was lost.
-    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) {
+    // What had it may have left the area by then: where it was is kept. Nowhere is where it was lost. Who moves it
+    // leaves something that can be seen.
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
         if (!now)
             return;
         const bool inside = area_.isAncestorOf(now);
-        lostIn_ = !inside && inside_;
+        lostIn_ = !inside && inside_ && !(before && before->isVisible());
         inside_ = inside;
     });
     look();

@@ -30,7 +30,7 @@ private:
     QPointer<QWidget> widget_;
     bool asked_ = false;  ///< it will look soon
     bool inside_ = false; ///< the focus was in the area last
-    bool lostIn_ = false; ///< the focus has just left a window of the area, or what stands here
+    bool lostIn_ = false; ///< the focus has just gone with a window of the area, or what stands here
 };
 
 } // namespace velm

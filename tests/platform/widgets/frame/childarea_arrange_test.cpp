@@ -63,6 +63,68 @@ TEST_F(ChildAreaTest, TilesFollowTheAreaUntilOneIsMoved) {
     EXPECT_EQ(placeOf(made[1]), moved);
 }
 
+TEST_F(ChildAreaTest, ATileThatBecomesAnIconLeavesItsPlaceToTheOthersAndGetsItBack) {
+    showFrame();
+    const auto made = addShown(3);
+    area->arrange(ChildArea::Arrangement::TileVertical);
+    const QRect first = placeOf(made[0]);
+    const QRect last = placeOf(made[2]);
+    area->around(made[0])->showMinimized();
+    EVENTUALLY(placeOf(made[1]).width() + placeOf(made[2]).width() == inside().width());
+    EXPECT_EQ(placeOf(made[1]).height(), inside().height() - area->around(made[0])->height());
+    EXPECT_FALSE(placeOf(made[0]).intersects(placeOf(made[1])));
+    area->around(made[0])->showNormal();
+    EVENTUALLY(placeOf(made[2]) == last);
+    EXPECT_EQ(placeOf(made[0]), first);
+}
+
+TEST_F(ChildAreaTest, ATileThatFillsTheAreaAfterItWasAnIconGoesOnFillingIt) {
+    showFrame();
+    const auto made = addShown(3);
+    area->arrange(ChildArea::Arrangement::TileVertical);
+    const QRect last = placeOf(made[2]);
+    area->around(made[0])->showMinimized();
+    QApplication::processEvents();
+    area->around(made[0])->showMaximized();
+    QApplication::processEvents();
+    EXPECT_TRUE(area->around(made[0])->isMaximized());
+    area->around(made[0])->showNormal();
+    EVENTUALLY(placeOf(made[2]) == last);
+}
+
+TEST_F(ChildAreaTest, AnIconBesideWindowsThatAreNoTilesMovesNone) {
+    showFrame();
+    const auto made = addShown(3);
+    area->arrange(ChildArea::Arrangement::TileVertical);
+    area->around(made[1])->move(30, 40);
+    const QRect moved = placeOf(made[1]);
+    const QRect last = placeOf(made[2]);
+    area->around(made[0])->showMinimized();
+    QApplication::processEvents();
+    EXPECT_EQ(placeOf(made[1]), moved);
+    EXPECT_EQ(placeOf(made[2]), last);
+    area->arrange(ChildArea::Arrangement::TileVertical);
+    const QRect tile = placeOf(made[1]);
+    area->activate(add());
+    area->around(made[0])->showNormal();
+    QApplication::processEvents();
+    EXPECT_EQ(placeOf(made[1]), tile) << "there are more windows than tiles";
+}
+
+TEST_F(ChildAreaTest, AWindowThatStoodInsideIsBroughtIntoASmallerArea) {
+    showFrame();
+    const auto made = addShown(2);
+    area->around(made[0])->setGeometry(400, 100, 450, 300);
+    area->around(made[1])->setGeometry(700, 50, 400, 300);
+    frame.resize(700, 500);
+    EVENTUALLY(area->width() == 700);
+    EXPECT_EQ(placeOf(made[0]), QRect(250, 100, 450, 300));
+    EXPECT_EQ(placeOf(made[1]), QRect(700, 50, 400, 300)) << "somebody has put it across the edge";
+    frame.resize(900, 700);
+    EVENTUALLY(area->width() == 900);
+    EXPECT_EQ(placeOf(made[0]), QRect(400, 100, 450, 300)) << "and comes back";
+}
+
 TEST_F(ChildAreaTest, HiddenAndMinimisedWindowsAreNotArranged) {
     showFrame();
     const auto made = addShown(4);

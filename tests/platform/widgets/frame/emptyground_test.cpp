@@ -84,6 +84,18 @@ TEST_F(EmptyGroundTest, AFocusElsewhereStaysWhereItIs) {
     EXPECT_TRUE(other->hasFocus());
 }
 
+TEST_F(EmptyGroundTest, AFocusThatTheUserMovedOutOfTheLastWindowStaysThere) {
+    beside->resize(80, 20);
+    showFrame();
+    const auto windows = addShown(1);
+    EVENTUALLY(windows[0]->hasFocus());
+    QTest::mouseClick(beside, Qt::LeftButton);
+    ASSERT_TRUE(beside->hasFocus());
+    area->around(windows[0])->close();
+    EVENTUALLY(ground->isVisible());
+    EXPECT_TRUE(beside->hasFocus());
+}
+
 TEST_F(EmptyGroundTest, WindowsThatWereThereBeforeCountToo) {
     auto* late = new QLineEdit;
     const auto windows = addShown(1);
