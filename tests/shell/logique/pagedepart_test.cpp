@@ -53,11 +53,11 @@ TEST(PageDepartTest, AListThatIsShorterEndsBoth) {
     EXPECT_EQ(pagede({u"CL000001"_s, u"CL000002"_s}, {u"CL-Une loi"_s}).derniers.size(), 1U);
 }
 
-TEST(PremierZoomTest, AWideScreenBeginsLarger) {
-    EXPECT_EQ(premierzoom(1280), 100);
-    EXPECT_EQ(premierzoom(1366), 100);
-    EXPECT_EQ(premierzoom(1499), 100);
-    EXPECT_EQ(premierzoom(1500), 125);
-    EXPECT_EQ(premierzoom(1920), 125);
-    EXPECT_EQ(premierzoom(2560), 125);
+TEST(PremierZoomTest, OnAWideScreenTheSheetTakesThreeFifthsOfItsRoom) {
+    for (const int largeur : {0, 683, 1280, 1366, 1499})
+        EXPECT_EQ(premierzoom(largeur), 100) << largeur;
+    EXPECT_EQ(premierzoom(1680), 120);
+    EXPECT_EQ(premierzoom(1920), 140);
+    EXPECT_EQ(premierzoom(2560), 200);
+    EXPECT_EQ(premierzoom(3840), 200) << "large enough for everybody";
 }
