@@ -33,16 +33,15 @@ bool DispositionTextes::replie() const {
     return posseparateur <= (droite() ? 0 : hauteurbarre);
 }
 
+/// Shown lists are laid anew at every size: what they had in a tile or an icon says nothing of a larger window.
 void DispositionTextes::changetaille(int largeur, int hauteur, const MesuresTextes& mesures) {
-    const int avant = hauteur_;
     largeur_ = std::max(0, largeur);
     hauteur_ = std::max(0, hauteur);
     mesures_ = mesures;
-    lignevoulue_ = lignevoulue_ && basse();
-    if (!listesvisibles || avant == 0 || hauteur_ == avant)
-        return;
-    posseparateurlisteh =
-        listesdeplacees_ ? static_cast<int>(qint64{posseparateurlisteh} * hauteur_ / avant) : placedeslistes();
+    panneauvoulu_ = panneauvoulu_ && petite();
+    if (listesvisibles)
+        posseparateurlisteh =
+            listesdeplacees_ ? static_cast<int>(qint64{listeslachees_} * hauteur_ / hauteurlachees_) : placedeslistes();
 }
 
 void DispositionTextes::commence() {
@@ -62,14 +61,14 @@ void DispositionTextes::charge(bool listeselectionvisible) {
 }
 
 void DispositionTextes::plie() {
-    lignevoulue_ = false;
+    panneauvoulu_ = false;
     posseparateur = droite() ? 0 : hauteurbarre;
 }
 
 void DispositionTextes::deplie(Bloc bloc) {
     const int etendue = droite() ? posseparateur : posseparateur - hauteurbarre;
     const int commode = droite() ? largeurcommode : bloc == Bloc::Recherche ? hauteurligne : hauteurcommode;
-    lignevoulue_ = basse();
+    panneauvoulu_ = petite();
     if (etendue < commode)
         posseparateur = placehabituelle();
 }
@@ -89,22 +88,34 @@ int DispositionTextes::placehabituelle() const {
     return hauteurbarre + std::max(hauteurligne, (hauteur_ - mesures_.barre) / 3);
 }
 
+void DispositionTextes::prendplacehabituelle() {
+    panneauvoulu_ = petite();
+    posseparateur = placehabituelle();
+}
+
 /// A window that grows or shrinks gives what it has more or less to the text, not to the lists.
 int DispositionTextes::placedeslistes() const {
+    const int texte = hautdutexte();
     const int tete = mesures_.trait + mesures_.entete;
-    const int texte = places_.rtfRichTextBox1.top();
-    const int moitie = texte + std::max(0, hauteur_ - tete - texte) / 2;
-    return std::max(moitie, hauteur_ - std::min(tete + besoindeslistes_, hauteur_ * partdeslistes / 100));
+    const int bas = std::max(0, hauteur_ - tete);
+    const int moitie = texte + std::max(0, bas - texte) / 2;
+    const int plushaut = std::max(moitie, hauteur_ - hauteur_ * partdeslistes / 100);
+    if (bas - besoindeslistes_ >= plushaut)
+        return bas - besoindeslistes_;
+    return std::max(moitie, bas - rangeesentieres(bas - plushaut));
+}
+
+int DispositionTextes::rangeesentieres(int hauteur) const {
+    if (mesures_.rangee <= 0)
+        return hauteur;
+    return mesures_.titres + std::max(1, (hauteur - mesures_.titres) / mesures_.rangee) * mesures_.rangee;
 }
 
 void DispositionTextes::ouvrelistes(int besoin) {
-    besoindeslistes_ = besoin;
-    const int place = placedeslistes();
-    if (!listesvisibles)
-        posseparateurlisteh = place;
-    else if (!listesdeplacees_)
-        posseparateurlisteh = std::min(posseparateurlisteh, place);
+    besoindeslistes_ = listesvisibles ? std::max(besoindeslistes_, besoin) : besoin;
     listesvisibles = true;
+    if (!listesdeplacees_)
+        posseparateurlisteh = placedeslistes();
 }
 
 void DispositionTextes::fermelistes() {
@@ -112,8 +123,25 @@ void DispositionTextes::fermelistes() {
 }
 
 /// The line of the search above the text; a block that is higher than a line is there in windows of any height.
-bool DispositionTextes::lignevisible() const {
-    return !basse() || lignevoulue_ || posseparateur - hauteurbarre >= hauteurcommode;
+bool DispositionTextes::panneauvisible() const {
+    return !petite() || panneauvoulu_ || (!droite() && posseparateur - hauteurbarre >= hauteurcommode);
+}
+
+/// Of the panel above the text, where both have this height together.
+int DispositionTextes::hauteurpanneau(int hauteur) const {
+    if (!panneauvisible())
+        return 0;
+    const int voulue = posseparateur - hauteurbarre;
+    const int reste = hauteur - mesures_.trait - std::min(hauteurtexte, hauteur / 2);
+    return std::clamp(ligneseule ? std::min(voulue, hauteurligne) : voulue, 0, std::max(0, reste));
+}
+
+/// While the lists are closed.
+int DispositionTextes::hautdutexte() const {
+    const int haut = std::min(mesures_.barre, hauteur_);
+    if (droite() || !panneauvisible())
+        return haut;
+    return haut + hauteurpanneau(std::max(0, hauteur_ - mesures_.trait - mesures_.entete - haut)) + mesures_.trait;
 }
 
 QRect DispositionTextes::rect(int gauche, int haut, int largeur, int hauteur) const {
@@ -127,17 +155,16 @@ void DispositionTextes::deplaceseparateur() {
     const int hauteur = std::max(0, places_.separateurlisteh.top() - haut);
     const int trait = mesures_.trait;
     if (droite()) {
-        const int x =
-            std::clamp(posseparateur, 0, std::max(0, largeur_ - trait - std::min(largeurtexte, largeur_ / 2)));
+        const int reste = largeur_ - trait - std::min(largeurtexte, largeur_ / 2);
+        const int x = panneauvisible() ? std::clamp(posseparateur, 0, std::max(0, reste)) : 0;
         places_.panneau = rect(0, haut, x, hauteur);
         places_.separateur = rect(x, haut, trait, hauteur);
         places_.rtfRichTextBox1 = rect(x + trait, haut, largeur_ - x - trait, hauteur);
         places_.panneaulisible = x >= largeurlisible && hauteur > 0;
         return;
     }
-    const int voulue = lignevisible() ? posseparateur - hauteurbarre : 0;
-    const int y = std::clamp(voulue, 0, std::max(0, hauteur - trait - std::min(hauteurtexte, hauteur / 2)));
-    const int ligne = lignevisible() ? std::min(trait, hauteur - std::min(y, hauteur)) : 0;
+    const int y = hauteurpanneau(hauteur);
+    const int ligne = panneauvisible() ? std::min(trait, hauteur - std::min(y, hauteur)) : 0;
     places_.panneau = rect(0, haut, largeur_, y);
     places_.separateur = rect(0, haut + y, largeur_, ligne);
     places_.rtfRichTextBox1 = rect(0, haut + y + ligne, largeur_, hauteur - y - ligne);
@@ -178,13 +205,16 @@ void DispositionTextes::placelistes() {
 
 bool DispositionTextes::lache(const QString& source, const QPoint& coin) {
     if (source == u"separateur") {
+        panneauvoulu_ = petite();
+        ligneseule = false;
         posseparateur = std::max(0, droite() ? coin.x() : coin.y() - mesures_.barre + hauteurbarre);
         deplaceseparateur();
         return true;
     }
     if (source == u"separateurlisteh") {
         listesdeplacees_ = true;
-        posseparateurlisteh = coin.y();
+        hauteurlachees_ = std::max(1, hauteur_);
+        posseparateurlisteh = listeslachees_ = coin.y();
     } else if (source == u"separateurlistev") {
         posseparateurlistev = coin.x();
     } else {

@@ -25,6 +25,8 @@ struct MesuresTextes {
     int barre = 0;  ///< the tool bar on top
     int entete = 0; ///< the headers of the two lists
     int trait = 75; ///< thickness of the bars that are dragged
+    int titres = 0; ///< the headers of the grids
+    int rangee = 0; ///< a row of the grids
 };
 
 /// Where every control lies. Sizes are never negative, and nothing reaches beyond the window.
@@ -52,12 +54,13 @@ public:
     int posseparateurlisteh = 0;
     int posseparateurlistev = 0;
     bool listesvisibles = false; ///< the grids are shown; the headers always are
+    bool ligneseule = false;     ///< a panel above the text has no more to show than a line
 
     bool droite() const { return arrangement == Arrangement::ACote; } ///< the panel's bar stands upright
     bool replie() const;                                              ///< the panel is folded away
 
-    /// Inner size of the window. Places nothing yet. Shown lists keep the height that they need, or the part that
-    /// the user has given them.
+    /// Inner size of the window. Places nothing yet. Shown lists get the height that they need anew, or the part of the
+    /// window that the user has given them.
     void changetaille(int largeur, int hauteur, const MesuresTextes& mesures);
     int largeur() const { return largeur_; }
     int hauteur() const { return hauteur_; }
@@ -70,13 +73,17 @@ public:
     void plie();
     /// A first window: the panel lies beside the text, as wide as titles need it.
     void commence();
+    /// The user is at work in the panel: it stays in a window that has become low or narrow.
+    void gardepanneau() { panneauvoulu_ = petite(); }
     /// Opens a panel that is too small to show a block; the search block above the text is content with a line.
     void deplie(Bloc bloc);
     void changearrangement(Arrangement nouveau);
     /// Where the panel's bar is put by a double click.
     int placehabituelle() const;
+    void prendplacehabituelle();
     /// Shows the grids under the text, so high that each has `besoin` for itself, but never higher than a good quarter
-    /// of the window or half of the text. Shown already, they become no smaller, and stay where the user has put them.
+    /// of the window or half of the text: whole rows then, one at least. Shown already, they become no smaller, and
+    /// stay where the user has put them.
     void ouvrelistes(int besoin);
     void fermelistes();
 
@@ -96,21 +103,29 @@ public:
 
 private:
     bool basse() const { return hauteur_ < hauteurbasse; }
-    bool lignevisible() const;
+    bool petite() const { return droite() ? largeur_ < largeuretroite : basse(); }
+    bool panneauvisible() const;
+    int hauteurpanneau(int hauteur) const;
+    int hautdutexte() const;
     int hauteurentete() const { return basse() && !listesvisibles ? 0 : mesures_.entete; }
     int hauteurtrait() const { return basse() && !listesvisibles ? 0 : mesures_.trait; }
     int placedeslistes() const;
+    int rangeesentieres(int hauteur) const;
     void placelistes();
     QRect rect(int gauche, int haut, int largeur, int hauteur) const;
 
     /// A window that is lower leaves the text what the line of the search and the headers of closed lists would take.
     static constexpr int hauteurbasse = 4800;
+    /// A narrower one leaves it what a panel beside it would take.
+    static constexpr int largeuretroite = 6000;
 
     int largeur_ = 0;
     int hauteur_ = 0;
     int besoindeslistes_ = 0;      ///< the height of all rows of the longer list
-    bool lignevoulue_ = false;     ///< the user has asked for the line of the search in a low window
+    bool panneauvoulu_ = false;    ///< the user has asked for the panel in a low or narrow window
     bool listesdeplacees_ = false; ///< the user has moved the bar above the lists
+    int listeslachees_ = 0;        ///< to this place
+    int hauteurlachees_ = 1;       ///< in a window of this height
     MesuresTextes mesures_;
     PlacesTextes places_;
 };

@@ -80,11 +80,12 @@ void BlocRecherche::reprend(const QString& ligne) {
 void BlocRecherche::ajouteligne(const QString& ligne) {
     resultat_->addItem(ligne);
     if (resultat_->count() == 1)
-        moveblocrecherche();
+        emit remplie();
     constexpr int image = 16;
-    if (depuislignes_.isValid() && !depuislignes_.hasExpired(image))
+    if (depuislignes_.isValid() && !depuislignes_.hasExpired(image) && resultat_->count() > 1)
         return;
     depuislignes_.start();
+    moveblocrecherche();
     resultat_->viewport()->repaint();
 }
 
@@ -109,8 +110,17 @@ void BlocRecherche::moveblocrecherche() {
     mots_->setPlaceholderText(etiquette_->isHidden() && tient ? nom : QString());
     haut = disposenote(gauche, haut, largeur);
     const int reste = DispositionTextes::Heightblocrecherche(height(), haut + look::spacing);
-    resultat_->setGeometry(gauche, haut, largeur, reste);
+    resultat_->setGeometry(gauche, haut, largeur, std::min(reste, hauteurresultat()));
     resultat_->setVisible(avecresultat && reste > resultat_->fontMetrics().height() && resultat_->count() > 0);
+}
+
+/// No more than the lines take.
+int BlocRecherche::hauteurresultat() const {
+    const int lignes = resultat_->count();
+    if (lignes == 0)
+        return 0;
+    const int pas = resultat_->sizeHintForRow(0) + 2 * resultat_->spacing();
+    return lignes * pas + 2 * resultat_->frameWidth();
 }
 
 /// What came of the search stands below the box; in a block that is too low for that, behind the button. Returns where

@@ -29,6 +29,7 @@ public:
     void dit(const BilanRecherche& bilan);
 
 signals:
+    void remplie(); ///< the result has got a first line
     /// The words are to be looked up: the button, Return in the box, or a click on a line of the result, whose word has
     /// gone into the box. All documents are wanted, however many, where the last search has shown some of them only.
     void recherche(const QString& mots, bool tous);
@@ -41,6 +42,7 @@ private:
     void moveblocrecherche();
     int disposenote(int gauche, int haut, int largeur);
     int hauteurligne() const;
+    int hauteurresultat() const;
     /// Places the label, if it is shown, the box and the button in a line or one below the other; returns where that
     /// ends.
     int disposeligne(int gauche, int haut, int largeur);

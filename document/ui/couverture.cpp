@@ -110,19 +110,24 @@ void Couverture::habille() {
     dispose();
 }
 
-/// One below the other in the middle. Where there is too little height the links stay, then the name.
+/// One below the other, where the eye has the middle of lines of unequal length. Where there is too little height the
+/// links stay, then the name.
 void Couverture::dispose() {
     int largeur = 0;
+    int somme = 0;
     int hauteur = 0;
     for (const BoutonLien* lien : std::as_const(liens_)) {
-        largeur = std::max(largeur, lien->sizeHint().width());
-        hauteur += lien->sizeHint().height() + look::grid;
+        const QSize taille = lien->sizeHint();
+        largeur = std::max(largeur, taille.width());
+        somme += taille.width();
+        hauteur += taille.height() + look::grid;
     }
-    largeur = std::min(largeur, width());
+    const int moyenne = liens_.isEmpty() ? 0 : somme / static_cast<int>(liens_.size());
+    const int gauche = std::max(0, std::min((width() - (largeur + moyenne) / 2) / 2, width() - largeur));
     int haut = placelibelles(hauteur);
     for (BoutonLien* lien : std::as_const(liens_)) {
         const QSize taille = lien->sizeHint();
-        lien->setGeometry((width() - largeur) / 2, haut, std::min(taille.width(), largeur), taille.height());
+        lien->setGeometry(gauche, haut, std::min(taille.width(), width() - gauche), taille.height());
         haut += taille.height() + look::grid;
     }
 }

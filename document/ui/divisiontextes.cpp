@@ -7,11 +7,13 @@
 #include "platform/base/twips.h"
 #include "platform/widgets/frame/splitterbar.h"
 #include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/look/look.h"
 #include "platform/widgets/text/richtextbox.h"
 
 #include <QEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace velm {
 
@@ -22,8 +24,12 @@ DivisionTextes::DivisionTextes(const Parties& parties, QWidget* fenetre)
     SplitterBar& listev = parties_.volet.separateurlistev();
     for (SplitterBar* barre : {&parties_.panneau.separateur(), &listeh, &listev})
         suit(*barre);
+    connect(&parties_.panneau, &PanneauTextes::remplie, this, [this] {
+        if (std::exchange(disposition_.ligneseule, false))
+            place();
+    });
     connect(&parties_.panneau.separateur(), &SplitterBar::usualPlaceWanted, this, [this] {
-        disposition_.posseparateur = disposition_.placehabituelle();
+        disposition_.prendplacehabituelle();
         place();
     });
     connect(&listev, &SplitterBar::usualPlaceWanted, this, [this] {
@@ -66,7 +72,6 @@ void DivisionTextes::retient(ReglagesTextes& reglages) const {
 
 void DivisionTextes::ouvrebloc(Bloc bloc) {
     disposition_.deplie(bloc);
-    disposition_.deplaceseparateur();
     choisit(bloc);
     applique();
     parties_.panneau.prendfocus();
@@ -74,12 +79,15 @@ void DivisionTextes::ouvrebloc(Bloc bloc) {
 
 void DivisionTextes::choisit(Bloc bloc) {
     parties_.panneau.choisit(bloc);
+    disposition_.ligneseule = parties_.panneau.ligneseule();
+    disposition_.deplaceseparateur();
     montrebloc();
     parties_.barre.update();
 }
 
 void DivisionTextes::changearrangement(Arrangement arrangement) {
     disposition_.changearrangement(arrangement);
+    disposition_.ligneseule = parties_.panneau.ligneseule();
     place();
 }
 
@@ -98,10 +106,13 @@ void DivisionTextes::montrelistes(bool visibles) {
 }
 
 void DivisionTextes::place() {
-    const MesuresTextes mesures{twipsFromPixels(parties_.barre.sizeHint().height()),
-                                twipsFromPixels(parties_.volet.liens().hauteurentete()),
-                                twipsFromPixels(SplitterBar::thickness)};
+    const MesuresTextes mesures{
+        twipsFromPixels(parties_.barre.sizeHint().height()), twipsFromPixels(parties_.volet.liens().hauteurentete()),
+        twipsFromPixels(SplitterBar::thickness), twipsFromPixels(parties_.volet.liens().hauteurtitres()),
+        twipsFromPixels(parties_.volet.liens().hauteurrangee())};
     disposition_.changetaille(twipsFromPixels(fenetre_->width()), twipsFromPixels(fenetre_->height()), mesures);
+    if (parties_.panneau.tientfocus())
+        disposition_.gardepanneau();
     if (partage_)
         disposition_.partagelistes();
     disposition_.replaceseparateur();
@@ -114,21 +125,24 @@ void DivisionTextes::applique() {
     const ListeDeLiens& correlats = parties_.volet.correlats();
     const auto pose = [](QWidget* controle, const QRect& twips) { controle->setGeometry(pixelsdetwips(twips)); };
     // What has no room is not there for the Tab key either.
-    const auto montre = [&pose](QWidget* controle, const QRect& twips) {
+    const auto montre = [&pose](QWidget* controle, const QRect& twips, int hauteur = 0) {
         const QSize place = pixelsdetwips(twips).size();
         pose(controle, twips);
-        controle->setVisible(!place.isEmpty() && place.expandedTo(controle->minimumSize()) == place);
+        const QSize moindre = controle->minimumSize().expandedTo({0, hauteur});
+        controle->setVisible(!place.isEmpty() && place.expandedTo(moindre) == place);
     };
     parties_.barre.setGeometry(0, 0, fenetre_->width(),
                                std::min(parties_.barre.sizeHint().height(), fenetre_->height()));
     parties_.panneau.separateur().setOrientation(disposition_.droite() ? Qt::Vertical : Qt::Horizontal);
     parties_.panneau.place(pixelsdetwips(places.panneau));
     montre(&parties_.panneau.separateur(), places.separateur);
-    pose(&parties_.vue, places.rtfRichTextBox1);
+    // Some air between the end of the sheet and what is no part of it.
+    const int air = places.separateurlisteh.isEmpty() ? 0 : look::grid;
+    parties_.vue.setGeometry(pixelsdetwips(places.rtfRichTextBox1).adjusted(0, 0, 0, -air));
     montre(&parties_.volet.separateurlisteh(), places.separateurlisteh);
     montre(&parties_.volet.separateurlistev(), places.separateurlistev);
-    montre(liens.entete(), places.entetelistedesliens);
-    montre(correlats.entete(), places.entetelistedescorrelats);
+    montre(liens.entete(), places.entetelistedesliens, liens.hauteurentete());
+    montre(correlats.entete(), places.entetelistedescorrelats, correlats.hauteurentete());
     pose(liens.grille(), places.flexlistedesliens);
     pose(correlats.grille(), places.flexlistedescorreles);
     liens.grille()->setVisible(disposition_.listesvisibles);

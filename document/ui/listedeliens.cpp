@@ -13,6 +13,7 @@
 
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QStyleOptionToolButton>
 #include <QTableView>
 #include <QToolButton>
 
@@ -20,6 +21,19 @@ namespace velm {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
+
+/// Its chevron says whether it is pressed: no box is needed.
+class BoutonDeTete final : public QToolButton {
+public:
+    using QToolButton::QToolButton;
+
+protected:
+    void initStyleOption(QStyleOptionToolButton* option) const override {
+        QToolButton::initStyleOption(option);
+        option->state.setFlag(QStyle::State_On, false);
+        option->state.setFlag(QStyle::State_Raised, !isDown());
+    }
+};
 
 /// Wide enough for the code of a collection, in whatever type it is shown.
 Colonnes colonnes(const QWidget& grille, const Libelles& texte) {
@@ -54,7 +68,7 @@ ListeDeLiens::Sorte ListeDeLiens::correlats() {
 
 ListeDeLiens::ListeDeLiens(const Sorte& sorte, Corpus& corpus, const Libelles& texte, QWidget* fenetre)
     : QObject(fenetre), corpus_(corpus), texte_(texte), sorte_(sorte), entete_(new QWidget(fenetre)),
-      bouton_(new QToolButton(entete_)), grille_(new FlexGrid(fenetre)), colonnes_(colonnes(*grille_, texte)),
+      bouton_(new BoutonDeTete(entete_)), grille_(new FlexGrid(fenetre)), colonnes_(colonnes(*grille_, texte)),
       documents_(*grille_, colonnes_, usage()) {
     construitentete(sorte, texte);
     construitgrille(sorte, texte);
@@ -118,11 +132,17 @@ bool ListeDeLiens::visible() const {
     return !grille_->isHidden();
 }
 
+int ListeDeLiens::hauteurtitres() const {
+    return grille_->view()->horizontalHeader()->sizeHint().height();
+}
+
+int ListeDeLiens::hauteurrangee() const {
+    return grille_->view()->verticalHeader()->defaultSectionSize();
+}
+
 int ListeDeLiens::hauteurvoulue() const {
     constexpr int aumoins = 3;
-    const QTableView& vue = *grille_->view();
-    return vue.horizontalHeader()->sizeHint().height() +
-           std::max(aumoins, grille_->rows() - 1) * vue.verticalHeader()->defaultSectionSize();
+    return hauteurtitres() + std::max(aumoins, grille_->rows() - 1) * hauteurrangee();
 }
 
 void ListeDeLiens::charge(const Cle& cle) {

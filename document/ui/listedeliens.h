@@ -45,6 +45,9 @@ public:
     FlexGrid* grille() const { return grille_; }
     /// Height of the header, pixels.
     int hauteurentete() const;
+    /// Of the grid: its own header, and a row, pixels.
+    int hauteurtitres() const;
+    int hauteurrangee() const;
     /// What the grid wants for its header and its rows, pixels; for some rows at least, as the next document may have
     /// more.
     int hauteurvoulue() const;

@@ -10,7 +10,10 @@
 #include "platform/widgets/tree/treeview.h"
 
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPointer>
+
+#include <algorithm>
 
 namespace velm {
 
@@ -52,6 +55,7 @@ void PanneauTextes::construitarbre() {
 
 void PanneauTextes::construitrecherche() {
     recherche_->setEnabled(contexte_.mots.cherchable());
+    connect(recherche_, &BlocRecherche::remplie, this, &PanneauTextes::remplie);
     contexte_.mots.complete(*recherche_->Textedico());
     connect(recherche_, &BlocRecherche::recherche, this, [this](const QString& mots, bool tous) {
         const QPointer bloc(recherche_);
@@ -65,6 +69,10 @@ void PanneauTextes::construitrecherche() {
         };
         contexte_.mots.cherche(code_, mots, {ligne, fin}, tous);
     });
+}
+
+bool PanneauTextes::ligneseule() const {
+    return bloc_ == Bloc::Recherche && recherche_->resultat()->count() == 0;
 }
 
 FlexGrid& PanneauTextes::flex() const {
@@ -128,13 +136,27 @@ bool PanneauTextes::prendfocus() {
     return true;
 }
 
+bool PanneauTextes::tientfocus() const {
+    const QWidget* celui = arbre_->window()->focusWidget();
+    const std::initializer_list<const QWidget*> blocs{arbre_, liste_->grille(), recherche_};
+    return std::ranges::any_of(blocs, [celui](const QWidget* bloc) {
+        return bloc->isVisible() && (bloc == celui || bloc->isAncestorOf(celui));
+    });
+}
+
 void PanneauTextes::donnefocus() {
-    if (bloc_ == Bloc::Arbre)
+    if (bloc_ == Bloc::Arbre) {
+        if (arbre_->nodes().selected() == 0)
+            arbre_->nodes().select(std::max(arbre_->marked(), 1));
         arbre_->setFocus();
-    else if (bloc_ == Bloc::Liste)
-        liste_->grille()->setFocus();
-    else
+    } else if (bloc_ == Bloc::Liste) {
+        FlexGrid& grille = *liste_->grille();
+        if (grille.row() == 0)
+            grille.setRow(1);
+        grille.setFocus();
+    } else {
         prendfocus();
+    }
 }
 
 } // namespace velm

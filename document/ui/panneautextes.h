@@ -29,6 +29,8 @@ public:
     FlexGrid& flex() const;
     SplitterBar& separateur() const { return *separateur_; }
     Bloc bloc() const { return bloc_; }
+    /// The block is the search, which has no result to show below its line.
+    bool ligneseule() const;
 
     /// Takes what was stored for the window: what the list is to look like when it is filled.
     void charge(const ReglagesTextes& reglages);
@@ -45,10 +47,13 @@ public:
     void suit(const Cle& cle, qint64 numero);
     /// Puts the focus into the words of the search block; false when they cannot be seen, or the block is off.
     bool prendfocus();
-    /// Puts the focus into the block that is shown, whichever it is.
+    /// The focus is in the block that is shown.
+    bool tientfocus() const;
+    /// Puts the focus into the block that is shown, whichever it is, and on a row of it: one sees where the keys go.
     void donnefocus();
 
 signals:
+    void remplie();                       ///< the search has a first line to show
     void ouverte(const Cle& cle);         ///< a document of the list is wanted
     void ouvertedelarbre(const Cle& cle); ///< one of the tree
 

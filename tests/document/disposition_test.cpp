@@ -240,6 +240,84 @@ TEST(DispositionTextes, ASecondListMakesRoomForItselfUnlessTheUserHasMovedTheBar
     EXPECT_EQ(d.posseparateurlisteh, 9000 - 75 - 420 - 1800) << "opened anew";
 }
 
+TEST(DispositionTextes, ListsAreLaidAnewBehindASizeThatLeftThemNothing) {
+    for (const bool deplacees : {false, true}) {
+        DispositionTextes d = disposition(Arrangement::ACote, 3000);
+        d.ouvrelistes(1200);
+        d.replaceseparateur();
+        if (deplacees)
+            d.lache(u"separateurlisteh"_s, {0, 6000});
+        const int avant = d.posseparateurlisteh;
+        for (const int hauteur : {0, 300, 2000, 0}) {
+            d.changetaille(3000, hauteur, mesures);
+            d.replaceseparateur();
+        }
+        d.changetaille(12000, 9000, mesures);
+        d.replaceseparateur();
+        EXPECT_EQ(d.posseparateurlisteh, avant) << deplacees;
+    }
+}
+
+TEST(DispositionTextes, WhereNotAllRowsHaveRoomWholeOnesAreSeen) {
+    MesuresTextes avec = mesures;
+    avec.titres = 390;
+    avec.rangee = 360;
+    DispositionTextes d = disposition(Arrangement::ACote, 3000);
+    d.ouvrelistes(390 + 40 * 360);
+    const auto rangees = [&](int hauteur) {
+        d.changetaille(12000, hauteur, avec);
+        d.replaceseparateur();
+        const int place = d.places().flexlistedesliens.height() - avec.titres;
+        EXPECT_EQ(place % avec.rangee, 0) << hauteur;
+        return place / avec.rangee;
+    };
+    EXPECT_EQ(rangees(9000), 4);
+    EXPECT_EQ(rangees(9590), 5) << "as many as fit in a good quarter";
+    EXPECT_EQ(rangees(9580), 4);
+    EXPECT_EQ(rangees(4000), 1) << "one at least";
+    d.changetaille(12000, 2000, avec);
+    d.replaceseparateur();
+    EXPECT_EQ(d.places().rtfRichTextBox1.height(), (2000 - 480 - 495) / 2) << "but half of the text stays";
+}
+
+TEST(DispositionTextes, ANarrowWindowIsForTheTextUntilItsPanelIsWanted) {
+    DispositionTextes d = disposition(Arrangement::ACote, 3000, 5999);
+    EXPECT_FALSE(d.places().panneaulisible);
+    EXPECT_EQ(d.places().rtfRichTextBox1.width(), 5999 - 75);
+    EXPECT_EQ(d.posseparateur, 3000) << "it comes back in a wider one";
+    const auto large = [&d](int largeur) {
+        d.changetaille(largeur, 9000, mesures);
+        d.replaceseparateur();
+        return d.places().panneau.width();
+    };
+    d.deplie(Bloc::Arbre);
+    EXPECT_GT(large(5999), 2000);
+    d.plie();
+    EXPECT_EQ(large(5999), 0);
+    d.lache(u"separateur"_s, {2000, 0});
+    EXPECT_EQ(large(5999), 2000) << "drawn by hand";
+    EXPECT_EQ(large(6000), 2000);
+    EXPECT_EQ(large(5999), 0) << "it was wanted before the window was wide";
+    d.prendplacehabituelle();
+    EXPECT_GT(large(5999), 2000);
+}
+
+TEST(DispositionTextes, ASearchWithoutAResultTakesItsLineAlone) {
+    DispositionTextes d = disposition(Arrangement::Dessus, 4800);
+    const int texte = d.places().rtfRichTextBox1.height();
+    d.ligneseule = true;
+    d.deplaceseparateur();
+    EXPECT_EQ(d.places().panneau.height(), 640);
+    EXPECT_GT(d.places().rtfRichTextBox1.height(), texte);
+    EXPECT_EQ(d.posseparateur, 4800);
+    d.lache(u"separateur"_s, {0, 480 + 2000});
+    EXPECT_EQ(d.places().panneau.height(), 2000) << "the user's hand decides";
+    d.arrangement = Arrangement::ACote;
+    d.ligneseule = true;
+    d.deplaceseparateur();
+    EXPECT_EQ(d.places().panneau.width(), d.posseparateur);
+}
+
 TEST(DispositionTextes, AFirstPanelIsWideEnoughForTitlesBesideTheText) {
     DispositionTextes d;
     d.commence();

@@ -1,10 +1,12 @@
 // The block of a document window that looks words up, by itself.
 #include "document/ui/blocrecherche.h"
 #include "platform/widgets/look/noteline.h"
+#include "tests/support/eventually.h"
 
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
@@ -61,6 +63,31 @@ TEST(BlocRechercheTest, WhatCameOfASearchIsSaidBesideTheBoxInEverySize) {
     }
     QTest::keyClicks(mots, u"b"_s);
     EXPECT_FALSE(note->isVisible()) << "other words";
+}
+
+TEST(BlocRechercheTest, TheResultIsAsHighAsItsLines) {
+    BlocRecherche bloc([](Texte) { return u"Mots"_s; }, nullptr);
+    bloc.resize(300, 400);
+    bloc.show();
+    QListWidget& resultat = *bloc.resultat();
+    const auto libre = [&resultat] {
+        const QRect derniere = resultat.visualItemRect(resultat.item(resultat.count() - 1));
+        return resultat.viewport()->height() - derniere.bottom();
+    };
+    bloc.ajouteligne(u"garantie : 27 ( 11 )"_s);
+    EXPECT_GT(libre(), 0);
+    EXPECT_LT(libre(), resultat.sizeHintForRow(0));
+    for (int ligne = 0; ligne < 4; ++ligne)
+        bloc.ajouteligne(u"bail : 3 ( 1 )"_s);
+    bloc.dit({u"6 documents"_s, false, false});
+    EXPECT_GT(libre(), 0);
+    EXPECT_LT(libre(), resultat.sizeHintForRow(0));
+    EXPECT_EQ(resultat.verticalScrollBar()->maximum(), 0);
+    for (int ligne = 0; ligne < 40; ++ligne)
+        bloc.ajouteligne(u"bail : 3 ( 1 )"_s);
+    bloc.dit({u"46 documents"_s, false, false});
+    EXPECT_LT(resultat.geometry().bottom(), bloc.height());
+    EVENTUALLY(resultat.verticalScrollBar()->maximum() > 0);
 }
 
 TEST(BlocRechercheTest, OfASearchThatWasCutAllIsALinkAway) {

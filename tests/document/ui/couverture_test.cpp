@@ -162,6 +162,41 @@ TEST_F(CouvertureTextes, EachLinkShowsItsBlockAndLeadsTheKeyboardThere) {
     EXPECT_EQ(QApplication::focusWidget(), controle(fenetre, u"Textedico"_s));
 }
 
+TEST_F(CouvertureTextes, ALinkToABlockThatIsShownAlreadyPutsTheKeyboardOnARowOfIt) {
+    banc->oublietout();
+    Textes& fenetre = vide();
+    TreeView& arbre = fenetre.panneau().arbre();
+    ASSERT_TRUE(arbre.isVisible());
+    EXPECT_EQ(arbre.nodes().selected(), 0);
+    QTest::mouseClick(lien(fenetre, u"couverturesommaire"_s), Qt::LeftButton);
+    EXPECT_TRUE(arbre.hasFocus());
+    EXPECT_EQ(arbre.nodes().selected(), 1);
+    arbre.nodes().select(2);
+    QTest::mouseClick(lien(fenetre, u"couverturesommaire"_s), Qt::LeftButton);
+    EXPECT_EQ(arbre.nodes().selected(), 2) << "the user's own place";
+    QTest::mouseClick(lien(fenetre, u"couvertureliste"_s), Qt::LeftButton);
+    EXPECT_EQ(fenetre.panneau().flex().row(), 1);
+    fenetre.panneau().flex().setRow(3);
+    QTest::mouseClick(lien(fenetre, u"couvertureliste"_s), Qt::LeftButton);
+    EXPECT_EQ(fenetre.panneau().flex().row(), 3);
+}
+
+TEST_F(CouvertureTextes, LinksOfUnequalLengthStandInTheMiddleForTheEye) {
+    const Textes& fenetre = vide();
+    int gauche = 0;
+    int droite = 0;
+    int longueur = 0;
+    for (const auto& nom : {u"couverturesommaire"_s, u"couvertureliste"_s, u"couverturerecherche"_s}) {
+        const QRect place = lien(fenetre, nom)->geometry();
+        gauche = place.left();
+        droite = std::max(droite, place.right());
+        longueur += place.width();
+    }
+    const int milieu = couverture(fenetre)->width() / 2;
+    EXPECT_GT((gauche + droite) / 2, milieu) << "the longest reaches farther";
+    EXPECT_LT(gauche + longueur / 6, milieu) << "than the others together";
+}
+
 TEST_F(CouvertureTextes, TabAndTheArrowsWalkItsLinksWhereTheTextWouldBe) {
     vide();
     const auto touche = [](Qt::Key une) {

@@ -1,7 +1,13 @@
 // The two lists below the text: how they look, and how much room they take.
 #include "document/ui/listedeliens.h"
+#include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/look/icons.h"
+#include "platform/widgets/look/look.h"
 #include "tests/document/ui/textes_base.h"
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QMdiSubWindow>
 
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
@@ -95,6 +101,109 @@ TEST_F(ListesDeLiensTextes, OpenedListsTakeNoMoreThanAGoodQuarterOfTheWindow) {
     EXPECT_LE(fenetre.height() - fenetre.volet().separateurlisteh().y(), fenetre.height() * 28 / 100 + 1);
     EXPECT_GE(grille.view()->viewport()->height(), 2 * grille.view()->rowHeight(0)) << "all its rows";
     EXPECT_LE(grille.view()->viewport()->height(), 4 * grille.view()->rowHeight(0)) << "and not much more";
+}
+
+TEST_F(ListesDeLiensTextes, BackFromANarrowTileAndAnIconTheyLeaveTheTextWhatTheyLeftItBefore) {
+    QMainWindow cadre;
+    auto* aire = new ChildArea(&cadre);
+    cadre.setCentralWidget(aire);
+    cadre.resize(1366, 700);
+    cadre.show();
+    for (int indice = 0; indice < 4; ++indice) {
+        auto* fenetre = new Textes(indice, banc->contexte());
+        aire->add(fenetre);
+        aire->place(fenetre, ChildArea::Maximised, 0, 0, 0, 0);
+        aire->activate(fenetre);
+    }
+    auto* fenetre = dynamic_cast<Textes*>(aire->children().front());
+    aire->activate(fenetre);
+    fenetre->lecture().affiche(decoupecle(u"CO000001"_s), {});
+    fenetre->volet().liens().bouton()->click();
+    fenetre->volet().correlats().bouton()->click();
+    const QRect texte = fenetre->vue().geometry();
+    QMdiSubWindow& autour = *aire->around(fenetre);
+    aire->arrange(ChildArea::Arrangement::TileVertical);
+    QApplication::processEvents();
+    EXPECT_GT(fenetre->vue().height(), fenetre->height() / 2);
+    autour.showMinimized();
+    QApplication::processEvents();
+    autour.showMaximized();
+    QApplication::processEvents();
+    EXPECT_EQ(fenetre->vue().geometry(), texte);
+    EXPECT_GT(texte.height(), fenetre->height() / 2);
+    tire(fenetre->volet().separateurlisteh(), {0, -90});
+    const QRect partage = fenetre->vue().geometry();
+    aire->arrange(ChildArea::Arrangement::TileHorizontal);
+    autour.showMinimized();
+    QApplication::processEvents();
+    autour.showMaximized();
+    QApplication::processEvents();
+    EXPECT_EQ(fenetre->vue().geometry(), partage) << "what the user has given them, too";
+}
+
+TEST_F(ListesDeLiensTextes, TheSheetEndsBeforeTheLists) {
+    Textes& fenetre = ouvre("CO000001");
+    const auto air = [&fenetre] {
+        return fenetre.volet().separateurlisteh().y() - fenetre.vue().geometry().bottom() - 1;
+    };
+    EXPECT_EQ(air(), look::grid);
+    fenetre.volet().liens().bouton()->click();
+    EXPECT_EQ(air(), look::grid);
+    fenetre.volet().liens().bouton()->click();
+    fenetre.resize(900, 300);
+    EXPECT_EQ(fenetre.vue().geometry().bottom(), 299) << "where there is nothing below it ends with the window";
+}
+
+TEST_F(ListesDeLiensTextes, ManyRowsAreCutBetweenTwoOfThem) {
+    banc.reset();
+    {
+        const auto base = Database::open(chemin(), OpenMode::Shared, corpusSchema());
+        for (int i = 0; i < 30; ++i) {
+            const QString cle = QString::number(100 + i).rightJustified(6, u'0');
+            ecrit(*base.database, u"données", {u"référence", u"numart", u"titre"},
+                  {{u"CO"_s, cle, u"Cité %1"_s.arg(i)}});
+            ecrit(*base.database, u"liens",
+                  {u"référencedépart", u"numartdépart", u"référencearrivée", u"numartarrivée"},
+                  {{u"CO"_s, u"000001"_s, u"CO"_s, cle}});
+        }
+    }
+    banc = std::make_unique<test::BancTextes>(chemin());
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.volet().liens().bouton()->click();
+    const QTableView& vue = *fenetre.volet().liens().grille()->view();
+    for (const int hauteur : {700, 500, 811, 640}) {
+        fenetre.resize(900, hauteur);
+        EXPECT_EQ(vue.viewport()->height() % vue.rowHeight(0), 0) << hauteur;
+        EXPECT_GE(vue.viewport()->height(), vue.rowHeight(0)) << hauteur;
+        EXPECT_LE(fenetre.height() - fenetre.volet().separateurlisteh().y(), fenetre.height() * 28 / 100 + 1);
+    }
+}
+
+TEST_F(ListesDeLiensTextes, AHeaderThatHasNoRoomIsNotThereForTheTabKeyEither) {
+    Textes& fenetre = ouvre("CO000001");
+    const QToolButton& bouton = *fenetre.volet().liens().bouton();
+    for (const int hauteur : {700, 330, 319, 200, 60, 40, 700}) {
+        fenetre.resize(900, hauteur);
+        const bool entier = bouton.height() >= bouton.sizeHint().height();
+        EXPECT_TRUE(!bouton.isVisible() || entier) << hauteur;
+        EXPECT_EQ(bouton.isVisible(), hauteur > 319) << hauteur;
+    }
+    fenetre.volet().liens().bouton()->click();
+    fenetre.resize(900, 60);
+    EXPECT_FALSE(bouton.isVisible());
+    fenetre.resize(900, 300);
+    EXPECT_TRUE(bouton.isVisible());
+}
+
+TEST_F(ListesDeLiensTextes, OnlyItsChevronTellsThatAListIsOpen) {
+    Textes& fenetre = ouvre("CO000001");
+    QToolButton& bouton = *fenetre.volet().liens().bouton();
+    bouton.clearFocus();
+    const auto fond = [&bouton] { return bouton.grab().toImage().pixelColor(bouton.width() / 2, 3); };
+    const QColor ferme = fond();
+    bouton.click();
+    EXPECT_TRUE(bouton.isChecked()) << "for those who cannot see";
+    EXPECT_EQ(fond(), ferme);
 }
 
 TEST_F(ListesDeLiensTextes, ADoubleClickOnTheirBarGivesTheListsTheirUsualHeight) {

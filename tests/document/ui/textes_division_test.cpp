@@ -1,4 +1,5 @@
 // The document window: its panel, its lists and its text, and the bars between them.
+#include "document/ui/blocrecherche.h"
 #include "tests/document/ui/textes_base.h"
 
 using namespace velm;
@@ -27,6 +28,58 @@ TEST_F(FenetreTextes, APanelThatIsFoldedOpensForTheBlockThatIsAskedFor) {
     presse(fenetre, u"arbre"_s);
     EXPECT_TRUE(fenetre.panneau().arbre().isVisible());
     EXPECT_GT(fenetre.panneau().arbre().width(), 100);
+}
+
+TEST_F(FenetreTextes, InANarrowWindowThePanelStaysForWhoWorksInItAndFoldsForWhoReads) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"arbre"_s);
+    presse(fenetre, u"barrehoriz"_s);
+    fenetre.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&fenetre));
+    const TreeView& arbre = fenetre.panneau().arbre();
+    fenetre.vue().setFocus();
+    fenetre.resize(380, 700);
+    EXPECT_FALSE(arbre.isVisible());
+    EXPECT_FALSE(fenetre.barrechild().value(u"arbre"_s));
+    EXPECT_TRUE(fenetre.panneau().separateur().isVisible()) << "it can be drawn out";
+    fenetre.resize(900, 700);
+    EXPECT_TRUE(arbre.isVisible());
+    EXPECT_TRUE(fenetre.vue().hasFocus());
+    fenetre.panneau().arbre().setFocus();
+    fenetre.resize(380, 700);
+    EXPECT_TRUE(arbre.isVisible());
+    EXPECT_TRUE(arbre.hasFocus());
+    EXPECT_GT(arbre.width(), 100);
+}
+
+TEST_F(FenetreTextes, ABlockThatWasOpenedInANarrowWindowIsSeen) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    fenetre.resize(380, 700);
+    fenetre.vue().setFocus();
+    fenetre.resize(370, 700);
+    ASSERT_FALSE(fenetre.panneau().arbre().isVisible());
+    emit fenetre.barrechild().bloc(Bloc::Arbre);
+    EXPECT_TRUE(fenetre.panneau().arbre().isVisible());
+    EXPECT_GT(fenetre.vue().width(), 100);
+}
+
+TEST_F(FenetreTextes, ASearchAboveTheTextTakesMoreThanItsLineOnlyForAResult) {
+    banc->met(u"WINDOWSSEPAR0"_s, u"4800"_s);
+    Textes& fenetre = ouvre("CO000001");
+    auto* bloc = controle<BlocRecherche>(fenetre, u"blocrecherche"_s);
+    const int ligne = bloc->height();
+    EXPECT_LT(ligne, 60);
+    EXPECT_GE(ligne, controle(fenetre, u"Textedico"_s)->height());
+    bloc->dit({u"Aucun document"_s, true, false});
+    EXPECT_EQ(bloc->height(), ligne) << "what is said has room behind the button";
+    bloc->ajouteligne(u"garantie : 27 ( 11 )"_s);
+    EXPECT_EQ(bloc->height(), pixelsFromTwips(4800 - 360));
+    EXPECT_TRUE(controle(fenetre, u"resultat"_s)->isVisible());
+    presse(fenetre, u"arbre"_s);
+    EXPECT_EQ(fenetre.panneau().arbre().height(), pixelsFromTwips(4800 - 360));
+    presse(fenetre, u"recherchedico"_s);
+    EXPECT_EQ(bloc->height(), pixelsFromTwips(4800 - 360)) << "the result is there still";
 }
 
 TEST_F(FenetreTextes, ABarAtZeroDependsOnTheSelectionList) {
