@@ -74,6 +74,7 @@ TEST_F(EmptyGroundTest, AFocusElsewhereStaysWhereItIs) {
     showFrame();
     const auto windows = addShown(1);
     EVENTUALLY(windows[0]->hasFocus());
+    EVENTUALLY(!ground->isVisible());
     beside->setFocus();
     auto* other = new QLineEdit(frame.menuBar());
     other->show();
@@ -89,6 +90,7 @@ TEST_F(EmptyGroundTest, AFocusThatTheUserMovedOutOfTheLastWindowStaysThere) {
     showFrame();
     const auto windows = addShown(1);
     EVENTUALLY(windows[0]->hasFocus());
+    EVENTUALLY(!ground->isVisible());
     QTest::mouseClick(beside, Qt::LeftButton);
     ASSERT_TRUE(beside->hasFocus());
     area->around(windows[0])->close();
