@@ -5,6 +5,7 @@
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
 #include "search/ui/controles.h"
+#include "search/ui/rangees.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -37,10 +38,9 @@ BarreCollections::BarreCollections(const Libelles& texte, QWidget* parent) : QWi
 }
 
 QLayout* BarreCollections::construitentete(const Libelles& texte) {
-    auto* ligne = new QHBoxLayout;
-    ligne->setSpacing(look::spacing);
-    ligne->addWidget(nouvelleetiquette(texte(Texte::CritereCollections), nullptr, this));
-    ligne->addStretch(1);
+    auto* ligne = new Rangees;
+    ligne->rangee(nouvelleetiquette(texte(Texte::CritereCollections), nullptr, this), {});
+    ligne->ajouteressort();
     for (const auto& [nom, libelle, toutes] : {std::tuple(u"toutsélect"_s, Texte::ToutSelectionner, true),
                                                std::tuple(u"toutdéselect"_s, Texte::ToutDeselectionner, false)}) {
         auto* bouton = nouveaubouton(nom, texte(libelle), this);

@@ -10,7 +10,7 @@
 
 #include <QButtonGroup>
 #include <QCheckBox>
-#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListView>
 #include <QListWidget>
@@ -26,16 +26,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// A row of controls with nothing around it.
-QHBoxLayout* rangee(std::initializer_list<QWidget*> controles) {
-    auto* disposition = new QHBoxLayout;
-    disposition->setContentsMargins({});
-    disposition->setSpacing(look::groupSpacing);
-    for (QWidget* controle : controles)
-        disposition->addWidget(controle);
-    disposition->addStretch(1);
-    return disposition;
-}
+/// What stands in a row and is no field stands further apart.
+constexpr int ecartdescoches = look::groupSpacing;
 
 } // namespace
 
@@ -44,13 +36,10 @@ OngletCriteres::OngletCriteres(const Libelles& texte, const ItemsFormulaire& ite
     : PageRecherche(texte), dansformulaire_(std::move(dansformulaire)) {
     construittextes(items.conjonction);
     construitlieux();
-    grille().setColumnStretch(2, 1);
-    grille().setRowMinimumHeight(ligne_++, look::spacing);
     construitfiche(items, types);
     construitdate();
-    grille().setRowMinimumHeight(ligne_++, look::spacing);
     construitportee();
-    ajouteconseil(Texte::ChercheTousLesCriteres, ligne_++, 1, 2);
+    ajouteconseil(Texte::ChercheTousLesCriteres);
     auto* effacer = nouveaubouton(u"annulercriteres"_s, texte(Texte::EffacerLesCriteres), this);
     connect(effacer, &QPushButton::clicked, this, &OngletCriteres::effacementvoulu);
     ajouteboutons(u"cmdok"_s, u"annuler"_s, effacer);
@@ -70,10 +59,15 @@ void OngletCriteres::construittextes(const QStringList& conjonctions) {
             nouvellecoche(nomnumerote(u"respectminmaj"_s, numero), texte(Texte::RespecterLesMajuscules), this);
         QComboBox* lien = i == 0 ? prefixe_ : conjonction_;
         lien->setToolTip(plainTip(lien->accessibleName()));
-        grille().addWidget(nouvelleetiquette(texte(intitule), texterech_.at(i), this), ligne_, 0);
-        grille().addWidget(lien, ligne_, 1);
-        grille().addWidget(texterech_.at(i), ligne_++, 2);
-        grille().addLayout(rangee({motentier_.at(i), respectminmaj_.at(i)}), ligne_++, 2);
+        ajouterangee(intitule, texterech_.at(i));
+        rangees().addWidget(lien);
+        auto* bloc = new Rangees;
+        bloc->rangee(nullptr, {});
+        bloc->addWidget(texterech_.at(i));
+        bloc->rangee(nullptr, {.ecart = ecartdescoches});
+        bloc->addWidget(motentier_.at(i));
+        bloc->addWidget(respectminmaj_.at(i));
+        rangees().addLayout(bloc);
     }
 }
 
@@ -83,13 +77,9 @@ void OngletCriteres::construitlieux() {
     for (std::size_t i = 0; i < emplacement_.size(); ++i)
         emplacement_.at(i) =
             nouvellecoche(nomnumerote(u"emplacement"_s, static_cast<int>(i)), texte(lieux.at(i)), this);
-    ajouteligne(Texte::CritereRechercherDans, emplacement_.front(),
-                rangee({emplacement_[0], emplacement_[1], emplacement_[2]}));
-}
-
-void OngletCriteres::ajouteligne(Texte intitule, QWidget* nomme, QLayout* controles) {
-    grille().addWidget(nouvelleetiquette(texte(intitule), nomme, this), ligne_, 0);
-    grille().addLayout(controles, ligne_++, 1, 1, 2);
+    ajouterangee(Texte::CritereRechercherDans, emplacement_.front(), {.ecart = ecartdescoches});
+    for (QCheckBox* lieu : emplacement_)
+        rangees().addWidget(lieu);
 }
 
 /// Its items may be many, and long.
@@ -97,8 +87,6 @@ QComboBox* OngletCriteres::longueliste(const QString& nom, Texte intitule, const
     QComboBox* nouvelle = nouvelleliste(nom, texte(intitule), items, this);
     nouvelle->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     nouvelle->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    grille().addWidget(nouvelleetiquette(texte(intitule), nouvelle, this), ligne_, 0);
-    grille().addWidget(nouvelle, ligne_++, 1, 1, 2);
     return nouvelle;
 }
 
@@ -109,7 +97,11 @@ void OngletCriteres::construitfiche(const ItemsFormulaire& items, const TypesDoc
     auto* vue = new QListView(combomotcle_);
     vue->setUniformItemSizes(true);
     combomotcle_->setView(vue);
+    ajouterangee(Texte::CritereMotCle, combomotcle_, {.dessus = look::spacing});
+    rangees().addWidget(combomotcle_);
     combotype_ = longueliste(u"combotype"_s, Texte::CritereTypeDeDocument, items.combotype);
+    ajouterangee(Texte::CritereTypeDeDocument, combotype_);
+    rangees().addWidget(combotype_);
     auto* numerotype = new QListWidget(this);
     numerotype->setObjectName(u"numerotype"_s);
     numerotype->addItems(types.numerotype);
@@ -124,15 +116,15 @@ void OngletCriteres::construitdate() {
     date_[1]->valide = &validemois;
     date_[2]->complete = &valideannee;
     date_[2]->touche = &touchedelannee;
-    auto* controles = new QHBoxLayout;
-    controles->setSpacing(look::spacing);
+    ajouterangee(Texte::CritereDate, date_.front(), {.ecart = ecartdescoches});
     for (std::size_t i = 0; i < date_.size(); ++i) {
-        controles->addWidget(nouvelleetiquette(texte(textesdeladate.at(i)), date_.at(i), this));
-        controles->addWidget(date_.at(i));
-        controles->addSpacing(look::spacing);
+        auto* partie = new QHBoxLayout;
+        partie->setContentsMargins({});
+        partie->setSpacing(look::spacing);
+        partie->addWidget(nouvelleetiquette(texte(textesdeladate.at(i)), date_.at(i), this));
+        partie->addWidget(date_.at(i));
+        rangees().addLayout(partie);
     }
-    controles->addStretch(1);
-    ajouteligne(Texte::CritereDate, date_.front(), controles);
 }
 
 ChampDate* OngletCriteres::champdate(const QString& nom, Texte intitule, int chiffres) {
@@ -157,7 +149,9 @@ void OngletCriteres::construitportee() {
     auto* groupe = new QButtonGroup(this);
     groupe->addButton(Option1_);
     groupe->addButton(Option2_);
-    ajouteligne(Texte::CritereEtendue, Option1_, rangee({Option1_, Option2_}));
+    ajouterangee(Texte::CritereEtendue, Option1_, {.ecart = ecartdescoches, .dessus = look::spacing});
+    rangees().addWidget(Option1_);
+    rangees().addWidget(Option2_);
 }
 
 // ---- what stands there

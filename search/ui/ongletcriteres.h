@@ -51,12 +51,8 @@ private:
     void construitportee();
     QComboBox* longueliste(const QString& nom, Texte intitule, const QStringList& items);
     ChampDate* champdate(const QString& nom, Texte intitule, int chiffres);
-    /// One more line of the grid below the texts.
-    void ajouteligne(Texte intitule, QWidget* nomme, QLayout* controles);
 
     std::function<bool(const QWidget*)> dansformulaire_;
-    int ligne_ = 0;
-
     std::array<BoiteDerniers*, 2> texterech_{};
     QComboBox* prefixe_ = nullptr;
     QComboBox* conjonction_ = nullptr;

@@ -9,7 +9,6 @@
 #include "search/ui/controles.h"
 
 #include <QCheckBox>
-#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -33,17 +32,13 @@ OngletMots::OngletMots(const Libelles& texte, Corpus& corpus) : PageRecherche(te
     resultat_->setUniformItemSizes(true);
     for (const auto choisie : {&QListWidget::itemClicked, &QListWidget::itemActivated})
         connect(resultat_, choisie, this, [this](const QListWidgetItem* ligne) { emit lignechoisie(ligne->text()); });
-    auto* libeldico = nouvelleetiquette(texte(Texte::MotsARechercher), Textedico_, this);
-    libeldico->setObjectName(u"libeldico"_s);
-    auto* libelnombredico = nouvelleetiquette(texte(Texte::NombreMaximal), Combonombredico_, this);
-    libelnombredico->setObjectName(u"libelnombredico"_s);
-    grille().addWidget(libeldico, 0, 0);
-    grille().addWidget(Textedico_, 0, 1);
-    ajouteconseil(Texte::ConseilEtoile, 1, 1)->setObjectName(u"messagedico"_s);
-    grille().addWidget(checkandordico_, 2, 1);
-    grille().addWidget(libelnombredico, 3, 0);
-    grille().addWidget(Combonombredico_, 3, 1, Qt::AlignLeft);
-    grille().setColumnStretch(1, 1);
+    ajouterangee(Texte::MotsARechercher, Textedico_)->setObjectName(u"libeldico"_s);
+    rangees().addWidget(Textedico_);
+    ajouteconseil(Texte::ConseilEtoile)->setObjectName(u"messagedico"_s);
+    rangees().rangee(nullptr, {});
+    rangees().addWidget(checkandordico_);
+    ajouterangee(Texte::NombreMaximal, Combonombredico_)->setObjectName(u"libelnombredico"_s);
+    rangees().addWidget(Combonombredico_);
     ajouteboutons(u"cmdokdico"_s, u"annulerdico"_s);
     disposition().addWidget(resultat_, 1);
 }

@@ -4,7 +4,7 @@
 #include "search/ui/boitederniers.h"
 #include "search/ui/controles.h"
 
-#include <QGridLayout>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -15,16 +15,11 @@ using namespace Qt::Literals::StringLiterals;
 OngletRapide::OngletRapide(const Libelles& texte) : PageRecherche(texte) {
     texterapide_ = PageRecherche::boite(u"texterapide"_s, Texte::TexteDuDocument);
     combonombre_ = limites(u"combonombre"_s);
-    auto* libelrapide = nouvelleetiquette(texte(Texte::TexteDuDocument), texterapide_, this);
-    libelrapide->setObjectName(u"libelrapide"_s);
-    auto* libelnombre = nouvelleetiquette(texte(Texte::NombreMaximal), combonombre_, this);
-    libelnombre->setObjectName(u"libelnombre"_s);
-    grille().addWidget(libelrapide, 0, 0);
-    grille().addWidget(texterapide_, 0, 1);
-    ajouteconseil(Texte::ChercheDansLesTitres, 1, 1);
-    grille().addWidget(libelnombre, 2, 0);
-    grille().addWidget(combonombre_, 2, 1, Qt::AlignLeft);
-    grille().setColumnStretch(1, 1);
+    ajouterangee(Texte::TexteDuDocument, texterapide_)->setObjectName(u"libelrapide"_s);
+    rangees().addWidget(texterapide_);
+    ajouteconseil(Texte::ChercheDansLesTitres);
+    ajouterangee(Texte::NombreMaximal, combonombre_)->setObjectName(u"libelnombre"_s);
+    rangees().addWidget(combonombre_);
     ajouteboutons(u"cmdokrapide"_s, u"annulerrapide"_s);
 }
 

@@ -1,6 +1,7 @@
 #include "search/ui/ongletsajustes.h"
 
 #include <QStyle>
+#include <QStyleOptionTabWidgetFrame>
 #include <QTabBar>
 
 namespace velm {
@@ -18,17 +19,22 @@ QSize OngletsAjustes::sizeHint() const {
 }
 
 QSize OngletsAjustes::minimumSizeHint() const {
-    const int largeur = QTabWidget::minimumSizeHint().width();
-    return {largeur, heightForWidth(largeur)};
+    // The less wide, the higher it is: what it needs at its width heightForWidth() tells.
+    return {QTabWidget::minimumSizeHint().width(), tabBar()->sizeHint().height()};
 }
 
 int OngletsAjustes::heightForWidth(int largeur) const {
     const QWidget* page = currentWidget();
     if (!page)
         return tabBar()->sizeHint().height();
-    const int bords = 2 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this);
-    return tabBar()->sizeHint().height() + bords +
-           (page->hasHeightForWidth() ? page->heightForWidth(largeur - bords) : page->sizeHint().height());
+    // The style says what the bar and the edges take of it.
+    QStyleOptionTabWidgetFrame option;
+    initStyleOption(&option);
+    option.rect = QRect(0, 0, largeur, QWIDGETSIZE_MAX);
+    option.tabBarSize = tabBar()->sizeHint();
+    const QSize dedans = style()->subElementRect(QStyle::SE_TabWidgetTabContents, &option, this).size();
+    return QWIDGETSIZE_MAX - dedans.height() +
+           (page->hasHeightForWidth() ? page->heightForWidth(dedans.width()) : page->sizeHint().height());
 }
 
 } // namespace velm

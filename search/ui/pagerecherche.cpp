@@ -6,7 +6,6 @@
 #include "search/ui/boitederniers.h"
 #include "search/ui/controles.h"
 
-#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -18,13 +17,10 @@ using namespace Qt::Literals::StringLiterals;
 
 PageRecherche::PageRecherche(Libelles texte) : texte_(std::move(texte)) {
     disposition_ = new QVBoxLayout(this);
-    disposition_->setContentsMargins(look::windowMargin, look::groupSpacing, look::windowMargin, look::windowMargin);
+    disposition_->setContentsMargins(0, look::groupSpacing, 0, look::windowMargin);
     disposition_->setSpacing(look::groupSpacing);
-    grille_ = new QGridLayout;
-    grille_->setContentsMargins({});
-    grille_->setHorizontalSpacing(look::spacing);
-    grille_->setVerticalSpacing(look::spacing);
-    disposition_->addLayout(grille_);
+    rangees_ = new Rangees;
+    disposition_->addLayout(rangees_);
 }
 
 BoiteDerniers* PageRecherche::boite(const QString& nom, Texte intitule) {
@@ -50,12 +46,11 @@ void PageRecherche::ajouteboutons(const QString& chercher, const QString& annule
     connect(lanceur_, &QPushButton::clicked, this, &PageRecherche::cherchevoulu);
     auto* fin = nouveaubouton(annuler, texte(Texte::Annuler), this);
     connect(fin, &QPushButton::clicked, this, &PageRecherche::annulationvoulue);
-    auto* ligne = new QHBoxLayout;
-    ligne->setContentsMargins({});
-    ligne->setSpacing(look::spacing);
+    auto* ligne = new Rangees;
+    ligne->rangee(nullptr, {});
     if (gauche)
         ligne->addWidget(gauche);
-    ligne->addStretch(1);
+    ligne->ajouteressort();
     ligne->addWidget(lanceur_);
     ligne->addWidget(fin);
     disposition_->addLayout(ligne);
@@ -66,11 +61,21 @@ void PageRecherche::ajouteboutons(const QString& chercher, const QString& annule
     disposition_->addWidget(note_);
 }
 
-QLabel* PageRecherche::ajouteconseil(Texte conseil, int ligne, int colonne, int colonnes) {
+QLabel* PageRecherche::ajouterangee(Texte intitule, QWidget* nomme, const Rangees::Espaces& espaces) {
+    QLabel* etiquette = nouvelleetiquette(texte(intitule), nomme, this);
+    rangees_->rangee(etiquette, espaces);
+    return etiquette;
+}
+
+QLabel* PageRecherche::ajouteconseil(Texte conseil) {
     auto* dit = nouvelleetiquette(texte(conseil), nullptr, this);
     dit->setWordWrap(true);
     dit->setForegroundRole(QPalette::PlaceholderText);
-    grille_->addWidget(dit, ligne, colonne, 1, colonnes);
+    QSizePolicy place(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    place.setHeightForWidth(true);
+    dit->setSizePolicy(place);
+    rangees_->rangee(nullptr, {.dessus = -look::grid});
+    rangees_->addWidget(dit);
     return dit;
 }
 

@@ -2,11 +2,11 @@
 // A tab of the search form: its controls over two buttons, one that searches, or stops, and one that gives up.
 #include "core/bilan.h"
 #include "core/texte.h"
+#include "search/ui/rangees.h"
 
 #include <QWidget>
 
 class QComboBox;
-class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -37,23 +37,25 @@ protected:
     explicit PageRecherche(Libelles texte);
 
     QString texte(Texte lequel) const { return texte_(lequel); }
-    /// Lines of controls, and what goes below them.
-    QGridLayout& grille() const { return *grille_; }
+    /// Rows of controls, and what goes below them.
+    Rangees& rangees() const { return *rangees_; }
     QVBoxLayout& disposition() const { return *disposition_; }
     /// A text box that remembers what was searched. Its Return key searches.
     BoiteDerniers* boite(const QString& nom, Texte intitule);
     /// The list of the three limits.
     QComboBox* limites(const QString& nom);
-    /// A quiet line of the grid, under a field: what is searched.
-    QLabel* ajouteconseil(Texte conseil, int ligne, int colonne, int colonnes = 1);
-    /// The buttons below the last field, with what stands at the left of the two, and the line that says what came of
-    /// the search.
+    /// One more row begins with a label; `nomme` is what has the focus by it.
+    QLabel* ajouterangee(Texte intitule, QWidget* nomme, const Rangees::Espaces& espaces = {});
+    /// A quiet line directly under the field above: what is searched.
+    QLabel* ajouteconseil(Texte conseil);
+    /// The buttons below the last field, with what stands at the left of the two, the line that says what came of the
+    /// search, and then the free room.
     void ajouteboutons(const QString& chercher, const QString& annuler, QWidget* gauche = nullptr);
 
 private:
     Libelles texte_;
     QVBoxLayout* disposition_ = nullptr;
-    QGridLayout* grille_ = nullptr;
+    Rangees* rangees_ = nullptr;
     QPushButton* lanceur_ = nullptr;
     NoteLine* note_ = nullptr;
 };

@@ -1,10 +1,13 @@
 // Where the controls of the form stand at every width that a window of the frame may have.
 #include "core/langue.h"
+#include "platform/widgets/look/look.h"
 #include "tests/search/ui/formulaire_support.h"
 
 #include <QLabel>
 
+#include <cstdlib>
 #include <set>
+#include <tuple>
 
 using namespace velm;
 using namespace velm::test;
@@ -12,6 +15,8 @@ using namespace velm::test;
 namespace {
 
 constexpr int plusetroite = 640;
+/// Beside a list, on a small screen seen at twice its size.
+constexpr int etroite = 286;
 constexpr int pluslarge = 2560;
 
 class LargeursTest : public FormulaireTest, public testing::WithParamInterface<const char*> {
@@ -65,8 +70,8 @@ protected:
             }
         }
     }
-    void elargit(int largeur) const {
-        formulaire->resize(largeur, 900);
+    void elargit(int largeur, int hauteur = 900) const {
+        formulaire->resize(largeur, hauteur);
         // What the new size asks of the layouts comes as events.
         QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
         ASSERT_EQ(formulaire->width(), largeur);
@@ -84,6 +89,52 @@ TEST_P(LargeursTest, NoControlLiesOnAnotherAtAnyWidth) {
             ASSERT_NO_FATAL_FAILURE(elargit(largeur));
             ASSERT_NO_FATAL_FAILURE(verifie()) << "tab " << static_cast<int>(celui);
         }
+    }
+}
+
+TEST_P(LargeursTest, ANarrowFormIsOnlyHigherAndNeverScrolledSideways) {
+    constexpr int assezhaute = 1600;
+    for (const Onglet celui : {Onglet::Rapide, Onglet::Criteres, Onglet::Mots}) {
+        onglet(celui);
+        for (int largeur = etroite; largeur <= plusetroite; largeur += 4) {
+            ASSERT_NO_FATAL_FAILURE(elargit(largeur, assezhaute));
+            ASSERT_NO_FATAL_FAILURE(verifie()) << "tab " << static_cast<int>(celui);
+        }
+        // Below the fold one scrolls downwards.
+        ASSERT_NO_FATAL_FAILURE(elargit(etroite, 300));
+        const auto* vue = formulaire->findChild<QScrollArea*>();
+        EXPECT_EQ(vue->horizontalScrollBar()->maximum(), 0) << "tab " << static_cast<int>(celui);
+        EXPECT_GT(vue->verticalScrollBar()->maximum(), 0);
+    }
+}
+
+TEST_P(LargeursTest, LabelsStandAboveTheirFieldsInANarrowFormAndBesideThemInAWideOne) {
+    const QLabel& nom = un<QLabel>(u"libelrapide"_s);
+    const QLineEdit& texterapide = champ(u"texterapide"_s);
+    ASSERT_NO_FATAL_FAILURE(elargit(1000));
+    EXPECT_LT(place(nom).right(), place(texterapide).left());
+    EXPECT_TRUE(place(nom).contains(place(nom).left(), place(texterapide).center().y()));
+    ASSERT_NO_FATAL_FAILURE(elargit(etroite));
+    EXPECT_LT(place(nom).bottom(), place(texterapide).top());
+    EXPECT_GT(place(texterapide).width(), etroite / 2) << "it keeps its words";
+}
+
+TEST_P(LargeursTest, WhatIsSearchedIsToldDirectlyUnderTheFieldAndTheRoomIsLeftAtTheFoot) {
+    for (const auto& [celui, dernier, bouton] : {std::tuple(Onglet::Rapide, u"texterapide"_s, u"cmdokrapide"_s),
+                                                 std::tuple(Onglet::Mots, u"Textedico"_s, u"cmdokdico"_s),
+                                                 std::tuple(Onglet::Criteres, u"Option1"_s, u"cmdok"_s)}) {
+        onglet(celui);
+        ASSERT_NO_FATAL_FAILURE(elargit(1000, 1200));
+        const QRect ici = place(un<QWidget>(dernier));
+        const QRect lanceur = place(this->bouton(bouton));
+        const QLabel* conseil = nullptr;
+        for (const QLabel* label : onglets().currentWidget()->findChildren<QLabel*>())
+            conseil = label->isVisible() && label->foregroundRole() == QPalette::PlaceholderText ? label : conseil;
+        ASSERT_NE(conseil, nullptr) << dernier.toStdString();
+        EXPECT_LE(place(*conseil).top() - ici.bottom(), 2 * look::spacing) << dernier.toStdString();
+        EXPECT_LE(std::abs(place(*conseil).left() - ici.left()), look::grid) << dernier.toStdString();
+        EXPECT_LT(lanceur.bottom(), 900) << dernier.toStdString();
+        EXPECT_LE(lanceur.top() - place(*conseil).bottom(), 100) << dernier.toStdString();
     }
 }
 
