@@ -55,10 +55,10 @@ QString ListeCollection::champ(QChar chiffre) {
 }
 
 ModeleColonnes ListeCollection::modele() {
-    return {.colonnes = {{0, 2000, Texte::Titre, 3},
-                         {1, 2000, Texte::ColonneMotCle1, 2},
-                         {2, 2000, Texte::ColonneMotCle2, 2},
-                         {3, 2000, Texte::ColonneMotCle3, 2},
+    return {.colonnes = {{0, 2000, Texte::Titre, 4},
+                         {1, 2000, Texte::ColonneMotCle1, 1},
+                         {2, 2000, Texte::ColonneMotCle2, 1},
+                         {3, 2000, Texte::ColonneMotCle3, 1},
                          {4, 0, Texte::ColonneReference}},
             .pluspetite = 1,
             .plusgrande = 30'000,

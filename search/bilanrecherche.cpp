@@ -37,13 +37,13 @@ public:
     }
 
     QString trouve() const {
-        const QString compte = combien();
+        const QString compte = recherchee_.ici ? combien() : pour(combien());
         if (resultat_.issue == Resultat::Issue::Arretee)
             return remplace(texte_(Texte::BilanArret), {compte});
         if (recherchee_.ici && mots_.size() == 1 && resultat_.partout && !resultat_.limitee)
             return remplace(texte_(Texte::BilanMotIci),
                             {mots_.value(0), documents(lignes()), ecrit(*resultat_.partout)});
-        return recherchee_.ici ? remplace(texte_(Texte::BilanIci), {compte}) : compte;
+        return recherchee_.ici ? pour(remplace(texte_(Texte::BilanIci), {compte})) : compte;
     }
 
 private:
@@ -58,6 +58,12 @@ private:
             return remplace(texte_(Texte::BilanPremiers), {ecrit(lignes())});
         return lignes() > 1 ? remplace(texte_(Texte::BilanDocuments), {ecrit(lignes())})
                             : texte_(Texte::BilanUnDocument);
+    }
+
+    /// What was found, with what was looked for.
+    QString pour(const QString& compte) const {
+        const QString voulu = recherchee_.sorte == Recherchee::Sorte::Mots ? mots_.join(u' ') : recherchee_.texte;
+        return voulu.trimmed().isEmpty() ? compte : remplace(texte_(Texte::TrouvePour), {compte, voulu});
     }
 
     QString sansmot() const {

@@ -48,7 +48,8 @@ void ControleListe::formulairevisible(bool visible) {
 
 void ControleListe::regroupe(bool enfonce) {
     lignes_.regroupe(enfonce);
-    vue_.infobulle(Ordre::Regrouper, texte(infobulleregrouper(enfonce)));
+    liste_.regroupe(enfonce);
+    remplissage_.ditregroupement();
 }
 
 void ControleListe::ecritcolonnes() {
@@ -76,6 +77,7 @@ void ControleListe::trie(int colonne) {
     litchoix();
     lignes_.trie(colonne, liste_.marque(colonne) == ListeSelection::Marque::Ascendante);
     montrechoix();
+    remplissage_.ditregroupement();
 }
 
 QStringList ControleListe::cleschoisies() const {

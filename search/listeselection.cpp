@@ -34,10 +34,10 @@ private:
 };
 
 ModeleColonnes ListeSelection::modele() {
-    return {.colonnes = {{Titre, 3000, Texte::Titre, 3},
-                         {Motcle1, 2000, Texte::ColonneMotCle1, 2},
-                         {Motcle2, 2000, Texte::ColonneMotCle2, 2},
-                         {Motcle3, 2000, Texte::ColonneMotCle3, 2},
+    return {.colonnes = {{Titre, 3000, Texte::Titre, 4},
+                         {Motcle1, 2000, Texte::ColonneMotCle1, 1},
+                         {Motcle2, 2000, Texte::ColonneMotCle2, 1},
+                         {Motcle3, 2000, Texte::ColonneMotCle3, 1},
                          {Reference, 500, {}},
                          {Numart, 1000, Texte::ColonneReference},
                          {Clef, 0, {}}}};
@@ -125,6 +125,20 @@ bool ListeSelection::precedentrecherche() {
 
 std::unique_ptr<SourceDocuments> ListeSelection::source() {
     return std::make_unique<Source>(*this);
+}
+
+bool ListeSelection::repetitions() const {
+    const auto premier = static_cast<Champ>(tri_ ? tri_->champ : colonnes_.champ(0));
+    for (int rang = 2; rang <= lignes(); ++rang) {
+        if (champ(rang, premier) == champ(rang - 1, premier))
+            return true;
+    }
+    return false;
+}
+
+Texte infobulleregrouper(const ListeSelection& liste) {
+    const bool vain = !liste.regroupee() && liste.lignes() > 1 && !liste.repetitions();
+    return vain ? Texte::RegrouperSansRepetition : infobulleregrouper(liste.regroupee());
 }
 
 Texte infobulleregrouper(bool enfonce) {

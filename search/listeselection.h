@@ -61,6 +61,13 @@ public:
     /// A new result is in the order in which it was found.
     void effacemarquestri();
 
+    // ---- equal neighbours
+    /// They are to be shown as one.
+    void regroupe(bool regroupee) { regroupee_ = regroupee; }
+    bool regroupee() const { return regroupee_; }
+    /// There are such: in the sorted column, else in the first.
+    bool repetitions() const;
+
     // ---- selection
     /// 0 for none. Where rows were taken out under it, the last one.
     int row() const { return std::min(row_, lignes()); }
@@ -88,10 +95,13 @@ private:
     Resultat resultat_;
     int row_ = 0;
     int rowsel_ = 0;
+    bool regroupee_ = false;
 };
 
 /// Tool tips, by their numbers, of the buttons `regrouper` and `affichercritères`.
 Texte infobulleregrouper(bool enfonce);
+/// That of a list: where the button would change nothing it says so.
+Texte infobulleregrouper(const ListeSelection& liste);
 Texte infobullecriteres(bool enfonce);
 
 } // namespace velm

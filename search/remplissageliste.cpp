@@ -91,9 +91,14 @@ void RemplissageListe::ditbilan(const BilanRecherche& bilan, std::function<void(
     vue_.ditbilan(bilan);
 }
 
+void RemplissageListe::ditregroupement() const {
+    vue_.infobulle(Ordre::Regrouper, services_.texte(infobulleregrouper(liste_)));
+}
+
 void RemplissageListe::ditreste() {
     dit(liste_.lignes());
     ditlignes();
+    ditregroupement();
 }
 
 void RemplissageListe::ditlignes() {
@@ -114,6 +119,7 @@ void RemplissageListe::publie() {
                               Ordre::ImprimerCriteres, Ordre::EnvoyerCriteres})
         vue_.permet(ordre, liste_.lignes() > 0);
     vue_.permet(Ordre::OuvrirCriteres, true);
+    ditregroupement();
 }
 
 // ---- lists that come from elsewhere

@@ -62,6 +62,8 @@ public:
     void dit(qint64 nombre) const;
     /// Says over the rows what they are. `tout` repeats a search that was cut, without its limit.
     void ditbilan(const BilanRecherche& bilan, std::function<void()> tout = {});
+    /// The tip of the button that merges equal cells says whether there are such.
+    void ditregroupement() const;
     /// Tells how many rows there are by now, whatever they were before.
     void ditreste();
     /// Does what the last ditbilan() was given for it.

@@ -12,7 +12,8 @@ FlexGrid& GrilleSelection::flex() const {
 void GrilleSelection::construit(ListeSelection& liste) {
     flex().setRedraw(false);
     documents_ = std::make_unique<GrilleDocuments>(
-        flex(), liste.colonnes(), GrilleDocuments::Usage{.champimage = ListeSelection::Champ::Reference});
+        flex(), liste.colonnes(),
+        GrilleDocuments::Usage{.champimage = ListeSelection::Reference, .imagedevant = ListeSelection::Titre});
     documents_->charge(liste.source());
 }
 

@@ -21,9 +21,10 @@ using namespace Qt::Literals::StringLiterals;
 Selection::Selection(Ecrangeneral& ecran, VoletSelection& volet, Actions& actions, Bureau& bureau,
                      const ControleListe::Services& services)
     : ecran_(ecran), volet_(volet), actions_(actions), bureau_(bureau), grille_(volet),
-      controle_(services, grille_, *this), toutafficher_(services.recherche.texte(Texte::BilanToutAfficher)) {
+      controle_(services, grille_, *this), toutafficher_(services.recherche.texte(Texte::BilanToutAfficher)),
+      aucundocument_(services.recherche.texte(Texte::AucunDocumentTrouve)) {
     grille_.construit(liste());
-    flex().setEmptyText(services.recherche.texte(Texte::AucunDocumentTrouve));
+    ditvide();
     connect(&volet_.note(), &NoteLine::linkClicked, this, [this] { controle_.remplissage().toutafficher(); });
     relieflex();
     construitmenu();
@@ -41,6 +42,7 @@ void Selection::relieflex() {
     connect(documents, &GrilleDocuments::trivoulu, this, [this](int colonne) { controle_.trie(colonne); });
     connect(documents, &GrilleDocuments::ouvertes, this, [this] { controle_.ouvre(); });
     connect(documents, &GrilleDocuments::suppressionvoulue, this, [this] { controle_.supprime(); });
+    connect(&flex(), &FlexGrid::columnMoved, this, [this] { controle_.remplissage().ditregroupement(); });
     connect(documents, &GrilleDocuments::menuvoulu, this, [this](const QPoint& ou) {
         if (flex().row() > 0)
             menu_->popup(ou);
@@ -62,6 +64,10 @@ void Selection::permet(Ordre ordre, bool permis) {
 
 void Selection::coche(Ordre ordre, bool cochee) {
     actions_.coche(ordre, cochee);
+    if (ordre != Ordre::AfficherCriteres)
+        return;
+    formulaire_ = cochee;
+    ditvide();
 }
 
 void Selection::infobulle(Ordre ordre, const QString& texte) {
@@ -73,7 +79,15 @@ void Selection::ditetat(const QString& texte) {
 }
 
 void Selection::ditbilan(const BilanRecherche& bilan) {
-    volet_.dit(bilan.phrase, bilan.rien, bilan.coupe ? toutafficher_ : QString());
+    rien_ = bilan.rien ? bilan.phrase : QString();
+    volet_.dit(bilan.rien ? QString() : bilan.phrase, bilan.coupe ? toutafficher_ : QString());
+    ditvide();
+}
+
+/// Nothing was found: it is said once, by the form as long as that is seen.
+void Selection::ditvide() {
+    const QString dit = rien_.isEmpty() ? aucundocument_ : formulaire_ ? QString() : rien_;
+    flex().setEmptyText(dit);
 }
 
 void Selection::montrepanneau(bool visible) {

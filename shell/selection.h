@@ -46,6 +46,7 @@ private:
 
     void relieflex();
     void construitmenu();
+    void ditvide();
 
     Ecrangeneral& ecran_;
     VoletSelection& volet_;
@@ -54,6 +55,9 @@ private:
     GrilleSelection grille_;
     ControleListe controle_;
     QString toutafficher_;
+    QString aucundocument_;
+    QString rien_;            ///< what was not found
+    bool formulaire_ = false; ///< the search form is seen
     QMenu* menu_ = nullptr;
 };
 

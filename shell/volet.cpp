@@ -45,8 +45,8 @@ void VoletSelection::nomme(const QString& liste, const QString& separateur) {
     separateurrecherche_->setAccessibleName(separateur);
 }
 
-void VoletSelection::dit(const QString& phrase, bool rien, const QString& suite) {
-    note_->say(phrase, rien ? NoteLine::Tone::Warning : NoteLine::Tone::Quiet, suite);
+void VoletSelection::dit(const QString& phrase, const QString& suite) {
+    note_->say(phrase, NoteLine::Tone::Quiet, suite);
     dispose();
 }
 

@@ -22,7 +22,7 @@ public:
     /// The line over the list.
     NoteLine& note() const { return *note_; }
     /// Says there what the list is; `suite` names a link to more of it, empty for none.
-    void dit(const QString& phrase, bool rien, const QString& suite);
+    void dit(const QString& phrase, const QString& suite);
 
     /// What the list and the bar beside it are called where they are spoken.
     void nomme(const QString& liste, const QString& separateur);

@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -33,6 +34,44 @@ T* nomme(T* controle, const char* nom) {
     controle->setObjectName(QString::fromLatin1(nom));
     return controle;
 }
+
+/// What is looked for, and at its right end what came of it.
+class ChampCherche final : public QLineEdit {
+public:
+    explicit ChampCherche(QWidget* parent) : QLineEdit(parent), etat_(nomme(plainLabel(QString(), this), "lblEtat")) {
+        setClearButtonEnabled(true);
+        etat_->setAttribute(Qt::WA_TransparentForMouseEvents);
+        etat_->setForegroundRole(QPalette::WindowText); // not that of the box
+    }
+    void dit(const QString& texte, const QPalette& teinte) {
+        etat_->setText(texte);
+        etat_->setPalette(teinte);
+        place();
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* evenement) override {
+        QLineEdit::resizeEvent(evenement);
+        place();
+    }
+    void changeEvent(QEvent* evenement) override {
+        QLineEdit::changeEvent(evenement);
+        if (evenement->type() == QEvent::FontChange)
+            place();
+    }
+
+private:
+    /// Beside the button that empties the box; what is typed ends before it.
+    void place() {
+        const auto* vide = findChild<QToolButton*>();
+        const QSize large(etat_->text().isEmpty() ? 0 : etat_->sizeHint().width(), etat_->sizeHint().height());
+        etat_->setGeometry(vide->x() - look::grid - large.width(), (height() - large.height()) / 2, large.width(),
+                           large.height());
+        setTextMargins(0, 0, large.width() > 0 ? large.width() + look::spacing : 0, 0);
+    }
+
+    QLabel* etat_;
+};
 
 QRect surlecran(const QWidget& widget, const QRect& place) {
     return place.isNull() ? QRect() : QRect(widget.mapToGlobal(place.topLeft()), place.size());
@@ -59,14 +98,11 @@ frmFindForm::frmFindForm(const Libelles& texte, Dialogues& dialogues, std::funct
 }
 
 void frmFindForm::construit() {
-    txtFind_ = nomme(new QLineEdit(this), "txtFind");
+    txtFind_ = nomme(new ChampCherche(this), "txtFind");
     txtFind_->setMinimumWidth(largeurchamp);
-    txtFind_->setClearButtonEnabled(true);
     auto* etiquette = plainLabel(texte_(Texte::TexteARechercher), this);
     etiquette->setBuddy(txtFind_);
     txtFind_->setAccessibleName(texte_(Texte::TexteARechercher));
-    etat_ = nomme(plainLabel(QString(), this), "lblEtat");
-    etat_->setAlignment(Qt::AlignRight);
     checkmot_ = nomme(new QCheckBox(texte_(Texte::ChercherMotEntier), this), "checkmot");
     checkcasse_ = nomme(new QCheckBox(texte_(Texte::ChercherAvecMajuscules), this), "checkcasse");
     cmdFindPrevious_ = nomme(new QPushButton(texte_(Texte::ChercherPrecedent), this), "cmdFindPrevious");
@@ -82,10 +118,6 @@ void frmFindForm::construit() {
 }
 
 void frmFindForm::dispose(QLabel* etiquette, QPushButton* fermer) {
-    auto* entete = new QHBoxLayout;
-    entete->setSpacing(look::groupSpacing);
-    entete->addWidget(etiquette);
-    entete->addWidget(etat_, 1);
     auto* boutons = new QHBoxLayout;
     boutons->setSpacing(look::spacing);
     boutons->addStretch(1);
@@ -94,7 +126,7 @@ void frmFindForm::dispose(QLabel* etiquette, QPushButton* fermer) {
     auto* colonne = new QVBoxLayout(this);
     colonne->setContentsMargins(look::windowMargin, look::windowMargin, look::windowMargin, look::windowMargin);
     colonne->setSpacing(look::spacing);
-    colonne->addLayout(entete);
+    colonne->addWidget(etiquette);
     colonne->addWidget(txtFind_);
     colonne->addWidget(checkmot_);
     colonne->addWidget(checkcasse_);
@@ -107,6 +139,7 @@ void frmFindForm::relie(QPushButton* fermer) {
     connect(txtFind_, &QLineEdit::textChanged, this, [this](const QString& texte) {
         cmdFindNext_->setEnabled(!texte.isEmpty());
         cmdFindPrevious_->setEnabled(!texte.isEmpty());
+        quittetrouve();
         recherche_.recommence();
         actualise();
     });
@@ -200,11 +233,16 @@ void frmFindForm::montreetat() {
         dit = texte_(Texte::ChercherUneOccurrence);
     else
         dit = remplace(texte_(Texte::ChercherOccurrences), {ecrit(nombre)});
-    etat_->setText(vue_ && !txtFind_->text().isEmpty() ? dit : QString());
     QPalette teinte;
-    if (nombre == 0)
-        teinte.setColor(QPalette::WindowText, look::warningColour(look::themeOf(palette())));
-    etat_->setPalette(teinte);
+    teinte.setColor(QPalette::WindowText, nombre == 0 ? look::warningColour(look::themeOf(palette()))
+                                                      : palette().color(QPalette::PlaceholderText));
+    static_cast<ChampCherche*>(txtFind_)->dit(vue_ && !txtFind_->text().isEmpty() ? dit : QString(), teinte);
+}
+
+/// The hit of another text is none of this one: its selection goes, if the user has not made another meanwhile.
+void frmFindForm::quittetrouve() {
+    if (vue_ && recherche_.derniere() >= 0 && vue_->selStart() == recherche_.derniere())
+        vue_->setSelLength(0);
 }
 
 void frmFindForm::decouvre() {

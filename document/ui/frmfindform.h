@@ -53,6 +53,7 @@ private:
     RichTextBox* vuecherchee();
     void suit(RichTextBox* vue);
     void montreetat();
+    void quittetrouve();
     int options() const;
     /// Out of the way of the hits.
     void decouvre();
@@ -67,7 +68,6 @@ private:
     QCheckBox* checkcasse_ = nullptr;
     QPushButton* cmdFindNext_ = nullptr;
     QPushButton* cmdFindPrevious_ = nullptr;
-    QLabel* etat_ = nullptr;
     QPointer<RichTextBox> vue_;          ///< that shows the hits
     std::vector<qsizetype> occurrences_; ///< in it
 };

@@ -204,7 +204,7 @@ void frmproperties::restauretaille() {
     const TailleProprietes lue = littailleproprietes(contexte_.reglages);
     const int largeur = pixelsFromTwips(lue.largeur);
     const int hauteur = pixelsFromTwips(lue.hauteur);
-    constexpr int premierelargeur = 560;
+    constexpr int premierelargeur = 640;
     // The frame around it, which nobody knows before it is shown, must stand on the screen as well.
     constexpr QSize cadre(2 * look::windowMargin, 4 * look::windowMargin);
     const QSize ecran = screen()->availableSize() - cadre;

@@ -42,10 +42,13 @@ GrilleDocuments::GrilleDocuments(FlexGrid& flex, Colonnes& colonnes, const Usage
         flex_.setHeader(colonne, colonnes_.titre(colonnes_.place(champ)));
         flex_.setColAlignment(colonne, FlexGrid::Align::Left);
         flex_.setColWeight(colonne, modele[static_cast<std::size_t>(colonne)].poids);
-        if (champ == usage_.champimage)
-            flex_.setColPicture(colonne, &imagedecollection);
     }
     montrecolonnes();
+    if (usage_.imagedevant >= 0)
+        flex_.setPictureBefore(colonnes_.place(usage_.imagedevant), colonnes_.place(usage_.champimage),
+                               &imagedecollection);
+    else
+        flex_.setColPicture(colonnes_.place(usage_.champimage), &imagedecollection);
     flex_.setStretchCol(colonnes_.place(usage_.champetire));
     flex_.setRedraw(avant);
     connect(&flex_, &FlexGrid::columnMoved, this, &GrilleDocuments::releve);

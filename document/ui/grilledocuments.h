@@ -33,6 +33,7 @@ public:
         bool menuchoisit = false; ///< the right button selects the row under it alone
         int champetire = -1;      ///< its column takes the width that the others leave
         int champimage = -1;      ///< its column shows the pictures of the collections whose codes it holds
+        int imagedevant = -1;     ///< these stand before the texts of this one instead
     };
 
     /// Makes the columns. Grid and columns are not owned and live longer.

@@ -131,6 +131,7 @@ ChampDate* OngletCriteres::champdate(const QString& nom, Texte intitule, int chi
     auto* nouveau = new ChampDate(this);
     nouveau->setObjectName(nom);
     nouveau->setAccessibleName(texte(intitule).remove(u'&'));
+    nouveau->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     nouveau->setFixedWidth(nouveau->fontMetrics().horizontalAdvance(QString(chiffres, u'0')) + 3 * look::spacing);
     connect(nouveau, &QLineEdit::returnPressed, this, &OngletCriteres::cherchevoulu);
     // A wrong date holds the focus in the form and takes it from no other window; nor from the button that searches,

@@ -33,10 +33,12 @@ QString phrase(const Recherchee& recherchee, const Resultat& resultat) {
 } // namespace
 
 TEST(BilanRecherche, WhatWasFoundIsCounted) {
-    EXPECT_EQ(phrase({Sorte::Texte, u"bail"_s}, de(1)), u"9724");
-    EXPECT_EQ(phrase({Sorte::Texte, u"bail"_s}, de(12)), u"9725[12");
+    EXPECT_EQ(phrase({Sorte::Texte, u"bail"_s}, de(1)), u"9791[9724;bail");
+    EXPECT_EQ(phrase({Sorte::Texte, u"un bail"_s}, de(12)), u"9791[9725[12;un bail") << "and for what";
+    EXPECT_EQ(phrase({Sorte::Texte, u" "_s}, de(12)), u"9725[12") << "for nothing: all documents";
+    EXPECT_EQ(phrase({Sorte::Mots, u" bail,vente "_s}, de(12)), u"9791[9725[12;bail vente");
     EXPECT_EQ(phrase({Sorte::Criteres}, de(12)), u"9725[12");
-    EXPECT_EQ(phrase({Sorte::Mots, u"bail vente"_s, true, true}, de(12)), u"9733[9725[12") << "here";
+    EXPECT_EQ(phrase({Sorte::Mots, u"bail vente"_s, true, true}, de(12)), u"9791[9733[9725[12;bail vente") << "here";
     const BilanRecherche bilan = bilande({Sorte::Texte, u"bail"_s}, de(12), texte);
     EXPECT_FALSE(bilan.rien);
     EXPECT_FALSE(bilan.coupe);
@@ -45,11 +47,11 @@ TEST(BilanRecherche, WhatWasFoundIsCounted) {
 TEST(BilanRecherche, WhatWasCutSaysOfHowMany) {
     Resultat resultat = de(50);
     resultat.limitee = true;
-    EXPECT_EQ(phrase({Sorte::Texte, u"bail"_s}, resultat), u"9727[50") << "the walk has seen no more";
+    EXPECT_EQ(phrase({Sorte::Texte, u"bail"_s}, resultat), u"9791[9727[50;bail") << "the walk has seen no more";
     resultat.total = 545;
-    EXPECT_EQ(phrase({Sorte::Mots, u"bail"_s}, resultat), u"9726[50;545");
+    EXPECT_EQ(phrase({Sorte::Mots, u"bail"_s}, resultat), u"9791[9726[50;545;bail");
     resultat.partout = 600;
-    EXPECT_EQ(phrase({Sorte::Mots, u"bail"_s, true, true}, resultat), u"9733[9726[50;545");
+    EXPECT_EQ(phrase({Sorte::Mots, u"bail"_s, true, true}, resultat), u"9791[9733[9726[50;545;bail");
     EXPECT_TRUE(bilande({Sorte::Mots, u"bail"_s}, resultat, texte).coupe);
 }
 
@@ -57,8 +59,9 @@ TEST(BilanRecherche, OfOneWordInACollectionBothNumbersAreSaid) {
     Resultat resultat = de(2);
     resultat.partout = 545;
     EXPECT_EQ(phrase({Sorte::Mots, u" bail "_s, true, true}, resultat), u"9730[bail;9732[2;545");
-    EXPECT_EQ(phrase({Sorte::Mots, u"bail"_s}, resultat), u"9725[2") << "in all collections there is one";
-    EXPECT_EQ(phrase({Sorte::Mots, u"vide bail"_s, true, true}, resultat), u"9733[9725[2") << "of which word?";
+    EXPECT_EQ(phrase({Sorte::Mots, u"bail"_s}, resultat), u"9791[9725[2;bail") << "in all collections there is one";
+    EXPECT_EQ(phrase({Sorte::Mots, u"vide bail"_s, true, true}, resultat), u"9791[9733[9725[2;vide bail")
+        << "of which word?";
 }
 
 TEST(BilanRecherche, WhatWasNotFoundIsNamed) {
@@ -77,7 +80,7 @@ TEST(BilanRecherche, WhatWasNotFoundIsNamed) {
 TEST(BilanRecherche, ASearchThatWasStoppedOrGivenUpSaysSo) {
     Resultat resultat = de(3);
     resultat.issue = Issue::Arretee;
-    EXPECT_EQ(phrase({Sorte::Texte, u"bail"_s}, resultat), u"9728[9725[3");
+    EXPECT_EQ(phrase({Sorte::Texte, u"bail"_s}, resultat), u"9728[9791[9725[3;bail");
     resultat = de(0);
     for (const Issue issue : {Issue::Arretee, Issue::Abandonnee}) {
         resultat.issue = issue;

@@ -142,6 +142,26 @@ TEST_F(ControleListeTest, GroupingMergesEqualCellsAndChangesItsToolTip) {
     EXPECT_EQ(panneau.bulles.value(Ordre::Regrouper), u"t2605");
 }
 
+TEST_F(ControleListeTest, TheTipOfGroupingTellsWhereNoNeighboursAreAlike) {
+    const auto bulle = [this] { return panneau.bulles.value(Ordre::Regrouper); };
+    remplit({u"CO000001"_s, u"CO000003"_s});
+    EXPECT_EQ(bulle(), u"t9790") << "their titles differ";
+    controle->regroupe(true);
+    EXPECT_EQ(bulle(), u"t2608") << "what is pressed can be released";
+    remplit({u"CO000001"_s, u"CO000001"_s, u"CO000003"_s});
+    EXPECT_EQ(bulle(), u"t2608");
+    controle->regroupe(false);
+    EXPECT_EQ(bulle(), u"t2605");
+    grille.choisit(1, 1);
+    controle->supprime();
+    EXPECT_EQ(bulle(), u"t9790") << "of the two that were alike one is gone";
+    // The sorted column is the first that is grouped: both are of the same collection.
+    controle->trie(controle->liste().colonnes().place(ListeSelection::Reference));
+    EXPECT_EQ(bulle(), u"t2605");
+    remplit({u"CO000001"_s});
+    EXPECT_EQ(bulle(), u"t2605") << "one row has no neighbour";
+}
+
 // ---- opening
 
 TEST_F(ControleListeTest, SelectedRowsOpenFromTheFirstToTheLastWithTheWordsToMark) {

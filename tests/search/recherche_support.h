@@ -123,6 +123,8 @@ protected:
             return u"document"_s;
         case 2172:
             return u"documents"_s;
+        case 9791:
+            return u"%1, %2"_s;
         case 7300:
             return u"inconnu"_s;
         case 7302:

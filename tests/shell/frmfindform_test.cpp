@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QToolButton>
 
 using namespace velm;
 using namespace velm::test;
@@ -46,7 +47,8 @@ TEST_F(FrmFindFormTest, TheFindDialogStepsThroughTheActiveDocument) {
     suivant->click();
     EXPECT_EQ(vue.selStart(), 0);
     suivant->click();
-    EXPECT_EQ(dialogues.messages.back().texte, u"Le texte n’a pas été trouvé dans la suite du document.");
+    EXPECT_EQ(dialogues.messages.back().texte,
+              u"Le texte n’a pas été trouvé dans le document, ou n’y figure qu’une fois.");
     texte->clear();
     EXPECT_FALSE(suivant->isEnabled());
 }
@@ -129,6 +131,41 @@ protected:
 };
 
 } // namespace
+
+TEST_F(FindStateTest, ItSaysSoInsideTheFieldBehindWhatIsTyped) {
+    ouvredialogue();
+    texte->setText(u"prix"_s);
+    const auto* etat = boite->findChild<QLabel*>(u"lblEtat"_s);
+    ASSERT_EQ(etat->parentWidget(), texte);
+    EXPECT_TRUE(texte->rect().contains(etat->geometry()));
+    EXPECT_GE(etat->width(), etat->sizeHint().width());
+    EXPECT_GT(etat->x(), texte->width() / 2);
+    EXPECT_GE(texte->textMargins().right(), etat->width());
+    EXPECT_FALSE(texte->findChild<QToolButton*>()->geometry().intersects(etat->geometry()));
+    const auto encre = [etat] { return etat->palette().color(etat->foregroundRole()); };
+    const QColor tranquille = encre();
+    texte->setText(u"introuvable"_s);
+    EXPECT_NE(encre(), tranquille) << "a warning";
+    EXPECT_GE(etat->width(), etat->sizeHint().width());
+    texte->clear();
+    EXPECT_EQ(texte->textMargins().right(), 0) << "all of it is for the text";
+}
+
+TEST_F(FindStateTest, AHitOfAnotherTextStaysSelectedNoLonger) {
+    ouvredialogue();
+    texte->setText(u"prix"_s);
+    presse("cmdFindNext");
+    EXPECT_EQ(vue().control().selText(), u"prix");
+    texte->setText(u"introuvable"_s);
+    EXPECT_EQ(vue().control().selText(), QString());
+    // What the user has selected meanwhile is theirs.
+    texte->setText(u"prix"_s);
+    presse("cmdFindNext");
+    vue().setSelStart(0);
+    vue().setSelLength(2);
+    texte->setText(u"introuvable"_s);
+    EXPECT_EQ(vue().control().selText().size(), 2);
+}
 
 TEST_F(FindStateTest, ItSaysHowManyThereAreAndWhichOneIsShown) {
     ouvredialogue();

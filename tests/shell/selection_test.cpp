@@ -1,6 +1,7 @@
 // The selection list in the real frame: its grid, its buttons, its rows on paper.
 #include "tests/shell/selection_support.h"
 
+#include <QHeaderView>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -97,13 +98,22 @@ TEST_F(SelectionTest, OnlyOneHeaderBearsAMarkAndANewResultTakesItAway) {
 }
 
 TEST_F(SelectionTest, GroupingMergesEqualCellsAndChangesItsToolTip) {
-    ouvre();
+    ouvre({u"CO000001"_s, u"CO000001"_s, u"CO000002"_s});
     EXPECT_EQ(barre().toolTip(u"regrouper"_s), u"Regrouper les cellules identiques");
     presse(barre(), "regrouper");
     EXPECT_TRUE(flex().mergeCells());
     EXPECT_EQ(barre().toolTip(u"regrouper"_s), u"Séparer les cellules identiques");
     presse(barre(), "regrouper");
     EXPECT_FALSE(flex().mergeCells());
+    EXPECT_EQ(barre().toolTip(u"regrouper"_s), u"Regrouper les cellules identiques");
+}
+
+TEST_F(SelectionTest, AListWithoutEqualNeighboursSaysSoInTheTipOfGrouping) {
+    constexpr auto sans = u"Regrouper les cellules identiques\u00A0: ici, toutes diffèrent de leurs voisines";
+    ouvre();
+    EXPECT_EQ(barre().toolTip(u"regrouper"_s), sans);
+    // The column that comes first is the one that is grouped, as long as none is sorted.
+    flex().view()->horizontalHeader()->moveSection(liste().liste().colonnes().place(ListeSelection::Reference), 0);
     EXPECT_EQ(barre().toolTip(u"regrouper"_s), u"Regrouper les cellules identiques");
 }
 

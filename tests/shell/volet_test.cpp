@@ -147,6 +147,21 @@ TEST_F(VoletTest, WhatTheListIsStandsOverIt) {
     EXPECT_TRUE(encore);
 }
 
+TEST_F(VoletTest, WhatWasNotFoundIsSaidOnceByTheFormAsLongAsItIsSeen) {
+    ouvre({});
+    liste().affichemenuselection(true);
+    const NoteLine& note = volet().note();
+    liste().formulairevisible(true);
+    remplissage().ditbilan({u"Aucun document ne contient « zut »."_s, true, false});
+    EXPECT_EQ(note.text(), QString());
+    EXPECT_EQ(flex().emptyText(), QString()) << "the form says it";
+    liste().formulairevisible(false);
+    EXPECT_EQ(flex().emptyText(), u"Aucun document ne contient « zut ».") << "nobody else does";
+    remplissage().ditbilan({u"3 documents"_s, false, false});
+    EXPECT_EQ(note.text(), u"3 documents");
+    EXPECT_EQ(flex().emptyText(), u"Aucun document trouvé.");
+}
+
 // ---- the word search of a document window
 
 TEST_F(VoletTest, TheBlockOfAWindowSearchesItsOwnCollectionForAllWords) {

@@ -118,6 +118,10 @@ void FlexGrid::setColPicture(int col, Picture picture) {
     d_->columns.setPicture(col, std::move(picture));
 }
 
+void FlexGrid::setPictureBefore(int col, int of, Picture picture) {
+    d_->columns.setPictureBefore(col, of, std::move(picture));
+}
+
 void FlexGrid::setColumnsMovable(bool movable) {
     d_->view->header().setSectionsMovable(movable);
 }

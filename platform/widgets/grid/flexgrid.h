@@ -54,6 +54,9 @@ public:
     /// must be quick; where it gives none, and without it, the text is painted. Sort, clip, merging, look-up and tool
     /// tips know the text alone.
     void setColPicture(int col, Picture picture);
+    /// Before the texts of a column pictures are painted: `picture` is asked with the text that another column has in
+    /// the row. That one shows its text as ever. Adding and removing columns takes the pictures away.
+    void setPictureBefore(int col, int of, Picture picture);
     /// Lets the user drag columns by their header cells.
     void setColumnsMovable(bool movable);
     /// One column takes the width that the others leave; -1 for none.

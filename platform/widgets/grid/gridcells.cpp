@@ -54,9 +54,12 @@ void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, con
         return;
     painter->setFont(option.font);
     QRect rect = gridlook::textRect(option.rect);
-    if (!view_.secondLine().empty()) {
-        const int height = option.fontMetrics.height();
+    const int height = option.fontMetrics.height();
+    const bool two = !view_.secondLine().empty();
+    if (two)
         rect = QRect(rect.left(), rect.top() + (rect.height() - 2 * height) / 2, rect.width(), height);
+    rect.setLeft(rect.left() + paintBefore(*painter, rect, option, index, selected));
+    if (two) {
         painter->setPen(tones.quiet(selected));
         paintSecondLine(*painter, rect.translated(0, height), row);
     }
@@ -90,18 +93,36 @@ bool GridCells::paintPicture(QPainter& painter, const QStyleOptionViewItem& opti
     const QIcon icon = picture ? picture(text) : QIcon();
     if (icon.isNull())
         return false;
-    // On a grey selection the picture keeps its colours, as the text does.
-    const bool light = selected && view_.hasFocus();
     const int edge = std::min(gridlook::iconEdge(option.fontMetrics), option.rect.width());
     QRect place(0, 0, edge, edge);
     place.moveCenter(option.rect.center());
-    icon.paint(&painter, place, Qt::AlignCenter, light ? QIcon::Selected : QIcon::Normal);
+    paintIcon(painter, icon, place, selected);
     return true;
+}
+
+/// The picture before a text; comes back with the width that it takes, also where a row has none.
+int GridCells::paintBefore(QPainter& painter, const QRect& cell, const QStyleOptionViewItem& option,
+                           const QModelIndex& index, bool selected) const {
+    const GridModel::Column& column = view_.rows().column(index.column());
+    if (!column.before)
+        return 0;
+    const int edge = gridlook::iconEdge(option.fontMetrics);
+    const QIcon icon = column.before(view_.rows().text(index.row(), column.beforeOf));
+    if (!icon.isNull() && cell.width() >= edge)
+        paintIcon(painter, icon, {cell.left(), cell.top() + (cell.height() - edge) / 2, edge, edge}, selected);
+    return edge + gridlook::padding;
+}
+
+void GridCells::paintIcon(QPainter& painter, const QIcon& icon, const QRect& place, bool selected) const {
+    // On a grey selection the picture keeps its colours, as the text does.
+    const bool light = selected && view_.hasFocus();
+    icon.paint(&painter, place, Qt::AlignCenter, light ? QIcon::Selected : QIcon::Normal);
 }
 
 QSize GridCells::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     const QFontMetrics metrics(option.font);
-    return {metrics.horizontalAdvance(index.data().toString()) + 2 * gridlook::padding + 1,
+    const int before = view_.rows().column(index.column()).before ? gridlook::iconEdge(metrics) + gridlook::padding : 0;
+    return {before + metrics.horizontalAdvance(index.data().toString()) + 2 * gridlook::padding + 1,
             gridlook::rowHeight(metrics)};
 }
 

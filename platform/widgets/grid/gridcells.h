@@ -21,6 +21,9 @@ private:
     void paintSecondLine(QPainter& painter, const QRect& rect, int row) const;
     bool paintPicture(QPainter& painter, const QStyleOptionViewItem& option, int column, const QString& text,
                       bool selected) const;
+    int paintBefore(QPainter& painter, const QRect& cell, const QStyleOptionViewItem& option, const QModelIndex& index,
+                    bool selected) const;
+    void paintIcon(QPainter& painter, const QIcon& icon, const QRect& place, bool selected) const;
 
     GridView& view_;
 };

@@ -164,6 +164,8 @@ void GridColumns::setCount(int wanted) {
     {
         const QScopedValueRollback guard(arranging_, true);
         model_.setColumns(from);
+        for (int place = 0; place < count(); ++place)
+            column(place).before = nullptr;
     }
     showAll();
 }
@@ -213,6 +215,14 @@ void GridColumns::setPicture(int place, FlexGrid::Picture picture) {
     if (!has(place))
         return;
     column(place).picture = std::move(picture);
+    view_.viewport()->update();
+}
+
+void GridColumns::setPictureBefore(int place, int of, FlexGrid::Picture picture) {
+    if (!has(place) || !has(of))
+        return;
+    column(place).before = std::move(picture);
+    column(place).beforeOf = logical(of);
     view_.viewport()->update();
 }
 

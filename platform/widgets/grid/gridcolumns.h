@@ -42,6 +42,7 @@ public:
     void move(int place, int to);
     void setAlignment(int place, Align align); ///< of the cells and of the header
     void setPicture(int place, FlexGrid::Picture picture);
+    void setPictureBefore(int place, int of, FlexGrid::Picture picture);
     void setData(int place, int number);
     int data(int place) const;
     void setHeader(int place, const QString& text); ///< a mark at its end is left out

@@ -16,6 +16,8 @@ public:
         FlexGrid::Align align = FlexGrid::Align::Left;
         FlexGrid::Mark mark = FlexGrid::Mark::None;
         FlexGrid::Picture picture;
+        FlexGrid::Picture before; ///< of the text that another column has, before this one's own
+        int beforeOf = -1;        ///< that column
         int data = 0;
         int twips = 960;
         int weight = 0;    ///< its share of the free width; 0 for none

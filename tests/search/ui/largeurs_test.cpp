@@ -138,6 +138,13 @@ TEST_P(LargeursTest, WhatIsSearchedIsToldDirectlyUnderTheFieldAndTheRoomIsLeftAt
     }
 }
 
+TEST_P(LargeursTest, ThePartsOfTheDateStandBehindOneAnother) {
+    onglet(Onglet::Criteres);
+    ASSERT_NO_FATAL_FAILURE(elargit(1000));
+    EXPECT_LT(place(champ(u"textejour"_s)).left() - place(un<QWidget>(u"Option1"_s)).left(), 80);
+    EXPECT_LT(place(champ(u"texteannée"_s)).left() - place(champ(u"textejour"_s)).left(), 220);
+}
+
 TEST_P(LargeursTest, EveryCollectionCanBePressedAtAnyWidth) {
     for (const int largeur : {plusetroite, 700, 800, 1024, pluslarge, plusetroite}) {
         ASSERT_NO_FATAL_FAILURE(elargit(largeur));

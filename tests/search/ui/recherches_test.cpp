@@ -95,8 +95,8 @@ TEST_F(RecherchesTest, WhatWasFoundAndWhatNotIsSaidBelowTheField) {
     champ(u"texterapide"_s).setText(u"contrat"_s);
     pendant([this] { EXPECT_EQ(bilan(), QString()); });
     clique(u"cmdokrapide"_s);
-    EXPECT_EQ(bilan(), u"t9725");
-    EXPECT_EQ(volet.bilans.back().phrase, u"t9725");
+    EXPECT_EQ(bilan(), u"t9725, contrat");
+    EXPECT_EQ(volet.bilans.back().phrase, u"t9725, contrat");
     champ(u"texterapide"_s).setText(u"zut"_s);
     clique(u"cmdokrapide"_s);
     EXPECT_EQ(bilan(), u"t9720");
@@ -113,7 +113,7 @@ TEST_F(RecherchesTest, WhatWasFoundAndWhatNotIsSaidBelowTheField) {
     champ(u"Textedico"_s).setText(u"clause zut"_s);
     coche(u"checkandordico"_s).setChecked(false);
     clique(u"cmdokdico"_s);
-    EXPECT_EQ(bilan(), u"t9725");
+    EXPECT_EQ(bilan(), u"t9725, clause zut");
 }
 
 TEST_F(RecherchesTest, ASearchThatWasCutCanBeSeenWholeAndItsLimitStays) {
@@ -122,14 +122,14 @@ TEST_F(RecherchesTest, ASearchThatWasCutCanBeSeenWholeAndItsLimitStays) {
     ouvrepieces(false);
     champ(u"texterapide"_s).setText(u"contrat"_s);
     clique(u"cmdokrapide"_s);
-    EXPECT_EQ(bilan(), u"t9727");
+    EXPECT_EQ(bilan(), u"t9727, contrat");
     ASSERT_EQ(liste.lignes(), 50);
     champ(u"texterapide"_s).setText(u"autre chose"_s);
     auto* lien = onglets().currentWidget()->findChild<NoteLine*>()->link();
     ASSERT_TRUE(lien->isVisible());
     QTest::mouseClick(lien, Qt::LeftButton);
     EXPECT_EQ(liste.lignes(), 126) << "as it was searched";
-    EXPECT_EQ(bilan(), u"t9725");
+    EXPECT_EQ(bilan(), u"t9725, contrat");
     EXPECT_FALSE(lien->isVisible());
     EXPECT_EQ(combo(u"combonombre"_s).currentIndex(), 0);
     EXPECT_EQ(champ(u"texterapide"_s).text(), u"autre chose");
@@ -153,7 +153,7 @@ TEST_F(RecherchesTest, AllDocumentsOfAWordAreShownWithoutAQuestion) {
     champ(u"Textedico"_s).setText(u"partout"_s);
     clique(u"cmdokdico"_s);
     EXPECT_EQ(liste.lignes(), 50);
-    EXPECT_EQ(bilan(), u"t9726");
+    EXPECT_EQ(bilan(), u"t9726, partout");
     QTest::mouseClick(onglets().currentWidget()->findChild<NoteLine*>()->link(), Qt::LeftButton);
     EXPECT_EQ(liste.lignes(), 250);
     EXPECT_TRUE(dialogues.texts().isEmpty());

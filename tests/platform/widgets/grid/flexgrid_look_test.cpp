@@ -44,6 +44,37 @@ TEST_F(FlexGridLook, ACellMayShowAPictureForItsText) {
     grid.setColPicture(7, [](const QString&) { return coloured(); });
 }
 
+TEST_F(FlexGridLook, APictureMayStandBeforeTheTextForWhatAnotherColumnHas) {
+    fill({{u"b"_s, u"CO"_s}, {u"a"_s, u"JP"_s}});
+    const auto seen = [this](int row, int above = 0) {
+        const QImage rows = rowsWidget()->grab().toImage();
+        const int y = pointOf(row, grid.cols() - 1).y() - above;
+        for (int x = 0; x < rows.width(); ++x) {
+            if (rows.pixelColor(x, y) == pictured)
+                return x;
+        }
+        return -1;
+    };
+    EXPECT_EQ(seen(1), -1);
+    grid.setPictureBefore(0, 1, [](const QString& text) { return text == u"CO" ? coloured() : QIcon(); });
+    EXPECT_EQ(seen(1), 8) << "where the text stood";
+    EXPECT_EQ(seen(2), -1);
+    EXPECT_EQ(grid.text(1, 1), u"CO");
+    EXPECT_NE(rowsWidget()->grab().toImage().pixelColor(pointOf(1, 1)), pictured) << "that column shows its text";
+    // Both may stand elsewhere by then.
+    grid.setColPosition(1, 0);
+    EXPECT_NE(rowsWidget()->grab().toImage().pixelColor(pointOf(1, 0)), pictured);
+    grid.setNarrowBelow(4000);
+    grid.setColWeight(0, 1);
+    grid.setColWeight(1, 2);
+    EXPECT_EQ(grid.view()->columnWidth(0), grid.view()->viewport()->width());
+    EXPECT_EQ(seen(1, 8), 8) << "also over a second line";
+    EXPECT_EQ(seen(1, -12), -1) << "which begins where the text does";
+    grid.setPictureBefore(0, 9, [](const QString&) { return coloured(); });
+    grid.setCols(1);
+    EXPECT_EQ(seen(1), -1) << "without the other column there is none";
+}
+
 namespace {
 
 /// The first and the last column of pixels that differ from the ground.
