@@ -54,11 +54,6 @@ protected:
         QLineEdit::resizeEvent(evenement);
         place();
     }
-    void changeEvent(QEvent* evenement) override {
-        QLineEdit::changeEvent(evenement);
-        if (evenement->type() == QEvent::FontChange)
-            place();
-    }
 
 private:
     /// Beside the button that empties the box; what is typed ends before it.

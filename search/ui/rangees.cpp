@@ -28,6 +28,13 @@ bool Rangees::Rangee::prendlereste() const {
     return pieces.size() > 1 && !prendtout(pieces.front()) && prendtout(pieces.back());
 }
 
+/// Of its first control, beside whose middle the label stands.
+int Rangees::Rangee::hauteur() const {
+    const auto premier =
+        std::ranges::find_if(pieces, [](const QLayoutItem* piece) { return piece->sizeHint().height() > 0; });
+    return premier == pieces.end() ? 0 : (*premier)->sizeHint().height();
+}
+
 Rangees::Rangees(QWidget* parent) : QLayout(parent) {
     setContentsMargins({});
 }
@@ -179,9 +186,8 @@ int Rangees::dispose(const QRect& dans, bool pose) const {
         if (haut > dans.top())
             haut += look::spacing + rangee.espaces.dessus;
         if (QLayoutItem* nom = rangee.etiquette; nom && devant > 0) {
-            const int premier = rangee.pieces.front()->sizeHint().height();
             if (pose)
-                nom->setGeometry({dans.left(), haut, devant, std::max(premier, nom->sizeHint().height())});
+                nom->setGeometry({dans.left(), haut, devant, std::max(rangee.hauteur(), nom->sizeHint().height())});
         } else if (nom) {
             if (pose)
                 nom->setGeometry({dans.left(), haut, dans.width(), nom->sizeHint().height()});

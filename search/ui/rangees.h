@@ -51,6 +51,7 @@ private:
 
         bool remplie() const;
         bool prendlereste() const;
+        int hauteur() const;
     };
     using Ligne = std::vector<QLayoutItem*>;
 

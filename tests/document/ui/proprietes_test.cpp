@@ -241,6 +241,10 @@ TEST_F(ProprietesTest, ClosingChangesNothing) {
     EXPECT_EQ(banc->fenetre(0)->referencecourante(), u"CO000001");
 }
 
+TEST_F(ProprietesTest, ItOpensWideEnoughForTheLongLinesOfItsPage) {
+    EXPECT_EQ(montre("CO000001").width(), 640) << "a small screen seen at twice its size is 683 wide";
+}
+
 TEST_F(ProprietesTest, EscapeClosesAndTheSizeIsKept) {
     frmproperties& premiere = montre("CO000001");
     premiere.resize(700, 660);

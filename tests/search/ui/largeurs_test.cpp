@@ -138,6 +138,30 @@ TEST_P(LargeursTest, WhatIsSearchedIsToldDirectlyUnderTheFieldAndTheRoomIsLeftAt
     }
 }
 
+TEST_P(LargeursTest, FieldsBeginInOneLineAndLabelsStandAtTheMiddleOfThem) {
+    onglet(Onglet::Criteres);
+    ASSERT_NO_FATAL_FAILURE(elargit(1000));
+    EXPECT_EQ(place(champ(u"texterech(0)"_s)).left(), place(champ(u"texterech(1)"_s)).left());
+    EXPECT_EQ(place(un<QWidget>(u"prefixe"_s)).width(), place(un<QWidget>(u"conjonction"_s)).width());
+    EXPECT_EQ(place(bouton(u"cmdok"_s)).top(), place(bouton(u"annulercriteres"_s)).top());
+    EXPECT_GT(place(bouton(u"cmdok"_s)).left(), 500) << "the two stand at the right";
+    const auto milieu = [this](const QLabel* label) { return place(*label).center().y(); };
+    for (const QLabel* label : formulaire->findChildren<QLabel*>()) {
+        const QWidget* champ = label->buddy();
+        if (champ && champ->isVisible()) {
+            EXPECT_NEAR(milieu(label), place(*champ).center().y(), 4) << nom(*label);
+        }
+    }
+    const auto* collections = barre().findChild<QLabel*>();
+    EXPECT_NEAR(milieu(collections), place(bouton(u"toutsélect"_s)).center().y(), 4);
+}
+
+TEST_P(LargeursTest, AWideFormIsNotAsHighAsANarrowOneWouldBe) {
+    onglet(Onglet::Criteres);
+    ASSERT_NO_FATAL_FAILURE(elargit(1000, 620));
+    EXPECT_EQ(formulaire->findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
+}
+
 TEST_P(LargeursTest, ThePartsOfTheDateStandBehindOneAnother) {
     onglet(Onglet::Criteres);
     ASSERT_NO_FATAL_FAILURE(elargit(1000));
