@@ -83,19 +83,20 @@ void Bureau::activee() {
 // ---- the document windows
 
 FenetreNavigable* Bureau::creefenetre(int indice) {
-    // A window that is being made counts as a form already.
-    const QScopedValueRollback fabrication(enfabrication_, 1);
     Textes* nouvelle = nullptr;
-    try {
-        nouvelle = fabrique_(indice);
-    } catch (const std::bad_alloc&) {
-        if (sansmemoire)
-            sansmemoire();
+    {
+        // A window that is being made counts as a form already, also for the one that goes.
+        const QScopedValueRollback fabrication(enfabrication_, 1);
+        try {
+            nouvelle = fabrique_(indice);
+        } catch (const std::bad_alloc&) {
+            if (sansmemoire)
+                sansmemoire();
+        }
+        if (!nouvelle)
+            return nullptr;
+        fermecachee(indice);
     }
-    if (!nouvelle)
-        return nullptr;
-    enfabrication_ = 0;
-    fermecachee(indice);
     documents_.push_back(nouvelle);
     ajoute(*nouvelle, *nouvelle);
     suit(*nouvelle);

@@ -58,6 +58,33 @@ TEST_F(FenetresTest, AHiddenWindowGoesWhenAnotherOneTakesItsPlace) {
     EXPECT_EQ(ecrit(0), (QList<int>{0, 600, 750, 7500, 6000}));
 }
 
+TEST_F(FenetresTest, AShownWindowStaysWhereAnotherOfItsCollectionComes) {
+    ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);
+    if (entree("maffichagetfu")->isChecked())
+        entree("maffichagetfu")->trigger();
+    const QPointer<Textes> premiere = &fenetre(0);
+    programme->ouvre(decoupecle(u"CO000002"));
+    ASSERT_NE(&fenetre(0), premiere);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ASSERT_TRUE(premiere);
+    EXPECT_TRUE(premiere->isVisibleTo(&aire()));
+    EXPECT_EQ(premiere->referencecourante(), u"CO000001");
+}
+
+TEST_F(FenetresTest, AWindowInTheHiddenOnesPlaceLeavesAsManyToArrange) {
+    ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);
+    if (entree("maffichagetfu")->isChecked())
+        entree("maffichagetfu")->trigger();
+    for (const int indice : {1, 2})
+        programme->bureau().basculeslot(indice);
+    const auto offertes = [this] { return barrecommande().isButtonVisible(u"Cascade"_s); };
+    ASSERT_TRUE(offertes());
+    programme->bureau().navigation().basculefenetre(0, false);
+    programme->ouvre(decoupecle(u"CO000002"));
+    EVENTUALLY(aire().children().size() == 3U);
+    EXPECT_TRUE(offertes());
+}
+
 TEST_F(FenetresTest, AWindowRestoredMaximisedHasItsStoredSizeToComeBackTo) {
     cadre(790, 790);
     restaure(u"00X X         "_s, u"CO000001        JP000007"_s);
@@ -93,6 +120,13 @@ TEST_F(FenetresTest, AWindowLeftAsAnIconIsRestoredAsOneAndOpensWithADocument) {
     EXPECT_FALSE(autour(2).isMinimized());
     EXPECT_EQ(autour(2).geometry(), QRect(10, 20, 450, 380));
     EXPECT_EQ(active(), &fenetre(2));
+}
+
+TEST_F(FenetresTest, AWindowThatIsRestoredTwiceComesForwardTheSecondTime) {
+    restaure(u"00 XX         "_s, u"CO000001CO000002JP000007"_s); // the second of them under another's number
+    ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
+    EXPECT_EQ(fenetre(0).referencecourante(), u"CO000001");
+    EXPECT_EQ(active(), &fenetre(0));
 }
 
 TEST_F(FenetresTest, TheOnlyWindowLeftAsAnIconIsRestoredAsOne) {
