@@ -59,8 +59,7 @@ QAction* Actions::nouvelle(Ordre ordre, int rang, const Libelles& texte,
     action->setVisible(!commencecache(ordre));
     action->setShortcut(QKeySequence::fromString(ligne.touche.toString(), QKeySequence::PortableText));
     connect(action, &QAction::triggered, this, [this, action, ordre, rang] {
-        if (action->isCheckable())
-            action->setChecked(!action->isChecked());
+        action->setChecked(!action->isChecked()); // the press alone has moved the mark, where there is one
         emit commande(ordre, rang);
     });
     return action;

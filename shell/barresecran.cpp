@@ -4,7 +4,6 @@
 #include "core/texte.h"
 #include "document/ui/teintes.h"
 #include "platform/widgets/frame/toolbar.h"
-#include "platform/widgets/look/icons.h"
 #include "shell/actions.h"
 #include "shell/logique/commandes.h"
 
@@ -73,7 +72,6 @@ void BarresEcran::construit(Barre barre, const QString& nom, Texte titre) {
     auto* nouvelle = new Toolbar(&cadre_);
     nouvelle->setObjectName(nom);
     nouvelle->setWindowTitle(texte_(titre).remove(u'&'));
-    nouvelle->setImages(icon);
     nouvelle->setMenuImages(imagedhistorique);
     nouvelle->setMenuSubjects(documentdhistorique);
     barres_.at(static_cast<std::size_t>(barre)) = nouvelle;

@@ -49,9 +49,7 @@ QMdiSubWindow* Bureau::ajoute(QWidget& fenetre, FenetreFille& contrat) {
     filles_.push_back({&fenetre, &contrat});
     contrat.surchangement = [this] { suitactive(); };
     connect(&fenetre, &QObject::destroyed, this, &Bureau::oublie);
-    QMdiSubWindow* cadre = aire_.add(&fenetre);
-    cadre->setWindowIcon(fenetre.windowIcon());
-    return cadre;
+    return aire_.add(&fenetre);
 }
 
 /// By its address alone: nothing else is left of it.

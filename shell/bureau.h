@@ -100,7 +100,7 @@ private:
     int enfabrication_ = 0;
     bool enfermeture_ = false;
     bool enrestauration_ = false;
-    QTimer apresfermeture_; ///< some time after the last window has closed its memory goes back to the system
+    QTimer apresfermeture_{this}; ///< some time after the last window has closed its memory goes back to the system
 };
 
 } // namespace velm

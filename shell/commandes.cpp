@@ -54,13 +54,9 @@ void Commandes::apprendfenetres() {
 
 void Commandes::apprendcadre() {
     Bureau& bureau = acteurs_.bureau;
+    // The button itself has rank 0 and goes one step; the entries at its side count from 1.
     const auto pas = [&bureau](Sens sens) {
-        return [&bureau, sens](int rang) {
-            if (rang == 0)
-                bureau.navigation().pas(sens);
-            else
-                bureau.navigation().pas(sens, rang);
-        };
+        return [&bureau, sens](int rang) { bureau.navigation().pas(sens, rang); };
     };
     sur(Ordre::Precedent, pas(Sens::Arriere));
     sur(Ordre::Suivant, pas(Sens::Avant));

@@ -4,7 +4,6 @@
 #include "platform/widgets/frame/splitterbar.h"
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/grid/flexgrid.h"
-#include "platform/widgets/look/icons.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/noteline.h"
 
@@ -28,7 +27,6 @@ VoletSelection::VoletSelection(QWidget* parent)
       separateurrecherche_(new SplitterBar(Qt::Vertical, this)), largeur_(largeurusuelle) {
     setObjectName(u"picturesélection"_s);
     recherchetoolbar_->setObjectName(u"recherchetoolbar"_s);
-    recherchetoolbar_->setImages(icon);
     note_->setObjectName(u"bilan"_s);
     flex_->setObjectName(u"flex"_s);
     separateurrecherche_->setObjectName(u"separateurrecherche"_s);

@@ -51,7 +51,6 @@ FenetreListe::FenetreListe(const DescriptionListe& description, const ContexteLi
 
 void FenetreListe::construitbarre() {
     barre_->setObjectName(u"barre_cran"_s);
-    barre_->setImages(icon);
     barre_->addButton(boutonregrouper, Toolbar::Kind::Check, u"regrouper"_s);
     regroupe(false);
     connect(barre_, &Toolbar::buttonClicked, this, [this](const QString& cle) {
