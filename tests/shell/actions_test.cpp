@@ -147,6 +147,11 @@ TEST_F(ActionsTest, AnEntryAtTheSideOfAHistoryJumpsThere) {
     ASSERT_EQ(cote->actions().size(), 2);
     cote->actions().at(1)->trigger();
     EXPECT_EQ(bureau().navigation().referencecourante(), u"CO000001");
+    QMenu* retour = barrecommande().menu(u"Suivant"_s);
+    emit retour->aboutToShow();
+    ASSERT_EQ(retour->actions().size(), 2);
+    retour->actions().at(1)->trigger();
+    EXPECT_EQ(bureau().navigation().referencecourante(), u"JP000007");
 }
 
 TEST_F(ActionsTest, AnEntryAtTheSideOfAButtonIsACommandOfItsOwn) {

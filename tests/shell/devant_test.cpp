@@ -103,9 +103,9 @@ TEST_F(DevantTest, WhatALinkLeadsToStandsInPlaceOfTheWay) {
     EVENTUALLY(!panneau(u"chemin"_s).isEmpty());
     const auto* ligne =
         barreetat().findChild<QWidget*>(u"chemin"_s)->findChild<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
-    ecran().ditenpassant(u"Article 2"_s);
+    emit programme->fenetre(0)->cible(u"Article 2"_s);
     EXPECT_EQ(ligne->accessibleName(), u"Article 2");
-    ecran().ditenpassant(QString());
+    emit programme->fenetre(0)->cible(QString());
     EXPECT_EQ(ligne->accessibleName(), panneau(u"chemin"_s));
 }
 
@@ -127,6 +127,15 @@ TEST_F(DevantTest, WhatASearchToldGoesWithItsListWhenAnotherWindowComes) {
 }
 
 // ---- the title
+
+TEST_F(DevantTest, TheFramesTitleFollowsWhatIsReadInTheSameWindow) {
+    commence(u"CO1"_s);
+    EVENTUALLY(titre() == mots(9642, {u"Béta"_s, mots(8)}));
+    programme->ouvre(decoupecle(u"CO000002"));
+    EXPECT_EQ(titre(), mots(9642, {u"alpha"_s, mots(8)}));
+    presse(barrecommande(), "Précédent");
+    EXPECT_EQ(titre(), mots(9642, {u"Béta"_s, mots(8)}));
+}
 
 TEST_F(DevantTest, TheFramesTitleBeginsWithWhatIsRead) {
     commence(QString());
@@ -242,6 +251,22 @@ TEST_F(DevantTest, TheWindowsAreCountedInTheirMenu) {
     EXPECT_TRUE(entree("mlistefenetre", 3)->text().startsWith(u"&2 Juris"));
     ferme(0);
     EVENTUALLY(entree("mlistefenetre", 3)->text().startsWith(u"&1 Juris"));
+}
+
+TEST_F(DevantTest, AHiddenWindowIsNotCountedInTheirMenu) {
+    commence(u"CO1"_s);
+    programme->ouvre(decoupecle(u"JP000007"));
+    programme->bureau().basculeslot(0);
+    EXPECT_FALSE(entree("mlistefenetre", 1)->isVisible());
+    EXPECT_TRUE(entree("mlistefenetre", 3)->text().startsWith(u"&1 Juris"));
+}
+
+TEST_F(DevantTest, TheTenthWindowIsChosenWithoutADigit) {
+    commence(QString());
+    for (int indice = 0; indice < 10; ++indice)
+        programme->bureau().basculeslot(indice);
+    EXPECT_TRUE(entree("mlistefenetre", 9)->text().startsWith(u"&9 "));
+    EXPECT_FALSE(entree("mlistefenetre", 10)->text().contains(u'&'));
 }
 
 TEST_F(DevantTest, TheNextWindowComesForwardAndAllCanBeClosed) {

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QMdiSubWindow>
+#include <QTimer>
 
 #include <memory>
 #include <unistd.h>
@@ -43,6 +44,16 @@ private:
 class MemoireRendueTest : public EcranTest {};
 
 } // namespace
+
+TEST_F(MemoireRendueTest, ItGoesBackOnceAndThenNothingIsAtWork) {
+    ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);
+    const auto* repos = programme->bureau().findChild<QTimer*>();
+    ASSERT_NE(repos, nullptr);
+    EXPECT_FALSE(repos->isActive());
+    aire().around(programme->fenetre(0))->close();
+    EVENTUALLY(repos->isActive());
+    EVENTUALLY(!repos->isActive());
+}
 
 TEST_F(MemoireRendueTest, WhatIsFreeGoesBackOnceAWindowHasClosed) {
 #ifdef VELM_ADDRESS_SANITIZER
