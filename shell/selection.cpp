@@ -84,10 +84,10 @@ void Selection::ditbilan(const BilanRecherche& bilan) {
     ditvide();
 }
 
-/// Nothing was found: it is said once, by the form as long as that is seen.
+/// What was not found is said once: by the form as long as that is seen. In a low one it may lie below the fold, and so
+/// the list says at least quietly that it is empty.
 void Selection::ditvide() {
-    const QString dit = rien_.isEmpty() ? aucundocument_ : formulaire_ ? QString() : rien_;
-    flex().setEmptyText(dit);
+    flex().setEmptyText(rien_.isEmpty() || formulaire_ ? aucundocument_ : rien_);
 }
 
 void Selection::montrepanneau(bool visible) {

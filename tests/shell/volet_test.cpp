@@ -154,7 +154,7 @@ TEST_F(VoletTest, WhatWasNotFoundIsSaidOnceByTheFormAsLongAsItIsSeen) {
     liste().formulairevisible(true);
     remplissage().ditbilan({u"Aucun document ne contient « zut »."_s, true, false});
     EXPECT_EQ(note.text(), QString());
-    EXPECT_EQ(flex().emptyText(), QString()) << "the form says it";
+    EXPECT_EQ(flex().emptyText(), u"Aucun document trouvé.") << "the form says of what";
     liste().formulairevisible(false);
     EXPECT_EQ(flex().emptyText(), u"Aucun document ne contient « zut ».") << "nobody else does";
     remplissage().ditbilan({u"3 documents"_s, false, false});
