@@ -44,11 +44,7 @@ GrilleDocuments::GrilleDocuments(FlexGrid& flex, Colonnes& colonnes, const Usage
         flex_.setColWeight(colonne, modele[static_cast<std::size_t>(colonne)].poids);
     }
     montrecolonnes();
-    if (usage_.imagedevant >= 0)
-        flex_.setPictureBefore(colonnes_.place(usage_.imagedevant), colonnes_.place(usage_.champimage),
-                               &imagedecollection);
-    else
-        flex_.setColPicture(colonnes_.place(usage_.champimage), &imagedecollection);
+    flex_.setColPicture(colonnes_.place(usage_.champimage), &imagedecollection, colonnes_.place(usage_.imagedevant));
     flex_.setStretchCol(colonnes_.place(usage_.champetire));
     flex_.setRedraw(avant);
     connect(&flex_, &FlexGrid::columnMoved, this, &GrilleDocuments::releve);

@@ -114,12 +114,8 @@ void FlexGrid::setColPosition(int col, int place) {
     d_->columns.move(col, place);
 }
 
-void FlexGrid::setColPicture(int col, Picture picture) {
-    d_->columns.setPicture(col, std::move(picture));
-}
-
-void FlexGrid::setPictureBefore(int col, int of, Picture picture) {
-    d_->columns.setPictureBefore(col, of, std::move(picture));
+void FlexGrid::setColPicture(int col, Picture picture, int before) {
+    d_->columns.setPicture(col, std::move(picture), before);
 }
 
 void FlexGrid::setColumnsMovable(bool movable) {

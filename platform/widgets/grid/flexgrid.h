@@ -52,11 +52,9 @@ public:
     void setColPosition(int col, int place);
     /// Cells of the column are painted as pictures: `picture` is asked with the text of each cell that is seen, and
     /// must be quick; where it gives none, and without it, the text is painted. Sort, clip, merging, look-up and tool
-    /// tips know the text alone.
-    void setColPicture(int col, Picture picture);
-    /// Before the texts of a column pictures are painted: `picture` is asked with the text that another column has in
-    /// the row. That one shows its text as ever. Adding and removing columns takes the pictures away.
-    void setPictureBefore(int col, int of, Picture picture);
+    /// tips know the text alone. With another column named as `before`, the pictures stand before the texts of that
+    /// one, until columns are added or removed, and the cells of `col` show their texts.
+    void setColPicture(int col, Picture picture, int before = -1);
     /// Lets the user drag columns by their header cells.
     void setColumnsMovable(bool movable);
     /// One column takes the width that the others leave; -1 for none.

@@ -211,18 +211,15 @@ void GridColumns::setAlignment(int place, Align align) {
     view_.viewport()->update();
 }
 
-void GridColumns::setPicture(int place, FlexGrid::Picture picture) {
-    if (!has(place))
+void GridColumns::setPicture(int place, FlexGrid::Picture picture, int before) {
+    if (!has(place) || before >= count())
         return;
-    column(place).picture = std::move(picture);
-    view_.viewport()->update();
-}
-
-void GridColumns::setPictureBefore(int place, int of, FlexGrid::Picture picture) {
-    if (!has(place) || !has(of))
-        return;
-    column(place).before = std::move(picture);
-    column(place).beforeOf = logical(of);
+    if (before < 0) {
+        column(place).picture = std::move(picture);
+    } else {
+        column(before).before = std::move(picture);
+        column(before).beforeOf = logical(place);
+    }
     view_.viewport()->update();
 }
 

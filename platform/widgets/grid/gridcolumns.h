@@ -41,8 +41,8 @@ public:
     void setHeld(int place, bool held);
     void move(int place, int to);
     void setAlignment(int place, Align align); ///< of the cells and of the header
-    void setPicture(int place, FlexGrid::Picture picture);
-    void setPictureBefore(int place, int of, FlexGrid::Picture picture);
+    /// See FlexGrid::setColPicture().
+    void setPicture(int place, FlexGrid::Picture picture, int before);
     void setData(int place, int number);
     int data(int place) const;
     void setHeader(int place, const QString& text); ///< a mark at its end is left out

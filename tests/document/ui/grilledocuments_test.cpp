@@ -90,6 +90,19 @@ TEST_F(GrilleDocumentsTest, TheCodeOfACollectionIsSeenAsItsPicture) {
     EXPECT_TRUE(vue) << "in the hue of its collection";
 }
 
+TEST_F(GrilleDocumentsTest, ThePictureOfACollectionMayStandBeforeTheTitle) {
+    construit({.champimage = 1, .imagedevant = 0})
+        .charge(std::make_unique<SourceEssai>(std::vector<QStringList>{
+            {u"a"_s, u"JP"_s, u"JP000001"_s}, {u"a"_s, u"XX"_s, u"XX000001"_s}, {u"a"_s, u"XX"_s, u"XX000002"_s}}));
+    const auto cellule = [this](int ligne, int colonne) {
+        const QRect ici = flex->view()->visualRect(flex->view()->model()->index(ligne - 1, colonne));
+        return flex->view()->viewport()->grab(ici).toImage();
+    };
+    EXPECT_NE(cellule(1, 0), cellule(2, 0));
+    EXPECT_EQ(cellule(2, 0), cellule(3, 0)) << "of no collection, the title alone";
+    EXPECT_NE(cellule(1, 1), cellule(2, 1)) << "the codes as ever";
+}
+
 TEST_F(GrilleDocumentsTest, WhatTheUserDoesToColumnsTheListKnows) {
     avec(3);
     flex->view()->horizontalHeader()->moveSection(0, 1);

@@ -56,7 +56,8 @@ TEST_F(FlexGridLook, APictureMayStandBeforeTheTextForWhatAnotherColumnHas) {
         return -1;
     };
     EXPECT_EQ(seen(1), -1);
-    grid.setPictureBefore(0, 1, [](const QString& text) { return text == u"CO" ? coloured() : QIcon(); });
+    grid.setColPicture(
+        1, [](const QString& text) { return text == u"CO" ? coloured() : QIcon(); }, 0);
     EXPECT_EQ(seen(1), 8) << "where the text stood";
     EXPECT_EQ(seen(2), -1);
     EXPECT_EQ(grid.text(1, 1), u"CO");
@@ -70,7 +71,8 @@ TEST_F(FlexGridLook, APictureMayStandBeforeTheTextForWhatAnotherColumnHas) {
     EXPECT_EQ(grid.view()->columnWidth(0), grid.view()->viewport()->width());
     EXPECT_EQ(seen(1, 8), 8) << "also over a second line";
     EXPECT_EQ(seen(1, -12), -1) << "which begins where the text does";
-    grid.setPictureBefore(0, 9, [](const QString&) { return coloured(); });
+    grid.setColPicture(
+        0, [](const QString&) { return coloured(); }, 9);
     grid.setCols(1);
     EXPECT_EQ(seen(1), -1) << "without the other column there is none";
 }
