@@ -47,8 +47,7 @@ TEST_F(FrmFindFormTest, TheFindDialogStepsThroughTheActiveDocument) {
     suivant->click();
     EXPECT_EQ(vue.selStart(), 0);
     suivant->click();
-    EXPECT_EQ(dialogues.messages.back().texte,
-              u"Le texte n’a pas été trouvé dans le document, ou n’y figure qu’une fois.");
+    EXPECT_EQ(dialogues.messages.back().texte, u"Le texte n’a pas été trouvé dans la suite du document.");
     texte->clear();
     EXPECT_FALSE(suivant->isEnabled());
 }
