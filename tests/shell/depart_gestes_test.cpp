@@ -62,6 +62,8 @@ TEST_F(DepartGestes, NothingForTheListIsSaidInTheStatusBar) {
     EVENTUALLY(!barreetat().panelText(u"wait"_s).isEmpty());
     EXPECT_EQ(barreetat().panelText(u"wait"_s),
               textecompte(0, [](Texte numero) { return mots(static_cast<int>(numero)); }));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(bilan()->text().isEmpty()) << "the list answers, and the page no more";
 }
 
 TEST_F(DepartGestes, BehindTheLastRowComesTheButtonAndBeforeTheFirstTheField) {

@@ -1,0 +1,88 @@
+// The start page by itself: when it counts, where the Tab key stops, how it lies.
+#include "core/cle.h"
+#include "shell/groupedepart.h"
+#include "shell/vuedepart.h"
+#include "tests/support/eventually.h"
+
+#include <QLineEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace velm;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class VueDepartTest : public testing::Test {
+protected:
+    VueDepartTest()
+        : vue([](Texte numero) { return u"Texte %1 de la page"_s.arg(static_cast<int>(numero)); },
+              {[this] {
+                   ++pages;
+                   PageDepart page;
+                   for (int indice = 0; indice < nombredecollections; ++indice)
+                       page.collections.push_back({indice, u"Collection du rang %1"_s.arg(indice)});
+                   return page;
+               },
+               [this](int indice) {
+                   ++comptes;
+                   return indice == 0 ? 0 : 5;
+               }}) {
+        vue.resize(900, 700);
+        vue.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&vue));
+        EVENTUALLY(!lignes()[0]->suite().isEmpty());
+        QCoreApplication::processEvents();
+    }
+    const std::vector<LigneDepart*>& lignes() const { return vue.collections().lignes(); }
+    QWidget& feuille() const { return *vue.findChild<QWidget*>(u"feuille"_s); }
+
+    int pages = 0;
+    int comptes = 0;
+    VueDepart vue;
+};
+
+} // namespace
+
+TEST_F(VueDepartTest, DocumentsAreCountedOnceAndThePageIsAskedForEachTime) {
+    EXPECT_EQ(comptes, nombredecollections);
+    for (int fois = 2; fois < 4; ++fois) {
+        vue.hide();
+        vue.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&vue));
+        vue.viewport()->repaint();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(pages, fois);
+    }
+    EXPECT_EQ(comptes, nombredecollections);
+    EXPECT_EQ(lignes().size(), std::size_t(nombredecollections)) << "the same rows";
+}
+
+TEST_F(VueDepartTest, TheTabKeyStopsAtTheFirstCollectionThatHasDocuments) {
+    EXPECT_FALSE(lignes()[0]->isEnabled());
+    EXPECT_EQ(lignes()[0]->focusPolicy(), Qt::NoFocus);
+    EXPECT_EQ(lignes()[1]->focusPolicy(), Qt::TabFocus);
+}
+
+TEST_F(VueDepartTest, TheSheetHangsAThirdDownWithHoweverManyColumns) {
+    const auto pend = [this] {
+        const int libre = vue.viewport()->height() - feuille().height();
+        return libre > 24 && feuille().y() == libre / 3;
+    };
+    EVENTUALLY(pend());
+    vue.resize(360, 700);
+    EVENTUALLY(lignes()[10]->x() == lignes()[0]->x());
+    EVENTUALLY(pend());
+    vue.resize(900, 700);
+    EVENTUALLY(lignes()[10]->x() > lignes()[0]->x());
+    EVENTUALLY(pend());
+}
+
+TEST_F(VueDepartTest, TheDownKeyStaysInTheFieldWhereNothingIsBelow) {
+    for (LigneDepart* ligne : lignes())
+        ligne->setEnabled(false);
+    vue.champ().setFocus();
+    QTest::keyClick(&vue.champ(), Qt::Key_Down);
+    EXPECT_EQ(vue.window()->focusWidget(), &vue.champ());
+}
