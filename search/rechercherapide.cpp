@@ -40,7 +40,7 @@ public:
             if (!parcourt(codedelalettre(lettre)))
                 return;
         }
-        if (demande_.compte && resultat_.limitee) {
+        if (resultat_.limitee) {
             resultat_.total = resultat_.hits + audela_;
             resultat_.limitee = audela_ > 0;
         }

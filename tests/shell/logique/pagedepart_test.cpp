@@ -49,6 +49,11 @@ TEST(BilanDepartTest, ItSaysHowManyAreShownOfHowMany) {
     EXPECT_EQ(dit(1, std::nullopt), voulu(Texte::BilanUnDocument, u" %1 %2"_s));
 }
 
+TEST(PageDepartTest, OnlyACodeBeforeAHyphenIsLeftOutAndNoKeyIsNoDocument) {
+    EXPECT_EQ(pagede({u"CO000003"_s}, {u"COmité d’avis"_s}).derniers.at(0).titre, u"COmité d’avis");
+    EXPECT_TRUE(pagede({QString()}, {u"Un titre"_s}).derniers.empty());
+}
+
 TEST(PageDepartTest, AListThatIsShorterEndsBoth) {
     EXPECT_EQ(pagede({u"CL000001"_s, u"CL000002"_s}, {u"CL-Une loi"_s}).derniers.size(), 1U);
 }
