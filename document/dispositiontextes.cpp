@@ -24,8 +24,6 @@ constexpr int hauteurcommode = 1200;
 constexpr int hauteurligne = 640; // for the line of the word search
 constexpr int largeurhabituelle = 4305;
 constexpr int largeurpremiere = 4800; // of the panel of a first window
-// Hundredths of the height of the window: what opened lists take at most, headers and all.
-constexpr int partdeslistes = 28;
 
 } // namespace
 
@@ -40,8 +38,7 @@ void DispositionTextes::changetaille(int largeur, int hauteur, const MesuresText
     mesures_ = mesures;
     panneauvoulu_ = panneauvoulu_ && petite();
     if (listesvisibles)
-        posseparateurlisteh =
-            listesdeplacees_ ? static_cast<int>(qint64{listeslachees_} * hauteur_ / hauteurlachees_) : placedeslistes();
+        posseparateurlisteh = hautdeslistes_.place(hauteur_, hautdutexte(), mesures_);
 }
 
 void DispositionTextes::commence() {
@@ -93,33 +90,16 @@ void DispositionTextes::prendplacehabituelle() {
     posseparateur = placehabituelle();
 }
 
-/// A window that grows or shrinks gives what it has more or less to the text, not to the lists.
-int DispositionTextes::placedeslistes() const {
-    const int texte = hautdutexte();
-    const int tete = mesures_.trait + mesures_.entete;
-    const int bas = std::max(0, hauteur_ - tete);
-    const int moitie = texte + std::max(0, bas - texte) / 2;
-    const int plushaut = std::max(moitie, hauteur_ - hauteur_ * partdeslistes / 100);
-    if (bas - besoindeslistes_ >= plushaut)
-        return bas - besoindeslistes_;
-    return std::max(moitie, bas - rangeesentieres(bas - plushaut));
-}
-
-int DispositionTextes::rangeesentieres(int hauteur) const {
-    if (mesures_.rangee <= 0)
-        return hauteur;
-    return mesures_.titres + std::max(1, (hauteur - mesures_.titres) / mesures_.rangee) * mesures_.rangee;
-}
-
 void DispositionTextes::ouvrelistes(int besoin) {
-    besoindeslistes_ = listesvisibles ? std::max(besoindeslistes_, besoin) : besoin;
+    hautdeslistes_.demande(besoin, listesvisibles);
     listesvisibles = true;
-    if (!listesdeplacees_)
-        posseparateurlisteh = placedeslistes();
+    if (!hautdeslistes_.deplaces())
+        posseparateurlisteh = hautdeslistes_.place(hauteur_, hautdutexte(), mesures_);
 }
 
 void DispositionTextes::fermelistes() {
-    listesvisibles = listesdeplacees_ = false;
+    listesvisibles = false;
+    hautdeslistes_.oublie();
 }
 
 /// The line of the search above the text; a block that is higher than a line is there in windows of any height.
@@ -212,9 +192,8 @@ bool DispositionTextes::lache(const QString& source, const QPoint& coin) {
         return true;
     }
     if (source == u"separateurlisteh") {
-        listesdeplacees_ = true;
-        hauteurlachees_ = std::max(1, hauteur_);
-        posseparateurlisteh = listeslachees_ = coin.y();
+        hautdeslistes_.lache(coin.y(), hauteur_);
+        posseparateurlisteh = coin.y();
     } else if (source == u"separateurlistev") {
         posseparateurlistev = coin.x();
     } else {
@@ -224,12 +203,12 @@ bool DispositionTextes::lache(const QString& source, const QPoint& coin) {
     return true;
 }
 
-int DispositionTextes::widthblocrecherche(int largeur) {
+int widthblocrecherche(int largeur) {
     constexpr int marges = 180;
     return largeur > marges ? largeur - marges : 0;
 }
 
-int DispositionTextes::Heightblocrecherche(int hauteur, int champs) {
+int Heightblocrecherche(int hauteur, int champs) {
     return hauteur > champs ? hauteur - champs : 0;
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 // How a document window is divided: a panel left of the text or above it, the text, two lists below. Twips throughout;
 // the toolkit's pixels are made of the edges of the rectangles, so that nothing gapes and nothing overlaps.
+#include "document/hautdeslistes.h"
+
 #include <QPoint>
 #include <QRect>
 #include <QString>
@@ -18,15 +20,6 @@ enum class Bloc {
     Recherche, ///< words are looked up in the collection
     Arbre,     ///< the contents of the collection
     Liste      ///< the list of its documents
-};
-
-/// What the toolkit needs for the parts of a fixed height.
-struct MesuresTextes {
-    int barre = 0;  ///< the tool bar on top
-    int entete = 0; ///< the headers of the two lists
-    int trait = 75; ///< thickness of the bars that are dragged
-    int titres = 0; ///< the headers of the grids
-    int rangee = 0; ///< a row of the grids
 };
 
 /// Where every control lies. Sizes are never negative, and nothing reaches beyond the window.
@@ -96,11 +89,6 @@ public:
 
     const PlacesTextes& places() const { return places_; }
 
-    /// Width of the fields of the search block in a panel of this width, and height of its list of results under fields
-    /// of the height `champs`.
-    static int widthblocrecherche(int largeur);
-    static int Heightblocrecherche(int hauteur, int champs);
-
 private:
     bool basse() const { return hauteur_ < hauteurbasse; }
     bool petite() const { return droite() ? largeur_ < largeuretroite : basse(); }
@@ -109,8 +97,6 @@ private:
     int hautdutexte() const;
     int hauteurentete() const { return basse() && !listesvisibles ? 0 : mesures_.entete; }
     int hauteurtrait() const { return basse() && !listesvisibles ? 0 : mesures_.trait; }
-    int placedeslistes() const;
-    int rangeesentieres(int hauteur) const;
     void placelistes();
     QRect rect(int gauche, int haut, int largeur, int hauteur) const;
 
@@ -121,14 +107,16 @@ private:
 
     int largeur_ = 0;
     int hauteur_ = 0;
-    int besoindeslistes_ = 0;      ///< the height of all rows of the longer list
-    bool panneauvoulu_ = false;    ///< the user has asked for the panel in a low or narrow window
-    bool listesdeplacees_ = false; ///< the user has moved the bar above the lists
-    int listeslachees_ = 0;        ///< to this place
-    int hauteurlachees_ = 1;       ///< in a window of this height
+    bool panneauvoulu_ = false; ///< the user has asked for the panel in a low or narrow window
+    HautDesListes hautdeslistes_;
     MesuresTextes mesures_;
     PlacesTextes places_;
 };
+
+/// Width of the fields of the search block in a panel of this width, and height of its list of results under fields of
+/// the height `champs`.
+int widthblocrecherche(int largeur);
+int Heightblocrecherche(int hauteur, int champs);
 
 /// A rectangle of twips in pixels: its edges are rounded, so that neighbours stay neighbours.
 QRect pixelsdetwips(const QRect& twips);

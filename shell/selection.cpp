@@ -111,7 +111,7 @@ void Selection::ouvredocument(const QString& cle, const QString& mot1, const QSt
     const Cle visee = decoupecle(cle);
     bureau_.navigation().ouvre(visee, {.replier = true});
     Textes* fenetre = bureau_.active();
-    if (fenetre && fenetre->code() == visee.code)
+    if (fenetre && typedindice(fenetre->indice()) == visee.code)
         fenetre->recoitmots(mot1, mot2);
 }
 

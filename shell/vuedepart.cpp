@@ -10,17 +10,13 @@
 #include "shell/feuilledepart.h"
 #include "shell/groupedepart.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTimer>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace velm {
@@ -94,7 +90,7 @@ QWidget* VueDepart::feuille() {
     dedans->addWidget(champ_);
     dedans->addSpacing(look::groupSpacing);
     ordinaire_ = pageordinaire();
-    reponse_ = pagetrouves();
+    reponse_ = new ReponseDepart(texte_, feuille);
     reponse_->hide();
     dedans->addWidget(ordinaire_);
     dedans->addWidget(reponse_);
@@ -123,42 +119,17 @@ QWidget* VueDepart::pageordinaire() {
     return page;
 }
 
-QWidget* VueDepart::pagetrouves() {
-    auto* page = new QWidget(this);
-    auto* dedans = colonne(page);
-    bilan_ = new NoteLine(page);
-    bilan_->setObjectName(u"bilandepart"_s);
-    dedans->addWidget(bilan_);
-    trouves_ = new GroupeDepart(page);
-    trouves_->setObjectName(u"trouves"_s);
-    dedans->addWidget(trouves_);
-    dedans->addSpacing(look::spacing);
-    tous_ = new QPushButton(texte_(Texte::BureauTousLesResultats), page);
-    tous_->setObjectName(u"touslesresultats"_s);
-    detaillee_ = new QPushButton(texte_(Texte::BureauRechercheDetaillee), page);
-    detaillee_->setObjectName(u"recherchedetaillee"_s);
-    boutons_ = new QBoxLayout(QBoxLayout::LeftToRight);
-    boutons_->setSpacing(look::spacing);
-    boutons_->addWidget(tous_, 0, Qt::AlignLeft);
-    boutons_->addWidget(detaillee_, 0, Qt::AlignLeft);
-    boutons_->addStretch();
-    dedans->addLayout(boutons_);
-    dedans->addStretch();
-    return page;
-}
-
 void VueDepart::relie() {
     connect(champ_, &QLineEdit::textChanged, this, &VueDepart::suitchamp);
     connect(collections_, &GroupeDepart::pressee, this, &VueDepart::collectionvoulue);
     connect(derniers_, &GroupeDepart::pressee, this,
             [this](int place) { emit derniervoulu(rangs_.at(static_cast<std::size_t>(place))); });
-    connect(trouves_, &GroupeDepart::pressee, this,
-            [this](int place) { emit documentvoulu(cles_.at(static_cast<std::size_t>(place))); });
-    for (const GroupeDepart* groupe : {collections_, derniers_, trouves_})
+    for (const GroupeDepart* groupe : {collections_, derniers_})
         connect(groupe, &GroupeDepart::sortie, this, [this, groupe](bool versbas) { sort(groupe, versbas); });
-    connect(tous_, &QPushButton::clicked, this, [this] { emit listevoulue(cherche()); });
-    connect(detaillee_, &QPushButton::clicked, this, &VueDepart::recherchevoulue);
-    connect(bilan_, &NoteLine::linkClicked, this, &VueDepart::recherchevoulue);
+    connect(reponse_, &ReponseDepart::documentvoulu, this, &VueDepart::documentvoulu);
+    connect(reponse_, &ReponseDepart::tousvoulus, this, [this] { emit listevoulue(cherche()); });
+    connect(reponse_, &ReponseDepart::recherchevoulue, this, &VueDepart::recherchevoulue);
+    connect(reponse_, &ReponseDepart::remonte, this, [this] { champ_->setFocus(Qt::BacktabFocusReason); });
 }
 
 void VueDepart::remplit(const PageDepart& page) {
@@ -211,25 +182,13 @@ void VueDepart::choisitpage(bool ordinaire) {
 }
 
 void VueDepart::montretrouves(const std::vector<DocumentTrouve>& trouves, std::optional<qint64> entout) {
-    // A search tells its first rows before the others: who is walking them already stays among them.
-    const bool parmi = trouves_->isAncestorOf(QApplication::focusWidget());
-    std::vector<Cle> cles;
-    std::ranges::transform(trouves, std::back_inserter(cles), &DocumentTrouve::cle);
-    if (std::exchange(cles_, cles) != cles) {
-        trouves_->vide();
-        for (const DocumentTrouve& celui : trouves)
-            trouves_->ajoutedocument(celui.cle.indice(), celui.titre.simplified(), texte_);
-        trouves_->choisitarret();
-        if (parmi && !trouves_->prendfocus(true))
-            champ_->setFocus();
-    }
-    // Where there is nothing, the other way to search is a word of the answer, and no button in its place.
-    const QString ailleurs = trouves.empty() ? texte_(Texte::BureauRechercheDetaillee) : QString();
-    bilan_->say(bilandepart(cherche(), static_cast<qint64>(trouves.size()), entout, texte_), NoteLine::Tone::Quiet,
-                ailleurs);
-    for (QWidget* bouton : {tous_, detaillee_})
-        bouton->setVisible(!trouves.empty());
+    if (!reponse_->montre(trouves, bilandepart(cherche(), static_cast<qint64>(trouves.size()), entout, texte_)))
+        champ_->setFocus();
     choisitpage(false);
+}
+
+GroupeDepart& VueDepart::trouves() const {
+    return reponse_->trouves();
 }
 
 // ---- place and keys
@@ -241,8 +200,7 @@ void VueDepart::dispose() {
     const int largeur = std::max(std::min(voulue, libre - 2 * look::windowMargin), 0);
     feuille_->setFixedWidth(largeur);
     const int dedans = largeur - 2 * margedefeuille;
-    const int boutons = tous_->sizeHint().width() + detaillee_->sizeHint().width() + look::spacing;
-    boutons_->setDirection(boutons <= dedans ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    reponse_->dispose(dedans);
     const int colonnes =
         (dedans + look::groupSpacing) / std::max(collections_->largeurvoulue() + look::groupSpacing, 1);
     collections_->changecolonnes(std::clamp(colonnes, 1, plusdecolonnes));
@@ -257,7 +215,7 @@ void VueDepart::disposemarges() {
     };
     entoure(feuille_, margedefeuille, margedefeuille, margedefeuille);
     feuille_->layout()->invalidate(); // other columns have other rows, which it hears of later
-    const QWidget* vue = ordinaire_->isHidden() ? reponse_ : ordinaire_;
+    const QWidget* vue = ordinaire_->isHidden() ? static_cast<QWidget*>(reponse_) : ordinaire_;
     const int reste = viewport()->height() -
                       (feuille_->sizeHint().height() - vue->sizeHint().height() + ordinaire_->sizeHint().height());
     const bool serree = reste < 2 * look::windowMargin;
@@ -269,17 +227,17 @@ void VueDepart::disposemarges() {
 
 /// The Down key leads out of the field.
 void VueDepart::descend() {
-    if (!(ordinaire_->isHidden() ? trouves_ : collections_)->prendfocus(true) && !bilan_->link()->isHidden())
-        bilan_->link()->setFocus(Qt::TabFocusReason);
+    if (ordinaire_->isHidden())
+        reponse_->prendfocus();
+    else
+        collections_->prendfocus(true);
 }
 
 /// The arrow keys lead from one group to the next, and out of the first one into the field.
 void VueDepart::sort(const GroupeDepart* groupe, bool versbas) {
     const bool derniers = groupe == derniers_;
-    if (versbas && groupe == collections_)
+    if (versbas && !derniers)
         derniers_->prendfocus(true);
-    else if (versbas && groupe == trouves_)
-        tous_->setFocus(Qt::TabFocusReason);
     else if (!versbas && derniers)
         collections_->prendfocus(false);
     else if (!versbas)

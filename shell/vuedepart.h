@@ -5,6 +5,7 @@
 #include "core/cle.h"
 #include "core/texte.h"
 #include "shell/logique/pagedepart.h"
+#include "shell/reponsedepart.h"
 
 #include <QScrollArea>
 
@@ -12,21 +13,12 @@
 #include <optional>
 #include <vector>
 
-class QBoxLayout;
 class QLineEdit;
-class QPushButton;
-class QVBoxLayout;
 
 namespace velm {
 
 class GroupeDepart;
 class NoteLine;
-
-/// A document that was found while its title was typed.
-struct DocumentTrouve {
-    Cle cle;
-    QString titre;
-};
 
 class VueDepart final : public QScrollArea {
     Q_OBJECT
@@ -45,7 +37,7 @@ public:
     QLineEdit& champ() const { return *champ_; }
     GroupeDepart& collections() const { return *collections_; }
     GroupeDepart& derniers() const { return *derniers_; }
-    GroupeDepart& trouves() const { return *trouves_; }
+    GroupeDepart& trouves() const;
 
 signals:
     void collectionvoulue(int indice);
@@ -66,7 +58,6 @@ protected:
 private:
     QWidget* feuille();
     QWidget* pageordinaire();
-    QWidget* pagetrouves();
     void relie();
     void remplit(const PageDepart& page);
     void montrenombres();
@@ -83,17 +74,11 @@ private:
     QLineEdit* champ_ = nullptr;
     QWidget* feuille_ = nullptr;
     QWidget* ordinaire_ = nullptr; ///< one of these two is seen below the field
-    QWidget* reponse_ = nullptr;
+    ReponseDepart* reponse_ = nullptr;
     GroupeDepart* collections_ = nullptr;
     GroupeDepart* derniers_ = nullptr;
     NoteLine* sansderniers_ = nullptr;
-    GroupeDepart* trouves_ = nullptr;
-    NoteLine* bilan_ = nullptr;
-    QBoxLayout* boutons_ = nullptr;
-    QPushButton* tous_ = nullptr;
-    QPushButton* detaillee_ = nullptr;
     std::vector<int> rangs_; ///< of the last documents that are shown
-    std::vector<Cle> cles_;  ///< of those that are found
 };
 
 } // namespace velm

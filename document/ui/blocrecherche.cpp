@@ -90,7 +90,7 @@ void BlocRecherche::ajouteligne(const QString& ligne) {
 }
 
 void BlocRecherche::moveblocrecherche() {
-    const int largeur = pixelsFromTwips(DispositionTextes::widthblocrecherche(twipsFromPixels(width())));
+    const int largeur = pixelsFromTwips(widthblocrecherche(twipsFromPixels(width())));
     const int gauche = (width() - largeur) / 2;
     constexpr int marge = look::grid + look::grid / 2;
     const int ligne = hauteurligne();
@@ -109,7 +109,7 @@ void BlocRecherche::moveblocrecherche() {
     const bool tient = uneligne || mots_->fontMetrics().horizontalAdvance(nom) + 2 * look::spacing <= mots_->width();
     mots_->setPlaceholderText(etiquette_->isHidden() && tient ? nom : QString());
     haut = disposenote(gauche, haut, largeur);
-    const int reste = DispositionTextes::Heightblocrecherche(height(), haut + look::spacing);
+    const int reste = Heightblocrecherche(height(), haut + look::spacing);
     resultat_->setGeometry(gauche, haut, largeur, std::min(reste, hauteurresultat()));
     resultat_->setVisible(avecresultat && reste > resultat_->fontMetrics().height() && resultat_->count() > 0);
 }

@@ -69,7 +69,7 @@ Textes::~Textes() {
 void Textes::construit() {
     // In the order in which the Tab key walks them.
     barre_ = new BarreTextes(contexte_.lecture.texte, this);
-    panneau_ = new PanneauTextes(code(), contexte_, this);
+    panneau_ = new PanneauTextes(typedindice(indice_), contexte_, this);
     auto* vue = new RichTextBox(this);
     vue->setObjectName(u"rtfRichTextBox1"_s);
     vue->setAccessibleName(windowTitle());
@@ -119,7 +119,7 @@ void Textes::reliebarre() {
     connect(barre_, &BarreTextes::pas, this,
             [this, &navigation](Sens sens, int n) { navigation.pasfenetre(indice_, sens, n); });
     connect(barre_, &BarreTextes::voisin, this,
-            [this, &navigation](bool haut) { navigation.voisin(*this, code(), haut); });
+            [this, &navigation](bool haut) { navigation.voisin(*this, typedindice(indice_), haut); });
     connect(barre_, &BarreTextes::bloc, division_, &DivisionTextes::ouvrebloc);
     connect(barre_, &BarreTextes::arrangement, division_, &DivisionTextes::changearrangement);
     connect(barre_, &BarreTextes::proprietes, zone_, &ZoneTexte::montreproprietes);
@@ -154,10 +154,6 @@ void Textes::decouvre() {
     couverture_ = nullptr;
 }
 
-QString Textes::code() const {
-    return typedindice(indice_);
-}
-
 RichTextBox& Textes::vue() const {
     return zone_->vue();
 }
@@ -172,10 +168,6 @@ QString Textes::referencecourante() const {
 
 QString Textes::titrecourant() const {
     return zone_->lecture().titrecourant();
-}
-
-bool Textes::menusactifs() const {
-    return zone_->lecture().menusactifs();
 }
 
 // ---- load, activation, unload
@@ -254,7 +246,8 @@ void Textes::recoitmots(const QString& mot1, const QString& mot2) {
 }
 
 bool Textes::peut(Ordre ordre) const {
-    return menusactifs() && (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Chercher);
+    return zone_->lecture().menusactifs() &&
+           (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Chercher);
 }
 
 void Textes::fait(Ordre ordre) {

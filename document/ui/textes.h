@@ -26,7 +26,6 @@ public:
     ~Textes() override;
 
     int indice() const { return indice_; }
-    QString code() const;
     /// Where the settings want it, for the frame to place it before it is shown.
     PlaceTextes placevoulue() const;
     /// The document shown; empty for none.
@@ -56,9 +55,6 @@ public:
     void recoitmots(const QString& mot1, const QString& mot2);
     /// Writes the window's settings, as its closing does.
     void ecritreglages() override;
-
-    /// A document has been shown: the entries that need one are enabled.
-    bool menusactifs() const;
 
     // ---- what the navigation asks of it
     Lecture& lecture() override;

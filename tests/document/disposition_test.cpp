@@ -262,11 +262,11 @@ TEST(DispositionTextes, AFoldedPanelStaysFoldedInTheOtherArrangement) {
 }
 
 TEST(DispositionTextes, TheSearchBlocksFieldsKeepTheirMargins) {
-    EXPECT_EQ(DispositionTextes::widthblocrecherche(181), 1);
-    EXPECT_EQ(DispositionTextes::widthblocrecherche(180), 0);
-    EXPECT_EQ(DispositionTextes::Heightblocrecherche(706, 705), 1);
-    EXPECT_EQ(DispositionTextes::Heightblocrecherche(705, 705), 0);
-    EXPECT_EQ(DispositionTextes::Heightblocrecherche(0, 705), 0);
+    EXPECT_EQ(widthblocrecherche(181), 1);
+    EXPECT_EQ(widthblocrecherche(180), 0);
+    EXPECT_EQ(Heightblocrecherche(706, 705), 1);
+    EXPECT_EQ(Heightblocrecherche(705, 705), 0);
+    EXPECT_EQ(Heightblocrecherche(0, 705), 0);
 }
 
 TEST(DispositionTextes, PixelsKeepNeighboursTogether) {

@@ -102,7 +102,7 @@ protected:
     }
     void openFirstDocument() {
         ASSERT_TRUE(touch([this] { return slot(u"CO"_s); }));
-        ASSERT_TRUE(becomes([this] { return host->front() && host->front()->code() == u"CO"; }));
+        ASSERT_TRUE(becomes([this] { return host->front() && host->front()->indice() == 0; }));
         ASSERT_TRUE(touch([this] { return tool(u"arbre"_s); }));
         ASSERT_TRUE(touch([this] { return tool(u"barrehoriz"_s); }));
         ASSERT_TRUE(becomes([this] {

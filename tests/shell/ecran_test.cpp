@@ -189,7 +189,7 @@ TEST_F(EcranTest, OneWindowModeIsMirroredInEveryWindow) {
             const auto entrees = ecran().findChildren<QAction*>(QStringLiteral("maffichagetfu"));
             ASSERT_EQ(entrees.size(), 1);
             EXPECT_TRUE(entrees.front()->isVisible());
-            EXPECT_EQ(entrees.front()->isChecked(), une) << ouverte->code().toStdString();
+            EXPECT_EQ(entrees.front()->isChecked(), une) << typedindice(ouverte->indice()).toStdString();
         }
         EXPECT_EQ(programme->bureau().navigation().unefenetre(), une);
     }

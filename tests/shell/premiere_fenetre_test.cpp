@@ -19,7 +19,7 @@ TEST_F(PremiereFenetre, AReferenceOnTheCommandLineShowsItsDocument) {
     EXPECT_EQ(fenetre->vue().toPlainText(), QStringLiteral("Voir l’article 2 et le site ou nous."));
     EXPECT_EQ(fenetre->windowTitle(), u"Code de la consommation - Article premier");
     EXPECT_TRUE(fenetre->isVisible());
-    EXPECT_TRUE(fenetre->menusactifs());
+    EXPECT_TRUE(fenetre->lecture().menusactifs());
     EXPECT_TRUE(programme->ecran()->windowTitle().startsWith(mots(8)));
     EXPECT_TRUE(dialogues.messages.empty());
 }
@@ -30,7 +30,7 @@ TEST_F(PremiereFenetre, AReferenceToAnAbsentDocumentOpensAWindowAndSaysSo) {
     ASSERT_NE(fenetre, nullptr);
     EXPECT_TRUE(fenetre->vue().control().text().isEmpty());
     EXPECT_EQ(fenetre->windowTitle(), u"Code de la consommation");
-    EXPECT_TRUE(fenetre->menusactifs());
+    EXPECT_TRUE(fenetre->lecture().menusactifs());
     EXPECT_EQ(dialogues.texts(), QStringList(mots(9334, {QStringLiteral("CO000999")})));
 }
 

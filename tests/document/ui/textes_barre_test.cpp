@@ -40,13 +40,13 @@ TEST_F(BarreChild, ButtonsOfADocumentWakeUpAtTheFirstOne) {
     banc->navigation.ouvrefenetre(0);
     Textes& fenetre = *banc->fenetre(0);
     EXPECT_EQ(fenetre.windowTitle(), u"Code de la consommation");
-    EXPECT_FALSE(fenetre.menusactifs());
+    EXPECT_FALSE(fenetre.lecture().menusactifs());
     for (const auto& cle : {u"propriétés"_s, u"barrepropriétés"_s, u"abc"_s, u"barreabc"_s})
         EXPECT_FALSE(fenetre.barrechild().isButtonVisible(cle)) << cle.toStdString();
     EXPECT_FALSE(fenetre.barrechild().isButtonEnabled(u"Haut"_s));
     ouvre("CO000001");
     EXPECT_EQ(fenetre.windowTitle(), u"Code de la consommation - Article premier");
-    EXPECT_TRUE(fenetre.menusactifs());
+    EXPECT_TRUE(fenetre.lecture().menusactifs());
     for (const auto& cle : {u"propriétés"_s, u"barrepropriétés"_s, u"abc"_s, u"barreabc"_s})
         EXPECT_TRUE(fenetre.barrechild().isButtonVisible(cle)) << cle.toStdString();
     EXPECT_TRUE(fenetre.barrechild().isButtonEnabled(u"Bas"_s));
@@ -85,7 +85,7 @@ TEST_F(BarreChild, ADeferredRefreshWithoutADocumentOnlyClearsItsFlag) {
     banc->voisinage.rafraichir[0] = true;
     banc->fenetre(0)->activation();
     EXPECT_FALSE(banc->voisinage.rafraichir[0]);
-    EXPECT_FALSE(banc->fenetre(0)->menusactifs());
+    EXPECT_FALSE(banc->fenetre(0)->lecture().menusactifs());
 }
 
 TEST_F(BarreChild, DossierButtonsAreHiddenWithoutADossierStore) {
