@@ -59,7 +59,8 @@ function(velm_pch target kind)
 endfunction()
 
 # A build from nothing spends most of its time on the same headers and templates again: some files are one unit then.
-# No two files of a room have a name of their own in common, so that any of them can stand together.
+# No two files of a room, or of a program of tests, have a name of their own in common, so that any of them can stand
+# together; one that must has SKIP_UNITY_BUILD_INCLUSION in its CMakeLists.txt.
 function(velm_units target size)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ${VELM_UNITY} UNITY_BUILD_BATCH_SIZE ${size})
 endfunction()
