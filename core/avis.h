@@ -38,7 +38,7 @@ private:
     Dialogues& dialogues_;
     Langue& langue_;
     bool silencieux_ = false;     ///< missing texts are not said now
-    bool textestus_ = false;      ///< the user wants to hear of no missing text any more
+    bool textestus_ = false;      ///< silenced: the user wants to hear of no missing text any more
     int textesmanquants_ = 0;     ///< boxes so far
     int questions_ = 0;           ///< about settings so far
     bool defautspartout_ = false; ///< the user has answered for all settings that follow

@@ -12,8 +12,8 @@ namespace velm {
 inline constexpr QStringView codestypes = u"COEUJPCLJRPRLTADGLVPDI";
 /// The order of the twelve window slots; IN is the index list.
 inline constexpr QStringView codesfenetres = u"COEUJPCLJRPRLTADGLVPDIIN";
-/// Only for the test of a key inside a document's markup. DI and VP stand the other way round; a plain search does not
-/// mind.
+/// Only for the test of a key inside a document's markup. DI and VP stand the other way round (kept: each code is found
+/// all the same, and a pair that straddles two of them names no document).
 inline constexpr QStringView codesmarques = u"COEUJPCLJRPRLTADGLDIVP";
 
 inline constexpr int nombredecollections = 11;

@@ -51,7 +51,7 @@ void affichedocument(FormulaireDocument& formulaire, const Cle& cle, bool abc, c
 
 /// Puts the caret on the line that holds `ancre`: the first of CR + ancre + blank, "." + ancre + blank, blank + ancre +
 /// blank, ancre alone, behind the first line end; at the start when there is none, or less than ten characters behind
-/// that line end.
+/// that line end (kept: what leads to an anchor so near to the first line opens the document at its start).
 void positionne(RichTextControl& controle, const QString& ancre);
 
 /// The bodies of the collection's base. Moves the current row of the shared table and leaves its index at primarykey. A

@@ -36,7 +36,8 @@ struct MotsCherches {
 };
 
 /// Marks every occurrence of a word, in whatever case; the selection stays. An occurrence at the very first character
-/// is not marked and ends the marking. One change of the control, however many there are.
+/// is not marked and ends the marking (kept: a text that begins with the word shows no mark of it, though one can walk
+/// through the others). One change of the control, however many there are.
 Marques marquemot(RichTextControl& controle, const QString& mot, const Marquage& marquage);
 
 /// Marks both words, with one repaint.

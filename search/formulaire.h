@@ -29,9 +29,9 @@ public:
     virtual void montremots(const QString& mots) = 0;
     virtual void offremotscles(const QStringList& items) = 0;
     virtual void offrederniers(BoiteTexte boite, const QStringList& textes) = 0;
-    /// Option2 can be chosen.
+    /// Option2, to search in the rows of the list alone, can be chosen.
     virtual void permetaffinage(bool permis) = 0;
-    /// Sets Option2, else Option1.
+    /// Sets Option2, else Option1, a search in the documents.
     virtual void choisitaffinage(bool affinage) = 0;
     /// Option2 is enabled and set.
     virtual bool affinage() const = 0;

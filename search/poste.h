@@ -1,7 +1,7 @@
 #pragma once
-// The one owner of a running search: what fills the list is done here, one piece of work after the other, so that none
-// ever stands on another. While a search runs, its turns let events through, and whatever these want done with the list
-// stops it and begins when it has left.
+// The owner of what runs: its pieces of work are done here, one after the other, so that none ever stands on another.
+// What fills the selection list has one, and so has the search while a text is typed, which has no list. While a search
+// runs, its turns let events through, and whatever these want done here stops it and begins when it has left.
 #include "search/cession.h"
 
 #include <functional>
@@ -11,7 +11,7 @@ namespace velm {
 
 class Poste {
 public:
-    /// Leaves soon after `arret` has been asked for.
+    /// Leaves soon after `arret` has been asked for, unless it lets nothing through and so runs to its end.
     using Travail = std::function<void(const std::stop_token& arret)>;
 
     /// `evenements` lets through what waits, at the turns of a search; see Cession.
@@ -31,7 +31,7 @@ public:
 private:
     Cession cession_;
     std::stop_source arret_;
-    Travail suite_; ///< begins when the list is free
+    Travail suite_; ///< begins when the work has left
     bool occupe_ = false;
 };
 

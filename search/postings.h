@@ -23,7 +23,8 @@ QByteArray intersectionlistes(const QByteArray& a, const QByteArray& b);
 
 /// The longer list (on equal length the second) and behind it the postings of the other that it does not hold yet.
 /// A posting whose four bytes stand in the result across two postings, one or two bytes behind the first one's start,
-/// counts as held: so the union may lack a document. In linear time.
+/// counts as held: so the union may lack a document (kept: a search for one of several words, or for all words that
+/// begin alike, may show less than hold them). In linear time.
 QByteArray unionlistes(const QByteArray& a, const QByteArray& b);
 
 /// The union of many lists, one after the other: result = union of the result and the list. In time linear in all

@@ -23,7 +23,7 @@ public:
     void sanstable(bool sans) { sanstable_ = sans; }
 
     /// Takes out of the rows what does not pass. A row whose document is gone is tested on the document on which
-    /// `données` stood before.
+    /// `données` stood before (kept: it stays in the list, or leaves it, for what another document holds).
     void affine(Criteres& criteres, const TypesDocument& types, Resultat& resultat);
 
 private:

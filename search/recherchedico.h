@@ -18,8 +18,9 @@ struct DemandeDico {
     /// Documents that hold every word, or one of them.
     bool tous = true;
     qint64 limite = sanslimite;
-    /// The block of a document window asks: in one collection always, for all words, without a limit; nothing else goes
-    /// on meanwhile, and a short line is searched like any other.
+    /// The block of a document window asks: in one collection always, for all words, without a limit but the one that
+    /// the user is asked for, and a short line is searched like any other. Nothing else goes on meanwhile (kept: the
+    /// windows answer when it is done, and nothing stops it).
     bool fenetre = false;
     /// All are wanted, however many there are.
     bool sansquestion = false;

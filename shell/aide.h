@@ -1,5 +1,6 @@
 #pragma once
-// The help file.
+// The help, a file that the settings name: whether it is there, and its opening by the program that the user has for
+// it.
 #include "core/langue.h"
 #include "shell/logique/seance.h"
 #include "shell/mondeexterieur.h"

@@ -23,7 +23,7 @@ struct BoutonDeLaBarre {
     QKeySequence raccourci = {};
 };
 
-/// In their order. A button is a row here, and nothing else.
+/// In their order. A button is a row here; its press is a signal of the bar, whose deed stands in Textes::reliebarre().
 const std::vector<BoutonDeLaBarre>& boutons() {
     using Kind = Toolbar::Kind;
     static const std::vector<BoutonDeLaBarre> tous{

@@ -37,7 +37,7 @@ private:
     Cle cle_;
     qint64 numero_ = 0;
     bool attendu_ = false; ///< the tree has not followed the document yet
-    bool main_ = false;    ///< the user has scrolled since it followed
+    bool main_ = false;    ///< the user's hand has scrolled the tree since it followed
     QBasicTimer bientot_;
 };
 

@@ -36,7 +36,7 @@ public:
     void decharge() override;
 
 signals:
-    /// Wants to be hidden.
+    /// Closed or given up by the user: whoever shows the form is to hide it.
     void cachevoulu();
 
 protected:

@@ -29,9 +29,9 @@ public:
     void montre(const Criteres& criteres);
     void offremotscles(const QStringList& items);
 
-    /// Option2 can be chosen.
+    /// Option2, to search in the rows of the list alone, can be chosen.
     void permetaffinage(bool permis);
-    /// Sets Option2, else Option1.
+    /// Sets Option2, else Option1, a search in the documents.
     void choisitaffinage(bool affinage);
     /// Option2 is enabled and set.
     bool affinage() const;
