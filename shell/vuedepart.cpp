@@ -13,7 +13,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -120,6 +119,7 @@ QWidget* VueDepart::pageordinaire() {
 }
 
 void VueDepart::relie() {
+    connect(this, &VueDepart::peinte, this, &VueDepart::montrenombres, Qt::QueuedConnection);
     connect(champ_, &QLineEdit::textChanged, this, &VueDepart::suitchamp);
     connect(collections_, &GroupeDepart::pressee, this, &VueDepart::collectionvoulue);
     connect(derniers_, &GroupeDepart::pressee, this,
@@ -262,7 +262,7 @@ void VueDepart::resizeEvent(QResizeEvent* evenement) {
 
 bool VueDepart::eventFilter(QObject* objet, QEvent* evenement) {
     if (objet == viewport() && evenement->type() == QEvent::Paint && !std::exchange(comptees_, true))
-        QTimer::singleShot(0, this, &VueDepart::montrenombres);
+        emit peinte();
     if (objet != champ_ || evenement->type() != QEvent::KeyPress)
         return QScrollArea::eventFilter(objet, evenement);
     switch (static_cast<QKeyEvent*>(evenement)->key()) {

@@ -47,6 +47,7 @@ signals:
     void listevoulue(const QString& texte); ///< all that is found, in the list
     void recherchevoulue();                 ///< the search form
     void vue();                             ///< it can be seen now
+    void peinte();                          ///< for the first time
     void cachee();
 
 protected:
