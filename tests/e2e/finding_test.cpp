@@ -216,7 +216,8 @@ TEST_F(FindingInTheRealCollection, ARequestIsAnsweredFromItsWordsToTheMarkedDocu
     ASSERT_TRUE(
         drag([this] { return Spot::named(&host->frame()->pieces().volet, u"separateurrecherche"_s); }, {400, 0}));
     // Neighbours are grouped within those of the columns before theirs.
-    ASSERT_TRUE(drag([this] { return header(1); }, {-190, 0}));
+    const int surletitre = inProgram([this] { return header(0).part.left() + 20 - header(1).part.center().x(); });
+    ASSERT_TRUE(drag([this] { return header(1); }, {surletitre, 0}));
     ASSERT_TRUE(becomes([this] { return grid().colData(0) == ListeSelection::Motcle1; }));
     ASSERT_TRUE(touch([this] { return listTool(u"regrouper"_s); }));
     ASSERT_TRUE(becomes([this] { return grid().mergeCells() && grid().joinsAbove(2, 0); }));
