@@ -18,7 +18,10 @@ constexpr auto titredelimpression = Texte::TitreImpressionDeLaListe;
 QString textecompte(qint64 nombre, const Libelles& texte) {
     constexpr auto motdusingulier = Texte::MotDocument;
     constexpr auto motdepluriel = Texte::MotDocuments;
-    return u' ' + nombreecrit(nombre, texte) + u' ' + texte(nombre > 1 ? motdepluriel : motdusingulier);
+    const QString plusieurs = texte(motdepluriel);
+    // None is one in some languages and many in others: as it is said in words.
+    const bool un = nombre == 0 ? !texte(Texte::BureauAucunDocument).endsWith(plusieurs) : nombre == 1;
+    return u' ' + nombreecrit(nombre, texte) + u' ' + (un ? texte(motdusingulier) : plusieurs);
 }
 
 /// A list with all its rows selected takes its time.

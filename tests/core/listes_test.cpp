@@ -55,6 +55,14 @@ TEST_F(ListesTest, TheCountIsSingularUpToOne) {
     EXPECT_EQ(textecompte(18'402, texte), u" 18.402 documents");
 }
 
+TEST_F(ListesTest, ALanguageThatSaysNoneInThePluralCountsItSo) {
+    const auto english = [](Texte lequel) {
+        return lequel == Texte::BureauAucunDocument ? u"no documents"_s : texte(lequel);
+    };
+    EXPECT_EQ(textecompte(0, english), u" 0 documents");
+    EXPECT_EQ(textecompte(1, english), u" 1 document");
+}
+
 TEST_F(ListesTest, MoreThanFiftyDocumentsAreOpenedAfterAQuestionOnly) {
     EXPECT_TRUE(veutouvrir(50, dialogues, texte));
     dialogues.answers = {Bouton::Non, Bouton::Oui};
