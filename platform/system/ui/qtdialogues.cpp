@@ -15,7 +15,9 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QStandardPaths>
+#include <QStyle>
 #include <QTreeView>
 
 #include <algorithm>
@@ -199,6 +201,12 @@ void prepare(QFileDialog& dialog, const ChoixFichier& choix, const QString& last
         dialog.selectFile(choix.nom);
 }
 
+/// Where the screen is low the list of files gives way, not the buttons below it.
+void keepOnScreen(QFileDialog& dialog) {
+    const int title = dialog.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    dialog.resize(dialog.size().boundedTo(dialog.screen()->availableSize() - QSize(0, title)));
+}
+
 } // namespace
 
 QtDialogues::QtDialogues(std::function<void(int contexte)> aide, std::function<bool()> aidela)
@@ -238,6 +246,7 @@ std::optional<QString> QtDialogues::run(QFileDialog& dialog, const ChoixFichier&
         dialog.setIconProvider(provider_.get());
     prepare(dialog, choix, lastFolder_);
     layOutColumns(dialog);
+    keepOnScreen(dialog);
     raiseAboveOwner(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;

@@ -1,10 +1,12 @@
 // The list of files in the dialogs that choose one.
 #include "platform/system/ui/qtdialogues.h"
+#include "tests/support/when_shown.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QTreeView>
@@ -13,6 +15,25 @@
 
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
+
+TEST(FichiersQt, OnALowScreenTheButtonsOfADialogAreOnIt) {
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSize(40);
+    QApplication::setFont(large);
+    QtDialogues dialogs;
+    QRect place;
+    QRect screen;
+    const auto hands = test::whenShown<QFileDialog>([&](QFileDialog& dialog) {
+        place = dialog.geometry();
+        screen = dialog.screen()->availableGeometry();
+        dialog.reject();
+    });
+    EXPECT_FALSE(dialogs.openFile({u"Trouver"_s, QDir::tempPath(), {}, {}, {}}));
+    QApplication::setFont(usual);
+    ASSERT_TRUE(place.isValid());
+    EXPECT_LT(place.height(), screen.height());
+}
 
 TEST(FichiersQt, NamesHaveTheRoomThatTheOtherColumnsLeave) {
     const QTemporaryDir folder;
