@@ -119,7 +119,7 @@ std::vector<float> HitMarks::places() const {
 void HitMarks::placeTicks() {
     height_ = layout_.documentSize().height();
     settled_ = layout_.isComplete();
-    strip_.setTicks(places(), layout_.currentHit());
+    strip_.setTicks(places(), layout_.currentHit(), height_);
 }
 
 // While heights are becoming known a tick moves when that can be seen, and at the end once more.

@@ -5,6 +5,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QtMath>
 
 #include <algorithm>
 #include <cmath>
@@ -17,22 +18,18 @@ constexpr int tickHeight = 2;
 constexpr int currentHeight = 4;
 constexpr int reach = 6; // pixels from a tick within which a click means it
 
-int topIn(const QRect& groove, float place) {
-    const int rows = std::max(0, groove.height() - tickHeight);
-    return groove.top() + std::clamp(static_cast<int>(std::floor(place * float(rows))), 0, rows);
-}
-
 } // namespace
 
 HitStrip::HitStrip(const SheetBar& bar, QWidget* parent) : QWidget(parent), bar_(bar) {
     setCursor(Qt::ArrowCursor);
 }
 
-void HitStrip::setTicks(std::vector<float> places, int current) {
-    if (ticks_ == places && current_ == current)
+void HitStrip::setTicks(std::vector<float> places, int current, double height) {
+    if (ticks_ == places && current_ == current && qFuzzyCompare(height_, height))
         return;
     ticks_ = std::move(places);
     current_ = current;
+    height_ = height;
     update();
 }
 
@@ -41,8 +38,14 @@ void HitStrip::setCurrent(int current) {
         update();
 }
 
+int HitStrip::topOf(float place) const {
+    const QRect groove = bar_.groove();
+    const int rows = std::max(0, std::min(groove.height(), qCeil(height_)) - tickHeight);
+    return groove.top() + std::clamp(static_cast<int>(std::floor(place * float(rows))), 0, rows);
+}
+
 int HitStrip::top(std::size_t tick) const {
-    return topIn(bar_.groove(), ticks_[tick]);
+    return topOf(ticks_[tick]);
 }
 
 // Of thousands those that fall on one row are painted once.
@@ -50,11 +53,10 @@ void HitStrip::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const QColor ground = bar_.beside();
     painter.fillRect(event->rect(), ground);
-    const QRect groove = bar_.groove();
     const QColor colour = look::foundTick(ground, false);
     int painted = -1;
     for (const float place : ticks_) {
-        const int top = topIn(groove, place);
+        const int top = topOf(place);
         if (top != std::exchange(painted, top))
             painter.fillRect(1, top, room - 2, tickHeight, colour);
     }
@@ -65,11 +67,10 @@ void HitStrip::paintEvent(QPaintEvent* event) {
 
 void HitStrip::mousePressEvent(QMouseEvent* event) {
     const int at = event->position().toPoint().y();
-    const QRect groove = bar_.groove();
     int nearest = -1;
     int least = reach + 1;
     for (std::size_t tick = 0; tick < ticks_.size(); ++tick) {
-        const int away = std::abs(topIn(groove, ticks_[tick]) + tickHeight / 2 - at);
+        const int away = std::abs(topOf(ticks_[tick]) + tickHeight / 2 - at);
         if (away < least) {
             least = away;
             nearest = static_cast<int>(tick);

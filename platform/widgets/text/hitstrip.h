@@ -17,8 +17,9 @@ public:
     HitStrip(const SheetBar& bar, QWidget* parent);
 
     static constexpr int room = 7; ///< pixels of width
-    /// Places in the whole height, from 0 to 1 and ascending, and the one that is shown now, or -1.
-    void setTicks(std::vector<float> places, int current);
+    /// Places in the whole height, from 0 to 1 and ascending, the one that is shown now, or -1, and the pixels of that
+    /// height: ticks of a text that is seen whole stand beside their places.
+    void setTicks(std::vector<float> places, int current, double height);
     void setCurrent(int current);
     const std::vector<float>& ticks() const { return ticks_; }
     /// The upper edge of a tick, in the strip's own pixels.
@@ -33,7 +34,10 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    int topOf(float place) const;
+
     const SheetBar& bar_;
+    double height_ = 0;
     std::vector<float> ticks_;
     int current_ = -1;
 };

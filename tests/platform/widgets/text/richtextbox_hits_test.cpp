@@ -126,6 +126,15 @@ TEST_F(Hits, AnotherTextComesWithoutAnyTheSameOneKeepsThem) {
 
 // ---- ticks
 
+TEST_F(Hits, TicksOfATextThatIsSeenWholeStandBesideItsLines) {
+    show(sample::plain({u"un"_s, u"deux"_s, u"trois"_s, u"quatre"_s, u"cinq"_s}));
+    settle();
+    setHits({{0, 2}, {find(u"cinq"), find(u"cinq") + 4}});
+    ASSERT_FALSE(bar().isVisible() && bar().maximum() > 0);
+    for (const auto& [tick, position] : {std::pair(0U, qsizetype{0}), std::pair(1U, find(u"cinq"))})
+        EXPECT_NEAR(strip().top(tick), pointOf(position).y(), 12);
+}
+
 TEST_F(Hits, TicksStandWhereTheTextIs) {
     show(sample::longText(60000));
     settle();
