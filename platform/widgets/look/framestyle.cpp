@@ -300,6 +300,14 @@ int FrameStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     // Buttons of boxes say in words what they do.
     if (hint == SH_WindowFrame_Mask || hint == SH_DialogButtonBox_ButtonsHaveIcons)
         return 0;
+    // What cannot be had now is paler, and has no second shape beside it.
+    if (hint == SH_EtchDisabledText)
+        return 0;
+    // What a box offers is like a menu, but where it would be one over the whole screen: a few rows then, and a bar.
+    if (hint == SH_ComboBox_Popup) {
+        const auto* box = qobject_cast<const QComboBox*>(widget);
+        return box == nullptr || box->count() <= box->maxVisibleItems() ? 1 : 0;
+    }
     // A history of hundreds stays one column, and scrolls.
     if (hint == SH_Menu_Scrollable)
         return 1;

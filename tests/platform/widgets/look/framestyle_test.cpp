@@ -2,6 +2,7 @@
 #include "platform/widgets/look/look.h"
 #include "tests/support/contrast.h"
 
+#include <QComboBox>
 #include <QListView>
 #include <QPainter>
 #include <QScrollBar>
@@ -57,6 +58,23 @@ TEST_P(FrameStyleTest, TitlesAndTheirButtonsAreLegible) {
 TEST_P(FrameStyleTest, TheActiveTitleIsToldFromTheOthers) {
     EXPECT_NE(titleBar(style, GetParam(), true, QStyle::SC_TitleBarLabel).pixelColor(0, 0),
               titleBar(style, GetParam(), false, QStyle::SC_TitleBarLabel).pixelColor(0, 0));
+}
+
+TEST_P(FrameStyleTest, WhatABoxOffersIsAListOfAFewRows) {
+    QWidget window;
+    QComboBox box(&window);
+    box.setStyle(&style);
+    for (int row = 0; row < 60; ++row)
+        box.addItem(QString::number(row));
+    window.show();
+    box.showPopup();
+    EXPECT_GT(box.view()->window()->height(), 3 * box.view()->sizeHintForRow(0));
+    EXPECT_LT(box.view()->window()->height(), 20 * box.view()->sizeHintForRow(0));
+    box.hidePopup();
+}
+
+TEST_P(FrameStyleTest, WhatCannotBeHadIsDrawnOnce) {
+    EXPECT_EQ(style.styleHint(QStyle::SH_EtchDisabledText), 0);
 }
 
 TEST_P(FrameStyleTest, ThinLinesAreSeen) {
