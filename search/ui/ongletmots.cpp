@@ -41,6 +41,8 @@ OngletMots::OngletMots(const Libelles& texte, Corpus& corpus) : PageRecherche(te
     rangees().addWidget(Combonombredico_);
     ajouteboutons(u"cmdokdico"_s, u"annulerdico"_s);
     disposition().addWidget(resultat_, 1);
+    disposition().addStretch();
+    videresultat();
 }
 
 QLineEdit& OngletMots::champ() const {
@@ -65,10 +67,12 @@ void OngletMots::montremots(const QString& mots) {
 
 void OngletMots::videresultat() {
     resultat_->clear();
+    resultat_->hide();
 }
 
 void OngletMots::ajouteresultat(const QString& ligne) {
     resultat_->addItem(ligne);
+    resultat_->show();
 }
 
 void OngletMots::renonce() {
