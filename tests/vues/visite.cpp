@@ -20,6 +20,8 @@ bool drawPartners(const QString& folder) {
     painter.fillRect(QRect(40, 40, 440, 60), QColor(0x1F, 0x4E, 0x79));
     painter.fillRect(QRect(40, 130, 200, 120), QColor(0xDD, 0xE1, 0xE6));
     painter.fillRect(QRect(280, 130, 200, 120), QColor(0xDD, 0xE1, 0xE6));
+    painter.setPen(Qt::white);
+    painter.drawText(QRect(40, 40, 440, 60), Qt::AlignCenter, u"Picture of the publisher's partners"_s);
     painter.end();
     return picture.save(QDir(folder).filePath(u"partners.bmp"_s));
 }
