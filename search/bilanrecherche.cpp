@@ -33,7 +33,7 @@ public:
         case Recherchee::Sorte::Texte:
             break;
         }
-        return remplace(texte_(Texte::BilanAucunMot), {recherchee_.texte});
+        return remplace(texte_(Texte::BureauRienTrouve), {recherchee_.texte});
     }
 
     QString trouve() const {

@@ -65,7 +65,7 @@ TEST(BilanRecherche, OfOneWordInACollectionBothNumbersAreSaid) {
 }
 
 TEST(BilanRecherche, WhatWasNotFoundIsNamed) {
-    EXPECT_EQ(phrase({Sorte::Texte, u"un bail"_s}, de(0)), u"9720[un bail");
+    EXPECT_EQ(phrase({Sorte::Texte, u"un bail"_s}, de(0)), u"9626[un bail");
     EXPECT_EQ(phrase({Sorte::Criteres}, de(0)), u"9722");
     EXPECT_EQ(phrase({Sorte::Mots, u"zut"_s}, de(0)), u"9720[zut");
     EXPECT_EQ(phrase({Sorte::Mots, u"zut,"_s, true, true}, de(0)), u"9721[zut");

@@ -99,7 +99,7 @@ TEST_F(RecherchesTest, WhatWasFoundAndWhatNotIsSaidBelowTheField) {
     EXPECT_EQ(volet.bilans.back().phrase, u"t9725, contrat");
     champ(u"texterapide"_s).setText(u"zut"_s);
     clique(u"cmdokrapide"_s);
-    EXPECT_EQ(bilan(), u"t9720");
+    EXPECT_EQ(bilan(), u"t9626");
     clique(u"toutdéselect"_s);
     clique(u"cmdokrapide"_s);
     EXPECT_EQ(bilan(), u"t9723");
