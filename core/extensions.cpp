@@ -27,7 +27,7 @@ QString typeElement(const QString& extension, const QString& label) {
            u"  </mime-type>\n"_s.arg(mimeType(extension), label.toHtmlEscaped(), extension.toLower());
 }
 
-QByteArray typePackage(const Extensions::Libelles& labels) {
+QByteArray typePackage(const Extensions::Descriptions& labels) {
     const QString text = u"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                          u"<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"_s +
                          typeElement(u"CV2"_s, labels.criteres) + typeElement(u"DV2"_s, labels.dossier) +
@@ -125,7 +125,7 @@ QList<Extensions::Association> Extensions::associations(const QString& appFolder
 }
 
 ExtensionsResultat Extensions::registerAll(const QString& appFolder, const QString& editorFolder,
-                                           const Libelles& libelles, Processus* processus) const {
+                                           const Descriptions& descriptions, Processus* processus) const {
     ExtensionsResultat result;
     const QList<Association> all = associations(appFolder, editorFolder);
     const auto entry = [&](const QString& path, const QString& name, const QList<Association>& theirs) {
@@ -134,9 +134,9 @@ ExtensionsResultat Extensions::registerAll(const QString& appFolder, const QStri
         else
             bringUpToDate(path, desktopEntry(name, theirs), result);
     };
-    bringUpToDate(packagePath(), typePackage(libelles), result);
-    entry(programEntryPath(), libelles.application, all.first(2));
-    entry(editorEntryPath(), libelles.editeur, all.last(1));
+    bringUpToDate(packagePath(), typePackage(descriptions), result);
+    entry(programEntryPath(), descriptions.application, all.first(2));
+    entry(editorEntryPath(), descriptions.editeur, all.last(1));
     if (result.written && processus != nullptr) {
         rebuildIndex(u"update-mime-database"_s, joinPath(dataFolder_, u"mime"), *processus);
         rebuildIndex(u"update-desktop-database"_s, joinPath(dataFolder_, u"applications"), *processus);

@@ -17,7 +17,7 @@ struct ExtensionsResultat {
 class Extensions {
 public:
     /// Names that the desktop shows; the plain ones stand until a language file gives others.
-    struct Libelles {
+    struct Descriptions {
         QString application = QStringLiteral("Velmorante 2000");
         QString editeur = QStringLiteral("Velmorante 2000 MV2");
         QString criteres = QStringLiteral("CV2");
@@ -44,10 +44,10 @@ public:
     /// Brings the package of types and the two desktop entries up to date; files that already say the same are not
     /// touched. After a write the desktop's own indexes are rebuilt through `processus`, if given and if the desktop
     /// has them. A folder whose name no desktop entry can hold (control characters) is an error.
-    ExtensionsResultat registerAll(const QString& appFolder, const QString& editorFolder, const Libelles& libelles,
-                                   Processus* processus = nullptr) const;
+    ExtensionsResultat registerAll(const QString& appFolder, const QString& editorFolder,
+                                   const Descriptions& descriptions, Processus* processus = nullptr) const;
     ExtensionsResultat registerAll(const QString& appFolder, const QString& editorFolder) const {
-        return registerAll(appFolder, editorFolder, Libelles());
+        return registerAll(appFolder, editorFolder, Descriptions());
     }
 
     QString packagePath() const;

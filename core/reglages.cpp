@@ -216,7 +216,7 @@ bool Reglages::change(const CleReglage& cle, const QString& valeur, bool deluime
     return ecrit;
 }
 
-Reglages::Ecoute Reglages::surchangement(const CleReglage& cle, std::function<void()> dit) {
+Reglages::Ecoute Reglages::quandchange(const CleReglage& cle, std::function<void()> dit) {
     auto ecoute = std::make_shared<const std::function<void()>>(std::move(dit));
     ecouteurs_.push_back({nomdeligne(QString(), cle.nomdesection(), cle.nom()), ecoute});
     return ecoute;

@@ -56,7 +56,7 @@ public:
 
     /// `dit` is called after each `ecrit` and `note` that gives this setting another value, for as long as what comes
     /// back lives. It may read and write settings.
-    [[nodiscard]] Ecoute surchangement(const CleReglage& cle, std::function<void()> dit);
+    [[nodiscard]] Ecoute quandchange(const CleReglage& cle, std::function<void()> dit);
 
     /// Default of a setting: the line of master.ini, else `defaut`. A numeric (or boolean, True is -1) default makes it
     /// a whole number read by the integer reader ("True" is 0 then), any other a text of at most 999 characters, where

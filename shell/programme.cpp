@@ -52,13 +52,13 @@ Environnement Programme::environnement() {
         return monde_.processus.runDetached(programme, {argument});
     };
     env.enregistreextensions = [this](const QString& application, const QString& editeur) {
-        Extensions::Libelles libelles;
-        libelles.application = langue_.lireressource(Texte::NomDuProgramme);
-        libelles.editeur = langue_.lireressource(Texte::Editeur);
-        libelles.criteres = langue_.lireressource(Texte::FichierDeCriteres);
-        libelles.dossier = langue_.lireressource(Texte::FichierDeDossier);
-        libelles.modele = langue_.lireressource(Texte::FichierDEditeur);
-        Extensions(options_.dossierdonnees).registerAll(application, editeur, libelles, &monde_.processus);
+        Extensions::Descriptions descriptions;
+        descriptions.application = langue_.lireressource(Texte::NomDuProgramme);
+        descriptions.editeur = langue_.lireressource(Texte::Editeur);
+        descriptions.criteres = langue_.lireressource(Texte::FichierDeCriteres);
+        descriptions.dossier = langue_.lireressource(Texte::FichierDeDossier);
+        descriptions.modele = langue_.lireressource(Texte::FichierDEditeur);
+        Extensions(options_.dossierdonnees).registerAll(application, editeur, descriptions, &monde_.processus);
     };
     return env;
 }

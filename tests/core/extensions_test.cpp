@@ -54,7 +54,7 @@ TEST_F(ExtensionsTest, AreWrittenAtTheFirstStart) {
 }
 
 TEST_F(ExtensionsTest, ThePackageIsWellFormedAndNamesEachPattern) {
-    Extensions::Libelles labels;
+    Extensions::Descriptions labels;
     labels.criteres = u"Critères <de> \"recherche\" & co"_s;
     ASSERT_TRUE(extensions.registerAll(u"/a"_s, u"/b"_s, labels).written);
     QXmlStreamReader xml(content(extensions.packagePath()));
@@ -111,7 +111,7 @@ TEST_F(ExtensionsTest, AFolderThatNoEntryCanHoldIsAnError) {
 }
 
 TEST_F(ExtensionsTest, ALabelCannotAddALine) {
-    Extensions::Libelles labels;
+    Extensions::Descriptions labels;
     labels.application = u" a\nExec=evil\\n"_s;
     ASSERT_TRUE(extensions.registerAll(u"/a"_s, u"/b"_s, labels).written);
     EXPECT_EQ(line(extensions.programEntryPath(), u"Name"_s), u"\\sa Exec=evil\\\\n"_s);

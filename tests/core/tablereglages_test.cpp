@@ -122,8 +122,8 @@ TEST_F(TableReglages, NumbersOutOfTheirBoundsAreErrors) {
 TEST_F(TableReglages, AChangeIsToldToThoseThatListenToThatSetting) {
     int fond = 0;
     int autre = 0;
-    const auto lui = reglages_.surchangement(reglage::fond.cle, [&] { ++fond; });
-    const auto voisin = reglages_.surchangement(reglage::fondno.cle, [&] { ++autre; });
+    const auto lui = reglages_.quandchange(reglage::fond.cle, [&] { ++fond; });
+    const auto voisin = reglages_.quandchange(reglage::fondno.cle, [&] { ++autre; });
     reglages_.ecrit(reglage::fond, 0);
     EXPECT_EQ(fond, 1);
     reglages_.ecrit(reglage::fond, 0);
@@ -139,9 +139,9 @@ TEST_F(TableReglages, WritingWhatStandsByDefaultIsNoChange) {
     int dits = 0;
     const auto dit = [&] { ++dits; };
     const std::array ecoutes{
-        reglages_.surchangement(reglage::fond.cle, dit), reglages_.surchangement(reglage::barreetat.cle, dit),
-        reglages_.surchangement(reglage::langue.cle, dit), reglages_.surchangement(reglage::astuces.cle, dit),
-        reglages_.surchangement(reglage::menuediteur.cle, dit)};
+        reglages_.quandchange(reglage::fond.cle, dit), reglages_.quandchange(reglage::barreetat.cle, dit),
+        reglages_.quandchange(reglage::langue.cle, dit), reglages_.quandchange(reglage::astuces.cle, dit),
+        reglages_.quandchange(reglage::menuediteur.cle, dit)};
     reglages_.ecrit(reglage::fond, 1);
     reglages_.ecrit(reglage::barreetat, false);
     reglages_.ecrit(reglage::langue, u"EN"_s);
@@ -154,7 +154,7 @@ TEST_F(TableReglages, WritingWhatStandsByDefaultIsNoChange) {
 
 TEST_F(TableReglages, EachSettingOfASeriesIsHeardAlone) {
     int dits = 0;
-    const auto ecoute = reglages_.surchangement(reglage::outilcommande[2].cle, [&] { ++dits; });
+    const auto ecoute = reglages_.quandchange(reglage::outilcommande[2].cle, [&] { ++dits; });
     reglages_.ecrit(reglage::outilcommande[1], u"un"_s);
     reglages_.ecrit(reglage::outilchemin[2], u"deux"_s);
     EXPECT_EQ(dits, 0);
@@ -164,7 +164,7 @@ TEST_F(TableReglages, EachSettingOfASeriesIsHeardAlone) {
 
 TEST_F(TableReglages, WhoLetsGoIsToldNoMore) {
     int dits = 0;
-    auto ecoute = reglages_.surchangement(reglage::fond.cle, [&] { ++dits; });
+    auto ecoute = reglages_.quandchange(reglage::fond.cle, [&] { ++dits; });
     reglages_.ecrit(reglage::fond, 0);
     ecoute.reset();
     reglages_.ecrit(reglage::fond, 1);
@@ -174,9 +174,9 @@ TEST_F(TableReglages, WhoLetsGoIsToldNoMore) {
 TEST_F(TableReglages, WhoIsToldMayReadWriteAndListen) {
     QStringList dits;
     Reglages::Ecoute seconde;
-    const auto premiere = reglages_.surchangement(reglage::fond.cle, [&] {
+    const auto premiere = reglages_.quandchange(reglage::fond.cle, [&] {
         dits << QString::number(reglages_.lit(reglage::fond));
-        seconde = reglages_.surchangement(reglage::fondno.cle, [&] { dits << u"no"_s; });
+        seconde = reglages_.quandchange(reglage::fondno.cle, [&] { dits << u"no"_s; });
         reglages_.ecrit(reglage::fondno, 4);
     });
     reglages_.ecrit(reglage::fond, 0);
@@ -188,7 +188,7 @@ TEST_F(TableReglages, ALineThatIsSetAsideIsNoChangeUntilItIsReplaced) {
     stocke("EDITEUR", "LARGEURSELECTION", "abc");
     EXPECT_EQ(reglages_.lit(reglage::largeurselection), 4305);
     int dits = 0;
-    const auto ecoute = reglages_.surchangement(reglage::largeurselection.cle, [&] { ++dits; });
+    const auto ecoute = reglages_.quandchange(reglage::largeurselection.cle, [&] { ++dits; });
     reglages_.note(reglage::largeurselection, 4305);
     EXPECT_EQ(dits, 0);
     EXPECT_EQ(ligne(u"EDITEUR", u"LARGEURSELECTION"), u"abc");
