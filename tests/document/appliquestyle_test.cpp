@@ -1,5 +1,6 @@
 #include "document/appliquestyle.h"
 #include "document_support.h"
+#include "tests/support/rounds.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -175,7 +176,7 @@ TEST_F(Appliquestyle, AMarkedTextIsWhatThePassesResolve) {
 TEST_F(Appliquestyle, TheCombinedChangeDoesWhatThePropertiesDoOneByOne) {
     std::mt19937 hasard(20260101);
     const auto nombre = [&hasard](int borne) { return static_cast<int>(hasard() % static_cast<unsigned>(borne)); };
-    for (int i = 0; i < 3000; ++i) {
+    for (int i = 0; i < test::rounds(3000); ++i) {
         Style& style = styles.styles[8];
         style = styled(u"b"_s, nombre(40), nombre(4) == 0);
         style.puce = nombre(2) != 0;

@@ -1,6 +1,7 @@
 // Random commands, compared after each with the step-by-step model on everything that can be seen.
 #include "navigation_modele.h"
 #include "navigation_support.h"
+#include "tests/support/rounds.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -192,9 +193,9 @@ class NavigationAuHasard : public testing::TestWithParam<int> {
 protected:
     static const Cas& cas(int i) {
         static const std::vector<Cas> tous = {
-            {{u"CO"_s, u"EU"_s, u"JP"_s, u"CL"_s, u"DI"_s}, 6, 10'000},
-            {{u"CO"_s, u"DI"_s}, 1, 10'000},
-            {{u"LT"_s}, 2, 3'000},
+            {{u"CO"_s, u"EU"_s, u"JP"_s, u"CL"_s, u"DI"_s}, 6, test::rounds(10'000)},
+            {{u"CO"_s, u"DI"_s}, 1, test::rounds(10'000)},
+            {{u"LT"_s}, 2, test::rounds(3'000)},
         };
         return tous[static_cast<std::size_t>(i)];
     }

@@ -1,6 +1,7 @@
 // The passes against their literal wording, on random texts made of tokens and of pieces of them.
 #include "document_support.h"
 #include "oracle_passes.h"
+#include "tests/support/rounds.h"
 
 #include <QElapsedTimer>
 
@@ -152,7 +153,7 @@ void compare(const Cas& cas, SourceEssai& source, const TableStyles& styles) {
 
 TEST(PassesOracle, RandomTextsComeOutAsTheLiteralWordingHasThem) {
     const bool longue = qEnvironmentVariableIntValue("VELM_LONG") != 0;
-    const int cas = longue ? 1'200'000 : 60'000;
+    const int cas = longue ? 1'200'000 : test::rounds(60'000);
     const TableStyles styles = styleshasard();
     SourceEssai source;
     for (int i = 0; i < cas; ++i) {

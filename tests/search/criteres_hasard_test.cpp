@@ -8,6 +8,7 @@
 #include "search/recherchecriteres.h"
 #include "search/remplacecodes.h"
 #include "tests/search/recherche_support.h"
+#include "tests/support/rounds.h"
 
 #include <QDate>
 #include <QFile>
@@ -294,7 +295,7 @@ void CriteresHasardTest::compare(int combien, unsigned graine) {
 TEST_F(CriteresHasardTest, FoldedTextsBodiesAndAPlainModelFindTheSameInTheSample) {
     ASSERT_NO_FATAL_FAILURE(ouvre(QStringLiteral(VELM_SOURCE_DIR "/collection/exemple")));
     ASSERT_EQ(collections.size(), static_cast<std::size_t>(nombredecollections));
-    compare(longue() ? 20'000 : 1'000, longue() ? 2004 : 4);
+    compare(longue() ? 20'000 : test::rounds(1'000), longue() ? 2004 : 4);
 }
 
 TEST_F(CriteresHasardTest, FoldedTextsBodiesAndAPlainModelFindTheSameInTheRealCollection) {
@@ -302,5 +303,5 @@ TEST_F(CriteresHasardTest, FoldedTextsBodiesAndAPlainModelFindTheSameInTheRealCo
     if (!QFile::exists(source + u"/documents.jsonl"_s))
         GTEST_SKIP() << "the real collection is not at hand";
     ASSERT_NO_FATAL_FAILURE(ouvre(source));
-    compare(longue() ? 10'000 : 150, longue() ? 2004 : 4);
+    compare(longue() ? 10'000 : test::rounds(150), longue() ? 2004 : 4);
 }

@@ -1,4 +1,5 @@
 #include "search/postings.h"
+#include "tests/support/rounds.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -68,7 +69,7 @@ QByteArray hasard(std::mt19937& moteur, int plusgrande, int alphabet, bool regul
 
 TEST(PostingsTest, TheFastFormsEqualTheRulesOnRandomLists) {
     std::mt19937 moteur(7);
-    const int rondes = qEnvironmentVariableIsSet("VELM_LONG") ? 1'000'000 : 60'000;
+    const int rondes = qEnvironmentVariableIsSet("VELM_LONG") ? 1'000'000 : test::rounds(60'000);
     for (int ronde = 0; ronde < rondes; ++ronde) {
         const int alphabet = 2 + ronde % 5;
         const bool reguliere = ronde % 7 != 0;
@@ -81,7 +82,7 @@ TEST(PostingsTest, TheFastFormsEqualTheRulesOnRandomLists) {
 
 TEST(PostingsTest, TheUnionOfManyListsEqualsJoiningThemInPairs) {
     std::mt19937 moteur(11);
-    for (int ronde = 0; ronde < 4'000; ++ronde) {
+    for (int ronde = 0; ronde < test::rounds(4'000); ++ronde) {
         UnionDeListes rapide;
         QByteArray litterale;
         const int nombre = ronde % 12;
@@ -133,7 +134,7 @@ TEST(PostingsTest, OnlyPostingsOfTheWantedLettersStay) {
 TEST(PostingsTest, ListsAreSortedByLengthWithTheirCompanions) {
     std::mt19937 moteur(3);
     const auto hasardentre0et1 = [&] { return std::uniform_real_distribution<double>(0, 1)(moteur); };
-    for (int ronde = 0; ronde < 2'000; ++ronde) {
+    for (int ronde = 0; ronde < test::rounds(2'000); ++ronde) {
         const int nombre = ronde % 21;
         std::vector<QByteArray> listes(21);
         std::vector<QString> mots(21);

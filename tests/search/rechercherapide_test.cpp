@@ -4,6 +4,7 @@
 #include "search/remplacecodes.h"
 #include "search/texteenmajuscules.h"
 #include "tests/search/recherche_support.h"
+#include "tests/support/rounds.h"
 
 #include <random>
 
@@ -244,7 +245,7 @@ TEST(TexteEnMajusculesTest, SearchingInPlaceEqualsSearchingTheUpperCasedText) {
             texte += alphabet[std::uniform_int_distribution<qsizetype>(0, alphabet.size() - 1)(moteur)];
         return texte;
     };
-    for (int ronde = 0; ronde < 20'000; ++ronde) {
+    for (int ronde = 0; ronde < test::rounds(20'000); ++ronde) {
         const QString cherche = hasard(3);
         TexteEnMajuscules texte(cherche);
         // Surrogates that stand alone become something else on the way: the base holds what comes of them.

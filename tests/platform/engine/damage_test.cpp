@@ -2,6 +2,7 @@
 #include "core/schemas.h"
 #include "tests/platform/engine/base.h"
 #include "tests/platform/engine/exercise.h"
+#include "tests/support/rounds.h"
 
 #include <QFile>
 
@@ -96,9 +97,9 @@ TEST_F(DamageTest, TruncatedBehindAHeaderThatDoesNotTellItEndsInARunTimeError) {
     EXPECT_GT(outcomes[Outcome::Ended], 0);
 }
 
-TEST_F(DamageTest, FiveHundredFlippedBytes) {
+TEST_F(DamageTest, FlippedBytes) {
     std::mt19937 random(1);
-    for (int round = 0; round < 500; ++round) {
+    for (int round = 0; round < velm::test::rounds(500); ++round) {
         QByteArray damaged = whole;
         const int flips = 1 + static_cast<int>(random() % 8);
         for (int i = 0; i < flips; ++i) {

@@ -1,5 +1,6 @@
 #include "platform/richtext/find.h"
 #include "platform/text/letters.h"
+#include "tests/support/rounds.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -104,7 +105,7 @@ TEST(Find, RepetitiveTextsDoNotSlowTheSearchDown) {
 TEST(Find, RepetitiveTextsAreSearchedExactly) {
     std::mt19937 random(11);
     const auto number = [&random](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
-    for (int round = 0; round < 2000; ++round) {
+    for (int round = 0; round < test::rounds(2000); ++round) {
         // Long runs of one letter, so that false starts abound and the search changes its method.
         const int rarity = number(2, 200);
         QString text;
@@ -142,7 +143,7 @@ TEST(Find, EqualsTheDefinitionInBothFormsOnRandomTexts) {
     std::mt19937 random(7);
     const auto number = [&random](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
     const QString letters = QStringLiteral("aAaAbéÉ -1\uFFFC\u2019ſs\u00FFµ");
-    for (int round = 0; round < 20000; ++round) {
+    for (int round = 0; round < test::rounds(20000); ++round) {
         QString text;
         for (int i = number(0, 60); i > 0; --i)
             text += letters[number(0, static_cast<int>(letters.size()) - 1)];

@@ -1,6 +1,7 @@
 // Random changes against the oracle, with small texts full of line ends so that every seam is met.
 #include "platform/richtext/richtext.h"
 #include "richtext_naive.h"
+#include "tests/support/rounds.h"
 
 #include <QStringList>
 
@@ -190,7 +191,7 @@ private:
 TEST(RichTextRandom, ManyChangesKeepTextAndFormatsAsTheNaiveModelHasThem) {
     for (unsigned seed = 0; seed < 60; ++seed) {
         Player player(seed);
-        player.play(2000);
+        player.play(test::rounds(2000));
         ASSERT_FALSE(::testing::Test::HasFailure()) << "seed " << seed;
     }
 }
