@@ -13,9 +13,11 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QSplitter>
 #include <QStandardPaths>
 #include <QStyle>
 #include <QTreeView>
@@ -186,6 +188,18 @@ void layOutColumns(const QFileDialog& dialog) {
     header->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
+/// The places beside the list have the width of their names, up to a third of the dialog, also where another was kept.
+void layOutPlaces(const QFileDialog& dialog) {
+    auto* const parts = dialog.findChild<QSplitter*>(u"splitter"_s);
+    const auto* const places = dialog.findChild<QListView*>(u"sidebar"_s);
+    if (parts == nullptr || places == nullptr)
+        return;
+    constexpr int air = 16; // behind the longest name
+    const int wanted = places->sizeHintForColumn(0) + 2 * places->frameWidth() + air;
+    const int width = std::min(wanted, dialog.width() / 3);
+    parts->setSizes({width, dialog.width() - width});
+}
+
 void prepare(QFileDialog& dialog, const ChoixFichier& choix, const QString& last) {
     QStringList filters;
     for (const Filtre& filtre : lisfiltres(choix.filtre)) {
@@ -247,6 +261,7 @@ std::optional<QString> QtDialogues::run(QFileDialog& dialog, const ChoixFichier&
     prepare(dialog, choix, lastFolder_);
     layOutColumns(dialog);
     keepOnScreen(dialog);
+    layOutPlaces(dialog);
     raiseAboveOwner(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;

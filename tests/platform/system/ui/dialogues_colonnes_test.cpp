@@ -6,6 +6,7 @@
 #include <QDeadlineTimer>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QListView>
 #include <QScreen>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -32,10 +33,30 @@ TEST(FichiersQt, OnALowScreenTheButtonsOfADialogAreOnIt) {
     });
     EXPECT_FALSE(dialogs.openFile({u"Trouver"_s, QDir::tempPath(), {}, {}, {}}));
     QApplication::setFont(usual);
-    // The side bar was as wide as this font wants it, which the next dialog would remember.
-    QSettings(QSettings::UserScope, u"QtProject"_s).remove(u"FileDialog"_s);
     ASSERT_TRUE(place.isValid());
     EXPECT_LT(place.height(), screen.height());
+}
+
+TEST(FichiersQt, ThePlacesBesideTheListAreAsWideAsTheirNames) {
+    for (const int kept : {20, 400}) {
+        QSettings settings(QSettings::UserScope, u"QtProject"_s);
+        settings.setValue(u"FileDialog/sidebarWidth"_s, kept);
+        settings.sync();
+        QtDialogues dialogs;
+        int width = 0;
+        int names = 0;
+        int whole = 0;
+        const auto hands = test::whenShown<QFileDialog>([&](QFileDialog& dialog) {
+            const auto* const places = dialog.findChild<QListView*>(u"sidebar"_s);
+            width = places->width();
+            names = places->sizeHintForColumn(0);
+            whole = dialog.width();
+            dialog.reject();
+        });
+        EXPECT_FALSE(dialogs.openFile({u"Trouver"_s, QDir::tempPath(), {}, {}, {}}));
+        EXPECT_GT(width, names) << kept;
+        EXPECT_LE(width, whole / 3 + 1) << kept;
+    }
 }
 
 TEST(FichiersQt, NamesHaveTheRoomThatTheOtherColumnsLeave) {
