@@ -8,6 +8,7 @@
 #include "shell/selection.h"
 #include "shell/volet.h"
 #include "tests/shell/ecran_support.h"
+#include "tests/support/rounds.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -51,14 +52,15 @@ protected:
     const ListeSelection& liste() const { return programme->selection().liste(); }
 };
 
+constexpr int nombreuses = test::rounds(120'000);
+
 /// Enough documents for a search to give the window its turns.
 class LongueRechercheTest : public RecherchesCadreTest {
 protected:
     std::vector<DocumentEssai> documents() const override {
-        constexpr int nombre = 120'000;
         std::vector<DocumentEssai> tous;
-        tous.reserve(nombre);
-        for (int numero = 1; numero <= nombre; ++numero)
+        tous.reserve(nombreuses);
+        for (int numero = 1; numero <= nombreuses; ++numero)
             tous.push_back({u"CO"_s + sixchiffres(numero), u"Contrat de vente"_s, {}});
         return tous;
     }
@@ -242,7 +244,7 @@ TEST_F(LongueRechercheTest, TheWindowAnswersWhileASearchRuns) {
     QObject::connect(&horloge, &QTimer::timeout, &horloge, [&tours] { ++tours; });
     cherche([&] { horloge.start(1); });
     EXPECT_GT(tours, 1);
-    EXPECT_EQ(liste().lignes(), 120'000);
+    EXPECT_EQ(liste().lignes(), nombreuses);
 }
 
 TEST_F(LongueRechercheTest, ClosingTheFormInTheMiddleKeepsWhatWasFound) {
@@ -251,7 +253,7 @@ TEST_F(LongueRechercheTest, ClosingTheFormInTheMiddleKeepsWhatWasFound) {
     cherche([&] { formulaire()->close(); });
     EXPECT_FALSE(montre());
     EXPECT_GT(liste().lignes(), 0);
-    EXPECT_LT(liste().lignes(), 120'000);
+    EXPECT_LT(liste().lignes(), nombreuses);
     EXPECT_EQ(programme->selection().flex().rows(), liste().rows());
     EXPECT_TRUE(programme->selection().flex().isVisible());
     EXPECT_TRUE(barre().isButtonEnabled(u"sauvercritères"_s));
@@ -276,7 +278,7 @@ TEST_F(LongueRechercheTest, ClosingTheProgramDuringEverySearchEndsIt) {
             const auto base = Database::open(dossier.filePath(u"velm2000.dat"_s), OpenMode::Shared, corpusSchema());
             const auto dico = base.database->openTable(u"dico"_s);
             QByteArray postes;
-            for (int numero = 1; numero <= 60'000; ++numero)
+            for (int numero = 1; numero <= nombreuses / 2; ++numero)
                 postes += QByteArray("A") + char(numero >> 16 & 0xFF) + char(numero >> 8 & 0xFF) + char(numero & 0xFF);
             dico->addNew();
             dico->setValue(u"mot"_s, u"VENTE"_s);

@@ -2,6 +2,7 @@
 #include "core/langue.h"
 #include "platform/widgets/look/look.h"
 #include "tests/search/ui/formulaire_support.h"
+#include "tests/support/rounds.h"
 
 #include <QLabel>
 
@@ -85,7 +86,7 @@ protected:
 TEST_P(LargeursTest, NoControlLiesOnAnotherAtAnyWidth) {
     for (const Onglet celui : {Onglet::Rapide, Onglet::Criteres, Onglet::Mots}) {
         onglet(celui);
-        for (int largeur = plusetroite; largeur <= pluslarge; ++largeur) {
+        for (int largeur = plusetroite; largeur <= pluslarge; largeur += oneInHowMany) {
             ASSERT_NO_FATAL_FAILURE(elargit(largeur));
             ASSERT_NO_FATAL_FAILURE(verifie()) << "tab " << static_cast<int>(celui);
         }
