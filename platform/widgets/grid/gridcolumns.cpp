@@ -6,6 +6,8 @@
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 namespace velm {
 namespace {
 
@@ -38,9 +40,8 @@ GridColumns::GridColumns(GridModel& model, GridView& view) : model_(model), view
 }
 
 std::vector<int> GridColumns::order() const {
-    std::vector<int> columns;
-    for (int place = 0; place < count(); ++place)
-        columns.push_back(logical(place));
+    std::vector<int> columns(static_cast<std::size_t>(count()));
+    std::ranges::generate(columns, [this, place = 0]() mutable { return logical(place++); });
     return columns;
 }
 
