@@ -23,6 +23,8 @@ public:
     virtual Nature nature() const = 0;
     /// Key of the document that it shows, as the run's end records it; empty for none.
     virtual QString reference() const { return {}; }
+    /// Its slot; -1 for a window that has none.
+    virtual int indice() const { return -1; }
 
     /// Whether a command has something to work on in it now.
     virtual bool peut(Ordre ordre) const = 0;

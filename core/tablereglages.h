@@ -95,6 +95,22 @@ inline constexpr Serie<ReglageTexte> fenetrecolonnes{{{u"POSITIONFORME", u"ORDRE
 inline constexpr Serie<ReglageTexte> fenetrelargeurs{
     {{u"POSITIONFORME", u"LARGEURCOLONNE#"}, u"002000002000002000002000", Maitre::Non}};
 
+// ---- the windows of lists: places by the order of their commands, then what each of them shows
+inline constexpr Serie<ReglageLibre> listeetat{{{u"POSITIONFORME", u"LISTESTATE#"}, 0}};
+inline constexpr Serie<ReglageLibre> listegauche{{{u"POSITIONFORME", u"LISTELEFT#"}, 0}};
+inline constexpr Serie<ReglageLibre> listehaut{{{u"POSITIONFORME", u"LISTETOP#"}, 0}};
+inline constexpr Serie<ReglageLibre> listelargeur{{{u"POSITIONFORME", u"LISTEWIDTH#"}, 0}};
+inline constexpr Serie<ReglageLibre> listehauteur{{{u"POSITIONFORME", u"LISTEHEIGHT#"}, 0}};
+/// A "1" for each collection that is shown, a "0" for each that is not.
+inline constexpr ReglageTexte indexstatut{{u"INDEX", u"STATUS"}, u"11111111111", Maitre::Non};
+inline constexpr ReglageTexte indexcolonnes{{u"INDEX", u"ORDRECOLONNE"}, u"540123", Maitre::Non};
+inline constexpr ReglageTexte indexlargeurs{
+    {u"INDEX", u"LARGEURCOLONNE"}, u"000500001000003000002000002000002000", Maitre::Non};
+inline constexpr ReglageTexte chronostatut{{u"CHRONO", u"STATUS"}, u"11111111111", Maitre::Non};
+inline constexpr ReglageTexte chronocolonnes{{u"CHRONO", u"ORDRECOLONNE"}, u"9870123", Maitre::Non};
+inline constexpr ReglageTexte chronolargeurs{
+    {u"CHRONO", u"LARGEURCOLONNE"}, u"000700001000000700003000002000002000002000", Maitre::Non};
+
 // ---- searches
 inline constexpr ReglageEntier marquecouleur{{u"RECHERCHE", u"MARQUECOULEUR"}, 0x8000FF, Maitre::Oui};
 inline constexpr ReglageEntier marquebold{{u"RECHERCHE", u"MARQUEBOLD"}, 1, Maitre::Oui};

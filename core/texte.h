@@ -60,6 +60,9 @@ enum class Texte : int {
     ColonneMotCle2 = 302,
     ColonneMotCle3 = 303,
     ColonneReference = 304,
+    ColonneJour = 307,
+    ColonneMois = 308,
+    ColonneAnnee = 309,
     // ---- start, exit and language
     QuestionQuitter = 400,
     TitreQuitter = 401,
@@ -290,6 +293,10 @@ enum class Texte : int {
     CritereRechercherDans = 9138,
     CritereCollections = 9139,
     CritereEtendue = 9140,
+    // ---- windows of lists
+    TitreIndex = 9150,
+    TitreChrono = 9151,
+    CollectionsDeLaListe = 9157,
     // ---- answers
     ReponseOui = 9270,
     ReponseNon = 9271,
@@ -592,7 +599,15 @@ enum class Texte : int {
     LigneEtiquetee = 9788,
     ToucheEntree = 9789,
     RegrouperSansRepetition = 9790,
-    TrouvePour = 9791
+    TrouvePour = 9791,
+    CopierLesLignes = 9800,
+    MettreDansLaSelection = 9801,
+    DocumentsParAnnee = 9802,
+    AvancementDeLaListe = 9803,
+    EntreDesAnnees = 9804,
+    CommandeIndex = 9805,
+    CommandeChrono = 9806,
+    OptionsDesDates = 9807
 };
 
 // ---- texts by their rank

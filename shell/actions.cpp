@@ -55,7 +55,7 @@ QAction* Actions::nouvelle(Ordre ordre, int rang, const Libelles& texte,
     if (!ligne.image.isEmpty())
         action->setIcon(image(imagede(ordre, rang)));
     action->setCheckable(ligne.forme == Forme::Bascule || ligne.forme == Forme::Choix);
-    action->setEnabled(besoinde(ordre, rang) == Besoin::Rien);
+    action->setEnabled(lignede(ordre).besoin == Besoin::Rien);
     action->setVisible(!commencecache(ordre));
     action->setShortcut(QKeySequence::fromString(ligne.touche.toString(), QKeySequence::PortableText));
     connect(action, &QAction::triggered, this, [this, action, ordre, rang] {

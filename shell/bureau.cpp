@@ -193,8 +193,8 @@ void Bureau::majdispositions() {
 
 void Bureau::suitactive() {
     actions_.suit(devant());
-    const Textes* textes = active();
-    actions_.choisit(Ordre::Fenetre, textes ? textes->indice() : -1);
+    const FenetreFille* celle = devant();
+    actions_.choisit(Ordre::Fenetre, celle ? celle->indice() : -1);
     for (const Ordre ordre : {Ordre::FenetreSuivante, Ordre::ToutFermer})
         actions_.permet(ordre, devant() != nullptr);
     if (!enfermeture_)

@@ -12,6 +12,7 @@
 #include "shell/entreesfenetres.h"
 #include "shell/fabriquetextes.h"
 #include "shell/fenetresannexes.h"
+#include "shell/fenetreslistes.h"
 #include "shell/lignedetat.h"
 #include "shell/logique/premierzoom.h"
 #include "shell/motsdesoutils.h"
@@ -48,6 +49,7 @@ void CadrePrincipal::decharge() {
     entrees_.reset();
     etat_.reset();
     zoom_.reset();
+    listes_.reset();
     annexes_.reset();
     recherches_.reset();
     selection_.reset();
@@ -89,6 +91,8 @@ QString CadrePrincipal::chargeprincipale() {
     annexes_ = std::make_unique<FenetresAnnexes>(
         *ecran_, *bureau_,
         FenetresAnnexes::Donnees{donnees_.reglages, donnees_.corpus, donnees_.seance, donnees_.monde, texte});
+    listes_ = std::make_unique<FenetresListes>(FenetresListes::Donnees{
+        aire, actions, *bureau_, *selection_, donnees_.reglages, donnees_.corpus, donnees_.monde, texte});
     chargedevant();
     chargecommandes();
     chargeaspect();
@@ -119,8 +123,8 @@ void CadrePrincipal::chargecommandes() {
     const Seance& seance = donnees_.seance;
     Actions& actions = ecran_->pieces().actions;
     commandes_ = std::make_unique<Commandes>(Commandes::Acteurs{
-        *ecran_, actions, *bureau_, barres_, donnees_.reglages, selection_->controle(), *recherches_, *annexes_, *zoom_,
-        [this] { donnees_.fin.quitteprogramme(); }, [this] { donnees_.aide.ouvre(); }});
+        *ecran_, actions, *bureau_, barres_, donnees_.reglages, selection_->controle(), *recherches_, *annexes_,
+        *listes_, *zoom_, [this] { donnees_.fin.quitteprogramme(); }, [this] { donnees_.aide.ouvre(); }});
     const bool une = seance.parametres().multifenetre != 0;
     bureau_->navigation().changeunefenetre(une);
     actions.coche(Ordre::UneFenetre, une);

@@ -28,6 +28,7 @@ class EntreesFenetres;
 class FabriqueTextes;
 class FenetreFille;
 class FenetresAnnexes;
+class FenetresListes;
 class LigneDEtat;
 class MotsDesOutils;
 class Recherches;
@@ -57,6 +58,7 @@ public:
     Selection& selection() const { return *selection_; }
     Recherches& recherches() const { return *recherches_; }
     FenetresAnnexes& annexes() const { return *annexes_; }
+    FenetresListes& listes() const { return *listes_; }
     Commandes& commandes() const { return *commandes_; }
     Depart& depart() const { return *depart_; }
     /// Out of the icon, to the front, as large as it was before.
@@ -95,6 +97,7 @@ private:
     std::unique_ptr<Selection> selection_;
     std::unique_ptr<Recherches> recherches_;
     std::unique_ptr<FenetresAnnexes> annexes_;
+    std::unique_ptr<FenetresListes> listes_;
     const FenetreFille* devant_ = nullptr; ///< of the windows that are read, that in front; only for comparing
     std::unique_ptr<ZoomTextes> zoom_;
     std::unique_ptr<LigneDEtat> etat_;

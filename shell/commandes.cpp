@@ -10,6 +10,7 @@
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
 #include "shell/fenetresannexes.h"
+#include "shell/fenetreslistes.h"
 #include "shell/logique/commandes.h"
 #include "shell/logique/placesdesbarres.h"
 #include "shell/recherches.h"
@@ -23,6 +24,7 @@ namespace velm {
 Commandes::Commandes(const Acteurs& acteurs) : acteurs_(acteurs) {
     apprendfenetres();
     apprendcadre();
+    apprendlistes();
     apprenddispositions();
     apprendbarres();
     apprendliste();
@@ -64,9 +66,27 @@ void Commandes::apprendcadre() {
         const QString cle = bureau.navigation().derniersdocuments().at(static_cast<std::size_t>(rang));
         bureau.navigation().ouvre(decoupecle(cle), {.replier = true});
     });
-    sur(Ordre::Collection, [&bureau](int rang) { bureau.basculeslot(rang); });
-    sur(Ordre::Fenetre, [&bureau](int rang) { bureau.amene(rang); });
     sur(Ordre::UneFenetre, [this](int) { changeunefenetre(!acteurs_.bureau.navigation().unefenetre()); });
+}
+
+/// The index has a slot behind those of the collections, and is no document window.
+void Commandes::apprendlistes() {
+    Bureau& bureau = acteurs_.bureau;
+    FenetresListes& listes = acteurs_.listes;
+    for (const Ordre ordre : {Ordre::Index, Ordre::Chrono})
+        sur(ordre, [&listes, ordre](int) { listes.bascule(ordre); });
+    sur(Ordre::Collection, [&bureau, &listes](int rang) {
+        if (rang < nombredecollections)
+            bureau.basculeslot(rang);
+        else
+            listes.bascule(Ordre::Index);
+    });
+    sur(Ordre::Fenetre, [&bureau, &listes](int rang) {
+        if (rang < nombredecollections)
+            bureau.amene(rang);
+        else
+            listes.amene(Ordre::Index);
+    });
 }
 
 void Commandes::apprenddispositions() {

@@ -15,6 +15,7 @@ class Bureau;
 class ControleListe;
 class Ecrangeneral;
 class FenetresAnnexes;
+class FenetresListes;
 class Recherches;
 class ZoomTextes;
 
@@ -32,6 +33,7 @@ public:
         ControleListe& liste;
         Recherches& recherches;
         FenetresAnnexes& annexes;
+        FenetresListes& listes;
         ZoomTextes& zoom;
         std::function<void()> quitte;
         std::function<void()> aide;
@@ -48,6 +50,7 @@ private:
     using Fait = std::function<void(int rang)>;
     void sur(Ordre ordre, Fait fait) { faits_.at(static_cast<std::size_t>(ordre)) = std::move(fait); }
     void apprendfenetres();
+    void apprendlistes();
     void apprendcadre();
     void apprenddispositions();
     void apprendbarres();

@@ -10,6 +10,7 @@
 
 #include <QCloseEvent>
 #include <QMenu>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -26,33 +27,40 @@ const QString panneaucompte = u"nombre"_s;
 } // namespace
 
 FenetreListe::FenetreListe(const DescriptionListe& description, const ContexteListe& contexte, QWidget* parent)
-    : QWidget(parent), contexte_(contexte), cles_(description.cles), colonnes_(description.colonnes, contexte.texte),
-      barre_(new Toolbar(this)), flex_(new FlexGrid(this)), etat_(new StatusBar(this)), menu_(new QMenu(this)),
-      documents_(*flex_, colonnes_, {.suitletri = true}) {
+    : QWidget(parent), contexte_(contexte), cles_(description.cles), indice_(description.indice),
+      copiable_(description.copiable), colonnes_(description.colonnes, contexte.texte), barre_(new Toolbar(this)),
+      flex_(new FlexGrid(this)), etat_(new StatusBar(this)), menu_(new QMenu(this)),
+      disposition_(new QVBoxLayout(this)), documents_(*flex_, colonnes_, description.usage) {
     setObjectName(description.nom);
     setWindowTitle(description.titre);
     flex_->setObjectName(u"flex"_s);
     flex_->setAccessibleName(description.titre);
     flex_->setEmptyText(contexte_.texte(Texte::ListeSansDocument));
     etat_->addPanel(panneaucompte, 1);
-    auto* colonne = new QVBoxLayout(this);
-    colonne->setContentsMargins({});
-    colonne->setSpacing(0);
-    colonne->addWidget(barre_);
-    colonne->addWidget(flex_, 1);
-    colonne->addWidget(etat_);
+    disposition_->setContentsMargins({});
+    disposition_->setSpacing(0);
+    disposition_->addWidget(barre_);
+    disposition_->addWidget(flex_, 1);
+    disposition_->addWidget(etat_);
     litcolonnes(contexte_.reglages, cles_, colonnes_);
     documents_.montrecolonnes();
     flex_->hide();
-    construitbarre();
+    construitbarre(description);
     construitmenu();
     connecte();
 }
 
-void FenetreListe::construitbarre() {
+void FenetreListe::insere(QWidget* dessus) {
+    disposition_->insertWidget(disposition_->indexOf(flex_), dessus);
+}
+
+void FenetreListe::construitbarre(const DescriptionListe& description) {
     barre_->setObjectName(u"barre_cran"_s);
+    if (description.garnit)
+        description.garnit(*barre_);
     barre_->addButton(boutonregrouper, Toolbar::Kind::Check, u"regrouper"_s);
-    regroupe(false);
+    barre_->setValue(boutonregrouper, description.regroupee);
+    regroupe(description.regroupee);
     connect(barre_, &Toolbar::buttonClicked, this, [this](const QString& cle) {
         if (cle == boutonregrouper)
             regroupe(barre_->value(cle));
@@ -67,17 +75,23 @@ void FenetreListe::construitmenu() {
         connect(action, &QAction::triggered, this, acte);
     };
     entree(u"ContextMenuOuvrir"_s, Texte::OuvrirDeLaListe, u"ouvrir"_s, &FenetreListe::ouvre);
+    entree(u"ContextMenuCopier"_s, Texte::CopierLesLignes, u"Copier"_s, &FenetreListe::copielignes);
+    if (contexte_.selectionne)
+        entree(u"ContextMenuSelection"_s, Texte::MettreDansLaSelection, u"Rechercher"_s, &FenetreListe::selectionne);
     entree(u"ContextMenuPrint"_s, Texte::MenuImprimerLaListe, u"imprimercritères"_s, &FenetreListe::imprime);
 }
 
 void FenetreListe::connecte() {
     connect(&documents_, &GrilleDocuments::ouvertes, this, &FenetreListe::ouvretous);
-    connect(&documents_, &GrilleDocuments::trivoulu, this,
-            [this](int place) { travaille([this, place] { documents_.trie(place); }); });
-    connect(&documents_, &GrilleDocuments::menuvoulu, this, [this](const QPoint& ou) {
-        if (flex_->row() > 0)
-            menu_->popup(ou);
-    });
+    connect(&documents_, &GrilleDocuments::trivoulu, this, [this](int place) { trie(place); });
+    connect(&documents_, &GrilleDocuments::menuvoulu, this, &FenetreListe::montremenu);
+    connect(new QShortcut(Qt::Key_F5, this, Qt::WidgetWithChildrenShortcut), &QShortcut::activated, this,
+            [this] { actualise(); });
+}
+
+void FenetreListe::montremenu(const QPoint& ou) {
+    if (flex_->row() > 0)
+        menu_->popup(ou);
 }
 
 void FenetreListe::regroupe(bool enfonce) {
@@ -92,12 +106,20 @@ void FenetreListe::regroupe(bool enfonce) {
 void FenetreListe::remplit(const std::function<std::unique_ptr<SourceDocuments>()>& source) {
     travaille([this, &source] { documents_.recharge(source()); });
     flex_->setVisible(documents_.source() != nullptr);
+    ditlignes();
+}
+
+void FenetreListe::ditlignes() {
     ditcompte();
     if (surchangement)
         surchangement();
 }
 
-void FenetreListe::travaille(const std::function<void()>& travail) {
+void FenetreListe::trie(int place) {
+    travaille([this, place] { documents_.trie(place); });
+}
+
+bool FenetreListe::travaille(const std::function<void()>& travail) {
     constexpr auto sansmemoire = Texte::ListeIncomplete;
     constexpr auto titre = Texte::NomDuProgramme;
     const bool suffit = withinMemory([&] {
@@ -106,6 +128,7 @@ void FenetreListe::travaille(const std::function<void()>& travail) {
     });
     if (!suffit)
         contexte_.dialogues.message(contexte_.texte(sansmemoire), contexte_.texte(titre), Icone::Exclamation);
+    return suffit;
 }
 
 void FenetreListe::ditcompte() {
@@ -135,6 +158,17 @@ void FenetreListe::copie() {
     contexte_.pressepapiers.pose({flex_->clip(), {}, {}});
 }
 
+void FenetreListe::copielignes() {
+    flex_->copySelection();
+}
+
+void FenetreListe::selectionne() {
+    const auto [premiere, derniere] = flex_->selectedRows();
+    const std::vector<Cle> choisies = documents_.cles(premiere, derniere);
+    if (contexte_.selectionne && !choisies.empty())
+        contexte_.selectionne(choisies);
+}
+
 void FenetreListe::imprime() {
     if (flex_->rows() > 1 && veutimprimer(contexte_.dialogues, contexte_.texte))
         imprimeliste(documents_.tableau(titreimprime(contexte_.texte)), contexte_.imprimante, contexte_.sablier,
@@ -145,10 +179,12 @@ void FenetreListe::imprime() {
 
 bool FenetreListe::peut(Ordre ordre) const {
     return flex_->rows() > 1 &&
-           (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Imprimer);
+           ((ordre == Ordre::Copier && copiable_) || ordre == Ordre::ToutSelectionner || ordre == Ordre::Imprimer);
 }
 
 void FenetreListe::fait(Ordre ordre) {
+    if (!peut(ordre))
+        return;
     if (ordre == Ordre::Copier)
         copie();
     else if (ordre == Ordre::ToutSelectionner)
@@ -160,6 +196,8 @@ void FenetreListe::fait(Ordre ordre) {
 void FenetreListe::ecritreglages() {
     documents_.releve();
     ecritcolonnes(contexte_.reglages, cles_, colonnes_);
+    if (contexte_.noteplace)
+        contexte_.noteplace(*this);
 }
 
 void FenetreListe::decharge() {

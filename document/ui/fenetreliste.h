@@ -15,6 +15,7 @@
 #include <memory>
 
 class QMenu;
+class QVBoxLayout;
 
 namespace velm {
 
@@ -30,6 +31,10 @@ struct ContexteListe {
     Sablier& sablier;
     Libelles texte;                            ///< of the language file
     std::function<void(const Cle& cle)> ouvre; ///< opens a document
+    /// Makes documents the selection list; without it the menu does not offer that.
+    std::function<void(const std::vector<Cle>& cles)> selectionne = {};
+    /// Keeps the place of a window; may be empty.
+    std::function<void(const QWidget& fenetre)> noteplace = {};
 };
 
 /// What tells one list from another.
@@ -38,6 +43,12 @@ struct DescriptionListe {
     QString titre; ///< its caption
     ModeleColonnes colonnes;
     ClesColonnes cles; ///< where the columns are kept from one run to the next
+    GrilleDocuments::Usage usage = {.suitletri = true};
+    bool regroupee = false; ///< equal neighbours are shown as one at first
+    bool copiable = true;   ///< the frame's command of copying takes all rows
+    int indice = -1;        ///< the window's slot; none
+    /// Puts what the bar has of its own before the button that merges; may be empty.
+    std::function<void(Toolbar& barre)> garnit = {};
 };
 
 class FenetreListe : public QWidget, public FenetreFille {
@@ -54,16 +65,23 @@ public:
     /// as it is, and what is selected and in sight stays so. Null for a list of nothing: the grid hides. Where the
     /// memory does not suffice for the source this is said, and the list stays as it was.
     void remplit(const std::function<std::unique_ptr<SourceDocuments>()>& source);
+    /// Fills the list anew from the base, where there is a way to.
+    virtual void actualise() {}
 
     /// Opens the selected documents one after the other; more than fifty after a question.
     void ouvre();
     /// All rows on the clipboard: tabs between cells, CR between rows. They are selected then.
     void copie();
+    /// The selected rows on the clipboard as a table, in text and HTML, as the copy key does.
+    void copielignes();
+    /// The documents of the selected rows become the selection list.
+    void selectionne();
     /// Prints all rows, after a question.
     void imprime();
 
     // ---- what the frame knows of it. It copies, selects and prints all its rows.
     Nature nature() const override { return Nature::Liste; }
+    int indice() const override { return indice_; }
     bool peut(Ordre ordre) const override;
     void fait(Ordre ordre) override;
     void ecritreglages() override;
@@ -76,22 +94,37 @@ protected:
     void closeEvent(QCloseEvent* evenement) override;
     void focusInEvent(QFocusEvent* evenement) override;
 
+    // ---- for the lists that have more
+    const ContexteListe& contexte() const { return contexte_; }
+    GrilleDocuments& documents() { return documents_; }
+    /// Sorts by a column, as its header asks.
+    virtual void trie(int place);
+    /// Puts a control between the bar and the rows.
+    void insere(QWidget* dessus);
+    /// The rows are there, or gone: the line and the frame follow.
+    void ditlignes();
+    /// Under the wait cursor. False where the memory does not suffice, which is said.
+    bool travaille(const std::function<void()>& travail);
+
 private:
-    void construitbarre();
+    void construitbarre(const DescriptionListe& description);
     void construitmenu();
+    void montremenu(const QPoint& ou);
     void connecte();
     void regroupe(bool enfonce);
     void ouvretous(const std::vector<Cle>& cles);
-    void travaille(const std::function<void()>& travail);
     void ditcompte();
 
     ContexteListe contexte_;
     ClesColonnes cles_;
+    int indice_;
+    bool copiable_;
     Colonnes colonnes_;
     Toolbar* barre_;
     FlexGrid* flex_;
     StatusBar* etat_;
     QMenu* menu_;
+    QVBoxLayout* disposition_;
     GrilleDocuments documents_;
     bool decharge_ = false;
 };

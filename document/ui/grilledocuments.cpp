@@ -119,12 +119,18 @@ std::vector<Cle> GrilleDocuments::cles(int premiere, int derniere) const {
 
 // ---- order
 
-std::pair<int, bool> GrilleDocuments::tri() const {
+GrilleDocuments::Tri GrilleDocuments::tri() const {
     for (int colonne = 0; colonne < flex_.cols(); ++colonne) {
         if (flex_.sortMark(colonne) != FlexGrid::Mark::None)
             return {colonne, flex_.sortMark(colonne) == FlexGrid::Mark::Descending};
     }
-    return {-1, false};
+    return {};
+}
+
+int GrilleDocuments::colonnesource(int colonne) const {
+    const std::vector<ModeleColonne>& modele = colonnes_.modele().colonnes;
+    const auto la = std::ranges::find(modele, colonnes_.champ(colonne), &ModeleColonne::champ);
+    return la == modele.end() ? -1 : static_cast<int>(la - modele.begin());
 }
 
 void GrilleDocuments::trie(int colonne) {
@@ -143,12 +149,9 @@ void GrilleDocuments::effacemarques() {
 /// Puts a row on top, and then selects that of a document, which is seen in any case.
 void GrilleDocuments::choisit(const Cle& voulue, int haut) {
     flex_.setTopRow(std::clamp(haut, 1, std::max(flex_.rows() - 1, 1)));
-    if (voulue.vide())
-        return;
-    for (int ligne = 1; ligne < flex_.rows(); ++ligne) {
-        if (cle(ligne) == voulue)
-            return flex_.setRow(ligne);
-    }
+    const SourceDocuments* celle = source();
+    if (const int rang = celle && !voulue.vide() ? celle->rang(voulue) : -1; rang >= 0)
+        flex_.setRow(rang + 1);
 }
 
 // ---- changes in the rows

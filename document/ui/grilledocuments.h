@@ -62,6 +62,14 @@ public:
     std::vector<Cle> cles(int premiere, int derniere) const;
 
     // ---- order
+    struct Tri {
+        int colonne = -1; ///< none
+        bool descendant = false;
+    };
+    /// The column that bears the mark.
+    Tri tri() const;
+    /// Which column of the source stands in a place; -1 for none.
+    int colonnesource(int colonne) const;
     /// By a column upwards, or downwards where it is sorted upwards; it alone bears a mark then.
     void trie(int colonne);
 
@@ -85,7 +93,6 @@ signals:
 private:
     void presse(int ligne, int colonne);
     void pressemenu(int ligne, const QPoint& ou);
-    std::pair<int, bool> tri() const;
     void effacemarques();
     void choisit(const Cle& cle, int haut);
 

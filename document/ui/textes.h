@@ -25,7 +25,7 @@ public:
     Textes(int indice, const ContexteTextes& contexte, QWidget* parent = nullptr);
     ~Textes() override;
 
-    int indice() const { return indice_; }
+    int indice() const override { return indice_; }
     /// Where the settings want it, for the frame to place it before it is shown.
     PlaceTextes placevoulue() const;
     /// The document shown; empty for none.

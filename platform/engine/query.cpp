@@ -94,10 +94,14 @@ void Snapshot::Private::bind(const QVariantList& values) {
 /// Takes the next row from the file. False at the end.
 bool Snapshot::Private::step(sql::Row& into) {
     const int result = statement.step();
-    if (result == SQLITE_ROW) {
-        into.take(statement, static_cast<int>(names.size()));
-        return true;
-    }
+    if (result != SQLITE_ROW)
+        return closed(result);
+    into.take(statement, static_cast<int>(names.size()));
+    return true;
+}
+
+/// There are no more rows, or they cannot be read.
+bool Snapshot::Private::closed(int result) {
     standing = false;
     if (result != SQLITE_DONE) {
         ended = true;
@@ -186,6 +190,32 @@ std::optional<QByteArrayView> Snapshot::utf8(int column) const {
     if (cell.kind != sql::Value::Kind::Text && cell.kind != sql::Value::Kind::Null)
         return std::nullopt;
     return cell.bytes;
+}
+
+QByteArrayView Snapshot::raw(int column) const {
+    return d_->row.at(column).bytes;
+}
+
+void Snapshot::takeNumbers(std::vector<qint64>& into, qsizetype most) {
+    for (; most > 0 && !eof(); --most) {
+        into.push_back(number(0));
+        // What lies ready is not copied but for its number; the last row wanted is one to stand on.
+        int result = SQLITE_ROW;
+        while (most > 1 && d_->standing && d_->next >= d_->held.size() && result == SQLITE_ROW) {
+            result = d_->statement.step();
+            if (result != SQLITE_ROW) {
+                d_->closed(result);
+                break;
+            }
+            into.push_back(sql::toNumber(d_->statement.cell(0)));
+            --most;
+        }
+        moveNext();
+    }
+}
+
+bool Snapshot::usable() const {
+    return d_->db != nullptr;
 }
 
 int Snapshot::columns() const {

@@ -104,6 +104,13 @@ public:
     qint64 number(int column) const;
     /// The UTF-8 of a text as it lies in the row, until the next move; a Null is empty. Nothing for numbers and bytes.
     std::optional<QByteArrayView> utf8(int column) const;
+    /// The bytes of a text or of bytes as they lie in the row, until the next move; empty for all else.
+    QByteArrayView raw(int column) const;
+    /// Takes the whole numbers of the first column of the rows from this one on, as many as are wanted or there are,
+    /// and moves behind them. For long walks, of which each row would cost more than its number.
+    void takeNumbers(std::vector<qint64>& into, qsizetype most);
+    /// False once the base is closed.
+    bool usable() const;
     int columns() const;
 
     struct Private;

@@ -19,6 +19,7 @@ struct Snapshot::Private {
     void drain();
     void detach();
     bool step(sql::Row& into);
+    bool closed(int result);
     int column(const QString& field) const;
 };
 

@@ -98,14 +98,13 @@ constexpr std::array<LigneCommande, nombredordres> table{
      {Ordre::Rechercher, {u"Rechercher", Texte::Recherche}, {}, u"Rechercher", {}, Bascule},
      {Ordre::MontrerSelection, {}, {u"mselection", -1, Texte::Recherche}, u"Rechercher"},
      {Ordre::AllerChercher, {}, {u"mrecherche", -1, Texte::Recherche}, u"Rechercher", u"Ctrl+Shift+F"},
-     {Ordre::Index, {}, {u"moutils0", 0, Texte::MenuIndex}, u"Index", {}, Simple, Attente},
+     {Ordre::Index, {}, {u"moutils0", 0, Texte::MenuIndex}, u"Index", {}, Bascule},
      {Ordre::Chrono,
       {u"chrono", Texte::ListeChronologique},
       {u"moutils0", 1, Texte::MenuListeChronologique},
       u"chrono",
       {},
-      Simple,
-      Attente},
+      Bascule},
      {Ordre::Numero,
       {u"numéro", Texte::RechercheParNumero},
       {u"moutils0", 2, Texte::MenuRechercheParNumero},
@@ -249,11 +248,6 @@ const LigneCommande& lignede(Ordre ordre) {
     return table.at(static_cast<std::size_t>(ordre));
 }
 
-Besoin besoinde(Ordre ordre, int rang) {
-    // The index list, which stands behind the collections, is still to come.
-    return ordre == Ordre::Collection && rang >= nombredecollections ? Besoin::Attente : lignede(ordre).besoin;
-}
-
 std::optional<Texte> libellede(Ordre ordre, int rang) {
     const LigneCommande& ligne = lignede(ordre);
     if (ligne.forme == Forme::Choix)
@@ -293,7 +287,7 @@ std::optional<Besoin> besoindunom(QStringView nom) {
     for (const LigneCommande& ligne : table) {
         for (int rang = 0; rang < ligne.nombre; ++rang) {
             if (!nom.isEmpty() && (boutonde(ligne.ordre, rang) == nom || entreede(ligne.ordre, rang) == nom))
-                return besoinde(ligne.ordre, rang);
+                return ligne.besoin;
         }
     }
     return std::nullopt;

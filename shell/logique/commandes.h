@@ -50,7 +50,6 @@ std::span<const LigneCommande> commandes();
 const LigneCommande& lignede(Ordre ordre);
 
 // ---- one of several: ranks from 0
-Besoin besoinde(Ordre ordre, int rang);
 /// Its caption and its tool tip; none for what gets its words while the program runs.
 std::optional<Texte> libellede(Ordre ordre, int rang);
 std::optional<Texte> bullede(Ordre ordre, int rang);

@@ -51,11 +51,7 @@ FlexGrid::FlexGrid(QWidget* parent) : QWidget(parent), d_(std::make_unique<Priva
     view.onRightClicked = [this](int row, int place, const QPoint& at) { emit rightClicked(row + 1, place, at); };
     view.onActivated = [this](int row) { emit activated(row + 1); };
     view.onDelete = [this] { emit deletePressed(); };
-    view.onCopy = [this] {
-        // Without a row, what the clipboard holds stays.
-        if (const std::vector<QStringList> rows = d_->selected(false); !rows.empty())
-            QApplication::clipboard()->setMimeData(tableMime(rows).release());
-    };
+    view.onCopy = [this] { copySelection(); };
     GridHeader& header = view.header();
     header.onClicked = [this](int place) { emit clicked(0, place); };
     header.onDoubleClicked = [this](int place) { emit doubleClicked(0, place); };
@@ -293,6 +289,12 @@ QString FlexGrid::clip() const {
     for (const QStringList& cells : d_->selected(true))
         lines << cells.join(u'\t');
     return lines.join(u'\r');
+}
+
+void FlexGrid::copySelection() {
+    // Without a row, what the clipboard holds stays.
+    if (const std::vector<QStringList> rows = d_->selected(false); !rows.empty())
+        QApplication::clipboard()->setMimeData(tableMime(rows).release());
 }
 
 int FlexGrid::topRow() const {

@@ -8,9 +8,9 @@
 // Offered: rows and cells; column data, widths, moves; sort with marks; merging of equal neighbours; selection of a
 // range of rows; the clip; tool tips of cells that do not fit; Redraw. Keyboard: arrows, Page, Home, End move, with
 // Shift extend; Ctrl+A selects all; Ctrl+C copies what is seen of the selected rows as a table, in text and HTML, even
-// where a menu has that key; typing looks a row up by the beginning of the first column that is shown; Return
-// activates. A press on one of several selected rows keeps them for the time of a double click, which is told with all
-// of them selected.
+// where a menu has that key; typing looks a row up by the beginning of the sorted column, else of the first that is
+// shown; Return activates. A press on one of several selected rows keeps them for the time of a double click, which is
+// told with all of them selected.
 #include "platform/controls/gridsource.h"
 
 #include <QIcon>
@@ -118,6 +118,8 @@ public:
     std::pair<int, int> selectedRows() const;
     /// Selected cells of all columns, hidden ones too: tabs between columns, CR between rows.
     QString clip() const;
+    /// Puts what is seen of the selected rows on the clipboard, as Ctrl+C does.
+    void copySelection();
     int topRow() const; ///< the first data row that is seen
     void setTopRow(int row);
 

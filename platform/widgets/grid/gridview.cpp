@@ -225,6 +225,16 @@ int GridView::firstPlace() const {
     return 0;
 }
 
+/// The column in which what is typed is looked up: the rows stand in its order.
+int GridView::lookUpPlace() const {
+    for (int place = 0; place < header_->count(); ++place) {
+        const int logical = logicalAt(place);
+        if (model_.column(logical).mark != FlexGrid::Mark::None && !header_->isSectionHidden(logical))
+            return place;
+    }
+    return firstPlace();
+}
+
 // ---- mouse and keyboard
 
 void GridView::mousePressEvent(QMouseEvent* event) {
@@ -328,7 +338,7 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 }
 
 void GridView::keyboardSearch(const QString& search) {
-    const int found = lookUp_.typed(search, end_, logicalAt(firstPlace()));
+    const int found = lookUp_.typed(search, end_, logicalAt(lookUpPlace()));
     if (found >= 0)
         moveTo(found, false);
 }

@@ -93,6 +93,7 @@ protected:
 private:
     int pageRows() const;
     int firstPlace() const;
+    int lookUpPlace() const;
     bool moveKey(const QKeyEvent& event);
     void moveTo(int row, bool extend);
     void adoptSelection();

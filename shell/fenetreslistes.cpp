@@ -1,0 +1,138 @@
+#include "shell/fenetreslistes.h"
+
+#include "core/tablereglages.h"
+#include "platform/widgets/frame/childarea.h"
+#include "platform/widgets/look/icons.h"
+#include "shell/actions.h"
+#include "shell/bureau.h"
+#include "shell/fenetrechrono.h"
+#include "shell/fenetreindex.h"
+#include "shell/logique/commandes.h"
+#include "shell/selection.h"
+
+#include <QMdiSubWindow>
+
+namespace velm {
+
+FenetresListes::FenetresListes(const Donnees& donnees) : donnees_(donnees) {}
+
+/// In the order of the commands; also by what the places are kept.
+int FenetresListes::rang(Ordre ordre) {
+    constexpr std::array listes{Ordre::Index, Ordre::Chrono, Ordre::Numero, Ordre::MotCle};
+    return static_cast<int>(std::ranges::find(listes, ordre) - listes.begin());
+}
+
+QWidget* FenetresListes::fenetre(Ordre ordre) const {
+    return fenetres_.at(static_cast<std::size_t>(rang(ordre)));
+}
+
+/// A new window; the desk has it, hidden. It tells by ferme() that it closes.
+QWidget* FenetresListes::fait(Ordre ordre) {
+    const auto liste = [this, ordre](FenetreListe* nouvelle) {
+        connect(nouvelle, &FenetreListe::fermee, this, [this, ordre] { ferme(ordre); });
+        donnees_.bureau.ajoute(*nouvelle, *nouvelle);
+        return nouvelle;
+    };
+    switch (ordre) {
+    case Ordre::Index:
+        return liste(new FenetreIndex(contexte(ordre)));
+    case Ordre::Chrono:
+        return liste(new FenetreChrono(contexte(ordre)));
+    default:
+        return nullptr;
+    }
+}
+
+void FenetresListes::bascule(Ordre ordre) {
+    QWidget* la = fenetre(ordre);
+    if (!la)
+        return ouvre(ordre);
+    ChildArea& aire = donnees_.aire;
+    const bool reduite = aire.stateOf(la) == ChildArea::Minimised;
+    const bool devant = aire.activeChild() == la && !reduite;
+    if (ordre == Ordre::Index) {
+        const bool montree = reduite || !donnees_.actions.estcochee(ordre);
+        if (montree)
+            aire.activate(la);
+        else
+            aire.hideChild(la);
+        ditouverte(ordre, montree);
+    } else if (devant) {
+        aire.around(la)->close();
+    } else {
+        amene(ordre);
+    }
+}
+
+void FenetresListes::amene(Ordre ordre) {
+    if (QWidget* la = fenetre(ordre)) {
+        donnees_.aire.activate(la);
+        ditouverte(ordre, true);
+    }
+}
+
+void FenetresListes::ouvre(Ordre ordre) {
+    QWidget* nouvelle = fait(ordre);
+    if (!nouvelle)
+        return;
+    nouvelle->setWindowIcon(icon(imagede(ordre, 0)));
+    const int liste = rang(ordre);
+    fenetres_.at(static_cast<std::size_t>(liste)) = nouvelle;
+    const Reglages& reglages = donnees_.reglages;
+    // One that was left as an icon was asked for now.
+    const int etat = reglages.lit(reglage::listeetat[liste]);
+    donnees_.aire.place(nouvelle, etat == ChildArea::Minimised ? ChildArea::Normal : etat,
+                        reglages.lit(reglage::listegauche[liste]), reglages.lit(reglage::listehaut[liste]),
+                        reglages.lit(reglage::listelargeur[liste]), reglages.lit(reglage::listehauteur[liste]));
+    donnees_.aire.showPlaced(nouvelle);
+    amene(ordre);
+}
+
+void FenetresListes::ferme(Ordre ordre) {
+    fenetres_.at(static_cast<std::size_t>(rang(ordre))).clear();
+    ditouverte(ordre, false);
+}
+
+void FenetresListes::ditouverte(Ordre ordre, bool ouverte) {
+    donnees_.actions.coche(ordre, ouverte);
+    if (ordre == Ordre::Index)
+        donnees_.bureau.navigation().indexouvert(ouverte);
+    donnees_.bureau.majdispositions();
+}
+
+void FenetresListes::noteplace(Ordre ordre, const QWidget& fenetre) {
+    const int liste = rang(ordre);
+    const ChildArea& aire = donnees_.aire;
+    const QRect ici = aire.twipsOf(&fenetre);
+    Reglages& reglages = donnees_.reglages;
+    reglages.ecrit(reglage::listeetat[liste], aire.stateOf(&fenetre));
+    reglages.ecrit(reglage::listegauche[liste], ici.left());
+    reglages.ecrit(reglage::listehaut[liste], ici.top());
+    reglages.ecrit(reglage::listelargeur[liste], ici.width());
+    reglages.ecrit(reglage::listehauteur[liste], ici.height());
+}
+
+ContexteListe FenetresListes::contexteliste(Ordre ordre, bool replier) {
+    const MondeExterieur& monde = donnees_.monde;
+    return {
+        donnees_.reglages,
+        monde.dialogues,
+        monde.imprimante,
+        monde.pressepapiers,
+        monde.sablier,
+        donnees_.texte,
+        [&bureau = donnees_.bureau, replier](const Cle& cle) { bureau.navigation().ouvre(cle, {.replier = replier}); },
+        [&selection = donnees_.selection](const std::vector<Cle>& cles) {
+            QStringList toutes;
+            for (const Cle& cle : cles)
+                toutes << cle.texte();
+            selection.controle().remplissage().remplitdecles(toutes);
+        },
+        [this, ordre](const QWidget& fenetre) { noteplace(ordre, fenetre); }};
+}
+
+ContexteTypes FenetresListes::contexte(Ordre ordre, bool replier) {
+    return {contexteliste(ordre, replier), donnees_.corpus};
+}
+
+} // namespace velm
