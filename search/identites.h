@@ -1,8 +1,9 @@
 #pragma once
 // Row ids, in the order of a list: four bytes each, as long as none needs more. And which of them a list has, with a
 // number for each.
-#include <QtTypes>
+#include <QtGlobal>
 
+#include <algorithm>
 #include <limits>
 #include <unordered_map>
 #include <vector>

@@ -57,7 +57,7 @@ QString entreapostrophes(QString texte) {
     return u'\'' + texte.replace(u'\'', u"''"_s) + u'\'';
 }
 
-QString sourcechrono(const TypesChoisis& types, const ListeChrono::Intervalle& intervalle) {
+QString sourcechrono(const TypesChoisis& types, const IntervalleDates& intervalle) {
     // A date that begins with the bound is counted, whatever follows.
     constexpr QChar derriere(0xffff);
     QString source = u" FROM données WHERE Date>''"_s;
@@ -103,7 +103,8 @@ ModeleColonnes ListeChrono::modele() {
                          {6, 0, {}}}};
 }
 
-ListeChrono::ListeChrono(Corpus& corpus, const TypesChoisis& types, const Intervalle& intervalle, const NomDuMois& nom)
+ListeChrono::ListeChrono(Corpus& corpus, const TypesChoisis& types, const IntervalleDates& intervalle,
+                         const NomDuMois& nom)
     : ListeCorpus(corpus, colonnesdates(nom), sourcechrono(types, intervalle), u" ORDER BY Date, référence, numart"_s,
                   Annee) {}
 

@@ -25,13 +25,14 @@ struct AnneeChrono {
     int premiere = 0; ///< the first of its rows, from 0, in the order of the dates
 };
 
+/// Which dates are listed, as texts that dates begin with ("1998", "1998-03"): both counted, empty for no bound.
+struct IntervalleDates {
+    QString de = {};
+    QString a = {};
+};
+
 class ListeChrono final : public ListeCorpus {
 public:
-    /// Which dates are listed, as texts that dates begin with ("1998", "1998-03"): both counted, empty for no bound.
-    struct Intervalle {
-        QString de = {};
-        QString a = {};
-    };
     /// The name of a month from 1 to 12.
     using NomDuMois = std::function<QString(int mois)>;
     /// In the words of the system's locale.
@@ -39,7 +40,7 @@ public:
 
     static ModeleColonnes modele();
 
-    ListeChrono(Corpus& corpus, const TypesChoisis& types, const Intervalle& intervalle = {},
+    ListeChrono(Corpus& corpus, const TypesChoisis& types, const IntervalleDates& intervalle = {},
                 const NomDuMois& nom = &ListeChrono::nomdumois);
 
     /// Leaves `idate` the index of the documents' table, as who needs another sets it.

@@ -78,14 +78,20 @@ void FenetresListes::ouvre(Ordre ordre) {
     nouvelle->setWindowIcon(icon(imagede(ordre, 0)));
     const int liste = rang(ordre);
     fenetres_.at(static_cast<std::size_t>(liste)) = nouvelle;
-    const Reglages& reglages = donnees_.reglages;
     // One that was left as an icon was asked for now.
-    const int etat = reglages.lit(reglage::listeetat[liste]);
+    const int etat = lu(reglage::listeetat[liste]);
     donnees_.aire.place(nouvelle, etat == ChildArea::Minimised ? ChildArea::Normal : etat,
-                        reglages.lit(reglage::listegauche[liste]), reglages.lit(reglage::listehaut[liste]),
-                        reglages.lit(reglage::listelargeur[liste]), reglages.lit(reglage::listehauteur[liste]));
+                        lu(reglage::listegauche[liste]), lu(reglage::listehaut[liste]),
+                        lu(reglage::listelargeur[liste]), lu(reglage::listehauteur[liste]));
     donnees_.aire.showPlaced(nouvelle);
     amene(ordre);
+}
+
+/// A number of a window's place; one that no screen has counts as none.
+int FenetresListes::lu(const ReglageLibre& reglage) const {
+    constexpr double plusgrand = 1e6;
+    const double valeur = donnees_.reglages.lit(reglage);
+    return std::abs(valeur) < plusgrand ? static_cast<int>(valeur) : 0;
 }
 
 void FenetresListes::ferme(Ordre ordre) {

@@ -53,6 +53,7 @@ private:
     static int rang(Ordre ordre);
     QWidget* fait(Ordre ordre);
     void ouvre(Ordre ordre);
+    int lu(const ReglageLibre& reglage) const;
     void ferme(Ordre ordre);
     void ditouverte(Ordre ordre, bool ouverte);
     void noteplace(Ordre ordre, const QWidget& fenetre);

@@ -85,8 +85,9 @@ void FenetreListe::connecte() {
     connect(&documents_, &GrilleDocuments::ouvertes, this, &FenetreListe::ouvretous);
     connect(&documents_, &GrilleDocuments::trivoulu, this, [this](int place) { trie(place); });
     connect(&documents_, &GrilleDocuments::menuvoulu, this, &FenetreListe::montremenu);
-    connect(new QShortcut(Qt::Key_F5, this, Qt::WidgetWithChildrenShortcut), &QShortcut::activated, this,
-            [this] { actualise(); });
+    auto* touche = new QShortcut(QKeySequence(Qt::Key_F5), this);
+    touche->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(touche, &QShortcut::activated, this, [this] { actualise(); });
 }
 
 void FenetreListe::montremenu(const QPoint& ou) {
