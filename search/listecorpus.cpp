@@ -377,7 +377,7 @@ bool ListeCorpus::sort(int column, bool descending) {
         if (const auto travail = tri(column, descending))
             acheve(*travail);
     }
-    if (!la(column) || !corpus_.connecte())
+    if (!la(column) || !corpus_.connecte() || !table_->usable())
         return false;
     if (!pret()) {
         // Documents of no collection are in no walk through the collections.

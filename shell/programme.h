@@ -62,6 +62,7 @@ public:
     Bureau& bureau() const { return *cadre_.bureau(); }
     Selection& selection() const { return cadre_.selection(); }
     Recherches& recherches() const { return cadre_.recherches(); }
+    FenetresListes& listes() const { return cadre_.listes(); }
     Textes* fenetre(int indice) const; ///< null before there is a frame, too
     void ouvre(const Cle& cle) { cadre_.ouvre(cle); }
     Corpus& corpus() { return corpus_; }

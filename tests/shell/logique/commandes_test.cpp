@@ -134,10 +134,13 @@ TEST(CommandesTest, ThoseOfASlotAreNumberedByIt) {
     EXPECT_EQ(libellede(Ordre::Rechercher, 0), bullede(Ordre::Rechercher, 0)) << "a button's tip is its caption";
 }
 
-TEST(CommandesTest, TheIndexWaitsAmongTheCollections) {
-    EXPECT_EQ(besoinde(Ordre::Collection, nombredecollections - 1), Besoin::Rien);
-    EXPECT_EQ(besoinde(Ordre::Collection, nombredecollections), Besoin::Attente);
-    EXPECT_EQ(besoinde(Ordre::Copier, 0), Besoin::Fenetre);
+TEST(CommandesTest, TheListsAreOpenedByCommandsThatStayDown) {
+    for (const Ordre ordre : {Ordre::Index, Ordre::Chrono}) {
+        EXPECT_EQ(lignede(ordre).besoin, Besoin::Rien);
+        EXPECT_EQ(lignede(ordre).forme, Forme::Bascule);
+    }
+    EXPECT_EQ(besoindunom(u"chrono"), Besoin::Rien);
+    EXPECT_EQ(besoindunom(u"maffichagef(11)"), Besoin::Rien) << "the index among the collections";
 }
 
 TEST(CommandesTest, WhatACommandNeedsIsKnownByItsNames) {
