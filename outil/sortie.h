@@ -69,6 +69,8 @@ int document(Contexte& contexte);
 int texte(Contexte& contexte);
 int mots(Contexte& contexte);
 int rapide(Contexte& contexte);
+int index(Contexte& contexte);
+int chrono(Contexte& contexte);
 int criteres(Contexte& contexte);
 int cv2(Contexte& contexte);
 int rtf(Contexte& contexte);

@@ -38,4 +38,8 @@ void searchForm(Guide& guide);
 void results(Guide& guide);
 void listOfResults(Guide& guide);
 
+// ---- lists
+void index(Guide& guide);
+void chronology(Guide& guide);
+
 } // namespace velm::vues

@@ -39,7 +39,7 @@ QStringList walk(const Manner& manner, const Eye& eye) {
         return {u"the frame"_s};
     for (const auto station :
          {&desk, &firstClick, &documents, &panels, &wordsInPanel, &links, &finding, &properties, &searchForm, &results,
-          &listOfResults, &menus, &popups, &manyWindows, &bars, &smallWindows, &fileQuestions, &end})
+          &listOfResults, &index, &chronology, &menus, &popups, &manyWindows, &bars, &smallWindows, &fileQuestions, &end})
         station(guide);
     return guide.missed();
 }
