@@ -55,9 +55,6 @@ public:
     int premiere(int annee, int derniere) const;
 
     enum Place { Annee, Mois, Jour, Titre, MotCle1, MotCle2, MotCle3, Clef };
-
-private:
-    int finde(const QString& debut, int de) const;
 };
 
 } // namespace velm

@@ -2,7 +2,6 @@
 
 #include "platform/base/failure.h"
 #include "platform/text/letters.h"
-#include "platform/text/number.h"
 
 #include <algorithm>
 #include <utility>
@@ -13,8 +12,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr qsizetype rangeesretenues = 1024;
-constexpr qsizetype rangeesparpas = 2048;
+constexpr qsizetype rangeesretenues = 256;
+constexpr qsizetype rangeeslues = 2048;
 
 std::unique_ptr<Snapshot> exigelignes(const Corpus& corpus, const QString& requete) {
     QString erreur;
@@ -22,21 +21,6 @@ std::unique_ptr<Snapshot> exigelignes(const Corpus& corpus, const QString& reque
     if (!lignes)
         runtimeError(erreur);
     return lignes;
-}
-
-/// The collections that the base has documents of, whatever they are, in the order of their codes: each is one look
-/// into an index.
-QStringList collectionsdelabase(const Corpus& corpus) {
-    QStringList codes;
-    QVariant depuis = QString();
-    while (true) {
-        const auto suivante =
-            corpus.base().openQuery(u"SELECT MIN(référence) FROM données WHERE référence>?1"_s, {depuis});
-        if (!suivante || suivante->eof() || suivante->text(0).isEmpty())
-            return codes;
-        codes << suivante->text(0);
-        depuis = codes.last();
-    }
 }
 
 } // namespace
@@ -58,7 +42,7 @@ public:
         if (!lignes_->usable())
             return true;
         prises_.clear();
-        lignes_->takeNumbers(prises_, rangeesparpas);
+        lignes_->takeNumbers(prises_, rangeeslues);
         for (const qint64 id : prises_)
             ids_.ajoute(id);
         if (!lignes_->eof())
@@ -79,211 +63,6 @@ private:
     qint64 total_ = 1;
 };
 
-// ---- the sorts
-
-class ListeCorpus::Tri : public Ouvrage {
-public:
-    Tri(ListeCorpus& liste, const Rangement& tri) : liste_(liste), rangement_(tri), nombres_(liste.ids_) {
-        ranges_.reserve(total());
-    }
-
-    double part() const override {
-        return total() == 0 ? 1 : std::min(1.0, static_cast<double>(vus_) / static_cast<double>(total()));
-    }
-
-protected:
-    ListeCorpus& liste() const { return liste_; }
-    const Rangement& rangement() const { return rangement_; }
-    NombresDesIds& nombres() { return nombres_; }
-    std::size_t total() const { return liste_.ids_.nombre(); }
-    void compte() { ++vus_; }
-    void range(qint64 id) { ranges_.ajoute(id); }
-    /// An order that has lost rows is none.
-    bool conclut() {
-        if (ranges_.nombre() == total()) {
-            liste_.prepares_ = std::move(ranges_);
-            liste_.prepare_ = rangement_;
-        }
-        return true;
-    }
-
-private:
-    ListeCorpus& liste_;
-    Rangement rangement_;
-    NombresDesIds nombres_;
-    Identites ranges_;
-    std::size_t vus_ = 0;
-};
-
-/// Titles have their keys in the base, and an index for each collection: these are walked side by side.
-class ListeCorpus::TriDesTitres final : public Tri {
-public:
-    static std::unique_ptr<TriDesTitres> de(ListeCorpus& liste, const Rangement& tri) {
-        auto travail = std::make_unique<TriDesTitres>(liste, tri);
-        const QStringList codes = collectionsdelabase(liste.corpus_);
-        for (const QString& code : codes) {
-            auto lignes = liste.corpus_.base().openQuery(
-                u"SELECT rowid, clé_titre FROM données WHERE référence=?1 ORDER BY clé_titre"_s +
-                    (tri.descendant ? u" DESC"_s : QString()) + u", numart"_s,
-                {code});
-            if (!lignes)
-                return nullptr;
-            if (!lignes->eof())
-                travail->tas_.push_back({std::move(lignes), static_cast<int>(travail->tas_.size())});
-        }
-        std::ranges::make_heap(travail->tas_, Apres{tri.descendant});
-        return travail;
-    }
-    using Tri::Tri;
-
-    bool avance() override {
-        const Apres apres{rangement().descendant};
-        for (int pas = 0; pas < parpas; ++pas) {
-            if (tas_.empty())
-                return conclut();
-            if (!tas_.front().lignes->usable())
-                return true;
-            std::ranges::pop_heap(tas_, apres);
-            const Snapshot& premiere = *tas_.back().lignes;
-            const qint64 id = premiere.number(0);
-            if (nombres().a(id)) {
-                range(id);
-                compte();
-            }
-            tas_.back().lignes->moveNext();
-            if (premiere.eof())
-                tas_.pop_back();
-            else
-                std::ranges::push_heap(tas_, apres);
-        }
-        return false;
-    }
-
-private:
-    static constexpr int parpas = 1024;
-    struct Courant {
-        std::unique_ptr<Snapshot> lignes;
-        int rang; ///< of its collection
-    };
-    /// A heap has its greatest on top: here that which comes first.
-    struct Apres {
-        bool descendant;
-        bool operator()(const Courant& une, const Courant& autre) const {
-            const int ordre = une.lignes->raw(1).compare(autre.lignes->raw(1));
-            return ordre == 0 ? une.rang > autre.rang : descendant ? ordre < 0 : ordre > 0;
-        }
-    };
-
-    std::vector<Courant> tas_;
-};
-
-/// What repeats in many rows, as keywords and dates do, is kept once while it is put into order.
-class ListeCorpus::TriDesTextes final : public Tri {
-public:
-    TriDesTextes(ListeCorpus& liste, const Rangement& tri)
-        : Tri(liste, tri),
-          lignes_(exigelignes(liste.corpus_, u"SELECT rowid,"_s + liste.colonne(tri.colonne).champ + liste.source_)) {}
-
-    bool avance() override {
-        if (!lignes_->usable())
-            return true;
-        for (int pas = 0; pas < parpas && !lignes_->eof(); ++pas) {
-            const qint64 id = lignes_->number(0);
-            if (nombres().a(id)) {
-                nombres().pose(id, texte());
-                compte();
-            }
-            lignes_->moveNext();
-        }
-        return lignes_->eof() && acheve();
-    }
-
-private:
-    static constexpr int parpas = 1024;
-    struct Valeur {
-        double nombre = 0;
-        QByteArray cle;
-        auto operator<=>(const Valeur& autre) const {
-            const auto ordre = nombre < autre.nombre   ? std::weak_ordering::less
-                               : autre.nombre < nombre ? std::weak_ordering::greater
-                                                       : std::weak_ordering::equivalent;
-            return ordre == 0 ? cle.compare(autre.cle) <=> 0 : ordre;
-        }
-    };
-
-    /// The number of the text of this row among those that were seen.
-    quint32 texte() {
-        const auto utf8 = lignes_->utf8(1);
-        const QByteArray propre = utf8 ? QByteArray() : lignes_->text(1).toUtf8();
-        const QByteArrayView octets = utf8 ? *utf8 : QByteArrayView(propre);
-        const auto su = connus_.constFind(QByteArray::fromRawData(octets.data(), octets.size()));
-        if (su != connus_.constEnd())
-            return *su;
-        const auto nouveau = static_cast<quint32>(connus_.size());
-        connus_.insert(octets.toByteArray(), nouveau);
-        return nouveau;
-    }
-
-    Valeur valeur(const QByteArray& utf8) const {
-        const ColonneCorpus& colonne = liste().colonne(rangement().colonne);
-        const QString lu = QString::fromUtf8(utf8);
-        const QString montre = colonne.montre ? colonne.montre(lu) : lu;
-        const auto nombre = colonne.nombre ? wholeNumber(montre) : std::nullopt;
-        // What is no number where the others are comes before them, in the order of texts.
-        constexpr double avant = -1e300;
-        return {nombre           ? static_cast<double>(*nombre)
-                : colonne.nombre ? avant
-                                 : 0,
-                nombre ? QByteArray() : sortKey(montre)};
-    }
-
-    /// The place of each text in the order; equal ones have the same.
-    std::vector<quint32> rangs(quint32& combien) const {
-        std::vector<std::pair<Valeur, quint32>> valeurs;
-        valeurs.reserve(static_cast<std::size_t>(connus_.size()));
-        for (auto un = connus_.cbegin(); un != connus_.cend(); ++un)
-            valeurs.emplace_back(valeur(un.key()), un.value());
-        const bool descendant = rangement().descendant;
-        std::ranges::sort(valeurs, [descendant](const auto& a, const auto& b) {
-            return descendant ? b.first < a.first : a.first < b.first;
-        });
-        std::vector<quint32> places(valeurs.size());
-        for (std::size_t ici = 0; ici < valeurs.size(); ++ici) {
-            if (ici > 0 && (valeurs[ici].first <=> valeurs[ici - 1].first) != 0)
-                ++combien;
-            places[valeurs[ici].second] = combien;
-        }
-        ++combien;
-        return places;
-    }
-
-    /// By counting: rows whose texts are equal stay as they stood.
-    bool acheve() {
-        quint32 combien = 0;
-        const std::vector<quint32> places = rangs(combien);
-        connus_.clear();
-        std::vector<std::size_t> debuts(std::size_t{combien} + 1, 0);
-        const Identites& ids = liste().ids_;
-        for (std::size_t rang = 0; rang < ids.nombre(); ++rang)
-            ++debuts[place(places, ids[rang]) + 1];
-        for (std::size_t ici = 1; ici < debuts.size(); ++ici)
-            debuts[ici] += debuts[ici - 1];
-        std::vector<qint64> rangees(ids.nombre());
-        for (std::size_t rang = 0; rang < ids.nombre(); ++rang)
-            rangees[debuts[place(places, ids[rang])]++] = ids[rang];
-        for (const qint64 id : rangees)
-            range(id);
-        return conclut();
-    }
-    std::size_t place(const std::vector<quint32>& places, qint64 id) {
-        const quint32 texte = nombres().de(id);
-        return texte < places.size() ? places[texte] : 0;
-    }
-
-    std::unique_ptr<Snapshot> lignes_;
-    QHash<QByteArray, quint32> connus_;
-};
-
 // ---- the list
 
 ListeCorpus::ListeCorpus(Corpus& corpus, std::vector<ColonneCorpus> colonnes, QString source, QString ordre, int rangee)
@@ -292,6 +71,7 @@ ListeCorpus::ListeCorpus(Corpus& corpus, std::vector<ColonneCorpus> colonnes, QS
     for (const ColonneCorpus& colonne : colonnes_)
         champs_ << colonne.champ;
     champs_ << u"référence"_s << u"numart"_s;
+    champs_.removeDuplicates();
 }
 
 std::unique_ptr<Ouvrage> ListeCorpus::remplissage() {
@@ -327,7 +107,7 @@ const QStringList& ListeCorpus::lues(int row) const {
 QString ListeCorpus::text(int row, int column) const {
     if (row < 0 || row >= rowCount() || !la(column))
         return {};
-    const QString& lu = lues(row).at(column);
+    const QString lu = champ(row, colonne(column).champ);
     const auto& montre = colonne(column).montre;
     return montre ? montre(lu) : lu;
 }
@@ -358,15 +138,21 @@ int ListeCorpus::rang(const Cle& voulue) const {
 
 // ---- order
 
+DemandeOrdre ListeCorpus::demande(int column, bool descending) {
+    return {corpus_, ids_, descending, [this, column, descending](Identites ordre) {
+                prepares_ = std::move(ordre);
+                prepare_ = {column, descending};
+            }};
+}
+
 std::unique_ptr<Ouvrage> ListeCorpus::tri(int column, bool descending) {
     if (!la(column) || !corpus_.connecte() || !table_->usable())
         return nullptr;
-    const Rangement voulu{column, descending};
     if (colonne(column).champ == u"titre") {
-        if (auto titres = TriDesTitres::de(*this, voulu))
+        if (auto titres = ordredestitres(demande(column, descending)))
             return titres;
     }
-    return std::make_unique<TriDesTextes>(*this, voulu);
+    return ordredestextes(demande(column, descending), colonne(column), source_);
 }
 
 bool ListeCorpus::sort(int column, bool descending) {
@@ -381,8 +167,7 @@ bool ListeCorpus::sort(int column, bool descending) {
         return false;
     if (!pret()) {
         // Documents of no collection are in no walk through the collections.
-        TriDesTextes travail(*this, {column, descending});
-        acheve(travail);
+        acheve(*ordredestextes(demande(column, descending), colonne(column), source_));
     }
     if (!pret())
         return false;

@@ -4,23 +4,14 @@
 //
 // Once the base is closed, rows that were not read before are empty, and nothing is sorted.
 #include "core/corpus.h"
-#include "search/identites.h"
-#include "search/sourceentours.h"
+#include "search/ordrelistes.h"
 
 #include <QHash>
 #include <QStringList>
 
-#include <functional>
 #include <vector>
 
 namespace velm {
-
-/// A column of such a list.
-struct ColonneCorpus {
-    QString champ;                                         ///< of `données`, which it is read from
-    std::function<QString(const QString& lu)> montre = {}; ///< what is shown of that; all of it without
-    bool nombre = false;                                   ///< sorts as numbers do
-};
 
 class ListeCorpus : public SourceEnTours {
 public:
@@ -51,9 +42,6 @@ protected:
 
 private:
     class Remplissage;
-    class Tri;
-    class TriDesTitres;
-    class TriDesTextes;
 
     struct Rangement {
         int colonne = -1;
@@ -62,6 +50,7 @@ private:
     const QStringList& lues(int row) const;
     bool la(int column) const { return column >= 0 && column < static_cast<int>(colonnes_.size()); }
     const ColonneCorpus& colonne(int column) const { return colonnes_[static_cast<std::size_t>(column)]; }
+    DemandeOrdre demande(int column, bool descending);
     void prend(Identites ids, const Rangement& tri);
     std::pair<int, int> etendue(int column, const QByteArray& debut) const;
 

@@ -42,6 +42,8 @@ protected:
             {"dossiers", {dossier.filePath(u"dossiers.dat"_s)}, {}},
             {"mots", {u"contrat"_s, u"vente"_s}, {u"--types"_s, u"--ou"_s, u"--limite"_s, u"--base"_s, u"--json"_s}},
             {"rapide", {u"contrat"_s}, {u"--types"_s, u"--limite"_s, u"--base"_s, u"--json"_s}},
+            {"index", {}, {u"--types"_s, u"--base"_s, u"--json"_s}},
+            {"chrono", {}, {u"--types"_s, u"--de"_s, u"--a"_s, u"--base"_s, u"--json"_s}},
             {"criteres",
              {},
              {u"--texte"_s, u"--texte2"_s, u"--conjonction"_s, u"--negation"_s, u"--lieux"_s, u"--entier"_s,
@@ -51,11 +53,11 @@ protected:
     }
     static const QHash<QString, QString>& valeurs() {
         static const QHash<QString, QString> toutes{
-            {u"--mots"_s, u"5"_s},      {u"--base"_s, base()},         {u"--types"_s, u"CO"_s},
-            {u"--limite"_s, u"3"_s},    {u"--texte"_s, u"vente"_s},    {u"--texte2"_s, u"prix"_s},
-            {u"--lieux"_s, u"titre"_s}, {u"--conjonction"_s, u"ou"_s}, {u"--motcle"_s, u"crédit"_s},
-            {u"--jour"_s, u"1"_s},      {u"--mois"_s, u"2"_s},         {u"--annee"_s, u"2003"_s},
-            {u"--type"_s, u"1"_s}};
+            {u"--mots"_s, u"5"_s},         {u"--base"_s, base()},        {u"--types"_s, u"CO"_s},
+            {u"--de"_s, u"1999"_s},        {u"--a"_s, u"2005-02-18"_s},  {u"--limite"_s, u"3"_s},
+            {u"--texte"_s, u"vente"_s},    {u"--texte2"_s, u"prix"_s},   {u"--lieux"_s, u"titre"_s},
+            {u"--conjonction"_s, u"ou"_s}, {u"--motcle"_s, u"crédit"_s}, {u"--jour"_s, u"1"_s},
+            {u"--mois"_s, u"2"_s},         {u"--annee"_s, u"2003"_s},    {u"--type"_s, u"1"_s}};
         return toutes;
     }
     /// The option with a value if this command takes it with one.
