@@ -25,12 +25,32 @@ FenetreChrono::FenetreChrono(const ContexteTypes& contexte, QWidget* parent)
     : FenetreTypes(descriptionchrono(contexte.liste.texte), contexte, parent),
       bande_(new BandeAnnees(contexte.liste.texte, this)) {
     insere(bande_);
+    donneplace();
     connect(bande_, &BandeAnnees::voulue, this, &FenetreChrono::va);
     reselect();
 }
 
 void FenetreChrono::reselect() {
     prend(std::make_unique<ListeChrono>(corpus(), types()));
+}
+
+/// Names of months are as wide as the language makes them.
+void FenetreChrono::donneplace() {
+    QString lemois;
+    for (int mois = 1; mois <= 12; ++mois) {
+        const QString nom = ListeChrono::nomdumois(mois);
+        const QFontMetrics mesure = flex().fontMetrics();
+        lemois = mesure.horizontalAdvance(nom) > mesure.horizontalAdvance(lemois) ? nom : lemois;
+    }
+    const std::vector<ModeleColonne> colonnes = ListeChrono::modele().colonnes;
+    for (const auto& [place, texte] :
+         {std::pair{ListeChrono::Annee, u"0000"_s}, {ListeChrono::Mois, lemois}, {ListeChrono::Jour, u"00"_s}}) {
+        const int champ = colonnes.at(static_cast<std::size_t>(place)).champ;
+        for (int ici = 0; ici < flex().cols(); ++ici) {
+            if (flex().colData(ici) == champ)
+                flex().setHeader(ici, flex().header(ici), texte);
+        }
+    }
 }
 
 /// The years are told while the rows still stand in their order.

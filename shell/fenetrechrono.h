@@ -22,6 +22,7 @@ protected:
     void avantordre(const SourceDocuments& source) override;
 
 private:
+    void donneplace();
     void va(int annee, int derniere);
 
     BandeAnnees* bande_;

@@ -134,7 +134,7 @@ bool FenetreListe::travaille(const std::function<void()>& travail) {
 
 void FenetreListe::ditcompte() {
     etat_->setPanelText(panneaucompte,
-                        documents_.source() ? textecompte(flex_->rows() - 1, contexte_.texte) : QString());
+                        flex_->isHidden() ? QString() : textecompte(flex_->rows() - 1, contexte_.texte));
 }
 
 // ---- what is done with them
@@ -179,7 +179,7 @@ void FenetreListe::imprime() {
 // ---- the window
 
 bool FenetreListe::peut(Ordre ordre) const {
-    return flex_->rows() > 1 &&
+    return flex_->rows() > 1 && !flex_->isHidden() &&
            ((ordre == Ordre::Copier && copiable_) || ordre == Ordre::ToutSelectionner || ordre == Ordre::Imprimer);
 }
 

@@ -22,7 +22,7 @@ namespace {
 constexpr int hauteurdesbarres = 36;
 constexpr int marge = look::spacing; ///< beside the bars
 constexpr int plusetroite = 4;       ///< a bar with the gap beside it
-constexpr int pluslarge = 28;
+constexpr int pluslarge = 56;
 constexpr int plusbasse = 2; ///< a year with one document is seen all the same
 
 } // namespace

@@ -1,4 +1,5 @@
 // The windows of the index and of the dates in the frame of the program.
+#include "platform/base/twips.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "search/ui/bandeannees.h"
 #include "shell/fenetrechrono.h"
@@ -167,7 +168,14 @@ TEST_F(ListesTest, SelectingNoneThenAllShowsTheList) {
     type(index(), u"toutdéselect"_s);
     EXPECT_FALSE(index().flex().isVisible());
     EXPECT_FALSE(index().barre().value(u"CO"_s));
-    EXPECT_EQ(index().findChild<QLabel*>() != nullptr, true);
+    EXPECT_EQ(comptede(index()), QString()) << "nothing is listed";
+    EXPECT_FALSE(actions().de(Ordre::ToutSelectionner).isEnabled());
+    QStringList ditsons;
+    for (const QLabel* label : index().findChildren<QLabel*>()) {
+        if (label->isVisible())
+            ditsons << label->text();
+    }
+    EXPECT_TRUE(ditsons.contains(mots(9723))) << "and it is said why";
     type(index(), u"toutsélect"_s);
     EXPECT_TRUE(index().flex().isVisible());
     EXPECT_TRUE(index().barre().value(u"CO"_s));
@@ -279,6 +287,18 @@ TEST_F(ListesTest, TheChronologicalListFillsAtLoadAndMergesEqualYearsAndMonths) 
     QTest::mouseClick(chrono().barre().widget(u"typeflex"_s), Qt::LeftButton);
     EXPECT_FALSE(grille.joinsAbove(3, 0));
     EXPECT_EQ(chrono().barre().toolTip(u"typeflex"_s), mots(2605));
+}
+
+TEST_F(ListesTest, YearMonthAndDayHaveTheRoomThatTheirTextsWant) {
+    regle(u"CHRONO", u"LARGEURCOLONNE", u"000700001500000700003000002000002000002000"_s);
+    ouvreliste(Ordre::Chrono);
+    FlexGrid& grille = chrono().flex();
+    const auto large = [&](int place) { return grille.view()->columnWidth(place); };
+    EXPECT_GE(large(0), grille.view()->horizontalHeader()->sectionSizeHint(0)) << "though its own is 700";
+    EXPECT_EQ(grille.colWidth(0), 700) << "which is kept";
+    EXPECT_EQ(large(1), pixelsFromTwips(1500)) << "somebody has chosen that";
+    aire().around(&chrono())->close();
+    EXPECT_EQ(reglage("CHRONO", "LARGEURCOLONNE"), u"000700001500000700003000002000002000002000");
 }
 
 TEST_F(ListesTest, NoTypeListsNothingAndSaysWhy) {

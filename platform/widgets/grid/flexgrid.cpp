@@ -134,8 +134,8 @@ void FlexGrid::setNarrowBelow(int pixels) {
     d_->columns.setNarrowBelow(pixels);
 }
 
-void FlexGrid::setHeader(int col, const QString& text) {
-    d_->columns.setHeader(col, text);
+void FlexGrid::setHeader(int col, const QString& text, const QString& widest) {
+    d_->columns.setHeader(col, text, widest);
 }
 
 QString FlexGrid::header(int col) const {

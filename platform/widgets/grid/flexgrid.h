@@ -66,8 +66,10 @@ public:
     /// In a list narrower than this (0: never) the heaviest column stands alone, over the whole width, and the texts of
     /// the others with a weight under its own in a quiet second line. Cells are not merged then.
     void setNarrowBelow(int pixels);
-    void setHeader(int col, const QString& text); ///< a sort mark at its end is left out
-    QString header(int col) const;                ///< without its sort mark
+    /// A sort mark at its end is left out. With the widest text of its cells told, the column is shown wide enough for
+    /// both, whatever its own width, until it is held.
+    void setHeader(int col, const QString& text, const QString& widest = {});
+    QString header(int col) const; ///< without its sort mark
     /// As it stands in the cell: the header, then ">" for the column sorted ascending, "<" descending.
     QString headerCell(int col) const;
     /// What stands in the place of the rows while there are none.

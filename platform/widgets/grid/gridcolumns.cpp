@@ -75,7 +75,17 @@ void GridColumns::show(int column) {
     header.setSectionResizeMode(column, filling ? QHeaderView::Stretch : QHeaderView::Interactive);
     header.setSectionHidden(column, twips <= 0 || (alone_ >= 0 && column != alone_));
     if (twips > 0 && !filling && !isShared(column))
-        header.resizeSection(column, std::max(1, pixelsFromTwips(twips)));
+        header.resizeSection(column, shownWidth(column));
+}
+
+/// Its own width, or what its texts want where that is more and nobody has chosen.
+int GridColumns::shownWidth(int column) const {
+    const GridModel::Column& shown = std::as_const(model_).column(column);
+    const int own = std::max(1, pixelsFromTwips(shown.twips));
+    if (shown.widest.isEmpty() || shown.held)
+        return own;
+    const int cells = view_.fontMetrics().horizontalAdvance(shown.widest) + 2 * gridlook::padding;
+    return std::max({own, cells, view_.header().sectionSizeHint(column) + 2 * gridlook::padding});
 }
 
 void GridColumns::showAll() {
@@ -233,11 +243,16 @@ int GridColumns::data(int place) const {
     return has(place) ? column(place).data : 0;
 }
 
-void GridColumns::setHeader(int place, const QString& text) {
+void GridColumns::setHeader(int place, const QString& text, const QString& widest) {
     if (!has(place))
         return;
     column(place).header = withoutMark(text);
+    column(place).widest = widest;
     model_.headerChanged(logical(place));
+    if (!widest.isEmpty()) {
+        show(logical(place));
+        arrange();
+    }
 }
 
 QString GridColumns::header(int place) const {
@@ -260,7 +275,7 @@ void GridColumns::setHeaderCell(int place, const QString& text) {
     if (!has(place))
         return;
     setMark(place, markOf(text));
-    setHeader(place, text);
+    setHeader(place, text, QString(column(place).widest));
 }
 
 QString GridColumns::headerCell(int place) const {

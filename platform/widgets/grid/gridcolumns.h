@@ -45,8 +45,9 @@ public:
     void setPicture(int place, FlexGrid::Picture picture, int before);
     void setData(int place, int number);
     int data(int place) const;
-    void setHeader(int place, const QString& text); ///< a mark at its end is left out
-    QString header(int place) const;                ///< without its mark
+    /// See FlexGrid::setHeader().
+    void setHeader(int place, const QString& text, const QString& widest);
+    QString header(int place) const; ///< without its mark
     void setMark(int place, Mark mark);
     Mark mark(int place) const;
     /// The header with its mark behind it.
@@ -61,6 +62,7 @@ private:
     bool isShared(int column) const;
     int heaviest() const;
     void show(int column);
+    int shownWidth(int column) const;
     void showAll();
     void arrange();
     void share(int fromPlace);

@@ -13,6 +13,7 @@ class GridModel : public QAbstractTableModel {
 public:
     struct Column {
         QString header;
+        QString widest; ///< of its texts, that it is to have room for
         FlexGrid::Align align = FlexGrid::Align::Left;
         FlexGrid::Mark mark = FlexGrid::Mark::None;
         FlexGrid::Picture picture;
