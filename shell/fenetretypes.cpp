@@ -39,6 +39,7 @@ void garnittypes(Toolbar& barre, const Corpus& corpus, const Libelles& texte) {
         const QString code = typedindice(collection);
         barre.addButton(code, Toolbar::Kind::Check, u"collection%1"_s.arg(collection));
         barre.setToolTip(code, bulledutype(collection, corpus, texte));
+        barre.setButtonFaint(code, corpus.connecte() && corpus.nombrededocuments(code) == 0);
     }
     barre.addButton(u"barretypes"_s, Toolbar::Kind::Separator);
     for (const auto& [bouton, image, libelle] :

@@ -129,7 +129,7 @@ GrilleDocuments::Tri GrilleDocuments::tri() const {
 
 int GrilleDocuments::colonnesource(int colonne) const {
     const std::vector<ModeleColonne>& modele = colonnes_.modele().colonnes;
-    const auto la = std::ranges::find(modele, colonnes_.champ(colonne), &ModeleColonne::champ);
+    const auto la = std::ranges::find(modele, flex_.colData(colonne), &ModeleColonne::champ);
     return la == modele.end() ? -1 : static_cast<int>(la - modele.begin());
 }
 

@@ -92,7 +92,7 @@ void Lists::walkTheIndex(const QString& picture) {
     ASSERT_TRUE(becomes([&] { return !grid(index).isVisible(); }));
     ASSERT_TRUE(touch([&] { return type(index, u"toutsélect"_s); }));
     ASSERT_TRUE(becomes([&] { return filled(index) && grid(index).isVisible() && grid(index).rows() == all; }));
-    ASSERT_TRUE(touch([&] { return type(index, u"JP"_s); }));
+    ASSERT_TRUE(touch([&] { return type(index, u"EU"_s); }));
     ASSERT_TRUE(becomes([&] { return filled(index) && grid(index).rows() < all; }));
     key(u"ctrl+w"_s);
     ASSERT_TRUE(becomes([&] { return !list(index); }));
@@ -119,9 +119,11 @@ void Lists::walkTheDates(const QString& picture) {
     photo(picture + u"-annee"_s);
     ASSERT_TRUE(touch([&] { return cell(chrono, 0, 1); }, Hand::DoubleClick));
     ASSERT_TRUE(becomes([&] { return !list(chrono)->encours() && grid(chrono).headerCell(1).endsWith(u'>'); }));
-    const QString first = inProgram([&] { return keyOf(chrono, 2); });
-    ASSERT_TRUE(touch([&] { return cell(chrono, 2, 3); }, Hand::DoubleClick));
-    ASSERT_TRUE(becomes([&] { return shows(first); }));
+    // The selected row has gone with its document to where that stands now.
+    const int seen = inProgram([&] { return grid(chrono).topRow() + 1; });
+    const QString opened = inProgram([&] { return keyOf(chrono, seen); });
+    ASSERT_TRUE(touch([&] { return cell(chrono, seen, 3); }, Hand::DoubleClick));
+    ASSERT_TRUE(becomes([&] { return shows(opened); }));
     // From behind it comes forward; in front it closes.
     ASSERT_TRUE(touch([this] { return bar(u"barrecommande"_s, u"chrono"_s); }));
     ASSERT_TRUE(becomes([&] { return list(chrono) && list(chrono)->isActiveWindow() && grid(chrono).isVisible(); }));
@@ -157,7 +159,7 @@ TEST_F(Lists, TheIndexIsWalkedByKeysAndClicksAndRemembersItsTypes) {
     ASSERT_NO_FATAL_FAILURE(start());
     ASSERT_TRUE(touch([this] { return bar(u"barreécran"_s, u"Index"_s); }));
     ASSERT_TRUE(becomes([&] { return filled(u"fIndex"_s); }));
-    EXPECT_EQ(inProgram([&] { return list(u"fIndex"_s)->types().statut(); }), u"11011111111");
+    EXPECT_EQ(inProgram([&] { return list(u"fIndex"_s)->types().statut(); }), u"10111111111");
     photo(u"52-index-retour"_s);
 }
 
