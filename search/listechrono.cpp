@@ -84,7 +84,7 @@ QString sourcechrono(const TypesChoisis& types, const IntervalleDates& intervall
     if (!intervalle.a.isEmpty())
         source += u" AND Date<="_s + entreapostrophes(intervalle.a + derriere);
     // Not a list of codes: the engine would take the index of the keys, and the order of the dates is wanted.
-    return source + u" AND instr('"_s + types.codes() + u"',référence)>0"_s;
+    return source + u" AND instr('"_s + types.codes() + u"',upper(référence))>0"_s;
 }
 
 } // namespace

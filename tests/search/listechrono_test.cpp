@@ -64,6 +64,15 @@ TEST_F(ChronoTest, OnlyPressedTypesAreListed) {
     EXPECT_EQ(cles(*chrono(TypesChoisis::decodes(u"COJP"))), (QStringList{u"JP000007"_s, u"CO000001"_s}));
 }
 
+TEST_F(ChronoTest, CodesAreFoundWhateverTheirCase) {
+    ouvre({{u"co000001"_s, u"petit"_s, u"2005-02-18"_s}, {u"CO000002"_s, u"grand"_s, u"2005-02-19"_s}});
+    EXPECT_EQ(chrono(TypesChoisis::decodes(u"CO"))->rowCount(), 2);
+    const auto liste = index(TypesChoisis::decodes(u"CO"));
+    EXPECT_EQ(liste->rowCount(), 2) << "as in the index";
+    ASSERT_TRUE(liste->sort(2, false));
+    EXPECT_EQ(liste->text(0, 2), u"grand");
+}
+
 TEST_F(ChronoTest, DocumentsWithoutADateAreNotListed) {
     quatre();
     const QStringList tous = cles(*chrono());

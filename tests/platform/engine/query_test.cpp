@@ -101,6 +101,42 @@ TEST_F(QueryTest, AValueIsTakenAsItIsWhateverMarksItHolds) {
               QStringList{u"000003"_s});
 }
 
+TEST_F(QueryTest, NumbersAreTakenManyAtATimeAndTheRestIsStillThere) {
+    const QString all = u"SELECT CAST(numart AS INTEGER), numart FROM données ORDER BY numart"_s;
+    for (const qsizetype most : {1, 2, 3, 50}) {
+        const auto rows = base->openQuery(all);
+        ASSERT_TRUE(rows);
+        std::vector<qint64> taken;
+        int steps = 0;
+        for (; !rows->eof() && steps < 9; ++steps) {
+            const qint64 standing = rows->number(0);
+            const auto before = taken.size();
+            rows->takeNumbers(taken, most);
+            EXPECT_LE(taken.size() - before, static_cast<std::size_t>(most));
+            EXPECT_EQ(taken.at(before), standing) << "from the row on which it stands";
+        }
+        EXPECT_EQ(taken, (std::vector<qint64>{1, 2, 3})) << most;
+    }
+    const auto rows = base->openQuery(all);
+    std::vector<qint64> first;
+    rows->takeNumbers(first, 1);
+    EXPECT_EQ(rows->text(1), u"000002"_s) << "it stands behind what was taken";
+    rows->takeNumbers(first, 0);
+    EXPECT_EQ(first.size(), 1U);
+    EXPECT_TRUE(rows->usable());
+    base->close();
+    EXPECT_FALSE(rows->usable());
+}
+
+TEST_F(QueryTest, RawBytesAreThoseOfTheRow) {
+    const auto rows = base->openQuery(u"SELECT x'00FF', motclé1, 7, NULL FROM données"_s);
+    ASSERT_TRUE(rows);
+    EXPECT_EQ(rows->raw(0), QByteArrayView("\0\xFF", 2));
+    EXPECT_EQ(rows->raw(1), QByteArrayView("Vente"));
+    EXPECT_TRUE(rows->raw(2).isEmpty());
+    EXPECT_TRUE(rows->raw(3).isEmpty());
+}
+
 TEST_F(QueryTest, BytesAreComparedAsBytes) {
     const QString beside = u"SELECT ?1 < ?2, typeof(?1)"_s;
     const auto rows = base->openQuery(beside, {QByteArray("a"), QByteArray("a\xFF")});

@@ -154,6 +154,26 @@ TEST_F(FlexGridInput, TypingLooksARowUp) {
     EXPECT_EQ(grid.row(), 1);
 }
 
+TEST_F(FlexGridInput, TypingLooksInTheColumnByWhichTheRowsAreSorted) {
+    grid.setRows(1);
+    grid.setCols(2);
+    grid.setColWidth(1, 1500);
+    for (const QString& cells : {u"un\tzone"_s, u"zéro\tabri"_s, u"deux\tzéro"_s})
+        grid.addItem(cells);
+    QTest::keyClicks(grid.view(), u"z"_s);
+    EXPECT_EQ(grid.text(grid.row(), 0), u"zéro") << "of the first column, without an order";
+    grid.sort(1, false);
+    grid.setRow(1);
+    QTest::qWait(QApplication::keyboardInputInterval() + 20);
+    QTest::keyClicks(grid.view(), u"zo"_s);
+    EXPECT_EQ(grid.text(grid.row(), 1), u"zone");
+    grid.setColWidth(1, 0);
+    grid.setRow(1);
+    QTest::qWait(QApplication::keyboardInputInterval() + 20);
+    QTest::keyClicks(grid.view(), u"d"_s);
+    EXPECT_EQ(grid.text(grid.row(), 0), u"deux") << "a sorted column that is not seen is none";
+}
+
 TEST_F(FlexGridInput, KeysThatAreNotItsOwnGoOn) {
     class Catcher : public QWidget {
     public:

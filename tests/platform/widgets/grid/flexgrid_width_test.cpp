@@ -54,6 +54,23 @@ protected:
 
 } // namespace
 
+TEST_F(FlexGridWidth, AColumnHasRoomForItsWidestTextUntilSomebodyHoldsIt) {
+    const QString longest = u"septembre et davantage"_s;
+    grid.setColWidth(3, 300);
+    grid.setHeader(3, u"D"_s, longest);
+    EXPECT_GE(shown(3), grid.view()->fontMetrics().horizontalAdvance(longest));
+    EXPECT_EQ(grid.colWidth(3), 300) << "its own width stays";
+    EXPECT_EQ(together(), grid.view()->viewport()->width()) << "the others share the rest";
+    grid.setHeader(3, u"D"_s, u"x"_s);
+    EXPECT_GE(shown(3), pixelsFromTwips(300)) << "never less than its own";
+    grid.setHeader(3, u"D"_s, longest);
+    drag(3, -40);
+    const int held = shown(3);
+    EXPECT_EQ(grid.colWidth(3), twipsFromPixels(held));
+    grid.setHeader(3, u"D"_s, longest);
+    EXPECT_EQ(shown(3), held);
+}
+
 TEST_F(FlexGridWidth, ColumnsWithAWeightShareWhatTheOthersLeave) {
     for (const int width : {1000, 1400, 611}) {
         grid.resize(width, 300);
