@@ -207,7 +207,9 @@ EtatFenetres CadrePrincipal::etatfenetres() const {
     }
     for (const FenetreFille* ouverte : bureau_->filles())
         etat.filles.push_back({ouverte->nature(), ouverte->reference()});
-    if (const Textes* active = bureau_->active())
+    if (const QWidget* index = listes_->fenetre(Ordre::Index))
+        etat.libelles.back() = index->windowTitle();
+    if (const QWidget* active = ecran_->pieces().aire.activeChild())
         etat.titreactif = active->windowTitle();
     etat.principale = ecran_->position();
     etat.largeurpane = ecran_->pieces().volet.largeurpane();

@@ -198,12 +198,15 @@ void FenetreTypes::tranche() {
         return;
     QElapsedTimer temps;
     temps.start();
-    const qint64 duree = depuis_.elapsed() < avantdeceder ? avantdeceder : tranchedetravail;
+    const bool premiere = depuis_.elapsed() < avantdeceder;
+    const qint64 duree = premiere ? avantdeceder : tranchedetravail;
     bool fini = false;
-    const bool suffit = travaille([&] {
-        while (!fini && temps.elapsed() < duree)
-            fini = ouvrage_->avance();
-    });
+    const bool suffit = travaille(
+        [&] {
+            while (!fini && temps.elapsed() < duree)
+                fini = ouvrage_->avance();
+        },
+        premiere);
     if (!suffit) {
         laisse();
         source_.reset();

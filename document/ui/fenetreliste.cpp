@@ -13,6 +13,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include <optional>
 #include <utility>
 
 namespace velm {
@@ -120,11 +121,13 @@ void FenetreListe::trie(int place) {
     travaille([this, place] { documents_.trie(place); });
 }
 
-bool FenetreListe::travaille(const std::function<void()>& travail) {
+bool FenetreListe::travaille(const std::function<void()>& travail, bool attente) {
     constexpr auto sansmemoire = Texte::ListeIncomplete;
     constexpr auto titre = Texte::NomDuProgramme;
     const bool suffit = withinMemory([&] {
-        const Attente attente(contexte_.sablier);
+        std::optional<Attente> sablier;
+        if (attente)
+            sablier.emplace(contexte_.sablier);
         travail();
     });
     if (!suffit)
@@ -133,8 +136,7 @@ bool FenetreListe::travaille(const std::function<void()>& travail) {
 }
 
 void FenetreListe::ditcompte() {
-    etat_->setPanelText(panneaucompte,
-                        flex_->isHidden() ? QString() : textecompte(flex_->rows() - 1, contexte_.texte));
+    etat_->setPanelText(panneaucompte, flex_->isHidden() ? QString() : textecompte(flex_->rows() - 1, contexte_.texte));
 }
 
 // ---- what is done with them

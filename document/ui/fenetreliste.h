@@ -103,8 +103,9 @@ protected:
     void insere(QWidget* dessus);
     /// The rows are there, or gone: the line and the frame follow.
     void ditlignes();
-    /// Under the wait cursor. False where the memory does not suffice, which is said.
-    bool travaille(const std::function<void()>& travail);
+    /// Under the wait cursor, unless the window answers between pieces of the work. False where the memory does not
+    /// suffice, which is said.
+    bool travaille(const std::function<void()>& travail, bool attente = true);
 
 private:
     void construitbarre(const DescriptionListe& description);

@@ -106,7 +106,7 @@ void BandeAnnees::paintEvent(QPaintEvent*) {
     QPainter peintre(this);
     peintre.fillRect(rect(), palette().color(QPalette::Base));
     const int sol = height() - fontMetrics().height() - look::grid;
-    const QColor barre = palette().color(QPalette::Highlight);
+    const QColor barre = palette().color(QPalette::Link);
     QColor calme = barre;
     calme.setAlphaF(0.65F);
     int libre = marge;

@@ -144,9 +144,12 @@ TEST_F(ListesTest, TheProgramEndsWithListsOpen) {
     ouvreliste(Ordre::Chrono);
     type(index(), u"EU"_s);
     dialogues.answers.push_back(Bouton::Oui);
+    programme->listes().amene(Ordre::Index);
     ASSERT_TRUE(programme->quitteprogramme());
     programme.reset();
     EXPECT_EQ(reglage("INDEX", "STATUS"), u"10111111111");
+    EXPECT_EQ(reglage("POSITIONFORME", "MDICHILD"), u"11           X") << "the index was in front";
+    ASSERT_EQ(demarre(QString()), Demarrage::EnMarche) << "which is no document to open";
 }
 
 // ---- the index
@@ -239,8 +242,10 @@ TEST_F(ListesTest, AHeaderSortsWithItsMarksAndTheSelectedDocumentStaysSelected) 
     QTest::keyClicks(grille.view(), u"g"_s);
     EXPECT_EQ(grille.text(grille.row(), 2), u"gamma");
     // Filled anew, the list stays sorted.
+    const GridSource* avant = grille.source();
     QTest::keyClick(grille.view(), Qt::Key_F5);
     EVENTUALLY(!index().encours());
+    EXPECT_NE(grille.source(), avant);
     EXPECT_EQ(grille.text(1, 2), u"Un arrêt");
     EXPECT_EQ(grille.text(grille.row(), 2), u"gamma");
 }

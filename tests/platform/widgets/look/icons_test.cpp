@@ -20,7 +20,8 @@ const QStringList tools =
     u"Précédent Suivant Copier Imprimer imprimereject Rechercher chrono numéro motclé Barrefenêtre "
     "Barreoutils Cascade Horizontalement Verticalement Dossiers Haut Bas arbre tableau "
     "recherchedico barrehoriz barreverti propriétés abc motprécédent motsuivant marqueauto dossiers "
-    "rangerdocument Index précédentrecherche suivantrecherche affichercritères regrouper "
+    "rangerdocument Index collectionstoutes collectionsaucune précédentrecherche suivantrecherche affichercritères "
+    "regrouper "
     "ouvrircritères sauvercritères imprimercritères envoyercritères liens corrélats Liste "
     "LargesIcones SmallIcones historiqueprécédent historiquesuivant chevronfermé chevronouvert"_s.split(u' ');
 const QStringList entries = u"quitter enregistrer envoyer texte piècejointe ranger sélectionnertout chercher "
