@@ -182,11 +182,25 @@ TEST_F(IndexTest, ARowIsFoundByItsDocument) {
 }
 
 TEST_F(IndexTest, ADocumentOfNoCollectionIsListedAndSortedWithTheOthers) {
-    ouvre({{u"CO000001"_s, u"b"_s}, {u"XX000001"_s, u"a"_s}, {u"YY000009"_s, u"c"_s}});
+    ouvre({{u"CO000001"_s, u"b"_s}, {u"XX000001"_s, u"a"_s}, {u"YY000009"_s, u"c"_s}, {QString(u""_s), u"0"_s}});
     const auto liste = index();
-    EXPECT_EQ(cles(*liste), (QStringList{u"CO000001"_s, u"XX000001"_s, u"YY000009"_s}));
+    EXPECT_EQ(cles(*liste), (QStringList{QString(u""_s), u"CO000001"_s, u"XX000001"_s, u"YY000009"_s}));
     ASSERT_TRUE(liste->sort(Titre, false));
-    EXPECT_EQ(colonne(*liste, Titre), (QStringList{u"a"_s, u"b"_s, u"c"_s}));
+    EXPECT_EQ(colonne(*liste, Titre), (QStringList{u"0"_s, u"a"_s, u"b"_s, u"c"_s})) << "none is lost";
+}
+
+TEST_F(IndexTest, EqualTitlesStandByCollectionAndNumberBothWays) {
+    ouvre({{u"JP000001"_s, u"Avis"_s},
+           {u"CO000002"_s, u"avis"_s},
+           {u"EU000009"_s, u"Avis"_s},
+           {u"CO000001"_s, u"Avis"_s},
+           {u"AD000001"_s, u"Bail"_s}});
+    const auto liste = index();
+    const QStringList memes{u"CO000001"_s, u"CO000002"_s, u"EU000009"_s, u"JP000001"_s};
+    ASSERT_TRUE(liste->sort(Titre, false));
+    EXPECT_EQ(cles(*liste), memes + QStringList{u"AD000001"_s});
+    ASSERT_TRUE(liste->sort(Titre, true));
+    EXPECT_EQ(cles(*liste), QStringList{u"AD000001"_s} + memes);
 }
 
 TEST_F(IndexTest, WithItsBaseClosedAListIsEmptyRowsAndNoEnd) {

@@ -137,6 +137,10 @@ TEST_F(ListesTest, PlacesAndTypesComeBackAtTheNextOpening) {
     redemarre();
     ouvreliste(Ordre::Chrono);
     EXPECT_FALSE(chrono().types().enfonce(2)) << "and in the next run";
+    aire().around(&chrono())->showMinimized();
+    aire().around(&chrono())->close();
+    ouvreliste(Ordre::Chrono);
+    EXPECT_NE(aire().stateOf(&chrono()), ChildArea::Minimised) << "what is asked for is seen";
 }
 
 TEST_F(ListesTest, TheProgramEndsWithListsOpen) {
@@ -411,6 +415,24 @@ TEST_F(LonguesListesTest, WhatTakesLongShowsHowFarItIs) {
     EXPECT_FALSE(progres.isVisible());
     if (!vu)
         GTEST_SKIP() << "this machine needs no progress bar for so few";
+}
+
+TEST_F(LonguesListesTest, WhatIsFilledWhileNoTypeIsChosenComesWithTheNextType) {
+    ouvreliste(Ordre::Index);
+    FlexGrid& grille = index().flex();
+    doubleclique(grille, 0, numeros);
+    EVENTUALLY(!index().encours());
+    QTest::keyClick(grille.view(), Qt::Key_F5);
+    ASSERT_TRUE(index().encours()) << "the new rows are sorted before they are seen";
+    QTest::mouseClick(index().barre().widget(u"toutdéselect"_s), Qt::LeftButton);
+    EVENTUALLY(!index().encours());
+    EXPECT_TRUE(grille.isHidden());
+    EXPECT_EQ(comptede(index()), QString());
+    QTest::mouseClick(index().barre().widget(u"toutsélect"_s), Qt::LeftButton);
+    EVENTUALLY(!index().encours());
+    EXPECT_TRUE(grille.isVisible());
+    EXPECT_EQ(grille.rows(), beaucoup + 1);
+    EXPECT_EQ(grille.headerCell(numeros), mots(304) + u'>');
 }
 
 TEST_F(LonguesListesTest, TheProgramEndsInTheMiddleOfAFilling) {
