@@ -40,7 +40,11 @@ TableDef documents() {
             {{u"primarykey"_s, {plain(u"référence"_s), plain(u"numart"_s)}, true},
              {u"numerodutype"_s, {plain(u"numeroarborescence"_s)}},
              {u"idate"_s, {plain(u"Date"_s), plain(u"référence"_s), plain(u"numart"_s)}},
-             {u"icattitre"_s, {plain(u"référence"_s), folded(u"titre"_s), plain(u"numart"_s)}}},
+             {u"icattitre"_s, {plain(u"référence"_s), folded(u"titre"_s), plain(u"numart"_s)}},
+             // For the query of the documents of a keyword.
+             {u"imotclé1"_s, {plain(u"motclé1"_s)}},
+             {u"imotclé2"_s, {plain(u"motclé2"_s)}},
+             {u"imotclé3"_s, {plain(u"motclé3"_s)}}},
             u"contenu"_s};
 }
 

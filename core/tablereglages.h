@@ -110,6 +110,12 @@ inline constexpr ReglageTexte chronostatut{{u"CHRONO", u"STATUS"}, u"11111111111
 inline constexpr ReglageTexte chronocolonnes{{u"CHRONO", u"ORDRECOLONNE"}, u"9870123", Maitre::Non};
 inline constexpr ReglageTexte chronolargeurs{
     {u"CHRONO", u"LARGEURCOLONNE"}, u"000700001000000700003000002000002000002000", Maitre::Non};
+inline constexpr ReglageTexte numerostatut{{u"NUMERO", u"STATUS"}, u"11111111111", Maitre::Non};
+inline constexpr ReglageTexte numerocolonnes{{u"NUMERO", u"ORDRECOLONNE"}, u"012345", Maitre::Non};
+inline constexpr ReglageTexte numerolargeurs{
+    {u"NUMERO", u"LARGEURCOLONNE"}, u"001000001000002500003000000700000700", Maitre::Non};
+inline constexpr ReglageTexte motclecolonnes{{u"MOTCLE", u"ORDRECOLONNE"}, u"01", Maitre::Non};
+inline constexpr ReglageTexte motclelargeurs{{u"MOTCLE", u"LARGEURCOLONNE"}, u"003000001700", Maitre::Non};
 
 // ---- searches
 inline constexpr ReglageEntier marquecouleur{{u"RECHERCHE", u"MARQUECOULEUR"}, 0x8000FF, Maitre::Oui};

@@ -182,6 +182,9 @@ enum class Texte : int {
     MotsARechercher = 7500,
     ListeChronologique = 8000,
     RechercheParNumero = 8050,
+    ColonneNumeroArticle = 8053,
+    ColonneNumeroTexte = 8054,
+    ColonneTitreTexte = 8055,
     ModeDAffichage = 8110,
     RevenirAuTexteComplet = 8111,
     ListeDesMotsCles = 8300,
@@ -296,6 +299,11 @@ enum class Texte : int {
     // ---- windows of lists
     TitreIndex = 9150,
     TitreChrono = 9151,
+    TitreRechercheNumero = 9152,
+    NumeroDArticle = 9153,
+    NumeroDeTexte = 9154,
+    TitreRechercheMotCle = 9155,
+    ColonneNombreDeDocuments = 9156,
     CollectionsDeLaListe = 9157,
     // ---- answers
     ReponseOui = 9270,
@@ -458,6 +466,8 @@ enum class Texte : int {
     // ---- the selection list asks and tells
     QuestionOuvrirLesDocuments = 9495,
     ListePasImprimee = 9496,
+    // ---- a number that nothing begins with
+    AucunNumeroCommencant = 9497,
     // ---- the base asks and tells
     PasDePlacePourCopier = 9500,
     // ---- settings that cannot be used
@@ -497,6 +507,23 @@ enum class Texte : int {
     MotOptions = 9548,
     // ---- refusals
     MiseAJourModifiable = 9549,
+    // ---- numbers and keywords
+    AucunDocumentDuMotCle = 9550,
+    MotCleIncherchable = 9551,
+    CommandeNumero = 9552,
+    CommandeMotsCles = 9553,
+    CommandeMotCle = 9554,
+    ArgumentNumero = 9555,
+    ArgumentMotCle = 9556,
+    OptionTexteNumero = 9557,
+    TapezUnNumero = 9558,
+    AucunDocumentDuNumero = 9559,
+    CompteMotsCles = 9560,
+    CompteUnMotCle = 9561,
+    AucunMotCle = 9562,
+    MotCleSansReponse = 9563,
+    ListerLesDocuments = 9564,
+    // ---- refusals of links, and of what takes too much memory
     LienRefuse = 9565,
     DocumentTropGrand = 9566,
     ListeIncomplete = 9567,

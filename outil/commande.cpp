@@ -138,6 +138,15 @@ const std::vector<Commande>& commandes() {
           optionbase,
           optionjson},
          criteres},
+        {"numero",
+         Texte::CommandeNumero,
+         Texte::ArgumentNumero,
+         1,
+         tous,
+         {{Texte::OptionTexteNumero, "--texte"}, optiontypes, optionbase, optionjson},
+         numero},
+        {"motscles", Texte::CommandeMotsCles, {}, 0, 0, {optionbase, optionjson}, motscles},
+        {"motcle", Texte::CommandeMotCle, Texte::ArgumentMotCle, 1, tous, {optionbase, optionjson}, motcle},
         {"cv2", Texte::CommandeCv2, Texte::ArgumentFichierCv2, 1, 1, {optionjson}, cv2}};
     return toutes;
 }

@@ -30,6 +30,8 @@ public:
             return texte_(Texte::BilanAucunCritere);
         case Recherchee::Sorte::Mots:
             return sansmot();
+        case Recherchee::Sorte::MotCle:
+            return remplace(texte_(Texte::AucunDocumentDuMotCle), {recherchee_.texte});
         case Recherchee::Sorte::Texte:
             break;
         }

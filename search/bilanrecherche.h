@@ -10,7 +10,7 @@ namespace velm {
 
 /// What was looked for, as the user sees it.
 struct Recherchee {
-    enum class Sorte { Texte, Criteres, Mots };
+    enum class Sorte { Texte, Criteres, Mots, MotCle };
 
     Sorte sorte = Sorte::Texte;
     QString texte = {};          ///< as typed

@@ -1,5 +1,6 @@
 #include "search/remplissageliste.h"
 
+#include "core/langue.h"
 #include "core/listes.h"
 #include "core/texte.h"
 #include "platform/base/memory.h"
@@ -7,6 +8,7 @@
 #include "search/bilanrecherche.h"
 #include "search/fichiercriteres.h"
 #include "search/questionlimite.h"
+#include "search/recherchemotcle.h"
 #include "search/selectionoutil.h"
 
 #include <QScopeGuard>
@@ -140,6 +142,35 @@ void RemplissageListe::prendcles(const QStringList& cles) {
     acheve();
     ditlignes();
     montreliste();
+}
+
+void RemplissageListe::remplitdemotcle(const QString& motcle) {
+    remplit([this, motcle](const std::stop_token&) { prendmotcle(motcle); }, [this] { montreliste(); });
+}
+
+void RemplissageListe::prendmotcle(const QString& motcle) {
+    constexpr auto refus = Texte::MotCleIncherchable;
+    constexpr auto titre = Texte::NomDuProgramme;
+    if (!trouvemotcle(motcle)) {
+        if (visible_)
+            ditlignes();
+        services_.dialogues.message(remplace(services_.texte(refus), {motcle}), services_.texte(titre),
+                                    Icone::Exclamation);
+        return;
+    }
+    acheve();
+    ditbilan(bilande({Recherchee::Sorte::MotCle, motcle}, liste_.resultat(), services_.texte));
+    montreliste();
+}
+
+/// False, with the list as it was, when its documents cannot be asked for.
+bool RemplissageListe::trouvemotcle(const QString& motcle) {
+    const Attente attente(services_.sablier);
+    const auto documents = documentsdumotcle(services_.corpus, motcle);
+    if (!documents)
+        return false;
+    prenddocuments(*documents, nouveau());
+    return true;
 }
 
 void RemplissageListe::cherchedans(const QString& code, const QString& mots, const EcouteFenetre& ecoute, bool tous) {

@@ -72,6 +72,9 @@ public:
     // ---- lists that come from elsewhere
     /// Turns keys into the list, in this order; those without a document are passed over.
     void remplitdecles(const QStringList& cles);
+    /// The documents of a keyword, with no word to mark. Where they cannot be asked for the user is told, and the list
+    /// stays as it was.
+    void remplitdemotcle(const QString& motcle);
     /// The search by words of a document window, in its collection; `tous`: without a question where they are many.
     void cherchedans(const QString& code, const QString& mots, const EcouteFenetre& ecoute, bool tous = false);
     /// What a selection tool has left in a folder; false when it left nothing.
@@ -92,6 +95,8 @@ private:
     void lance(const DemandeDico& demande, const EcouteFenetre& ecoute);
     bool travaille(const std::function<void()>& travail, const std::function<void()>& abandon);
     void prendcles(const QStringList& cles);
+    void prendmotcle(const QString& motcle);
+    bool trouvemotcle(const QString& motcle);
     void cherchemaintenant(const DemandeDico& demande, const EcouteFenetre& ecoute, const std::stop_token& arret);
     void prendselection(const QString& chemin);
 

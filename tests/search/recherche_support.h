@@ -42,6 +42,14 @@ struct DocumentCherche {
     qint64 noeud = 0;
 };
 
+/// A row of the numbers that articles and texts are cited by; a null text is Null in the base.
+struct NumeroCite {
+    QString cle;
+    QString numarticle;
+    QString numtitre = {};
+    QString titre = {};
+};
+
 struct Bilan {
     Resultat::Issue issue = Resultat::Issue::Terminee;
     qint64 vus = 0;
@@ -79,6 +87,15 @@ protected:
             TableWriter dico(*base.database, u"dico"_s, {u"mot"_s, u"liste"_s});
             for (const auto& [mot, postes] : mots)
                 ASSERT_TRUE(dico.add({mot, postes}));
+            const auto ounul = [](const QString& texte) { return texte.isNull() ? QVariant() : QVariant(texte); };
+            TableWriter liens(*base.database, u"generelien"_s,
+                              {u"référence"_s, u"numart"_s, u"numarticle"_s, u"numtitre"_s, u"titre"_s});
+            for (const NumeroCite& n : numeros)
+                ASSERT_TRUE(
+                    liens.add({n.cle.left(2), n.cle.mid(2), ounul(n.numarticle), ounul(n.numtitre), ounul(n.titre)}));
+            TableWriter comptees(*base.database, u"motclés"_s, {u"motcle"_s, u"nbarticle"_s});
+            for (const auto& [motcle, nombre] : motscles)
+                ASSERT_TRUE(comptees.add({motcle, nombre}));
             TableWriter parametres(*base.database, u"paramètres"_s, {u"nbarticles"_s});
             QString packs;
             for (const qint64 compte : comptes)
@@ -149,6 +166,8 @@ protected:
     std::vector<DocumentCherche> documents;
     std::vector<std::pair<QString, QByteArray>> mots;
     std::vector<std::pair<qint64, QString>> noeuds;
+    std::vector<NumeroCite> numeros;
+    std::vector<std::pair<QString, qint64>> motscles;
     Corpus corpus;
     ListeSelection liste{textes};
     SablierMuet sablier;
