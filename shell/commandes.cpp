@@ -73,7 +73,7 @@ void Commandes::apprendcadre() {
 void Commandes::apprendlistes() {
     Bureau& bureau = acteurs_.bureau;
     FenetresListes& listes = acteurs_.listes;
-    for (const Ordre ordre : {Ordre::Index, Ordre::Chrono})
+    for (const Ordre ordre : {Ordre::Index, Ordre::Chrono, Ordre::Numero, Ordre::MotCle})
         sur(ordre, [&listes, ordre](int) { listes.bascule(ordre); });
     sur(Ordre::Collection, [&bureau, &listes](int rang) {
         if (rang < nombredecollections)

@@ -7,6 +7,8 @@
 #include "shell/bureau.h"
 #include "shell/fenetrechrono.h"
 #include "shell/fenetreindex.h"
+#include "shell/fenetremotcle.h"
+#include "shell/fenetrenumero.h"
 #include "shell/logique/commandes.h"
 #include "shell/selection.h"
 
@@ -30,6 +32,8 @@ QWidget* FenetresListes::fenetre(Ordre ordre) const {
 QWidget* FenetresListes::fait(Ordre ordre) {
     const auto liste = [this, ordre](FenetreListe* nouvelle) {
         connect(nouvelle, &FenetreListe::fermee, this, [this, ordre] { ferme(ordre); });
+        // Its frame takes it over once.
+        nouvelle->setWindowIcon(icon(imagede(ordre, 0)));
         donnees_.bureau.ajoute(*nouvelle, *nouvelle);
         return nouvelle;
     };
@@ -38,6 +42,10 @@ QWidget* FenetresListes::fait(Ordre ordre) {
         return liste(new FenetreIndex(contexte(ordre)));
     case Ordre::Chrono:
         return liste(new FenetreChrono(contexte(ordre)));
+    case Ordre::Numero:
+        return liste(new FenetreNumero(contexte(ordre)));
+    case Ordre::MotCle:
+        return liste(new FenetreMotcle(contextemotcle(), donnees_.corpus));
     default:
         return nullptr;
     }
@@ -75,7 +83,6 @@ void FenetresListes::ouvre(Ordre ordre) {
     QWidget* nouvelle = fait(ordre);
     if (!nouvelle)
         return;
-    nouvelle->setWindowIcon(icon(imagede(ordre, 0)));
     const int liste = rang(ordre);
     fenetres_.at(static_cast<std::size_t>(liste)) = nouvelle;
     // One that was left as an icon was asked for now.
@@ -135,6 +142,16 @@ ContexteListe FenetresListes::contexteliste(Ordre ordre, bool replier) {
             selection.controle().remplissage().remplitdecles(toutes);
         },
         [this, ordre](const QWidget& fenetre) { noteplace(ordre, fenetre); }};
+}
+
+/// What is opened there is a keyword.
+ContexteListe FenetresListes::contextemotcle() {
+    ContexteListe contexte = contexteliste(Ordre::MotCle, true);
+    contexte.ouvre = [&selection = donnees_.selection](const Cle& cle) {
+        selection.controle().remplissage().remplitdemotcle(cle.numero);
+    };
+    contexte.selectionne = {};
+    return contexte;
 }
 
 ContexteTypes FenetresListes::contexte(Ordre ordre, bool replier) {

@@ -58,6 +58,7 @@ private:
     void ditouverte(Ordre ordre, bool ouverte);
     void noteplace(Ordre ordre, const QWidget& fenetre);
     ContexteListe contexteliste(Ordre ordre, bool replier);
+    ContexteListe contextemotcle();
     ContexteTypes contexte(Ordre ordre, bool replier = true);
 
     Donnees donnees_;

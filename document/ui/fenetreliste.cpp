@@ -47,7 +47,7 @@ FenetreListe::FenetreListe(const DescriptionListe& description, const ContexteLi
     documents_.montrecolonnes();
     flex_->hide();
     construitbarre(description);
-    construitmenu();
+    construitmenu(description.ouvrir);
     connecte();
 }
 
@@ -68,14 +68,14 @@ void FenetreListe::construitbarre(const DescriptionListe& description) {
     });
 }
 
-void FenetreListe::construitmenu() {
+void FenetreListe::construitmenu(Texte ouvrir) {
     menu_->setObjectName(u"ContextMenu"_s);
     const auto entree = [this](const QString& nom, Texte libelle, const QString& image, void (FenetreListe::*acte)()) {
         QAction* action = menu_->addAction(icon(image), contexte_.texte(libelle));
         action->setObjectName(nom);
         connect(action, &QAction::triggered, this, acte);
     };
-    entree(u"ContextMenuOuvrir"_s, Texte::OuvrirDeLaListe, u"ouvrir"_s, &FenetreListe::ouvre);
+    entree(u"ContextMenuOuvrir"_s, ouvrir, u"ouvrir"_s, &FenetreListe::ouvre);
     entree(u"ContextMenuCopier"_s, Texte::CopierLesLignes, u"Copier"_s, &FenetreListe::copielignes);
     if (contexte_.selectionne)
         entree(u"ContextMenuSelection"_s, Texte::MettreDansLaSelection, u"Rechercher"_s, &FenetreListe::selectionne);
@@ -136,7 +136,11 @@ bool FenetreListe::travaille(const std::function<void()>& travail, bool attente)
 }
 
 void FenetreListe::ditcompte() {
-    etat_->setPanelText(panneaucompte, flex_->isHidden() ? QString() : textecompte(flex_->rows() - 1, contexte_.texte));
+    etat_->setPanelText(panneaucompte, flex_->isHidden() ? QString() : compte());
+}
+
+QString FenetreListe::compte() const {
+    return textecompte(flex_->rows() - 1, contexte_.texte);
 }
 
 // ---- what is done with them

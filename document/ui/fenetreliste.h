@@ -44,9 +44,10 @@ struct DescriptionListe {
     ModeleColonnes colonnes;
     ClesColonnes cles; ///< where the columns are kept from one run to the next
     GrilleDocuments::Usage usage = {.suitletri = true};
-    bool regroupee = false; ///< equal neighbours are shown as one at first
-    bool copiable = true;   ///< the frame's command of copying takes all rows
-    int indice = -1;        ///< the window's slot; none
+    bool regroupee = false;                ///< equal neighbours are shown as one at first
+    bool copiable = true;                  ///< the frame's command of copying takes all rows
+    int indice = -1;                       ///< the window's slot; none
+    Texte ouvrir = Texte::OuvrirDeLaListe; ///< the menu's entry for what Enter does
     /// Puts what the bar has of its own before the button that merges; may be empty.
     std::function<void(Toolbar& barre)> garnit = {};
 };
@@ -103,13 +104,15 @@ protected:
     void insere(QWidget* dessus);
     /// The rows are there, or gone: the line and the frame follow.
     void ditlignes();
+    /// What the line says of rows that are there.
+    virtual QString compte() const;
     /// Under the wait cursor, unless the window answers between pieces of the work. False where the memory does not
     /// suffice, which is said.
     bool travaille(const std::function<void()>& travail, bool attente = true);
 
 private:
     void construitbarre(const DescriptionListe& description);
-    void construitmenu();
+    void construitmenu(Texte ouvrir);
     void montremenu(const QPoint& ou);
     void connecte();
     void regroupe(bool enfonce);

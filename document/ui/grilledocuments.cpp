@@ -48,7 +48,14 @@ GrilleDocuments::GrilleDocuments(FlexGrid& flex, Colonnes& colonnes, const Usage
     flex_.setStretchCol(colonnes_.place(usage_.champetire));
     flex_.setRedraw(avant);
     connect(&flex_, &FlexGrid::columnMoved, this, &GrilleDocuments::releve);
-    connect(&flex_, usage_.unclic ? &FlexGrid::clicked : &FlexGrid::doubleClicked, this, &GrilleDocuments::presse);
+    connect(&flex_, &FlexGrid::clicked, this, [this](int ligne, int colonne) {
+        if (usage_.unclic || (usage_.clicouvre && ligne > 0))
+            presse(ligne, colonne);
+    });
+    connect(&flex_, &FlexGrid::doubleClicked, this, [this](int ligne, int colonne) {
+        if (!usage_.unclic && !(usage_.clicouvre && ligne > 0))
+            presse(ligne, colonne);
+    });
     connect(&flex_, &FlexGrid::activated, this, &GrilleDocuments::ouvre);
     connect(&flex_, &FlexGrid::deletePressed, this, &GrilleDocuments::suppressionvoulue);
     connect(&flex_, &FlexGrid::rightClicked, this, [this](int ligne, int, const QPoint& ou) { pressemenu(ligne, ou); });

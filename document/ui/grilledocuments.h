@@ -27,6 +27,7 @@ public:
     /// What one list does otherwise than the others.
     struct Usage {
         bool unclic = false;      ///< one click opens a row and sorts by a header; else a double click
+        bool clicouvre = false;   ///< one click opens a row, and a double click sorts by a header
         bool plage = true;        ///< all selected rows are opened; else the one that was pressed, alone
         bool suitletri = false;   ///< the selected document stays selected where a sort puts it
         bool deplacables = true;  ///< the user drags columns

@@ -41,5 +41,7 @@ void listOfResults(Guide& guide);
 // ---- lists
 void index(Guide& guide);
 void chronology(Guide& guide);
+void numbers(Guide& guide);
+void keywords(Guide& guide);
 
 } // namespace velm::vues
