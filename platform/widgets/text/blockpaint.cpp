@@ -141,7 +141,7 @@ void BlockPaint::paintHeadRule(QPainter& painter, int number, int height) const 
     const int y = height - std::max(qCeil(rule), (setter_.spaceAfter(number) + 1) / 2);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(QRectF(left, y, page_.measure - left, rule), sheet_.rule);
+    painter.fillRect(QRectF(left, y, setter_.measure(number) - left, rule), sheet_.rule);
     painter.restore();
 }
 

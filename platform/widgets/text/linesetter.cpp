@@ -51,6 +51,12 @@ bool LineSetter::isRow(int number) const {
     return format.bullet || format.offset > 0 || !format.tabs.empty();
 }
 
+// Running text keeps to what is seen of a narrow window; the columns of a table do not fall over each other in it.
+int LineSetter::measure(int number) const {
+    const bool columns = shown_.paragraph(number).tabs && !shown_.format(number).tabs.empty();
+    return columns ? page_.tableMeasure : page_.measure;
+}
+
 QTextOption LineSetter::optionFor(const ParaFormat& format) const {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -73,14 +79,15 @@ QTextOption LineSetter::optionFor(const ParaFormat& format) const {
 
 // Stops count from the margin; the text engine counts them from the line's own left edge. Behind the paragraph's stops
 // come the usual ones, every half inch.
-QList<QTextOption::Tab> LineSetter::tabsFor(const ParaFormat& format, double left) const {
+QList<QTextOption::Tab> LineSetter::tabsFor(int number, double left) const {
+    const ParaFormat& format = shown_.format(number);
     std::vector<std::int32_t> stops = format.tabs;
     const std::int32_t edge = format.startIndent + format.offset;
     if (format.offset > 0) { // the further lines' edge is a stop of the first line
         stops.insert(std::upper_bound(stops.begin(), stops.end(), edge), edge);
     }
     const std::int32_t last = stops.empty() ? 0 : stops.back();
-    for (std::int32_t stop = (last / defaultTab + 1) * defaultTab; pixels(stop) < page_.measure; stop += defaultTab)
+    for (std::int32_t stop = (last / defaultTab + 1) * defaultTab; pixels(stop) < measure(number); stop += defaultTab)
         stops.push_back(stop);
     const double scale = tabScale(dpi_);
     QList<QTextOption::Tab> tabs;
@@ -91,13 +98,14 @@ QList<QTextOption::Tab> LineSetter::tabsFor(const ParaFormat& format, double lef
     return tabs;
 }
 
-double LineSetter::lineLeft(const ParaFormat& format, bool first) const {
+double LineSetter::lineLeft(int number, bool first) const {
+    const ParaFormat& format = shown_.format(number);
     double left = pixels(format.startIndent);
     if (format.bullet)
         left += format.offset > 0 ? pixels(format.offset) : bulletGap * em_;
     else if (!first)
         left += pixels(format.offset);
-    return std::clamp(left, double(-page_.margin), std::max(0.0, page_.measure - leastLine));
+    return std::clamp(left, double(-page_.margin), std::max(0.0, measure(number) - leastLine));
 }
 
 int LineSetter::lineHeight(const ParaFormat& format, double natural, bool pictures) const {
@@ -123,13 +131,13 @@ int LineSetter::set(QTextLayout& lines, int number, LayoutWork& work) const {
     }
     // One list of stops serves the whole block, for the engine uses it again when it draws. It is made for the first
     // line, unless only further lines, which may begin elsewhere, hold tabs.
-    option.setTabs(tabsFor(format, lineLeft(format, block.first)));
+    option.setTabs(tabsFor(number, lineLeft(number, block.first)));
     lines.setTextOption(option);
     const int height = breakLines(lines, number, work);
-    const bool elsewhere = !qFuzzyCompare(1 + lineLeft(format, block.first), 1 + lineLeft(format, false));
+    const bool elsewhere = !qFuzzyCompare(1 + lineLeft(number, block.first), 1 + lineLeft(number, false));
     if (!elsewhere || textOf(number).indexOf(u'\t') < lines.lineAt(0).textLength())
         return height;
-    option.setTabs(tabsFor(format, lineLeft(format, false)));
+    option.setTabs(tabsFor(number, lineLeft(number, false)));
     lines.setTextOption(option);
     return breakLines(lines, number, work);
 }
@@ -150,8 +158,8 @@ int LineSetter::breakLines(QTextLayout& lines, int number, LayoutWork& work) con
         QTextLine line = lines.createLine();
         if (!line.isValid())
             break;
-        const double left = lineLeft(format, first);
-        fill(lines, line, std::max(leastLine, page_.measure - left - right), words, work);
+        const double left = lineLeft(number, first);
+        fill(lines, line, std::max(leastLine, measure(number) - left - right), words, work);
         const int height = lineHeight(format, line.height(), block.objects);
         line.setPosition(QPointF(left, y + std::round((height - line.height()) / 2)));
         y += height;

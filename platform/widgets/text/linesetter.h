@@ -25,6 +25,8 @@ public:
 
     /// Lays out block `number`, whose text the layout holds; its height in pixels.
     int set(QTextLayout& lines, int number, LayoutWork& work) const;
+    /// The width that block `number` has.
+    int measure(int number) const;
     double pixels(std::int32_t twips) const { return twips * dpi_ / 1440.0; }
     int spaceBefore(int number) const;
     int spaceAfter(int number) const;
@@ -32,8 +34,8 @@ public:
 private:
     bool isRow(int number) const; ///< of a list or a table
     QTextOption optionFor(const ParaFormat& format) const;
-    QList<QTextOption::Tab> tabsFor(const ParaFormat& format, double left) const;
-    double lineLeft(const ParaFormat& format, bool first) const;
+    QList<QTextOption::Tab> tabsFor(int number, double left) const;
+    double lineLeft(int number, bool first) const;
     int lineHeight(const ParaFormat& format, double natural, bool pictures) const;
     QStringView textOf(int number) const;
     int breakLines(QTextLayout& lines, int number, LayoutWork& work) const;

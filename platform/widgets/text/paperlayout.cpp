@@ -63,17 +63,16 @@ double PaperLayout::fontHeight() const {
 }
 
 void PaperLayout::updatePage() {
-    const PaperPage page = paperPage(static_cast<int>(document()->pageSize().width()), shown_, device_.dpi);
-    const bool measureDiffers = page.measure != page_.measure || page.margin != page_.margin;
-    page_ = page;
-    if (measureDiffers)
+    const int width = static_cast<int>(document()->pageSize().width());
+    const PaperPage before = std::exchange(page_, paperPage(width, shown_, device_.dpi));
+    if (!page_.breaksLinesAs(before))
         forgetLines();
 }
 
 int PaperLayout::estimate(int number, double lineHeight, double averageWidth) const {
     const ParaFormat& format = shown_->format(number);
     const int length = shown_->documentEnd(number) - shown_->documentStart(number);
-    const double room = std::max(40.0, page_.measure - pixels(format.startIndent + format.rightIndent));
+    const double room = std::max(40.0, setter().measure(number) - pixels(format.startIndent + format.rightIndent));
     const double lines = std::max(1.0, std::ceil(length * averageWidth / room));
     return qRound(lines * lineHeight) + setter().spaceBefore(number) + setter().spaceAfter(number);
 }
@@ -196,7 +195,13 @@ SeenPlaces PaperLayout::placesFrom(std::int64_t top, int height) const {
 QSizeF PaperLayout::documentSize() const {
     if (shown_ == nullptr || shown_->documentLength() == 0)
         return {qreal(page_.width), 0}; // nothing to scroll to on a blank sheet
-    return {qreal(page_.width), std::min(tallest, qreal(heights_.total()) + 2.0 * page_.margin)};
+    return {qreal(page_.extent()), std::min(tallest, qreal(heights_.total()) + 2.0 * page_.margin)};
+}
+
+double PaperLayout::leftOf(int position) {
+    const QTextBlock block = layOut(shown_->blockAt(position));
+    const QTextLine line = block.layout()->lineForTextPosition(position - block.position());
+    return page_.textLeft + (line.isValid() ? line.cursorToX(position - block.position()) : 0);
 }
 
 QRectF PaperLayout::frameBoundingRect(QTextFrame* frame) const {
@@ -214,7 +219,7 @@ QRectF PaperLayout::blockRect(const QTextBlock& block) {
     if (number < 0 || number >= available_)
         return {};
     layOut(number, block);
-    return {qreal(page_.textLeft), qreal(heights_.top(number) + page_.margin), qreal(page_.measure),
+    return {qreal(page_.textLeft), qreal(heights_.top(number) + page_.margin), qreal(setter().measure(number)),
             qreal(heights_.height(number))};
 }
 

@@ -75,6 +75,8 @@ public:
     };
     Line lineAt(std::int64_t y);
     Line lineOf(int position);
+    /// Of a position that the document holds, from the left edge of the window's sheet.
+    double leftOf(int position);
     /// The character under a point, or -1.
     int characterAt(const QPointF& point);
     QRectF blockRect(const QTextBlock& block);

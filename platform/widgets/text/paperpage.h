@@ -1,5 +1,6 @@
 #pragma once
 // Where sheet and text lie in the width of the window.
+#include <algorithm>
 
 namespace velm {
 
@@ -10,8 +11,15 @@ struct PaperPage {
     int sheetLeft = 0;
     int sheetWidth = 0;
     int textLeft = 0;
-    int measure = 1; ///< width of the text
-    int margin = 0;  ///< above and below the text
+    int measure = 1;      ///< width of the text
+    int tableMeasure = 1; ///< of rows on tab stops: in a narrow window more than is seen at once
+    int margin = 0;       ///< above and below the text
+
+    /// As far as there is something to see: more than the window, where a table is wider.
+    int extent() const { return std::max(width, textLeft + tableMeasure + margin); }
+    bool breaksLinesAs(const PaperPage& other) const {
+        return measure == other.measure && tableMeasure == other.tableMeasure && margin == other.margin;
+    }
 
     friend bool operator==(const PaperPage&, const PaperPage&) = default;
 };

@@ -29,7 +29,6 @@ constexpr int wheelNotch = 120;
 
 SheetView::SheetView(QWidget* parent) : QTextEdit(parent) {
     setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setUndoRedoEnabled(false);
     layout_ = new PaperLayout(document());
@@ -62,6 +61,8 @@ bool SheetView::setContent(const RichText& rich) {
     }
     layout_->setAvailable(fill_->blocks());
     const bool another = shown_.text() != before;
+    if (another)
+        horizontalScrollBar()->setValue(0);
     contentSet(another);
     viewport()->update();
     keepWorking();
@@ -154,8 +155,9 @@ void SheetView::timerEvent(QTimerEvent* event) {
 
 // The toolkit's own answer would move the pixels by what the bar moved; heights may have changed meanwhile.
 void SheetView::scrollContentsBy(int dx, int dy) {
-    Q_UNUSED(dx)
     Q_UNUSED(dy)
+    if (dx != 0)
+        viewport()->update();
     if (place_->isMoving())
         return;
     const ViewPlace::Moving moving(*place_);

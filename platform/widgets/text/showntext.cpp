@@ -116,6 +116,7 @@ void ShownText::finish(const RichText& rich) {
         endParagraph(rich, -1, rich.tailCharacter());
     else
         endParagraph(rich, modelLength_ - 1, rich.charFormatIdAt(modelLength_ - 1));
+    measureTables();
     findMainFormat(rich);
     findColours(rich);
     partParagraphs(longestPart, paragraphs_, runs_, text_);
@@ -170,8 +171,18 @@ void ShownText::endParagraph(const RichText& rich, qsizetype position, FormatId 
         known_[paragraph.format] = true;
         formats_[paragraph.format] = bounded(rich.paraFormat(paragraph.format));
     }
-    if (const auto& tabs = formats_[paragraph.format].tabs; paragraph.tabs && !tabs.empty())
-        widestTable_ = std::max(widestTable_, tabs.back());
+}
+
+void ShownText::measureTables() {
+    for (int number = 0; number < count(); ++number) {
+        const auto& stops = format(number).tabs;
+        if (!paragraph(number).tabs || stops.empty())
+            continue;
+        widestTable_ = std::max(widestTable_, stops.back());
+        const int end = documentEnd(number);
+        const auto tab = static_cast<int>(QStringView(text_).first(end).lastIndexOf(u'\t'));
+        longestLastCell_ = std::max(longestLastCell_, end - tab - 1);
+    }
 }
 
 void ShownText::findColours(const RichText& rich) {

@@ -74,6 +74,8 @@ public:
     const CharFormat& mainFormat() const { return mainFormat_; }
     /// The last stop of the widest table on tab stops, in twips; 0 when there is none.
     std::int32_t widestTable() const { return widestTable_; }
+    /// The characters of the longest cell behind all tabs of a row.
+    int longestLastCell() const { return longestLastCell_; }
     /// Of a format of the runs: one from the character table, or autoColour.
     std::int32_t colour(FormatId format) const { return format < colours_.size() ? colours_[format] : autoColour; }
 
@@ -82,6 +84,7 @@ private:
     void readRun(Reading& reading, qsizetype start, qsizetype count, FormatId format);
     void endParagraph(const RichText& rich, qsizetype position, FormatId mark);
     void finish(const RichText& rich);
+    void measureTables();
     void findMainFormat(const RichText& rich);
     void findColours(const RichText& rich);
 
@@ -95,6 +98,7 @@ private:
     CharFormat mainFormat_;
     std::vector<std::int32_t> colours_; // by format
     std::int32_t widestTable_ = 0;
+    int longestLastCell_ = 0;
 };
 
 } // namespace velm

@@ -3,6 +3,7 @@
 #include "platform/widgets/text/paperlayout.h"
 
 #include <QScrollBar>
+#include <QtMath>
 
 #include <limits>
 
@@ -76,6 +77,16 @@ void ViewPlace::layOutAround() {
     }
 }
 
+/// Sideways, where a table is wider than the screen.
+void ViewPlace::revealColumn(int position) {
+    QScrollBar& bar = *view_.horizontalScrollBar();
+    const int width = view_.viewport()->width();
+    const int left = qFloor(layout_.leftOf(position));
+    const int room = width / 8;
+    if (left < bar.value() + layout_.page().margin || left > bar.value() + width - room)
+        bar.setValue(left <= width - room ? 0 : left - width / 4);
+}
+
 void ViewPlace::reveal(int position) {
     const Moving moving(*this);
     PaperLayout::Line line = layout_.lineOf(position);
@@ -88,6 +99,7 @@ void ViewPlace::reveal(int position) {
         scrollTo(0);
     else if (line.top < top() + room || line.top + line.height > top() + height() - room)
         scrollTo(line.top - height() / 4);
+    revealColumn(position);
 }
 
 /// Pixels move only together: where places went apart, all is painted anew. What the screen shows is laid out first, so

@@ -47,6 +47,7 @@ public:
 private:
     void followPlaces();
     void tellHeight();
+    void revealColumn(int position);
     void scrollTo(std::int64_t top);
     std::int64_t top() const;
     int height() const;

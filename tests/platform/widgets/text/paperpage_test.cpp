@@ -75,6 +75,31 @@ TEST(PaperPage, OnlyATableThatNeedsItWidensTheSheet) {
     EXPECT_EQ(paperPage(9000, &widest, 2 * dpi).measure, 2200);
 }
 
+TEST(PaperPage, InANarrowWindowATableKeepsTheWidthOfItsColumns) {
+    const ShownText table = text(24, {2000, 5000});
+    for (const int width : {120, 300, 400}) {
+        const PaperPage page = paperPage(width, &table, dpi);
+        EXPECT_GT(page.tableMeasure, 5000 * dpi / 1440 + 50) << width;
+        EXPECT_GT(page.tableMeasure, page.measure) << width;
+        EXPECT_EQ(paperPage(width, nullptr, dpi).tableMeasure, paperPage(width, nullptr, dpi).measure);
+    }
+    // No more than its last column needs, be it of figures or of words, and never more than in a window with room.
+    const auto behind = [](int stop, const QString& cell, int width) {
+        ParaFormat stops;
+        stops.tabs = {stop};
+        RichText rich;
+        rich.append(u"a\t"_s + cell, rich.intern(CharFormat{}), rich.intern(stops));
+        const ShownText shown(rich);
+        return paperPage(width, &shown, dpi).tableMeasure - stop * dpi / 1440;
+    };
+    EXPECT_LT(behind(2000, u"12"_s, 60), 20);
+    EXPECT_GT(behind(2000, u"observations"_s, 60), behind(2000, u"montant"_s, 60));
+    const QString words = u"mot "_s.repeated(20);
+    EXPECT_EQ(behind(2000, words, 60), behind(2000, words.repeated(9), 60));
+    EXPECT_EQ(behind(8400, words, 60), behind(8400, words, 3000));
+    EXPECT_LT(behind(8400, words, 60), behind(2000, words, 60));
+}
+
 TEST(PaperPage, GrowsWithTheDensity) {
     const PaperPage once = paperPage(9000, nullptr, dpi);
     const PaperPage twice = paperPage(9000, nullptr, 2 * dpi);
