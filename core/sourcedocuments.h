@@ -10,14 +10,8 @@ class SourceDocuments : public GridSource {
 public:
     /// The document of a row from 0; an empty key outside, and where a row stands for none.
     virtual Cle cle(int row) const = 0;
-    /// The row of a document, from 0; -1 for none. Lists of very many rows have a shorter way than to read them all.
-    virtual int rang(const Cle& voulue) const {
-        for (int row = 0; row < rowCount(); ++row) {
-            if (cle(row) == voulue)
-                return row;
-        }
-        return -1;
-    }
+    /// The first row from 0 that stands for a document; -1 for none.
+    virtual int row(const Cle& wanted) const;
 };
 
 } // namespace velm

@@ -102,6 +102,18 @@ Cle ListeCollection::cle(int row) const {
     return numero.isEmpty() ? Cle() : Cle{code_, numero};
 }
 
+/// Without reading the rows before it.
+int ListeCollection::row(const Cle& wanted) const {
+    if (!table_->usable())
+        return -1;
+    const auto celle = corpus_.base().openQuery(u"SELECT rowid FROM données WHERE référence=?1 AND numart=?2"_s,
+                                                {wanted.code, wanted.numero}, nullptr);
+    if (!celle || celle->eof())
+        return -1;
+    const auto ici = std::ranges::find(lignes_, celle->value(0).toLongLong());
+    return ici == lignes_.end() ? -1 : static_cast<int>(ici - lignes_.begin());
+}
+
 bool ListeCollection::sort(int column, bool descending) {
     if (column < 0 || column >= champs_.size())
         return false;

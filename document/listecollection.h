@@ -31,6 +31,7 @@ public:
     // Once the base is closed, rows that were not read before are empty.
 
     Cle cle(int row) const override;
+    int row(const Cle& wanted) const override;
 
     /// Field of what a column shows: "0" titre, "1" to "3" the keywords, "4" numart; empty for anything else.
     static QString champ(QChar chiffre);

@@ -2,6 +2,7 @@
 
 #include "core/texte.h"
 #include "document/listecollection.h"
+#include "document/ui/suiviliste.h"
 #include "platform/base/memory.h"
 #include "platform/widgets/grid/flexgrid.h"
 
@@ -13,7 +14,8 @@ using namespace Qt::Literals::StringLiterals;
 
 BlocListe::BlocListe(const QString& code, Corpus& corpus, Sablier& sablier, const Libelles& texte, QWidget* fenetre)
     : QObject(fenetre), code_(code), corpus_(corpus), sablier_(sablier), grille_(new FlexGrid(fenetre)),
-      colonnes_(ListeCollection::modele(), texte), documents_(*grille_, colonnes_, {.plage = false}) {
+      colonnes_(ListeCollection::modele(), texte), documents_(*grille_, colonnes_, {.plage = false}),
+      suivi_(new SuiviListe(documents_, this)) {
     grille_->setObjectName(u"flex"_s);
     grille_->setAccessibleName(texte(Texte::ListeDeLaCollection));
     grille_->setEmptyText(texte(Texte::CouvertureSansDocument));
@@ -33,6 +35,7 @@ void BlocListe::charge(const ReglagesTextes& reglages) {
     documents_.charge(std::make_unique<ListeCollection>(corpus_, code_, fixe));
     documents_.trie(0);
     chargee_ = true;
+    suivi_->reprend();
 }
 
 void BlocListe::retient(ReglagesTextes& reglages) {
@@ -49,6 +52,7 @@ void BlocListe::trie(int colonne) {
     const bool fait = withinMemory([this, colonne] {
         const Attente attente(sablier_);
         documents_.trie(colonne);
+        suivi_->marque();
     });
     if (!fait)
         emit sansmemoire();

@@ -14,6 +14,7 @@ class QWidget;
 namespace velm {
 
 class FlexGrid;
+class SuiviListe;
 
 class BlocListe final : public QObject {
     Q_OBJECT
@@ -23,6 +24,7 @@ public:
     BlocListe(const QString& code, Corpus& corpus, Sablier& sablier, const Libelles& texte, QWidget* fenetre);
 
     FlexGrid* grille() const { return grille_; }
+    SuiviListe& suivi() const { return *suivi_; } ///< of the document of the window
     bool chargee() const { return chargee_; }
     /// Fills the grid, its columns as they were stored, sorted by the first one. std::bad_alloc where the memory does
     /// not suffice: it then counts as not filled.
@@ -44,6 +46,7 @@ private:
     FlexGrid* grille_;
     Colonnes colonnes_;
     GrilleDocuments documents_;
+    SuiviListe* suivi_;
     bool chargee_ = false;
 };
 

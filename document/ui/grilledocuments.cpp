@@ -116,6 +116,11 @@ Cle GrilleDocuments::cle(int ligne) const {
     return celle && ligne > 0 ? celle->cle(ligne - 1) : Cle();
 }
 
+int GrilleDocuments::ligne(const Cle& cle) const {
+    const SourceDocuments* celle = source();
+    return celle ? celle->row(cle) + 1 : 0;
+}
+
 std::vector<Cle> GrilleDocuments::cles(int premiere, int derniere) const {
     std::vector<Cle> toutes;
     for (int ligne = std::max(premiere, 1); ligne <= std::min(derniere, flex_.rows() - 1); ++ligne)
@@ -156,9 +161,10 @@ void GrilleDocuments::effacemarques() {
 /// Puts a row on top, and then selects that of a document, which is seen in any case.
 void GrilleDocuments::choisit(const Cle& voulue, int haut) {
     flex_.setTopRow(std::clamp(haut, 1, std::max(flex_.rows() - 1, 1)));
-    const SourceDocuments* celle = source();
-    if (const int rang = celle && !voulue.vide() ? celle->rang(voulue) : -1; rang >= 0)
-        flex_.setRow(rang + 1);
+    if (voulue.vide())
+        return;
+    if (const int ici = ligne(voulue); ici > 0)
+        flex_.setRow(ici);
 }
 
 // ---- changes in the rows

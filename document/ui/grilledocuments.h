@@ -59,6 +59,8 @@ public:
     const SourceDocuments* source() const;
     /// The document of a row; empty for none.
     Cle cle(int ligne) const;
+    /// The first row of a document; 0 for none.
+    int ligne(const Cle& cle) const;
     /// The documents of the rows from one to another, both counted.
     std::vector<Cle> cles(int premiere, int derniere) const;
 

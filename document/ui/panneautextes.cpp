@@ -3,6 +3,7 @@
 #include "core/texte.h"
 #include "document/ui/blocliste.h"
 #include "document/ui/blocrecherche.h"
+#include "document/ui/suiviliste.h"
 #include "document/ui/suivisommaire.h"
 #include "platform/widgets/frame/splitterbar.h"
 #include "platform/widgets/grid/flexgrid.h"
@@ -113,6 +114,7 @@ void PanneauTextes::chargearbre() {
 
 void PanneauTextes::suit(const Cle& cle, qint64 numero) {
     suivi_->suit(cle, numero);
+    liste_->suivi().suit(cle, numero);
 }
 
 void PanneauTextes::place(const QRect& ici) {
@@ -126,6 +128,7 @@ void PanneauTextes::montre(bool lisible) {
     liste_->grille()->setVisible(lisible && bloc_ == Bloc::Liste);
     recherche_->setVisible(lisible && bloc_ == Bloc::Recherche);
     suivi_->reprend();
+    liste_->suivi().reprend();
 }
 
 bool PanneauTextes::prendfocus() {

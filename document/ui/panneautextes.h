@@ -43,7 +43,7 @@ public:
     void place(const QRect& ici);
     /// Shows the panel's block, or none where there is no room to read it.
     void montre(bool lisible);
-    /// The window shows a document, which hangs from the branch of a number: the tree follows.
+    /// The window shows a document, which hangs from the branch of a number: tree and list follow.
     void suit(const Cle& cle, qint64 numero);
     /// Puts the focus into the words of the search block; false when they cannot be seen, or the block is off.
     bool prendfocus();

@@ -112,6 +112,20 @@ TEST_F(ListeCollectionTest, ABaseWithoutStoredKeysSortsTitlesByTheirText) {
     EXPECT_EQ(numeros(liste), (QStringList{u"3"_s, u"4"_s, u"2"_s, u"1"_s}));
 }
 
+TEST_F(ListeCollectionTest, TheRowOfADocumentIsFoundInEveryOrder) {
+    ouvre();
+    ListeCollection liste(corpus, u"CL"_s, u"01234"_s);
+    for (const bool descendant : {false, true}) {
+        liste.sort(0, descendant);
+        for (int ligne = 0; ligne < liste.rowCount(); ++ligne)
+            EXPECT_EQ(liste.row(liste.cle(ligne)), ligne);
+    }
+    for (const Cle& ailleurs : {Cle(), Cle{u"CO"_s, u"000009"_s}, Cle{u"CL"_s, u"000099"_s}})
+        EXPECT_EQ(liste.row(ailleurs), -1) << ailleurs.texte().toStdString();
+    corpus.fermebase();
+    EXPECT_EQ(liste.row({u"CL"_s, u"000001"_s}), -1);
+}
+
 TEST_F(ListeCollectionTest, CellsAndColumnsOutsideAreEmpty) {
     ouvre();
     ListeCollection liste(corpus, u"CL"_s, u"01234"_s);

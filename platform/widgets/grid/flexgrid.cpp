@@ -213,6 +213,7 @@ void FlexGrid::setText(int row, int col, const QString& text) {
 
 void FlexGrid::setSource(std::unique_ptr<GridSource> source) {
     d_->model.setSource(std::move(source));
+    setMarked(0);
     d_->view->select(-1, -1, false);
     showFirst();
 }
@@ -232,6 +233,7 @@ bool FlexGrid::sort(int col, bool descending) {
     const int followed = source() || view.anchor() < 0 ? -1 : memory.identity(view.anchor());
     if (!d_->model.sortBy(d_->view->logicalAt(col), descending))
         return false;
+    setMarked(0);
     for (int place = 0; place < cols(); ++place)
         setSortMark(place, place != col ? Mark::None : descending ? Mark::Descending : Mark::Ascending);
     if (!all) {
@@ -303,6 +305,19 @@ int FlexGrid::topRow() const {
 
 void FlexGrid::setTopRow(int row) {
     d_->view->setTopRow(row - 1);
+}
+
+void FlexGrid::bringIntoSight(int row) {
+    if (row > 0 && row < rows())
+        d_->view->bringIntoSight(row - 1);
+}
+
+void FlexGrid::setMarked(int row) {
+    d_->view->setMarked(row - 1);
+}
+
+int FlexGrid::marked() const {
+    return d_->view->marked() + 1;
 }
 
 void FlexGrid::showFirst() {

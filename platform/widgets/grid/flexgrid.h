@@ -124,6 +124,12 @@ public:
     void copySelection();
     int topRow() const; ///< the first data row that is seen
     void setTopRow(int row);
+    /// Scrolls until a row can be seen: one out of sight comes to stand in the middle.
+    void bringIntoSight(int row);
+    /// Shows one row as the one that is looked at elsewhere: heavier, in the accent's ink and tint. It is neither
+    /// selected nor scrolled to. 0 for none, as after a sort or with another source.
+    void setMarked(int row);
+    int marked() const;
 
     /// Off during fills: one repaint when it comes back on.
     void setRedraw(bool on);

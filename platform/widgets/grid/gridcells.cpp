@@ -2,6 +2,7 @@
 
 #include "platform/widgets/grid/gridlook.h"
 #include "platform/widgets/grid/gridview.h"
+#include "platform/widgets/look/look.h"
 
 #include <QPainter>
 
@@ -16,6 +17,7 @@ struct Tones {
                 : view.isActiveWindow() ? QPalette::Active
                                         : QPalette::Inactive) {}
     QColor ground() const { return palette.color(group, QPalette::Highlight); }
+    QColor marked() const { return look::accentColour(look::themeOf(palette)); }
     QColor text(bool selected) const {
         return palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text);
     }
@@ -29,8 +31,17 @@ struct Tones {
     QPalette::ColorGroup group;
 };
 
-void paintGround(QPainter& painter, const QRect& rect, const Tones& tones, bool selected, bool line) {
-    if (selected) {
+QFont heavier(QFont font) {
+    font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+enum class Ground { Plain, Marked, Selected };
+
+void paintGround(QPainter& painter, const QRect& rect, const Tones& tones, Ground ground, bool line) {
+    if (ground == Ground::Marked)
+        painter.fillRect(rect, look::chosenGround(tones.palette));
+    if (ground == Ground::Selected) {
         painter.fillRect(rect, tones.ground());
         if (!tones.focused)
             gridlook::paintUnfocused(painter, rect, tones.palette);
@@ -40,6 +51,12 @@ void paintGround(QPainter& painter, const QRect& rect, const Tones& tones, bool 
     }
 }
 
+Ground groundOf(const GridView& view, int row) {
+    if (view.isSelected(row))
+        return Ground::Selected;
+    return row == view.marked() ? Ground::Marked : Ground::Plain;
+}
+
 } // namespace
 
 GridCells::GridCells(GridView& view) : QStyledItemDelegate(&view), view_(view) {}
@@ -47,9 +64,10 @@ GridCells::GridCells(GridView& view) : QStyledItemDelegate(&view), view_(view) {
 void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     const int row = index.row();
     const int place = view_.placeOf(index.column());
-    const bool selected = view_.isSelected(row);
+    const Ground ground = groundOf(view_, row);
+    const bool selected = ground == Ground::Selected;
     const Tones tones(view_);
-    paintGround(*painter, option.rect, tones, selected, !view_.joinsAbove(row + 1, place));
+    paintGround(*painter, option.rect, tones, ground, !view_.joinsAbove(row + 1, place));
     if (!view_.showsText(row, place))
         return;
     painter->setFont(option.font);
@@ -66,10 +84,12 @@ void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, con
     const QString text = index.data().toString();
     if (text.isEmpty() || paintPicture(*painter, option, index.column(), text, selected))
         return;
-    painter->setPen(tones.text(selected));
+    painter->setPen(ground == Ground::Marked ? tones.marked() : tones.text(selected));
+    if (row == view_.marked())
+        painter->setFont(heavier(option.font));
     // Titles that share their beginning ("Code de commerce, art. …") are told apart by their end.
     painter->drawText(rect, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine,
-                      option.fontMetrics.elidedText(text, Qt::ElideMiddle, rect.width()));
+                      painter->fontMetrics().elidedText(text, Qt::ElideMiddle, rect.width()));
 }
 
 /// The texts of a row that stand in no column, one behind the other.
@@ -134,7 +154,7 @@ void GridCells::paintBeside(int left, int first, int behind) const {
     const Tones tones(view_);
     for (int row = first; row < behind; ++row)
         paintGround(painter, {left, view_.rowViewportPosition(row), width, view_.rowHeight(row)}, tones,
-                    view_.isSelected(row), true);
+                    groundOf(view_, row), true);
 }
 
 } // namespace velm

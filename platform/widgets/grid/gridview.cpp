@@ -140,6 +140,17 @@ void GridView::setTopRow(int row) {
     verticalScrollBar()->setValue(row);
 }
 
+void GridView::bringIntoSight(int row) {
+    executeDelayedItemsLayout();
+    if (row < topRow() || row >= topRow() + pageRows())
+        setTopRow(row - pageRows() / 2);
+}
+
+void GridView::setMarked(int row) {
+    marked_ = std::clamp(row, -1, model_.count() - 1);
+    viewport()->update();
+}
+
 void GridView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     if (syncing_ || !index.isValid())
         return;

@@ -59,6 +59,10 @@ public:
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
     int topRow() const;
     void setTopRow(int row);
+    void bringIntoSight(int row);
+    /// The row that is looked at elsewhere.
+    void setMarked(int row);
+    int marked() const { return marked_; }
 
     // ---- merging
     void setMerging(bool merging);
@@ -111,6 +115,7 @@ private:
     bool merging_ = false;
     int anchor_ = -1;
     int end_ = -1;
+    int marked_ = -1;
     bool syncing_ = false;
     bool revealWhenShown_ = false;
 };

@@ -9,7 +9,6 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QScrollBar>
 
 #include <unordered_set>
 #include <utility>
@@ -111,7 +110,6 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent), watch_(std::make_unique
     });
     connect(this, &QTreeView::doubleClicked, this,
             [this](const QModelIndex& index) { emit nodeActivated(nodeOf(index)); });
-    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, &TreeView::scrolledByHand);
     nodes_.setObserver(watch_.get());
     takeFont();
 }

@@ -52,7 +52,6 @@ signals:
     void nodeReturned(int node);                                   ///< Return alone, where a click acts already
     void nodeRightClicked(int node, const QPoint& globalPosition); ///< node 0: beside all nodes
     void selectionMoved(int node);
-    void scrolledByHand(); ///< with the wheel or the scroll bar
 
 protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;

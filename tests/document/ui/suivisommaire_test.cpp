@@ -1,6 +1,7 @@
 // The contents tree follows the document of its window.
 #include "tests/document/ui/textes_base.h"
 #include "tests/support/eventually.h"
+#include "tests/support/little_memory.h"
 
 #include <QApplication>
 
@@ -102,6 +103,31 @@ TEST_F(SuiviTextes, ATreeThatIsNotSeenLoadsNothingAndFollowsWhenItIs) {
     EXPECT_EQ(marquee(fenetre), u"@CO000001");
     presse(fenetre, u"arbre"_s);
     EVENTUALLY(marquee(fenetre) == u"@CO000003");
+}
+
+TEST_F(SuiviTextes, WhatTheUserHasClosedStaysClosedInAWindowOfAnotherSize) {
+    Textes& fenetre = avecarbre("CO000001");
+    EVENTUALLY(marquee(fenetre) == u"@CO000001");
+    TreeNodes& noeuds = arbre(fenetre).nodes();
+    noeuds.setExpanded(noeuds.indexOf(u"CO 1"_s), false);
+    fenetre.resize(800, 500);
+    presse(fenetre, u"recherchedico"_s);
+    presse(fenetre, u"arbre"_s);
+    laissefaire();
+    EXPECT_FALSE(noeuds.expanded(noeuds.indexOf(u"CO 1"_s))) << "it has followed this document";
+}
+
+TEST_F(SuiviTextes, ATreeThatDidNotFitIntoTheMemoryFollowsWhenItDoes) {
+    Textes& fenetre = ouvre("CO000001");
+    {
+        const test::LittleMemory peu(0);
+        presse(fenetre, u"arbre"_s);
+        laissefaire();
+    }
+    ASSERT_LE(arbre(fenetre).nodes().count(), 1);
+    EXPECT_EQ(banc->voisinage.dits.size(), 1) << "said once";
+    presse(fenetre, u"arbre"_s);
+    EVENTUALLY(marquee(fenetre) == u"@CO000001");
 }
 
 TEST_F(SuiviTextes, AMarkComesWhereALaterLoadBringsTheDocument) {

@@ -1,5 +1,6 @@
 // How the grid looks: pictures in cells, and headers.
 #include "gridfixture.h"
+#include "platform/widgets/look/look.h"
 
 #include <QPainter>
 
@@ -75,6 +76,71 @@ TEST_F(FlexGridLook, APictureMayStandBeforeTheTextForWhatAnotherColumnHas) {
         0, [](const QString&) { return coloured(); }, 9);
     grid.setCols(1);
     EXPECT_EQ(seen(1), -1) << "without the other column there is none";
+}
+
+TEST_F(FlexGridLook, AMarkedRowIsHeavierInTheAccentsInkOnAGroundOfItsOwn) {
+    fill({{u"HHHHHHHH"_s, u"x"_s}, {u"HHHHHHHH"_s, u"y"_s}, {u"HHHHHHHH"_s, u"z"_s}});
+    const auto rowOf = [this](int row) {
+        const QRect place = grid.view()->visualRect(grid.view()->model()->index(row - 1, 0));
+        return rowsWidget()->grab(place.adjusted(0, 0, 0, -2)).toImage();
+    };
+    // The ground at the right end, where no text is; the darkest of the text.
+    const auto ground = [](const QImage& image) { return image.pixelColor(image.width() - 2, image.height() / 2); };
+    const auto ink = [](const QImage& image) {
+        int pixels = 0;
+        for (int x = 0; x < image.width(); ++x)
+            pixels += image.pixelColor(x, image.height() / 2).lightness() < 140 ? 1 : 0;
+        return pixels;
+    };
+    const QImage plain = rowOf(2);
+    grid.setMarked(2);
+    EXPECT_EQ(grid.marked(), 2);
+    const QImage marked = rowOf(2);
+    EXPECT_EQ(ground(marked), look::chosenGround(grid.palette()));
+    EXPECT_NE(ground(plain), ground(marked));
+    EXPECT_GT(ink(marked), ink(plain));
+    EXPECT_EQ(rowOf(1), rowOf(3)) << "it alone";
+    EXPECT_EQ(ground(rowOf(1)), ground(plain));
+    const QImage beside = rowsWidget()->grab().toImage();
+    EXPECT_EQ(beside.pixelColor(beside.width() - 2, pointOf(2, 0).y()), ground(marked)) << "to the end of the row";
+    EXPECT_EQ(grid.row(), 0) << "not selected";
+    grid.setRow(2);
+    const QImage selected = rowOf(2);
+    grid.setRow(1);
+    EXPECT_NE(ground(selected), ground(marked)) << "selected, it looks selected";
+    EXPECT_EQ(rowOf(2), marked);
+    grid.setMarked(9);
+    EXPECT_EQ(grid.marked(), 3) << "as other row numbers";
+    grid.setMarked(-4);
+    EXPECT_EQ(grid.marked(), 0);
+}
+
+TEST_F(FlexGridLook, AMarkGoesWithTheOrderOfItsRows) {
+    number(3);
+    grid.setMarked(2);
+    grid.sort(0, true);
+    EXPECT_EQ(grid.marked(), 0);
+    grid.setMarked(2);
+    grid.setSource(nullptr);
+    EXPECT_EQ(grid.marked(), 0);
+}
+
+TEST_F(FlexGridLook, ARowOutOfSightIsBroughtIntoTheMiddleAndOneInSightStays) {
+    number(200);
+    const int page = rowsWidget()->height() / grid.view()->rowHeight(0);
+    grid.bringIntoSight(3);
+    EXPECT_EQ(grid.topRow(), 1);
+    grid.bringIntoSight(100);
+    EXPECT_EQ(grid.topRow(), 100 - page / 2);
+    grid.bringIntoSight(grid.topRow() + page - 1);
+    EXPECT_EQ(grid.topRow(), 100 - page / 2);
+    grid.bringIntoSight(grid.topRow() + page);
+    EXPECT_NE(grid.topRow(), 100 - page / 2) << "half in sight is out of sight";
+    for (const int nowhere : {0, -1, 201}) {
+        const int before = grid.topRow();
+        grid.bringIntoSight(nowhere);
+        EXPECT_EQ(grid.topRow(), before);
+    }
 }
 
 namespace {

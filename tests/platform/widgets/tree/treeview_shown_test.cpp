@@ -7,7 +7,6 @@
 #include <QHelpEvent>
 #include <QScrollBar>
 #include <QToolTip>
-#include <QWheelEvent>
 
 namespace velm {
 
@@ -157,20 +156,6 @@ TEST_F(TreeViewShown, ANodeHalfInSightCountsAsOutOfSight) {
     ASSERT_LT(rectOf(half).top(), 0);
     tree.bringIntoSight(half);
     EXPECT_GE(rectOf(half).top(), 0);
-}
-
-TEST_F(TreeViewShown, OnlyTheUsersHandTellsThatItScrolled) {
-    plantMany();
-    const QSignalSpy hand(&tree, &TreeView::scrolledByHand);
-    tree.bringIntoSight(40);
-    tree.ensureVisible(2);
-    nodes.select(45);
-    EXPECT_EQ(hand.count(), 0);
-    const QPointF at(20, 20);
-    QWheelEvent wheel(at, tree.viewport()->mapToGlobal(at), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(tree.viewport(), &wheel);
-    EXPECT_GT(hand.count(), 0);
 }
 
 } // namespace velm
