@@ -102,12 +102,10 @@ void BlocRecherche::moveblocrecherche() {
     // one below the other.
     const bool uneligne = large || height() < empile;
     const bool avecresultat = height() - ligne - 3 * look::spacing > 2 * resultat_->fontMetrics().height();
-    int haut = uneligne && !avecresultat ? std::max(0, (height() - ligne) / 2) : marge;
+    int haut = !avecresultat ? std::max(0, (height() - ligne) / 2) : marge;
     etiquette_->setVisible(large || (!uneligne && etiquette_->sizeHint().width() <= largeur));
     haut = (uneligne ? disposeligne(gauche, haut, largeur) : disposepile(gauche, haut, largeur)) + look::spacing;
-    const QString nom = mots_->accessibleName();
-    const bool tient = uneligne || mots_->fontMetrics().horizontalAdvance(nom) + 2 * look::spacing <= mots_->width();
-    mots_->setPlaceholderText(etiquette_->isHidden() && tient ? nom : QString());
+    mots_->setPlaceholderText(uneligne && !large ? mots_->accessibleName() : QString());
     haut = disposenote(gauche, haut, largeur);
     const int reste = Heightblocrecherche(height(), haut + look::spacing);
     resultat_->setGeometry(gauche, haut, largeur, std::min(reste, hauteurresultat()));

@@ -1,5 +1,6 @@
 // The block of a document window that looks words up, by itself.
 #include "document/ui/blocrecherche.h"
+#include "document/ui/etiquette.h"
 #include "platform/widgets/look/noteline.h"
 #include "tests/support/eventually.h"
 
@@ -42,6 +43,39 @@ TEST(BlocRechercheTest, WithoutRoomForItsLabelTheBoxSaysWhatItIsFor) {
     EXPECT_EQ(mots->placeholderText(), u"Mots de la collection");
     bloc.resize(260, 400);
     EXPECT_EQ(mots->placeholderText(), QString());
+    bloc.resize(100, 400);
+    EXPECT_EQ(mots->placeholderText(), QString()) << "it would be cut";
+    bloc.resize(900, 40);
+    EXPECT_EQ(mots->placeholderText(), QString());
+}
+
+TEST(BlocRechercheTest, ALineStandsInTheMiddleOfALowBlockAndOnTopOfAHighOne) {
+    BlocRecherche bloc([](Texte) { return u"Mots de la collection"_s; }, nullptr);
+    const auto* bouton = bloc.findChild<QPushButton*>(u"cmdokdico"_s);
+    bloc.show();
+    const int ligne = bouton->height();
+    for (const int largeur : {260, 900}) {
+        bloc.resize(largeur, ligne + 20);
+        EXPECT_NEAR(bouton->geometry().center().y(), bloc.rect().center().y(), 1) << largeur;
+        bloc.resize(largeur, 2 * ligne + 200);
+        EXPECT_LT(bouton->geometry().top(), bloc.height() / 3) << largeur;
+    }
+}
+
+TEST(BlocRechercheTest, TheLabelIsSeenWhereItIsWhole) {
+    BlocRecherche bloc([](Texte) { return u"Mots de la collection"_s; }, nullptr);
+    const auto* etiquette = bloc.findChild<Etiquette*>();
+    bloc.show();
+    const int besoin = etiquette->sizeHint().width();
+    for (const auto& [taille, vue] : {std::pair{QSize(900, 40), true},
+                                      {QSize(900, 400), true},
+                                      {QSize(260, 400), true},
+                                      {QSize(260, 40), false},
+                                      {QSize(besoin - 1, 400), false}}) {
+        bloc.resize(taille);
+        EXPECT_EQ(etiquette->isVisible(), vue) << taille.width() << 'x' << taille.height();
+        EXPECT_TRUE(!vue || etiquette->width() >= besoin) << taille.width() << 'x' << taille.height();
+    }
 }
 
 TEST(BlocRechercheTest, WhatCameOfASearchIsSaidBesideTheBoxInEverySize) {
