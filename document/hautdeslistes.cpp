@@ -11,8 +11,6 @@ namespace {
 constexpr int partdeslistes = 28;
 
 int rangeesentieres(int hauteur, const MesuresTextes& mesures) {
-    if (mesures.rangee <= 0)
-        return hauteur;
     return mesures.titres + std::max(1, (hauteur - mesures.titres) / mesures.rangee) * mesures.rangee;
 }
 

@@ -9,7 +9,7 @@ struct MesuresTextes {
     int entete = 0; ///< the headers of the two lists
     int trait = 75; ///< thickness of the bars that are dragged
     int titres = 0; ///< the headers of the grids
-    int rangee = 0; ///< a row of the grids
+    int rangee = 1; ///< a row of the grids; above 0
 };
 
 class HautDesListes {
