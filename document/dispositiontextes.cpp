@@ -37,7 +37,7 @@ void DispositionTextes::changetaille(int largeur, int hauteur, const MesuresText
     hauteur_ = std::max(0, hauteur);
     mesures_ = mesures;
     panneauvoulu_ = panneauvoulu_ && petite();
-    if (listesvisibles)
+    if (listesplacees())
         posseparateurlisteh = hautdeslistes_.place(hauteur_, hautdutexte(), mesures_);
 }
 
@@ -93,6 +93,7 @@ void DispositionTextes::prendplacehabituelle() {
 void DispositionTextes::ouvrelistes(int besoin) {
     hautdeslistes_.demande(besoin, listesvisibles);
     listesvisibles = true;
+    hauteurauxlistes_ = hauteur_;
     if (!hautdeslistes_.deplaces())
         posseparateurlisteh = hautdeslistes_.place(hauteur_, hautdutexte(), mesures_);
 }
@@ -154,7 +155,7 @@ void DispositionTextes::deplaceseparateur() {
 void DispositionTextes::replaceseparateur() {
     if (posseparateurlistev > largeur_)
         posseparateurlistev = largeur_ / 2;
-    if (listesvisibles) {
+    if (listesplacees()) {
         posseparateurlisteh = std::min(posseparateurlisteh, hauteur_ - 660 - 120);
         if (posseparateurlisteh < 60)
             posseparateurlisteh = 240;
@@ -178,7 +179,7 @@ void DispositionTextes::placelistes() {
     places_.entetelistedesliens = rect(0, entete, x, hauteurentete());
     places_.separateurlistev = rect(x, entete, trait, hauteur_ - entete);
     places_.entetelistedescorrelats = rect(x + trait, entete, reste, hauteurentete());
-    const int hauteurgrille = listesvisibles ? hauteur_ - grille : 0;
+    const int hauteurgrille = listesplacees() ? hauteur_ - grille : 0;
     places_.flexlistedesliens = rect(0, grille, x, hauteurgrille);
     places_.flexlistedescorreles = rect(x + trait, grille, reste, hauteurgrille);
 }

@@ -7,6 +7,8 @@
 #include <QRect>
 #include <QString>
 
+#include <algorithm>
+
 namespace velm {
 
 /// Where the panel lies.
@@ -46,7 +48,7 @@ public:
     int posseparateur = 1000;
     int posseparateurlisteh = 0;
     int posseparateurlistev = 0;
-    bool listesvisibles = false; ///< the grids are shown; the headers always are
+    bool listesvisibles = false; ///< the grids are shown, where they have a place; the headers are in any case
     bool ligneseule = false;     ///< a panel above the text has no more to show than a line
 
     bool droite() const { return arrangement == Arrangement::ACote; } ///< the panel's bar stands upright
@@ -79,6 +81,9 @@ public:
     /// stay where the user has put them.
     void ouvrelistes(int besoin);
     void fermelistes();
+    /// They are open, and the window is not lower than those are that leave all to the text, unless the user has opened
+    /// them in one that is no higher.
+    bool listesplacees() const { return listesvisibles && hauteur_ >= std::min(hauteurbasse, hauteurauxlistes_); }
 
     /// Places the panel, its bar and the text.
     void deplaceseparateur();
@@ -95,12 +100,12 @@ private:
     bool panneauvisible() const;
     int hauteurpanneau(int hauteur) const;
     int hautdutexte() const;
-    int hauteurentete() const { return basse() && !listesvisibles ? 0 : mesures_.entete; }
-    int hauteurtrait() const { return basse() && !listesvisibles ? 0 : mesures_.trait; }
+    int hauteurentete() const { return basse() && !listesplacees() ? 0 : mesures_.entete; }
+    int hauteurtrait() const { return basse() && !listesplacees() ? 0 : mesures_.trait; }
     void placelistes();
     QRect rect(int gauche, int haut, int largeur, int hauteur) const;
 
-    /// A window that is lower leaves the text what the line of the search and the headers of closed lists would take.
+    /// A window that is lower leaves the text what the line of the search and the lists would take.
     static constexpr int hauteurbasse = 4800;
     /// A narrower one leaves it what a panel beside it would take.
     static constexpr int largeuretroite = 6000;
@@ -108,6 +113,7 @@ private:
     int largeur_ = 0;
     int hauteur_ = 0;
     bool panneauvoulu_ = false; ///< the user has asked for the panel in a low or narrow window
+    int hauteurauxlistes_ = 0;  ///< of the window when the lists were opened
     HautDesListes hautdeslistes_;
     MesuresTextes mesures_;
     PlacesTextes places_;

@@ -44,6 +44,17 @@ std::vector<LigneLien> charge(Corpus& corpus, const Cle& cle, const QString& ind
     return lignes;
 }
 
+/// The same without reading a title.
+std::optional<int> compte(const Corpus& corpus, const Cle& cle, const Bout& ici, const Bout& ailleurs) {
+    if (cle.vide() || !corpus.connecte())
+        return {};
+    const QString question = u"SELECT count(*) FROM (SELECT DISTINCT l.%3, l.%4 FROM liens l JOIN données d"
+                             " ON d.référence=l.%3 AND d.numart=l.%4 WHERE l.%1=?1 AND l.%2=?2)"_s.arg(
+                                 ici.reference, ici.numart, ailleurs.reference, ailleurs.numart);
+    const auto reponse = corpus.base().openQuery(question, {cle.code, cle.numero}, nullptr);
+    return reponse && !reponse->eof() ? std::optional(reponse->value(0).toInt()) : std::nullopt;
+}
+
 } // namespace
 
 std::vector<LigneLien> chargeliens(Corpus& corpus, const Cle& cle) {
@@ -52,6 +63,14 @@ std::vector<LigneLien> chargeliens(Corpus& corpus, const Cle& cle) {
 
 std::vector<LigneLien> chargecorrelats(Corpus& corpus, const Cle& cle) {
     return charge(corpus, cle, u"correlats"_s, arrivee, depart);
+}
+
+std::optional<int> nombredeliens(const Corpus& corpus, const Cle& cle) {
+    return compte(corpus, cle, depart, arrivee);
+}
+
+std::optional<int> nombredecorrelats(const Corpus& corpus, const Cle& cle) {
+    return compte(corpus, cle, arrivee, depart);
 }
 
 } // namespace velm

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace velm {
@@ -23,5 +24,9 @@ struct LigneLien {
 std::vector<LigneLien> chargeliens(Corpus& corpus, const Cle& cle);
 /// What cites the document of a key, in the same way.
 std::vector<LigneLien> chargecorrelats(Corpus& corpus, const Cle& cle);
+
+/// How many rows these are. Nothing for no document, and where the base has no links or documents to look at.
+std::optional<int> nombredeliens(const Corpus& corpus, const Cle& cle);
+std::optional<int> nombredecorrelats(const Corpus& corpus, const Cle& cle);
 
 } // namespace velm

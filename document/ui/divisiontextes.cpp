@@ -11,6 +11,7 @@
 #include "platform/widgets/text/richtextbox.h"
 
 #include <QEvent>
+#include <QPointer>
 
 #include <algorithm>
 #include <utility>
@@ -120,6 +121,7 @@ void DivisionTextes::place() {
 }
 
 void DivisionTextes::applique() {
+    const QPointer<QWidget> avant = fenetre_->window()->focusWidget();
     const PlacesTextes& places = disposition_.places();
     const ListeDeLiens& liens = parties_.volet.liens();
     const ListeDeLiens& correlats = parties_.volet.correlats();
@@ -145,18 +147,23 @@ void DivisionTextes::applique() {
     montre(correlats.entete(), places.entetelistedescorrelats, correlats.hauteurentete());
     pose(liens.grille(), places.flexlistedesliens);
     pose(correlats.grille(), places.flexlistedescorreles);
-    liens.grille()->setVisible(disposition_.listesvisibles);
-    correlats.grille()->setVisible(disposition_.listesvisibles);
-    parties_.volet.separateurlisteh().setEnabled(disposition_.listesvisibles);
+    for (ListeDeLiens* liste : {&parties_.volet.liens(), &parties_.volet.correlats()})
+        liste->montre(disposition_.listesvisibles, disposition_.listesplacees());
+    parties_.volet.separateurlisteh().setEnabled(disposition_.listesplacees());
     montrebloc();
+    rendfocus(avant);
 }
 
 void DivisionTextes::montrebloc() {
-    const QWidget* avant = fenetre_->window()->focusWidget();
+    const QPointer<QWidget> avant = fenetre_->window()->focusWidget();
     const bool lisible = disposition_.places().panneaulisible;
     parties_.panneau.montre(lisible);
     parties_.barre.montrebloc(lisible ? std::optional(parties_.panneau.bloc()) : std::nullopt);
-    // Where the focus was in a block that has gone, it goes to the text.
+    rendfocus(avant);
+}
+
+/// Where it was in what has gone, it goes to the text.
+void DivisionTextes::rendfocus(const QWidget* avant) {
     if (avant && fenetre_->isAncestorOf(avant) && !avant->isVisibleTo(fenetre_))
         parties_.vue.setFocus();
 }

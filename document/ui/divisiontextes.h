@@ -57,6 +57,7 @@ private:
     void applique();
     void choisit(Bloc bloc);
     void montrebloc();
+    void rendfocus(const QWidget* avant);
 
     Parties parties_;
     QWidget* fenetre_;

@@ -56,14 +56,14 @@ GrilleDocuments::Usage usage() {
 } // namespace
 
 ListeDeLiens::Sorte ListeDeLiens::liens() {
-    return {u"entetelistedesliens"_s, u"ouvrirlien"_s,          u"Label1"_s, u"flexlistedesliens"_s, Texte::Liens,
-            Texte::DocumentsCites,    Texte::AucunDocumentCite, &chargeliens};
+    return {u"entetelistedesliens"_s, u"ouvrirlien"_s,          u"Label1"_s,  u"flexlistedesliens"_s, Texte::Liens,
+            Texte::DocumentsCites,    Texte::AucunDocumentCite, &chargeliens, &nombredeliens};
 }
 
 ListeDeLiens::Sorte ListeDeLiens::correlats() {
     return {u"entetelistedescorrelats"_s, u"ouvrircorrélats"_s, u"Label2"_s,
             u"flexlistedescorrélats"_s,   Texte::Correlats,     Texte::DocumentsCitant,
-            Texte::AucunDocumentCitant,   &chargecorrelats};
+            Texte::AucunDocumentCitant,   &chargecorrelats,     &nombredecorrelats};
 }
 
 ListeDeLiens::ListeDeLiens(const Sorte& sorte, Corpus& corpus, const Libelles& texte, QWidget* fenetre)
@@ -128,7 +128,12 @@ bool ListeDeLiens::eventFilter(QObject* objet, QEvent* evenement) {
     return QObject::eventFilter(objet, evenement);
 }
 
-bool ListeDeLiens::visible() const {
+void ListeDeLiens::montre(bool visible, bool placee) {
+    visible_ = visible;
+    grille_->setVisible(placee);
+}
+
+bool ListeDeLiens::placee() const {
     return !grille_->isHidden();
 }
 
@@ -162,6 +167,11 @@ void ListeDeLiens::ferme() {
     documents_.vide();
     grille_->setEmptyText({}); // a closed list says nothing
     couleur_ = fermee;
+    peintetat();
+}
+
+void ListeDeLiens::compte(const Cle& cle) {
+    nombre_ = sorte_.compte(corpus_, cle);
     peintetat();
 }
 

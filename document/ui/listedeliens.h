@@ -34,6 +34,7 @@ public:
         Texte texteetiquette;
         Texte textevide; ///< what an empty list says
         std::vector<LigneLien> (*charge)(Corpus& corpus, const Cle& cle);
+        std::optional<int> (*compte)(const Corpus& corpus, const Cle& cle);
     };
     static Sorte liens();
     static Sorte correlats();
@@ -53,14 +54,19 @@ public:
     int hauteurvoulue() const;
 
     bool eventFilter(QObject* objet, QEvent* evenement) override;
-    bool visible() const override;
+    bool visible() const override { return visible_; }
+    /// The lists are shown, and there is a place for them.
+    void montre(bool visible, bool placee);
+    bool placee() const;
     int couleurbouton() const override { return couleur_; }
     void recharge(const Cle& cle) override { charge(cle); }
 
     bool ouverte() const { return couleur_ == ListeLaterale::ouverte; }
     void ouvre(const Cle& cle); ///< loads and turns green
     void ferme();               ///< empties and turns red
-    void oublie();              ///< how many rows it had no longer counts
+    /// Tells how many rows it would have for a document; nothing where the base cannot tell.
+    void compte(const Cle& cle);
+    void oublie(); ///< how many rows it had no longer counts
     /// Keys of the rows, in the order of the grid.
     QStringList cles() const;
     void ouvrelignecourante();
@@ -80,7 +86,7 @@ private:
     Corpus& corpus_;
     Libelles texte_;
     Sorte sorte_;
-    std::optional<int> nombre_; ///< of rows, as far as they were loaded for the document
+    std::optional<int> nombre_; ///< of rows, as far as that is known of the document
     QWidget* entete_;
     QToolButton* bouton_;
     QWidget* etiquette_ = nullptr; ///< says what the list is of, where there is room
@@ -88,6 +94,7 @@ private:
     Colonnes colonnes_;
     GrilleDocuments documents_;
     int couleur_ = fermee;
+    bool visible_ = false;
 };
 
 } // namespace velm

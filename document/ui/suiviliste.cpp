@@ -1,6 +1,7 @@
 #include "document/ui/suiviliste.h"
 
 #include "document/ui/grilledocuments.h"
+#include "platform/base/memory.h"
 #include "platform/widgets/grid/flexgrid.h"
 
 #include <QTableView>
@@ -20,7 +21,9 @@ void SuiviListe::montre() {
 }
 
 void SuiviListe::marque() {
-    liste_.flex().setMarked(liste_.ligne(cle()));
+    int ligne = 0;
+    withinMemory([&] { ligne = liste_.ligne(cle()); });
+    liste_.flex().setMarked(ligne);
 }
 
 } // namespace velm

@@ -103,8 +103,7 @@ void Textes::relie() {
     connect(zone_, &ZoneTexte::arrive, this, &Textes::decouvre);
     connect(zone_, &ZoneTexte::arrive, volet_, &VoletLiens::oublie);
     // By then it is known which document it is.
-    connect(
-        zone_, &ZoneTexte::arrive, this, [this] { panneau_->suit(cle(), lecture().branche()); }, Qt::QueuedConnection);
+    connect(zone_, &ZoneTexte::arrive, this, &Textes::suit, Qt::QueuedConnection);
     connect(zone_, &ZoneTexte::menuschanges, this, [this] {
         if (surchangement)
             surchangement();
@@ -131,6 +130,11 @@ void Textes::reliebarre() {
     });
     connect(barre_, &BarreTextes::dossiers, this, [this] { emit ranger(QString(), QString(), 0, 0); });
     connect(barre_, &BarreTextes::ranger, zone_, &ZoneTexte::range);
+}
+
+void Textes::suit() {
+    panneau_->suit(cle(), lecture().branche());
+    volet_->compte(cle());
 }
 
 // ---- the cover

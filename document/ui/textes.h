@@ -79,6 +79,7 @@ private:
     void charge();
     void relie();
     void reliebarre();
+    void suit();
     void prepare();
     void couvre();
     void decouvre();

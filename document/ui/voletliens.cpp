@@ -2,11 +2,13 @@
 
 #include "core/texte.h"
 #include "document/ui/listedeliens.h"
+#include "platform/base/memory.h"
 #include "platform/widgets/frame/splitterbar.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "platform/widgets/look/icons.h"
 
 #include <QMenu>
+#include <QTimerEvent>
 
 namespace velm {
 
@@ -68,9 +70,27 @@ void VoletLiens::oublie() {
     }
 }
 
+void VoletLiens::compte(const Cle& cle) {
+    acompter_ = cle;
+    bientot_.start(0, this);
+}
+
+void VoletLiens::timerEvent(QTimerEvent* evenement) {
+    if (evenement->timerId() != bientot_.timerId())
+        return QObject::timerEvent(evenement);
+    bientot_.stop();
+    // Without the memory for it the number stays unknown; nobody has asked for the rows.
+    withinMemory([this] {
+        for (ListeDeLiens* liste : {liens_, correlats_}) {
+            if (!liste->ouverte())
+                liste->compte(acompter_);
+        }
+    });
+}
+
 void VoletLiens::bascule(ListeDeLiens& liste, const Cle& cle) {
     const ListeDeLiens& autre = &liste == liens_ ? *correlats_ : *liens_;
-    const bool ferme = liste.visible() && liste.ouverte();
+    const bool ferme = liste.placee() && liste.ouverte();
     if (ferme)
         liste.ferme();
     else

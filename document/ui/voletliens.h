@@ -4,6 +4,7 @@
 #include "core/texte.h"
 #include "document/ui/contextetextes.h"
 
+#include <QBasicTimer>
 #include <QObject>
 
 class QMenu;
@@ -29,6 +30,8 @@ public:
 
     /// Another document is about to be shown: how much it cites is not known of a closed list.
     void oublie();
+    /// It is there, of the key: closed lists tell soon how much that is.
+    void compte(const Cle& cle);
     /// Opens or closes one of the two lists, with what belongs to the document of a key.
     void bascule(ListeDeLiens& liste, const Cle& cle);
 
@@ -37,6 +40,9 @@ signals:
     void montrees(bool visibles);             ///< a list was opened or closed: whether the grids are to be seen
     void ouverte(const Cle& cle);             ///< the document of a row is wanted
     void selection(const QStringList& cles);  ///< to become the selection list, in this order
+
+protected:
+    void timerEvent(QTimerEvent* evenement) override;
 
 private:
     /// Names and texts of a list's pop-up menu.
@@ -54,6 +60,8 @@ private:
     ListeDeLiens* liens_;
     SplitterBar* separateurlistev_;
     ListeDeLiens* correlats_;
+    Cle acompter_;
+    QBasicTimer bientot_;
 };
 
 } // namespace velm

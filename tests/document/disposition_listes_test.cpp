@@ -49,8 +49,8 @@ TEST(DispositionTextes, AWindowThatGrowsGivesWhatItGainsToTheText) {
     };
     d.ouvrelistes(1200);
     d.replaceseparateur();
-    grandit(4000);
-    EXPECT_EQ(d.posseparateurlisteh, 4000 - 4000 * 28 / 100);
+    grandit(4800);
+    EXPECT_EQ(d.posseparateurlisteh, 4800 - 4800 * 28 / 100);
     grandit(18000);
     EXPECT_EQ(d.places().flexlistedesliens.height(), 1200);
     d.lache(u"separateurlisteh"_s, {0, 9000});
@@ -77,6 +77,30 @@ TEST(DispositionTextes, ASecondListMakesRoomForItselfUnlessTheUserHasMovedTheBar
     d.replaceseparateur();
     d.ouvrelistes(1800);
     EXPECT_EQ(d.posseparateurlisteh, 9000 - 75 - 420 - 1800) << "opened anew";
+}
+
+TEST(DispositionTextes, AWindowThatBecomesLowIsForTheTextAlone) {
+    DispositionTextes d = disposition(Arrangement::ACote, 3000);
+    const auto change = [&d](int hauteur) {
+        d.changetaille(12000, hauteur, mesures);
+        d.replaceseparateur();
+        return d.listesplacees();
+    };
+    d.ouvrelistes(1200);
+    EXPECT_TRUE(change(4800));
+    EXPECT_FALSE(change(4799));
+    EXPECT_TRUE(d.listesvisibles);
+    EXPECT_TRUE(d.places().entetelistedesliens.isEmpty());
+    EXPECT_TRUE(d.places().flexlistedesliens.isEmpty());
+    EXPECT_EQ(d.places().rtfRichTextBox1.bottom(), 4799 - 1);
+    change(4000);
+    d.ouvrelistes(1200);
+    EXPECT_TRUE(change(4000)) << "opened in a low one";
+    EXPECT_FALSE(change(3999)) << "but not in one that is still lower";
+    EXPECT_TRUE(change(9000));
+    EXPECT_TRUE(change(4000));
+    d.fermelistes();
+    EXPECT_FALSE(change(9000));
 }
 
 TEST(DispositionTextes, ListsAreLaidAnewBehindASizeThatLeftThemNothing) {
@@ -113,6 +137,8 @@ TEST(DispositionTextes, WhereNotAllRowsHaveRoomWholeOnesAreSeen) {
     EXPECT_EQ(rangees(9000), 4);
     EXPECT_EQ(rangees(9590), 5) << "as many as fit in a good quarter";
     EXPECT_EQ(rangees(9580), 4);
+    d.changetaille(12000, 2000, avec);
+    d.ouvrelistes(390 + 40 * 360);
     EXPECT_EQ(rangees(4000), 1) << "one at least";
     d.changetaille(12000, 2000, avec);
     d.replaceseparateur();

@@ -38,6 +38,18 @@ TEST_F(GrillesLiens, CorrelatesListWhatCitesTheDocument) {
     EXPECT_TRUE(chargecorrelats(corpus, decoupecle(u"CO000001"_s)).empty());
 }
 
+TEST_F(GrillesLiens, TheyAreCountedWithoutBeingRead) {
+    ouvre();
+    for (const QString& cle : {u"CO000001"_s, u"CO000002"_s, u"EU000001"_s, u"LT000007"_s, u"ZZ999999"_s, u"CO"_s}) {
+        const Cle celle = decoupecle(cle);
+        EXPECT_EQ(nombredeliens(corpus, celle), static_cast<int>(chargeliens(corpus, celle).size()));
+        EXPECT_EQ(nombredecorrelats(corpus, celle), static_cast<int>(chargecorrelats(corpus, celle).size()));
+    }
+    EXPECT_EQ(nombredeliens(corpus, {}), std::nullopt);
+    corpus.fermebase();
+    EXPECT_EQ(nombredeliens(corpus, decoupecle(u"CO000001"_s)), std::nullopt);
+}
+
 TEST_F(GrillesLiens, AnEmptyKeyFillsNothing) {
     ouvre();
     EXPECT_TRUE(chargeliens(corpus, {}).empty());

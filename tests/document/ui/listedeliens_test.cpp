@@ -4,6 +4,7 @@
 #include "platform/widgets/look/icons.h"
 #include "platform/widgets/look/look.h"
 #include "tests/document/ui/textes_base.h"
+#include "tests/support/eventually.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -13,23 +14,66 @@ using namespace velm;
 using namespace Qt::Literals::StringLiterals;
 using ListesDeLiensTextes = velm::test::BaseTextes;
 
-TEST_F(ListesDeLiensTextes, AListTellsHowLongItIsOnceItWasOpened) {
+TEST_F(ListesDeLiensTextes, AListTellsHowLongItIsOpenOrClosed) {
     Textes& fenetre = ouvre("CO000001");
     const QToolButton& liens = *fenetre.volet().liens().bouton();
     const QToolButton& correlats = *fenetre.volet().correlats().bouton();
-    EXPECT_EQ(liens.text(), u"Liens") << "a closed list has read nothing";
+    EXPECT_EQ(liens.text(), u"Liens") << "opening does not wait for it";
+    EVENTUALLY(liens.text() == u"Liens (2)");
+    EXPECT_EQ(correlats.text(), u"Corrélats (2)");
     fenetre.volet().liens().bouton()->click();
     EXPECT_EQ(liens.text(), u"Liens (2)");
-    EXPECT_EQ(correlats.text(), u"Corrélats");
     fenetre.volet().correlats().bouton()->click();
     EXPECT_EQ(correlats.text(), u"Corrélats (2)");
     fenetre.volet().liens().bouton()->click();
     EXPECT_EQ(liens.text(), u"Liens (2)") << "closed, it still is that long";
     ouvre("CO000002");
-    EXPECT_EQ(liens.text(), u"Liens") << "how much another document cites is not known";
+    EXPECT_EQ(liens.text(), u"Liens") << "how much another document cites is not known yet";
     EXPECT_EQ(correlats.text(), u"Corrélats (1)");
+    EVENTUALLY(liens.text() == u"Liens (1)");
     ouvre("CO000004");
     EXPECT_EQ(correlats.text(), u"Corrélats (0)");
+    EVENTUALLY(liens.text() == u"Liens (0)");
+}
+
+TEST_F(ListesDeLiensTextes, AWindowThatBecomesLowLeavesTheTextWhatTheyHad) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&fenetre));
+    const ListeDeLiens& liens = fenetre.volet().liens();
+    liens.bouton()->click();
+    liens.grille()->setFocus();
+    ASSERT_TRUE(liens.grille()->view()->hasFocus());
+    fenetre.resize(900, 319);
+    EXPECT_FALSE(liens.grille()->isVisible());
+    EXPECT_FALSE(liens.entete()->isVisible());
+    EXPECT_FALSE(fenetre.volet().separateurlisteh().isEnabled());
+    EXPECT_GT(fenetre.vue().height(), 240);
+    EXPECT_TRUE(fenetre.vue().hasFocus());
+    ouvre("CO000002");
+    fenetre.resize(900, 700);
+    EXPECT_TRUE(liens.grille()->isVisible());
+    EXPECT_TRUE(liens.entete()->isVisible());
+    EXPECT_EQ(liens.cles(), QStringList{u"CO000001"_s}) << "those of the document that is read now";
+}
+
+TEST_F(ListesDeLiensTextes, WhoOpensThemInALowWindowHasThemThere) {
+    Textes& fenetre = ouvre("CO000001");
+    const ListeDeLiens& liens = fenetre.volet().liens();
+    const auto bascule = [&] { emit liens.bouton()->clicked(); };
+    bascule();
+    fenetre.resize(900, 300);
+    ASSERT_FALSE(liens.grille()->isVisible());
+    bascule();
+    EXPECT_TRUE(liens.ouverte());
+    EXPECT_TRUE(liens.grille()->isVisible());
+    fenetre.resize(900, 299);
+    EXPECT_FALSE(liens.grille()->isVisible()) << "a lower one is for the text again";
+    fenetre.resize(900, 300);
+    EXPECT_TRUE(liens.grille()->isVisible());
+    bascule();
+    EXPECT_FALSE(liens.grille()->isVisible());
+    EXPECT_FALSE(liens.ouverte());
 }
 
 TEST_F(ListesDeLiensTextes, AChevronTellsWhetherAListIsOpen) {
@@ -181,7 +225,7 @@ TEST_F(ListesDeLiensTextes, ManyRowsAreCutBetweenTwoOfThem) {
 
 TEST_F(ListesDeLiensTextes, AHeaderThatHasNoRoomIsNotThereForTheTabKeyEither) {
     Textes& fenetre = ouvre("CO000001");
-    const QToolButton& bouton = *fenetre.volet().liens().bouton();
+    QToolButton& bouton = *fenetre.volet().liens().bouton();
     for (const int hauteur : {700, 330, 319, 200, 60, 40, 700}) {
         fenetre.resize(900, hauteur);
         const bool entier = bouton.height() >= bouton.sizeHint().height();
@@ -191,7 +235,9 @@ TEST_F(ListesDeLiensTextes, AHeaderThatHasNoRoomIsNotThereForTheTabKeyEither) {
     fenetre.volet().liens().bouton()->click();
     fenetre.resize(900, 60);
     EXPECT_FALSE(bouton.isVisible());
-    fenetre.resize(900, 300);
+    emit bouton.clicked();
+    EXPECT_FALSE(bouton.isVisible()) << "wanted, but there is none";
+    fenetre.resize(900, 320);
     EXPECT_TRUE(bouton.isVisible());
 }
 

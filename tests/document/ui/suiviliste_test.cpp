@@ -1,6 +1,7 @@
 // The list of the collection follows the document of its window.
 #include "tests/document/ui/textes_base.h"
 #include "tests/support/eventually.h"
+#include "tests/support/little_memory.h"
 
 #include <QApplication>
 
@@ -96,6 +97,14 @@ TEST_F(SuiviDeLaListe, TheMarkGoesWhereASortPutsTheDocument) {
     cliquecellule(liste(fenetre), 0, 0, true);
     EXPECT_EQ(marquee(fenetre), u"001150");
     EXPECT_NE(liste(fenetre).marked(), avant);
+}
+
+TEST_F(SuiviDeLaListe, WithoutTheMemoryToFindItNothingIsMarked) {
+    Textes& fenetre = avecliste("CO001150");
+    EVENTUALLY(marquee(fenetre) == u"001150");
+    ouvre("CO001290");
+    const test::LittleMemory peu(0);
+    EVENTUALLY(liste(fenetre).marked() == 0);
 }
 
 TEST_F(SuiviDeLaListe, AListThatIsNotSeenFollowsWhenItIs) {

@@ -77,6 +77,8 @@ TEST_F(LiensTextes, NothingIsReadWhileTheListsAreClosed) {
     banc = std::make_unique<test::BancTextes>(chemin());
     ouvre("CO000001");
     EXPECT_EQ(ouvre("CO000002").referencecourante(), u"CO000002");
+    QTest::qWait(50);
+    EXPECT_EQ(banc->fenetre(0)->volet().liens().bouton()->text(), u"Liens") << "nor can they be counted";
 }
 
 TEST_F(LiensTextes, AnEmptyWindowOpensEmptyLists) {
