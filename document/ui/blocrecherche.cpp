@@ -23,6 +23,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int champminimal = 160;
+constexpr int notelisible = 240;
 
 } // namespace
 
@@ -90,14 +91,15 @@ void BlocRecherche::ajouteligne(const QString& ligne) {
 }
 
 void BlocRecherche::moveblocrecherche() {
-    const int largeur = pixelsFromTwips(widthblocrecherche(twipsFromPixels(width())));
+    const int largeur = largeurdesparties();
     const int gauche = (width() - largeur) / 2;
     constexpr int marge = look::grid + look::grid / 2;
     const int ligne = hauteurligne();
     const int empile =
         etiquette_->sizeHint().height() + look::grid + mots_->sizeHint().height() + look::spacing + ligne + 2 * marge;
     const int libelle = etiquette_->sizeHint().width() + look::spacing;
-    const bool large = libelle + champminimal + look::spacing + bouton_->sizeHint().width() <= largeur;
+    const int note = notedessous(marge + ligne) ? 0 : look::groupSpacing + notelisible;
+    const bool large = libelle + champminimal + look::spacing + bouton_->sizeHint().width() + note <= largeur;
     // Wide and low, as above the text: one line, which in a narrow window does without the label. Narrow, as beside it:
     // one below the other.
     const bool uneligne = large || height() < empile;
@@ -136,16 +138,23 @@ int BlocRecherche::disposenote(int gauche, int haut, int largeur) {
     return haut;
 }
 
+/// There is room for it below what ends there, or there is nothing to say.
+bool BlocRecherche::notedessous(int fin) const {
+    return note_->isHidden() || fin + look::spacing + note_->heightForWidth(largeurdesparties()) <= height();
+}
+
+int BlocRecherche::largeurdesparties() const {
+    return pixelsFromTwips(widthblocrecherche(twipsFromPixels(width())));
+}
+
 int BlocRecherche::hauteurligne() const {
     return std::max(mots_->sizeHint().height(), bouton_->sizeHint().height());
 }
 
 int BlocRecherche::disposeligne(int gauche, int haut, int largeur) {
     constexpr int champmaximal = 480;
-    constexpr int notelisible = 240;
     const int ligne = hauteurligne();
-    const bool dessous = haut + ligne + look::spacing + note_->heightForWidth(largeur) <= height();
-    const int note = dessous || note_->isHidden() ? 0 : notelisible;
+    const int note = notedessous(haut + ligne) ? 0 : notelisible;
     const int libelle = etiquette_->isHidden() ? 0 : etiquette_->sizeHint().width() + look::spacing;
     const int bouton = std::min(bouton_->sizeHint().width(), largeur / 2);
     etiquette_->setGeometry(gauche, haut, std::max(0, libelle - look::spacing), ligne);

@@ -41,6 +41,8 @@ protected:
 private:
     void moveblocrecherche();
     int disposenote(int gauche, int haut, int largeur);
+    bool notedessous(int fin) const;
+    int largeurdesparties() const;
     int hauteurligne() const;
     int hauteurresultat() const;
     /// Places the label, if it is shown, the box and the button in a line or one below the other; returns where that

@@ -37,7 +37,8 @@ NoteLine::NoteLine(QWidget* parent)
 }
 
 void NoteLine::say(const QString& text, Tone tone, const QString& link) {
-    label_->setText(text);
+    text_ = text;
+    label_->setAccessibleName(text);
     link_->setText(link);
     link_->setVisible(!link.isEmpty());
     tone_ = tone;
@@ -51,27 +52,49 @@ void NoteLine::say(const QString& text, Tone tone, const QString& link) {
     QAccessible::updateAccessibility(&told);
 }
 
-QString NoteLine::text() const {
-    return label_->text();
+int NoteLine::heightOf(const QString& text, int width) const {
+    constexpr int boundless = 1 << 20;
+    const QRect room(0, 0, std::max(width, 1), boundless);
+    return std::max(label_->fontMetrics().boundingRect(room, Qt::TextWordWrap, text).height(),
+                    label_->fontMetrics().height());
+}
+
+/// The beginning of the text, as far as it can be seen.
+QString NoteLine::cut(const QSize& room) const {
+    const QFontMetrics metrics = label_->fontMetrics();
+    const QSize link = link_->text().isEmpty() ? QSize(0, 0) : link_->sizeHint();
+    const int left = room.height() - link.height();
+    if (left < 2 * metrics.height()) {
+        const bool beside = left < metrics.height() && !link.isEmpty();
+        return metrics.elidedText(text_, Qt::ElideRight,
+                                  room.width() - 2 - (beside ? link.width() + look::spacing : 0));
+    }
+    const auto beginning = [this](qsizetype length) { return text_.first(length) + u'…'; };
+    qsizetype fits = 0;
+    for (qsizetype over = text_.size(); over - fits > 1;) {
+        const qsizetype middle = (fits + over) / 2;
+        (heightOf(beginning(middle), room.width()) <= left ? fits : over) = middle;
+    }
+    return beginning(fits);
 }
 
 /// Both in a line where there is room for them, else the link below the text.
-NoteLine::Places NoteLine::placesIn(int width) const {
+NoteLine::Places NoteLine::placesIn(int width, const QString& said) const {
     const QSize link = link_->text().isEmpty() ? QSize(0, 0) : link_->sizeHint();
     const int beside = link.isEmpty() ? 0 : link.width() + look::spacing;
-    const int whole = label_->fontMetrics().horizontalAdvance(label_->text()) + 2;
+    const int whole = label_->fontMetrics().horizontalAdvance(said) + 2;
     if (whole + beside <= width) {
         const int height = std::max(label_->fontMetrics().height(), link.height());
         return {{0, 0, whole, height},
                 {whole + look::spacing, (height - link.height()) / 2, link.width(), link.height()},
                 height};
     }
-    const int text = std::max(label_->heightForWidth(std::max(width, 1)), label_->fontMetrics().height());
+    const int text = heightOf(said, width);
     return {{0, 0, width, text}, {0, text, std::min(link.width(), width), link.height()}, text + link.height()};
 }
 
 int NoteLine::heightForWidth(int width) const {
-    return label_->text().isEmpty() ? 0 : placesIn(width).height;
+    return text_.isEmpty() ? 0 : placesIn(width, text_).height;
 }
 
 QSize NoteLine::sizeHint() const {
@@ -82,11 +105,14 @@ QSize NoteLine::sizeHint() const {
 
 QSize NoteLine::minimumSizeHint() const {
     return {link_->text().isEmpty() ? 0 : link_->sizeHint().width(),
-            label_->text().isEmpty() ? 0 : label_->fontMetrics().height()};
+            text_.isEmpty() ? 0 : label_->fontMetrics().height()};
 }
 
 void NoteLine::arrange() {
-    const Places places = placesIn(width());
+    const bool whole = placesIn(width(), text_).height <= height();
+    label_->setText(whole ? text_ : cut(size()));
+    label_->setToolTip(whole ? QString() : plainTip(text_));
+    const Places places = placesIn(width(), label_->text());
     label_->setGeometry(places.label);
     link_->setGeometry(places.link);
 }

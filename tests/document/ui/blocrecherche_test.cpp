@@ -4,6 +4,7 @@
 #include "platform/widgets/look/noteline.h"
 #include "tests/support/eventually.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -94,6 +95,15 @@ TEST(BlocRechercheTest, WhatCameOfASearchIsSaidBesideTheBoxInEverySize) {
         EXPECT_FALSE(note->geometry().intersects(mots->geometry())) << taille.width() << 'x' << taille.height();
         EXPECT_FALSE(note->geometry().intersects(bouton->geometry())) << taille.width() << 'x' << taille.height();
         EXPECT_GE(note->height(), note->heightForWidth(note->width())) << taille.width() << 'x' << taille.height();
+    }
+    for (int largeur = 360; largeur <= 1200; largeur += 20) {
+        bloc.resize(largeur, ligne + 8);
+        const auto* dit = note->findChild<QLabel*>();
+        EXPECT_TRUE(bloc.rect().contains(note->geometry())) << largeur;
+        EXPECT_FALSE(note->geometry().intersects(bouton->geometry())) << largeur;
+        EXPECT_GE(note->height(), dit->heightForWidth(dit->width())) << largeur;
+        EXPECT_GE(note->width(), std::min(200, largeur - bouton->width() - 200)) << largeur;
+        EXPECT_GE(mots->width(), 160) << largeur;
     }
     QTest::keyClicks(mots, u"b"_s);
     EXPECT_FALSE(note->isVisible()) << "other words";

@@ -51,6 +51,33 @@ TEST_F(NoteLineTest, TheLinkStandsBehindTheTextOrBelowItWhereItIsNarrow) {
     EXPECT_GE(label().height(), label().heightForWidth(label().width()));
 }
 
+TEST_F(NoteLineTest, WhereItIsTooLowItsEndIsCutAndItsTipTellsTheWhole) {
+    const QString said = u"Aucun document ne contient « zzzqq » dans cette collection."_s;
+    const int row = line.fontMetrics().height();
+    for (const bool more : {false, true}) {
+        line.say(said, NoteLine::Tone::Warning, more ? u"Tout afficher"_s : QString());
+        for (const int width : {120, 200, 300}) {
+            for (const int rows : {1, 2, 3}) {
+                line.resize(width, std::max(rows * row + rows, more ? line.link()->sizeHint().height() : 0));
+                EXPECT_EQ(line.text(), said);
+                const bool whole = label().text() == said;
+                EXPECT_EQ(whole, line.heightForWidth(width) <= line.height()) << width << ' ' << rows;
+                EXPECT_EQ(label().toolTip().isEmpty(), whole);
+                EXPECT_EQ(label().accessibleName(), said);
+                EXPECT_TRUE(whole || label().text().endsWith(u'…')) << label().text().toStdString();
+                EXPECT_TRUE(line.rect().contains(label().geometry())) << width << ' ' << rows << ' ' << more;
+                EXPECT_GE(label().height(), label().heightForWidth(label().width())) << width << ' ' << rows;
+                EXPECT_TRUE(!more || !line.link()->geometry().intersects(label().geometry()));
+            }
+        }
+    }
+    line.say(said);
+    line.resize(120, 2 * row);
+    EXPECT_GT(label().text().size(), 20) << "as much as there is room for";
+    line.resize(600, 40);
+    EXPECT_EQ(label().text(), said);
+}
+
 TEST_F(NoteLineTest, TheLinkIsPressedByHandAndByKey) {
     QSignalSpy pressed(&line, &NoteLine::linkClicked);
     QTest::mouseClick(line.link(), Qt::LeftButton);
