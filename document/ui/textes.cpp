@@ -23,10 +23,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// One of the window's own controls has the focus, and can be seen.
+/// One of the window's own controls has the focus: what is hidden or the window itself never keeps it.
 bool tientfocus(const QWidget& fenetre) {
-    const QWidget* celui = fenetre.window()->focusWidget();
-    return celui && celui != &fenetre && fenetre.isAncestorOf(celui) && celui->isVisible();
+    return fenetre.isAncestorOf(fenetre.window()->focusWidget());
 }
 
 RichTextBox::PaperTone ton(int papier) {

@@ -5,6 +5,7 @@
 #include "tests/support/eventually.h"
 
 #include <QApplication>
+#include <QLineEdit>
 
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
@@ -102,6 +103,31 @@ TEST_F(FenetreTextes, ActivationPutsTheFocusIntoTheWordsOfTheSearchThatIsShown) 
     vide.vue().setFocus();
     vide.activation();
     EXPECT_EQ(vide.focusWidget(), &vide.vue()) << "there is no document yet";
+}
+
+TEST_F(FenetreTextes, ActivationTakesTheFocusFromOutsideAndFromNobodyWithin) {
+    QWidget cadre;
+    auto* dehors = new QLineEdit(&cadre);
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.setParent(&cadre);
+    presse(fenetre, u"arbre"_s);
+    fenetre.show();
+    cadre.show();
+    cadre.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&cadre));
+    dehors->setFocus();
+    fenetre.activation();
+    EXPECT_TRUE(fenetre.vue().hasFocus());
+    fenetre.panneau().arbre().setFocus();
+    fenetre.activation();
+    EXPECT_TRUE(fenetre.panneau().arbre().hasFocus());
+    fenetre.panneau().arbre().hide();
+    fenetre.activation();
+    EXPECT_FALSE(fenetre.panneau().arbre().hasFocus());
+    fenetre.hide();
+    dehors->setFocus();
+    fenetre.activation();
+    EXPECT_TRUE(dehors->hasFocus()) << "a window that is not seen does not take it";
 }
 
 TEST_F(FenetreTextes, OpeningAgainWhatIsShownLeavesTheCaretWhereItIs) {
