@@ -23,7 +23,8 @@ constexpr int largeurcommode = 1800;
 constexpr int hauteurcommode = 1200;
 constexpr int hauteurligne = 640; // for the line of the word search
 constexpr int largeurhabituelle = 4305;
-constexpr int largeurpremiere = 4800; // of the panel of a first window
+// Of the panel of a first window. As long as nobody has moved its bar from there, the text has the larger part.
+constexpr int largeurpremiere = 4800;
 
 } // namespace
 
@@ -81,7 +82,7 @@ void DispositionTextes::changearrangement(Arrangement nouveau) {
 
 int DispositionTextes::placehabituelle() const {
     if (droite())
-        return std::max(positionlaterale, std::min(largeurhabituelle, largeur_ * 2 / 5));
+        return std::max(positionlaterale, std::min(largeurhabituelle, deuxcinquiemes()));
     return hauteurbarre + std::max(hauteurligne, (hauteur_ - mesures_.barre) / 3);
 }
 
@@ -137,7 +138,8 @@ void DispositionTextes::deplaceseparateur() {
     const int trait = mesures_.trait;
     if (droite()) {
         const int reste = largeur_ - trait - std::min(largeurtexte, largeur_ / 2);
-        const int x = panneauvisible() ? std::clamp(posseparateur, 0, std::max(0, reste)) : 0;
+        const int voulue = posseparateur == largeurpremiere ? std::min(posseparateur, deuxcinquiemes()) : posseparateur;
+        const int x = panneauvisible() ? std::clamp(voulue, 0, std::max(0, reste)) : 0;
         places_.panneau = rect(0, haut, x, hauteur);
         places_.separateur = rect(x, haut, trait, hauteur);
         places_.rtfRichTextBox1 = rect(x + trait, haut, largeur_ - x - trait, hauteur);

@@ -35,7 +35,6 @@ void BlocListe::charge(const ReglagesTextes& reglages) {
     documents_.charge(std::make_unique<ListeCollection>(corpus_, code_, fixe));
     documents_.trie(0);
     chargee_ = true;
-    suivi_->reprend();
 }
 
 void BlocListe::retient(ReglagesTextes& reglages) {

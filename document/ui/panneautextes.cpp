@@ -109,7 +109,6 @@ void PanneauTextes::chargearbre() {
         arborescence_.developpe(noeuds, noeud);
         noeuds.setExpanded(noeud, true);
     }
-    suivi_->reprend();
 }
 
 void PanneauTextes::suit(const Cle& cle, qint64 numero) {

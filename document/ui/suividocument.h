@@ -18,7 +18,7 @@ public:
     /// The window shows a document, which hangs from the branch of a number. The list follows when what was asked for
     /// before has been done and painted, or when it is next seen.
     void suit(const Cle& cle, qint64 numero);
-    /// The list has been filled, or comes into sight.
+    /// The list has come into sight.
     void reprend();
     /// Marks the document where it stands now, and scrolls nowhere.
     virtual void marque() = 0;

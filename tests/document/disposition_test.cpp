@@ -201,9 +201,16 @@ TEST(DispositionTextes, AFirstPanelIsWideEnoughForTitlesBesideTheText) {
     d.replaceseparateur();
     EXPECT_EQ(d.arrangement, Arrangement::ACote);
     EXPECT_EQ(d.places().panneau.width(), 320 * 15);
-    d.changetaille(6000, 9000, mesures);
-    d.replaceseparateur();
-    EXPECT_EQ(d.places().rtfRichTextBox1.width(), 3000) << "half of a small window is the text's";
+    const auto panneau = [&d](int largeur) {
+        d.changetaille(largeur, 9000, mesures);
+        d.replaceseparateur();
+        return d.places().panneau.width();
+    };
+    EXPECT_EQ(panneau(12'000), 4800);
+    EXPECT_EQ(panneau(9000), 3600) << "the larger part of a small window is the text's";
+    d.lache(u"separateur"_s, {4400, 0});
+    EXPECT_EQ(panneau(9000), 4400) << "where the user has put it";
+    EXPECT_EQ(panneau(6000), 6000 - 75 - 3000) << "but half of a small window is the text's";
 }
 
 TEST(DispositionTextes, ALowWindowIsForTheText) {
