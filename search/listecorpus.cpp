@@ -121,11 +121,11 @@ Cle ListeCorpus::cle(int row) const {
     return {champ(row, u"référence"_s), champ(row, u"numart"_s)};
 }
 
-int ListeCorpus::rang(const Cle& voulue) const {
+int ListeCorpus::row(const Cle& wanted) const {
     if (!corpus_.connecte())
         return -1;
     const auto ligne = corpus_.base().openQuery(u"SELECT rowid FROM données WHERE référence=?1 AND numart=?2"_s,
-                                                {voulue.code, voulue.numero});
+                                                {wanted.code, wanted.numero});
     if (!ligne || ligne->eof())
         return -1;
     const qint64 id = ligne->number(0);

@@ -22,7 +22,7 @@ public:
     int rowCount() const override { return static_cast<int>(ids_.nombre()); }
     QString text(int row, int column) const override;
     Cle cle(int row) const override;
-    int rang(const Cle& voulue) const override;
+    int row(const Cle& wanted) const override;
     /// By the key of sortKey(), or by number. Equal rows keep their order; those of equal titles stand by collection
     /// and number.
     bool sort(int column, bool descending) override;

@@ -86,13 +86,13 @@ void ListeMotcle::trieparnombre(bool descending) {
 }
 
 /// By its id: the rows are many, and are not read for it.
-int ListeMotcle::rang(const Cle& voulue) const {
+int ListeMotcle::row(const Cle& wanted) const {
     const auto lignes = corpus_.connecte()
-                            ? corpus_.base().openQuery(u"SELECT rowid FROM motclés WHERE motcle=?1"_s, {voulue.numero})
+                            ? corpus_.base().openQuery(u"SELECT rowid FROM motclés WHERE motcle=?1"_s, {wanted.numero})
                             : nullptr;
     for (; lignes && !lignes->eof(); lignes->moveNext()) {
         const auto la = std::ranges::find(lignes_, lignes->number(0));
-        if (la != lignes_.end() && motcle(static_cast<int>(la - lignes_.begin())) == voulue.numero)
+        if (la != lignes_.end() && motcle(static_cast<int>(la - lignes_.begin())) == wanted.numero)
             return static_cast<int>(la - lignes_.begin());
     }
     return -1;

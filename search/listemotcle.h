@@ -28,7 +28,7 @@ public:
     QString motcle(int row) const { return text(row, Motcle); }
     /// A row stands for no document: its key is the keyword, by which the list knows it, without a code.
     Cle cle(int row) const override { return {QString(), motcle(row)}; }
-    int rang(const Cle& voulue) const override;
+    int row(const Cle& wanted) const override;
 
 private:
     struct Paire {

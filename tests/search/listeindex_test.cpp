@@ -177,8 +177,8 @@ TEST_F(IndexTest, ARowIsFoundByItsDocument) {
     trois();
     const auto liste = index();
     ASSERT_TRUE(liste->sort(Titre, false));
-    EXPECT_EQ(liste->rang({u"JP"_s, u"000007"_s}), 3);
-    EXPECT_EQ(liste->rang({u"JP"_s, u"000008"_s}), -1);
+    EXPECT_EQ(liste->row({u"JP"_s, u"000007"_s}), 3);
+    EXPECT_EQ(liste->row({u"JP"_s, u"000008"_s}), -1);
 }
 
 TEST_F(IndexTest, ADocumentOfNoCollectionIsListedAndSortedWithTheOthers) {
@@ -213,7 +213,7 @@ TEST_F(IndexTest, WithItsBaseClosedAListIsEmptyRowsAndNoEnd) {
     EXPECT_EQ(liste->text(0, Titre), u"Zébre") << "read before";
     EXPECT_EQ(liste->text(1, Titre), QString());
     EXPECT_FALSE(liste->sort(Titre, false));
-    EXPECT_EQ(liste->rang({u"CO"_s, u"000001"_s}), -1);
+    EXPECT_EQ(liste->row({u"CO"_s, u"000001"_s}), -1);
     EXPECT_TRUE(remplit->avance()) << "what was being done ends";
     EXPECT_TRUE(trie->avance());
     EXPECT_EQ(liste->rowCount(), 4);

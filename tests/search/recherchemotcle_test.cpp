@@ -80,10 +80,10 @@ TEST_F(RechercheMotcleTest, CountsAreSortedAsNumbersAndEqualOnesKeepTheirOrder) 
                                         u"dit \"neuf\" 1"_s, u"Prix 1"_s}));
     EXPECT_TRUE(liste.sort(ListeMotcle::Motcle, true));
     EXPECT_EQ(liste.motcle(0), u"Vente"_s);
-    EXPECT_EQ(liste.rang(liste.cle(3)), 3);
-    EXPECT_EQ(liste.rang({QString(), u"état"_s}), 3);
-    EXPECT_EQ(liste.rang({QString(), u"absent"_s}), -1);
-    EXPECT_EQ(liste.rang({QString(), u"vente"_s}), -1) << "in another case it is another text";
+    EXPECT_EQ(liste.row(liste.cle(3)), 3);
+    EXPECT_EQ(liste.row({QString(), u"état"_s}), 3);
+    EXPECT_EQ(liste.row({QString(), u"absent"_s}), -1);
+    EXPECT_EQ(liste.row({QString(), u"vente"_s}), -1) << "in another case it is another text";
     EXPECT_FALSE(liste.sort(2, false));
 }
 
