@@ -4,6 +4,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
@@ -40,6 +41,14 @@ QPushButton* nouveaubouton(const QString& nom, const QString& libelle, QWidget* 
     nouveau->setObjectName(nom);
     nouveau->setAutoDefault(true);
     return nouveau;
+}
+
+void metaumilieu(QWidget& celui, int largeur, QHBoxLayout* autour) {
+    celui.setMaximumWidth(largeur);
+    autour->setContentsMargins({});
+    autour->addStretch(1);
+    autour->addWidget(&celui, largeur);
+    autour->addStretch(1);
 }
 
 QString nomnumerote(const QString& nom, int numero) {

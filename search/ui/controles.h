@@ -6,6 +6,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QWidget;
@@ -20,6 +21,9 @@ void nommeliste(QComboBox& liste, const QString& nom, const QString& libelle, co
 QCheckBox* nouvellecoche(const QString& nom, const QString& libelle, QWidget* parent);
 /// The Return key presses the one that has the focus.
 QPushButton* nouveaubouton(const QString& nom, const QString& libelle, QWidget* parent);
+
+/// No wider than that, and where there is more room, in its middle.
+void metaumilieu(QWidget& celui, int largeur, QHBoxLayout* autour);
 
 /// The name of one of several controls that bear the same.
 QString nomnumerote(const QString& nom, int numero);

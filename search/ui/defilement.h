@@ -1,5 +1,6 @@
 #pragma once
-// What shows a form, and would rather show all of it; where it cannot, the control that has the focus is in sight.
+// What shows the fields of a form, as high as they are; where there is less room, the one that has the focus is in
+// sight.
 #include <QScrollArea>
 
 namespace velm {
@@ -8,19 +9,24 @@ class Defilement final : public QScrollArea {
     Q_OBJECT
 
 public:
-    /// It would be as large as `utile` at least.
-    Defilement(const QSize& utile, QWidget* parent);
+    explicit Defilement(QWidget* parent);
     ~Defilement() override;
 
-    QSize sizeHint() const override { return utile_.expandedTo(widget()->sizeHint()); }
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+signals:
+    /// Another part of its width is taken by the scroll bar; 0 while all is seen.
+    void barrechangee(int largeur);
 
 protected:
     void resizeEvent(QResizeEvent* evenement) override;
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
+    int hauteurvoulue() const;
+    void ajustebarre();
     void montrefocus();
-
-    QSize utile_;
 };
 
 } // namespace velm

@@ -11,10 +11,11 @@
 #include "search/ui/ongletmots.h"
 #include "search/ui/ongletrapide.h"
 #include "search/ui/ongletsajustes.h"
+#include "search/ui/piedformulaire.h"
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QLabel>
+#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -84,32 +85,46 @@ FrmVelmorSelect::FrmVelmorSelect(const Formulaire::Services& services, QWidget* 
 // ---- making
 
 void FrmVelmorSelect::construit(Corpus& corpus) {
-    auto* centre = new QWidget;
-    auto* disposition = new QVBoxLayout(centre);
+    auto* champs = new QWidget;
+    auto* disposition = new QVBoxLayout(champs);
     disposition->setContentsMargins(look::windowMargin, look::windowMargin, look::windowMargin, look::spacing);
     disposition->setSpacing(look::windowMargin);
-    barre_cran_ = new BarreCollections(texte_, centre);
+    barre_cran_ = new BarreCollections(texte_, champs);
     disposition->addWidget(barre_cran_);
-    construitonglets(centre, corpus);
+    construitonglets(champs, corpus);
     disposition->addWidget(ongletrecherche_);
-    ProgressBar_ = nouveauprogres(texte(Texte::AvancementDeLaRecherche), centre);
-    disposition->addWidget(ProgressBar_);
     disposition->addStretch(1);
-    centre->setMaximumWidth(std::max(tailleutile.width(), centre->sizeHint().width()));
-    // In the middle, and where the window is too low for it, to be scrolled.
-    auto* fond = new QWidget;
-    auto* autour = new QHBoxLayout(fond);
-    autour->setContentsMargins({});
-    autour->addStretch(1);
-    autour->addWidget(centre, tailleutile.width());
-    autour->addStretch(1);
-    auto* vue = new Defilement(tailleutile, this);
-    vue->setWidget(fond);
     auto* dehors = new QVBoxLayout(this);
     dehors->setContentsMargins({});
+    dehors->setSpacing(0);
+    const int largeur = std::max(tailleutile.width(), champs->sizeHint().width());
+    auto* fond = new QWidget;
+    metaumilieu(*champs, largeur, new QHBoxLayout(fond));
+    auto* vue = new Defilement(this);
+    vue->setWidget(fond);
     dehors->addWidget(vue);
+    construitpied();
+    mots_->suite().layout()->setContentsMargins(look::windowMargin, 0, look::windowMargin, look::windowMargin);
+    for (QWidget* celui : std::initializer_list<QWidget*>{pied_, &mots_->suite()}) {
+        auto* autour = new QHBoxLayout;
+        metaumilieu(*celui, largeur, autour);
+        dehors->addLayout(autour, celui == pied_ ? 0 : 1);
+        // Its edges go with those of the fields.
+        connect(vue, &Defilement::barrechangee, this,
+                [autour](int barre) { autour->setContentsMargins(0, 0, barre, 0); });
+    }
+    dehors->addStretch();
+    connect(vue, &Defilement::barrechangee, pied_, [this](int barre) { pied_->separe(barre > 0); });
     ordonne(*this, ongletrecherche_->tabBar());
     ajuste(Onglet::Rapide);
+}
+
+void FrmVelmorSelect::construitpied() {
+    pied_ = new PiedFormulaire(this);
+    for (const Onglet onglet : touslesonglets)
+        pied_->ajoute(&page(onglet).pied());
+    ProgressBar_ = nouveauprogres(texte(Texte::AvancementDeLaRecherche), pied_);
+    pied_->ajoute(ProgressBar_);
 }
 
 void FrmVelmorSelect::construitonglets(QWidget* parent, Corpus& corpus) {
@@ -124,11 +139,15 @@ void FrmVelmorSelect::construitonglets(QWidget* parent, Corpus& corpus) {
     ongletrecherche_->addTab(mots_, texte(Texte::OngletMots));
 }
 
-/// The list of the words' lines takes the height that is left.
+/// Below the fields stands what belongs to the tab that is shown.
 void FrmVelmorSelect::ajuste(Onglet onglet) {
-    auto* disposition = static_cast<QBoxLayout*>(ongletrecherche_->parentWidget()->layout());
-    disposition->setStretchFactor(ongletrecherche_, onglet == Onglet::Mots ? 1 : 0);
-    disposition->setStretch(disposition->count() - 1, onglet == Onglet::Mots ? 0 : 1);
+    for (const Onglet celui : touslesonglets)
+        page(celui).pied().setVisible(celui == onglet);
+    mots_->suite().setVisible(onglet == Onglet::Mots);
+}
+
+QSize FrmVelmorSelect::sizeHint() const {
+    return tailleutile.expandedTo(QWidget::sizeHint());
 }
 
 void FrmVelmorSelect::relie() {
@@ -160,15 +179,9 @@ void FrmVelmorSelect::relie(Onglet onglet) {
 }
 
 PageRecherche& FrmVelmorSelect::page(Onglet onglet) const {
-    switch (onglet) {
-    case Onglet::Criteres:
-        return *criteres_;
-    case Onglet::Mots:
-        return *mots_;
-    case Onglet::Rapide:
-        break;
-    }
-    return *rapide_;
+    return onglet == Onglet::Criteres ? static_cast<PageRecherche&>(*criteres_)
+           : onglet == Onglet::Mots   ? static_cast<PageRecherche&>(*mots_)
+                                      : *rapide_;
 }
 
 BoiteDerniers& FrmVelmorSelect::boite(BoiteTexte laquelle) const {

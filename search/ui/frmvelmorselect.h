@@ -18,6 +18,7 @@ class OngletCriteres;
 class OngletMots;
 class OngletRapide;
 class PageRecherche;
+class PiedFormulaire;
 
 class FrmVelmorSelect final : public QWidget, public FenetreFille, private VueFormulaire {
     Q_OBJECT
@@ -26,6 +27,7 @@ public:
     explicit FrmVelmorSelect(const Formulaire::Services& services, QWidget* parent = nullptr);
 
     Formulaire& formulaire() { return formulaire_; }
+    QSize sizeHint() const override;
 
     // ---- FenetreFille
     Nature nature() const override { return Nature::Recherche; }
@@ -66,6 +68,7 @@ private:
 
     QString texte(Texte lequel) const { return texte_(lequel); }
     void construit(Corpus& corpus);
+    void construitpied();
     void construitonglets(QWidget* parent, Corpus& corpus);
     void relie();
     void relie(Onglet onglet);
@@ -83,6 +86,7 @@ private:
     OngletRapide* rapide_ = nullptr;
     OngletCriteres* criteres_ = nullptr;
     OngletMots* mots_ = nullptr;
+    PiedFormulaire* pied_ = nullptr;
     QProgressBar* ProgressBar_ = nullptr;
 };
 

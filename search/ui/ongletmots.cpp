@@ -12,10 +12,17 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QVBoxLayout>
 
 namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int lignesvues = 2; ///< of the words' list, however low the window is
+
+} // namespace
 
 OngletMots::OngletMots(const Libelles& texte, Corpus& corpus) : PageRecherche(texte) {
     Textedico_ = PageRecherche::boite(u"Textedico"_s, Texte::MotsARechercher);
@@ -25,11 +32,16 @@ OngletMots::OngletMots(const Libelles& texte, Corpus& corpus) : PageRecherche(te
         separateursmots(), texte(Texte::MotsProposes));
     checkandordico_ = nouvellecoche(u"checkandordico"_s, texte(Texte::TousLesMots), this);
     Combonombredico_ = limites(u"Combonombredico"_s);
-    resultat_ = new QListWidget(this);
+    suite_ = new QWidget(this);
+    auto* dedans = new QVBoxLayout(suite_);
+    dedans->setContentsMargins({});
+    resultat_ = new QListWidget(suite_);
+    dedans->addWidget(resultat_);
     resultat_->setObjectName(u"resultat"_s);
     resultat_->setAccessibleName(texte(Texte::MotsTrouves));
     resultat_->setToolTip(plainTip(texte(Texte::MotsTrouves)));
     resultat_->setUniformItemSizes(true);
+    resultat_->setMinimumHeight(lignesvues * resultat_->fontMetrics().lineSpacing() + 2 * resultat_->frameWidth());
     for (const auto choisie : {&QListWidget::itemClicked, &QListWidget::itemActivated})
         connect(resultat_, choisie, this, [this](const QListWidgetItem* ligne) { emit lignechoisie(ligne->text()); });
     ajouterangee(Texte::MotsARechercher, Textedico_)->setObjectName(u"libeldico"_s);
@@ -40,8 +52,6 @@ OngletMots::OngletMots(const Libelles& texte, Corpus& corpus) : PageRecherche(te
     ajouterangee(Texte::NombreMaximal, Combonombredico_)->setObjectName(u"libelnombredico"_s);
     rangees().addWidget(Combonombredico_);
     ajouteboutons(u"cmdokdico"_s, u"annulerdico"_s);
-    disposition().addWidget(resultat_, 1);
-    disposition().addStretch();
     videresultat();
 }
 

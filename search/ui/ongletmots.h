@@ -25,6 +25,8 @@ public:
     void montre(const EtatFormulaire& etat);
     void montremots(const QString& mots);
 
+    /// The list of what became of each word, which wants the height that is left below pied().
+    QWidget& suite() const { return *suite_; }
     void videresultat();
     void ajouteresultat(const QString& ligne);
     /// Words that are offered go.
@@ -39,7 +41,8 @@ private:
     CompletionMots* completion_ = nullptr;
     QCheckBox* checkandordico_ = nullptr;
     QComboBox* Combonombredico_ = nullptr;
-    QListWidget* resultat_ = nullptr;
+    QWidget* suite_ = nullptr;
+    QListWidget* resultat_ = nullptr; ///< seen once it has lines
 };
 
 } // namespace velm

@@ -7,7 +7,7 @@
 namespace velm {
 
 OngletsAjustes::OngletsAjustes(QWidget* parent) : QTabWidget(parent) {
-    QSizePolicy place(QSizePolicy::Expanding, QSizePolicy::Minimum);
+    QSizePolicy place(QSizePolicy::Expanding, QSizePolicy::Preferred);
     place.setHeightForWidth(true);
     setSizePolicy(place);
     connect(this, &QTabWidget::currentChanged, this, &OngletsAjustes::updateGeometry);

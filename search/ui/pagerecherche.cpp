@@ -16,11 +16,12 @@ namespace velm {
 using namespace Qt::Literals::StringLiterals;
 
 PageRecherche::PageRecherche(Libelles texte) : texte_(std::move(texte)) {
-    disposition_ = new QVBoxLayout(this);
-    disposition_->setContentsMargins(0, look::groupSpacing, 0, look::windowMargin);
-    disposition_->setSpacing(look::groupSpacing);
+    auto* disposition = new QVBoxLayout(this);
+    disposition->setContentsMargins(0, look::groupSpacing, 0, 0);
     rangees_ = new Rangees;
-    disposition_->addLayout(rangees_);
+    disposition->addLayout(rangees_);
+    disposition->addStretch();
+    pied_ = new QWidget(this);
 }
 
 BoiteDerniers* PageRecherche::boite(const QString& nom, Texte intitule) {
@@ -37,28 +38,31 @@ QComboBox* PageRecherche::limites(const QString& nom) {
 }
 
 void PageRecherche::ajouteboutons(const QString& chercher, const QString& annuler, QWidget* gauche) {
-    lanceur_ = nouveaubouton(chercher, texte(Texte::Rechercher), this);
+    lanceur_ = nouveaubouton(chercher, texte(Texte::Rechercher), pied_);
     lanceur_->setDefault(true);
     // As wide for either of its captions.
     const int chercheur = lanceur_->sizeHint().width();
     lanceur_->setText(texte(Texte::Arreter));
     lanceur_->setMinimumWidth(std::max(chercheur, lanceur_->sizeHint().width()));
     connect(lanceur_, &QPushButton::clicked, this, &PageRecherche::cherchevoulu);
-    auto* fin = nouveaubouton(annuler, texte(Texte::Annuler), this);
+    auto* fin = nouveaubouton(annuler, texte(Texte::Annuler), pied_);
     connect(fin, &QPushButton::clicked, this, &PageRecherche::annulationvoulue);
     auto* ligne = new Rangees;
-    ligne->rangee(nullptr, {});
+    ligne->rangee(nullptr, {.adroite = gauche != nullptr});
     if (gauche)
         ligne->addWidget(gauche);
     ligne->ajouteressort();
     ligne->addWidget(lanceur_);
     ligne->addWidget(fin);
-    disposition_->addLayout(ligne);
-    note_ = new NoteLine(this);
+    note_ = new NoteLine(pied_);
     note_->link()->setObjectName(u"tout"_s + chercher);
     note_->link()->setAccessibleName(texte(Texte::BilanToutAfficher));
     connect(note_, &NoteLine::linkClicked, this, &PageRecherche::toutvoulu);
-    disposition_->addWidget(note_);
+    auto* lignes = new QVBoxLayout(pied_);
+    lignes->setContentsMargins({});
+    lignes->setSpacing(look::spacing);
+    lignes->addLayout(ligne);
+    lignes->addWidget(note_);
 }
 
 QLabel* PageRecherche::ajouterangee(Texte intitule, QWidget* nomme, const Rangees::Espaces& espaces) {

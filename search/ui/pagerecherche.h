@@ -1,5 +1,6 @@
 #pragma once
-// A tab of the search form: its controls over two buttons, one that searches, or stops, and one that gives up.
+// A tab of the search form: its fields, and what belongs to them below the tabs, where it is always seen: the button
+// that searches, or stops, the one that gives up, and what came of the search.
 #include "core/bilan.h"
 #include "core/texte.h"
 #include "search/ui/rangees.h"
@@ -10,7 +11,6 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QVBoxLayout;
 
 namespace velm {
 
@@ -25,6 +25,8 @@ public:
     virtual QLineEdit& champ() const = 0;
 
     QPushButton& lanceur() const { return *lanceur_; }
+    /// The buttons and the line below them. Whoever shows the tab puts it in its place.
+    QWidget& pied() const { return *pied_; }
     /// Says below the buttons what came of the search.
     void ditbilan(const BilanRecherche& bilan);
 
@@ -37,9 +39,7 @@ protected:
     explicit PageRecherche(Libelles texte);
 
     QString texte(Texte lequel) const { return texte_(lequel); }
-    /// Rows of controls, and what goes below them.
     Rangees& rangees() const { return *rangees_; }
-    QVBoxLayout& disposition() const { return *disposition_; }
     /// A text box that remembers what was searched. Its Return key searches.
     BoiteDerniers* boite(const QString& nom, Texte intitule);
     /// The list of the three limits.
@@ -48,14 +48,13 @@ protected:
     QLabel* ajouterangee(Texte intitule, QWidget* nomme, const Rangees::Espaces& espaces = {});
     /// A quiet line directly under the field above: what is searched.
     QLabel* ajouteconseil(Texte conseil);
-    /// The buttons below the last field, with what stands at the left of the two, the line that says what came of the
-    /// search, and then the free room.
+    /// The buttons, with what stands at the left of the two, and the line that says what came of the search.
     void ajouteboutons(const QString& chercher, const QString& annuler, QWidget* gauche = nullptr);
 
 private:
     Libelles texte_;
-    QVBoxLayout* disposition_ = nullptr;
     Rangees* rangees_ = nullptr;
+    QWidget* pied_ = nullptr;
     QPushButton* lanceur_ = nullptr;
     NoteLine* note_ = nullptr;
 };

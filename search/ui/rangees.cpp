@@ -149,13 +149,14 @@ QSize Rangees::sizeHint() const {
     return {large, dispose({0, 0, large, 0}, false)};
 }
 
+/// The less wide, the higher: as high as it is at least, wherever it has room.
 QSize Rangees::minimumSize() const {
     int large = intitules();
     for (const Rangee& rangee : rangees_) {
         for (const QLayoutItem* piece : rangee.pieces)
             large = std::max(large, besoin(rangee, piece));
     }
-    return {large, sizeHint().height()};
+    return {large, dispose({0, 0, QWIDGETSIZE_MAX, 0}, false)};
 }
 
 int Rangees::heightForWidth(int largeur) const {
@@ -200,7 +201,10 @@ int Rangees::dispose(const QRect& dans, bool pose) const {
 
 std::vector<Rangees::Ligne> Rangees::lignes(const Rangee& rangee, int largeur) const {
     std::vector<Ligne> toutes(1);
-    for (QLayoutItem* piece : rangee.pieces) {
+    Ligne pieces = rangee.pieces;
+    if (rangee.espaces.adroite && enligne(rangee, pieces) > largeur)
+        std::rotate(pieces.begin(), pieces.begin() + 1, pieces.end());
+    for (QLayoutItem* piece : pieces) {
         Ligne ensemble = toutes.back();
         ensemble.push_back(piece);
         if (toutes.back().empty() || enligne(rangee, ensemble) <= largeur)
@@ -223,7 +227,8 @@ int Rangees::poserangee(const Rangee& rangee, const QRect& dans, bool pose) cons
 
 int Rangees::poseligne(const Rangee& rangee, const Ligne& ligne, const QRect& dans, bool pose) const {
     int reste = std::max(dans.width() - enligne(rangee, ligne), 0);
-    int gauche = dans.left();
+    const bool etire = std::ranges::any_of(ligne, prendtout);
+    int gauche = dans.left() + (rangee.espaces.adroite && !etire ? reste : 0);
     int bas = dans.top();
     int premier = 0;
     for (QLayoutItem* piece : ligne) {

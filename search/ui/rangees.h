@@ -18,6 +18,7 @@ public:
     struct Espaces {
         int ecart = look::spacing; ///< between the controls of the row
         int dessus = 0;            ///< more of it, or less, above the row than usual
+        bool adroite = false; ///< where one line does not hold all of it, the first goes below the others, at the right
     };
 
     explicit Rangees(QWidget* parent = nullptr);

@@ -44,6 +44,11 @@ TEST_F(CadreTest, AFormThatIsTooLowIsScrolledToWhereTheKeysGo) {
     ASSERT_TRUE(QTest::qWaitFor(enbas));
     champ(u"texterech(0)"_s).setFocus();
     EVENTUALLY(vue(champ(u"texterech(0)"_s)));
+    onglet(Onglet::Rapide);
+    barre.setValue(0);
+    onglet(Onglet::Criteres);
+    champ(u"texterech(1)"_s).setFocus();
+    EVENTUALLY(vue(champ(u"texterech(1)"_s)));
     champ(u"textejour"_s).setFocus();
     formulaire->resize(700, 700);
     formulaire->resize(700, 260);

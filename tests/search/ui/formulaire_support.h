@@ -85,7 +85,15 @@ protected:
     QComboBox& combo(const QString& nom) const { return un<QComboBox>(nom); }
     QCheckBox& coche(const QString& nom) const { return un<QCheckBox>(nom); }
     BarreCollections& barre() const { return un<BarreCollections>(u"barre_cran"_s); }
-    QString bilan() const { return onglets().currentWidget()->findChild<NoteLine*>()->text(); }
+    /// Of the tab that is shown.
+    NoteLine& note() const {
+        for (NoteLine* une : formulaire->findChildren<NoteLine*>()) {
+            if (!une->parentWidget()->isHidden())
+                return *une;
+        }
+        throw std::runtime_error("no note");
+    }
+    QString bilan() const { return note().text(); }
     QTabWidget& onglets() const { return un<QTabWidget>(u"ongletrecherche"_s); }
     QProgressBar& progression() const { return un<QProgressBar>(u"ProgressBar"_s); }
     bool option2possible() const { return un<QRadioButton>(u"Option2"_s).isEnabled(); }

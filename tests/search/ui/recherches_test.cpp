@@ -125,7 +125,7 @@ TEST_F(RecherchesTest, ASearchThatWasCutCanBeSeenWholeAndItsLimitStays) {
     EXPECT_EQ(bilan(), u"t9727, contrat");
     ASSERT_EQ(liste.lignes(), 50);
     champ(u"texterapide"_s).setText(u"autre chose"_s);
-    auto* lien = onglets().currentWidget()->findChild<NoteLine*>()->link();
+    auto* lien = note().link();
     ASSERT_TRUE(lien->isVisible());
     QTest::mouseClick(lien, Qt::LeftButton);
     EXPECT_EQ(liste.lignes(), 126) << "as it was searched";
@@ -154,7 +154,7 @@ TEST_F(RecherchesTest, AllDocumentsOfAWordAreShownWithoutAQuestion) {
     clique(u"cmdokdico"_s);
     EXPECT_EQ(liste.lignes(), 50);
     EXPECT_EQ(bilan(), u"t9726, partout");
-    QTest::mouseClick(onglets().currentWidget()->findChild<NoteLine*>()->link(), Qt::LeftButton);
+    QTest::mouseClick(note().link(), Qt::LeftButton);
     EXPECT_EQ(liste.lignes(), 250);
     EXPECT_TRUE(dialogues.texts().isEmpty());
     EXPECT_EQ(combo(u"Combonombredico"_s).currentIndex(), 0);
