@@ -634,7 +634,8 @@ enum class Texte : int {
     EntreDesAnnees = 9804,
     CommandeIndex = 9805,
     CommandeChrono = 9806,
-    OptionsDesDates = 9807
+    OptionsDesDates = 9807,
+    RegrouperTropEtroit = 9890
 };
 
 // ---- texts by their rank

@@ -34,7 +34,7 @@ private:
 };
 
 ModeleColonnes ListeSelection::modele() {
-    return {.colonnes = {{Titre, 3000, Texte::Titre, 4},
+    return {.colonnes = {{Titre, 3000, Texte::Titre, 6},
                          {Motcle1, 2000, Texte::ColonneMotCle1, 1},
                          {Motcle2, 2000, Texte::ColonneMotCle2, 1},
                          {Motcle3, 2000, Texte::ColonneMotCle3, 1},
@@ -136,9 +136,12 @@ bool ListeSelection::repetitions() const {
     return false;
 }
 
-Texte infobulleregrouper(const ListeSelection& liste) {
-    const bool vain = !liste.regroupee() && liste.lignes() > 1 && !liste.repetitions();
-    return vain ? Texte::RegrouperSansRepetition : infobulleregrouper(liste.regroupee());
+Texte infobulleregrouper(const ListeSelection& liste, bool etroite) {
+    if (liste.regroupee() || liste.lignes() < 2)
+        return infobulleregrouper(liste.regroupee());
+    return etroite               ? Texte::RegrouperTropEtroit
+           : liste.repetitions() ? infobulleregrouper(false)
+                                 : Texte::RegrouperSansRepetition;
 }
 
 Texte infobulleregrouper(bool enfonce) {

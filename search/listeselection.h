@@ -100,8 +100,8 @@ private:
 
 /// Tool tips, by their numbers, of the buttons `regrouper` and `affichercritères`.
 Texte infobulleregrouper(bool enfonce);
-/// That of a list: where the button would change nothing it says so.
-Texte infobulleregrouper(const ListeSelection& liste);
+/// That of a list: where the button would change nothing that is seen it says so. A narrow one has no columns.
+Texte infobulleregrouper(const ListeSelection& liste, bool etroite);
 Texte infobullecriteres(bool enfonce);
 
 } // namespace velm

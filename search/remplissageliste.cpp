@@ -94,7 +94,7 @@ void RemplissageListe::ditbilan(const BilanRecherche& bilan, std::function<void(
 }
 
 void RemplissageListe::ditregroupement() const {
-    vue_.infobulle(Ordre::Regrouper, services_.texte(infobulleregrouper(liste_)));
+    vue_.infobulle(Ordre::Regrouper, services_.texte(infobulleregrouper(liste_, lignes_.etroite())));
 }
 
 void RemplissageListe::ditreste() {

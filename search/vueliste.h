@@ -33,6 +33,8 @@ public:
     /// The selected rows: tabs between cells, CR between rows.
     virtual QString copie() const = 0;
     virtual int largeur(int colonne) const = 0; ///< twips
+    /// Too narrow for columns: the keywords stand below the titles.
+    virtual bool etroite() const { return false; }
 };
 
 /// The panel around the grid, as the logic sees it. Its buttons stand for commands.

@@ -76,4 +76,8 @@ int GrilleSelection::largeur(int colonne) const {
     return flex().colWidth(colonne);
 }
 
+bool GrilleSelection::etroite() const {
+    return flex().isNarrow();
+}
+
 } // namespace velm

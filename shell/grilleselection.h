@@ -34,6 +34,7 @@ public:
     void choisittout() override;
     QString copie() const override;
     int largeur(int colonne) const override;
+    bool etroite() const override;
 
 private:
     VoletSelection& volet_;

@@ -42,7 +42,9 @@ void Selection::relieflex() {
     connect(documents, &GrilleDocuments::trivoulu, this, [this](int colonne) { controle_.trie(colonne); });
     connect(documents, &GrilleDocuments::ouvertes, this, [this] { controle_.ouvre(); });
     connect(documents, &GrilleDocuments::suppressionvoulue, this, [this] { controle_.supprime(); });
-    connect(&flex(), &FlexGrid::columnMoved, this, [this] { controle_.remplissage().ditregroupement(); });
+    const auto ditregroupement = [this] { controle_.remplissage().ditregroupement(); };
+    connect(&flex(), &FlexGrid::columnMoved, this, ditregroupement);
+    connect(&flex(), &FlexGrid::narrowChanged, this, ditregroupement);
     connect(documents, &GrilleDocuments::menuvoulu, this, [this](const QPoint& ou) {
         if (flex().row() > 0)
             menu_->popup(ou);

@@ -16,7 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// A list that is not wider shows titles in the whole width, and keywords below them.
+/// Where titles and keywords have less they share one column, the keywords below the titles.
 constexpr int etroite = 420;
 
 /// The picture of a collection; none for what is not the code of one.
@@ -90,6 +90,7 @@ void GrilleDocuments::charge(std::unique_ptr<SourceDocuments> source) {
     flex_.setRedraw(false);
     const auto redessine = qScopeGuard([this, avant] { flex_.setRedraw(avant); });
     flex_.setSource(std::move(source));
+    flex_.fitShares();
     effacemarques();
 }
 
@@ -176,6 +177,7 @@ void GrilleDocuments::cache() {
 }
 
 void GrilleDocuments::montre(bool visible) {
+    flex_.fitShares();
     flex_.setRedraw(true);
     if (flex_.row() == 0)
         flex_.setTopRow(1);

@@ -31,11 +31,13 @@ public:
     void choisittout() override { choisies = {1, liste->lignes()}; }
     QString copie() const override { return u"%1-%2"_s.arg(choisies.first).arg(choisies.second); }
     int largeur(int colonne) const override { return largeurs.at(static_cast<std::size_t>(colonne)); }
+    bool etroite() const override { return etroit; }
 
     ListeSelection* liste = nullptr;
     bool montree = true;
     bool figee = false;
     bool regroupee = false;
+    bool etroit = false;
     int caches = 0;
     int profondeur = 0; ///< fillings that have begun and not ended
     int plusprofond = 0;

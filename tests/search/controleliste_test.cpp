@@ -155,6 +155,14 @@ TEST_F(ControleListeTest, TheTipOfGroupingTellsWhereNoNeighboursAreAlike) {
     grille.choisit(1, 1);
     controle->supprime();
     EXPECT_EQ(bulle(), u"t9790") << "of the two that were alike one is gone";
+    grille.etroit = true;
+    controle->remplissage().ditregroupement();
+    EXPECT_EQ(bulle(), u"t9890") << "a list without columns shows none of it";
+    controle->regroupe(true);
+    EXPECT_EQ(bulle(), u"t2608");
+    controle->regroupe(false);
+    grille.etroit = false;
+    controle->remplissage().ditregroupement();
     // The sorted column is the first that is grouped: both are of the same collection.
     controle->trie(controle->liste().colonnes().place(ListeSelection::Reference));
     EXPECT_EQ(bulle(), u"t2605");

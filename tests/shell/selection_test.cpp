@@ -99,6 +99,10 @@ TEST_F(SelectionTest, OnlyOneHeaderBearsAMarkAndANewResultTakesItAway) {
 
 TEST_F(SelectionTest, GroupingMergesEqualCellsAndChangesItsToolTip) {
     ouvre({u"CO000001"_s, u"CO000001"_s, u"CO000002"_s});
+    EXPECT_EQ(barre().toolTip(u"regrouper"_s),
+              u"Regrouper les cellules identiques\u00A0: se voit dans une liste plus large, à plusieurs colonnes");
+    volet().changelargeurliste(14000);
+    EVENTUALLY(!flex().isNarrow());
     EXPECT_EQ(barre().toolTip(u"regrouper"_s), u"Regrouper les cellules identiques");
     presse(barre(), "regrouper");
     EXPECT_TRUE(flex().mergeCells());
@@ -111,6 +115,8 @@ TEST_F(SelectionTest, GroupingMergesEqualCellsAndChangesItsToolTip) {
 TEST_F(SelectionTest, AListWithoutEqualNeighboursSaysSoInTheTipOfGrouping) {
     constexpr auto sans = u"Regrouper les cellules identiques\u00A0: ici, toutes diffèrent de leurs voisines";
     ouvre();
+    volet().changelargeurliste(14000);
+    EVENTUALLY(!flex().isNarrow());
     EXPECT_EQ(barre().toolTip(u"regrouper"_s), sans);
     // The column that comes first is the one that is grouped, as long as none is sorted.
     flex().view()->horizontalHeader()->moveSection(liste().liste().colonnes().place(ListeSelection::Reference), 0);

@@ -186,11 +186,10 @@ void Guide::lookAtOffer(const QString& name, const QWidget* within, const QStrin
     dismissOffer();
 }
 
-void Guide::rightClick(const QString& name, QWidget* widget) {
+void Guide::rightClick(const QString& name, QWidget* widget, std::optional<QPoint> place) {
     if (!visibleOne(widget))
         return miss(name);
-    lookAtWhatComes(name, [widget] {
-        const QPoint place = widget->rect().center();
+    lookAtWhatComes(name, [widget, place = place.value_or(widget->rect().center())] {
         QTest::mouseClick(widget, Qt::RightButton, {}, place);
         QContextMenuEvent event(QContextMenuEvent::Mouse, place, widget->mapToGlobal(place));
         if (!foremost())

@@ -75,7 +75,7 @@ public:
     void type(const QWidget* within, const QString& field, const QString& words);
     /// Types the beginning of a word, and has what is offered looked at.
     void lookAtOffer(const QString& name, const QWidget* within, const QString& field, const QString& beginning);
-    void rightClick(const QString& name, QWidget* widget);
+    void rightClick(const QString& name, QWidget* widget, std::optional<QPoint> place = {});
     void tipOf(const QString& name, QWidget* widget);
     void tab(int number);
 

@@ -71,7 +71,8 @@ void listOfResults(Guide& guide) {
     guide.look(u"results-marks"_s);
     guide.pressInWindow(u"motsuivant"_s);
     guide.look(u"results-next-mark"_s);
-    guide.rightClick(u"context-results"_s, panel.flex().view()->viewport());
+    guide.rightClick(u"context-results"_s, panel.flex().view()->viewport(),
+                     panel.flex().view()->visualRect(panel.flex().view()->currentIndex()).center());
     const double narrow = panel.largeurpane();
     constexpr double wider = 2.6;
     panel.changelargeurpane(wider * narrow);

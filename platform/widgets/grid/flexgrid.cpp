@@ -14,11 +14,9 @@ namespace velm {
 
 struct FlexGrid::Private {
     explicit Private(FlexGrid* grid) : model(grid), view(new GridView(model, grid)), columns(model, *view) {}
-
     /// The selected rows by their cells; with the hidden columns or without.
     std::vector<QStringList> selected(bool hidden) const;
     void clampSelection() const { view->select(view->anchor(), view->end(), false); }
-
     GridModel model;
     GridView* view;
     GridColumns columns;
@@ -57,6 +55,7 @@ FlexGrid::FlexGrid(QWidget* parent) : QWidget(parent), d_(std::make_unique<Priva
     header.onDoubleClicked = [this](int place) { emit doubleClicked(0, place); };
     header.onRightClicked = [this](int place, const QPoint& at) { emit rightClicked(0, place, at); };
     d_->columns.onMoved = [this](int from, int to) { emit columnMoved(from, to); };
+    d_->columns.onNarrow = [this] { emit narrowChanged(); };
 }
 
 FlexGrid* FlexGrid::withFocus() {
@@ -130,8 +129,16 @@ void FlexGrid::setColHeld(int col, bool held) {
     d_->columns.setHeld(col, held);
 }
 
+void FlexGrid::fitShares() {
+    d_->columns.fitShares();
+}
+
 void FlexGrid::setNarrowBelow(int pixels) {
     d_->columns.setNarrowBelow(pixels);
+}
+
+bool FlexGrid::isNarrow() const {
+    return d_->columns.narrow();
 }
 
 void FlexGrid::setHeader(int col, const QString& text, const QString& widest) {
@@ -201,10 +208,8 @@ QString FlexGrid::text(int row, int col) const {
 void FlexGrid::setText(int row, int col, const QString& text) {
     if (!d_->columns.has(col))
         return;
-    if (row == 0) {
-        d_->columns.setHeaderCell(col, text);
-        return;
-    }
+    if (row == 0)
+        return d_->columns.setHeaderCell(col, text);
     d_->model.setText(row - 1, d_->view->logicalAt(col), text);
     // Neighbours may be one cell with this one now, or no more.
     if (redraw() && mergeCells())
@@ -221,8 +226,6 @@ void FlexGrid::setSource(std::unique_ptr<GridSource> source) {
 GridSource* FlexGrid::source() const {
     return d_->model.source();
 }
-
-// ---- order
 
 bool FlexGrid::sort(int col, bool descending) {
     if (!d_->columns.has(col))
@@ -331,8 +334,7 @@ void FlexGrid::setRedraw(bool on) {
         return;
     if (!on) {
         d_->view->setUpdatesEnabled(false);
-        d_->model.setSilent(true);
-        return;
+        return d_->model.setSilent(true);
     }
     d_->view->whileChanging([this] { d_->model.setSilent(false); });
     d_->view->select(d_->view->anchor(), d_->view->end(), false);

@@ -63,9 +63,14 @@ public:
     /// own, which colWidth() goes on to give. A held one keeps its own; the user's hand on a column's edge holds it.
     void setColWeight(int col, int weight);
     void setColHeld(int col, bool held);
-    /// In a list narrower than this (0: never) the heaviest column stands alone, over the whole width, and the texts of
-    /// the others with a weight under its own in a quiet second line. Cells are not merged then.
+    /// From now on none of them takes more than its header and its texts need, as these are now, as long as another
+    /// one needs it; what none needs has the heaviest.
+    void fitShares();
+    /// Where columns with a weight have less than this together (0: never), the heaviest column stands alone, over the
+    /// whole width, and the texts of the others with a weight under its own in a quiet second line. Cells are not
+    /// merged then.
     void setNarrowBelow(int pixels);
+    bool isNarrow() const; ///< it is shown so
     /// A sort mark at its end is left out. With the widest text of its cells told, the column is shown wide enough for
     /// both, whatever its own width, until it is held.
     void setHeader(int col, const QString& text, const QString& widest = {});
@@ -145,6 +150,7 @@ signals:
     void activated(int row);                                           ///< Return on a row
     void deletePressed();
     void columnMoved(int from, int to); ///< by the user
+    void narrowChanged();               ///< see setNarrowBelow()
 
 protected:
     bool event(QEvent* event) override;

@@ -7,6 +7,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <numeric>
 
 namespace velm {
 namespace {
@@ -99,10 +100,21 @@ void GridColumns::showAll() {
     arrange();
 }
 
+/// What is left for those that share. A column that the user widens narrows no list.
+bool GridColumns::isNarrow() const {
+    int room = view_.width();
+    for (int column = 0; column < count(); ++column) {
+        const GridModel::Column& one = std::as_const(model_).column(column);
+        if (one.weight == 0 && one.twips > 0 && !one.held && column != stretched_)
+            room -= pixelsFromTwips(one.twips);
+    }
+    return room < narrowBelow_;
+}
+
 /// Everything as the list's width wants it.
 void GridColumns::arrange() {
     const QScopedValueRollback guard(arranging_, true);
-    const int alone = view_.width() < narrowBelow_ ? heaviest() : -1;
+    const int alone = isNarrow() ? heaviest() : -1;
     std::vector<int> below;
     for (const int column : order()) {
         if (alone >= 0 && column != alone && model_.column(column).weight > 0)
@@ -112,6 +124,8 @@ void GridColumns::arrange() {
     if (std::exchange(alone_, alone) != alone) {
         for (int column = 0; column < count(); ++column)
             show(column);
+        if (onNarrow)
+            onNarrow();
     }
     if (alone_ < 0)
         share(0);
@@ -128,15 +142,38 @@ void GridColumns::share(int fromPlace) {
     for (int place = 0; place < count(); ++place) {
         const int column = logical(place);
         if (place >= fromPlace && isShared(column)) {
-            shares.push_back({model_.column(column).weight, least});
+            shares.push_back({model_.column(column).weight, least, model_.column(column).need});
             columns.push_back(column);
         } else {
             room -= header.sectionSize(column);
         }
     }
-    const std::vector<int> widths = sharedWidths(room, shares);
+    std::vector<int> widths = sharedWidths(room, shares);
+    // What nobody needs has the heaviest, or, where it stays as it is, the last one.
+    if (const auto widest = std::ranges::find(columns, heaviest()); !columns.empty())
+        widths[widest == columns.end() ? columns.size() - 1 : static_cast<std::size_t>(widest - columns.begin())] +=
+            std::max(room - std::accumulate(widths.begin(), widths.end(), 0), 0);
     for (std::size_t i = 0; i < columns.size(); ++i)
         header.resizeSection(columns[i], widths[i]);
+}
+
+/// The first rows stand for the others.
+int GridColumns::needOf(int column) const {
+    constexpr int looked = 64;
+    const QFontMetrics metrics = view_.fontMetrics();
+    int text = 0;
+    for (int row = 0; row < std::min(model_.count(), looked); ++row)
+        text = std::max(text, metrics.horizontalAdvance(model_.text(row, column)));
+    const int picture = model_.column(column).before ? gridlook::iconEdge(metrics) + gridlook::padding : 0;
+    return std::max(picture + text + 2 * gridlook::padding + 1, view_.header().neededWidth(column));
+}
+
+void GridColumns::fitShares() {
+    for (int column = 0; column < count(); ++column) {
+        if (isShared(column))
+            model_.column(column).need = model_.count() > 0 ? needOf(column) : 0;
+    }
+    arrange();
 }
 
 /// The user has the edge of a column in hand: those left of it stay where they are meanwhile.

@@ -30,6 +30,8 @@ public:
 
     /// See FlexGrid::setNarrowBelow().
     void setNarrowBelow(int pixels);
+    bool narrow() const { return alone_ >= 0; }
+    std::function<void()> onNarrow; ///< it has become so, or is no more
 
     // ---- by place; one that there is not has nothing and takes nothing
     /// Twips; 0 hides.
@@ -39,6 +41,8 @@ public:
     void setStretched(int place);
     void setWeight(int place, int weight);
     void setHeld(int place, bool held);
+    /// See FlexGrid::fitShares().
+    void fitShares();
     void move(int place, int to);
     void setAlignment(int place, Align align); ///< of the cells and of the header
     /// See FlexGrid::setColPicture().
@@ -66,6 +70,8 @@ private:
     void showAll();
     void arrange();
     void share(int fromPlace);
+    bool isNarrow() const;
+    int needOf(int column) const;
     void resized(int column, int size);
 
     GridModel& model_;

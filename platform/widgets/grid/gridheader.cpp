@@ -104,6 +104,11 @@ void GridHeader::paintEvent(QPaintEvent* event) {
     painter.drawLine(rest.bottomLeft(), rest.bottomRight());
 }
 
+int GridHeader::neededWidth(int logicalIndex) const {
+    return QFontMetrics(textFont()).horizontalAdvance(model_.column(logicalIndex).header) + arrowWidth + arrowGap +
+           2 * gridlook::padding + 1;
+}
+
 QSize GridHeader::sectionSizeFromContents(int logicalIndex) const {
     if (!model_.hasColumn(logicalIndex))
         return {};

@@ -20,6 +20,8 @@ public:
 
     QFont textFont() const;
     QSize sizeHint() const override;
+    /// At which neither the header of a column nor its sort mark is cut.
+    int neededWidth(int logicalIndex) const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

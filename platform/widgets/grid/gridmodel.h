@@ -23,6 +23,7 @@ public:
         int twips = 960;
         int weight = 0;    ///< its share of the free width; 0 for none
         bool held = false; ///< keeps its own width all the same
+        int need = 0;      ///< pixels: of its share it takes no more; 0 for all
     };
 
     using QAbstractTableModel::QAbstractTableModel;

@@ -115,6 +115,44 @@ TEST_F(FlexGridWidth, AHeldColumnKeepsItsOwnWidth) {
     EXPECT_GT(shown(0), 300);
 }
 
+TEST_F(FlexGridWidth, OnlyTheHeaviestTakesMoreThanItsTextsNeed) {
+    EXPECT_GT(shown(1), 200);
+    grid.fitShares();
+    const int needed = shown(1);
+    EXPECT_LT(needed, 120);
+    EXPECT_GT(needed, grid.fontMetrics().horizontalAdvance(u"vente"_s));
+    EXPECT_LT(shown(2), needed + 20);
+    EXPECT_EQ(together(), rowsWidget()->width()) << "the title has the rest";
+    grid.setHeader(2, u"Un intitulé de plus de lettres"_s);
+    grid.fitShares();
+    EXPECT_GT(shown(2), grid.fontMetrics().horizontalAdvance(grid.header(2)));
+    grid.sort(1, true);
+    EXPECT_EQ(shown(1), needed) << "an order changes no width";
+    grid.setText(1, 1, u"un mot clé bien plus long que l’autre"_s);
+    EXPECT_EQ(shown(1), needed);
+    grid.fitShares();
+    EXPECT_GT(shown(1), grid.fontMetrics().horizontalAdvance(grid.text(1, 1)));
+    grid.setText(2, 0, u"Un titre "_s.repeated(60));
+    grid.fitShares();
+    EXPECT_GT(shown(0), 3 * shown(1) / 2) << "it has its share at least";
+    EXPECT_EQ(together(), rowsWidget()->width());
+    drag(0, -100);
+    EXPECT_EQ(together(), rowsWidget()->width()) << "of what lies behind the hand, the last has the rest";
+    grid.setColHeld(0, false);
+    grid.setRows(1);
+    grid.fitShares();
+    EXPECT_GT(shown(1), 200) << "without rows, by their weights alone";
+    EXPECT_EQ(together(), rowsWidget()->width());
+}
+
+TEST_F(FlexGridWidth, WhoeverWidensAColumnMakesNoNarrowListOfIt) {
+    grid.setNarrowBelow(420);
+    grid.resize(560, 300);
+    drag(3, 100);
+    EXPECT_EQ(shown(3), 200);
+    EXPECT_GT(shown(1), 0);
+}
+
 TEST_F(FlexGridWidth, AMovedColumnTakesItsShareAlong) {
     const int first = shown(0);
     grid.setColPosition(0, 2);
@@ -126,20 +164,23 @@ TEST_F(FlexGridWidth, ANarrowListShowsTheHeaviestColumnOverItsWholeWidthInRowsOf
     grid.setNarrowBelow(420);
     const int one = grid.view()->rowHeight(0);
     grid.setColPosition(0, 3);
+    std::vector<bool> told;
+    QObject::connect(&grid, &FlexGrid::narrowChanged, &grid, [&] { told.push_back(grid.isNarrow()); });
     grid.resize(300, 300);
     EXPECT_EQ(shown(3), rowsWidget()->width());
     EXPECT_EQ(shown(0) + shown(1) + shown(2), 0);
     EXPECT_GT(grid.view()->rowHeight(0), one + grid.fontMetrics().height() - 2);
     EXPECT_EQ(grid.view()->horizontalScrollBar()->maximum(), 0);
     EXPECT_EQ(grid.colWidth(0), 1500) << "widths are what they were";
-    grid.resize(420, 300);
-    EXPECT_EQ(grid.view()->rowHeight(0), one);
+    grid.resize(520, 300);
+    EXPECT_EQ(grid.view()->rowHeight(0), one) << "the column without a weight has 100 of it";
     EXPECT_EQ(together(), rowsWidget()->width());
     EXPECT_GT(shown(0), 0);
-    grid.resize(419, 300);
+    grid.resize(519, 300);
     EXPECT_EQ(shown(3), rowsWidget()->width());
     grid.setNarrowBelow(0);
     EXPECT_EQ(grid.view()->rowHeight(0), one);
+    EXPECT_EQ(told, (std::vector{true, false, true, false}));
 }
 
 TEST_F(FlexGridWidth, TheSecondLineHoldsTheOtherTextsWithAWeight) {

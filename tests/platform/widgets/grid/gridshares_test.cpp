@@ -20,6 +20,16 @@ TEST(GridShares, NoneIsNarrowerThanItsLeastAndTheOthersHaveTheLess) {
     EXPECT_EQ(sharedWidths(200, {{1, 100}, {2, 75}, {3, 0}}), (std::vector{100, 75, 25}));
 }
 
+TEST(GridShares, NoneIsWiderThanItsMostAndTheOthersHaveTheRest) {
+    EXPECT_EQ(sharedWidths(900, {{3, 0}, {2, 0, 100}, {2, 0}, {2, 0}}), (std::vector{342, 100, 229, 229}));
+    EXPECT_EQ(sharedWidths(900, {{1, 0}, {2, 0, 100}, {2, 0, 90}}), (std::vector{710, 100, 90}));
+    EXPECT_EQ(sharedWidths(300, {{1, 0}, {1, 0, 100}, {1, 0, 120}}), (std::vector{100, 100, 100}));
+    // What one does not take is enough for another one to have its most.
+    EXPECT_EQ(sharedWidths(300, {{1, 0, 110}, {1, 0, 10}, {1, 0}}), (std::vector{110, 10, 180}));
+    EXPECT_EQ(sharedWidths(300, {{1, 60, 20}, {1, 0}}), (std::vector{60, 240})) << "the least counts first";
+    EXPECT_EQ(sharedWidths(300, {{1, 0, 20}, {1, 0, 30}}), (std::vector{20, 30})) << "nobody wants the rest";
+}
+
 TEST(GridShares, NoColumnsShareNothing) {
     EXPECT_TRUE(sharedWidths(300, {}).empty());
 }
