@@ -11,7 +11,7 @@ namespace velm {
 
 class RechercheImmediate {
 public:
-    /// What was found by then; `finie` when there is no more to come.
+    /// What was found by then, a row at least; or, `finie`, all that there is.
     using Ecoute = std::function<void(const Resultat& resultat, bool finie)>;
 
     /// `evenements` lets through what waits, at the turns of the search. The corpus is not owned.

@@ -12,7 +12,7 @@ QString Aide::fichier() const {
     const Preferences& preferences = seance.preferences();
     for (const QString& nom : {preferences.aidefichier, u"Velm2000.chm"_s}) {
         const QString chemin = joinPath(preferences.aidechemin, nom);
-        if (!nom.isEmpty() && fileExists(chemin))
+        if (fileExists(chemin))
             return chemin;
     }
     return {};

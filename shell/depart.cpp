@@ -73,8 +73,6 @@ void Depart::arrete() {
 
 void Depart::montre(const Resultat& resultat, bool finie) {
     const int nombre = resultat.lignes.nombre();
-    if (nombre == 0 && !finie)
-        return;
     std::vector<DocumentTrouve> trouves;
     for (int rang = 1; rang <= nombre; ++rang)
         trouves.push_back({decoupecle(resultat.lignes.cle(rang)), resultat.lignes.champ(rang, Lignes::Titre)});

@@ -214,7 +214,8 @@ void VueDepart::disposemarges() {
         widget->layout()->setContentsMargins(cotes, haut, cotes, bas);
     };
     entoure(feuille_, margedefeuille, margedefeuille, margedefeuille);
-    feuille_->layout()->invalidate(); // other columns have other rows, which it hears of later
+    for (QWidget* page : {ordinaire_, static_cast<QWidget*>(reponse_)})
+        page->updateGeometry(); // other columns have other rows, which it would hear of later
     const QWidget* vue = ordinaire_->isHidden() ? static_cast<QWidget*>(reponse_) : ordinaire_;
     const int reste = viewport()->height() -
                       (feuille_->sizeHint().height() - vue->sizeHint().height() + ordinaire_->sizeHint().height());

@@ -210,15 +210,11 @@ void FrmVelmorSelect::lance(Onglet onglet) {
 
 void FrmVelmorSelect::activation() {
     // Who clicks into another control of the form wants to be there.
-    const QWidget* ici = QApplication::focusWidget();
-    if (QApplication::mouseButtons() == Qt::NoButton || !ici || ici == this || !isAncestorOf(ici)) {
-        formulaire_.active();
-        return;
-    }
-    const QPointer<QWidget> garde(const_cast<QWidget*>(ici));
+    QWidget* ici = QApplication::focusWidget();
+    const bool clique = QApplication::mouseButtons() != Qt::NoButton && ici && ici != this && isAncestorOf(ici);
     formulaire_.active();
-    if (garde)
-        garde->setFocus(Qt::MouseFocusReason);
+    if (clique)
+        ici->setFocus(Qt::MouseFocusReason);
 }
 
 void FrmVelmorSelect::ecritreglages() {

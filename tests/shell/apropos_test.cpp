@@ -76,6 +76,9 @@ TEST_F(APropos, AClickOnTheLogoStopsAndStartsTheAnimation) {
     EXPECT_FALSE(minuterie.isActive());
     QTest::mouseClick(&logo, Qt::RightButton);
     EXPECT_FALSE(minuterie.isActive());
+    QTest::mousePress(&logo, Qt::LeftButton);
+    QTest::mouseRelease(&logo, Qt::LeftButton, {}, QPoint(logo.width() + 5, 5));
+    EXPECT_FALSE(minuterie.isActive()) << "let go beside it";
     QTest::mouseClick(&logo, Qt::LeftButton);
     EXPECT_TRUE(minuterie.isActive());
     fenetre_.close();

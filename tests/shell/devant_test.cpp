@@ -1,6 +1,7 @@
 // What the frame tells of the window in front: status bar, title, size of the text; and the menu of the windows.
 #include "platform/widgets/text/richtextbox.h"
 #include "shell/bureau.h"
+#include "shell/lignedetat.h"
 #include "shell/recherches.h"
 #include "tests/shell/selection_support.h"
 
@@ -319,4 +320,23 @@ TEST_F(DevantTest, ItsKeyBringsTheSearchAndPutsItAwayWhereItIs) {
     touche();
     EXPECT_TRUE(volet().isVisible()) << "the focus was elsewhere";
     EVENTUALLY(formulaire->isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST_F(DevantTest, APlaceIsLookedUpOnceAndNoMoreBehindTheEnd) {
+    commence(QString());
+    int demandes = 0;
+    LigneDEtat ligne({ecran(), programme->bureau(), programme->corpus(), [](Texte) { return QString(); },
+                      [&demandes](int) {
+                          ++demandes;
+                          return u"Une collection"_s;
+                      }});
+    programme->bureau().navigation().ouvre({u"CO"_s, u"000001"_s}, {});
+    EVENTUALLY(demandes == 1);
+    emit programme->bureau().devantchange();
+    QTest::qWait(60);
+    EXPECT_EQ(demandes, 1) << "of the same document";
+    ligne.arrete();
+    programme->bureau().navigation().ouvre({u"JP"_s, u"000007"_s}, {});
+    QTest::qWait(60);
+    EXPECT_EQ(demandes, 1);
 }

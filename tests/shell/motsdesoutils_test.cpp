@@ -38,6 +38,13 @@ TEST(MotsDesOutils, AFolderIsToldFromAFileInTheDialogs) {
     EXPECT_EQ(QFileIconProvider().type(QFileInfo(QCoreApplication::applicationDirPath())), u"Dossier");
 }
 
+TEST(MotsDesOutils, TheSameWordInAnotherPlaceIsNotTheirs) {
+    const MotsDesOutils mots(u"FR"_s, [](Texte) { return u"Entrée"_s; });
+    EXPECT_EQ(QCoreApplication::translate("QShortcut", "Return"), u"Entrée");
+    EXPECT_NE(QCoreApplication::translate("QPlatformTheme", "Return"), u"Entrée");
+    EXPECT_NE(QCoreApplication::translate("QShortcut", "Folder"), u"Entrée");
+}
+
 TEST(MotsDesOutils, AllElseTheToolkitSaysInTheLanguage) {
     const MotsDesOutils mots(u"FR"_s, [](Texte) { return QString(); });
     const QString annuler = QCoreApplication::translate("QPlatformTheme", "Cancel");

@@ -23,6 +23,8 @@ protected:
                    PageDepart page;
                    for (int indice = 0; indice < nombredecollections; ++indice)
                        page.collections.push_back({indice, u"Collection du rang %1"_s.arg(indice)});
+                   for (int rang = 0; rang < derniers; ++rang)
+                       page.derniers.push_back({rang, 0, u"Document du rang %1"_s.arg(rang)});
                    return page;
                },
                [this](int indice) {
@@ -40,6 +42,7 @@ protected:
 
     int pages = 0;
     int comptes = 0;
+    int derniers = 0;
     VueDepart vue;
 };
 
@@ -77,6 +80,50 @@ TEST_F(VueDepartTest, TheSheetHangsAThirdDownWithHoweverManyColumns) {
     vue.resize(900, 700);
     EVENTUALLY(lignes()[10]->x() > lignes()[0]->x());
     EVENTUALLY(pend());
+}
+
+TEST_F(VueDepartTest, TheFieldStandsWhereItDoesWhateverIsBelowIt) {
+    const auto haut = [this] {
+        QCoreApplication::sendPostedEvents();
+        return vue.champ().mapTo(&vue, QPoint()).y();
+    };
+    const int avant = haut();
+    vue.champ().setText(u"bail"_s);
+    vue.montretrouves({}, 0);
+    EXPECT_EQ(haut(), avant);
+    vue.resize(900, 760);
+    EXPECT_GT(haut(), avant);
+    vue.resize(900, 700);
+    EXPECT_EQ(haut(), avant);
+}
+
+TEST_F(VueDepartTest, TheArrowKeysLeadFromGroupToGroupAndStayInTheLastRow) {
+    derniers = 2;
+    vue.hide();
+    vue.show();
+    const auto ici = [this] { return vue.window()->focusWidget(); };
+    const std::vector<LigneDepart*>& dessous = vue.derniers().lignes();
+    ASSERT_EQ(dessous.size(), 2U);
+    dessous.front()->setFocus();
+    QTest::keyClick(dessous.front(), Qt::Key_Up);
+    EXPECT_EQ(ici(), lignes().back());
+    QTest::keyClick(lignes().back(), Qt::Key_Down);
+    EXPECT_EQ(ici(), dessous.front());
+    QTest::keyClick(dessous.front(), Qt::Key_Down);
+    QTest::keyClick(dessous.back(), Qt::Key_Down);
+    EXPECT_EQ(ici(), dessous.back()) << "there is nothing below";
+}
+
+TEST_F(VueDepartTest, OnlyARowThatCanBePressedLightsUpUnderThePointer) {
+    const auto change = [](LigneDepart& ligne) {
+        const QImage avant = ligne.grab().toImage();
+        ligne.setAttribute(Qt::WA_UnderMouse, true);
+        const bool autre = ligne.grab().toImage() != avant;
+        ligne.setAttribute(Qt::WA_UnderMouse, false);
+        return autre;
+    };
+    EXPECT_TRUE(change(*lignes()[1]));
+    EXPECT_FALSE(change(*lignes()[0])) << "it has no documents";
 }
 
 TEST_F(VueDepartTest, TheDownKeyStaysInTheFieldWhereNothingIsBelow) {

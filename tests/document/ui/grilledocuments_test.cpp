@@ -131,3 +131,19 @@ TEST_F(GrilleDocumentsTest, ThePaperBearsAllRowsUnderTheTitlesAsTheyStand) {
     EXPECT_EQ(papier.largeurs, (QList<int>{2000, 3000, 0}));
     EXPECT_EQ(papier.lignes, u"mot 1\tTitre 00001\tCO000001\rmot 2\tTitre 00002\tCO000002");
 }
+
+TEST_F(GrilleDocumentsTest, OnlyTheCodeOfACollectionBecomesAPicture) {
+    construit({.champimage = 1})
+        .charge(std::make_unique<SourceEssai>(std::vector<QStringList>{{u"a"_s, u"CO"_s, u"CO000001"_s},
+                                                                       {u"a"_s, u"XX"_s, u"CO000002"_s},
+                                                                       {u"a"_s, u"DO"_s, u"CO000003"_s},
+                                                                       {u"a"_s, u""_s, u"CO000004"_s}}));
+    const auto image = [this](int ligne) {
+        const QTableView& vue = *flex->view();
+        return vue.viewport()->grab(vue.visualRect(vue.model()->index(ligne - 1, 1))).toImage();
+    };
+    EXPECT_NE(image(1), image(4)) << "a picture";
+    EXPECT_NE(image(2), image(1)) << "no code: its letters";
+    EXPECT_NE(image(2), image(4));
+    EXPECT_NE(image(3), image(4)) << "dossiers are no collection";
+}

@@ -98,6 +98,19 @@ TEST_F(EmptyGroundTest, AFocusThatTheUserMovedOutOfTheLastWindowStaysThere) {
     EXPECT_TRUE(beside->hasFocus());
 }
 
+TEST_F(EmptyGroundTest, AFrameThatIsNotActiveHasItsFocusThereWhenItIsAgain) {
+    showFrame();
+    const auto windows = addShown(1);
+    EVENTUALLY(windows[0]->hasFocus());
+    QLineEdit other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    area->hideChild(windows[0]);
+    EVENTUALLY(ground->isVisible());
+    EXPECT_EQ(frame.focusWidget(), ground);
+}
+
 TEST_F(EmptyGroundTest, WindowsThatWereThereBeforeCountToo) {
     auto* late = new QLineEdit;
     const auto windows = addShown(1);

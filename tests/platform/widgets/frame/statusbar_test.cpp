@@ -49,6 +49,17 @@ TEST_F(StatusBarTest, PanelsStandFromLeftToRightInTheirOrder) {
     EXPECT_GE(line(u"nombre"_s)->width(), 60);
 }
 
+TEST_F(StatusBarTest, ARuleStandsBetweenPanelsAndNoneBeforeTheFirst) {
+    EVENTUALLY(panel(u"nombre"_s)->x() >= panel(u"état"_s)->geometry().right());
+    const auto ruled = [this](const QString& key) {
+        const QImage picture = panel(key)->grab().toImage();
+        const auto at = [&](int x) { return picture.pixelColor(x, picture.height() / 2); };
+        return at(0) != at(3);
+    };
+    EXPECT_TRUE(ruled(u"nombre"_s));
+    EXPECT_FALSE(ruled(u"état"_s));
+}
+
 TEST_F(StatusBarTest, APanelWithoutStretchIsAsWideAsItsText) {
     bar.setPanelText(u"nombre"_s, QString(30, u'0'));
     const int text = line(u"nombre"_s)->fontMetrics().horizontalAdvance(QString(30, u'0'));
