@@ -38,13 +38,7 @@ int Defilement::hauteurvoulue() const {
 
 /// Left alone, the scroll bar would stay for what is only too high beside it.
 void Defilement::ajustebarre() {
-    const auto voulue = hauteurvoulue() > height() ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
-    if (verticalScrollBarPolicy() == voulue)
-        return;
-    setVerticalScrollBarPolicy(voulue);
-    // It may have changed again by then.
-    const bool vue = verticalScrollBarPolicy() == Qt::ScrollBarAlwaysOn;
-    emit barrechangee(vue ? verticalScrollBar()->sizeHint().width() : 0);
+    setVerticalScrollBarPolicy(hauteurvoulue() > height() ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
 }
 
 QSize Defilement::minimumSizeHint() const {
@@ -54,6 +48,7 @@ QSize Defilement::minimumSizeHint() const {
 
 void Defilement::resizeEvent(QResizeEvent* evenement) {
     QScrollArea::resizeEvent(evenement);
+    emit barrechangee(width() - viewport()->width());
     updateGeometry();
     ajustebarre();
     montrefocus();

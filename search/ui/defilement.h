@@ -16,7 +16,7 @@ public:
     QSize minimumSizeHint() const override;
 
 signals:
-    /// Another part of its width is taken by the scroll bar; 0 while all is seen.
+    /// The part of its width that the scroll bar takes, whenever it may be another one; 0 while all is seen.
     void barrechangee(int largeur);
 
 protected:

@@ -104,8 +104,8 @@ private:
 /// A panel: its line, and a thin rule on its left side.
 class Panel final : public QWidget {
 public:
-    Panel(const QString& key, int stretch, int minimum, bool ruled, QWidget* parent)
-        : QWidget(parent), line(new Line(stretch > 0, pixelsFromTwips(minimum), this)), ruled_(ruled) {
+    Panel(const QString& key, int stretch, int minimum, QWidget* parent)
+        : QWidget(parent), line(new Line(stretch > 0, pixelsFromTwips(minimum), this)) {
         setObjectName(key);
         auto* layout = new QHBoxLayout(this);
         layout->setContentsMargins(padding, 0, padding, 0);
@@ -126,12 +126,9 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        if (ruled_ && x() > padding) // something stands before it
+        if (x() > padding) // something stands before it
             QPainter(this).fillRect(0, 3, 1, height() - 6, quietLine(palette()));
     }
-
-private:
-    bool ruled_;
 };
 
 } // namespace
@@ -156,7 +153,7 @@ void StatusBar::addPanel(const QString& key, int stretch, int minimum) {
     Q_ASSERT(!d_->panels.contains(key));
     if (d_->panels.contains(key))
         return;
-    auto* panel = new Panel(key, stretch, minimum, !d_->panels.isEmpty(), this);
+    auto* panel = new Panel(key, stretch, minimum, this);
     d_->panels.insert(key, panel);
     panel->installEventFilter(this);
     addWidget(panel, std::max(0, stretch));
