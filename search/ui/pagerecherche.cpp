@@ -40,6 +40,7 @@ QComboBox* PageRecherche::limites(const QString& nom) {
 void PageRecherche::ajouteboutons(const QString& chercher, const QString& annuler, QWidget* gauche) {
     lanceur_ = nouveaubouton(chercher, texte(Texte::Rechercher), pied_);
     lanceur_->setDefault(true);
+    lanceur_->setAutoDefault(false); // it is the default one, also once the focus has been on it and has gone
     // As wide for either of its captions.
     const int chercheur = lanceur_->sizeHint().width();
     lanceur_->setText(texte(Texte::Arreter));

@@ -55,6 +55,18 @@ TEST_F(CadreTest, AFormThatIsTooLowIsScrolledToWhereTheKeysGo) {
     EVENTUALLY(vue(champ(u"textejour"_s)));
 }
 
+TEST_F(CadreTest, TheSearchingButtonStaysTheDefaultOneWhereverTheFocusWas) {
+    for (const auto& [celui, nom] : {std::pair(Onglet::Mots, u"cmdokdico"_s), std::pair(Onglet::Criteres, u"cmdok"_s),
+                                     std::pair(Onglet::Rapide, u"cmdokrapide"_s)}) {
+        onglet(celui);
+        EXPECT_TRUE(bouton(nom).isDefault()) << nom.toStdString();
+        bouton(nom).setFocus();
+        QTest::keyClick(&bouton(nom), Qt::Key_Tab);
+        EXPECT_FALSE(bouton(nom).hasFocus());
+        EXPECT_TRUE(bouton(nom).isDefault()) << nom.toStdString();
+    }
+}
+
 TEST_F(CadreTest, TheActiveFormPutsTheFocusIntoTheTextOfItsTab) {
     const std::array boites{u"texterapide"_s, u"texterech(0)"_s, u"Textedico"_s};
     for (int rang = 0; rang < 3; ++rang) {
