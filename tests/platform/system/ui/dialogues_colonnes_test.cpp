@@ -60,6 +60,8 @@ TEST(FichiersQt, ThePlacesBesideTheListAreAsWideAsTheirNames) {
 }
 
 TEST(FichiersQt, NamesHaveTheRoomThatTheOtherColumnsLeave) {
+    // How wide the side bar was in a dialog before, with whatever type.
+    QSettings(QSettings::UserScope, u"QtProject"_s).remove(u"FileDialog"_s);
     const QTemporaryDir folder;
     QFile file(folder.filePath(QString(60, u'n') + u".cv2"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
