@@ -100,12 +100,13 @@ void GridColumns::showAll() {
     arrange();
 }
 
-/// What is left for those that share. A column that the user widens narrows no list.
+/// What is left for those that share. A column that the user widens narrows no list, nor does one whose texts are
+/// short.
 bool GridColumns::isNarrow() const {
     int room = view_.width();
     for (int column = 0; column < count(); ++column) {
         const GridModel::Column& one = std::as_const(model_).column(column);
-        if (one.weight == 0 && one.twips > 0 && !one.held && column != stretched_)
+        if (one.weight == 0 && one.twips > 0 && !one.held && one.widest.isEmpty() && column != stretched_)
             room -= pixelsFromTwips(one.twips);
     }
     return room < narrowBelow_;
@@ -117,7 +118,8 @@ void GridColumns::arrange() {
     const int alone = isNarrow() ? heaviest() : -1;
     std::vector<int> below;
     for (const int column : order()) {
-        if (alone >= 0 && column != alone && model_.column(column).weight > 0)
+        const GridModel::Column& one = std::as_const(model_).column(column);
+        if (alone >= 0 && column != alone && one.twips > 0 && (one.weight > 0 || !one.widest.isEmpty()))
             below.push_back(column);
     }
     view_.setSecondLine(std::move(below));
