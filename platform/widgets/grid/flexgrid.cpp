@@ -14,29 +14,12 @@ namespace velm {
 
 struct FlexGrid::Private {
     explicit Private(FlexGrid* grid) : model(grid), view(new GridView(model, grid)), columns(model, *view) {}
-    /// The selected rows by their cells; with the hidden columns or without.
-    std::vector<QStringList> selected(bool hidden) const;
     void clampSelection() const { view->select(view->anchor(), view->end(), false); }
     GridModel model;
     GridView* view;
     GridColumns columns;
     bool goHome = false; ///< the rows are others: show the first one
 };
-
-std::vector<QStringList> FlexGrid::Private::selected(bool hidden) const {
-    std::vector<QStringList> rows;
-    if (view->end() < 0)
-        return rows;
-    const auto [first, last] = std::minmax({view->anchor(), view->end()});
-    for (int row = first; row <= last; ++row) {
-        QStringList& cells = rows.emplace_back();
-        for (int place = 0; place < columns.count(); ++place) {
-            if (hidden || !columns.isHidden(place))
-                cells.append(model.text(row, view->logicalAt(place)));
-        }
-    }
-    return rows;
-}
 
 FlexGrid::FlexGrid(QWidget* parent) : QWidget(parent), d_(std::make_unique<Private>(this)) {
     auto* layout = new QVBoxLayout(this);
@@ -290,15 +273,14 @@ std::pair<int, int> FlexGrid::selectedRows() const {
 }
 
 QString FlexGrid::clip() const {
-    QStringList lines;
-    for (const QStringList& cells : d_->selected(true))
-        lines << cells.join(u'\t');
-    return lines.join(u'\r');
+    const auto [first, last] = selectedRows();
+    return tableText(d_->columns.cells(first - 1, last - 1, true));
 }
 
 void FlexGrid::copySelection() {
+    const auto [first, last] = selectedRows();
     // Without a row, what the clipboard holds stays.
-    if (const std::vector<QStringList> rows = d_->selected(false); !rows.empty())
+    if (const auto rows = d_->columns.cells(first - 1, last - 1, false); !rows.empty())
         QApplication::clipboard()->setMimeData(tableMime(rows).release());
 }
 

@@ -46,6 +46,18 @@ std::vector<int> GridColumns::order() const {
     return columns;
 }
 
+std::vector<QStringList> GridColumns::cells(int first, int last, bool hidden) const {
+    std::vector<QStringList> rows;
+    for (int row = first; row >= 0 && row <= last; ++row) {
+        QStringList& cells = rows.emplace_back();
+        for (int place = 0; place < count(); ++place) {
+            if (hidden || !isHidden(place))
+                cells.append(model_.text(row, logical(place)));
+        }
+    }
+    return rows;
+}
+
 bool GridColumns::isStretched(int column) const {
     const GridHeader& header = view_.header();
     return stretched_ == column && !header.isSectionHidden(column) && header.sectionSize(column) > 0;

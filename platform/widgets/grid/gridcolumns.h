@@ -4,7 +4,10 @@
 #include "platform/widgets/grid/gridmodel.h"
 #include "platform/widgets/grid/gridview.h"
 
+#include <QStringList>
+
 #include <functional>
+#include <vector>
 
 namespace velm {
 
@@ -23,6 +26,8 @@ public:
     bool has(int place) const { return place >= 0 && place < count(); }
     /// Those of the model, as they stand.
     std::vector<int> order() const;
+    /// The cells of the rows from one to another, as the columns stand; with the hidden ones or without. None from -1.
+    std::vector<QStringList> cells(int first, int last, bool hidden) const;
     /// By its own width: in a narrow list others are not seen either.
     bool isHidden(int place) const { return column(place).twips <= 0; }
     /// New ones are empty, at the right; the others keep what they have.

@@ -104,6 +104,14 @@ void GridHeader::paintEvent(QPaintEvent* event) {
     painter.drawLine(rest.bottomLeft(), rest.bottomRight());
 }
 
+int GridHeader::firstShown() const {
+    for (int place = 0; place < count(); ++place) {
+        if (!isSectionHidden(logicalIndex(place)))
+            return place;
+    }
+    return 0;
+}
+
 int GridHeader::neededWidth(int logicalIndex) const {
     return QFontMetrics(textFont()).horizontalAdvance(model_.column(logicalIndex).header) + arrowWidth + arrowGap +
            2 * gridlook::padding + 1;

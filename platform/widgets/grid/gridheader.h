@@ -20,6 +20,8 @@ public:
 
     QFont textFont() const;
     QSize sizeHint() const override;
+    /// The place of the first column that is seen; 0 for none.
+    int firstShown() const;
     /// At which neither the header of a column nor its sort mark is cut.
     int neededWidth(int logicalIndex) const;
 

@@ -103,7 +103,7 @@ void GridView::restoreSelection() {
         const auto [first, last] = std::minmax({anchor_, end_});
         selection.select({model_.index(first, 0), model_.index(last, columns - 1)},
                          QItemSelectionModel::ClearAndSelect);
-        selection.setCurrentIndex(model_.index(end_, logicalAt(firstPlace())), QItemSelectionModel::NoUpdate);
+        selection.setCurrentIndex(model_.index(end_, logicalAt(header_->firstShown())), QItemSelectionModel::NoUpdate);
     }
     viewport()->update();
 }
@@ -228,14 +228,6 @@ bool GridView::viewportEvent(QEvent* event) {
     return true;
 }
 
-int GridView::firstPlace() const {
-    for (int place = 0; place < header_->count(); ++place) {
-        if (!header_->isSectionHidden(logicalAt(place)))
-            return place;
-    }
-    return 0;
-}
-
 /// The column in which what is typed is looked up: the rows stand in its order.
 int GridView::lookUpPlace() const {
     for (int place = 0; place < header_->count(); ++place) {
@@ -243,7 +235,7 @@ int GridView::lookUpPlace() const {
         if (model_.column(logical).mark != FlexGrid::Mark::None && !header_->isSectionHidden(logical))
             return place;
     }
-    return firstPlace();
+    return header_->firstShown();
 }
 
 // ---- mouse and keyboard
@@ -269,7 +261,7 @@ void GridView::contextMenuEvent(QContextMenuEvent* event) {
     if (event->reason() != QContextMenuEvent::Keyboard || end_ < 0 || !onRightClicked)
         return;
     scrollTo(model_.index(end_, 0));
-    const int place = firstPlace();
+    const int place = header_->firstShown();
     onRightClicked(end_, place, viewport()->mapToGlobal(cellRect(end_, place).center()));
 }
 

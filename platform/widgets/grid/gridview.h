@@ -96,7 +96,6 @@ protected:
 
 private:
     int pageRows() const;
-    int firstPlace() const;
     int lookUpPlace() const;
     bool moveKey(const QKeyEvent& event);
     void moveTo(int row, bool extend);

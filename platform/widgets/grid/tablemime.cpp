@@ -36,4 +36,11 @@ std::unique_ptr<QMimeData> tableMime(const std::vector<QStringList>& rows) {
     return data;
 }
 
+QString tableText(const std::vector<QStringList>& rows) {
+    QStringList lines;
+    for (const QStringList& cells : rows)
+        lines << cells.join(u'\t');
+    return lines.join(u'\r');
+}
+
 } // namespace velm

@@ -11,5 +11,7 @@ namespace velm {
 /// One line of text and one row of the table for each row. Tabs and line ends inside a cell become blanks: a cell stays
 /// one.
 std::unique_ptr<QMimeData> tableMime(const std::vector<QStringList>& rows);
+/// The cells as they are, with tabs between them and CR between the rows.
+QString tableText(const std::vector<QStringList>& rows);
 
 } // namespace velm
