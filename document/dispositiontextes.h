@@ -48,7 +48,7 @@ public:
     int posseparateur = 1000;
     int posseparateurlisteh = 0;
     int posseparateurlistev = 0;
-    bool listesvisibles = false; ///< the grids are shown, where they have a place; the headers are in any case
+    bool listesvisibles = false; ///< the lists are open; whether there is a place for them: listesplacees()
     bool ligneseule = false;     ///< a panel above the text has no more to show than a line
 
     bool droite() const { return arrangement == Arrangement::ACote; } ///< the panel's bar stands upright

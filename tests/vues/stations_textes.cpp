@@ -15,6 +15,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <tuple>
 
 namespace velm::vues {
 
@@ -70,8 +71,10 @@ void panels(Guide& guide) {
 void wordsInPanel(Guide& guide) {
     guide.pressInWindow(u"recherchedico"_s);
     guide.lookAtOffer(u"panel-words-offered"_s, guide.front(), u"Textedico"_s, u"gara"_s);
-    for (const auto& [words, name] :
-         {std::pair{u"zzzqq"_s, u"panel-words-nothing"_s}, {u"garantie"_s, u"panel-words-found"_s}}) {
+    for (const auto& [words, name, side] : {std::tuple{u"zzzqq"_s, u"panel-words-nothing-above"_s, u"barreverti"_s},
+                                            {u"zzzqq"_s, u"panel-words-nothing"_s, u"barrehoriz"_s},
+                                            {u"garantie"_s, u"panel-words-found"_s, u"barrehoriz"_s}}) {
+        guide.pressInWindow(side);
         guide.type(guide.front(), u"Textedico"_s, words);
         dismissOffer();
         pressReturn();
