@@ -147,3 +147,30 @@ TEST_F(GrilleDocumentsTest, OnlyTheCodeOfACollectionBecomesAPicture) {
     EXPECT_NE(image(2), image(4));
     EXPECT_NE(image(3), image(4)) << "dossiers are no collection";
 }
+
+TEST_F(GrilleDocumentsTest, ColumnsThatShareTakeWhatTheirTextsNeedWhenTheListIsFilled) {
+    class Source final : public SourceDocuments {
+    public:
+        explicit Source(const QString& mot) : mot_(mot) {}
+        int rowCount() const override { return 2; }
+        QString text(int, int column) const override { return column == 1 ? mot_ : u"Un titre"_s; }
+        Cle cle(int) const override { return {u"CO"_s, u"000001"_s}; }
+        bool sort(int, bool) override { return false; }
+
+    private:
+        const QString& mot_;
+    };
+    ModeleColonnes modele = SourceEssai::modele();
+    for (ModeleColonne& colonne : modele.colonnes)
+        colonne.poids = colonne.champ == 6 ? 0 : 1;
+    colonnes = Colonnes(modele, textenumerote);
+    QString mot = u"mot"_s;
+    construit().charge(std::make_unique<Source>(mot));
+    const auto largeur = [this](int place) { return flex->view()->columnWidth(place); };
+    EXPECT_LT(largeur(1), 120);
+    EXPECT_EQ(largeur(0) + largeur(1), flex->view()->viewport()->width());
+    grille->cache();
+    mot = u"un mot clé de plusieurs mots"_s;
+    grille->montre(true);
+    EXPECT_GT(largeur(1), flex->fontMetrics().horizontalAdvance(mot));
+}
