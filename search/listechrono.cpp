@@ -75,7 +75,17 @@ QString entreapostrophes(QString texte) {
     return u'\'' + texte.replace(u'\'', u"''"_s) + u'\'';
 }
 
-QString sourcechrono(const TypesChoisis& types, const IntervalleDates& intervalle) {
+/// Every document of the base is of one of the chosen collections: none needs to be looked at for that.
+bool toutessontvoulues(const Corpus& corpus, const TypesChoisis& types) {
+    const auto sans =
+        corpus.base().openQuery(u"SELECT 1 FROM données WHERE référence IS NULL OR référence='' LIMIT 1"_s);
+    const QStringList voulues = types.liste();
+    const QStringList codes = collectionsdelabase(corpus);
+    return sans && sans->eof() &&
+           std::ranges::all_of(codes, [&](const QString& code) { return voulues.contains(code, Qt::CaseInsensitive); });
+}
+
+QString sourcechrono(const Corpus& corpus, const TypesChoisis& types, const IntervalleDates& intervalle) {
     // A date that begins with the bound is counted, whatever follows.
     constexpr QChar derriere(0xffff);
     QString source = u" FROM données WHERE Date>''"_s;
@@ -83,8 +93,10 @@ QString sourcechrono(const TypesChoisis& types, const IntervalleDates& intervall
         source += u" AND Date>="_s + entreapostrophes(intervalle.de);
     if (!intervalle.a.isEmpty())
         source += u" AND Date<="_s + entreapostrophes(intervalle.a + derriere);
+    if (toutessontvoulues(corpus, types))
+        return source;
     // Not a list of codes: the engine would take the index of the keys, and the order of the dates is wanted.
-    return source + u" AND instr('"_s + types.codes() + u"',upper(référence))>0"_s;
+    return source + u" AND +référence>'' AND instr('"_s + types.codes() + u"',upper(référence))>0"_s;
 }
 
 } // namespace
@@ -121,8 +133,8 @@ ModeleColonnes ListeChrono::modele() {
 
 ListeChrono::ListeChrono(Corpus& corpus, const TypesChoisis& types, const IntervalleDates& intervalle,
                          const NomDuMois& nom)
-    : ListeCorpus(corpus, colonnesdates(nom), sourcechrono(types, intervalle), u" ORDER BY Date, référence, numart"_s,
-                  Annee) {}
+    : ListeCorpus(corpus, colonnesdates(nom), sourcechrono(corpus, types, intervalle),
+                  u" ORDER BY Date, référence, numart"_s, Annee) {}
 
 std::unique_ptr<Ouvrage> ListeChrono::remplissage() {
     corpus().donnees().setIndex(u"idate"_s);

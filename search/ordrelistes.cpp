@@ -25,21 +25,6 @@ std::unique_ptr<Snapshot> lignesdordre(const Corpus& corpus, const QString& requ
     return lignes;
 }
 
-/// The collections that the base has documents of, whatever they are, in the order of their codes: each is one look
-/// into an index.
-QStringList collectionsdelabase(const Corpus& corpus) {
-    QStringList codes;
-    QVariant depuis = QString();
-    while (true) {
-        const auto suivante =
-            corpus.base().openQuery(u"SELECT MIN(référence) FROM données WHERE référence>?1"_s, {depuis});
-        if (!suivante || suivante->eof() || suivante->text(0).isEmpty())
-            return codes;
-        codes << suivante->text(0);
-        depuis = codes.last();
-    }
-}
-
 class Ordre : public Ouvrage {
 public:
     explicit Ordre(const DemandeOrdre& demande) : demande_(demande), nombres_(demande.ids) {
@@ -276,6 +261,19 @@ private:
 };
 
 } // namespace
+
+QStringList collectionsdelabase(const Corpus& corpus) {
+    QStringList codes;
+    QVariant depuis = QString();
+    while (true) {
+        const auto suivante =
+            corpus.base().openQuery(u"SELECT MIN(référence) FROM données WHERE référence>?1"_s, {depuis});
+        if (!suivante || suivante->eof() || suivante->text(0).isEmpty())
+            return codes;
+        codes << suivante->text(0);
+        depuis = codes.last();
+    }
+}
 
 std::unique_ptr<Ouvrage> ordredestitres(const DemandeOrdre& demande) {
     return OrdreDesTitres::de(demande);

@@ -5,6 +5,8 @@
 #include "search/identites.h"
 #include "search/sourceentours.h"
 
+#include <QStringList>
+
 #include <functional>
 
 namespace velm {
@@ -15,6 +17,9 @@ struct ColonneCorpus {
     std::function<QString(const QString& lu)> montre = {}; ///< what is shown of that; all of it without
     bool nombre = false;                                   ///< sorts as numbers do
 };
+
+/// The codes that documents of the base bear, whatever they are, in their order: each is one look into an index.
+QStringList collectionsdelabase(const Corpus& corpus);
 
 /// What is to be put into order. Corpus and ids outlive the work.
 struct DemandeOrdre {

@@ -64,6 +64,17 @@ TEST_F(ChronoTest, OnlyPressedTypesAreListed) {
     EXPECT_EQ(cles(*chrono(TypesChoisis::decodes(u"COJP"))), (QStringList{u"JP000007"_s, u"CO000001"_s}));
 }
 
+TEST_F(ChronoTest, ACodeThatIsNoCollectionIsNotListed) {
+    ouvre({{u"CO000001"_s, u"un"_s, u"2005-02-18"_s}, {u"XX000002"_s, u"autre"_s, u"2005-02-19"_s}});
+    EXPECT_EQ(cles(*chrono()), QStringList{u"CO000001"_s});
+    EXPECT_EQ(cles(*chrono(TypesChoisis::decodes(u"CO"))), QStringList{u"CO000001"_s});
+}
+
+TEST_F(ChronoTest, ADocumentWithoutACodeIsNotListed) {
+    ouvre({{u"CO000001"_s, u"un"_s, u"2005-02-18"_s}, {QString(u""_s), u"autre"_s, u"2005-02-19"_s}});
+    EXPECT_EQ(chrono()->rowCount(), 1);
+}
+
 TEST_F(ChronoTest, CodesAreFoundWhateverTheirCase) {
     ouvre({{u"co000001"_s, u"petit"_s, u"2005-02-18"_s}, {u"CO000002"_s, u"grand"_s, u"2005-02-19"_s}});
     EXPECT_EQ(chrono(TypesChoisis::decodes(u"CO"))->rowCount(), 2);
