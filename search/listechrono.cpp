@@ -124,7 +124,7 @@ ModeleColonnes ListeChrono::modele() {
     return {.colonnes = {{9, 700, Texte::ColonneAnnee},
                          {8, 1000, Texte::ColonneMois},
                          {7, 700, Texte::ColonneJour},
-                         {0, 3000, Texte::Titre, 4},
+                         {0, 3000, Texte::Titre, 3},
                          {1, 2000, Texte::ColonneMotCle1, 1},
                          {2, 2000, Texte::ColonneMotCle2, 1},
                          {3, 2000, Texte::ColonneMotCle3, 1},

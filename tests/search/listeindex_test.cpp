@@ -1,4 +1,5 @@
 // The index: its query, its rows, their order.
+#include "platform/base/failure.h"
 #include "platform/text/frenchorder.h"
 #include "tests/search/listes_support.h"
 
@@ -236,6 +237,17 @@ TEST_F(IndexTest, ABaseReplacedUnderAListLeavesItAsItIs) {
     EXPECT_FALSE(liste->sort(MotCle1, false));
     EXPECT_EQ(liste->text(1, MotCle1), QString());
     EXPECT_EQ(cles(*index()), QStringList{u"VP000001"_s});
+}
+
+TEST_F(IndexTest, ABaseWithoutItsDocumentsIsNoticedWhenAListIsFilled) {
+    trois();
+    ASSERT_TRUE(corpus.base().execute(u"DROP TABLE données"_s));
+    ListeIndex index(corpus, u" FROM données"_s);
+    EXPECT_TRUE(failureOf([&] { index.remplissage(); }));
+    EXPECT_EQ(index.rowCount(), 0);
+    EXPECT_EQ(index.text(0, Titre), QString());
+    corpus.fermebase();
+    EXPECT_FALSE(index.sort(Titre, false));
 }
 
 TEST_F(IndexTest, LargeRowIdsAreKept) {
