@@ -1,72 +1,15 @@
 // The windows of the index and of the dates in the frame of the program.
-#include "platform/base/twips.h"
-#include "platform/widgets/grid/flexgrid.h"
-#include "search/ui/bandeannees.h"
-#include "shell/fenetrechrono.h"
-#include "shell/fenetreindex.h"
-#include "shell/fenetreslistes.h"
-#include "tests/document/ui/liste_support.h"
-#include "tests/shell/selection_support.h"
+#include "tests/shell/listes_support.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
-#include <QProgressBar>
 
 using namespace velm;
 using namespace velm::test;
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
-
-class ListesTest : public SelectionTest {
-protected:
-    void SetUp() override {
-        SelectionTest::SetUp();
-        const auto base = Database::open(dossier.filePath(u"velm2000.dat"_s), OpenMode::Shared, corpusSchema());
-        ASSERT_NE(base.database, nullptr);
-        for (const auto& [cle, date] :
-             {std::pair{u"000001", u"2001-03-05"}, {u"000002", u"1999-12-31"}, {u"000003", u"2001-03-09"}})
-            ASSERT_TRUE(base.database->execute(u"UPDATE données SET Date='%1', motclé1='vente' WHERE référence='CO' "
-                                               "AND numart='%2'"_s.arg(date)
-                                                   .arg(cle)));
-    }
-    void ouvreliste(Ordre ordre) {
-        if (!programme) {
-            ASSERT_EQ(demarre(QString()), Demarrage::EnMarche);
-            ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
-        }
-        actions().de(ordre).trigger();
-        EVENTUALLY(fenetreliste(ordre) && !fenetreliste(ordre)->encours());
-    }
-    FenetreTypes* fenetreliste(Ordre ordre) const {
-        return static_cast<FenetreTypes*>(programme->listes().fenetre(ordre));
-    }
-    FenetreTypes& index() const { return *fenetreliste(Ordre::Index); }
-    FenetreTypes& chrono() const { return *fenetreliste(Ordre::Chrono); }
-    BandeAnnees& bande() const { return static_cast<FenetreChrono&>(chrono()).bande(); }
-    void type(const FenetreTypes& fenetre, const QString& bouton) const {
-        QTest::mouseClick(fenetre.barre().widget(bouton), Qt::LeftButton);
-        EVENTUALLY(!fenetre.encours());
-    }
-    static QStringList colonnede(const FlexGrid& grille, int place) {
-        QStringList textes;
-        for (int ligne = 1; ligne < grille.rows(); ++ligne)
-            textes << grille.text(ligne, place);
-        return textes;
-    }
-    QString comptede(const FenetreTypes& fenetre) const { return fenetre.etat().panelText(u"nombre"_s); }
-    QString surbarre(const char* cle) const {
-        const QString bouton = QString::fromUtf8(cle);
-        const Toolbar& barre = bouton == u"Index" ? barreecran() : barrecommande();
-        return barre.value(bouton) ? u"enfoncé"_s : u"relevé"_s;
-    }
-};
-
-} // namespace
 
 // ---- opening and closing
 
@@ -351,82 +294,4 @@ TEST_F(ListesTest, AClickOnAYearGoesToItsFirstRowAndSoDoTheKeys) {
     QTest::keyClick(&bande(), Qt::Key_Return);
     EXPECT_EQ(grille.text(grille.row(), 0), u"1999");
     EXPECT_EQ(bande().barres().size(), 3U) << "the strip is that of the dates, whatever the order";
-}
-
-// ---- what takes long
-
-namespace {
-
-class LonguesListesTest : public ListesTest {
-protected:
-    static constexpr int beaucoup = 200'000;
-    /// The column whose sort takes longest: its texts are all different.
-    static constexpr int numeros = 1;
-    static constexpr int longtemps = 120'000; ///< milliseconds, on a machine that is busy
-    std::vector<DocumentEssai> documents() const override {
-        std::vector<DocumentEssai> tous;
-        tous.reserve(beaucoup);
-        for (int n = 1; n <= beaucoup; ++n)
-            tous.push_back({u"CO"_s + sixchiffres(n), u"Titre "_s + QString::number(qint64{n} * 7919 % beaucoup), {}});
-        return tous;
-    }
-};
-
-} // namespace
-
-TEST_F(LonguesListesTest, ALongSortShowsItsProgressLetsTheWindowAnswerAndMayBeClosedUnderIt) {
-    ouvreliste(Ordre::Index);
-    FlexGrid& grille = index().flex();
-    ASSERT_EQ(grille.rows(), beaucoup + 1);
-    const auto& progres = *index().findChild<QProgressBar*>();
-    EXPECT_FALSE(progres.isVisible());
-    doubleclique(grille, 0, numeros);
-    ASSERT_TRUE(index().encours()) << "it is not done at one go";
-    grille.setTopRow(100'000);
-    EXPECT_FALSE(grille.text(100'000, 2).isEmpty()) << "the rows are there meanwhile";
-    EXPECT_EQ(grille.headerCell(numeros), mots(304)) << "in their old order";
-    EVENTUALLY_WITHIN(longtemps, progres.isVisible() || !index().encours());
-    // Another sort takes its place.
-    doubleclique(grille, 0, 2);
-    EVENTUALLY_WITHIN(longtemps, !index().encours());
-    EXPECT_FALSE(progres.isVisible());
-    EXPECT_EQ(grille.headerCell(2), mots(300) + u'>');
-    EXPECT_EQ(grille.headerCell(numeros), mots(304));
-    EXPECT_EQ(grille.text(1, 2), u"Titre 0");
-    // A column may be dragged away under its sort.
-    doubleclique(grille, 0, numeros);
-    ASSERT_TRUE(index().encours());
-    grille.setColPosition(numeros, 3);
-    EVENTUALLY_WITHIN(longtemps, !index().encours());
-    EXPECT_EQ(grille.headerCell(3), mots(304) + u'>');
-    EXPECT_EQ(grille.text(1, 3), u"000001");
-    doubleclique(grille, 0, 3);
-    ASSERT_TRUE(index().encours());
-    const QPointer<QWidget> fenetre = &index();
-    aire().around(&index())->close();
-    EVENTUALLY(!fenetre);
-}
-
-TEST_F(LonguesListesTest, WhatIsFilledWhileNoTypeIsChosenComesWithTheNextTypeAndTheProgramMayEndMeanwhile) {
-    ouvreliste(Ordre::Index);
-    FlexGrid& grille = index().flex();
-    doubleclique(grille, 0, numeros);
-    EVENTUALLY_WITHIN(longtemps, !index().encours());
-    QTest::keyClick(grille.view(), Qt::Key_F5);
-    ASSERT_TRUE(index().encours()) << "the new rows are sorted before they are seen";
-    QTest::mouseClick(index().barre().widget(u"toutdéselect"_s), Qt::LeftButton);
-    EVENTUALLY_WITHIN(longtemps, !index().encours());
-    EXPECT_TRUE(grille.isHidden());
-    EXPECT_EQ(comptede(index()), QString());
-    QTest::mouseClick(index().barre().widget(u"toutsélect"_s), Qt::LeftButton);
-    EVENTUALLY_WITHIN(longtemps, !index().encours());
-    EXPECT_TRUE(grille.isVisible());
-    EXPECT_EQ(grille.rows(), beaucoup + 1);
-    EXPECT_EQ(grille.headerCell(numeros), mots(304) + u'>');
-    QTest::keyClick(grille.view(), Qt::Key_F5);
-    ASSERT_TRUE(index().encours());
-    dialogues.answers.push_back(Bouton::Oui);
-    ASSERT_TRUE(programme->quitteprogramme());
-    QCoreApplication::processEvents();
-    programme.reset();
 }
