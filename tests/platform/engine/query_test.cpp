@@ -129,7 +129,7 @@ TEST_F(QueryTest, NumbersAreTakenManyAtATimeAndTheRestIsStillThere) {
 }
 
 TEST_F(QueryTest, RawBytesAreThoseOfTheRow) {
-    const auto rows = base->openQuery(u"SELECT x'00FF', motclé1, 7, NULL FROM données"_s);
+    const auto rows = base->openQuery(u"SELECT x'00FF', motclé1, 7, NULL FROM données ORDER BY rowid"_s);
     ASSERT_TRUE(rows);
     EXPECT_EQ(rows->raw(0), QByteArrayView("\0\xFF", 2));
     EXPECT_EQ(rows->raw(1), QByteArrayView("Vente"));
