@@ -90,7 +90,8 @@ void GrilleDocuments::charge(std::unique_ptr<SourceDocuments> source) {
     flex_.setRedraw(false);
     const auto redessine = qScopeGuard([this, avant] { flex_.setRedraw(avant); });
     flex_.setSource(std::move(source));
-    flex_.fitShares();
+    if (avant) // else montre() does
+        flex_.fitShares();
     effacemarques();
 }
 

@@ -173,7 +173,7 @@ void GridColumns::share(int fromPlace) {
 
 /// The first rows stand for the others.
 int GridColumns::needOf(int column) const {
-    constexpr int looked = 64;
+    constexpr int looked = 32;
     const QFontMetrics metrics = view_.fontMetrics();
     int text = 0;
     for (int row = 0; row < std::min(model_.count(), looked); ++row)
