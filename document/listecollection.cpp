@@ -55,7 +55,7 @@ QString ListeCollection::champ(QChar chiffre) {
 }
 
 ModeleColonnes ListeCollection::modele() {
-    return {.colonnes = {{0, 2000, Texte::Titre, 6},
+    return {.colonnes = {{0, 2000, Texte::Titre, 5},
                          {1, 2000, Texte::ColonneMotCle1, 1},
                          {2, 2000, Texte::ColonneMotCle2, 1},
                          {3, 2000, Texte::ColonneMotCle3, 1},

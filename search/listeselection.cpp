@@ -34,7 +34,7 @@ private:
 };
 
 ModeleColonnes ListeSelection::modele() {
-    return {.colonnes = {{Titre, 3000, Texte::Titre, 6},
+    return {.colonnes = {{Titre, 3000, Texte::Titre, 5},
                          {Motcle1, 2000, Texte::ColonneMotCle1, 1},
                          {Motcle2, 2000, Texte::ColonneMotCle2, 1},
                          {Motcle3, 2000, Texte::ColonneMotCle3, 1},
