@@ -1,4 +1,6 @@
 // The windows of the index and of the dates in the frame of the program.
+#include "document/ui/divisiontextes.h"
+#include "platform/widgets/look/icons.h"
 #include "tests/shell/listes_support.h"
 
 #include <QClipboard>
@@ -156,6 +158,11 @@ TEST_F(ListesTest, AButtonOfATypeSaysItsNameAndNumber) {
     for (int rang = 1; rang <= index().barre().buttonCount(); ++rang)
         boutons += codestypes.contains(index().barre().keyAt(rang)) && index().barre().keyAt(rang).size() == 2 ? 1 : 0;
     EXPECT_EQ(boutons, nombredecollections);
+    const auto image = [&](const QString& code) {
+        return index().barre().widget(code)->icon().pixmap(QSize(24, 24), 1.0).toImage();
+    };
+    EXPECT_EQ(image(u"JP"_s), icon(u"collection2"_s).pixmap(QSize(24, 24), 1.0).toImage());
+    EXPECT_NE(image(u"EU"_s), icon(u"collection1"_s).pixmap(QSize(24, 24), 1.0).toImage()) << "it has no document";
 }
 
 TEST_F(ListesTest, ADoubleClickOpensTheRowsAndSoDoesReturn) {
@@ -166,6 +173,7 @@ TEST_F(ListesTest, ADoubleClickOpensTheRowsAndSoDoesReturn) {
     doubleclique(grille, 3, 2);
     EXPECT_EQ(programme->bureau().active()->referencecourante(), u"CO000003");
     EXPECT_EQ(programme->bureau().navigation().derniersdocuments().at(1), u"CO000002") << "and the first one before it";
+    EXPECT_TRUE(programme->fenetre(0)->division().disposition().replie()) << "the text has the room";
     programme->listes().amene(Ordre::Index);
     grille.setRow(5);
     QTest::keyClick(grille.view(), Qt::Key_Return);
