@@ -85,12 +85,11 @@ void FenetresListes::ouvre(Ordre ordre) {
         return;
     const int liste = rang(ordre);
     fenetres_.at(static_cast<std::size_t>(liste)) = nouvelle;
-    // One that was left as an icon was asked for now.
-    const int etat = lu(reglage::listeetat[liste]);
-    donnees_.aire.place(nouvelle, etat == ChildArea::Minimised ? ChildArea::Normal : etat,
-                        lu(reglage::listegauche[liste]), lu(reglage::listehaut[liste]),
-                        lu(reglage::listelargeur[liste]), lu(reglage::listehauteur[liste]));
+    donnees_.aire.place(nouvelle, lu(reglage::listeetat[liste]), lu(reglage::listegauche[liste]),
+                        lu(reglage::listehaut[liste]), lu(reglage::listelargeur[liste]),
+                        lu(reglage::listehauteur[liste]));
     donnees_.aire.showPlaced(nouvelle);
+    // One that was left as an icon comes out of it: it was asked for.
     amene(ordre);
 }
 
