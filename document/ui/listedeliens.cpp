@@ -11,6 +11,7 @@
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QStyleOptionToolButton>

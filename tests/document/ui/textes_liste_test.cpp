@@ -37,7 +37,7 @@ TEST_F(FenetreTextes, WidthsThatNobodyTouchedShareTheRoomAndAreNotStored) {
     };
     EVENTUALLY(ensemble() == vue.viewport()->width());
     const int cles = vue.columnWidth(1) + vue.columnWidth(2) + vue.columnWidth(3);
-    EXPECT_GT(vue.columnWidth(0), 2 * cles) << "most of it the title: the keywords are short";
+    EXPECT_GT(vue.columnWidth(0), cles) << "most of it the title: the keywords are short";
     for (const int colonne : {1, 2, 3})
         EXPECT_GT(vue.columnWidth(colonne),
                   fenetre.fontMetrics().horizontalAdvance(fenetre.panneau().flex().text(1, colonne)));
