@@ -34,7 +34,7 @@ std::vector<int> sharedWidths(int room, const std::vector<GridShare>& shares) {
     for (std::size_t i = 0; i < shares.size(); ++i) {
         if (widths[i] >= 0)
             continue;
-        widths[i] = room * shares[i].weight / weights;
+        widths[i] = room * shares[i].weight / std::max(weights, 1);
         room -= widths[i];
         weights -= shares[i].weight;
     }
