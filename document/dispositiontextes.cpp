@@ -26,6 +26,10 @@ constexpr int largeurhabituelle = 4305;
 // Of the panel of a first window. As long as nobody has moved its bar from there, the text has the larger part.
 constexpr int largeurpremiere = 4800;
 
+int deuxcinquiemes(int largeur) {
+    return largeur * 2 / 5;
+}
+
 } // namespace
 
 bool DispositionTextes::replie() const {
@@ -82,7 +86,7 @@ void DispositionTextes::changearrangement(Arrangement nouveau) {
 
 int DispositionTextes::placehabituelle() const {
     if (droite())
-        return std::max(positionlaterale, std::min(largeurhabituelle, deuxcinquiemes()));
+        return std::max(positionlaterale, std::min(largeurhabituelle, deuxcinquiemes(largeur_)));
     return hauteurbarre + std::max(hauteurligne, (hauteur_ - mesures_.barre) / 3);
 }
 
@@ -138,7 +142,8 @@ void DispositionTextes::deplaceseparateur() {
     const int trait = mesures_.trait;
     if (droite()) {
         const int reste = largeur_ - trait - std::min(largeurtexte, largeur_ / 2);
-        const int voulue = posseparateur == largeurpremiere ? std::min(posseparateur, deuxcinquiemes()) : posseparateur;
+        const int voulue =
+            posseparateur == largeurpremiere ? std::min(posseparateur, deuxcinquiemes(largeur_)) : posseparateur;
         const int x = panneauvisible() ? std::clamp(voulue, 0, std::max(0, reste)) : 0;
         places_.panneau = rect(0, haut, x, hauteur);
         places_.separateur = rect(x, haut, trait, hauteur);

@@ -98,7 +98,6 @@ private:
     bool basse() const { return hauteur_ < hauteurbasse; }
     bool petite() const { return droite() ? largeur_ < largeuretroite : basse(); }
     bool panneauvisible() const;
-    int deuxcinquiemes() const { return largeur_ * 2 / 5; }
     int hauteurpanneau(int hauteur) const;
     int hautdutexte() const;
     int hauteurentete() const { return basse() && !listesplacees() ? 0 : mesures_.entete; }

@@ -102,7 +102,11 @@ void Textes::relie() {
     connect(zone_, &ZoneTexte::arrive, this, &Textes::decouvre);
     connect(zone_, &ZoneTexte::arrive, volet_, &VoletLiens::oublie);
     // By then it is known which document it is.
-    connect(zone_, &ZoneTexte::arrive, this, &Textes::suit, Qt::QueuedConnection);
+    const auto suit = [this] {
+        panneau_->suit(cle(), lecture().branche());
+        volet_->compte(cle());
+    };
+    connect(zone_, &ZoneTexte::arrive, this, suit, Qt::QueuedConnection);
     connect(zone_, &ZoneTexte::menuschanges, this, [this] {
         if (surchangement)
             surchangement();
@@ -129,11 +133,6 @@ void Textes::reliebarre() {
     });
     connect(barre_, &BarreTextes::dossiers, this, [this] { emit ranger(QString(), QString(), 0, 0); });
     connect(barre_, &BarreTextes::ranger, zone_, &ZoneTexte::range);
-}
-
-void Textes::suit() {
-    panneau_->suit(cle(), lecture().branche());
-    volet_->compte(cle());
 }
 
 // ---- the cover

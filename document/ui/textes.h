@@ -79,7 +79,6 @@ private:
     void charge();
     void relie();
     void reliebarre();
-    void suit();
     void prepare();
     void couvre();
     void decouvre();

@@ -103,7 +103,6 @@ void FrmVelmorSelect::construit(Corpus& corpus) {
     auto* vue = new Defilement(this);
     vue->setWidget(fond);
     dehors->addWidget(vue);
-    construitpied();
     mots_->suite().layout()->setContentsMargins(look::windowMargin, 0, look::windowMargin, look::windowMargin);
     for (QWidget* celui : std::initializer_list<QWidget*>{pied_, &mots_->suite()}) {
         auto* autour = new QHBoxLayout;
@@ -119,14 +118,6 @@ void FrmVelmorSelect::construit(Corpus& corpus) {
     ajuste(Onglet::Rapide);
 }
 
-void FrmVelmorSelect::construitpied() {
-    pied_ = new PiedFormulaire(this);
-    for (const Onglet onglet : touslesonglets)
-        pied_->ajoute(&page(onglet).pied());
-    ProgressBar_ = nouveauprogres(texte(Texte::AvancementDeLaRecherche), pied_);
-    pied_->ajoute(ProgressBar_);
-}
-
 void FrmVelmorSelect::construitonglets(QWidget* parent, Corpus& corpus) {
     ongletrecherche_ = new OngletsAjustes(parent);
     ongletrecherche_->setObjectName(u"ongletrecherche"_s);
@@ -137,6 +128,11 @@ void FrmVelmorSelect::construitonglets(QWidget* parent, Corpus& corpus) {
     ongletrecherche_->addTab(rapide_, texte(Texte::OngletRapide));
     ongletrecherche_->addTab(criteres_, texte(Texte::OngletCriteres));
     ongletrecherche_->addTab(mots_, texte(Texte::OngletMots));
+    pied_ = new PiedFormulaire(this);
+    for (const Onglet onglet : touslesonglets)
+        pied_->ajoute(&page(onglet).pied());
+    ProgressBar_ = nouveauprogres(texte(Texte::AvancementDeLaRecherche), pied_);
+    pied_->ajoute(ProgressBar_);
 }
 
 /// Below the fields stands what belongs to the tab that is shown.
@@ -173,7 +169,13 @@ void FrmVelmorSelect::relie() {
 }
 
 void FrmVelmorSelect::relie(Onglet onglet) {
-    connect(&page(onglet), &PageRecherche::cherchevoulu, this, [this, onglet] { lance(onglet); });
+    connect(&page(onglet), &PageRecherche::cherchevoulu, this, [this, onglet] {
+        mots_->renonce();
+        // What is wrong with the next search stops none that runs.
+        if (onglet == Onglet::Criteres && !formulaire_.boutonarrete(onglet) && !criteres_->quittedates())
+            return;
+        formulaire_.clic(onglet);
+    });
     connect(&page(onglet), &PageRecherche::annulationvoulue, this, [this] { formulaire_.annuler(); });
     connect(&page(onglet), &PageRecherche::toutvoulu, this, [this, onglet] { formulaire_.toutafficher(onglet); });
 }
@@ -199,14 +201,6 @@ BoiteDerniers& FrmVelmorSelect::boite(BoiteTexte laquelle) const {
 }
 
 // ---- what the user does
-
-void FrmVelmorSelect::lance(Onglet onglet) {
-    mots_->renonce();
-    // What is wrong with the next search stops none that runs.
-    if (onglet == Onglet::Criteres && !formulaire_.boutonarrete(onglet) && !criteres_->quittedates())
-        return;
-    formulaire_.clic(onglet);
-}
 
 void FrmVelmorSelect::activation() {
     // Who clicks into another control of the form wants to be there.

@@ -68,12 +68,10 @@ private:
 
     QString texte(Texte lequel) const { return texte_(lequel); }
     void construit(Corpus& corpus);
-    void construitpied();
     void construitonglets(QWidget* parent, Corpus& corpus);
     void relie();
     void relie(Onglet onglet);
 
-    void lance(Onglet onglet);
     void ajuste(Onglet onglet);
     PageRecherche& page(Onglet onglet) const;
     BoiteDerniers& boite(BoiteTexte laquelle) const;
