@@ -2,6 +2,7 @@
 #include "collection/collection.h"
 #include "platform/text/letters.h"
 #include "tests/search/recherchenumero_support.h"
+#include "tests/support/rounds.h"
 
 #include <QFile>
 
@@ -99,7 +100,7 @@ TEST_F(RechercheNumeroHasardTest, RandomNumbersAreFoundAsTheWalkWordForWordFinds
     }
     ouvre();
     int nonvides = 0;
-    for (int i = 0; i < 4'000; ++i) {
+    for (int i = 0; i < velm::test::rounds(4'000); ++i) {
         DemandeNumero demande{numero(), nombre(3) == 0 ? Numero::Texte : Numero::Article, {}};
         if (nombre(3) == 0)
             demande.texte.truncate(1 + nombre(3));
@@ -116,6 +117,8 @@ TEST_F(RechercheNumeroHasardTest, RandomNumbersAreFoundAsTheWalkWordForWordFinds
 }
 
 TEST_F(RechercheNumeroHasardTest, TheNumbersOfTheRealCollectionAreFoundAsTheWalkWordForWordFindsThem) {
+    if (velm::test::oneInHowMany > 1)
+        GTEST_SKIP() << "under the sanitizers made-up numbers suffice";
     const QString source = QStringLiteral(VELM_SOURCE_DIR "/../shared/corpus");
     if (!QFile::exists(source + u"/documents.jsonl"_s))
         GTEST_SKIP() << "the real collection is not at hand";
