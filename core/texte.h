@@ -528,6 +528,13 @@ enum class Texte : int {
     DocumentTropGrand = 9566,
     ListeIncomplete = 9567,
     BaseTropGrande = 9568,
+    // ---- many rows of a list at once
+    LignesEnCopie = 9569,
+    LignesCopiees = 9570,
+    LignesArretees = 9571,
+    LignesSansMemoire = 9572,
+    ListeTropLongue = 9573,
+    LignesEnLecture = 9574,
     BulleToutesLesFenetres = 9600,
     BulleCetteFenetre = 9601,
     BulleAucunDocument = 9602,

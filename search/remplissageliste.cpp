@@ -127,13 +127,20 @@ void RemplissageListe::publie() {
 // ---- lists that come from elsewhere
 
 void RemplissageListe::remplitdecles(const QStringList& cles) {
-    remplit([this, cles](const std::stop_token&) { prendcles(cles); }, [this] { montreliste(); });
+    remplit([this, cles](const std::stop_token& arret) { prendcles(cles, arret); }, [this] { montreliste(); });
 }
 
-void RemplissageListe::prendcles(const QStringList& cles) {
+void RemplissageListe::prendcles(const QStringList& cles, const std::stop_token& arret) {
     Resultat& resultat = nouveau();
     resultat.commence();
+    // A list of all documents may be put here.
+    Marche tours = marche(arret);
+    tours.commence(cles.size());
     for (const QString& cle : cles) {
+        resultat.compte = resultat.lignes.nombre();
+        if (!tours.continuer(resultat))
+            break;
+        ++resultat.vus;
         const Recordset* rangee = services_.corpus.rangee(decoupecle(cle));
         if (rangee && !ajoutedocument(resultat.lignes, *rangee))
             break;

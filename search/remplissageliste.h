@@ -94,7 +94,7 @@ private:
     void ditlignes();
     void lance(const DemandeDico& demande, const EcouteFenetre& ecoute);
     bool travaille(const std::function<void()>& travail, const std::function<void()>& abandon);
-    void prendcles(const QStringList& cles);
+    void prendcles(const QStringList& cles, const std::stop_token& arret);
     void prendmotcle(const QString& motcle);
     bool trouvemotcle(const QString& motcle);
     void cherchemaintenant(const DemandeDico& demande, const EcouteFenetre& ecoute, const std::stop_token& arret);

@@ -124,7 +124,7 @@ void FenetresListes::noteplace(Ordre ordre, const QWidget& fenetre) {
     reglages.ecrit(reglage::listehauteur[liste], ici.height());
 }
 
-ContexteListe FenetresListes::contexteliste(Ordre ordre, bool replier) {
+ContexteListe FenetresListes::contexteliste(Ordre ordre) {
     const MondeExterieur& monde = donnees_.monde;
     return {
         donnees_.reglages,
@@ -133,7 +133,9 @@ ContexteListe FenetresListes::contexteliste(Ordre ordre, bool replier) {
         monde.pressepapiers,
         monde.sablier,
         donnees_.texte,
-        [&bureau = donnees_.bureau, replier](const Cle& cle) { bureau.navigation().ouvre(cle, {.replier = replier}); },
+        [&bureau = donnees_.bureau](const Cle& cle, const QString& ancre) {
+            bureau.navigation().ouvre(cle, {.replier = true, .ancre = ancre});
+        },
         [&selection = donnees_.selection](const std::vector<Cle>& cles) {
             QStringList toutes;
             for (const Cle& cle : cles)
@@ -145,16 +147,16 @@ ContexteListe FenetresListes::contexteliste(Ordre ordre, bool replier) {
 
 /// What is opened there is a keyword.
 ContexteListe FenetresListes::contextemotcle() {
-    ContexteListe contexte = contexteliste(Ordre::MotCle, true);
-    contexte.ouvre = [&selection = donnees_.selection](const Cle& cle) {
+    ContexteListe contexte = contexteliste(Ordre::MotCle);
+    contexte.ouvre = [&selection = donnees_.selection](const Cle& cle, const QString&) {
         selection.controle().remplissage().remplitdemotcle(cle.numero);
     };
     contexte.selectionne = {};
     return contexte;
 }
 
-ContexteTypes FenetresListes::contexte(Ordre ordre, bool replier) {
-    return {contexteliste(ordre, replier), donnees_.corpus};
+ContexteTypes FenetresListes::contexte(Ordre ordre) {
+    return {contexteliste(ordre), donnees_.corpus};
 }
 
 } // namespace velm

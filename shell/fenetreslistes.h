@@ -57,9 +57,9 @@ private:
     void ferme(Ordre ordre);
     void ditouverte(Ordre ordre, bool ouverte);
     void noteplace(Ordre ordre, const QWidget& fenetre);
-    ContexteListe contexteliste(Ordre ordre, bool replier);
+    ContexteListe contexteliste(Ordre ordre);
     ContexteListe contextemotcle();
-    ContexteTypes contexte(Ordre ordre, bool replier = true);
+    ContexteTypes contexte(Ordre ordre);
 
     Donnees donnees_;
     std::array<QPointer<QWidget>, nombredelistes> fenetres_;

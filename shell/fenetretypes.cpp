@@ -5,9 +5,15 @@
 #include "platform/widgets/frame/statusbar.h"
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/grid/flexgrid.h"
+#include "platform/widgets/grid/tablemime.h"
 #include "platform/widgets/look/look.h"
+#include "shell/passagelignes.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QPointer>
 #include <QProgressBar>
+#include <QShortcut>
 
 #include <utility>
 
@@ -24,6 +30,7 @@ constexpr int avantdeceder = 100;    ///< milliseconds that a list may take befo
 constexpr int tranchedetravail = 12; ///< and from then on at once
 constexpr int avantleprogres = 300;  ///< what takes longer shows how far it is
 constexpr int pasduprogres = 100;
+constexpr int dunseulcoup = 2000; ///< rows that are copied before anybody could see it
 
 QString bulledutype(int collection, const Corpus& corpus, const Libelles& texte) {
     const qint64 nombre = corpus.connecte() ? corpus.nombrededocuments(typedindice(collection)) : 0;
@@ -68,8 +75,11 @@ DescriptionListe FenetreTypes::avectypes(const DescriptionTypes& description, co
 FenetreTypes::FenetreTypes(const DescriptionTypes& description, const ContexteTypes& contexte, QWidget* parent)
     : FenetreListe(avectypes(description, contexte), contexte.liste, parent), corpus_(contexte.corpus),
       statut_(description.statut), types_(TypesChoisis::lit(contexte.liste.reglages.lit(description.statut))),
-      progres_(new QProgressBar(this)) {
+      progres_(new QProgressBar(this)), echappe_(new QShortcut(QKeySequence(Qt::Key_Escape), this)) {
     construitprogres();
+    echappe_->setContext(Qt::WidgetWithChildrenShortcut);
+    echappe_->setEnabled(false);
+    connect(echappe_, &QShortcut::activated, this, &FenetreTypes::laisse);
     montretypes();
     relietypes();
     tranches_.setInterval(0);
@@ -77,6 +87,7 @@ FenetreTypes::FenetreTypes(const DescriptionTypes& description, const ContexteTy
 }
 
 FenetreTypes::~FenetreTypes() {
+    parcours_.reset();
     laisse();
 }
 
@@ -125,6 +136,7 @@ void FenetreTypes::ecritreglages() {
 /// The base may be closed from here on.
 void FenetreTypes::decharge() {
     laisse();
+    ensuite_ = {};
     source_.reset();
     FenetreListe::decharge();
 }
@@ -200,28 +212,39 @@ void FenetreTypes::tranche() {
     temps.start();
     const bool premiere = depuis_.elapsed() < avantdeceder;
     const qint64 duree = premiere ? avantdeceder : tranchedetravail;
-    bool fini = false;
+    bool fin = false;
     const bool suffit = travaille(
         [&] {
-            while (!fini && temps.elapsed() < duree)
-                fini = ouvrage_->avance();
+            while (!fin && temps.elapsed() < duree)
+                fin = ouvrage_->avance();
         },
-        premiere);
+        premiere, parcours_ ? Texte::LignesSansMemoire : Texte::ListeIncomplete);
     if (!suffit) {
         laisse();
         source_.reset();
-        return;
-    }
-    if (!fini) {
+    } else if (fin) {
+        fini();
+    } else {
+        if (parcours_ && !std::exchange(parcoursdit_, true))
+            ditetat(contexte().texte(*parcours_));
         progres_->setVisible(depuis_.hasExpired(avantleprogres));
         progres_->setValue(static_cast<int>(ouvrage_->part() * pasduprogres));
-        return;
     }
+}
+
+void FenetreTypes::fini() {
     const auto suite = std::exchange(suite_, {});
     ouvrage_.reset();
-    suite();
-    if (!ouvrage_)
+    if (std::exchange(parcours_, {}))
         laisse();
+    // What is done behind the last row may let events through, and one of them close the window.
+    const QPointer<FenetreTypes> moi(this);
+    suite();
+    if (!moi || ouvrage_)
+        return;
+    laisse();
+    if (const auto ensuite = std::exchange(ensuite_, {}))
+        ensuite();
 }
 
 void FenetreTypes::laisse() {
@@ -230,6 +253,97 @@ void FenetreTypes::laisse() {
     suite_ = {};
     depuis_.invalidate();
     progres_->hide();
+    echappe_->setEnabled(false);
+    if (std::exchange(parcours_, {}))
+        ditetat(contexte().texte(Texte::LignesArretees));
+}
+
+// ---- what is done with very many rows
+
+bool FenetreTypes::attend(void (FenetreTypes::*acte)()) {
+    if (!ouvrage_ || parcours_)
+        return false;
+    ensuite_ = [this, acte] { (this->*acte)(); };
+    return true;
+}
+
+void FenetreTypes::parcourt(std::pair<int, int> lignes, std::function<void(int ligne)> chaque, Texte pendant,
+                            std::function<void()> suite) {
+    laisse();
+    parcours_ = pendant;
+    parcoursdit_ = false;
+    echappe_->setEnabled(true);
+    commence(std::make_unique<PassageLignes>(lignes.first, lignes.second, std::move(chaque)), std::move(suite));
+}
+
+/// The texts of a row, in the order in which the columns stand now.
+std::function<QStringList(int ligne)> FenetreTypes::cellules(bool cachees) const {
+    std::vector<int> colonnes;
+    for (int place = 0; place < flex().cols(); ++place) {
+        if (cachees || flex().colWidth(place) > 0)
+            colonnes.push_back(documents().colonnesource(place));
+    }
+    return [source = flex().source(), colonnes](int ligne) {
+        QStringList textes;
+        for (const int colonne : colonnes)
+            textes << source->text(ligne - 1, colonne);
+        return textes;
+    };
+}
+
+void FenetreTypes::copie() {
+    if (flex().rows() - 1 <= dunseulcoup)
+        return FenetreListe::copie();
+    if (attend(&FenetreTypes::copie))
+        return;
+    flex().selectAll();
+    auto tout = std::make_shared<QString>();
+    const auto ligne = [tout, cellules = cellules(true)](int ici) {
+        *tout += (ici > 1 ? u"\r"_s : QString()) + cellules(ici).join(u'\t');
+    };
+    parcourt({1, flex().rows() - 1}, ligne, Texte::LignesEnCopie, [this, tout] {
+        const int lignes = flex().rows() - 1;
+        copiees(lignes, [&] { contexte().pressepapiers.pose({*tout, {}, {}}); });
+    });
+}
+
+void FenetreTypes::copielignes() {
+    const auto choisies = flex().selectedRows();
+    if (choisies.second - choisies.first < dunseulcoup)
+        return FenetreListe::copielignes();
+    if (attend(&FenetreTypes::copielignes))
+        return;
+    auto table = std::make_shared<TableMime>();
+    const auto ligne = [table, cellules = cellules(false)](int ici) { table->add(cellules(ici)); };
+    parcourt(choisies, ligne, Texte::LignesEnCopie, [this, table] {
+        const int lignes = table->rows();
+        copiees(lignes, [&] { QApplication::clipboard()->setMimeData(table->take().release()); });
+    });
+}
+
+void FenetreTypes::copiees(int lignes, const std::function<void()>& pose) {
+    const Libelles& texte = contexte().texte;
+    const bool suffit = travaille(pose, true, Texte::LignesSansMemoire);
+    if (parcoursdit_)
+        ditetat(suffit ? remplace(texte(Texte::LignesCopiees), {nombreecrit(lignes, texte)})
+                       : texte(Texte::LignesArretees));
+}
+
+void FenetreTypes::selectionne() {
+    const auto choisies = flex().selectedRows();
+    if (!contexte().selectionne || choisies.second - choisies.first < dunseulcoup)
+        return FenetreListe::selectionne();
+    if (attend(&FenetreTypes::selectionne))
+        return;
+    auto cles = std::make_shared<std::vector<Cle>>();
+    const auto ligne = [this, cles](int ici) {
+        if (Cle cle = documents().cle(ici); !cle.vide())
+            cles->push_back(std::move(cle));
+    };
+    parcourt(choisies, ligne, Texte::LignesEnLecture, [this, cles] {
+        ditlignes();
+        contexte().selectionne(*cles);
+    });
 }
 
 } // namespace velm

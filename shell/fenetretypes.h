@@ -10,7 +10,11 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+#include <optional>
+#include <utility>
+
 class QProgressBar;
+class QShortcut;
 
 namespace velm {
 
@@ -38,6 +42,11 @@ public:
     bool encours() const { return ouvrage_ != nullptr; }
 
     void actualise() override { reselect(); }
+    // Very many rows are gone through in slices; the escape key stops that, and then nothing has changed. A sort or a
+    // filling that goes on comes first.
+    void copie() override;
+    void copielignes() override;
+    void selectionne() override;
     void ecritreglages() override;
     void decharge() override;
 
@@ -63,8 +72,15 @@ private:
     /// What is to be done once the work is.
     void commence(std::unique_ptr<Ouvrage> ouvrage, std::function<void()> suite);
     void tranche();
+    void fini();
     void laisse();
     void triealors();
+    /// What is done with very many rows: `chaque` with each, and `suite` behind the last. `pendant` is said meanwhile.
+    void parcourt(std::pair<int, int> lignes, std::function<void(int ligne)> chaque, Texte pendant,
+                  std::function<void()> suite);
+    void copiees(int lignes, const std::function<void()>& pose);
+    bool attend(void (FenetreTypes::*acte)());
+    std::function<QStringList(int ligne)> cellules(bool cachees) const;
     void montresource();
 
     Corpus& corpus_;
@@ -74,6 +90,10 @@ private:
     std::unique_ptr<SourceDocuments> source_; ///< not shown yet
     std::unique_ptr<Ouvrage> ouvrage_;        ///< on `source_`, or on the source that is shown: goes before both
     std::function<void()> suite_;
+    std::optional<Texte> parcours_; ///< `ouvrage_` goes through the rows that are shown, and this is said meanwhile
+    bool parcoursdit_ = false;      ///< it took long enough for that
+    std::function<void()> ensuite_; ///< waits for the end of `ouvrage_`
+    QShortcut* echappe_;
     QElapsedTimer depuis_;
     QTimer tranches_;
 };

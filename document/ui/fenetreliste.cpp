@@ -1,6 +1,8 @@
 #include "document/ui/fenetreliste.h"
 
+#include "core/langue.h"
 #include "core/listes.h"
+#include "core/nombres.h"
 #include "core/texte.h"
 #include "platform/base/memory.h"
 #include "platform/widgets/frame/statusbar.h"
@@ -24,6 +26,7 @@ namespace {
 
 const QString boutonregrouper = u"typeflex"_s;
 const QString panneaucompte = u"nombre"_s;
+constexpr int lignesimprimables = 20'000; ///< some five hundred sheets
 
 } // namespace
 
@@ -83,7 +86,9 @@ void FenetreListe::construitmenu(Texte ouvrir) {
 }
 
 void FenetreListe::connecte() {
+    documents_.demande([this](int lignes) { return veutouvrir(lignes, contexte_.dialogues, contexte_.texte); });
     connect(&documents_, &GrilleDocuments::ouvertes, this, &FenetreListe::ouvretous);
+    flex_->setCopy([this] { copielignes(); });
     connect(&documents_, &GrilleDocuments::trivoulu, this, [this](int place) { trie(place); });
     connect(&documents_, &GrilleDocuments::menuvoulu, this, &FenetreListe::montremenu);
     auto* touche = new QShortcut(QKeySequence(Qt::Key_F5), this);
@@ -121,8 +126,7 @@ void FenetreListe::trie(int place) {
     travaille([this, place] { documents_.trie(place); });
 }
 
-bool FenetreListe::travaille(const std::function<void()>& travail, bool attente) {
-    constexpr auto sansmemoire = Texte::ListeIncomplete;
+bool FenetreListe::travaille(const std::function<void()>& travail, bool attente, Texte sansmemoire) {
     constexpr auto titre = Texte::NomDuProgramme;
     const bool suffit = withinMemory([&] {
         std::optional<Attente> sablier;
@@ -136,7 +140,11 @@ bool FenetreListe::travaille(const std::function<void()>& travail, bool attente)
 }
 
 void FenetreListe::ditcompte() {
-    etat_->setPanelText(panneaucompte, flex_->isHidden() ? QString() : compte());
+    ditetat(flex_->isHidden() ? QString() : compte());
+}
+
+void FenetreListe::ditetat(const QString& texte) {
+    etat_->setPanelText(panneaucompte, texte);
 }
 
 QString FenetreListe::compte() const {
@@ -149,13 +157,11 @@ void FenetreListe::ouvre() {
     documents_.ouvre(flex_->row());
 }
 
-void FenetreListe::ouvretous(const std::vector<Cle>& cles) {
-    if (!veutouvrir(static_cast<qsizetype>(cles.size()), contexte_.dialogues, contexte_.texte))
-        return;
+void FenetreListe::ouvretous(const std::vector<Cle>& cles, const QStringList& ancres) {
     // What is opened may close this window.
     const auto ouvre = contexte_.ouvre;
-    for (const Cle& cle : cles)
-        ouvre(cle);
+    for (std::size_t rang = 0; rang < cles.size(); ++rang)
+        ouvre(cles[rang], ancres.value(static_cast<qsizetype>(rang)));
 }
 
 void FenetreListe::copie() {
@@ -177,6 +183,13 @@ void FenetreListe::selectionne() {
 }
 
 void FenetreListe::imprime() {
+    const Libelles& texte = contexte_.texte;
+    if (flex_->rows() - 1 > lignesimprimables) {
+        contexte_.dialogues.message(remplace(texte(Texte::ListeTropLongue), {nombreecrit(flex_->rows() - 1, texte),
+                                                                             nombreecrit(lignesimprimables, texte)}),
+                                    titreimprime(texte), Icone::Exclamation);
+        return;
+    }
     if (flex_->rows() > 1 && veutimprimer(contexte_.dialogues, contexte_.texte))
         imprimeliste(documents_.tableau(titreimprime(contexte_.texte)), contexte_.imprimante, contexte_.sablier,
                      contexte_.dialogues, contexte_.texte);

@@ -29,8 +29,9 @@ struct ContexteListe {
     Imprimante& imprimante;
     PressePapiers& pressepapiers;
     Sablier& sablier;
-    Libelles texte;                            ///< of the language file
-    std::function<void(const Cle& cle)> ouvre; ///< opens a document
+    Libelles texte; ///< of the language file
+    /// Opens a document, with the caret at `ancre`.
+    std::function<void(const Cle& cle, const QString& ancre)> ouvre;
     /// Makes documents the selection list; without it the menu does not offer that.
     std::function<void(const std::vector<Cle>& cles)> selectionne = {};
     /// Keeps the place of a window; may be empty.
@@ -72,12 +73,12 @@ public:
     /// Opens the selected documents one after the other; more than fifty after a question.
     void ouvre();
     /// All rows on the clipboard: tabs between cells, CR between rows. They are selected then.
-    void copie();
+    virtual void copie();
     /// The selected rows on the clipboard as a table, in text and HTML, as the copy key does.
-    void copielignes();
+    virtual void copielignes();
     /// The documents of the selected rows become the selection list.
-    void selectionne();
-    /// Prints all rows, after a question.
+    virtual void selectionne();
+    /// Prints all rows, after a question; a list that is too long for paper is not printed, which is said.
     void imprime();
 
     // ---- what the frame knows of it. It copies, selects and prints all its rows.
@@ -98,6 +99,7 @@ protected:
     // ---- for the lists that have more
     const ContexteListe& contexte() const { return contexte_; }
     GrilleDocuments& documents() { return documents_; }
+    const GrilleDocuments& documents() const { return documents_; }
     /// Sorts by a column, as its header asks.
     virtual void trie(int place);
     /// Puts a control between the bar and the rows.
@@ -106,9 +108,12 @@ protected:
     void ditlignes();
     /// What the line says of rows that are there.
     virtual QString compte() const;
+    /// Says something else in the place of the count, until the next ditlignes().
+    void ditetat(const QString& texte);
     /// Under the wait cursor, unless the window answers between pieces of the work. False where the memory does not
     /// suffice, which is said.
-    bool travaille(const std::function<void()>& travail, bool attente = true);
+    bool travaille(const std::function<void()>& travail, bool attente = true,
+                   Texte sansmemoire = Texte::ListeIncomplete);
 
 private:
     void construitbarre(const DescriptionListe& description);
@@ -116,7 +121,7 @@ private:
     void montremenu(const QPoint& ou);
     void connecte();
     void regroupe(bool enfonce);
-    void ouvretous(const std::vector<Cle>& cles);
+    void ouvretous(const std::vector<Cle>& cles, const QStringList& ancres);
     void ditcompte();
 
     ContexteListe contexte_;

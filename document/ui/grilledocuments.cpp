@@ -210,11 +210,21 @@ void GrilleDocuments::pressemenu(int ligne, const QPoint& ou) {
 
 void GrilleDocuments::ouvre(int ligne) {
     const auto [premiere, derniere] = usage_.plage ? flex_.selectedRows() : std::pair(ligne, ligne);
-    const std::vector<Cle> voulues = cles(premiere, derniere);
+    const SourceDocuments* celle = source();
+    if (!celle || (veut_ && !veut_(derniere - premiere + 1)))
+        return;
+    std::vector<Cle> voulues;
+    QStringList ancres;
+    for (int ici = std::max(premiere, 1); ici <= std::min(derniere, flex_.rows() - 1); ++ici) {
+        if (const Cle une = cle(ici); !une.vide()) {
+            voulues.push_back(une);
+            ancres << celle->ancre(ici - 1);
+        }
+    }
     if (voulues.empty())
         return;
     depuisouverture_.start();
-    emit ouvertes(voulues);
+    emit ouvertes(voulues, ancres);
 }
 
 TableauImprime GrilleDocuments::tableau(const QString& titre) {

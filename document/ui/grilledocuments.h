@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -82,16 +83,19 @@ public:
     /// They are seen again, or not. The focus comes back if nobody else has taken it.
     void montre(bool visible);
 
-    /// Opens a row, or the selected ones where the list does so.
+    /// Opens a row, or the selected ones where the list does so, if `veut` allows so many rows.
     void ouvre(int ligne);
+    /// Asked before any of them is read.
+    void demande(std::function<bool(int lignes)> veut) { veut_ = std::move(veut); }
     /// All rows for the printer; they are selected then.
     TableauImprime tableau(const QString& titre);
 
 signals:
-    void ouvertes(const std::vector<Cle>& cles); ///< these are wanted, in this order
-    void trivoulu(int colonne);                  ///< by its header; trie() does it
-    void suppressionvoulue();                    ///< of the selected rows
-    void menuvoulu(const QPoint& ou);            ///< on the screen
+    /// These are wanted, in this order; `ancres` says where in each of them.
+    void ouvertes(const std::vector<Cle>& cles, const QStringList& ancres);
+    void trivoulu(int colonne);       ///< by its header; trie() does it
+    void suppressionvoulue();         ///< of the selected rows
+    void menuvoulu(const QPoint& ou); ///< on the screen
 
 private:
     void presse(int ligne, int colonne);
@@ -103,6 +107,7 @@ private:
     Colonnes& colonnes_;
     Usage usage_;
     QElapsedTimer depuisouverture_;
+    std::function<bool(int lignes)> veut_;
     bool focus_ = false; ///< the grid had it before it was hidden
 };
 

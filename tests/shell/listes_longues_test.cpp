@@ -2,6 +2,9 @@
 #include "tests/shell/listes_support.h"
 #include "tests/support/rounds.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
 #include <QProgressBar>
 
 using namespace velm;
@@ -64,6 +67,102 @@ TEST_F(LonguesListesTest, ALongSortShowsItsProgressLetsTheWindowAnswerAndMayBeCl
     const QPointer<QWidget> fenetre = &index();
     aire().around(&index())->close();
     EVENTUALLY(!fenetre);
+}
+
+TEST_F(LonguesListesTest, ManyRowsAreCopiedInSlicesAndTheEscapeKeyStopsThat) {
+    ouvrelindex();
+    FlexGrid& grille = index().flex();
+    const auto& progres = *index().findChild<QProgressBar*>();
+    QGuiApplication::clipboard()->setText(u"avant"_s);
+    grille.view()->setFocus();
+    QTest::keyClick(grille.view(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(grille.view(), Qt::Key_C, Qt::ControlModifier);
+    ASSERT_TRUE(index().encours()) << "it is not done at one go";
+    EXPECT_EQ(comptede(index()), mots(9569));
+    EVENTUALLY_WITHIN(longtemps, progres.isVisible() || !index().encours());
+    EXPECT_TRUE(progres.isVisible());
+    QTest::keyClick(grille.view(), Qt::Key_Escape);
+    EXPECT_FALSE(index().encours());
+    EXPECT_FALSE(progres.isVisible());
+    EXPECT_EQ(comptede(index()), mots(9571));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"avant");
+    // Up to its end. A column that is dragged meanwhile changes nothing in it.
+    QTest::keyClick(grille.view(), Qt::Key_C, Qt::ControlModifier);
+    ASSERT_TRUE(index().encours());
+    grille.setColPosition(numeros, 3);
+    EVENTUALLY_WITHIN(longtemps, !index().encours());
+    const QStringList lignes = QGuiApplication::clipboard()->text().split(u'\n');
+    ASSERT_EQ(lignes.size(), beaucoup);
+    EXPECT_TRUE(lignes.first().startsWith(u"CO\t000001\tTitre 7919"_s)) << lignes.first().toStdString();
+    EXPECT_TRUE(lignes.last().startsWith(u"CO\t%1\t"_s.arg(sixchiffres(beaucoup)))) << lignes.last().toStdString();
+    EXPECT_EQ(comptede(index()), mots(9570, {QLocale(QLocale::French).toString(beaucoup)}));
+    grille.setColPosition(3, numeros);
+}
+
+TEST_F(LonguesListesTest, ASortStopsACopyAndACopyWaitsForASort) {
+    ouvrelindex();
+    FlexGrid& grille = index().flex();
+    QGuiApplication::clipboard()->setText(u"avant"_s);
+    grille.selectAll();
+    index().copielignes();
+    ASSERT_TRUE(index().encours());
+    doubleclique(grille, 0, 2);
+    EXPECT_EQ(comptede(index()), mots(9571));
+    EVENTUALLY_WITHIN(longtemps, !index().encours());
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"avant");
+    doubleclique(grille, 0, numeros);
+    ASSERT_TRUE(index().encours());
+    grille.selectAll();
+    index().copielignes();
+    QTest::keyClick(grille.view(), Qt::Key_Escape);
+    EVENTUALLY_WITHIN(longtemps, !index().encours());
+    EXPECT_EQ(grille.headerCell(numeros), mots(304) + u'>') << "the sort goes on";
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().startsWith(u"CO\t000001\t"_s));
+    grille.selectAll();
+    index().copielignes();
+    ASSERT_TRUE(index().encours());
+    const QPointer<QWidget> fenetre = &index();
+    aire().around(&index())->close();
+    EVENTUALLY(!fenetre);
+}
+
+TEST_F(LonguesListesTest, ManyRowsGoIntoTheSelectionListWhileTheWindowAnswers) {
+    ouvrelindex();
+    index().flex().selectAll();
+    index().findChild<QAction*>(u"ContextMenuSelection"_s)->trigger();
+    ASSERT_TRUE(index().encours());
+    EXPECT_EQ(comptede(index()), mots(9574));
+    EXPECT_EQ(flex().rows(), 1);
+    EVENTUALLY_WITHIN(longtemps, !index().encours() && !remplissage().encours());
+    EXPECT_EQ(flex().rows(), beaucoup + 1);
+    EXPECT_TRUE(flex().isVisible());
+    EXPECT_EQ(comptede(index()), u' ' + QLocale(QLocale::French).toString(beaucoup) + u" documents"_s);
+}
+
+TEST_F(LonguesListesTest, TheFrameCopiesAllRowsOfTheDatesInSlices) {
+    {
+        const auto base = Database::open(dossier.filePath(u"velm2000.dat"_s), OpenMode::Shared, corpusSchema());
+        ASSERT_NE(base.database, nullptr);
+        ASSERT_TRUE(base.database->execute(u"UPDATE données SET Date='2001-03-05'"_s));
+    }
+    ouvreliste(Ordre::Chrono);
+    EVENTUALLY_WITHIN(longtemps, !chrono().encours());
+    actions().de(Ordre::Copier).trigger();
+    ASSERT_TRUE(chrono().encours());
+    EXPECT_EQ(pressepapiers.contenu.texte, QString());
+    EVENTUALLY_WITHIN(longtemps, !chrono().encours());
+    EXPECT_EQ(pressepapiers.contenu.texte.count(u'\r'), beaucoup - 1);
+    EXPECT_TRUE(pressepapiers.contenu.texte.endsWith(u"\tCO"_s + sixchiffres(beaucoup))) << "with what is hidden";
+    EXPECT_EQ(comptede(chrono()), mots(9570, {QLocale(QLocale::French).toString(beaucoup)}));
+}
+
+TEST_F(LonguesListesTest, AListThatIsTooLongForPaperIsNotPrinted) {
+    ouvrelindex();
+    actions().de(Ordre::Imprimer).trigger();
+    ASSERT_EQ(dialogues.messages.size(), 1U);
+    const QLocale francais(QLocale::French);
+    EXPECT_EQ(dialogues.messages[0].texte, mots(9573, {francais.toString(beaucoup), francais.toString(20'000)}));
+    EXPECT_TRUE(imprimante.tableaux.empty());
 }
 
 TEST_F(LonguesListesTest, WhatIsFilledWhileNoTypeIsChosenComesWithTheNextTypeAndTheProgramMayEndMeanwhile) {

@@ -284,6 +284,10 @@ void FlexGrid::copySelection() {
         QApplication::clipboard()->setMimeData(tableMime(rows).release());
 }
 
+void FlexGrid::setCopy(std::function<void()> copy) {
+    d_->view->onCopy = std::move(copy);
+}
+
 int FlexGrid::topRow() const {
     return d_->view->topRow() + 1;
 }

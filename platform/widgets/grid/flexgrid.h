@@ -127,6 +127,8 @@ public:
     QString clip() const;
     /// Puts what is seen of the selected rows on the clipboard, as Ctrl+C does.
     void copySelection();
+    /// What Ctrl+C does instead.
+    void setCopy(std::function<void()> copy);
     int topRow() const; ///< the first data row that is seen
     void setTopRow(int row);
     /// Scrolls until a row can be seen: one out of sight comes to stand in the middle.

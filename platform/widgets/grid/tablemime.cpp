@@ -1,5 +1,7 @@
 #include "platform/widgets/grid/tablemime.h"
 
+#include <utility>
+
 namespace velm {
 
 using namespace Qt::Literals::StringLiterals;
@@ -16,24 +18,34 @@ QString oneLine(QString cell) {
 
 } // namespace
 
-std::unique_ptr<QMimeData> tableMime(const std::vector<QStringList>& rows) {
-    QString text;
-    QString html = u"<meta charset=\"utf-8\"><table>"_s;
-    for (const QStringList& row : rows) {
-        QStringList cells;
-        html += u"<tr>"_s;
-        for (const QString& cell : row) {
-            cells << oneLine(cell);
-            html += u"<td>"_s + cells.constLast().toHtmlEscaped() + u"</td>"_s;
-        }
-        html += u"</tr>"_s;
-        text += cells.join(u'\t') + u"\r\n"_s;
+void TableMime::add(const QStringList& row) {
+    QStringList cells;
+    for (const QString& cell : row)
+        cells << oneLine(cell);
+    text_ += (rows_ > 0 ? u"\r\n"_s : QString()) + cells.join(u'\t');
+    if (++rows_ > richRows) {
+        html_ = QString();
+        return;
     }
-    text.chop(2);
+    html_ += u"<tr>"_s;
+    for (const QString& cell : cells)
+        html_ += u"<td>"_s + cell.toHtmlEscaped() + u"</td>"_s;
+    html_ += u"</tr>"_s;
+}
+
+std::unique_ptr<QMimeData> TableMime::take() {
     auto data = std::make_unique<QMimeData>();
-    data->setText(text);
-    data->setHtml(html + u"</table>"_s);
+    data->setText(std::exchange(text_, {}));
+    if (std::exchange(rows_, 0) <= richRows)
+        data->setHtml(u"<meta charset=\"utf-8\"><table>"_s + std::exchange(html_, {}) + u"</table>"_s);
     return data;
+}
+
+std::unique_ptr<QMimeData> tableMime(const std::vector<QStringList>& rows) {
+    TableMime table;
+    for (const QStringList& row : rows)
+        table.add(row);
+    return table.take();
 }
 
 QString tableText(const std::vector<QStringList>& rows) {

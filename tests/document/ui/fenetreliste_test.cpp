@@ -35,14 +35,14 @@ protected:
     void SetUp() override { construit(); }
 
     void construit() {
-        fenetre =
-            std::make_unique<FenetreListe>(DescriptionListe{u"fEssai"_s,
-                                                            u"Liste d'essai"_s,
-                                                            SourceEssai::modele(),
-                                                            {{{u"ESSAI", u"ORDRECOLONNE"}, u"01", Maitre::Non},
-                                                             {{u"ESSAI", u"LARGEURCOLONNE"}, u"", Maitre::Non}}},
-                                           ContexteListe{reglages, dialogues, imprimante, pressepapiers, sablier, texte,
-                                                         [this](const Cle& cle) { ouvertes << cle.texte(); }});
+        fenetre = std::make_unique<FenetreListe>(
+            DescriptionListe{
+                u"fEssai"_s,
+                u"Liste d'essai"_s,
+                SourceEssai::modele(),
+                {{{u"ESSAI", u"ORDRECOLONNE"}, u"01", Maitre::Non}, {{u"ESSAI", u"LARGEURCOLONNE"}, u"", Maitre::Non}}},
+            ContexteListe{reglages, dialogues, imprimante, pressepapiers, sablier, texte,
+                          [this](const Cle& cle, const QString&) { ouvertes << cle.texte(); }});
         fenetre->resize(600, 400);
         fenetre->show();
     }
@@ -126,6 +126,42 @@ TEST_F(FenetreListeTest, ManyDocumentsAreOpenedAfterAQuestionOnly) {
     fenetre->ouvre();
     EXPECT_EQ(ouvertes.size(), 50);
     EXPECT_EQ(ouvertes.last(), u"CO009951");
+}
+
+TEST_F(FenetreListeTest, TheQuestionComesBeforeAnyOfTheDocumentsIsRead) {
+    class Comptee final : public SourceDocuments {
+    public:
+        explicit Comptee(int& lues) : lues_(lues) {}
+        int rowCount() const override { return 1'000'000; }
+        QString text(int, int) const override { return {}; }
+        bool sort(int, bool) override { return false; }
+        Cle cle(int) const override {
+            ++lues_;
+            return {u"CO"_s, u"000001"_s};
+        }
+
+    private:
+        int& lues_;
+    };
+    int lues = 0;
+    fenetre->remplit([&] { return std::make_unique<Comptee>(lues); });
+    fenetre->fait(Ordre::ToutSelectionner);
+    lues = 0;
+    dialogues.answers = {Bouton::Non};
+    fenetre->ouvre();
+    EXPECT_EQ(dialogues.texts(), QStringList{u"t9495"_s});
+    EXPECT_EQ(lues, 0);
+}
+
+TEST_F(FenetreListeTest, AListThatIsTooLongForPaperIsNotPrinted) {
+    remplit(20'001);
+    fenetre->imprime();
+    EXPECT_EQ(dialogues.texts(), QStringList{u"t9573"_s});
+    EXPECT_TRUE(imprimante.tableaux.empty());
+    remplit(20'000);
+    dialogues.answers = {Bouton::Oui};
+    fenetre->imprime();
+    EXPECT_EQ(imprimante.tableaux.size(), 1U);
 }
 
 TEST_F(FenetreListeTest, TheKeyboardWalksTheRowsAndFindsThemByTheirBeginning) {
