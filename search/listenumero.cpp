@@ -84,6 +84,10 @@ Cle ListeNumero::cle(int row) const {
     return numero.isEmpty() ? Cle() : Cle{text(row, CleReference), numero};
 }
 
+QString ListeNumero::ancre(int row) const {
+    return demande_.champ == DemandeNumero::Champ::Article ? text(row, NumeroArticle) : QString();
+}
+
 bool ListeNumero::sort(int column, bool descending) {
     if (column < 0 || column >= nombredechamps)
         return false;

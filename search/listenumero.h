@@ -36,6 +36,8 @@ public:
     /// In French order; equal rows keep their order.
     bool sort(int column, bool descending) override;
     Cle cle(int row) const override;
+    /// The article whose number was looked for; none for the number of a text.
+    QString ancre(int row) const override;
 
     std::unique_ptr<Ouvrage> remplissage() override;
     /// Sorted at one go.

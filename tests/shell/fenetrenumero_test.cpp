@@ -5,6 +5,8 @@
 
 #include <QClipboard>
 #include <QMimeData>
+#include <QTextBlock>
+#include <QTextCursor>
 
 using namespace velm;
 using namespace velm::test;
@@ -13,6 +15,27 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 using FenetreNumeroTest = NumerosTest;
+
+/// With a document whose text has its articles far below one another.
+class ArticlesDansLeTexteTest : public NumerosTest {
+protected:
+    std::vector<DocumentEssai> documents() const override {
+        std::vector<DocumentEssai> tous = NumerosTest::documents();
+        QByteArray texte = "{\\rtf1\\ansi Livre premier\\par ";
+        for (const char* article : {"Article L. 121-1 du code", "Article L. 121-2 du code"}) {
+            for (int ligne = 0; ligne < 60; ++ligne)
+                texte += "Rien du tout.\\par ";
+            texte += QByteArray(article) + "\\par ";
+        }
+        tous.at(0).contenu = tous.at(1).contenu = texte + '}';
+        return tous;
+    }
+    /// The line in which the caret stands in the document in front.
+    QString lignedupoint() const {
+        const QTextCursor point = active()->vue().textCursor();
+        return point.block().text().replace(QChar::Nbsp, u' ');
+    }
+};
 
 } // namespace
 
@@ -156,6 +179,20 @@ TEST_F(FenetreNumeroTest, ADoubleClickOpensAtTheArticleAndIsRemembered) {
     ASSERT_NE(active(), nullptr);
     EXPECT_EQ(active()->reference(), u"CO000002");
     EXPECT_EQ(programme->bureau().navigation().derniersdocuments().front(), u"CO000002");
+}
+
+TEST_F(ArticlesDansLeTexteTest, ADoubleClickOpensAtTheArticleHoweverItWasTyped) {
+    ASSERT_NO_FATAL_FAILURE(avecnumeros());
+    cherche(numeros()->noart(), u"l121-2"_s);
+    doublecliquesur(numeros()->flex(), 1);
+    ASSERT_NE(active(), nullptr);
+    EXPECT_EQ(active()->reference(), u"CO000002");
+    EXPECT_EQ(lignedupoint(), u"Article L. 121-2 du code");
+    commande("moutils0(2)");
+    cherche(numeros()->notexte(), u"93-949"_s);
+    doublecliquesur(numeros()->flex(), 1);
+    EXPECT_EQ(active()->reference(), u"CO000001");
+    EXPECT_EQ(lignedupoint(), u"Livre premier") << "the number of a text is no place in the document";
 }
 
 TEST_F(FenetreNumeroTest, TheKeysLeadFromTheNumberToItsDocument) {
