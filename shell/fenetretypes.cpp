@@ -302,8 +302,7 @@ void FenetreTypes::copie() {
         *tout += (ici > 1 ? u"\r"_s : QString()) + cellules(ici).join(u'\t');
     };
     parcourt({1, flex().rows() - 1}, ligne, Texte::LignesEnCopie, [this, tout] {
-        const int lignes = flex().rows() - 1;
-        copiees(lignes, [&] { contexte().pressepapiers.pose({*tout, {}, {}}); });
+        copiees(flex().rows() - 1, [&] { contexte().pressepapiers.pose({*tout, {}, {}}); });
     });
 }
 
@@ -316,8 +315,7 @@ void FenetreTypes::copielignes() {
     auto table = std::make_shared<TableMime>();
     const auto ligne = [table, cellules = cellules(false)](int ici) { table->add(cellules(ici)); };
     parcourt(choisies, ligne, Texte::LignesEnCopie, [this, table] {
-        const int lignes = table->rows();
-        copiees(lignes, [&] { QApplication::clipboard()->setMimeData(table->take().release()); });
+        copiees(table->rows(), [&] { QApplication::clipboard()->setMimeData(table->take().release()); });
     });
 }
 
@@ -342,7 +340,9 @@ void FenetreTypes::selectionne() {
     };
     parcourt(choisies, ligne, Texte::LignesEnLecture, [this, cles] {
         ditlignes();
-        contexte().selectionne(*cles);
+        // Its turns may close this window.
+        const auto selectionne = contexte().selectionne;
+        selectionne(*cles);
     });
 }
 

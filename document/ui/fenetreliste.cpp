@@ -178,8 +178,10 @@ void FenetreListe::copielignes() {
 void FenetreListe::selectionne() {
     const auto [premiere, derniere] = flex_->selectedRows();
     const std::vector<Cle> choisies = documents_.cles(premiere, derniere);
-    if (contexte_.selectionne && !choisies.empty())
-        contexte_.selectionne(choisies);
+    // Its turns may close this window.
+    const auto selectionne = contexte_.selectionne;
+    if (selectionne && !choisies.empty())
+        selectionne(choisies);
 }
 
 void FenetreListe::imprime() {

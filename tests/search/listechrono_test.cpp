@@ -122,6 +122,7 @@ TEST_F(ChronoTest, YearsAndDaysSortAsNumbers) {
     const auto liste = chrono();
     ASSERT_TRUE(liste->sort(ListeChrono::Jour, false));
     EXPECT_EQ(colonne(*liste, ListeChrono::Jour), (QStringList{QString(), u"5"_s, u"10"_s, u"21"_s}));
+    EXPECT_EQ(liste->find(ListeChrono::Jour, u"1"_s, 0), std::nullopt) << "numbers do not stand as their texts do";
     ASSERT_TRUE(liste->sort(ListeChrono::Annee, true));
     EXPECT_EQ(colonne(*liste, ListeChrono::Annee), (QStringList{u"2150"_s, u"1804"_s, u"987"_s, u"vers 1900"_s}));
 }

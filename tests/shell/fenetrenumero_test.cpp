@@ -200,12 +200,30 @@ TEST_F(FenetreNumeroTest, TheKeysLeadFromTheNumberToItsDocument) {
     QTest::keyClick(&numeros()->noart(), Qt::Key_Down);
     EXPECT_TRUE(numeros()->noart().hasFocus()) << "there is no row to go to";
     cherche(numeros()->noart(), u"L. 121-2"_s);
+    QTest::keyClick(&numeros()->noart(), Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_TRUE(numeros()->noart().hasFocus()) << "that marks text";
     QTest::keyClick(&numeros()->noart(), Qt::Key_Down);
     EXPECT_EQ(numeros()->flex().row(), 1);
     EXPECT_TRUE(numeros()->flex().view()->hasFocus());
     QTest::keyClick(numeros()->flex().view(), Qt::Key_Return);
     ASSERT_NE(active(), nullptr);
     EXPECT_EQ(active()->reference(), u"CO000002");
+}
+
+TEST_F(FenetreNumeroTest, TheTabKeyGoesFromBoxToBoxToTheRowsAndTheArrowToTheRowThatWasLeft) {
+    ASSERT_NO_FATAL_FAILURE(avecnumeros());
+    EXPECT_EQ(numeros()->noart().accessibleName(), mots(9153));
+    EXPECT_EQ(numeros()->notexte().accessibleName(), mots(9154));
+    EXPECT_TRUE(numeros()->noart().isClearButtonEnabled());
+    cherche(numeros()->noart(), u"L*"_s);
+    QTest::keyClick(&numeros()->noart(), Qt::Key_Tab);
+    EXPECT_TRUE(numeros()->notexte().hasFocus());
+    QTest::keyClick(&numeros()->notexte(), Qt::Key_Tab);
+    EXPECT_TRUE(numeros()->flex().view()->hasFocus());
+    numeros()->flex().setRow(2);
+    numeros()->noart().setFocus();
+    QTest::keyClick(&numeros()->noart(), Qt::Key_Down);
+    EXPECT_EQ(numeros()->flex().row(), 2);
 }
 
 TEST_F(FenetreNumeroTest, ADoubleClickOnAHeaderSortsAndANewNumberComesSortedSo) {

@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QProgressBar>
+#include <QTimer>
 
 using namespace velm;
 using namespace velm::test;
@@ -81,6 +82,7 @@ TEST_F(LonguesListesTest, ManyRowsAreCopiedInSlicesAndTheEscapeKeyStopsThat) {
     EXPECT_EQ(comptede(index()), mots(9569));
     EVENTUALLY_WITHIN(longtemps, progres.isVisible() || !index().encours());
     EXPECT_TRUE(progres.isVisible());
+    EVENTUALLY_WITHIN(longtemps, progres.value() > 0);
     QTest::keyClick(grille.view(), Qt::Key_Escape);
     EXPECT_FALSE(index().encours());
     EXPECT_FALSE(progres.isVisible());
@@ -139,6 +141,21 @@ TEST_F(LonguesListesTest, ManyRowsGoIntoTheSelectionListWhileTheWindowAnswers) {
     EXPECT_EQ(comptede(index()), u' ' + QLocale(QLocale::French).toString(beaucoup) + u" documents"_s);
 }
 
+TEST_F(LonguesListesTest, TheWindowMayBeClosedWhileItsRowsFillTheSelectionList) {
+    ouvrelindex();
+    index().flex().selectAll();
+    const QPointer<QWidget> fenetre = &index();
+    QTimer surveille;
+    QObject::connect(&surveille, &QTimer::timeout, &surveille, [&] {
+        if (fenetre && remplissage().encours())
+            aire().around(fenetre)->close();
+    });
+    surveille.start(1);
+    index().selectionne();
+    EVENTUALLY_WITHIN(longtemps, !fenetre && !remplissage().encours());
+    EXPECT_EQ(flex().rows(), beaucoup + 1);
+}
+
 TEST_F(LonguesListesTest, TheFrameCopiesAllRowsOfTheDatesInSlices) {
     {
         const auto base = Database::open(dossier.filePath(u"velm2000.dat"_s), OpenMode::Shared, corpusSchema());
@@ -172,6 +189,8 @@ TEST_F(LonguesListesTest, WhatIsFilledWhileNoTypeIsChosenComesWithTheNextTypeAnd
     EVENTUALLY_WITHIN(longtemps, !index().encours());
     QTest::keyClick(grille.view(), Qt::Key_F5);
     ASSERT_TRUE(index().encours()) << "the new rows are sorted before they are seen";
+    doubleclique(grille, 0, 2);
+    EXPECT_EQ(grille.headerCell(2), mots(300)) << "they come first";
     QTest::mouseClick(index().barre().widget(u"toutdéselect"_s), Qt::LeftButton);
     EVENTUALLY_WITHIN(longtemps, !index().encours());
     EXPECT_TRUE(grille.isHidden());
