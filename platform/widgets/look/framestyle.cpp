@@ -55,20 +55,24 @@ private:
     bool downwards_;
 };
 
+/// Four strips along the inner edge. A line of a pen would lie in the middle of what these cover, and at one and a half
+/// times the size under what begins beside it.
+void drawEdges(const QRect& rect, const QColor& colour, QPainter& painter) {
+    const QRect inner = rect.adjusted(1, 1, -1, -1);
+    painter.fillRect(rect.left(), rect.top(), rect.width(), 1, colour);
+    painter.fillRect(rect.left(), rect.bottom(), rect.width(), 1, colour);
+    painter.fillRect(rect.left(), inner.top(), 1, inner.height(), colour);
+    painter.fillRect(rect.right(), inner.top(), 1, inner.height(), colour);
+}
+
 /// A thin line around what is no control.
 void drawOutline(const QStyleOption& option, QPainter& painter) {
-    painter.save();
-    painter.setPen(quietLine(option.palette));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
-    painter.restore();
+    drawEdges(option.rect, quietLine(option.palette), painter);
 }
 
 void drawWindowFrame(const QStyleOption& option, QPainter& painter) {
     painter.fillRect(option.rect, windowSurface(option.palette, false));
-    painter.setPen(windowOutline(option.palette, option.state & QStyle::State_Active));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    drawEdges(option.rect, windowOutline(option.palette, option.state & QStyle::State_Active), painter);
 }
 
 void drawTip(const QStyleOption& option, QPainter& painter) {

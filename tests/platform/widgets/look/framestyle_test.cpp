@@ -55,6 +55,34 @@ TEST_P(FrameStyleTest, TitlesAndTheirButtonsAreLegible) {
     }
 }
 
+/// What a frame surrounds begins one pixel of the layout inside it, wherever that comes to lie on the screen.
+TEST_P(FrameStyleTest, AFrameIsSeenOnAllFourSidesAtOneAndAHalfTimesTheSize) {
+    for (int shift = 0; shift < 4; ++shift) {
+        QImage screen(120, 90, QImage::Format_RGB32);
+        screen.setDevicePixelRatio(1.5);
+        screen.fill(Qt::magenta);
+        QStyleOptionFrame option;
+        option.palette = look::palette(GetParam());
+        option.rect = QRect(10 + shift, 10 + shift, 50, 30);
+        option.lineWidth = 1;
+        QPainter painter(&screen);
+        style.drawPrimitive(QStyle::PE_Frame, &option, &painter);
+        painter.fillRect(option.rect.adjusted(1, 1, -1, -1), Qt::white);
+        painter.end();
+        const QRgb line = quietLine(option.palette).rgb();
+        const QPoint centre =
+            QRectF(QPointF(option.rect.topLeft()) * 1.5, QSizeF(option.rect.size()) * 1.5).center().toPoint();
+        const auto isSeen = [&](const QPoint& step) {
+            QPoint here = centre;
+            while (screen.pixel(here) == QColor(Qt::white).rgb())
+                here += step;
+            return screen.pixel(here) == line;
+        };
+        for (const QPoint step : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)})
+            EXPECT_TRUE(isSeen(step)) << shift << ' ' << step.x() << ' ' << step.y();
+    }
+}
+
 TEST_P(FrameStyleTest, TheActiveTitleIsToldFromTheOthers) {
     EXPECT_NE(titleBar(style, GetParam(), true, QStyle::SC_TitleBarLabel).pixelColor(0, 0),
               titleBar(style, GetParam(), false, QStyle::SC_TitleBarLabel).pixelColor(0, 0));
