@@ -36,6 +36,14 @@ QFont heavier(QFont font) {
     return font;
 }
 
+/// Titles that share their beginning ("Code de commerce, art. …") are told apart by their end. In a few letters two
+/// ends of a word are no word.
+QString cutTo(int width, const QString& text, const QFontMetrics& metrics) {
+    constexpr int letters = 14;
+    const bool few = width < letters * metrics.averageCharWidth();
+    return metrics.elidedText(text, few ? Qt::ElideRight : Qt::ElideMiddle, width);
+}
+
 enum class Ground { Plain, Marked, Selected };
 
 void paintGround(QPainter& painter, const QRect& rect, const Tones& tones, Ground ground, bool line) {
@@ -87,9 +95,8 @@ void GridCells::paint(QPainter* painter, const QStyleOptionViewItem& option, con
     painter->setPen(ground == Ground::Marked ? tones.marked() : tones.text(selected));
     if (row == view_.marked())
         painter->setFont(heavier(option.font));
-    // Titles that share their beginning ("Code de commerce, art. …") are told apart by their end.
     painter->drawText(rect, index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine,
-                      painter->fontMetrics().elidedText(text, Qt::ElideMiddle, rect.width()));
+                      cutTo(rect.width(), text, painter->fontMetrics()));
 }
 
 /// The texts of a row that stand in no column, one behind the other.

@@ -97,7 +97,8 @@ int GridColumns::shownWidth(int column) const {
     const int own = std::max(1, pixelsFromTwips(shown.twips));
     if (shown.widest.isEmpty() || shown.held)
         return own;
-    const int cells = view_.fontMetrics().horizontalAdvance(shown.widest) + 2 * gridlook::padding;
+    // One more: the width of a text is told in whole pixels, and it is cut by what it really has.
+    const int cells = view_.fontMetrics().horizontalAdvance(shown.widest) + 2 * gridlook::padding + 1;
     return std::max({own, cells, view_.header().sectionSizeHint(column) + 2 * gridlook::padding});
 }
 
@@ -152,17 +153,19 @@ void GridColumns::share(int fromPlace) {
     GridHeader& header = view_.header();
     std::vector<GridShare> shares;
     std::vector<int> columns;
+    std::vector<int> headers;
     int room = view_.viewport()->width();
     for (int place = 0; place < count(); ++place) {
         const int column = logical(place);
         if (place >= fromPlace && isShared(column)) {
             shares.push_back({model_.column(column).weight, least, model_.column(column).need});
             columns.push_back(column);
+            headers.push_back(header.sectionSizeHint(column));
         } else {
             room -= header.sectionSize(column);
         }
     }
-    std::vector<int> widths = sharedWidths(room, shares);
+    std::vector<int> widths = sharedWidths(room, withLeast(room, headers, shares));
     // What nobody needs has the heaviest, or, where it stays as it is, the last one.
     if (const auto widest = std::ranges::find(columns, heaviest()); !columns.empty())
         widths[widest == columns.end() ? columns.size() - 1 : static_cast<std::size_t>(widest - columns.begin())] +=

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 #include <utility>
 
 namespace velm {
@@ -39,6 +40,14 @@ std::vector<int> sharedWidths(int room, const std::vector<GridShare>& shares) {
         weights -= shares[i].weight;
     }
     return widths;
+}
+
+std::vector<GridShare> withLeast(int room, const std::vector<int>& wanted, std::vector<GridShare> shares) {
+    if (std::accumulate(wanted.begin(), wanted.end(), 0) > room)
+        return shares;
+    for (std::size_t i = 0; i < shares.size(); ++i)
+        shares[i].least = std::max(shares[i].least, wanted[i]);
+    return shares;
 }
 
 } // namespace velm

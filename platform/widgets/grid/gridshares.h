@@ -14,4 +14,7 @@ struct GridShare {
 /// than the room; where all have the most, narrower.
 std::vector<int> sharedWidths(int room, const std::vector<GridShare>& shares);
 
+/// The same shares, where the room suffices for all of these widths, each with no less than its own of them.
+std::vector<GridShare> withLeast(int room, const std::vector<int>& wanted, std::vector<GridShare> shares);
+
 } // namespace velm

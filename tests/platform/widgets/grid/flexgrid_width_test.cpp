@@ -71,6 +71,54 @@ TEST_F(FlexGridWidth, AColumnHasRoomForItsWidestTextUntilSomebodyHoldsIt) {
     EXPECT_EQ(shown(3), held);
 }
 
+TEST_F(FlexGridWidth, TheWidestTextIsShownWholeInWhateverSize) {
+    for (const double size : {7.0, 8.25, 9.0, 9.3, 10.7, 12.1}) {
+        QFont font = grid.font();
+        font.setPointSizeF(size);
+        grid.setFont(font);
+        for (const auto& month : {u"September"_s, u"septembre"_s, u"décembre"_s, u"February"_s}) {
+            grid.setColWidth(3, 300);
+            grid.setHeader(3, u"D"_s, month);
+            const QFontMetrics metrics = grid.view()->fontMetrics();
+            EXPECT_GT(shown(3), metrics.horizontalAdvance(month) + 16) << size << ' ' << month.toStdString();
+        }
+    }
+}
+
+TEST_F(FlexGridWidth, HeadersOfSharedColumnsAreWholeWhereThereIsRoomForAll) {
+    const QStringList headers{u"Intitulé du document"_s, u"Mot clé 1"_s, u"Mot clé 2"_s};
+    for (int col = 0; col < 3; ++col)
+        grid.setHeader(col, headers[col]);
+    QFont heavy = grid.view()->horizontalHeader()->font();
+    heavy.setWeight(QFont::DemiBold);
+    const auto needed = [&](int col) { return QFontMetrics(heavy).horizontalAdvance(headers[col]) + 16; };
+    grid.setColWeight(0, 20);
+    for (const int width : {1000, 700, 520}) {
+        grid.resize(width, 300);
+        for (int col = 0; col < 3; ++col)
+            EXPECT_GE(shown(col), needed(col)) << headers[col].toStdString() << ' ' << width;
+        EXPECT_EQ(together(), rowsWidget()->width());
+    }
+    grid.resize(350, 300);
+    EXPECT_EQ(grid.view()->horizontalScrollBar()->maximum(), 0) << "no bar for the sake of headers";
+}
+
+TEST_F(FlexGridWidth, ACellOfAFewLettersIsCutAtItsEndAndAWiderOneInItsMiddle) {
+    grid.setRows(1);
+    fill({{u"Dispositions générales du livre premier"_s}, {u"Dispositions générales du livre second"_s}});
+    const auto equal = [this](int width) {
+        grid.setColWidth(0, twipsFromPixels(width));
+        grid.setColHeld(0, true);
+        const auto cell = [&](int row) {
+            const QRect place(0, grid.view()->rowViewportPosition(row - 1), width, grid.view()->rowHeight(row - 1));
+            return rowsWidget()->grab(place).toImage();
+        };
+        return cell(1) == cell(2);
+    };
+    EXPECT_TRUE(equal(70)) << "the beginning";
+    EXPECT_FALSE(equal(200)) << "both ends";
+}
+
 TEST_F(FlexGridWidth, ColumnsWithAWeightShareWhatTheOthersLeave) {
     for (const int width : {1000, 1400, 611}) {
         grid.resize(width, 300);
