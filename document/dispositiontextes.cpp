@@ -119,7 +119,8 @@ int DispositionTextes::hauteurpanneau(int hauteur) const {
         return 0;
     const int voulue = posseparateur - hauteurbarre;
     const int reste = hauteur - mesures_.trait - std::min(hauteurtexte, hauteur / 2);
-    return std::clamp(ligneseule ? std::min(voulue, hauteurligne) : voulue, 0, std::max(0, reste));
+    const int bloc = hauteurbloc > 0 ? std::min(voulue, std::max(hauteurbloc, hauteurligne)) : voulue;
+    return std::clamp(bloc, 0, std::max(0, reste));
 }
 
 /// While the lists are closed.
@@ -194,7 +195,7 @@ void DispositionTextes::placelistes() {
 bool DispositionTextes::lache(const QString& source, const QPoint& coin) {
     if (source == u"separateur") {
         panneauvoulu_ = petite();
-        ligneseule = false;
+        hauteurbloc = 0;
         posseparateur = std::max(0, droite() ? coin.x() : coin.y() - mesures_.barre + hauteurbarre);
         deplaceseparateur();
         return true;

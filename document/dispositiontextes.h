@@ -49,7 +49,7 @@ public:
     int posseparateurlisteh = 0;
     int posseparateurlistev = 0;
     bool listesvisibles = false; ///< the lists are open; whether there is a place for them: listesplacees()
-    bool ligneseule = false;     ///< a panel above the text has no more to show than a line
+    int hauteurbloc = 0;         ///< what a panel above the text has to show is no higher; 0 for any height
 
     bool droite() const { return arrangement == Arrangement::ACote; } ///< the panel's bar stands upright
     bool replie() const;                                              ///< the panel is folded away

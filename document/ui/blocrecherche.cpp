@@ -24,6 +24,7 @@ namespace {
 
 constexpr int champminimal = 160;
 constexpr int notelisible = 240;
+constexpr int marge = look::grid + look::grid / 2;
 
 } // namespace
 
@@ -64,6 +65,7 @@ void BlocRecherche::lance(const QString& mots, bool tous) {
 void BlocRecherche::dit(const BilanRecherche& bilan) {
     note_->say(bilan.phrase, bilan.rien ? NoteLine::Tone::Warning : NoteLine::Tone::Quiet,
                bilan.coupe ? toutafficher_ : QString());
+    emit change();
     moveblocrecherche();
 }
 
@@ -80,20 +82,31 @@ void BlocRecherche::reprend(const QString& ligne) {
 
 void BlocRecherche::ajouteligne(const QString& ligne) {
     resultat_->addItem(ligne);
-    if (resultat_->count() == 1)
-        emit remplie();
     constexpr int image = 16;
     if (depuislignes_.isValid() && !depuislignes_.hasExpired(image) && resultat_->count() > 1)
         return;
     depuislignes_.start();
+    emit change();
     moveblocrecherche();
     resultat_->viewport()->repaint();
+}
+
+int BlocRecherche::hauteurvoulue() const {
+    if (resultat_->count() == 0)
+        return 0;
+    const int note = note_->isHidden() ? 0 : note_->heightForWidth(largeurdesparties()) + look::spacing;
+    const int tout = marge + hauteurligne() + look::spacing + note + hauteurresultat() + look::spacing;
+    return std::max(tout, hauteuravecresultat() + 1);
+}
+
+/// Higher than this it has room for its result.
+int BlocRecherche::hauteuravecresultat() const {
+    return hauteurligne() + 3 * look::spacing + 2 * resultat_->fontMetrics().height();
 }
 
 void BlocRecherche::moveblocrecherche() {
     const int largeur = largeurdesparties();
     const int gauche = (width() - largeur) / 2;
-    constexpr int marge = look::grid + look::grid / 2;
     const int ligne = hauteurligne();
     const int empile =
         etiquette_->sizeHint().height() + look::grid + mots_->sizeHint().height() + look::spacing + ligne + 2 * marge;
@@ -103,7 +116,7 @@ void BlocRecherche::moveblocrecherche() {
     // Wide and low, as above the text: one line, which in a narrow window does without the label. Narrow, as beside it:
     // one below the other.
     const bool uneligne = large || height() < empile;
-    const bool avecresultat = height() - ligne - 3 * look::spacing > 2 * resultat_->fontMetrics().height();
+    const bool avecresultat = height() > hauteuravecresultat();
     int haut = !avecresultat ? std::max(0, (height() - ligne) / 2) : marge;
     etiquette_->setVisible(large || (!uneligne && etiquette_->sizeHint().width() <= largeur));
     haut = (uneligne ? disposeligne(gauche, haut, largeur) : disposepile(gauche, haut, largeur)) + look::spacing;

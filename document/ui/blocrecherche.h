@@ -25,11 +25,13 @@ public:
     QListWidget* resultat() const { return resultat_; }
     /// Adds a line to the result and shows it, though a search goes on.
     void ajouteligne(const QString& ligne);
+    /// Pixels that all it says takes above the text; 0 while that is its line alone.
+    int hauteurvoulue() const;
     /// Says what came of the last search, until another begins or other words are typed.
     void dit(const BilanRecherche& bilan);
 
 signals:
-    void remplie(); ///< the result has got a first line
+    void change(); ///< it has more or less to say
     /// The words are to be looked up: the button, Return in the box, or a click on a line of the result, whose word has
     /// gone into the box. All documents are wanted, however many, where the last search has shown some of them only.
     void recherche(const QString& mots, bool tous);
@@ -45,6 +47,7 @@ private:
     int largeurdesparties() const;
     int hauteurligne() const;
     int hauteurresultat() const;
+    int hauteuravecresultat() const;
     /// Places the label, if it is shown, the box and the button in a line or one below the other; returns where that
     /// ends.
     int disposeligne(int gauche, int haut, int largeur);

@@ -14,7 +14,6 @@
 #include <QPointer>
 
 #include <algorithm>
-#include <utility>
 
 namespace velm {
 
@@ -25,9 +24,12 @@ DivisionTextes::DivisionTextes(const Parties& parties, QWidget* fenetre)
     SplitterBar& listev = parties_.volet.separateurlistev();
     for (SplitterBar* barre : {&parties_.panneau.separateur(), &listeh, &listev})
         suit(*barre);
-    connect(&parties_.panneau, &PanneauTextes::remplie, this, [this] {
-        if (std::exchange(disposition_.ligneseule, false))
+    connect(&parties_.panneau, &PanneauTextes::grandit, this, [this](int hauteur) {
+        // It does not shrink while somebody types; what has been drawn by hand stays.
+        if (disposition_.hauteurbloc > 0 && hauteur > disposition_.hauteurbloc) {
+            disposition_.hauteurbloc = hauteur;
             place();
+        }
     });
     connect(&parties_.panneau.separateur(), &SplitterBar::usualPlaceWanted, this, [this] {
         disposition_.prendplacehabituelle();
@@ -80,7 +82,7 @@ void DivisionTextes::ouvrebloc(Bloc bloc) {
 
 void DivisionTextes::choisit(Bloc bloc) {
     parties_.panneau.choisit(bloc);
-    disposition_.ligneseule = parties_.panneau.ligneseule();
+    disposition_.hauteurbloc = parties_.panneau.hauteurvoulue();
     disposition_.deplaceseparateur();
     montrebloc();
     parties_.barre.update();
@@ -88,7 +90,7 @@ void DivisionTextes::choisit(Bloc bloc) {
 
 void DivisionTextes::changearrangement(Arrangement arrangement) {
     disposition_.changearrangement(arrangement);
-    disposition_.ligneseule = parties_.panneau.ligneseule();
+    disposition_.hauteurbloc = parties_.panneau.hauteurvoulue();
     place();
 }
 
@@ -136,11 +138,11 @@ void DivisionTextes::applique() {
     parties_.barre.setGeometry(0, 0, fenetre_->width(),
                                std::min(parties_.barre.sizeHint().height(), fenetre_->height()));
     parties_.panneau.separateur().setOrientation(disposition_.droite() ? Qt::Vertical : Qt::Horizontal);
-    parties_.panneau.place(pixelsdetwips(places.panneau));
     montre(&parties_.panneau.separateur(), places.separateur);
-    // Some air between the end of the sheet and what is no part of it.
+    // Some air between the end of the sheet, with the panel beside it, and what is no part of them.
     const int air = places.separateurlisteh.isEmpty() ? 0 : look::grid;
     parties_.vue.setGeometry(pixelsdetwips(places.rtfRichTextBox1).adjusted(0, 0, 0, -air));
+    parties_.panneau.place(pixelsdetwips(places.panneau).adjusted(0, 0, 0, disposition_.droite() ? -air : 0));
     montre(&parties_.volet.separateurlisteh(), places.separateurlisteh);
     montre(&parties_.volet.separateurlistev(), places.separateurlistev);
     montre(liens.entete(), places.entetelistedesliens, liens.hauteurentete());

@@ -5,13 +5,13 @@
 #include "document/ui/blocrecherche.h"
 #include "document/ui/suiviliste.h"
 #include "document/ui/suivisommaire.h"
+#include "platform/base/twips.h"
 #include "platform/widgets/frame/splitterbar.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "platform/widgets/look/icons.h"
 #include "platform/widgets/tree/treeview.h"
 
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPointer>
 
 #include <algorithm>
@@ -56,7 +56,7 @@ void PanneauTextes::construitarbre() {
 
 void PanneauTextes::construitrecherche() {
     recherche_->setEnabled(contexte_.mots.cherchable());
-    connect(recherche_, &BlocRecherche::remplie, this, &PanneauTextes::remplie);
+    connect(recherche_, &BlocRecherche::change, this, [this] { emit grandit(hauteurvoulue()); });
     contexte_.mots.complete(*recherche_->Textedico());
     connect(recherche_, &BlocRecherche::recherche, this, [this](const QString& mots, bool tous) {
         const QPointer bloc(recherche_);
@@ -72,8 +72,8 @@ void PanneauTextes::construitrecherche() {
     });
 }
 
-bool PanneauTextes::ligneseule() const {
-    return bloc_ == Bloc::Recherche && recherche_->resultat()->count() == 0;
+int PanneauTextes::hauteurvoulue() const {
+    return bloc_ == Bloc::Recherche ? std::max(twipsFromPixels(recherche_->hauteurvoulue()), 1) : 0;
 }
 
 FlexGrid& PanneauTextes::flex() const {

@@ -29,8 +29,8 @@ public:
     FlexGrid& flex() const;
     SplitterBar& separateur() const { return *separateur_; }
     Bloc bloc() const { return bloc_; }
-    /// The block is the search, which has no result to show below its line.
-    bool ligneseule() const;
+    /// Twips that the search needs above the text; 0 for a block that takes what there is.
+    int hauteurvoulue() const;
 
     /// Takes what was stored for the window: what the list is to look like when it is filled.
     void charge(const ReglagesTextes& reglages);
@@ -53,7 +53,7 @@ public:
     void donnefocus();
 
 signals:
-    void remplie();                       ///< the search has a first line to show
+    void grandit(int hauteur);            ///< the search may want another height, twips
     void ouverte(const Cle& cle);         ///< a document of the list is wanted
     void ouvertedelarbre(const Cle& cle); ///< one of the tree
 

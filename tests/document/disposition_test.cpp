@@ -181,7 +181,7 @@ TEST(DispositionTextes, ANarrowWindowIsForTheTextUntilItsPanelIsWanted) {
 TEST(DispositionTextes, ASearchWithoutAResultTakesItsLineAlone) {
     DispositionTextes d = disposition(Arrangement::Dessus, 4800);
     const int texte = d.places().rtfRichTextBox1.height();
-    d.ligneseule = true;
+    d.hauteurbloc = 1;
     d.deplaceseparateur();
     EXPECT_EQ(d.places().panneau.height(), 640);
     EXPECT_GT(d.places().rtfRichTextBox1.height(), texte);
@@ -189,9 +189,19 @@ TEST(DispositionTextes, ASearchWithoutAResultTakesItsLineAlone) {
     d.lache(u"separateur"_s, {0, 480 + 2000});
     EXPECT_EQ(d.places().panneau.height(), 2000) << "the user's hand decides";
     d.arrangement = Arrangement::ACote;
-    d.ligneseule = true;
+    d.hauteurbloc = 1;
     d.deplaceseparateur();
     EXPECT_EQ(d.places().panneau.width(), d.posseparateur);
+}
+
+TEST(DispositionTextes, ASearchAboveTheTextIsAsHighAsWhatItHasToSay) {
+    DispositionTextes d = disposition(Arrangement::Dessus, 4800);
+    d.hauteurbloc = 1500;
+    d.deplaceseparateur();
+    EXPECT_EQ(d.places().panneau.height(), 1500);
+    d.hauteurbloc = 9000;
+    d.deplaceseparateur();
+    EXPECT_EQ(d.places().panneau.height(), 4800 - 360) << "and no higher than its bar has been put";
 }
 
 TEST(DispositionTextes, AFirstPanelIsWideEnoughForTitlesBesideTheText) {

@@ -2,6 +2,9 @@
 #include "document/ui/blocrecherche.h"
 #include "tests/document/ui/textes_base.h"
 
+#include <QListWidget>
+#include <QScrollBar>
+
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
 using FenetreTextes = velm::test::BaseTextes;
@@ -74,12 +77,41 @@ TEST_F(FenetreTextes, ASearchAboveTheTextTakesMoreThanItsLineOnlyForAResult) {
     bloc->dit({u"Aucun document"_s, true, false});
     EXPECT_EQ(bloc->height(), ligne) << "what is said has room behind the button";
     bloc->ajouteligne(u"garantie : 27 ( 11 )"_s);
-    EXPECT_EQ(bloc->height(), pixelsFromTwips(4800 - 360));
-    EXPECT_TRUE(controle(fenetre, u"resultat"_s)->isVisible());
+    bloc->dit({u"« garantie » : 11 documents ici"_s, false, false});
+    const int une = bloc->height();
+    auto* resultat = controle<QListWidget>(fenetre, u"resultat"_s);
+    EXPECT_TRUE(resultat->isVisible());
+    EXPECT_EQ(resultat->verticalScrollBar()->maximum(), 0);
+    EXPECT_LT(une, pixelsFromTwips(4800 - 360) / 2) << "no empty room below it";
+    bloc->ajouteligne(u"vendeur : 29 ( 9 )"_s);
+    bloc->dit({u"« garantie vendeur » : 11 documents ici"_s, false, false});
+    EXPECT_GT(bloc->height(), une);
+    const int deux = bloc->height();
+    bloc->dit({});
+    EXPECT_EQ(bloc->height(), deux) << "the text does not move while somebody types";
     presse(fenetre, u"arbre"_s);
     EXPECT_EQ(fenetre.panneau().arbre().height(), pixelsFromTwips(4800 - 360));
     presse(fenetre, u"recherchedico"_s);
-    EXPECT_EQ(bloc->height(), pixelsFromTwips(4800 - 360)) << "the result is there still";
+    EXPECT_GT(bloc->height(), ligne) << "the result is there still";
+    EXPECT_LE(bloc->height(), deux);
+    emit fenetre.panneau().separateur().dropped(200);
+    const int main = bloc->height();
+    EXPECT_GT(main, deux);
+    for (int mot = 0; mot < 30; ++mot)
+        bloc->ajouteligne(u"bail : 3 ( 1 )"_s);
+    bloc->dit({u"6 documents"_s, false, false});
+    EXPECT_EQ(bloc->height(), main) << "as the user's hand has it";
+}
+
+TEST_F(FenetreTextes, ThePanelBesideTheTextEndsWhereTheSheetDoes) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"arbre"_s);
+    fenetre.resize(900, 600);
+    const QWidget& arbre = fenetre.panneau().arbre();
+    ASSERT_TRUE(arbre.isVisible());
+    EXPECT_EQ(arbre.geometry().top(), fenetre.vue().geometry().top());
+    EXPECT_EQ(arbre.geometry().bottom(), fenetre.vue().geometry().bottom());
 }
 
 TEST_F(FenetreTextes, ABarAtZeroDependsOnTheSelectionList) {
