@@ -1,5 +1,6 @@
 #include "shell/fenetremotcle.h"
 
+#include "core/nombres.h"
 #include "core/tablereglages.h"
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/grid/flexgrid.h"
@@ -26,9 +27,14 @@ FenetreMotcle::FenetreMotcle(const ContexteListe& contexte, Corpus& corpus, QWid
     : FenetreListe(descriptionmotcle(contexte.texte), contexte, parent), corpus_(corpus) {
     flex().setObjectName(u"tableau"_s);
     flex().setEmptyText(contexte.texte(Texte::AucunMotCle));
+    const auto enmilliers = [texte = contexte.texte](const QString& nombre) {
+        bool entier = false;
+        const qint64 valeur = nombre.toLongLong(&entier);
+        return entier ? nombreecrit(valeur, texte) : nombre;
+    };
     for (int colonne = 0; colonne < flex().cols(); ++colonne) {
         if (flex().colData(colonne) == ListeMotcle::Nombre)
-            flex().setColAlignment(colonne, FlexGrid::Align::Right);
+            flex().setColAlignment(colonne, FlexGrid::Align::Right, enmilliers);
     }
     // Each has its number beside it, however narrow the list.
     flex().setNarrowBelow(0);

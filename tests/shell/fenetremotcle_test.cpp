@@ -43,6 +43,15 @@ TEST_F(FenetreMotcleTest, AllKeywordsAreListedWithTheirCounts) {
     EXPECT_FALSE(tableau().view()->horizontalHeader()->isSectionHidden(1)) << "numbers stay beside narrow keywords";
 }
 
+TEST_F(FenetreMotcleTest, ThousandsArePartedForTheEyeAlone) {
+    ASSERT_TRUE(ouvrebase()->execute(u"UPDATE motclés SET nbarticle=1535 WHERE motcle='Achat'"_s));
+    ASSERT_NO_FATAL_FAILURE(avecmotscles());
+    const QAbstractItemModel& modele = *tableau().view()->model();
+    EXPECT_EQ(modele.data(modele.index(0, 1), Qt::DisplayRole).toString(), u"1\u202f535");
+    EXPECT_EQ(modele.data(modele.index(2, 1), Qt::DisplayRole).toString(), u"3");
+    EXPECT_EQ(tableau().text(1, 1), u"1535") << "what is copied can be computed with";
+}
+
 TEST_F(FenetreMotcleTest, AClickListsTheDocumentsOfTheKeyword) {
     ASSERT_NO_FATAL_FAILURE(avecmotscles());
     programme->selection().controle().remplissage().remplitdecles({u"CO000003"_s});

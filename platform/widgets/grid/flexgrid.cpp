@@ -76,8 +76,8 @@ int FlexGrid::colWidth(int col) const {
     return d_->columns.width(col);
 }
 
-void FlexGrid::setColAlignment(int col, Align align) {
-    d_->columns.setAlignment(col, align);
+void FlexGrid::setColAlignment(int col, Align align, Wording wording) {
+    d_->columns.setAlignment(col, align, std::move(wording));
 }
 
 void FlexGrid::setColData(int col, int number) {

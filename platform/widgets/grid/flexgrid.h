@@ -37,6 +37,7 @@ public:
     enum class Align { Left, Centre, Right };
     enum class Mark { None, Ascending, Descending };
     using Picture = std::function<QIcon(const QString& text)>;
+    using Wording = std::function<QString(const QString& text)>;
 
     // ---- columns
     void setCols(int count);
@@ -44,7 +45,8 @@ public:
     /// A width of 0 hides the column.
     void setColWidth(int col, int twips);
     int colWidth(int col) const;
-    void setColAlignment(int col, Align align); ///< of the cells and of the header
+    /// Of the cells and of the header. Cells show what a wording makes of their texts; all else goes by the texts.
+    void setColAlignment(int col, Align align, Wording wording = {});
     /// A number that the owner keeps with a column; it moves with it.
     void setColData(int col, int number);
     int colData(int col) const;

@@ -268,10 +268,11 @@ void GridColumns::move(int place, int to) {
     arrange();
 }
 
-void GridColumns::setAlignment(int place, Align align) {
+void GridColumns::setAlignment(int place, Align align, FlexGrid::Wording wording) {
     if (!has(place))
         return;
     column(place).align = align;
+    column(place).wording = std::move(wording);
     model_.headerChanged(logical(place));
     view_.viewport()->update();
 }

@@ -49,7 +49,7 @@ public:
     /// See FlexGrid::fitShares().
     void fitShares();
     void move(int place, int to);
-    void setAlignment(int place, Align align); ///< of the cells and of the header
+    void setAlignment(int place, Align align, FlexGrid::Wording wording); ///< of the cells and of the header
     /// See FlexGrid::setColPicture().
     void setPicture(int place, FlexGrid::Picture picture, int before);
     void setData(int place, int number);

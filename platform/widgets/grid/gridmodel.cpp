@@ -28,12 +28,17 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     switch (role) {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
-        return text(index.row(), index.column());
+        return shown(index.row(), index.column());
     case Qt::TextAlignmentRole:
         return alignmentOf(column(index.column()).align);
     default:
         return {};
     }
+}
+
+QString GridModel::shown(int row, int ofColumn) const {
+    const FlexGrid::Wording& wording = column(ofColumn).wording;
+    return wording ? wording(text(row, ofColumn)) : text(row, ofColumn);
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -15,6 +15,7 @@ public:
         QString header;
         QString widest; ///< of its texts, that it is to have room for
         FlexGrid::Align align = FlexGrid::Align::Left;
+        FlexGrid::Wording wording;
         FlexGrid::Mark mark = FlexGrid::Mark::None;
         FlexGrid::Picture picture;
         FlexGrid::Picture before; ///< of the text that another column has, before this one's own
@@ -44,6 +45,7 @@ public:
     /// Rows as they are now.
     int count() const { return source_ ? source_->rowCount() : rows_.count(); }
     QString text(int row, int column) const;
+    QString shown(int row, int ofColumn) const; ///< what the eye is given for it
     bool same(int row, int other, int column) const { return text(row, column) == text(other, column); }
     void setText(int row, int column, const QString& text);
     void resize(int count);
