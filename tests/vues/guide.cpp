@@ -2,6 +2,7 @@
 
 #include "document/ui/textes.h"
 #include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/grid/flexgrid.h"
 #include "search/ui/frmvelmorselect.h"
 #include "shell/actions.h"
 #include "shell/ecrangeneral.h"
@@ -21,6 +22,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTest>
 #include <QToolButton>
 
@@ -195,6 +197,11 @@ void Guide::rightClick(const QString& name, QWidget* widget, std::optional<QPoin
         if (!foremost())
             QCoreApplication::sendEvent(widget, &event);
     });
+}
+
+void Guide::rightClickRow(const QString& name, const FlexGrid& grid) {
+    QTableView& view = *grid.view();
+    rightClick(name, view.viewport(), view.visualRect(view.currentIndex()).center());
 }
 
 void Guide::tipOf(const QString& name, QWidget* widget) {

@@ -12,6 +12,7 @@
 #include <memory>
 
 namespace velm {
+class FlexGrid;
 class Textes;
 class Toolbar;
 } // namespace velm
@@ -76,6 +77,8 @@ public:
     /// Types the beginning of a word, and has what is offered looked at.
     void lookAtOffer(const QString& name, const QWidget* within, const QString& field, const QString& beginning);
     void rightClick(const QString& name, QWidget* widget, std::optional<QPoint> place = {});
+    /// On the row that is chosen: below the last one there is no menu.
+    void rightClickRow(const QString& name, const FlexGrid& grid);
     void tipOf(const QString& name, QWidget* widget);
     void tab(int number);
 

@@ -35,8 +35,8 @@ void splash(Guide& guide) {
     const QString folder = guide.host().folder();
     Langue language([](const QString&) {});
     language.choisitfichier(folder, folder, guide.manner().language);
-    frmSplash window({language.lireressource(Texte::NomDuProgramme), language.lireressource(Texte::Version) + u" 1.0"_s,
-                      language.lireressource(Texte::NomComplet)});
+    frmSplash window({language.lireressource(Texte::NomDuProgramme),
+                      language.lireressource(Texte::Version) + u" 1.0.0"_s, language.lireressource(Texte::NomComplet)});
     window.changeetape(language.lireressource(Texte::Recherche));
     window.show();
     guide.look(u"splash"_s, &window);

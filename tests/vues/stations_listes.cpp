@@ -38,7 +38,7 @@ void lookAround(Guide& guide, FenetreTypes& list, const QString& name, int title
     guide.look(name);
     list.flex().setRow(2);
     list.flex().view()->setFocus();
-    guide.rightClick(u"context-"_s + name, list.flex().view()->viewport());
+    guide.rightClickRow(u"context-"_s + name, list.flex());
     sort(list, title);
     guide.look(name + u"-sorted"_s);
     guide.press(list.barre(), u"typeflex"_s);

@@ -42,7 +42,7 @@ void numbers(Guide& guide) {
     emit window->flex().doubleClicked(0, ListeNumero::Titre);
     window->flex().setRow(2);
     window->flex().view()->setFocus();
-    guide.rightClick(u"context-numbers"_s, window->flex().view()->viewport());
+    guide.rightClickRow(u"context-numbers"_s, window->flex());
     guide.look(u"numbers-sorted"_s);
     lookFor(guide, *window, u"notexte"_s, u"ZZ-9999"_s);
     guide.look(u"numbers-nothing"_s);
@@ -61,7 +61,7 @@ void keywords(Guide& guide) {
     window->flex().view()->setFocus();
     QTest::keyClick(window->flex().view(), Qt::Key_Return);
     guide.look(u"keywords-listed"_s);
-    guide.rightClick(u"context-keywords"_s, window->flex().view()->viewport());
+    guide.rightClickRow(u"context-keywords"_s, window->flex());
     guide.command(Ordre::MotCle);
 }
 

@@ -38,6 +38,7 @@ void searchForm(Guide& guide) {
     auto* const types = guide.form() ? guide.form()->findChild<QComboBox*>(u"combotype"_s) : nullptr;
     if (!visibleOne(types))
         return guide.miss(u"form-types"_s);
+    types->setFocus(); // in a low window it lies out of sight until then
     types->showPopup();
     guide.look(u"form-types"_s);
     types->hidePopup();
@@ -71,8 +72,7 @@ void listOfResults(Guide& guide) {
     guide.look(u"results-marks"_s);
     guide.pressInWindow(u"motsuivant"_s);
     guide.look(u"results-next-mark"_s);
-    guide.rightClick(u"context-results"_s, panel.flex().view()->viewport(),
-                     panel.flex().view()->visualRect(panel.flex().view()->currentIndex()).center());
+    guide.rightClickRow(u"context-results"_s, panel.flex());
     const double narrow = panel.largeurpane();
     constexpr double wider = 2.6;
     panel.changelargeurpane(wider * narrow);

@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QMdiSubWindow>
+#include <QRegularExpression>
 #include <QTableView>
 #include <QTest>
 #include <QToolButton>
@@ -22,6 +23,13 @@ namespace velm::vues {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+/// One that is found: of another collection the article has other words.
+QString wordOf(const QString& text) {
+    const QString usual = u"taux"_s;
+    const auto longer = QRegularExpression(u"\\w{6,}"_s).match(text);
+    return text.contains(usual) || !longer.hasMatch() ? usual : longer.captured();
+}
 
 /// A top-level window of a name that is seen; null for none.
 QWidget* windowNamed(const QString& name) {
@@ -97,7 +105,11 @@ void links(Guide& guide) {
     guide.look(u"links-closed"_s);
     turn();
     guide.look(u"links-open"_s);
-    guide.rightClick(u"context-links"_s, guide.front()->volet().liens().grille()->view()->viewport());
+    FlexGrid* const cited = guide.front()->volet().liens().grille();
+    // Of another collection the article may cite nothing.
+    FlexGrid* const listed = cited->rows() > 1 ? cited : guide.front()->volet().correlats().grille();
+    listed->setRow(1);
+    guide.rightClickRow(u"context-links"_s, *listed);
     guide.open(sampleTable);
     if (!open())
         turn();
@@ -112,7 +124,7 @@ void finding(Guide& guide) {
     if (!finder)
         return guide.miss(u"find"_s);
     guide.look(u"find"_s, finder);
-    guide.type(finder, u"txtFind"_s, u"taux"_s);
+    guide.type(finder, u"txtFind"_s, wordOf(guide.front()->vue().control().text()));
     pressReturn();
     guide.look(u"find-found"_s, finder);
     guide.type(finder, u"txtFind"_s, u"zzzqq"_s);

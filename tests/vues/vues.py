@@ -23,14 +23,14 @@ HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parents[1]
 SCREENS = {"1366x768": (100, 150, 200), "1920x1080": (100, 200)}
 PALETTES = ("light", "dark")
-LANGUAGES = ("FR", "EN")
+LOCALES = {"FR": "fr_FR.UTF-8", "EN": "en_GB.UTF-8"}
 LONGEST = 240  # seconds for one walk
 SKIPPED = 77
 
 
 def combinations(words):
     for screen, scales in SCREENS.items():
-        for scale, palette, language in itertools.product(scales, PALETTES, LANGUAGES):
+        for scale, palette, language in itertools.product(scales, PALETTES, LOCALES):
             name = f"{screen}-{scale}-{palette}-{language}"
             if all(word in name.split("-") for word in words):
                 yield name
@@ -46,7 +46,8 @@ def walk(name, chosen):
         command.append("--dark")
     if chosen.base:
         command += ["--base", str(chosen.base)]
-    around = dict(os.environ, VELM_ECRAN=screen, VELM_ECHELLE=str(int(scale) / 100))
+    # The names of months are the system's.
+    around = dict(os.environ, VELM_ECRAN=screen, VELM_ECHELLE=str(int(scale) / 100), LC_TIME=LOCALES[language])
     begun = time.monotonic()
     try:
         done = subprocess.run(command, env=around, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True,
