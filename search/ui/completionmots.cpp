@@ -1,5 +1,6 @@
 #include "search/ui/completionmots.h"
 
+#include "platform/widgets/look/popuprows.h"
 #include "search/motscommencant.h"
 
 #include <QAbstractItemView>
@@ -50,6 +51,7 @@ void CompletionMots::propose() {
     }
     modele_->setStringList(mots);
     liste_->complete();
+    cutToWholeRows(*liste_->popup(), *liste_->popup(), *ligne_);
     // A list that takes the focus makes its first row the current one: nothing is chosen yet.
     liste_->popup()->selectionModel()->clear();
 }

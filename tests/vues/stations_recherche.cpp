@@ -39,6 +39,7 @@ void searchForm(Guide& guide) {
     if (!visibleOne(types))
         return guide.miss(u"form-types"_s);
     types->setFocus(); // in a low window it lies out of sight until then
+    QCoreApplication::processEvents();
     types->showPopup();
     guide.look(u"form-types"_s);
     types->hidePopup();

@@ -66,9 +66,11 @@ bool takesWords(const QWidget& widget) {
     return text && !text->isReadOnly();
 }
 
+/// In what a field offers, the chosen row says where one is.
 bool canHaveRing(const QWidget& widget) {
-    return !isHost(widget) && !widget.property(ownFocus).toBool() && !qobject_cast<const QMdiSubWindow*>(&widget) &&
-           !qobject_cast<const QMdiArea*>(&widget) && !qobject_cast<const QMenuBar*>(&widget);
+    return !isHost(widget) && widget.window()->windowType() != Qt::Popup && !widget.property(ownFocus).toBool() &&
+           !qobject_cast<const QMdiSubWindow*>(&widget) && !qobject_cast<const QMdiArea*>(&widget) &&
+           !qobject_cast<const QMenuBar*>(&widget);
 }
 
 /// The part of a widget that has the focus.

@@ -4,6 +4,7 @@
 #include "platform/widgets/look/boxpaint.h"
 #include "platform/widgets/look/icons.h"
 #include "platform/widgets/look/look.h"
+#include "platform/widgets/look/popuprows.h"
 #include "platform/widgets/look/titlepaint.h"
 
 #include <QAbstractItemView>
@@ -96,6 +97,11 @@ bool liesInBox(const QWidget* widget) {
     return widget && qobject_cast<const QComboBox*>(widget->parentWidget());
 }
 
+/// What is offered below a field is read as a list is.
+bool isOffered(const QWidget* widget) {
+    return qobject_cast<const QAbstractItemView*>(widget) && widget->window()->windowType() == Qt::Popup;
+}
+
 bool isPopupOfBox(const QWidget* widget) {
     return widget && widget->inherits("QComboBoxPrivateContainer");
 }
@@ -146,8 +152,9 @@ void FrameStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     switch (element) {
     case PE_FrameWindow:
         return drawWindowFrame(*option, *painter);
-    case PE_FrameFocusRect:
-        return; // the focus has its ring
+    case PE_FrameFocusRect: // the focus has its ring
+    case PE_FrameTabBarBase:
+        return;
     case PE_PanelButtonCommand:
         return drawPushButton(*option, *painter);
     case PE_PanelLineEdit:
@@ -181,8 +188,6 @@ void FrameStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         return painter->fillRect(
             option->rect,
             option->palette.color(qobject_cast<const QAbstractItemView*>(widget) ? QPalette::Base : QPalette::Window));
-    case PE_FrameTabBarBase:
-        return;
     case PE_Frame:
         if (!isPopupOfBox(widget))
             return drawOutline(*option, *painter);
@@ -250,6 +255,10 @@ QSize FrameStyle::sizeFromContents(ContentsType type, const QStyleOption* option
         if (widget && qobject_cast<const QToolBar*>(widget->parentWidget()))
             return contents + QSize(2 * barPadding, 2 * barPadding);
         break;
+    case CT_ItemViewItem:
+        if (isOffered(widget))
+            return {usual.width(), usual.height() + 2 * look::grid};
+        break;
     case CT_MenuItem:
         if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
             item && item->menuItemType != QStyleOptionMenuItem::Separator)
@@ -288,6 +297,8 @@ int FrameStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
 
 void FrameStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
+    if (isPopupOfBox(widget))
+        keepRowsWhole(*widget);
     auto* bar = qobject_cast<QScrollBar*>(widget);
     if (!bar)
         return;

@@ -4,6 +4,8 @@
 #include "tests/search/ui/formulaire_support.h"
 
 #include <QAbstractItemView>
+#include <QCompleter>
+#include <QScreen>
 
 using namespace velm;
 using namespace velm::test;
@@ -115,4 +117,37 @@ TEST_F(CompletionTest, WordsAreFoundWhateverTheirCaseAndAccents) {
     EXPECT_EQ(corpus.dico().text(u"mot"_s), u"CONTRAT");
     corpus.fermebase();
     EXPECT_TRUE(motscommencant(corpus, u"cl"_s, 10).isEmpty());
+}
+
+/// On a low screen, above and below the field.
+TEST(CompletionMotsTest, NoRowOfTheListIsCut) {
+    QWidget fenetre;
+    auto* ligne = new QLineEdit(&fenetre);
+    const auto mots = [](const QString&, int nombre) { return QStringList(nombre, u"garantie"_s); };
+    auto* completion = new CompletionMots(ligne, mots, u" "_s, u"Mots"_s);
+    QAbstractItemView& liste = *completion->findChild<QCompleter*>()->popup();
+    QFont grande = fenetre.font();
+    grande.setPixelSize(60);
+    liste.setFont(grande);
+    const int ecran = fenetre.screen()->availableGeometry().height();
+    for (const int haut : {ecran / 5, ecran / 2 - 20, ecran * 3 / 4}) {
+        fenetre.setGeometry(0, haut, 300, 40);
+        fenetre.show();
+        QApplication::setActiveWindow(&fenetre);
+        ligne->setFocus();
+        ligne->clear();
+        QTest::keyClicks(ligne, u"ga"_s);
+        EVENTUALLY(completion->montree());
+        const int rangee = liste.sizeHintForRow(0);
+        EXPECT_EQ(liste.viewport()->height() % rangee, 0) << haut;
+        EXPECT_GE(liste.viewport()->height(), rangee);
+        EXPECT_LE(liste.viewport()->height(), 10 * rangee);
+        const QRect champ = QRect(ligne->mapToGlobal(QPoint()), ligne->size()).adjusted(0, 4, 0, -4);
+        EXPECT_FALSE(liste.geometry().intersects(champ)) << haut;
+        EXPECT_LT(std::min(std::abs(liste.geometry().top() - champ.bottom()),
+                           std::abs(liste.geometry().bottom() - champ.top())),
+                  12)
+            << "beside the field";
+        completion->renonce();
+    }
 }

@@ -4,6 +4,7 @@
 #include "tests/support/show_in_front.h"
 #include "tests/support/styleofprogram.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
@@ -112,6 +113,18 @@ TEST_F(FocusRingTest, WhatTakesWordsHasItAlways) {
     text.setReadOnly(true);
     text.setFocus(Qt::MouseFocusReason);
     EXPECT_EQ(ring->around(), nullptr);
+}
+
+TEST_F(FocusRingTest, WhatABoxOffersHasNone) {
+    QComboBox box(&window);
+    box.addItems({u"Article"_s, u"Loi"_s});
+    box.show();
+    box.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(ring->around(), &box);
+    box.showPopup();
+    EXPECT_TRUE(box.view()->isVisible());
+    EXPECT_NE(ring->around(), box.view());
+    box.hidePopup();
 }
 
 TEST_F(FocusRingTest, FollowsWhatMovesGrowsAndGoes) {

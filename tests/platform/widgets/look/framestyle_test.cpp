@@ -1,13 +1,16 @@
 #include "platform/widgets/look/framestyle.h"
 #include "platform/widgets/look/look.h"
 #include "tests/support/contrast.h"
+#include "tests/support/styleofprogram.h"
 
 #include <QComboBox>
 #include <QListView>
 #include <QPainter>
+#include <QScreen>
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QStyledItemDelegate>
 #include <QTextEdit>
 
 #include <gtest/gtest.h>
@@ -99,6 +102,33 @@ TEST_P(FrameStyleTest, WhatABoxOffersIsAListOfAFewRows) {
     EXPECT_GT(box.view()->window()->height(), 3 * box.view()->sizeHintForRow(0));
     EXPECT_LT(box.view()->window()->height(), 20 * box.view()->sizeHintForRow(0));
     box.hidePopup();
+}
+
+/// Where the screen is low, above a field and below it.
+TEST_P(FrameStyleTest, NoRowOfWhatABoxOffersIsCut) {
+    const test::StyleOfProgram ofProgram(GetParam());
+    QWidget window;
+    QComboBox box(&window);
+    box.setItemDelegate(new QStyledItemDelegate(&box));
+    QFont large = box.font();
+    large.setPixelSize(60);
+    box.setFont(large);
+    for (int row = 0; row < 60; ++row)
+        box.addItem(QString::number(row));
+    const int screen = window.screen()->availableGeometry().height();
+    for (const int top : {20, screen / 2 - 20, screen - 200}) {
+        window.setGeometry(0, top, 400, 100);
+        window.show();
+        box.showPopup();
+        const int row = box.view()->sizeHintForRow(0);
+        const QRect offered = box.view()->window()->geometry();
+        EXPECT_EQ(box.view()->viewport()->height() % row, 0) << top;
+        EXPECT_GE(box.view()->viewport()->height(), row) << top;
+        EXPECT_GE(row, box.view()->fontMetrics().height() + 8) << "as rows of lists are";
+        EXPECT_LE(offered.bottom(), screen);
+        EXPECT_GE(offered.top(), 0);
+        box.hidePopup();
+    }
 }
 
 TEST_P(FrameStyleTest, WhatCannotBeHadIsDrawnOnce) {
