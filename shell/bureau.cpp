@@ -187,8 +187,8 @@ int Bureau::nombredeformes() const {
     return static_cast<int>(aire_.children().size()) + 1 + enfabrication_;
 }
 
-void Bureau::majdispositions() {
-    ecran_.montredispositions(nombredeformes() > formesadisposer);
+void Bureau::majdispositions(int fermees) {
+    ecran_.montredispositions(nombredeformes() - fermees > formesadisposer);
 }
 
 void Bureau::suitactive() {

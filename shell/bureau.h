@@ -63,8 +63,9 @@ public:
     Textes* active() const;
     /// Created forms, the frame among them.
     int nombredeformes() const;
-    /// Shows the buttons that arrange windows when there are more than three forms.
-    void majdispositions();
+    /// Shows the buttons that arrange windows when there are more than three forms; `fermees`: close now, and count
+    /// still.
+    void majdispositions(int fermees = 0);
     /// Every window writes what its closing writes, and stays open.
     void notefenetres();
     /// Closes every window for good: none of them shows anything any more.

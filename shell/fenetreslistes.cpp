@@ -109,7 +109,8 @@ void FenetresListes::ditouverte(Ordre ordre, bool ouverte) {
     donnees_.actions.coche(ordre, ouverte);
     if (ordre == Ordre::Index)
         donnees_.bureau.navigation().indexouvert(ouverte);
-    donnees_.bureau.majdispositions();
+    // One that closes still counts.
+    donnees_.bureau.majdispositions(ouverte ? 0 : 1);
 }
 
 void FenetresListes::noteplace(Ordre ordre, const QWidget& fenetre) {
@@ -126,23 +127,22 @@ void FenetresListes::noteplace(Ordre ordre, const QWidget& fenetre) {
 
 ContexteListe FenetresListes::contexteliste(Ordre ordre) {
     const MondeExterieur& monde = donnees_.monde;
-    return {
-        donnees_.reglages,
-        monde.dialogues,
-        monde.imprimante,
-        monde.pressepapiers,
-        monde.sablier,
-        donnees_.texte,
-        [&bureau = donnees_.bureau](const Cle& cle, const QString& ancre) {
-            bureau.navigation().ouvre(cle, {.replier = true, .ancre = ancre});
-        },
-        [&selection = donnees_.selection](const std::vector<Cle>& cles) {
-            QStringList toutes;
-            for (const Cle& cle : cles)
-                toutes << cle.texte();
-            selection.controle().remplissage().remplitdecles(toutes);
-        },
-        [this, ordre](const QWidget& fenetre) { noteplace(ordre, fenetre); }};
+    return {donnees_.reglages,
+            monde.dialogues,
+            monde.imprimante,
+            monde.pressepapiers,
+            monde.sablier,
+            donnees_.texte,
+            [&bureau = donnees_.bureau](const Cle& cle, const QString& ancre) {
+                bureau.navigation().ouvre(cle, {.replier = true, .ancre = ancre});
+            },
+            [&selection = donnees_.selection](const std::vector<Cle>& cles) {
+                QStringList toutes;
+                for (const Cle& cle : cles)
+                    toutes << cle.texte();
+                selection.controle().remplissage().remplitdecles(toutes);
+            },
+            [this, ordre](const QWidget& fenetre) { noteplace(ordre, fenetre); }};
 }
 
 /// What is opened there is a keyword.

@@ -64,13 +64,15 @@ TEST_F(ListesDetailsTest, APlaceThatNoScreenHasCountsAsNone) {
     EXPECT_TRUE(aire().rect().contains(aire().around(&chrono())->geometry().center()));
 }
 
-TEST_F(ListesDetailsTest, ListsAreArrangedWithTheOtherWindows) {
+TEST_F(ListesDetailsTest, ListsCountAmongTheWindowsThatAreArranged) {
     ouvreliste(Ordre::Index);
     ouvreliste(Ordre::Chrono);
-    EXPECT_TRUE(actions().de(Ordre::Cascade).isEnabled());
+    const auto offertes = [this] { return barrecommande().isButtonVisible(u"Cascade"_s); };
+    EXPECT_FALSE(offertes());
+    actions().de(Ordre::MotCle).trigger();
+    EXPECT_TRUE(offertes());
     aire().around(&chrono())->close();
-    aire().around(&index())->close();
-    EXPECT_FALSE(actions().de(Ordre::Cascade).isEnabled());
+    EXPECT_FALSE(offertes());
 }
 
 TEST_F(ListesDetailsTest, AYearGoesToTheTopOfTheRows) {

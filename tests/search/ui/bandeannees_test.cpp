@@ -24,6 +24,7 @@ protected:
     void TearDown() override { QToolTip::hideText(); }
     static QString texte(Texte lequel) {
         return lequel == Texte::NomEtNombre      ? u"%1: %2"_s
+               : lequel == Texte::EntreDesAnnees ? u"%1-%2"_s
                : lequel == Texte::LigneEtiquetee ? u"%1 - %2"_s
                                                  : u"%1 t"_s + QString::number(static_cast<int>(lequel));
     }
