@@ -32,7 +32,6 @@ protected:
         ajoute(u"CO"_s, u"000001"_s, u"avant {I=GL000002}|{I=GL000003} après {L=lien|CO000001}"_s);
         ajoute(u"GL"_s, u"000002"_s, QString(longueur, u'#'));
         ajoute(u"GL"_s, u"000003"_s, u"inclus"_s);
-        ajoute(u"TA"_s, u"000004"_s, QString(200 * longueur, u'x'));
     }
 
     QString chemin() const { return dossier_.filePath(u"velm2000.dat"_s); }
@@ -52,6 +51,14 @@ protected:
             ++abimees;
         }
         ASSERT_GT(abimees, 5);
+    }
+
+    /// One whose body is many times as long.
+    void ajoutelong() const {
+        const auto base = Database::open(chemin(), OpenMode::Shared, corpusSchema());
+        ASSERT_NE(base.database, nullptr);
+        TableWriter documents(*base.database, u"données"_s, {u"référence"_s, u"numart"_s, u"titre"_s, u"contenu"_s});
+        ASSERT_TRUE(documents.add({u"TA"_s, u"000004"_s, u"Titre"_s, rtfde(QString(200 * longueur, u'x'))}));
     }
 
     void ouvre() {
@@ -91,6 +98,7 @@ TEST_F(CorpsIllisibles, ADocumentThatCannotBeReadItselfIsARunTimeError) {
 }
 
 TEST_F(CorpsIllisibles, WhereTheMemoryDoesNotSufficeNothingIsLeftOfTheDocument) {
+    ajoutelong();
     ouvre();
     const GardeArret garde;
     affiche(u"CO"_s, u"000001"_s);

@@ -12,12 +12,10 @@
 #include <QFile>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QProcess>
 #include <QScrollBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QToolButton>
 
 namespace velm::e2e {
@@ -108,19 +106,11 @@ protected:
 class FindingInTheRealCollection : public Finding {
 protected:
     void SetUp() override {
-        const QString source = QStringLiteral(VELM_SOURCE_DIR "/../shared/corpus");
-        if (!QFile::exists(source + u"/documents.jsonl"_s))
+        const QString base = realCollection();
+        if (base.isEmpty())
             GTEST_SKIP() << "the real collection is not at hand";
-        ASSERT_TRUE(folder.isValid());
-        const QString base = folder.filePath(u"velm2000.dat"_s);
-        QProcess compiler;
-        compiler.start(QStringLiteral(VELM_BINARY_DIR "/bin/velmoutil"), {u"compiler"_s, source, base});
-        ASSERT_TRUE(compiler.waitForFinished(300'000));
-        ASSERT_EQ(compiler.exitCode(), 0) << compiler.readAllStandardError().toStdString();
         ASSERT_NO_FATAL_FAILURE(begin(base));
     }
-
-    QTemporaryDir folder;
 };
 
 } // namespace

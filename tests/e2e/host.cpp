@@ -8,7 +8,10 @@
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
+#include <QProcess>
 #include <QThread>
+
+#include <gtest/gtest.h>
 
 namespace velm::e2e {
 
@@ -21,6 +24,22 @@ bool copyInto(const QDir& folder, const QDir& from, const QString& name) {
 }
 
 } // namespace
+
+QString realCollection() {
+    static const QTemporaryDir folder;
+    static const QString compiled = [] {
+        const QString source = QStringLiteral(VELM_SOURCE_DIR "/../shared/corpus");
+        if (!QFile::exists(source + u"/documents.jsonl"_s))
+            return QString();
+        const QString base = folder.filePath(u"velm2000.dat"_s);
+        QProcess compiler;
+        compiler.start(QStringLiteral(VELM_BINARY_DIR "/bin/velmoutil"), {u"compiler"_s, source, base});
+        EXPECT_TRUE(compiler.waitForFinished(300'000));
+        EXPECT_EQ(compiler.exitCode(), 0) << compiler.readAllStandardError().toStdString();
+        return base;
+    }();
+    return compiled;
+}
 
 Host::Host(const QString& base) {
     const QDir portable(QStringLiteral(VELM_BINARY_DIR "/bin"));

@@ -17,6 +17,9 @@ class QMessageBox;
 
 namespace velm::e2e {
 
+/// The real collection, compiled once for all tests; empty where it is not at hand.
+QString realCollection();
+
 class Host {
 public:
     /// `base` is the collection's; the sample's without it.

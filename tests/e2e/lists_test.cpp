@@ -7,9 +7,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QProcess>
 #include <QTableView>
-#include <QTemporaryDir>
 
 namespace velm::e2e {
 
@@ -135,19 +133,11 @@ void Lists::walkTheDates(const QString& picture) {
 class ListsOfTheRealCollection : public Lists {
 protected:
     void SetUp() override {
-        const QString source = QStringLiteral(VELM_SOURCE_DIR "/../shared/corpus");
-        if (!QFile::exists(source + u"/documents.jsonl"_s))
+        const QString base = realCollection();
+        if (base.isEmpty())
             GTEST_SKIP() << "the real collection is not at hand";
-        ASSERT_TRUE(folder.isValid());
-        const QString base = folder.filePath(u"velm2000.dat"_s);
-        QProcess compiler;
-        compiler.start(QStringLiteral(VELM_BINARY_DIR "/bin/velmoutil"), {u"compiler"_s, source, base});
-        ASSERT_TRUE(compiler.waitForFinished(300'000));
-        ASSERT_EQ(compiler.exitCode(), 0) << compiler.readAllStandardError().toStdString();
         ASSERT_NO_FATAL_FAILURE(begin(base));
     }
-
-    QTemporaryDir folder;
 };
 
 } // namespace

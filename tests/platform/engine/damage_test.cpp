@@ -133,7 +133,7 @@ TEST_F(DamageTest, FlippedBytes) {
 
 TEST_F(DamageTest, PagesOfRubbishOrZeros) {
     std::mt19937 random(2);
-    for (qsizetype page = 0; page < whole.size() / 4096; ++page) {
+    for (qsizetype page = 0; page < whole.size() / 4096; page += velm::test::oneInHowMany) {
         QByteArray damaged = whole;
         for (qsizetype i = 0; i < 4096; ++i)
             damaged[page * 4096 + i] = static_cast<char>(page % 2 == 0 ? 0 : random());

@@ -1,5 +1,6 @@
 #include "platform/text/frenchorder.h"
 #include "platform/text/letters.h"
+#include "tests/support/rounds.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -12,7 +13,7 @@ TEST(FrenchOrderTest, EqualsAStableSortByTheKeys) {
     std::mt19937 moteur(17);
     const QString alphabet = u"aAéb\u0000œz"_s;
     const QString commun = u"Un long début commun"_s;
-    for (int ronde = 0; ronde < 400; ++ronde) {
+    for (int ronde = 0; ronde < velm::test::rounds(400); ++ronde) {
         QStringList textes;
         for (int i = 0; i < ronde; ++i) {
             QString texte = i % 3 == 0 ? QString() : commun.left(static_cast<qsizetype>(moteur() % 21));

@@ -1,5 +1,6 @@
 // What the user sees: the pixels that the window really holds, which scrolling moves about without painting them, must
 // always be those that painting the whole view anew would give.
+#include "tests/support/rounds.h"
 #include "viewfixture.h"
 
 #include <QListWidget>
@@ -200,7 +201,7 @@ protected:
             last = road.name;
         }
     }
-    static int steps() { return qEnvironmentVariableIntValue("VELM_LONG") != 0 ? 10'000 : 400; }
+    static int steps() { return qEnvironmentVariableIntValue("VELM_LONG") != 0 ? 10'000 : test::rounds(400); }
 
     int largest_ = 18;   ///< letters, in points
     int mostZoom_ = 250; ///< per cent: together less than what is filled as a shape
