@@ -18,7 +18,7 @@ protected:
     void SetUp() override {
         BaseCriteres::SetUp();
         for (int numero = 1; numero <= courts + longs; ++numero) {
-            const QString corps = numero <= courts ? u"mot"_s : QString(rounds(300'000), u'x') + u" mot"_s;
+            const QString corps = numero <= courts ? u"mot"_s : QString(300'000, u'x') + u" mot"_s;
             pieces.push_back({u"CO"_s + sixchiffres(numero), u"Titre"_s, corps});
         }
         ouvrepieces(false);

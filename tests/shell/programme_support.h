@@ -54,7 +54,7 @@ protected:
                 {QStringLiteral("JP000007"), QStringLiteral("Un arr\u00EAt"), "{\\rtf1\\ansi Trois.\\par}"}};
     }
 
-    void ecritbase() const {
+    virtual void ecritbase() const {
         const auto base = Database::create(dossier.filePath(QStringLiteral("velm2000.dat")), corpusSchema());
         ASSERT_NE(base.database, nullptr);
         TableWriter table(*base.database, QStringLiteral("données"),
