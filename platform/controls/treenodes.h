@@ -1,6 +1,7 @@
 #pragma once
 // The nodes of a tree control, without the control: unique keys, pictures closed and open, tags. Nodes count from 1 in
-// the order of their making; 0 is no node. Views watch through TreeObserver.
+// the order of their making, and the index of one that was removed is given to no other; 0 is no node. Views watch
+// through TreeObserver.
 #include <QHash>
 #include <QString>
 
@@ -19,6 +20,13 @@ public:
     virtual void nodeSelected(int node) = 0;                 ///< the program selected a node
     /// Off: what comes is told when redraw is on again. On: all that was to be told has been told.
     virtual void redrawSwitched(bool on) = 0;
+
+    // ---- a change of the structure, which is told before and after it even while redraw is off; nothing else is told
+    // in between
+    virtual void nodeComes(int parent, int place) = 0; ///< between the children that the parent has
+    virtual void nodeGoes(int node) = 0;               ///< with all below it
+    virtual void nodeMoves(int node, int parent) = 0;  ///< to stand as the last child of another one
+    virtual void rearranged() = 0;                     ///< what was told by one of these three has been done
 };
 
 class TreeNodes {
@@ -33,10 +41,24 @@ public:
     /// The same with the parent's key.
     int addUnder(const QString& parentKey, const QString& key, const QString& text, const QString& image,
                  const QString& selectedImage);
+    enum class Beside { Before, After };
+    /// Adds a sibling right before or after a node, otherwise as add().
+    int addBeside(int sibling, Beside side, const QString& key, const QString& text, const QString& image,
+                  const QString& selectedImage);
+    /// Removes a node with all below it. A selection in it passes to its parent.
+    void remove(int node);
+    /// Makes a node, with all below it, the last child of another one. False, with nothing changed, when that is the
+    /// node itself or below it, or when one of them does not stand. The last child of its parent stays where it is.
+    bool setParent(int node, int parent);
+    /// Another key; false, with nothing changed, when it is in use.
+    bool setKey(int node, const QString& key);
     void clear();
 
+    /// The highest index that was given; some may not stand any more.
     int count() const { return static_cast<int>(nodes_.size()); }
-    bool contains(int node) const { return node >= 1 && node <= count(); }
+    bool contains(int node) const {
+        return node >= 1 && node <= count() && nodes_[static_cast<std::size_t>(node - 1)].stands;
+    }
     /// Index of a key, 0 for none.
     int indexOf(const QString& key) const { return byKey_.value(key, 0); }
 
@@ -86,6 +108,7 @@ private:
         int place = 0;
         int level = 0;
         bool expanded = false;
+        bool stands = true;
         std::vector<int> children;
     };
     /// What is still to be told when redraw comes back on.
@@ -99,6 +122,10 @@ private:
     const Node& at(int node) const { return contains(node) ? nodes_[static_cast<std::size_t>(node - 1)] : none(); }
     Node* find(int node) { return contains(node) ? &nodes_[static_cast<std::size_t>(node - 1)] : nullptr; }
     std::vector<int>& childrenOf(int parent);
+    int make(int parent, const QString& key, const QString& text, const QString& image, const QString& selectedImage);
+    void renumber(int parent, int from);
+    /// The node and all below it, each before what is below it.
+    std::vector<int> branch(int node) const;
     void tellAdded(int node);
     void tellChanged(int node);
     void tellUntold();

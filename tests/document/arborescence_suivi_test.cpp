@@ -12,6 +12,10 @@ struct Compte final : TreeObserver {
     void nodeExpansion(int, bool) override {}
     void nodeSelected(int) override {}
     void redrawSwitched(bool) override { ++redessins; }
+    void nodeComes(int, int) override {}
+    void nodeGoes(int) override {}
+    void nodeMoves(int, int) override {}
+    void rearranged() override {}
     int redessins = 0;
 };
 

@@ -14,6 +14,10 @@ struct Vue final : TreeObserver {
     void nodeExpansion(int, bool) override { ++autres; }
     void nodeSelected(int) override { ++autres; }
     void redrawSwitched(bool) override {}
+    void nodeComes(int, int) override {}
+    void nodeGoes(int) override {}
+    void nodeMoves(int, int) override {}
+    void rearranged() override {}
     int remises = 0;
     int ajouts = 0;
     int autres = 0;

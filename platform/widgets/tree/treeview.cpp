@@ -52,6 +52,16 @@ public:
         view.viewport()->update();
     }
     void redrawSwitched(bool on) override { view.setUpdatesEnabled(on); }
+    void nodeComes(int parent, int place) override { model.comes(parent, place); }
+    void nodeGoes(int node) override {
+        owed.erase(node);
+        model.goes(node);
+    }
+    void nodeMoves(int node, int parent) override { model.moves(node, parent); }
+    void rearranged() override {
+        const QScopedValueRollback guard(program, true);
+        model.rearranged();
+    }
 
     void openAbove(int node) {
         std::vector<int> above;

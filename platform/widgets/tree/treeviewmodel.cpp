@@ -97,11 +97,51 @@ void TreeViewModel::added(int first) {
     for (int node = first; node <= count; ++node) {
         const int parent = nodes_.parent(node);
         const int now = childCount(parent);
-        if (parent >= first || told(parent) == now)
+        if (!nodes_.contains(node) || parent >= first || told(parent) == now)
             continue;
         beginInsertRows(indexOf(parent), told(parent), now - 1);
         told(parent) = now;
         endInsertRows();
+    }
+}
+
+void TreeViewModel::comes(int parent, int place) {
+    change_ = Change::Insertion;
+    parents_ = {parent};
+    beginInsertRows(indexOf(parent), place, place);
+}
+
+void TreeViewModel::goes(int node) {
+    change_ = Change::Removal;
+    parents_ = {nodes_.parent(node)};
+    if (marked_ == node || nodes_.isAbove(node, marked_))
+        marked_ = 0;
+    beginRemoveRows(indexOf(nodes_.parent(node)), nodes_.place(node), nodes_.place(node));
+}
+
+void TreeViewModel::moves(int node, int parent) {
+    change_ = Change::Move;
+    parents_ = {nodes_.parent(node), parent};
+    const int place = nodes_.place(node);
+    beginMoveRows(indexOf(nodes_.parent(node)), place, place, indexOf(parent), nodes_.children(parent));
+}
+
+void TreeViewModel::rearranged() {
+    told_.resize(static_cast<std::size_t>(nodes_.count()) + 1);
+    for (const int parent : parents_)
+        told(parent) = childCount(parent);
+    switch (std::exchange(change_, Change::None)) {
+    case Change::Insertion:
+        endInsertRows();
+        break;
+    case Change::Removal:
+        endRemoveRows();
+        break;
+    case Change::Move:
+        endMoveRows();
+        break;
+    case Change::None:
+        break;
     }
 }
 

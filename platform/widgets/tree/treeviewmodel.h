@@ -32,8 +32,15 @@ public:
     void reset();
     void added(int first);
     void changed(int node);
+    void comes(int parent, int place);
+    void goes(int node);
+    void moves(int node, int parent);
+    /// The end of each of these three.
+    void rearranged();
 
 private:
+    enum class Change { None, Insertion, Removal, Move };
+
     /// How many children of a node have been told; node 0 are the roots.
     int& told(int node) { return told_[static_cast<std::size_t>(node)]; }
     bool isTold(int node) const { return node >= 0 && static_cast<std::size_t>(node) < told_.size(); }
@@ -45,6 +52,8 @@ private:
     std::function<QIcon(const QString& name)> images_;
     std::function<QString(int node)> shown_;
     int marked_ = 0;
+    Change change_ = Change::None;
+    std::vector<int> parents_; ///< those whose children a change concerns
     mutable QHash<QString, QIcon> pictures_;
 };
 

@@ -21,6 +21,14 @@ public:
     }
     void nodeSelected(int node) override { told.push_back("selected " + std::to_string(node)); }
     void redrawSwitched(bool on) override { told.emplace_back(on ? "on" : "off"); }
+    void nodeComes(int parent, int place) override {
+        told.push_back("comes below " + std::to_string(parent) + " at " + std::to_string(place));
+    }
+    void nodeGoes(int node) override { told.push_back("goes " + std::to_string(node)); }
+    void nodeMoves(int node, int parent) override {
+        told.push_back("moves " + std::to_string(node) + " below " + std::to_string(parent));
+    }
+    void rearranged() override { told.emplace_back("rearranged"); }
 
     std::vector<std::string> told;
 };
