@@ -8,7 +8,7 @@ enum class Obstacle {
     None,
     Missing,   ///< there is no such file
     NoFolder,  ///< the folder that it should be written into is not there
-    Exists,    ///< it is there already, and was to be made
+    Exists,    ///< it is there already, and was to be made; of a row, what a unique index has already
     Denied,    ///< this user may not
     NotPlain,  ///< a folder, a pipe, a device
     NotFolder, ///< something else than a folder

@@ -51,6 +51,11 @@ Obstacle obstacleOf(sqlite3* handle) {
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
         return Obstacle::Damaged;
+    case SQLITE_CONSTRAINT: {
+        const int which = sqlite3_extended_errcode(handle);
+        const bool repeated = which == SQLITE_CONSTRAINT_UNIQUE || which == SQLITE_CONSTRAINT_PRIMARYKEY;
+        return repeated ? Obstacle::Exists : Obstacle::Other;
+    }
     default:
         return Obstacle::Other;
     }

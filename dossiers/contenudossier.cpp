@@ -1,0 +1,237 @@
+#include "dossiers/contenudossier.h"
+
+#include "platform/text/number.h"
+
+#include <algorithm>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+/// Where a row stands while it changes its place with another one: places are unique in a dossier.
+constexpr qint64 placeprovisoire = 999999;
+const QString cleprovisoire = u"XXXXXXXXX"_s;
+
+} // namespace
+
+ContenuDossier::ContenuDossier(Magasin& magasin, ListItems& elements, QString libelleextrait)
+    : magasin_(magasin), elements_(elements), libelleextrait_(std::move(libelleextrait)) {}
+
+QString ContenuDossier::suffixe(const Extrait& extrait) const {
+    return extrait.entier() ? QString() : u" ["_s + libelleextrait_ + u']';
+}
+
+void ContenuDossier::liste(qint64 numero) {
+    elements_.setRedraw(false);
+    elements_.clear();
+    Recordset& donnees = magasin_.rsdonnees();
+    donnees.setIndex(u"primarykey"_s);
+    donnees.seek(Seek::GreaterOrEqual, numero);
+    for (; !donnees.eof() && donnees.number(u"arborescence"_s) == numero; donnees.moveNext()) {
+        const Extrait extrait{donnees.number(u"positiondébut"_s), donnees.number(u"positionfin"_s)};
+        const QString code = donnees.text(u"référence"_s);
+        elements_.add(0, cleelement(code + donnees.text(u"numart"_s), donnees.number(u"noordre"_s), extrait),
+                      donnees.text(u"titre"_s) + suffixe(extrait), code);
+    }
+    elements_.setRedraw(true);
+}
+
+void ContenuDossier::ajouteenattente(const ElementEnAttente& element) {
+    const Extrait extrait{element.itemdebut, element.itemlongueur};
+    qint64 k = 1;
+    while (!elements_.add(0, cleelement(element.itemreference, k, extrait), element.itemtitre + suffixe(extrait),
+                          element.itemreference.left(2)))
+        ++k;
+}
+
+bool ContenuDossier::trouve(const QString& cle, qint64 noordre) const {
+    const Cle document = documentdelacle(cle);
+    Recordset& donnees = magasin_.rsdonnees();
+    donnees.setIndex(u"iref"_s);
+    donnees.seek(Seek::Equal, document.code, document.numero, noordre);
+    return !donnees.noMatch();
+}
+
+QString ContenuDossier::titrenu(int index) const {
+    const QString& texte = elements_.text(index);
+    if (!estextrait(elements_.key(index)))
+        return texte;
+    return texte.left(std::max<qsizetype>(0, texte.size() - libelleextrait_.size() - 3));
+}
+
+ContenuDossier::Fait ContenuDossier::renomme(int index, QString& texte) {
+    const QString cle = elements_.key(index);
+    Fait fait;
+    fait.echec = magasin_.ecrit([&] {
+        fait.trouve = trouve(cle, noordredelacle(cle));
+        if (!fait.trouve)
+            return true;
+        Recordset& donnees = magasin_.rsdonnees();
+        donnees.edit();
+        donnees.setValue(u"titre"_s, texte);
+        return donnees.update();
+    });
+    if (estextrait(cle))
+        texte += u" ["_s + libelleextrait_ + u']';
+    return fait;
+}
+
+ContenuDossier::Fait ContenuDossier::supprime(int index, qint64 dossier) {
+    const QString cle = elements_.key(index);
+    Fait fait;
+    fait.echec = magasin_.ecrit([&] {
+        fait.trouve = trouve(cle, noordredelacle(cle));
+        if (!fait.trouve)
+            return true;
+        if (!magasin_.rsdonnees().remove())
+            return false;
+        Recordset& dossiers = magasin_.rsarborescences();
+        dossiers.setIndex(u"primarykey"_s);
+        dossiers.seek(Seek::Equal, dossier);
+        if (dossiers.noMatch())
+            return true;
+        dossiers.edit();
+        dossiers.setValue(u"nbarticles"_s, dossiers.number(u"nbarticles"_s) - 1);
+        return dossiers.update();
+    });
+    if (fait.echec.ok() && fait.trouve)
+        elements_.remove(index);
+    return fait;
+}
+
+ContenuDossier::Fait ContenuDossier::echange(int i, int j) {
+    const QString a = elements_.key(i);
+    const QString b = elements_.key(j);
+    Fait fait;
+    fait.echec = magasin_.ecrit([&] { return inversercontenuordre(i, j, fait.trouve); });
+    if (!fait.echec.ok()) {
+        elements_.setKey(i, cleprovisoire);
+        elements_.setKey(j, b);
+        elements_.setKey(i, a);
+        return fait;
+    }
+    if (!fait.trouve)
+        return fait;
+    const QString cle = elements_.key(i);
+    const QString texte = elements_.text(i);
+    const bool pale = elements_.faint(i);
+    elements_.remove(i);
+    elements_.add(j, cle, texte, cle.left(2));
+    elements_.setFaint(j, pale);
+    elements_.select(j);
+    return fait;
+}
+
+bool ContenuDossier::inversercontenuordre(int i, int j, bool& trouvees) {
+    const QString a = elements_.key(i);
+    const QString b = elements_.key(j);
+    const qint64 placea = noordredelacle(a);
+    const qint64 placeb = noordredelacle(b);
+    Recordset& donnees = magasin_.rsdonnees();
+    const auto ecritplace = [&](qint64 place) {
+        donnees.edit();
+        donnees.setValue(u"noordre"_s, place);
+        return donnees.update();
+    };
+    trouvees = trouve(a, placea);
+    if (!trouvees)
+        return true;
+    elements_.setKey(i, cleprovisoire);
+    if (!ecritplace(placeprovisoire))
+        return false;
+    if (trouve(b, placeb)) {
+        if (!ecritplace(placea))
+            return false;
+        elements_.setKey(j, avecnoordre(b, placea));
+    }
+    if (!trouve(a, placeprovisoire) || !ecritplace(placeb))
+        return false;
+    // A list that came from a file may have the key already: the entry then keeps the one that it had.
+    return elements_.setKey(i, avecnoordre(a, placeb)) || elements_.setKey(i, a);
+}
+
+bool ContenuDossier::ajouterangee(qint64 dossier, qint64 noordre, const Cle& document, const QString& titre,
+                                  const Extrait& extrait) const {
+    Recordset& donnees = magasin_.rsdonnees();
+    donnees.addNew();
+    donnees.setValue(u"arborescence"_s, dossier);
+    donnees.setValue(u"noordre"_s, noordre);
+    donnees.setValue(u"référence"_s, document.code);
+    donnees.setValue(u"numart"_s, document.numero);
+    donnees.setValue(u"titre"_s, titre);
+    donnees.setValue(u"positiondébut"_s, extrait.debut);
+    donnees.setValue(u"positionfin"_s, extrait.longueur);
+    return donnees.update();
+}
+
+/// Whether a place of a dossier can be had; its own a row can always have.
+bool ContenuDossier::placelibre(qint64 dossier, qint64 noordre, Bookmark sienne) const {
+    Recordset& donnees = magasin_.rsdonnees();
+    donnees.setIndex(u"primarykey"_s);
+    donnees.seek(Seek::Equal, dossier, noordre);
+    return donnees.noMatch() || donnees.bookmark() == sienne;
+}
+
+EchecEcriture ContenuDossier::range(const ElementEnAttente& element, qint64 dossier) {
+    return magasin_.ecrit([&] {
+        qint64 k = 1;
+        while (!placelibre(dossier, k, {}))
+            ++k;
+        return ajouterangee(dossier, k, documentdelacle(element.itemreference), element.itemtitre,
+                            {element.itemdebut, element.itemlongueur});
+    });
+}
+
+bool ContenuDossier::trouvedelaqueue(const QString& cle) const {
+    const Cle document = documentdelacle(cle);
+    const qint64 place = nombredelaqueue(cle);
+    Recordset& donnees = magasin_.rsdonnees();
+    donnees.setIndex(u"iref"_s);
+    donnees.seek(Seek::GreaterOrEqual, document.code, document.numero);
+    const auto dudocument = [&] {
+        return !donnees.eof() && donnees.text(u"référence"_s) == document.code &&
+               donnees.text(u"numart"_s) == document.numero;
+    };
+    for (; dudocument(); donnees.moveNext()) {
+        if (donnees.number(u"noordre"_s) == place)
+            return true;
+    }
+    return false;
+}
+
+ContenuDossier::Fait ContenuDossier::deplace(int index, qint64 dossier) {
+    const QString cle = elements_.key(index);
+    Fait fait;
+    fait.echec = magasin_.ecrit([&] {
+        fait.trouve = trouvedelaqueue(cle);
+        if (!fait.trouve)
+            return true;
+        Recordset& donnees = magasin_.rsdonnees();
+        const Bookmark rangee = donnees.bookmark();
+        qint64 k = 1;
+        while (!placelibre(dossier, k, rangee))
+            ++k;
+        if (!donnees.setBookmark(rangee))
+            return false;
+        donnees.edit();
+        donnees.setValue(u"arborescence"_s, dossier);
+        donnees.setValue(u"noordre"_s, k);
+        return donnees.update();
+    });
+    if (fait.echec.ok())
+        elements_.remove(index);
+    return fait;
+}
+
+EchecEcriture ContenuDossier::importe(const Paires& paires, qint64 dossier) {
+    return magasin_.ecrit([&] {
+        qint64 noordre = 0;
+        return std::all_of(paires.begin(), paires.end(), [&](const auto& paire) {
+            const auto& [cle, texte] = paire;
+            return ajouterangee(dossier, ++noordre, documentdelacle(cle), texte, extraitdelacle(cle));
+        });
+    });
+}
+
+} // namespace velm

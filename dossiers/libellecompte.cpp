@@ -1,0 +1,45 @@
+#include "dossiers/libellecompte.h"
+
+#include "platform/text/number.h"
+
+#include <algorithm>
+
+namespace velm {
+namespace {
+
+/// Where the bracket stands that opens a count; -1 without one.
+qsizetype crochet(const QString& texte) {
+    return texte.endsWith(u']') ? texte.lastIndexOf(u'[') : -1;
+}
+
+qint64 compteapres(const QString& texte, qsizetype crochet) {
+    return roundHalfEven(val(QStringView(texte).mid(crochet + 1)));
+}
+
+} // namespace
+
+QString aveccompteur(const QString& nom, qint64 compte) {
+    return compte == 0 ? nom : nom + QStringLiteral(" [%1]").arg(compte);
+}
+
+QString sanscompteur(const QString& texte) {
+    const qsizetype ouvre = crochet(texte);
+    return ouvre < 0 ? texte : texte.left(std::max<qsizetype>(ouvre - 1, 0));
+}
+
+qint64 compteurarbo(const QString& texte) {
+    const qsizetype ouvre = crochet(texte);
+    return ouvre < 0 ? 0 : compteapres(texte, ouvre);
+}
+
+QString compteurchange(const QString& texte, qint64 delta) {
+    const qsizetype ouvre = crochet(texte);
+    const qint64 compte = (ouvre < 0 ? 0 : compteapres(texte, ouvre)) + delta;
+    if (ouvre < 0)
+        return aveccompteur(texte, compte);
+    if (compte == 0)
+        return texte.left(std::max<qsizetype>(ouvre - 1, 0));
+    return texte.left(ouvre + 1) + QString::number(compte) + u']';
+}
+
+} // namespace velm
