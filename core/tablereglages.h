@@ -157,6 +157,13 @@ inline constexpr Serie<ReglageTexte> styletabulations{{{u"EDITEUR", u"STYLE##-TA
 /// 1 for a style of the condensed list, 0 for another, 2 where nobody has chosen.
 inline constexpr Serie<ReglageEntier> styleabc{{{u"EDITEUR", u"STYLE##-ABC"}, 2, Maitre::Oui, bornes16}};
 
+// ---- the window of the dossiers
+inline constexpr ReglageEntier dossiersdeveloppe{{u"DOSSIER", u"DEVELOPPE"}, 1, Maitre::Oui};
+inline constexpr ReglageLibre dossierslargeur{{u"POSITIONFORME", u"DOSSIERSWIDTH"}, 0};
+inline constexpr ReglageLibre dossiershauteur{{u"POSITIONFORME", u"DOSSIERSHEIGHT"}, 0};
+/// The tree's part of what tree and list have together, in thousandths.
+inline constexpr ReglageLibre dossierspartage{{u"POSITIONFORME", u"DOSSIERSSEPAR"}, 0};
+
 // ---- printing, of documents and of dossiers
 inline constexpr DesDeux<ReglageEntier> margehaute{{{u"EDITEUR", u"PRINTERMARGEHAUTE"}, 567, Maitre::Oui}};
 inline constexpr DesDeux<ReglageEntier> margebasse{{{u"EDITEUR", u"PRINTERMARGEBASSE"}, 567, Maitre::Oui}};

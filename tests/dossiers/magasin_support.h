@@ -134,11 +134,14 @@ protected:
         return t.number(u"dernoarborescence"_s);
     }
 
+private:
+    QTemporaryDir dossier_; ///< outlives the store in it
+
+protected:
     Magasin magasin;
     SablierMuet sablier;
 
 private:
-    QTemporaryDir dossier_;
     RuntimeErrorHandler avant_;
 };
 

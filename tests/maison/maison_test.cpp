@@ -22,7 +22,7 @@ const QMap<QString, QStringList>& plan() {
     static const QStringList words{u"platform/base"_s, u"platform/text"_s};
     static const QStringList widgets{u"platform/widgets/look"_s, u"platform/widgets/frame"_s,
                                      u"platform/widgets/grid"_s, u"platform/widgets/tree"_s,
-                                     u"platform/widgets/text"_s};
+                                     u"platform/widgets/list"_s,  u"platform/widgets/text"_s};
     static const QStringList core = words + QStringList{u"platform/engine"_s, u"platform/system"_s};
     static const QStringList document = core + QStringList{u"core"_s, u"platform/richtext"_s, u"platform/controls"_s};
     static const QMap<QString, QStringList> rooms{
@@ -47,9 +47,10 @@ const QMap<QString, QStringList>& plan() {
         {u"outil"_s, document + QStringList{u"document"_s, u"search"_s, u"collection"_s}},
         {u"document/ui"_s, document + widgets + QStringList{u"document"_s}},
         {u"search/ui"_s, document + widgets + QStringList{u"search"_s}},
+        {u"dossiers/ui"_s, document + widgets + QStringList{u"dossiers"_s}},
         {u"shell/logique"_s, core + QStringList{u"core"_s}},
         {u"shell"_s, document + widgets +
-                         QStringList{u"document"_s, u"search"_s, u"document/ui"_s, u"search/ui"_s, u"shell/logique"_s,
+                         QStringList{u"document"_s, u"search"_s, u"document/ui"_s, u"search/ui"_s, u"dossiers"_s, u"dossiers/ui"_s, u"shell/logique"_s,
                                      u"platform/system/ui"_s}}};
     return rooms;
 }

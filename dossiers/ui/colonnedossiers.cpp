@@ -1,0 +1,86 @@
+#include "dossiers/ui/colonnedossiers.h"
+
+#include "platform/widgets/look/icons.h"
+#include "platform/widgets/look/look.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+} // namespace
+
+ColonneDossiers::ColonneDossiers(const Libelles& texte, QWidget* parent)
+    : QWidget(parent),
+      ajouter_(bouton(u"ajouter"_s, texte(Texte::DossiersNouveau), u"dossiernouveau"_s, &ColonneDossiers::ajouter)),
+      supprimer_(
+          bouton(u"supprimer"_s, texte(Texte::DossiersSupprimer), u"dossiersupprimé"_s, &ColonneDossiers::supprimer)),
+      renommer_(bouton(u"renommer"_s, texte(Texte::DossiersRenommer), u"dossiermodifié"_s, &ColonneDossiers::renommer)),
+      haut_(bouton(u"haut"_s, {}, u"Haut"_s, &ColonneDossiers::haut)),
+      bas_(bouton(u"bas"_s, {}, u"Bas"_s, &ColonneDossiers::bas)),
+      developpe_(new QCheckBox(texte(Texte::DevelopperALOuverture), this)) {
+    setObjectName(u"colonne"_s);
+    developpe_->setObjectName(u"Checkdeveloppe"_s);
+    for (const auto& [fleche, nom] : {std::pair{haut_, Texte::DossiersMonter}, {bas_, Texte::DossiersDescendre}}) {
+        fleche->setToolTip(texte(nom));
+        fleche->setAccessibleName(texte(nom));
+    }
+    QPushButton* const imprimer = bouton(u"imprimer"_s, texte(Texte::DossiersImprimer), u"Imprimer"_s, nullptr);
+    imprimer->setEnabled(false);
+
+    auto* fleches = new QHBoxLayout;
+    fleches->setSpacing(look::spacing);
+    fleches->addWidget(haut_);
+    fleches->addWidget(bas_);
+    auto* disposition = new QVBoxLayout(this);
+    disposition->setContentsMargins(0, 0, 0, 0);
+    disposition->setSpacing(look::spacing);
+    for (QPushButton* const un : {ajouter_, renommer_, supprimer_})
+        disposition->addWidget(un);
+    disposition->addLayout(fleches);
+    disposition->addSpacing(look::groupSpacing - look::spacing);
+    disposition->addWidget(
+        bouton(u"toutdevelopper"_s, texte(Texte::ToutDevelopper), {}, &ColonneDossiers::toutdevelopper));
+    disposition->addWidget(bouton(u"toutreduire"_s, texte(Texte::ToutReduire), {}, &ColonneDossiers::toutreduire));
+    disposition->addSpacing(look::groupSpacing - look::spacing);
+    disposition->addWidget(imprimer);
+    disposition->addWidget(bouton(u"Command1"_s, texte(Texte::Reparer), {}, &ColonneDossiers::reparer));
+    disposition->addStretch();
+    disposition->addWidget(bouton(u"cmdok"_s, texte(Texte::BoutonOk), {}, &ColonneDossiers::fermer));
+}
+
+QPushButton* ColonneDossiers::bouton(const QString& nom, const QString& legende, const QString& image,
+                                     void (ColonneDossiers::*signal)()) {
+    auto* neuf = new QPushButton(legende, this);
+    neuf->setObjectName(nom);
+    // Return belongs to the tree and the list.
+    neuf->setAutoDefault(false);
+    if (!image.isEmpty())
+        neuf->setIcon(icon(image));
+    if (signal != nullptr)
+        connect(neuf, &QPushButton::clicked, this, signal);
+    return neuf;
+}
+
+void ColonneDossiers::permet(const CommandesDossiers& commandes) {
+    ajouter_->setEnabled(commandes.ajouter);
+    supprimer_->setEnabled(commandes.supprimer);
+    renommer_->setEnabled(commandes.renommer);
+    haut_->setEnabled(commandes.haut);
+    bas_->setEnabled(commandes.bas);
+}
+
+bool ColonneDossiers::developpe() const {
+    return developpe_->isChecked();
+}
+
+void ColonneDossiers::changedeveloppe(bool coche) {
+    developpe_->setChecked(coche);
+}
+
+} // namespace velm

@@ -1,0 +1,348 @@
+#include "dossiers/ui/frmdossiers.h"
+
+#include "core/langue.h"
+#include "core/tablereglages.h"
+#include "dossiers/ui/colonnedossiers.h"
+#include "platform/base/twips.h"
+#include "platform/widgets/frame/splitterbar.h"
+#include "platform/widgets/frame/splitterkeys.h"
+#include "platform/widgets/frame/toolbar.h"
+#include "platform/widgets/list/listview.h"
+#include "platform/widgets/look/icons.h"
+#include "platform/widgets/look/plaintext.h"
+#include "platform/widgets/tree/treeview.h"
+
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QTimer>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace velm {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int itemsalafois = 200;
+constexpr QSize taillevoulue{900, 600};
+constexpr int milliemes = 1000;
+
+struct VueDeListe {
+    QStringView bouton;
+    ListView::View vue;
+    Texte texte;
+};
+constexpr std::array vuesdeliste{VueDeListe{u"Liste", ListView::View::List, Texte::DossiersVueListe},
+                                 VueDeListe{u"LargesIcones", ListView::View::LargeIcons, Texte::DossiersGrandesIcones},
+                                 VueDeListe{u"SmallIcones", ListView::View::SmallIcons, Texte::DossiersPetitesIcones}};
+
+QIcon imagedecollection(const QString& code) {
+    const int indice = indicedetype(code);
+    return typedindice(indice) == code ? icon(u"collection%1"_s.arg(indice)) : icon(u"document"_s);
+}
+
+} // namespace
+
+frmdossiers::frmdossiers(const Contexte& contexte, QWidget* parent)
+    : QDialog(parent), contexte_(contexte), arbre_(new TreeView(this)), liste_(new ListView(this)),
+      gestion_({contexte.magasin, arbre_->nodes(), liste_->items(), contexte.sablier, contexte.dialogues, *this,
+                contexte.texte}),
+      porteur_(gestion_, *arbre_, *liste_, this), colonne_(new ColonneDossiers(contexte.texte, this)),
+      separateur_(new SplitterBar(Qt::Vertical, this)), barre_(new Toolbar(this)), barrevue_(new Toolbar(this)),
+      ligne_(plainLabel({}, this)) {
+    setObjectName(u"frmdossiers"_s);
+    setWindowTitle(texte(Texte::TitreDossiers).trimmed());
+    setWindowModality(Qt::ApplicationModal);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    construit();
+    construitbarres();
+    reliearbre();
+    relieliste();
+    reliecommandes();
+    SplitterKeys::serve(*this);
+    relitplace();
+}
+
+void frmdossiers::construit() {
+    arbre_->setObjectName(u"TreeView1"_s);
+    arbre_->setAccessibleName(texte(Texte::DossiersArbre));
+    arbre_->setImages([](const QString& nom) { return icon(nom); });
+    liste_->setObjectName(u"contenudossier"_s);
+    liste_->setAccessibleName(texte(Texte::DossiersContenu));
+    liste_->setImages(imagedecollection);
+    liste_->setTips([this](int index) { return infobulle(index); });
+    separateur_->setObjectName(u"separateur"_s);
+    separateur_->setAccessibleName(texte(Texte::DossiersSeparateur));
+    ligne_->setObjectName(u"attente"_s);
+    ligne_->setWordWrap(true);
+    ligne_->hide();
+    colonne_->changedeveloppe(contexte_.reglages.lit(reglage::dossiersdeveloppe) == 1);
+    for (QWidget* const observe : {static_cast<QWidget*>(arbre_), static_cast<QWidget*>(liste_)})
+        observe->installEventFilter(this);
+    setTabOrder(arbre_, liste_);
+    setTabOrder(liste_, colonne_);
+}
+
+void frmdossiers::construitbarres() {
+    barre_->setObjectName(u"Toolbar1"_s);
+    barre_->setImages([](const QString& nom) { return icon(nom); });
+    barre_->addButton(u"ouvrirdossier"_s, Toolbar::Kind::Plain, u"ouvrir"_s);
+    barre_->addButton(u"enregistrerdossier"_s, Toolbar::Kind::Plain, u"enregistrer"_s);
+    barre_->addButton(u"envoyerdossier"_s, Toolbar::Kind::Plain, u"envoyer"_s);
+    barre_->setToolTip(u"ouvrirdossier"_s, texte(Texte::OuvrirFichierDossier));
+    barre_->setToolTip(u"enregistrerdossier"_s, texte(Texte::EnregistrerDossier));
+    barre_->setToolTip(u"envoyerdossier"_s, texte(Texte::EnvoyerDossier));
+    barrevue_->setObjectName(u"tlbHierarchie"_s);
+    barrevue_->setImages([](const QString& nom) { return icon(nom); });
+    for (const VueDeListe& vue : vuesdeliste) {
+        const QString bouton = vue.bouton.toString();
+        barrevue_->addButton(bouton, Toolbar::Kind::Group, bouton);
+        barrevue_->setToolTip(bouton, texte(vue.texte));
+    }
+    barrevue_->setValue(vuesdeliste.front().bouton.toString(), true);
+    connect(barrevue_, &Toolbar::buttonClicked, this, &frmdossiers::changevue);
+}
+
+void frmdossiers::reliearbre() {
+    connect(arbre_, &TreeView::expanding, this, [this](int noeud) { gestion_.developpe(noeud); });
+    // By the mouse or by the arrow keys; a click on the selected one lists it anew.
+    connect(arbre_, &TreeView::selectionMoved, this, [this](int noeud) { gestion_.noeudclique(noeud); });
+    connect(arbre_, &TreeView::nodeClicked, this, [this](int noeud) { gestion_.noeudclique(noeud); });
+    connect(arbre_, &TreeView::labelEditWanted, this, [this] { gestion_.renommer(); });
+    connect(arbre_, &TreeView::labelEditBegins, this,
+            [this](int noeud, bool* refuse) { *refuse = !gestion_.avanteditionnoeud(noeud); });
+    connect(arbre_, &TreeView::labelEdited, this, [this] { gestion_.apreseditionnoeud(); });
+}
+
+void frmdossiers::relieliste() {
+    connect(liste_, &ListView::selectionMoved, this, [this](int index) { gestion_.elementclique(index); });
+    connect(liste_, &ListView::itemClicked, this, [this](int index) { gestion_.elementclique(index); });
+    connect(liste_, &ListView::itemActivated, this, &frmdossiers::chargerdocument);
+    connect(liste_, &ListView::labelEditWanted, this, [this] { gestion_.renommer(); });
+    connect(liste_, &ListView::labelEdited, this,
+            [this](int, const QString& ecrit) { gestion_.apreseditionliste(ecrit); });
+}
+
+void frmdossiers::reliecommandes() {
+    connect(colonne_, &ColonneDossiers::ajouter, this, [this] { gestion_.ajouter(); });
+    connect(colonne_, &ColonneDossiers::renommer, this, [this] { gestion_.renommer(); });
+    connect(colonne_, &ColonneDossiers::supprimer, this, [this] { gestion_.supprimer(); });
+    connect(colonne_, &ColonneDossiers::haut, this, [this] { gestion_.haut(); });
+    connect(colonne_, &ColonneDossiers::bas, this, [this] { gestion_.bas(); });
+    connect(colonne_, &ColonneDossiers::toutdevelopper, this, [this] { gestion_.toutdevelopper(); });
+    connect(colonne_, &ColonneDossiers::toutreduire, this, [this] { gestion_.toutreduire(); });
+    connect(colonne_, &ColonneDossiers::fermer, this, &QDialog::accept);
+    connect(separateur_, &SplitterBar::dropped, this, [this](int x) {
+        disposition_.separe(x, size(), mesures());
+        place();
+    });
+    connect(separateur_, &SplitterBar::usualPlaceWanted, this, [this] {
+        disposition_.partage(DispositionDossiers().part());
+        place();
+    });
+}
+
+void frmdossiers::montre(const ElementEnAttente& attente) {
+    gestion_.charge(colonne_->developpe());
+    show();
+    arbre_->setFocus();
+    // The root is where a first dossier comes.
+    arbre_->nodes().select(arbre_->nodes().childAt(0, 0));
+    gestion_.noeudclique(arbre_->nodes().selected());
+    gestion_.active(attente);
+    if (gestion_.attend())
+        porteur_.porteattente();
+}
+
+void frmdossiers::fermesansquestion() {
+    sansquestion_ = true;
+    reject();
+}
+
+/// However it is closed, what is not saved is saved first.
+void frmdossiers::done(int resultat) {
+    if (!gestion_.ferme(sansquestion_)) {
+        nodocument_.clear();
+        return;
+    }
+    porteur_.finit();
+    contexte_.reglages.ecrit(reglage::dossiersdeveloppe, colonne_->developpe() ? 1 : 0);
+    ecritplace();
+    QDialog::done(resultat);
+}
+
+void frmdossiers::chargerdocument(int index) {
+    nodocument_ = liste_->items().key(index);
+    accept();
+}
+
+// ---- VueDossiers
+
+void frmdossiers::montrecommandes(const CommandesDossiers& commandes) {
+    colonne_->permet(commandes);
+    barre_->setButtonEnabled(u"enregistrerdossier"_s, commandes.contenu);
+    barre_->setButtonEnabled(u"envoyerdossier"_s, commandes.contenu);
+}
+
+void frmdossiers::editenoeud(int noeud) {
+    arbre_->startLabelEdit(noeud);
+}
+
+void frmdossiers::editeelement(int index) {
+    liste_->startLabelEdit(index);
+}
+
+void frmdossiers::focusliste() {
+    liste_->setFocus();
+}
+
+void frmdossiers::montrecible(int noeud) {
+    arbre_->setDropTarget(noeud);
+}
+
+void frmdossiers::montreattente(const ElementEnAttente& attente) {
+    const bool entier = attente.itemdebut == 0 && attente.itemlongueur == 0;
+    ligne_->setVisible(!attente.itemreference.isEmpty());
+    ligne_->setText(
+        remplace(texte(entier ? Texte::DossiersARanger : Texte::DossiersExtraitARanger), {attente.itemtitre}));
+    if (attente.itemreference.isEmpty())
+        porteur_.finit();
+    place();
+}
+
+void frmdossiers::ditcopiemanquee() {
+    ligne_->setText(texte(Texte::DossiersCopieManquee));
+    ligne_->show();
+    place();
+}
+
+// ---- the list
+
+void frmdossiers::changevue(const QString& bouton) {
+    for (const VueDeListe& vue : vuesdeliste) {
+        barrevue_->setValue(vue.bouton.toString(), vue.bouton == bouton);
+        if (vue.bouton == bouton)
+            liste_->setView(vue.vue);
+    }
+}
+
+QString frmdossiers::infobulle(int index) const {
+    const ListItems& elements = liste_->items();
+    const QString& titre = elements.text(index);
+    const QString suite = texte(Texte::AGlisserVersUnDossier);
+    QStringList lignes{titre.isEmpty() ? suite : u'"' + titre + u"\" "_s + suite};
+    const Cle document = documentdelacle(elements.key(index));
+    const int indice = document.indice();
+    if (typedindice(indice) == document.code)
+        lignes << texte(libelledefenetre(indice));
+    if (elements.faint(index))
+        lignes << texte(Texte::DossiersDocumentAbsent);
+    return lignes.join(u'\n');
+}
+
+/// What the base does not have is shown faint. Looked up a few at a time, so that a long list is there at once.
+void frmdossiers::examineabsents() {
+    ListItems& elements = liste_->items();
+    const int fin = std::min(examines_ + itemsalafois, elements.count());
+    for (; examines_ < fin; ++examines_)
+        elements.setFaint(examines_ + 1, !contexte_.corpus.rangee(documentdelacle(elements.key(examines_ + 1))));
+    if (examines_ < elements.count())
+        QTimer::singleShot(0, this, &frmdossiers::examineabsents);
+}
+
+// ---- keys
+
+bool frmdossiers::eventFilter(QObject* observe, QEvent* evenement) {
+    if (evenement->type() == QEvent::FocusIn) {
+        if (observe == arbre_)
+            gestion_.arbrefocus();
+        else if (observe == liste_)
+            gestion_.listefocus();
+    }
+    if (evenement->type() == QEvent::KeyPress && cle(static_cast<QKeyEvent&>(*evenement)))
+        return true;
+    return QDialog::eventFilter(observe, evenement);
+}
+
+/// The keys that mean the same in the tree and in the list.
+bool frmdossiers::cle(const QKeyEvent& evenement) {
+    const bool ctrl = evenement.modifiers() == Qt::ControlModifier;
+    const auto touche = evenement.key();
+    if (evenement.modifiers() != Qt::NoModifier && !ctrl)
+        return false;
+    if (!ctrl && touche == Qt::Key_Delete)
+        gestion_.supprimer();
+    else if (!ctrl && touche == Qt::Key_Insert)
+        gestion_.ajouter();
+    else if (ctrl && touche == Qt::Key_Up)
+        gestion_.haut();
+    else if (ctrl && touche == Qt::Key_Down)
+        gestion_.bas();
+    else if (!ctrl && (touche == Qt::Key_Return || touche == Qt::Key_Enter) && gestion_.attend() && arbre_->hasFocus())
+        gestion_.depose(arbre_->nodes().selected());
+    else
+        return false;
+    return true;
+}
+
+// ---- places
+
+DispositionDossiers::Mesures frmdossiers::mesures() const {
+    const int barre = std::max(barre_->sizeHint().height(), barrevue_->sizeHint().height());
+    const int colonne = colonne_->sizeHint().width();
+    const int large = width() - colonne;
+    return {barre, ligne_->isHidden() ? 0 : ligne_->heightForWidth(std::max(large, 1)), colonne};
+}
+
+void frmdossiers::place() {
+    const DispositionDossiers::Mesures mesures = this->mesures();
+    const auto places = disposition_.places(size(), mesures, barrevue_->sizeHint().width());
+    setMinimumSize(DispositionDossiers::minimum(mesures).expandedTo(
+        {0, colonne_->sizeHint().height() + size().height() - places.colonne.height()}));
+    ligne_->setGeometry(places.ligne);
+    arbre_->setGeometry(places.arbre);
+    separateur_->setGeometry(places.separateur);
+    liste_->setGeometry(places.liste);
+    colonne_->setGeometry(places.colonne);
+    barre_->setGeometry(places.barre);
+    barrevue_->setGeometry(places.barrevue);
+    separateur_->raise();
+}
+
+void frmdossiers::resizeEvent(QResizeEvent* evenement) {
+    QDialog::resizeEvent(evenement);
+    place();
+}
+
+void frmdossiers::changeEvent(QEvent* evenement) {
+    QDialog::changeEvent(evenement);
+    if (evenement->type() == QEvent::FontChange || evenement->type() == QEvent::StyleChange)
+        place();
+}
+
+void frmdossiers::relitplace() {
+    const Reglages& reglages = contexte_.reglages;
+    const QSize ecran = screen()->availableGeometry().size();
+    const QSize avant(pixelsFromTwips(reglages.lit(reglage::dossierslargeur)),
+                      pixelsFromTwips(reglages.lit(reglage::dossiershauteur)));
+    if (const int part = reglages.lit(reglage::dossierspartage); part > 0)
+        disposition_.partage(double(part) / milliemes);
+    resize((avant.isEmpty() ? taillevoulue : avant).boundedTo(ecran * 0.95));
+    place();
+}
+
+void frmdossiers::ecritplace() const {
+    if (isMaximized())
+        return;
+    Reglages& reglages = contexte_.reglages;
+    reglages.ecrit(reglage::dossierslargeur, twipsFromPixels(width()));
+    reglages.ecrit(reglage::dossiershauteur, twipsFromPixels(height()));
+    reglages.ecrit(reglage::dossierspartage, int(std::lround(disposition_.part() * milliemes)));
+}
+
+} // namespace velm

@@ -1,0 +1,94 @@
+#pragma once
+// The window of the user's dossiers: the tree at the left, the items of the selected dossier at the right, and beside
+// them what can be done. It is modal, but shown, not executed: whoever opened it hears finished().
+#include "core/corpus.h"
+#include "core/reglages.h"
+#include "dossiers/dispositiondossiers.h"
+#include "dossiers/gestiondossiers.h"
+#include "dossiers/ui/porteurdossiers.h"
+
+#include <QDialog>
+
+class QLabel;
+
+namespace velm {
+
+class ColonneDossiers;
+class SplitterBar;
+class Toolbar;
+
+class frmdossiers final : public QDialog, private VueDossiers {
+    Q_OBJECT
+
+public:
+    /// What the window works on; none is owned, and all of it outlives the window.
+    struct Contexte {
+        Magasin& magasin;
+        Corpus& corpus;
+        Reglages& reglages;
+        Sablier& sablier;
+        Dialogues& dialogues;
+        Libelles texte;
+    };
+    explicit frmdossiers(const Contexte& contexte, QWidget* parent = nullptr);
+
+    /// Loads the tree and shows the window, with something that waits to be stored or with nothing.
+    void montre(const ElementEnAttente& attente);
+    /// The key of the item that is to be opened now that the window is closed; empty for none.
+    const QString& nodocument() const { return nodocument_; }
+    GestionDossiers& gestion() { return gestion_; }
+
+    /// Closes without asking anybody, when the run ends: what can be saved is.
+    void fermesansquestion();
+
+    void done(int resultat) override;
+
+protected:
+    void resizeEvent(QResizeEvent* evenement) override;
+    void changeEvent(QEvent* evenement) override;
+    bool eventFilter(QObject* observe, QEvent* evenement) override;
+
+private:
+    // ---- VueDossiers
+    void montrecommandes(const CommandesDossiers& commandes) override;
+    void editenoeud(int noeud) override;
+    void editeelement(int index) override;
+    void focusliste() override;
+    void montrecible(int noeud) override;
+    void montreattente(const ElementEnAttente& attente) override;
+    void ditcopiemanquee() override;
+
+    QString texte(Texte lequel) const { return contexte_.texte(lequel); }
+    void construit();
+    void construitbarres();
+    void reliearbre();
+    void relieliste();
+    void reliecommandes();
+    void place();
+    DispositionDossiers::Mesures mesures() const;
+    bool cle(const QKeyEvent& evenement);
+    void retour();
+    void chargerdocument(int index);
+    void changevue(const QString& bouton);
+    void examineabsents();
+    QString infobulle(int index) const;
+    void relitplace();
+    void ecritplace() const;
+
+    Contexte contexte_;
+    TreeView* arbre_; ///< TreeView1
+    ListView* liste_; ///< contenudossier
+    GestionDossiers gestion_;
+    PorteurDossiers porteur_;
+    DispositionDossiers disposition_;
+    ColonneDossiers* colonne_;
+    SplitterBar* separateur_;
+    Toolbar* barre_;    ///< Toolbar1
+    Toolbar* barrevue_; ///< tlbHierarchie
+    QLabel* ligne_;     ///< above the tree: what waits to be stored
+    QString nodocument_;
+    int examines_ = 0; ///< items of which it is known whether their document is there
+    bool sansquestion_ = false;
+};
+
+} // namespace velm
