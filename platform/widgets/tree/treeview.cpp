@@ -3,104 +3,17 @@
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/tree/rowdelegate.h"
 #include "platform/widgets/tree/treeindentation.h"
-#include "platform/widgets/tree/treeviewmodel.h"
+#include "platform/widgets/tree/treewatch.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScopedValueRollback>
 
-#include <unordered_set>
 #include <utility>
 
 namespace velm {
 
-/// Brings what the program does to the nodes into the view, and tells it from what the user does.
-class TreeView::Watch final : public TreeObserver {
-public:
-    explicit Watch(TreeView& owner) : view(owner), model(owner.nodes_, &owner) {}
-
-    void treeReset() override {
-        const QScopedValueRollback guard(program, true);
-        owed.clear();
-        seen.clear();
-        deepest = 0;
-        model.reset();
-        view.indent();
-    }
-    void nodesAdded(int first) override {
-        const QScopedValueRollback guard(program, true);
-        model.added(first);
-    }
-    void nodeChanged(int node) override {
-        if (node != 0)
-            model.changed(node);
-        else
-            view.viewport()->update();
-    }
-    void nodeExpansion(int node, bool expanded) override {
-        const QScopedValueRollback guard(program, true);
-        view.setExpanded(model.indexOf(node), expanded);
-    }
-    void nodeSelected(int node) override {
-        const QScopedValueRollback guard(program, true);
-        openAbove(node);
-        if (node == 0)
-            view.selectionModel()->clear();
-        else
-            view.selectionModel()->setCurrentIndex(model.indexOf(node), QItemSelectionModel::ClearAndSelect);
-        view.viewport()->update();
-    }
-    void redrawSwitched(bool on) override { view.setUpdatesEnabled(on); }
-    void nodeComes(int parent, int place) override { model.comes(parent, place); }
-    void nodeGoes(int node) override {
-        owed.erase(node);
-        model.goes(node);
-    }
-    void nodeMoves(int node, int parent) override { model.moves(node, parent); }
-    void rearranged() override {
-        const QScopedValueRollback guard(program, true);
-        model.rearranged();
-    }
-
-    void openAbove(int node) {
-        std::vector<int> above;
-        for (int parent = view.nodes_.parent(node); parent != 0; parent = view.nodes_.parent(parent)) {
-            if (!view.nodes_.expanded(parent))
-                above.push_back(parent);
-        }
-        if (above.size() > 1)
-            view.scheduleDelayedItemsLayout();
-        for (auto parent = above.rbegin(); parent != above.rend(); ++parent)
-            view.setExpanded(model.indexOf(*parent), true);
-    }
-
-    /// The children of a node are being painted: it is told after that, once.
-    void comesIntoSight(int node) {
-        if (owed.erase(node) == 0)
-            return;
-        if (seen.empty())
-            QMetaObject::invokeMethod(
-                &view, [this] { tellSeen(); }, Qt::QueuedConnection);
-        seen.push_back(node);
-    }
-    void tellSeen() {
-        for (const int node : std::exchange(seen, {})) {
-            if (view.nodes_.expanded(node))
-                emit view.expanding(node);
-        }
-    }
-
-    TreeView& view;
-    TreeViewModel model;
-    bool program = false;         ///< the program is at work, not the user
-    bool doubled = false;         ///< the release that follows ends a double click
-    int deepest = 0;              ///< level of the deepest children that can be seen
-    std::unordered_set<int> owed; ///< opened, but not told yet
-    std::vector<int> seen;
-};
-
-TreeView::TreeView(QWidget* parent) : QTreeView(parent), watch_(std::make_unique<Watch>(*this)) {
+TreeView::TreeView(QWidget* parent) : TreeHands(parent), watch_(std::make_unique<Watch>(*this)) {
     setModel(&watch_->model);
     setItemDelegate(new RowDelegate(this));
     setHeaderHidden(true);
@@ -126,6 +39,7 @@ TreeView::TreeView(QWidget* parent) : QTreeView(parent), watch_(std::make_unique
 
 TreeView::~TreeView() {
     nodes_.setObserver(nullptr);
+    hands().silence();
     // What the view says while its model goes is of no interest.
     watch_->program = true;
     setModel(nullptr);
@@ -237,13 +151,18 @@ void TreeView::initViewItemOption(QStyleOptionViewItem* option) const {
 
 void TreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QStyleOptionViewItem row = option;
-    if (nodeOf(index) == marked() && !selectionModel()->isSelected(index)) {
+    const bool target = dropTarget() != 0 && nodeOf(index) == dropTarget();
+    if (target && !selectionModel()->isSelected(index))
+        paintTarget(*painter, option.rect, true);
+    else if (nodeOf(index) == marked() && !selectionModel()->isSelected(index)) {
         painter->fillRect(option.rect, look::chosenGround(palette()));
         row.palette.setColor(QPalette::Text, look::accentColour(look::themeOf(palette())));
     }
     QTreeView::drawRow(painter, row, index);
     if (!hasFocus() && selectionModel()->isSelected(index))
         gridlook::paintUnfocused(*painter, option.rect, palette());
+    if (target)
+        paintTarget(*painter, option.rect, false);
     watch_->comesIntoSight(nodes_.parent(nodeOf(index)));
 }
 
@@ -301,14 +220,14 @@ bool TreeView::viewportEvent(QEvent* event) {
 
 void TreeView::mousePressEvent(QMouseEvent* event) {
     watch_->doubled = false;
-    QTreeView::mousePressEvent(event);
+    TreeHands::mousePressEvent(event);
 }
 
 void TreeView::mouseReleaseEvent(QMouseEvent* event) {
     const QPoint global = event->globalPosition().toPoint();
     const bool right = event->button() == Qt::RightButton && viewport()->rect().contains(event->position().toPoint());
     const int node = nodeOf(indexAt(event->position().toPoint()));
-    QTreeView::mouseReleaseEvent(event);
+    TreeHands::mouseReleaseEvent(event);
     if (right)
         emit nodeRightClicked(node, global);
 }
@@ -319,7 +238,7 @@ void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
         return;
     }
     watch_->doubled = true;
-    QTreeView::mouseDoubleClickEvent(event);
+    TreeHands::mouseDoubleClickEvent(event);
 }
 
 void TreeView::contextMenuEvent(QContextMenuEvent* event) {
@@ -339,17 +258,11 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
         emit nodeActivated(node);
     } else if (bare && node != 0 && event->key() == Qt::Key_Asterisk) {
         openLoaded(node);
-    } else {
+    } else if (!hands().keyed(*event)) {
         QTreeView::keyPressEvent(event);
         return;
     }
     event->accept();
-}
-
-void TreeView::focusInEvent(QFocusEvent* event) {
-    // Not the tree's own: it would make a first node current that nobody selected.
-    event->accept();
-    viewport()->update();
 }
 
 } // namespace velm

@@ -8,16 +8,16 @@
 // open; "*" opens the loaded nodes below; Return activates; typing looks up. What the program does through nodes() is
 // shown and causes none of the signals.
 #include "platform/controls/treenodes.h"
+#include "platform/widgets/tree/treehands.h"
 
 #include <QIcon>
-#include <QTreeView>
 
 #include <functional>
 #include <memory>
 
 namespace velm {
 
-class TreeView : public QTreeView {
+class TreeView : public TreeHands {
     Q_OBJECT
 
 public:
@@ -39,8 +39,8 @@ public:
     void ensureVisible(int node) { goTo(node, EnsureVisible); }
     /// The same, and a node that was out of sight comes to stand in the middle.
     void bringIntoSight(int node) { goTo(node, PositionAtCenter); }
-    QModelIndex indexOf(int node) const;
-    int nodeOf(const QModelIndex& index) const;
+    QModelIndex indexOf(int node) const override;
+    int nodeOf(const QModelIndex& index) const override;
 
 signals:
     /// The user opens a node, before its children are painted: the moment to load what lies below. Nodes that "*"
@@ -64,7 +64,10 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
+    QString labelOf(int node) const override { return nodes_.text(node); }
+    void setLabel(int node, const QString& text) override { nodes_.setText(node, text); }
+    void bringNear(int node) override { goTo(node, EnsureVisible); }
+    bool canOpen(int node) const override { return nodes_.children(node) > 0 && !nodes_.expanded(node); }
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
