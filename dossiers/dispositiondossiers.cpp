@@ -55,7 +55,8 @@ DispositionDossiers::Places DispositionDossiers::places(QSize fenetre, const Mes
 }
 
 QSize DispositionDossiers::minimum(const Mesures& mesures) {
-    const int largeur = 3 * moindre + 2 * bord + entre + std::max(mesures.colonne, colonneminimum) + autourcolonne;
+    const int partage = std::max(3 * moindre + entre, mesures.barres);
+    const int largeur = 2 * bord + partage + std::max(mesures.colonne, colonneminimum) + autourcolonne;
     return {largeur, moindrehauteur + mesures.barre + mesures.ligne};
 }
 

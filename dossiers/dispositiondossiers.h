@@ -11,6 +11,7 @@ class DispositionDossiers {
 public:
     struct Mesures {
         int barre = 0;   ///< height of the line of bars
+        int barres = 0;  ///< width that the bars need
         int ligne = 0;   ///< height of a line above the tree; 0 without one
         int colonne = 0; ///< width that the commands need
     };

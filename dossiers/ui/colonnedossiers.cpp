@@ -3,7 +3,6 @@
 #include "platform/widgets/look/icons.h"
 #include "platform/widgets/look/look.h"
 
-#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -22,10 +21,8 @@ ColonneDossiers::ColonneDossiers(const Libelles& texte, QWidget* parent)
           bouton(u"supprimer"_s, texte(Texte::DossiersSupprimer), u"dossiersupprimé"_s, &ColonneDossiers::supprimer)),
       renommer_(bouton(u"renommer"_s, texte(Texte::DossiersRenommer), u"dossiermodifié"_s, &ColonneDossiers::renommer)),
       haut_(bouton(u"haut"_s, {}, u"Haut"_s, &ColonneDossiers::haut)),
-      bas_(bouton(u"bas"_s, {}, u"Bas"_s, &ColonneDossiers::bas)),
-      developpe_(new QCheckBox(texte(Texte::DevelopperALOuverture), this)) {
+      bas_(bouton(u"bas"_s, {}, u"Bas"_s, &ColonneDossiers::bas)) {
     setObjectName(u"colonne"_s);
-    developpe_->setObjectName(u"Checkdeveloppe"_s);
     for (const auto& [fleche, nom] : {std::pair{haut_, Texte::DossiersMonter}, {bas_, Texte::DossiersDescendre}}) {
         fleche->setToolTip(texte(nom));
         fleche->setAccessibleName(texte(nom));
@@ -73,14 +70,6 @@ void ColonneDossiers::permet(const CommandesDossiers& commandes) {
     renommer_->setEnabled(commandes.renommer);
     haut_->setEnabled(commandes.haut);
     bas_->setEnabled(commandes.bas);
-}
-
-bool ColonneDossiers::developpe() const {
-    return developpe_->isChecked();
-}
-
-void ColonneDossiers::changedeveloppe(bool coche) {
-    developpe_->setChecked(coche);
 }
 
 } // namespace velm

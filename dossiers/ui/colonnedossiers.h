@@ -1,11 +1,10 @@
 #pragma once
-// The commands at the right of the dossiers: a column of buttons, and whether all opens at the beginning.
+// The commands at the right of the dossiers: a column of buttons.
 #include "core/texte.h"
 #include "dossiers/gestiondossiers.h"
 
 #include <QWidget>
 
-class QCheckBox;
 class QPushButton;
 
 namespace velm {
@@ -17,8 +16,6 @@ public:
     ColonneDossiers(const Libelles& texte, QWidget* parent);
 
     void permet(const CommandesDossiers& commandes);
-    bool developpe() const;
-    void changedeveloppe(bool coche);
 
 signals:
     void ajouter();
@@ -40,7 +37,6 @@ private:
     QPushButton* renommer_;
     QPushButton* haut_;
     QPushButton* bas_;
-    QCheckBox* developpe_;
 };
 
 } // namespace velm

@@ -34,12 +34,12 @@ constexpr int milliemes = 1000;
 
 struct VueDeListe {
     QStringView bouton;
-    ListView::View vue;
+    ListArrangement vue;
     Texte texte;
 };
-constexpr std::array vuesdeliste{VueDeListe{u"Liste", ListView::View::List, Texte::DossiersVueListe},
-                                 VueDeListe{u"LargesIcones", ListView::View::LargeIcons, Texte::DossiersGrandesIcones},
-                                 VueDeListe{u"SmallIcones", ListView::View::SmallIcons, Texte::DossiersPetitesIcones}};
+constexpr std::array vuesdeliste{VueDeListe{u"Liste", ListArrangement::List, Texte::DossiersVueListe},
+                                 VueDeListe{u"LargesIcones", ListArrangement::LargeIcons, Texte::DossiersGrandesIcones},
+                                 VueDeListe{u"SmallIcones", ListArrangement::SmallIcons, Texte::DossiersPetitesIcones}};
 
 QIcon imagedecollection(const QString& code) {
     const int indice = indicedetype(code);
@@ -54,7 +54,7 @@ frmdossiers::frmdossiers(const Contexte& contexte, QWidget* parent)
                 contexte.texte}),
       porteur_(gestion_, *arbre_, *liste_, this), colonne_(new ColonneDossiers(contexte.texte, this)),
       separateur_(new SplitterBar(Qt::Vertical, this)), barre_(new Toolbar(this)), barrevue_(new Toolbar(this)),
-      ligne_(plainLabel({}, this)) {
+      developpe_(new QCheckBox(contexte.texte(Texte::DevelopperALOuverture), this)), ligne_(plainLabel({}, this)) {
     setObjectName(u"frmdossiers"_s);
     setWindowTitle(texte(Texte::TitreDossiers).trimmed());
     setWindowModality(Qt::ApplicationModal);
@@ -81,7 +81,8 @@ void frmdossiers::construit() {
     ligne_->setObjectName(u"attente"_s);
     ligne_->setWordWrap(true);
     ligne_->hide();
-    colonne_->changedeveloppe(contexte_.reglages.lit(reglage::dossiersdeveloppe) == 1);
+    developpe_->setObjectName(u"Checkdeveloppe"_s);
+    developpe_->setChecked(contexte_.reglages.lit(reglage::dossiersdeveloppe) == 1);
     for (QWidget* const observe : {static_cast<QWidget*>(arbre_), static_cast<QWidget*>(liste_)})
         observe->installEventFilter(this);
     setTabOrder(arbre_, liste_);
@@ -148,7 +149,7 @@ void frmdossiers::reliecommandes() {
 }
 
 void frmdossiers::montre(const ElementEnAttente& attente) {
-    gestion_.charge(colonne_->developpe());
+    gestion_.charge(developpe_->isChecked());
     show();
     arbre_->setFocus();
     // The root is where a first dossier comes.
@@ -171,7 +172,7 @@ void frmdossiers::done(int resultat) {
         return;
     }
     porteur_.finit();
-    contexte_.reglages.ecrit(reglage::dossiersdeveloppe, colonne_->developpe() ? 1 : 0);
+    contexte_.reglages.ecrit(reglage::dossiersdeveloppe, developpe_->isChecked() ? 1 : 0);
     ecritplace();
     QDialog::done(resultat);
 }
@@ -227,7 +228,7 @@ void frmdossiers::changevue(const QString& bouton) {
     for (const VueDeListe& vue : vuesdeliste) {
         barrevue_->setValue(vue.bouton.toString(), vue.bouton == bouton);
         if (vue.bouton == bouton)
-            liste_->setView(vue.vue);
+            liste_->setArrangement(vue.vue);
     }
 }
 
@@ -296,7 +297,9 @@ DispositionDossiers::Mesures frmdossiers::mesures() const {
     const int barre = std::max(barre_->sizeHint().height(), barrevue_->sizeHint().height());
     const int colonne = colonne_->sizeHint().width();
     const int large = width() - colonne;
-    return {barre, ligne_->isHidden() ? 0 : ligne_->heightForWidth(std::max(large, 1)), colonne};
+    const int barres = barre_->sizeHint().width() + look::groupSpacing + developpe_->sizeHint().width() +
+                       look::spacing + barrevue_->sizeHint().width();
+    return {barre, barres, ligne_->isHidden() ? 0 : ligne_->heightForWidth(std::max(large, 1)), colonne};
 }
 
 void frmdossiers::place() {
@@ -309,7 +312,8 @@ void frmdossiers::place() {
     separateur_->setGeometry(places.separateur);
     liste_->setGeometry(places.liste);
     colonne_->setGeometry(places.colonne);
-    barre_->setGeometry(places.barre);
+    barre_->setGeometry(QRect(places.barre.topLeft(), QSize(barre_->sizeHint().width(), places.barre.height())));
+    developpe_->setGeometry(places.barre.adjusted(barre_->width() + look::groupSpacing, 0, -look::spacing, 0));
     barrevue_->setGeometry(places.barrevue);
     separateur_->raise();
 }

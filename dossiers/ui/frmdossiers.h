@@ -9,6 +9,7 @@
 
 #include <QDialog>
 
+class QCheckBox;
 class QLabel;
 
 namespace velm {
@@ -85,6 +86,7 @@ private:
     SplitterBar* separateur_;
     Toolbar* barre_;    ///< Toolbar1
     Toolbar* barrevue_; ///< tlbHierarchie
+    QCheckBox* developpe_; ///< Checkdeveloppe
     QLabel* ligne_;     ///< above the tree: what waits to be stored
     QString nodocument_;
     int examines_ = 0; ///< items of which it is known whether their document is there

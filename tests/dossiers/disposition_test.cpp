@@ -6,7 +6,7 @@
 namespace velm::test {
 namespace {
 
-constexpr DispositionDossiers::Mesures mesures{36, 0, 140};
+constexpr DispositionDossiers::Mesures mesures{36, 300, 0, 140};
 
 TEST(DispositionDossiers, TheSplitKeepsItsShare) {
     DispositionDossiers disposition;

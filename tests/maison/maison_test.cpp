@@ -22,7 +22,7 @@ const QMap<QString, QStringList>& plan() {
     static const QStringList words{u"platform/base"_s, u"platform/text"_s};
     static const QStringList widgets{u"platform/widgets/look"_s, u"platform/widgets/frame"_s,
                                      u"platform/widgets/grid"_s, u"platform/widgets/tree"_s,
-                                     u"platform/widgets/list"_s,  u"platform/widgets/text"_s};
+                                     u"platform/widgets/list"_s, u"platform/widgets/text"_s};
     static const QStringList core = words + QStringList{u"platform/engine"_s, u"platform/system"_s};
     static const QStringList document = core + QStringList{u"core"_s, u"platform/richtext"_s, u"platform/controls"_s};
     static const QMap<QString, QStringList> rooms{
@@ -37,6 +37,8 @@ const QMap<QString, QStringList>& plan() {
         {u"platform/widgets/frame"_s, words + QStringList{u"platform/controls"_s, u"platform/widgets/look"_s}},
         {u"platform/widgets/grid"_s, words + QStringList{u"platform/controls"_s, u"platform/widgets/look"_s}},
         {u"platform/widgets/tree"_s,
+         words + QStringList{u"platform/controls"_s, u"platform/widgets/look"_s, u"platform/widgets/grid"_s}},
+        {u"platform/widgets/list"_s,
          words + QStringList{u"platform/controls"_s, u"platform/widgets/look"_s, u"platform/widgets/grid"_s}},
         {u"platform/widgets/text"_s, words + QStringList{u"platform/richtext"_s, u"platform/widgets/look"_s}},
         {u"core"_s, core + QStringList{u"platform/controls"_s}},

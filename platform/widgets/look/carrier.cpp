@@ -19,7 +19,7 @@ namespace velm {
 namespace {
 
 constexpr int edgeOfIcon = 16;
-constexpr int widest = 280;
+constexpr int widestCard = 280;
 constexpr int restMilliseconds = 50;
 constexpr QPoint besidePointer(14, 14);
 
@@ -31,7 +31,7 @@ public:
         setFocusPolicy(Qt::NoFocus);
         setAccessibleName(label);
         const int words = fontMetrics().horizontalAdvance(label) + 1;
-        resize(std::min(widest, textLeft() + words + look::spacing), fontMetrics().height() + 3 * look::grid);
+        resize(std::min(widestCard, textLeft() + words + look::spacing), fontMetrics().height() + 3 * look::grid);
     }
 
 protected:
