@@ -9,6 +9,7 @@
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/list/listview.h"
 #include "platform/widgets/look/icons.h"
+#include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
 #include "platform/widgets/tree/treeview.h"
 
@@ -330,13 +331,14 @@ void frmdossiers::changeEvent(QEvent* evenement) {
 }
 
 void frmdossiers::relitplace() {
-    const Reglages& reglages = contexte_.reglages;
-    const QSize ecran = screen()->availableGeometry().size();
-    const QSize avant(pixelsFromTwips(reglages.lit(reglage::dossierslargeur)),
-                      pixelsFromTwips(reglages.lit(reglage::dossiershauteur)));
-    if (const int part = reglages.lit(reglage::dossierspartage); part > 0)
-        disposition_.partage(double(part) / milliemes);
-    resize((avant.isEmpty() ? taillevoulue : avant).boundedTo(ecran * 0.95));
+    Reglages& reglages = contexte_.reglages;
+    const auto pixels = [&](const ReglageLibre& reglage) {
+        return pixelsFromTwips(static_cast<int>(std::lround(reglages.lit(reglage))));
+    };
+    const QSize avant(pixels(reglage::dossierslargeur), pixels(reglage::dossiershauteur));
+    if (const double part = reglages.lit(reglage::dossierspartage); part > 0)
+        disposition_.partage(part / milliemes);
+    resize((avant.isEmpty() ? taillevoulue : avant).boundedTo(screen()->availableGeometry().size() * 0.95));
     place();
 }
 

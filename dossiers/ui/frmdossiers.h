@@ -84,10 +84,10 @@ private:
     DispositionDossiers disposition_;
     ColonneDossiers* colonne_;
     SplitterBar* separateur_;
-    Toolbar* barre_;    ///< Toolbar1
-    Toolbar* barrevue_; ///< tlbHierarchie
+    Toolbar* barre_;       ///< Toolbar1
+    Toolbar* barrevue_;    ///< tlbHierarchie
     QCheckBox* developpe_; ///< Checkdeveloppe
-    QLabel* ligne_;     ///< above the tree: what waits to be stored
+    QLabel* ligne_;        ///< above the tree: what waits to be stored
     QString nodocument_;
     int examines_ = 0; ///< items of which it is known whether their document is there
     bool sansquestion_ = false;
