@@ -11,6 +11,7 @@
 #include "shell/ecrangeneral.h"
 #include "shell/entreesfenetres.h"
 #include "shell/fabriquetextes.h"
+#include "shell/fenetredossiers.h"
 #include "shell/fenetresannexes.h"
 #include "shell/fenetreslistes.h"
 #include "shell/lignedetat.h"
@@ -44,6 +45,7 @@ CadrePrincipal::CadrePrincipal(const Donnees& donnees) : donnees_(donnees), barr
 CadrePrincipal::~CadrePrincipal() = default;
 
 void CadrePrincipal::decharge() {
+    donnees_.dossiers.decharge();
     commandes_.reset();
     depart_.reset();
     entrees_.reset();
@@ -81,10 +83,12 @@ QString CadrePrincipal::chargeprincipale() {
                                                                       texte, [] { QCoreApplication::processEvents(); }},
                                                                      donnees_.reglages,
                                                                      monde.imprimante});
-    fabrique_ = std::make_unique<FabriqueTextes>(
-        FabriqueTextes::Donnees{*ecran_, aire, volet, *bureau_, *selection_, donnees_.corpus, donnees_.reglages,
-                                donnees_.langue, donnees_.styles, donnees_.seance, donnees_.monde, rafraichir_,
-                                [this](const Textes& fenetre) { zoom_->prend(fenetre); }});
+    fabrique_ = std::make_unique<FabriqueTextes>(FabriqueTextes::Donnees{
+        *ecran_, aire, volet, *bureau_, *selection_, donnees_.corpus, donnees_.reglages, donnees_.langue,
+        donnees_.styles, donnees_.seance, donnees_.monde, rafraichir_, [this](Textes& fenetre) {
+            zoom_->prend(fenetre);
+            donnees_.dossiers.suit(fenetre);
+        }});
     recherches_ = std::make_unique<Recherches>(
         aire, actions, *bureau_, *selection_,
         Recherches::Services{donnees_.reglages, monde.sablier, monde.dialogues, monde.courrier, texte});
@@ -93,6 +97,7 @@ QString CadrePrincipal::chargeprincipale() {
         FenetresAnnexes::Donnees{donnees_.reglages, donnees_.corpus, donnees_.seance, donnees_.monde, texte});
     listes_ = std::make_unique<FenetresListes>(FenetresListes::Donnees{
         aire, actions, *bureau_, *selection_, donnees_.reglages, donnees_.corpus, donnees_.monde, texte});
+    donnees_.dossiers.attache(*ecran_, *bureau_);
     chargedevant();
     chargecommandes();
     chargeaspect();
@@ -122,9 +127,10 @@ void CadrePrincipal::chargeaspect() {
 void CadrePrincipal::chargecommandes() {
     const Seance& seance = donnees_.seance;
     Actions& actions = ecran_->pieces().actions;
-    commandes_ = std::make_unique<Commandes>(Commandes::Acteurs{
-        *ecran_, actions, *bureau_, barres_, donnees_.reglages, selection_->controle(), *recherches_, *annexes_,
-        *listes_, *zoom_, [this] { donnees_.fin.quitteprogramme(); }, [this] { donnees_.aide.ouvre(); }});
+    commandes_ = std::make_unique<Commandes>(
+        Commandes::Acteurs{*ecran_, actions, *bureau_, barres_, donnees_.reglages, selection_->controle(), *recherches_,
+                           *annexes_, *listes_, *zoom_, donnees_.dossiers, [this] { donnees_.fin.quitteprogramme(); },
+                           [this] { donnees_.aide.ouvre(); }});
     const bool une = seance.parametres().multifenetre != 0;
     bureau_->navigation().changeunefenetre(une);
     actions.coche(Ordre::UneFenetre, une);

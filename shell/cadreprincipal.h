@@ -26,6 +26,7 @@ class Depart;
 class Ecrangeneral;
 class EntreesFenetres;
 class FabriqueTextes;
+class FenetreDossiers;
 class FenetreFille;
 class FenetresAnnexes;
 class FenetresListes;
@@ -49,6 +50,7 @@ public:
         FinSeance& fin;
         const MondeExterieur& monde;
         const Aide& aide;
+        FenetreDossiers& dossiers;
     };
     explicit CadrePrincipal(const Donnees& donnees);
     ~CadrePrincipal() override;

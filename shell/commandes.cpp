@@ -9,6 +9,7 @@
 #include "shell/actions.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
+#include "shell/fenetredossiers.h"
 #include "shell/fenetresannexes.h"
 #include "shell/fenetreslistes.h"
 #include "shell/logique/commandes.h"
@@ -137,6 +138,7 @@ void Commandes::apprendliste() {
 void Commandes::apprendprogramme() {
     FenetresAnnexes& annexes = acteurs_.annexes;
     sur(Ordre::Astuce, [&annexes](int) { annexes.astuce(); });
+    sur(Ordre::Dossiers, [this](int) { acteurs_.dossiers.montre(); });
     sur(Ordre::Aide, [this](int) { acteurs_.aide(); });
     sur(Ordre::APropos, [&annexes](int) { annexes.montreapropos(); });
     sur(Ordre::Partenaires, [&annexes](int) { annexes.montrepartenaires(); });

@@ -14,6 +14,7 @@ class Actions;
 class Bureau;
 class ControleListe;
 class Ecrangeneral;
+class FenetreDossiers;
 class FenetresAnnexes;
 class FenetresListes;
 class Recherches;
@@ -35,6 +36,7 @@ public:
         FenetresAnnexes& annexes;
         FenetresListes& listes;
         ZoomTextes& zoom;
+        FenetreDossiers& dossiers;
         std::function<void()> quitte;
         std::function<void()> aide;
     };

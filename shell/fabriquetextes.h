@@ -35,8 +35,8 @@ public:
         const TableStyles& styles;
         Seance& seance;
         const MondeExterieur& monde;
-        std::array<bool, nombredefenetres>& rafraichir;   ///< by slot: show the document again at the next focus
-        std::function<void(const Textes& fenetre)> faite; ///< told of each window, before it is shown
+        std::array<bool, nombredefenetres>& rafraichir; ///< by slot: show the document again at the next focus
+        std::function<void(Textes& fenetre)> faite;     ///< told of each window, before it is shown
     };
     explicit FabriqueTextes(const Donnees& donnees);
 

@@ -23,8 +23,9 @@ Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
     : options_(options), monde_(monde), instance_(noms::verrou(), options.dossierinstance),
       magasin_(options.fichierreglages), reglages_(magasin_),
       langue_([this](const QString& numero) { avis_.textemanquant(numero); }), avis_(monde.dialogues, langue_),
-      accueil_(langue_, monde.sablier, options.patience), aide_{seance_, langue_, monde_},
-      cadre_({reglages_, langue_, corpus_, styles_, seance_, fin_, monde_, aide_}),
+      accueil_(langue_, monde.sablier, options.patience),
+      dossiers_({reglages_, langue_, corpus_, seance_, monde_}), aide_{seance_, langue_, monde_},
+      cadre_({reglages_, langue_, corpus_, styles_, seance_, fin_, monde_, aide_, dossiers_}),
       seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, ecrans()),
       fin_(seance_, reglages_, langue_, corpus_, monde.dialogues, ecrans()) {
     initialiseressources();

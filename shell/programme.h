@@ -10,6 +10,7 @@
 #include "shell/accueil.h"
 #include "shell/aide.h"
 #include "shell/cadreprincipal.h"
+#include "shell/fenetredossiers.h"
 #include "shell/logique/seance.h"
 #include "shell/mondeexterieur.h"
 
@@ -62,6 +63,7 @@ public:
     Bureau& bureau() const { return *cadre_.bureau(); }
     Selection& selection() const { return cadre_.selection(); }
     Recherches& recherches() const { return cadre_.recherches(); }
+    FenetreDossiers& dossiers() { return dossiers_; }
     FenetresListes& listes() const { return cadre_.listes(); }
     Textes* fenetre(int indice) const; ///< null before there is a frame, too
     void ouvre(const Cle& cle) { cadre_.ouvre(cle); }
@@ -84,7 +86,7 @@ private:
     Corpus corpus_;
     TableStyles styles_;
     EcranAccueil accueil_;
-    Dossiers dossiers_;
+    FenetreDossiers dossiers_;
     Travaux travaux_;
     Aide aide_;
     CadrePrincipal cadre_;

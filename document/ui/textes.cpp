@@ -248,6 +248,8 @@ void Textes::recoitmots(const QString& mot1, const QString& mot2) {
 }
 
 bool Textes::peut(Ordre ordre) const {
+    if (ordre == Ordre::Ranger)
+        return zone_->peutranger();
     return zone_->lecture().menusactifs() &&
            (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Chercher);
 }
@@ -257,6 +259,8 @@ void Textes::fait(Ordre ordre) {
         zone_->copie();
     else if (ordre == Ordre::ToutSelectionner)
         zone_->toutselectionner();
+    else if (ordre == Ordre::Ranger)
+        zone_->range();
 }
 
 Lecture& Textes::lecture() {

@@ -52,6 +52,10 @@ void ZoneTexte::toutselectionner() {
     vue().setFocus();
 }
 
+bool ZoneTexte::peutranger() const {
+    return contexte_.voisinage.dossiersouverts() && !lecture_->referencecourante().isEmpty();
+}
+
 void ZoneTexte::range() {
     const qsizetype longueur = vue().selLength();
     emit ranger(lecture_->referencecourante(), lecture_->titrecourant(), longueur > 0 ? vue().selStart() : 0, longueur);
@@ -173,6 +177,7 @@ void ZoneTexte::montremenu(const QPoint& ou) {
     const bool possible = lecture_->menusactifs() && vue().control().length() > 0;
     celle(u"MnuCopy"_s)->setEnabled(possible);
     celle(u"MnuSelectAll"_s)->setEnabled(possible);
+    celle(u"MnuStore"_s)->setEnabled(peutranger());
     celle(u"MnuOuvrirLiens"_s)->setChecked(parties_.volet.liens().ouverte());
     celle(u"MnuOuvrirCorrélats"_s)->setChecked(parties_.volet.correlats().ouverte());
     menu_->popup(ou);

@@ -40,6 +40,8 @@ public:
     void toutselectionner();
     /// Hands the document, or the selected part of it, on to the dossiers.
     void range();
+    /// Whether there is a document, and a place for it.
+    bool peutranger() const;
     /// Shows what the base knows of the document, above the whole program.
     void montreproprietes();
 

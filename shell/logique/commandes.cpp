@@ -123,7 +123,7 @@ constexpr std::array<LigneCommande, nombredordres> table{
       u"Dossiers",
       {},
       Simple,
-      Attente},
+      Rien},
      {Ordre::Collection,
       {u"Index", premieredescollections},
       {u"maffichagef", 0, premieredescollections},

@@ -1,0 +1,87 @@
+#include "shell/fenetredossiers.h"
+
+#include "document/ui/textes.h"
+#include "dossiers/ui/frmdossiers.h"
+#include "platform/widgets/text/richtextbox.h"
+#include "shell/bureau.h"
+#include "shell/ecrangeneral.h"
+#include "shell/logique/seance.h"
+
+namespace velm {
+
+FenetreDossiers::FenetreDossiers(const Donnees& donnees) : donnees_(donnees) {}
+
+FenetreDossiers::~FenetreDossiers() = default;
+
+frmdossiers* FenetreDossiers::fenetre() const {
+    return fenetre_;
+}
+
+void FenetreDossiers::attache(Ecrangeneral& ecran, Bureau& bureau) {
+    ecran_ = &ecran;
+    bureau_ = &bureau;
+    bureau.changedossiersouverts(!magasin_.dossiersindisponibles());
+}
+
+void FenetreDossiers::decharge() {
+    ecran_ = nullptr;
+    bureau_ = nullptr;
+}
+
+void FenetreDossiers::suit(Textes& fenetre) {
+    connect(&fenetre, &Textes::ranger, this,
+            [this](const QString& cle, const QString& titre, qsizetype debut, qsizetype longueur) {
+                montre({cle, titre, debut, longueur});
+            });
+}
+
+void FenetreDossiers::montre(const ElementEnAttente& attente) {
+    if (fenetre_ || ecran_ == nullptr)
+        return;
+    fenetre_ =
+        new frmdossiers({magasin_, donnees_.corpus, donnees_.reglages, donnees_.monde.sablier, donnees_.monde.dialogues,
+                         [&langue = donnees_.langue](Texte numero) { return langue.lireressource(numero); }},
+                        ecran_);
+    fenetre_->setAttribute(Qt::WA_DeleteOnClose);
+    connect(fenetre_, &QDialog::finished, this, &FenetreDossiers::fermee);
+    fenetre_->montre(attente);
+}
+
+/// The document is opened once the window has gone from the screen: it takes the focus.
+void FenetreDossiers::fermee() {
+    const QString cle = fenetre_ ? fenetre_->nodocument() : QString();
+    fenetre_.clear();
+    if (!cle.isEmpty())
+        QMetaObject::invokeMethod(
+            this, [this, cle] { ouvre(cle); }, Qt::QueuedConnection);
+}
+
+void FenetreDossiers::ouvre(const QString& cle) {
+    if (bureau_ == nullptr)
+        return;
+    bureau_->navigation().ouvre(documentdelacle(cle));
+    const Textes* lue = bureau_->active();
+    if (lue == nullptr || !estextrait(cle))
+        return;
+    // As they stand: whatever text they select now.
+    const Extrait extrait = extraitdelacle(cle);
+    lue->vue().setSelStart(extrait.debut);
+    lue->vue().setSelLength(extrait.longueur);
+}
+
+void FenetreDossiers::ouvredossiers() {
+    magasin_.ouvredossiers(donnees_.seance.preferences().repertoiredossiers);
+}
+
+void FenetreDossiers::fermedossiers() {
+    if (fenetre_)
+        fenetre_->fermesansquestion();
+    magasin_.fermedossiers();
+}
+
+void FenetreDossiers::ouvrefichierdossier(const QString& chemin) {
+    Q_UNUSED(chemin)
+    montre();
+}
+
+} // namespace velm
