@@ -560,6 +560,7 @@ enum class Texte : int {
     BulleCetteFenetre = 9601,
     BulleAucunDocument = 9602,
     BulleSuite = 9603,
+    DossierVide = 9604,
     BureauNom = 9620,
     BureauCollections = 9621,
     BureauDerniers = 9622,

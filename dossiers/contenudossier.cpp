@@ -115,10 +115,8 @@ ContenuDossier::Fait ContenuDossier::echange(int i, int j) {
         return fait;
     const QString cle = elements_.key(i);
     const QString texte = elements_.text(i);
-    const bool pale = elements_.faint(i);
     elements_.remove(i);
     elements_.add(j, cle, texte, cle.left(2));
-    elements_.setFaint(j, pale);
     elements_.select(j);
     return fait;
 }

@@ -1,32 +1,22 @@
 #include "dossiers/gestiondossiers.h"
 
-#include "core/langue.h"
-#include "core/obstacles.h"
 #include "dossiers/libellecompte.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace velm {
-namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int pagedaide = 8;
-
-} // namespace
-
 GestionDossiers::GestionDossiers(const Donnees& donnees)
     : donnees_(donnees), arbre_(donnees.magasin, donnees.noeuds, donnees.sablier, donnees.texte(Texte::MesDossiers)),
-      contenu_(donnees.magasin, donnees.elements, donnees.texte(Texte::MotExtrait)) {}
+      contenu_(donnees.magasin, donnees.elements, donnees.texte(Texte::MotExtrait)),
+      avis_(donnees.dialogues, donnees.texte) {}
 
 void GestionDossiers::charge(bool developpe) {
-    if (!donnees_.magasin.sain()) {
-        const QString copie = donnees_.magasin.derniercopie();
-        donnees_.dialogues.message(copie.isEmpty() ? texte(Texte::DossiersEndommagesSansCopie)
-                                                   : remplace(texte(Texte::DossiersEndommages), {copie}),
-                                   texte(Texte::NomDuProgramme), Icone::Exclamation);
-    }
+    if (!donnees_.magasin.sain())
+        avis_.endommage(donnees_.magasin.derniercopie());
     arbre_.litprochainnumero();
     arbre_.chargearbre();
     donnees_.elements.clear();
@@ -204,16 +194,9 @@ void GestionDossiers::supprimerelement() {
 void GestionDossiers::supprimernoeud() {
     const int noeud = choisi();
     const bool marque = arbre_.porte(noeud, u'S');
-    if (!marque && donnees_.noeuds.children(noeud) != 0 && !arbre_.testearticle(noeud)) {
-        const QString question = texte(Texte::SuppressionLeDossier) + u" \""_s +
-                                 sanscompteur(donnees_.noeuds.text(noeud)) + u"\" "_s +
-                                 texte(Texte::SuppressionSousDossiers) + u" ?"_s;
-        const Bouton reponse =
-            donnees_.dialogues.message(question, texte(Texte::TitreSuppressionDossier), Icone::Question,
-                                       Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Non, pagedaide);
-        if (reponse != Bouton::Oui)
-            return;
-    }
+    if (!marque && donnees_.noeuds.children(noeud) != 0 && !arbre_.testearticle(noeud) &&
+        !avis_.veutsupprimer(sanscompteur(donnees_.noeuds.text(noeud))))
+        return;
     arbre_.marquersuppression(noeud, !marque);
     noeudclique(noeud);
 }
@@ -280,8 +263,7 @@ void GestionDossiers::deplacenoeud(int cible) {
     if (arbre_.deplace(noeuddeplace_, cible))
         permetselonfreres();
     else
-        donnees_.dialogues.message(texte(Texte::DeplacementRefuse), texte(Texte::TitreDeplacementRefuse), Icone::Stop,
-                                   Bouton::Ok | Bouton::Aide, Bouton::Ok, pagedaide);
+        avis_.deplacementrefuse();
 }
 
 void GestionDossiers::rangeattente(int cible) {
@@ -309,15 +291,6 @@ void GestionDossiers::deplaceelement(int cible) {
     permetcontenu();
 }
 
-QString GestionDossiers::infobulleliste() const {
-    const ListItems& elements = donnees_.elements;
-    if (elements.count() == 0)
-        return {};
-    const QString& titre = elements.text(elements.selected());
-    const QString suite = texte(Texte::AGlisserVersUnDossier);
-    return titre.isEmpty() ? suite : u'"' + titre + u"\" "_s + suite;
-}
-
 // ---- the end
 
 bool GestionDossiers::ferme(bool sansquestion) {
@@ -331,26 +304,13 @@ bool GestionDossiers::ferme(bool sansquestion) {
     const EchecEcriture echec = arbre_.Sauvearbre();
     if (echec.ok() || sansquestion)
         return true;
-    Message message;
-    message.texte = remplace(texte(Texte::DossiersFermerQuandMeme), {raisonde(echec)});
-    message.titre = texte(Texte::NomDuProgramme);
-    message.icone = Icone::Exclamation;
-    message.boutons = Bouton::Oui | Bouton::Non;
-    message.defaut = Bouton::Non;
-    message.accord = texte(Texte::DossiersFermerSansEnregistrer);
-    message.refus = texte(Texte::DossiersRevenir);
-    return donnees_.dialogues.message(message) == Bouton::Oui;
-}
-
-QString GestionDossiers::raisonde(const EchecEcriture& echec) const {
-    return raison(echec.obstacle, echec.mots, donnees_.texte);
+    return avis_.veutfermer(echec);
 }
 
 /// Tells why a change was not made, and, once, that today's copy was not.
 bool GestionDossiers::reussi(const EchecEcriture& echec, Texte message) {
     if (!echec.ok())
-        donnees_.dialogues.message(remplace(texte(message), {raisonde(echec)}), texte(Texte::NomDuProgramme),
-                                   Icone::Exclamation);
+        avis_.manque(message, echec);
     else if (donnees_.magasin.copiemanquee() && !std::exchange(copiedite_, true))
         donnees_.vue.ditcopiemanquee();
     return echec.ok();

@@ -4,8 +4,8 @@
 // one that was used last (`sourcedeliste`) is what the commands are about.
 #include "core/texte.h"
 #include "dossiers/arbredossiers.h"
+#include "dossiers/avisdossiers.h"
 #include "dossiers/contenudossier.h"
-#include "platform/system/dialogues.h"
 
 namespace velm {
 
@@ -93,8 +93,6 @@ public:
     /// Ends what is being edited and saves. False when that failed and the user stays; `sansquestion`: nobody is asked.
     bool ferme(bool sansquestion = false);
 
-    /// The tip of the list: the title in quotes, and that it can be dragged.
-    QString infobulleliste() const;
     bool attend() const { return !attente_.itemreference.isEmpty(); }
     const ElementEnAttente& attente() const { return attente_; }
     bool sourcedeliste() const { return sourcedeliste_; }
@@ -119,11 +117,11 @@ private:
     void rangeattente(int cible);
     void deplaceelement(int cible);
     bool reussi(const EchecEcriture& echec, Texte message);
-    QString raisonde(const EchecEcriture& echec) const;
 
     Donnees donnees_;
     ArbreDossiers arbre_;
     ContenuDossier contenu_;
+    AvisDossiers avis_;
     CommandesDossiers commandes_;
     ElementEnAttente attente_;
     bool sourcedeliste_ = false; ///< the list was used last

@@ -3,11 +3,11 @@
 #include "core/langue.h"
 #include "core/tablereglages.h"
 #include "dossiers/ui/colonnedossiers.h"
+#include "dossiers/ui/listedossier.h"
 #include "platform/base/twips.h"
 #include "platform/widgets/frame/splitterbar.h"
 #include "platform/widgets/frame/splitterkeys.h"
 #include "platform/widgets/frame/toolbar.h"
-#include "platform/widgets/list/listview.h"
 #include "platform/widgets/look/icons.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/look/plaintext.h"
@@ -18,7 +18,6 @@
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <QScreen>
-#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -29,28 +28,14 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int itemsalafois = 200;
 constexpr QSize taillevoulue{900, 600};
 constexpr int milliemes = 1000;
-
-struct VueDeListe {
-    QStringView bouton;
-    ListArrangement vue;
-    Texte texte;
-};
-constexpr std::array vuesdeliste{VueDeListe{u"Liste", ListArrangement::List, Texte::DossiersVueListe},
-                                 VueDeListe{u"LargesIcones", ListArrangement::LargeIcons, Texte::DossiersGrandesIcones},
-                                 VueDeListe{u"SmallIcones", ListArrangement::SmallIcons, Texte::DossiersPetitesIcones}};
-
-QIcon imagedecollection(const QString& code) {
-    const int indice = indicedetype(code);
-    return typedindice(indice) == code ? icon(u"collection%1"_s.arg(indice)) : icon(u"document"_s);
-}
 
 } // namespace
 
 frmdossiers::frmdossiers(const Contexte& contexte, QWidget* parent)
-    : QDialog(parent), contexte_(contexte), arbre_(new TreeView(this)), liste_(new ListView(this)),
+    : QDialog(parent), contexte_(contexte), arbre_(new TreeView(this)),
+      liste_(new ListeDossier(contexte.corpus, contexte.texte, this)),
       gestion_({contexte.magasin, arbre_->nodes(), liste_->items(), contexte.sablier, contexte.dialogues, *this,
                 contexte.texte}),
       porteur_(gestion_, *arbre_, *liste_, this), colonne_(new ColonneDossiers(contexte.texte, this)),
@@ -73,10 +58,6 @@ void frmdossiers::construit() {
     arbre_->setObjectName(u"TreeView1"_s);
     arbre_->setAccessibleName(texte(Texte::DossiersArbre));
     arbre_->setImages([](const QString& nom) { return icon(nom); });
-    liste_->setObjectName(u"contenudossier"_s);
-    liste_->setAccessibleName(texte(Texte::DossiersContenu));
-    liste_->setImages(imagedecollection);
-    liste_->setTips([this](int index) { return infobulle(index); });
     separateur_->setObjectName(u"separateur"_s);
     separateur_->setAccessibleName(texte(Texte::DossiersSeparateur));
     ligne_->setObjectName(u"attente"_s);
@@ -101,13 +82,7 @@ void frmdossiers::construitbarres() {
     barre_->setToolTip(u"envoyerdossier"_s, texte(Texte::EnvoyerDossier));
     barrevue_->setObjectName(u"tlbHierarchie"_s);
     barrevue_->setImages([](const QString& nom) { return icon(nom); });
-    for (const VueDeListe& vue : vuesdeliste) {
-        const QString bouton = vue.bouton.toString();
-        barrevue_->addButton(bouton, Toolbar::Kind::Group, bouton);
-        barrevue_->setToolTip(bouton, texte(vue.texte));
-    }
-    barrevue_->setValue(vuesdeliste.front().bouton.toString(), true);
-    connect(barrevue_, &Toolbar::buttonClicked, this, &frmdossiers::changevue);
+    liste_->relie(*barrevue_);
 }
 
 void frmdossiers::reliearbre() {
@@ -221,40 +196,6 @@ void frmdossiers::ditcopiemanquee() {
     ligne_->setText(texte(Texte::DossiersCopieManquee));
     ligne_->show();
     place();
-}
-
-// ---- the list
-
-void frmdossiers::changevue(const QString& bouton) {
-    for (const VueDeListe& vue : vuesdeliste) {
-        barrevue_->setValue(vue.bouton.toString(), vue.bouton == bouton);
-        if (vue.bouton == bouton)
-            liste_->setArrangement(vue.vue);
-    }
-}
-
-QString frmdossiers::infobulle(int index) const {
-    const ListItems& elements = liste_->items();
-    const QString& titre = elements.text(index);
-    const QString suite = texte(Texte::AGlisserVersUnDossier);
-    QStringList lignes{titre.isEmpty() ? suite : u'"' + titre + u"\" "_s + suite};
-    const Cle document = documentdelacle(elements.key(index));
-    const int indice = document.indice();
-    if (typedindice(indice) == document.code)
-        lignes << texte(libelledefenetre(indice));
-    if (elements.faint(index))
-        lignes << texte(Texte::DossiersDocumentAbsent);
-    return lignes.join(u'\n');
-}
-
-/// What the base does not have is shown faint. Looked up a few at a time, so that a long list is there at once.
-void frmdossiers::examineabsents() {
-    ListItems& elements = liste_->items();
-    const int fin = std::min(examines_ + itemsalafois, elements.count());
-    for (; examines_ < fin; ++examines_)
-        elements.setFaint(examines_ + 1, !contexte_.corpus.rangee(documentdelacle(elements.key(examines_ + 1))));
-    if (examines_ < elements.count())
-        QTimer::singleShot(0, this, &frmdossiers::examineabsents);
 }
 
 // ---- keys

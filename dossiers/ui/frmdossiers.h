@@ -15,6 +15,7 @@ class QLabel;
 namespace velm {
 
 class ColonneDossiers;
+class ListeDossier;
 class SplitterBar;
 class Toolbar;
 
@@ -68,17 +69,13 @@ private:
     void place();
     DispositionDossiers::Mesures mesures() const;
     bool cle(const QKeyEvent& evenement);
-    void retour();
     void chargerdocument(int index);
-    void changevue(const QString& bouton);
-    void examineabsents();
-    QString infobulle(int index) const;
     void relitplace();
     void ecritplace() const;
 
     Contexte contexte_;
-    TreeView* arbre_; ///< TreeView1
-    ListView* liste_; ///< contenudossier
+    TreeView* arbre_;     ///< TreeView1
+    ListeDossier* liste_; ///< contenudossier
     GestionDossiers gestion_;
     PorteurDossiers porteur_;
     DispositionDossiers disposition_;
@@ -89,7 +86,6 @@ private:
     QCheckBox* developpe_; ///< Checkdeveloppe
     QLabel* ligne_;        ///< above the tree: what waits to be stored
     QString nodocument_;
-    int examines_ = 0; ///< items of which it is known whether their document is there
     bool sansquestion_ = false;
 };
 

@@ -87,14 +87,6 @@ void ListItems::setText(int index, const QString& text) {
         told->itemChanged(index);
 }
 
-void ListItems::setFaint(int index, bool faint) {
-    if (!contains(index) || this->faint(index) == faint)
-        return;
-    items_[static_cast<std::size_t>(index - 1)].faint = faint;
-    if (ListObserver* const told = watcher())
-        told->itemChanged(index);
-}
-
 void ListItems::select(int index) {
     noteSelected(index);
     if (ListObserver* const told = watcher())

@@ -16,7 +16,7 @@ public:
     virtual void itemCame() = 0;
     virtual void itemGoes(int index) = 0;
     virtual void itemGone() = 0;
-    virtual void itemChanged(int index) = 0;  ///< its text, its picture, or whether it is faint
+    virtual void itemChanged(int index) = 0;  ///< its text
     virtual void itemSelected(int index) = 0; ///< by the program; 0 for none
 };
 
@@ -41,12 +41,10 @@ public:
     const QString& key(int index) const { return at(index).key; }
     const QString& text(int index) const { return at(index).text; }
     const QString& image(int index) const { return at(index).image; }
-    bool faint(int index) const { return at(index).faint; }
 
     /// Another key; false, with nothing changed, when it is in use.
     bool setKey(int index, const QString& key);
     void setText(int index, const QString& text);
-    void setFaint(int index, bool faint);
 
     /// The selected entry stays selected when others come and go; where it goes itself, none is.
     int selected() const { return selected_; }
@@ -65,7 +63,6 @@ private:
         QString key;
         QString text;
         QString image;
-        bool faint = false;
     };
     static const Item& none();
     const Item& at(int index) const { return contains(index) ? items_[static_cast<std::size_t>(index - 1)] : none(); }

@@ -374,14 +374,6 @@ TEST_F(GestionTest, ClosingWithAListEditOpenEmptiesTheTitle) {
     EXPECT_EQ(elements().at(0).titre, QString());
 }
 
-TEST_F(GestionTest, TheListsToolTipShowsTheTitleInQuotes) {
-    EXPECT_EQ(gestion.infobulleliste(), QString());
-    clique(1);
-    EXPECT_EQ(gestion.infobulleliste(), u"<4202>");
-    cliqueelement(1);
-    EXPECT_EQ(gestion.infobulleliste(), u"\"Article un\" <4202>");
-}
-
 TEST_F(GestionTest, AStoreThatCannotBeWrittenIsToldAndTheUserMayStay) {
     clique(4);
     gestion.supprimer();

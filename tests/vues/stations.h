@@ -44,4 +44,7 @@ void chronology(Guide& guide);
 void numbers(Guide& guide);
 void keywords(Guide& guide);
 
+// ---- what the user keeps
+void dossiers(Guide& guide);
+
 } // namespace velm::vues

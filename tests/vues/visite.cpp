@@ -38,9 +38,9 @@ QStringList walk(const Manner& manner, const Eye& eye) {
     if (!guide.host().frame())
         return {u"the frame"_s};
     for (const auto station :
-         {&desk,       &firstClick,  &documents,     &panels,       &wordsInPanel,  &links,   &finding,  &properties,
-          &searchForm, &results,     &listOfResults, &index,        &chronology,    &numbers, &keywords, &menus,
-          &popups,     &manyWindows, &bars,          &smallWindows, &fileQuestions, &end})
+         {&desk,       &firstClick, &documents,     &panels, &wordsInPanel, &links,         &finding,  &properties,
+          &searchForm, &results,    &listOfResults, &index,  &chronology,   &numbers,       &keywords, &dossiers,
+          &menus,      &popups,     &manyWindows,   &bars,   &smallWindows, &fileQuestions, &end})
         station(guide);
     return guide.missed();
 }

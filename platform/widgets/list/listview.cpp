@@ -97,7 +97,9 @@ void ListView::measure() {
         cell.setHeight(ListDelegate::largeEdge(metrics) + 2 * metrics.height() + 2 * look::spacing + look::grid);
     } else if (arrangement_ == Arrangement::List) {
         const int beside = edge + 2 * look::grid + look::spacing + 1;
-        const int most = scaled(ListDelegate::widestColumn, metrics);
+        // One column has all of the room, if its texts need it.
+        const bool one = items_.count() * cell.height() <= viewport()->height();
+        const int most = std::max(scaled(ListDelegate::widestColumn, metrics), one ? viewport()->width() - 1 : 0);
         cell.setWidth(
             std::clamp(widest(items_, metrics, most) + beside, std::min(most, scaled(leastColumn, metrics)), most));
     }
@@ -111,6 +113,11 @@ void ListView::measure() {
 
 void ListView::setImages(std::function<QIcon(const QString& name)> images) {
     watch_->model.setImages(std::move(images));
+    viewport()->update();
+}
+
+void ListView::setFaint(std::function<bool(const QString& key)> faint) {
+    watch_->model.setFaint(std::move(faint));
     viewport()->update();
 }
 
@@ -164,6 +171,11 @@ void ListView::initViewItemOption(QStyleOptionViewItem* option) const {
 void ListView::doItemsLayout() {
     measure();
     QListView::doItemsLayout();
+}
+
+void ListView::resizeEvent(QResizeEvent* event) {
+    watch_->measured = false;
+    QListView::resizeEvent(event);
 }
 
 void ListView::updateGeometries() {

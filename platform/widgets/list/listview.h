@@ -33,6 +33,8 @@ public:
     Arrangement arrangement() const { return arrangement_; }
     /// Who draws a picture of a name; names without one show none.
     void setImages(std::function<QIcon(const QString& name)> images);
+    /// Whether an entry is shown faint. Asked when it is painted: must be quick.
+    void setFaint(std::function<bool(const QString& key)> faint);
     /// What is told of an entry beside the pointer; without it the whole text, where that cannot be seen.
     void setTips(std::function<QString(int item)> tips) { tips_ = std::move(tips); }
     /// Whether entries can be dragged. While they can, a press that moves chooses no other entry on its way.
@@ -69,6 +71,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void doItemsLayout() override;
+    void resizeEvent(QResizeEvent* event) override;
     void updateGeometries() override;
 
 private:

@@ -14,7 +14,7 @@ QVariant ListViewModel::data(const QModelIndex& index, int role) const {
         return icon.isNull() ? QVariant() : icon;
     }
     case FaintRole:
-        return items_.faint(item);
+        return faint_ && faint_(items_.key(item));
     default:
         return {};
     }

@@ -7,6 +7,7 @@
 #include <QIcon>
 
 #include <functional>
+#include <utility>
 
 namespace velm {
 
@@ -22,6 +23,7 @@ public:
     QModelIndex indexOf(int item) const { return item >= 1 && item <= told_ ? index(item - 1, 0) : QModelIndex(); }
     static int itemOf(const QModelIndex& index) { return index.isValid() ? index.row() + 1 : 0; }
     void setImages(std::function<QIcon(const QString& name)> images);
+    void setFaint(std::function<bool(const QString& key)> faint) { faint_ = std::move(faint); }
 
     // ---- what happened to the entries
     void reset();
@@ -37,6 +39,7 @@ private:
     const ListItems& items_;
     int told_ = 0;
     std::function<QIcon(const QString& name)> images_;
+    std::function<bool(const QString& key)> faint_;
     mutable QHash<QString, QIcon> pictures_;
 };
 
