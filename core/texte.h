@@ -560,7 +560,6 @@ enum class Texte : int {
     BulleCetteFenetre = 9601,
     BulleAucunDocument = 9602,
     BulleSuite = 9603,
-    DossierVide = 9604,
     BureauNom = 9620,
     BureauCollections = 9621,
     BureauDerniers = 9622,
@@ -683,7 +682,7 @@ enum class Texte : int {
     DossiersContenu = 9826,
     DossiersSeparateur = 9827,
     DossiersDocumentAbsent = 9828,
-    DossiersVides = 9829,
+    DossierVide = 9829,
     RegrouperTropEtroit = 9890
 };
 

@@ -24,6 +24,9 @@ void FenetreDossiers::attache(Ecrangeneral& ecran, Bureau& bureau) {
 }
 
 void FenetreDossiers::decharge() {
+    // However the run ends, what was made is saved.
+    if (fenetre_)
+        fenetre_->fermesansquestion();
     ecran_ = nullptr;
     bureau_ = nullptr;
 }

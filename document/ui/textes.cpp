@@ -106,11 +106,13 @@ void Textes::relie() {
         panneau_->suit(cle(), lecture().branche());
         volet_->compte(cle());
     };
-    connect(zone_, &ZoneTexte::arrive, this, suit, Qt::QueuedConnection);
-    connect(zone_, &ZoneTexte::menuschanges, this, [this] {
+    const auto peutautrement = [this] {
         if (surchangement)
             surchangement();
-    });
+    };
+    connect(zone_, &ZoneTexte::arrive, this, suit, Qt::QueuedConnection);
+    connect(zone_, &ZoneTexte::arrive, this, peutautrement, Qt::QueuedConnection);
+    connect(zone_, &ZoneTexte::menuschanges, this, peutautrement);
     connect(zone_, &ZoneTexte::cible, this, &Textes::cible);
     connect(zone_, &ZoneTexte::ranger, this, &Textes::ranger);
     connect(zone_, &ZoneTexte::bascule, this, bascule);

@@ -178,7 +178,9 @@ bool Carrier::eventFilter(QObject* watched, QEvent* event) {
     if (!carries() || !watched->isWidgetType())
         return false;
     auto& receiver = static_cast<QWidget&>(*watched);
-    if (&receiver == window_ && (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::Hide)) {
+    // Without a button down the user may look at another window meanwhile.
+    const bool left = event->type() == QEvent::WindowDeactivate && mode_ == Mode::UntilRelease;
+    if (&receiver == window_ && (left || event->type() == QEvent::Hide)) {
         cancel();
         return false;
     }

@@ -45,7 +45,7 @@ signals:
     void over(QWidget* under, const QPoint& globalPosition);
     /// Nothing is carried any more.
     void dropped(QWidget* under, const QPoint& globalPosition);
-    void cancelled(); ///< by Escape, by a window that went or came in front, or by the program
+    void cancelled(); ///< by Escape, by a window that went, by another one in front of a pressed button, or by the program
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
