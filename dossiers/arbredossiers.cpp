@@ -141,6 +141,11 @@ int ArbreDossiers::ajoute(int parent, const QString& nom) {
     return noeud;
 }
 
+bool ArbreDossiers::ecritneuf(int noeud) {
+    compteurordre_ = noeuds_.place(noeud) + 1;
+    return ajouterangee(noeud) && sauvenumero();
+}
+
 QString ArbreDossiers::commencerenommage(int noeud) {
     compteuredite_ = compteurarbo(noeuds_.text(noeud));
     noeuds_.setText(noeud, sanscompteur(noeuds_.text(noeud)));

@@ -49,6 +49,9 @@ public:
     /// A new dossier with the next number that nobody has, the last child of a node; its index. It is selected, and its
     /// parent open.
     int ajoute(int parent, const QString& nom);
+    /// Writes the row of a new dossier ahead of the next save, within a change of the store: what is stored in it then
+    /// has an owner, whatever happens until then. False when it cannot be written.
+    bool ecritneuf(int noeud);
     /// Before its name is edited: the bare name, which the node has from now on; its count comes back by
     /// remetcompteur().
     QString commencerenommage(int noeud);

@@ -222,6 +222,14 @@ ContenuDossier::Fait ContenuDossier::deplace(int index, qint64 dossier) {
     return fait;
 }
 
+void ContenuDossier::montre(const Paires& paires) {
+    elements_.setRedraw(false);
+    elements_.clear();
+    for (const auto& [cle, texte] : paires)
+        elements_.add(0, cle, texte, cle.left(2));
+    elements_.setRedraw(true);
+}
+
 EchecEcriture ContenuDossier::importe(const Paires& paires, qint64 dossier) {
     return magasin_.ecrit([&] {
         qint64 noordre = 0;

@@ -42,6 +42,8 @@ public:
     /// Stores what a file brings: keys and texts as they stand there, at the places 1, 2… of a dossier.
     using Paires = std::vector<std::pair<QString, QString>>;
     EchecEcriture importe(const Paires& paires, qint64 dossier);
+    /// Lists them as they stand there; of equal keys the first one is shown.
+    void montre(const Paires& paires);
 
 private:
     bool trouve(const QString& cle, qint64 noordre) const;

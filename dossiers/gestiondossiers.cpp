@@ -233,6 +233,38 @@ void GestionDossiers::changenoeud(int pas) {
         noeudclique(nouveau);
 }
 
+// ---- files
+
+FichierDossier GestionDossiers::fichier() const {
+    FichierDossier fichier;
+    fichier.nom = sanscompteur(donnees_.noeuds.text(choisi()));
+    for (int index = 1; index <= donnees_.elements.count(); ++index)
+        fichier.elements.emplace_back(donnees_.elements.key(index), donnees_.elements.text(index));
+    return fichier;
+}
+
+bool GestionDossiers::importe(const FichierDossier& fichier) {
+    const Attente attente(donnees_.sablier);
+    const int noeud = arbre_.ajoute(donnees_.noeuds.childAt(0, 0), fichier.nom);
+    const EchecEcriture echec = donnees_.magasin.ecrit(
+        [&] { return arbre_.ecritneuf(noeud) && contenu_.importe(fichier.elements, arbre_.numero(noeud)).ok(); });
+    if (!reussi(echec, Texte::DossiersPasModifies)) {
+        donnees_.noeuds.remove(noeud);
+        return false;
+    }
+    contenu_.montre(fichier.elements);
+    // Of a file that ends too early the number of items is not counted.
+    if (!fichier.interrompu)
+        arbre_.modifierelements(noeud, qint64(fichier.elements.size()));
+    permetselonfreres();
+    permetcontenu();
+    return true;
+}
+
+bool GestionDossiers::enregistre() {
+    return reussi(arbre_.Sauvearbre(), Texte::DossiersPasEnregistres);
+}
+
 // ---- dragging
 
 bool GestionDossiers::peuttirernoeud() const {

@@ -6,6 +6,7 @@
 #include "dossiers/arbredossiers.h"
 #include "dossiers/avisdossiers.h"
 #include "dossiers/contenudossier.h"
+#include "dossiers/fichierdossier.h"
 
 namespace velm {
 
@@ -81,6 +82,15 @@ public:
     void apreseditionnoeud();
     /// With the text as typed, or as it was before when the editing was given up; the list shows what comes of it.
     void apreseditionliste(QString texte);
+
+    // ---- files
+    /// The dossier that is selected, with what the list shows of it.
+    FichierDossier fichier() const;
+    /// Makes a dossier under the root of what a file holds, in the store at once; it is selected. The list shows the
+    /// keys of the file until the dossier is listed anew. False when it could not be written: nothing of it is left.
+    bool importe(const FichierDossier& fichier);
+    /// Saves the tree; false, which has been told, when that failed.
+    bool enregistre();
 
     // ---- dragging
     void pressesurarbre() { noeuddeplace_ = donnees_.noeuds.selected(); }

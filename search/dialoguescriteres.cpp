@@ -1,10 +1,6 @@
 #include "search/dialoguescriteres.h"
 
-#include "core/langue.h"
-#include "core/obstacles.h"
 #include "platform/system/files.h"
-
-#include <QFile>
 
 namespace velm {
 
@@ -16,20 +12,6 @@ ChoixFichier FichiersCriteres::choix(Texte titre) const {
     choix.filtre = texte_(Texte::FichiersDuProgramme) + u"(*.cv2)|*.cv2"_s;
     choix.extension = u"cv2"_s;
     return choix;
-}
-
-/// The bytes of a file, or nothing when it cannot be read. Of a file that does not begin as these do only the
-/// beginning is read, however long it is.
-std::optional<QByteArray> FichiersCriteres::lit(const QString& chemin) {
-    const Attente attente(sablier_);
-    QFile fichier;
-    if (!openPlain(fichier, chemin).ok())
-        return std::nullopt;
-    const QByteArray debut = fichier.read(FichierCriteres::entete.size() + 2);
-    if (fichier.error() == QFileDevice::NoError && !litfichiercriteres(debut))
-        return debut;
-    const FileBytes suite = readRest(fichier);
-    return suite.ok() ? std::optional(debut + suite.bytes) : std::nullopt;
 }
 
 std::optional<FichierCriteres> FichiersCriteres::ouvrircriteres(const QString& nom) {
@@ -44,15 +26,10 @@ std::optional<FichierCriteres> FichiersCriteres::ouvrircriteres(const QString& n
                                Bouton::Oui | Bouton::Non) != Bouton::Oui)
             return std::nullopt;
     }
-    const std::optional<QByteArray> octets = lit(chemin);
-    if (!octets) {
-        dialogues_.message(texte_(Texte::LeFichier) + u' ' + chemin + u' ' + texte_(Texte::NePeutPasEtreOuvert),
-                           texte_(Texte::TitreOuvertureImpossible), Icone::Stop);
-        return std::nullopt;
-    }
-    std::optional<FichierCriteres> lu = litfichiercriteres(*octets);
-    if (!lu)
-        dialogues_.message(texte_(Texte::FormatNonReconnu), texte_(Texte::TitreErreurDeFichier), Icone::Stop);
+    const std::optional<QByteArray> octets = fichiers_.lit(chemin, FichierCriteres::entete);
+    std::optional<FichierCriteres> lu = octets ? litfichiercriteres(*octets) : std::nullopt;
+    if (octets && !lu)
+        fichiers_.ditautreformat();
     return lu;
 }
 
@@ -60,38 +37,12 @@ bool FichiersCriteres::sauvercriteres(const FichierCriteres& fichier) {
     ChoixFichier ou = choix(Texte::TitreEnregistrerCriteres);
     const QString mots = fileNameOf(motsdelarecherche(fichier));
     ou.nom = (mots.isEmpty() ? texte_(Texte::NomDesCriteres) : mots) + u".cv2"_s;
-    ou.demanderemplacement = false;
-    const std::optional<QString> chemin = dialogues_.saveFile(ou);
-    if (!chemin)
-        return false;
-    if (fileSize(*chemin).value_or(0) != 0 &&
-        dialogues_.message(texte_(Texte::LeFichier) + u' ' + *chemin + u' ' + texte_(Texte::ExisteDeja),
-                           texte_(Texte::TitreEnregistrement), Icone::Aucune, Bouton::Oui | Bouton::Non) != Bouton::Oui)
-        return false;
-    const FileError erreur = [&] {
-        const Attente attente(sablier_);
-        return writeWhole(*chemin, ecritcriteres(fichier));
-    }();
-    if (!erreur.ok())
-        ditnonecrit(*chemin, erreur, Texte::TitreEnregistrement);
-    return erreur.ok();
+    return fichiers_.enregistre(ou, Icone::Aucune, [&fichier] { return ecritcriteres(fichier); });
 }
 
 void FichiersCriteres::envoyercriteres(const FichierCriteres& fichier) {
-    if (fichier.lignes.empty())
-        return;
-    const Courriel courriel{{}, u" "_s, u"VELM2000.CV2"_s, ecritcriteres(fichier)};
-    courrier_.compose(courriel, [this, nom = courriel.fileName](Courrier::Failure echec, const FileError& erreur) {
-        if (echec == Courrier::Failure::NotWritten)
-            ditnonecrit(nom, erreur, Texte::TitreEnvoi);
-        else
-            dialogues_.message(texte_(Texte::AucuneMessagerie), texte_(Texte::TitreEnvoi), Icone::Exclamation);
-    });
-}
-
-void FichiersCriteres::ditnonecrit(const QString& nom, const FileError& erreur, Texte titre) {
-    dialogues_.message(remplace(texte_(Texte::FichierPasEnregistre), {nom, raison(erreur.kind, erreur.words, texte_)}),
-                       texte_(titre), Icone::Stop);
+    if (!fichier.lignes.empty())
+        fichiers_.envoie(u"VELM2000.CV2"_s, ecritcriteres(fichier));
 }
 
 } // namespace velm

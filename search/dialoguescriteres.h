@@ -1,20 +1,15 @@
 #pragma once
 // Opening, saving and mailing of criteria files, with what is asked and said on the way.
-#include "core/texte.h"
-#include "platform/system/courrier.h"
-#include "platform/system/dialogues.h"
-#include "platform/system/sablier.h"
+#include "core/fichiersechanges.h"
 #include "search/fichiercriteres.h"
-
-#include <functional>
 
 namespace velm {
 
 class FichiersCriteres {
 public:
     /// None is owned. All must live as long as `courrier`, which may still have to say that it has failed.
-    FichiersCriteres(Dialogues& dialogues, Sablier& sablier, Courrier& courrier, Libelles texte)
-        : dialogues_(dialogues), sablier_(sablier), courrier_(courrier), texte_(std::move(texte)) {}
+    FichiersCriteres(Dialogues& dialogues, Sablier& sablier, Courrier& courrier, const Libelles& texte)
+        : dialogues_(dialogues), texte_(texte), fichiers_(dialogues, sablier, courrier, texte) {}
 
     /// Reads the file of this name (that the command line has given), or of one that the user chooses. Nothing, and
     /// nothing has changed, when the user gives up or the file is none; what is wrong has been said.
@@ -26,13 +21,10 @@ public:
 
 private:
     ChoixFichier choix(Texte titre) const;
-    std::optional<QByteArray> lit(const QString& chemin);
-    void ditnonecrit(const QString& nom, const FileError& erreur, Texte titre);
 
     Dialogues& dialogues_;
-    Sablier& sablier_;
-    Courrier& courrier_;
     Libelles texte_;
+    FichiersEchanges fichiers_;
 };
 
 } // namespace velm

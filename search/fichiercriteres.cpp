@@ -1,6 +1,6 @@
 #include "search/fichiercriteres.h"
 
-#include "platform/text/ansi.h"
+#include "platform/text/ansilines.h"
 #include "platform/text/number.h"
 #include "search/remplacecodes.h"
 
@@ -12,43 +12,23 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-class Ecrivain {
+class Ecrivain : public ansi::LineWriter {
 public:
-    void texte(QStringView ligne) {
-        QString propre = ligne.toString();
-        propre.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
-        octets_ += ansi::encode(propre) + "\r\n";
-    }
-    void nombre(qint64 valeur) { texte(QString::number(valeur)); }
+    void texte(QStringView ligne) { line(ligne); }
+    void nombre(qint64 valeur) { line(QString::number(valeur)); }
     void coche(bool valeur) { nombre(valeur ? 1 : 0); }
-    QByteArray octets() { return std::move(octets_); }
-
-private:
-    QByteArray octets_;
 };
 
-class Lecteur {
+class Lecteur : public ansi::LineReader {
 public:
-    explicit Lecteur(QByteArrayView octets) : octets_(octets) {}
+    using LineReader::LineReader;
 
-    bool fini() const { return place_ >= octets_.size(); }
-    QString texte() {
-        const auto* const debut = octets_.begin() + std::min(place_, octets_.size());
-        const auto* const fin = std::find_if(debut, octets_.end(), [](char c) { return c == '\r' || c == '\n'; });
-        place_ = fin - octets_.begin();
-        if (!fini())
-            place_ += octets_.sliced(place_).startsWith("\r\n") ? 2 : 1;
-        return ansi::decode({debut, fin});
-    }
+    QString texte() { return line(); }
     int nombre() {
         constexpr qint64 leplus = std::numeric_limits<int>::max();
-        return static_cast<int>(std::clamp(roundHalfEven(val(texte())), -leplus, leplus));
+        return static_cast<int>(std::clamp(roundHalfEven(val(line())), -leplus, leplus));
     }
     bool coche() { return nombre() != 0; }
-
-private:
-    QByteArrayView octets_;
-    qsizetype place_ = 0;
 };
 
 QString boutonsentexte(const std::array<bool, nombredecollections>& boutons) {
@@ -94,7 +74,7 @@ void litlignes(Lecteur& lecteur, FichierCriteres& f) {
         for (QString& cellule : ligne.cellules)
             cellule = lecteur.texte();
         // A row of which the file lacks the end is none.
-        if (lecteur.fini())
+        if (lecteur.atEnd())
             return;
         ligne.cle = lecteur.texte();
         f.lignes.push_back(std::move(ligne));
@@ -147,7 +127,7 @@ QByteArray ecritcriteres(const FichierCriteres& f) {
             e.texte(cellule);
         e.texte(ligne.cle);
     }
-    return e.octets();
+    return e.take();
 }
 
 std::optional<FichierCriteres> litfichiercriteres(QByteArrayView octets) {

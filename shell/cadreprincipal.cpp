@@ -97,7 +97,7 @@ QString CadrePrincipal::chargeprincipale() {
         FenetresAnnexes::Donnees{donnees_.reglages, donnees_.corpus, donnees_.seance, donnees_.monde, texte});
     listes_ = std::make_unique<FenetresListes>(FenetresListes::Donnees{
         aire, actions, *bureau_, *selection_, donnees_.reglages, donnees_.corpus, donnees_.monde, texte});
-    donnees_.dossiers.attache(*ecran_, *bureau_);
+    donnees_.dossiers.attache(*ecran_, *bureau_, [this] { return selection_->liste().lignes() > 0; });
     chargedevant();
     chargecommandes();
     chargeaspect();

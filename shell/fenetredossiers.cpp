@@ -9,7 +9,9 @@
 
 namespace velm {
 
-FenetreDossiers::FenetreDossiers(const Donnees& donnees) : donnees_(donnees) {}
+FenetreDossiers::FenetreDossiers(const Donnees& donnees)
+    : donnees_(donnees), fichiers_(donnees.monde.dialogues, donnees.monde.sablier, donnees.monde.courrier,
+                                   [&langue = donnees.langue](Texte numero) { return langue.lireressource(numero); }) {}
 
 FenetreDossiers::~FenetreDossiers() = default;
 
@@ -17,7 +19,8 @@ frmdossiers* FenetreDossiers::fenetre() const {
     return fenetre_;
 }
 
-void FenetreDossiers::attache(Ecrangeneral& ecran, Bureau& bureau) {
+void FenetreDossiers::attache(Ecrangeneral& ecran, Bureau& bureau, std::function<bool()> ontrouve) {
+    ontrouve_ = std::move(ontrouve);
     ecran_ = &ecran;
     bureau_ = &bureau;
     bureau.changedossiersouverts(!magasin_.dossiersindisponibles());
@@ -41,10 +44,10 @@ void FenetreDossiers::suit(Textes& fenetre) {
 void FenetreDossiers::montre(const ElementEnAttente& attente) {
     if (fenetre_ || ecran_ == nullptr)
         return;
-    fenetre_ =
-        new frmdossiers({magasin_, donnees_.corpus, donnees_.reglages, donnees_.monde.sablier, donnees_.monde.dialogues,
-                         [&langue = donnees_.langue](Texte numero) { return langue.lireressource(numero); }},
-                        ecran_);
+    fenetre_ = new frmdossiers(
+        {magasin_, donnees_.corpus, donnees_.reglages, donnees_.monde.sablier, donnees_.monde.dialogues, fichiers_,
+         [&langue = donnees_.langue](Texte numero) { return langue.lireressource(numero); }, ontrouve_},
+        ecran_);
     fenetre_->setAttribute(Qt::WA_DeleteOnClose);
     connect(fenetre_, &QDialog::finished, this, &FenetreDossiers::fermee);
     fenetre_->montre(attente);
@@ -82,9 +85,16 @@ void FenetreDossiers::fermedossiers() {
     magasin_.fermedossiers();
 }
 
+/// The window comes, takes the file in, saves, and goes; one that is open already stays.
 void FenetreDossiers::ouvrefichierdossier(const QString& chemin) {
-    Q_UNUSED(chemin)
-    montre();
+    const bool ouverte = fenetre_;
+    if (!ouverte)
+        montre();
+    if (!fenetre_)
+        return;
+    fenetre_->chargefichier(chemin);
+    if (!ouverte && fenetre_)
+        fenetre_->accept();
 }
 
 } // namespace velm

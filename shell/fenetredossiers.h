@@ -4,6 +4,7 @@
 #include "core/corpus.h"
 #include "core/langue.h"
 #include "core/reglages.h"
+#include "dossiers/fichiersdossiers.h"
 #include "dossiers/magasin.h"
 #include "shell/logique/ecrans.h"
 #include "shell/mondeexterieur.h"
@@ -35,7 +36,8 @@ public:
     ~FenetreDossiers() override;
 
     /// The frame over which the window is shown, and the desk on which documents open: from now on, until decharge().
-    void attache(Ecrangeneral& ecran, Bureau& bureau);
+    /// `ontrouve`: whether the selection list has rows.
+    void attache(Ecrangeneral& ecran, Bureau& bureau, std::function<bool()> ontrouve);
     void decharge();
     /// What a document window hands over is stored.
     void suit(Textes& fenetre);
@@ -56,6 +58,8 @@ private:
 
     Donnees donnees_;
     Magasin magasin_;
+    FichiersDossiers fichiers_;
+    std::function<bool()> ontrouve_;
     Ecrangeneral* ecran_ = nullptr;
     Bureau* bureau_ = nullptr;
     QPointer<frmdossiers> fenetre_;

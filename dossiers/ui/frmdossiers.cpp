@@ -50,6 +50,7 @@ frmdossiers::frmdossiers(const Contexte& contexte, QWidget* parent)
     reliearbre();
     relieliste();
     reliecommandes();
+    reliefichiers();
     SplitterKeys::serve(*this);
     relitplace();
 }
@@ -122,6 +123,28 @@ void frmdossiers::reliecommandes() {
         disposition_.partage(DispositionDossiers().part());
         place();
     });
+}
+
+void frmdossiers::reliefichiers() {
+    connect(barre_, &Toolbar::buttonClicked, this, [this](const QString& bouton) {
+        if (bouton == u"ouvrirdossier")
+            ouvrefichier({});
+        else if (bouton == u"enregistrerdossier")
+            contexte_.fichiers.enregistre(gestion_.fichier());
+        // Sent is what was found with the program's searches: without that nothing is.
+        else if (bouton == u"envoyerdossier" && contexte_.ontrouve())
+            contexte_.fichiers.envoie(gestion_.fichier());
+    });
+}
+
+void frmdossiers::ouvrefichier(const QString& nomfichier) {
+    if (const auto fichier = contexte_.fichiers.ouvre(nomfichier))
+        gestion_.importe(*fichier);
+}
+
+void frmdossiers::chargefichier(const QString& nomfichier) {
+    ouvrefichier(nomfichier);
+    gestion_.enregistre();
 }
 
 void frmdossiers::montre(const ElementEnAttente& attente) {

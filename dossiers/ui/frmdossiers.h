@@ -4,6 +4,7 @@
 #include "core/corpus.h"
 #include "core/reglages.h"
 #include "dossiers/dispositiondossiers.h"
+#include "dossiers/fichiersdossiers.h"
 #include "dossiers/gestiondossiers.h"
 #include "dossiers/ui/porteurdossiers.h"
 
@@ -30,12 +31,16 @@ public:
         Reglages& reglages;
         Sablier& sablier;
         Dialogues& dialogues;
+        FichiersDossiers& fichiers;
         Libelles texte;
+        std::function<bool()> ontrouve; ///< whether the selection list has rows
     };
     explicit frmdossiers(const Contexte& contexte, QWidget* parent = nullptr);
 
     /// Loads the tree and shows the window, with something that waits to be stored or with nothing.
     void montre(const ElementEnAttente& attente);
+    /// Reads a file of a dossier, that of the command line, and saves; what is wrong is said.
+    void chargefichier(const QString& nomfichier);
     /// The key of the item that is to be opened now that the window is closed; empty for none.
     const QString& nodocument() const { return nodocument_; }
     GestionDossiers& gestion() { return gestion_; }
@@ -66,6 +71,8 @@ private:
     void reliearbre();
     void relieliste();
     void reliecommandes();
+    void reliefichiers();
+    void ouvrefichier(const QString& nomfichier);
     void place();
     DispositionDossiers::Mesures mesures() const;
     bool cle(const QKeyEvent& evenement);

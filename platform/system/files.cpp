@@ -163,6 +163,19 @@ FileBytes readFile(const QString& path, FileKind kind) {
     return error.ok() ? readRest(file) : FileBytes{{}, std::move(error)};
 }
 
+FileBytes readBeginningWith(const QString& path, QByteArrayView beginning) {
+    QFile file;
+    if (FileError error = openPlain(file, path); !error.ok())
+        return {{}, std::move(error)};
+    const QByteArray start = file.read(beginning.size());
+    if (file.error() == QFileDevice::NoError && start != beginning)
+        return {start, {}};
+    FileBytes result = readRest(file);
+    if (result.ok())
+        result.bytes.prepend(start);
+    return result;
+}
+
 bool othersCanChange(const QString& path) {
     const QString real = QFileInfo(path).canonicalFilePath();
     // Of a link, also who may turn it elsewhere.

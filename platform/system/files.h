@@ -4,6 +4,7 @@
 #include "platform/base/obstacle.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QDateTime>
 #include <QString>
 #include <QStringView>
@@ -70,6 +71,9 @@ inline FileBytes readPlain(const QString& path) {
 
 /// Goes on reading to the end of an open file; the error is that of this or of an earlier reading.
 FileBytes readRest(QFile& file);
+
+/// All of a plain file that begins with these bytes; of another one no more than tells that it does not.
+FileBytes readBeginningWith(const QString& path, QByteArrayView beginning);
 
 /// True when somebody besides this user and root could change the file or put another in its place: by its owner and
 /// rights, or by those of its folder. True as well when that cannot be found out.

@@ -98,6 +98,87 @@ QByteArray encode(QStringView text, char substitute) {
     return bytes;
 }
 
+namespace {
+
+/// For signs that do not come apart into what the page has.
+QByteArrayView likeness(char16_t unit) {
+    switch (unit) {
+    case 0x2010: // hyphens, minus
+    case 0x2011:
+    case 0x2212:
+        return "-";
+    case 0x2015:
+        return "\x97";
+    case 0x2032:
+        return "'";
+    case 0x2033:
+        return "\"";
+    case 0x2190:
+        return "<-";
+    case 0x2192:
+        return "->";
+    case 0x2260:
+        return "<>";
+    case 0x2264:
+        return "<=";
+    case 0x2265:
+        return ">=";
+    case 0x0141:
+        return "L";
+    case 0x0142:
+        return "l";
+    case 0x0110:
+        return "D";
+    case 0x0111:
+        return "d";
+    case 0x0131:
+        return "i";
+    case 0x200B: // marks without a width
+    case 0x200C:
+    case 0x200D:
+    case 0x2060:
+    case 0xFEFF:
+        return "";
+    default:
+        return "?";
+    }
+}
+
+/// One character that the page lacks.
+QByteArray nearest(QStringView character) {
+    const QString parts = character.toString().normalized(QString::NormalizationForm_KD);
+    if (parts == character)
+        return likeness(character[0].unicode()).toByteArray();
+    QByteArray bytes;
+    for (const QChar part : parts) {
+        if (const auto byte = fromUnicode(part.unicode()))
+            bytes += static_cast<char>(*byte);
+        else if (!part.isMark())
+            bytes += likeness(part.unicode());
+    }
+    return bytes.isEmpty() ? QByteArray("?") : bytes;
+}
+
+} // namespace
+
+QByteArray encodeReadable(QStringView text) {
+    QByteArray bytes;
+    bytes.reserve(text.size());
+    // What the page has whole is not taken apart, in whatever form it comes.
+    const QString whole = text.toString().normalized(QString::NormalizationForm_C);
+    for (qsizetype i = 0; i < whole.size(); ++i) {
+        const QChar unit = whole[i];
+        if (const auto byte = fromUnicode(unit.unicode())) {
+            bytes += static_cast<char>(*byte);
+            continue;
+        }
+        const bool pair = unit.isHighSurrogate() && i + 1 < whole.size() && whole[i + 1].isLowSurrogate();
+        bytes += nearest(QStringView(whole).sliced(i, pair ? 2 : 1));
+        i += pair ? 1 : 0;
+    }
+    return bytes;
+}
+
 QString decodeFile(QByteArrayView bytes) {
     if (bytes.startsWith(QByteArrayView("\xEF\xBB\xBF")))
         return QString::fromUtf8(bytes.sliced(3));

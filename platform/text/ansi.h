@@ -16,6 +16,10 @@ QString decode(QByteArrayView bytes);
 /// What the code page cannot hold becomes `substitute` (one per code point).
 QByteArray encode(QStringView text, char substitute = '?');
 
+/// What the code page cannot hold is written by the nearest that it can: a letter without its accent, a sign by signs
+/// that look like it; '?' for what has no such thing.
+QByteArray encodeReadable(QStringView text);
+
 /// A file's text: UTF-8 when it begins with the UTF-8 mark (which is dropped; invalid sequences become U+FFFD),
 /// otherwise Windows-1252.
 QString decodeFile(QByteArrayView bytes);

@@ -245,3 +245,12 @@ TEST(NomsDeFichiers, WordsBecomeANameThatEveryDiskTakes) {
     EXPECT_EQ(fileNameOf(QString(80, u'x')).size(), 60);
     EXPECT_EQ(fileNameOf(QString(59, u'x') + u" y"_s), QString(59, u'x')) << "no blank at the cut";
 }
+
+TEST_F(Fichiers, OfAFileThatBeginsOtherwiseOnlyTheBeginningIsRead) {
+    const QByteArray long_ = "SIGN" + pattern(100'000);
+    EXPECT_EQ(readBeginningWith(put(u"a"_s, long_), "SIGN").bytes, long_);
+    EXPECT_EQ(readBeginningWith(put(u"b"_s, long_), "SIGM").bytes, "SIGN");
+    EXPECT_EQ(readBeginningWith(put(u"c"_s, "SI"), "SIGN").bytes, "SI");
+    EXPECT_FALSE(readBeginningWith(at(u"none"_s), "SIGN").ok());
+    EXPECT_FALSE(readBeginningWith(folder.path(), "SIGN").ok());
+}
