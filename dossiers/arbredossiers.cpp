@@ -7,6 +7,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <limits>
 
 namespace velm {
 namespace {
@@ -22,6 +23,11 @@ constexpr QChar sansrangee = u'A';
 constexpr QChar deplacee = u'D';
 constexpr QChar renommee = u'R';
 constexpr QChar supprimee = u'S';
+
+/// A store may hold any numbers: behind the greatest one come the first ones again.
+qint64 numerosuivant(qint64 numero) {
+    return numero == std::numeric_limits<qint64>::max() ? 1 : numero + 1;
+}
 
 /// Calls `fait` for a node and all below it, each before what is below it; from the first child to the last.
 template <typename Fait>
@@ -46,7 +52,10 @@ QString ArbreDossiers::clenoeud(qint64 numero) {
 }
 
 qint64 ArbreDossiers::numerodelacle(const QString& cle) {
-    return roundHalfEven(val(QStringView(cle).mid(2)));
+    QStringView numero = QStringView(cle).mid(2);
+    if (numero.endsWith(provisoire))
+        numero.chop(provisoire.size());
+    return wholeNumber(numero).value_or(0);
 }
 
 // ---- loading
@@ -56,7 +65,7 @@ void ArbreDossiers::litprochainnumero() {
     parametres.moveFirst();
     if (parametres.eof())
         runtimeError(Failure::MissingTable, {u"paramètres"_s});
-    prochainnumero_ = parametres.number(u"dernoarborescence"_s) + 1;
+    prochainnumero_ = numerosuivant(parametres.number(u"dernoarborescence"_s));
 }
 
 void ArbreDossiers::chargearbre() {
@@ -132,12 +141,12 @@ bool ArbreDossiers::pris(qint64 numero) const {
 int ArbreDossiers::ajoute(int parent, const QString& nom) {
     modifie_ = true;
     while (pris(prochainnumero_))
-        ++prochainnumero_;
+        prochainnumero_ = numerosuivant(prochainnumero_);
     const int noeud = noeuds_.add(parent, clenoeud(prochainnumero_), nom, ferme, ouvert);
     noeuds_.setExpanded(parent, true);
     noeuds_.select(noeud);
     noeuds_.setTag(noeud, u"+A"_s);
-    ++prochainnumero_;
+    prochainnumero_ = numerosuivant(prochainnumero_);
     return noeud;
 }
 
@@ -284,7 +293,7 @@ bool ArbreDossiers::sauve(std::vector<int>& retires) {
 bool ArbreDossiers::sauvenumero() {
     Recordset& parametres = magasin_.rsparametres();
     parametres.moveFirst();
-    if (parametres.number(u"dernoarborescence"_s) + 1 == prochainnumero_)
+    if (numerosuivant(parametres.number(u"dernoarborescence"_s)) == prochainnumero_)
         return true;
     // The next number that is free, to which the next window adds one again: one number is never given.
     parametres.edit();

@@ -1,6 +1,6 @@
 #include "dossiers/contenudossier.h"
 
-#include "platform/text/number.h"
+#include "dossiers/libellecompte.h"
 
 #include <algorithm>
 
@@ -92,7 +92,7 @@ ContenuDossier::Fait ContenuDossier::supprime(int index, qint64 dossier) {
         if (dossiers.noMatch())
             return true;
         dossiers.edit();
-        dossiers.setValue(u"nbarticles"_s, dossiers.number(u"nbarticles"_s) - 1);
+        dossiers.setValue(u"nbarticles"_s, comptechange(dossiers.number(u"nbarticles"_s), -1));
         return dossiers.update();
     });
     if (fait.echec.ok() && fait.trouve)

@@ -2,6 +2,8 @@
 
 #include "platform/text/number.h"
 
+#include <QtNumeric>
+
 #include <algorithm>
 
 namespace velm {
@@ -32,9 +34,14 @@ qint64 compteurarbo(const QString& texte) {
     return ouvre < 0 ? 0 : compteapres(texte, ouvre);
 }
 
+qint64 comptechange(qint64 compte, qint64 delta) {
+    qint64 somme = 0;
+    return qAddOverflow(compte, delta, &somme) ? compte : somme;
+}
+
 QString compteurchange(const QString& texte, qint64 delta) {
     const qsizetype ouvre = crochet(texte);
-    const qint64 compte = (ouvre < 0 ? 0 : compteapres(texte, ouvre)) + delta;
+    const qint64 compte = comptechange(ouvre < 0 ? 0 : compteapres(texte, ouvre), delta);
     if (ouvre < 0)
         return aveccompteur(texte, compte);
     if (compte == 0)

@@ -16,6 +16,9 @@ QString sanscompteur(const QString& texte);
 /// The count of a text: 0 for one that does not end in "]" or has no "[", else the number behind the last "[".
 qint64 compteurarbo(const QString& texte);
 
+/// The sum; the count as it was where there is none.
+qint64 comptechange(qint64 compte, qint64 delta);
+
 /// The text with another count: what `delta` makes of the one that it has.
 QString compteurchange(const QString& texte, qint64 delta);
 
