@@ -16,11 +16,18 @@ using namespace Qt::Literals::StringLiterals;
 
 const QString prefixe = u"dossiers-"_s;
 const QString suffixe = u".dat"_s;
+const QString formejour = u"yyyy-MM-dd"_s;
+
+/// Whether a file has the name of a copy: what only looks like one is the user's own, and stays.
+bool estcopie(const QString& nom) {
+    return nom.startsWith(prefixe) && nom.endsWith(suffixe) &&
+           QDate::fromString(nom.chopped(suffixe.size()).mid(prefixe.size()), formejour).isValid();
+}
 
 } // namespace
 
 QString chemin(const QString& magasin, QDate jour) {
-    return joinPath(folderOf(magasin), prefixe + jour.toString(u"yyyy-MM-dd") + suffixe);
+    return joinPath(folderOf(magasin), prefixe + jour.toString(formejour) + suffixe);
 }
 
 QStringList toutes(const QString& magasin) {
@@ -28,6 +35,7 @@ QStringList toutes(const QString& magasin) {
     // As their dates are written, their names stand in the order of their days.
     QStringList noms =
         QDir(dossier).entryList({prefixe + u"*-*-*"_s + suffixe}, QDir::Files, QDir::Name | QDir::Reversed);
+    noms.removeIf([](const QString& nom) { return !estcopie(nom); });
     for (QString& nom : noms)
         nom = joinPath(dossier, nom);
     return noms;
