@@ -62,7 +62,10 @@ protected:
         TableWriter parametres(*faite.database, u"paramètres"_s, {u"dernoarborescence"_s});
         ASSERT_TRUE(parametres.add({0}) && parametres.finish());
     }
-    void TearDown() override { setRuntimeErrorHandler(avant_); }
+    void TearDown() override {
+        magasin.fermedossiers();
+        setRuntimeErrorHandler(avant_);
+    }
 
     QString dossier() const { return dossier_.path(); }
     QString chemin() const { return dossier_.filePath(u"dossiers.dat"_s); }

@@ -1,0 +1,248 @@
+// What a save writes, and what it leaves.
+#include "differences.h"
+
+namespace velm::test {
+namespace {
+
+class SauvegardeTest : public ArbreTest {
+protected:
+    using Rangees = std::vector<RangeeDossier>;
+
+    void sauve() { ASSERT_TRUE(arbre.Sauvearbre().ok()); }
+    std::vector<qint64> numeros() {
+        std::vector<qint64> tous;
+        for (const RangeeDossier& r : dossiers())
+            tous.push_back(r.numero);
+        return tous;
+    }
+    std::vector<qint64> proprietaires() {
+        std::vector<qint64> tous;
+        for (const RangeeElement& r : elements())
+            tous.push_back(r.dossier);
+        return tous;
+    }
+    using Numeros = std::vector<qint64>;
+};
+
+TEST_F(SauvegardeTest, SavingAnEmptyTreeWritesNothingButTheNumber) {
+    ouvre();
+    charge();
+    sauve();
+    EXPECT_TRUE(dossiers().empty());
+    EXPECT_EQ(derniernumero(), 0);
+    arbre.marquersuppression(arbre.ajoute(noeud(0), u"x"_s), true);
+    sauve();
+    EXPECT_TRUE(dossiers().empty());
+    EXPECT_EQ(derniernumero(), 2);
+}
+
+TEST_F(SauvegardeTest, ANewDossierIsWrittenAtSave) {
+    ouvre({{4, 0, 1, u"Vieux"_s, 2}});
+    charge();
+    noeuds.setText(arbre.ajoute(noeud(4), QString()), u"Nouveau"_s);
+    EXPECT_TRUE(arbre.modifie());
+    EXPECT_EQ(dossiers().size(), 1U);
+    sauve();
+    EXPECT_FALSE(arbre.modifie());
+    EXPECT_EQ(dossiers(), (Rangees{{4, 0, 1, u"Vieux"_s, 2}, {5, 4, 2, u"Nouveau"_s, 0}}));
+}
+
+TEST_F(SauvegardeTest, ARenamedDossierIsWrittenAtSave) {
+    ouvre({{1, 0, 1, u"Avant"_s, 3}});
+    charge();
+    arbre.commencerenommage(noeud(1));
+    arbre.remetcompteur(noeud(1));
+    EXPECT_EQ(dossiers().front().nom, u"Avant"_s);
+    noeuds.setText(noeud(1), u"Après"_s);
+    sauve();
+    EXPECT_EQ(dossiers(), (Rangees{{1, 0, 1, u"Après"_s, 0}}));
+}
+
+TEST_F(SauvegardeTest, AMovedDossierIsWrittenWithItsParent) {
+    ouvre({{1, 0, 1, u"a"_s, 0}, {2, 0, 2, u"b"_s, 1}, {3, 2, 3, u"c"_s, 0}});
+    charge();
+    arbre.toutdevelopper();
+    ASSERT_TRUE(arbre.deplace(noeud(2), noeud(1)));
+    EXPECT_EQ(noeuds.tag(noeud(3)), u"+D"_s);
+    sauve();
+    EXPECT_EQ(dossiers(), (Rangees{{1, 0, 1, u"a"_s, 0}, {2, 1, 2, u"b"_s, 1}, {3, 2, 3, u"c"_s, 0}}));
+}
+
+TEST_F(SauvegardeTest, ASaveWritesNameAndCountOfUntouchedNodes) {
+    ouvre({{1, 0, 7, u"Loi [12]"_s, 3}, {2, 0, 9, u"b"_s, 0}});
+    charge();
+    arbre.modifierelements(noeud(2), 4);
+    sauve();
+    EXPECT_EQ(dossiers(), (Rangees{{1, 0, 1, u"Loi [12]"_s, 3}, {2, 0, 2, u"b"_s, 4}}));
+}
+
+TEST_F(SauvegardeTest, NodesThatWereNotLoadedKeepTheirRowsAsTheyAre) {
+    ouvre({{1, 0, 7, u"a"_s, 0}, {2, 1, 90, u"b"_s, 5}});
+    charge();
+    sauve();
+    EXPECT_EQ(dossiers(), (Rangees{{1, 0, 1, u"a"_s, 0}, {2, 1, 90, u"b"_s, 5}}));
+}
+
+TEST_F(SauvegardeTest, ABracketedNameLosesItsBracketsAtSave) {
+    ouvre();
+    charge();
+    noeuds.setText(arbre.ajoute(noeud(0), QString()), u"Loi [1989]"_s);
+    noeuds.setText(arbre.ajoute(noeud(0), QString()), u"Loi [projet]"_s);
+    sauve();
+    EXPECT_EQ(dossiers(), (Rangees{{1, 0, 1, u"Loi"_s, 1989}, {2, 0, 2, u"Loi"_s, 0}}));
+}
+
+TEST_F(SauvegardeTest, TwoSavesKeepTheOrderAndChangeTheNumbers) {
+    ouvre({{1, 0, 5, u"a"_s, 0}, {2, 0, 6, u"b"_s, 0}, {3, 0, 8, u"c"_s, 0}});
+    charge();
+    sauve();
+    EXPECT_EQ(dossiers(), (Rangees{{1, 0, 1, u"a"_s, 0}, {2, 0, 2, u"b"_s, 0}, {3, 0, 3, u"c"_s, 0}}));
+    // With one in front that has no row, the next save gives other numbers to the same dossiers.
+    arbre.toutdevelopper();
+    ASSERT_TRUE(arbre.deplace(arbre.ajoute(noeud(0), u"n"_s), noeud(1)));
+    sauve();
+    EXPECT_EQ(dossiers(),
+              (Rangees{{1, 0, 1, u"a"_s, 0}, {2, 0, 3, u"b"_s, 0}, {3, 0, 4, u"c"_s, 0}, {4, 1, 2, u"n"_s, 0}}));
+    charge();
+    EXPECT_EQ(dessin(), u"1 2 3"_s);
+}
+
+TEST_F(SauvegardeTest, MarksStayAfterASave) {
+    ouvre({{1, 0, 1, u"a"_s, 0}, {2, 0, 2, u"b"_s, 0}});
+    charge();
+    arbre.ajoute(noeud(0), u"n"_s);
+    arbre.commencerenommage(noeud(1));
+    arbre.descend(noeud(2));
+    sauve();
+    EXPECT_EQ(noeuds.tag(noeud(3)), u"+AD"_s);
+    EXPECT_EQ(noeuds.tag(noeud(1)), u"R"_s);
+    EXPECT_EQ(noeuds.tag(noeud(2)), u"D"_s);
+    // A new dossier that was saved is not written as a second row.
+    noeuds.setText(noeud(3), u"autre"_s);
+    sauve();
+    EXPECT_EQ(dossiers(), (Rangees{{1, 0, 1, u"a"_s, 0}, {2, 0, 3, u"b"_s, 0}, {3, 0, 2, u"autre"_s, 0}}));
+}
+
+TEST_F(SauvegardeTest, ANewDossierDeletedBeforeASaveWritesNothing) {
+    ouvre({{1, 0, 1, u"a"_s, 0}});
+    charge();
+    const int nouveau = arbre.ajoute(noeud(0), u"n"_s);
+    arbre.marquersuppression(nouveau, true);
+    EXPECT_EQ(noeuds.tag(nouveau), u"+AS"_s);
+    sauve();
+    EXPECT_EQ(numeros(), (Numeros{1}));
+    EXPECT_EQ(dessin(), u"1"_s);
+}
+
+TEST_F(SauvegardeTest, AMarkedLeafIsDeletedWithItsItems) {
+    ouvre({{1, 0, 1, u"a"_s, 2}, {2, 0, 2, u"b"_s, 1}}, {{1, 1, u"CO000001"_s, u"x"_s, 0, 0},
+                                                         {1, 4, u"CO000002"_s, u"y"_s, 0, 0},
+                                                         {2, 1, u"CO000001"_s, u"z"_s, 0, 0}});
+    charge();
+    arbre.marquersuppression(noeud(1), true);
+    EXPECT_EQ(elements().size(), 3U);
+    sauve();
+    EXPECT_EQ(numeros(), (Numeros{2}));
+    EXPECT_EQ(proprietaires(), (Numeros{2}));
+    EXPECT_EQ(dessin(), u"2"_s);
+}
+
+TEST_F(SauvegardeTest, UnopenedChildrenOfAMarkedLeafBecomeOrphans) {
+    ouvre({{1, 0, 1, u"a"_s, 0}, {2, 0, 2, u"b"_s, 0}, {3, 1, 3, u"c"_s, 1}}, {{3, 1, u"CO000001"_s, u"x"_s, 0, 0}});
+    charge();
+    arbre.marquersuppression(noeud(1), true);
+    sauve();
+    EXPECT_EQ(numeros(), (Numeros{2, 3}));
+    EXPECT_EQ(proprietaires(), (Numeros{3}));
+}
+
+TEST_F(SauvegardeTest, AMarkedDossierWithLoadedChildrenKeepsItsRow) {
+    ouvre({{1, 0, 5, u"a"_s, 1}, {2, 1, 6, u"b"_s, 1}, {3, 0, 7, u"c"_s, 0}},
+          {{1, 1, u"CO000001"_s, u"x"_s, 0, 0}, {2, 1, u"CO000001"_s, u"y"_s, 0, 0}});
+    charge();
+    arbre.toutdevelopper();
+    arbre.marquersuppression(noeud(1), true);
+    sauve();
+    // As it was: its place is not written, and the running number passes it over.
+    EXPECT_EQ(dossiers(), (Rangees{{1, 0, 5, u"a"_s, 1}, {3, 0, 1, u"c"_s, 0}}));
+    EXPECT_EQ(proprietaires(), (Numeros{1}));
+    EXPECT_EQ(dessin(), u"1 .2 3"_s);
+    charge();
+    arbre.toutdevelopper();
+    EXPECT_EQ(dessin(), u"3 1"_s);
+}
+
+TEST_F(SauvegardeTest, AnUnmarkedChildOfAMarkedDossierIsSaved) {
+    ouvre({{1, 0, 1, u"a"_s, 0}, {2, 1, 2, u"b"_s, 0}, {3, 1, 3, u"c"_s, 0}});
+    charge();
+    arbre.toutdevelopper();
+    arbre.marquersuppression(noeud(1), true);
+    arbre.marquersuppression(noeud(3), false);
+    EXPECT_EQ(noeuds.tag(noeud(3)), u"+"_s);
+    EXPECT_EQ(noeuds.image(noeud(3)), u"dossierfermé"_s);
+    sauve();
+    EXPECT_EQ(dossiers(), (Rangees{{1, 0, 1, u"a"_s, 0}, {3, 1, 1, u"c"_s, 0}}));
+}
+
+TEST_F(SauvegardeTest, TheLastRootChildStaysVisibleAfterItsDeletion) {
+    ouvre({{1, 0, 1, u"a"_s, 0}, {2, 0, 2, u"b"_s, 0}, {3, 0, 3, u"c"_s, 0}});
+    charge();
+    for (const qint64 un : {1, 2, 3})
+        arbre.marquersuppression(noeud(un), true);
+    sauve();
+    EXPECT_TRUE(dossiers().empty());
+    EXPECT_EQ(dessin(), u"3"_s);
+    charge();
+    EXPECT_EQ(dessin(), QString());
+}
+
+TEST_F(SauvegardeTest, OneNumberIsSkippedAfterAWindowThatAddedADossier) {
+    ouvre();
+    charge();
+    EXPECT_EQ(arbre.numero(arbre.ajoute(noeud(0), u"a"_s)), 1);
+    sauve();
+    EXPECT_EQ(derniernumero(), 2);
+    charge();
+    EXPECT_EQ(arbre.numero(arbre.ajoute(noeud(0), u"b"_s)), 3);
+    sauve();
+    EXPECT_EQ(derniernumero(), 4);
+    charge();
+    sauve();
+    EXPECT_EQ(derniernumero(), 4);
+}
+
+TEST_F(SauvegardeTest, ARowThatIsGoneIsPassedOver) {
+    ouvre({{1, 0, 1, u"a"_s, 0}, {2, 0, 2, u"b"_s, 0}});
+    charge();
+    arbre.commencerenommage(noeud(1));
+    arbre.descend(noeud(1));
+    ASSERT_TRUE(magasin.dbdossiers().execute(u"DELETE FROM arborescences WHERE numerodutype=1"_s));
+    sauve();
+    EXPECT_EQ(dossiers(), (Rangees{{2, 0, 1, u"b"_s, 0}}));
+}
+
+TEST_F(SauvegardeTest, AMovedUnsavedDossierBelowAnotherIsLost) {
+    ouvre({{1, 0, 1, u"a"_s, 0}, {2, 0, 2, u"b"_s, 0}});
+    charge();
+    arbre.toutdevelopper();
+    const int nouveau = arbre.ajoute(noeud(1), u"n"_s);
+    const qint64 numero = arbre.numero(nouveau);
+    arbre.descend(noeud(1));
+    EXPECT_EQ(noeuds.tag(noeud(numero)), QString());
+    sauve();
+    EXPECT_EQ(numeros(), (Numeros{1, 2}));
+    EXPECT_EQ(dessin(), u"2 1 .3"_s);
+}
+
+TEST_F(SauvegardeTest, TwoThousandDossiersAreOneTransaction) {
+    ouvre();
+    charge();
+    for (int i = 0; i < 2000; ++i)
+        arbre.ajoute(noeud(i % 7 == 0 ? 0 : i), u"Dossier"_s);
+    sauve();
+    EXPECT_EQ(dossiers().size(), 2000U);
+    EXPECT_FALSE(magasin.dbdossiers().inTransaction());
+}
+
+} // namespace
+} // namespace velm::test
