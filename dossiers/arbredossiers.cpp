@@ -2,6 +2,7 @@
 
 #include "dossiers/libellecompte.h"
 #include "platform/base/failure.h"
+#include "platform/controls/redraw.h"
 #include "platform/text/number.h"
 
 #include <QScopedValueRollback>
@@ -70,13 +71,12 @@ void ArbreDossiers::litprochainnumero() {
 
 void ArbreDossiers::chargearbre() {
     const QScopedValueRollback pendant(chargement_, true);
+    const RedrawOff sansdessin(noeuds_);
     modifie_ = false;
-    noeuds_.setRedraw(false);
     noeuds_.clear();
     noeuds_.add(0, clenoeud(0), texteracine_, ferme, ouvert);
     developperbranche(racine());
     noeuds_.setExpanded(racine(), true);
-    noeuds_.setRedraw(true);
 }
 
 void ArbreDossiers::developperbranche(int noeud) {
@@ -110,20 +110,18 @@ void ArbreDossiers::developpe(int noeud) {
 }
 
 void ArbreDossiers::toutdevelopper() {
-    noeuds_.setRedraw(false);
+    const RedrawOff sansdessin(noeuds_);
     // What is loaded stands behind all others: one pass reaches every level.
     for (int noeud = 1; noeud <= noeuds_.count(); ++noeud)
         developperbranche(noeud);
     for (int noeud = 1; noeud <= noeuds_.count(); ++noeud)
         noeuds_.setExpanded(noeud, true);
-    noeuds_.setRedraw(true);
 }
 
 void ArbreDossiers::toutreduire() {
-    noeuds_.setRedraw(false);
+    const RedrawOff sansdessin(noeuds_);
     for (int noeud = 1; noeud <= noeuds_.count(); ++noeud)
         noeuds_.setExpanded(noeud, false);
-    noeuds_.setRedraw(true);
 }
 
 // ---- editing
@@ -139,9 +137,9 @@ bool ArbreDossiers::pris(qint64 numero) const {
 }
 
 int ArbreDossiers::ajoute(int parent, const QString& nom) {
-    modifie_ = true;
     while (pris(prochainnumero_))
         prochainnumero_ = numerosuivant(prochainnumero_);
+    modifie_ = true;
     const int noeud = noeuds_.add(parent, clenoeud(prochainnumero_), nom, ferme, ouvert);
     noeuds_.setExpanded(parent, true);
     noeuds_.select(noeud);
@@ -395,8 +393,14 @@ bool ArbreDossiers::renommerangee(int noeud) {
     dossiers.edit();
     ecritnom(dossiers, noeud);
     dossiers.setValue(u"ordre"_s, compteurordre_);
-    // Once: where another row has that place, this one keeps its own.
-    return dossiers.update() || magasin_.dbdossiers().obstacle() == Obstacle::Exists;
+    if (dossiers.update())
+        return true;
+    if (magasin_.dbdossiers().obstacle() != Obstacle::Exists)
+        return false;
+    // Where another row has that place, this one keeps its own.
+    dossiers.edit();
+    ecritnom(dossiers, noeud);
+    return dossiers.update();
 }
 
 /// A place that another row has already is passed over, until one is free: as many as there are rows, at most. Nothing

@@ -1,6 +1,7 @@
 #include "dossiers/contenudossier.h"
 
 #include "dossiers/libellecompte.h"
+#include "platform/controls/redraw.h"
 
 #include <algorithm>
 
@@ -23,7 +24,7 @@ QString ContenuDossier::suffixe(const Extrait& extrait) const {
 }
 
 void ContenuDossier::liste(qint64 numero) {
-    elements_.setRedraw(false);
+    const RedrawOff sansdessin(elements_);
     elements_.clear();
     Recordset& donnees = magasin_.rsdonnees();
     donnees.setIndex(u"primarykey"_s);
@@ -34,7 +35,6 @@ void ContenuDossier::liste(qint64 numero) {
         elements_.add(0, cleelement(code + donnees.text(u"numart"_s), donnees.number(u"noordre"_s), extrait),
                       donnees.text(u"titre"_s) + suffixe(extrait), code);
     }
-    elements_.setRedraw(true);
 }
 
 void ContenuDossier::ajouteenattente(const ElementEnAttente& element) {
