@@ -683,7 +683,8 @@ enum class Texte : int {
     DossiersSeparateur = 9827,
     DossiersDocumentAbsent = 9828,
     DossierVide = 9829,
-    RegrouperTropEtroit = 9890
+    RegrouperTropEtroit = 9890,
+    DossiersPasLus = 9895
 };
 
 // ---- texts by their rank

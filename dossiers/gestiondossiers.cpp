@@ -14,23 +14,35 @@ GestionDossiers::GestionDossiers(const Donnees& donnees)
       contenu_(donnees.magasin, donnees.elements, donnees.texte(Texte::MotExtrait)),
       avis_(donnees.dialogues, donnees.texte) {}
 
-void GestionDossiers::charge(bool developpe) {
-    if (!donnees_.magasin.sain())
+bool GestionDossiers::charge(bool developpe) {
+    const Obstacle etat = donnees_.magasin.etat();
+    if (etat != Obstacle::None && etat != Obstacle::Damaged)
+        return reussi({etat, {}}, Texte::DossiersPasLus);
+    if (etat == Obstacle::Damaged)
         avis_.endommage(donnees_.magasin.derniercopie());
-    arbre_.litprochainnumero();
-    arbre_.chargearbre();
+    if (!litarbre())
+        return false;
     donnees_.elements.clear();
     commandes_ = {};
     montrecommandes();
     if (developpe)
-        arbre_.toutdevelopper();
+        toutdevelopper();
+    return true;
+}
+
+/// What can be had of a damaged one is shown.
+bool GestionDossiers::litarbre() {
+    const bool sain = donnees_.magasin.sain();
+    if (!lit([this] { arbre_.litprochainnumero(); }) && sain)
+        return false;
+    return lit([this] { arbre_.chargearbre(); }) || !sain;
 }
 
 void GestionDossiers::active(const ElementEnAttente& attente) {
     attente_ = attente;
     if (!attend())
         return;
-    arbre_.toutdevelopper();
+    toutdevelopper();
     sourcedeliste_ = true;
     contenu_.ajouteenattente(attente_);
     donnees_.elements.select(donnees_.elements.count());
@@ -61,7 +73,7 @@ void GestionDossiers::noeudclique(int noeud) {
         return;
     donnees_.vue.montrecible(0);
     permetselonfreres();
-    contenu_.liste(arbre_.numero(noeud));
+    lit([&] { contenu_.liste(arbre_.numero(noeud)); });
     permetcontenu();
 }
 
@@ -121,7 +133,9 @@ void GestionDossiers::ajouter() {
     const int parent = choisi();
     if (parent == 0 || !commandes_.ajouter)
         return;
-    const int noeud = arbre_.ajoute(parent, QString());
+    int noeud = 0;
+    if (!lit([&] { noeud = arbre_.ajoute(parent, QString()); }))
+        return;
     noeudclique(noeud);
     donnees_.vue.editenoeud(noeud);
 }
@@ -203,7 +217,11 @@ void GestionDossiers::supprimernoeud() {
 
 void GestionDossiers::toutdevelopper() {
     const Attente attente(donnees_.sablier);
-    arbre_.toutdevelopper();
+    lit([this] { arbre_.toutdevelopper(); });
+}
+
+void GestionDossiers::developpe(int noeud) {
+    lit([&] { arbre_.developpe(noeud); });
 }
 
 void GestionDossiers::toutreduire() {
@@ -337,6 +355,12 @@ bool GestionDossiers::ferme(bool sansquestion) {
     if (echec.ok() || sansquestion)
         return true;
     return avis_.veutfermer(echec);
+}
+
+/// Reads of the store; where that fails, it is told. Of one that is damaged it was told at the beginning.
+bool GestionDossiers::lit(const std::function<void()>& travail) {
+    const EchecEcriture echec = donnees_.magasin.lit(travail);
+    return echec.ok() || !donnees_.magasin.sain() ? echec.ok() : reussi(echec, Texte::DossiersPasLus);
 }
 
 /// Tells why a change was not made, and, once, that today's copy was not.

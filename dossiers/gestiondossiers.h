@@ -52,8 +52,9 @@ public:
     };
     explicit GestionDossiers(const Donnees& donnees);
 
-    /// The window is loaded. `developpe`: with all levels open. A store that cannot be trusted is told.
-    void charge(bool developpe);
+    /// The window is loaded. `developpe`: with all levels open. A store that cannot be trusted is told. False, and
+    /// told, where it cannot be read now: there is nothing to show.
+    bool charge(bool developpe);
     /// The window is shown: what waits is listed and begins to be carried.
     void active(const ElementEnAttente& attente);
     /// Nothing waits any more; nothing is stored.
@@ -73,7 +74,7 @@ public:
     void bas() { change(1); }
     void toutdevelopper();
     void toutreduire();
-    void developpe(int noeud) { arbre_.developpe(noeud); }
+    void developpe(int noeud);
 
     // ---- labels
     /// Whether the label of a node may be edited: not that of the root.
@@ -127,6 +128,8 @@ private:
     void rangeattente(int cible);
     void deplaceelement(int cible);
     bool reussi(const EchecEcriture& echec, Texte message);
+    bool lit(const std::function<void()>& travail);
+    bool litarbre();
 
     Donnees donnees_;
     ArbreDossiers arbre_;

@@ -46,7 +46,7 @@ void Magasin::ouvredossiers(const QString& dossierchemin) {
     donnees_ = ouverte.database->openTable(u"données"_s);
     parametres_ = ouverte.database->openTable(u"paramètres"_s);
     base_ = std::move(ouverte.database);
-    sain_.reset();
+    etat_.reset();
     copie_ = {};
     copiemanquee_ = false;
     verrou_ = std::make_unique<QLockFile>(chemin_ + extensionverrou);
@@ -83,10 +83,29 @@ Database& Magasin::dbdossiers() const {
     return *base_;
 }
 
-bool Magasin::sain() {
-    if (!sain_)
-        sain_ = copies::sain(dbdossiers());
-    return *sain_;
+/// The first read of all; from here to the COMMIT nobody can lock the store.
+bool Magasin::litschema() {
+    return base_->execute(u"BEGIN; SELECT count(*) FROM sqlite_schema"_s);
+}
+
+Obstacle Magasin::etat() {
+    Database& base = dbdossiers();
+    if (etat_ || ecriture_)
+        return etat_.value_or(Obstacle::None);
+    const bool lu = litschema();
+    const Obstacle obstacle = base.obstacle();
+    if (lu || obstacle == Obstacle::Damaged)
+        etat_ = lu && copies::sain(base) ? Obstacle::None : Obstacle::Damaged;
+    base.execute(u"COMMIT"_s);
+    return etat_.value_or(obstacle);
+}
+
+EchecEcriture Magasin::lit(const std::function<void()>& travail) {
+    const Database& base = dbdossiers();
+    const auto erreur = failureOf(travail);
+    if (!erreur)
+        return {};
+    return {base.obstacle() == Obstacle::None ? Obstacle::Other : base.obstacle(), erreur->parts.join(u' ')};
 }
 
 QString Magasin::derniercopie() const {
@@ -106,7 +125,8 @@ void Magasin::copiedujour() {
     if (copie_ == jour)
         return;
     copiemanquee_ = !copies::fait(*base_, jour);
-    copie_ = jour;
+    if (!copiemanquee_)
+        copie_ = jour;
 }
 
 EchecEcriture Magasin::dernier() const {
@@ -117,8 +137,8 @@ EchecEcriture Magasin::ecrit(const std::function<bool()>& travail) {
     Database& base = dbdossiers();
     if (ecriture_)
         return travail() ? EchecEcriture{} : dernier();
-    if (!sain())
-        return {Obstacle::Damaged, {}};
+    if (const Obstacle obstacle = etat(); obstacle != Obstacle::None)
+        return {obstacle, {}};
     if (!tientleverrou())
         return {Obstacle::Busy, {}};
     copiedujour();

@@ -55,12 +55,16 @@ public:
     Database& dbdossiers() const;
 
     /// Whether what is open can be trusted: all of it passes the engine's check, and no table or first row is missing.
-    /// Found out at the first question. A store that cannot is read as far as it goes and never written.
-    bool sain();
+    /// Found out at the first question. A store that is Damaged is read as far as it goes and never written; any other
+    /// obstacle stands in the way of reading it just now.
+    Obstacle etat();
+    bool sain() { return etat() == Obstacle::None; }
 
     /// The newest copy beside the store that passes the same check; empty for none. Slow.
     QString derniercopie() const;
 
+    /// Does some work that only reads. A run-time error in it is a failure, but not that there is no store.
+    EchecEcriture lit(const std::function<void()>& travail);
     /// Does some work on the tables, all of it or none: `travail` gives false where a table says no. A run-time error
     /// in it is a failure like any other. Inside another one it is a part of that. Before the first change of a day the
     /// store is copied, see copiemanquee().
@@ -71,6 +75,7 @@ public:
 private:
     Recordset& table(const std::unique_ptr<Recordset>& table, QStringView nom) const;
     EchecEcriture dernier() const;
+    bool litschema();
     EchecEcriture ecritseul(const std::function<bool()>& travail);
     bool tientleverrou();
     void copiedujour();
@@ -82,8 +87,8 @@ private:
     std::unique_ptr<Database> base_;
     std::unique_ptr<Recordset> arborescences_, donnees_, parametres_;
     std::unique_ptr<QLockFile> verrou_; ///< held while the store is open: other programs that would write it ask for it
-    std::optional<bool> sain_;
-    QDate copie_; ///< the day of the last copy
+    std::optional<Obstacle> etat_;      ///< None or Damaged, once it is known
+    QDate copie_;                       ///< the day of the last copy
     bool copiemanquee_ = false;
     bool ecriture_ = false;
 };

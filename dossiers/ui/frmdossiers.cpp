@@ -148,7 +148,10 @@ void frmdossiers::chargefichier(const QString& nomfichier) {
 }
 
 void frmdossiers::montre(const ElementEnAttente& attente) {
-    gestion_.charge(developpe_->isChecked());
+    if (!gestion_.charge(developpe_->isChecked())) {
+        QDialog::done(Rejected);
+        return;
+    }
     show();
     arbre_->setFocus();
     // The root is where a first dossier comes.
