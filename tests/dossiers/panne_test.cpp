@@ -16,27 +16,48 @@ constexpr std::array sortes{Sorte{SQLITE_FULL, true}, Sorte{SQLITE_FULL, false},
 
 class PanneTest : public MagasinTest {
 protected:
-    /// A window on a store with three dossiers and some items.
+    void SetUp() override {
+        MagasinTest::SetUp();
+        std::vector<RangeeDossier> dossiersdebut;
+        for (int i = 1; i <= 40; ++i)
+            dossiersdebut.push_back({i, i % 3 == 0 ? i - 1 : 0, i, QString(120, u'n'), i == 1 ? 3 : 0});
+        ouvre(dossiersdebut, {{1, 1, u"CO000001"_s, u"Titre"_s, 0, 0},
+                              {1, 2, u"CO000002"_s, u"Titre"_s, 0, 0},
+                              {1, 3, u"CO000003"_s, u"Titre"_s, 0, 0}});
+        magasin.fermedossiers();
+        QFile fichier(chemin());
+        ASSERT_TRUE(fichier.open(QIODevice::ReadOnly));
+        debut_ = fichier.readAll();
+    }
+    /// A window on a store with forty dossiers and some items.
     void prepare() {
         magasin.fermedossiers();
         disque.guerit();
+        QFile fichier(chemin());
+        ASSERT_TRUE(fichier.open(QIODevice::WriteOnly) && fichier.write(debut_) == debut_.size());
+        fichier.close();
         magasin.ouvredossiers(dossier());
         ASSERT_FALSE(magasin.dossiersindisponibles());
         // A small cache puts changed pages into the file before the end of a change.
-        ASSERT_TRUE(magasin.dbdossiers().execute(u"DELETE FROM arborescences; DELETE FROM données; "
-                                                 "UPDATE paramètres SET dernoarborescence=0; PRAGMA cache_size=4"_s));
-        ASSERT_TRUE(magasin.dbdossiers().begin());
-        for (int i = 1; i <= 40; ++i)
-            ajoutedossier({i, i % 3 == 0 ? i - 1 : 0, i, QString(120, u'n'), i == 1 ? 3 : 0});
-        for (int i = 1; i <= 3; ++i)
-            ajouteelement({1, i, u"CO00000%1"_s.arg(i), u"Titre"_s, 0, 0});
-        ASSERT_TRUE(magasin.dbdossiers().commit());
-        arbre.litprochainnumero();
-        arbre.chargearbre();
-        arbre.toutdevelopper();
-        contenu.liste(1);
+        ASSERT_TRUE(magasin.dbdossiers().execute(u"PRAGMA cache_size=4"_s));
+        ensemble([this] {
+            arbre.litprochainnumero();
+            arbre.chargearbre();
+            arbre.toutdevelopper();
+            contenu.liste(1);
+        });
     }
-    TablesModele tables() { return {dossiers(), elements(), derniernumero()}; }
+    /// Under one lock, which is quicker than one for each row.
+    void ensemble(const std::function<void()>& lecture) {
+        ASSERT_TRUE(magasin.dbdossiers().execute(u"BEGIN"_s));
+        lecture();
+        ASSERT_TRUE(magasin.dbdossiers().execute(u"COMMIT"_s));
+    }
+    TablesModele tables() {
+        TablesModele toutes;
+        ensemble([&] { toutes = {dossiers(), elements(), derniernumero()}; });
+        return toutes;
+    }
     QString vu() const { return dessinnoeuds(noeuds) + u"\n\n"_s + dessinelements(lignes); }
     int noeud(qint64 numero) const { return noeuds.indexOf(ArbreDossiers::clenoeud(numero)); }
 
@@ -61,7 +82,6 @@ protected:
         }
         EXPECT_GT(injectees, 20);
         RecordProperty("pannes", injectees);
-        total += injectees;
     }
     /// False where there were not so many changes.
     bool faillit(const Travail& travail, const Sorte& sorte, int quand) {
@@ -100,7 +120,9 @@ protected:
     ListItems lignes;
     ArbreDossiers arbre{magasin, noeuds, sablier, u"Mes dossiers"_s};
     ContenuDossier contenu{magasin, lignes, u"extrait"_s};
-    int total = 0;
+
+private:
+    QByteArray debut_;
 };
 
 TEST_F(PanneTest, ASaveIsWholeOrNotAtAll) {
