@@ -184,7 +184,7 @@ TEST_F(ChargementTest, HugeNumbersStayTheirOwn) {
     EXPECT_EQ(noeuds.text(noeud(grand - 1)), u"b"_s);
     // The number after the last one is none; the next window asks on from the beginning.
     const int nouveau = arbre.ajoute(noeud(0), u"n"_s);
-    EXPECT_NE(nouveau, 0);
+    EXPECT_EQ(arbre.numero(nouveau), 1);
     EXPECT_TRUE(arbre.Sauvearbre().ok());
     EXPECT_EQ(dossiers().size(), 5U);
     arbre.modifierelements(noeud(dernier), 1);

@@ -150,7 +150,9 @@ TEST_F(ContenuTest, DeletingWhatIsNotFoundChangesNothing) {
     ouvre({{1, 0, 1, u"un"_s, 2}}, {{1, 1, u"CO000001"_s, u"a"_s, 0, 0}});
     contenu.liste(1);
     liste.setKey(1, u"CO000009 1"_s);
-    EXPECT_FALSE(contenu.supprime(1, 1).trouve);
+    const auto fait = contenu.supprime(1, 1);
+    EXPECT_TRUE(fait.echec.ok());
+    EXPECT_FALSE(fait.trouve);
     EXPECT_EQ(liste.count(), 1);
     EXPECT_EQ(elements().size(), 1U);
     EXPECT_EQ(dossiers().front().compte, 2);
@@ -214,6 +216,15 @@ TEST_F(ContenuTest, AnExchangeThatIsRefusedChangesNothing) {
     EXPECT_EQ(liste.text(1), u"a"_s);
 }
 
+TEST_F(ContenuTest, AnEntryWhoseNewKeyTheListHasKeepsItsOwn) {
+    ouvre({}, {{1, 1, u"CO000001"_s, u"a"_s, 0, 0}, {1, 2, u"CO000002"_s, u"b"_s, 0, 0}});
+    contenu.liste(1);
+    ASSERT_TRUE(liste.add(0, u"CO000001 2"_s, u"d'un fichier"_s, u"CO"_s));
+    EXPECT_TRUE(contenu.echange(1, 2).trouve);
+    EXPECT_EQ(cles(), u"CO000002 1|CO000001 1|CO000001 2"_s);
+    EXPECT_EQ(places(1), u"1 CO000002, 2 CO000001"_s);
+}
+
 // ---- to another dossier
 
 TEST_F(ContenuTest, ADroppedDocumentMovesToTheFirstFreePlace) {
@@ -260,6 +271,11 @@ TEST_F(ContenuTest, OnlyRowsOfTheDocumentAreLookedAtForAMove) {
     ASSERT_TRUE(liste.setKey(1, u"CO000001 2"_s));
     EXPECT_FALSE(contenu.deplace(1, 2).trouve);
     EXPECT_EQ(places(1), u"2 CO000002, 7 CO000001"_s);
+    ajouteelement({1, 3, u"EU000001"_s, u"c"_s, 0, 0});
+    contenu.liste(1);
+    ASSERT_TRUE(liste.setKey(3, u"CO000001 3"_s));
+    EXPECT_FALSE(contenu.deplace(3, 2).trouve);
+    EXPECT_EQ(places(2), QString());
 }
 
 // ---- from a file

@@ -67,6 +67,22 @@ TEST_F(CopiesTest, ACopyOfTheDayIsNotMadeASecondTime) {
     EXPECT_TRUE(noms().isEmpty());
 }
 
+TEST_F(CopiesTest, EachStoreHasItsOwnCopies) {
+    ASSERT_TRUE(ajoute(1).ok());
+    const QTemporaryDir autre;
+    ASSERT_TRUE(QFile::copy(chemin(), autre.filePath(u"dossiers.dat"_s)));
+    reglee.ouvredossiers(autre.path());
+    ASSERT_TRUE(ajoute(2).ok());
+    EXPECT_EQ(dossiersde(autre.filePath(u"dossiers-2026-11-23.dat"_s)), 1);
+    // What the store before could not be given is not said of this one.
+    ASSERT_TRUE(QDir().mkpath(autre.filePath(u"dossiers-2026-11-24.dat.nouveau/occupé"_s)));
+    jour = jour.addDays(1);
+    ASSERT_TRUE(ajoute(3).ok());
+    ASSERT_TRUE(reglee.copiemanquee());
+    reglee.ouvredossiers(dossier());
+    EXPECT_FALSE(reglee.copiemanquee());
+}
+
 TEST_F(CopiesTest, TheLastSevenAreKept) {
     for (int i = 1; i <= 10; ++i, jour = jour.addDays(9))
         ASSERT_TRUE(ajoute(i).ok());
@@ -77,7 +93,8 @@ TEST_F(CopiesTest, TheLastSevenAreKept) {
 }
 
 TEST_F(CopiesTest, WhatOnlyLooksLikeACopyIsTheUsersOwnAndStays) {
-    const QStringList siens{u"dossiers-a-b-c.dat"_s,          u"dossiers-2026-13-45.dat"_s,
+    const QStringList siens{u"Dossiers-2020-01-01.dat"_s,     u"dossiers-2020-01-01.DAT"_s,
+                            u"dossiers-a-b-c.dat"_s,          u"dossiers-2026-13-45.dat"_s,
                             u"dossiers-2020-01-01.dat.zip"_s, u"mesdossiers-2020-01-01.dat"_s,
                             u"dossiers-2020-01-01-a.dat"_s,   u"dossiers.dat"_s};
     for (const QString& nom : siens.first(siens.size() - 1))

@@ -158,7 +158,7 @@ TEST_F(EditionTest, TheRootShowsNoCount) {
     arbre.modifierelements(0, 1);
 }
 
-/// A view that opens the root as soon as it sees it.
+/// A view that opens the root as soon as it sees it, and asks what is selected.
 struct VueImpatiente final : TreeObserver {
     explicit VueImpatiente(ArbreDossiers& arbre) : arbre(arbre) {}
     void redrawSwitched(bool on) override {
@@ -169,13 +169,22 @@ struct VueImpatiente final : TreeObserver {
     void nodesAdded(int /*first*/) override {}
     void nodeChanged(int /*node*/) override {}
     void nodeExpansion(int /*node*/, bool /*expanded*/) override {}
-    void nodeSelected(int /*node*/) override {}
+    void nodeSelected(int node) override { choisi = arbre.numero(node); }
     void nodeComes(int /*parent*/, int /*place*/) override {}
     void nodeGoes(int /*node*/) override {}
     void nodeMoves(int /*node*/, int /*parent*/) override {}
     void rearranged() override {}
     ArbreDossiers& arbre;
+    qint64 choisi = 0;
 };
+
+TEST_F(EditionTest, ADossierThatMovesKeepsItsNumberAllTheTime) {
+    VueImpatiente vue(arbre);
+    noeuds.setObserver(&vue);
+    arbre.monte(noeud(3));
+    EXPECT_EQ(vue.choisi, 3);
+    noeuds.setObserver(nullptr);
+}
 
 TEST_F(EditionTest, NothingIsLoadedBecauseTheTreeIsBuilt) {
     VueImpatiente vue(arbre);

@@ -2,7 +2,7 @@
 #include "magasin_support.h"
 #include "tests/support/without_rights.h"
 
-#include <QLockFile>
+#include <QDateTime>
 
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -124,6 +124,12 @@ TEST_F(OuvertureTest, OneProgramWritesAtATime) {
     ASSERT_FALSE(autre.dossiersindisponibles()) << "reading is free";
     EXPECT_EQ(ajoute(autre, 2).obstacle, Obstacle::Busy);
     EXPECT_TRUE(ajoute(magasin, 1).ok());
+    // However long it has been at it.
+    QFile verrou(chemin() + u".verrou"_s);
+    ASSERT_TRUE(verrou.open(QIODevice::ReadWrite) &&
+                verrou.setFileTime(QDateTime::currentDateTime().addDays(-2), QFileDevice::FileModificationTime));
+    verrou.close();
+    EXPECT_EQ(ajoute(autre, 2).obstacle, Obstacle::Busy);
     magasin.fermedossiers();
     EXPECT_TRUE(ajoute(autre, 2).ok());
     autre.fermedossiers();

@@ -183,6 +183,24 @@ TEST_F(MauvaiseBaseTest, AStoreWithAnIndexThatLiesIsToldOnceAndNeverWritten) {
     expectToldOnceAndNeverWritten(u"index"_s);
 }
 
+TEST_F(MauvaiseBaseTest, AStoreWithAViewForATableIsToldOnceAndNeverWritten) {
+    remplit();
+    execute(u"DROP TABLE paramètres; CREATE VIEW paramètres AS SELECT 1 AS dernoarborescence, 1 AS id"_s);
+    expectToldOnceAndNeverWritten(u"a view"_s);
+}
+
+TEST_F(MauvaiseBaseTest, AMendedStoreIsTrustedAgain) {
+    remplit();
+    const QByteArray entier = octets();
+    execute(u"DELETE FROM paramètres"_s);
+    magasin.ouvredossiers(dossier());
+    EXPECT_FALSE(magasin.sain());
+    magasin.fermedossiers();
+    ecris(entier);
+    magasin.ouvredossiers(dossier());
+    EXPECT_TRUE(magasin.sain());
+}
+
 TEST_F(MauvaiseBaseTest, TheMessageNamesTheNewestSoundCopy) {
     remplit();
     const QString saine = dossier() + u"/dossiers-2026-11-20.dat"_s;

@@ -211,6 +211,43 @@ TEST_F(SauvegardeTest, OneNumberIsSkippedAfterAWindowThatAddedADossier) {
     EXPECT_EQ(derniernumero(), 4);
 }
 
+TEST_F(SauvegardeTest, TheNextNumberIsNeverBelowThatOfANewDossier) {
+    ouvre();
+    charge();
+    arbre.ajoute(noeud(0), u"a"_s);
+    arbre.ajoute(noeud(0), u"b"_s);
+    arbre.litprochainnumero(); // as if nothing had been added
+    magasin.dbdossiers().execute(u"PRAGMA query_only=ON"_s);
+    EXPECT_FALSE(arbre.Sauvearbre().ok());
+    EXPECT_EQ(arbre.prochainnumero(), 1) << "a save that fails leaves it";
+    magasin.dbdossiers().execute(u"PRAGMA query_only=OFF"_s);
+    sauve();
+    EXPECT_EQ(arbre.prochainnumero(), 2);
+    EXPECT_EQ(derniernumero(), 2);
+}
+
+TEST_F(SauvegardeTest, ASaveAndALoadKeepTheUserWaitingUnderAnHourglass) {
+    struct SablierNote final : Sablier {
+        int pointeur() const override { return ici; }
+        void fixepointeur(int valeur) override {
+            ici = valeur;
+            mis += valeur == attente ? 1 : 0;
+        }
+        int ici = defaut;
+        int mis = 0;
+    } note;
+    ouvre({{1, 0, 1, u"a"_s, 0}, {2, 1, 2, u"b"_s, 0}});
+    ArbreDossiers sien(magasin, noeuds, note, u"Mes dossiers"_s);
+    sien.litprochainnumero();
+    sien.chargearbre();
+    EXPECT_EQ(note.mis, 0);
+    sien.developpe(noeud(0));
+    EXPECT_EQ(note.mis, 1);
+    EXPECT_TRUE(sien.Sauvearbre().ok());
+    EXPECT_EQ(note.mis, 2);
+    EXPECT_EQ(note.ici, Sablier::defaut);
+}
+
 TEST_F(SauvegardeTest, ARowThatIsGoneIsPassedOver) {
     ouvre({{1, 0, 1, u"a"_s, 0}, {2, 0, 2, u"b"_s, 0}});
     charge();
@@ -291,6 +328,19 @@ TEST_F(PlacesUniquesTest, ARowThatNoPlaceHelpsIsRefusedInTheEnd) {
     noeuds.setText(noeud(1), u"d"_s);
     EXPECT_TRUE(arbre.Sauvearbre().ok());
     EXPECT_EQ(dossiers().front().nom, u"d"_s);
+    // So it is with one that has moved and with one that is new.
+    ASSERT_TRUE(arbre.deplace(noeud(2), noeud(3)));
+    noeuds.setText(noeud(2), u"d"_s);
+    EXPECT_EQ(arbre.Sauvearbre().obstacle, Obstacle::Exists);
+    noeuds.setText(noeud(2), u"b"_s);
+    const int nouveau = arbre.ajoute(noeud(0), u"c"_s);
+    EXPECT_EQ(arbre.Sauvearbre().obstacle, Obstacle::Exists);
+    EXPECT_EQ(dossiers().size(), 4U);
+    EXPECT_EQ(dossiers()[1].parent, 0);
+    noeuds.setText(nouveau, u"e"_s);
+    EXPECT_TRUE(arbre.Sauvearbre().ok());
+    EXPECT_EQ(dossiers().size(), 5U);
+    EXPECT_EQ(dossiers()[1].parent, 3);
 }
 
 TEST_F(SauvegardeTest, TwoThousandDossiersAreOneTransaction) {
