@@ -90,12 +90,12 @@ bool Magasin::litschema() {
 
 Obstacle Magasin::etat() {
     Database& base = dbdossiers();
-    if (etat_ || ecriture_)
-        return etat_.value_or(Obstacle::None);
+    if (etat_)
+        return *etat_;
     const bool lu = litschema();
     const Obstacle obstacle = base.obstacle();
-    if (lu || obstacle == Obstacle::Damaged)
-        etat_ = lu && copies::sain(base) ? Obstacle::None : Obstacle::Damaged;
+    if (lu)
+        etat_ = copies::sain(base) ? Obstacle::None : Obstacle::Damaged;
     base.execute(u"COMMIT"_s);
     return etat_.value_or(obstacle);
 }

@@ -1,5 +1,6 @@
 // The store by itself: how it opens and closes, who may write it, and that a change is made whole or not at all.
 #include "magasin_support.h"
+#include "tests/support/full_disk.h"
 #include "tests/support/without_rights.h"
 
 #include <QDateTime>
@@ -55,6 +56,7 @@ TEST_F(OuvertureTest, WhatIsOpenStaysWhereAnotherFails) {
     ASSERT_TRUE(ajoute(magasin, 7).ok());
     magasin.ouvredossiers(dossier() + u"/ailleurs"_s);
     EXPECT_TRUE(magasin.dossiersindisponibles());
+    magasin.fermedossiers(); // nothing, as none is available
     EXPECT_EQ(dossiers().size(), 1U);
     magasin.ouvredossiers(dossier());
     EXPECT_FALSE(magasin.dossiersindisponibles());
@@ -135,6 +137,13 @@ TEST_F(OuvertureTest, OneProgramWritesAtATime) {
     autre.fermedossiers();
     magasin.ouvredossiers(dossier());
     EXPECT_EQ(dossiers().size(), 2U);
+}
+
+TEST_F(OuvertureTest, WhereNoLockCanBeMadeTheChangeItselfTellsWhy) {
+    const FullDisk plein(0);
+    magasin.ouvredossiers(dossier());
+    EXPECT_FALSE(leverrou());
+    EXPECT_EQ(ajoute(magasin, 1).obstacle, Obstacle::Full);
 }
 
 TEST_F(OuvertureTest, TheLockOfAProgramThatDiedIsTaken) {

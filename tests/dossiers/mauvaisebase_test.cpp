@@ -265,7 +265,7 @@ TEST_F(MauvaiseBaseTest, AnyDamageIsToldOnceOrDoesNoHarm) {
     const QByteArray entier = octets();
     std::mt19937 hasard(7);
     int crues = 0;
-    for (int tour = 0; tour < rounds(120); ++tour) {
+    for (int tour = 0; tour < rounds(60); ++tour) {
         QByteArray autre = entier;
         const auto bornes = static_cast<unsigned>(autre.size());
         for (int i = 0; i < 1 + tour % 12; ++i)
@@ -288,7 +288,7 @@ TEST_F(MauvaiseBaseTest, AnyDamageIsToldOnceOrDoesNoHarm) {
         for (const QString& copie : QDir(dossier()).entryList({u"dossiers-*"_s}))
             QFile::remove(dossier() + u'/' + copie);
     }
-    EXPECT_LT(crues, rounds(120));
+    EXPECT_LT(crues, rounds(60));
 }
 
 } // namespace
