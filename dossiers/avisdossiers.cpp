@@ -33,6 +33,11 @@ bool AvisDossiers::veutsupprimer(const QString& dossier) const {
                               Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Non, pagedaide) == Bouton::Oui;
 }
 
+bool AvisDossiers::veutreparer() const {
+    return dialogues_.message(texte(Texte::QuestionReparer) + u" ?"_s, texte(Texte::Reparer), Icone::Question,
+                              Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Non, pagedaide) == Bouton::Oui;
+}
+
 void AvisDossiers::deplacementrefuse() const {
     dialogues_.message(texte(Texte::DeplacementRefuse), texte(Texte::TitreDeplacementRefuse), Icone::Stop,
                        Bouton::Ok | Bouton::Aide, Bouton::Ok, pagedaide);

@@ -15,6 +15,7 @@ public:
     void endommage(const QString& copie) const;
     /// A change could not be made: `message` with its reason.
     void manque(Texte message, const EchecEcriture& echec) const;
+    bool veutreparer() const;
     bool veutsupprimer(const QString& dossier) const;
     void deplacementrefuse() const;
     /// What could not be saved is given up.

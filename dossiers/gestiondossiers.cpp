@@ -30,6 +30,24 @@ bool GestionDossiers::charge(bool developpe) {
     return true;
 }
 
+/// The next number goes on from where this window stands.
+void GestionDossiers::recharge(bool developpe) {
+    lit([this] { arbre_.chargearbre(); });
+    if (developpe)
+        toutdevelopper();
+    donnees_.noeuds.select(donnees_.noeuds.childAt(0, 0));
+    noeudclique(choisi());
+}
+
+void GestionDossiers::permet() {
+    permetselonfreres();
+    permetcontenu();
+}
+
+bool GestionDossiers::enregistre() {
+    return !arbre_.modifie() || reussi(arbre_.Sauvearbre(), Texte::DossiersPasEnregistres);
+}
+
 /// What can be had of a damaged one is shown.
 bool GestionDossiers::litarbre() {
     const bool sain = donnees_.magasin.sain();
@@ -249,38 +267,6 @@ void GestionDossiers::changenoeud(int pas) {
     const int nouveau = pas < 0 ? arbre_.monte(choisi()) : arbre_.descend(choisi());
     if (nouveau != 0)
         noeudclique(nouveau);
-}
-
-// ---- files
-
-FichierDossier GestionDossiers::fichier() const {
-    FichierDossier fichier;
-    fichier.nom = sanscompteur(donnees_.noeuds.text(choisi()));
-    for (int index = 1; index <= donnees_.elements.count(); ++index)
-        fichier.elements.emplace_back(donnees_.elements.key(index), donnees_.elements.text(index));
-    return fichier;
-}
-
-bool GestionDossiers::importe(const FichierDossier& fichier) {
-    const Attente attente(donnees_.sablier);
-    const int noeud = arbre_.ajoute(donnees_.noeuds.childAt(0, 0), fichier.nom);
-    const EchecEcriture echec = donnees_.magasin.ecrit(
-        [&] { return arbre_.ecritneuf(noeud) && contenu_.importe(fichier.elements, arbre_.numero(noeud)).ok(); });
-    if (!reussi(echec, Texte::DossiersPasModifies)) {
-        donnees_.noeuds.remove(noeud);
-        return false;
-    }
-    contenu_.montre(fichier.elements);
-    // Of a file that ends too early the number of items is not counted.
-    if (!fichier.interrompu)
-        arbre_.modifierelements(noeud, qint64(fichier.elements.size()));
-    permetselonfreres();
-    permetcontenu();
-    return true;
-}
-
-bool GestionDossiers::enregistre() {
-    return reussi(arbre_.Sauvearbre(), Texte::DossiersPasEnregistres);
 }
 
 // ---- dragging

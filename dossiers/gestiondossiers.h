@@ -6,7 +6,6 @@
 #include "dossiers/arbredossiers.h"
 #include "dossiers/avisdossiers.h"
 #include "dossiers/contenudossier.h"
-#include "dossiers/fichierdossier.h"
 
 namespace velm {
 
@@ -84,14 +83,17 @@ public:
     /// With the text as typed, or as it was before when the editing was given up; the list shows what comes of it.
     void apreseditionliste(QString texte);
 
-    // ---- files
-    /// The dossier that is selected, with what the list shows of it.
-    FichierDossier fichier() const;
-    /// Makes a dossier under the root of what a file holds, in the store at once; it is selected. The list shows the
-    /// keys of the file until the dossier is listed anew. False when it could not be written: nothing of it is left.
-    bool importe(const FichierDossier& fichier);
-    /// Saves the tree; false, which has been told, when that failed.
+    // ---- what else works on them
+    /// Reads the tree anew and selects the root.
+    void recharge(bool developpe);
+    /// Opens the commands for what is selected now.
+    void permet();
+    /// Saves the tree, if there is something to save; false, which has been told, when that failed.
     bool enregistre();
+    /// Tells why a change was not made, and, once, that today's copy was not. Whether it was made.
+    bool reussi(const EchecEcriture& echec, Texte message);
+    AvisDossiers& avis() { return avis_; }
+    const Donnees& donnees() const { return donnees_; }
 
     // ---- dragging
     void pressesurarbre() { noeuddeplace_ = donnees_.noeuds.selected(); }
@@ -127,7 +129,6 @@ private:
     void deplacenoeud(int cible);
     void rangeattente(int cible);
     void deplaceelement(int cible);
-    bool reussi(const EchecEcriture& echec, Texte message);
     bool lit(const std::function<void()>& travail);
     bool litarbre();
 

@@ -71,6 +71,11 @@ void Magasin::fermedossiers() {
     verrou_.reset();
 }
 
+void Magasin::rouvre() {
+    fermedossiers();
+    ouvredossiers(folderOf(chemin_));
+}
+
 Recordset& Magasin::table(const std::unique_ptr<Recordset>& table, QStringView nom) const {
     if (!table)
         runtimeError(Failure::MissingTable, {nom.toString()});

@@ -42,6 +42,8 @@ public:
     void ouvredossiers(const QString& dossierchemin);
     /// Nothing where the store is not available.
     void fermedossiers();
+    /// Closes the store and opens it again: its file is another one now.
+    void rouvre();
     bool dossiersindisponibles() const { return indisponibles_; }
     /// Full path of the store, whether it opened or not.
     const QString& cheminbasedossiers() const { return chemin_; }

@@ -1,6 +1,7 @@
 #include "dossiers/ui/frmdossiers.h"
 
 #include "core/langue.h"
+#include "core/nombres.h"
 #include "core/tablereglages.h"
 #include "dossiers/ui/colonnedossiers.h"
 #include "dossiers/ui/listedossier.h"
@@ -14,6 +15,7 @@
 #include "platform/widgets/tree/treeview.h"
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QScopedValueRollback>
@@ -38,8 +40,9 @@ frmdossiers::frmdossiers(const Contexte& contexte, QWidget* parent)
       liste_(new ListeDossier(contexte.corpus, contexte.texte, this)),
       gestion_({contexte.magasin, arbre_->nodes(), liste_->items(), contexte.sablier, contexte.dialogues, *this,
                 contexte.texte}),
-      porteur_(gestion_, *arbre_, *liste_, this), colonne_(new ColonneDossiers(contexte.texte, this)),
-      separateur_(new SplitterBar(Qt::Vertical, this)), barre_(new Toolbar(this)), barrevue_(new Toolbar(this)),
+      echange_(gestion_), porteur_(gestion_, *arbre_, *liste_, this),
+      colonne_(new ColonneDossiers(contexte.texte, this)), separateur_(new SplitterBar(Qt::Vertical, this)),
+      barre_(new Toolbar(this)), barrevue_(new Toolbar(this)),
       developpe_(new QCheckBox(contexte.texte(Texte::DevelopperALOuverture), this)), ligne_(plainLabel({}, this)) {
     setObjectName(u"frmdossiers"_s);
     setWindowTitle(texte(Texte::TitreDossiers).trimmed());
@@ -114,6 +117,7 @@ void frmdossiers::reliecommandes() {
     connect(colonne_, &ColonneDossiers::bas, this, [this] { gestion_.bas(); });
     connect(colonne_, &ColonneDossiers::toutdevelopper, this, [this] { gestion_.toutdevelopper(); });
     connect(colonne_, &ColonneDossiers::toutreduire, this, [this] { gestion_.toutreduire(); });
+    connect(colonne_, &ColonneDossiers::reparer, this, &frmdossiers::repare);
     connect(colonne_, &ColonneDossiers::fermer, this, &QDialog::accept);
     connect(separateur_, &SplitterBar::dropped, this, [this](int x) {
         disposition_.separe(x, size(), mesures());
@@ -130,21 +134,42 @@ void frmdossiers::reliefichiers() {
         if (bouton == u"ouvrirdossier")
             ouvrefichier({});
         else if (bouton == u"enregistrerdossier")
-            contexte_.fichiers.enregistre(gestion_.fichier());
+            contexte_.fichiers.enregistre(echange_.fichier());
         // Sent is what was found with the program's searches: without that nothing is.
         else if (bouton == u"envoyerdossier" && contexte_.ontrouve())
-            contexte_.fichiers.envoie(gestion_.fichier());
+            contexte_.fichiers.envoie(echange_.fichier());
     });
 }
 
 void frmdossiers::ouvrefichier(const QString& nomfichier) {
     if (const auto fichier = contexte_.fichiers.ouvre(nomfichier))
-        gestion_.importe(*fichier);
+        echange_.importe(*fichier);
 }
 
 void frmdossiers::chargefichier(const QString& nomfichier) {
     ouvrefichier(nomfichier);
     gestion_.enregistre();
+}
+
+void frmdossiers::repare() {
+    const auto avance = [this](int pourcent) {
+        ecritligne(remplace(texte(Texte::DossiersReparationEnCours), {QString::number(pourcent)}));
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        return true;
+    };
+    const auto bilan = echange_.repare(developpe_->isChecked(), avance);
+    const auto nombre = [this](qint64 n) { return nombreecrit(n, contexte_.texte); };
+    ecritligne(!bilan          ? QString()
+               : bilan->rien() ? texte(Texte::DossiersRienAReparer)
+                               : remplace(texte(Texte::DossiersRepares),
+                                          {nombre(bilan->dossiers), nombre(bilan->elements), nombre(bilan->comptes)}));
+}
+
+/// A line above the tree; empty: none.
+void frmdossiers::ecritligne(const QString& texte) {
+    ligne_->setText(texte);
+    ligne_->setVisible(!texte.isEmpty());
+    place();
 }
 
 void frmdossiers::montre(const ElementEnAttente& attente) {
@@ -210,18 +235,16 @@ void frmdossiers::montrecible(int noeud) {
 
 void frmdossiers::montreattente(const ElementEnAttente& attente) {
     const bool entier = attente.itemdebut == 0 && attente.itemlongueur == 0;
-    ligne_->setVisible(!attente.itemreference.isEmpty());
-    ligne_->setText(
-        remplace(texte(entier ? Texte::DossiersARanger : Texte::DossiersExtraitARanger), {attente.itemtitre}));
-    if (attente.itemreference.isEmpty())
+    const bool rien = attente.itemreference.isEmpty();
+    if (rien)
         porteur_.finit();
-    place();
+    ecritligne(
+        rien ? QString()
+             : remplace(texte(entier ? Texte::DossiersARanger : Texte::DossiersExtraitARanger), {attente.itemtitre}));
 }
 
 void frmdossiers::ditcopiemanquee() {
-    ligne_->setText(texte(Texte::DossiersCopieManquee));
-    ligne_->show();
-    place();
+    ecritligne(texte(Texte::DossiersCopieManquee));
 }
 
 // ---- keys

@@ -4,8 +4,8 @@
 #include "core/corpus.h"
 #include "core/reglages.h"
 #include "dossiers/dispositiondossiers.h"
+#include "dossiers/echangedossiers.h"
 #include "dossiers/fichiersdossiers.h"
-#include "dossiers/gestiondossiers.h"
 #include "dossiers/ui/porteurdossiers.h"
 
 #include <QDialog>
@@ -73,6 +73,8 @@ private:
     void reliecommandes();
     void reliefichiers();
     void ouvrefichier(const QString& nomfichier);
+    void repare();
+    void ecritligne(const QString& texte);
     void place();
     DispositionDossiers::Mesures mesures() const;
     bool cle(const QKeyEvent& evenement);
@@ -84,6 +86,7 @@ private:
     TreeView* arbre_;     ///< TreeView1
     ListeDossier* liste_; ///< contenudossier
     GestionDossiers gestion_;
+    EchangeDossiers echange_;
     PorteurDossiers porteur_;
     DispositionDossiers disposition_;
     ColonneDossiers* colonne_;

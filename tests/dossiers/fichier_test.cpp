@@ -1,13 +1,13 @@
 // Files of dossiers: their lines, both ways, and what comes into the store.
-#include "dossiers/fichierdossier.h"
-#include "dossiers/gestiondossiers.h"
-#include "gestion_support.h"
+#include "dossiers/echangedossiers.h"
+#include "gestion_banc.h"
 
 namespace velm::test {
 namespace {
 
 const QByteArray entete = "VELMORante 2000 - DV2\r\n";
-const QByteArray deux = entete + "Baux d'habitation\r\nCO000001 1\r\nArticle un\r\nEU000002 7 1204 310P\r\nDirective [extrait]\r\n";
+const QByteArray deux =
+    entete + "Baux d'habitation\r\nCO000001 1\r\nArticle un\r\nEU000002 7 1204 310P\r\nDirective [extrait]\r\n";
 
 TEST(FichierDossier, HoldsItsSignatureTheNameAndPairs) {
     const FichierDossier fichier{
@@ -24,7 +24,8 @@ TEST(FichierDossier, AccentedNamesReadBackUnchanged) {
 }
 
 TEST(FichierDossier, ALineBreakInATitleDoesNotPartThePairs) {
-    const auto lu = litfichierdossier(ecritfichierdossier({u"n"_s, {{u"CO000001 1"_s, u"a\r\nb"_s}, {u"k"_s, u"c"_s}}}));
+    const auto lu =
+        litfichierdossier(ecritfichierdossier({u"n"_s, {{u"CO000001 1"_s, u"a\r\nb"_s}, {u"k"_s, u"c"_s}}}));
     ASSERT_TRUE(lu);
     ASSERT_EQ(lu->elements.size(), 2U);
     EXPECT_EQ(lu->elements[0].second, u"a b");
@@ -60,9 +61,11 @@ TEST(FichierDossier, LoneEndsOfLinesAndZeroBytesAreTakenAsTheyCome) {
 
 class FichierTest : public GestionTest {
 protected:
+    EchangeDossiers echange{gestion};
+
     int importe(const QByteArray& octets) {
         const auto lu = litfichierdossier(octets);
-        EXPECT_TRUE(lu && gestion.importe(*lu));
+        EXPECT_TRUE(lu && echange.importe(*lu));
         return noeuds.selected();
     }
     std::vector<RangeeElement> elementsde(qint64 dossier) {
@@ -77,7 +80,7 @@ protected:
 
 TEST_F(FichierTest, TheSelectedDossierIsWrittenWithoutItsCount) {
     clique(1);
-    EXPECT_EQ(ecritfichierdossier(gestion.fichier()),
+    EXPECT_EQ(ecritfichierdossier(echange.fichier()),
               entete + "Baux\r\nCO000001 1\r\nArticle un\r\nEU000002 2 1204 310P\r\nDirective [extrait]\r\n");
 }
 
@@ -134,13 +137,13 @@ TEST_F(FichierTest, KeysOfAnyShapeComeInAsTheyAre) {
 TEST_F(FichierTest, ThatCannotBeStoredLeavesNothing) {
     const auto avant = dossiers();
     magasin.dbdossiers().execute(u"PRAGMA query_only=ON"_s);
-    EXPECT_FALSE(gestion.importe(*litfichierdossier(deux)));
+    EXPECT_FALSE(echange.importe(*litfichierdossier(deux)));
     magasin.dbdossiers().execute(u"PRAGMA query_only=OFF"_s);
     EXPECT_EQ(dialogues.messages.size(), 1U);
     EXPECT_EQ(dossiers(), avant);
     EXPECT_EQ(elementsde(5).size(), 0U);
     EXPECT_EQ(noeud(5), 0);
-    EXPECT_TRUE(gestion.importe(*litfichierdossier(deux)));
+    EXPECT_TRUE(echange.importe(*litfichierdossier(deux)));
 }
 
 } // namespace

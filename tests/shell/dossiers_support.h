@@ -7,6 +7,7 @@
 #include "tests/shell/ecran_support.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 

@@ -7,7 +7,7 @@ using namespace Qt::Literals::StringLiterals;
 
 TEST(AnsiReadable, LettersLoseNoMoreThanTheirAccents) {
     EXPECT_EQ(ansi::encodeReadable(u"Dvořák, Łódź, Ő"_s), "Dvor\xE1k, L\xF3"
-                                                           "dz, O");
+                                                          "dz, O");
     EXPECT_EQ(ansi::encodeReadable(u"e\u0301te\u0301"_s), "\xE9t\xE9") << "the page has it, in another form";
     EXPECT_EQ(ansi::encodeReadable(u"œuvre – 5 €"_s), "\x9Cuvre \x96 5 \x80");
 }
