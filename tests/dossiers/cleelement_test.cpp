@@ -29,6 +29,12 @@ TEST(CleElement, IsReadBack) {
     EXPECT_FALSE(estextrait(u"CO000123 12"_s));
 }
 
+TEST(CleElement, WithoutItsLetterOrItsSecondPositionItIsNoExtract) {
+    EXPECT_EQ(extraitdelacle(u"CO000123 3 1204 310"_s), (Extrait{}));
+    EXPECT_EQ(extraitdelacle(u"CO000123 3 1204P"_s), (Extrait{}));
+    EXPECT_EQ(extraitdelacle(u"CO000123 3P"_s), (Extrait{}));
+}
+
 TEST(CleElement, TheWholeTailOfAnExtractIsOneNumber) {
     EXPECT_EQ(nombredelaqueue(u"CO000123 3 1204 310P"_s), 31204310);
     EXPECT_EQ(nombredelaqueue(u"CO000123 12"_s), 12);
