@@ -42,6 +42,7 @@ public:
     void ensureVisible(int item);
     int itemAt(const QPoint& viewportPos) const;
     QRect itemPlace(int item) const; ///< in the viewport
+    void doItemsLayout() override;
 
     // ---- a label, edited in its place, as in TreeHands
     bool startLabelEdit(int item);
@@ -70,7 +71,6 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void doItemsLayout() override;
     void resizeEvent(QResizeEvent* event) override;
     void updateGeometries() override;
 

@@ -35,7 +35,7 @@ void LabelEditor::lay(const QRect& label) {
     const int width = std::min(std::max(wanted, 12 * look::grid), room);
     const int height = std::max(fontMetrics().height() + look::grid, std::min(label.height(), sizeHint().height()));
     const int left = std::clamp(label.left(), 0, std::max(0, room - width));
-    setGeometry(left, label.center().y() - height / 2, width, height);
+    setGeometry(left, label.top() + (label.height() - height) / 2, width, height);
 }
 
 void LabelEditor::end(bool keep) {

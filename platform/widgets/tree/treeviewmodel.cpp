@@ -65,7 +65,7 @@ QVariant TreeViewModel::data(const QModelIndex& index, int role) const {
 }
 
 QModelIndex TreeViewModel::indexOf(int node) const {
-    if (node == 0 || !isTold(node))
+    if (!nodes_.contains(node) || !isTold(node))
         return {};
     return createIndex(nodes_.place(node), 0, static_cast<quintptr>(node));
 }

@@ -1,0 +1,283 @@
+#include "tests/support/contrast.h"
+#include "treefixture.h"
+
+#include <QLineEdit>
+#include <QPointer>
+#include <QRandomGenerator>
+
+namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class TreeHandsTest : public TreeTest {
+protected:
+    TreeHandsTest() {
+        plant();
+        nodes.setExpanded(1, true);
+        nodes.setExpanded(2, true);
+        QObject::connect(&tree, &TreeView::labelEdited, &tree, [this](int node, const QString& text, bool cancelled) {
+            told.append(u"edited %1 %2%3"_s.arg(node).arg(text, cancelled ? u" cancelled"_s : u""_s));
+        });
+        QObject::connect(&tree, &TreeView::labelEditWanted, &tree,
+                         [this](int node) { told.append(u"wanted %1"_s.arg(node)); });
+        QObject::connect(&tree, &TreeView::dragBegins, &tree,
+                         [this](int node) { told.append(u"drag %1"_s.arg(node)); });
+    }
+    QLineEdit* editor() const { return tree.viewport()->findChild<QLineEdit*>(); }
+    void moveWithButton(const QPoint& to) {
+        QMouseEvent event(QEvent::MouseMove, to, tree.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(tree.viewport(), &event);
+    }
+};
+
+} // namespace
+
+TEST_F(TreeHandsTest, ReturnKeepsTheLabelAndActivatesNothing) {
+    ASSERT_TRUE(tree.startLabelEdit(4));
+    EXPECT_EQ(tree.editedNode(), 4);
+    EXPECT_TRUE(editor()->hasFocus());
+    EXPECT_EQ(editor()->selectedText(), u"A1"_s);
+    QTest::keyClicks(editor(), u"Neuf"_s);
+    QTest::keyClick(editor(), Qt::Key_Return);
+    EXPECT_EQ(takeTold(), QStringList{u"edited 4 Neuf"_s});
+    EXPECT_EQ(nodes.text(4), u"Neuf"_s);
+    EXPECT_EQ(tree.editedNode(), 0);
+    EXPECT_TRUE(tree.hasFocus());
+    EXPECT_FALSE(editor()->isVisible());
+}
+
+TEST_F(TreeHandsTest, EscapeCancelsTheEditAlone) {
+    QWidget window;
+    auto* inside = new TreeView(&window);
+    inside->nodes().add(0, u"a"_s, u"Ancien"_s, {}, {});
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    int escapes = 0;
+    auto* action = new QAction(&window);
+    action->setShortcut(Qt::Key_Escape);
+    window.addAction(action);
+    QObject::connect(action, &QAction::triggered, &window, [&] { ++escapes; });
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(inside->startLabelEdit(1));
+    const QSignalSpy edited(inside, &TreeView::labelEdited);
+    auto* field = inside->viewport()->findChild<QLineEdit*>();
+    QTest::keyClicks(field, u"Neuf"_s);
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_EQ(escapes, 0);
+    ASSERT_EQ(edited.count(), 1);
+    EXPECT_TRUE(edited.at(0).at(2).toBool());
+    EXPECT_EQ(inside->nodes().text(1), u"Ancien"_s);
+    QTest::keyClick(inside, Qt::Key_Escape);
+    EXPECT_EQ(escapes, 1) << "without an edit it is the window's again";
+}
+
+TEST_F(TreeHandsTest, TabAndTheLossOfTheFocusKeep) {
+    tree.startLabelEdit(4);
+    QTest::keyClicks(editor(), u"x"_s);
+    QTest::keyClick(editor(), Qt::Key_Tab);
+    EXPECT_EQ(takeTold(), QStringList{u"edited 4 x"_s});
+    tree.startLabelEdit(5);
+    QTest::keyClicks(editor(), u"y"_s);
+    tree.setFocus(Qt::MouseFocusReason);
+    EXPECT_EQ(takeTold(), QStringList{u"edited 5 y"_s});
+}
+
+TEST_F(TreeHandsTest, TheOwnerMayRefuseAnEdit) {
+    QObject::connect(&tree, &TreeView::labelEditBegins, &tree, [](int node, bool* cancel) { *cancel = node == 1; });
+    EXPECT_FALSE(tree.startLabelEdit(1));
+    EXPECT_EQ(tree.editedNode(), 0);
+    EXPECT_TRUE(tree.startLabelEdit(2));
+    EXPECT_FALSE(tree.startLabelEdit(99));
+}
+
+TEST_F(TreeHandsTest, AnotherEditEndsTheFirstAndKeepsIt) {
+    tree.startLabelEdit(4);
+    QTest::keyClicks(editor(), u"x"_s);
+    EXPECT_TRUE(tree.startLabelEdit(5));
+    EXPECT_EQ(takeTold(), QStringList{u"edited 4 x"_s});
+    EXPECT_EQ(tree.editedNode(), 5);
+}
+
+TEST_F(TreeHandsTest, ANewTextOfTheNodeLeavesWhatIsWritten) {
+    tree.startLabelEdit(4);
+    nodes.setText(4, u"A1 [3]"_s);
+    EXPECT_EQ(editor()->text(), u"A1"_s);
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    EXPECT_EQ(nodes.text(4), u"A1 [3]"_s);
+}
+
+TEST_F(TreeHandsTest, ANodeThatGoesTakesItsEditWithIt) {
+    tree.startLabelEdit(4);
+    nodes.remove(2);
+    EXPECT_EQ(tree.editedNode(), 0);
+    EXPECT_EQ(takeTold(), QStringList{u"edited 4  cancelled"_s});
+    tree.startLabelEdit(6);
+    takeTold();
+    nodes.clear();
+    EXPECT_EQ(takeTold(), QStringList{u"edited 6  cancelled"_s});
+}
+
+TEST_F(TreeHandsTest, TheEditorGrowsWithItsTextAndFollowsItsNode) {
+    tree.startLabelEdit(4);
+    const QRect before = editor()->geometry();
+    QTest::keyClicks(editor(), u"un titre nettement plus long"_s);
+    EXPECT_GT(editor()->width(), before.width());
+    QTest::keyClicks(editor(), QString(200, u'm'));
+    EXPECT_LE(editor()->geometry().right(), tree.viewport()->width());
+    nodes.addBeside(4, TreeNodes::Beside::Before, u"davant"_s, u"davant"_s, {}, {});
+    tree.doItemsLayout();
+    EXPECT_LE(std::abs(editor()->geometry().center().y() - rectOf(4).center().y()), 1);
+    EXPECT_GT(editor()->y(), before.y());
+}
+
+TEST_F(TreeHandsTest, F2AndASecondSlowClickAskForAnEdit) {
+    nodes.select(2);
+    key(Qt::Key_F2);
+    EXPECT_EQ(takeTold(), QStringList{u"wanted 2"_s});
+    click(pointOf(4));
+    QTest::qWait(QApplication::doubleClickInterval() + 50);
+    EXPECT_FALSE(takeTold().contains(u"wanted 4"_s)) << "the first click selects";
+    click(pointOf(4));
+    EVENTUALLY(told.contains(u"wanted 4"_s));
+}
+
+TEST_F(TreeHandsTest, ADoubleClickAsksForNoEdit) {
+    nodes.select(6);
+    clickTwice(6);
+    click(pointOf(5));
+    clickTwice(5);
+    QTest::qWait(QApplication::doubleClickInterval() + 50);
+    EXPECT_TRUE(told.filter(u"wanted"_s).isEmpty());
+}
+
+TEST_F(TreeHandsTest, ADragBeginsOnceAndChoosesNothingOnItsWay) {
+    tree.setDragging(true);
+    QTest::mousePress(tree.viewport(), Qt::LeftButton, {}, pointOf(4));
+    takeTold();
+    moveWithButton(pointOf(4) + QPoint(1, 0));
+    EXPECT_EQ(takeTold(), QStringList());
+    moveWithButton(pointOf(2));
+    moveWithButton(pointOf(1));
+    EXPECT_EQ(takeTold(), QStringList{u"drag 4"_s});
+    EXPECT_EQ(nodes.selected(), 4);
+    QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, pointOf(1));
+}
+
+TEST_F(TreeHandsTest, NoDragBeginsBesideTheNodesOrUnasked) {
+    QTest::mousePress(tree.viewport(), Qt::LeftButton, {}, pointOf(4));
+    moveWithButton(pointOf(1));
+    QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, pointOf(1));
+    tree.setDragging(true);
+    QTest::mousePress(tree.viewport(), Qt::LeftButton, {}, QPoint(50, 390));
+    moveWithButton(pointOf(1));
+    QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, pointOf(1));
+    EXPECT_TRUE(told.filter(u"drag"_s).isEmpty());
+}
+
+TEST_F(TreeHandsTest, TheDropTargetIsSeenAndGoesWithItsNode) {
+    nodes.select(1);
+    const QImage before = tree.viewport()->grab(rectOf(4)).toImage();
+    tree.setDropTarget(4);
+    EXPECT_EQ(tree.dropTarget(), 4);
+    EXPECT_EQ(nodes.selected(), 1);
+    const QImage after = tree.viewport()->grab(rectOf(4)).toImage();
+    EXPECT_NE(before, after);
+    const QColor ground = tree.palette().color(QPalette::Base);
+    EXPECT_GE(test::contrast(after.pixelColor(after.width() / 2, 0), ground), test::states);
+    nodes.remove(2);
+    EXPECT_EQ(tree.dropTarget(), 0);
+    tree.setDropTarget(4);
+    EXPECT_EQ(tree.dropTarget(), 0) << "it does not stand";
+    tree.setDropTarget(6);
+    nodes.clear();
+    EXPECT_EQ(tree.dropTarget(), 0);
+}
+
+TEST_F(TreeHandsTest, NearItsEdgesItScrolls) {
+    for (int i = 0; i < 60; ++i)
+        add(1, u"n%1"_s.arg(i));
+    tree.doItemsLayout();
+    QScrollBar& bar = *tree.verticalScrollBar();
+    EXPECT_FALSE(tree.scrollNear({20, 200}));
+    EXPECT_FALSE(tree.scrollNear({20, 2})) << "it stands at its top";
+    EXPECT_TRUE(tree.scrollNear({20, tree.viewport()->height() - 2}));
+    const int slow = bar.value();
+    EXPECT_GT(slow, 0);
+    tree.scrollNear({20, tree.viewport()->height() + 100});
+    EXPECT_GT(bar.value() - slow, slow);
+    EXPECT_TRUE(tree.scrollNear({20, 2}));
+}
+
+TEST_F(TreeHandsTest, AClosedNodeOpensUnderWhatRestsOnIt) {
+    tree.hover(3);
+    tree.hover(3);
+    EXPECT_FALSE(nodes.expanded(3));
+    EVENTUALLY(nodes.expanded(3));
+    EXPECT_EQ(takeTold(), QStringList{u"expanding 3"_s});
+    nodes.setExpanded(3, false);
+    tree.hover(0);
+    tree.hover(3);
+    tree.hover(0);
+    QTest::qWait(TreeView::hoverMilliseconds + 100);
+    EXPECT_FALSE(nodes.expanded(3)) << "the pointer went on";
+}
+
+TEST_F(TreeHandsTest, EditorsSurviveWhateverHappensToTheTree) {
+    QRandomGenerator random(13);
+    QPointer<TreeView> other;
+    for (int step = 0; step < 4000; ++step) {
+        if (!other) {
+            other = new TreeView;
+            other->setDragging(true);
+            other->show();
+        }
+        TreeNodes& some = other->nodes();
+        const int node = random.bounded(some.count() + 2);
+        const int other2 = random.bounded(some.count() + 2);
+        switch (random.bounded(12)) {
+        case 0:
+            if (random.bounded(20) == 0)
+                delete other;
+            break;
+        case 1:
+            if (random.bounded(10) == 0)
+                some.clear();
+            break;
+        case 2:
+            some.remove(node);
+            break;
+        case 3:
+            some.setParent(node, other2);
+            break;
+        case 4:
+        case 5:
+            some.add(some.contains(node) ? node : 0, QString::number(step), u"n"_s, {}, {});
+            break;
+        case 6:
+            other->setDropTarget(node);
+            other->hover(other2);
+            break;
+        case 7:
+            other->endLabelEdit(random.bounded(2) == 0);
+            break;
+        case 8:
+            some.setExpanded(node, random.bounded(2) == 0);
+            break;
+        case 9:
+            QCoreApplication::processEvents();
+            break;
+        default:
+            other->startLabelEdit(node);
+        }
+        if (other && other->editedNode() != 0)
+            EXPECT_TRUE(other->nodes().contains(other->editedNode()));
+        if (other && other->dropTarget() != 0)
+            EXPECT_TRUE(other->nodes().contains(other->dropTarget()));
+    }
+    delete other;
+}
+
+} // namespace velm
