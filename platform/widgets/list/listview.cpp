@@ -2,6 +2,7 @@
 
 #include "platform/widgets/grid/gridlook.h"
 #include "platform/widgets/list/listwatch.h"
+#include "platform/widgets/look/chosenalone.h"
 #include "platform/widgets/look/look.h"
 
 #include <QHelpEvent>
@@ -77,6 +78,7 @@ ListView::~ListView() {
 void ListView::setArrangement(Arrangement arrangement) {
     arrangement_ = arrangement;
     watch_->delegate.setArrangement(arrangement);
+    watch_->hands.setCentred(arrangement == Arrangement::LargeIcons);
     const bool columns = arrangement == Arrangement::List;
     setFlow(columns ? TopToBottom : LeftToRight);
     setHorizontalScrollBarPolicy(columns ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
@@ -121,6 +123,11 @@ void ListView::setFaint(std::function<bool(const QString& key)> faint) {
     viewport()->update();
 }
 
+void ListView::setTips(std::function<QString(int item)> tips) {
+    watch_->model.setDescriptions(tips);
+    tips_ = std::move(tips);
+}
+
 void ListView::setDragging(bool on) {
     watch_->hands.setDragging(on);
 }
@@ -158,6 +165,10 @@ void ListView::currentChanged(const QModelIndex& current, const QModelIndex& pre
         return;
     items_.noteSelected(ListViewModel::itemOf(current));
     emit selectionMoved(items_.selected());
+}
+
+QItemSelectionModel::SelectionFlags ListView::selectionCommand(const QModelIndex& index, const QEvent* event) const {
+    return chosenAlone(QListView::selectionCommand(index, event));
 }
 
 // ---- painting

@@ -35,8 +35,9 @@ public:
     void setImages(std::function<QIcon(const QString& name)> images);
     /// Whether an entry is shown faint. Asked when it is painted: must be quick.
     void setFaint(std::function<bool(const QString& key)> faint);
-    /// What is told of an entry beside the pointer; without it the whole text, where that cannot be seen.
-    void setTips(std::function<QString(int item)> tips) { tips_ = std::move(tips); }
+    /// What is told of an entry beside the pointer, and to who cannot see it; without it the whole text, where that
+    /// cannot be seen.
+    void setTips(std::function<QString(int item)> tips);
     /// Whether entries can be dragged. While they can, a press that moves chooses no other entry on its way.
     void setDragging(bool on);
     void ensureVisible(int item);
@@ -63,6 +64,7 @@ signals:
 protected:
     void initViewItemOption(QStyleOptionViewItem* option) const override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
     bool viewportEvent(QEvent* event) override;
     bool event(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;

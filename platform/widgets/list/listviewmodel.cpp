@@ -13,6 +13,8 @@ QVariant ListViewModel::data(const QModelIndex& index, int role) const {
         const QIcon icon = picture(items_.image(item));
         return icon.isNull() ? QVariant() : icon;
     }
+    case Qt::AccessibleDescriptionRole:
+        return descriptions_ ? descriptions_(item) : QString();
     case FaintRole:
         return faint_ && faint_(items_.key(item));
     default:

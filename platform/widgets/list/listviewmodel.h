@@ -24,6 +24,8 @@ public:
     static int itemOf(const QModelIndex& index) { return index.isValid() ? index.row() + 1 : 0; }
     void setImages(std::function<QIcon(const QString& name)> images);
     void setFaint(std::function<bool(const QString& key)> faint) { faint_ = std::move(faint); }
+    /// What is said of an entry to who cannot see it, besides its text.
+    void setDescriptions(std::function<QString(int item)> descriptions) { descriptions_ = std::move(descriptions); }
 
     // ---- what happened to the entries
     void reset();
@@ -40,6 +42,7 @@ private:
     int told_ = 0;
     std::function<QIcon(const QString& name)> images_;
     std::function<bool(const QString& key)> faint_;
+    std::function<QString(int item)> descriptions_;
     mutable QHash<QString, QIcon> pictures_;
 };
 

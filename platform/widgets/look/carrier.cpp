@@ -85,7 +85,7 @@ void Carrier::carry(QWidget* window, const QIcon& icon, const QString& label, Mo
         emit cancelled();
     });
     mode_ = mode;
-    taken_ = passing_ = false;
+    taken_ = passing_ = waits_ = false;
     picture_ = new Card(window_, icon, label);
     at_ = QCursor::pos();
     qApp->installEventFilter(this);
@@ -96,7 +96,7 @@ void Carrier::carry(QWidget* window, const QIcon& icon, const QString& label, Mo
 
 void Carrier::setAllowed(bool allowed) {
     allowed_ = allowed;
-    if (!carries())
+    if (!carries() || waits_)
         return;
     const Qt::CursorShape no = mode_ == Mode::UntilRelease ? Qt::ForbiddenCursor : Qt::ArrowCursor;
     const Qt::CursorShape shape = allowed ? Qt::DragCopyCursor : no;
@@ -110,8 +110,7 @@ void Carrier::stop() {
     rest_.stop();
     if (qApp)
         qApp->removeEventFilter(this);
-    if (std::exchange(shaped_, false))
-        QApplication::restoreOverrideCursor();
+    unshape();
     if (window_)
         disconnect(window_, nullptr, this, nullptr);
     window_.clear();
@@ -120,7 +119,29 @@ void Carrier::stop() {
         picture_->deleteLater();
     }
     picture_.clear();
+}
+
+void Carrier::unshape() {
     allowed_ = false;
+    if (std::exchange(shaped_, false))
+        QApplication::restoreOverrideCursor();
+}
+
+void Carrier::wait() {
+    waits_ = true;
+    taken_ = passing_ = false;
+    rest_.stop();
+    unshape();
+    picture_->hide();
+}
+
+void Carrier::goOn() {
+    if (!std::exchange(waits_, false))
+        return;
+    rest_.start(restMilliseconds, this);
+    at_ = QCursor::pos();
+    setAllowed(false);
+    layPicture();
 }
 
 void Carrier::cancel() {
@@ -178,13 +199,9 @@ bool Carrier::eventFilter(QObject* watched, QEvent* event) {
     if (!carries() || !watched->isWidgetType())
         return false;
     auto& receiver = static_cast<QWidget&>(*watched);
-    // Without a button down the user may look at another window meanwhile.
-    const bool left = event->type() == QEvent::WindowDeactivate && mode_ == Mode::UntilRelease;
-    if (&receiver == window_ && (left || event->type() == QEvent::Hide)) {
-        cancel();
-        return false;
-    }
-    if (receiver.window() != window_)
+    if (&receiver == window_)
+        ofWindow(event->type());
+    if (!carries() || waits_ || receiver.window() != window_)
         return false;
     if (isEscape(*event)) {
         event->accept();
@@ -194,11 +211,20 @@ bool Carrier::eventFilter(QObject* watched, QEvent* event) {
     }
     if (!isOfMouse(event->type()))
         return false;
-    return ofMouse(receiver, static_cast<const QMouseEvent&>(*event));
+    return ofMouse(static_cast<const QMouseEvent&>(*event));
 }
 
-bool Carrier::ofMouse(QWidget& receiver, const QMouseEvent& event) {
-    Q_UNUSED(receiver)
+void Carrier::ofWindow(QEvent::Type type) {
+    const bool behind = type == QEvent::WindowDeactivate;
+    if (type == QEvent::Hide || (behind && mode_ == Mode::UntilRelease))
+        cancel();
+    else if (behind)
+        wait();
+    else if (type == QEvent::WindowActivate)
+        goOn();
+}
+
+bool Carrier::ofMouse(const QMouseEvent& event) {
     at_ = event.globalPosition().toPoint();
     switch (event.type()) {
     case QEvent::MouseMove: {

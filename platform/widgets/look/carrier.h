@@ -1,6 +1,7 @@
 #pragma once
 // Something that hangs on the pointer within one window, as a small labelled picture, until it is dropped.
 #include <QBasicTimer>
+#include <QEvent>
 #include <QObject>
 #include <QPoint>
 #include <QPointer>
@@ -19,7 +20,8 @@ class Carrier final : public QObject {
 public:
     enum class Mode {
         UntilRelease, ///< begun with the left button down: its release drops, or cancels where nothing may be dropped
-        UntilClick ///< begun with no button down: a click drops; one where nothing may be dropped goes to the control
+        UntilClick ///< begun with no button down: a click drops; one where nothing may be dropped goes to the control.
+                   ///< While another window is in front it waits, unseen.
     };
 
     explicit Carrier(QObject* parent = nullptr);
@@ -45,19 +47,23 @@ signals:
     void over(QWidget* under, const QPoint& globalPosition);
     /// Nothing is carried any more.
     void dropped(QWidget* under, const QPoint& globalPosition);
-    void cancelled(); ///< by Escape, by a window that went, by another one in front of a pressed button, or by the program
+    void cancelled(); ///< by Escape, by a window that went or (UntilRelease) came in front, or by the program
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    bool ofMouse(QWidget& receiver, const QMouseEvent& event);
+    void ofWindow(QEvent::Type type);
+    bool ofMouse(const QMouseEvent& event);
     bool pressed(const QMouseEvent& event);
     bool released(const QMouseEvent& event);
     void drop();
     void tell();
     void stop();
+    void unshape();
+    void wait();
+    void goOn();
     void layPicture();
     QWidget* under() const;
 
@@ -70,6 +76,7 @@ private:
     bool taken_ = false;   ///< a press that is not the control's: its release is not either
     bool passing_ = false; ///< a press that is the control's
     bool shaped_ = false;
+    bool waits_ = false; ///< another window is in front
 };
 
 } // namespace velm

@@ -52,8 +52,25 @@ void EntryHands::ended(int entry, const QString& text, bool keep) {
 }
 
 void EntryHands::lay() {
-    if (edited() != 0)
-        editor_->lay(access_.labelPlace(edited()));
+    if (edited() == 0)
+        return;
+    const QRect place = access_.labelPlace(edited());
+    if (!place.isEmpty()) {
+        editor_->lay(place);
+        return;
+    }
+    // Its entry is out of sight for good. The view is being laid out: whoever hears of it must not change that now.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (access_.labelPlace(edited()).isEmpty())
+                endLabelEdit(true);
+        },
+        Qt::QueuedConnection);
+}
+
+void EntryHands::setCentred(bool centred) {
+    editor_->setAlignment(centred ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void EntryHands::renumber(int entry) {

@@ -37,9 +37,12 @@ public:
     /// Shows the new label where it is kept, and tells labelEdited(); nothing where no label is edited.
     void endLabelEdit(bool keep);
     int edited() const;
-    /// Lays the editor over its entry, which has another place or size.
+    /// Lays the editor over its entry, which has another place or size. One that has no place any more is edited no
+    /// longer, which is told a moment later.
     void lay();
-    /// The edited entry is called so from now on; 0: it is gone, which entryGone() will tell.
+    /// Whether the words stand in the middle of their place.
+    void setCentred(bool centred);
+    /// The edited entry is called so from now on; 0: it is gone, which tellGone() will tell.
     void renumber(int entry);
     /// Tells that the edited entry has gone: labelEdited() of its old number, cancelled.
     void tellGone();

@@ -19,6 +19,7 @@ void LabelEditor::begin(int entry, const QString& text, const QRect& label) {
     label_ = label;
     setFont(parentWidget()->font());
     setText(text);
+    setAccessibleName(text);
     lay(label);
     show();
     raise();
@@ -34,7 +35,8 @@ void LabelEditor::lay(const QRect& label) {
     const int room = parentWidget()->width() - 2;
     const int width = std::min(std::max(wanted, 12 * look::grid), room);
     const int height = std::max(fontMetrics().height() + look::grid, std::min(label.height(), sizeHint().height()));
-    const int left = std::clamp(label.left(), 0, std::max(0, room - width));
+    const int beginning = alignment().testFlag(Qt::AlignHCenter) ? label.center().x() - width / 2 : label.left();
+    const int left = std::clamp(beginning, 0, std::max(0, room - width));
     setGeometry(left, label.top() + (label.height() - height) / 2, width, height);
 }
 

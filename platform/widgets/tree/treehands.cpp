@@ -1,6 +1,7 @@
 #include "platform/widgets/tree/treehands.h"
 
 #include "platform/widgets/grid/gridlook.h"
+#include "platform/widgets/look/chosenalone.h"
 #include "platform/widgets/look/entryhands.h"
 #include "platform/widgets/look/look.h"
 
@@ -15,17 +16,27 @@
 namespace velm {
 
 TreeHands::TreeHands(QWidget* parent) : QTreeView(parent) {
-    hands_ = new EntryHands(
-        *this,
-        {.at = [this](const QPoint& at) { return nodeAt(at); },
-         .labelPlace = [this](int node) { return visualRect(indexOf(node)).adjusted(iconSize().width(), 0, 0, 0); },
-         .label = [this](int node) { return labelOf(node); },
-         .setLabel = [this](int node, const QString& text) { setLabel(node, text); },
-         .selected = [this] { return nodeOf(currentIndex()); }});
+    hands_ = new EntryHands(*this, {.at = [this](const QPoint& at) { return nodeAt(at); },
+                                    .labelPlace = [this](int node) { return wordsPlace(node); },
+                                    .label = [this](int node) { return labelOf(node); },
+                                    .setLabel = [this](int node, const QString& text) { setLabel(node, text); },
+                                    .selected = [this] { return nodeOf(currentIndex()); }});
     connect(hands_, &EntryHands::labelEditBegins, this, &TreeHands::labelEditBegins);
     connect(hands_, &EntryHands::labelEdited, this, &TreeHands::labelEdited);
     connect(hands_, &EntryHands::labelEditWanted, this, &TreeHands::labelEditWanted);
     connect(hands_, &EntryHands::dragBegins, this, &TreeHands::dragBegins);
+}
+
+QRect TreeHands::wordsPlace(int node) const {
+    const QModelIndex index = indexOf(node);
+    QRect place = visualRect(index);
+    if (place.isEmpty())
+        return {};
+    if (index.data(Qt::DecorationRole).isValid())
+        place.setLeft(place.left() + iconSize().width());
+    const int words = fontMetrics().horizontalAdvance(index.data().toString()) + 2 * look::spacing;
+    place.setWidth(std::min(words, place.width()));
+    return place;
 }
 
 bool TreeHands::startLabelEdit(int node) {
@@ -52,6 +63,10 @@ void TreeHands::setDropTarget(int node) {
 }
 
 bool TreeHands::scrollNear(const QPoint& viewportPos) {
+    // However often it is asked: a pointer that moves asks more often than one that rests.
+    constexpr int every = 30;
+    if (lastStep_.isValid() && lastStep_.elapsed() < every)
+        return false;
     const int row = gridlook::rowHeight(fontMetrics());
     const int above = row - viewportPos.y();
     const int below = viewportPos.y() - (viewport()->height() - row);
@@ -62,7 +77,10 @@ bool TreeHands::scrollNear(const QPoint& viewportPos) {
     QScrollBar& bar = *verticalScrollBar();
     const int before = bar.value();
     bar.setValue(before + (above > 0 ? -step : step));
-    return bar.value() != before;
+    if (bar.value() == before)
+        return false;
+    lastStep_.start();
+    return true;
 }
 
 void TreeHands::hover(int node) {
@@ -94,6 +112,10 @@ void TreeHands::paintTarget(QPainter& painter, const QRect& row, bool below) con
     painter.setPen(palette().color(QPalette::Base)); // parts the frame from a selection
     painter.drawRect(row.adjusted(1, 1, -2, -2));
     painter.restore();
+}
+
+QItemSelectionModel::SelectionFlags TreeHands::selectionCommand(const QModelIndex& index, const QEvent* event) const {
+    return chosenAlone(QTreeView::selectionCommand(index, event));
 }
 
 // ---- events

@@ -2,6 +2,7 @@
 // What a hand does to the nodes of a tree beyond opening and choosing them: editing labels in their place, carrying
 // nodes and dropping upon them.
 #include <QBasicTimer>
+#include <QElapsedTimer>
 #include <QTreeView>
 
 namespace velm {
@@ -30,7 +31,7 @@ public:
     /// The node at a place, anywhere in its row; 0 for none.
     int nodeAt(const QPoint& viewportPos) const { return nodeOf(indexAt(viewportPos)); }
     /// Scrolls by a step where the place is near the upper or lower edge, faster outside. For whoever carries, again
-    /// and again while the pointer is there. True when something moved.
+    /// and again while the pointer is there; a step comes some time after the one before. True when something moved.
     bool scrollNear(const QPoint& viewportPos);
     /// The pointer rests on a node while something is carried (0: on none): after a while a closed one with children
     /// opens, as by the user. May be told again and again.
@@ -63,6 +64,7 @@ protected:
     /// Over the row of the node that would be dropped upon; under it with `below`.
     void paintTarget(QPainter& painter, const QRect& row, bool below) const;
 
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -74,8 +76,11 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
+    QRect wordsPlace(int node) const;
+
     EntryHands* hands_;
     QBasicTimer resting_;
+    QElapsedTimer lastStep_; ///< of the scrolling
     int dropTarget_ = 0;
     int hovered_ = 0;
 };

@@ -166,6 +166,41 @@ TEST_F(CarrierTest, AWindowThatGoesTakesItAlong) {
     EXPECT_FALSE(carrier.carries());
 }
 
+TEST_F(CarrierTest, WhatWaitsForAClickWaitsWhileAnotherWindowIsInFront) {
+    carry(Carrier::Mode::UntilClick);
+    send(QEvent::MouseMove, button, Qt::NoButton);
+    EXPECT_TRUE(carrier.allowed());
+    QLineEdit other;
+    test::showInFront(other);
+    EXPECT_TRUE(carrier.carries());
+    EXPECT_FALSE(carrier.picture()->isVisible());
+    EXPECT_FALSE(QApplication::overrideCursor());
+    EXPECT_FALSE(carrier.allowed());
+    const QSignalSpy over(&carrier, &Carrier::over);
+    send(QEvent::MouseMove, button, Qt::NoButton);
+    QTest::qWait(120);
+    EXPECT_EQ(over.count(), 0);
+    EXPECT_FALSE(QApplication::overrideCursor());
+    QTest::keyClick(&other, Qt::Key_Escape);
+    EXPECT_TRUE(carrier.carries());
+    test::showInFront(window);
+    EVENTUALLY(over.count() >= 2);
+    EXPECT_TRUE(QApplication::overrideCursor());
+    send(QEvent::MouseMove, button, Qt::NoButton);
+    EXPECT_TRUE(carrier.picture()->isVisible());
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(drops, QList<QWidget*>{&button});
+    EXPECT_EQ(cancels, 0);
+}
+
+TEST_F(CarrierTest, WhatIsHeldEndsWhenAnotherWindowComesInFront) {
+    carry(Carrier::Mode::UntilRelease);
+    QWidget other;
+    test::showInFront(other);
+    EXPECT_EQ(cancels, 1);
+    EXPECT_FALSE(carrier.carries());
+}
+
 TEST_F(CarrierTest, CarriersSurviveWhateverHappens) {
     QRandomGenerator random(15);
     QPointer<QWidget> host;
