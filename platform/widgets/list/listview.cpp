@@ -168,7 +168,7 @@ void ListView::currentChanged(const QModelIndex& current, const QModelIndex& pre
 }
 
 QItemSelectionModel::SelectionFlags ListView::selectionCommand(const QModelIndex& index, const QEvent* event) const {
-    return chosenAlone(QListView::selectionCommand(index, event));
+    return chosenAlone(index, QListView::selectionCommand(index, event));
 }
 
 // ---- painting

@@ -115,7 +115,7 @@ void TreeHands::paintTarget(QPainter& painter, const QRect& row, bool below) con
 }
 
 QItemSelectionModel::SelectionFlags TreeHands::selectionCommand(const QModelIndex& index, const QEvent* event) const {
-    return chosenAlone(QTreeView::selectionCommand(index, event));
+    return chosenAlone(index, QTreeView::selectionCommand(index, event));
 }
 
 // ---- events

@@ -1,6 +1,7 @@
 #include "tests/support/contrast.h"
 #include "treefixture.h"
 
+#include <QAccessible>
 #include <QLineEdit>
 #include <QPointer>
 #include <QRandomGenerator>
@@ -162,6 +163,13 @@ TEST_F(TreeHandsTest, WithTheControlKeyTooTheSelectedNodeStaysSelected) {
     EXPECT_EQ(tree.selectionModel()->selectedIndexes(), QModelIndexList{tree.indexOf(5)});
 }
 
+TEST_F(TreeHandsTest, AClickBesideTheNodesLeavesTheSelection) {
+    nodes.select(2);
+    click({50, 390});
+    EXPECT_EQ(nodes.selected(), 2);
+    EXPECT_TRUE(tree.selectionModel()->isSelected(tree.indexOf(2)));
+}
+
 TEST_F(TreeHandsTest, F2AndASecondSlowClickAskForAnEdit) {
     nodes.select(2);
     key(Qt::Key_F2);
@@ -254,6 +262,23 @@ TEST_F(TreeHandsTest, AClosedNodeOpensUnderWhatRestsOnIt) {
     tree.hover(0);
     QTest::qWait(TreeView::hoverMilliseconds + 100);
     EXPECT_FALSE(nodes.expanded(3)) << "the pointer went on";
+}
+
+TEST_F(TreeHandsTest, WhoCannotSeeHearsNodesAndTheEditor) {
+    tree.setAccessibleName(u"Dossiers"_s);
+    nodes.select(2);
+    tree.grab();
+    QAccessibleInterface* const view = QAccessible::queryAccessibleInterface(&tree);
+    ASSERT_TRUE(view && view->tableInterface());
+    EXPECT_EQ(view->role(), QAccessible::Tree);
+    EXPECT_EQ(view->text(QAccessible::Name), u"Dossiers"_s);
+    QAccessibleInterface* const second = view->tableInterface()->cellAt(1, 0);
+    EXPECT_EQ(second->role(), QAccessible::TreeItem);
+    EXPECT_EQ(second->text(QAccessible::Name), u"A"_s);
+    EXPECT_TRUE(second->state().selected);
+    EXPECT_TRUE(second->state().expanded);
+    tree.startLabelEdit(2);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(editor())->text(QAccessible::Name), u"A"_s);
 }
 
 TEST_F(TreeHandsTest, EditorsSurviveWhateverHappensToTheTree) {
