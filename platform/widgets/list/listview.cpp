@@ -2,6 +2,7 @@
 
 #include "platform/widgets/grid/gridlook.h"
 #include "platform/widgets/list/listwatch.h"
+#include "platform/widgets/list/widesttext.h"
 #include "platform/widgets/look/chosenalone.h"
 #include "platform/widgets/look/look.h"
 
@@ -23,20 +24,6 @@ constexpr int usualLine = 16;   ///< the height of type that these were measured
 
 int scaled(int pixels, const QFontMetrics& metrics) {
     return pixels * std::max(usualLine, metrics.height()) / usualLine;
-}
-
-/// The width of the widest text, as far as it matters. Texts with far fewer letters are not measured.
-int widest(const ListItems& items, const QFontMetrics& metrics, int enough) {
-    int width = 0;
-    qsizetype letters = 0;
-    for (int item = 1; item <= items.count() && width < enough; ++item) {
-        const QString& text = items.text(item);
-        if (text.size() * 4 < letters * 3)
-            continue;
-        width = std::max(width, metrics.horizontalAdvance(text));
-        letters = std::max(letters, text.size());
-    }
-    return width;
 }
 
 } // namespace
@@ -88,6 +75,12 @@ void ListView::setArrangement(Arrangement arrangement) {
     ensureVisible(items_.selected());
 }
 
+int ListView::columnOfRow(int least) const {
+    // A row as wide as the viewport would wrap.
+    const int room = viewport()->width() - 1;
+    return room / std::max(1, room / least);
+}
+
 void ListView::measure() {
     if (std::exchange(watch_->measured, true))
         return;
@@ -95,7 +88,7 @@ void ListView::measure() {
     const int edge = gridlook::iconEdge(metrics);
     QSize cell(scaled(iconColumn, metrics), gridlook::rowHeight(metrics));
     if (arrangement_ == Arrangement::LargeIcons) {
-        cell.setWidth(scaled(leastColumn, metrics));
+        cell.setWidth(columnOfRow(scaled(leastColumn, metrics)));
         cell.setHeight(ListDelegate::largeEdge(metrics) + 2 * metrics.height() + 2 * look::spacing + look::grid);
     } else if (arrangement_ == Arrangement::List) {
         const int beside = edge + 2 * look::grid + look::spacing + 1;
@@ -103,8 +96,9 @@ void ListView::measure() {
         const bool one = items_.count() * cell.height() <= viewport()->height();
         const int most = std::max(scaled(ListDelegate::widestColumn, metrics), one ? viewport()->width() - 1 : 0);
         cell.setWidth(
-            std::clamp(widest(items_, metrics, most) + beside, std::min(most, scaled(leastColumn, metrics)), most));
-    }
+            std::clamp(widestText(items_, metrics, most) + beside, std::min(most, scaled(leastColumn, metrics)), most));
+    } else
+        cell.setWidth(columnOfRow(cell.width()));
     setIconSize(QSize(1, 1) * (arrangement_ == Arrangement::LargeIcons ? ListDelegate::largeEdge(metrics) : edge));
     horizontalScrollBar()->setSingleStep(cell.width());
     if (cell == watch_->delegate.cell() && gridSize() == cell)
@@ -182,6 +176,12 @@ void ListView::initViewItemOption(QStyleOptionViewItem* option) const {
 void ListView::doItemsLayout() {
     measure();
     QListView::doItemsLayout();
+}
+
+void ListView::paintEvent(QPaintEvent* event) {
+    // Otherwise what has just been listed would be painted a moment later than the ground.
+    executeDelayedItemsLayout();
+    QListView::paintEvent(event);
 }
 
 void ListView::resizeEvent(QResizeEvent* event) {

@@ -74,11 +74,14 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void updateGeometries() override;
 
 private:
     class Watch;
     void measure();
+    /// The width of the columns that share a row, each of them at least so wide.
+    int columnOfRow(int least) const;
     void noteFocus(const QFocusEvent& event);
 
     ListItems items_;

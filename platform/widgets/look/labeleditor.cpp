@@ -3,6 +3,7 @@
 #include "platform/widgets/look/look.h"
 
 #include <QKeyEvent>
+#include <QStyleOptionFrame>
 
 #include <algorithm>
 #include <utility>
@@ -35,9 +36,19 @@ void LabelEditor::lay(const QRect& label) {
     const int room = parentWidget()->width() - 2;
     const int width = std::min(std::max(wanted, 12 * look::grid), room);
     const int height = std::max(fontMetrics().height() + look::grid, std::min(label.height(), sizeHint().height()));
-    const int beginning = alignment().testFlag(Qt::AlignHCenter) ? label.center().x() - width / 2 : label.left();
+    const int beginning =
+        alignment().testFlag(Qt::AlignHCenter) ? label.center().x() - width / 2 : label.left() - inset();
     const int left = std::clamp(beginning, 0, std::max(0, room - width));
     setGeometry(left, label.top() + (label.height() - height) / 2, width, height);
+}
+
+/// Where the first letter stands in the field.
+int LabelEditor::inset() const {
+    constexpr int beforeText = 2; // the field's own
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).left() + textMargins().left() +
+           beforeText;
 }
 
 void LabelEditor::end(bool keep) {

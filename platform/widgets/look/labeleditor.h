@@ -16,8 +16,8 @@ public:
 
     /// Shows the field with all of the text selected, and gives it the focus.
     void begin(int entry, const QString& text, const QRect& label);
-    /// Lays it over the label again: as wide as the text needs, and no wider than the viewport has room for. Centred
-    /// text is centred on the label, too.
+    /// Lays it over the label again: as wide as the text needs, and no wider than the viewport has room for. The
+    /// words stay where they are; centred ones are centred on the label, too.
     void lay(const QRect& label);
     /// Hides the field and tells ended(); nothing where none is edited.
     void end(bool keep);
@@ -36,6 +36,8 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    int inset() const;
+
     int entry_ = 0;
     QRect label_;
 };

@@ -4,6 +4,8 @@
 
 #include <QStyledItemDelegate>
 
+#include <algorithm>
+
 namespace velm {
 
 struct RowDelegate : public QStyledItemDelegate {
@@ -15,11 +17,22 @@ struct RowDelegate : public QStyledItemDelegate {
     /// Whether the whole text can be seen.
     bool fits(QStyleOptionViewItem option, const QModelIndex& index) const {
         initStyleOption(&option, index);
+        return option.fontMetrics.horizontalAdvance(option.text) <= room(option).width();
+    }
+    /// Where the words stand in a row, and no more.
+    QRect words(QStyleOptionViewItem option, const QModelIndex& index) const {
+        initStyleOption(&option, index);
+        QRect place = room(option);
+        place.setWidth(std::min(place.width(), option.fontMetrics.horizontalAdvance(option.text) + 1));
+        return place;
+    }
+
+private:
+    static QRect room(const QStyleOptionViewItem& option) {
         const QStyle* style = option.widget->style();
         const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;
-        const int room =
-            style->subElementRect(QStyle::SE_ItemViewItemText, &option, option.widget).width() - 2 * margin;
-        return option.fontMetrics.horizontalAdvance(option.text) <= room;
+        return style->subElementRect(QStyle::SE_ItemViewItemText, &option, option.widget)
+            .adjusted(margin, 0, -margin, 0);
     }
 
 protected:

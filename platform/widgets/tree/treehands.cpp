@@ -27,18 +27,6 @@ TreeHands::TreeHands(QWidget* parent) : QTreeView(parent) {
     connect(hands_, &EntryHands::dragBegins, this, &TreeHands::dragBegins);
 }
 
-QRect TreeHands::wordsPlace(int node) const {
-    const QModelIndex index = indexOf(node);
-    QRect place = visualRect(index);
-    if (place.isEmpty())
-        return {};
-    if (index.data(Qt::DecorationRole).isValid())
-        place.setLeft(place.left() + iconSize().width());
-    const int words = fontMetrics().horizontalAdvance(index.data().toString()) + 2 * look::spacing;
-    place.setWidth(std::min(words, place.width()));
-    return place;
-}
-
 bool TreeHands::startLabelEdit(int node) {
     bringNear(node);
     return hands_->startLabelEdit(node);

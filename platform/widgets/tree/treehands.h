@@ -55,6 +55,7 @@ signals:
     void dragBegins(int node, const QPoint& globalPosition);
 
 protected:
+    virtual QRect wordsPlace(int node) const = 0; ///< in the viewport; empty where it is not shown
     virtual QString labelOf(int node) const = 0;
     virtual void setLabel(int node, const QString& text) = 0;
     virtual void bringNear(int node) = 0;
@@ -76,8 +77,6 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
-    QRect wordsPlace(int node) const;
-
     EntryHands* hands_;
     QBasicTimer resting_;
     QElapsedTimer lastStep_; ///< of the scrolling

@@ -82,6 +82,14 @@ void TreeView::goTo(int node, ScrollHint hint) {
         scrollTo(index, hint);
 }
 
+QRect TreeView::wordsPlace(int node) const {
+    const QModelIndex index = indexOf(node);
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(index);
+    return option.rect.isEmpty() ? QRect() : static_cast<const RowDelegate*>(itemDelegate())->words(option, index);
+}
+
 // ---- opening and closing
 
 void TreeView::userOpened(const QModelIndex& index) {

@@ -64,6 +64,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    QRect wordsPlace(int node) const override;
     QString labelOf(int node) const override { return nodes_.text(node); }
     void setLabel(int node, const QString& text) override { nodes_.setText(node, text); }
     void bringNear(int node) override { goTo(node, EnsureVisible); }
