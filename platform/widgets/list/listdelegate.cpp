@@ -1,6 +1,7 @@
 #include "platform/widgets/list/listdelegate.h"
 
 #include "platform/widgets/grid/gridlook.h"
+#include "platform/widgets/list/listview.h"
 #include "platform/widgets/list/listviewmodel.h"
 #include "platform/widgets/look/look.h"
 
@@ -71,8 +72,11 @@ void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     }
     const QIcon icon = index.data(Qt::DecorationRole).value<QIcon>();
     const bool faint = index.data(ListViewModel::FaintRole).toBool();
-    const QIcon::Mode mode = faint ? QIcon::Disabled : selected && focused ? QIcon::Selected : QIcon::Normal;
+    const QIcon::Mode mode = selected && focused ? QIcon::Selected : faint ? QIcon::Disabled : QIcon::Normal;
     icon.paint(painter, picturePlace(option.rect, option.fontMetrics), Qt::AlignCenter, mode);
+    const auto* view = qobject_cast<const ListView*>(option.widget);
+    if (view && view->editedItem() == ListViewModel::itemOf(index))
+        return; // the field lies there
     const QColor ink = selected ? option.palette.color(QPalette::HighlightedText)
                        : faint  ? faintInk(option.palette)
                                 : option.palette.color(QPalette::Text);

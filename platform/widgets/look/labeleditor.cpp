@@ -24,6 +24,7 @@ void LabelEditor::begin(int entry, const QString& text, const QRect& label) {
     lay(label);
     show();
     raise();
+    parentWidget()->update(); // the words below are not painted now
     setFocus(Qt::OtherFocusReason);
     selectAll();
 }
@@ -59,6 +60,7 @@ void LabelEditor::end(bool keep) {
     if (hasFocus() && parentWidget()->parentWidget())
         parentWidget()->parentWidget()->setFocus(Qt::OtherFocusReason);
     hide();
+    parentWidget()->update();
     emit ended(entry, written, keep);
 }
 

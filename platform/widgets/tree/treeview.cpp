@@ -160,14 +160,21 @@ void TreeView::initViewItemOption(QStyleOptionViewItem* option) const {
 void TreeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QStyleOptionViewItem row = option;
     const bool target = dropTarget() != 0 && nodeOf(index) == dropTarget();
-    if (target && !selectionModel()->isSelected(index))
+    const bool selected = selectionModel()->isSelected(index);
+    if (target && !selected)
         paintTarget(*painter, option.rect, true);
-    else if (nodeOf(index) == marked() && !selectionModel()->isSelected(index)) {
+    else if (target && !hasFocus())
+        row.palette.setColor(QPalette::Highlight, look::chosenGround(palette()));
+    else if (nodeOf(index) == marked() && !selected) {
         painter->fillRect(option.rect, look::chosenGround(palette()));
         row.palette.setColor(QPalette::Text, look::accentColour(look::themeOf(palette())));
     }
+    if (nodeOf(index) == editedNode()) { // the field lies over its words
+        row.palette.setColor(QPalette::Text, Qt::transparent);
+        row.palette.setColor(QPalette::HighlightedText, Qt::transparent);
+    }
     QTreeView::drawRow(painter, row, index);
-    if (!hasFocus() && selectionModel()->isSelected(index))
+    if (!hasFocus() && selected && !target)
         gridlook::paintUnfocused(*painter, option.rect, palette());
     if (target)
         paintTarget(*painter, option.rect, false);

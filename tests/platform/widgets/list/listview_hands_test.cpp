@@ -1,5 +1,6 @@
 // The list as keys, helps and those who cannot see it meet it, in each arrangement.
 #include "platform/widgets/list/listview.h"
+#include "tests/support/contrast.h"
 #include "tests/support/eventually.h"
 #include "tests/support/quiet.h"
 #include "tests/support/show_in_front.h"
@@ -7,6 +8,7 @@
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QScrollBar>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -194,6 +196,31 @@ TEST_F(ListViewHands, TheEditorFollowsItsEntryWhenTheListScrollsOrIsArrangedAnew
     list.doItemsLayout();
     EXPECT_EQ(list.editedItem(), 8);
     EXPECT_TRUE(list.itemPlace(8).intersects(editor()->geometry()));
+}
+
+TEST_F(ListViewHands, NothingOfTheOldWordsIsSeenBesideTheEditor) {
+    items.setText(2, u"un long libellé en deux lignes"_s);
+    const QColor ground = list.palette().color(QPalette::Base);
+    for (const Arrangement arrangement : arrangements) {
+        arrange(arrangement);
+        // Where the words stand, without the field.
+        const auto inked = [&] {
+            const QRect cell = list.itemPlace(2);
+            const bool large = arrangement == Arrangement::LargeIcons;
+            const QRect words = large ? cell.adjusted(0, 45, 0, 0) : cell.adjusted(30, 0, 0, 0);
+            QImage seen = list.viewport()->grab(words).toImage();
+            QPainter painter(&seen);
+            if (list.editedItem() != 0)
+                painter.fillRect(editor()->geometry().translated(-words.topLeft()), ground);
+            return test::contrast(seen, ground) > 2;
+        };
+        EXPECT_TRUE(inked());
+        ASSERT_TRUE(list.startLabelEdit(2));
+        QTest::keyClicks(editor(), u"i"_s);
+        EXPECT_FALSE(inked());
+        list.endLabelEdit(false);
+        EXPECT_TRUE(inked());
+    }
 }
 
 TEST_F(ListViewHands, TheWheelScrollsEachArrangement) {

@@ -1,4 +1,5 @@
 #include "tests/support/contrast.h"
+#include "tests/support/show_in_front.h"
 #include "treefixture.h"
 
 #include <QAccessible>
@@ -231,6 +232,38 @@ TEST_F(TreeHandsTest, TheDropTargetIsSeenAndGoesWithItsNode) {
     tree.setDropTarget(6);
     nodes.clear();
     EXPECT_EQ(tree.dropTarget(), 0);
+}
+
+TEST_F(TreeHandsTest, ASelectedTargetLooksLikeAnyOtherTarget) {
+    const auto cornerOf = [this](int node) {
+        const QImage row = tree.viewport()->grab(rectOf(node)).toImage();
+        return row.pixelColor(row.width() - 6, row.height() / 2);
+    };
+    nodes.select(4);
+    QWidget other;
+    test::showInFront(other);
+    ASSERT_FALSE(tree.hasFocus());
+    const QColor grey = cornerOf(4);
+    tree.setDropTarget(5);
+    const QColor target = cornerOf(5);
+    EXPECT_NE(grey, target);
+    tree.setDropTarget(4);
+    EXPECT_EQ(cornerOf(4), target);
+}
+
+TEST_F(TreeHandsTest, NothingOfTheOldWordsIsSeenBesideTheEditor) {
+    nodes.setText(4, u"un long libellé, long"_s);
+    const auto inked = [this] {
+        const QImage row = tree.viewport()->grab(rectOf(4).adjusted(90, 0, 0, 0)).toImage();
+        return test::contrast(row, tree.palette().color(QPalette::Base)) > 2;
+    };
+    EXPECT_TRUE(inked());
+    tree.startLabelEdit(4);
+    QTest::keyClicks(editor(), u"i"_s);
+    ASSERT_LT(editor()->geometry().right(), rectOf(4).left() + 88);
+    EXPECT_FALSE(inked());
+    QTest::keyClick(editor(), Qt::Key_Escape);
+    EXPECT_TRUE(inked());
 }
 
 TEST_F(TreeHandsTest, NearItsEdgesItScrolls) {
