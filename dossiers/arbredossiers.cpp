@@ -1,14 +1,13 @@
 #include "dossiers/arbredossiers.h"
 
 #include "dossiers/libellecompte.h"
+#include "dossiers/sauvegardearbre.h"
 #include "platform/base/failure.h"
 #include "platform/controls/redraw.h"
-#include "platform/text/number.h"
 
 #include <QScopedValueRollback>
 
 #include <algorithm>
-#include <limits>
 
 namespace velm {
 namespace {
@@ -18,46 +17,18 @@ using namespace Qt::Literals::StringLiterals;
 const QString ferme = u"dossierfermé"_s;
 const QString ouvert = u"dossierouvert"_s;
 const QString marqueimage = u"suppr"_s;
-const QString provisoire = u"$"_s; ///< behind the keys of what is being built anew
-constexpr QChar charge = u'+';
-constexpr QChar sansrangee = u'A';
-constexpr QChar deplacee = u'D';
-constexpr QChar renommee = u'R';
-constexpr QChar supprimee = u'S';
-
-/// A store may hold any numbers: behind the greatest one come the first ones again.
-qint64 numerosuivant(qint64 numero) {
-    return numero == std::numeric_limits<qint64>::max() ? 1 : numero + 1;
-}
-
-/// Calls `fait` for a node and all below it, each before what is below it; from the first child to the last.
-template <typename Fait>
-void parcourt(const TreeNodes& noeuds, int noeud, Fait fait) {
-    std::vector<int> reste{noeud};
-    while (!reste.empty()) {
-        const int prochain = reste.back();
-        reste.pop_back();
-        fait(prochain);
-        for (int place = noeuds.children(prochain) - 1; place >= 0; --place)
-            reste.push_back(noeuds.childAt(prochain, place));
-    }
-}
+const QString provisoire = noeuddossier::provisoire.toString();
+using noeuddossier::charge;
+using noeuddossier::deplacee;
+using noeuddossier::numerosuivant;
+using noeuddossier::parcourt;
+using noeuddossier::renommee;
+using noeuddossier::supprimee;
 
 } // namespace
 
 ArbreDossiers::ArbreDossiers(Magasin& magasin, TreeNodes& noeuds, Sablier& sablier, QString racine)
     : magasin_(magasin), noeuds_(noeuds), sablier_(sablier), texteracine_(std::move(racine)) {}
-
-QString ArbreDossiers::clenoeud(qint64 numero) {
-    return u"X "_s + numberText(numero);
-}
-
-qint64 ArbreDossiers::numerodelacle(const QString& cle) {
-    QStringView numero = QStringView(cle).mid(2);
-    if (numero.endsWith(provisoire))
-        numero.chop(provisoire.size());
-    return wholeNumber(numero).value_or(0);
-}
 
 // ---- loading
 
@@ -149,8 +120,7 @@ int ArbreDossiers::ajoute(int parent, const QString& nom) {
 }
 
 bool ArbreDossiers::ecritneuf(int noeud) {
-    compteurordre_ = noeuds_.place(noeud) + 1;
-    return ajouterangee(noeud) && sauvenumero();
+    return SauvegardeArbre(magasin_, noeuds_, prochainnumero_).ecritneuf(noeud);
 }
 
 QString ArbreDossiers::commencerenommage(int noeud) {
@@ -261,7 +231,8 @@ EchecEcriture ArbreDossiers::Sauvearbre() {
     const Attente attente(sablier_);
     const qint64 numero = prochainnumero_;
     std::vector<int> retires;
-    const EchecEcriture echec = magasin_.ecrit([&] { return sauve(retires); });
+    const EchecEcriture echec =
+        magasin_.ecrit([&] { return SauvegardeArbre(magasin_, noeuds_, prochainnumero_).sauve(retires); });
     if (!echec.ok()) {
         prochainnumero_ = numero;
         return echec;
@@ -270,162 +241,6 @@ EchecEcriture ArbreDossiers::Sauvearbre() {
         noeuds_.remove(noeud);
     modifie_ = false;
     return echec;
-}
-
-bool ArbreDossiers::sauve(std::vector<int>& retires) {
-    compteurordre_ = 0;
-    int restent = noeuds_.children(racine());
-    for (int enfant = noeuds_.child(racine()); enfant != 0; enfant = noeuds_.next(enfant)) {
-        bool supprime = false;
-        if (!miseajourauplusbas(enfant, supprime))
-            return false;
-        // The last one that is left of them stays on the screen.
-        if (!supprime || restent == 1)
-            continue;
-        retires.push_back(enfant);
-        --restent;
-    }
-    return sauvenumero();
-}
-
-bool ArbreDossiers::sauvenumero() {
-    Recordset& parametres = magasin_.rsparametres();
-    parametres.moveFirst();
-    if (numerosuivant(parametres.number(u"dernoarborescence"_s)) == prochainnumero_)
-        return true;
-    // The next number that is free, to which the next window adds one again: one number is never given.
-    parametres.edit();
-    parametres.setValue(u"dernoarborescence"_s, prochainnumero_);
-    return parametres.update();
-}
-
-bool ArbreDossiers::miseajourauplusbas(int noeud, bool& supprime) {
-    bool bon = true;
-    parcourt(noeuds_, noeud, [&](int un) {
-        if (!bon)
-            return;
-        if (!porte(un, supprimee)) {
-            bon = sauvenoeud(un);
-        } else if (noeuds_.children(un) == 0) {
-            bon = supprimerangee(un);
-            supprime = supprime || un == noeud;
-        }
-        // A marked dossier with children in the tree keeps its row, as it was.
-    });
-    return bon;
-}
-
-bool ArbreDossiers::trouve(int noeud) const {
-    Recordset& dossiers = magasin_.rsarborescences();
-    dossiers.setIndex(u"primarykey"_s);
-    dossiers.seek(Seek::Equal, numero(noeud));
-    return !dossiers.noMatch() && dossiers.number(u"numerodutype"_s) == numero(noeud);
-}
-
-bool ArbreDossiers::supprimerangee(int noeud) {
-    if (!trouve(noeud))
-        return true;
-    Recordset& elements = magasin_.rsdonnees();
-    elements.setIndex(u"primarykey"_s);
-    elements.seek(Seek::GreaterOrEqual, numero(noeud));
-    for (; !elements.eof() && elements.number(u"arborescence"_s) == numero(noeud); elements.moveNext()) {
-        if (!elements.remove())
-            return false;
-    }
-    return magasin_.rsarborescences().remove();
-}
-
-bool ArbreDossiers::sauvenoeud(int noeud) {
-    ++compteurordre_;
-    bool fait = false;
-    if (porte(noeud, sansrangee)) {
-        if (!ajouterangee(noeud))
-            return false;
-        fait = true;
-    }
-    if (porte(noeud, deplacee) && trouve(noeud)) {
-        if (!changerangee(noeud, true))
-            return false;
-        fait = true;
-    }
-    if (porte(noeud, renommee)) {
-        if (!renommerangee(noeud))
-            return false;
-        fait = true;
-    }
-    // What was not touched gets its name, its count and its place anew all the same.
-    return fait || !trouve(noeud) || changerangee(noeud, false);
-}
-
-void ArbreDossiers::ecritnom(Recordset& table, int noeud) const {
-    table.setValue(u"typededonnées"_s, sanscompteur(noeuds_.text(noeud)));
-    table.setValue(u"nbarticles"_s, compteurarbo(noeuds_.text(noeud)));
-}
-
-bool ArbreDossiers::ajouterangee(int noeud) {
-    prochainnumero_ = std::max(prochainnumero_, numero(noeud));
-    // As letters stay, a dossier of this window may have been saved already: no other place could make room for it.
-    const bool nouvelle = !trouve(noeud);
-    return ecritavecreprise(
-        [&](Recordset& dossiers) {
-            if (nouvelle)
-                dossiers.setValue(u"numerodutype"_s, numero(noeud));
-            dossiers.setValue(u"dépendance"_s, numero(noeuds_.parent(noeud)));
-            ecritnom(dossiers, noeud);
-        },
-        nouvelle);
-}
-
-bool ArbreDossiers::changerangee(int noeud, bool parent) {
-    return ecritavecreprise(
-        [&](Recordset& dossiers) {
-            if (parent)
-                dossiers.setValue(u"dépendance"_s, numero(noeuds_.parent(noeud)));
-            ecritnom(dossiers, noeud);
-        },
-        false);
-}
-
-bool ArbreDossiers::renommerangee(int noeud) {
-    if (!trouve(noeud))
-        return true;
-    Recordset& dossiers = magasin_.rsarborescences();
-    dossiers.edit();
-    ecritnom(dossiers, noeud);
-    dossiers.setValue(u"ordre"_s, compteurordre_);
-    if (dossiers.update())
-        return true;
-    if (magasin_.dbdossiers().obstacle() != Obstacle::Exists)
-        return false;
-    // Where another row has that place, this one keeps its own.
-    dossiers.edit();
-    ecritnom(dossiers, noeud);
-    return dossiers.update();
-}
-
-/// A place that another row has already is passed over, until one is free: as many as there are rows, at most. Nothing
-/// else is tried again.
-bool ArbreDossiers::ecritavecreprise(const std::function<void(Recordset&)>& champs, bool nouvelle) {
-    Recordset& dossiers = magasin_.rsarborescences();
-    const auto ecrit = [&] {
-        if (nouvelle)
-            dossiers.addNew();
-        else
-            dossiers.edit();
-        champs(dossiers);
-        dossiers.setValue(u"ordre"_s, compteurordre_);
-        return dossiers.update();
-    };
-    if (ecrit())
-        return true;
-    for (qint64 essais = dossiers.recordCount(); essais >= 0; --essais) {
-        if (magasin_.dbdossiers().obstacle() != Obstacle::Exists)
-            return false;
-        ++compteurordre_;
-        if (ecrit())
-            return true;
-    }
-    return false;
 }
 
 qint64 ArbreDossiers::comptearticle(qint64 numero) const {

@@ -6,6 +6,7 @@
 // The letters of a tag have no order but for "+", the children are loaded, which stands first. "A": there is no row
 // yet. "D": another parent or place. "R": another name. "S": to be deleted. A save does not take them off.
 #include "dossiers/magasin.h"
+#include "dossiers/noeuddossier.h"
 #include "platform/controls/treenodes.h"
 #include "platform/system/sablier.h"
 
@@ -16,9 +17,9 @@ public:
     /// None is owned. `racine`: the text of the root.
     ArbreDossiers(Magasin& magasin, TreeNodes& noeuds, Sablier& sablier, QString racine);
 
-    static QString clenoeud(qint64 numero);
+    static QString clenoeud(qint64 numero) { return noeuddossier::cle(numero); }
     /// The number in a key.
-    static qint64 numerodelacle(const QString& cle);
+    static qint64 numerodelacle(const QString& cle) { return noeuddossier::numero(cle); }
     qint64 numero(int noeud) const { return numerodelacle(noeuds_.key(noeud)); }
     bool estracine(int noeud) const { return noeuds_.key(noeud) == clenoeud(0); }
     bool porte(int noeud, QChar lettre) const { return noeuds_.tag(noeud).contains(lettre); }
@@ -81,23 +82,10 @@ private:
     void marquedeplacement(int noeud);
     void ajoutelettre(int noeud, QChar lettre);
 
-    bool sauve(std::vector<int>& retires);
-    bool sauvenumero();
-    bool miseajourauplusbas(int noeud, bool& supprime);
-    bool supprimerangee(int noeud);
-    bool sauvenoeud(int noeud);
-    bool ajouterangee(int noeud);
-    bool changerangee(int noeud, bool parent);
-    bool renommerangee(int noeud);
-    bool trouve(int noeud) const;
-    void ecritnom(Recordset& table, int noeud) const;
-    bool ecritavecreprise(const std::function<void(Recordset&)>& champs, bool nouvelle);
-
     Magasin& magasin_;
     TreeNodes& noeuds_;
     Sablier& sablier_;
     QString texteracine_;
-    qint64 compteurordre_ = 0; ///< of the save that is going on
     qint64 prochainnumero_ = 1;
     qint64 compteuredite_ = 0; ///< taken off the name that is being edited
     bool chargement_ = false;

@@ -96,14 +96,7 @@ void GestionDossiers::noeudclique(int noeud) {
 }
 
 void GestionDossiers::permetselonfreres() {
-    const TreeNodes& noeuds = donnees_.noeuds;
-    const int noeud = choisi();
-    const bool dossier = noeud != 0 && !arbre_.estracine(noeud);
-    commandes_.haut = noeud != 0 && noeuds.place(noeud) != 0;
-    commandes_.bas = noeud != 0 && noeuds.next(noeud) != 0;
-    commandes_.renommer = dossier;
-    commandes_.supprimer = dossier;
-    commandes_.ajouter = noeud != 0 && !arbre_.porte(noeud, u'S');
+    commandes_.selonnoeud(arbre_, donnees_.noeuds);
     montrecommandes();
 }
 
@@ -113,15 +106,7 @@ void GestionDossiers::permetcontenu() {
 }
 
 void GestionDossiers::permetselonliste() {
-    const ListItems& elements = donnees_.elements;
-    const int index = elements.selected();
-    commandes_.ajouter = false;
-    if (index != 0) {
-        commandes_.haut = index != 1;
-        commandes_.bas = index != elements.count();
-        commandes_.supprimer = true;
-        commandes_.renommer = true;
-    }
+    commandes_.selonliste(donnees_.elements);
     montrecommandes();
 }
 
@@ -141,7 +126,7 @@ void GestionDossiers::elementclique(int index) {
     sourcedeliste_ = true;
     donnees_.elements.noteSelected(index);
     if (donnees_.elements.count() == 0)
-        commandes_.haut = commandes_.bas = commandes_.supprimer = commandes_.renommer = false;
+        commandes_.sanselement();
     permetselonliste();
 }
 
@@ -218,7 +203,7 @@ void GestionDossiers::supprimerelement() {
     arbre_.modifierelements(choisi(), -1);
     // The next one can be deleted by the same key.
     donnees_.elements.select(std::min(index, donnees_.elements.count()));
-    commandes_.haut = commandes_.bas = commandes_.supprimer = commandes_.renommer = false;
+    commandes_.sanselement();
     permetselonliste();
     permetcontenu();
 }

@@ -5,20 +5,10 @@
 #include "core/texte.h"
 #include "dossiers/arbredossiers.h"
 #include "dossiers/avisdossiers.h"
+#include "dossiers/commandesdossiers.h"
 #include "dossiers/contenudossier.h"
 
 namespace velm {
-
-/// Which commands are open.
-struct CommandesDossiers {
-    bool ajouter = false;
-    bool supprimer = false;
-    bool renommer = false;
-    bool haut = false;
-    bool bas = false;
-    bool contenu = false; ///< what is done with all items of a dossier: to print, to save, to send it
-    friend bool operator==(const CommandesDossiers&, const CommandesDossiers&) = default;
-};
 
 /// What the logic asks of the window beyond its tree and its list.
 class VueDossiers {
