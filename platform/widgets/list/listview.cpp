@@ -8,7 +8,6 @@
 
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -242,11 +241,9 @@ void ListView::mouseMoveEvent(QMouseEvent* event) {
 
 void ListView::mouseReleaseEvent(QMouseEvent* event) {
     const QPoint at = event->position().toPoint();
-    const QPointer<ListView> self(this);
     QListView::mouseReleaseEvent(event);
-    if (self)
-        watch_->hands.released(*event);
-    if (self && event->button() == Qt::RightButton && viewport()->rect().contains(at))
+    watch_->hands.released(*event);
+    if (event->button() == Qt::RightButton && viewport()->rect().contains(at))
         emit itemRightClicked(itemAt(at), event->globalPosition().toPoint());
 }
 

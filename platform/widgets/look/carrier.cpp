@@ -246,9 +246,11 @@ bool Carrier::pressed(const QMouseEvent& event) {
     tell(); // what lies below may be another than at the last move
     if (!self || !carries())
         return true;
-    taken_ = event.button() == Qt::LeftButton && allowed_;
-    passing_ = event.button() == Qt::LeftButton && !allowed_;
-    return !passing_;
+    if (event.button() != Qt::LeftButton)
+        return true;
+    taken_ = allowed_;
+    passing_ = !allowed_;
+    return taken_;
 }
 
 bool Carrier::released(const QMouseEvent& event) {

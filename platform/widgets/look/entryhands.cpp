@@ -26,7 +26,6 @@ bool EntryHands::startLabelEdit(int entry) {
     endLabelEdit(true);
     if (!self || access_.labelPlace(entry).isEmpty())
         return false;
-    forget();
     bool cancel = false;
     emit labelEditBegins(entry, &cancel);
     // Whoever was asked may have changed everything.
@@ -91,7 +90,6 @@ void EntryHands::tellGone() {
 }
 
 void EntryHands::silence() {
-    disconnect(editor_, nullptr, this, nullptr);
     blockSignals(true);
     editor_->end(false);
 }
@@ -119,8 +117,7 @@ bool EntryHands::moved(const QMouseEvent& event) {
 
 void EntryHands::released(const QMouseEvent& event) {
     const QPoint at = event.position().toPoint();
-    if (event.button() == Qt::LeftButton && std::exchange(second_, false) && access_.at(at) == pressed_ &&
-        access_.labelPlace(pressed_).contains(at))
+    if (std::exchange(second_, false) && access_.labelPlace(pressed_).contains(at))
         slowClick_.start(QApplication::doubleClickInterval(), this);
 }
 

@@ -18,7 +18,6 @@ LabelEditor::LabelEditor(QWidget* viewport) : QLineEdit(viewport) {
 void LabelEditor::begin(int entry, const QString& text, const QRect& label) {
     entry_ = entry;
     label_ = label;
-    setFont(parentWidget()->font());
     setText(text);
     setAccessibleName(text);
     lay(label);

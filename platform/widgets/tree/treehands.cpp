@@ -7,7 +7,6 @@
 
 #include <QFocusEvent>
 #include <QPainter>
-#include <QPointer>
 #include <QScrollBar>
 #include <QTimerEvent>
 
@@ -72,10 +71,7 @@ bool TreeHands::scrollNear(const QPoint& viewportPos) {
 }
 
 void TreeHands::hover(int node) {
-    if (std::exchange(hovered_, node) == node)
-        return;
-    resting_.stop();
-    if (node != 0 && canOpen(node))
+    if (std::exchange(hovered_, node) != node)
         resting_.start(hoverMilliseconds, this);
 }
 
@@ -119,10 +115,8 @@ void TreeHands::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void TreeHands::mouseReleaseEvent(QMouseEvent* event) {
-    const QPointer<TreeHands> self(this);
     QTreeView::mouseReleaseEvent(event);
-    if (self)
-        hands_->released(*event);
+    hands_->released(*event);
 }
 
 void TreeHands::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -146,11 +140,6 @@ void TreeHands::focusOutEvent(QFocusEvent* event) {
 
 void TreeHands::updateGeometries() {
     QTreeView::updateGeometries();
-    hands_->lay();
-}
-
-void TreeHands::scrollContentsBy(int dx, int dy) {
-    QTreeView::scrollContentsBy(dx, dy);
     hands_->lay();
 }
 

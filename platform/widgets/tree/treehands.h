@@ -74,7 +74,6 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     void updateGeometries() override;
-    void scrollContentsBy(int dx, int dy) override;
 
 private:
     EntryHands* hands_;

@@ -166,6 +166,30 @@ TEST_F(CarrierTest, AWindowThatGoesTakesItAlong) {
     EXPECT_FALSE(carrier.carries());
 }
 
+TEST_F(CarrierTest, WhatWasCarriedBeforeIsGivenBack) {
+    carry(Carrier::Mode::UntilClick);
+    send(QEvent::MouseMove, button, Qt::NoButton);
+    EXPECT_TRUE(carrier.allowed());
+    const QPointer<QWidget> first(carrier.picture());
+    carry(Carrier::Mode::UntilRelease);
+    EXPECT_EQ(cancels, 1);
+    EXPECT_FALSE(carrier.allowed()) << "nothing may be dropped until it is allowed";
+    EXPECT_TRUE(QApplication::overrideCursor()) << "the pointer tells so at once";
+    EVENTUALLY(!first);
+    carrier.cancel();
+    carrier.carry(nullptr, QIcon(), u"x"_s, Carrier::Mode::UntilClick);
+    EXPECT_FALSE(carrier.carries());
+    EXPECT_EQ(cancels, 2);
+}
+
+TEST_F(CarrierTest, AWindowThatGoesUnseenTakesItAlongToo) {
+    const QPointer<QWidget> unseen(new QWidget);
+    carrier.carry(unseen, QIcon(), u"x"_s, Carrier::Mode::UntilClick);
+    delete unseen.data();
+    EXPECT_EQ(cancels, 1);
+    EXPECT_FALSE(QApplication::overrideCursor());
+}
+
 TEST_F(CarrierTest, WhatWaitsForAClickWaitsWhileAnotherWindowIsInFront) {
     carry(Carrier::Mode::UntilClick);
     send(QEvent::MouseMove, button, Qt::NoButton);

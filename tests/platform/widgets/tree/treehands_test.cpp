@@ -183,10 +183,10 @@ TEST_F(TreeHandsTest, F2AndASecondSlowClickAskForAnEdit) {
 }
 
 TEST_F(TreeHandsTest, ADoubleClickAsksForNoEdit) {
-    nodes.select(6);
-    clickTwice(6);
-    click(pointOf(5));
-    clickTwice(5);
+    nodes.select(5);
+    click(wordsOf(5));
+    QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, wordsOf(5));
+    QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, wordsOf(5));
     QTest::qWait(QApplication::doubleClickInterval() + 50);
     EXPECT_TRUE(told.filter(u"wanted"_s).isEmpty());
 }
