@@ -9,6 +9,8 @@
 namespace velm {
 namespace {
 
+using namespace Qt::Literals::StringLiterals;
+
 /// Where the bracket stands that opens a count; -1 without one.
 qsizetype crochet(const QString& texte) {
     return texte.endsWith(u']') ? texte.lastIndexOf(u'[') : -1;
@@ -21,7 +23,7 @@ qint64 compteapres(const QString& texte, qsizetype crochet) {
 } // namespace
 
 QString aveccompteur(const QString& nom, qint64 compte) {
-    return compte == 0 ? nom : nom + QStringLiteral(" [%1]").arg(compte);
+    return compte == 0 ? nom : nom + u" [%1]"_s.arg(compte);
 }
 
 QString sanscompteur(const QString& texte) {

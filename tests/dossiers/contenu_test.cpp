@@ -271,10 +271,13 @@ TEST_F(ContenuTest, OnlyRowsOfTheDocumentAreLookedAtForAMove) {
     ASSERT_TRUE(liste.setKey(1, u"CO000001 2"_s));
     EXPECT_FALSE(contenu.deplace(1, 2).trouve);
     EXPECT_EQ(places(1), u"2 CO000002, 7 CO000001"_s);
-    ajouteelement({1, 3, u"EU000001"_s, u"c"_s, 0, 0});
+}
+
+TEST_F(ContenuTest, RowsOfAnotherCollectionWithTheSameNumberAreNotLookedAtForAMove) {
+    ouvre({}, {{1, 7, u"CO000001"_s, u"a"_s, 0, 0}, {1, 3, u"EU000001"_s, u"b"_s, 0, 0}});
     contenu.liste(1);
-    ASSERT_TRUE(liste.setKey(3, u"CO000001 3"_s));
-    EXPECT_FALSE(contenu.deplace(3, 2).trouve);
+    ASSERT_TRUE(liste.setKey(2, u"CO000001 3"_s));
+    EXPECT_FALSE(contenu.deplace(2, 2).trouve);
     EXPECT_EQ(places(2), QString());
 }
 

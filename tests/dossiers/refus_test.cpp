@@ -88,6 +88,13 @@ TEST_F(RefusTest, AnItemThatCannotTakeAnotherPlaceStopsTheExchange) {
     EXPECT_TRUE(contenu.echange(1, 2).echec.ok());
 }
 
+TEST_F(RefusTest, ASecondItemOfAnotherDossierThatCannotTakeThePlaceStopsTheExchange) {
+    execute(u"UPDATE données SET noordre=3 WHERE arborescence=2"_s);
+    ASSERT_TRUE(lignes.setKey(2, u"CO000003 3"_s));
+    retient(u"données"_s, u"arborescence,noordre"_s, u"2,3"_s);
+    expectRefused([this] { return contenu.echange(1, 2).echec; });
+}
+
 TEST_F(RefusTest, ATitleThatCannotBeStoredIsAFailure) {
     execute(u"CREATE UNIQUE INDEX titres ON données(titre)"_s);
     expectRefused([this] {

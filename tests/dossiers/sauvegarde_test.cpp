@@ -216,6 +216,7 @@ TEST_F(SauvegardeTest, TheNextNumberIsNeverBelowThatOfANewDossier) {
     charge();
     arbre.ajoute(noeud(0), u"a"_s);
     arbre.ajoute(noeud(0), u"b"_s);
+    arbre.monte(noeud(2));
     arbre.litprochainnumero(); // as if nothing had been added
     magasin.dbdossiers().execute(u"PRAGMA query_only=ON"_s);
     EXPECT_FALSE(arbre.Sauvearbre().ok());
