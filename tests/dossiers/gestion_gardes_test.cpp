@@ -109,6 +109,14 @@ TEST_F(GestionGardesTest, BehindTheLastItemNoCommandIsLeft) {
     EXPECT_EQ(fenetre.noeuds.text(noeud(3)), u"Vente"_s);
 }
 
+TEST_F(GestionGardesTest, AClickInAnEmptyListLeavesNoCommand) {
+    fenetre.clique(noeud(4));
+    EXPECT_TRUE(commandes().supprimer && commandes().renommer && commandes().haut);
+    gestion.listefocus();
+    gestion.elementclique(0);
+    EXPECT_EQ(commandes(), CommandesDossiers());
+}
+
 TEST_F(GestionGardesTest, AnItemWhoseRowIsNotFoundStaysAndSoDoesTheCount) {
     fenetre.clique(noeud(1));
     fenetre.cliqueelement(1);
