@@ -30,9 +30,11 @@ public:
     bool continuer(Resultat& resultat);
     /// The same around a table that others use as well: it is put back on its index and its row.
     bool continuer(Resultat& resultat, Recordset& table);
+    /// The same without a turn, for a search that lets nothing through: hears what was asked for elsewhere, as under a
+    /// question.
+    bool suit(Resultat& resultat) const;
 
 private:
-    bool suit(Resultat& resultat) const;
     void dit(const Resultat& resultat) const;
 
     Cession* cession_ = nullptr;

@@ -153,7 +153,9 @@ private:
     }
 
     /// False when the search has to leave.
-    bool continuer(Recordset& table) { return demande_.fenetre || marche_.continuer(resultat_, table); }
+    bool continuer(Recordset& table) {
+        return demande_.fenetre ? marche_.suit(resultat_) : marche_.continuer(resultat_, table);
+    }
 
     void ajoute(const QByteArray& entrees, qint64 limite) {
         Recordset& donnees = corpus_.donnees();

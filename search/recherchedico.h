@@ -19,8 +19,8 @@ struct DemandeDico {
     bool tous = true;
     qint64 limite = sanslimite;
     /// The block of a document window asks: in one collection always, for all words, without a limit but the one that
-    /// the user is asked for, and a short line is searched like any other. Nothing else goes on meanwhile (kept: the
-    /// windows answer when it is done, and nothing stops it).
+    /// the user is asked for, and a short line is searched like any other. It lets no events through (kept), so that
+    /// only what its listeners or its question bring can stop it.
     bool fenetre = false;
     /// All are wanted, however many there are.
     bool sansquestion = false;

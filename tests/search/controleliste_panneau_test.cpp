@@ -208,6 +208,40 @@ TEST_F(LonguePanneauTest, WhatASearchOfAWindowHasCutCanBeSeenWhole) {
     EXPECT_EQ(entendus.size(), 2U) << "there is no more";
 }
 
+TEST_F(LonguePanneauTest, ASearchOfAWindowHearsUnderItsQuestionThatItIsToStop) {
+    for (const Bouton reponse : {Bouton::Oui, Bouton::Non}) {
+        dialogues.answers = {reponse};
+        dialogues.meanwhile = [this] { remplissage().arrete(); };
+        remplissage().cherchedans(u"CO"_s, u"prix"_s, {});
+        EXPECT_EQ(controle->liste().resultat().issue, Resultat::Issue::Arretee);
+        EXPECT_EQ(controle->liste().lignes(), 0);
+    }
+    dialogues.answers = {Bouton::Non};
+    dialogues.meanwhile = [this] { remplissage().remplitdecles({u"CO000007"_s}); };
+    remplissage().cherchedans(u"CO"_s, u"prix"_s, {});
+    EXPECT_EQ(controle->liste().cle(1), u"CO000007") << "what was wanted meanwhile begins when it has left";
+    EXPECT_EQ(controle->liste().lignes(), 1);
+}
+
+TEST_F(PanneauListeTest, ASearchOfAWindowThatIsStoppedLooksForNoFurtherWord) {
+    QStringList lignes;
+    remplissage().cherchedans(u"CO"_s, u"d* p*"_s,
+                              {[&](const QString& ligne) {
+                                   lignes << ligne;
+                                   remplissage().arrete();
+                               },
+                               {}});
+    EXPECT_EQ(lignes, QStringList{u"deux : 3 ( 2 )"_s});
+    EXPECT_EQ(controle->liste().lignes(), 0);
+    EXPECT_FALSE(remplissage().encours());
+}
+
+TEST_F(LonguePanneauTest, ASearchOfAWindowLetsNothingThrough) {
+    evenement = [] { ADD_FAILURE() << "a turn"; };
+    remplissage().cherchedans(u"CO"_s, u"pri*"_s, {}, true);
+    EXPECT_EQ(controle->liste().lignes(), 230);
+}
+
 TEST_F(PanneauListeTest, WhatIsSaidOverTheRowsFollowsThem) {
     EXPECT_EQ(bilandit(), u"t9737") << "before there is anything";
     remplit();

@@ -4,6 +4,7 @@
 #include "platform/system/dialogues.h"
 
 #include <deque>
+#include <functional>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -20,6 +21,8 @@ public:
     std::deque<std::optional<QString>> folders;
     /// Whether the check boxes of boxes that have one are ticked, in order; unticked when there are no more.
     std::deque<bool> ticks;
+    /// Happens under each box.
+    std::function<void()> meanwhile;
     /// Boxes with nothing but an OK button need no answer in the script.
     bool acceptPlainBoxes = true;
 
@@ -38,6 +41,8 @@ public:
     Bouton message(const Message& message) override {
         messages.push_back(message);
         tick(message);
+        if (meanwhile)
+            meanwhile();
         if (answers.empty() && acceptPlainBoxes && message.boutons == Boutons(Bouton::Ok))
             return Bouton::Ok;
         if (answers.empty()) {
