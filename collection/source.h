@@ -31,7 +31,7 @@ struct Reglagesdecollection {
 /// Reads all of `source`: collection.json (optional), arborescence.jsonl (optional), documents*.jsonl in the order of
 /// their names. Paragraphs are read again when they are asked for, so that a big source takes little more memory than
 /// its files.
-class SourceDossier : public Provenance {
+class SourceDossier final : public Provenance {
 public:
     explicit SourceDossier(const QString& source);
     explicit SourceDossier(std::unique_ptr<const FichiersSource> fichiers);

@@ -17,7 +17,7 @@ constexpr int racine = 1;
 constexpr QChar marquefeuille = u'@';
 const QString chargee = u"+"_s;
 
-/// A bulk of changes that is shown once.
+/// Keeps the tree from being painted for each of many changes.
 class SansRedessin {
 public:
     explicit SansRedessin(TreeNodes& arbre) : arbre_(arbre), avant_(arbre.redraw()) { arbre_.setRedraw(false); }
@@ -96,7 +96,7 @@ bool commelevoisin(const TreeNodes& arbre, int noeud, QStringView debut) {
     return false;
 }
 
-/// All that a node hangs from is open.
+/// Every branch on the way from the root to a node is open.
 bool ouvertejusqua(const TreeNodes& arbre, int noeud) {
     int parent = arbre.parent(noeud);
     while (parent != 0 && arbre.expanded(parent))
@@ -128,7 +128,8 @@ void Arborescence::chargebranche(TreeNodes& arbre, int noeud) {
     charge(arbre, noeud, false);
 }
 
-/// `feuillesvues`: the documents of the node were added with it. No deeper than there are pictures.
+/// Loads what hangs from a node, down to `profondeurmax_`, and no deeper than there are pictures of depths.
+/// `feuillesvues`: its documents are in the tree already.
 void Arborescence::charge(TreeNodes& arbre, int noeud, bool feuillesvues) {
     const QString cle = arbre.key(noeud);
     const QString code = cle.left(2);
@@ -214,7 +215,7 @@ bool Arborescence::descend(TreeNodes& arbre, qint64 numero, const std::function<
         return false;
     const QString code = arbre.key(racine).left(2);
     const auto noeudde = [&](qint64 cherche) { return arbre.indexOf(code + numberText(cherche)); };
-    // Up by what each branch hangs from, to one that stands in the tree.
+    // Upwards from the branch, to the first ancestor that is in the tree.
     std::vector<qint64> manquants;
     QSet<qint64> vus;
     Recordset& table = corpus_.arborescences();

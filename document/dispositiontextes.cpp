@@ -9,8 +9,8 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-constexpr int positionlaterale = 360; // of an upright bar that would begin folded
-constexpr int positionhaute = 1000;   // of a lying one
+constexpr int positionlaterale = 360; // where an upright bar is put that would begin with the panel folded away
+constexpr int positionhaute = 1000;   // the same of a bar that lies
 // What the panel leaves to the text, where half of the window is not less.
 constexpr int largeurtexte = 4500;
 constexpr int hauteurtexte = 3000;
@@ -123,7 +123,7 @@ int DispositionTextes::hauteurpanneau(int hauteur) const {
     return std::clamp(bloc, 0, std::max(0, reste));
 }
 
-/// While the lists are closed.
+/// Upper edge of the text while the lists are closed.
 int DispositionTextes::hautdutexte() const {
     const int haut = std::min(mesures_.barre, hauteur_);
     if (droite() || !panneauvisible())

@@ -49,7 +49,7 @@ public:
     int posseparateurlisteh = 0;
     int posseparateurlistev = 0;
     bool listesvisibles = false; ///< the lists are open; whether there is a place for them: listesplacees()
-    int hauteurbloc = 0;         ///< what a panel above the text has to show is no higher; 0 for any height
+    int hauteurbloc = 0;         ///< a panel above the text gets no more height than this; 0 for no such limit
 
     bool droite() const { return arrangement == Arrangement::ACote; } ///< the panel's bar stands upright
     bool replie() const;                                              ///< the panel is folded away
@@ -68,7 +68,7 @@ public:
     void plie();
     /// A first window: the panel lies beside the text, as wide as titles need it.
     void commence();
-    /// The user is at work in the panel: it stays in a window that has become low or narrow.
+    /// The user works in the panel: it stays visible in a window that has become low or narrow.
     void gardepanneau() { panneauvoulu_ = petite(); }
     /// Opens a panel that is too small to show a block; the search block above the text is content with a line.
     void deplie(Bloc bloc);

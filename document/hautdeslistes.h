@@ -18,7 +18,7 @@ public:
     void demande(int besoin, bool deja);
     /// The user has put the bar above the lists to that place of a window of that height.
     void lache(int place, int hauteur);
-    void oublie() { deplaces_ = false; } ///< what the user has chosen
+    void oublie() { deplaces_ = false; } ///< the lists have again the height that they need
     /// Where the bar above the lists lies in a window of that height, with the text's upper edge there: the part of the
     /// window that the user has given them, else no higher than they need, a good quarter of the window or half of the
     /// text: whole rows then, one at least.

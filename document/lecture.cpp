@@ -42,7 +42,7 @@ void Lecture::changeabc(bool abc) {
 void Lecture::montre(const Cle& cle, bool abc, const QString& ancre) {
     constexpr auto tropgrand = Texte::DocumentTropGrand;
     constexpr qsizetype plusdetitre = 200; // characters that the message shows
-    fixemarques(false);                    // the text comes without any
+    fixemarques(false);                    // the new text has no marks
     entiere_ = withinMemory([&] {
         affichedocument(*this, cle, abc, ancre,
                         {contexte_.corpus, contexte_.styles, contexte_.sablier, contexte_.libelle, contexte_.bornes});

@@ -23,7 +23,7 @@ void quitte(const Parcours& parcours, ListeHistorique& cible) {
     cible.ajoute(parcours.referencecourante, QString(), parcours.titrecourant);
 }
 
-/// Forgetting the document shown makes it load again.
+/// With no document on record the window loads the next one, even if it is the same.
 void oublie(Parcours& parcours) {
     parcours.referencecourante.clear();
     parcours.titrecourant.clear();

@@ -7,7 +7,7 @@
 
 namespace velm::passes {
 
-/// What a link begins with: the brace, the letter, and a character that nobody reads.
+/// Length of the beginning of a link: the brace, a letter, and a character that is passed over.
 inline constexpr qsizetype entete = 3;
 
 /// What is written, and what is still to be read: a chain of stretches of the original, from which links cut pieces in

@@ -16,7 +16,7 @@ public:
     /// `evenements` lets what waits through; it may do anything, also start another search or end the program.
     explicit Cession(std::function<void()> evenements = {}, std::chrono::milliseconds pas = pasordinaire);
 
-    /// A search begins: the next turn is one step of time away.
+    /// A search begins: its first turn comes when one interval has passed.
     void commence() { derniere_ = std::chrono::steady_clock::now(); }
     /// True when it is time to show how far the work is and to let events through.
     bool due() const { return std::chrono::steady_clock::now() - derniere_ >= pas_; }

@@ -62,7 +62,7 @@ private:
     QStringList champs_; ///< that are read of a row: those of the columns, and then the two parts of the key
     Identites ids_;
     Rangement tri_;
-    Identites prepares_; ///< in the order that was found and not taken yet
+    Identites prepares_; ///< the order that the running sort has found, until it is taken over
     Rangement prepare_;
     std::unique_ptr<Recordset> table_;
     mutable QHash<qint64, QStringList> lues_;

@@ -22,7 +22,7 @@ public:
 
     /// A walk through so many documents begins.
     void commence(qint64 total);
-    /// The next step takes a turn: what is done late must be done by then.
+    /// The next step takes a turn. Whoever puts work off (the rows of a lot) does it before.
     bool due() const { return cession_ && cession_->due(); }
 
     /// Before each step. False when the search is to stop, as the result then says: it leaves at once, and touches no

@@ -42,7 +42,7 @@ protected:
     std::size_t total() const { return ids().nombre(); }
     void compte() { ++vus_; }
     void range(qint64 id) { ranges_.ajoute(id); }
-    /// An order that has lost rows is none.
+    /// Gives the order away, if every row has come into it: a base that was closed meanwhile may have lost some.
     bool conclut() {
         if (ranges_.nombre() == total())
             demande_.rend(std::move(ranges_));

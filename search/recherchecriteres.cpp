@@ -151,7 +151,7 @@ private:
             fiche.motcle[i] = ligne.text(Motcle1 + static_cast<int>(i));
     }
 
-    /// Document by document, as if each were tested only now.
+    /// Takes the documents of the lot over one by one, as if each were tested only now.
     bool rend() {
         for (std::size_t i = 0; i < lot_.size(); ++i) {
             if (!passe(avant_[i]) || !marche_.continuer(resultat_))
@@ -163,7 +163,7 @@ private:
         return passe(suite_);
     }
 
-    /// Documents that have failed.
+    /// Counts documents that have failed.
     bool passe(qint64 nombre) {
         for (; nombre > 0; --nombre) {
             if (!marche_.continuer(resultat_))
@@ -186,7 +186,7 @@ private:
     QString code_;
     std::vector<FicheTestee> lot_;
     std::vector<qint64> avant_; ///< documents that failed before each one of the lot
-    qint64 suite_ = 0;          ///< and behind the last
+    qint64 suite_ = 0;          ///< documents that failed behind the last one of the lot
 };
 
 class VisiteDesLignes : public VisiteParCriteres {

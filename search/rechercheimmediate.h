@@ -21,7 +21,7 @@ public:
     /// Tells of the rows whenever there are more of them, and at the end, when it knows how many there are beyond the
     /// limit; of a search that was stopped nothing more.
     void cherche(const QString& texte, qint64 limite);
-    /// Before the base is closed, and when nobody wants to know any more.
+    /// To be called before the base is closed, and when nobody wants to know any more.
     void arrete() { poste_.arrete(); }
 
 private:

@@ -108,12 +108,12 @@ void RemplissageListe::ditlignes() {
 }
 
 void RemplissageListe::toutafficher() {
-    // It says something else, and so gives this one away, before it is done.
+    // A copy: the search replaces `tout_` while it runs.
     if (const auto tout = tout_)
         tout();
 }
 
-/// The list is what its result holds by now.
+/// Shows the list as its result stands now, and enables the commands that need rows.
 void RemplissageListe::publie() {
     liste_.effacemarquestri();
     visible_ = true;
@@ -133,7 +133,7 @@ void RemplissageListe::remplitdecles(const QStringList& cles) {
 void RemplissageListe::prendcles(const QStringList& cles, const std::stop_token& arret) {
     Resultat& resultat = nouveau();
     resultat.commence();
-    // A list of all documents may be put here.
+    // In turns, as the list may be one of all documents.
     Marche tours = marche(arret);
     tours.commence(cles.size());
     for (const QString& cle : cles) {

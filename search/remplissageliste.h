@@ -66,11 +66,11 @@ public:
     void ditregroupement() const;
     /// Tells how many rows there are by now, whatever they were before.
     void ditreste();
-    /// Does what the last ditbilan() was given for it.
+    /// Repeats the search without its limit: does `tout` of the last ditbilan().
     void toutafficher();
 
     // ---- lists that come from elsewhere
-    /// Turns keys into the list, in this order; those without a document are passed over.
+    /// Fills the list with the documents of these keys, in this order; those without a document are passed over.
     void remplitdecles(const QStringList& cles);
     /// The documents of a keyword, with no word to mark. Where they cannot be asked for the user is told, and the list
     /// stays as it was.
@@ -83,10 +83,10 @@ public:
     void restitue(const FichierCriteres& fichier);
 
     // ---- the panel
-    /// The rows as they stand.
+    /// Lets the grid show the rows as they stand now.
     void montrelignes();
     void montreliste();
-    /// With the form: what it found beside a hidden panel would be seen nowhere.
+    /// Hides the panel and the search form with it: what that would find could be seen nowhere.
     void cachepanneau();
 
 private:

@@ -50,11 +50,11 @@ public:
     /// Over the rows: what they are. Of a search that was cut, all can be asked for there.
     virtual void ditbilan(const BilanRecherche& bilan) = 0;
     virtual void montrepanneau(bool visible) = 0;
-    /// Wide enough for the rows of a tool.
+    /// Widens the panel to what the rows of a tool need.
     virtual void elargitpanneau() = 0;
     /// The search form is to be shown or hidden.
     virtual void montrecriteres(bool montres) = 0;
-    /// The frame looks anew at what can be arranged in it.
+    /// Tells the frame that a window has come or gone: its buttons of the arrangements may have to change.
     virtual void majdispositions() = 0;
     /// Opens the document of a key with these words to mark.
     virtual void ouvredocument(const QString& cle, const QString& mot1, const QString& mot2) = 0;

@@ -16,7 +16,7 @@ class frmSplash;
 
 class EcranAccueil final : public Accueil {
 public:
-    /// It comes when the start has taken so long. Neither is owned.
+    /// `patience`: how long a start may take before the splash comes. Neither `langue` nor `sablier` is owned.
     EcranAccueil(Langue& langue, Sablier& sablier, std::chrono::milliseconds patience);
     ~EcranAccueil() override;
     EcranAccueil(const EcranAccueil&) = delete;

@@ -31,20 +31,21 @@ public:
     /// not.
     Actions(const Libelles& texte, const std::function<QIcon(const QString&)>& image, QObject* parent = nullptr);
 
-    /// The action of a command; its objectName is that of its menu entry, or else the key of its button. Asserted.
+    /// The action of a command; its objectName is that of its menu entry, or else the key of its button. Asking for a
+    /// rank that the command does not have is a fault of the caller.
     QAction& de(Ordre ordre, int rang = 0) const;
     /// All of a command, in the order of their ranks.
     const QList<QAction*>& serie(Ordre ordre) const { return series_.at(static_cast<std::size_t>(ordre)); }
     QList<QAction*> toutes() const;
 
-    /// Gives a command that is not pressed as a button or an entry of its own: a rank of a drop-down.
+    /// Gives a command for whoever has no action to press: a drop-down, whose n-th entry is rank n.
     void donne(Ordre ordre, int rang) { emit commande(ordre, rang); }
 
-    /// Allows what no window answers for.
+    /// Enables or disables a command that is not asked of the active window: one that needs `Besoin::Etat`.
     void permet(Ordre ordre, bool permis, int rang = 0);
     void coche(Ordre ordre, bool cochee, int rang = 0);
     bool estcochee(Ordre ordre, int rang = 0) const;
-    /// Checks that of a rank, and no other of its command; none for -1.
+    /// Checks the action of a rank, and no other of its command; none for -1.
     void choisit(Ordre ordre, int rang);
     /// Shows the entry, or hides it; a hidden one is off.
     void montre(Ordre ordre, bool montree, int rang = 0);
@@ -55,7 +56,8 @@ public:
     /// enabled as it says.
     void suit(const FenetreFille* active);
 
-    /// The user's tools, twenty at most; others are left out. What they command must be there: they are enabled.
+    /// The user's tools, as many as `reglage::nombremaxoutils`; others are left out. The program must be able to run
+    /// them: they are enabled.
     void changeoutils(const QList<OutilMontre>& outils);
     int nombredoutils() const { return nombredoutils_; }
 

@@ -31,7 +31,8 @@ Toolbar::Kind genre(Forme forme) {
     return Toolbar::Kind::Plain;
 }
 
-/// What is said of a step: the windows have histories of their own, with buttons of the same names.
+/// The tool tip of a button. Those of a step say that it goes through the documents of all windows, as each window has
+/// buttons of the same names for a history of its own.
 QString etendue(Ordre ordre, const QString& bulle, const Libelles& texte) {
     const bool pas = ordre == Ordre::Precedent || ordre == Ordre::Suivant;
     return pas ? remplace(texte(Texte::BulleToutesLesFenetres), {bulle}) : bulle;

@@ -52,7 +52,7 @@ QMdiSubWindow* Bureau::ajoute(QWidget& fenetre, FenetreFille& contrat) {
     return aire_.add(&fenetre);
 }
 
-/// By its address alone: nothing else is left of it.
+/// The window is being destroyed: nothing but its address may be used.
 void Bureau::oublie(const QObject* fenetre) {
     std::erase_if(filles_, [fenetre](const Fille& fille) { return fille.fenetre == fenetre; });
     std::erase_if(documents_, [fenetre](const Textes* textes) { return textes == fenetre; });
@@ -83,7 +83,8 @@ void Bureau::activee() {
 FenetreNavigable* Bureau::creefenetre(int indice) {
     Textes* nouvelle = nullptr;
     {
-        // A window that is being made counts as a form already, also for the one that goes.
+        // Whoever counts the forms meanwhile counts the new window: the one that it takes the place of does so when it
+        // closes.
         const QScopedValueRollback fabrication(enfabrication_, 1);
         try {
             nouvelle = fabrique_(indice);

@@ -70,7 +70,7 @@ public:
     void notefenetres();
     /// Closes every window for good: none of them shows anything any more.
     void fermefenetres();
-    /// Opens the windows of the last run: one that was left as an icon stays one.
+    /// Lets `ouverture` open the windows of the last run: one that was left as an icon stays one.
     void restaure(const std::function<void()>& ouverture);
 
 signals:

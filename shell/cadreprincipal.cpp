@@ -139,7 +139,8 @@ void CadrePrincipal::chargecommandes() {
     actions.montre(Ordre::Aide, donnees_.aide.presente());
 }
 
-/// What follows the window in front, and what stands there while there is none.
+/// Makes what follows the window in front (zoom, status bar, entries), and the start page, which is seen while there is
+/// none.
 void CadrePrincipal::chargedevant() {
     const auto texte = [this](Texte numero) { return this->texte(numero); };
     const auto [actions, aire, volet] = ecran_->pieces();
@@ -159,8 +160,8 @@ void CadrePrincipal::suitdevant() {
     const QWidget* fenetre = aire.activeChild();
     const QString titre = lu ? lu->titrecourant() : QString();
     ecran_->changetitre(titre.isEmpty() && fenetre ? fenetre->windowTitle() : titre);
-    // What a search has told is told as long as its list can be seen, or the window stays in front that has asked. The
-    // search form comes and goes between them.
+    // The count of a search stays in the status bar as long as its list can be seen, or as long as the window that has
+    // asked stays in front. The search form comes and goes between them.
     const FenetreFille* devant = bureau_->devant();
     if (devant && devant->nature() == Nature::Recherche)
         return;
@@ -178,7 +179,7 @@ void CadrePrincipal::remonte() {
 
 void CadrePrincipal::montreprincipale() {
     ecran_->montre();
-    // Counted once the frame has been seen.
+    // Counting reads the base: first the frame is to be seen.
     QTimer::singleShot(tempsdepeindre, ecran_.get(), [this] {
         for (int indice = 0; indice < nombredecollections; ++indice)
             ecran_->marquevide(indice, donnees_.corpus.nombrededocuments(typedindice(indice)) == 0);

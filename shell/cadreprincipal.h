@@ -100,7 +100,8 @@ private:
     std::unique_ptr<Recherches> recherches_;
     std::unique_ptr<FenetresAnnexes> annexes_;
     std::unique_ptr<FenetresListes> listes_;
-    const FenetreFille* devant_ = nullptr; ///< of the windows that are read, that in front; only for comparing
+    /// The window last seen in front, but for the search form. Only for comparing: it may have gone.
+    const FenetreFille* devant_ = nullptr;
     std::unique_ptr<ZoomTextes> zoom_;
     std::unique_ptr<LigneDEtat> etat_;
     std::unique_ptr<EntreesFenetres> entrees_;

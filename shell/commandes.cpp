@@ -40,7 +40,7 @@ bool Commandes::fait(Ordre ordre, int rang) {
     return true;
 }
 
-/// What a window can be asked for it does itself, but for what the frame knows more about.
+/// Commands that need a window go to the active one (`fait`), but for those about which the frame knows more.
 void Commandes::apprendfenetres() {
     Bureau& bureau = acteurs_.bureau;
     for (const LigneCommande& ligne : commandes()) {

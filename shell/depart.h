@@ -32,7 +32,7 @@ public:
     explicit Depart(const Donnees& donnees);
 
     VueDepart& vue() const { return *vue_; }
-    /// Once, when it is seen the next time.
+    /// Done once, when the page is seen the next time.
     void alaprochainevue(std::function<void()> fait);
     /// Nothing is looked for any more: the base may be closed.
     void arrete();
@@ -46,7 +46,7 @@ private:
     Donnees donnees_;
     VueDepart* vue_; ///< the area's
     RechercheImmediate recherche_;
-    QTimer apreslafrappe_; ///< what was typed at once is looked for at once
+    QTimer apreslafrappe_; ///< searches once all keys that wait have been typed
 };
 
 } // namespace velm

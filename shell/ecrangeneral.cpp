@@ -119,7 +119,7 @@ void Ecrangeneral::construitbarreetat(const Libelles& texte) {
     setStatusBar(barreetat_);
 }
 
-/// Its menu, above its panel.
+/// The menu of the zoom, above its panel.
 void Ecrangeneral::offrezoom() {
     auto* zoom = menuBar()->findChild<QMenu*>(u"mzoom"_s);
     if (!zoom)
@@ -154,7 +154,7 @@ void Ecrangeneral::placefond(const FondEcran& fond) {
 void Ecrangeneral::peintfond() {
     const look::Theme theme = look::themeOf(palette());
     QColor couleur = look::ground(theme);
-    // A light ground would outshine the documents of a dark desk: there it is a breath over the usual one.
+    // A light ground would outshine the documents of a dark desk: there it only tints the usual one.
     if (fond_.couleur)
         couleur = look::mixed(couleur, viewColour(static_cast<std::int32_t>(*fond_.couleur)),
                               theme == look::Theme::Dark ? 1.0 / 30 : 1);

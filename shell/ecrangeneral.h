@@ -61,7 +61,7 @@ public:
         QString position;
     };
     void ditlieu(const Lieu& lieu);
-    /// Over its place, until the empty text.
+    /// In the place of the path, until it is called with an empty text.
     void ditenpassant(const QString& texte);
     void ditzoom(const QString& texte);
 

@@ -53,7 +53,8 @@ void FenetreChrono::donneplace() {
     }
 }
 
-/// The years are told while the rows still stand in their order.
+/// The strip counts the years by where each begins in the rows: this works only as long as these stand in the order of
+/// the dates.
 void FenetreChrono::avantordre(const SourceDocuments& source) {
     if (const auto* liste = dynamic_cast<const ListeChrono*>(&source))
         bande_->montre(liste->annees());

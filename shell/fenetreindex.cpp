@@ -19,7 +19,8 @@ DescriptionTypes descriptiondelindex(const Libelles& texte) {
                       .colonnes = ListeIndex::modele(),
                       .cles = {reglage::indexcolonnes, reglage::indexlargeurs},
                       .usage = {.suitletri = true, .champimage = 5},
-                      // The frame's copying has no text in it to take.
+                      // The frame's command of copying takes all rows of a list, but not of this one. The list's own
+                      // menu copies the selected ones.
                       .copiable = false,
                       .indice = nombredefenetres - 1},
             .statut = reglage::indexstatut};

@@ -10,7 +10,7 @@ class FenetreMotcle final : public FenetreListe {
     Q_OBJECT
 
 public:
-    /// What `contexte` opens is a keyword, the number of a key without a code.
+    /// A row's key has no code and a keyword for its number: such keys are what `contexte` is asked to open.
     FenetreMotcle(const ContexteListe& contexte, Corpus& corpus, QWidget* parent = nullptr);
 
     void actualise() override;

@@ -99,7 +99,7 @@ void FenetreNumero::retourarticle() {
         notexte_->setFocus(Qt::OtherFocusReason);
 }
 
-/// A star alone keeps the focus where it is.
+/// A star alone is no number to look for, and keeps the focus where it is.
 void FenetreNumero::retourtexte() {
     if (numerocherchable(notexte_->text()))
         cherche(DemandeNumero::Champ::Texte, notexte_->text());

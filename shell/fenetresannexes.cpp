@@ -40,8 +40,8 @@ void FenetresAnnexes::montre(QDialog* fenetre, bool ecartee) {
     fenetre->show();
 }
 
-/// The start page is what a tip speaks of, and may be all that somebody sees for the first time: beside its field and
-/// the collections there is room in the corner.
+/// Into the corner of the frame: the tip of a start must not cover the start page, which may be all that somebody sees
+/// for the first time.
 void FenetresAnnexes::ecarte(QDialog& fenetre) const {
     const QRect libre = ecran_.isMaximized() ? ecran_.screen()->availableGeometry() : ecran_.frameGeometry();
     fenetre.adjustSize();

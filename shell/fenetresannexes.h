@@ -46,7 +46,7 @@ private:
     Donnees donnees_;
     Astuces astuces_{[] { return QRandomGenerator::global()->generateDouble(); }};
     QPointer<frmFindForm> recherchetexte_; ///< the frame's child
-    QObject vivante_;                      ///< what follows the windows ends with this: they go later
+    QObject vivante_; ///< of connections to the windows that are shown, which may outlive this object
 };
 
 } // namespace velm

@@ -18,7 +18,7 @@ namespace velm {
 
 FenetresListes::FenetresListes(const Donnees& donnees) : donnees_(donnees) {}
 
-/// In the order of the commands; also by what the places are kept.
+/// The place of a list in `fenetres_`, and of its lines among the settings.
 int FenetresListes::rang(Ordre ordre) {
     constexpr std::array listes{Ordre::Index, Ordre::Chrono, Ordre::Numero, Ordre::MotCle};
     return static_cast<int>(std::ranges::find(listes, ordre) - listes.begin());
@@ -32,7 +32,7 @@ QWidget* FenetresListes::fenetre(Ordre ordre) const {
 QWidget* FenetresListes::fait(Ordre ordre) {
     const auto liste = [this, ordre](FenetreListe* nouvelle) {
         connect(nouvelle, &FenetreListe::fermee, this, [this, ordre] { ferme(ordre); });
-        // Its frame takes it over once.
+        // Before the desk has it: its frame in the area takes the icon over only then.
         nouvelle->setWindowIcon(icon(imagede(ordre, 0)));
         donnees_.bureau.ajoute(*nouvelle, *nouvelle);
         return nouvelle;

@@ -70,10 +70,10 @@ void frmTip::construit(const Libelles& texte, bool coche) {
     QScrollArea* zone = feuille(texte_, this);
     zone->setAccessibleName(texte(Texte::TitreAstuce));
 
-    auto* case_ = new QCheckBox(texte(Texte::AstucesAuDemarrage), this);
-    case_->setObjectName(u"chkLoadTipsAtStartup"_s);
-    case_->setChecked(coche);
-    connect(case_, &QCheckBox::clicked, this, [this](bool cochee) {
+    auto* montrer = new QCheckBox(texte(Texte::AstucesAuDemarrage), this);
+    montrer->setObjectName(u"chkLoadTipsAtStartup"_s);
+    montrer->setChecked(coche);
+    connect(montrer, &QCheckBox::clicked, this, [this](bool cochee) {
         if (change_)
             change_(cochee);
     });
@@ -96,7 +96,7 @@ void frmTip::construit(const Libelles& texte, bool coche) {
     tete->addWidget(titre, 1);
     auto* pied = new QHBoxLayout;
     pied->setSpacing(look::spacing);
-    pied->addWidget(case_);
+    pied->addWidget(montrer);
     pied->addSpacing(look::groupSpacing);
     pied->addStretch();
     pied->addWidget(suivante);
@@ -108,7 +108,7 @@ void frmTip::construit(const Libelles& texte, bool coche) {
     disposition->addWidget(zone, 1);
     disposition->addLayout(pied);
     setTabOrder(ok, suivante);
-    setTabOrder(suivante, case_);
+    setTabOrder(suivante, montrer);
     ok->setFocus();
 }
 

@@ -22,10 +22,11 @@ public:
     LigneDepart& ajoutedocument(int indice, const QString& titre, const Libelles& texte);
     void vide();
     const std::vector<LigneDepart*>& lignes() const { return lignes_; }
-    /// A row can be pressed, or can no more: the Tab key stops at the first that can, unless it has a place here.
+    /// To be called when rows were enabled or disabled: the Tab key stops at the first that can be pressed, unless the
+    /// row at which it stopped still can.
     void choisitarret();
 
-    /// So many columns at most, of equal width, filled one after the other.
+    /// At most this number of columns, of equal width, filled one after the other.
     void changecolonnes(int nombre);
     /// The width at which no name is cut in one column.
     int largeurvoulue() const;

@@ -30,7 +30,7 @@ void LigneDepart::changesuite(const QString& suite) {
     update();
 }
 
-/// With what parts it from the name.
+/// Including the gap between it and the name.
 int LigneDepart::largeurdelasuite() const {
     return suite_.isEmpty() ? 0 : margedelaligne + fontMetrics().horizontalAdvance(suite_) + 1;
 }

@@ -12,11 +12,11 @@ public:
     /// `nom` is cut in the middle where there is no room for it; the whole is the tool tip then.
     LigneDepart(const QIcon& image, const QString& nom, QWidget* parent);
 
-    /// Behind the name, and where there is no room for both, in the tool tip. A row that can be pressed wants that
-    /// room.
+    /// What stands quietly behind the name, or in the tool tip where there is no room for both. A row that can be
+    /// pressed asks for that room, a disabled one does without.
     void changesuite(const QString& suite);
     const QString& suite() const { return suite_; }
-    /// Empty where it is not seen.
+    /// Where that is painted; empty where there is no room for it.
     QRect placedelasuite() const;
 
     QSize sizeHint() const override;

@@ -53,7 +53,8 @@ void MenusEcran::remplit(QMenu& menu, std::initializer_list<std::optional<Ordre>
 
 void MenusEcran::menufichier() {
     QMenu& fichier = menu(u"mfichier"_s, Texte::MenuFichier);
-    // The key leads on, to where a search is typed.
+    // This entry shows the list; the key beside it does so, too, and goes on to where a search is typed, so it belongs
+    // to a command of its own.
     QAction& recherche = actions_.de(Ordre::MontrerSelection);
     const QKeySequence touche = actions_.de(Ordre::AllerChercher).shortcut();
     recherche.setText(recherche.text() + u'\t' + touche.toString(QKeySequence::NativeText));
@@ -61,7 +62,7 @@ void MenusEcran::menufichier() {
     QMenu& envoi = sousmenu(fichier, u"mfichiersend"_s, Texte::MenuEnvoyer);
     envoi.setIcon(icon(u"envoyer"_s));
     remplit(envoi, {Ordre::EnvoyerTexte, Ordre::EnvoyerPiece});
-    envoi.setEnabled(false); // as what stands in it
+    envoi.setEnabled(false); // until the entries in it can be had
     connect(&actions_.de(Ordre::EnvoyerTexte), &QAction::enabledChanged, &envoi, &QMenu::setEnabled);
     remplit(fichier, {Ordre::Ranger});
     desdocuments_ = {&actions_.de(Ordre::Enregistrer), envoi.menuAction(), &actions_.de(Ordre::Ranger),

@@ -108,7 +108,8 @@ void Selection::majdispositions() {
     bureau_.majdispositions();
 }
 
-/// What comes instead of a document that is gone gets no words.
+/// The words to mark go to the window of the document's collection. Where none could open, another one may be in front:
+/// it gets none.
 void Selection::ouvredocument(const QString& cle, const QString& mot1, const QString& mot2) {
     const Cle visee = decoupecle(cle);
     bureau_.navigation().ouvre(visee, {.replier = true});

@@ -56,7 +56,7 @@ private:
     ControleListe controle_;
     QString toutafficher_;
     QString aucundocument_;
-    QString rien_;            ///< what was not found
+    QString rien_;            ///< what the last search has not found, in words
     bool formulaire_ = false; ///< the search form is seen
     QMenu* menu_ = nullptr;
 };

@@ -57,7 +57,6 @@ void frmSplash::construit(const Textes& textes) {
     police.setPointSizeF(police.pointSizeF() * 2);
     police.setWeight(QFont::DemiBold);
     titre->setFont(police);
-    // A short rule between the name and what it stands for.
     auto* trait = etiquette("Label1", QString());
     trait->setFixedSize(filet);
     trait->setAutoFillBackground(true);

@@ -49,7 +49,7 @@ void VoletSelection::dit(const QString& phrase, const QString& suite) {
 }
 
 void VoletSelection::changelargeurpane(double twips) {
-    // What is stored may be anything.
+    // The settings may hold what is no width.
     largeur_ = LargeurVolet(std::isfinite(twips) ? twips : largeurusuelle);
     ajustepane();
 }

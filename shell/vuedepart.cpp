@@ -28,7 +28,7 @@ constexpr int moindrelargeur = 640;
 constexpr int plusgrandelargeur = 880;
 constexpr double partdelalargeur = 0.45; ///< of what is free
 constexpr int margedefeuille = 6 * look::grid;
-constexpr int margeserree = look::spacing; ///< where it would have to be scrolled
+constexpr int margeserree = look::spacing; ///< around a page that is too high for its place
 constexpr int plusdecolonnes = 3;
 
 QVBoxLayout* colonne(QWidget* parent) {

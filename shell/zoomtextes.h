@@ -34,7 +34,7 @@ public:
     /// To the next of the usual sizes, up or down.
     void pas(int sens);
     void normal();
-    /// Writes a size that was changed a moment ago.
+    /// Writes a size that is not written yet, as the timer would do in a moment.
     void note();
 
 private:
@@ -44,7 +44,7 @@ private:
     Donnees donnees_;
     int pourcent_;
     bool anoter_ = false;  ///< it was changed and is not written yet
-    QTimer apreslechange_; ///< the wheel goes through many sizes
+    QTimer apreslechange_; ///< writes the size when it has not changed for a moment
 };
 
 } // namespace velm

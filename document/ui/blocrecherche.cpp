@@ -72,8 +72,8 @@ void BlocRecherche::dit(const BilanRecherche& bilan) {
 void BlocRecherche::reprend(const QString& ligne) {
     const qsizetype fin = ligne.indexOf(u" :"_s);
     // The second half of a double click would fall on the lines of the search that the first one has begun.
-    const bool double_ = depuisclic_.isValid() && !depuisclic_.hasExpired(QApplication::doubleClickInterval());
-    if (fin < 0 || double_)
+    const bool secondclic = depuisclic_.isValid() && !depuisclic_.hasExpired(QApplication::doubleClickInterval());
+    if (fin < 0 || secondclic)
         return;
     depuisclic_.start();
     mots_->setText(ligne.left(fin));
@@ -99,7 +99,7 @@ int BlocRecherche::hauteurvoulue() const {
     return std::max(tout, hauteuravecresultat() + 1);
 }
 
-/// Higher than this it has room for its result.
+/// A block that is higher than this has room for its result.
 int BlocRecherche::hauteuravecresultat() const {
     return hauteurligne() + 3 * look::spacing + 2 * resultat_->fontMetrics().height();
 }
@@ -127,7 +127,7 @@ void BlocRecherche::moveblocrecherche() {
     resultat_->setVisible(avecresultat && reste > resultat_->fontMetrics().height() && resultat_->count() > 0);
 }
 
-/// No more than the lines take.
+/// The height that the lines of the result take.
 int BlocRecherche::hauteurresultat() const {
     const int lignes = resultat_->count();
     if (lignes == 0)
@@ -151,7 +151,7 @@ int BlocRecherche::disposenote(int gauche, int haut, int largeur) {
     return haut;
 }
 
-/// There is room for it below what ends there, or there is nothing to say.
+/// What came of the search can be said below the field that ends at `fin`, or there is nothing to say.
 bool BlocRecherche::notedessous(int fin) const {
     return note_->isHidden() || fin + look::spacing + note_->heightForWidth(largeurdesparties()) <= height();
 }

@@ -31,7 +31,7 @@ public:
     void dit(const BilanRecherche& bilan);
 
 signals:
-    void change(); ///< it has more or less to say
+    void change(); ///< hauteurvoulue() may be another one
     /// The words are to be looked up: the button, Return in the box, or a click on a line of the result, whose word has
     /// gone into the box. All documents are wanted, however many, where the last search has shown some of them only.
     void recherche(const QString& mots, bool tous);

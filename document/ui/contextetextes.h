@@ -51,11 +51,11 @@ public:
     virtual void complete(QLineEdit& boite) = 0;
 };
 
-/// All of it outlives the windows.
+/// What a document window is given. All of it outlives the windows.
 struct ContexteTextes {
     ContexteLecture lecture;
     Reglages& reglages;
-    const Parametres& parametres; ///< the pictures of the tree
+    const Parametres& parametres; ///< only for the pictures of the tree
     PressePapiers& pressepapiers;
     Voisinage& voisinage;
     AideMots& mots;

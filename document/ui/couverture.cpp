@@ -101,7 +101,7 @@ void Couverture::quitte() {
     hide();
 }
 
-/// Type follows that of the window.
+/// The fonts of the labels, made of that of the window.
 void Couverture::habille() {
     QFont grande = font();
     grande.setPointSize(pointsdunom);

@@ -41,7 +41,7 @@ private:
     int placelibelles(int hauteurdesliens);
 
     QAbstractScrollArea& vue_;
-    Qt::ScrollBarPolicy ascenseur_; ///< of the view, when there is something to read
+    Qt::ScrollBarPolicy ascenseur_; ///< the view's own, to be given back to it with the first document
     QIcon image_;
     QRect placeimage_; ///< empty where there is no room for it
     QLabel* nom_;

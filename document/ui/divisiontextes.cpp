@@ -164,7 +164,7 @@ void DivisionTextes::montrebloc() {
     rendfocus(avant);
 }
 
-/// Where it was in what has gone, it goes to the text.
+/// Where the focus was in a control that is hidden now, it goes to the text.
 void DivisionTextes::rendfocus(const QWidget* avant) {
     if (avant && fenetre_->isAncestorOf(avant) && !avant->isVisibleTo(fenetre_))
         parties_.vue.setFocus();

@@ -35,13 +35,13 @@ T* nomme(T* controle, const char* nom) {
     return controle;
 }
 
-/// What is looked for, and at its right end what came of it.
+/// The box of the text that is looked for; at its right end it says what came of it.
 class ChampCherche final : public QLineEdit {
 public:
     explicit ChampCherche(QWidget* parent) : QLineEdit(parent), etat_(nomme(plainLabel(QString(), this), "lblEtat")) {
         setClearButtonEnabled(true);
         etat_->setAttribute(Qt::WA_TransparentForMouseEvents);
-        etat_->setForegroundRole(QPalette::WindowText); // not that of the box
+        etat_->setForegroundRole(QPalette::WindowText); // dit() sets its colour; the box's own is that of its text
     }
     void dit(const QString& texte, const QPalette& teinte) {
         etat_->setText(texte);
@@ -162,7 +162,7 @@ void frmFindForm::montre(const QString& propose) {
     txtFind_->selectAll();
 }
 
-// Also when the whole program comes back from an icon.
+// Comes too when the whole program is restored from an icon.
 void frmFindForm::showEvent(QShowEvent* evenement) {
     QDialog::showEvent(evenement);
     actualise();

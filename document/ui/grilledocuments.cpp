@@ -90,7 +90,7 @@ void GrilleDocuments::charge(std::unique_ptr<SourceDocuments> source) {
     flex_.setRedraw(false);
     const auto redessine = qScopeGuard([this, avant] { flex_.setRedraw(avant); });
     flex_.setSource(std::move(source));
-    if (avant) // else montre() does
+    if (avant) // while nothing is painted the widths are left to montre()
         flex_.fitShares();
     effacemarques();
 }
@@ -183,7 +183,8 @@ void GrilleDocuments::montre(bool visible) {
     if (flex_.row() == 0)
         flex_.setTopRow(1);
     flex_.setVisible(visible);
-    // What is hidden gives the focus to its neighbour.
+    // The toolkit has given the focus of the hidden grid to some neighbour: it comes back, unless the user has taken it
+    // elsewhere.
     const QWidget* avec = flex_.window()->focusWidget();
     if (std::exchange(focus_, false) && visible && (!avec || flex_.parentWidget()->isAncestorOf(avec)))
         flex_.setFocus();

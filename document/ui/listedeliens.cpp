@@ -97,7 +97,7 @@ void ListeDeLiens::construitentete(const Sorte& sorte, const Libelles& texte) {
     rangee->addWidget(etiquette_, 1);
     rangee->addStretch();
     connect(bouton_, &QToolButton::clicked, this, [this] {
-        peintetat(); // the state is the window's to change
+        peintetat(); // the button itself changes nothing: the window does
         emit basculee();
     });
 }
@@ -116,7 +116,7 @@ int ListeDeLiens::hauteurentete() const {
     return bouton_->sizeHint().height() + look::grid;
 }
 
-/// What would be cut says nothing that the button does not say.
+/// The label says no more than the button: it is hidden where it would be cut.
 void ListeDeLiens::montreetiquette() {
     const QMargins marges = entete_->layout()->contentsMargins();
     const int place = entete_->width() - marges.left() - marges.right() - 2 * look::spacing;

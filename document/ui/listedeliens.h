@@ -66,8 +66,8 @@ public:
     void ferme();               ///< empties and turns red
     /// Tells how many rows it would have for a document; nothing where the base cannot tell.
     void compte(const Cle& cle);
-    void oublie(); ///< how many rows it had no longer counts
-    /// Keys of the rows, in the order of the grid.
+    void oublie(); ///< another document is coming: the number of rows is not known any more
+    /// Keys of the documents of the rows, in the order of the grid.
     QStringList cles() const;
     void ouvrelignecourante();
 

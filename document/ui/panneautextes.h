@@ -47,7 +47,7 @@ public:
     void suit(const Cle& cle, qint64 numero);
     /// Puts the focus into the words of the search block; false when they cannot be seen, or the block is off.
     bool prendfocus();
-    /// The focus is in the block that is shown.
+    /// Whether the focus is in the block that is shown.
     bool tientfocus() const;
     /// Puts the focus into the block that is shown, whichever it is, and on a row of it: one sees where the keys go.
     void donnefocus();

@@ -9,7 +9,7 @@
 namespace velm {
 
 SuiviDocument::SuiviDocument(QAbstractScrollArea& vue, QObject* parent) : QObject(parent), vue_(vue) {
-    connect(vue.verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { main_ = true; });
+    connect(vue.verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { defilee_ = true; });
 }
 
 void SuiviDocument::suit(const Cle& cle, qint64 numero) {
@@ -33,7 +33,7 @@ void SuiviDocument::timerEvent(QTimerEvent* evenement) {
         return;
     attendu_ = false;
     // Who has scrolled keeps his place for one document, not for ever.
-    if (std::exchange(main_, false) || vue_.hasFocus())
+    if (std::exchange(defilee_, false) || vue_.hasFocus())
         marque();
     else
         montre();

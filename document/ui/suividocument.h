@@ -36,7 +36,7 @@ private:
     Cle cle_;
     qint64 numero_ = 0;
     bool attendu_ = false; ///< the list has not followed the document yet
-    bool main_ = false;    ///< the user's hand has scrolled the list since it followed
+    bool defilee_ = false; ///< the user has scrolled the list since it followed
     QBasicTimer bientot_;
 };
 

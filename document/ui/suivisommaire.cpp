@@ -10,7 +10,7 @@ SuiviSommaire::SuiviSommaire(TreeView& arbre, Arborescence& arborescence, const 
     : SuiviDocument(arbre, &arbre), arbre_(arbre), arborescence_(arborescence), contexte_(contexte) {}
 
 bool SuiviSommaire::remplie() const {
-    return arbre_.nodes().count() > 1; // below the root
+    return arbre_.nodes().count() > 1; // the root alone is no contents
 }
 
 void SuiviSommaire::montre() {

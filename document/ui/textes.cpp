@@ -23,7 +23,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// One of the window's own controls has the focus: what is hidden or the window itself never keeps it.
+/// Whether a control in the window has the focus: it is not enough that the window itself has it.
 bool tientfocus(const QWidget& fenetre) {
     return fenetre.isAncestorOf(fenetre.window()->focusWidget());
 }
@@ -36,7 +36,7 @@ RichTextBox::PaperTone ton(int papier) {
     return papier == gris ? RichTextBox::PaperTone::Soft : RichTextBox::PaperTone::AsItIs;
 }
 
-/// Without taking it from another control of the window.
+/// Gives the view the focus, unless another control of the window has it.
 void donnefocus(const QWidget& fenetre, QWidget& vue) {
     if (!tientfocus(fenetre) && vue.isVisibleTo(fenetre.window()))
         vue.setFocus();
@@ -101,7 +101,7 @@ void Textes::relie() {
     connect(volet_, &VoletLiens::selection, this, &Textes::selection);
     connect(zone_, &ZoneTexte::arrive, this, &Textes::decouvre);
     connect(zone_, &ZoneTexte::arrive, volet_, &VoletLiens::oublie);
-    // By then it is known which document it is.
+    // Queued, as `arrive` comes before it is known which document that is.
     const auto suit = [this] {
         panneau_->suit(cle(), lecture().branche());
         volet_->compte(cle());
@@ -224,7 +224,7 @@ void Textes::decharge() {
     decharge_ = true;
     ecritreglages();
     contexte_.lecture.navigation.fermee(indice_, this);
-    // This form still counts: the buttons go one window earlier than they came.
+    // This window still counts, so the frame's buttons of the arrangements go one window earlier than they came (kept).
     if (contexte_.voisinage.formesouvertes() < 5)
         contexte_.voisinage.montremosaique(false);
     emit cible(QString());

@@ -79,7 +79,8 @@ void VoletLiens::timerEvent(QTimerEvent* evenement) {
     if (evenement->timerId() != bientot_.timerId())
         return QObject::timerEvent(evenement);
     bientot_.stop();
-    // Without the memory for it the number stays unknown; nobody has asked for the rows.
+    // Where the memory does not suffice for counting, the number stays unknown, and nothing is said: nobody has asked
+    // for the rows.
     withinMemory([this] {
         for (ListeDeLiens* liste : {liens_, correlats_}) {
             if (!liste->ouverte())

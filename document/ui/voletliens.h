@@ -28,9 +28,9 @@ public:
     SplitterBar& separateurlisteh() const { return *separateurlisteh_; } ///< between the text and the lists
     SplitterBar& separateurlistev() const { return *separateurlistev_; } ///< between the two lists
 
-    /// Another document is about to be shown: how much it cites is not known of a closed list.
+    /// Another document is about to be shown: closed lists no longer tell how many rows they would have.
     void oublie();
-    /// It is there, of the key: closed lists tell soon how much that is.
+    /// A document is shown: lists that are closed tell soon how many rows they would have.
     void compte(const Cle& cle);
     /// Opens or closes one of the two lists, with what belongs to the document of a key.
     void bascule(ListeDeLiens& liste, const Cle& cle);

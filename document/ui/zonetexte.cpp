@@ -124,7 +124,7 @@ bool ZoneTexte::eventFilter(QObject* objet, QEvent* evenement) {
     return true;
 }
 
-// Of the link under the pointer, as long as the pointer stays about where it is.
+// Shows the title of the link under the pointer, until the pointer moves away from there.
 void ZoneTexte::montretitre(const QPoint& ou) {
     constexpr int alentour = 12; // pixels
     QWidget* surface = vue().viewport();

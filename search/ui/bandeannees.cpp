@@ -51,7 +51,7 @@ void BandeAnnees::range() {
     laplushaute_ = 0;
     for (const BarreAnnees& une : barres_)
         laplushaute_ = std::max(laplushaute_, une.nombre);
-    // A stop of the Tab key is something that can be done.
+    // The Tab key stops only where something can be done.
     setEnabled(!barres_.empty());
     ditcourante();
     update();

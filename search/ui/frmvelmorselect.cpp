@@ -108,7 +108,7 @@ void FrmVelmorSelect::construit(Corpus& corpus) {
         auto* autour = new QHBoxLayout;
         metaumilieu(*celui, largeur, autour);
         dehors->addLayout(autour, celui == pied_ ? 0 : 1);
-        // Its edges go with those of the fields.
+        // The buttons below keep their edges in line with the fields, beside which the scroll bar comes and goes.
         connect(vue, &Defilement::barrechangee, this,
                 [autour](int barre) { autour->setContentsMargins(0, 0, barre, 0); });
     }
@@ -150,7 +150,7 @@ void FrmVelmorSelect::relie() {
     connect(ongletrecherche_, &QTabWidget::currentChanged, this, [this](int onglet) {
         ajuste(static_cast<Onglet>(onglet));
         formulaire_.ongletchange(static_cast<Onglet>(onglet));
-        // The form as a whole has the focus while it waits to be shown.
+        // A form that waits to be shown has the focus itself.
         if (window()->focusWidget() == this)
             focus(static_cast<Onglet>(onglet));
     });
@@ -221,7 +221,7 @@ void FrmVelmorSelect::decharge() {
 }
 
 void FrmVelmorSelect::closeEvent(QCloseEvent* evenement) {
-    // It stays for the next search, with what it holds.
+    // The form is hidden, not closed: it keeps what it holds for the next search.
     evenement->ignore();
     formulaire_.ferme();
 }

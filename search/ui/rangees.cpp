@@ -23,12 +23,12 @@ bool Rangees::Rangee::remplie() const {
     return std::ranges::any_of(pieces, [](const QLayoutItem* piece) { return !piece->isEmpty(); });
 }
 
-/// A short control, and behind it one that takes the rest.
+/// Whether the row is a short control and, behind it, one that takes the rest.
 bool Rangees::Rangee::prendlereste() const {
     return pieces.size() > 1 && !prendtout(pieces.front()) && prendtout(pieces.back());
 }
 
-/// Of its first control, beside whose middle the label stands.
+/// Height of the row's first control, beside whose middle the label stands.
 int Rangees::Rangee::hauteur() const {
     const auto premier =
         std::ranges::find_if(pieces, [](const QLayoutItem* piece) { return piece->sizeHint().height() > 0; });

@@ -15,7 +15,7 @@ namespace velm {
 enum class Forme {
     Simple,
     Bascule,   ///< stays down, or checked, until it is given again
-    Choix,     ///< of those of its command one is checked
+    Choix,     ///< one rank of the command is checked
     Deroulante ///< the button has entries at its side
 };
 
@@ -23,8 +23,8 @@ enum class Forme {
 enum class Besoin {
     Rien,
     Fenetre, ///< an active window that can carry it out
-    Etat,    ///< whoever knows when, allows it: a history that has a step, rows that were found
-    Attente  ///< what it commands, which the program does not have yet: it has a place and no deed
+    Etat,   ///< enabled by whoever knows the state (`Actions::permet`): a history that has a step, rows that were found
+    Attente ///< waits for a part that the program does not have yet: it has a place and no deed
 };
 
 struct LigneCommande {
@@ -42,7 +42,7 @@ struct LigneCommande {
     QStringView touche = {}; ///< shortcut, in portable words
     Forme forme = Forme::Simple;
     Besoin besoin = Besoin::Rien;
-    int nombre = 1; ///< ranks
+    int nombre = 1; ///< how many ranks it has: commands of one kind, as those of the eleven collections, share a line
 };
 
 /// The table, in the order of the enumeration.

@@ -51,13 +51,13 @@ public:
 class Cadre {
 public:
     virtual ~Cadre() = default;
-    virtual void effacereconstructions() = 0; ///< the twelve rebuild flags
+    virtual void effacereconstructions() = 0; ///< no window is to show its document once more
     /// Loads the frame without showing it and gives its handle as decimal text.
     virtual QString chargeprincipale() = 0;
     virtual void montreprincipale() = 0;
     virtual void ouvre(const Cle& cle) = 0; ///< shows a document in the window of its collection
     virtual void ouvrefichiercriteres(const QString& chemin) = 0;
-    virtual void astuce(bool attend) = 0; ///< `attend`: once no window stands there that was asked for
+    virtual void astuce(bool attend) = 0; ///< `attend`: when what the command line has opened is closed
     virtual EtatFenetres etatfenetres() const = 0;
     virtual void sauvederniers() = 0;
     virtual void notefenetres() = 0;  ///< every form writes what it leaves when it closes, and stays open
@@ -89,7 +89,7 @@ struct Ecrans {
     Cadre& cadre;
     Dossiers& dossiers;
     Travaux& travaux;
-    std::function<void()> litstyles; ///< the settings are read: so can the styles be
+    std::function<void()> litstyles; ///< called when the settings have been read: reads the table of styles
     /// The base cannot be opened: false when the user gives up. True only with an open base.
     std::function<bool()> connexion;
 };

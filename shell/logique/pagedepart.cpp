@@ -10,7 +10,7 @@ namespace velm {
 
 namespace {
 
-/// The picture tells of which collection it is.
+/// Labels begin with the code of their collection: on the start page the picture tells it.
 QString sanscode(const QString& libelle, const QString& code) {
     const bool porte = libelle.startsWith(code) && libelle.mid(code.size(), 1) == u'-';
     return porte ? libelle.mid(code.size() + 1) : libelle;

@@ -41,8 +41,8 @@ public:
     /// `Main`: the start sequence up to the message loop.
     Demarrage demarre();
 
-    /// The load of the frame, told by the frame itself in its own order.
-    PositionFenetre positionprincipale(); ///< read and, when it is minimised, no tip this time
+    /// Called by the frame while it loads:
+    PositionFenetre positionprincipale(); ///< from the settings; minimised, it shows no tip at this start
     void restaurefenetres();              ///< the document windows of the last run
     void ouvrecriteresdelaligne();        ///< a criteria file on the command line
 
