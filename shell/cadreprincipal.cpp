@@ -156,9 +156,9 @@ void CadrePrincipal::chargedevant() {
 
 void CadrePrincipal::suitdevant() {
     const auto [actions, aire, volet] = ecran_->pieces();
-    const Textes* lu = bureau_->active();
+    Textes* lu = bureau_->active();
     const QWidget* fenetre = aire.activeChild();
-    const QString titre = lu ? lu->titrecourant() : QString();
+    const QString titre = lu ? lu->lecture().titrecourant() : QString();
     ecran_->changetitre(titre.isEmpty() && fenetre ? fenetre->windowTitle() : titre);
     // The count of a search stays in the status bar as long as its list can be seen, or as long as the window that has
     // asked stays in front. The search form comes and goes between them.

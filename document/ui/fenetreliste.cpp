@@ -31,9 +31,8 @@ constexpr int lignesimprimables = 20'000; ///< some five hundred sheets
 } // namespace
 
 FenetreListe::FenetreListe(const DescriptionListe& description, const ContexteListe& contexte, QWidget* parent)
-    : QWidget(parent), contexte_(contexte), cles_(description.cles), indice_(description.indice),
-      copiable_(description.copiable), colonnes_(description.colonnes, contexte.texte), barre_(new Toolbar(this)),
-      flex_(new FlexGrid(this)), etat_(new StatusBar(this)), menu_(new QMenu(this)),
+    : QWidget(parent), contexte_(contexte), description_(description), colonnes_(description.colonnes, contexte.texte),
+      barre_(new Toolbar(this)), flex_(new FlexGrid(this)), etat_(new StatusBar(this)), menu_(new QMenu(this)),
       disposition_(new QVBoxLayout(this)), documents_(*flex_, colonnes_, description.usage) {
     setObjectName(description.nom);
     setWindowTitle(description.titre);
@@ -46,11 +45,11 @@ FenetreListe::FenetreListe(const DescriptionListe& description, const ContexteLi
     disposition_->addWidget(barre_);
     disposition_->addWidget(flex_, 1);
     disposition_->addWidget(etat_);
-    litcolonnes(contexte_.reglages, cles_, colonnes_);
+    litcolonnes(contexte_.reglages, description_.cles, colonnes_);
     documents_.montrecolonnes();
     flex_->hide();
-    construitbarre(description);
-    construitmenu(description.ouvrir);
+    construitbarre();
+    construitmenu();
     connecte();
 }
 
@@ -58,27 +57,27 @@ void FenetreListe::insere(QWidget* dessus) {
     disposition_->insertWidget(disposition_->indexOf(flex_), dessus);
 }
 
-void FenetreListe::construitbarre(const DescriptionListe& description) {
+void FenetreListe::construitbarre() {
     barre_->setObjectName(u"barre_cran"_s);
-    if (description.garnit)
-        description.garnit(*barre_);
+    if (description_.garnit)
+        description_.garnit(*barre_);
     barre_->addButton(boutonregrouper, Toolbar::Kind::Check, u"regrouper"_s);
-    barre_->setValue(boutonregrouper, description.regroupee);
-    regroupe(description.regroupee);
+    barre_->setValue(boutonregrouper, description_.regroupee);
+    regroupe(description_.regroupee);
     connect(barre_, &Toolbar::buttonClicked, this, [this](const QString& cle) {
         if (cle == boutonregrouper)
             regroupe(barre_->value(cle));
     });
 }
 
-void FenetreListe::construitmenu(Texte ouvrir) {
+void FenetreListe::construitmenu() {
     menu_->setObjectName(u"ContextMenu"_s);
     const auto entree = [this](const QString& nom, Texte libelle, const QString& image, void (FenetreListe::*acte)()) {
         QAction* action = menu_->addAction(icon(image), contexte_.texte(libelle));
         action->setObjectName(nom);
         connect(action, &QAction::triggered, this, acte);
     };
-    entree(u"ContextMenuOuvrir"_s, ouvrir, u"ouvrir"_s, &FenetreListe::ouvre);
+    entree(u"ContextMenuOuvrir"_s, description_.ouvrir, u"ouvrir"_s, &FenetreListe::ouvre);
     entree(u"ContextMenuCopier"_s, Texte::CopierLesLignes, u"Copier"_s, &FenetreListe::copielignes);
     if (contexte_.selectionne)
         entree(u"ContextMenuSelection"_s, Texte::MettreDansLaSelection, u"Rechercher"_s, &FenetreListe::selectionne);
@@ -201,7 +200,8 @@ void FenetreListe::imprime() {
 
 bool FenetreListe::peut(Ordre ordre) const {
     return flex_->rows() > 1 && !flex_->isHidden() &&
-           ((ordre == Ordre::Copier && copiable_) || ordre == Ordre::ToutSelectionner || ordre == Ordre::Imprimer);
+           ((ordre == Ordre::Copier && description_.copiable) || ordre == Ordre::ToutSelectionner ||
+            ordre == Ordre::Imprimer);
 }
 
 void FenetreListe::fait(Ordre ordre) {
@@ -217,7 +217,7 @@ void FenetreListe::fait(Ordre ordre) {
 
 void FenetreListe::ecritreglages() {
     documents_.releve();
-    ecritcolonnes(contexte_.reglages, cles_, colonnes_);
+    ecritcolonnes(contexte_.reglages, description_.cles, colonnes_);
     if (contexte_.noteplace)
         contexte_.noteplace(*this);
 }

@@ -83,7 +83,7 @@ public:
 
     // ---- what the frame knows of it. It copies, selects and prints all its rows.
     Nature nature() const override { return Nature::Liste; }
-    int indice() const override { return indice_; }
+    int indice() const override { return description_.indice; }
     bool peut(Ordre ordre) const override;
     void fait(Ordre ordre) override;
     void ecritreglages() override;
@@ -116,8 +116,8 @@ protected:
                    Texte sansmemoire = Texte::ListeIncomplete);
 
 private:
-    void construitbarre(const DescriptionListe& description);
-    void construitmenu(Texte ouvrir);
+    void construitbarre();
+    void construitmenu();
     void montremenu(const QPoint& ou);
     void connecte();
     void regroupe(bool enfonce);
@@ -125,9 +125,7 @@ private:
     void ditcompte();
 
     ContexteListe contexte_;
-    ClesColonnes cles_;
-    int indice_;
-    bool copiable_;
+    DescriptionListe description_;
     Colonnes colonnes_;
     Toolbar* barre_;
     FlexGrid* flex_;

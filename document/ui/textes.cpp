@@ -170,10 +170,6 @@ QString Textes::referencecourante() const {
     return zone_->lecture().referencecourante();
 }
 
-QString Textes::titrecourant() const {
-    return zone_->lecture().titrecourant();
-}
-
 // ---- load, activation, unload
 
 void Textes::charge() {

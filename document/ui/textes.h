@@ -31,7 +31,6 @@ public:
     /// The document shown; empty for none.
     Cle cle() const;
     QString referencecourante() const;
-    QString titrecourant() const;
 
     // ---- parts
     RichTextBox& vue() const; ///< rtfRichTextBox1

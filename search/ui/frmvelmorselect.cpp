@@ -76,7 +76,7 @@ Onglet voisin(const QTabWidget& onglets, int pas) {
 FrmVelmorSelect::FrmVelmorSelect(const Formulaire::Services& services, QWidget* parent)
     : QWidget(parent), texte_(services.texte), formulaire_(services, *this) {
     setObjectName(u"frmVelmorSelect"_s);
-    setWindowTitle(texte(Texte::TitreRechercheDeDocuments));
+    setWindowTitle(texte_(Texte::TitreRechercheDeDocuments));
     construit(services.liste.corpus());
     formulaire_.charge();
     relie();
@@ -125,13 +125,13 @@ void FrmVelmorSelect::construitonglets(QWidget* parent, Corpus& corpus) {
     criteres_ = new OngletCriteres(texte_, formulaire_.items(), formulaire_.types(),
                                    [this](const QWidget* ou) { return ou && isAncestorOf(ou); });
     mots_ = new OngletMots(texte_, corpus);
-    ongletrecherche_->addTab(rapide_, texte(Texte::OngletRapide));
-    ongletrecherche_->addTab(criteres_, texte(Texte::OngletCriteres));
-    ongletrecherche_->addTab(mots_, texte(Texte::OngletMots));
+    ongletrecherche_->addTab(rapide_, texte_(Texte::OngletRapide));
+    ongletrecherche_->addTab(criteres_, texte_(Texte::OngletCriteres));
+    ongletrecherche_->addTab(mots_, texte_(Texte::OngletMots));
     pied_ = new PiedFormulaire(this);
     for (const Onglet onglet : touslesonglets)
         pied_->ajoute(&page(onglet).pied());
-    ProgressBar_ = nouveauprogres(texte(Texte::AvancementDeLaRecherche), pied_);
+    ProgressBar_ = nouveauprogres(texte_(Texte::AvancementDeLaRecherche), pied_);
     pied_->ajoute(ProgressBar_);
 }
 

@@ -66,7 +66,6 @@ private:
     void focus(Onglet onglet) override;
     void cache() override;
 
-    QString texte(Texte lequel) const { return texte_(lequel); }
     void construit(Corpus& corpus);
     void construitonglets(QWidget* parent, Corpus& corpus);
     void relie();

@@ -42,16 +42,14 @@ FlexGrid::FlexGrid(QWidget* parent) : QWidget(parent), d_(std::make_unique<Priva
 }
 
 FlexGrid* FlexGrid::withFocus() {
-    for (QWidget* widget = QApplication::focusWidget(); widget; widget = widget->parentWidget()) {
-        if (auto* grid = qobject_cast<FlexGrid*>(widget))
-            return grid;
-    }
-    return nullptr;
+    QWidget* widget = QApplication::focusWidget();
+    while (widget && !qobject_cast<FlexGrid*>(widget))
+        widget = widget->parentWidget();
+    return qobject_cast<FlexGrid*>(widget);
 }
 
 FlexGrid::~FlexGrid() {
-    // Before its model goes.
-    delete d_->view;
+    delete d_->view; // before its model goes
 }
 
 // ---- columns
@@ -176,8 +174,7 @@ void FlexGrid::removeItem(int row) {
     if (row < 1 || row >= rows() || source())
         return;
     const auto moved = [removed = row - 1](int at) { return at > removed ? at - 1 : at; };
-    const int anchor = moved(d_->view->anchor());
-    const int end = moved(d_->view->end());
+    const auto [anchor, end] = std::pair(moved(d_->view->anchor()), moved(d_->view->end()));
     d_->view->whileChanging([this, row] { d_->model.remove(row - 1); });
     d_->view->select(anchor, end, false);
 }
