@@ -102,14 +102,11 @@ void BarresEcran::offre(Ordre ordre, const ButtonMenus& entrees) {
 
 /// An entry is a command of its own, or a rank of that of its button.
 void BarresEcran::choisitacote(const QString& bouton, int rang) {
-    const auto celui = ordredubouton(bouton);
-    Q_ASSERT(celui);
-    if (!celui)
-        return;
-    if (const auto entrees = entreesdubouton(celui->ordre); !entrees.empty())
+    const Ordre celui = ordredubouton(bouton).value().ordre;
+    if (const auto entrees = entreesdubouton(celui); !entrees.empty())
         actions_.de(entrees[static_cast<std::size_t>(rang - 1)]).trigger();
     else
-        actions_.donne(celui->ordre, rang);
+        actions_.donne(celui, rang);
 }
 
 void BarresEcran::montrebouton(Ordre ordre, bool visible) {

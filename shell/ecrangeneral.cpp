@@ -122,8 +122,6 @@ void Ecrangeneral::construitbarreetat(const Libelles& texte) {
 /// The menu of the zoom, above its panel.
 void Ecrangeneral::offrezoom() {
     auto* zoom = menuBar()->findChild<QMenu*>(u"mzoom"_s);
-    if (!zoom)
-        return;
     const QPoint coin(mapToGlobal(barreetat_->panelPlace(panelduzoom).topRight()).x(),
                       barreetat_->mapToGlobal(QPoint()).y());
     zoom->popup(coin - QPoint(zoom->sizeHint().width(), zoom->sizeHint().height()));

@@ -125,16 +125,13 @@ void frmAbout::construit(const QString& version, const QString& collection) {
 
 void frmAbout::showEvent(QShowEvent* evenement) {
     QDialog::showEvent(evenement);
-    if (evenement->spontaneous())
-        return;
     minuterie_->start();
     if (rappels_.estmontree)
         rappels_.estmontree();
 }
 
 void frmAbout::hideEvent(QHideEvent* evenement) {
-    if (!evenement->spontaneous())
-        minuterie_->stop();
+    minuterie_->stop();
     QDialog::hideEvent(evenement);
 }
 

@@ -129,11 +129,8 @@ void BlocRecherche::moveblocrecherche() {
 
 /// The height that the lines of the result take.
 int BlocRecherche::hauteurresultat() const {
-    const int lignes = resultat_->count();
-    if (lignes == 0)
-        return 0;
     const int pas = resultat_->sizeHintForRow(0) + 2 * resultat_->spacing();
-    return lignes * pas + 2 * resultat_->frameWidth();
+    return resultat_->count() * pas + 2 * resultat_->frameWidth();
 }
 
 /// What came of the search stands below the box; in a block that is too low for that, behind the button. Returns where

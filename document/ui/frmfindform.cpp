@@ -176,7 +176,7 @@ void frmFindForm::hideEvent(QHideEvent* evenement) {
 void frmFindForm::keyPressEvent(QKeyEvent* evenement) {
     const bool entree = evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter;
     const bool arriere = evenement->modifiers().testFlag(Qt::ShiftModifier);
-    if ((entree && arriere) || evenement->key() == Qt::Key_F3)
+    if (entree || evenement->key() == Qt::Key_F3)
         (arriere ? cmdFindPrevious_ : cmdFindNext_)->click();
     else
         QDialog::keyPressEvent(evenement);

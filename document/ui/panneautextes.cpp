@@ -141,9 +141,7 @@ bool PanneauTextes::prendfocus() {
 bool PanneauTextes::tientfocus() const {
     const QWidget* celui = arbre_->window()->focusWidget();
     const std::initializer_list<const QWidget*> blocs{arbre_, liste_->grille(), recherche_};
-    return std::ranges::any_of(blocs, [celui](const QWidget* bloc) {
-        return bloc->isVisible() && (bloc == celui || bloc->isAncestorOf(celui));
-    });
+    return std::ranges::any_of(blocs, [celui](const QWidget* bloc) { return bloc->isAncestorOf(celui); });
 }
 
 void PanneauTextes::donnefocus() {

@@ -25,9 +25,7 @@ void SuiviDocument::reprend() {
     bientot_.start(0, this);
 }
 
-void SuiviDocument::timerEvent(QTimerEvent* evenement) {
-    if (evenement->timerId() != bientot_.timerId())
-        return QObject::timerEvent(evenement);
+void SuiviDocument::timerEvent(QTimerEvent*) {
     bientot_.stop();
     if (!attendu_ || !vue_.isVisible() || !remplie())
         return;

@@ -23,7 +23,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Whether a control in the window has the focus: it is not enough that the window itself has it.
+/// Whether the focus is in the window.
 bool tientfocus(const QWidget& fenetre) {
     return fenetre.isAncestorOf(fenetre.window()->focusWidget());
 }

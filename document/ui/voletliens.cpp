@@ -75,9 +75,7 @@ void VoletLiens::compte(const Cle& cle) {
     bientot_.start(0, this);
 }
 
-void VoletLiens::timerEvent(QTimerEvent* evenement) {
-    if (evenement->timerId() != bientot_.timerId())
-        return QObject::timerEvent(evenement);
+void VoletLiens::timerEvent(QTimerEvent*) {
     bientot_.stop();
     // Where the memory does not suffice for counting, the number stays unknown, and nothing is said: nobody has asked
     // for the rows.

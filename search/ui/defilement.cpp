@@ -65,8 +65,8 @@ bool Defilement::eventFilter(QObject* objet, QEvent* evenement) {
 }
 
 void Defilement::montrefocus() {
-    QWidget* ici = QApplication::focusWidget();
-    if (ici && isAncestorOf(ici))
+    // Of what is not in here the area itself knows that there is nothing to do.
+    if (QWidget* ici = QApplication::focusWidget())
         ensureWidgetVisible(ici);
 }
 

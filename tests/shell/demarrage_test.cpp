@@ -218,6 +218,15 @@ TEST_F(DemarrageTest, TheSplashPaintsTheStepsOfTheStart) {
         EXPECT_NE(fenetre->objectName(), u"frmSplash");
 }
 
+TEST_F(DemarrageTest, ARunThatHasNotBegunEndsWithoutAFrame) {
+    programme = std::make_unique<Programme>(
+        optionsprogramme({}),
+        MondeExterieur{dialogues, navigateur, processus, sablier, pressepapiers, courrier, imprimante, lecteurs});
+    programme->termine();
+    EXPECT_EQ(programme->fenetre(0), nullptr);
+    EXPECT_TRUE(dialogues.messages.empty());
+}
+
 TEST_F(DemarrageTest, AStartThatDoesNotTakeLongHasNoSplash) {
     const Peints etapes(QStringLiteral("lblEtape"));
     patience = std::chrono::hours(1);

@@ -176,6 +176,12 @@ TEST_F(DevantTest, OneSizeIsForAllWindowsAndForTheNextRun) {
     EVENTUALLY(reglage("GENERALITES", "ZOOM") == u"100");
 }
 
+TEST_F(DevantTest, ASizeThatNobodyChoseIsNotWritten) {
+    commence(u"CO1"_s);
+    redemarre(u"CO1"_s);
+    EXPECT_EQ(reglage("GENERALITES", "ZOOM"), u"(absent)");
+}
+
 TEST_F(DevantTest, TheWheelChangesAllOfThem) {
     commence(u"CO1"_s);
     programme->ouvre(decoupecle(u"JP000007"));

@@ -216,6 +216,9 @@ TEST_F(FindStateTest, PreviousGoesBackByItsButtonAndByKeys) {
     EXPECT_EQ(dit(), u"1 sur 2");
     QTest::keyClick(texte, Qt::Key_F3);
     EXPECT_EQ(dit(), u"2 sur 2");
+    QTest::keyClick(texte, Qt::Key_Return, Qt::ShiftModifier);
+    QTest::keyClick(texte, Qt::Key_Return);
+    EXPECT_EQ(dit(), u"2 sur 2") << "one forward";
     EXPECT_TRUE(dialogues.messages.empty());
     texte->setText(u"introuvable"_s);
     presse("cmdFindPrevious");
@@ -228,6 +231,9 @@ TEST_F(FindStateTest, EveryHitShowsAsLongAsTheDialogDoes) {
     EXPECT_EQ(montrees(vue()), 2u);
     boite->reject();
     EXPECT_EQ(montrees(vue()), 0u);
+    texte->setText(u"Le prix"_s);
+    texte->setText(u"prix"_s);
+    EXPECT_EQ(montrees(vue()), 0u) << "a dialog that is not seen shows none";
     programme->cadre().annexes().montrerecherche();
     EXPECT_EQ(montrees(vue()), 2u);
     EXPECT_EQ(dit(), u"2 occurrences");

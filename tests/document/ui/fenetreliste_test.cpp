@@ -227,9 +227,14 @@ TEST_F(FenetreListeTest, WithoutMemoryForAListTheOneThatIsThereStays) {
 }
 
 TEST_F(FenetreListeTest, CopyingTakesAllRowsAndTheCopyKeyTheSelectedOnes) {
+    pressepapiers.contenu.texte = u"d'avant"_s;
     fenetre->fait(Ordre::Copier);
-    EXPECT_EQ(pressepapiers.contenu.texte, QString());
+    EXPECT_EQ(pressepapiers.contenu.texte, u"d'avant") << "without a row";
     remplit();
+    flex().hide();
+    fenetre->fait(Ordre::Copier);
+    EXPECT_EQ(pressepapiers.contenu.texte, u"d'avant") << "of a list that is not seen";
+    flex().show();
     fenetre->fait(Ordre::Copier);
     const QStringList lignes = pressepapiers.contenu.texte.split(u'\r');
     ASSERT_EQ(lignes.size(), beaucoup);

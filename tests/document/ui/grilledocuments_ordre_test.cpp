@@ -102,10 +102,32 @@ TEST_F(GrilleDocumentsTest, AGridThatHadTheFocusBeforeItWasHiddenHasItAgain) {
     grille->cache();
     grille->montre(true);
     EXPECT_TRUE(autre->hasFocus()) << "it did not have it";
+    autre->setEnabled(false);
+    flex->setFocus();
+    grille->cache();
+    grille->montre(true);
+    EXPECT_TRUE(flex->view()->hasFocus()) << "where nothing else could have it";
+    autre->setEnabled(true);
     flex->setFocus();
     grille->cache();
     grille->montre(false);
     EXPECT_TRUE(flex->isHidden());
     grille->montre(true);
     EXPECT_FALSE(flex->view()->hasFocus());
+}
+
+TEST_F(GrilleDocumentsTest, AGridThatComesBackTakesTheFocusFromNobodyOutside) {
+    QWidget cadre;
+    auto* dehors = new QLineEdit(&cadre);
+    avec(5);
+    fenetre.setParent(&cadre);
+    fenetre.show();
+    cadre.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&cadre));
+    flex->setFocus();
+    grille->cache();
+    dehors->setFocus();
+    grille->montre(true);
+    EXPECT_TRUE(dehors->hasFocus());
+    fenetre.setParent(nullptr);
 }

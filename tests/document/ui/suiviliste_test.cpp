@@ -90,6 +90,17 @@ TEST_F(SuiviDeLaListe, WhoHasTurnedTheWheelKeepsHisPlaceForOneDocument) {
     EXPECT_TRUE(vue(fenetre));
 }
 
+TEST_F(SuiviDeLaListe, TheSameDocumentShownOnceMoreScrollsNothing) {
+    Textes& fenetre = avecliste("CO001150");
+    EVENTUALLY(marquee(fenetre) == u"001150");
+    liste(fenetre).setTopRow(1);
+    ASSERT_FALSE(vue(fenetre));
+    fenetre.lecture().reaffiche();
+    for (int tour = 0; tour < 3; ++tour)
+        QApplication::processEvents();
+    EXPECT_FALSE(vue(fenetre));
+}
+
 TEST_F(SuiviDeLaListe, TheMarkGoesWhereASortPutsTheDocument) {
     Textes& fenetre = avecliste("CO001150");
     EVENTUALLY(marquee(fenetre) == u"001150");

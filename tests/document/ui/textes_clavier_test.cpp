@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QSet>
 #include <QSignalSpy>
@@ -272,6 +273,23 @@ TEST_F(ClavierTextes, AWindowMayGoWhileItsPropertiesAreShown) {
     delete &fenetre;
     EXPECT_TRUE(boite.isNull());
     EXPECT_EQ(ouvre("CO000002").referencecourante(), u"CO000002");
+}
+
+TEST_F(ClavierTextes, WithoutADocumentThereAreNoProperties) {
+    banc->navigation.ouvrefenetre(0);
+    Textes& fenetre = *banc->fenetre(0);
+    emit fenetre.barrechild().proprietes();
+    EXPECT_EQ(fenetre.findChild<frmproperties*>(), nullptr);
+}
+
+TEST_F(ClavierTextes, AKeyThatTheTextHasNoUseForGoesOnToTheFrame) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&fenetre));
+    fenetre.vue().setFocus();
+    QKeyEvent echappe(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(&fenetre, &echappe);
+    EXPECT_FALSE(echappe.isAccepted());
 }
 
 TEST_F(ClavierTextes, AWindowMayGoWhileItIsBroughtForward) {

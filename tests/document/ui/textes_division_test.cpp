@@ -55,6 +55,32 @@ TEST_F(FenetreTextes, InANarrowWindowThePanelStaysForWhoWorksInItAndFoldsForWhoR
     EXPECT_GT(arbre.width(), 100);
 }
 
+TEST_F(FenetreTextes, InANarrowWindowTheSearchStaysForWhoTypesInIt) {
+    Textes& fenetre = ouvre("CO000001");
+    presse(fenetre, u"barrehoriz"_s);
+    presse(fenetre, u"recherchedico"_s);
+    fenetre.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&fenetre));
+    controle(fenetre, u"blocrecherche"_s)->setEnabled(true);
+    auto* mots = controle<QLineEdit>(fenetre, u"Textedico"_s);
+    mots->setFocus();
+    ASSERT_TRUE(mots->hasFocus());
+    fenetre.resize(380, 700);
+    EXPECT_TRUE(mots->isVisible());
+    EXPECT_TRUE(mots->hasFocus());
+}
+
+TEST_F(FenetreTextes, InAFrameThatIsNotSeenYetItTakesTheFocusFromNobodyOutside) {
+    QWidget cadre;
+    auto* dehors = new QLineEdit(&cadre);
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.setParent(&cadre);
+    dehors->setFocus();
+    ASSERT_EQ(cadre.focusWidget(), dehors);
+    emit fenetre.barrechild().bloc(Bloc::Arbre);
+    EXPECT_EQ(cadre.focusWidget(), dehors);
+}
+
 TEST_F(FenetreTextes, ABlockThatWasOpenedInANarrowWindowIsSeen) {
     Textes& fenetre = ouvre("CO000001");
     presse(fenetre, u"barrehoriz"_s);

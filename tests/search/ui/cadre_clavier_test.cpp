@@ -77,6 +77,26 @@ TEST_F(CadreTest, TheActiveFormPutsTheFocusIntoTheTextOfItsTab) {
     }
 }
 
+TEST_F(CadreTest, AClickThatMakesTheFormActiveKeepsTheFocusWhereItFellInTheForm) {
+    QWidget cadre;
+    auto* dehors = new QLineEdit(&cadre);
+    formulaire->setParent(&cadre);
+    formulaire->show();
+    cadre.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&cadre));
+    QTest::mousePress(&cadre, Qt::LeftButton);
+    const auto apres = [this](QWidget* ici) {
+        ici->setFocus();
+        formulaire->activation();
+        return QApplication::focusWidget();
+    };
+    EXPECT_EQ(apres(barre().widget(u"CO"_s)), barre().widget(u"CO"_s));
+    EXPECT_EQ(apres(dehors), &champ(u"texterapide"_s));
+    EXPECT_EQ(apres(formulaire.get()), &champ(u"texterapide"_s));
+    QTest::mouseRelease(&cadre, Qt::LeftButton);
+    formulaire->setParent(nullptr);
+}
+
 TEST_F(CadreTest, KeysAndTheWheelLeaveTheTextThatIsBeingTyped) {
     champ(u"texterapide"_s).setText(u"bail"_s);
     clique(u"cmdokrapide"_s);
