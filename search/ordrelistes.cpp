@@ -42,6 +42,8 @@ protected:
     std::size_t total() const { return ids().nombre(); }
     void compte() { ++vus_; }
     void range(qint64 id) { ranges_.ajoute(id); }
+    const Identites& ranges() const { return ranges_; }
+    void reprend(Identites ordre) { ranges_ = std::move(ordre); }
     /// Gives the order away, if every row has come into it: a base that was closed meanwhile may have lost some.
     bool conclut() {
         if (ranges_.nombre() == total())
@@ -56,7 +58,9 @@ private:
     std::size_t vus_ = 0;
 };
 
-/// Titles have their keys in the base, and an index for each collection: these are walked side by side.
+/// Titles have their keys in the base, and an index for each collection: these are walked side by side. Always upwards,
+/// as the index has the numbers of equal titles in their order then: for the other way what stands equal is turned over
+/// as one.
 class OrdreDesTitres final : public Ordre {
 public:
     static std::unique_ptr<OrdreDesTitres> de(const DemandeOrdre& demande) {
@@ -64,39 +68,32 @@ public:
         const QStringList codes = collectionsdelabase(demande.corpus);
         for (const QString& code : codes) {
             auto lignes = demande.corpus.base().openQuery(
-                u"SELECT rowid, clé_titre FROM données WHERE référence=?1 ORDER BY clé_titre"_s +
-                    (demande.descendant ? u" DESC"_s : QString()) + u", numart"_s,
-                {code});
+                u"SELECT rowid, clé_titre FROM données WHERE référence=?1 ORDER BY clé_titre, numart"_s, {code});
             if (!lignes)
                 return nullptr;
             if (!lignes->eof())
                 travail->tas_.push_back({std::move(lignes), static_cast<int>(travail->tas_.size())});
         }
-        std::ranges::make_heap(travail->tas_, Apres{demande.descendant});
+        std::ranges::make_heap(travail->tas_, Apres());
         return travail;
     }
     using Ordre::Ordre;
 
     bool avance() override {
-        const Apres apres{descendant()};
         for (int pas = 0; pas < parpas; ++pas) {
             if (!courant_.lignes && !suivant())
-                return conclut();
+                return acheve();
             Snapshot& lignes = *courant_.lignes;
             if (!lignes.usable())
                 return true;
-            const qint64 id = lignes.number(0);
-            if (nombres().a(id)) {
-                range(id);
-                compte();
-            }
+            prend(lignes);
             lignes.moveNext();
             if (lignes.eof()) {
                 courant_.lignes.reset();
-            } else if (!tas_.empty() && apres(courant_, tas_.front())) {
+            } else if (!tas_.empty() && Apres()(courant_, tas_.front())) {
                 // Titles of a collection often begin alike, and so it goes on for a while as a rule.
                 tas_.push_back(std::exchange(courant_, {}));
-                std::ranges::push_heap(tas_, apres);
+                std::ranges::push_heap(tas_, Apres());
             }
         }
         return false;
@@ -112,22 +109,56 @@ private:
     bool suivant() {
         if (tas_.empty())
             return false;
-        std::ranges::pop_heap(tas_, Apres{descendant()});
+        std::ranges::pop_heap(tas_, Apres());
         courant_ = std::move(tas_.back());
         tas_.pop_back();
         return true;
     }
+    void prend(const Snapshot& lignes) {
+        const qint64 id = lignes.number(0);
+        if (!nombres().a(id))
+            return;
+        if (descendant())
+            note(lignes.raw(1));
+        range(id);
+        compte();
+    }
+    void note(QByteArrayView cle) {
+        const bool autre = nouvelles_.empty() || cle != QByteArrayView(derniere_.data(), std::ssize(derniere_));
+        nouvelles_.push_back(autre);
+        if (autre)
+            derniere_.assign(cle.begin(), cle.end());
+    }
+    bool acheve() {
+        if (descendant())
+            reprend(retourne());
+        return conclut();
+    }
+    Identites retourne() const {
+        Identites ordre;
+        ordre.reserve(nouvelles_.size());
+        std::size_t fin = nouvelles_.size();
+        for (std::size_t debut = fin; debut-- > 0;) {
+            if (!nouvelles_[debut])
+                continue;
+            for (std::size_t rang = debut; rang < fin; ++rang)
+                ordre.ajoute(ranges()[rang]);
+            fin = debut;
+        }
+        return ordre;
+    }
     /// A heap has its greatest on top: here that which comes first.
     struct Apres {
-        bool descendant;
         bool operator()(const Courant& une, const Courant& autre) const {
             const int ordre = une.lignes->raw(1).compare(autre.lignes->raw(1));
-            return ordre == 0 ? une.rang > autre.rang : descendant ? ordre < 0 : ordre > 0;
+            return ordre == 0 ? une.rang > autre.rang : ordre > 0;
         }
     };
 
     std::vector<Courant> tas_; ///< of the others
     Courant courant_;
+    std::vector<bool> nouvelles_; ///< of each row in order: its title is not that of the row before
+    std::vector<char> derniere_;  ///< the key of the last row
 };
 
 /// What repeats in many rows, as keywords and dates do, is kept once while it is put into order.

@@ -74,7 +74,7 @@ TEST_F(ControleListeTest, WhereTheMemoryDoesNotSufficeWhatTheListHoldsStays) {
     EXPECT_EQ(dialogues.texts(), QStringList{u"t9567"_s});
     EXPECT_EQ(dialogues.messages.front().titre, u"t8");
     EXPECT_EQ(dialogues.messages.front().icone, Icone::Exclamation);
-    EXPECT_EQ(controle->liste().lignes(), 1);
+    EXPECT_EQ(controle->liste().lignes(), 2);
     EXPECT_TRUE(grille.montree);
     EXPECT_TRUE(panneau.permis(Ordre::SuivantRecherche));
     EXPECT_EQ(panneau.journal, (QStringList{u"montre"_s, u"dispositions"_s}));

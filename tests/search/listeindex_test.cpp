@@ -1,8 +1,10 @@
 // The index: its query, its rows, their order.
 #include "platform/base/failure.h"
 #include "platform/text/frenchorder.h"
+#include "platform/text/letters.h"
 #include "tests/search/listes_support.h"
 
+#include <algorithm>
 #include <random>
 
 using namespace velm;
@@ -139,6 +141,38 @@ TEST_F(IndexTest, SortsAreThoseOfTheTexts) {
             QStringList tous = cles(*liste);
             tous.removeDuplicates();
             EXPECT_EQ(tous.size(), 3000) << "no row is lost";
+        }
+    }
+}
+
+TEST_F(IndexTest, SortsByTitleAreThoseOfALiteralStableSortByKey) {
+    std::mt19937 hasard(11);
+    const QStringList mots{u"Été"_s, u"ete"_s, u"été"_s, u"Eté 2"_s, u"a"_s, u""_s, u"zèbre"_s};
+    std::vector<DocumentDate> documents;
+    for (int n = 1; n <= 2000; ++n)
+        documents.push_back({typedindice(static_cast<int>(hasard() % nombredecollections)) + sixchiffres(n),
+                             mots.at(static_cast<qsizetype>(hasard() % static_cast<unsigned>(mots.size())))});
+    std::ranges::shuffle(documents, hasard);
+    ouvre(documents);
+    TypesChoisis certains;
+    certains.change(indicedetype(u"EU"_s), false);
+    certains.change(indicedetype(u"CO"_s), false);
+    for (const TypesChoisis& types : {TypesChoisis(), certains}) {
+        const auto liste = index(types);
+        std::vector<std::pair<QByteArray, QString>> voulus;
+        for (int row = 0; row < liste->rowCount(); ++row)
+            voulus.emplace_back(sortKey(liste->text(row, Titre)), liste->cle(row).texte());
+        std::ranges::sort(voulus, {}, [](const auto& un) { return un.second; });
+        for (const bool descendant : {false, true}) {
+            std::vector<std::pair<QByteArray, QString>> tries = voulus;
+            std::ranges::stable_sort(tries, [descendant](const auto& un, const auto& autre) {
+                return descendant ? autre.first < un.first : un.first < autre.first;
+            });
+            QStringList cestries;
+            for (const auto& un : tries)
+                cestries << un.second;
+            ASSERT_TRUE(liste->sort(Titre, descendant));
+            EXPECT_EQ(cles(*liste), cestries) << descendant;
         }
     }
 }
