@@ -5,13 +5,16 @@
 namespace velm {
 
 QString Lignes::champ(int rang, Champ champ) const {
+    return vue(rang, champ).toString();
+}
+
+QStringView Lignes::vue(int rang, Champ champ) const {
     if (rang < 1 || rang > nombre() || champ < Titre || champ > Clef)
         return {};
     const Ligne& ligne = lignes_[ordre_[static_cast<std::size_t>(rang) - 1]];
     const auto numero = static_cast<std::size_t>(champ);
     const std::size_t debut = numero == 0 ? 0 : ligne.fins[numero - 1];
-    return QStringView(textes_.data() + ligne.debut + debut, static_cast<qsizetype>(ligne.fins[numero] - debut))
-        .toString();
+    return {textes_.data() + ligne.debut + debut, static_cast<qsizetype>(ligne.fins[numero] - debut)};
 }
 
 void Lignes::vide() {

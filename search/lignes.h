@@ -23,6 +23,8 @@ public:
     /// Empty for a row or a field that is none.
     QString champ(int rang, Champ champ) const;
     QString cle(int rang) const { return champ(rang, Clef); }
+    /// The same without a copy; valid until the rows change.
+    QStringView vue(int rang, Champ champ) const;
 
     void vide();
     /// Puts a row behind the others. False, with the rows as they were, when no more are taken: a search then ends with

@@ -130,7 +130,7 @@ std::unique_ptr<SourceDocuments> ListeSelection::source() {
 bool ListeSelection::repetitions() const {
     const auto premier = static_cast<Champ>(tri_ ? tri_->champ : colonnes_.champ(0));
     for (int rang = 2; rang <= lignes(); ++rang) {
-        if (champ(rang, premier) == champ(rang - 1, premier))
+        if (resultat_.lignes.vue(rang, premier) == resultat_.lignes.vue(rang - 1, premier))
             return true;
     }
     return false;
