@@ -172,28 +172,30 @@ int Statement::run() const {
 }
 
 Cell Statement::cell(int column) const {
+    // Looked up once: a long walk asks for little else. The base belongs to one thread, so that the value may be read.
+    sqlite3_value* value = sqlite3_column_value(raw_, column);
     Cell cell;
-    switch (sqlite3_column_type(raw_, column)) {
+    switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
         cell.kind = Kind::Integer;
-        cell.integer = sqlite3_column_int64(raw_, column);
+        cell.integer = sqlite3_value_int64(value);
         break;
     case SQLITE_FLOAT:
         cell.kind = Kind::Real;
-        cell.real = sqlite3_column_double(raw_, column);
+        cell.real = sqlite3_value_double(value);
         break;
     case SQLITE_TEXT: {
         cell.kind = Kind::Text;
-        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(raw_, column));
+        const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
         if (text == nullptr) // a text always has an address, unless it could not be made
             throw std::bad_alloc();
-        cell.bytes = QByteArrayView(text, sqlite3_column_bytes(raw_, column));
+        cell.bytes = QByteArrayView(text, sqlite3_value_bytes(value));
         break;
     }
     case SQLITE_BLOB: {
         cell.kind = Kind::Blob;
-        const auto* bytes = static_cast<const char*>(sqlite3_column_blob(raw_, column));
-        cell.bytes = QByteArrayView(bytes, bytes ? sqlite3_column_bytes(raw_, column) : 0);
+        const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
+        cell.bytes = QByteArrayView(bytes, bytes ? sqlite3_value_bytes(value) : 0);
         break;
     }
     default:
