@@ -95,21 +95,6 @@ void movedUp(benchmark::State& state) {
 }
 BENCHMARK(movedUp)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
 
-/// Two hundred entries are found to be faint, as when the base does not have them.
-void faded(benchmark::State& state) {
-    Listed shown(arrangementOf(state));
-    shown.fill();
-    shown.paint();
-    bool faint = false;
-    for (auto _ : state) {
-        faint = !faint;
-        for (int item = 1; item <= 200; ++item)
-            shown.list.items().setFaint(item, faint);
-        shown.paint();
-    }
-}
-BENCHMARK(faded)->DenseRange(0, 2)->Unit(benchmark::kMillisecond);
-
 } // namespace
 
 int main(int argc, char** argv) {
