@@ -5,7 +5,7 @@
 namespace velm {
 
 QByteArray ecritfichierdossier(const FichierDossier& fichier) {
-    ansi::LineWriter lignes;
+    ansi::LineWriter lignes(ansi::encodeReadable);
     lignes.line(FichierDossier::entete);
     lignes.line(fichier.nom);
     for (const auto& [cle, texte] : fichier.elements) {

@@ -14,6 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 
 class Ecrivain : public ansi::LineWriter {
 public:
+    Ecrivain() : LineWriter([](QStringView texte) { return ansi::encode(texte); }) {}
     void texte(QStringView ligne) { line(ligne); }
     void nombre(qint64 valeur) { line(QString::number(valeur)); }
     void coche(bool valeur) { nombre(valeur ? 1 : 0); }

@@ -17,9 +17,9 @@ using namespace Qt::Literals::StringLiterals;
 ColonneDossiers::ColonneDossiers(const Libelles& texte, QWidget* parent)
     : QWidget(parent),
       ajouter_(bouton(u"ajouter"_s, texte(Texte::DossiersNouveau), u"dossiernouveau"_s, &ColonneDossiers::ajouter)),
+      renommer_(bouton(u"renommer"_s, texte(Texte::DossiersRenommer), u"dossiermodifié"_s, &ColonneDossiers::renommer)),
       supprimer_(
           bouton(u"supprimer"_s, texte(Texte::DossiersSupprimer), u"dossiersupprimé"_s, &ColonneDossiers::supprimer)),
-      renommer_(bouton(u"renommer"_s, texte(Texte::DossiersRenommer), u"dossiermodifié"_s, &ColonneDossiers::renommer)),
       haut_(bouton(u"haut"_s, {}, u"Haut"_s, &ColonneDossiers::haut)),
       bas_(bouton(u"bas"_s, {}, u"Bas"_s, &ColonneDossiers::bas)) {
     setObjectName(u"colonne"_s);
@@ -27,8 +27,6 @@ ColonneDossiers::ColonneDossiers(const Libelles& texte, QWidget* parent)
         fleche->setToolTip(texte(nom));
         fleche->setAccessibleName(texte(nom));
     }
-    QPushButton* const imprimer = bouton(u"imprimer"_s, texte(Texte::DossiersImprimer), u"Imprimer"_s, nullptr);
-    imprimer->setEnabled(false);
 
     auto* fleches = new QHBoxLayout;
     fleches->setSpacing(look::spacing);
@@ -45,6 +43,8 @@ ColonneDossiers::ColonneDossiers(const Libelles& texte, QWidget* parent)
         bouton(u"toutdevelopper"_s, texte(Texte::ToutDevelopper), {}, &ColonneDossiers::toutdevelopper));
     disposition->addWidget(bouton(u"toutreduire"_s, texte(Texte::ToutReduire), {}, &ColonneDossiers::toutreduire));
     disposition->addSpacing(look::groupSpacing - look::spacing);
+    QPushButton* const imprimer = bouton(u"imprimer"_s, texte(Texte::DossiersImprimer), u"Imprimer"_s, nullptr);
+    imprimer->setEnabled(false);
     disposition->addWidget(imprimer);
     disposition->addWidget(bouton(u"Command1"_s, texte(Texte::Reparer), {}, &ColonneDossiers::reparer));
     disposition->addStretch();

@@ -33,8 +33,8 @@ private:
                         void (ColonneDossiers::*signal)());
 
     QPushButton* ajouter_;
-    QPushButton* supprimer_;
     QPushButton* renommer_;
+    QPushButton* supprimer_;
     QPushButton* haut_;
     QPushButton* bas_;
 };

@@ -42,8 +42,7 @@ frmdossiers::frmdossiers(const Contexte& contexte, QWidget* parent)
                 contexte.texte}),
       echange_(gestion_), porteur_(gestion_, *arbre_, *liste_, this),
       colonne_(new ColonneDossiers(contexte.texte, this)), separateur_(new SplitterBar(Qt::Vertical, this)),
-      barre_(new Toolbar(this)), barrevue_(new Toolbar(this)),
-      developpe_(new QCheckBox(contexte.texte(Texte::DevelopperALOuverture), this)), ligne_(plainLabel({}, this)) {
+      barre_(new Toolbar(this)), barrevue_(new Toolbar(this)), ligne_(plainLabel({}, this)) {
     setObjectName(u"frmdossiers"_s);
     setWindowTitle(texte(Texte::TitreDossiers).trimmed());
     setWindowModality(Qt::ApplicationModal);
@@ -67,12 +66,8 @@ void frmdossiers::construit() {
     ligne_->setObjectName(u"attente"_s);
     ligne_->setWordWrap(true);
     ligne_->hide();
-    developpe_->setObjectName(u"Checkdeveloppe"_s);
-    developpe_->setChecked(contexte_.reglages.lit(reglage::dossiersdeveloppe) == 1);
     for (QWidget* const observe : {static_cast<QWidget*>(arbre_), static_cast<QWidget*>(liste_)})
         observe->installEventFilter(this);
-    setTabOrder(arbre_, liste_);
-    setTabOrder(liste_, colonne_);
 }
 
 void frmdossiers::construitbarres() {
@@ -84,6 +79,10 @@ void frmdossiers::construitbarres() {
     barre_->setToolTip(u"ouvrirdossier"_s, texte(Texte::OuvrirFichierDossier));
     barre_->setToolTip(u"enregistrerdossier"_s, texte(Texte::EnregistrerDossier));
     barre_->setToolTip(u"envoyerdossier"_s, texte(Texte::EnvoyerDossier));
+    // Between the two bars for the Tab key, as for the eye.
+    developpe_ = new QCheckBox(texte(Texte::DevelopperALOuverture), this);
+    developpe_->setObjectName(u"Checkdeveloppe"_s);
+    developpe_->setChecked(contexte_.reglages.lit(reglage::dossiersdeveloppe) == 1);
     barrevue_->setObjectName(u"tlbHierarchie"_s);
     barrevue_->setImages([](const QString& nom) { return icon(nom); });
     liste_->relie(*barrevue_);

@@ -91,10 +91,10 @@ private:
     DispositionDossiers disposition_;
     ColonneDossiers* colonne_;
     SplitterBar* separateur_;
-    Toolbar* barre_;       ///< Toolbar1
-    Toolbar* barrevue_;    ///< tlbHierarchie
-    QCheckBox* developpe_; ///< Checkdeveloppe
-    QLabel* ligne_;        ///< above the tree: what waits to be stored
+    Toolbar* barre_;                 ///< Toolbar1
+    Toolbar* barrevue_;              ///< tlbHierarchie
+    QCheckBox* developpe_ = nullptr; ///< Checkdeveloppe
+    QLabel* ligne_;                  ///< above the tree: what waits to be stored
     QString nodocument_;
     bool sansquestion_ = false;
 };

@@ -9,7 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 void LineWriter::line(QStringView text) {
     QString clean = text.toString();
     clean.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
-    bytes_ += encodeReadable(clean) + "\r\n";
+    bytes_ += encoder_(clean) + "\r\n";
 }
 
 QString LineReader::line() {

@@ -10,12 +10,16 @@ namespace velm::ansi {
 
 class LineWriter {
 public:
-    /// CR LF ends the line; a line end inside the text becomes a blank. What the code page lacks is written with the
-    /// nearest letters that it has, see encodeReadable().
+    using Encoder = QByteArray (*)(QStringView text);
+    /// `encoder` says what becomes of what the code page lacks.
+    explicit LineWriter(Encoder encoder) : encoder_(encoder) {}
+
+    /// CR LF ends the line; a line end inside the text becomes a blank.
     void line(QStringView text);
     QByteArray take() { return std::move(bytes_); }
 
 private:
+    Encoder encoder_;
     QByteArray bytes_;
 };
 

@@ -257,10 +257,10 @@ TEST(Maison, SignsStandInTheTexts) {
     ASSERT_TRUE(sign.isValid()) << sign.errorString().toStdString();
     // Forms that are fixed: the steps of the start, the lines of a search by words, a tool tip; where a title repeats
     // what is above it; documents made up, and files of the desktop.
-    static const QStringList fixed{
-        u"shell/logique/seance.cpp"_s,    u"search/recherchedico.cpp"_s,  u"document/ui/blocrecherche.cpp"_s,
-        u"document/ui/barretextes.cpp"_s, u"document/arborescence.cpp"_s, u"collection/synthese.cpp"_s,
-        u"core/extensions.cpp"_s};
+    static const QStringList fixed{u"shell/logique/seance.cpp"_s,      u"search/recherchedico.cpp"_s,
+                                   u"document/ui/blocrecherche.cpp"_s, u"document/ui/barretextes.cpp"_s,
+                                   u"document/arborescence.cpp"_s,     u"collection/synthese.cpp"_s,
+                                   u"core/extensions.cpp"_s,           u"dossiers/avisdossiers.cpp"_s};
     for (const Source& source : sources()) {
         if (source.path.startsWith(u"platform/") || fixed.contains(source.path))
             continue;

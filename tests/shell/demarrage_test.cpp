@@ -133,6 +133,7 @@ TEST_F(DemarrageTest, NoTipStandsBeforeAFrameThatStartsMinimised) {
 
 TEST_F(DemarrageTest, NoTipStandsBeforeADossierOfTheCommandLine) {
     regle(u"OPTIONS", u"TIPS", QStringLiteral("1"));
+    ecritdossiers();
     demarre(dossier.filePath(QStringLiteral("mien.dV2")));
     EXPECT_EQ(astuce(), nullptr);
 }

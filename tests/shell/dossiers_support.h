@@ -21,10 +21,7 @@ class DossiersTest : public EcranTest {
 protected:
     void SetUp() override {
         EcranTest::SetUp();
-        const auto base = Database::create(dossier.filePath(u"dossiers.dat"_s), dossiersSchema());
-        ASSERT_NE(base.database, nullptr);
-        TableWriter parametres(*base.database, u"paramètres"_s, {u"dernoarborescence"_s});
-        ASSERT_TRUE(parametres.add({0}) && parametres.finish());
+        ecritdossiers();
     }
     void commence(const QString& ligne = u"CO1"_s) {
         ASSERT_EQ(demarre(ligne), Demarrage::EnMarche);

@@ -66,6 +66,14 @@ protected:
         }
     }
 
+    /// A store of dossiers as it is delivered.
+    void ecritdossiers() const {
+        const auto base = Database::create(dossier.filePath(QStringLiteral("dossiers.dat")), dossiersSchema());
+        ASSERT_NE(base.database, nullptr);
+        TableWriter parametres(*base.database, QStringLiteral("paramètres"), {QStringLiteral("dernoarborescence")});
+        ASSERT_TRUE(parametres.add({0}) && parametres.finish());
+    }
+
     OptionsProgramme optionsprogramme(const QString& ligne) const {
         OptionsProgramme options;
         options.dossierprogramme = dossier.path();

@@ -47,7 +47,8 @@ Walk walk(QWidget& window, QWidget& first, Qt::KeyboardModifiers modifiers) {
         }
         if (next == way.stops.last())
             continue;
-        way.closed = next == way.stops.first();
+        // The way may switch off what it began with.
+        way.closed = next == way.stops.first() || (!way.stops.first()->isEnabled() && next == way.stops.value(1));
         if (!way.closed && way.stops.contains(next))
             break; // a circle that leaves the first one out
         if (!way.closed)
@@ -140,7 +141,7 @@ QList<QWidget*> reachable(QWidget& window) {
 }
 
 QStringList tabFaults(QWidget& window) {
-    const QList<QWidget*> wanted = reachable(window);
+    QList<QWidget*> wanted = reachable(window);
     if (wanted.isEmpty())
         return {};
     QWidget* const before = QApplication::focusWidget();
@@ -153,7 +154,16 @@ QStringList tabFaults(QWidget& window) {
     first->setFocus(Qt::TabFocusReason);
     if (!QApplication::focusWidget())
         return {named(window) + u" takes no focus"_s};
-    const Walk there = walk(window, *first, Qt::NoModifier);
+    Walk there = walk(window, *first, Qt::NoModifier);
+    // Commands that are open only while the focus is in one control, and have keys of their own.
+    QList<QWidget*> passing = wanted + there.stops;
+    passing.removeIf([](const QWidget* widget) { return widget->isEnabled(); });
+    const auto passes = [&passing](QWidget* widget) { return passing.contains(widget); };
+    wanted.removeIf(passes);
+    there.stops.removeIf(passes);
+    if (there.stops.isEmpty())
+        return {};
+    first = there.stops.first();
     if (!there.gone.isEmpty())
         faults << u"Tab leaves the window for %1: %2"_s.arg(there.gone, listed(there.stops));
     else if (!there.closed)
@@ -167,6 +177,7 @@ QStringList tabFaults(QWidget& window) {
     }
     faults += goneBack(window, there.stops);
     QList<QWidget*> back = walk(window, *first, Qt::ShiftModifier).stops;
+    back.removeIf(passes);
     std::reverse(back.begin() + 1, back.end());
     if (there.closed && back != there.stops)
         faults << u"Shift+Tab goes another way: %1 instead of %2"_s.arg(listed(back), listed(there.stops));

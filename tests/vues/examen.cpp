@@ -143,7 +143,9 @@ QStringList equalTips(QWidget& window) {
         if (tip.isEmpty())
             continue;
         const QWidget* const other = first.value(tip);
-        if (other && !other->isAncestorOf(widget) && !widget->isAncestorOf(other))
+        // A command that stands on two bars has one name.
+        const bool same = other && other->objectName().compare(widget->objectName(), Qt::CaseInsensitive) == 0;
+        if (other && !same && !other->isAncestorOf(widget) && !widget->isAncestorOf(other))
             faults << u"%1 and %2 have the tip \"%3\""_s.arg(named(*other), named(*widget), tip);
         first.insert(tip, widget);
     }

@@ -69,6 +69,8 @@ void store(Guide& guide, const QString& key, const QString& picture = {}) {
     const frmdossiers* const window = opened(guide);
     if (!window)
         return guide.miss(u"dossiers-store"_s);
+    // What hangs on the pointer lies over nothing that is looked at.
+    QTest::mouseMove(tree(*window).viewport(), tree(*window).viewport()->rect().bottomLeft() - QPoint(0, 60));
     if (!picture.isEmpty())
         guide.look(picture, QApplication::activeModalWidget());
     select(*window, key);

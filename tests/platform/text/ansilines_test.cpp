@@ -26,7 +26,7 @@ TEST(AnsiReadable, WhatThePageHasStaysAsItIs) {
 }
 
 TEST(AnsiLines, ALineEndInsideATextIsABlank) {
-    ansi::LineWriter writer;
+    ansi::LineWriter writer(ansi::encodeReadable);
     writer.line(u"a\r\nb\rc\nd"_s);
     writer.line(u""_s);
     EXPECT_EQ(writer.take(), "a b c d\r\n\r\n");

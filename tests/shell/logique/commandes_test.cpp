@@ -144,8 +144,8 @@ TEST(CommandesTest, TheListsAreOpenedByCommandsThatStayDown) {
 }
 
 TEST(CommandesTest, WhatACommandNeedsIsKnownByItsNames) {
-    EXPECT_EQ(besoindunom(u"Dossiers"), Besoin::Attente);
-    EXPECT_EQ(besoindunom(u"moutils0(3)"), Besoin::Attente) << "by its entry as well";
+    EXPECT_EQ(besoindunom(u"imprimereject"), Besoin::Attente);
+    EXPECT_EQ(besoindunom(u"maide0(1)"), Besoin::Attente) << "by its entry as well";
     EXPECT_EQ(besoindunom(u"Copier"), Besoin::Fenetre);
     EXPECT_EQ(besoindunom(u"CO"), Besoin::Rien);
     EXPECT_FALSE(besoindunom(u"dossiers"));
