@@ -179,6 +179,12 @@ QStringList tabFaults(QWidget& window) {
     QList<QWidget*> back = walk(window, *first, Qt::ShiftModifier).stops;
     back.removeIf(passes);
     std::reverse(back.begin() + 1, back.end());
+    if (!passing.isEmpty()) {
+        // Other commands are open on the way back.
+        const QList<QWidget*> way = back;
+        back.removeIf([&there](QWidget* widget) { return !there.stops.contains(widget); });
+        there.stops.removeIf([&way](QWidget* widget) { return !way.contains(widget); });
+    }
     if (there.closed && back != there.stops)
         faults << u"Shift+Tab goes another way: %1 instead of %2"_s.arg(listed(back), listed(there.stops));
     if (before)
@@ -199,6 +205,8 @@ QStringList withoutRing(QWidget& window) {
         other->setFocus(Qt::TabFocusReason);
         QTest::keyClick(other, Qt::Key_Shift); // who uses keys is shown where they go
         QCoreApplication::processEvents();
+        if (!widget->isEnabled())
+            continue; // it passes with the focus of another one
         const QImage without = picture(window, place);
         widget->setFocus(Qt::TabFocusReason);
         QCoreApplication::processEvents();

@@ -144,7 +144,8 @@ QStringList equalTips(QWidget& window) {
             continue;
         const QWidget* const other = first.value(tip);
         // A command that stands on two bars has one name.
-        const bool same = other && other->objectName().compare(widget->objectName(), Qt::CaseInsensitive) == 0;
+        const bool same = other && !other->objectName().isEmpty() &&
+                          other->objectName().compare(widget->objectName(), Qt::CaseInsensitive) == 0;
         if (other && !same && !other->isAncestorOf(widget) && !widget->isAncestorOf(other))
             faults << u"%1 and %2 have the tip \"%3\""_s.arg(named(*other), named(*widget), tip);
         first.insert(tip, widget);
