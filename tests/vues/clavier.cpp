@@ -178,6 +178,8 @@ QStringList tabFaults(QWidget& window) {
     faults += goneBack(window, there.stops);
     QList<QWidget*> back = walk(window, *first, Qt::ShiftModifier).stops;
     back.removeIf(passes);
+    // Nor what was off at the beginning.
+    back.removeIf([&](QWidget* widget) { return !wanted.contains(widget) && !there.stops.contains(widget); });
     std::reverse(back.begin() + 1, back.end());
     if (!passing.isEmpty()) {
         // Other commands are open on the way back.
