@@ -88,8 +88,8 @@ TEST_F(ListItemsTest, WhatHappensIsToldOnce) {
     items.remove(1);
     items.remove(1);
     items.clear();
-    EXPECT_EQ(journal.told, (std::vector<std::string>{"comes 1", "came", "changed 1", "selected 1",
-                                                      "goes 1", "gone", "reset"}));
+    EXPECT_EQ(journal.told,
+              (std::vector<std::string>{"comes 1", "came", "changed 1", "selected 1", "goes 1", "gone", "reset"}));
 }
 
 TEST_F(ListItemsTest, ABulkIsToldAsOneReset) {
