@@ -122,8 +122,10 @@ bool rebuildInto(Database& base, const QString& path) {
     Making making(d, path);
     base.releaseLocks();
     const sql::Statement statement(d.handle, u"VACUUM INTO ?1"_s, false);
+    // Bound as it lies, so that it has to outlive the statement's run.
+    const sql::Value name = sql::Value::of(QVariant(QString::fromUtf8(opening::plainName(making.name()))));
     if (statement.valid())
-        statement.bind(1, sql::Value::of(QVariant(QString::fromUtf8(opening::plainName(making.name())))));
+        statement.bind(1, name);
     if (!statement.valid() || statement.run() != SQLITE_OK) {
         d.noteError();
         return false;
