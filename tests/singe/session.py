@@ -180,14 +180,7 @@ class Session:
 
     def close_all(self):
         """Answers what asks and closes all windows but the main one, so that the memory can be compared."""
-        for _ in range(20):
-            self.deed("back")
-            frame = self.program.frame()
-            if not self.program.running() or self.screen.active() == frame and not self.screen.popups():
-                break
-            self.screen.key("Escape")
-            self.program.settle()
-            time.sleep(0.1)
+        self.close_boxes()
         self.program.rest()
         rounds = collections.deque(maxlen=CLOSED)
         for _ in range(MOST_WINDOWS):
@@ -202,7 +195,23 @@ class Session:
             alike = all(round[1] == now for round in rounds)
             if len(rounds) == CLOSED and alike and self.program.work() - rounds[0][0] <= IDLE:
                 break
+        # The tip of a start comes when all else stands, and may have come only now.
+        self.close_boxes()
         self.program.rest()
+
+    def close_boxes(self):
+        """Every window that the program has beside its frame; one that did not get the keys is given them."""
+        for _ in range(20):
+            self.deed("back")
+            frame = self.program.frame()
+            others = [window for window in self.screen.clients() if window != frame]
+            if not self.program.running() or not others and not self.screen.popups():
+                break
+            if others and self.screen.active() == frame:
+                self.screen.activate(others[-1])
+            self.screen.key("Escape")
+            self.program.settle()
+            time.sleep(0.1)
 
     def balance(self):
         if not self.program.running():
@@ -217,13 +226,13 @@ class Session:
 
     def leave(self):
         """Ends the program as a user does, and reads what it has kept."""
-        self.screen.key("ctrl+q")
         end = time.monotonic() + self.program.patience
         while self.program.running():
             if time.monotonic() > end:
                 raise Fault("the program cannot be left")
+            # What stands in front of the frame has the keys: first it is answered, then the command is given.
+            self.screen.key("ctrl+q" if self.screen.active() == self.program.frame() else "Return")
             time.sleep(0.2)
-            self.screen.key("Return")
         self.program.check_words()
         self.read_settings()
 
