@@ -26,14 +26,19 @@ QString ContenuDossier::suffixe(const Extrait& extrait) const {
 void ContenuDossier::liste(qint64 numero) {
     const RedrawOff sansdessin(elements_);
     elements_.clear();
-    Recordset& donnees = magasin_.rsdonnees();
-    donnees.setIndex(u"primarykey"_s);
-    donnees.seek(Seek::GreaterOrEqual, numero);
-    for (; !donnees.eof() && donnees.number(u"arborescence"_s) == numero; donnees.moveNext()) {
-        const Extrait extrait{donnees.number(u"positiondébut"_s), donnees.number(u"positionfin"_s)};
-        const QString code = donnees.text(u"référence"_s);
-        elements_.add(0, cleelement(code + donnees.text(u"numart"_s), donnees.number(u"noordre"_s), extrait),
-                      donnees.text(u"titre"_s) + suffixe(extrait), code);
+    // One question for all rows: field by field, those of a full dossier would be waited for.
+    QString erreur;
+    const auto rangees = magasin_.dbdossiers().openQuery(
+        u"SELECT référence, numart, noordre, titre, positiondébut, positionfin FROM données WHERE arborescence=?1 "
+        "ORDER BY noordre"_s,
+        {numero}, &erreur);
+    if (!rangees)
+        runtimeError(erreur);
+    for (; !rangees->eof(); rangees->moveNext()) {
+        const Extrait extrait{rangees->number(4), rangees->number(5)};
+        const QString code = rangees->text(0);
+        elements_.add(0, cleelement(code + rangees->text(1), rangees->number(2), extrait),
+                      rangees->text(3) + suffixe(extrait), code);
     }
 }
 
