@@ -37,11 +37,20 @@ Magasin::~Magasin() {
 
 void Magasin::ouvredossiers(const QString& dossierchemin) {
     chemin_ = joinPath(dossierchemin, nomfichier);
+    if (!ouvre())
+        return;
+    verrou_ = std::make_unique<QLockFile>(chemin_ + extensionverrou);
+    // A lock whose owner runs is never stale, however old it is.
+    verrou_->setStaleLockTime(0);
+    tientleverrou();
+}
+
+bool Magasin::ouvre() {
     auto ouverte = Database::open(chemin_, OpenMode::Shared, dossiersSchema());
     indisponibles_ = ouverte.database == nullptr;
     echec_ = {ouverte.obstacle, ouverte.message};
     if (indisponibles_)
-        return;
+        return false;
     arborescences_ = ouverte.database->openTable(u"arborescences"_s);
     donnees_ = ouverte.database->openTable(u"données"_s);
     parametres_ = ouverte.database->openTable(u"paramètres"_s);
@@ -49,10 +58,7 @@ void Magasin::ouvredossiers(const QString& dossierchemin) {
     etat_.reset();
     copie_ = {};
     copiemanquee_ = false;
-    verrou_ = std::make_unique<QLockFile>(chemin_ + extensionverrou);
-    // A lock whose owner runs is never stale, however old it is.
-    verrou_->setStaleLockTime(0);
-    tientleverrou();
+    return true;
 }
 
 void Magasin::fermedossiers() {
@@ -72,8 +78,10 @@ void Magasin::fermedossiers() {
 }
 
 void Magasin::rouvre() {
+    auto verrou = std::move(verrou_);
     fermedossiers();
-    ouvredossiers(folderOf(chemin_));
+    if (ouvre())
+        verrou_ = std::move(verrou);
 }
 
 Recordset& Magasin::table(const std::unique_ptr<Recordset>& table, QStringView nom) const {

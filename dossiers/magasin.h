@@ -42,7 +42,7 @@ public:
     void ouvredossiers(const QString& dossierchemin);
     /// Nothing where the store is not available.
     void fermedossiers();
-    /// Closes the store and opens it again: its file is another one now.
+    /// Closes the store and opens it again: its file is another one now. No other program gets it meanwhile.
     void rouvre();
     bool dossiersindisponibles() const { return indisponibles_; }
     /// Full path of the store, whether it opened or not.
@@ -79,6 +79,7 @@ private:
     EchecEcriture dernier() const;
     bool litschema();
     EchecEcriture ecritseul(const std::function<bool()>& travail);
+    bool ouvre();
     bool tientleverrou();
     void copiedujour();
 

@@ -7,11 +7,13 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace velm {
@@ -25,7 +27,7 @@ constexpr int pagesAtOnce = 256;
 class Making {
 public:
     Making(Database::Private& d, const QString& path)
-        : d_(d), target_(QDir::current().absoluteFilePath(path)), name_(target_ + u".nouveau"_s) {
+        : d_(d), target_(behindLinks(path)), name_(target_ + u".nouveau"_s) {
         QFile::remove(name_);
     }
     ~Making() {
@@ -37,10 +39,15 @@ public:
 
     const QString& name() const { return name_; }
 
-    /// Forces it on the disk and gives it its name; its folder is forced, too, as a name is part of that.
+    /// Forces it on the disk and gives it its name; its folder is forced, too, as a name is part of that. Whoever could
+    /// read the one before can read it, and nobody else.
     bool takesPlace() {
         const QByteArray from = QFile::encodeName(name_);
         const QByteArray to = QFile::encodeName(target_);
+        struct stat before {};
+        const bool replaces = ::stat(to.constData(), &before) == 0;
+        if (replaces && ::chmod(from.constData(), before.st_mode & rights) != 0)
+            return failed();
         if (!force(from, O_RDONLY) || std::rename(from.constData(), to.constData()) != 0)
             return failed();
         done_ = true;
@@ -48,6 +55,13 @@ public:
     }
 
 private:
+    static constexpr mode_t rights = 07777;
+
+    /// A link goes on leading to what it led to.
+    static QString behindLinks(const QString& path) {
+        const QString real = QFileInfo(path).canonicalFilePath();
+        return real.isEmpty() ? QDir::current().absoluteFilePath(path) : real;
+    }
     static bool force(const QByteArray& path, int flags) {
         const int file = ::open(path.constData(), flags | O_CLOEXEC);
         if (file < 0)

@@ -44,6 +44,23 @@ TEST_F(ReparationTest, OrphanDossiersGoInOnePassInTheOrderOfTheirNumbers) {
     EXPECT_EQ(numeros(), std::vector<qint64>{4});
 }
 
+TEST_F(ReparationTest, ACycleOfDossiersIsNoOrphan) {
+    ouvre({{1, 2, 1, u"a"_s}, {2, 1, 2, u"b"_s}, {-3, 0, 3, u"c"_s}});
+    EXPECT_EQ(repare().dossiers, 0);
+    EXPECT_EQ(numeros(), (std::vector<qint64>{-3, 1, 2}));
+}
+
+TEST_F(ReparationTest, ItemsBeforeBetweenAndBehindTheDossiersGo) {
+    ouvre({{2, 0, 1, u"a"_s, 1}, {5, 9, 2, u"b"_s, 1}}, {{0, 1, u"CO000001"_s, u"on the root"_s},
+                                                         {1, 1, u"CO000002"_s, u"before all"_s},
+                                                         {2, 1, u"CO000003"_s, u"kept"_s, 3, 4},
+                                                         {3, 1, u"CO000004"_s, u"between"_s},
+                                                         {5, 1, u"CO000005"_s, u"of an orphan"_s},
+                                                         {9, 1, u"CO000006"_s, u"behind all"_s}});
+    EXPECT_EQ(repare().elements, 5);
+    EXPECT_EQ(elements(), (std::vector<RangeeElement>{{2, 1, u"CO000003"_s, u"kept"_s, 3, 4}}));
+}
+
 TEST_F(ReparationTest, OrphanItemsGoThoseOfTheRootToo) {
     ouvre({{1, 0, 1, u"a"_s, 1}}, {{0, 1, u"CO000001"_s, u"racine"_s, 0, 0},
                                    {1, 1, u"CO000002"_s, u"bon"_s, 0, 0},
