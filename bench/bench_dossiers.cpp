@@ -1,7 +1,8 @@
-// The store of the dossiers: the tree and a dossier read, the tree saved, the store repaired.
+// The store of the dossiers: the tree and a dossier read, the tree saved, a file taken in, the store repaired.
 #include "core/schemas.h"
 #include "dossiers/arbredossiers.h"
 #include "dossiers/contenudossier.h"
+#include "dossiers/fichierdossier.h"
 #include "dossiers/reparation.h"
 
 #include <QFile>
@@ -100,6 +101,29 @@ void sauve(benchmark::State& etat) {
     }
 }
 
+/// From the file's bytes to the store: the dossier with its items, as one change.
+void importe(benchmark::State& etat) {
+    Essai essai(2000, 20'000);
+    essai.arbre.chargearbre();
+    essai.arbre.Sauvearbre();
+    FichierDossier fichier{.nom = u"Reçu"_s, .elements = {}};
+    for (int i = 1; i <= 5000; ++i)
+        fichier.elements.emplace_back(u"CO%1 %2"_s.arg(i % 1000, 6, 10, QChar(u'0')).arg(i),
+                                      u"Article L111-%1 du code de la consommation"_s.arg(i));
+    const QByteArray octets = ecritfichierdossier(fichier);
+    for ([[maybe_unused]] const auto& tour : etat) {
+        const auto lu = litfichierdossier(octets);
+        const int noeud = essai.arbre.ajoute(essai.noeuds.childAt(0, 0), lu->nom);
+        const EchecEcriture echec = essai.magasin.ecrit([&] {
+            return essai.arbre.ecritneuf(noeud) && essai.contenu.importe(lu->elements, essai.arbre.numero(noeud)).ok();
+        });
+        if (!echec.ok())
+            etat.SkipWithError("not imported");
+        essai.contenu.montre(lu->elements);
+    }
+    etat.counters["items"] = essai.elements.count();
+}
+
 void repare(benchmark::State& etat) {
     Essai essai(2000, 100'000, 10);
     const QByteArray octets = essai.octets();
@@ -121,6 +145,7 @@ BENCHMARK_CAPTURE(charge, unniveau, false)->Name("Dossiers/tree, one level")->Un
 BENCHMARK_CAPTURE(charge, tout, true)->Name("Dossiers/tree, all levels")->Unit(benchmark::kMillisecond);
 BENCHMARK(liste)->Name("Dossiers/5000 items listed")->Unit(benchmark::kMillisecond);
 BENCHMARK(sauve)->Name("Dossiers/2000 saved")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(importe)->Name("Dossiers/5000 items imported")->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(repare)->Name("Dossiers/100000 items repaired")->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
 
 BENCHMARK_MAIN();
