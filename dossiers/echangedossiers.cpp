@@ -4,32 +4,42 @@
 
 namespace velm {
 
-FichierDossier EchangeDossiers::fichier() const {
-    const TreeNodes& noeuds = gestion_.donnees().noeuds;
-    const ListItems& elements = gestion_.donnees().elements;
+FichierDossier fichierdudossier(const QString& nom, const ListItems& elements) {
     FichierDossier fichier;
-    fichier.nom = sanscompteur(noeuds.text(noeuds.selected()));
+    fichier.nom = nom;
     for (int index = 1; index <= elements.count(); ++index)
         fichier.elements.emplace_back(elements.key(index), elements.text(index));
     return fichier;
 }
 
-bool EchangeDossiers::importe(const FichierDossier& fichier) {
-    const GestionDossiers::Donnees& donnees = gestion_.donnees();
-    const Attente attente(donnees.sablier);
-    ArbreDossiers& arbre = gestion_.arbre();
-    const int noeud = arbre.ajoute(donnees.noeuds.childAt(0, 0), fichier.nom);
-    const EchecEcriture echec = donnees.magasin.ecrit([&] {
-        return arbre.ecritneuf(noeud) && gestion_.contenu().importe(fichier.elements, arbre.numero(noeud)).ok();
-    });
-    if (!gestion_.reussi(echec, Texte::DossiersPasModifies)) {
-        donnees.noeuds.remove(noeud);
-        return false;
+FichierDossier EchangeDossiers::fichier() const {
+    const TreeNodes& noeuds = gestion_.donnees().noeuds;
+    return fichierdudossier(sanscompteur(noeuds.text(noeuds.selected())), gestion_.donnees().elements);
+}
+
+EchecEcriture importedossier(Magasin& magasin, TreeNodes& noeuds, ArbreDossiers& arbre, ContenuDossier& contenu,
+                             const FichierDossier& fichier) {
+    const int noeud = arbre.ajoute(noeuds.childAt(0, 0), fichier.nom);
+    EchecEcriture echec = magasin.ecrit(
+        [&] { return arbre.ecritneuf(noeud) && contenu.importe(fichier.elements, arbre.numero(noeud)).ok(); });
+    if (!echec.ok()) {
+        noeuds.remove(noeud);
+        return echec;
     }
-    gestion_.contenu().montre(fichier.elements);
+    contenu.montre(fichier.elements);
     // Of a file that ends too early the number of items is not counted.
     if (!fichier.interrompu)
         arbre.modifierelements(noeud, qint64(fichier.elements.size()));
+    return echec;
+}
+
+bool EchangeDossiers::importe(const FichierDossier& fichier) {
+    const GestionDossiers::Donnees& donnees = gestion_.donnees();
+    const Attente attente(donnees.sablier);
+    const EchecEcriture echec =
+        importedossier(donnees.magasin, donnees.noeuds, gestion_.arbre(), gestion_.contenu(), fichier);
+    if (!gestion_.reussi(echec, Texte::DossiersPasModifies))
+        return false;
     gestion_.permet();
     return true;
 }

@@ -6,6 +6,13 @@
 
 namespace velm {
 
+/// What a file holds of a dossier of this name, whose items are listed.
+FichierDossier fichierdudossier(const QString& nom, const ListItems& elements);
+/// Makes the dossier of a file the last one below the root, selected, and shows its items: one change of the store, to
+/// which a save of the tree is still to come. After a failure everything is as before.
+EchecEcriture importedossier(Magasin& magasin, TreeNodes& noeuds, ArbreDossiers& arbre, ContenuDossier& contenu,
+                             const FichierDossier& fichier);
+
 class EchangeDossiers {
 public:
     /// Not owned.

@@ -36,7 +36,11 @@ Magasin::~Magasin() {
 }
 
 void Magasin::ouvredossiers(const QString& dossierchemin) {
-    chemin_ = joinPath(dossierchemin, nomfichier);
+    ouvremagasin(joinPath(dossierchemin, nomfichier));
+}
+
+void Magasin::ouvremagasin(const QString& chemin) {
+    chemin_ = chemin;
     if (!ouvre())
         return;
     verrou_ = std::make_unique<QLockFile>(chemin_ + extensionverrou);

@@ -40,6 +40,8 @@ public:
     /// Opens the store in a folder, which may end in one or two separators, with its tables. Nothing is said when that
     /// fails: what was open stays, and dossiersindisponibles() is true.
     void ouvredossiers(const QString& dossierchemin);
+    /// The same for a file of any name.
+    void ouvremagasin(const QString& chemin);
     /// Nothing where the store is not available.
     void fermedossiers();
     /// Closes the store and opens it again: its file is another one now. No other program gets it meanwhile.

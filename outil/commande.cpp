@@ -13,6 +13,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr GroupeOptions optionbase{Texte::OptionBase, "--base="};
+constexpr GroupeOptions optiondossiers{Texte::OptionDossiers, "--dossiers="};
 constexpr GroupeOptions optionjson{Texte::OptionJson, "--json"};
 constexpr GroupeOptions optiontypes{Texte::OptionTypes, "--types="};
 constexpr GroupeOptions optionlimite{Texte::OptionLimite, "--limite="};
@@ -72,6 +73,49 @@ int prendligne(Contexte& contexte, const Commande& commande, QStringList reste) 
     return Reussite;
 }
 
+QLatin1StringView nomde(const Commande& commande) {
+    return QLatin1StringView(commande.nom);
+}
+
+/// The commands whose names have this first word and a second one.
+std::vector<const Commande*> familledenom(const QString& nom) {
+    std::vector<const Commande*> famille;
+    for (const Commande& commande : commandes()) {
+        if (nomde(commande).startsWith(nom + u' '))
+            famille.push_back(&commande);
+    }
+    return famille;
+}
+
+int executeune(Contexte& contexte, const Commande& commande, const QStringList& ligne) {
+    if (demandeaide(ligne)) {
+        aide(contexte, commande);
+        return Reussite;
+    }
+    const int code = prendligne(contexte, commande, ligne);
+    return code == Reussite ? commande.fait(contexte) : code;
+}
+
+int executedelafamille(Contexte& contexte, const std::vector<const Commande*>& famille, const QString& nom,
+                       const QStringList& ligne) {
+    const QString entier = nom + u' ' + ligne.value(0);
+    for (const Commande* une : famille) {
+        if (entier == nomde(*une))
+            return executeune(contexte, *une, ligne.mid(1));
+    }
+    if (demandeaide(ligne)) {
+        for (const Commande* une : famille)
+            aide(contexte, *une);
+        return Reussite;
+    }
+    if (!ligne.isEmpty())
+        return contexte.echoue(LigneIncorrecte, Texte::CommandeInconnue, {entier});
+    QStringList noms;
+    for (const Commande* une : famille)
+        noms << QString(nomde(*une)).section(u' ', 1);
+    return contexte.echoue(LigneIncorrecte, Texte::ArgumentManquant, {noms.join(u", "_s)});
+}
+
 } // namespace
 
 const std::vector<Commande>& commandes() {
@@ -102,7 +146,24 @@ const std::vector<Commande>& commandes() {
         {"texte", Texte::CommandeTexte, Texte::ArgumentFichierRtf, 1, 1, {}, texte},
         {"rtf", Texte::CommandeRtf, Texte::ArgumentFichierRtf, 1, 1, {}, rtf},
         {"formats", Texte::CommandeFormats, Texte::ArgumentFichierRtf, 1, 1, {}, formats},
-        {"dossiers", Texte::CommandeDossiers, Texte::ArgumentBase, 1, 1, {}, dossiers},
+        {"dossiers cree", Texte::CommandeDossiers, Texte::ArgumentBase, 1, 1, {}, dossierscree},
+        {"dossiers liste", Texte::CommandeDossiersListe, {}, 0, 0, {optiondossiers, optionjson}, dossiersliste},
+        {"dossiers exporte",
+         Texte::CommandeDossiersExporte,
+         Texte::ArgumentsNumeroDv2,
+         2,
+         2,
+         {optiondossiers, optionjson},
+         dossiersexporte},
+        {"dossiers importe",
+         Texte::CommandeDossiersImporte,
+         Texte::ArgumentFichierDv2,
+         1,
+         1,
+         {optiondossiers, optionjson},
+         dossiersimporte},
+        {"dossiers verifie", Texte::CommandeDossiersVerifie, {}, 0, 0, {optiondossiers, optionjson}, dossiersverifie},
+        {"dossiers repare", Texte::CommandeDossiersRepare, {}, 0, 0, {optiondossiers, optionjson}, dossiersrepare},
         {"mots",
          Texte::CommandeMots,
          Texte::ArgumentMots,
@@ -200,16 +261,14 @@ void aide(Contexte& contexte) {
 }
 
 int execute(Contexte& contexte, const QString& nom, const QStringList& ligne) {
-    const auto commande = std::find_if(commandes().begin(), commandes().end(),
-                                       [&](const Commande& c) { return nom == QLatin1StringView(c.nom); });
-    if (commande == commandes().end())
+    const std::vector<const Commande*> famille = familledenom(nom);
+    if (!famille.empty())
+        return executedelafamille(contexte, famille, nom, ligne);
+    const auto commande = std::ranges::find_if(commandes(), [&](const Commande& c) { return nom == nomde(c); });
+    // The names of two words are known by the first.
+    if (commande == commandes().end() || nom.contains(u' '))
         return contexte.echoue(LigneIncorrecte, Texte::CommandeInconnue, {nom});
-    if (demandeaide(ligne)) {
-        aide(contexte, *commande);
-        return Reussite;
-    }
-    const int code = prendligne(contexte, *commande, ligne);
-    return code == Reussite ? commande->fait(contexte) : code;
+    return executeune(contexte, *commande, ligne);
 }
 
 } // namespace velm::outil

@@ -9,7 +9,6 @@
 #include "outil/sortie.h"
 #include "platform/system/files.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -221,24 +220,6 @@ int info(Contexte& contexte) {
         ecrit(typedindice(indice) + u' ' + contexte.texte(libelledefenetre(indice)),
               contexte.nombre(collections.value(typedindice(indice)).toInteger()));
     return Reussite;
-}
-
-int dossiers(Contexte& contexte) {
-    const QString chemin = contexte.arguments().first();
-    const auto cree = Database::create(chemin, dossiersSchema());
-    if (!cree.database)
-        return contexte.echouefichier(Texte::FichierNonEcrit, chemin, cree.obstacle, cree.message);
-    Database& base = *cree.database;
-    TableWriter parametres(base, u"paramètres"_s, {u"dernoarborescence"_s});
-    if (parametres.add({0}) && parametres.finish() && base.sync())
-        return Reussite;
-    const Obstacle obstacle = base.obstacle();
-    const QString mots = base.lastError();
-    parametres.finish();
-    base.close();
-    // Half a store is none.
-    QFile::remove(chemin);
-    return contexte.echouefichier(Texte::FichierNonEcrit, chemin, obstacle, mots);
 }
 
 } // namespace velm::outil

@@ -63,7 +63,12 @@ std::optional<QByteArray> litfichier(Contexte& contexte, const QString& chemin, 
 
 int compiler(Contexte& contexte);
 int synthese(Contexte& contexte);
-int dossiers(Contexte& contexte);
+int dossierscree(Contexte& contexte);
+int dossiersliste(Contexte& contexte);
+int dossiersexporte(Contexte& contexte);
+int dossiersimporte(Contexte& contexte);
+int dossiersverifie(Contexte& contexte);
+int dossiersrepare(Contexte& contexte);
 int info(Contexte& contexte);
 int document(Contexte& contexte);
 int texte(Contexte& contexte);

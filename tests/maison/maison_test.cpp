@@ -46,7 +46,7 @@ const QMap<QString, QStringList>& plan() {
         {u"search"_s, document},
         {u"dossiers"_s, core + QStringList{u"core"_s, u"platform/controls"_s}},
         {u"collection"_s, document},
-        {u"outil"_s, document + QStringList{u"document"_s, u"search"_s, u"collection"_s}},
+        {u"outil"_s, document + QStringList{u"document"_s, u"search"_s, u"dossiers"_s, u"collection"_s}},
         {u"document/ui"_s, document + widgets + QStringList{u"document"_s}},
         {u"search/ui"_s, document + widgets + QStringList{u"search"_s}},
         {u"dossiers/ui"_s, document + widgets + QStringList{u"dossiers"_s}},

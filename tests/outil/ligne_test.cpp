@@ -15,6 +15,12 @@ struct Attendue {
 
 class OutilLigneTest : public OutilRechercheTest {
 protected:
+    void SetUp() override {
+        const QString fichier = ecrit(u"b.dv2"_s, "VELMORante 2000 - DV2\r\nBaux\r\n");
+        ASSERT_EQ(lance({u"dossiers"_s, u"cree"_s, magasin()}).code, 0);
+        ASSERT_EQ(lance({u"dossiers"_s, u"importe"_s, fichier, u"--dossiers"_s, magasin()}).code, 0);
+    }
+    QString magasin() const { return dossier.filePath(u"dossiers.dat"_s); }
     static QString base() { return QStringLiteral(VELM_BINARY_DIR "/bin/velm2000.dat"); }
     static QString exemple() { return QStringLiteral(VELM_SOURCE_DIR "/collection/exemple"); }
 
@@ -39,7 +45,12 @@ protected:
             {"texte", {rtf}, {}},
             {"rtf", {rtf}, {}},
             {"formats", {rtf}, {}},
-            {"dossiers", {dossier.filePath(u"dossiers.dat"_s)}, {}},
+            {"dossiers cree", {neuve}, {}},
+            {"dossiers liste", {}, {u"--dossiers"_s, u"--json"_s}},
+            {"dossiers exporte", {u"1"_s, dossier.filePath(u"a.dv2"_s)}, {u"--dossiers"_s, u"--json"_s}},
+            {"dossiers importe", {dossier.filePath(u"b.dv2"_s)}, {u"--dossiers"_s, u"--json"_s}},
+            {"dossiers verifie", {}, {u"--dossiers"_s, u"--json"_s}},
+            {"dossiers repare", {}, {u"--dossiers"_s, u"--json"_s}},
             {"mots", {u"contrat"_s, u"vente"_s}, {u"--types"_s, u"--ou"_s, u"--limite"_s, u"--base"_s, u"--json"_s}},
             {"rapide", {u"contrat"_s}, {u"--types"_s, u"--limite"_s, u"--base"_s, u"--json"_s}},
             {"index", {}, {u"--types"_s, u"--base"_s, u"--json"_s}},
@@ -61,12 +72,18 @@ protected:
         return toutes;
     }
     /// The option with a value if this command takes it with one.
-    static QStringList avecvaleur(const Attendue& commande, const QString& option) {
+    QStringList avecvaleur(const Attendue& commande, const QString& option) const {
         const bool sans = option == u"--texte" && QString::fromLatin1(commande.nom) == u"document";
-        const QString valeur = sans ? QString() : valeurs().value(option);
+        const QString valeur = sans ? QString() : option == u"--dossiers"_s ? magasin() : valeurs().value(option);
         return valeur.isEmpty() ? QStringList{option} : QStringList{option, valeur};
     }
     static QString nom(const Attendue& commande) { return QString::fromLatin1(commande.nom); }
+    /// What keeps the command from the store beside the program, when another option is tried.
+    QStringList ailleurs(const Attendue& commande, const QString& option) const {
+        const bool autre = commande.options.contains(u"--dossiers"_s) && option != u"--dossiers"_s;
+        return autre ? QStringList{u"--dossiers"_s, magasin()} : QStringList();
+    }
+    static QStringList mots(const Attendue& commande) { return nom(commande).split(u' '); }
 };
 
 /// The words of a text that look like options.
@@ -87,7 +104,7 @@ QStringList optionsde(const QString& texte) {
 TEST_F(OutilLigneTest, EachHelpListsExactlyTheOptionsThatTheCommandTakes) {
     QStringList toutes{u"--help"_s, u"--version"_s};
     for (const Attendue& commande : commandes()) {
-        const Sortie aide = lance({nom(commande), u"--help"_s});
+        const Sortie aide = lance(mots(commande) << u"--help"_s);
         EXPECT_EQ(aide.code, 0) << commande.nom;
         QStringList lues = optionsde(aide.texte);
         QStringList attendues = commande.options + QStringList{u"--help"_s};
@@ -111,18 +128,18 @@ TEST_F(OutilLigneTest, EachOptionIsTakenOnceAndNoOther) {
         for (const QString& option : commande.options) {
             QFile::remove(dossier.filePath(u"neuve.dat"_s));
             const QStringList prise = avecvaleur(commande, option);
-            const Sortie sortie = lance(QStringList{nom(commande)} + commande.arguments + prise);
+            const Sortie sortie = lance(mots(commande) + commande.arguments + ailleurs(commande, option) + prise);
             EXPECT_EQ(sortie.code, 0) << commande.nom << ' ' << qPrintable(option) << sortie.erreurs.constData();
-            EXPECT_EQ(lance(QStringList{nom(commande)} + commande.arguments + prise + prise).code, 2)
+            EXPECT_EQ(lance(mots(commande) + commande.arguments + prise + prise).code, 2)
                 << commande.nom << ' ' << qPrintable(option) << " twice";
             if (prise.size() == 2) {
-                const Sortie sans = lance(QStringList{nom(commande)} + commande.arguments + QStringList{option});
+                const Sortie sans = lance(mots(commande) + commande.arguments + QStringList{option});
                 EXPECT_EQ(sans.code, 2) << commande.nom << ' ' << qPrintable(option);
                 EXPECT_TRUE(sans.erreurs.contains(option.toUtf8())) << sans.erreurs.constData();
             }
         }
         for (const QString& option : {u"--inconnue"_s, u"--"_s + nom(commande), u"--js"_s, u"--json=1"_s}) {
-            const Sortie sortie = lance(QStringList{nom(commande), option} + commande.arguments);
+            const Sortie sortie = lance(mots(commande) + QStringList{option} + commande.arguments);
             EXPECT_EQ(sortie.code, 2) << commande.nom << ' ' << qPrintable(option);
             EXPECT_TRUE(sortie.erreurs.contains(option.toUtf8())) << sortie.erreurs.constData();
         }
@@ -133,9 +150,9 @@ TEST_F(OutilLigneTest, TheShortNameOfTheHelpIsTheSame) {
     EXPECT_EQ(lance({u"-h"_s}).code, 0);
     EXPECT_EQ(lance({u"-h"_s}).texte, lance({u"--help"_s}).texte);
     for (const Attendue& commande : commandes()) {
-        EXPECT_EQ(lance({nom(commande), u"-h"_s}).texte, lance({nom(commande), u"--help"_s}).texte);
+        EXPECT_EQ(lance(mots(commande) << u"-h"_s).texte, lance(mots(commande) << u"--help"_s).texte);
         // Wherever it stands, and whatever else does.
-        EXPECT_EQ(lance({nom(commande), u"x"_s, u"--inconnue"_s, u"-h"_s}).code, 0) << commande.nom;
+        EXPECT_EQ(lance(mots(commande) << u"x"_s << u"--inconnue"_s << u"-h"_s).code, 0) << commande.nom;
     }
 }
 
@@ -144,7 +161,7 @@ TEST_F(OutilLigneTest, AnArgumentTooFewOrTooManyIsAnError) {
         const bool ensemble = nom(commande) == u"mots" || nom(commande) == u"rapide";
         if (!ensemble) {
             QFile::remove(dossier.filePath(u"neuve.dat"_s));
-            const Sortie trop = lance(QStringList{nom(commande)} + commande.arguments + QStringList{u"de-trop"_s});
+            const Sortie trop = lance(mots(commande) + commande.arguments + QStringList{u"de-trop"_s});
             EXPECT_EQ(trop.code, 2) << commande.nom;
             EXPECT_TRUE(trop.texte.isEmpty());
             EXPECT_TRUE(trop.erreurs.contains("de-trop")) << trop.erreurs.constData();
@@ -152,7 +169,7 @@ TEST_F(OutilLigneTest, AnArgumentTooFewOrTooManyIsAnError) {
         }
         if (commande.arguments.isEmpty())
             continue;
-        const Sortie peu = lance(QStringList{nom(commande)} + commande.arguments.mid(ensemble ? 2 : 1));
+        const Sortie peu = lance(mots(commande) + commande.arguments.mid(ensemble ? 2 : 1));
         EXPECT_EQ(peu.code, 2) << commande.nom;
         EXPECT_FALSE(peu.erreurs.isEmpty());
     }

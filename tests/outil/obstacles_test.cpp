@@ -132,12 +132,12 @@ TEST_F(OutilObstaclesTest, ABaseThatCannotBeWrittenSaysWhy) {
     const QString sansdossier = chemin(u"absent/b.dat"_s);
     EXPECT_EQ(dit(lance({u"compiler"_s, exemple(), sansdossier})), ecriture(sansdossier, 9531));
     EXPECT_EQ(dit(lance({u"synthese"_s, u"10"_s, sansdossier})), ecriture(sansdossier, 9531));
-    EXPECT_EQ(dit(lance({u"dossiers"_s, sansdossier})), ecriture(sansdossier, 9531));
+    EXPECT_EQ(dit(lance({u"dossiers"_s, u"cree"_s, sansdossier})), ecriture(sansdossier, 9531));
     EXPECT_EQ(dit(lance({u"compiler"_s, exemple(), dossier.path()})), ecriture(dossier.path(), 9534));
-    EXPECT_EQ(dit(lance({u"dossiers"_s, dossier.path()})), ecriture(dossier.path(), 9532));
+    EXPECT_EQ(dit(lance({u"dossiers"_s, u"cree"_s, dossier.path()})), ecriture(dossier.path(), 9532));
     ASSERT_TRUE(QFile::setPermissions(dossier.path(), QFile::Permissions(0x7555)));
-    for (const QStringList& ligne :
-         {QStringList{u"compiler"_s, exemple(), chemin(u"b.dat"_s)}, QStringList{u"dossiers"_s, chemin(u"b.dat"_s)}})
+    for (const QStringList& ligne : {QStringList{u"compiler"_s, exemple(), chemin(u"b.dat"_s)},
+                                     QStringList{u"dossiers"_s, u"cree"_s, chemin(u"b.dat"_s)}})
         EXPECT_EQ(dit(lanceavec(sansdroits, ligne)), ecriture(chemin(u"b.dat"_s), 9533));
 }
 
@@ -150,7 +150,7 @@ TEST_F(OutilObstaclesTest, AFullDiskIsSaidAndLeavesNothing) {
     for (const rlim_t octets : {0U, 5000U, 20'000U, 30'000U}) {
         const auto plein = [octets](QProcess& processus) { pleinapres(processus, octets); };
         const QString magasin = chemin(u"dossiers.dat"_s);
-        EXPECT_EQ(dit(lanceavec(plein, {u"dossiers"_s, magasin})), ecriture(magasin, 9536)) << octets;
+        EXPECT_EQ(dit(lanceavec(plein, {u"dossiers"_s, u"cree"_s, magasin})), ecriture(magasin, 9536)) << octets;
         EXPECT_TRUE(QDir(dossier.path()).isEmpty()) << octets;
     }
 }

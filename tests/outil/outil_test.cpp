@@ -75,7 +75,10 @@ TEST_F(OutilTest, AWrongCommandLineGivesTwo) {
           QStringList{QStringLiteral("synthese"), QStringLiteral("0"), chemin("b.dat")},
           QStringList{QStringLiteral("document"), QStringLiteral("CO000001"), QStringLiteral("--inconnue")},
           QStringList{QStringLiteral("texte"), QStringLiteral("--inconnue")},
-          QStringList{QStringLiteral("dossiers"), QStringLiteral("--inconnue")}}) {
+          QStringList{QStringLiteral("dossiers"), QStringLiteral("--inconnue")},
+          QStringList{QStringLiteral("dossiers")}, QStringList{QStringLiteral("dossiers"), QStringLiteral("cree")},
+          QStringList{QStringLiteral("dossiers"), QStringLiteral("rien")},
+          QStringList{QStringLiteral("dossiers cree"), chemin("c.dat")}}) {
         const Sortie sortie = lance(ligne);
         EXPECT_EQ(sortie.code, 2) << qPrintable(ligne.join(u' '));
         EXPECT_TRUE(sortie.texte.isEmpty());
@@ -215,7 +218,7 @@ TEST_F(OutilTest, ASyntheticBaseIsTheSameTwice) {
 }
 
 TEST_F(OutilTest, AnEmptyStoreIsMadeButNeverReplaced) {
-    const QStringList ligne{QStringLiteral("dossiers"), chemin("dossiers.dat")};
+    const QStringList ligne{QStringLiteral("dossiers"), QStringLiteral("cree"), chemin("dossiers.dat")};
     EXPECT_EQ(lance(ligne).code, 0);
     EXPECT_EQ(lance(ligne).code, 1);
 }
