@@ -1,7 +1,9 @@
 #include "dossiers/contenudossier.h"
 
 #include "dossiers/libellecompte.h"
+#include "platform/base/failure.h"
 #include "platform/controls/redraw.h"
+#include "platform/engine/recordset.h"
 
 #include <algorithm>
 

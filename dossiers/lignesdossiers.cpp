@@ -1,6 +1,7 @@
 #include "dossiers/lignesdossiers.h"
 
 #include "platform/base/failure.h"
+#include "platform/engine/recordset.h"
 
 #include <QHash>
 

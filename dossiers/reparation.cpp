@@ -4,6 +4,7 @@
 #include "dossiers/copies.h"
 #include "platform/base/failure.h"
 #include "platform/engine/basecopy.h"
+#include "platform/engine/recordset.h"
 
 #include <QTemporaryDir>
 

@@ -14,7 +14,7 @@ while [ $# -gt 0 ]; do
     *) break ;;
   esac
 done
-[ $# -gt 0 ] || set -- profil rtf base markup source cv2
+[ $# -gt 0 ] || set -- profil rtf base markup source cv2 dv2 dossiers
 
 worst=0
 for target in "$@"; do
