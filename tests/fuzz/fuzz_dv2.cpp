@@ -21,9 +21,10 @@ void checkKey(const QString& key) {
     const Extrait part = extraitdelacle(key);
     require(estextrait(key) || part.entier());
     const qint64 place = noordredelacle(key);
-    // A key that the program itself makes is read as it was made.
+    // A key that the program itself makes, of numbers as it has them, is read as it was made.
     const QString made = cleelement(key.left(8), place, part);
-    if (key.size() >= 8) {
+    const auto own = [](qint64 number) { return number >= 0 && number < qint64{1} << 52; };
+    if (key.size() >= 8 && own(place) && own(part.debut) && own(part.longueur)) {
         require(noordredelacle(made) == place);
         require(extraitdelacle(made) == part);
         require(documentdelacle(made) == document);
