@@ -28,13 +28,13 @@ void AvisDossiers::manque(Texte message, const EchecEcriture& echec) const {
 
 bool AvisDossiers::veutsupprimer(const QString& dossier) const {
     const QString question = texte(Texte::SuppressionLeDossier) + u" \""_s + dossier + u"\" "_s +
-                             texte(Texte::SuppressionSousDossiers) + u" ?"_s;
+                             texte(Texte::SuppressionSousDossiers);
     return dialogues_.message(question, texte(Texte::TitreSuppressionDossier), Icone::Question,
                               Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Non, pagedaide) == Bouton::Oui;
 }
 
 bool AvisDossiers::veutreparer() const {
-    return dialogues_.message(texte(Texte::QuestionReparer) + u" ?"_s, texte(Texte::Reparer), Icone::Question,
+    return dialogues_.message(texte(Texte::QuestionReparer), texte(Texte::Reparer), Icone::Question,
                               Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Non, pagedaide) == Bouton::Oui;
 }
 

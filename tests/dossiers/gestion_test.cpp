@@ -141,7 +141,7 @@ TEST_F(GestionTest, DeletingADossierWithChildrenAsks) {
     dialogues.answers = {Bouton::Non};
     gestion.supprimer();
     ASSERT_EQ(dialogues.messages.size(), 1U);
-    EXPECT_EQ(dialogues.messages[0].texte, u"<2006> \"Baux\" <4007> ?");
+    EXPECT_EQ(dialogues.messages[0].texte, u"<2006> \"Baux\" <4007>");
     EXPECT_EQ(dialogues.messages[0].titre, u"<4008>");
     EXPECT_EQ(dialogues.messages[0].contexteAide, 8);
     EXPECT_FALSE(gestion.arbre().modifie());

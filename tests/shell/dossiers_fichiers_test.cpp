@@ -131,7 +131,7 @@ TEST_F(DossiersFichiersTest, AMissingFileNamedAtTheStartIsReported) {
 
 TEST_F(DossiersFichiersTest, RepairAsksSavesAndTellsWhatItDid) {
     commenceavecun();
-    const QString question = mots(2166) + u" ?"_s;
+    const QString question = mots(2166);
     dialogues.answers = {Bouton::Non};
     presse(u"Command1"_s);
     EXPECT_EQ(dialogues.texts(), QStringList{question});
