@@ -33,6 +33,12 @@ struct Walk {
     QString gone; ///< where the way left the window
 };
 
+/// A new dossier is made from the tree alone, and by a key of its own: the way of the Tab key through the list of items
+/// switches its command off.
+bool mayPass(const QWidget& widget) {
+    return widget.objectName() == u"ajouter" && widget.window()->objectName() == u"frmdossiers";
+}
+
 /// Presses a key until the focus is where it began.
 Walk walk(QWidget& window, QWidget& first, Qt::KeyboardModifiers modifiers) {
     Walk way;
@@ -48,7 +54,8 @@ Walk walk(QWidget& window, QWidget& first, Qt::KeyboardModifiers modifiers) {
         if (next == way.stops.last())
             continue;
         // The way may switch off what it began with.
-        way.closed = next == way.stops.first() || (!way.stops.first()->isEnabled() && next == way.stops.value(1));
+        const bool passed = mayPass(*way.stops.first()) && !way.stops.first()->isEnabled();
+        way.closed = next == way.stops.first() || (passed && next == way.stops.value(1));
         if (!way.closed && way.stops.contains(next))
             break; // a circle that leaves the first one out
         if (!way.closed)
@@ -157,7 +164,7 @@ QStringList tabFaults(QWidget& window) {
     Walk there = walk(window, *first, Qt::NoModifier);
     // Commands that are open only while the focus is in one control, and have keys of their own.
     QList<QWidget*> passing = wanted + there.stops;
-    passing.removeIf([](const QWidget* widget) { return widget->isEnabled(); });
+    passing.removeIf([](const QWidget* widget) { return widget->isEnabled() || !mayPass(*widget); });
     const auto passes = [&passing](QWidget* widget) { return passing.contains(widget); };
     wanted.removeIf(passes);
     there.stops.removeIf(passes);
@@ -178,8 +185,8 @@ QStringList tabFaults(QWidget& window) {
     faults += goneBack(window, there.stops);
     QList<QWidget*> back = walk(window, *first, Qt::ShiftModifier).stops;
     back.removeIf(passes);
-    // Nor what was off at the beginning.
-    back.removeIf([&](QWidget* widget) { return !wanted.contains(widget) && !there.stops.contains(widget); });
+    if (!passing.isEmpty())
+        back.removeIf([&](QWidget* widget) { return !wanted.contains(widget) && !there.stops.contains(widget); });
     std::reverse(back.begin() + 1, back.end());
     if (!passing.isEmpty()) {
         // Other commands are open on the way back.
@@ -207,8 +214,8 @@ QStringList withoutRing(QWidget& window) {
         other->setFocus(Qt::TabFocusReason);
         QTest::keyClick(other, Qt::Key_Shift); // who uses keys is shown where they go
         QCoreApplication::processEvents();
-        if (!widget->isEnabled())
-            continue; // it passes with the focus of another one
+        if (!widget->isEnabled() && mayPass(*widget))
+            continue; // it has passed with the focus of another one
         const QImage without = picture(window, place);
         widget->setFocus(Qt::TabFocusReason);
         QCoreApplication::processEvents();

@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollBar>
+#include <QSet>
 #include <QTabBar>
 #include <QToolButton>
 
@@ -143,9 +144,9 @@ QStringList equalTips(QWidget& window) {
         if (tip.isEmpty())
             continue;
         const QWidget* const other = first.value(tip);
-        // A command that stands on two bars has one name.
-        const bool same = other && !other->objectName().isEmpty() &&
-                          other->objectName().compare(widget->objectName(), Qt::CaseInsensitive) == 0;
+        // One command that stands on the frame's bar and on a window's.
+        const bool same = other && QSet<QString>{other->objectName(), widget->objectName()} ==
+                                       QSet<QString>{u"Dossiers"_s, u"dossiers"_s};
         if (other && !same && !other->isAncestorOf(widget) && !widget->isAncestorOf(other))
             faults << u"%1 and %2 have the tip \"%3\""_s.arg(named(*other), named(*widget), tip);
         first.insert(tip, widget);
