@@ -52,9 +52,6 @@ TEST_F(Collections, TheRealCollectionCompiles) {
     const QString source = dossier(u"../shared/corpus"_s);
     if (!QFile::exists(source + u"/documents.jsonl"_s))
         GTEST_SKIP() << "the real collection is not at hand";
-#ifdef VELM_ADDRESS_SANITIZER
-    GTEST_SKIP() << "the roads over the real collection compile it with the sanitizers";
-#endif
     const ResultatCompilation resultat = velm::compile(source, base());
     ASSERT_TRUE(resultat.faite());
     EXPECT_EQ(resultat.erreurs(), 0);
