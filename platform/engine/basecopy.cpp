@@ -28,11 +28,11 @@ class Making {
 public:
     Making(Database::Private& d, const QString& path)
         : d_(d), target_(behindLinks(path)), name_(target_ + u".nouveau"_s) {
-        QFile::remove(name_);
+        clear();
     }
     ~Making() {
         if (!done_)
-            QFile::remove(name_);
+            clear();
     }
     Making(const Making&) = delete;
     Making& operator=(const Making&) = delete;
@@ -55,6 +55,12 @@ public:
     }
 
 private:
+    /// What the engine keeps beside a file goes with it: of one that a killed process left it would be taken for this
+    /// one's.
+    void clear() const {
+        for (const QString& kept : {QString(), u"-journal"_s, u"-wal"_s, u"-shm"_s})
+            QFile::remove(name_ + kept);
+    }
     static constexpr mode_t rights = 07777;
 
     /// A link goes on leading to what it led to.

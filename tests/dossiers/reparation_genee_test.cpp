@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <random>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -178,6 +179,19 @@ TEST_F(ReparationGeneeTest, WhenItCannotBeReplacedTheStoreStaysAndIsOpen) {
     EXPECT_EQ(dossiers(), nets);
 }
 
+TEST_F(ReparationGeneeTest, WhatAKilledOneLeftIsInNobodysWay) {
+    ouvrefautif();
+    for (const QString& reste : {u".nouveau"_s, u".nouveau-journal"_s, u".nouveau-wal"_s}) {
+        QFile fichier(chemin() + reste);
+        ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+        fichier.write(QByteArray::fromHex("d9d505f920a163d7") + QByteArray(4096, 'x'));
+    }
+    EXPECT_TRUE(repare().faite());
+    EXPECT_EQ(dossiers(), nets);
+    EXPECT_TRUE(magasin.sain());
+    EXPECT_EQ(QDir(dossier()).entryList({u"*.nouveau*"_s}), QStringList());
+}
+
 TEST_F(ReparationGeneeTest, ALinkAndThePermissionsOfTheStoreStay) {
     ouvrefautif();
     magasin.fermedossiers();
@@ -215,8 +229,12 @@ protected:
         Magasin sien;
         sien.ouvredossiers(dossier());
         for (;;) {
-            if (sien.dossiersindisponibles() || !Reparation::repare(sien).faite())
+            const EchecEcriture etat = sien.dossiersindisponibles() ? sien.echec() : Reparation::repare(sien).echec;
+            if (!etat.ok()) {
+                // Before the parent can tell what it looked like.
+                std::fprintf(stderr, "not repaired: %d %s\n", int(etat.obstacle), qPrintable(etat.mots));
                 _exit(1);
+            }
             const EchecEcriture echec = sien.ecrit([&] {
                 Recordset& elements = sien.rsdonnees();
                 elements.addNew();
@@ -249,6 +267,9 @@ TEST_F(ReparationTueeTest, ARepairThatIsKilledLeavesTheOldStoreOrTheNewOne) {
         ASSERT_EQ(kill(enfant, SIGKILL), 0);
         int etat = 0;
         ASSERT_EQ(waitpid(enfant, &etat, 0), enfant);
+        // The next child draws the same names for its folders.
+        QDir(temporaire()).removeRecursively();
+        QDir(dossier()).mkdir(u"temporaire"_s);
         ASSERT_TRUE(WIFSIGNALED(etat)) << "the repair gave up by itself, code " << WEXITSTATUS(etat);
         magasin.ouvredossiers(dossier());
         ASSERT_FALSE(magasin.dossiersindisponibles()) << magasin.echec().mots.toStdString();
@@ -260,8 +281,6 @@ TEST_F(ReparationTueeTest, ARepairThatIsKilledLeavesTheOldStoreOrTheNewOne) {
         EXPECT_EQ(dossiers(), (std::vector<RangeeDossier>{{1, 0, 1, u"a"_s, 500}, {2, 1, 2, u"b"_s, 500}}));
         magasin.fermedossiers();
     }
-    QDir(temporaire()).removeRecursively();
-    QDir(dossier()).mkdir(u"temporaire"_s);
 }
 
 } // namespace
