@@ -1,15 +1,12 @@
 // The reading desk with a whole collection: what a reader waits for in the windows, and what a long session costs.
 //   bench_bureau BASE [--documents N]     without --documents the benchmarks run, with it N documents are opened and
 //   closed
+#include "bench/programmedessai.h"
 #include "core/cle.h"
 #include "document/placedocument.h"
 #include "document/ui/panneautextes.h"
 #include "document/ui/textes.h"
 #include "platform/engine/recordset.h"
-#include "platform/system/settings.h"
-#include "platform/system/ui/qtdialogues.h"
-#include "platform/system/ui/qtimprimante.h"
-#include "platform/system/ui/qtoutside.h"
 #include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/grid/flexgrid.h"
@@ -22,7 +19,6 @@
 #include "shell/depart.h"
 #include "shell/ecrangeneral.h"
 #include "shell/groupedepart.h"
-#include "shell/programme.h"
 #include "shell/selection.h"
 #include "shell/vuedepart.h"
 #include "tests/platform/widgets/text/sampletext.h"
@@ -33,7 +29,6 @@
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QTableView>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -48,37 +43,18 @@ using namespace velm;
 /// The collection whose tree and list are shown: that with the most documents.
 constexpr int collection = 3;
 
-class Bureaudessai {
+class Bureaudessai : public bench::ProgrammeDessai {
 public:
-    explicit Bureaudessai(const QString& base) {
-        QDir(dossier_.path()).mkpath(QStringLiteral("langues"));
-        QFile::copy(QStringLiteral(VELM_SOURCE_DIR "/langues/RES2000.FR"),
-                    dossier_.filePath(QStringLiteral("langues/RES2000.FR")));
-        QFile::link(QFileInfo(base).absoluteFilePath(), dossier_.filePath(QStringLiteral("velm2000.dat")));
-        const QString reglages = dossier_.filePath(QStringLiteral("reglages.ini"));
-        ReglagesStore magasin(reglages);
-        magasin.save(u"OPTIONS", u"TIPS", QStringLiteral("0"));
-        magasin.save(u"GENERALITES", u"CHECKQUIT", QStringLiteral("1"));
-        magasin.save(u"POSITIONFORME", u"WINDOWSSTATE10", QStringLiteral("0")); // windows of their usual size
-        OptionsProgramme options;
-        options.dossierprogramme = dossier_.path();
-        options.fichierprogramme = dossier_.filePath(QStringLiteral("velm2000"));
-        options.fichierreglages = reglages;
-        options.dossierinstance = dossier_.path();
-        options.dossierdonnees = dossier_.filePath(QStringLiteral("donnees"));
-        programme_ =
-            std::make_unique<Programme>(options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_,
-                                                                pressepapiers_, courrier_, imprimante_, lecteurs_});
-        prete_ = programme_->demarre() == Demarrage::EnMarche;
-        QCoreApplication::processEvents();
+    explicit Bureaudessai(const QString& base) : ProgrammeDessai(bench::lien(base)) {
+        ecrit(u"POSITIONFORME", u"WINDOWSSTATE10", QStringLiteral("0")); // windows of their usual size
+        demarre();
     }
 
-    bool prete() const { return prete_; }
-    Bureau& bureau() { return programme_->bureau(); }
+    Bureau& bureau() { return programme().bureau(); }
     Navigation& navigation() { return bureau().navigation(); }
-    Corpus& corpus() { return programme_->corpus(); }
-    Selection& selection() { return programme_->selection(); }
-    VueDepart& pagededepart() { return programme_->cadre().depart().vue(); }
+    Corpus& corpus() { return programme().corpus(); }
+    Selection& selection() { return programme().selection(); }
+    VueDepart& pagededepart() { return programme().cadre().depart().vue(); }
 
     /// A fresh window of the collection, painted.
     Textes& fenetre() {
@@ -92,15 +68,8 @@ public:
         for (Textes* fenetre : bureau().fenetres())
             emit fenetre->barrechild().buttonClicked(QStringLiteral("recherchedico"));
         bureau().fermefenetres();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCoreApplication::processEvents();
+        oublie();
     }
-    /// Paints what waits to be painted.
-    static void peint() {
-        QCoreApplication::sendPostedEvents();
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    }
-
     /// Keys of the collection in order of the length of their bodies.
     QStringList clesparlongueur(bool mesure = true) {
         std::vector<std::pair<qint64, QString>> cles;
@@ -119,19 +88,6 @@ public:
             liste.append(cle);
         return liste;
     }
-
-private:
-    QTemporaryDir dossier_;
-    QtDialogues dialogues_{[](int) {}};
-    QtNavigateur navigateur_;
-    SystemProcessus processus_;
-    SablierMuet sablier_;
-    QtPressePapiers pressepapiers_;
-    SystemCourrier courrier_;
-    QtImprimante imprimante_;
-    SystemLecteurs lecteurs_;
-    std::unique_ptr<Programme> programme_;
-    bool prete_ = false;
 };
 
 Bureaudessai* bureau = nullptr;

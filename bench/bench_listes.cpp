@@ -2,10 +2,7 @@
 // painted rows, released collections, sorts, scrolling; and the same table as a plain widget holds it.
 //   bench_listes BASE [--memory]     a base of `velmoutil synthese 1000000 BASE --mots 4 --sans-texte`; with --memory
 //   what a list adds is told in place of the times
-#include "platform/system/settings.h"
-#include "platform/system/ui/qtdialogues.h"
-#include "platform/system/ui/qtimprimante.h"
-#include "platform/system/ui/qtoutside.h"
+#include "bench/programmedessai.h"
 #include "platform/widgets/frame/childarea.h"
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/grid/flexgrid.h"
@@ -14,7 +11,6 @@
 #include "shell/ecrangeneral.h"
 #include "shell/fenetreslistes.h"
 #include "shell/fenetretypes.h"
-#include "shell/programme.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -22,7 +18,6 @@
 #include <QMdiSubWindow>
 #include <QTableView>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QToolButton>
 
 #include <algorithm>
@@ -37,26 +32,10 @@ namespace {
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
 
-class Programmedessai {
+class Programmedessai : public bench::ProgrammeDessai {
 public:
-    explicit Programmedessai(const QString& base) {
-        QDir(dossier_.path()).mkpath(u"langues"_s);
-        QFile::copy(QStringLiteral(VELM_SOURCE_DIR "/langues/RES2000.FR"), dossier_.filePath(u"langues/RES2000.FR"_s));
-        QFile::link(QFileInfo(base).absoluteFilePath(), dossier_.filePath(u"velm2000.dat"_s));
-        const QString reglages = dossier_.filePath(u"reglages.ini"_s);
-        ReglagesStore magasin(reglages);
-        magasin.save(u"OPTIONS", u"TIPS", u"0"_s);
-        magasin.save(u"GENERALITES", u"CHECKQUIT", u"1"_s);
-        OptionsProgramme options;
-        options.dossierprogramme = dossier_.path();
-        options.fichierprogramme = dossier_.filePath(u"velm2000"_s);
-        options.fichierreglages = reglages;
-        options.dossierinstance = dossier_.path();
-        options.dossierdonnees = dossier_.filePath(u"donnees"_s);
-        programme_ =
-            std::make_unique<Programme>(options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_,
-                                                                pressepapiers_, courrier_, imprimante_, lecteurs_});
-        prete_ = programme_->demarre() == Demarrage::EnMarche;
+    explicit Programmedessai(const QString& base) : ProgrammeDessai(bench::lien(base)) {
+        demarre();
         // The collections are counted once the frame is seen.
         QElapsedTimer temps;
         temps.start();
@@ -64,21 +43,19 @@ public:
         while (temps.elapsed() < laisser)
             QCoreApplication::processEvents();
     }
-    bool prete() const { return prete_; }
 
     FenetreTypes& fenetre(Ordre ordre) const {
-        return *static_cast<FenetreTypes*>(programme_->listes().fenetre(ordre));
+        return *static_cast<FenetreTypes*>(programme().listes().fenetre(ordre));
     }
     /// The press of the button, until its rows are painted.
     FenetreTypes& ouvre(Ordre ordre) const {
-        programme_->ecran()->pieces().actions.de(ordre).trigger();
+        programme().ecran()->pieces().actions.de(ordre).trigger();
         attend(fenetre(ordre));
         return fenetre(ordre);
     }
     void ferme(Ordre ordre) const {
-        programme_->ecran()->pieces().aire.around(&fenetre(ordre))->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCoreApplication::processEvents();
+        programme().ecran()->pieces().aire.around(&fenetre(ordre))->close();
+        oublie();
     }
     /// The longest time that the window did not answer, in milliseconds.
     static double attend(FenetreTypes& fenetre) {
@@ -93,19 +70,6 @@ public:
         fenetre.flex().view()->viewport()->repaint();
         return plus;
     }
-
-private:
-    QTemporaryDir dossier_;
-    QtDialogues dialogues_{[](int) {}};
-    QtNavigateur navigateur_;
-    SystemProcessus processus_;
-    SablierMuet sablier_;
-    QtPressePapiers pressepapiers_;
-    SystemCourrier courrier_;
-    QtImprimante imprimante_;
-    SystemLecteurs lecteurs_;
-    std::unique_ptr<Programme> programme_;
-    bool prete_ = false;
 };
 
 Programmedessai* programme = nullptr;

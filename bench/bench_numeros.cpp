@@ -1,11 +1,8 @@
 // The searches by number and by keyword in the frame: from the key or the click to the painted rows.
 //   bench_numeros [BASE]     without BASE, on an invented collection of 100,000 documents with 20,000 keywords
+#include "bench/programmedessai.h"
 #include "collection/collection.h"
 #include "core/schemas.h"
-#include "platform/system/settings.h"
-#include "platform/system/ui/qtdialogues.h"
-#include "platform/system/ui/qtimprimante.h"
-#include "platform/system/ui/qtoutside.h"
 #include "platform/widgets/frame/toolbar.h"
 #include "platform/widgets/grid/flexgrid.h"
 #include "platform/widgets/look/look.h"
@@ -14,7 +11,6 @@
 #include "shell/fenetremotcle.h"
 #include "shell/fenetrenumero.h"
 #include "shell/fenetreslistes.h"
-#include "shell/programme.h"
 #include "shell/selection.h"
 
 #include <QApplication>
@@ -23,7 +19,6 @@
 #include <QLineEdit>
 #include <QTableView>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QToolButton>
 
 #include <algorithm>
@@ -56,36 +51,15 @@ bool invente(const QString& chemin) {
     return table.finish();
 }
 
-class Cadredessai {
+class Cadredessai : public bench::ProgrammeDessai {
 public:
-    explicit Cadredessai(QString base) {
-        QDir(dossier_.path()).mkpath(u"langues"_s);
-        QFile::copy(QStringLiteral(VELM_SOURCE_DIR "/langues/RES2000.FR"), dossier_.filePath(u"langues/RES2000.FR"_s));
-        const QString ici = dossier_.filePath(u"velm2000.dat"_s);
-        if (base.isEmpty() ? !invente(ici) : !QFile::link(QFileInfo(base).absoluteFilePath(), ici))
-            return;
-        const QString reglages = dossier_.filePath(u"reglages.ini"_s);
-        ReglagesStore magasin(reglages);
-        magasin.save(u"OPTIONS", u"TIPS", u"0"_s);
-        magasin.save(u"GENERALITES", u"CHECKQUIT", u"1"_s);
-        OptionsProgramme options;
-        options.dossierprogramme = dossier_.path();
-        options.fichierprogramme = dossier_.filePath(u"velm2000"_s);
-        options.fichierreglages = reglages;
-        options.dossierinstance = dossier_.path();
-        options.dossierdonnees = dossier_.filePath(u"donnees"_s);
-        programme_ =
-            std::make_unique<Programme>(options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_,
-                                                                pressepapiers_, courrier_, imprimante_, lecteurs_});
-        prete_ = programme_->demarre() == Demarrage::EnMarche;
-        peint();
+    explicit Cadredessai(const QString& base) : ProgrammeDessai(base.isEmpty() ? invente : bench::lien(base)) {
+        demarre();
     }
-    bool prete() const { return prete_; }
-    Programme& programme() const { return *programme_; }
 
     template <typename Fenetre>
     Fenetre& fenetre(Ordre ordre) {
-        FenetresListes& listes = programme_->cadre().listes();
+        FenetresListes& listes = programme().cadre().listes();
         if (!listes.fenetre(ordre))
             listes.bascule(ordre);
         listes.amene(ordre);
@@ -93,30 +67,12 @@ public:
         return static_cast<Fenetre&>(*listes.fenetre(ordre));
     }
     void ferme(Ordre ordre) {
-        FenetresListes& listes = programme_->cadre().listes();
+        FenetresListes& listes = programme().cadre().listes();
         listes.amene(ordre);
         listes.bascule(ordre);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        oublie();
         peint();
     }
-    /// Paints what waits to be painted.
-    static void peint() {
-        QCoreApplication::sendPostedEvents();
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    }
-
-private:
-    QTemporaryDir dossier_;
-    QtDialogues dialogues_{[](int) {}};
-    QtNavigateur navigateur_;
-    SystemProcessus processus_;
-    SablierMuet sablier_;
-    QtPressePapiers pressepapiers_;
-    SystemCourrier courrier_;
-    QtImprimante imprimante_;
-    SystemLecteurs lecteurs_;
-    std::unique_ptr<Programme> programme_;
-    bool prete_ = false;
 };
 
 Cadredessai* cadre = nullptr;

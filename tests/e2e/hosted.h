@@ -40,4 +40,16 @@ protected:
     std::unique_ptr<Host> host;
 };
 
+/// The same roads on the real collection, where it is at hand.
+template <typename Roads>
+class OnTheRealCollection : public Roads {
+protected:
+    void SetUp() override {
+        const QString base = realCollection();
+        if (base.isEmpty())
+            GTEST_SKIP() << "the real collection is not at hand";
+        ASSERT_NO_FATAL_FAILURE(this->begin(base));
+    }
+};
+
 } // namespace velm::e2e

@@ -129,16 +129,7 @@ void Lists::walkTheDates(const QString& picture) {
     ASSERT_TRUE(becomes([&] { return !list(chrono); }));
 }
 
-/// On the real collection, where it is at hand.
-class ListsOfTheRealCollection : public Lists {
-protected:
-    void SetUp() override {
-        const QString base = realCollection();
-        if (base.isEmpty())
-            GTEST_SKIP() << "the real collection is not at hand";
-        ASSERT_NO_FATAL_FAILURE(begin(base));
-    }
-};
+using ListsOfTheRealCollection = OnTheRealCollection<Lists>;
 
 } // namespace
 

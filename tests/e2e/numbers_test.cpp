@@ -98,16 +98,7 @@ protected:
     }
 };
 
-/// On the real collection, where it is at hand.
-class NumbersOfTheRealCollection : public Numbers {
-protected:
-    void SetUp() override {
-        const QString base = realCollection();
-        if (base.isEmpty())
-            GTEST_SKIP() << "the real collection is not at hand";
-        ASSERT_NO_FATAL_FAILURE(begin(base));
-    }
-};
+using NumbersOfTheRealCollection = OnTheRealCollection<Numbers>;
 
 } // namespace
 
