@@ -23,6 +23,7 @@ using noeuddossier::deplacee;
 using noeuddossier::numerosuivant;
 using noeuddossier::parcourt;
 using noeuddossier::renommee;
+using noeuddossier::sansrangee;
 using noeuddossier::supprimee;
 
 } // namespace
@@ -206,6 +207,8 @@ int ArbreDossiers::decalechildren(int ancien, int nouveau) {
         const auto [de, vers] = reste.back();
         reste.pop_back();
         for (int enfant = noeuds_.child(de); enfant != 0; enfant = noeuds_.next(enfant), ++copies) {
+            if (porte(enfant, sansrangee))
+                perdus_.push_back(numero(enfant));
             // Without the tag: what was marked below a dossier that changes its place is lost.
             const int copie = noeuds_.add(vers, noeuds_.key(enfant) + provisoire, noeuds_.text(enfant),
                                           noeuds_.image(enfant), noeuds_.selectedImage(enfant));
@@ -231,14 +234,26 @@ EchecEcriture ArbreDossiers::Sauvearbre() {
     const Attente attente(sablier_);
     const qint64 numero = prochainnumero_;
     std::vector<int> retires;
-    const EchecEcriture echec =
-        magasin_.ecrit([&] { return SauvegardeArbre(magasin_, noeuds_, prochainnumero_).sauve(retires); });
+    bool dit = false;
+    const EchecEcriture echec = magasin_.ecrit([&] {
+        SauvegardeArbre sauvegarde(magasin_, noeuds_, prochainnumero_);
+        if (!sauvegarde.sauve(retires))
+            return false;
+        sauvegarde.notedossiersperdus(perdus_);
+        dit = temoin_ != nullptr && !sauvegarde.changements().vide();
+        if (dit)
+            temoin_->vachanger(sauvegarde.changements());
+        return true;
+    });
+    if (dit)
+        temoin_->change(echec.ok());
     if (!echec.ok()) {
         prochainnumero_ = numero;
         return echec;
     }
     for (const int noeud : retires)
         noeuds_.remove(noeud);
+    perdus_.clear();
     modifie_ = false;
     return echec;
 }

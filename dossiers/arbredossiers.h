@@ -7,6 +7,7 @@
 // yet. "D": another parent or place. "R": another name. "S": to be deleted. A save does not take them off.
 #include "dossiers/magasin.h"
 #include "dossiers/noeuddossier.h"
+#include "dossiers/temoindossiers.h"
 #include "platform/controls/treenodes.h"
 #include "platform/system/sablier.h"
 
@@ -16,6 +17,9 @@ class ArbreDossiers {
 public:
     /// None is owned. `racine`: the text of the root.
     ArbreDossiers(Magasin& magasin, TreeNodes& noeuds, Sablier& sablier, QString racine);
+
+    /// Who hears what a save takes with it; not owned, may be null.
+    void ecoute(TemoinDossiers* temoin) { temoin_ = temoin; }
 
     static QString clenoeud(qint64 numero) { return noeuddossier::cle(numero); }
     /// The number in a key.
@@ -86,6 +90,8 @@ private:
     TreeNodes& noeuds_;
     Sablier& sablier_;
     QString texteracine_;
+    TemoinDossiers* temoin_ = nullptr;
+    std::vector<qint64> perdus_; ///< dossiers without a row that a move made unable to get one
     qint64 prochainnumero_ = 1;
     qint64 compteuredite_ = 0; ///< taken off the name that is being edited
     bool chargement_ = false;

@@ -52,6 +52,42 @@ void ContenuDossier::ajouteenattente(const ElementEnAttente& element) {
         ++k;
 }
 
+RangeeRangee ContenuDossier::rangee(const Magasin& magasin) {
+    const Recordset& donnees = magasin.rsdonnees();
+    return {donnees.number(u"arborescence"_s),
+            donnees.number(u"noordre"_s),
+            {donnees.text(u"référence"_s), donnees.text(u"numart"_s)},
+            donnees.text(u"titre"_s),
+            {donnees.number(u"positiondébut"_s), donnees.number(u"positionfin"_s)}};
+}
+
+void ContenuDossier::ecritrangee(const Magasin& magasin, const RangeeRangee& rangee) {
+    Recordset& donnees = magasin.rsdonnees();
+    donnees.setValue(u"arborescence"_s, rangee.dossier);
+    donnees.setValue(u"noordre"_s, rangee.noordre);
+    donnees.setValue(u"référence"_s, rangee.document.code);
+    donnees.setValue(u"numart"_s, rangee.document.numero);
+    donnees.setValue(u"titre"_s, rangee.titre);
+    donnees.setValue(u"positiondébut"_s, rangee.extrait.debut);
+    donnees.setValue(u"positionfin"_s, rangee.extrait.longueur);
+}
+
+EchecEcriture ContenuDossier::ecrit(const std::function<bool(Changements&)>& travail) const {
+    bool dit = false;
+    const EchecEcriture echec = magasin_.ecrit([&] {
+        Changements changements;
+        if (!travail(changements))
+            return false;
+        dit = temoin_ != nullptr && !changements.vide();
+        if (dit)
+            temoin_->vachanger(changements);
+        return true;
+    });
+    if (dit)
+        temoin_->change(echec.ok());
+    return echec;
+}
+
 bool ContenuDossier::trouve(const QString& cle, qint64 noordre) const {
     const Cle document = documentdelacle(cle);
     Recordset& donnees = magasin_.rsdonnees();
@@ -70,11 +106,16 @@ QString ContenuDossier::titrenu(int index) const {
 ContenuDossier::Fait ContenuDossier::renomme(int index, QString& texte) {
     const QString cle = elements_.key(index);
     Fait fait;
-    fait.echec = magasin_.ecrit([&] {
+    fait.echec = ecrit([&](Changements& changements) {
         fait.trouve = trouve(cle, noordredelacle(cle));
         if (!fait.trouve)
             return true;
         Recordset& donnees = magasin_.rsdonnees();
+        const RangeeRangee avant = rangee(magasin_);
+        RangeeRangee apres = avant;
+        apres.titre = texte;
+        if (apres != avant)
+            changements.elements.push_back({avant, apres});
         donnees.edit();
         donnees.setValue(u"titre"_s, texte);
         return donnees.update();
@@ -87,10 +128,11 @@ ContenuDossier::Fait ContenuDossier::renomme(int index, QString& texte) {
 ContenuDossier::Fait ContenuDossier::supprime(int index, qint64 dossier) {
     const QString cle = elements_.key(index);
     Fait fait;
-    fait.echec = magasin_.ecrit([&] {
+    fait.echec = ecrit([&](Changements& changements) {
         fait.trouve = trouve(cle, noordredelacle(cle));
         if (!fait.trouve)
             return true;
+        changements.elements.push_back({rangee(magasin_), std::nullopt});
         if (!magasin_.rsdonnees().remove())
             return false;
         Recordset& dossiers = magasin_.rsarborescences();
@@ -111,7 +153,7 @@ ContenuDossier::Fait ContenuDossier::echange(int i, int j) {
     const QString a = elements_.key(i);
     const QString b = elements_.key(j);
     Fait fait;
-    fait.echec = magasin_.ecrit([&] { return inversercontenuordre(i, j, fait.trouve); });
+    fait.echec = ecrit([&](Changements& changements) { return inversercontenuordre(i, j, fait.trouve, changements); });
     if (!fait.echec.ok()) {
         elements_.setKey(i, cleprovisoire);
         elements_.setKey(j, b);
@@ -128,13 +170,18 @@ ContenuDossier::Fait ContenuDossier::echange(int i, int j) {
     return fait;
 }
 
-bool ContenuDossier::inversercontenuordre(int i, int j, bool& trouvees) {
+bool ContenuDossier::inversercontenuordre(int i, int j, bool& trouvees, Changements& changements) {
     const QString a = elements_.key(i);
     const QString b = elements_.key(j);
     const qint64 placea = noordredelacle(a);
     const qint64 placeb = noordredelacle(b);
     Recordset& donnees = magasin_.rsdonnees();
-    const auto ecritplace = [&](qint64 place) {
+    const auto ecritplace = [&](qint64 place, qint64 finale) {
+        const RangeeRangee avant = rangee(magasin_);
+        RangeeRangee apres = avant;
+        apres.noordre = finale;
+        if (avant.noordre != placeprovisoire)
+            changements.elements.push_back({avant, apres});
         donnees.edit();
         donnees.setValue(u"noordre"_s, place);
         return donnees.update();
@@ -143,14 +190,14 @@ bool ContenuDossier::inversercontenuordre(int i, int j, bool& trouvees) {
     if (!trouvees)
         return true;
     elements_.setKey(i, cleprovisoire);
-    if (!ecritplace(placeprovisoire))
+    if (!ecritplace(placeprovisoire, placeb))
         return false;
     if (trouve(b, placeb)) {
-        if (!ecritplace(placea))
+        if (!ecritplace(placea, placea))
             return false;
         elements_.setKey(j, avecnoordre(b, placea));
     }
-    if (!trouve(a, placeprovisoire) || !ecritplace(placeb))
+    if (!trouve(a, placeprovisoire) || !ecritplace(placeb, placeb))
         return false;
     // A list that came from a file may have the key already: the entry then keeps the one that it had.
     return elements_.setKey(i, avecnoordre(a, placeb)) || elements_.setKey(i, a);
@@ -160,13 +207,7 @@ bool ContenuDossier::ajouterangee(qint64 dossier, qint64 noordre, const Cle& doc
                                   const Extrait& extrait) const {
     Recordset& donnees = magasin_.rsdonnees();
     donnees.addNew();
-    donnees.setValue(u"arborescence"_s, dossier);
-    donnees.setValue(u"noordre"_s, noordre);
-    donnees.setValue(u"référence"_s, document.code);
-    donnees.setValue(u"numart"_s, document.numero);
-    donnees.setValue(u"titre"_s, titre);
-    donnees.setValue(u"positiondébut"_s, extrait.debut);
-    donnees.setValue(u"positionfin"_s, extrait.longueur);
+    ecritrangee(magasin_, {dossier, noordre, document, titre, extrait});
     return donnees.update();
 }
 
@@ -179,10 +220,15 @@ bool ContenuDossier::placelibre(qint64 dossier, qint64 noordre, Bookmark sienne)
 }
 
 EchecEcriture ContenuDossier::range(const ElementEnAttente& element, qint64 dossier) {
-    return magasin_.ecrit([&] {
+    return ecrit([&](Changements& changements) {
         qint64 k = 1;
         while (!placelibre(dossier, k, {}))
             ++k;
+        changements.elements.push_back({std::nullopt, RangeeRangee{dossier,
+                                                                   k,
+                                                                   documentdelacle(element.itemreference),
+                                                                   element.itemtitre,
+                                                                   {element.itemdebut, element.itemlongueur}}});
         return ajouterangee(dossier, k, documentdelacle(element.itemreference), element.itemtitre,
                             {element.itemdebut, element.itemlongueur});
     });
@@ -208,16 +254,21 @@ bool ContenuDossier::trouvedelaqueue(const QString& cle) const {
 ContenuDossier::Fait ContenuDossier::deplace(int index, qint64 dossier) {
     const QString cle = elements_.key(index);
     Fait fait;
-    fait.echec = magasin_.ecrit([&] {
+    fait.echec = ecrit([&](Changements& changements) {
         fait.trouve = trouvedelaqueue(cle);
         if (!fait.trouve)
             return true;
         Recordset& donnees = magasin_.rsdonnees();
-        const Bookmark rangee = donnees.bookmark();
+        const Bookmark sienne = donnees.bookmark();
+        const RangeeRangee avant = rangee(magasin_);
         qint64 k = 1;
-        while (!placelibre(dossier, k, rangee))
+        while (!placelibre(dossier, k, sienne))
             ++k;
-        if (!donnees.setBookmark(rangee))
+        RangeeRangee apres = avant;
+        apres.dossier = dossier;
+        apres.noordre = k;
+        changements.elements.push_back({avant, apres});
+        if (!donnees.setBookmark(sienne))
             return false;
         donnees.edit();
         donnees.setValue(u"arborescence"_s, dossier);

@@ -5,6 +5,7 @@
 // them, the first one in the store is the one that is found.
 #include "dossiers/cleelement.h"
 #include "dossiers/magasin.h"
+#include "dossiers/temoindossiers.h"
 #include "platform/controls/listitems.h"
 
 namespace velm {
@@ -13,6 +14,13 @@ class ContenuDossier {
 public:
     /// None is owned. `libelleextrait`: the word behind the title of an extract.
     ContenuDossier(Magasin& magasin, ListItems& elements, QString libelleextrait);
+
+    /// Who hears of changes; not owned, may be null.
+    void ecoute(TemoinDossiers* temoin) { temoin_ = temoin; }
+    /// The current row of the items.
+    static RangeeRangee rangee(const Magasin& magasin);
+    /// Sets all fields of the row that is being edited.
+    static void ecritrangee(const Magasin& magasin, const RangeeRangee& rangee);
 
     /// Lists the items of a dossier in their order.
     void liste(qint64 numero);
@@ -47,7 +55,9 @@ public:
 
 private:
     bool trouve(const QString& cle, qint64 noordre) const;
-    bool inversercontenuordre(int i, int j, bool& trouve);
+    /// Does some work, and tells the witness of the changes that it made.
+    EchecEcriture ecrit(const std::function<bool(Changements&)>& travail) const;
+    bool inversercontenuordre(int i, int j, bool& trouve, Changements& changements);
     bool placelibre(qint64 dossier, qint64 noordre, Bookmark sienne) const;
     bool trouvedelaqueue(const QString& cle) const;
     bool ajouterangee(qint64 dossier, qint64 noordre, const Cle& document, const QString& titre,
@@ -56,6 +66,7 @@ private:
     Magasin& magasin_;
     ListItems& elements_;
     QString libelleextrait_;
+    TemoinDossiers* temoin_ = nullptr;
 };
 
 } // namespace velm

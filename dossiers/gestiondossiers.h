@@ -41,6 +41,11 @@ public:
     };
     explicit GestionDossiers(const Donnees& donnees);
 
+    /// Who hears what becomes of the rows; not owned, null for nobody.
+    void ecoute(TemoinDossiers* temoin) {
+        arbre_.ecoute(temoin);
+        contenu_.ecoute(temoin);
+    }
     /// The window is loaded. `developpe`: with all levels open. A store that cannot be trusted is told. False, and
     /// told, where it cannot be read now: there is nothing to show.
     bool charge(bool developpe);

@@ -1,5 +1,6 @@
 #include "dossiers/sauvegardearbre.h"
 
+#include "dossiers/contenudossier.h"
 #include "dossiers/libellecompte.h"
 #include "dossiers/noeuddossier.h"
 
@@ -44,6 +45,15 @@ bool SauvegardeArbre::ecritneuf(int noeud) {
     return ajouterangee(noeud) && sauvenumero();
 }
 
+void SauvegardeArbre::notedossiersperdus(const std::vector<qint64>& perdus) {
+    for (const qint64 perdu : perdus) {
+        const int noeud = noeuds_.indexOf(noeuddossier::cle(perdu));
+        // A save before the move may have given it its row.
+        if (noeud != 0 && !trouve(noeud))
+            changements_.dossiers.push_back({perdu, numero(noeuds_.parent(noeud)), sanscompteur(noeuds_.text(noeud))});
+    }
+}
+
 bool SauvegardeArbre::sauvenumero() {
     Recordset& parametres = magasin_.rsparametres();
     parametres.moveFirst();
@@ -85,6 +95,7 @@ bool SauvegardeArbre::supprimerangee(int noeud) {
     elements.setIndex(u"primarykey"_s);
     elements.seek(Seek::GreaterOrEqual, numero(noeud));
     for (; !elements.eof() && elements.number(u"arborescence"_s) == numero(noeud); elements.moveNext()) {
+        changements_.elements.push_back({ContenuDossier::rangee(magasin_), std::nullopt});
         if (!elements.remove())
             return false;
     }

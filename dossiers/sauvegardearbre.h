@@ -2,6 +2,7 @@
 // Brings a tree of dossiers into the store, row by row, as the letters of its nodes tell. One object for one save,
 // within a change of the store.
 #include "dossiers/magasin.h"
+#include "dossiers/temoindossiers.h"
 #include "platform/controls/treenodes.h"
 
 namespace velm {
@@ -17,6 +18,10 @@ public:
     bool sauve(std::vector<int>& retires);
     /// Writes the row of one new dossier.
     bool ecritneuf(int noeud);
+    /// Of these dossiers, whose letters a move took, those are lost that have no row.
+    void notedossiersperdus(const std::vector<qint64>& perdus);
+    /// What became of the rows of items and of lost dossiers.
+    const Changements& changements() const { return changements_; }
 
 private:
     qint64 numero(int noeud) const;
@@ -35,6 +40,7 @@ private:
     Magasin& magasin_;
     const TreeNodes& noeuds_;
     qint64& prochainnumero_;
+    Changements changements_{{}, {}, false};
     qint64 compteurordre_ = 0;
 };
 
