@@ -15,6 +15,8 @@ class ColonneDossiers final : public QWidget {
 public:
     ColonneDossiers(const Libelles& texte, QWidget* parent);
 
+    /// Shows what was lost; enabled by whoever knows of it.
+    QPushButton& retrouver() const { return *retrouver_; }
     void permet(const CommandesDossiers& commandes);
 
 signals:
@@ -37,6 +39,7 @@ private:
     QPushButton* supprimer_;
     QPushButton* haut_;
     QPushButton* bas_;
+    QPushButton* retrouver_;
 };
 
 } // namespace velm

@@ -117,6 +117,9 @@ void frmdossiers::reliecommandes() {
     connect(colonne_, &ColonneDossiers::toutdevelopper, this, [this] { gestion_.toutdevelopper(); });
     connect(colonne_, &ColonneDossiers::toutreduire, this, [this] { gestion_.toutreduire(); });
     connect(colonne_, &ColonneDossiers::reparer, this, &frmdossiers::repare);
+    retour_ = std::make_unique<RetourDossiers>(gestion_, colonne_->retrouver(), this);
+    connect(retour_.get(), &RetourDossiers::journalmanque, this,
+            [this] { ecritligne(texte(Texte::DossiersJournalManque)); });
     connect(colonne_, &ColonneDossiers::fermer, this, &QDialog::accept);
     connect(separateur_, &SplitterBar::dropped, this, [this](int x) {
         disposition_.separe(x, size(), mesures());
@@ -262,6 +265,8 @@ bool frmdossiers::eventFilter(QObject* observe, QEvent* evenement) {
 
 /// The keys that mean the same in the tree and in the list.
 bool frmdossiers::cle(const QKeyEvent& evenement) {
+    if (retour_->cle(evenement))
+        return true;
     const bool ctrl = evenement.modifiers() == Qt::ControlModifier;
     const auto touche = evenement.key();
     if (evenement.modifiers() != Qt::NoModifier && !ctrl)

@@ -7,6 +7,7 @@
 #include "dossiers/echangedossiers.h"
 #include "dossiers/fichiersdossiers.h"
 #include "dossiers/ui/porteurdossiers.h"
+#include "dossiers/ui/retourdossiers.h"
 
 #include <QDialog>
 
@@ -88,6 +89,7 @@ private:
     GestionDossiers gestion_;
     EchangeDossiers echange_;
     PorteurDossiers porteur_;
+    std::unique_ptr<RetourDossiers> retour_;
     DispositionDossiers disposition_;
     ColonneDossiers* colonne_;
     SplitterBar* separateur_;

@@ -78,6 +78,21 @@ void store(Guide& guide, const QString& key, const QString& picture = {}) {
     close(*window);
 }
 
+/// Deletes an item and finds it again.
+void losses(Guide& guide, const frmdossiers& window) {
+    list(window).setFocus();
+    QTest::keyClick(&list(window), Qt::Key_Delete);
+    pressButton(window, u"retrouver"_s);
+    QWidget* const lost = window.findChild<QWidget*>(u"pertes"_s);
+    if (!lost)
+        return guide.miss(u"dossiers-losses"_s);
+    guide.look(u"dossiers-losses"_s, lost);
+    QTest::mouseClick(lost->findChild<QPushButton*>(u"remettre"_s), Qt::LeftButton);
+    guide.look(u"dossiers-losses-none"_s, lost);
+    QTest::keyClick(lost, Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 } // namespace
 
 void dossiers(Guide& guide) {
@@ -121,6 +136,7 @@ void dossiers(Guide& guide) {
         guide.press(*window->findChild<Toolbar*>(u"tlbHierarchie"_s), view);
         guide.look(u"dossiers-"_s + view.toLower(), window);
     }
+    losses(guide, *window);
     select(*window, cases);
     guide.lookAtWhatComes(u"dossiers-delete"_s, [window] { pressButton(*window, u"supprimer"_s); });
     window->resize(window->minimumSize());

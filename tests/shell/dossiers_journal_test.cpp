@@ -1,0 +1,98 @@
+// Taking back, and putting back what was lost, with real keys and clicks.
+#include "dossiers/ui/dialoguepertes.h"
+#include "tests/shell/dossiers_support.h"
+
+#include <QDir>
+#include <QTreeWidget>
+
+namespace velm::test {
+namespace {
+
+class DossiersJournalTest : public DossiersTest {
+protected:
+    /// The window, on a dossier with the document in front in it.
+    void rangedans(const QString& nom) {
+        commence();
+        ouvre();
+        nouveau(nom);
+        ferme();
+        range();
+        clique(nom);
+        clique(nom);
+    }
+    bool manquedit() const { return ligne() == mots(9882); }
+    DialoguePertes* pertes() const { return fenetre()->findChild<DialoguePertes*>(); }
+    QTreeWidget& listepertes() const { return *pertes()->findChild<QTreeWidget*>(); }
+    void montrepertes() const {
+        presse(u"retrouver"_s);
+        EVENTUALLY(pertes() != nullptr && pertes()->isActiveWindow());
+    }
+};
+
+TEST_F(DossiersJournalTest, TheUndoKeyTakesADeletionBackInTreeAndList) {
+    rangedans(u"Clients"_s);
+    for (QWidget* const ou : {static_cast<QWidget*>(&arbre()), static_cast<QWidget*>(&liste())}) {
+        cliqueelement(1);
+        touche(Qt::Key_Delete);
+        EXPECT_TRUE(titres().isEmpty());
+        EXPECT_EQ(texte(u"Clients"_s), u"Clients");
+        ou->setFocus();
+        touche(Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(titres(), QStringList{u"Article premier"_s});
+        EXPECT_EQ(texte(u"Clients"_s), u"Clients [1]");
+    }
+    ferme();
+}
+
+TEST_F(DossiersJournalTest, WhatWasDeletedIsPutBackInTheNextRun) {
+    rangedans(u"Clients"_s);
+    EXPECT_FALSE(bouton(u"retrouver"_s).isEnabled());
+    EXPECT_EQ(bouton(u"retrouver"_s).toolTip(), mots(9872));
+    cliqueelement(1);
+    touche(Qt::Key_Delete);
+    EXPECT_TRUE(bouton(u"retrouver"_s).isEnabled());
+    EXPECT_EQ(bouton(u"retrouver"_s).toolTip(), mots(9871));
+    ferme();
+    redemarre();
+    ouvre();
+    clique(u"Clients"_s);
+    montrepertes();
+    EXPECT_EQ(pertes()->windowTitle(), mots(9873));
+    EXPECT_EQ(listepertes().accessibleName(), mots(9873));
+    ASSERT_EQ(listepertes().topLevelItemCount(), 1);
+    EXPECT_EQ(listepertes().topLevelItem(0)->text(0), u"Article premier");
+    EXPECT_EQ(listepertes().topLevelItem(0)->text(1), u"Clients");
+    EXPECT_EQ(listepertes().topLevelItem(0)->text(2), mots(9878));
+    EXPECT_TRUE(listepertes().hasFocus());
+    touche(Qt::Key_Return);
+    EXPECT_EQ(titres(), QStringList{u"Article premier"_s});
+    EXPECT_EQ(texte(u"Clients"_s), u"Clients [1]");
+    EXPECT_EQ(listepertes().topLevelItemCount(), 0);
+    EXPECT_FALSE(pertes()->findChild<QPushButton*>(u"remettre"_s)->isEnabled());
+    EXPECT_FALSE(bouton(u"retrouver"_s).isEnabled());
+    QTest::keyClick(pertes(), Qt::Key_Escape);
+    EVENTUALLY(pertes() == nullptr);
+    ferme();
+}
+
+TEST_F(DossiersJournalTest, AJournalThatCannotBeKeptIsToldOnceAndTheWorkGoesOn) {
+    ASSERT_TRUE(QDir(dossier.path()).mkdir(u"dossiers-journal.dat"_s));
+    rangedans(u"Clients"_s);
+    cliqueelement(1);
+    touche(Qt::Key_Delete);
+    EXPECT_TRUE(titres().isEmpty());
+    EXPECT_TRUE(manquedit());
+    ferme();
+}
+
+TEST_F(DossiersJournalTest, TheWindowMayCloseUnderTheList) {
+    rangedans(u"Clients"_s);
+    cliqueelement(1);
+    touche(Qt::Key_Delete);
+    montrepertes();
+    fenetre()->fermesansquestion();
+    EVENTUALLY(fenetre() == nullptr);
+}
+
+} // namespace
+} // namespace velm::test
