@@ -192,6 +192,29 @@ TEST_F(ReprisesTest, AnUnsavedDossierLostByAMoveComesBackWithItsItems) {
     EXPECT_EQ(noeuds.parent(noeud(numero)), noeud(1));
 }
 
+TEST_F(ReprisesTest, ADossierThatWasSavedBeforeTheMoveIsNotLost) {
+    clique(1);
+    gestion.ajouter();
+    noeuds.setText(noeuds.selected(), u"Neuf"_s);
+    ASSERT_TRUE(gestion.arbre().Sauvearbre().ok());
+    clique(1);
+    gestion.bas();
+    ASSERT_TRUE(gestion.ferme());
+    EXPECT_EQ(dossiers().size(), 3U);
+    EXPECT_TRUE(journal.pertes().empty());
+}
+
+TEST_F(ReprisesTest, AJournalThatCannotBeReadIsNotWrittenOver) {
+    const QByteArray autre(4 * JournalDossiers::octetsgardes + 1, 'x');
+    ASSERT_TRUE(writeWhole(fichier(), autre).ok());
+    journal.ouvre(magasin.cheminbasedossiers());
+    EXPECT_TRUE(journal.manque());
+    choisit(1);
+    gestion.supprimer();
+    EXPECT_EQ(elements().size(), 2U);
+    EXPECT_EQ(fileSize(fichier()), autre.size());
+}
+
 TEST_F(ReprisesTest, AChangeThatFailedAtItsEndIsNoLossAndNoStep) {
     const RangeeRangee rangee{1, 1, {u"CO"_s, u"000001"_s}, u"Article un"_s, {}};
     reprises.vachanger({{{rangee, std::nullopt}}, {}, true});
