@@ -2,6 +2,7 @@
 
 #include "core/dates.h"
 #include "platform/widgets/look/look.h"
+#include "platform/widgets/look/plaintext.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -10,15 +11,14 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <array>
 
 namespace velm {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-constexpr QSize taillepertes{720, 420};
-constexpr std::array largeurs{280, 160, 130};
+constexpr QSize taillepertes{800, 420};
+constexpr int largeurdossier = 180;
 
 } // namespace
 
@@ -42,8 +42,14 @@ void DialoguePertes::construit() {
     liste_->setRootIsDecorated(false);
     liste_->setUniformRowHeights(true);
     liste_->setAllColumnsShowFocus(true);
-    for (std::size_t colonne = 0; colonne < largeurs.size(); ++colonne)
-        liste_->setColumnWidth(static_cast<int>(colonne), largeurs[colonne]);
+    QHeaderView& colonnes = *liste_->header();
+    colonnes.setStretchLastSection(false);
+    colonnes.setSectionResizeMode(QHeaderView::ResizeToContents);
+    colonnes.setSectionResizeMode(0, QHeaderView::Stretch);
+    colonnes.setSectionResizeMode(1, QHeaderView::Interactive);
+    colonnes.setSectionsMovable(false);
+    colonnes.setMinimumHeight(hauteur());
+    liste_->setColumnWidth(1, largeurdossier);
     remettre_->setObjectName(u"remettre"_s);
     remettre_->setDefault(true);
     auto* const fermer = new QPushButton(texte_(Texte::BoutonOk), this);
@@ -62,6 +68,11 @@ void DialoguePertes::construit() {
     disposition->setSpacing(look::groupSpacing);
     disposition->addWidget(liste_);
     disposition->addLayout(boutons);
+}
+
+/// Of a row, with room around its words.
+int DialoguePertes::hauteur() const {
+    return fontMetrics().height() + look::spacing;
 }
 
 QString DialoguePertes::sorte(Perte::Sorte sorte) const {
@@ -87,8 +98,9 @@ void DialoguePertes::remplit(int choisie) {
         auto* const rang = new QTreeWidgetItem(
             {titre, une->nomdossier, sorte(une->sorte),
              dateecrite(quand.date().toString(Qt::ISODate), texte_) + u' ' + quand.time().toString(u"HH:mm"_s)});
-        rang->setToolTip(0, titre.toHtmlEscaped());
-        rang->setToolTip(1, une->nomdossier.toHtmlEscaped());
+        rang->setToolTip(0, plainTip(titre));
+        rang->setToolTip(1, plainTip(une->nomdossier));
+        rang->setSizeHint(0, QSize(0, hauteur()));
         rangs << rang;
     }
     liste_->addTopLevelItems(rangs);
@@ -105,6 +117,8 @@ void DialoguePertes::remet() {
     const auto fait = reprises_.remet(pertes[pertes.size() - 1 - static_cast<std::size_t>(rang)]);
     gestion_.reussi(fait.echec, Texte::DossiersPasModifies);
     remplit(rang);
+    if (pertes.empty())
+        accept();
 }
 
 } // namespace velm

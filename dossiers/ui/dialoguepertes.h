@@ -20,7 +20,9 @@ public:
 private:
     void construit();
     void remplit(int choisie);
+    /// The last one closes the dialog.
     void remet();
+    int hauteur() const;
     QString sorte(Perte::Sorte sorte) const;
 
     Reprises& reprises_;

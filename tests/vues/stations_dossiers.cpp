@@ -88,8 +88,6 @@ void losses(Guide& guide, const frmdossiers& window) {
         return guide.miss(u"dossiers-losses"_s);
     guide.look(u"dossiers-losses"_s, lost);
     QTest::mouseClick(lost->findChild<QPushButton*>(u"remettre"_s), Qt::LeftButton);
-    guide.look(u"dossiers-losses-none"_s, lost);
-    QTest::keyClick(lost, Qt::Key_Escape);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
