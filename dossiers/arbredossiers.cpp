@@ -99,7 +99,7 @@ void ArbreDossiers::toutreduire() {
 // ---- editing
 
 bool ArbreDossiers::pris(qint64 numero) const {
-    if (noeuds_.indexOf(clenoeud(numero)) != 0)
+    if (noeuds_.indexOf(clenoeud(numero)) != 0 || (temoin_ != nullptr && temoin_->connait(numero)))
         return true;
     // A store that was damaged may know numbers beyond its last one; what is theirs must not become another's.
     Recordset& dossiers = magasin_.rsarborescences();
@@ -234,19 +234,13 @@ EchecEcriture ArbreDossiers::Sauvearbre() {
     const Attente attente(sablier_);
     const qint64 numero = prochainnumero_;
     std::vector<int> retires;
-    bool dit = false;
-    const EchecEcriture echec = magasin_.ecrit([&] {
+    const EchecEcriture echec = ecritvu(magasin_, temoin_, [&](Changements& changements) {
         SauvegardeArbre sauvegarde(magasin_, noeuds_, prochainnumero_);
         if (!sauvegarde.sauve(retires))
             return false;
-        sauvegarde.notedossiersperdus(perdus_);
-        dit = temoin_ != nullptr && !sauvegarde.changements().vide();
-        if (dit)
-            temoin_->vachanger(sauvegarde.changements());
+        changements = sauvegarde.changements(perdus_);
         return true;
     });
-    if (dit)
-        temoin_->change(echec.ok());
     if (!echec.ok()) {
         prochainnumero_ = numero;
         return echec;

@@ -18,7 +18,8 @@ public:
     /// None is owned. `racine`: the text of the root.
     ArbreDossiers(Magasin& magasin, TreeNodes& noeuds, Sablier& sablier, QString racine);
 
-    /// Who hears what a save takes with it; not owned, may be null.
+    /// Who hears what a save takes with it, and knows the numbers of dossiers that may come back; not owned, may be
+    /// null.
     void ecoute(TemoinDossiers* temoin) { temoin_ = temoin; }
 
     static QString clenoeud(qint64 numero) { return noeuddossier::cle(numero); }

@@ -72,22 +72,6 @@ void ContenuDossier::ecritrangee(const Magasin& magasin, const RangeeRangee& ran
     donnees.setValue(u"positionfin"_s, rangee.extrait.longueur);
 }
 
-EchecEcriture ContenuDossier::ecrit(const std::function<bool(Changements&)>& travail) const {
-    bool dit = false;
-    const EchecEcriture echec = magasin_.ecrit([&] {
-        Changements changements;
-        if (!travail(changements))
-            return false;
-        dit = temoin_ != nullptr && !changements.vide();
-        if (dit)
-            temoin_->vachanger(changements);
-        return true;
-    });
-    if (dit)
-        temoin_->change(echec.ok());
-    return echec;
-}
-
 bool ContenuDossier::trouve(const QString& cle, qint64 noordre) const {
     const Cle document = documentdelacle(cle);
     Recordset& donnees = magasin_.rsdonnees();
@@ -103,13 +87,19 @@ QString ContenuDossier::titrenu(int index) const {
     return texte.left(std::max<qsizetype>(0, texte.size() - libelleextrait_.size() - 3));
 }
 
-ContenuDossier::Fait ContenuDossier::renomme(int index, QString& texte) {
+/// Does some work on the row of an entry, if that is found.
+ContenuDossier::Fait ContenuDossier::faitsur(int index, const std::function<bool(Changements&)>& travail) const {
     const QString cle = elements_.key(index);
     Fait fait;
-    fait.echec = ecrit([&](Changements& changements) {
+    fait.echec = ecritvu(magasin_, temoin_, [&](Changements& changements) {
         fait.trouve = trouve(cle, noordredelacle(cle));
-        if (!fait.trouve)
-            return true;
+        return !fait.trouve || travail(changements);
+    });
+    return fait;
+}
+
+ContenuDossier::Fait ContenuDossier::renomme(int index, QString& texte) {
+    const Fait fait = faitsur(index, [&](Changements& changements) {
         Recordset& donnees = magasin_.rsdonnees();
         const RangeeRangee avant = rangee(magasin_);
         RangeeRangee apres = avant;
@@ -120,40 +110,40 @@ ContenuDossier::Fait ContenuDossier::renomme(int index, QString& texte) {
         donnees.setValue(u"titre"_s, texte);
         return donnees.update();
     });
-    if (estextrait(cle))
+    if (estextrait(elements_.key(index)))
         texte += u" ["_s + libelleextrait_ + u']';
     return fait;
 }
 
 ContenuDossier::Fait ContenuDossier::supprime(int index, qint64 dossier) {
-    const QString cle = elements_.key(index);
-    Fait fait;
-    fait.echec = ecrit([&](Changements& changements) {
-        fait.trouve = trouve(cle, noordredelacle(cle));
-        if (!fait.trouve)
-            return true;
+    const Fait fait = faitsur(index, [&](Changements& changements) {
         changements.elements.push_back({rangee(magasin_), std::nullopt});
-        if (!magasin_.rsdonnees().remove())
-            return false;
-        Recordset& dossiers = magasin_.rsarborescences();
-        dossiers.setIndex(u"primarykey"_s);
-        dossiers.seek(Seek::Equal, dossier);
-        if (dossiers.noMatch())
-            return true;
-        dossiers.edit();
-        dossiers.setValue(u"nbarticles"_s, comptechange(dossiers.number(u"nbarticles"_s), -1));
-        return dossiers.update();
+        changements.moins = dossier;
+        return magasin_.rsdonnees().remove() && changecompte(magasin_, dossier, -1);
     });
     if (fait.echec.ok() && fait.trouve)
         elements_.remove(index);
     return fait;
 }
 
+bool ContenuDossier::changecompte(const Magasin& magasin, qint64 dossier, qint64 delta) {
+    Recordset& dossiers = magasin.rsarborescences();
+    dossiers.setIndex(u"primarykey"_s);
+    dossiers.seek(Seek::Equal, dossier);
+    if (dossiers.noMatch())
+        return true;
+    dossiers.edit();
+    dossiers.setValue(u"nbarticles"_s, comptechange(dossiers.number(u"nbarticles"_s), delta));
+    return dossiers.update();
+}
+
 ContenuDossier::Fait ContenuDossier::echange(int i, int j) {
     const QString a = elements_.key(i);
     const QString b = elements_.key(j);
     Fait fait;
-    fait.echec = ecrit([&](Changements& changements) { return inversercontenuordre(i, j, fait.trouve, changements); });
+    fait.echec = ecritvu(magasin_, temoin_, [&](Changements& changements) {
+        return inversercontenuordre(i, j, fait.trouve, changements);
+    });
     if (!fait.echec.ok()) {
         elements_.setKey(i, cleprovisoire);
         elements_.setKey(j, b);
@@ -203,11 +193,10 @@ bool ContenuDossier::inversercontenuordre(int i, int j, bool& trouvees, Changeme
     return elements_.setKey(i, avecnoordre(a, placeb)) || elements_.setKey(i, a);
 }
 
-bool ContenuDossier::ajouterangee(qint64 dossier, qint64 noordre, const Cle& document, const QString& titre,
-                                  const Extrait& extrait) const {
+bool ContenuDossier::ajouterangee(const RangeeRangee& rangee) const {
     Recordset& donnees = magasin_.rsdonnees();
     donnees.addNew();
-    ecritrangee(magasin_, {dossier, noordre, document, titre, extrait});
+    ecritrangee(magasin_, rangee);
     return donnees.update();
 }
 
@@ -220,17 +209,18 @@ bool ContenuDossier::placelibre(qint64 dossier, qint64 noordre, Bookmark sienne)
 }
 
 EchecEcriture ContenuDossier::range(const ElementEnAttente& element, qint64 dossier) {
-    return ecrit([&](Changements& changements) {
+    return ecritvu(magasin_, temoin_, [&](Changements& changements) {
         qint64 k = 1;
         while (!placelibre(dossier, k, {}))
             ++k;
-        changements.elements.push_back({std::nullopt, RangeeRangee{dossier,
-                                                                   k,
-                                                                   documentdelacle(element.itemreference),
-                                                                   element.itemtitre,
-                                                                   {element.itemdebut, element.itemlongueur}}});
-        return ajouterangee(dossier, k, documentdelacle(element.itemreference), element.itemtitre,
-                            {element.itemdebut, element.itemlongueur});
+        const RangeeRangee neuve{dossier,
+                                 k,
+                                 documentdelacle(element.itemreference),
+                                 element.itemtitre,
+                                 {element.itemdebut, element.itemlongueur}};
+        changements.elements.push_back({std::nullopt, neuve});
+        changements.plus = dossier;
+        return ajouterangee(neuve);
     });
 }
 
@@ -251,10 +241,13 @@ bool ContenuDossier::trouvedelaqueue(const QString& cle) const {
     return false;
 }
 
-ContenuDossier::Fait ContenuDossier::deplace(int index, qint64 dossier) {
+ContenuDossier::Fait ContenuDossier::deplace(int index, qint64 dossier, qint64 liste) {
     const QString cle = elements_.key(index);
     Fait fait;
-    fait.echec = ecrit([&](Changements& changements) {
+    fait.echec = ecritvu(magasin_, temoin_, [&](Changements& changements) {
+        // Whether a row is found or not: the list loses the entry, and both counts change.
+        changements.moins = liste;
+        changements.plus = dossier;
         fait.trouve = trouvedelaqueue(cle);
         if (!fait.trouve)
             return true;
@@ -293,7 +286,7 @@ EchecEcriture ContenuDossier::importe(const Paires& paires, qint64 dossier) {
         qint64 noordre = 0;
         return std::all_of(paires.begin(), paires.end(), [&](const auto& paire) {
             const auto& [cle, texte] = paire;
-            return ajouterangee(dossier, ++noordre, documentdelacle(cle), texte, extraitdelacle(cle));
+            return ajouterangee({dossier, ++noordre, documentdelacle(cle), texte, extraitdelacle(cle)});
         });
     });
 }

@@ -21,6 +21,8 @@ public:
     static RangeeRangee rangee(const Magasin& magasin);
     /// Sets all fields of the row that is being edited.
     static void ecritrangee(const Magasin& magasin, const RangeeRangee& rangee);
+    /// Changes the stored count of a dossier, if it has a row. False where a table says no.
+    static bool changecompte(const Magasin& magasin, qint64 dossier, qint64 delta);
 
     /// Lists the items of a dossier in their order.
     void liste(qint64 numero);
@@ -45,8 +47,9 @@ public:
     /// Stores a waiting item in a dossier, at its first free place, from 1.
     EchecEcriture range(const ElementEnAttente& element, qint64 dossier);
     /// Moves the row of an item to a dossier, at the first place that is free there, and takes it off the list, in any
-    /// case. That of an extract is not found: it stays where it was.
-    Fait deplace(int index, qint64 dossier);
+    /// case. That of an extract is not found: it stays where it was. `liste`: the dossier that is listed, for who hears
+    /// of it.
+    Fait deplace(int index, qint64 dossier, qint64 liste = 0);
     /// Stores what a file brings: keys and texts as they stand there, at the places 1, 2… of a dossier.
     using Paires = std::vector<std::pair<QString, QString>>;
     EchecEcriture importe(const Paires& paires, qint64 dossier);
@@ -55,13 +58,11 @@ public:
 
 private:
     bool trouve(const QString& cle, qint64 noordre) const;
-    /// Does some work, and tells the witness of the changes that it made.
-    EchecEcriture ecrit(const std::function<bool(Changements&)>& travail) const;
+    Fait faitsur(int index, const std::function<bool(Changements&)>& travail) const;
     bool inversercontenuordre(int i, int j, bool& trouve, Changements& changements);
     bool placelibre(qint64 dossier, qint64 noordre, Bookmark sienne) const;
     bool trouvedelaqueue(const QString& cle) const;
-    bool ajouterangee(qint64 dossier, qint64 noordre, const Cle& document, const QString& titre,
-                      const Extrait& extrait) const;
+    bool ajouterangee(const RangeeRangee& rangee) const;
 
     Magasin& magasin_;
     ListItems& elements_;

@@ -49,11 +49,16 @@ std::optional<BilanReparation> EchangeDossiers::repare(bool developpe, const Rep
     if (!gestion_.avis().veutreparer() || !gestion_.enregistre())
         return std::nullopt;
     donnees.elements.clear();
+    TemoinDossiers* const temoin = gestion_.temoin();
+    if (temoin != nullptr)
+        donnees.magasin.lit([&] { temoin->vareparer(); });
     BilanReparation bilan;
     {
         const Attente attente(donnees.sablier);
         bilan = Reparation::repare(donnees.magasin, progres);
     }
+    if (temoin != nullptr)
+        temoin->change(bilan.echec.ok() && !bilan.arretee);
     const bool faite = gestion_.reussi(bilan.echec, Texte::DossiersPasRepares) && !bilan.arretee;
     gestion_.recharge(developpe);
     return faite ? std::optional(bilan) : std::nullopt;

@@ -303,7 +303,8 @@ void GestionDossiers::deplaceelement(int cible) {
     const int index = donnees_.elements.selected();
     if (index == 0)
         return;
-    if (!reussi(contenu_.deplace(index, arbre_.numero(cible)).echec, Texte::DossiersPasModifies))
+    if (!reussi(contenu_.deplace(index, arbre_.numero(cible), arbre_.numero(choisi())).echec,
+                Texte::DossiersPasModifies))
         return;
     arbre_.modifierelements(choisi(), -1);
     arbre_.modifierelements(cible, 1);

@@ -43,6 +43,7 @@ public:
 
     /// Who hears what becomes of the rows; not owned, null for nobody.
     void ecoute(TemoinDossiers* temoin) {
+        temoin_ = temoin;
         arbre_.ecoute(temoin);
         contenu_.ecoute(temoin);
     }
@@ -88,6 +89,7 @@ public:
     /// Tells why a change was not made, and, once, that today's copy was not. Whether it was made.
     bool reussi(const EchecEcriture& echec, Texte message);
     AvisDossiers& avis() { return avis_; }
+    TemoinDossiers* temoin() const { return temoin_; }
     const Donnees& donnees() const { return donnees_; }
 
     // ---- dragging
@@ -140,6 +142,7 @@ private:
     int indexliste_ = 0;
     int noeuddeplace_ = 0;
     bool copiedite_ = false;
+    TemoinDossiers* temoin_ = nullptr;
 };
 
 } // namespace velm

@@ -2,6 +2,7 @@
 
 #include "platform/system/files.h"
 
+#include <QHash>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -15,6 +16,9 @@ using namespace Qt::Literals::StringLiterals;
 /// More than the program ever writes: such a file is another's.
 constexpr qint64 octetslus = 4 * JournalDossiers::octetsgardes;
 
+/// Of a line, however little is left of it: what has no line that is one, and does not begin so, is another's.
+constexpr QByteArrayView commencement = "{\"apres\":";
+
 QByteArray ligne(const Perte& perte) {
     const RangeeRangee& rangee = perte.rangee;
     return QJsonDocument(QJsonObject{{u"quand"_s, perte.quand.toString(Qt::ISODateWithMs)},
@@ -22,6 +26,7 @@ QByteArray ligne(const Perte& perte) {
                                      {u"dossier"_s, rangee.dossier},
                                      {u"nom"_s, perte.nomdossier},
                                      {u"parent"_s, perte.parent},
+                                     {u"nomparent"_s, perte.nomparent},
                                      {u"noordre"_s, rangee.noordre},
                                      {u"code"_s, rangee.document.code},
                                      {u"numero"_s, rangee.document.numero},
@@ -38,7 +43,7 @@ std::optional<Perte> lue(const QByteArray& ligne) {
     const int sorte = lu[u"sorte"].toInt(-1);
     Perte perte;
     perte.quand = QDateTime::fromString(lu[u"quand"].toString(), Qt::ISODateWithMs);
-    if (!perte.quand.isValid() || sorte < 0 || sorte > static_cast<int>(Perte::Sorte::Dossier))
+    if (!perte.quand.isValid() || sorte < 0 || sorte > static_cast<int>(Perte::Sorte::DossierSupprime))
         return std::nullopt;
     perte.sorte = static_cast<Perte::Sorte>(sorte);
     perte.rangee = {lu[u"dossier"].toInteger(),
@@ -49,6 +54,7 @@ std::optional<Perte> lue(const QByteArray& ligne) {
     perte.nomdossier = lu[u"nom"].toString();
     perte.parent = lu[u"parent"].toInteger();
     perte.apres = lu[u"apres"].toString();
+    perte.nomparent = lu[u"nomparent"].toString();
     return perte;
 }
 
@@ -65,14 +71,17 @@ void JournalDossiers::ouvre(const QString& magasin) {
     pertes_.clear();
     const auto taille = fileSize(chemin_);
     const FileBytes lu = taille.value_or(0) > octetslus ? FileBytes{{}, {Obstacle::Other, {}}} : readPlain(chemin_);
-    // What cannot be read is not written over either.
-    lisible_ = lu.ok() || !taille;
-    manque_ = !lisible_;
     const QDateTime premier = maintenant_().addDays(-jours);
+    bool notre = lu.bytes.isEmpty() || lu.bytes.startsWith(commencement);
     for (const QByteArray& une : lu.bytes.split('\n')) {
-        if (const auto perte = lue(une); perte && perte->quand >= premier)
+        const auto perte = lue(une);
+        notre = notre || perte;
+        if (perte && perte->quand >= premier)
             pertes_.push_back(*perte);
     }
+    // What cannot be read is not written over either, nor what is another's.
+    lisible_ = (lu.ok() && notre) || !taille;
+    manque_ = !lisible_;
 }
 
 void JournalDossiers::note(std::vector<Perte> nouvelles) {
@@ -84,16 +93,52 @@ void JournalDossiers::note(std::vector<Perte> nouvelles) {
         ecrit();
 }
 
-/// As many as there are losses, for each that is taken off: few are, at once.
+/// The newest first, as they stand at the end: where all are taken off, each is found at once.
 void JournalDossiers::retire(const std::vector<Perte>& retrouvees) {
     const std::size_t avant = pertes_.size();
-    for (const Perte& une : retrouvees) {
+    for (auto une = retrouvees.rbegin(); une != retrouvees.rend(); ++une) {
         const auto place =
-            std::find_if(pertes_.rbegin(), pertes_.rend(), [&](const Perte& autre) { return autre.memeque(une); });
+            std::find_if(pertes_.rbegin(), pertes_.rend(), [&](const Perte& autre) { return autre.memeque(*une); });
         if (place != pertes_.rend())
             pertes_.erase(std::next(place).base());
     }
     if (pertes_.size() != avant)
+        ecrit();
+}
+
+void JournalDossiers::renomme(const std::vector<NomDossier>& noms) {
+    QHash<qint64, const NomDossier*> parnumero;
+    for (const NomDossier& un : noms)
+        parnumero[un.numero] = &un;
+    bool change = false;
+    const auto suit = [&](qint64 numero, QString& nom) {
+        const NomDossier* const un = parnumero.value(numero);
+        if (un == nullptr || nom == un->apres || (un->avant && nom != *un->avant))
+            return;
+        nom = un->apres;
+        change = true;
+    };
+    for (Perte& perte : pertes_) {
+        suit(perte.rangee.dossier, perte.nomdossier);
+        suit(perte.parent, perte.nomparent);
+    }
+    if (change)
+        ecrit();
+}
+
+void JournalDossiers::renumerote(qint64 ancien, const QString& nom, qint64 nouveau) {
+    bool change = false;
+    const auto suit = [&](qint64& numero, const QString& sien) {
+        if (numero != ancien || sien != nom)
+            return;
+        numero = nouveau;
+        change = true;
+    };
+    for (Perte& perte : pertes_) {
+        suit(perte.rangee.dossier, perte.nomdossier);
+        suit(perte.parent, perte.nomparent);
+    }
+    if (change)
         ecrit();
 }
 

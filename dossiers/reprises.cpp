@@ -1,6 +1,8 @@
 #include "dossiers/reprises.h"
 
-#include "dossiers/libellecompte.h"
+#include "dossiers/remisepertes.h"
+
+#include <QHash>
 
 #include <algorithm>
 
@@ -15,7 +17,7 @@ constexpr qint64 premiereplaceprovisoire = 1999999;
 } // namespace
 
 Reprises::Reprises(GestionDossiers& gestion, Magasin& magasin, TreeNodes& noeuds, JournalDossiers& journal)
-    : gestion_(gestion), magasin_(magasin), noeuds_(noeuds), journal_(journal) {
+    : gestion_(gestion), magasin_(magasin), noeuds_(noeuds), journal_(journal), rangees_(magasin, noeuds) {
     gestion_.ecoute(this);
 }
 
@@ -30,240 +32,190 @@ void Reprises::dit() const {
 
 // ---- what is heard
 
-QString Reprises::nomdudossier(qint64 numero) const {
-    if (const int noeud = noeuds_.indexOf(ArbreDossiers::clenoeud(numero)); noeud != 0)
-        return sanscompteur(noeuds_.text(noeud));
-    return dossierlu(numero) ? magasin_.rsarborescences().text(u"typededonnées"_s) : QString();
-}
-
 std::vector<Perte> Reprises::pertes(const Changements& changements) const {
+    QHash<qint64, const DossierPerdu*> supprimes;
+    for (const DossierPerdu& un : changements.supprimes)
+        supprimes[un.numero] = &un;
     std::vector<Perte> toutes;
+    const auto ajoute = [&](Perte::Sorte sorte, const RangeeRangee& rangee, const DossierPerdu& dossier) {
+        toutes.push_back({{}, sorte, rangee, dossier.nom, dossier.parent, {}, rangees_.nom(dossier.parent)});
+    };
     for (const auto& [avant, apres] : changements.elements) {
         if (!avant || (apres && (!apres->titre.isEmpty() || avant->titre.isEmpty())))
             continue;
-        toutes.push_back({{},
-                          apres ? Perte::Sorte::Titre : Perte::Sorte::Element,
-                          *avant,
-                          nomdudossier(avant->dossier),
-                          0,
-                          apres ? apres->titre : QString()});
+        const DossierPerdu* const avec = supprimes.value(avant->dossier);
+        ajoute(apres ? Perte::Sorte::Titre : Perte::Sorte::Element, *avant,
+               avec != nullptr ? *avec : rangees_.dossier(avant->dossier));
     }
     for (const DossierPerdu& un : changements.dossiers)
-        toutes.push_back({{}, Perte::Sorte::Dossier, {un.numero, 0, {}, {}, {}}, un.nom, un.parent, {}});
+        ajoute(Perte::Sorte::Dossier, {un.numero, 0, {}, {}, {}}, un);
+    for (const DossierPerdu& un : changements.abandonnes)
+        ajoute(Perte::Sorte::DossierSupprime, {un.numero, 0, {}, {}, {}}, un);
     return toutes;
 }
 
 void Reprises::vachanger(const Changements& changements) {
     encours_ = changements;
-    journal_.note(pertes(encours_));
+    notees_.clear();
+    notees_ = pertes(encours_);
+    journal_.note(notees_);
 }
 
 void Reprises::change(bool fait) {
-    const Changements finis = std::exchange(encours_, {});
+    Changements finis = std::exchange(encours_, {});
+    const std::vector<Perte> notees = std::exchange(notees_, {});
     if (!fait) {
-        journal_.retire(pertes(finis));
-    } else if (finis.parcommande && !finis.elements.empty()) {
-        faits_.push_back(finis.elements);
+        journal_.retire(notees);
+    } else if (!finis.parcommande) {
+        journal_.renomme(finis.noms);
+    } else {
+        faits_.push_back(std::move(finis));
         if (faits_.size() > pas)
             faits_.erase(faits_.begin());
     }
     dit();
 }
 
-// ---- rows
-
-bool Reprises::dossierlu(qint64 numero) const {
-    Recordset& dossiers = magasin_.rsarborescences();
-    dossiers.setIndex(u"primarykey"_s);
-    dossiers.seek(Seek::Equal, numero);
-    return !dossiers.noMatch();
-}
-
-bool Reprises::existe(qint64 numero) const {
-    return numero == 0 || dossierlu(numero) || noeuds_.indexOf(ArbreDossiers::clenoeud(numero)) != 0;
-}
-
-bool Reprises::occupee(qint64 dossier, qint64 noordre) const {
+void Reprises::vareparer() {
+    encours_.parcommande = false; // also where no more than that can be read
+    Changements changements = encours_;
     Recordset& donnees = magasin_.rsdonnees();
     donnees.setIndex(u"primarykey"_s);
-    donnees.seek(Seek::Equal, dossier, noordre);
-    return !donnees.noMatch();
-}
-
-/// Whether the row stands where it was left, of the same document; it is the current one then.
-bool Reprises::trouve(const RangeeRangee& rangee) const {
-    return occupee(rangee.dossier, rangee.noordre) && ContenuDossier::rangee(magasin_) == rangee;
-}
-
-/// Writes the current row, or a new one, at its place, or at the first one that is free when that is taken.
-bool Reprises::place(RangeeRangee rangee, bool nouvelle) const {
-    Recordset& donnees = magasin_.rsdonnees();
-    const Bookmark sienne = nouvelle ? Bookmark() : donnees.bookmark();
-    if (occupee(rangee.dossier, rangee.noordre) && donnees.bookmark() != sienne) {
-        rangee.noordre = 1;
-        while (occupee(rangee.dossier, rangee.noordre) && donnees.bookmark() != sienne)
-            ++rangee.noordre;
+    for (const Perte& une : journal_.pertes()) {
+        const qint64 numero = une.rangee.dossier;
+        if (!une.dundossier() || rangees_.dossierlu(numero))
+            continue;
+        donnees.seek(Seek::GreaterOrEqual, numero);
+        for (; !donnees.eof() && donnees.number(u"arborescence"_s) == numero; donnees.moveNext())
+            changements.elements.push_back({ContenuDossier::rangee(magasin_), std::nullopt});
+        changements.supprimes.push_back({numero, une.parent, une.nomdossier});
     }
-    if (nouvelle) {
-        donnees.addNew();
-    } else {
-        if (!donnees.setBookmark(sienne))
-            return false;
-        donnees.edit();
-    }
-    ContenuDossier::ecritrangee(magasin_, rangee);
-    return donnees.update();
+    vachanger(changements);
 }
 
-/// A new row, which its dossier counts at once.
-bool Reprises::ajoute(const RangeeRangee& rangee) const {
-    if (!place(rangee, true))
-        return false;
-    if (!dossierlu(rangee.dossier))
-        return true;
-    Recordset& dossiers = magasin_.rsarborescences();
-    dossiers.edit();
-    dossiers.setValue(u"nbarticles"_s, dossiers.number(u"nbarticles"_s) + 1);
-    return dossiers.update();
-}
-
-bool Reprises::refait(const ChangementElement& changement, qint64 provisoire) const {
-    if (!changement.apres)
-        return ajoute(*changement.avant);
-    RangeeRangee ici = *changement.apres;
-    ici.noordre = provisoire;
-    if (!trouve(ici))
-        return false;
-    return changement.avant ? place(*changement.avant, false) : magasin_.rsdonnees().remove();
+/// A number is asked for when a dossier is made: rarely, and seldom one that is taken.
+bool Reprises::connait(qint64 numero) const {
+    return std::any_of(journal_.pertes().begin(), journal_.pertes().end(),
+                       [&](const Perte& une) { return une.rangee.dossier == numero || une.parent == numero; });
 }
 
 // ---- undo
+
+bool Reprises::possible(const ChangementElement& un) const {
+    return (!un.apres || rangees_.trouve(*un.apres)) && (!un.avant || rangees_.existe(un.avant->dossier));
+}
+
+/// All of them leave their places: a swap could not be undone row by row.
+bool Reprises::ecarte(const std::vector<ChangementElement>& elements) const {
+    qint64 provisoire = premiereplaceprovisoire;
+    return std::all_of(elements.begin(), elements.end(), [&](const ChangementElement& un) {
+        ++provisoire;
+        if (!un.apres)
+            return true;
+        if (!rangees_.trouve(*un.apres))
+            return false;
+        Recordset& donnees = magasin_.rsdonnees();
+        donnees.edit();
+        donnees.setValue(u"noordre"_s, provisoire);
+        return donnees.update();
+    });
+}
+
+bool Reprises::refait(const Changements& changements, const ChangementElement& un, qint64 provisoire) const {
+    // As the deletion lowered the stored count.
+    if (!un.apres)
+        return rangees_.place(*un.avant, true) &&
+               ContenuDossier::changecompte(magasin_, changements.moins.value_or(un.avant->dossier), 1);
+    RangeeRangee ici = *un.apres;
+    ici.noordre = provisoire;
+    if (!rangees_.trouve(ici))
+        return false;
+    return un.avant ? rangees_.place(*un.avant, false) : magasin_.rsdonnees().remove();
+}
+
+bool Reprises::refaittout(const Changements& changements) const {
+    qint64 provisoire = premiereplaceprovisoire;
+    return ecarte(changements.elements) &&
+           std::all_of(changements.elements.begin(), changements.elements.end(),
+                       [&](const ChangementElement& un) { return refait(changements, un, ++provisoire); });
+}
 
 Reprises::Fait Reprises::annule() {
     Fait fait;
     if (faits_.empty())
         return fait;
-    const auto changements = faits_.back();
+    const Changements dernier = faits_.back();
+    const auto& elements = dernier.elements;
+    Changements inverse;
+    for (const auto& [avant, apres] : elements)
+        inverse.elements.push_back({apres, avant});
+    std::vector<Perte> retrouvees;
+    std::vector<Perte> nouvelles;
     fait.echec = magasin_.ecrit([&] {
-        fait.fait = std::all_of(changements.begin(), changements.end(), [&](const ChangementElement& un) {
-            return un.apres ? trouve(*un.apres) && (!un.avant || existe(un.avant->dossier)) : existe(un.avant->dossier);
-        });
-        if (!fait.fait)
-            return true;
-        // First all of them leave their places: a swap could not be undone row by row.
-        qint64 provisoire = premiereplaceprovisoire;
-        for (const ChangementElement& un : changements) {
-            ++provisoire;
-            if (!un.apres)
-                continue;
-            if (!trouve(*un.apres))
-                return false;
-            magasin_.rsdonnees().edit();
-            magasin_.rsdonnees().setValue(u"noordre"_s, provisoire);
-            if (!magasin_.rsdonnees().update())
-                return false;
-        }
-        provisoire = premiereplaceprovisoire;
-        return std::all_of(changements.begin(), changements.end(),
-                           [&](const ChangementElement& un) { return refait(un, ++provisoire); });
+        fait.fait =
+            std::all_of(elements.begin(), elements.end(), [this](const ChangementElement& un) { return possible(un); });
+        retrouvees = pertes(dernier);
+        nouvelles = pertes(inverse);
+        return !fait.fait || refaittout(dernier);
     });
     if (!fait.echec.ok())
         return {fait.echec, false};
     faits_.pop_back();
     if (!fait.fait)
         return fait;
-    journal_.retire(pertes({changements, {}, true}));
-    std::vector<ChangementElement> inverses;
-    for (const auto& [avant, apres] : changements)
-        inverses.push_back({apres, avant});
-    journal_.note(pertes({inverses, {}, true}));
-    recompte(inverses);
+    journal_.retire(retrouvees);
+    journal_.note(nouvelles);
+    compte(dernier.moins, 1);
+    compte(dernier.plus, -1);
+    relit(elements.empty() || !elements.front().avant ? nullptr : &*elements.front().avant);
     dit();
     return fait;
 }
 
-/// The counts that the tree shows, and the list, if it is of one of these dossiers.
-void Reprises::recompte(const std::vector<ChangementElement>& elements) {
-    bool autres = false;
-    for (const auto& [avant, apres] : elements) {
-        if (avant && apres && avant->dossier == apres->dossier)
-            continue;
-        autres = true;
-        if (avant)
-            gestion_.arbre().modifierelements(noeuds_.indexOf(ArbreDossiers::clenoeud(avant->dossier)), -1);
-        if (apres)
-            gestion_.arbre().modifierelements(noeuds_.indexOf(ArbreDossiers::clenoeud(apres->dossier)), 1);
-    }
-    if (autres)
-        gestion_.arbre().notemodifie();
+/// The count that the tree shows.
+void Reprises::compte(std::optional<qint64> dossier, qint64 delta) {
+    if (!dossier)
+        return;
+    gestion_.arbre().modifierelements(rangees_.noeud(*dossier), delta);
+    gestion_.arbre().notemodifie();
+}
+
+/// Lists anew what is listed. The selection stays, or goes to a row that came back.
+void Reprises::relit(const RangeeRangee* rangee) {
+    ListItems& elements = gestion_.donnees().elements;
+    const int avant = elements.selected();
     gestion_.noeudclique(noeuds_.selected());
+    int choisi = std::min(avant, elements.count());
+    if (rangee != nullptr) {
+        const Cle& document = rangee->document;
+        const QString cle = cleelement(document.code + document.numero, rangee->noordre, rangee->extrait);
+        if (const int revenue = elements.indexOf(cle); revenue != 0)
+            choisi = revenue;
+    }
+    elements.select(choisi);
+    if (gestion_.sourcedeliste())
+        gestion_.listefocus();
 }
 
 // ---- what was lost
 
-/// Gives a dossier its row again, the last one below its parent, or below the root if that is gone.
-bool Reprises::recree(const DossierPerdu& dossier) const {
-    const qint64 parent = existe(dossier.parent) ? dossier.parent : 0;
-    const qint64 compte = gestion_.arbre().comptearticle(dossier.numero);
-    Recordset& dossiers = magasin_.rsarborescences();
-    QString erreur;
-    const auto dernier = magasin_.dbdossiers().openQuery(u"SELECT max(ordre) FROM arborescences"_s, &erreur);
-    dossiers.addNew();
-    dossiers.setValue(u"numerodutype"_s, dossier.numero);
-    dossiers.setValue(u"dépendance"_s, parent);
-    dossiers.setValue(u"ordre"_s, dernier ? dernier->number(0) + 1 : dossier.numero);
-    dossiers.setValue(u"typededonnées"_s, dossier.nom);
-    dossiers.setValue(u"nbarticles"_s, compte);
-    return dossiers.update();
-}
-
-bool Reprises::remettitre(const Perte& perte) const {
-    RangeeRangee ici = perte.rangee;
-    ici.titre = perte.apres;
-    if (!trouve(ici))
-        return false;
-    magasin_.rsdonnees().edit();
-    magasin_.rsdonnees().setValue(u"titre"_s, perte.rangee.titre);
-    return magasin_.rsdonnees().update();
-}
-
-Reprises::Fait Reprises::remet(const Perte& perte) {
-    const Perte une = perte; // it may be one of the journal's own
-    const qint64 numero = une.rangee.dossier;
-    const bool parti = !existe(numero);
-    bool ajoutee = false;
+Reprises::Fait Reprises::remet(const std::vector<Perte>& pertes) {
+    const std::vector<Perte> toutes = pertes; // they may be the journal's own
+    RemisePertes remise(gestion_, magasin_, noeuds_);
     Fait fait;
-    fait.echec = magasin_.ecrit([&] {
-        if (parti && !recree({numero, une.parent, une.nomdossier}))
-            return false;
-        if (une.sorte == Perte::Sorte::Dossier || (une.sorte == Perte::Sorte::Titre && remettitre(une)))
-            return true;
-        ajoutee = true;
-        return ajoute(une.rangee);
-    });
+    fait.echec = magasin_.ecrit(
+        [&] { return std::all_of(toutes.begin(), toutes.end(), [&](const Perte& une) { return remise.remet(une); }); });
     fait.fait = fait.echec.ok();
-    if (!fait.fait)
+    if (!fait.fait) {
+        remise.renonce();
         return fait;
-    journal_.retire({une});
-    if (parti)
-        montre(une.parent);
-    if (ajoutee && !parti)
-        recompte({{std::nullopt, une.rangee}});
-    else
-        gestion_.noeudclique(noeuds_.selected());
+    }
+    journal_.retire(toutes);
+    // It can no longer be read at most: then it is not shown, and the next look at the dossiers tells why.
+    magasin_.lit([&] { remise.montre(journal_); });
+    relit(nullptr);
     dit();
     return fait;
-}
-
-/// Loads the children of a dossier anew, so that one that came back is among them.
-void Reprises::montre(qint64 parent) {
-    int noeud = noeuds_.indexOf(ArbreDossiers::clenoeud(parent));
-    if (noeud == 0)
-        noeud = noeuds_.childAt(0, 0);
-    if (!noeuds_.tag(noeud).startsWith(u'+'))
-        return;
-    noeuds_.setTag(noeud, noeuds_.tag(noeud).mid(1));
-    gestion_.arbre().developperbranche(noeud);
 }
 
 } // namespace velm

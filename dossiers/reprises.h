@@ -1,8 +1,9 @@
 #pragma once
-// Takes changes of items back, and puts back what the journal knows to be lost. Each is one transaction; where it can
-// no longer be done nothing happens.
+// Takes changes of items back, keeps the journal of what is lost, and puts that back. Each is one transaction; where it
+// can no longer be done nothing happens.
 #include "dossiers/gestiondossiers.h"
 #include "dossiers/journaldossiers.h"
+#include "dossiers/rangeesdossiers.h"
 
 namespace velm {
 
@@ -20,12 +21,14 @@ public:
         EchecEcriture echec;
         bool fait = false; ///< false: nothing was changed
     };
-    /// Takes the last change of an item back that was not yet. One that failed can be tried again.
+    /// Takes the last change of an item back that was not yet. One that failed can be tried again, one that is no
+    /// longer possible is given up.
     Fait annule();
     bool peutannuler() const { return !faits_.empty(); }
-    /// Puts a loss back: an item into its dossier, at its place if that is free. A dossier that is gone comes back
-    /// under its old name, with that.
-    Fait remet(const Perte& perte);
+    /// Puts losses back, all of them or none: an item into its dossier, at its place if that is free. A dossier that is
+    /// gone comes back under its old name, with that; also where its number has become another's.
+    Fait remet(const std::vector<Perte>& pertes);
+    Fait remet(const Perte& perte) { return remet(std::vector{perte}); }
     const JournalDossiers& journal() const { return journal_; }
     /// Called when a loss was noted, or is none any more.
     std::function<void()> quandchange;
@@ -33,29 +36,28 @@ public:
     // ---- TemoinDossiers
     void vachanger(const Changements& changements) override;
     void change(bool fait) override;
+    /// Notes the items of lost dossiers, which a repair takes out for good.
+    void vareparer() override;
+    bool connait(qint64 numero) const override;
 
 private:
-    QString nomdudossier(qint64 numero) const;
     std::vector<Perte> pertes(const Changements& changements) const;
-    bool dossierlu(qint64 numero) const;
-    bool existe(qint64 numero) const;
-    bool trouve(const RangeeRangee& rangee) const;
-    bool occupee(qint64 dossier, qint64 noordre) const;
-    bool place(RangeeRangee rangee, bool nouvelle) const;
-    bool ajoute(const RangeeRangee& rangee) const;
-    bool refait(const ChangementElement& changement, qint64 provisoire) const;
-    bool recree(const DossierPerdu& dossier) const;
-    bool remettitre(const Perte& perte) const;
-    void recompte(const std::vector<ChangementElement>& elements);
-    void montre(qint64 parent);
+    bool possible(const ChangementElement& un) const;
+    bool ecarte(const std::vector<ChangementElement>& elements) const;
+    bool refait(const Changements& changements, const ChangementElement& un, qint64 provisoire) const;
+    bool refaittout(const Changements& changements) const;
+    void compte(std::optional<qint64> dossier, qint64 delta);
+    void relit(const RangeeRangee* rangee);
     void dit() const;
 
     GestionDossiers& gestion_;
     Magasin& magasin_;
     TreeNodes& noeuds_;
     JournalDossiers& journal_;
-    std::vector<std::vector<ChangementElement>> faits_;
+    RangeesDossiers rangees_;
+    std::vector<Changements> faits_;
     Changements encours_;
+    std::vector<Perte> notees_; ///< of what is going on
 };
 
 } // namespace velm

@@ -45,13 +45,26 @@ bool SauvegardeArbre::ecritneuf(int noeud) {
     return ajouterangee(noeud) && sauvenumero();
 }
 
-void SauvegardeArbre::notedossiersperdus(const std::vector<qint64>& perdus) {
+Changements SauvegardeArbre::changements(const std::vector<qint64>& perdus) const {
+    Changements tous = changements_;
     for (const qint64 perdu : perdus) {
         const int noeud = noeuds_.indexOf(noeuddossier::cle(perdu));
         // A save before the move may have given it its row.
-        if (noeud != 0 && !trouve(noeud))
-            changements_.dossiers.push_back({perdu, numero(noeuds_.parent(noeud)), sanscompteur(noeuds_.text(noeud))});
+        if (noeud == 0 || trouve(noeud))
+            continue;
+        const QString nom = sanscompteur(noeuds_.text(noeud));
+        tous.dossiers.push_back({perdu, numero(noeuds_.parent(noeud)), nom});
+        tous.noms.push_back({perdu, std::nullopt, nom});
     }
+    std::erase_if(tous.abandonnes, [this](const DossierPerdu& un) { return !aenfants(un.numero); });
+    return tous;
+}
+
+bool SauvegardeArbre::aenfants(qint64 numero) const {
+    Recordset& dossiers = magasin_.rsarborescences();
+    dossiers.setIndex(u"enfants"_s);
+    dossiers.seek(Seek::GreaterOrEqual, numero);
+    return !dossiers.eof() && dossiers.number(u"dépendance"_s) == numero;
 }
 
 bool SauvegardeArbre::sauvenumero() {
@@ -91,9 +104,14 @@ bool SauvegardeArbre::trouve(int noeud) const {
 bool SauvegardeArbre::supprimerangee(int noeud) {
     if (!trouve(noeud))
         return true;
+    const Recordset& dossiers = magasin_.rsarborescences();
+    changements_.supprimes.push_back(
+        {numero(noeud), dossiers.number(u"dépendance"_s), dossiers.text(u"typededonnées"_s)});
     Recordset& elements = magasin_.rsdonnees();
     elements.setIndex(u"primarykey"_s);
     elements.seek(Seek::GreaterOrEqual, numero(noeud));
+    if (elements.eof() || elements.number(u"arborescence"_s) != numero(noeud))
+        changements_.abandonnes.push_back(changements_.supprimes.back());
     for (; !elements.eof() && elements.number(u"arborescence"_s) == numero(noeud); elements.moveNext()) {
         changements_.elements.push_back({ContenuDossier::rangee(magasin_), std::nullopt});
         if (!elements.remove())
@@ -124,6 +142,13 @@ bool SauvegardeArbre::sauvenoeud(int noeud) {
     return fait || !trouve(noeud) || changerangee(noeud, false);
 }
 
+/// Of the current row, before it is written.
+void SauvegardeArbre::notenom(int noeud) {
+    const QString avant = magasin_.rsarborescences().text(u"typededonnées"_s);
+    if (const QString apres = sanscompteur(noeuds_.text(noeud)); apres != avant)
+        changements_.noms.push_back({numero(noeud), avant, apres});
+}
+
 void SauvegardeArbre::ecritnom(Recordset& table, int noeud) const {
     table.setValue(u"typededonnées"_s, sanscompteur(noeuds_.text(noeud)));
     table.setValue(u"nbarticles"_s, compteurarbo(noeuds_.text(noeud)));
@@ -133,6 +158,10 @@ bool SauvegardeArbre::ajouterangee(int noeud) {
     prochainnumero_ = std::max(prochainnumero_, numero(noeud));
     // As letters stay, a dossier of this window may have been saved already: no other place could make room for it.
     const bool nouvelle = !trouve(noeud);
+    if (nouvelle)
+        changements_.noms.push_back({numero(noeud), std::nullopt, sanscompteur(noeuds_.text(noeud))});
+    else
+        notenom(noeud);
     return ecritavecreprise(
         [&](Recordset& dossiers) {
             if (nouvelle)
@@ -144,6 +173,7 @@ bool SauvegardeArbre::ajouterangee(int noeud) {
 }
 
 bool SauvegardeArbre::changerangee(int noeud, bool parent) {
+    notenom(noeud);
     return ecritavecreprise(
         [&](Recordset& dossiers) {
             if (parent)
@@ -156,6 +186,7 @@ bool SauvegardeArbre::changerangee(int noeud, bool parent) {
 bool SauvegardeArbre::renommerangee(int noeud) {
     if (!trouve(noeud))
         return true;
+    notenom(noeud);
     Recordset& dossiers = magasin_.rsarborescences();
     dossiers.edit();
     ecritnom(dossiers, noeud);

@@ -18,10 +18,8 @@ public:
     bool sauve(std::vector<int>& retires);
     /// Writes the row of one new dossier.
     bool ecritneuf(int noeud);
-    /// Of these dossiers, whose letters a move took, those are lost that have no row.
-    void notedossiersperdus(const std::vector<qint64>& perdus);
-    /// What became of the rows of items and of lost dossiers.
-    const Changements& changements() const { return changements_; }
+    /// What became of rows and names. `perdus`: dossiers whose letters a move took; those without a row are lost.
+    Changements changements(const std::vector<qint64>& perdus) const;
 
 private:
     qint64 numero(int noeud) const;
@@ -34,6 +32,8 @@ private:
     bool changerangee(int noeud, bool parent);
     bool renommerangee(int noeud);
     bool trouve(int noeud) const;
+    void notenom(int noeud);
+    bool aenfants(qint64 numero) const;
     void ecritnom(Recordset& table, int noeud) const;
     bool ecritavecreprise(const std::function<void(Recordset&)>& champs, bool nouvelle);
 
