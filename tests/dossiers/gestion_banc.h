@@ -1,5 +1,5 @@
 #pragma once
-// The logic of the window of the dossiers on a small tree, with a window that only remembers.
+// The logic of the window of the dossiers, with a window that only remembers.
 #include "dossiers/gestiondossiers.h"
 #include "magasin_support.h"
 #include "tests/support/dialogues_script.h"
@@ -23,8 +23,68 @@ struct VueEssai final : VueDossiers {
     int copiesmanquees = 0;
 };
 
+/// All that one window has. Its texts are their numbers: "<9816>", and behind them `suite`, for what is put into them.
+struct FenetreEssai {
+    explicit FenetreEssai(Magasin& magasin, const QString& suite = {})
+        : gestion({magasin, noeuds, elements, sablier, dialogues, vue, [suite](Texte numero) {
+                       return numero == Texte::MotExtrait
+                                  ? u"extrait"_s
+                                  : u'<' + QString::number(static_cast<int>(numero)) + u'>' + suite;
+                   }}) {}
+
+    int noeud(qint64 numero) const { return noeuds.indexOf(ArbreDossiers::clenoeud(numero)); }
+    void clique(int lequel) {
+        noeuds.select(lequel);
+        gestion.arbrefocus();
+        gestion.noeudclique(lequel);
+    }
+    void cliqueelement(int index) {
+        elements.select(index);
+        gestion.listefocus();
+        gestion.elementclique(index);
+    }
+    /// What was said, by the numbers of the texts.
+    QStringList dits() const {
+        QStringList tous;
+        for (const Message& message : dialogues.messages)
+            tous << message.texte.section(u'>', 0, 0).mid(1);
+        return tous;
+    }
+    QStringList titres() const {
+        QStringList tous;
+        for (int i = 1; i <= elements.count(); ++i)
+            tous << elements.text(i);
+        return tous;
+    }
+
+    TreeNodes noeuds;
+    ListItems elements;
+    SablierMuet sablier;
+    DialoguesScript dialogues;
+    VueEssai vue;
+    GestionDossiers gestion;
+};
+
+/// A window on a store, for tests that speak of dossiers by their numbers.
+class FenetreTest : public MagasinTest {
+protected:
+    int noeud(qint64 numero) const { return fenetre.noeud(numero); }
+    int racine() const { return noeuds.childAt(0, 0); }
+    void clique(qint64 numero) { fenetre.clique(noeud(numero)); }
+    void cliqueelement(int index) { fenetre.cliqueelement(index); }
+    QString textedunoeud(qint64 numero) const { return noeuds.text(noeud(numero)); }
+    QStringList titres() const { return fenetre.titres(); }
+
+    FenetreEssai fenetre{magasin};
+    TreeNodes& noeuds = fenetre.noeuds;
+    ListItems& elementsdeliste = fenetre.elements;
+    DialoguesScript& dialogues = fenetre.dialogues;
+    VueEssai& vue = fenetre.vue;
+    GestionDossiers& gestion = fenetre.gestion;
+};
+
 /// The root with 1 (2, 3 below it) and 4.
-class GestionTest : public MagasinTest {
+class GestionTest : public FenetreTest {
 protected:
     void SetUp() override {
         MagasinTest::SetUp();
@@ -37,25 +97,6 @@ protected:
                {4, 1, u"CO000003"_s, u"Garantie"_s, 0, 0}});
         gestion.charge(true);
     }
-    int noeud(qint64 numero) const { return noeuds.indexOf(ArbreDossiers::clenoeud(numero)); }
-    int racine() const { return noeuds.childAt(0, 0); }
-    void clique(qint64 numero) {
-        noeuds.select(noeud(numero));
-        gestion.arbrefocus();
-        gestion.noeudclique(noeud(numero));
-    }
-    void cliqueelement(int index) {
-        elementsdeliste.select(index);
-        gestion.listefocus();
-        gestion.elementclique(index);
-    }
-    QString textedunoeud(qint64 numero) const { return noeuds.text(noeud(numero)); }
-    QStringList titres() const {
-        QStringList tous;
-        for (int i = 1; i <= elementsdeliste.count(); ++i)
-            tous << elementsdeliste.text(i);
-        return tous;
-    }
     QString nomenregistre(qint64 numero) {
         for (const RangeeDossier& r : dossiers()) {
             if (r.numero == numero)
@@ -64,15 +105,6 @@ protected:
         return u"(aucun)"_s;
     }
     static QString aveccompte(const RangeeDossier& r) { return r.nom + u'/' + QString::number(r.compte); }
-
-    TreeNodes noeuds;
-    ListItems elementsdeliste;
-    DialoguesScript dialogues;
-    VueEssai vue;
-    GestionDossiers gestion{{magasin, noeuds, elementsdeliste, sablier, dialogues, vue, [](Texte numero) {
-                                 return numero == Texte::MotExtrait ? u"extrait"_s
-                                                                    : u"<%1>"_s.arg(static_cast<int>(numero));
-                             }}};
 };
 
 } // namespace velm::test

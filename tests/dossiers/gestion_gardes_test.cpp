@@ -1,6 +1,6 @@
 // Which of tree and list the commands are about, and what a window begins and ends with.
 #include "differences.h"
-#include "gestion_support.h"
+#include "gestion_banc.h"
 
 namespace velm::test {
 namespace {
@@ -22,7 +22,7 @@ protected:
     int noeud(qint64 numero) const { return fenetre.noeud(numero); }
     const CommandesDossiers& commandes() const { return fenetre.vue.commandes; }
 
-    FenetreAveugle fenetre{magasin};
+    FenetreEssai fenetre{magasin, u" %1"_s};
     GestionDossiers& gestion = fenetre.gestion;
 };
 

@@ -1,7 +1,7 @@
 // What the user hears of a disk that fails: one message, nothing lost, and the second try succeeds.
 #include "differences.h"
 #include "disqueenpanne.h"
-#include "gestion_support.h"
+#include "gestion_banc.h"
 
 namespace velm::test {
 namespace {
@@ -35,7 +35,7 @@ protected:
     }
 
     DisqueEnPanne disque;
-    FenetreAveugle fenetre{magasin};
+    FenetreEssai fenetre{magasin, u" %1"_s};
 };
 
 TEST_F(GestionPanneTest, AnItemThatCannotBeDeletedStays) {

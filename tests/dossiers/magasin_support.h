@@ -3,27 +3,19 @@
 #include "core/schemas.h"
 #include "dossiers/arbredossiers.h"
 #include "dossiers/contenudossier.h"
-#include "platform/base/failure.h"
 #include "platform/text/number.h"
+#include "tests/support/arret.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <stdexcept>
 #include <vector>
 
 namespace velm::test {
 
 using namespace Qt::Literals::StringLiterals;
-
-/// What a run-time error becomes in a test.
-struct Arret : std::runtime_error {
-    explicit Arret(const RuntimeFailure& erreur)
-        : std::runtime_error(erreur.parts.join(u", "_s).toStdString()), quoi(erreur.what) {}
-    Failure quoi;
-};
 
 struct RangeeDossier {
     qint64 numero = 0;
@@ -55,17 +47,13 @@ struct RangeeElement {
 class MagasinTest : public testing::Test {
 protected:
     void SetUp() override {
-        avant_ = setRuntimeErrorHandler([](const RuntimeFailure& erreur) { throw Arret(erreur); });
         ASSERT_TRUE(dossier_.isValid());
         const auto faite = Database::create(chemin(), dossiersSchema());
         ASSERT_TRUE(faite.database);
         TableWriter parametres(*faite.database, u"paramètres"_s, {u"dernoarborescence"_s});
         ASSERT_TRUE(parametres.add({0}) && parametres.finish());
     }
-    void TearDown() override {
-        magasin.fermedossiers();
-        setRuntimeErrorHandler(avant_);
-    }
+    void TearDown() override { magasin.fermedossiers(); }
 
     QString dossier() const { return dossier_.path(); }
     QString chemin() const { return dossier_.filePath(u"dossiers.dat"_s); }
@@ -138,14 +126,12 @@ protected:
     }
 
 private:
+    GardeArret garde_;
     QTemporaryDir dossier_; ///< outlives the store in it
 
 protected:
     Magasin magasin;
     SablierMuet sablier;
-
-private:
-    RuntimeErrorHandler avant_;
 };
 
 /// With a tree that was loaded.

@@ -1,5 +1,5 @@
 // Stores that are none, or broken: the user hears of it once, nothing of them is changed, and nothing ends.
-#include "gestion_support.h"
+#include "gestion_banc.h"
 #include "tests/support/odd_files.h"
 #include "tests/support/rounds.h"
 
@@ -42,7 +42,7 @@ protected:
     }
 
     /// Everything that a user may do in a window on it.
-    static void use(FenetreAveugle& fenetre) {
+    static void use(FenetreEssai& fenetre) {
         GestionDossiers& gestion = fenetre.gestion;
         gestion.toutdevelopper();
         for (int noeud = 1; noeud <= std::min(fenetre.noeuds.count(), 8); ++noeud)
@@ -75,7 +75,7 @@ protected:
         magasin.ouvredossiers(dossier());
         ASSERT_FALSE(magasin.dossiersindisponibles());
         EXPECT_EQ(magasin.etat(), Obstacle::Damaged);
-        FenetreAveugle fenetre(magasin);
+        FenetreEssai fenetre(magasin, u" %1"_s);
         EXPECT_TRUE(fenetre.gestion.charge(false)) << "it is shown as far as it can be read";
         EXPECT_EQ(fenetre.dits(), QStringList{u"9818"_s});
         EXPECT_GE(fenetre.noeuds.count(), 1);
@@ -169,7 +169,7 @@ TEST_F(MauvaiseBaseTest, AStoreWithoutItsRowOfNumbersIsToldOnceAndNeverWritten) 
     execute(u"DELETE FROM paramètres"_s);
     expectToldOnceAndNeverWritten(u"no row"_s);
     magasin.ouvredossiers(dossier());
-    FenetreAveugle fenetre(magasin);
+    FenetreEssai fenetre(magasin, u" %1"_s);
     fenetre.gestion.charge(true);
     EXPECT_EQ(fenetre.noeuds.count(), 61) << "the dossiers are seen";
     fenetre.clique(fenetre.noeud(1));
@@ -208,7 +208,7 @@ TEST_F(MauvaiseBaseTest, TheMessageNamesTheNewestSoundCopy) {
     execute(u"DELETE FROM paramètres"_s);
     ASSERT_TRUE(QFile::copy(chemin(), dossier() + u"/dossiers-2026-11-22.dat"_s));
     magasin.ouvredossiers(dossier());
-    FenetreAveugle fenetre(magasin);
+    FenetreEssai fenetre(magasin, u" %1"_s);
     EXPECT_TRUE(fenetre.gestion.charge(false));
     ASSERT_EQ(fenetre.dialogues.texts(), QStringList{u"<9817> "_s + saine});
 }
@@ -219,7 +219,7 @@ TEST_F(MauvaiseBaseTest, AStoreThatAnotherHoldsIsToldOnceAndNotShown) {
     magasin.dbdossiers().execute(u"PRAGMA busy_timeout=0"_s);
     const auto autre = Database::open(chemin(), OpenMode::Shared, dossiersSchema()).database;
     ASSERT_TRUE(autre && autre->execute(u"BEGIN EXCLUSIVE"_s));
-    FenetreAveugle fenetre(magasin);
+    FenetreEssai fenetre(magasin, u" %1"_s);
     EXPECT_FALSE(fenetre.gestion.charge(true));
     EXPECT_EQ(fenetre.dits(), QStringList{u"9895"_s});
     EXPECT_EQ(fenetre.noeuds.count(), 0);
@@ -234,7 +234,7 @@ TEST_F(MauvaiseBaseTest, WhatCannotBeReadLaterIsToldAndNothingIsLost) {
     remplit();
     magasin.ouvredossiers(dossier());
     magasin.dbdossiers().execute(u"PRAGMA busy_timeout=0"_s);
-    FenetreAveugle fenetre(magasin);
+    FenetreEssai fenetre(magasin, u" %1"_s);
     ASSERT_TRUE(fenetre.gestion.charge(false));
     fenetre.clique(fenetre.noeud(1));
     fenetre.gestion.ajouter();
@@ -276,7 +276,7 @@ TEST_F(MauvaiseBaseTest, AnyDamageIsToldOnceOrDoesNoHarm) {
             continue;
         const bool sain = magasin.sain();
         crues += sain ? 1 : 0;
-        FenetreAveugle fenetre(magasin);
+        FenetreEssai fenetre(magasin, u" %1"_s);
         fenetre.dialogues.answers.assign(50, Bouton::Ok);
         EXPECT_TRUE(fenetre.gestion.charge(tour % 2 == 0));
         EXPECT_EQ(fenetre.dits().count(u"9818"_s), sain ? 0 : 1);

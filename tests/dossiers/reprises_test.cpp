@@ -1,66 +1,9 @@
 // What is taken back and put back of the items, and the journal of what was lost.
-#include "dossiers/reprises.h"
-#include "magasin_support.h"
 #include "platform/system/files.h"
-#include "tests/support/dialogues_script.h"
+#include "reprises_support.h"
 
 namespace velm::test {
 namespace {
-
-struct VueSourde final : VueDossiers {
-    void montrecommandes(const CommandesDossiers&) override {}
-    void editenoeud(int) override {}
-    void editeelement(int) override {}
-    void focusliste() override {}
-    void montrecible(int) override {}
-    void montreattente(const ElementEnAttente&) override {}
-    void ditcopiemanquee() override {}
-};
-
-class ReprisesTest : public MagasinTest {
-protected:
-    void SetUp() override {
-        MagasinTest::SetUp();
-        ouvre({{1, 0, 1, u"Baux"_s, 2}, {4, 0, 2, u"Vente"_s, 1}}, {{1, 1, u"CO000001"_s, u"Article un"_s, 0, 0},
-                                                                    {1, 2, u"EU000002"_s, u"Directive"_s, 1204, 310},
-                                                                    {4, 1, u"CO000003"_s, u"Garantie"_s, 0, 0}});
-        journal.ouvre(magasin.cheminbasedossiers());
-        gestion.charge(true);
-        avant = elements();
-        clique(1);
-    }
-    void clique(qint64 numero) {
-        noeuds.select(noeud(numero));
-        gestion.arbrefocus();
-        gestion.noeudclique(noeud(numero));
-    }
-    void choisit(int index) {
-        liste.select(index);
-        gestion.listefocus();
-    }
-    int noeud(qint64 numero) const { return noeuds.indexOf(ArbreDossiers::clenoeud(numero)); }
-    QString texte(qint64 numero) const { return noeuds.text(noeud(numero)); }
-    void annule() {
-        const auto fait = reprises.annule();
-        EXPECT_TRUE(fait.fait && fait.echec.ok());
-    }
-    JournalDossiers relu() {
-        JournalDossiers autre([this] { return maintenant; });
-        autre.ouvre(magasin.cheminbasedossiers());
-        return autre;
-    }
-    QString fichier() const { return dossier() + u"/dossiers-journal.dat"_s; }
-
-    QDateTime maintenant = QDateTime(QDate(2026, 11, 23), QTime(9, 0), Qt::UTC);
-    TreeNodes noeuds;
-    ListItems liste;
-    DialoguesScript dialogues;
-    VueSourde vue;
-    GestionDossiers gestion{{magasin, noeuds, liste, sablier, dialogues, vue, [](Texte) { return u"extrait"_s; }}};
-    JournalDossiers journal{[this] { return maintenant; }};
-    Reprises reprises{gestion, magasin, noeuds, journal};
-    std::vector<RangeeElement> avant;
-};
 
 TEST_F(ReprisesTest, ADeletedItemComesBackAtItsPlaceAndIsLostNoMore) {
     choisit(2);
