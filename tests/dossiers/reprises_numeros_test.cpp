@@ -1,0 +1,369 @@
+// What was lost goes into its own dossier or none, whatever became of numbers, names and parents meanwhile.
+#include "disqueenpanne.h"
+#include "dossiers/echangedossiers.h"
+#include "dossiers/libellecompte.h"
+#include "platform/system/files.h"
+#include "reprises_support.h"
+
+namespace velm::test {
+namespace {
+
+class ReprisesNumerosTest : public ReprisesTest {
+protected:
+    /// Marks a dossier, saves and opens the window anew.
+    void supprimedossier(qint64 numero) {
+        clique(numero);
+        gestion.supprimer();
+        recommence();
+    }
+    void recommence(bool developpe = true) {
+        ASSERT_TRUE(gestion.ferme());
+        rouvre(developpe);
+    }
+    void rouvre(bool developpe = true) {
+        ASSERT_TRUE(gestion.charge(developpe));
+        noeuds.select(racine());
+    }
+    bool repare(const Reparation::Progres& progres = {}) {
+        dialogues.answers = {Bouton::Oui};
+        return EchangeDossiers(gestion).repare(true, progres).has_value();
+    }
+    /// A new dossier below another one; its number.
+    qint64 nouveau(qint64 parent, const QString& nom) {
+        clique(parent);
+        gestion.ajouter();
+        noeuds.setText(noeuds.selected(), nom);
+        return gestion.arbre().numero(noeuds.selected());
+    }
+    void range(qint64 dossier) {
+        gestion.active({u"JP000009"_s, u"Arrêt"_s, 0, 0});
+        gestion.depose(noeud(dossier));
+        gestion.arbrefocus();
+    }
+    void remettout() { EXPECT_TRUE(reprises.remet(journal.pertes()).fait); }
+    QStringList noms() {
+        QStringList tous;
+        for (const RangeeDossier& un : dossiers())
+            tous << QString::number(un.numero) + u' ' + un.nom + u'/' + QString::number(un.compte);
+        return tous;
+    }
+    std::size_t elementsde(qint64 dossier) {
+        const auto tous = elements();
+        return static_cast<std::size_t>(
+            std::count_if(tous.begin(), tous.end(), [&](const RangeeElement& un) { return un.dossier == dossier; }));
+    }
+
+    DisqueEnPanne disque;
+};
+
+TEST_F(ReprisesNumerosTest, AfterARepairANewDossierGetsNoNumberOfALostOne) {
+    supprimedossier(4);
+    ASSERT_TRUE(repare());
+    EXPECT_EQ(derniernumero(), 1);
+    rouvre();
+    std::vector<qint64> nouveaux;
+    for (int i = 0; i < 3; ++i)
+        nouveaux.push_back(nouveau(0, u"Neuf"_s));
+    EXPECT_EQ(nouveaux, (std::vector<qint64>{2, 3, 5}));
+    remettout();
+    EXPECT_EQ(texte(4), u"Vente [1]");
+    recommence();
+    EXPECT_EQ(noms(), (QStringList{u"1 Baux/2"_s, u"2 Neuf/0"_s, u"3 Neuf/0"_s, u"4 Vente/1"_s, u"5 Neuf/0"_s}));
+}
+
+TEST_F(ReprisesNumerosTest, WhereTheNumberIsAnothersItComesBackInADossierOfItsOwn) {
+    supprimedossier(1);
+    ajoutedossier({1, 0, 9, u"Étranger"_s, 0});
+    rouvre();
+    EXPECT_TRUE(reprises.remet(journal.pertes()[0]).fait);
+    const qint64 sien = gestion.arbre().numero(noeuds.selected());
+    EXPECT_EQ(texte(sien), u"Baux [1]");
+    ASSERT_EQ(relu().pertes().size(), 1U);
+    EXPECT_EQ(relu().pertes()[0].rangee.dossier, sien) << "the other one goes with it";
+    EXPECT_TRUE(reprises.remet(relu().pertes()[0]).fait);
+    EXPECT_EQ(texte(sien), u"Baux [2]");
+    recommence();
+    EXPECT_EQ(elementsde(1), 0U);
+    EXPECT_EQ(elementsde(sien), 2U);
+    EXPECT_EQ(texte(1), u"Étranger");
+    EXPECT_GE(derniernumero(), sien);
+}
+
+TEST_F(ReprisesNumerosTest, SeveralThatCameFromOneDossierComeBackInOne) {
+    supprimedossier(1);
+    ajoutedossier({1, 0, 9, u"Étranger"_s, 0});
+    rouvre();
+    remettout();
+    EXPECT_EQ(dossiers().size(), 3U);
+    EXPECT_EQ(textedunoeud(gestion.arbre().numero(noeuds.selected())), u"Baux [2]");
+    EXPECT_TRUE(relu().pertes().empty());
+}
+
+TEST_F(ReprisesNumerosTest, ARenamedDossierIsStillTheSame) {
+    choisit(1);
+    gestion.supprimer();
+    clique(1);
+    gestion.renommer();
+    noeuds.setText(noeud(1), u"Loyers"_s);
+    gestion.apreseditionnoeud();
+    recommence();
+    ASSERT_EQ(relu().pertes().size(), 1U);
+    EXPECT_EQ(relu().pertes()[0].nomdossier, u"Loyers");
+    remettout();
+    EXPECT_EQ(elements(), avant);
+    EXPECT_EQ(dossiers().size(), 2U);
+}
+
+TEST_F(ReprisesNumerosTest, ANameThatWasNotSavedIsNotFollowed) {
+    choisit(1);
+    gestion.supprimer();
+    noeuds.setText(noeud(1), u"Loyers"_s);
+    gestion.arbre().notemodifie();
+    disque.tombe(1, SQLITE_FULL, true);
+    EXPECT_FALSE(gestion.arbre().Sauvearbre().ok());
+    disque.guerit();
+    EXPECT_EQ(relu().pertes()[0].nomdossier, u"Baux");
+}
+
+TEST_F(ReprisesNumerosTest, ADossierThatGetsItsNameLaterIsStillTheSame) {
+    const qint64 neuf = nouveau(0, u"Neuf"_s);
+    range(neuf);
+    clique(neuf);
+    choisit(1);
+    gestion.supprimer();
+    noeuds.setText(noeud(neuf), u"Crédit"_s);
+    gestion.arbre().notemodifie();
+    recommence();
+    remettout();
+    EXPECT_EQ(dossiers().size(), 3U);
+    EXPECT_EQ(texte(neuf), u"Crédit [1]");
+}
+
+TEST_F(ReprisesNumerosTest, TheItemsOfALostDossierAreKeptThroughARepair) {
+    const qint64 neuf = nouveau(1, u"Neuf"_s);
+    range(neuf);
+    clique(1);
+    gestion.bas();
+    recommence();
+    ASSERT_EQ(journal.pertes().size(), 1U);
+    ASSERT_TRUE(repare());
+    EXPECT_EQ(elements(), avant);
+    ASSERT_EQ(relu().pertes().size(), 2U);
+    EXPECT_EQ(relu().pertes()[1].rangee.titre, u"Arrêt");
+    EXPECT_EQ(relu().pertes()[1].nomdossier, u"Neuf");
+    rouvre();
+    remettout();
+    EXPECT_EQ(texte(neuf), u"Neuf [1]");
+    EXPECT_EQ(noeuds.parent(noeud(neuf)), noeud(1));
+    EXPECT_EQ(elementsde(neuf), 1U);
+}
+
+TEST_F(ReprisesNumerosTest, ARepairThatIsStoppedLosesNothing) {
+    const qint64 neuf = nouveau(1, u"Neuf"_s);
+    range(neuf);
+    clique(1);
+    gestion.bas();
+    recommence();
+    EXPECT_FALSE(repare([](int) { return false; }));
+    EXPECT_EQ(relu().pertes().size(), 1U);
+    EXPECT_EQ(elementsde(neuf), 1U);
+}
+
+TEST_F(ReprisesNumerosTest, ALostDossierThatIsStillInTheTreeGetsItsRow) {
+    const qint64 neuf = nouveau(1, u"Neuf"_s);
+    range(neuf);
+    clique(1);
+    gestion.bas();
+    ASSERT_TRUE(gestion.arbre().Sauvearbre().ok());
+    remettout();
+    EXPECT_EQ(texte(neuf), u"Neuf [1]");
+    recommence();
+    EXPECT_EQ(texte(neuf), u"Neuf [1]");
+    EXPECT_TRUE(journal.pertes().empty());
+}
+
+TEST_F(ReprisesNumerosTest, ADeletedDossierWhoseChildrenAreLeftComesBackWithThem) {
+    ajoutedossier({5, 4, 5, u"Cinq"_s, 0});
+    ajoutedossier({6, 5, 6, u"Six"_s, 0});
+    rouvre();
+    clique(4);
+    gestion.developpe(noeud(4));
+    gestion.charge(false);
+    gestion.developpe(racine());
+    EXPECT_EQ(noeud(6), 0) << "its children are not loaded";
+    clique(5);
+    gestion.supprimer();
+    recommence();
+    ASSERT_EQ(relu().pertes().size(), 1U);
+    EXPECT_EQ(relu().pertes()[0].sorte, Perte::Sorte::DossierSupprime);
+    EXPECT_EQ(relu().pertes()[0].nomdossier, u"Cinq");
+    remettout();
+    EXPECT_EQ(noeuds.parent(noeud(5)), noeud(4));
+    rouvre();
+    EXPECT_EQ(noeuds.parent(noeud(6)), noeud(5));
+}
+
+TEST_F(ReprisesNumerosTest, ADeletedDossierWithNothingInItIsNoLoss) {
+    ajoutedossier({5, 0, 5, u"Cinq"_s, 0});
+    rouvre();
+    supprimedossier(5);
+    EXPECT_EQ(dossiers().size(), 2U);
+    EXPECT_TRUE(journal.pertes().empty());
+}
+
+TEST_F(ReprisesNumerosTest, ADossierComesBackBelowItsOwnParentOnly) {
+    ajoutedossier({5, 4, 5, u"Cinq"_s, 1});
+    ajouteelement({5, 1, u"LT000007"_s, u"Lettre"_s, 0, 0});
+    rouvre();
+    supprimedossier(5);
+    ASSERT_EQ(relu().pertes()[0].parent, 4);
+    ASSERT_TRUE(
+        magasin.dbdossiers().execute(u"UPDATE arborescences SET typededonnées='Étranger' WHERE numerodutype=4"_s));
+    rouvre();
+    remettout();
+    EXPECT_EQ(texte(5), u"Cinq [1]");
+    EXPECT_EQ(noeuds.parent(noeud(5)), racine());
+}
+
+TEST_F(ReprisesNumerosTest, TheParentsNumberIsNotGivenAgain) {
+    ajoutedossier({5, 4, 5, u"Cinq"_s, 1});
+    ajouteelement({5, 1, u"LT000007"_s, u"Lettre"_s, 0, 0});
+    rouvre();
+    supprimedossier(5);
+    EXPECT_TRUE(reprises.connait(5));
+    EXPECT_TRUE(reprises.connait(4));
+    EXPECT_FALSE(reprises.connait(1));
+}
+
+TEST_F(ReprisesNumerosTest, LossesComeBackAllOfThemOrNone) {
+    supprimedossier(1);
+    ajoutedossier({1, 0, 9, u"Étranger"_s, 0});
+    rouvre();
+    const auto reste = elements();
+    const int noeudsavant = noeuds.count();
+    disque.tombe(1, SQLITE_FULL, true);
+    EXPECT_FALSE(reprises.remet(journal.pertes()).fait);
+    disque.guerit();
+    EXPECT_EQ(elements(), reste);
+    EXPECT_EQ(dossiers().size(), 2U);
+    for (int un = noeudsavant + 1; un <= noeuds.count(); ++un)
+        EXPECT_FALSE(noeuds.contains(un));
+    EXPECT_EQ(relu().pertes().size(), 2U);
+    remettout();
+    EXPECT_EQ(elements().size(), reste.size() + 2);
+}
+
+// ---- counts and places
+
+TEST_F(ReprisesNumerosTest, CountsGoBackWhereTheyWereChangedThoughTheRowWasAnothers) {
+    ajouteelement({4, 2, u"EU000002"_s, u"Directive"_s, 0, 0});
+    rouvre();
+    const auto etaient = elements();
+    const auto comptes = dossiers();
+    clique(4);
+    choisit(2);
+    gestion.supprimer();
+    EXPECT_EQ(elementsde(1), 1U) << "of the same document at the same place the first one is found";
+    EXPECT_EQ(texte(4), sanscompteur(texte(4))) << "its count of 1 is 0 now";
+    annule();
+    EXPECT_EQ(elements(), etaient);
+    EXPECT_EQ(dossiers(), comptes);
+    EXPECT_EQ(texte(1), u"Baux [2]");
+    EXPECT_EQ(texte(4), u"Vente [1]");
+}
+
+TEST_F(ReprisesNumerosTest, AnExtractThatLeftTheListAloneIsListedAgain) {
+    clique(1);
+    choisit(2);
+    gestion.depose(noeud(4));
+    EXPECT_EQ(titres(), QStringList{u"Article un"_s});
+    EXPECT_EQ(texte(4), u"Vente [2]");
+    annule();
+    EXPECT_EQ(titres().size(), 2);
+    EXPECT_EQ(texte(1), u"Baux [2]");
+    EXPECT_EQ(texte(4), u"Vente [1]");
+    EXPECT_EQ(elements(), avant);
+}
+
+TEST_F(ReprisesNumerosTest, WhatComesBackIsSelectedSoThatTheNextKeyIsAboutIt) {
+    choisit(2);
+    gestion.supprimer();
+    annule();
+    EXPECT_EQ(liste.selected(), 2);
+    gestion.haut();
+    EXPECT_EQ(liste.selected(), 1);
+    annule();
+    EXPECT_EQ(elements(), avant);
+    EXPECT_NE(liste.selected(), 0);
+    EXPECT_TRUE(vue.commandes.supprimer);
+    gestion.supprimer();
+    EXPECT_EQ(elements().size(), 2U) << "an item, not its dossier";
+    EXPECT_FALSE(gestion.arbre().porte(noeud(1), u'S'));
+}
+
+TEST_F(ReprisesNumerosTest, AnEmptiedTitleIsFoundWhereItsRowWentInItsDossier) {
+    choisit(1);
+    gestion.renommer();
+    gestion.apreseditionliste(QString());
+    choisit(1);
+    gestion.bas();
+    remettout();
+    ASSERT_EQ(elements().size(), 3U);
+    EXPECT_EQ(elements()[1].titre, u"Article un");
+    EXPECT_EQ(texte(1), u"Baux [2]");
+}
+
+TEST_F(ReprisesNumerosTest, AnEmptiedTitleWhoseRowIsGoneComesBackAsANewOne) {
+    choisit(1);
+    gestion.renommer();
+    gestion.apreseditionliste(QString());
+    ASSERT_TRUE(magasin.dbdossiers().execute(u"DELETE FROM données WHERE numart='000001'"_s));
+    remettout();
+    EXPECT_EQ(elements(), avant);
+}
+
+TEST_F(ReprisesNumerosTest, AnUndoThatIsNoLongerPossibleIsGivenUp) {
+    choisit(1);
+    gestion.renommer();
+    gestion.apreseditionliste(u"Autre nom"_s);
+    ASSERT_TRUE(magasin.dbdossiers().execute(u"DELETE FROM données WHERE numart='000001'"_s));
+    EXPECT_TRUE(reprises.peutannuler());
+    EXPECT_FALSE(reprises.annule().fait);
+    EXPECT_FALSE(reprises.peutannuler());
+}
+
+// ---- the file
+
+TEST_F(ReprisesNumerosTest, AFileOfAnotherIsLeftAsItIs) {
+    const QByteArray autre = "notes de réunion\n\nlundi 9 h\n";
+    ASSERT_TRUE(writeWhole(fichier(), autre).ok());
+    journal.ouvre(magasin.cheminbasedossiers());
+    EXPECT_TRUE(journal.manque());
+    choisit(1);
+    gestion.supprimer();
+    EXPECT_EQ(readPlain(fichier()).bytes, autre);
+    EXPECT_EQ(journal.pertes().size(), 1U) << "while the window lasts";
+}
+
+TEST_F(ReprisesNumerosTest, AJournalTruncatedAnywhereIsReadAsFarAsItGoesAndKeptOn) {
+    choisit(2);
+    gestion.supprimer();
+    choisit(1);
+    gestion.supprimer();
+    const QByteArray entier = readPlain(fichier()).bytes;
+    for (qsizetype reste = 0; reste <= entier.size(); ++reste) {
+        ASSERT_TRUE(writeWhole(fichier(), entier.left(reste)).ok());
+        JournalDossiers lu = relu();
+        EXPECT_LE(lu.pertes().size(), 2U);
+        if (reste > 9)
+            EXPECT_FALSE(lu.manque()) << reste;
+    }
+    ASSERT_TRUE(writeWhole(fichier(), entier.chopped(3)).ok());
+    JournalDossiers lu = relu();
+    ASSERT_EQ(lu.pertes().size(), 1U);
+    lu.note({lu.pertes()[0]});
+    EXPECT_EQ(relu().pertes().size(), 2U);
+}
+
+} // namespace
+} // namespace velm::test
