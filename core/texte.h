@@ -718,6 +718,8 @@ enum class Texte : int {
     DossiersPerteNonEnregistre = 9880,
     DossiersPerteSorte = 9881,
     DossiersJournalManque = 9882,
+    DossiersPerteDossierSupprime = 9883,
+    DossiersAnnulationImpossible = 9884,
     RegrouperTropEtroit = 9890,
     DossiersPasLus = 9895
 };

@@ -21,8 +21,7 @@ ColonneDossiers::ColonneDossiers(const Libelles& texte, QWidget* parent)
       supprimer_(
           bouton(u"supprimer"_s, texte(Texte::DossiersSupprimer), u"dossiersupprimé"_s, &ColonneDossiers::supprimer)),
       haut_(bouton(u"haut"_s, {}, u"Haut"_s, &ColonneDossiers::haut)),
-      bas_(bouton(u"bas"_s, {}, u"Bas"_s, &ColonneDossiers::bas)),
-      retrouver_(bouton(u"retrouver"_s, texte(Texte::DossiersRetrouver), {}, nullptr)) {
+      bas_(bouton(u"bas"_s, {}, u"Bas"_s, &ColonneDossiers::bas)) {
     setObjectName(u"colonne"_s);
     for (const auto& [fleche, nom] : {std::pair{haut_, Texte::DossiersMonter}, {bas_, Texte::DossiersDescendre}}) {
         fleche->setToolTip(texte(nom));
@@ -48,6 +47,7 @@ ColonneDossiers::ColonneDossiers(const Libelles& texte, QWidget* parent)
     imprimer->setEnabled(false);
     disposition->addWidget(imprimer);
     disposition->addWidget(bouton(u"Command1"_s, texte(Texte::Reparer), {}, &ColonneDossiers::reparer));
+    retrouver_ = bouton(u"retrouver"_s, texte(Texte::DossiersRetrouver), {}, nullptr);
     disposition->addWidget(retrouver_);
     disposition->addStretch();
     disposition->addWidget(bouton(u"cmdok"_s, texte(Texte::BoutonOk), {}, &ColonneDossiers::fermer));

@@ -39,7 +39,7 @@ private:
     QPushButton* supprimer_;
     QPushButton* haut_;
     QPushButton* bas_;
-    QPushButton* retrouver_;
+    QPushButton* retrouver_ = nullptr;
 };
 
 } // namespace velm

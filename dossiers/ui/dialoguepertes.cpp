@@ -42,6 +42,7 @@ void DialoguePertes::construit() {
     liste_->setRootIsDecorated(false);
     liste_->setUniformRowHeights(true);
     liste_->setAllColumnsShowFocus(true);
+    liste_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     QHeaderView& colonnes = *liste_->header();
     colonnes.setStretchLastSection(false);
     colonnes.setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -57,6 +58,8 @@ void DialoguePertes::construit() {
     fermer->setAutoDefault(false);
     connect(fermer, &QPushButton::clicked, this, &QDialog::accept);
     connect(remettre_, &QPushButton::clicked, this, &DialoguePertes::remet);
+    connect(liste_, &QTreeWidget::itemSelectionChanged, this,
+            [this] { remettre_->setEnabled(!liste_->selectedItems().isEmpty()); });
     connect(liste_, &QTreeWidget::itemDoubleClicked, this, &DialoguePertes::remet);
 
     auto* const boutons = new QHBoxLayout;
@@ -83,6 +86,8 @@ QString DialoguePertes::sorte(Perte::Sorte sorte) const {
         return texte_(Texte::DossiersPerteEfface);
     case Perte::Sorte::Dossier:
         return texte_(Texte::DossiersPerteNonEnregistre);
+    case Perte::Sorte::DossierSupprime:
+        return texte_(Texte::DossiersPerteDossierSupprime);
     }
     return {};
 }
@@ -93,8 +98,7 @@ void DialoguePertes::remplit(int choisie) {
     QList<QTreeWidgetItem*> rangs;
     for (auto une = pertes.rbegin(); une != pertes.rend(); ++une) {
         const QDateTime quand = une->quand.toLocalTime();
-        const bool dossier = une->sorte == Perte::Sorte::Dossier;
-        const QString titre = dossier ? une->nomdossier : une->rangee.titre;
+        const QString titre = une->dundossier() ? une->nomdossier : une->rangee.titre;
         auto* const rang = new QTreeWidgetItem(
             {titre, une->nomdossier, sorte(une->sorte),
              dateecrite(quand.date().toString(Qt::ISODate), texte_) + u' ' + quand.time().toString(u"HH:mm"_s)});
@@ -104,19 +108,24 @@ void DialoguePertes::remplit(int choisie) {
         rangs << rang;
     }
     liste_->addTopLevelItems(rangs);
-    remettre_->setEnabled(!rangs.isEmpty());
     if (!rangs.isEmpty())
         liste_->setCurrentItem(rangs[std::min(choisie, static_cast<int>(rangs.size()) - 1)]);
 }
 
 void DialoguePertes::remet() {
-    const int rang = liste_->indexOfTopLevelItem(liste_->currentItem());
-    const auto& pertes = reprises_.journal().pertes();
-    if (rang < 0 || rang >= static_cast<int>(pertes.size()))
+    std::vector<int> rangs;
+    for (QTreeWidgetItem* const choisi : liste_->selectedItems())
+        rangs.push_back(liste_->indexOfTopLevelItem(choisi));
+    if (rangs.empty())
         return;
-    const auto fait = reprises_.remet(pertes[pertes.size() - 1 - static_cast<std::size_t>(rang)]);
-    gestion_.reussi(fait.echec, Texte::DossiersPasModifies);
-    remplit(rang);
+    // The oldest, which stands last, comes back first.
+    std::sort(rangs.begin(), rangs.end(), std::greater());
+    const auto& pertes = reprises_.journal().pertes();
+    std::vector<Perte> choisies;
+    for (const int rang : rangs)
+        choisies.push_back(pertes[pertes.size() - 1 - static_cast<std::size_t>(rang)]);
+    gestion_.reussi(reprises_.remet(choisies).echec, Texte::DossiersPasModifies);
+    remplit(rangs.back());
     if (pertes.empty())
         accept();
 }

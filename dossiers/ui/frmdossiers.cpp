@@ -16,7 +16,6 @@
 
 #include <QCheckBox>
 #include <QCoreApplication>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -66,8 +65,6 @@ void frmdossiers::construit() {
     ligne_->setObjectName(u"attente"_s);
     ligne_->setWordWrap(true);
     ligne_->hide();
-    for (QWidget* const observe : {static_cast<QWidget*>(arbre_), static_cast<QWidget*>(liste_)})
-        observe->installEventFilter(this);
 }
 
 void frmdossiers::construitbarres() {
@@ -118,8 +115,12 @@ void frmdossiers::reliecommandes() {
     connect(colonne_, &ColonneDossiers::toutreduire, this, [this] { gestion_.toutreduire(); });
     connect(colonne_, &ColonneDossiers::reparer, this, &frmdossiers::repare);
     retour_ = std::make_unique<RetourDossiers>(gestion_, colonne_->retrouver(), this);
-    connect(retour_.get(), &RetourDossiers::journalmanque, this,
-            [this] { ecritligne(texte(Texte::DossiersJournalManque)); });
+    touches_ = std::make_unique<TouchesDossiers>(gestion_, *retour_, *arbre_, *liste_);
+    connect(retour_.get(), &RetourDossiers::dit, this, [this](const QString& mots) {
+        ecritligne(mots);
+        if (mots.isEmpty())
+            montreattente(gestion_.attente());
+    });
     connect(colonne_, &ColonneDossiers::fermer, this, &QDialog::accept);
     connect(separateur_, &SplitterBar::dropped, this, [this](int x) {
         disposition_.separe(x, size(), mesures());
@@ -247,43 +248,6 @@ void frmdossiers::montreattente(const ElementEnAttente& attente) {
 
 void frmdossiers::ditcopiemanquee() {
     ecritligne(texte(Texte::DossiersCopieManquee));
-}
-
-// ---- keys
-
-bool frmdossiers::eventFilter(QObject* observe, QEvent* evenement) {
-    if (evenement->type() == QEvent::FocusIn) {
-        if (observe == arbre_)
-            gestion_.arbrefocus();
-        else if (observe == liste_)
-            gestion_.listefocus();
-    }
-    if (evenement->type() == QEvent::KeyPress && cle(static_cast<QKeyEvent&>(*evenement)))
-        return true;
-    return QDialog::eventFilter(observe, evenement);
-}
-
-/// The keys that mean the same in the tree and in the list.
-bool frmdossiers::cle(const QKeyEvent& evenement) {
-    if (retour_->cle(evenement))
-        return true;
-    const bool ctrl = evenement.modifiers() == Qt::ControlModifier;
-    const auto touche = evenement.key();
-    if (evenement.modifiers() != Qt::NoModifier && !ctrl)
-        return false;
-    if (!ctrl && touche == Qt::Key_Delete)
-        gestion_.supprimer();
-    else if (!ctrl && touche == Qt::Key_Insert)
-        gestion_.ajouter();
-    else if (ctrl && touche == Qt::Key_Up)
-        gestion_.haut();
-    else if (ctrl && touche == Qt::Key_Down)
-        gestion_.bas();
-    else if (!ctrl && (touche == Qt::Key_Return || touche == Qt::Key_Enter) && gestion_.attend() && arbre_->hasFocus())
-        gestion_.depose(arbre_->nodes().selected());
-    else
-        return false;
-    return true;
 }
 
 // ---- places

@@ -8,6 +8,7 @@
 #include "dossiers/fichiersdossiers.h"
 #include "dossiers/ui/porteurdossiers.h"
 #include "dossiers/ui/retourdossiers.h"
+#include "dossiers/ui/touchesdossiers.h"
 
 #include <QDialog>
 
@@ -54,7 +55,6 @@ public:
 protected:
     void resizeEvent(QResizeEvent* evenement) override;
     void changeEvent(QEvent* evenement) override;
-    bool eventFilter(QObject* observe, QEvent* evenement) override;
 
 private:
     // ---- VueDossiers
@@ -78,7 +78,6 @@ private:
     void ecritligne(const QString& texte);
     void place();
     DispositionDossiers::Mesures mesures() const;
-    bool cle(const QKeyEvent& evenement);
     void chargerdocument(int index);
     void relitplace();
     void ecritplace() const;
@@ -90,6 +89,7 @@ private:
     EchangeDossiers echange_;
     PorteurDossiers porteur_;
     std::unique_ptr<RetourDossiers> retour_;
+    std::unique_ptr<TouchesDossiers> touches_;
     DispositionDossiers disposition_;
     ColonneDossiers* colonne_;
     SplitterBar* separateur_;

@@ -24,8 +24,10 @@ void RetourDossiers::permet() {
     const bool perdu = !journal_.pertes().empty();
     bouton_.setEnabled(perdu);
     bouton_.setToolTip(gestion_.donnees().texte(perdu ? Texte::DossiersRetrouverConseil : Texte::DossiersRien));
-    if (journal_.manque() && fenetre_->isVisible() && !std::exchange(dit_, true))
-        emit journalmanque();
+    if (std::exchange(refuse_, false))
+        emit dit({});
+    if (journal_.manque() && fenetre_->isVisible() && !std::exchange(manquedit_, true))
+        emit dit(gestion_.donnees().texte(Texte::DossiersJournalManque));
 }
 
 void RetourDossiers::montre() {
@@ -34,7 +36,13 @@ void RetourDossiers::montre() {
 }
 
 void RetourDossiers::annule() {
-    gestion_.reussi(reprises_.annule().echec, Texte::DossiersPasModifies);
+    if (!reprises_.peutannuler())
+        return;
+    const auto fait = reprises_.annule();
+    if (!gestion_.reussi(fait.echec, Texte::DossiersPasModifies) || fait.fait)
+        return;
+    refuse_ = true;
+    emit dit(gestion_.donnees().texte(Texte::DossiersAnnulationImpossible));
 }
 
 bool RetourDossiers::cle(const QKeyEvent& evenement) {

@@ -22,8 +22,9 @@ public:
     bool cle(const QKeyEvent& evenement);
 
 signals:
-    /// The journal cannot be kept; told once.
-    void journalmanque();
+    /// To be said beside the tree: that the journal cannot be kept, once, or that a change can no longer be undone;
+    /// empty when the latter has had its time.
+    void dit(const QString& mots);
 
 private:
     void permet();
@@ -34,7 +35,8 @@ private:
     Reprises reprises_;
     QPushButton& bouton_;
     QWidget* fenetre_;
-    bool dit_ = false;
+    bool manquedit_ = false;
+    bool refuse_ = false;
 };
 
 } // namespace velm

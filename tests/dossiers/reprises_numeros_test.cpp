@@ -2,7 +2,6 @@
 #include "disqueenpanne.h"
 #include "dossiers/echangedossiers.h"
 #include "dossiers/libellecompte.h"
-#include "platform/system/files.h"
 #include "reprises_support.h"
 
 namespace velm::test {
@@ -330,39 +329,6 @@ TEST_F(ReprisesNumerosTest, AnUndoThatIsNoLongerPossibleIsGivenUp) {
     EXPECT_TRUE(reprises.peutannuler());
     EXPECT_FALSE(reprises.annule().fait);
     EXPECT_FALSE(reprises.peutannuler());
-}
-
-// ---- the file
-
-TEST_F(ReprisesNumerosTest, AFileOfAnotherIsLeftAsItIs) {
-    const QByteArray autre = "notes de réunion\n\nlundi 9 h\n";
-    ASSERT_TRUE(writeWhole(fichier(), autre).ok());
-    journal.ouvre(magasin.cheminbasedossiers());
-    EXPECT_TRUE(journal.manque());
-    choisit(1);
-    gestion.supprimer();
-    EXPECT_EQ(readPlain(fichier()).bytes, autre);
-    EXPECT_EQ(journal.pertes().size(), 1U) << "while the window lasts";
-}
-
-TEST_F(ReprisesNumerosTest, AJournalTruncatedAnywhereIsReadAsFarAsItGoesAndKeptOn) {
-    choisit(2);
-    gestion.supprimer();
-    choisit(1);
-    gestion.supprimer();
-    const QByteArray entier = readPlain(fichier()).bytes;
-    for (qsizetype reste = 0; reste <= entier.size(); ++reste) {
-        ASSERT_TRUE(writeWhole(fichier(), entier.left(reste)).ok());
-        JournalDossiers lu = relu();
-        EXPECT_LE(lu.pertes().size(), 2U);
-        if (reste > 9)
-            EXPECT_FALSE(lu.manque()) << reste;
-    }
-    ASSERT_TRUE(writeWhole(fichier(), entier.chopped(3)).ok());
-    JournalDossiers lu = relu();
-    ASSERT_EQ(lu.pertes().size(), 1U);
-    lu.note({lu.pertes()[0]});
-    EXPECT_EQ(relu().pertes().size(), 2U);
 }
 
 } // namespace

@@ -103,6 +103,100 @@ TEST_F(DossiersJournalTest, TheListStaysWhileSomethingIsLeftInIt) {
     ferme();
 }
 
+TEST_F(DossiersJournalTest, SeveralThatAreSelectedComeBackTogether) {
+    rangedans(u"Clients"_s);
+    ferme();
+    range();
+    clique(u"Clients"_s);
+    clique(u"Clients"_s);
+    for (int i = 0; i < 2; ++i) {
+        cliqueelement(1);
+        touche(Qt::Key_Delete);
+    }
+    montrepertes();
+    touche(Qt::Key_A, Qt::ControlModifier);
+    touche(Qt::Key_Return);
+    EVENTUALLY(pertes() == nullptr);
+    EXPECT_EQ(titres(), (QStringList{u"Article premier"_s, u"Article premier"_s}));
+    EXPECT_EQ(texte(u"Clients"_s), u"Clients [2]");
+    ferme();
+}
+
+TEST_F(DossiersJournalTest, ATitleEmptiedAtClosingComesBack) {
+    rangedans(u"Clients"_s);
+    cliqueelement(1);
+    touche(Qt::Key_F2);
+    fenetre()->fermesansquestion();
+    EVENTUALLY(fenetre() == nullptr);
+    ouvre();
+    clique(u"Clients"_s);
+    EXPECT_EQ(titres(), QStringList{QString()});
+    montrepertes();
+    ASSERT_EQ(listepertes().topLevelItemCount(), 1);
+    EXPECT_EQ(listepertes().topLevelItem(0)->text(2), mots(9879));
+    touche(Qt::Key_Return);
+    EVENTUALLY(pertes() == nullptr);
+    EXPECT_EQ(titres(), QStringList{u"Article premier"_s});
+    ferme();
+}
+
+TEST_F(DossiersJournalTest, ADossierThatAMoveLostComesBackWithWhatWasInIt) {
+    commence();
+    ouvre();
+    nouveau(u"Clients"_s);
+    clique(mots(4201));
+    nouveau(u"Veille"_s);
+    ferme();
+    range();
+    touche(Qt::Key_Down);
+    touche(Qt::Key_Insert);
+    ecrit(u"Martin"_s);
+    touche(Qt::Key_Return);
+    EXPECT_EQ(texte(u"Martin"_s), u"Martin [1]");
+    touche(Qt::Key_Up);
+    touche(Qt::Key_Down, Qt::ControlModifier);
+    ferme();
+    ouvre();
+    EXPECT_EQ(noeud(u"Martin"_s), 0);
+    montrepertes();
+    ASSERT_EQ(listepertes().topLevelItemCount(), 1);
+    EXPECT_EQ(listepertes().topLevelItem(0)->text(0), u"Martin");
+    EXPECT_EQ(listepertes().topLevelItem(0)->text(2), mots(9880));
+    touche(Qt::Key_Return);
+    EVENTUALLY(pertes() == nullptr);
+    EXPECT_EQ(arbre().nodes().parent(noeud(u"Martin"_s)), noeud(u"Clients"_s));
+    clique(u"Martin"_s);
+    EXPECT_EQ(texte(u"Martin"_s), u"Martin [1]");
+    EXPECT_EQ(titres(), QStringList{u"Article premier"_s});
+    ferme();
+}
+
+TEST_F(DossiersJournalTest, AnUndoThatIsNoLongerPossibleIsSaidUntilTheNextChange) {
+    rangedans(u"Clients"_s);
+    cliqueelement(1);
+    touche(Qt::Key_Delete);
+    clique(u"Clients"_s);
+    touche(Qt::Key_Delete);
+    ASSERT_TRUE(programme->dossiers().magasin().dbdossiers().execute(u"DELETE FROM arborescences"_s));
+    arbre().nodes().remove(noeud(u"Clients"_s));
+    touche(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(ligne(), mots(9884));
+    montrepertes();
+    touche(Qt::Key_Return);
+    EVENTUALLY(pertes() == nullptr);
+    EXPECT_EQ(ligne(), QString());
+    EXPECT_NE(noeud(u"Clients"_s), 0);
+    ferme();
+}
+
+TEST_F(DossiersJournalTest, TheUndoKeyWithNothingToTakeBackSaysNothing) {
+    commence();
+    ouvre();
+    touche(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(ligne(), QString());
+    ferme();
+}
+
 TEST_F(DossiersJournalTest, TheWindowMayCloseUnderTheList) {
     rangedans(u"Clients"_s);
     cliqueelement(1);
