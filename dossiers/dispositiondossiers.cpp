@@ -12,12 +12,13 @@ constexpr int entre = pixelsFromTwips(45); ///< the splitter's own width, over w
 constexpr int bas = pixelsFromTwips(120);
 constexpr int autourcolonne = pixelsFromTwips(120);
 constexpr int colonneminimum = pixelsFromTwips(1530) - autourcolonne;
+constexpr int avantcolonne = pixelsFromTwips(120);
 constexpr int prise = 5;
 constexpr int moindre = 80; ///< of tree and of list
 constexpr int moindrehauteur = 200;
 
 int libre(QSize fenetre, int colonne) {
-    return fenetre.width() - 2 * bord - entre - std::max(colonne, colonneminimum) - autourcolonne;
+    return fenetre.width() - 2 * bord - entre - avantcolonne - std::max(colonne, colonneminimum) - autourcolonne;
 }
 
 } // namespace
@@ -56,7 +57,7 @@ DispositionDossiers::Places DispositionDossiers::places(QSize fenetre, const Mes
 
 QSize DispositionDossiers::minimum(const Mesures& mesures) {
     const int partage = std::max(3 * moindre + entre, mesures.barres);
-    const int largeur = 2 * bord + partage + std::max(mesures.colonne, colonneminimum) + autourcolonne;
+    const int largeur = 2 * bord + partage + avantcolonne + std::max(mesures.colonne, colonneminimum) + autourcolonne;
     return {largeur, moindrehauteur + mesures.barre + mesures.ligne};
 }
 

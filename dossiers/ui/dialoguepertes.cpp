@@ -50,6 +50,9 @@ void DialoguePertes::construit() {
     colonnes.setSectionResizeMode(1, QHeaderView::Interactive);
     colonnes.setSectionsMovable(false);
     colonnes.setMinimumHeight(hauteur());
+    QFont titres = colonnes.font();
+    titres.setWeight(QFont::DemiBold);
+    colonnes.setFont(titres);
     liste_->setColumnWidth(1, largeurdossier);
     remettre_->setObjectName(u"remettre"_s);
     remettre_->setDefault(true);

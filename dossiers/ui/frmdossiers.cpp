@@ -3,6 +3,7 @@
 #include "core/langue.h"
 #include "core/nombres.h"
 #include "core/tablereglages.h"
+#include "dossiers/libellecompte.h"
 #include "dossiers/ui/colonnedossiers.h"
 #include "dossiers/ui/listedossier.h"
 #include "platform/base/twips.h"
@@ -60,11 +61,16 @@ void frmdossiers::construit() {
     arbre_->setObjectName(u"TreeView1"_s);
     arbre_->setAccessibleName(texte(Texte::DossiersArbre));
     arbre_->setImages([](const QString& nom) { return icon(nom); });
+    // How many items a dossier has is seen behind the longest name.
+    arbre_->setKeptEnd([](const QString& nom) { return nom.size() - sanscompteur(nom).size(); });
     separateur_->setObjectName(u"separateur"_s);
     separateur_->setAccessibleName(texte(Texte::DossiersSeparateur));
     ligne_->setObjectName(u"attente"_s);
     ligne_->setWordWrap(true);
+    ligne_->setAutoFillBackground(true);
+    ligne_->setContentsMargins(look::spacing, look::grid, look::spacing, look::grid);
     ligne_->hide();
+    teinteligne();
 }
 
 void frmdossiers::construitbarres() {
@@ -173,6 +179,13 @@ void frmdossiers::ecritligne(const QString& texte) {
     ligne_->setText(texte);
     ligne_->setVisible(!texte.isEmpty());
     place();
+}
+
+/// What waits is told from what is always there.
+void frmdossiers::teinteligne() {
+    QPalette teinte = palette();
+    teinte.setColor(QPalette::Window, look::chosenGround(teinte));
+    ligne_->setPalette(teinte);
 }
 
 void frmdossiers::montre(const ElementEnAttente& attente) {
@@ -286,6 +299,8 @@ void frmdossiers::changeEvent(QEvent* evenement) {
     QDialog::changeEvent(evenement);
     if (evenement->type() == QEvent::FontChange || evenement->type() == QEvent::StyleChange)
         place();
+    if (evenement->type() == QEvent::PaletteChange)
+        teinteligne();
 }
 
 void frmdossiers::relitplace() {

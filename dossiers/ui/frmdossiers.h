@@ -76,6 +76,7 @@ private:
     void ouvrefichier(const QString& nomfichier);
     void repare();
     void ecritligne(const QString& texte);
+    void teinteligne();
     void place();
     DispositionDossiers::Mesures mesures() const;
     void chargerdocument(int index);

@@ -6,7 +6,6 @@
 #include "platform/widgets/list/listdelegate.h"
 #include "platform/widgets/look/icons.h"
 #include "platform/widgets/look/look.h"
-#include "platform/widgets/look/plaintext.h"
 
 #include <QPainter>
 
@@ -40,8 +39,8 @@ ListeDossier::ListeDossier(Corpus& corpus, Libelles texte, QWidget* parent)
     setAccessibleName(texte_(Texte::DossiersContenu));
     setImages(imagedecollection);
     setFaint([this](const QString& cle) { return absent(cle); });
-    vide_ = remplace(texte_(Texte::DossierVide), {withoutMnemonic(texte_(Texte::MenuRangerDansUnDossier)),
-                                                  withoutMnemonic(texte_(Texte::MenuFichier))});
+    vide_ = remplace(texte_(Texte::DossierVide),
+                     {texte_(Texte::MenuRangerDansUnDossier).remove(u'&'), texte_(Texte::MenuFichier).remove(u'&')});
     setTips([this](int index) { return infobulle(index); });
 }
 

@@ -17,6 +17,8 @@ public:
     /// The collection is not owned.
     ListeDossier(Corpus& corpus, Libelles texte, QWidget* parent);
 
+    /// What is said in place of the items of an empty dossier.
+    const QString& vide() const { return vide_; }
     /// The buttons of the arrangements, one of which is down.
     void relie(Toolbar& barre);
     /// Whether the document of an item is missing from the collection.

@@ -33,6 +33,7 @@ TEST(DispositionDossiers, NothingLiesOnAnother) {
         EXPECT_GE(places.liste.width(), 79);
         EXPECT_LT(places.arbre.right(), places.liste.left());
         EXPECT_LT(places.liste.right(), places.colonne.left());
+        EXPECT_EQ(places.colonne.left() - places.liste.right() - 1, 8);
         EXPECT_LE(places.colonne.right(), fenetre.width());
         EXPECT_LE(places.arbre.bottom(), fenetre.height());
         EXPECT_FALSE(places.barre.intersects(places.barrevue));

@@ -5,6 +5,7 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <functional>
 
 namespace velm {
 
@@ -13,6 +14,15 @@ struct RowDelegate : public QStyledItemDelegate {
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         const int width = QStyledItemDelegate::sizeHint(option, index).width();
         return {width, gridlook::rowHeight(QFontMetrics(option.font))};
+    }
+    /// How many characters at the end of a text stay when it is cut; none where nobody says so.
+    std::function<qsizetype(const QString& text)> keptEnd;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyleOptionViewItem row = option;
+        initStyleOption(&row, index);
+        row.text = cut(row);
+        row.widget->style()->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
     }
     /// Whether the whole text can be seen.
     bool fits(QStyleOptionViewItem option, const QModelIndex& index) const {
@@ -28,6 +38,16 @@ struct RowDelegate : public QStyledItemDelegate {
     }
 
 private:
+    QString cut(const QStyleOptionViewItem& option) const {
+        const qsizetype kept = keptEnd ? keptEnd(option.text) : 0;
+        const QFontMetrics& metrics = option.fontMetrics;
+        const int width = room(option).width();
+        if (kept == 0 || metrics.horizontalAdvance(option.text) <= width)
+            return option.text;
+        const QString end = option.text.right(kept);
+        const int rest = std::max(width - metrics.horizontalAdvance(end), 0);
+        return metrics.elidedText(option.text.chopped(kept), option.textElideMode, rest) + end;
+    }
     static QRect room(const QStyleOptionViewItem& option) {
         const QStyle* style = option.widget->style();
         const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, option.widget) + 1;

@@ -12,14 +12,14 @@ namespace {
 
 /// What a text deep in the tree keeps of the width, in average characters, as long as a step is no smaller than this.
 constexpr int leastCharacters = 24;
-constexpr int leastStep = look::grid;
+constexpr int leastStep = 2 * look::grid; // the sign of an open branch is as wide
 
 } // namespace
 
 int treeIndentation(const QFontMetrics& metrics, int width, int deepest) {
     const int text = leastCharacters * metrics.averageCharWidth() + gridlook::rowHeight(metrics);
     const int usual = gridlook::iconEdge(metrics) + look::grid;
-    const int least = std::min(leastStep, width / 2 / (deepest + 1));
+    const int least = std::min(leastStep, (width / 2 - 1) / (deepest + 1));
     return std::clamp((width - text) / (deepest + 1), least, usual);
 }
 

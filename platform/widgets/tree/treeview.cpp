@@ -55,6 +55,11 @@ void TreeView::setShownText(std::function<QString(int node)> shown) {
     viewport()->update();
 }
 
+void TreeView::setKeptEnd(std::function<qsizetype(const QString& text)> kept) {
+    static_cast<RowDelegate*>(itemDelegate())->keptEnd = std::move(kept);
+    viewport()->update();
+}
+
 void TreeView::setMarked(int node) {
     watch_->model.setMarked(nodes_.contains(node) ? node : 0);
 }

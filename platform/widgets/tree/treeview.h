@@ -31,6 +31,8 @@ public:
     void setImages(std::function<QIcon(const QString& name)> images);
     /// What is shown of a node's text; its tip tells the whole. Asked when it is painted: must be quick.
     void setShownText(std::function<QString(int node)> shown);
+    /// How many characters at the end of a text stay in sight when it is cut: what is before them is cut then.
+    void setKeptEnd(std::function<qsizetype(const QString& text)> kept);
     /// Shows one node as the one that is looked at elsewhere: heavier, in the accent's ink and tint. It is neither
     /// selected nor scrolled to. 0 for none, as after a clear().
     void setMarked(int node);

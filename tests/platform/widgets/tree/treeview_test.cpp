@@ -214,6 +214,30 @@ TEST_F(TreeViewTest, OnlyATextThatDoesNotFitHasATip) {
     EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
 }
 
+TEST_F(TreeViewTest, TheEndThatIsKeptIsSeenBehindATextThatIsCut) {
+    add(0, u"seul"_s);
+    const auto painted = [this](const QString& end) {
+        nodes.setText(1, QString(90, u'm') + end);
+        return tree.grab().toImage();
+    };
+    const QImage one = painted(u" [1]"_s);
+    EXPECT_EQ(painted(u" [2]"_s), one) << "it is cut like all else";
+    tree.setKeptEnd([](const QString&) { return qsizetype(4); });
+    const QImage kept = painted(u" [1]"_s);
+    EXPECT_NE(painted(u" [2]"_s), kept);
+    EXPECT_NE(painted(u""_s), kept);
+    EXPECT_EQ(nodes.text(1), QString(90, u'm')) << "drawn only";
+    nodes.setText(1, u"mm [1]"_s);
+    const QImage fits = tree.grab().toImage();
+    tree.setKeptEnd({});
+    EXPECT_EQ(tree.grab().toImage(), fits) << "what fits is not cut";
+    QHelpEvent help(QEvent::ToolTip, pointOf(1), tree.viewport()->mapToGlobal(pointOf(1)));
+    nodes.setText(1, QString(90, u'm') + u" [7]"_s);
+    tree.setKeptEnd([](const QString&) { return qsizetype(4); });
+    QApplication::sendEvent(tree.viewport(), &help);
+    EXPECT_TRUE(QToolTip::text().contains(u" [7]"_s));
+}
+
 TEST_F(TreeViewTest, ToolsForPeopleWhoCannotSeeReadNodes) {
     plant();
     nodes.setExpanded(1, true);
