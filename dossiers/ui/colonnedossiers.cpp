@@ -12,6 +12,8 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
+constexpr int moindreecart = look::grid / 2; ///< between buttons that have no more room
+
 } // namespace
 
 ColonneDossiers::ColonneDossiers(const Libelles& texte, QWidget* parent)
@@ -34,21 +36,31 @@ ColonneDossiers::ColonneDossiers(const Libelles& texte, QWidget* parent)
     fleches->addWidget(bas_);
     auto* disposition = new QVBoxLayout(this);
     disposition->setContentsMargins(0, 0, 0, 0);
-    disposition->setSpacing(look::spacing);
-    for (QPushButton* const un : {ajouter_, renommer_, supprimer_})
+    disposition->setSpacing(moindreecart);
+    // In a low window they move together, so that all of them stay in sight.
+    const auto ecart = [disposition](int pixels) {
+        disposition->addItem(new QSpacerItem(0, pixels - moindreecart, QSizePolicy::Minimum, QSizePolicy::Maximum));
+    };
+    for (QPushButton* const un : {ajouter_, renommer_, supprimer_}) {
         disposition->addWidget(un);
+        ecart(look::spacing);
+    }
     disposition->addLayout(fleches);
-    disposition->addSpacing(look::groupSpacing - look::spacing);
+    ecart(look::groupSpacing);
     disposition->addWidget(
         bouton(u"toutdevelopper"_s, texte(Texte::ToutDevelopper), {}, &ColonneDossiers::toutdevelopper));
+    ecart(look::spacing);
     disposition->addWidget(bouton(u"toutreduire"_s, texte(Texte::ToutReduire), {}, &ColonneDossiers::toutreduire));
-    disposition->addSpacing(look::groupSpacing - look::spacing);
+    ecart(look::groupSpacing);
     QPushButton* const imprimer = bouton(u"imprimer"_s, texte(Texte::DossiersImprimer), u"Imprimer"_s, nullptr);
     imprimer->setEnabled(false);
     disposition->addWidget(imprimer);
+    ecart(look::spacing);
     disposition->addWidget(bouton(u"Command1"_s, texte(Texte::Reparer), {}, &ColonneDossiers::reparer));
+    ecart(look::spacing);
     retrouver_ = bouton(u"retrouver"_s, texte(Texte::DossiersRetrouver), {}, nullptr);
     disposition->addWidget(retrouver_);
+    ecart(look::spacing);
     disposition->addStretch();
     disposition->addWidget(bouton(u"cmdok"_s, texte(Texte::BoutonOk), {}, &ColonneDossiers::fermer));
 }

@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -30,7 +31,7 @@ DialoguePertes::DialoguePertes(Reprises& reprises, GestionDossiers& gestion, QWi
     setWindowModality(Qt::WindowModal);
     setAttribute(Qt::WA_DeleteOnClose);
     construit();
-    resize(taillepertes);
+    resize(taillepertes.boundedTo(screen()->availableGeometry().size() * 0.95));
     remplit(0);
 }
 
@@ -45,9 +46,7 @@ void DialoguePertes::construit() {
     liste_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     QHeaderView& colonnes = *liste_->header();
     colonnes.setStretchLastSection(false);
-    colonnes.setSectionResizeMode(QHeaderView::ResizeToContents);
     colonnes.setSectionResizeMode(0, QHeaderView::Stretch);
-    colonnes.setSectionResizeMode(1, QHeaderView::Interactive);
     colonnes.setSectionsMovable(false);
     colonnes.setMinimumHeight(hauteur());
     QFont titres = colonnes.font();
@@ -111,6 +110,11 @@ void DialoguePertes::remplit(int choisie) {
         rangs << rang;
     }
     liste_->addTopLevelItems(rangs);
+    for (const int colonne : {2, 3}) {
+        const int large = std::max(static_cast<QAbstractItemView*>(liste_)->sizeHintForColumn(colonne),
+                                   liste_->header()->sectionSizeHint(colonne));
+        liste_->setColumnWidth(colonne, large + look::spacing);
+    }
     if (!rangs.isEmpty())
         liste_->setCurrentItem(rangs[std::min(choisie, static_cast<int>(rangs.size()) - 1)]);
 }

@@ -68,7 +68,8 @@ void frmdossiers::construit() {
     ligne_->setObjectName(u"attente"_s);
     ligne_->setWordWrap(true);
     ligne_->setAutoFillBackground(true);
-    ligne_->setContentsMargins(look::spacing, look::grid, look::spacing, look::grid);
+    ligne_->setMargin(look::grid);
+    ligne_->setIndent(look::grid);
     ligne_->hide();
     teinteligne();
 }
@@ -278,7 +279,7 @@ void frmdossiers::place() {
     const DispositionDossiers::Mesures mesures = this->mesures();
     const auto places = disposition_.places(size(), mesures, barrevue_->sizeHint().width());
     setMinimumSize(DispositionDossiers::minimum(mesures).expandedTo(
-        {0, colonne_->sizeHint().height() + size().height() - places.colonne.height()}));
+        {0, colonne_->minimumSizeHint().height() + size().height() - places.colonne.height()}));
     ligne_->setGeometry(places.ligne);
     arbre_->setGeometry(places.arbre);
     separateur_->setGeometry(places.separateur);

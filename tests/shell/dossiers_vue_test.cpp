@@ -41,5 +41,23 @@ TEST_F(DossiersTest, TheCountOfADossierIsSeenBehindALongName) {
     ferme();
 }
 
+TEST_F(DossiersTest, AllCommandsAreSeenInTheLowestWindow) {
+    commence();
+    ouvre();
+    fenetre()->resize(fenetre()->minimumSize());
+    EXPECT_LE(fenetre()->height(), 768 / 2 - 20) << "at twice the size, a small screen has no more";
+    QRect avant;
+    for (const QString& nom : {u"ajouter"_s, u"renommer"_s, u"supprimer"_s, u"haut"_s, u"toutdevelopper"_s,
+                               u"toutreduire"_s, u"imprimer"_s, u"Command1"_s, u"retrouver"_s, u"cmdok"_s}) {
+        const QPushButton& un = bouton(nom);
+        const QRect place(un.mapTo(fenetre(), QPoint()), un.size());
+        EXPECT_TRUE(fenetre()->rect().contains(place)) << nom.toStdString();
+        EXPECT_GT(place.top(), avant.bottom()) << nom.toStdString();
+        EXPECT_GE(place.height(), un.sizeHint().height()) << nom.toStdString();
+        avant = place;
+    }
+    ferme();
+}
+
 } // namespace
 } // namespace velm::test

@@ -91,9 +91,10 @@ void ListView::measure() {
         cell.setHeight(ListDelegate::largeEdge(metrics) + 2 * metrics.height() + 2 * look::spacing + look::grid);
     } else if (arrangement_ == Arrangement::List) {
         const int beside = edge + 2 * look::grid + look::spacing + 1;
-        // One column has all of the room, if its texts need it.
+        // One column has all of the room, if its texts need it; none has more than can be seen at once.
         const bool one = items_.count() * cell.height() <= viewport()->height();
-        const int most = std::max(scaled(ListDelegate::widestColumn, metrics), one ? viewport()->width() - 1 : 0);
+        const int room = std::max(viewport()->width() - 1, 1);
+        const int most = one ? room : std::min(scaled(ListDelegate::widestColumn, metrics), room);
         cell.setWidth(
             std::clamp(widestText(items_, metrics, most) + beside, std::min(most, scaled(leastColumn, metrics)), most));
     } else

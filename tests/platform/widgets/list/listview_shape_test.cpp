@@ -59,6 +59,17 @@ TEST_F(ListViewShape, ALongerTextWidensTheColumns) {
     EXPECT_EQ(list.itemPlace(1).width(), before);
 }
 
+TEST_F(ListViewShape, NoColumnIsWiderThanWhatIsSeen) {
+    items.setText(3, QString(300, u'm'));
+    for (const int width : {200, 250, 300}) {
+        list.resize(width, 300);
+        QTest::qWait(20);
+        list.doItemsLayout();
+        EXPECT_LE(list.itemPlace(3).width(), list.viewport()->width()) << "its text ends in points, not at the edge";
+        EXPECT_GE(list.itemPlace(3).width(), list.viewport()->width() - 2);
+    }
+}
+
 TEST_F(ListViewShape, LargerTypeMakesLargerCells) {
     for (const Arrangement arrangement : {Arrangement::List, Arrangement::LargeIcons, Arrangement::SmallIcons}) {
         list.setArrangement(arrangement);
