@@ -110,35 +110,32 @@ void JournalDossiers::renomme(const std::vector<NomDossier>& noms) {
     QHash<qint64, const NomDossier*> parnumero;
     for (const NomDossier& un : noms)
         parnumero[un.numero] = &un;
-    bool change = false;
-    const auto suit = [&](qint64 numero, QString& nom) {
+    suit([&](qint64& numero, QString& nom) {
         const NomDossier* const un = parnumero.value(numero);
         if (un == nullptr || nom == un->apres || (un->avant && nom != *un->avant))
-            return;
+            return false;
         nom = un->apres;
-        change = true;
-    };
-    for (Perte& perte : pertes_) {
-        suit(perte.rangee.dossier, perte.nomdossier);
-        suit(perte.parent, perte.nomparent);
-    }
-    if (change)
-        ecrit();
+        return true;
+    });
 }
 
 void JournalDossiers::renumerote(qint64 ancien, const QString& nom, qint64 nouveau) {
-    bool change = false;
-    const auto suit = [&](qint64& numero, const QString& sien) {
-        if (numero != ancien || sien != nom)
-            return;
-        numero = nouveau;
-        change = true;
-    };
+    suit([&](qint64& numero, const QString& sien) {
+        const bool lui = numero == ancien && sien == nom;
+        if (lui)
+            numero = nouveau;
+        return lui;
+    });
+}
+
+/// Shows each dossier that is named to who may change it and says whether it did.
+void JournalDossiers::suit(const std::function<bool(qint64& numero, QString& nom)>& change) {
+    bool changes = false;
     for (Perte& perte : pertes_) {
-        suit(perte.rangee.dossier, perte.nomdossier);
-        suit(perte.parent, perte.nomparent);
+        changes = change(perte.rangee.dossier, perte.nomdossier) || changes;
+        changes = change(perte.parent, perte.nomparent) || changes;
     }
-    if (change)
+    if (changes)
         ecrit();
 }
 

@@ -54,6 +54,7 @@ public:
     bool manque() const { return manque_; }
 
 private:
+    void suit(const std::function<bool(qint64& numero, QString& nom)>& change);
     void ecrit();
 
     std::function<QDateTime()> maintenant_;

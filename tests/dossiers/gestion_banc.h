@@ -97,6 +97,17 @@ protected:
                {4, 1, u"CO000003"_s, u"Garantie"_s, 0, 0}});
         gestion.charge(true);
     }
+    /// Renames an item of the first dossier: what is edited, what is typed and stored, and what is shown then.
+    void expectRenamed(int index, const QString& enedition, const QString& tape, const QString& montre) {
+        clique(1);
+        cliqueelement(index);
+        gestion.renommer();
+        EXPECT_EQ(vue.elementedite, index);
+        EXPECT_EQ(elementsdeliste.text(index), enedition);
+        gestion.apreseditionliste(tape);
+        EXPECT_EQ(elementsdeliste.text(index), montre);
+        EXPECT_EQ(elements().at(static_cast<std::size_t>(index) - 1).titre, tape);
+    }
     QString nomenregistre(qint64 numero) {
         for (const RangeeDossier& r : dossiers()) {
             if (r.numero == numero)

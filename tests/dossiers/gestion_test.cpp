@@ -106,23 +106,11 @@ TEST_F(GestionTest, ARenameThatIsGivenUpKeepsNameAndCount) {
 }
 
 TEST_F(GestionTest, RenamingAnItemStoresTheBareTitle) {
-    clique(1);
-    cliqueelement(1);
-    gestion.renommer();
-    EXPECT_EQ(vue.elementedite, 1);
-    gestion.apreseditionliste(u"Premier"_s);
-    EXPECT_EQ(elementsdeliste.text(1), u"Premier");
-    EXPECT_EQ(elements().at(0).titre, u"Premier");
+    expectRenamed(1, u"Article un"_s, u"Premier"_s, u"Premier"_s);
 }
 
 TEST_F(GestionTest, RenamingAnExtractKeepsItsSuffixOnScreenOnly) {
-    clique(1);
-    cliqueelement(2);
-    gestion.renommer();
-    EXPECT_EQ(elementsdeliste.text(2), u"Directive");
-    gestion.apreseditionliste(u"Passage"_s);
-    EXPECT_EQ(elementsdeliste.text(2), u"Passage [extrait]");
-    EXPECT_EQ(elements().at(1).titre, u"Passage");
+    expectRenamed(2, u"Directive"_s, u"Passage"_s, u"Passage [extrait]"_s);
 }
 
 TEST_F(GestionTest, DeletingAnItemAsksNothingAndLowersTheCount) {

@@ -39,6 +39,14 @@ protected:
         gestion.depose(noeud(dossier));
         gestion.arbrefocus();
     }
+    /// A new dossier with an item in it, which a move of its parent keeps from getting its row.
+    qint64 perddossier() {
+        const qint64 neuf = nouveau(1, u"Neuf"_s);
+        range(neuf);
+        clique(1);
+        gestion.bas();
+        return neuf;
+    }
     void remettout() { EXPECT_TRUE(reprises.remet(journal.pertes()).fait); }
     QStringList noms() {
         QStringList tous;
@@ -139,10 +147,7 @@ TEST_F(ReprisesNumerosTest, ADossierThatGetsItsNameLaterIsStillTheSame) {
 }
 
 TEST_F(ReprisesNumerosTest, TheItemsOfALostDossierAreKeptThroughARepair) {
-    const qint64 neuf = nouveau(1, u"Neuf"_s);
-    range(neuf);
-    clique(1);
-    gestion.bas();
+    const qint64 neuf = perddossier();
     recommence();
     ASSERT_EQ(journal.pertes().size(), 1U);
     ASSERT_TRUE(repare());
@@ -158,10 +163,7 @@ TEST_F(ReprisesNumerosTest, TheItemsOfALostDossierAreKeptThroughARepair) {
 }
 
 TEST_F(ReprisesNumerosTest, ARepairThatIsStoppedLosesNothing) {
-    const qint64 neuf = nouveau(1, u"Neuf"_s);
-    range(neuf);
-    clique(1);
-    gestion.bas();
+    const qint64 neuf = perddossier();
     recommence();
     EXPECT_FALSE(repare([](int) { return false; }));
     EXPECT_EQ(relu().pertes().size(), 1U);
@@ -169,10 +171,7 @@ TEST_F(ReprisesNumerosTest, ARepairThatIsStoppedLosesNothing) {
 }
 
 TEST_F(ReprisesNumerosTest, ALostDossierThatIsStillInTheTreeGetsItsRow) {
-    const qint64 neuf = nouveau(1, u"Neuf"_s);
-    range(neuf);
-    clique(1);
-    gestion.bas();
+    const qint64 neuf = perddossier();
     ASSERT_TRUE(gestion.arbre().Sauvearbre().ok());
     remettout();
     EXPECT_EQ(texte(neuf), u"Neuf [1]");

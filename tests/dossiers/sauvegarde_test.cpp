@@ -1,28 +1,8 @@
 // What a save writes, and what it leaves.
-#include "differences.h"
+#include "sauvegarde_support.h"
 
 namespace velm::test {
 namespace {
-
-class SauvegardeTest : public ArbreTest {
-protected:
-    using Rangees = std::vector<RangeeDossier>;
-
-    void sauve() { ASSERT_TRUE(arbre.Sauvearbre().ok()); }
-    std::vector<qint64> numeros() {
-        std::vector<qint64> tous;
-        for (const RangeeDossier& r : dossiers())
-            tous.push_back(r.numero);
-        return tous;
-    }
-    std::vector<qint64> proprietaires() {
-        std::vector<qint64> tous;
-        for (const RangeeElement& r : elements())
-            tous.push_back(r.dossier);
-        return tous;
-    }
-    using Numeros = std::vector<qint64>;
-};
 
 TEST_F(SauvegardeTest, SavingAnEmptyTreeWritesNothingButTheNumber) {
     ouvre();
@@ -123,79 +103,6 @@ TEST_F(SauvegardeTest, MarksStayAfterASave) {
     EXPECT_EQ(dossiers(), (Rangees{{1, 0, 1, u"a"_s, 0}, {2, 0, 3, u"b"_s, 0}, {3, 0, 2, u"autre"_s, 0}}));
 }
 
-TEST_F(SauvegardeTest, ANewDossierDeletedBeforeASaveWritesNothing) {
-    ouvre({{1, 0, 1, u"a"_s, 0}});
-    charge();
-    const int nouveau = arbre.ajoute(noeud(0), u"n"_s);
-    arbre.marquersuppression(nouveau, true);
-    EXPECT_EQ(noeuds.tag(nouveau), u"+AS"_s);
-    sauve();
-    EXPECT_EQ(numeros(), (Numeros{1}));
-    EXPECT_EQ(dessin(), u"1"_s);
-}
-
-TEST_F(SauvegardeTest, AMarkedLeafIsDeletedWithItsItems) {
-    ouvre({{1, 0, 1, u"a"_s, 2}, {2, 0, 2, u"b"_s, 1}}, {{1, 1, u"CO000001"_s, u"x"_s, 0, 0},
-                                                         {1, 4, u"CO000002"_s, u"y"_s, 0, 0},
-                                                         {2, 1, u"CO000001"_s, u"z"_s, 0, 0}});
-    charge();
-    arbre.marquersuppression(noeud(1), true);
-    EXPECT_EQ(elements().size(), 3U);
-    sauve();
-    EXPECT_EQ(numeros(), (Numeros{2}));
-    EXPECT_EQ(proprietaires(), (Numeros{2}));
-    EXPECT_EQ(dessin(), u"2"_s);
-}
-
-TEST_F(SauvegardeTest, UnopenedChildrenOfAMarkedLeafBecomeOrphans) {
-    ouvre({{1, 0, 1, u"a"_s, 0}, {2, 0, 2, u"b"_s, 0}, {3, 1, 3, u"c"_s, 1}}, {{3, 1, u"CO000001"_s, u"x"_s, 0, 0}});
-    charge();
-    arbre.marquersuppression(noeud(1), true);
-    sauve();
-    EXPECT_EQ(numeros(), (Numeros{2, 3}));
-    EXPECT_EQ(proprietaires(), (Numeros{3}));
-}
-
-TEST_F(SauvegardeTest, AMarkedDossierWithLoadedChildrenKeepsItsRow) {
-    ouvre({{1, 0, 5, u"a"_s, 1}, {2, 1, 6, u"b"_s, 1}, {3, 0, 7, u"c"_s, 0}},
-          {{1, 1, u"CO000001"_s, u"x"_s, 0, 0}, {2, 1, u"CO000001"_s, u"y"_s, 0, 0}});
-    charge();
-    arbre.toutdevelopper();
-    arbre.marquersuppression(noeud(1), true);
-    sauve();
-    // As it was: its place is not written, and the running number passes it over.
-    EXPECT_EQ(dossiers(), (Rangees{{1, 0, 5, u"a"_s, 1}, {3, 0, 1, u"c"_s, 0}}));
-    EXPECT_EQ(proprietaires(), (Numeros{1}));
-    EXPECT_EQ(dessin(), u"1 .2 3"_s);
-    charge();
-    arbre.toutdevelopper();
-    EXPECT_EQ(dessin(), u"3 1"_s);
-}
-
-TEST_F(SauvegardeTest, AnUnmarkedChildOfAMarkedDossierIsSaved) {
-    ouvre({{1, 0, 1, u"a"_s, 0}, {2, 1, 2, u"b"_s, 0}, {3, 1, 3, u"c"_s, 0}});
-    charge();
-    arbre.toutdevelopper();
-    arbre.marquersuppression(noeud(1), true);
-    arbre.marquersuppression(noeud(3), false);
-    EXPECT_EQ(noeuds.tag(noeud(3)), u"+"_s);
-    EXPECT_EQ(noeuds.image(noeud(3)), u"dossierfermé"_s);
-    sauve();
-    EXPECT_EQ(dossiers(), (Rangees{{1, 0, 1, u"a"_s, 0}, {3, 1, 1, u"c"_s, 0}}));
-}
-
-TEST_F(SauvegardeTest, TheLastRootChildStaysVisibleAfterItsDeletion) {
-    ouvre({{1, 0, 1, u"a"_s, 0}, {2, 0, 2, u"b"_s, 0}, {3, 0, 3, u"c"_s, 0}});
-    charge();
-    for (const qint64 un : {1, 2, 3})
-        arbre.marquersuppression(noeud(un), true);
-    sauve();
-    EXPECT_TRUE(dossiers().empty());
-    EXPECT_EQ(dessin(), u"3"_s);
-    charge();
-    EXPECT_EQ(dessin(), QString());
-}
-
 TEST_F(SauvegardeTest, OneNumberIsSkippedAfterAWindowThatAddedADossier) {
     ouvre();
     charge();
@@ -270,78 +177,6 @@ TEST_F(SauvegardeTest, AMovedUnsavedDossierBelowAnotherIsLost) {
     sauve();
     EXPECT_EQ(numeros(), (Numeros{1, 2}));
     EXPECT_EQ(dessin(), u"2 1 .3"_s);
-}
-
-// ---- a store that lets no two dossiers have one place
-
-class PlacesUniquesTest : public SauvegardeTest {
-protected:
-    void SetUp() override {
-        SauvegardeTest::SetUp();
-        ouvre({{1, 0, 1, u"a"_s, 0}, {2, 0, 2, u"b"_s, 0}, {3, 0, 3, u"c"_s, 0}, {4, 99, 5, u"hors"_s, 0}});
-        ASSERT_TRUE(magasin.dbdossiers().execute(u"CREATE UNIQUE INDEX places ON arborescences(ordre)"_s));
-        charge();
-    }
-};
-
-TEST_F(PlacesUniquesTest, APlaceThatIsTakenIsPassedOver) {
-    noeuds.setText(arbre.ajoute(noeud(0), QString()), u"n"_s);
-    ASSERT_NE(arbre.monte(noeud(3)), 0);
-    sauve();
-    EXPECT_EQ(dossiers(), (Rangees{{1, 0, 1, u"a"_s, 0},
-                                   {2, 0, 4, u"b"_s, 0},
-                                   {3, 0, 3, u"c"_s, 0},
-                                   {4, 99, 5, u"hors"_s, 0},
-                                   {5, 0, 6, u"n"_s, 0}}));
-    charge();
-    EXPECT_EQ(dessin(), u"1 3 2 5"_s);
-    // Again and again, in the same order.
-    for (int i = 0; i < 5; ++i) {
-        sauve();
-        charge();
-        EXPECT_EQ(dessin(), u"1 3 2 5"_s);
-    }
-}
-
-TEST_F(PlacesUniquesTest, ARenamedDossierWhosePlaceIsTakenKeepsItsOwnAndItsNewName) {
-    arbre.commencerenommage(noeud(3));
-    noeuds.setText(noeud(3), u"autre"_s);
-    ASSERT_TRUE(magasin.dbdossiers().execute(u"UPDATE arborescences SET ordre=-1 WHERE numerodutype=3; "
-                                             "UPDATE arborescences SET ordre=3 WHERE numerodutype=4; "
-                                             "UPDATE arborescences SET ordre=-2 WHERE numerodutype=2; "
-                                             "UPDATE arborescences SET ordre=-3 WHERE numerodutype=1"_s));
-    sauve();
-    EXPECT_EQ(
-        dossiers(),
-        (Rangees{{1, 0, 1, u"a"_s, 0}, {2, 0, 2, u"b"_s, 0}, {3, 0, -1, u"autre"_s, 0}, {4, 99, 3, u"hors"_s, 0}}));
-}
-
-TEST_F(PlacesUniquesTest, ARowThatNoPlaceHelpsIsRefusedInTheEnd) {
-    ASSERT_TRUE(
-        magasin.dbdossiers().execute(u"DROP INDEX places; CREATE UNIQUE INDEX noms ON arborescences(typededonnées)"_s));
-    noeuds.setText(noeud(1), u"c"_s);
-    // No place helps: as many are tried as there are rows.
-    EXPECT_EQ(arbre.Sauvearbre().obstacle, Obstacle::Exists);
-    EXPECT_EQ(dossiers().front().nom, u"a"_s);
-    arbre.commencerenommage(noeud(1));
-    noeuds.setText(noeud(1), u"c"_s);
-    EXPECT_EQ(arbre.Sauvearbre().obstacle, Obstacle::Exists);
-    noeuds.setText(noeud(1), u"d"_s);
-    EXPECT_TRUE(arbre.Sauvearbre().ok());
-    EXPECT_EQ(dossiers().front().nom, u"d"_s);
-    // So it is with one that has moved and with one that is new.
-    ASSERT_TRUE(arbre.deplace(noeud(2), noeud(3)));
-    noeuds.setText(noeud(2), u"d"_s);
-    EXPECT_EQ(arbre.Sauvearbre().obstacle, Obstacle::Exists);
-    noeuds.setText(noeud(2), u"b"_s);
-    const int nouveau = arbre.ajoute(noeud(0), u"c"_s);
-    EXPECT_EQ(arbre.Sauvearbre().obstacle, Obstacle::Exists);
-    EXPECT_EQ(dossiers().size(), 4U);
-    EXPECT_EQ(dossiers()[1].parent, 0);
-    noeuds.setText(nouveau, u"e"_s);
-    EXPECT_TRUE(arbre.Sauvearbre().ok());
-    EXPECT_EQ(dossiers().size(), 5U);
-    EXPECT_EQ(dossiers()[1].parent, 3);
 }
 
 TEST_F(SauvegardeTest, TwoThousandDossiersAreOneTransaction) {

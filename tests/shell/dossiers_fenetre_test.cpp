@@ -62,13 +62,7 @@ TEST_F(DossiersTest, ADocumentIsStoredByAClickOnADossier) {
 }
 
 TEST_F(DossiersTest, ADocumentIsStoredByTheKeysAlone) {
-    commence();
-    ouvre();
-    nouveau(u"A"_s);
-    clique(mots(4201));
-    nouveau(u"B"_s);
-    ferme();
-    range();
+    rangeenfacede(u"A"_s, u"B"_s);
     EXPECT_TRUE(arbre().hasFocus());
     touche(Qt::Key_Down);
     touche(Qt::Key_Down);
@@ -149,13 +143,7 @@ TEST_F(DossiersTest, ReturnOnAnItemOpensItsDocument) {
 }
 
 TEST_F(DossiersTest, ItemsAndDossiersAreDragged) {
-    commence();
-    ouvre();
-    nouveau(u"A"_s);
-    clique(mots(4201));
-    nouveau(u"B"_s);
-    ferme();
-    range();
+    rangeenfacede(u"A"_s, u"B"_s);
     clique(u"A"_s);
     clique(u"A"_s);
     tire(*liste().viewport(), liste().itemPlace(1).center(), *arbre().viewport(), milieu(u"B"_s));

@@ -141,13 +141,7 @@ TEST_F(DossiersJournalTest, ATitleEmptiedAtClosingComesBack) {
 }
 
 TEST_F(DossiersJournalTest, ADossierThatAMoveLostComesBackWithWhatWasInIt) {
-    commence();
-    ouvre();
-    nouveau(u"Clients"_s);
-    clique(mots(4201));
-    nouveau(u"Veille"_s);
-    ferme();
-    range();
+    rangeenfacede(u"Clients"_s, u"Veille"_s);
     touche(Qt::Key_Down);
     touche(Qt::Key_Insert);
     ecrit(u"Martin"_s);

@@ -69,6 +69,17 @@ protected:
         ecrit(nom);
     }
 
+    /// Two new dossiers under the root, and the document in front waits to be stored.
+    void rangeenfacede(const QString& un, const QString& autre) {
+        commence();
+        ouvre();
+        nouveau(un);
+        clique(mots(4201));
+        nouveau(autre);
+        ferme();
+        range();
+    }
+
     int noeud(const QString& texte) const {
         const TreeNodes& noeuds = arbre().nodes();
         for (int un = 1; un <= noeuds.count(); ++un) {
