@@ -51,8 +51,41 @@ TEST_F(DossiersFichiersTest, ADossierIsSavedAndAnExistingFileAsksFirst) {
     EXPECT_EQ(dialogues.texts(), QStringList{mots(2620) + u' ' + dossier.filePath(u"b.dv2"_s) + u' ' + mots(2621)});
     EXPECT_EQ(dialogues.messages.back().titre, mots(2622));
     EXPECT_EQ(lit(u"b.dv2"_s), "autre");
+    dialogues.answers = {Bouton::Oui};
+    dialogues.saveFiles = {dossier.filePath(u"b.dv2"_s)};
+    presse(outils(), "enregistrerdossier");
+    EXPECT_EQ(lit(u"b.dv2"_s), attendu);
     dialogues.saveFiles = {std::nullopt};
     presse(outils(), "enregistrerdossier");
+    ferme();
+}
+
+TEST_F(DossiersFichiersTest, CancellingWritesNothing) {
+    commenceavecun();
+    const QDir ici(dossier.path());
+    const QStringList avant = ici.entryList({u"*.dv2"_s});
+    const int noeuds = arbre().nodes().count();
+    dialogues.saveFiles = {std::nullopt};
+    presse(outils(), "enregistrerdossier");
+    dialogues.openFiles = {std::nullopt};
+    presse(outils(), "ouvrirdossier");
+    EXPECT_EQ(dialogues.fileQuestions.size(), 2U);
+    EXPECT_EQ(ici.entryList({u"*.dv2"_s}), avant);
+    EXPECT_EQ(arbre().nodes().count(), noeuds);
+    EXPECT_TRUE(dialogues.messages.empty());
+    ferme();
+}
+
+TEST_F(DossiersFichiersTest, AWrongSignatureChangesNothing) {
+    commenceavecun();
+    const QStringList liste = titres();
+    const int noeuds = arbre().nodes().count();
+    dialogues.openFiles = {pose(u"r.dv2"_s, QByteArray(contenu).replace("DV2", "DV3"))};
+    presse(outils(), "ouvrirdossier");
+    EXPECT_EQ(dialogues.texts(), QStringList{mots(2615)});
+    EXPECT_EQ(dialogues.messages[0].titre, mots(601));
+    EXPECT_EQ(arbre().nodes().count(), noeuds);
+    EXPECT_EQ(titres(), liste);
     ferme();
 }
 
