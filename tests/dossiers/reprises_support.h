@@ -1,5 +1,7 @@
 #pragma once
 // A window that can take changes back, with its journal.
+#include "disqueenpanne.h"
+#include "dossiers/echangedossiers.h"
 #include "dossiers/reprises.h"
 #include "gestion_banc.h"
 
@@ -39,6 +41,63 @@ protected:
     JournalDossiers journal{[this] { return maintenant; }};
     Reprises reprises{gestion, magasin, noeuds, journal};
     std::vector<RangeeElement> avant;
+};
+
+/// With windows that come and go, repairs and a disk that fails.
+class ReprisesNumerosTest : public ReprisesTest {
+protected:
+    /// Marks a dossier, saves and opens the window anew.
+    void supprimedossier(qint64 numero) {
+        clique(numero);
+        gestion.supprimer();
+        recommence();
+    }
+    void recommence(bool developpe = true) {
+        ASSERT_TRUE(gestion.ferme());
+        rouvre(developpe);
+    }
+    void rouvre(bool developpe = true) {
+        ASSERT_TRUE(gestion.charge(developpe));
+        noeuds.select(racine());
+    }
+    bool repare(const Reparation::Progres& progres = {}) {
+        dialogues.answers = {Bouton::Oui};
+        return EchangeDossiers(gestion).repare(true, progres).has_value();
+    }
+    /// A new dossier below another one; its number.
+    qint64 nouveau(qint64 parent, const QString& nom) {
+        clique(parent);
+        gestion.ajouter();
+        noeuds.setText(noeuds.selected(), nom);
+        return gestion.arbre().numero(noeuds.selected());
+    }
+    void range(qint64 dossier) {
+        gestion.active({u"JP000009"_s, u"Arrêt"_s, 0, 0});
+        gestion.depose(noeud(dossier));
+        gestion.arbrefocus();
+    }
+    /// A new dossier with an item in it, which a move of its parent keeps from getting its row.
+    qint64 perddossier() {
+        const qint64 neuf = nouveau(1, u"Neuf"_s);
+        range(neuf);
+        clique(1);
+        gestion.bas();
+        return neuf;
+    }
+    void remettout() { EXPECT_TRUE(reprises.remet(journal.pertes()).fait); }
+    QStringList noms() {
+        QStringList tous;
+        for (const RangeeDossier& un : dossiers())
+            tous << QString::number(un.numero) + u' ' + un.nom + u'/' + QString::number(un.compte);
+        return tous;
+    }
+    std::size_t elementsde(qint64 dossier) {
+        const auto tous = elements();
+        return static_cast<std::size_t>(
+            std::count_if(tous.begin(), tous.end(), [&](const RangeeElement& un) { return un.dossier == dossier; }));
+    }
+
+    DisqueEnPanne disque;
 };
 
 } // namespace velm::test
