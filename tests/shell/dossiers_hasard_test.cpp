@@ -1,8 +1,11 @@
 // The window of the dossiers under hands that do anything.
+#include "dossiers/ui/dialoguepertes.h"
 #include "tests/shell/dossiers_support.h"
 
 #include <QCheckBox>
+#include <QPointer>
 #include <QRandomGenerator>
+#include <QTreeWidget>
 
 namespace velm::test {
 namespace {
@@ -58,10 +61,34 @@ protected:
             voit(jusqua(2) == 0 ? u"CO000001"_s : u"JP000007"_s);
         jusqua(2) == 0 ? range() : ouvre();
     }
+    void reprend() {
+        for (int fois = 1 + jusqua(4); fois > 0; --fois)
+            QTest::keyClick(jusqua(2) == 0 ? static_cast<QWidget*>(&arbre()) : &liste(), Qt::Key_Z,
+                            Qt::ControlModifier);
+    }
+    void retrouve() {
+        presse(u"retrouver"_s);
+        const QPointer<DialoguePertes> pertes = fenetre()->findChild<DialoguePertes*>();
+        if (!pertes)
+            return;
+        if (jusqua(3) == 0)
+            pertes->findChild<QTreeWidget*>()->selectAll();
+        QTest::mouseClick(pertes->findChild<QPushButton*>(u"remettre"_s), Qt::LeftButton);
+        if (pertes && pertes->isVisible())
+            pertes->reject();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    /// Whatever is asked is answered with what goes on. Two things alone may be told.
+    void repond() {
+        const Message& dite = dialogues.messages.back();
+        const bool question = dite.boutons.testFlag(Bouton::Oui);
+        dialogues.answers = {question ? Bouton::Oui : Bouton::Ok};
+        // Of the same document at the same place in two dossiers an exchange may meet the wrong one, which is refused.
+        if (!question && dite.texte != mots(9816, {mots(9532)}))
+            EXPECT_EQ(dite.texte, mots(2015));
+    }
     void unpas() {
-        // Whatever is asked is answered with what goes on.
-        dialogues.answers = {Bouton::Oui};
-        switch (jusqua(16)) {
+        switch (jusqua(18)) {
         case 0:
         case 1:
         case 2:
@@ -69,7 +96,6 @@ protected:
         case 3:
             return cliquedansliste();
         case 4:
-            dialogues.answers = {Bouton::Ok};
             return tirenoeud();
         case 5:
             return tireelement();
@@ -83,6 +109,10 @@ protected:
             return unetaille();
         case 11:
             return autrefenetre();
+        case 12:
+            return reprend();
+        case 13:
+            return retrouve();
         default:
             return unetouche();
         }
@@ -94,6 +124,7 @@ protected:
 TEST_F(DossiersAuHasard, NothingThatIsDoneToThemEndsTheProgramOrLeavesTheStoreAtOdds) {
     commence();
     ouvre();
+    dialogues.meanwhile = [this] { repond(); };
     for (int pas = 0; pas < 1500; ++pas) {
         ASSERT_NO_FATAL_FAILURE(unpas()) << "step " << pas;
         QCoreApplication::processEvents();
