@@ -185,15 +185,11 @@ QStringList tabFaults(QWidget& window) {
     faults += goneBack(window, there.stops);
     QList<QWidget*> back = walk(window, *first, Qt::ShiftModifier).stops;
     back.removeIf(passes);
-    if (!passing.isEmpty())
-        back.removeIf([&](QWidget* widget) { return !wanted.contains(widget) && !there.stops.contains(widget); });
     std::reverse(back.begin() + 1, back.end());
-    if (!passing.isEmpty()) {
-        // Other commands are open on the way back.
-        const QList<QWidget*> way = back;
-        back.removeIf([&there](QWidget* widget) { return !there.stops.contains(widget); });
-        there.stops.removeIf([&way](QWidget* widget) { return !way.contains(widget); });
-    }
+    // The command that passes may be open on one way alone.
+    const QList<QWidget*> way = back;
+    back.removeIf([&there](QWidget* widget) { return mayPass(*widget) && !there.stops.contains(widget); });
+    there.stops.removeIf([&way](QWidget* widget) { return mayPass(*widget) && !way.contains(widget); });
     if (there.closed && back != there.stops)
         faults << u"Shift+Tab goes another way: %1 instead of %2"_s.arg(listed(back), listed(there.stops));
     if (before)
