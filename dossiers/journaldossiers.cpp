@@ -27,6 +27,7 @@ QByteArray ligne(const Perte& perte) {
                                      {u"nom"_s, perte.nomdossier},
                                      {u"parent"_s, perte.parent},
                                      {u"nomparent"_s, perte.nomparent},
+                                     {u"compte"_s, perte.compte.value_or(rangee.dossier)},
                                      {u"noordre"_s, rangee.noordre},
                                      {u"code"_s, rangee.document.code},
                                      {u"numero"_s, rangee.document.numero},
@@ -55,6 +56,8 @@ std::optional<Perte> lue(const QByteArray& ligne) {
     perte.parent = lu[u"parent"].toInteger();
     perte.apres = lu[u"apres"].toString();
     perte.nomparent = lu[u"nomparent"].toString();
+    if (const qint64 compte = lu[u"compte"].toInteger(perte.rangee.dossier); compte != perte.rangee.dossier)
+        perte.compte = compte;
     return perte;
 }
 

@@ -24,6 +24,9 @@ struct Perte {
     qint64 parent = 0;
     QString apres;          ///< the title that stands in its place
     QString nomparent = {}; ///< as nomdossier
+    /// The dossier that shows one item less for it, where that is not its own: rows of the same document at the same
+    /// place are taken for each other.
+    std::optional<qint64> compte = {};
 
     bool dundossier() const { return sorte == Sorte::Dossier || sorte == Sorte::DossierSupprime; }
     /// The same loss, whenever it was.

@@ -76,12 +76,16 @@ bool RemisePertes::remettitre(const Perte& perte) const {
 }
 
 bool RemisePertes::remet(Perte perte) {
+    const qint64 ancien = rangees_.dossierlu(perte.rangee.dossier) ? perte.rangee.dossier : 0;
     if (!retrouvedossier(perte))
         return false;
     if (perte.dundossier() || (perte.sorte == Perte::Sorte::Titre && remettitre(perte)))
         return true;
-    comptes_.push_back(perte.rangee.dossier);
-    return rangees_.place(perte.rangee, true) && ContenuDossier::changecompte(magasin_, perte.rangee.dossier, 1);
+    // A dossier that had to be made again counts what is in it.
+    const qint64 compte =
+        ancien == perte.rangee.dossier ? perte.compte.value_or(perte.rangee.dossier) : perte.rangee.dossier;
+    comptes_.push_back(compte);
+    return rangees_.place(perte.rangee, true) && ContenuDossier::changecompte(magasin_, compte, 1);
 }
 
 void RemisePertes::montre(JournalDossiers& journal) {

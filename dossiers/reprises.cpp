@@ -46,6 +46,8 @@ std::vector<Perte> Reprises::pertes(const Changements& changements) const {
         const DossierPerdu* const avec = supprimes.value(avant->dossier);
         ajoute(apres ? Perte::Sorte::Titre : Perte::Sorte::Element, *avant,
                avec != nullptr ? *avec : rangees_.dossier(avant->dossier));
+        if (!apres && changements.moins.value_or(avant->dossier) != avant->dossier)
+            toutes.back().compte = changements.moins;
     }
     for (const DossierPerdu& un : changements.dossiers)
         ajoute(Perte::Sorte::Dossier, {un.numero, 0, {}, {}, {}}, un);
@@ -95,8 +97,9 @@ void Reprises::vareparer() {
 
 /// A number is asked for when a dossier is made: rarely, and seldom one that is taken.
 bool Reprises::connait(qint64 numero) const {
-    return std::any_of(journal_.pertes().begin(), journal_.pertes().end(),
-                       [&](const Perte& une) { return une.rangee.dossier == numero || une.parent == numero; });
+    return std::any_of(journal_.pertes().begin(), journal_.pertes().end(), [&](const Perte& une) {
+        return une.rangee.dossier == numero || une.parent == numero || une.compte == numero;
+    });
 }
 
 // ---- undo

@@ -161,6 +161,40 @@ TEST_F(ReprisesNumerosTest, CountsGoBackWhereTheyWereChangedThoughTheRowWasAnoth
     EXPECT_EQ(texte(4), u"Vente [1]");
 }
 
+TEST_F(ReprisesNumerosTest, CountsComeBackWithALossThoughTheRowWasAnothers) {
+    ajouteelement({4, 2, u"EU000002"_s, u"Directive"_s, 0, 0});
+    rouvre();
+    const auto etaient = elements();
+    const auto comptes = dossiers();
+    clique(4);
+    choisit(2);
+    gestion.supprimer();
+    recommence();
+    ASSERT_EQ(relu().pertes().size(), 1U);
+    EXPECT_EQ(relu().pertes()[0].compte, 4);
+    EXPECT_TRUE(reprises.remet(relu().pertes()[0]).fait);
+    EXPECT_EQ(elements(), etaient);
+    EXPECT_EQ(dossiers(), comptes);
+    EXPECT_EQ(texte(1), u"Baux [2]");
+    EXPECT_EQ(texte(4), u"Vente [1]");
+    recommence();
+    EXPECT_EQ(dossiers(), comptes);
+}
+
+TEST_F(ReprisesNumerosTest, ADossierThatIsMadeAgainCountsWhatIsInIt) {
+    ajouteelement({4, 2, u"EU000002"_s, u"Directive"_s, 0, 0});
+    rouvre();
+    clique(4);
+    choisit(2);
+    gestion.supprimer();
+    recommence();
+    ASSERT_TRUE(magasin.dbdossiers().execute(u"DELETE FROM arborescences WHERE numerodutype=1"_s));
+    rouvre();
+    EXPECT_TRUE(reprises.remet(relu().pertes()[0]).fait);
+    EXPECT_EQ(texte(1), u"Baux [2]");
+    EXPECT_EQ(texte(4), u"Vente");
+}
+
 TEST_F(ReprisesNumerosTest, AnExtractThatLeftTheListAloneIsListedAgain) {
     clique(1);
     choisit(2);

@@ -1,4 +1,5 @@
 // A tree of cases, what is stored in it by the pointer and by the keys, and the next run, with real keys and clicks.
+#include "dossiers/ui/dialoguepertes.h"
 #include "dossiers/ui/frmdossiers.h"
 #include "platform/widgets/list/listview.h"
 #include "platform/widgets/tree/treeview.h"
@@ -72,7 +73,22 @@ protected:
         key(u"Return"_s);
         ASSERT_TRUE(becomes([&] { return node(letters) != 0; }));
     }
+    void restart() {
+        key(u"ctrl+q"_s);
+        ASSERT_TRUE(becomes([this] { return host->hasEnded(); }));
+        inProgram([this] { host->clear(); });
+        ASSERT_NO_FATAL_FAILURE(start());
+    }
+    /// The first entry of a dossier, by the key that deletes.
+    void remove(const QString& dossier) {
+        ASSERT_TRUE(touch([&] { return nodeOf(dossier); }));
+        ASSERT_TRUE(becomes([this] { return items().items().count() == 1; }));
+        ASSERT_TRUE(touch([this] { return item(1); }));
+        key(u"Delete"_s);
+        ASSERT_TRUE(becomes([this] { return items().items().count() == 0; }));
+    }
     void walk(const QString& document, const QString& picture);
+    void find(const QString& picture);
 };
 
 } // namespace
@@ -99,10 +115,7 @@ void Filing::walk(const QString& document, const QString& picture) {
     photo(picture + u"-range"_s);
     ASSERT_NO_FATAL_FAILURE(close());
 
-    key(u"ctrl+q"_s);
-    ASSERT_TRUE(becomes([this] { return host->hasEnded(); }));
-    inProgram([this] { host->clear(); });
-    ASSERT_NO_FATAL_FAILURE(start());
+    ASSERT_NO_FATAL_FAILURE(restart());
     ASSERT_NO_FATAL_FAILURE(open());
     ASSERT_TRUE(touch([this] { return nodeOf(u"c [1]"_s); }));
     ASSERT_TRUE(becomes([this] { return items().items().count() == 1; }));
@@ -129,9 +142,32 @@ void Filing::walk(const QString& document, const QString& picture) {
     ASSERT_TRUE(becomes([this] { return !window(); }));
 }
 
+/// What is deleted comes back by the undo key, and in the next run from the list of what was lost.
+void Filing::find(const QString& picture) {
+    ASSERT_NO_FATAL_FAILURE(open());
+    ASSERT_NO_FATAL_FAILURE(remove(u"b [1]"_s));
+    key(u"ctrl+z"_s);
+    ASSERT_TRUE(becomes([this] { return items().items().count() == 1 && node(u"b [1]"_s) != 0; }));
+    ASSERT_NO_FATAL_FAILURE(remove(u"b [1]"_s));
+    ASSERT_NO_FATAL_FAILURE(close());
+    ASSERT_NO_FATAL_FAILURE(restart());
+    ASSERT_NO_FATAL_FAILURE(open());
+    ASSERT_TRUE(becomes([this] { return node(u"b"_s) != 0; }));
+    ASSERT_TRUE(touch([this] { return button(u"retrouver"_s); }));
+    ASSERT_TRUE(becomes([this] {
+        const auto* const lost = window()->findChild<DialoguePertes*>();
+        return lost && lost->isActiveWindow();
+    }));
+    photo(picture + u"-pertes"_s);
+    key(u"Return"_s);
+    ASSERT_TRUE(becomes([this] { return node(u"b [1]"_s) != 0 && window()->isActiveWindow(); }));
+    ASSERT_NO_FATAL_FAILURE(close());
+}
+
 TEST_F(Filing, ATreeIsBuiltFilledCarriedIntoTheNextRunAndOpenedFrom) {
     ASSERT_NO_FATAL_FAILURE(begin({}, u"CO000088"_s));
     ASSERT_NO_FATAL_FAILURE(walk(u"CO000088"_s, u"71-dossiers"_s));
+    ASSERT_NO_FATAL_FAILURE(find(u"71-dossiers"_s));
 }
 
 TEST_F(Filing, TheSameInTheRealCollection) {
