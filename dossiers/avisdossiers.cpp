@@ -27,8 +27,8 @@ void AvisDossiers::manque(Texte message, const EchecEcriture& echec) const {
 }
 
 bool AvisDossiers::veutsupprimer(const QString& dossier) const {
-    const QString question = texte(Texte::SuppressionLeDossier) + u" \""_s + dossier + u"\" "_s +
-                             texte(Texte::SuppressionSousDossiers);
+    const QString question =
+        texte(Texte::SuppressionLeDossier) + u" \""_s + dossier + u"\" "_s + texte(Texte::SuppressionSousDossiers);
     return dialogues_.message(question, texte(Texte::TitreSuppressionDossier), Icone::Question,
                               Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Non, pagedaide) == Bouton::Oui;
 }
