@@ -75,14 +75,19 @@ protected:
         endsWith(1);
     }
 
-    /// The frame comes before the form has its text, and a key that comes too early asks for nothing.
-    void pressUntilItFails() {
+    /// The frame comes before it has the keys, and before a form has its text: a key that comes too early asks for
+    /// nothing. False when no window of that title answers.
+    bool pressUntilItShows(const QString& keys, const QString& beginning) {
         for (int times = 0; times < 30; ++times) {
-            key(u"Return"_s);
-            if (comesForward(program.processId(), u"Erreur d"_s, 2000))
-                return fails();
+            key(keys);
+            if (comesForward(program.processId(), beginning, 2000))
+                return true;
         }
-        FAIL() << "no box of an error";
+        return false;
+    }
+    void pressUntilItFails() {
+        ASSERT_TRUE(pressUntilItShows(u"Return"_s, u"Erreur d"_s)) << "no box of an error";
+        fails();
     }
 
     Host host;
@@ -131,8 +136,7 @@ TEST_F(TheExecutable, GoesOnWithTheDefaultOfASetting) {
     photo(u"31-second-reglage"_s);
     key(u"Return"_s);
     ASSERT_TRUE(shows(u"Velmorante 2000"_s));
-    key(u"ctrl+q"_s);
-    ASSERT_TRUE(shows(u"Quitter"_s));
+    ASSERT_TRUE(pressUntilItShows(u"ctrl+q"_s, u"Quitter"_s));
     key(u"Return"_s);
     endsWith(0);
     EXPECT_EQ(stored(u"GENERALITES"_s, u"CHECKQUIT"_s), u"abc");
@@ -196,8 +200,7 @@ TEST_F(TheExecutable, WritesWhatAnOrdinaryEndWritesWhenItIsToldToEnd) {
 TEST_F(TheExecutable, WritesWhatAnOrdinaryEndWritesFromInsideAQuestion) {
     start({u"CO2"_s});
     ASSERT_TRUE(shows(u"Velmorante 2000"_s));
-    key(u"ctrl+q"_s);
-    ASSERT_TRUE(shows(u"Quitter"_s));
+    ASSERT_TRUE(pressUntilItShows(u"ctrl+q"_s, u"Quitter"_s));
     ASSERT_EQ(::kill(static_cast<pid_t>(program.processId()), SIGTERM), 0);
     endsWith(0);
     EXPECT_EQ(stored(u"DERNIERSDOCUMENTS"_s, u"REF0"_s), u"CO000002");
