@@ -14,6 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 
 /// Where a row stands while it changes its place with another one: places are unique in a dossier.
 constexpr qint64 placeprovisoire = 999999;
+/// The key of its item meanwhile. No document has it, so that the other item may take the one that this one had.
 const QString cleprovisoire = u"XXXXXXXXX"_s;
 
 } // namespace

@@ -102,14 +102,16 @@ bool ModeleContenu::ecritplace(RangeeElement& rangee, qint64 place) {
 
 /// False where a write is refused.
 bool ModeleContenu::inverse(std::size_t i, std::size_t j, bool& trouve) {
+    // What stands in the place and in the key of the first one meanwhile.
     constexpr qint64 provisoire = 999999;
+    const QString cleprovisoire = u"XXXXXXXXX"_s;
     const QString a = entrees[i].cle;
     const QString b = entrees[j].cle;
     RangeeElement* rangee = cherche(a.left(8), place(a));
     trouve = rangee != nullptr;
     if (!rangee)
         return true;
-    entrees[i].cle = u"XXXXXXXXX"_s;
+    entrees[i].cle = cleprovisoire;
     if (!ecritplace(*rangee, provisoire))
         return false;
     if (RangeeElement* autre = cherche(b.left(8), place(b))) {
