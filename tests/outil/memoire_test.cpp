@@ -4,12 +4,7 @@
 
 #include <QDir>
 #include <QFile>
-
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <QProcess>
 
 using namespace velm::test;
 
@@ -24,25 +19,22 @@ protected:
     }
     /// Runs a command with its output in a file; the most memory it held, in bytes.
     qint64 memoire(const QStringList& arguments) const {
-        QList<QByteArray> mots{QByteArray(VELM_BINARY_DIR "/bin/velmoutil")};
-        for (const QString& argument : arguments)
-            mots << argument.toUtf8();
-        std::vector<char*> ligne;
-        for (QByteArray& mot : mots)
-            ligne.push_back(mot.data());
-        ligne.push_back(nullptr);
-        posix_spawn_file_actions_t sorties;
-        posix_spawn_file_actions_init(&sorties);
-        posix_spawn_file_actions_addopen(&sorties, STDOUT_FILENO, QFile::encodeName(sortie()).constData(),
-                                         O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        pid_t enfant = 0;
-        EXPECT_EQ(posix_spawn(&enfant, ligne.front(), &sorties, nullptr, ligne.data(), environ), 0);
-        posix_spawn_file_actions_destroy(&sorties);
-        int etat = 0;
-        rusage usage{};
-        EXPECT_EQ(wait4(enfant, &etat, 0, &usage), enfant);
-        EXPECT_TRUE(WIFEXITED(etat) && WEXITSTATUS(etat) == 0) << qPrintable(arguments.join(u' '));
-        return qint64{usage.ru_maxrss} * 1024;
+        // Of a direct child the system counts what this process held when it came, too.
+        QProcess intermediaire;
+        intermediaire.start(u"python3"_s,
+                            QStringList{u"-c"_s,
+                                        u"import resource, subprocess, sys\n"
+                                        "with open(sys.argv[1], 'wb') as out:\n"
+                                        "    code = subprocess.run(sys.argv[2:], stdout=out).returncode\n"
+                                        "print(code, resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)"_s,
+                                        sortie(), QStringLiteral(VELM_BINARY_DIR "/bin/velmoutil")} +
+                                arguments);
+        EXPECT_TRUE(intermediaire.waitForFinished(60'000));
+        const QStringList dits = QString::fromUtf8(intermediaire.readAllStandardOutput()).simplified().split(u' ');
+        EXPECT_EQ(dits.value(0), u"0") << qPrintable(arguments.join(u' '));
+        const qint64 octets = dits.value(1).toLongLong() * 1024;
+        EXPECT_GT(octets, 1'000'000);
+        return octets;
     }
     QString sortie() const { return dossier.filePath(u"sortie"_s); }
     QString ecrit(const QString& nom, const QByteArray& octets) const {
