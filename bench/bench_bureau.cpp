@@ -21,7 +21,7 @@
 #include "shell/groupedepart.h"
 #include "shell/selection.h"
 #include "shell/vuedepart.h"
-#include "tests/platform/widgets/text/sampletext.h"
+#include "tests/platform/typeset/sampletext.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -2,7 +2,7 @@
 // as bare text. The argument is the size of the document in characters.
 #include "platform/widgets/text/richhtml.h"
 #include "platform/widgets/text/richtextbox.h"
-#include "tests/platform/widgets/text/sampletext.h"
+#include "tests/platform/typeset/sampletext.h"
 
 #include <QApplication>
 

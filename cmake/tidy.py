@@ -16,7 +16,7 @@ import sys
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-ROOMS = ('platform', 'core', 'document', 'search', 'collection', 'outil', 'shell')
+ROOMS = ('platform', 'core', 'document', 'search', 'dossiers', 'collection', 'outil', 'shell')
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.M)
 BUILD = Path('build/tidy')
 CLEAN = BUILD / 'clean.txt'

@@ -1,6 +1,6 @@
 #include "shell/fonds.h"
 
-#include "platform/widgets/text/viewformats.h"
+#include "platform/typeset/viewformats.h"
 #include "shell/logique/barres.h"
 
 #include <QLineF>

@@ -22,7 +22,7 @@ const QMap<QString, QStringList>& plan() {
     static const QStringList words{u"platform/base"_s, u"platform/text"_s};
     static const QStringList widgets{u"platform/widgets/look"_s, u"platform/widgets/frame"_s,
                                      u"platform/widgets/grid"_s, u"platform/widgets/tree"_s,
-                                     u"platform/widgets/list"_s, u"platform/widgets/text"_s};
+                                     u"platform/widgets/list"_s, u"platform/widgets/text"_s, u"platform/typeset"_s};
     static const QStringList core = words + QStringList{u"platform/engine"_s, u"platform/system"_s};
     static const QStringList document = core + QStringList{u"core"_s, u"platform/richtext"_s, u"platform/controls"_s};
     static const QMap<QString, QStringList> rooms{
@@ -31,6 +31,8 @@ const QMap<QString, QStringList>& plan() {
         {u"platform/controls"_s, words},
         {u"platform/engine"_s, words},
         {u"platform/richtext"_s, words},
+        {u"platform/typeset"_s, words + QStringList{u"platform/richtext"_s}},
+        {u"platform/paper"_s, words + QStringList{u"platform/richtext"_s, u"platform/typeset"_s}},
         {u"platform/system"_s, words},
         {u"platform/system/ui"_s, words + QStringList{u"platform/system"_s}},
         {u"platform/widgets/look"_s, words},
@@ -40,7 +42,7 @@ const QMap<QString, QStringList>& plan() {
          words + QStringList{u"platform/controls"_s, u"platform/widgets/look"_s, u"platform/widgets/grid"_s}},
         {u"platform/widgets/list"_s,
          words + QStringList{u"platform/controls"_s, u"platform/widgets/look"_s, u"platform/widgets/grid"_s}},
-        {u"platform/widgets/text"_s, words + QStringList{u"platform/richtext"_s, u"platform/widgets/look"_s}},
+        {u"platform/widgets/text"_s, words + QStringList{u"platform/richtext"_s, u"platform/typeset"_s, u"platform/widgets/look"_s}},
         {u"core"_s, core + QStringList{u"platform/controls"_s}},
         {u"document"_s, document},
         {u"search"_s, document},

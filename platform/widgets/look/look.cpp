@@ -4,7 +4,6 @@
 #include "platform/widgets/look/framestyle.h"
 
 #include <QApplication>
-#include <QFontDatabase>
 #include <QPixmapCache>
 #include <QStyleFactory>
 #include <QToolTip>
@@ -152,31 +151,6 @@ QColor foundTick(const QColor& ground, bool current) {
     if (!current)
         return QColor::fromRgb(0xFFAD7400);
     return QColor::fromRgb(isLight(ground) ? 0xFF5E3B00 : 0xFFFFD66B);
-}
-
-QStringList serifFamilies() {
-    return {u"Liberation Serif"_s, u"Georgia"_s, u"DejaVu Serif"_s};
-}
-
-QStringList sansFamilies() {
-    return {u"Liberation Sans"_s, u"Arial"_s, u"DejaVu Sans"_s};
-}
-
-QStringList fixedFamilies() {
-    return {u"Liberation Mono"_s, u"Courier New"_s, u"DejaVu Sans Mono"_s};
-}
-
-QFont documentFont() {
-    QFont font;
-    for (const QString& family : serifFamilies()) {
-        if (QFontDatabase::hasFamily(family)) {
-            font.setFamilies({family});
-            break;
-        }
-    }
-    font.setStyleHint(QFont::Serif);
-    font.setPointSizeF(documentPoints);
-    return font;
 }
 
 QColor hue(int number, Theme theme) {

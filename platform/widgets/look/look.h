@@ -1,9 +1,7 @@
 #pragma once
-// How the program looks: palettes, families of type, the sheet that documents lie on, the hues of the collections.
+// How the program looks: palettes, the sheet that documents lie on, the hues of the collections.
 #include <QColor>
-#include <QFont>
 #include <QPalette>
-#include <QStringList>
 
 class QApplication;
 
@@ -68,20 +66,6 @@ Sheet sheet(const QColor& paper, const QPalette& around);
 QColor softPaper(const QColor& paper);
 /// Where something was found, beside a scroll bar on such a ground.
 QColor foundTick(const QColor& ground, bool current);
-
-/// Type of documents without a font of their own, in order of preference.
-QStringList serifFamilies();
-QStringList sansFamilies();
-QStringList fixedFamilies();
-QFont documentFont();
-inline constexpr double documentPoints = 11.5;
-
-/// The longest line of running text, in characters of average width.
-inline constexpr int measureCharacters = 90;
-/// The sheet's inner margin, in ems of its type.
-inline constexpr double sheetMargin = 2.25;
-/// Height of a single-spaced line, in heights of its type (ascent and descent).
-inline constexpr double singleLine = 1.2;
 
 /// Twelve hues (0 to 11) that tell things of one kind apart, all of equal lightness; the last one is neutral.
 QColor hue(int number, Theme theme);

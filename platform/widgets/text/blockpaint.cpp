@@ -123,25 +123,19 @@ void BlockPaint::paintBullet(QPainter& painter, int number, const QTextBlock& bl
     const QTextBlock::iterator first = block.begin();
     const QTextCharFormat format = first.atEnd() ? block.charFormat() : first.fragment().charFormat();
     const double em = format.fontPointSize() / 72.0 * dpi_;
-    const double radius = std::max(1.5, 0.15 * em);
-    const double left = std::max(setter_.pixels(shown_.format(number).startIndent), double(-page_.margin));
-    const QPointF centre(left + 0.08 * em + radius, line.y() + line.ascent() - 0.26 * em);
+    const BulletMark bullet = setter_.bullet(number, line, em);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(format.hasProperty(QTextFormat::ForegroundBrush) ? format.foreground() : QBrush(sheet_.ink));
-    painter.drawEllipse(centre, radius, radius);
+    painter.drawEllipse(bullet.centre, bullet.radius, bullet.radius);
     painter.restore();
 }
 
 void BlockPaint::paintHeadRule(QPainter& painter, int number, int height) const {
-    constexpr double thickness = 0.75; // pixels at 96 dots to the inch
-    const double rule = thickness * dpi_ / 96.0;
-    const double left = setter_.pixels(std::max(0, shown_.format(number).startIndent));
-    const int y = height - std::max(qCeil(rule), (setter_.spaceAfter(number) + 1) / 2);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(QRectF(left, y, setter_.measure(number) - left, rule), sheet_.rule);
+    painter.fillRect(setter_.headRule(number, height), sheet_.rule);
     painter.restore();
 }
 

@@ -2,8 +2,8 @@
 // What the sheet shows of a block that is laid out: text, selections, links, what was found, bullet, page
 // break, the rule under a table's head, caret. Painted from
 // the block's own corner: far down a long text the engine's numbers end.
+#include "platform/typeset/linesetter.h"
 #include "platform/widgets/text/hitpaint.h"
-#include "platform/widgets/text/linesetter.h"
 #include "platform/widgets/text/linkpaint.h"
 
 #include <QAbstractTextDocumentLayout>

@@ -1,7 +1,7 @@
 #pragma once
 // What was found in a text that a view shows: a ground under each place, and a tick for each beside the scroll bar.
+#include "platform/typeset/showntext.h"
 #include "platform/widgets/text/hitranges.h"
-#include "platform/widgets/text/showntext.h"
 
 #include <QObject>
 #include <QRect>

@@ -1,10 +1,10 @@
 #pragma once
 // The ground under what was found, laid over the painted text the way a marker pen does it: dark paper lights up, light
 // paper is tinted, and ink stays ink. The hit that is being shown is stronger and has a ring.
+#include "platform/typeset/showntext.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/text/hitranges.h"
 #include "platform/widgets/text/linebands.h"
-#include "platform/widgets/text/showntext.h"
 
 #include <QRegion>
 #include <QTextLayout>

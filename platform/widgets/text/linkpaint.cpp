@@ -1,7 +1,7 @@
 #include "platform/widgets/text/linkpaint.h"
 
+#include "platform/typeset/viewformats.h"
 #include "platform/widgets/text/textpieces.h"
-#include "platform/widgets/text/viewformats.h"
 
 #include <algorithm>
 

@@ -5,10 +5,10 @@
 // The text engine draws a range in another look by drawing its lines once more, clipped to that range; for as many
 // ranges as a page of references has, that is most of the painting, and for thousands it has no end. So links of one
 // look are gathered, and drawn in one pass clipped to all of them.
+#include "platform/typeset/showntext.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/text/linebands.h"
 #include "platform/widgets/text/linkranges.h"
-#include "platform/widgets/text/showntext.h"
 
 #include <QRegion>
 #include <QTextLayout>

@@ -1,5 +1,6 @@
 #include "platform/widgets/text/paperlayout.h"
 
+#include "platform/typeset/type.h"
 #include "platform/widgets/text/blockpaint.h"
 
 #include <QElapsedTimer>
@@ -16,21 +17,6 @@ constexpr std::size_t mostLines = 2000; // blocks that keep their lines; more th
 constexpr double tallest = 2e9;         // pixels: what a scroll bar can tell of
 
 } // namespace
-
-int PaperLayout::Device::metric(PaintDeviceMetric metric) const {
-    switch (metric) {
-    case PdmWidth:
-    case PdmHeight:
-        return 1;
-    case PdmDpiX:
-    case PdmDpiY:
-    case PdmPhysicalDpiX:
-    case PdmPhysicalDpiY:
-        return dpi;
-    default:
-        return QPaintDevice::metric(metric);
-    }
-}
 
 PaperLayout::PaperLayout(QTextDocument* document) : QAbstractTextDocumentLayout(document) {
     setPaintDevice(&device_);
@@ -87,7 +73,7 @@ void PaperLayout::forgetLines() {
     std::vector<int> heights(static_cast<std::size_t>(count));
     const double em = fontHeight();
     for (int i = 0; i < count; ++i)
-        heights[static_cast<std::size_t>(i)] = estimate(i, 1.12 * look::singleLine * em, 0.45 * em);
+        heights[static_cast<std::size_t>(i)] = estimate(i, 1.12 * type::singleLine * em, 0.45 * em);
     heights_.assign(std::move(heights));
 }
 

@@ -6,18 +6,18 @@
 // of late. The document may still be filling: what it does not hold yet counts with its estimate too. Lengths of the
 // model are twips on a screen of dpi() dots to the inch, which is how the view is enlarged: no format changes. Heights
 // and tops are whole pixels.
+#include "platform/typeset/density.h"
+#include "platform/typeset/linesetter.h"
+#include "platform/typeset/paperpage.h"
+#include "platform/typeset/sheetpictures.h"
+#include "platform/typeset/showntext.h"
 #include "platform/widgets/look/look.h"
 #include "platform/widgets/text/heighttree.h"
 #include "platform/widgets/text/hitranges.h"
-#include "platform/widgets/text/linesetter.h"
 #include "platform/widgets/text/linkranges.h"
-#include "platform/widgets/text/paperpage.h"
 #include "platform/widgets/text/seenplaces.h"
-#include "platform/widgets/text/sheetpictures.h"
-#include "platform/widgets/text/showntext.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QPaintDevice>
 #include <QTextBlock>
 #include <QTextLayout>
 
@@ -95,13 +95,6 @@ protected:
                           const QTextFormat& format) override;
 
 private:
-    // A screen of any density, for the fonts of the lines.
-    struct Device final : QPaintDevice {
-        int dpi = 96;
-        QPaintEngine* paintEngine() const override { return nullptr; }
-        int metric(PaintDeviceMetric metric) const override;
-    };
-
     LineSetter setter() const { return {*shown_, page_, device_.dpi, fontHeight()}; }
     double pixels(std::int32_t twips) const { return twips * device_.dpi / 1440.0; }
     double fontHeight() const;
@@ -119,7 +112,7 @@ private:
     Line lineIn(int number, int line);
 
     const ShownText* shown_ = nullptr;
-    Device device_;
+    Density device_; ///< a screen's, for the fonts of the lines
     PaperPage page_;
     HeightTree heights_;
     int available_ = 0;       ///< blocks that the document holds

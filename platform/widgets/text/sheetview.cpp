@@ -1,5 +1,6 @@
 #include "platform/widgets/text/sheetview.h"
 
+#include "platform/typeset/type.h"
 #include "platform/widgets/text/hitstrip.h"
 #include "platform/widgets/text/paperlayout.h"
 #include "platform/widgets/text/sheetbar.h"
@@ -32,7 +33,7 @@ SheetView::SheetView(QWidget* parent) : QTextEdit(parent) {
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setUndoRedoEnabled(false);
     layout_ = new PaperLayout(document());
-    document()->setDefaultFont(look::documentFont());
+    document()->setDefaultFont(type::documentFont());
     document()->setDocumentLayout(layout_);
     fill_ = std::make_unique<DocumentFill>(*document());
     place_ = std::make_unique<ViewPlace>(*this, *layout_, [this] { wentElsewhere(); });

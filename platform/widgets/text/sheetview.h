@@ -3,9 +3,9 @@
 //
 // A text of ordinary size is there at once, and is laid out where it is looked at. Of a longer one the view takes in
 // what lies ahead between two rounds of events; what is to be shown of it shows as soon as it is there.
+#include "platform/typeset/documentfill.h"
+#include "platform/typeset/showntext.h"
 #include "platform/widgets/look/look.h"
-#include "platform/widgets/text/documentfill.h"
-#include "platform/widgets/text/showntext.h"
 #include "platform/widgets/text/viewplace.h"
 
 #include <QBasicTimer>

@@ -81,9 +81,4 @@ TEST(Look, TheCollectionsHuesDifferAndWeighTheSame) {
     }
 }
 
-TEST(Look, DocumentsAreSetInABookFace) {
-    EXPECT_TRUE(look::serifFamilies().contains(look::documentFont().families().value(0)));
-    EXPECT_NEAR(look::documentFont().pointSizeF(), look::documentPoints, 0.01);
-}
-
 } // namespace velm

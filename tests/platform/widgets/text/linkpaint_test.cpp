@@ -1,5 +1,5 @@
 #include "platform/widgets/text/linkpaint.h"
-#include "sampletext.h"
+#include "tests/platform/typeset/sampletext.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
-#include "platform/widgets/text/viewformats.h"
+#include "platform/typeset/type.h"
+#include "platform/typeset/viewformats.h"
 #include "viewfixture.h"
 
 #include <QBuffer>
@@ -174,7 +175,7 @@ TEST_F(Page, LineSpacingIsExactAtLeastOrAMultiple) {
     EXPECT_GT(step(), 10);
     format.lineMultiple = true;
     format.lineSpacing = 480;
-    EXPECT_NEAR(step(), 2 * single / look::singleLine, 2);
+    EXPECT_NEAR(step(), 2 * single / type::singleLine, 2);
 }
 
 TEST_F(Page, AnEmptyParagraphIsAsHighAsItsOwnEnd) {

@@ -1,5 +1,5 @@
 #include "platform/widgets/text/richhtml.h"
-#include "sampletext.h"
+#include "tests/platform/typeset/sampletext.h"
 
 #include <QTextCursor>
 #include <QTextDocument>

@@ -2,7 +2,7 @@
 // A document view on a screen that nobody sees, under a watch for warnings of the toolkit.
 #include "platform/widgets/text/paperlayout.h"
 #include "platform/widgets/text/richtextbox.h"
-#include "sampletext.h"
+#include "tests/platform/typeset/sampletext.h"
 #include "tests/support/eventually.h"
 #include "tests/support/quiet.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 // Parts paragraphs of any length into blocks that are laid out in bounded time: see ShownText.
-#include "platform/widgets/text/showntext.h"
+#include "platform/typeset/showntext.h"
 
 namespace velm {
 

@@ -1,6 +1,6 @@
-#include "platform/widgets/text/metafile.h"
+#include "platform/typeset/metafile.h"
 
-#include "platform/widgets/text/littleendian.h"
+#include "platform/typeset/littleendian.h"
 
 #include <algorithm>
 #include <array>

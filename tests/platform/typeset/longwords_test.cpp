@@ -1,4 +1,4 @@
-#include "platform/widgets/text/longwords.h"
+#include "platform/typeset/longwords.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/widgets/text/tableheads.h"
+#include "platform/typeset/tableheads.h"
 
 #include <algorithm>
 

@@ -1,8 +1,9 @@
 #pragma once
 // Breaks a block into lines: indents, tab stops, alignment, spacing.
-#include "platform/widgets/text/paperpage.h"
-#include "platform/widgets/text/showntext.h"
+#include "platform/typeset/paperpage.h"
+#include "platform/typeset/showntext.h"
 
+#include <QRectF>
 #include <QTextLayout>
 
 namespace velm {
@@ -15,6 +16,11 @@ struct LayoutWork {
     std::int64_t lines = 0;
     /// Characters that were looked at to break lines, those behind a line's end to the next place to break included.
     std::int64_t characters = 0;
+};
+
+struct BulletMark {
+    QPointF centre;
+    double radius = 0;
 };
 
 class LineSetter {
@@ -30,6 +36,11 @@ public:
     double pixels(std::int32_t twips) const { return twips * dpi_ / 1440.0; }
     int spaceBefore(int number) const;
     int spaceAfter(int number) const;
+    /// The bullet of block `number`, whose letters are `em` pixels high, beside its first line. From the block's
+    /// corner.
+    BulletMark bullet(int number, const QTextLine& first, double em) const;
+    /// The rule at the foot of block `number`, of `height` pixels, that parts a table's head. From the block's corner.
+    QRectF headRule(int number, int height) const;
 
 private:
     bool isRow(int number) const; ///< of a list or a table

@@ -1,6 +1,6 @@
 #pragma once
 // The pictures that stand in a text: their sizes, and what is painted of them. Each is read once, when it is needed.
-#include "platform/widgets/text/showntext.h"
+#include "platform/typeset/showntext.h"
 
 #include <QImage>
 #include <QSize>

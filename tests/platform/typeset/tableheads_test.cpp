@@ -1,4 +1,4 @@
-#include "platform/widgets/text/showntext.h"
+#include "platform/typeset/showntext.h"
 
 #include <QStringList>
 

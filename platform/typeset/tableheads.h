@@ -1,7 +1,7 @@
 #pragma once
 // Tables are paragraphs with tabs in them that follow one another on the same tab stops. Nothing stored tells their
 // first row from the others; the eye wants it told.
-#include "platform/widgets/text/showntext.h"
+#include "platform/typeset/showntext.h"
 
 #include <vector>
 

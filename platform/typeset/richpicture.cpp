@@ -1,8 +1,8 @@
-#include "platform/widgets/text/richpicture.h"
+#include "platform/typeset/richpicture.h"
 
 #include "platform/base/twips.h"
-#include "platform/widgets/text/littleendian.h"
-#include "platform/widgets/text/metafile.h"
+#include "platform/typeset/littleendian.h"
+#include "platform/typeset/metafile.h"
 
 #include <QBuffer>
 #include <QImageReader>

@@ -1,5 +1,5 @@
-#include "platform/widgets/text/showntext.h"
-#include "sampletext.h"
+#include "platform/typeset/showntext.h"
+#include "tests/platform/typeset/sampletext.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "platform/widgets/text/linesetter.h"
-#include "platform/widgets/text/longwords.h"
-#include "sampletext.h"
+#include "platform/typeset/linesetter.h"
+#include "platform/typeset/longwords.h"
+#include "tests/platform/typeset/sampletext.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/widgets/text/richpicture.h"
+#include "platform/typeset/richpicture.h"
 
 #include <QBuffer>
 #include <QImage>

@@ -1,7 +1,7 @@
-#include "platform/widgets/text/viewformats.h"
+#include "platform/typeset/viewformats.h"
 
 #include "platform/base/twips.h"
-#include "platform/widgets/look/look.h"
+#include "platform/typeset/type.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -25,10 +25,10 @@ QStringList substitutes(const QString& family) {
                                   u"univers"_s, u"futura"_s, u"gill"_s,      u"segoe"_s,   u"trebuchet"_s, u"system"_s,
                                   u"optima"_s,  u"swiss"_s,  u"frutiger"_s,  u"gothic"_s,  u"impact"_s};
     if (namesOne(family, fixed))
-        return look::fixedFamilies();
+        return type::fixedFamilies();
     if (namesOne(family, sans))
-        return look::sansFamilies();
-    return look::serifFamilies();
+        return type::sansFamilies();
+    return type::serifFamilies();
 }
 
 QString chooseFamily(const QString& family) {

@@ -1,7 +1,7 @@
-#include "platform/widgets/text/paperpage.h"
+#include "platform/typeset/paperpage.h"
 
-#include "platform/widgets/look/look.h"
-#include "platform/widgets/text/showntext.h"
+#include "platform/typeset/showntext.h"
+#include "platform/typeset/type.h"
 
 #include <algorithm>
 
@@ -9,13 +9,14 @@ namespace velm {
 
 namespace {
 
+constexpr int leastMargin = 8;    // pixels
 constexpr int leastMeasure = 120; // pixels; a narrower window cuts the text off rather than breaking every word
 // Ems that a table keeps behind its last stop; in a window that is narrower, as many as what stands there needs.
 constexpr double tabRoom = 4.0;
 constexpr double columnRoom = 10.0;
 // Half points. Running text of any size up to the largest common one lies on the same sheet, so that nothing jumps from
 // document to document; only large print gets a wider one, within reason.
-constexpr double baseType = 2 * look::documentPoints;
+constexpr double baseType = 2 * type::documentPoints;
 constexpr int largestBaseType = 26;
 constexpr int largestPageType = 32;
 // Running French text in a book face takes about 0.43 em for a character. Those of the base type make 9000 twips, for
@@ -51,9 +52,9 @@ PaperPage paperPage(int width, const ShownText* shown, int dpi) {
     const double em = pageEm(shown, dpi);
     // A narrow window is for the text: the margin gives way before the measure does.
     constexpr int parts = 12;
-    page.margin = std::min(qRound(look::sheetMargin * em), std::max(look::spacing, page.width / parts));
+    page.margin = std::min(qRound(type::sheetMargin * em), std::max(leastMargin, page.width / parts));
     const int longest =
-        std::max(qRound(look::measureCharacters * characterWidth * em), tableWidth(shown, dpi, tabRoom * em));
+        std::max(qRound(type::measureCharacters * characterWidth * em), tableWidth(shown, dpi, tabRoom * em));
     page.measure = std::clamp(page.width - 2 * page.margin, leastMeasure, std::max(leastMeasure, longest));
     page.tableMeasure = std::max(page.measure, std::min(longest, tableWidth(shown, dpi, lastColumn(shown) * em)));
     page.sheetWidth = page.measure + 2 * page.margin;

@@ -1,4 +1,4 @@
-#include "platform/widgets/text/longparagraphs.h"
+#include "platform/typeset/longparagraphs.h"
 
 #include <gtest/gtest.h>
 #include <random>

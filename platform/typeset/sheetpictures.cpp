@@ -1,7 +1,7 @@
-#include "platform/widgets/text/sheetpictures.h"
+#include "platform/typeset/sheetpictures.h"
 
-#include "platform/widgets/text/richpicture.h"
-#include "platform/widgets/text/viewformats.h"
+#include "platform/typeset/richpicture.h"
+#include "platform/typeset/viewformats.h"
 
 #include <QPainter>
 #include <QTextFormat>

@@ -1,10 +1,11 @@
-#include "platform/widgets/text/linesetter.h"
+#include "platform/typeset/linesetter.h"
 
-#include "platform/widgets/look/look.h"
-#include "platform/widgets/text/longwords.h"
+#include "platform/typeset/longwords.h"
+#include "platform/typeset/type.h"
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QtMath>
 
 #include <cmath>
 
@@ -49,6 +50,20 @@ int LineSetter::spaceAfter(int number) const {
 bool LineSetter::isRow(int number) const {
     const ParaFormat& format = shown_.format(number);
     return format.bullet || format.offset > 0 || !format.tabs.empty();
+}
+
+BulletMark LineSetter::bullet(int number, const QTextLine& first, double em) const {
+    const double radius = std::max(1.5, 0.15 * em);
+    const double left = std::max(pixels(shown_.format(number).startIndent), double(-page_.margin));
+    return {{left + 0.08 * em + radius, first.y() + first.ascent() - 0.26 * em}, radius};
+}
+
+QRectF LineSetter::headRule(int number, int height) const {
+    constexpr double thickness = 0.75; // pixels at 96 dots to the inch
+    const double rule = thickness * dpi_ / 96.0;
+    const double left = pixels(std::max(0, shown_.format(number).startIndent));
+    const int y = height - std::max(qCeil(rule), (spaceAfter(number) + 1) / 2);
+    return {left, double(y), measure(number) - left, rule};
 }
 
 // Running text keeps to what is seen of a narrow window; the columns of a table do not fall over each other in it.
@@ -111,7 +126,7 @@ double LineSetter::lineLeft(int number, bool first) const {
 int LineSetter::lineHeight(const ParaFormat& format, double natural, bool pictures) const {
     if (format.lineSpacing == 0) {
         // The room between lines is the type's; a picture needs no more.
-        const double room = (look::singleLine - 1) * (pictures ? std::min(natural, 1.2 * em_) : natural);
+        const double room = (type::singleLine - 1) * (pictures ? std::min(natural, 1.2 * em_) : natural);
         return qRound(natural + room);
     }
     if (format.lineMultiple)

@@ -1,7 +1,7 @@
 #pragma once
 // Puts a rich text into the view's document, in as many steps as its owner likes.
-#include "platform/widgets/text/showntext.h"
-#include "platform/widgets/text/viewformats.h"
+#include "platform/typeset/showntext.h"
+#include "platform/typeset/viewformats.h"
 
 #include <QTextCursor>
 

@@ -1,4 +1,4 @@
-#include "platform/widgets/text/documentfill.h"
+#include "platform/typeset/documentfill.h"
 
 #include <QTextDocument>
 

@@ -1,5 +1,5 @@
-#include "platform/widgets/text/documentfill.h"
-#include "sampletext.h"
+#include "platform/typeset/documentfill.h"
+#include "tests/platform/typeset/sampletext.h"
 
 #include <QTextBlock>
 #include <QTextDocument>

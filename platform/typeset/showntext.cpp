@@ -1,7 +1,7 @@
-#include "platform/widgets/text/showntext.h"
+#include "platform/typeset/showntext.h"
 
-#include "platform/widgets/text/longparagraphs.h"
-#include "platform/widgets/text/tableheads.h"
+#include "platform/typeset/longparagraphs.h"
+#include "platform/typeset/tableheads.h"
 
 #include <algorithm>
 

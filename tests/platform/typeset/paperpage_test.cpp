@@ -1,6 +1,6 @@
+#include "platform/typeset/paperpage.h"
+#include "platform/typeset/showntext.h"
 #include "platform/widgets/look/look.h"
-#include "platform/widgets/text/paperpage.h"
-#include "platform/widgets/text/showntext.h"
 
 #include <gtest/gtest.h>
 
