@@ -44,7 +44,11 @@ bool FichiersEchanges::enregistre(ChoixFichier ou, Icone icone, const std::funct
 }
 
 void FichiersEchanges::envoie(const QString& nom, const QByteArray& octets) const {
-    courrier_.compose({{}, u" "_s, nom, octets}, [this, nom](Courrier::Failure echec, const FileError& erreur) {
+    envoie({{}, u" "_s, nom, octets});
+}
+
+void FichiersEchanges::envoie(const Courriel& courriel) const {
+    courrier_.compose(courriel, [this, nom = courriel.fileName](Courrier::Failure echec, const FileError& erreur) {
         if (echec == Courrier::Failure::NotWritten)
             ditnonecrit(nom, erreur, Texte::TitreEnvoi);
         else

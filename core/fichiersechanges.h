@@ -26,10 +26,12 @@ public:
     bool enregistre(ChoixFichier ou, Icone icone, const std::function<QByteArray()>& octets) const;
     /// Opens a message in the mail program with the file attached.
     void envoie(const QString& nom, const QByteArray& octets) const;
-
-private:
+    /// Opens this message in the mail program.
+    void envoie(const Courriel& courriel) const;
+    /// Says that a file is not written, and why.
     void ditnonecrit(const QString& nom, const FileError& erreur, Texte titre) const;
 
+private:
     Dialogues& dialogues_;
     Sablier& sablier_;
     Courrier& courrier_;

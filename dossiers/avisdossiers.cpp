@@ -33,6 +33,12 @@ bool AvisDossiers::veutsupprimer(const QString& dossier) const {
                               Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Non, pagedaide) == Bouton::Oui;
 }
 
+bool AvisDossiers::veutimprimer(const QString& dossier) const {
+    return dialogues_.message(texte(Texte::QuestionImprimerDossier) + u" \""_s + dossier + u"\" ?"_s,
+                              texte(Texte::TitreImpressionDossier), Icone::Question,
+                              Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Aucun, pagedaide) == Bouton::Oui;
+}
+
 bool AvisDossiers::veutreparer() const {
     return dialogues_.message(texte(Texte::QuestionReparer), texte(Texte::Reparer), Icone::Question,
                               Bouton::Oui | Bouton::Non | Bouton::Aide, Bouton::Non, pagedaide) == Bouton::Oui;

@@ -17,6 +17,7 @@ public:
     void manque(Texte message, const EchecEcriture& echec) const;
     bool veutreparer() const;
     bool veutsupprimer(const QString& dossier) const;
+    bool veutimprimer(const QString& dossier) const;
     void deplacementrefuse() const;
     /// What could not be saved is given up.
     bool veutfermer(const EchecEcriture& echec) const;

@@ -25,7 +25,7 @@ struct PrintFont {
     friend bool operator==(const PrintFont&, const PrintFont&) = default;
 };
 
-/// Each operation but sheet() throws PrintFailure.
+/// Each operation but sheet() and release() throws PrintFailure.
 class PrintDevice {
 public:
     struct Sheet {
@@ -49,11 +49,11 @@ public:
     virtual Sheet sheet() const = 0;
 
     // ---- the job
-    /// One blank at the pen: opens a job and its first sheet where none is open.
+    /// One blank at the pen. Like print() and rule() it opens a job and its first sheet where none is open.
     virtual void blank() = 0;
     /// Ends the sheet and opens the next one.
     virtual void newPage() = 0;
-    /// Ends the last sheet and the job, which goes out.
+    /// Ends the last sheet and the job, which goes out; nothing where none is open.
     virtual void endDocument() = 0;
     /// Throws the job away.
     virtual void discard() = 0;

@@ -1,11 +1,12 @@
 #include "platform/system/courrier.h"
 
-#include <QFileInfo>
 #include <QObject>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QUrl>
 
+#include <algorithm>
 #include <list>
 #include <utility>
 
@@ -18,11 +19,33 @@ using namespace Qt::Literals::StringLiterals;
 struct Envoi {
     Envoi() : folder(joinPath(tempFolder(), u"courriel-XXXXXX")) {}
 
+    FileError attach(const QString& path, const QByteArray& bytes) const {
+        if (path.isEmpty())
+            return {};
+        return folder.isValid() ? writeWhole(path, bytes) : FileError{Obstacle::Other, folder.errorString()};
+    }
+
     QTemporaryDir folder;
     QProcess process;
 };
 
+/// A file's name that says as much of the wanted one as it can: no folder is made of it, and its end stays.
+QString attachedName(QString name) {
+    constexpr qsizetype longest = 80; // units of up to three bytes, and the name grows while a file is written
+    name.replace(u'/', u'-');
+    const QString suffix = name.sliced(std::max<qsizetype>(name.lastIndexOf(u'.'), 0)).left(longest);
+    return name.size() <= longest ? name : name.left(longest - suffix.size()) + suffix;
+}
+
 } // namespace
+
+bool fitsMessage(const QString& subject, const QString& body) {
+    // What the system takes as one argument is 131072 bytes.
+    constexpr qsizetype longest = 100'000;
+    // Each byte is one of the address at least.
+    return subject.size() + body.size() <= longest &&
+           QUrl::toPercentEncoding(subject).size() + QUrl::toPercentEncoding(body).size() <= longest;
+}
 
 struct SystemCourrier::Private {
     QString command;
@@ -59,9 +82,12 @@ QStringList SystemCourrier::arguments(const Courriel& courriel, const QString& p
     // An empty text is a mistake to the command.
     if (!courriel.subject.isEmpty())
         list << u"--subject"_s << courriel.subject;
+    // The command makes both characters of a line end of a feed alone.
     if (!courriel.body.isEmpty())
-        list << u"--body"_s << courriel.body;
-    return list << u"--attach"_s << path;
+        list << u"--body"_s << QString(courriel.body).replace(u"\r\n"_s, u"\n"_s);
+    if (!path.isEmpty())
+        list << u"--attach"_s << path;
+    return list;
 }
 
 void SystemCourrier::compose(const Courriel& courriel, Failed failed) {
@@ -71,10 +97,9 @@ void SystemCourrier::compose(const Courriel& courriel, Failed failed) {
         return;
     }
     Envoi& envoi = d_->envois.emplace_back();
-    const QString path = envoi.folder.filePath(QFileInfo(courriel.fileName).fileName());
-    const FileError error = envoi.folder.isValid() ? writeWhole(path, courriel.file)
-                                                   : FileError{Obstacle::Other, envoi.folder.errorString()};
-    if (!error.ok()) {
+    const QString path =
+        courriel.fileName.isEmpty() ? QString() : envoi.folder.filePath(attachedName(courriel.fileName));
+    if (const FileError error = envoi.attach(path, courriel.file); !error.ok()) {
         d_->forget(&envoi);
         failed(Failure::NotWritten, error);
         return;

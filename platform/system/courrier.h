@@ -1,5 +1,5 @@
 #pragma once
-// Mail: a new message in the user's mail program, with a file attached. The user finishes and sends it there.
+// Mail: a new message in the user's mail program, which may have a file attached. The user finishes and sends it there.
 #include "platform/system/files.h"
 
 #include <QByteArray>
@@ -14,10 +14,13 @@ namespace velm {
 struct Courriel {
     QString subject;
     QString body;
-    /// Name under which the attachment goes, without a folder, and what it holds.
+    /// Name under which the attachment goes, and what it holds; empty for a message without one.
     QString fileName;
     QByteArray file;
 };
+
+/// Whether a subject and a body are short enough for the desktop's mail command, which makes one address of them.
+bool fitsMessage(const QString& subject, const QString& body);
 
 class Courrier {
 public:
@@ -46,7 +49,7 @@ public:
 
     void compose(const Courriel& courriel, Failed failed) override;
 
-    /// What the command is called with.
+    /// What the command is called with; `path` is that of the attachment, if there is one.
     static QStringList arguments(const Courriel& courriel, const QString& path);
 
 private:

@@ -53,6 +53,9 @@ struct ChoixFichier {
     QString extension;
     /// When saving: asks whether an existing file shall be replaced. False where the caller asks.
     bool demanderemplacement = true;
+    /// Where the number of the filter that is in force in the end goes, from 1; not owned, may be null. It begins with
+    /// the first.
+    int* filtrechoisi = nullptr;
 };
 
 /// What file dialogs call the things that they list.

@@ -25,8 +25,8 @@ public:
 };
 
 struct ContenuPressePapiers {
+    /// A form that is empty is not there for whoever pastes.
     QString texte;
-    /// The two rich forms may be empty.
     QString html;
     QByteArray rtf;
 };

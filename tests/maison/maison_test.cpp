@@ -47,6 +47,7 @@ const QMap<QString, QStringList>& plan() {
         {u"document"_s, document},
         {u"search"_s, document},
         {u"dossiers"_s, core + QStringList{u"core"_s, u"platform/controls"_s}},
+        {u"print"_s, document + QStringList{u"platform/paper"_s, u"document"_s, u"dossiers"_s}},
         {u"collection"_s, document},
         {u"outil"_s, document + QStringList{u"document"_s, u"search"_s, u"dossiers"_s, u"collection"_s}},
         {u"document/ui"_s, document + widgets + QStringList{u"document"_s}},
@@ -74,7 +75,7 @@ const std::vector<Source>& sources() {
         std::vector<Source> found;
         const QDir project(QStringLiteral(VELM_SOURCE_DIR));
         for (const QString& folder : {u"platform"_s, u"core"_s, u"document"_s, u"search"_s, u"dossiers"_s,
-                                      u"collection"_s, u"outil"_s, u"shell"_s}) {
+                                      u"print"_s, u"collection"_s, u"outil"_s, u"shell"_s}) {
             QDirIterator walk(project.filePath(folder), {u"*.h"_s, u"*.cpp"_s}, QDir::Files,
                               QDirIterator::Subdirectories);
             while (walk.hasNext()) {

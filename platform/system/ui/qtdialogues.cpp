@@ -270,6 +270,9 @@ std::optional<QString> QtDialogues::run(QFileDialog& dialog, const ChoixFichier&
     if (chosen.isEmpty())
         return std::nullopt;
     lastFolder_ = QFileInfo(chosen).absolutePath();
+    if (choix.filtrechoisi)
+        *choix.filtrechoisi =
+            1 + std::max(0, static_cast<int>(dialog.nameFilters().indexOf(dialog.selectedNameFilter())));
     return chosen;
 }
 

@@ -38,7 +38,8 @@ bool QtNavigateur::openFile(const QString& path) {
 
 void QtPressePapiers::pose(const ContenuPressePapiers& contenu) {
     auto data = std::make_unique<QMimeData>();
-    data->setText(contenu.texte);
+    if (!contenu.texte.isEmpty())
+        data->setText(contenu.texte);
     if (!contenu.html.isEmpty())
         data->setHtml(contenu.html);
     if (!contenu.rtf.isEmpty()) {
