@@ -54,7 +54,7 @@ TEST_F(EntetesEtPieds, AlignmentLeftCentreAndRight) {
 TEST_F(EntetesEtPieds, AnAlignmentOf3LeavesThePosition) {
     documents.textentete = u"Haut"_s;
     for (const int cadrage : {3, -1}) {
-        documents.ligneentete.cadrage = cadrage;
+        documents.ligneentete = {cadrage, {u"Arial"_s, 10, 0, 0}};
         EXPECT_EQ(dessine(), QStringList({u"police Arial 10 00"_s, u"y 760"_s, u"texte [Haut]"_s}));
     }
 }
@@ -115,11 +115,11 @@ TEST_F(EntetesEtPieds, ATextThatIsTheNameAloneIsLeftOutWhereThatIsEmpty) {
 }
 
 TEST_F(EntetesEtPieds, MarginsOfAnySizeAreWithinBounds) {
-    documents.textentete = u"Haut"_s;
     documents.textpied = u"Bas"_s;
-    documents.margehaute = -2'147'483'648;
+    documents.margebasse = -2'147'483'648;
     documents.margegauche = -2'147'483'648;
-    EXPECT_EQ(dessine().mid(1, 2), QStringList({u"y -16777216"_s, u"x 10606"_s}));
+    documents.lignepied.cadrage = 0;
+    EXPECT_EQ(dessine().mid(1, 2), QStringList({u"y 16777216"_s, u"x -16777216"_s}));
 }
 
 } // namespace velm::test

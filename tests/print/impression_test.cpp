@@ -56,9 +56,10 @@ TEST_F(ImpressionPages, WithoutEjectionNumbersRunOn) {
     imprimetout();
     imprimetout();
     EXPECT_EQ(nombre(u"texte [ 1]"_s), 1);
-    EXPECT_EQ(nombre(u"texte [ 2]"_s), 0) << "the sheet that is open has none yet";
-    impression.terminetravail();
     EXPECT_EQ(nombre(u"texte [ 2]"_s), 1);
+    EXPECT_EQ(nombre(u"texte [ 3]"_s), 0) << "the sheet that is open has none yet";
+    impression.terminetravail();
+    EXPECT_EQ(nombre(u"texte [ 3]"_s), 1);
     EXPECT_EQ(nombre(u"fin"_s), 1);
 }
 
