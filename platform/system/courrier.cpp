@@ -19,13 +19,11 @@ using namespace Qt::Literals::StringLiterals;
 struct Envoi {
     Envoi() : folder(joinPath(tempFolder(), u"courriel-XXXXXX")) {}
 
-    FileError attach(const QString& path, const QByteArray& bytes) const {
-        if (path.isEmpty())
-            return {};
-        return folder.isValid() ? writeWhole(path, bytes) : FileError{Obstacle::Other, folder.errorString()};
-    }
+    /// Where a message has a file, that goes into the folder.
+    FileError attach(const Courriel& courriel);
 
     QTemporaryDir folder;
+    QString path; ///< of the attachment
     QProcess process;
 };
 
@@ -35,6 +33,13 @@ QString attachedName(QString name) {
     name.replace(u'/', u'-');
     const QString suffix = name.sliced(std::max<qsizetype>(name.lastIndexOf(u'.'), 0)).left(longest);
     return name.size() <= longest ? name : name.left(longest - suffix.size()) + suffix;
+}
+
+FileError Envoi::attach(const Courriel& courriel) {
+    if (courriel.fileName.isEmpty())
+        return {};
+    path = folder.filePath(attachedName(courriel.fileName));
+    return folder.isValid() ? writeWhole(path, courriel.file) : FileError{Obstacle::Other, folder.errorString()};
 }
 
 } // namespace
@@ -97,9 +102,7 @@ void SystemCourrier::compose(const Courriel& courriel, Failed failed) {
         return;
     }
     Envoi& envoi = d_->envois.emplace_back();
-    const QString path =
-        courriel.fileName.isEmpty() ? QString() : envoi.folder.filePath(attachedName(courriel.fileName));
-    if (const FileError error = envoi.attach(path, courriel.file); !error.ok()) {
+    if (const FileError error = envoi.attach(courriel); !error.ok()) {
         d_->forget(&envoi);
         failed(Failure::NotWritten, error);
         return;
@@ -122,7 +125,7 @@ void SystemCourrier::compose(const Courriel& courriel, Failed failed) {
         Qt::QueuedConnection);
     envoi.process.setStandardInputFile(QProcess::nullDevice());
     envoi.process.setStandardOutputFile(QProcess::nullDevice());
-    envoi.process.start(program, arguments(courriel, path), QIODevice::ReadOnly);
+    envoi.process.start(program, arguments(courriel, envoi.path), QIODevice::ReadOnly);
 }
 
 } // namespace velm

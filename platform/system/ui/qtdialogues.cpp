@@ -215,6 +215,16 @@ void prepare(QFileDialog& dialog, const ChoixFichier& choix, const QString& last
         dialog.selectFile(choix.nom);
 }
 
+/// The number of the filter, from 1. The dialog names it as the user sees it, or in full, as the platform's own do.
+int filterInForce(const QFileDialog& dialog) {
+    const QString named = dialog.selectedNameFilter();
+    const QStringList filters = dialog.nameFilters();
+    const auto place = std::find_if(filters.begin(), filters.end(), [&named](const QString& filter) {
+        return filter == named || filter.startsWith(named + u" ("_s);
+    });
+    return place == filters.end() ? 1 : 1 + static_cast<int>(place - filters.begin());
+}
+
 /// Where the screen is low the list of files gives way, not the buttons below it.
 void keepOnScreen(QFileDialog& dialog) {
     const int title = dialog.style()->pixelMetric(QStyle::PM_TitleBarHeight);
@@ -271,8 +281,7 @@ std::optional<QString> QtDialogues::run(QFileDialog& dialog, const ChoixFichier&
         return std::nullopt;
     lastFolder_ = QFileInfo(chosen).absolutePath();
     if (choix.filtrechoisi)
-        *choix.filtrechoisi =
-            1 + std::max(0, static_cast<int>(dialog.nameFilters().indexOf(dialog.selectedNameFilter())));
+        *choix.filtrechoisi = filterInForce(dialog);
     return chosen;
 }
 

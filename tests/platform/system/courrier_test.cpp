@@ -80,6 +80,31 @@ TEST_F(CourrierTest, TheMailProgramGetsTheFileUnderItsName) {
     EXPECT_TRUE(failures.empty());
 }
 
+TEST_F(CourrierTest, AMessageWithoutAFileHasNone) {
+    SystemCourrier mail(command("printf '%s|' \"$@\" > \"${0%/*}/out.tmp\"\nmv \"${0%/*}/out.tmp\" \"${0%/*}/out\"\n"));
+    mail.compose({u"Objet"_s, u"un\r\ndeux"_s, {}, {}}, failed());
+    ASSERT_TRUE(eventually([&] { return !written().isEmpty(); }));
+    EXPECT_EQ(written(), "--utf8|--subject|Objet|--body|un\ndeux|") << "the command makes line ends of feeds";
+    EXPECT_TRUE(failures.empty());
+}
+
+TEST_F(CourrierTest, AnyTitleIsAName) {
+    const QString longue(300, u'é');
+    for (const auto& [name, expected] : {std::pair{u"Loi 89/462.RTF"_s, "/Loi 89-462.RTF|"_ba},
+                                         {u"../x.RTF"_s, "/..-x.RTF|"_ba},
+                                         {u".RTF"_s, "/.RTF|"_ba},
+                                         {longue + u".RTF"_s, "/" + QString(76, u'é').toUtf8() + ".RTF|"},
+                                         {u"x."_s + longue, "/." + QString(79, u'é').toUtf8() + '|'}}) {
+        QFile::remove(folder.filePath(u"out"_s));
+        SystemCourrier mail(command("printf '%s|' \"$@\" > \"${0%/*}/out.tmp\"\n"
+                                    "mv \"${0%/*}/out.tmp\" \"${0%/*}/out\"\n"));
+        mail.compose({{}, {}, name, "x"}, failed());
+        ASSERT_TRUE(eventually([&] { return !written().isEmpty() || !failures.empty(); }));
+        EXPECT_TRUE(written().endsWith(expected)) << written().constData();
+    }
+    EXPECT_TRUE(failures.empty());
+}
+
 TEST_F(CourrierTest, TheFileIsGoneAfterwards) {
     {
         SystemCourrier mail(command("touch \"${0%/*}/out\"\necho done > \"${0%/*}/out\"\nsleep 60\n"));
@@ -146,6 +171,15 @@ TEST_F(CourrierTest, AServiceThatGoesWhileTheProgramRunsSaysNothing) {
     }
     QCoreApplication::processEvents();
     EXPECT_TRUE(failures.empty());
+}
+
+TEST(CourrierArguments, WhatFitsIsCountedAsAnAddressHasIt) {
+    EXPECT_TRUE(fitsMessage({}, {}));
+    EXPECT_TRUE(fitsMessage(u"a"_s, QString(99'999, u'a')));
+    EXPECT_FALSE(fitsMessage(u"ab"_s, QString(99'999, u'a')));
+    EXPECT_TRUE(fitsMessage({}, QString(16'666, u'é')));
+    EXPECT_FALSE(fitsMessage({}, QString(16'667, u'é')));
+    EXPECT_FALSE(fitsMessage(QString(33'334, u' '), {}));
 }
 
 TEST(CourrierArguments, EmptyTextsAreLeftOutAndTheNameHasNoFolder) {

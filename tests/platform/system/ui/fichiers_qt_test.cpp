@@ -87,6 +87,30 @@ TEST(FichiersQt, TheFileDialogStartsWhereItIsTold) {
     EXPECT_EQ(filters, (QStringList{u"Base (*.DAT) (*.DAT *.dat)"_s, u"Tous (*.*) (*)"_s}));
 }
 
+TEST(FichiersQt, TheFilterThatIsInForceInTheEndIsTold) {
+    const QTemporaryDir folder;
+    QtDialogues dialogs;
+    const auto told = [&](int rank, bool accepts) {
+        int filter = 7;
+        ChoixFichier choix;
+        choix.dossier = folder.path();
+        choix.nom = u"a"_s;
+        choix.filtre = u"Rich Text Files (*.rtf)|*.rtf|Text (*.txt)|*.txt"_s;
+        choix.filtrechoisi = &filter;
+        const auto hands = whenShown<QFileDialog>([&](QFileDialog& dialog) {
+            if (rank > 0)
+                dialog.selectNameFilter(dialog.nameFilters().value(rank - 1));
+            static_cast<QDialog&>(dialog).done(accepts ? QDialog::Accepted : QDialog::Rejected);
+        });
+        EXPECT_EQ(dialogs.saveFile(choix).has_value(), accepts);
+        return filter;
+    };
+    EXPECT_EQ(told(0, true), 1) << "the first, unless another is chosen";
+    EXPECT_EQ(told(1, true), 1);
+    EXPECT_EQ(told(2, true), 2);
+    EXPECT_EQ(told(2, false), 7) << "nothing where the user gives up";
+}
+
 TEST(FichiersQt, GivingUpChoosesNothing) {
     QtDialogues dialogs;
     const auto reject = [] { return whenShown<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); }); };

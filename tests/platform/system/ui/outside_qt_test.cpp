@@ -19,6 +19,9 @@ TEST(PressePapiersQt, OffersTextAndBothRichForms) {
     EXPECT_EQ(data->data(u"text/rtf"_s), "{\\rtf1 \\'e9t\\'e9}");
     clipboard.pose({u"plain"_s, {}, {}});
     EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->hasHtml());
+    clipboard.pose({{}, {}, "{\\rtf1 x}"});
+    EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->hasText()) << "what takes plain text gets nothing";
+    EXPECT_EQ(QGuiApplication::clipboard()->mimeData()->data(u"text/rtf"_s), "{\\rtf1 x}");
 }
 
 TEST(NavigateurQt, AddressesThatAreNoneAreRefused) {
