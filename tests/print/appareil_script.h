@@ -24,6 +24,7 @@ public:
     QStringList appels;
     QStringList passages; ///< the ranges alone, "from-next@top:bottom"
     int liberations = 0;
+    qsizetype libereapres = 0; ///< after so many calls, the last time
 
     void oublie() {
         appels.clear();
@@ -62,7 +63,10 @@ public:
         passages << QStringLiteral("%1-%2@%3:%4").arg(from).arg(fait.next).arg(rectangle.top()).arg(fait.bottom);
         return fait;
     }
-    void release() override { ++liberations; }
+    void release() override {
+        ++liberations;
+        libereapres = appels.size();
+    }
 
 private:
     void note(const QString& appel) {

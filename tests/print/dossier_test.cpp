@@ -26,7 +26,8 @@ protected:
         // Of the middle one, markup and the document that it includes.
         ouvre({{u"CO000001"_s, texte(50)},
                {u"EU000002"_s, "{\\rtf1 a \\{I=CO000001\\} b}"},
-               {u"CO000003"_s, texte(200)}});
+               {u"CO000003"_s, texte(200)},
+               {u"CO000004"_s, "{\\rtf1 texte\\{S=note\\}note\\{-S\\}}"}});
     }
     static QByteArray texte(int lettres) { return "{\\rtf1 " + QByteArray(lettres, 'x') + "}"; }
     void ouvre(const QList<std::pair<QString, QByteArray>>& documentsdelabase) {
@@ -145,6 +146,21 @@ TEST_F(DossierImprime, KeysOfAnyFormPrintWhatTheyName) {
              u"CO000001"_s, u""_s, u"P"_s});
     EXPECT_EQ(appareil.passages, QStringList({u"0-50@1260:6260"_s, u"0-40@6460:10460"_s, u"4-4@1260:1260"_s,
                                               u"0-0@1460:1460"_s, u"0-50@1660:6660"_s}));
+}
+
+TEST_F(DossierImprime, PositionsBeyondAllBoundsStayWithinTheText) {
+    imprime({u"CO000001 1 4 99999999999999999999P"_s, u"CO000001 1 0 -1P"_s, u"CO000001 1 4 -2P"_s});
+    QStringList etendues;
+    for (const QString& appel : appareil.appels.filter(u"passage"_s))
+        etendues << appel.section(u' ', 1, 1);
+    EXPECT_EQ(etendues, QStringList({u"4-50"_s, u"0-0"_s, u"4-4"_s}));
+}
+
+TEST_F(DossierImprime, NotesThatTheShortDisplayLeavesOutArePrinted) {
+    styles.styles[0].nom = u"note"_s;
+    styles.ajoutecondense(u"note"_s);
+    imprime({u"CO000004 1"_s});
+    EXPECT_EQ(appareil.passages, QStringList(u"0-9@1260:2260"_s));
 }
 
 TEST_F(DossierImprime, AMissingDocumentIsPassedOver) {

@@ -21,6 +21,7 @@ TEST_F(ImpressionPages, AnEmptyTextPrintsOnePage) {
     EXPECT_EQ(appareil.appels.last(), u"fin");
     EXPECT_EQ(nombre(u"page"_s), 0);
     EXPECT_EQ(appareil.liberations, 1);
+    EXPECT_EQ(appareil.libereapres, appareil.appels.size()) << "at the end";
 }
 
 TEST_F(ImpressionPages, ALongTextBreaksIntoPages) {
@@ -113,6 +114,16 @@ TEST_F(ImpressionPages, ThreeLinesOfRoomAreEnough) {
     imprimetout();
     EXPECT_EQ(appareil.passages.first(), u"0-10@10310:11310");
     EXPECT_EQ(appareil.passages.last(), u"10-20@1260:2260") << "the next page begins at its top";
+}
+
+TEST_F(ImpressionPages, APositionBelow1IsNone) {
+    montre(5);
+    etat.positioncourante = 0;
+    imprimetout();
+    EXPECT_EQ(appareil.passages, QStringList(u"0-5@1260:2260"_s));
+    etat.positioncourante = 1;
+    imprimetout();
+    EXPECT_EQ(appareil.passages.last(), u"0-5@1:1001");
 }
 
 TEST_F(ImpressionPages, ASelectionAtTheStartPrintsAllItsPages) {
@@ -265,6 +276,7 @@ TEST_F(ImpressionPages, APrinterThatFailsLeavesTheStateAsItStood) {
     EXPECT_TRUE(etat.travailencours);
     EXPECT_EQ(boutons, QList<bool>({true}));
     EXPECT_EQ(appareil.liberations, 2);
+    EXPECT_EQ(appareil.libereapres, appareil.appels.size());
 }
 
 TEST_F(ImpressionPages, APrinterThatFailsAtTheLastSheetLeavesTheJobOpen) {

@@ -71,8 +71,10 @@ protected:
     SablierMuet sablier;
     CourrierScript courrier;
     PressePapiersScript pressepapiers;
-    SortieTextes sortie{{dialogues, sablier, courrier, pressepapiers,
-                         [](Texte lequel) { return u"<%1>"_s.arg(static_cast<int>(lequel)); }}};
+    SortieTextes sortie{{dialogues, sablier, courrier, pressepapiers, [](Texte lequel) {
+                             const QString parties = lequel == Texte::FichierPasEnregistre ? u"%1: %2"_s : QString();
+                             return u"<"_s + QString::number(static_cast<int>(lequel)) + u'>' + parties;
+                         }}};
 };
 
 // ---- to a file
@@ -307,7 +309,10 @@ TEST_F(SortieTemporaire, AFolderWithoutRoomIsTold) {
     qputenv("TMPDIR", QFile::encodeName(chemin(u"fichier"_s)));
     sortie.envoiefichier(u"Titre"_s, rtf);
     EXPECT_TRUE(courrier.mails.empty());
-    EXPECT_EQ(dialogues.script.messages.size(), 1U);
+    ASSERT_EQ(dialogues.script.messages.size(), 1U);
+    const QString dit = dialogues.script.texts().first();
+    EXPECT_TRUE(dit.startsWith(u"<9470>"_s)) << dit.toStdString();
+    EXPECT_EQ(dit.count(u'<'), 1) << "in the system's words, which are not those of a missing file";
 }
 
 } // namespace
