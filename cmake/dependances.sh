@@ -1,8 +1,8 @@
 # Sourced by ./run and ./check: installs what the build needs on a Debian machine, only what is missing.
-paquets_construction="clang cmake ninja-build ccache lld qt6-base-dev qt6-base-dev-tools libqt6svg6-dev libgl1-mesa-dev libsqlite3-dev"
+paquets_construction="clang cmake ninja-build ccache lld qt6-base-dev qt6-base-dev-tools libqt6svg6-dev libgl1-mesa-dev libsqlite3-dev pkgconf libqpdf-dev libharfbuzz-dev"
 paquets_execution="qt6-qpa-plugins libqt6svg6 qt6-translations-l10n fonts-liberation2 fonts-dejavu-core xdg-utils"
 paquets_ecran="xvfb openbox xdotool imagemagick x11-utils"
-paquets_essais="python3 libxtst6 libgtest-dev libgmock-dev libbenchmark-dev llvm clang-tidy clang-format"
+paquets_essais="python3 libxtst6 poppler-utils qpdf libgtest-dev libgmock-dev libbenchmark-dev llvm clang-tidy clang-format"
 
 installe() {
   local manque=""

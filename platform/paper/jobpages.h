@@ -34,7 +34,7 @@ struct JobRun {
     std::int32_t start = 0;
     std::uint16_t length = 0; ///< in the text of its source
     std::uint16_t style = 0;
-    std::uint16_t source = 0;
+    std::uint32_t source = 0;
     bool stretched = false; ///< blanks are wider than the font has them
 };
 
@@ -46,7 +46,7 @@ struct JobFill {
 
 struct JobPicture {
     QRectF where;
-    std::uint16_t source = 0;
+    std::uint32_t source = 0;
     int object = 0;
 };
 
@@ -83,6 +83,8 @@ struct JobPages {
 
     /// The number of a style, which is added where it is new.
     std::uint16_t style(const JobStyle& style);
+    /// Adds the sheets of another job on the same paper behind these; what is empty takes all of it over.
+    void append(JobPages more);
     QStringView text(const JobRun& run) const {
         return QStringView(sources[run.source].text).sliced(run.start, run.length);
     }

@@ -31,7 +31,7 @@ int turnOf(QStringView text, int from, int to) {
 
 } // namespace
 
-LineOut::LineOut(SetDocument& set, const RichText& rich, JobPages& job, std::uint16_t source)
+LineOut::LineOut(SetDocument& set, const RichText& rich, JobPages& job, std::uint32_t source)
     : set_(set), job_(job), source_(source) {
     for (const ShownRun& run : set.shown().runs()) {
         if (run.format >= formats_.size()) {
@@ -57,10 +57,13 @@ void LineOut::put(int number, const SetDocument::Block& block, int line, QPointF
     const QTextLine set = block.lines->lineAt(line);
     const int blockStart = shown.documentStart(number);
     const int start = blockStart + set.textStart();
-    const int end = std::min(start + set.textLength(), shown.documentEnd(number));
+    int end = std::min(start + set.textLength(), shown.documentEnd(number));
     const bool broken =
         line + 1 < block.lines->lineCount() && (end == start || shown.text().at(end - 1) != QChar::LineSeparator);
     const bool stretched = shown.format(number).alignment == Alignment::Justify && broken;
+    // What a line ends with hangs out of it: only the blanks between its words are stretched.
+    while (stretched && end > start && shown.text().at(end - 1) == u' ')
+        --end;
     const auto& runs = shown.runs();
     while (run_ < runs.size() && runs[run_].start + runs[run_].count <= start)
         ++run_;

@@ -8,7 +8,7 @@ namespace velm {
 class LineOut {
 public:
     /// The text and the job outlive it. `source`: the text's number in the job.
-    LineOut(SetDocument& set, const RichText& rich, JobPages& job, std::uint16_t source);
+    LineOut(SetDocument& set, const RichText& rich, JobPages& job, std::uint32_t source);
 
     /// Line `line` of block `number`, whose corner lies at that place of the job's last page.
     void put(int number, const SetDocument::Block& block, int line, QPointF corner);
@@ -21,7 +21,7 @@ private:
 
     SetDocument& set_;
     JobPages& job_;
-    std::uint16_t source_;
+    std::uint32_t source_;
     std::vector<CharFormat> formats_;  ///< by number; those of the text's runs
     std::vector<std::int32_t> styles_; ///< of the job, by format; -1: not asked for yet
     std::size_t run_ = 0;

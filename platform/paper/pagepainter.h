@@ -27,7 +27,7 @@ private:
 
     const JobPages& job_;
     std::map<std::uint16_t, QFont> fonts_;
-    std::map<std::pair<std::uint16_t, int>, QImage> pictures_;
+    std::map<std::pair<std::uint32_t, int>, QImage> pictures_;
 };
 
 } // namespace velm

@@ -83,4 +83,7 @@ protected:
     PrintDevice& operator=(PrintDevice&&) = default;
 };
 
+/// The usual paper, all of which can be printed on.
+inline constexpr PrintDevice::Sheet sheetA4{11906, 16838, 11906, 16838, 0, 0};
+
 } // namespace velm

@@ -20,17 +20,34 @@ JobStyle styleOf(const PrintFont& font) {
 
 } // namespace
 
-PrintJob::PrintJob(const Sheet& sheet, Out out) : sheet_(sheet), out_(std::move(out)) {}
+PrintJob::PrintJob(const Sheet& sheet, Out out) : PrintJob([sheet] { return sheet; }, std::move(out)) {}
+
+PrintJob::PrintJob(std::function<Sheet()> paper, Out out) : paper_(std::move(paper)), out_(std::move(out)) {}
 
 PrintJob::~PrintJob() = default;
 
-void PrintJob::setSheet(const Sheet& sheet) {
+void PrintJob::resume(JobPages pages) {
+    close();
+    sheet_ = paper_();
+    job_ = std::move(pages);
+}
+
+PrintJob::Mark PrintJob::mark() const {
     if (!isOpen())
-        sheet_ = sheet;
+        return {};
+    return {job_.pages.size(), job_.pages.back().fills.size(), job_.pages.back().runs.size()};
+}
+
+void PrintJob::goBack(const Mark& mark) {
+    if (!isOpen() || job_.pages.size() != mark.pages)
+        return;
+    job_.pages.back().fills.resize(mark.fills);
+    job_.pages.back().runs.resize(mark.runs);
 }
 
 void PrintJob::begin() {
     job_ = {};
+    sheet_ = paper_();
     job_.width = sheet_.width;
     job_.height = sheet_.height;
     job_.offsetX = sheet_.offsetX;
@@ -46,6 +63,7 @@ void PrintJob::openPage() {
 void PrintJob::close() {
     formatter_.release();
     job_ = {};
+    lines_ = -1;
     x_ = 0;
     y_ = 0;
 }
@@ -57,6 +75,8 @@ void PrintJob::blank() {
 }
 
 void PrintJob::newPage() {
+    if (progress_ && isOpen() && !progress_(job_))
+        throw PrintFailure("stopped");
     openPage();
     x_ = 0;
     y_ = 0;
@@ -92,14 +112,25 @@ void PrintJob::print(const QString& text) {
     const JobStyle style = styleOf(font_);
     const QFontMetricsF metrics(jobFont(style));
     if (!text.trimmed().isEmpty()) {
-        const auto source = static_cast<std::uint16_t>(job_.sources.size());
-        job_.sources.push_back({text, {}, {}, -1, 0});
+        const auto [source, start] = addLine(text);
         job_.pages.back().runs.push_back({static_cast<float>(x_), static_cast<float>(y_ + metrics.ascent()),
-                                          static_cast<float>(metrics.horizontalAdvance(text)), 0,
+                                          static_cast<float>(metrics.horizontalAdvance(text)), start,
                                           static_cast<std::uint16_t>(text.size()), job_.style(style), source, false});
     }
     x_ = 0;
     y_ += static_cast<int>(std::lround(metrics.height()));
+}
+
+/// All lines of a job are one source: there is one of these for each header of each sheet.
+std::pair<std::uint32_t, std::int32_t> PrintJob::addLine(const QString& text) {
+    if (lines_ < 0) {
+        lines_ = static_cast<std::int64_t>(job_.sources.size());
+        job_.sources.push_back({{}, {}, {}, -1, 0});
+    }
+    QString& all = job_.sources[static_cast<std::size_t>(lines_)].text;
+    const auto start = static_cast<std::int32_t>(all.size());
+    all += text;
+    return {static_cast<std::uint32_t>(lines_), start};
 }
 
 void PrintJob::rule(int from, int to, int y) {

@@ -101,12 +101,83 @@ TEST_F(PrintJobTest, WidthsAreThoseOfTheFont) {
 }
 
 TEST_F(PrintJobTest, AnotherPaperServesTheNextJob) {
+    PrintDevice::Sheet paper = a4();
+    PrintJob asking([&] { return paper; }, [](const JobPages&) {});
+    asking.blank();
+    paper = {8000, 9000, 8000, 9000, 0, 0};
+    EXPECT_EQ(asking.sheet(), a4());
+    asking.discard();
+    EXPECT_EQ(asking.sheet().width, 8000);
+    asking.blank();
+    EXPECT_EQ(asking.pages().width, 8000);
+}
+
+TEST_F(PrintJobTest, EachSheetIsToldWhenItIsDoneAndCanBeTheLast) {
+    std::size_t told = 0;
+    job.setProgress([&](const JobPages& pages) {
+        told = pages.pages.size();
+        return told < 2;
+    });
     job.blank();
-    job.setSheet({8000, 9000, 8000, 9000, 0, 0});
-    EXPECT_EQ(job.sheet(), a4());
-    job.discard();
-    job.setSheet({8000, 9000, 8000, 9000, 0, 0});
-    EXPECT_EQ(job.sheet().width, 8000);
+    EXPECT_EQ(told, 0U);
+    job.newPage();
+    EXPECT_EQ(told, 1U);
+    EXPECT_THROW(job.newPage(), PrintFailure);
+    EXPECT_EQ(job.pages().pages.size(), 2U) << "the job stands as it stood";
+}
+
+TEST_F(PrintJobTest, GoesOnBehindTheSheetsOfAnotherJob) {
+    job.format(plain(u"Un"_s), 0, -1, {1440, 1440, 9000, 14000});
+    PrintJob other(a4(), [this](const JobPages& pages) { out = pages; });
+    other.resume(job.pages());
+    EXPECT_TRUE(other.isOpen());
+    other.newPage();
+    other.print(u"Deux"_s);
+    other.endDocument();
+    ASSERT_EQ(out.pages.size(), 2U);
+    EXPECT_EQ(out.text(out.pages[0].runs.front()), u"Un");
+    EXPECT_EQ(out.text(out.pages[1].runs.front()), u"Deux");
+    EXPECT_EQ(job.pages().pages.size(), 1U) << "the first one is not touched";
+}
+
+TEST_F(PrintJobTest, WhatWasPrintedSinceAMarkCanBeTakenBack) {
+    job.print(u"Un"_s);
+    const PrintJob::Mark mark = job.mark();
+    job.print(u"Deux"_s);
+    job.rule(0, 100, 50);
+    job.goBack(mark);
+    EXPECT_EQ(job.pages().pages.back().runs.size(), 1U);
+    EXPECT_TRUE(job.pages().pages.back().fills.empty());
+    job.newPage();
+    job.print(u"Trois"_s);
+    job.goBack(mark);
+    EXPECT_EQ(job.pages().pages.back().runs.size(), 1U) << "another sheet stays as it is";
+}
+
+TEST_F(PrintJobTest, AllLinesOfAJobAreOneSource) {
+    for (int i = 0; i < 70'000; ++i)
+        job.print(QString::number(i));
+    EXPECT_EQ(job.pages().sources.size(), 1U);
+    EXPECT_EQ(job.pages().text(job.pages().pages.back().runs.back()), u"69999");
+}
+
+TEST_F(PrintJobTest, JobsOnePaperAreAppendedWithTheirStylesAndTexts) {
+    PrintJob first(a4(), [this](const JobPages& pages) { out.append(pages); });
+    first.setFont({u"Liberation Sans"_s, 10, false, false});
+    first.print(u"Un"_s);
+    first.endDocument();
+    first.setFont({u"Liberation Sans"_s, 14, true, false});
+    first.print(u"Deux"_s);
+    first.format(plain(u"Trois"_s), 0, -1, {1440, 1440, 9000, 14000});
+    first.endDocument();
+    ASSERT_EQ(out.pages.size(), 2U);
+    EXPECT_EQ(out.width, a4().width);
+    EXPECT_EQ(out.text(out.pages[0].runs.front()), u"Un");
+    EXPECT_EQ(out.styles[out.pages[0].runs.front().style].points, 10);
+    EXPECT_EQ(out.text(out.pages[1].runs.front()), u"Deux");
+    EXPECT_EQ(out.styles[out.pages[1].runs.front().style].points, 14);
+    EXPECT_EQ(out.text(out.pages[1].runs.back()), u"Trois");
+    EXPECT_EQ(out.sources.back().page, 1);
 }
 
 TEST_F(PrintJobTest, WhatIsOnAPageIsPainted) {

@@ -1,0 +1,199 @@
+#include "platform/paper/pdffont.h"
+
+#include "platform/paper/pdfobjects.h"
+
+#include <QtEndian>
+
+#include <array>
+#include <cmath>
+#include <hb-subset.h>
+#include <hb.h>
+
+namespace velm {
+
+namespace {
+
+constexpr int thousand = 1000;
+
+/// A table of the font, as the shaper asks for it.
+hb_blob_t* tableOf(hb_face_t*, hb_tag_t tag, void* font) {
+    const auto* raw = static_cast<const QRawFont*>(font);
+    std::array<char, 5> name{};
+    hb_tag_to_string(tag, name.data());
+    auto* bytes = new QByteArray(raw->fontTable(name.data()));
+    return hb_blob_create(bytes->constData(), static_cast<unsigned>(bytes->size()), HB_MEMORY_MODE_READONLY, bytes,
+                          [](void* kept) { delete static_cast<QByteArray*>(kept); });
+}
+
+QByteArray hex(std::uint32_t number, int digits) {
+    return QByteArray::number(number, 16).rightJustified(digits, '0');
+}
+
+QByteArray utf16(const QString& letters) {
+    QByteArray all;
+    for (const QChar unit : letters)
+        all += hex(unit.unicode(), 4);
+    return all;
+}
+
+} // namespace
+
+PdfFont::PdfFont(const QRawFont& font, int number) : font_(font), number_(number) {
+    face_ = hb_face_create_for_tables(tableOf, &font_, nullptr);
+    unitsPerEm_ = std::max(1, static_cast<int>(hb_face_get_upem(face_)));
+    hb_ = hb_font_create(face_);
+    hb_font_set_scale(hb_, unitsPerEm_, unitsPerEm_);
+}
+
+PdfFont::~PdfFont() {
+    hb_font_destroy(hb_);
+    hb_face_destroy(face_);
+}
+
+std::vector<PdfFont::Glyph> PdfFont::shape(QStringView text) {
+    std::unique_ptr<hb_buffer_t, decltype(&hb_buffer_destroy)> buffer(hb_buffer_create(), &hb_buffer_destroy);
+    const auto* units = reinterpret_cast<const std::uint16_t*>(text.utf16());
+    const int length = static_cast<int>(text.size());
+    hb_buffer_add_utf16(buffer.get(), units, length, 0, length);
+    hb_buffer_guess_segment_properties(buffer.get());
+    hb_shape(hb_, buffer.get(), nullptr, 0);
+    unsigned count = 0;
+    const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer.get(), &count);
+    const hb_glyph_position_t* places = hb_buffer_get_glyph_positions(buffer.get(), &count);
+    const bool leftward = HB_DIRECTION_IS_BACKWARD(hb_buffer_get_direction(buffer.get()));
+    const auto scaled = [this](int units_) {
+        return static_cast<int>(std::lround(double(units_) * thousand / unitsPerEm_));
+    };
+    std::vector<Glyph> glyphs;
+    glyphs.reserve(count);
+    for (unsigned i = 0; i < count; ++i) {
+        const std::uint32_t id = infos[i].codepoint;
+        const unsigned from = infos[i].cluster;
+        // Letters that became one glyph belong to it together; those of further glyphs of the same letters are none.
+        const bool first = i == 0 || infos[i - 1].cluster != from;
+        unsigned to = static_cast<unsigned>(length);
+        if (leftward)
+            to = i == 0 ? to : infos[i - 1].cluster;
+        else
+            for (unsigned next = i + 1; next < count; ++next)
+                if (infos[next].cluster != from) {
+                    to = infos[next].cluster;
+                    break;
+                }
+        const QStringView letters = first && to > from ? text.sliced(from, to - from) : QStringView();
+        note(id, letters);
+        glyphs.push_back({id, scaled(places[i].x_advance), widths_[id], scaled(places[i].x_offset), letters == u" "});
+    }
+    return glyphs;
+}
+
+void PdfFont::note(std::uint32_t glyph, QStringView letters) {
+    const auto known = used_.find(glyph);
+    if (known == used_.end()) {
+        used_.emplace(glyph, letters.toString());
+        widths_[glyph] =
+            static_cast<int>(std::lround(double(hb_font_get_glyph_h_advance(hb_, glyph)) * thousand / unitsPerEm_));
+    } else if (known->second.isEmpty()) {
+        known->second = letters.toString();
+    }
+}
+
+QByteArray PdfFont::subset() const {
+    std::unique_ptr<hb_subset_input_t, decltype(&hb_subset_input_destroy)> input(hb_subset_input_create_or_fail(),
+                                                                                 &hb_subset_input_destroy);
+    if (!input)
+        return {};
+    for (const auto& [glyph, letters] : used_)
+        hb_set_add(hb_subset_input_glyph_set(input.get()), glyph);
+    for (const char* table : {"GSUB", "GPOS", "GDEF", "kern", "name", "post", "OS/2", "DSIG", "FFTM", "cmap"})
+        hb_set_add(hb_subset_input_set(input.get(), HB_SUBSET_SETS_DROP_TABLE_TAG), hb_tag_from_string(table, 4));
+    hb_subset_input_set_flags(input.get(), HB_SUBSET_FLAGS_RETAIN_GIDS | HB_SUBSET_FLAGS_NO_HINTING);
+    std::unique_ptr<hb_face_t, decltype(&hb_face_destroy)> part(hb_subset_or_fail(face_, input.get()),
+                                                                &hb_face_destroy);
+    if (!part)
+        return {};
+    std::unique_ptr<hb_blob_t, decltype(&hb_blob_destroy)> blob(hb_face_reference_blob(part.get()), &hb_blob_destroy);
+    unsigned length = 0;
+    const char* bytes = hb_blob_get_data(blob.get(), &length);
+    return {bytes, static_cast<qsizetype>(length)};
+}
+
+/// Which letters each glyph stands for: what is searched and copied.
+QByteArray PdfFont::toUnicode() const {
+    constexpr int most = 100; // lines of one block, by the format's own rule
+    QByteArray lines;
+    QByteArray block;
+    int count = 0;
+    const auto close = [&] {
+        if (count > 0)
+            lines += QByteArray::number(count) + " beginbfchar\n" + block + "endbfchar\n";
+        block.clear();
+        count = 0;
+    };
+    for (const auto& [glyph, letters] : used_) {
+        if (letters.isEmpty())
+            continue;
+        block += '<' + hex(glyph, 4) + "> <" + utf16(letters) + ">\n";
+        if (++count == most)
+            close();
+    }
+    close();
+    return "/CIDInit /ProcSet findresource begin\n12 dict begin\nbegincmap\n"
+           "/CIDSystemInfo << /Registry (Adobe) /Ordering (UCS) /Supplement 0 >> def\n"
+           "/CMapName /Adobe-Identity-UCS def\n/CMapType 2 def\n"
+           "1 begincodespacerange\n<0000> <FFFF>\nendcodespacerange\n" +
+           lines + "endcmap\nCMapName currentdict /CMap defineresource pop\nend\nend\n";
+}
+
+/// With the six letters of a subset, which differ from font to font.
+QByteArray PdfFont::postScriptName() const {
+    QByteArray tag = "AAAAAA";
+    for (int i = 5, rest = number_; i >= 0; --i, rest /= 26)
+        tag[i] = static_cast<char>('A' + rest % 26);
+    QByteArray name;
+    for (const QChar unit : font_.familyName() + u'-' + font_.styleName()) {
+        if (unit.unicode() < 0x80 && (unit.isLetterOrNumber() || unit == u'-'))
+            name += unit.toLatin1();
+    }
+    return tag + '+' + name;
+}
+
+std::string PdfFont::descriptor(PdfObjects& objects, const QByteArray& file, bool outlines) const {
+    const auto scaled = [this](double pixels) {
+        return std::to_string(std::lround(pixels * thousand / font_.pixelSize()));
+    };
+    const std::string kind =
+        outlines ? "<< /Subtype /OpenType >>" : "<< /Length1 " + std::to_string(file.size()) + " >>";
+    const int stream = objects.addStream(kind, file.toStdString());
+    const QByteArray head = font_.fontTable("head");
+    std::string box;
+    for (int at = 36; at < 44; at += 2) {
+        const int edge = head.size() >= 44 ? qFromBigEndian<qint16>(head.constData() + at) : 0;
+        box += std::to_string(std::lround(double(edge) * thousand / unitsPerEm_)) + ' ';
+    }
+    // Its glyphs stand for themselves (4); how thick its stems are no table says.
+    return "<< /Type /FontDescriptor /Flags 4 /StemV 80 /FontName /" + postScriptName().toStdString() + " /FontBBox [" +
+           box + "] /ItalicAngle " + (font_.style() == QFont::StyleNormal ? "0" : "-12") + " /Ascent " +
+           scaled(font_.ascent()) + " /Descent " + scaled(-font_.descent()) + " /CapHeight " +
+           scaled(font_.capHeight()) + (outlines ? " /FontFile3 " : " /FontFile2 ") + PdfObjects::reference(stream) +
+           " >>";
+}
+
+std::string PdfFont::embed(PdfObjects& objects) const {
+    const bool outlines = font_.fontTable("glyf").isEmpty();
+    const std::string name = postScriptName().toStdString();
+    std::string widths;
+    for (const auto& [glyph, width] : widths_)
+        widths += std::to_string(glyph) + " [" + std::to_string(width) + "] ";
+    const int described = objects.add(descriptor(objects, subset(), outlines));
+    const int part =
+        objects.add(std::string("<< /Type /Font /Subtype ") +
+                    (outlines ? "/CIDFontType0" : "/CIDFontType2 /CIDToGIDMap /Identity") + " /BaseFont /" + name +
+                    " /CIDSystemInfo << /Registry (Adobe) /Ordering (Identity) /Supplement 0 >>" + " /FontDescriptor " +
+                    PdfObjects::reference(described) + " /W [" + widths + "] >>");
+    const int letters = objects.addStream("<< >>", toUnicode().toStdString());
+    return "<< /Type /Font /Subtype /Type0 /BaseFont /" + name + " /Encoding /Identity-H /DescendantFonts [" +
+           PdfObjects::reference(part) + "] /ToUnicode " + PdfObjects::reference(letters) + " >>";
+}
+
+} // namespace velm

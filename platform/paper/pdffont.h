@@ -1,0 +1,61 @@
+#pragma once
+// A font of a PDF: its glyphs as they are wanted, and in the end the part of it that was used, embedded.
+#include <QHash>
+#include <QRawFont>
+#include <QString>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+struct hb_font_t;
+struct hb_face_t;
+
+namespace velm {
+
+class PdfObjects;
+
+class PdfFont {
+public:
+    /// A glyph of shaped letters: how far the pen goes, in thousandths of the type's height.
+    struct Glyph {
+        std::uint32_t id = 0;
+        int advance = 0;
+        int natural = 0; ///< its width in the font, without what its neighbours change
+        int x = 0;       ///< where it stands off the pen
+        bool blank = false;
+    };
+
+    PdfFont(const QRawFont& font, int number);
+    ~PdfFont();
+    PdfFont(const PdfFont&) = delete;
+    PdfFont& operator=(const PdfFont&) = delete;
+    PdfFont(PdfFont&&) = delete;
+    PdfFont& operator=(PdfFont&&) = delete;
+
+    /// What a page's resources call it.
+    QByteArray name() const { return "F" + QByteArray::number(number_); }
+    const QRawFont& raw() const { return font_; }
+    /// The glyphs of letters that this font has, from left to right; they are in use from now on.
+    std::vector<Glyph> shape(QStringView text);
+    /// The font's dictionary, with what is in use. Throws what the objects throw.
+    std::string embed(PdfObjects& objects) const;
+
+private:
+    void note(std::uint32_t glyph, QStringView letters);
+    QByteArray subset() const;
+    QByteArray toUnicode() const;
+    QByteArray postScriptName() const;
+    std::string descriptor(PdfObjects& objects, const QByteArray& file, bool outlines) const;
+
+    QRawFont font_;
+    int number_;
+    hb_face_t* face_ = nullptr;
+    hb_font_t* hb_ = nullptr;
+    int unitsPerEm_ = 1000;
+    std::map<std::uint32_t, QString> used_; ///< glyphs, with the letters that they stand for
+    std::map<std::uint32_t, int> widths_;   ///< in thousandths
+};
+
+} // namespace velm
