@@ -47,7 +47,7 @@ QString titreimprime(const Libelles& texte) {
     return texte(titredelimpression);
 }
 
-void imprimeliste(const TableauImprime& papier, Imprimante& imprimante, Sablier& sablier, Dialogues& dialogues,
+void imprimeliste(const PaperTable& papier, Imprimante& imprimante, Sablier& sablier, Dialogues& dialogues,
                   const Libelles& texte) {
     constexpr auto impossible = Texte::ListePasImprimee;
     const bool imprimee = [&] {

@@ -2,7 +2,7 @@
 // What every list of documents says of itself, and asks before it does much at once.
 #include "core/texte.h"
 #include "platform/system/dialogues.h"
-#include "platform/system/outside.h"
+#include "platform/system/imprimante.h"
 #include "platform/system/sablier.h"
 
 #include <QString>
@@ -21,7 +21,7 @@ bool veutimprimer(Dialogues& dialogues, const Libelles& texte);
 /// The title of a list on paper.
 QString titreimprime(const Libelles& texte);
 /// Prints, and says so when nothing came of it.
-void imprimeliste(const TableauImprime& papier, Imprimante& imprimante, Sablier& sablier, Dialogues& dialogues,
+void imprimeliste(const PaperTable& papier, Imprimante& imprimante, Sablier& sablier, Dialogues& dialogues,
                   const Libelles& texte);
 
 } // namespace velm

@@ -7,6 +7,9 @@ namespace velm::noms {
 /// The collection, in the folder that holds it.
 inline constexpr QStringView base = u"velm2000.dat";
 
+/// What all documents are written in, as files name a language.
+inline constexpr QStringView languedesdocuments = u"fr";
+
 /// The lock of the one running program.
 QString verrou();
 /// Its folder in the user's cache, where the system has none for what runs.

@@ -1,7 +1,7 @@
 #pragma once
 // The commands by which a document is printed and the open job is ended.
 #include "platform/system/dialogues.h"
-#include "print/dialogueimpression.h"
+#include "platform/system/imprimante.h"
 #include "print/impression.h"
 
 #include <utility>

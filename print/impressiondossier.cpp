@@ -1,6 +1,7 @@
 #include "print/impressiondossier.h"
 
 #include "document/affichage.h"
+#include "document/listesliens.h"
 #include "dossiers/avisdossiers.h"
 #include "dossiers/cleelement.h"
 #include "dossiers/libellecompte.h"
@@ -11,14 +12,15 @@
 namespace velm {
 namespace {
 
-/// What is never shown, and holds the document that is being printed. It has no lists of links.
+/// What is never shown, and holds the document that is being printed.
 class DocumentCache final : public FormulaireRiche {
 public:
     RichTextControl& rtfRichTextBox1() override { return controle_; }
-    ListesLiens* listes() override { return nullptr; }
+    ListesLiens* listes() override { return &liens_; }
 
 private:
     RichTextControl controle_;
+    ListesLiens liens_;
 };
 
 /// What of a document is printed.
@@ -52,6 +54,10 @@ void ImpressionDossier::imprimer(const QString& libelle, const QStringList& cles
     imprimesousgarde([&] { failureOf(travail); }, donnees_.dialogues, donnees_.texte);
 }
 
+void ImpressionDossier::compose(const QString& libelle, const QStringList& cles) {
+    imprimeelements(sanscompteur(libelle), cles);
+}
+
 bool ImpressionDossier::veutimprimer(const QString& nom) const {
     return AvisDossiers(donnees_.dialogues, donnees_.texte).veutimprimer(nom);
 }
@@ -69,6 +75,11 @@ bool ImpressionDossier::choisit() const {
     return donnees_.dialogue.demande({}) != ReponseImpression::Annule;
 }
 
+QString ImpressionDossier::titrede(const Cle& document) const {
+    const auto notice = donnees_.corpus.document(document);
+    return notice ? notice->titre : QString();
+}
+
 void ImpressionDossier::imprimeelements(const QString& nom, const QStringList& cles) {
     DocumentCache cache;
     RichTextControl& controle = cache.rtfRichTextBox1();
@@ -80,6 +91,8 @@ void ImpressionDossier::imprimeelements(const QString& nom, const QStringList& c
         controle.setTextRtf(*corps);
         chargecontenu(cache, false, {donnees_.styles, source, donnees_.sablier});
         const Passage passage = passagede(cle, controle.length());
+        if (donnees_.annonce)
+            donnees_.annonce(titrede(documentdelacle(cle)), cache.listes());
         donnees_.impression.imprimerrichtextdossier(controle, nom, passage.debut, passage.fin);
     }
     donnees_.impression.terminetravaildossier(nom);

@@ -119,11 +119,11 @@ void ControleListe::imprime() {
     imprimeliste(tableau(), services_.imprimante, avec.sablier, avec.dialogues, avec.texte);
 }
 
-TableauImprime ControleListe::tableau() const {
-    TableauImprime papier{titreimprime(services_.recherche.texte), {}, {}, lignes_.copie()};
+PaperTable ControleListe::tableau() const {
+    PaperTable papier{titreimprime(services_.recherche.texte), {}, {}, lignes_.copie()};
     for (int place = 0; place < liste_.colonnes().nombre(); ++place) {
-        papier.entetes << liste_.colonnes().titre(place);
-        papier.largeurs << lignes_.largeur(place);
+        papier.headers << liste_.colonnes().titre(place);
+        papier.widths << lignes_.largeur(place);
     }
     return papier;
 }

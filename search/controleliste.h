@@ -3,7 +3,7 @@
 // and prints. Nothing of the rows is touched while they are filled.
 #include "core/reglages.h"
 #include "core/texte.h"
-#include "platform/system/outside.h"
+#include "platform/system/imprimante.h"
 #include "search/remplissageliste.h"
 
 #include <QStringList>
@@ -56,7 +56,7 @@ private:
     void litchoix();
     void montrechoix();
     QStringList cleschoisies() const;
-    TableauImprime tableau() const;
+    PaperTable tableau() const;
 
     Services services_;
     VueLignes& lignes_;

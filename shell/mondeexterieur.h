@@ -3,6 +3,7 @@
 #include "platform/system/courrier.h"
 #include "platform/system/dialogues.h"
 #include "platform/system/drives.h"
+#include "platform/system/imprimante.h"
 #include "platform/system/outside.h"
 #include "platform/system/process.h"
 #include "platform/system/sablier.h"

@@ -228,12 +228,12 @@ void GrilleDocuments::ouvre(int ligne) {
     emit ouvertes(voulues, ancres);
 }
 
-TableauImprime GrilleDocuments::tableau(const QString& titre) {
+PaperTable GrilleDocuments::tableau(const QString& titre) {
     flex_.selectAll();
-    TableauImprime papier{titre, {}, {}, flex_.clip()};
+    PaperTable papier{titre, {}, {}, flex_.clip()};
     for (int colonne = 0; colonne < flex_.cols(); ++colonne) {
-        papier.entetes << flex_.header(colonne);
-        papier.largeurs << flex_.colWidth(colonne);
+        papier.headers << flex_.header(colonne);
+        papier.widths << flex_.colWidth(colonne);
     }
     return papier;
 }

@@ -5,7 +5,7 @@
 // Rows count from 1 and columns from 0 as they stand, as in the grid.
 #include "core/colonnes.h"
 #include "core/sourcedocuments.h"
-#include "platform/system/outside.h"
+#include "platform/paper/papertable.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -88,7 +88,7 @@ public:
     /// Asked before any of them is read.
     void demande(std::function<bool(int lignes)> veut) { veut_ = std::move(veut); }
     /// All rows for the printer; they are selected then.
-    TableauImprime tableau(const QString& titre);
+    PaperTable tableau(const QString& titre);
 
 signals:
     /// These are wanted, in this order; `ancres` says where in each of them.

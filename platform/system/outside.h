@@ -2,7 +2,6 @@
 // Small doors to the outside world, each with a scripted double in the tests.
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 
 namespace velm {
 
@@ -36,23 +35,6 @@ public:
     virtual ~PressePapiers() = default;
     virtual void pose(const ContenuPressePapiers& contenu) = 0;
     virtual QString texte() const = 0;
-};
-
-/// A list on paper.
-struct TableauImprime {
-    QString titre; ///< by which the printer's queue shows it
-    QStringList entetes;
-    /// Shares of the paper's width; a column of width 0 is left out.
-    QList<int> largeurs;
-    /// CR between rows, tabs between cells.
-    QString lignes;
-};
-
-class Imprimante {
-public:
-    virtual ~Imprimante() = default;
-    /// Prints on the user's own printer, without asking; false when there is none, or none that takes it.
-    virtual bool imprime(const TableauImprime& tableau) = 0;
 };
 
 } // namespace velm

@@ -29,10 +29,14 @@ QString texte(Texte lequel) {
 class ImprimanteLente final : public Imprimante {
 public:
     explicit ImprimanteLente(const Sablier& sablier) : sablier_(sablier) {}
-    bool imprime(const TableauImprime&) override {
+    bool imprime(const PaperTable&) override {
         pointeur = sablier_.pointeur();
         return true;
     }
+    ReponseImpression demande(const Question&) override { return ReponseImpression::Annule; }
+    PrintDevice::Sheet feuille() const override { return sheetA4; }
+    void imprimepages(const JobPages&, const QString&, const Avance&) override {}
+    void configure() override {}
     int pointeur = Sablier::defaut;
 
 private:
@@ -87,10 +91,10 @@ TEST_F(ListesTest, PrintingIsAskedForUnderTheTitleThatThePaperBears) {
 }
 
 TEST_F(ListesTest, APrinterThatDoesNotPrintIsReported) {
-    const TableauImprime papier{u"titre"_s, {u"a"_s}, {100}, u"x"_s};
+    const PaperTable papier{u"titre"_s, {u"a"_s}, {100}, u"x"_s};
     imprimeliste(papier, imprimante, sablier, dialogues, texte);
     ASSERT_EQ(imprimante.tableaux.size(), 1U);
-    EXPECT_EQ(imprimante.tableaux.front().lignes, u"x");
+    EXPECT_EQ(imprimante.tableaux.front().rows, u"x");
     EXPECT_TRUE(dialogues.messages.empty());
     imprimante.works = false;
     dialogues.answers = {Bouton::Ok};

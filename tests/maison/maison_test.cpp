@@ -23,7 +23,8 @@ const QMap<QString, QStringList>& plan() {
     static const QStringList widgets{u"platform/widgets/look"_s, u"platform/widgets/frame"_s,
                                      u"platform/widgets/grid"_s, u"platform/widgets/tree"_s,
                                      u"platform/widgets/list"_s, u"platform/widgets/text"_s, u"platform/typeset"_s};
-    static const QStringList core = words + QStringList{u"platform/engine"_s, u"platform/system"_s};
+    static const QStringList core =
+        words + QStringList{u"platform/engine"_s, u"platform/paper"_s, u"platform/system"_s};
     static const QStringList document = core + QStringList{u"core"_s, u"platform/richtext"_s, u"platform/controls"_s};
     static const QMap<QString, QStringList> rooms{
         {u"platform/base"_s, {}},
@@ -33,8 +34,8 @@ const QMap<QString, QStringList>& plan() {
         {u"platform/richtext"_s, words},
         {u"platform/typeset"_s, words + QStringList{u"platform/richtext"_s}},
         {u"platform/paper"_s, words + QStringList{u"platform/richtext"_s, u"platform/typeset"_s}},
-        {u"platform/system"_s, words},
-        {u"platform/system/ui"_s, words + QStringList{u"platform/system"_s}},
+        {u"platform/system"_s, words + QStringList{u"platform/paper"_s}},
+        {u"platform/system/ui"_s, words + QStringList{u"platform/paper"_s, u"platform/system"_s}},
         {u"platform/widgets/look"_s, words},
         {u"platform/widgets/frame"_s, words + QStringList{u"platform/controls"_s, u"platform/widgets/look"_s}},
         {u"platform/widgets/grid"_s, words + QStringList{u"platform/controls"_s, u"platform/widgets/look"_s}},
@@ -47,7 +48,7 @@ const QMap<QString, QStringList>& plan() {
         {u"document"_s, document},
         {u"search"_s, document},
         {u"dossiers"_s, core + QStringList{u"core"_s, u"platform/controls"_s}},
-        {u"print"_s, document + QStringList{u"platform/paper"_s, u"document"_s, u"dossiers"_s}},
+        {u"print"_s, document + QStringList{u"document"_s, u"dossiers"_s}},
         {u"collection"_s, document},
         {u"outil"_s, document + QStringList{u"document"_s, u"search"_s, u"dossiers"_s, u"collection"_s}},
         {u"document/ui"_s, document + widgets + QStringList{u"document"_s}},

@@ -1,6 +1,6 @@
 #pragma once
 // A print dialog that answers as told and remembers what it was asked.
-#include "print/dialogueimpression.h"
+#include "platform/system/imprimante.h"
 
 #include <deque>
 #include <gtest/gtest.h>

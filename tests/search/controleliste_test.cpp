@@ -259,12 +259,12 @@ TEST_F(ControleListeTest, PrintingTheListAsksFirst) {
     EXPECT_EQ(grille.choisies, (std::pair{0, 0}));
     controle->imprime();
     ASSERT_EQ(imprimante.tableaux.size(), 1U);
-    const TableauImprime& tableau = imprimante.tableaux.front();
-    EXPECT_EQ(tableau.titre, u"t33");
-    EXPECT_EQ(tableau.lignes, u"1-5") << "all rows, whatever was selected";
-    EXPECT_EQ(tableau.largeurs, (QList<int>{3000, 2000, 2000, 2000, 500, 1000, 0}));
-    ASSERT_EQ(tableau.entetes.size(), 7);
-    EXPECT_EQ(tableau.entetes.first(), controle->liste().colonnes().titre(0));
+    const PaperTable& tableau = imprimante.tableaux.front();
+    EXPECT_EQ(tableau.title, u"t33");
+    EXPECT_EQ(tableau.rows, u"1-5") << "all rows, whatever was selected";
+    EXPECT_EQ(tableau.widths, (QList<int>{3000, 2000, 2000, 2000, 500, 1000, 0}));
+    ASSERT_EQ(tableau.headers.size(), 7);
+    EXPECT_EQ(tableau.headers.first(), controle->liste().colonnes().titre(0));
     EXPECT_EQ(dialogues.texts(), QStringList(2, u"t2432"_s));
     EXPECT_EQ(dialogues.messages.front().icone, Icone::Question);
     EXPECT_EQ(dialogues.messages.front().boutons, Bouton::Oui | Bouton::Non);

@@ -229,11 +229,11 @@ TEST_F(SelectionTest, PrintingTheListAsksFirst) {
     presse(barre(), "imprimercritères");
     menu("ContextMenuPrint")->trigger();
     ASSERT_EQ(imprimante.tableaux.size(), 2U);
-    for (const TableauImprime& tableau : imprimante.tableaux) {
-        EXPECT_EQ(tableau.lignes.count(u'\r'), 4);
-        EXPECT_TRUE(tableau.lignes.startsWith(u"Béta\t"));
-        EXPECT_EQ(tableau.entetes.value(0), u"Titre");
-        EXPECT_EQ(tableau.largeurs, (QList<int>{3000, 2000, 2000, 2000, 500, 1000, 0}));
+    for (const PaperTable& tableau : imprimante.tableaux) {
+        EXPECT_EQ(tableau.rows.count(u'\r'), 4);
+        EXPECT_TRUE(tableau.rows.startsWith(u"Béta\t"));
+        EXPECT_EQ(tableau.headers.value(0), u"Titre");
+        EXPECT_EQ(tableau.widths, (QList<int>{3000, 2000, 2000, 2000, 500, 1000, 0}));
     }
     EXPECT_EQ(flex().selectedRows(), (std::pair{1, 5}));
     EXPECT_EQ(sablier.pointeur(), Sablier::defaut);

@@ -2,6 +2,7 @@
 // Doubles of the outside world: they record what was asked of it and answer as told.
 #include "platform/system/courrier.h"
 #include "platform/system/drives.h"
+#include "platform/system/imprimante.h"
 #include "platform/system/outside.h"
 #include "platform/system/process.h"
 
@@ -70,13 +71,38 @@ public:
 
 class ImprimanteScript final : public Imprimante {
 public:
-    std::vector<TableauImprime> tableaux;
+    std::vector<PaperTable> tableaux;
+    /// What was printed, in its order.
+    struct Travail {
+        QString titre;
+        JobPages pages;
+    };
+    std::vector<Travail> travaux;
     bool works = true;
+    std::vector<Question> questions;
+    ReponseImpression reponse = ReponseImpression::Tout;
+    PrintDevice::Sheet papier = sheetA4;
+    int configurations = 0;
 
-    bool imprime(const TableauImprime& tableau) override {
+    bool imprime(const PaperTable& tableau) override {
         tableaux.push_back(tableau);
         return works;
     }
+    ReponseImpression demande(const Question& question) override {
+        questions.push_back(question);
+        return reponse;
+    }
+    PrintDevice::Sheet feuille() const override { return papier; }
+    void imprimepages(const JobPages& pages, const QString& titre, const Avance& avance) override {
+        if (!works)
+            throw PrintFailure("no printer");
+        for (int page = 0; page < static_cast<int>(pages.pages.size()); ++page) {
+            if (avance && !avance(page))
+                throw PrintFailure("stopped");
+        }
+        travaux.push_back({titre, pages});
+    }
+    void configure() override { ++configurations; }
 };
 
 class LecteursScript final : public Lecteurs {

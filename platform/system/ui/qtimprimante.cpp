@@ -1,135 +1,147 @@
 #include "platform/system/ui/qtimprimante.h"
 
-#include <QFontMetricsF>
+#include "platform/base/twips.h"
+#include "platform/paper/pagepainter.h"
+#include "platform/paper/pdffile.h"
+#include "platform/system/files.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QPageLayout>
 #include <QPainter>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QStringTokenizer>
+#include <QPushButton>
 
-#include <algorithm>
-#include <numeric>
+#include <cmath>
+#include <string>
 
 namespace velm {
 
 namespace {
 
-constexpr double corps = 9;
-constexpr int coupure = Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap | Qt::TextWrapAnywhere;
+int twips(double points) {
+    return static_cast<int>(std::lround(points * twipsPerPoint));
+}
 
-/// The sheets, from top to bottom and one after the other.
-class Feuilles {
-public:
-    Feuilles(QPrinter& imprimante, QPainter& peintre, const TableauImprime& tableau)
-        : imprimante_(imprimante), peintre_(peintre), tableau_(tableau) {
-        police_.setPointSizeF(corps);
-        grasse_ = police_;
-        grasse_.setBold(true);
-        const QFontMetricsF mesures(police_, &imprimante_);
-        hauteurligne_ = mesures.lineSpacing();
-        blanc_ = mesures.horizontalAdvance(QLatin1Char('n'));
-        surface_ = QRectF(peintre_.viewport());
-        // The last line of a sheet holds its number, with a blank one above it.
-        bas_ = surface_.height() - 2 * hauteurligne_;
-        const double total = std::max(1, std::accumulate(tableau_.largeurs.begin(), tableau_.largeurs.end(), 0));
-        for (const int largeur : tableau_.largeurs)
-            largeurs_ << surface_.width() * largeur / total;
-    }
+bool enfichier(const QPrinter& imprimante) {
+    return imprimante.outputFormat() == QPrinter::PdfFormat;
+}
 
-    bool imprime() {
-        commence();
-        for (const QStringView ligne : qTokenize(QStringView(tableau_.lignes), u'\r')) {
-            const QList<QStringView> cellules = ligne.split(u'\t');
-            const double hauteur = hauteurdelaligne(cellules);
-            if (haut_ + hauteur > bas_ && haut_ > debut_) {
-                numerote();
-                if (!imprimante_.newPage())
-                    return false;
-                ++page_;
-                commence();
-            }
-            ecrit(cellules, hauteur);
+/// As a file it is made of the pages themselves: its text is text, and it is whole or not there.
+void ecritfichier(const QString& chemin, const JobPages& pages, const PdfProperties& proprietes,
+                  const Imprimante::Avance& avance) {
+    const QByteArray octets =
+        pdfOf(pages, proprietes, [&](std::size_t page) { return !avance || avance(static_cast<int>(page)); });
+    if (octets.isEmpty())
+        throw PrintFailure("stopped");
+    if (const FileError erreur = writeWhole(chemin, octets); !erreur.ok())
+        throw PrintFailure(erreur.words.toStdString());
+}
+
+void peint(QPrinter& imprimante, const JobPages& pages, const Imprimante::Avance& avance) {
+    imprimante.setFullPage(true);
+    QPainter peintre;
+    if (!peintre.begin(&imprimante))
+        throw PrintFailure("the printer takes no job");
+    constexpr double twipsPerInch = 1440;
+    peintre.scale(imprimante.logicalDpiX() / twipsPerInch, imprimante.logicalDpiY() / twipsPerInch);
+    peintre.translate(pages.offsetX, pages.offsetY);
+    PagePainter page(pages);
+    for (std::size_t i = 0; i < pages.pages.size(); ++i) {
+        if (avance && !avance(static_cast<int>(i))) {
+            imprimante.abort();
+            throw PrintFailure("stopped");
         }
-        numerote();
-        return true;
+        if (i > 0 && !imprimante.newPage())
+            throw PrintFailure("the printer takes no further page");
+        page.paint(peintre, i);
     }
-
-private:
-    void commence() {
-        haut_ = 0;
-        peintre_.setFont(grasse_);
-        QList<QStringView> entetes;
-        for (const QString& entete : tableau_.entetes)
-            entetes << entete;
-        ecrit(entetes, hauteurdelaligne(entetes));
-        peintre_.drawLine(QPointF(0, haut_), QPointF(surface_.width(), haut_));
-        haut_ += hauteurligne_ / 4;
-        debut_ = haut_;
-        peintre_.setFont(police_);
-    }
-
-    double place(qsizetype colonne) const { return std::max(largeurs_[colonne] - blanc_, 0.0); }
-
-    /// As many lines as the longest cell takes, at most a sheet.
-    double hauteurdelaligne(const QList<QStringView>& cellules) const {
-        const QFontMetricsF mesures(peintre_.font(), &imprimante_);
-        double hauteur = mesures.height();
-        for (qsizetype colonne = 0; colonne < std::min(cellules.size(), largeurs_.size()); ++colonne) {
-            const QString texte = cellules[colonne].toString();
-            if (place(colonne) <= 0 || mesures.horizontalAdvance(texte) <= place(colonne))
-                continue;
-            const QRectF large(0, 0, place(colonne), surface_.height());
-            hauteur = std::max(hauteur, mesures.boundingRect(large, coupure, texte).height());
-        }
-        return std::min(hauteur + hauteurligne_ / 5, bas_ - debut_);
-    }
-
-    void ecrit(const QList<QStringView>& cellules, double hauteur) {
-        double gauche = 0;
-        for (qsizetype colonne = 0; colonne < std::min(cellules.size(), largeurs_.size()); ++colonne) {
-            if (place(colonne) > 0)
-                peintre_.drawText(QRectF(gauche, haut_, place(colonne), hauteur), coupure,
-                                  cellules[colonne].toString());
-            gauche += largeurs_[colonne];
-        }
-        haut_ += hauteur;
-    }
-
-    void numerote() {
-        peintre_.drawText(QRectF(0, surface_.height() - hauteurligne_, surface_.width(), hauteurligne_),
-                          Qt::AlignCenter, QString::number(page_));
-    }
-
-    QPrinter& imprimante_;
-    QPainter& peintre_;
-    const TableauImprime& tableau_;
-    QFont police_;
-    QFont grasse_;
-    QRectF surface_;
-    QList<double> largeurs_;
-    double hauteurligne_ = 0;
-    double blanc_ = 0;
-    double haut_ = 0;
-    double debut_ = 0; ///< below the headers
-    double bas_ = 0;
-    int page_ = 1;
-};
+    if (!peintre.end() || imprimante.printerState() == QPrinter::Error)
+        throw PrintFailure("the printer has failed");
+}
 
 } // namespace
 
-bool imprimetableau(QPrinter& imprimante, const TableauImprime& tableau) {
-    imprimante.setDocName(tableau.titre);
-    QPainter peintre;
-    if (!peintre.begin(&imprimante))
-        return false;
-    return Feuilles(imprimante, peintre, tableau).imprime() && peintre.end();
+PrintDevice::Sheet feuillede(const QPrinter& imprimante) {
+    QPageLayout papier = imprimante.pageLayout();
+    papier.setUnits(QPageLayout::Point);
+    const QRectF entier = papier.fullRect(QPageLayout::Point);
+    const QMarginsF bords = papier.minimumMargins();
+    return {.width = twips(entier.width()),
+            .height = twips(entier.height()),
+            .printableWidth = twips(entier.width() - bords.left() - bords.right()),
+            .printableHeight = twips(entier.height() - bords.top() - bords.bottom()),
+            .offsetX = twips(bords.left()),
+            .offsetY = twips(bords.top())};
 }
 
-bool QtImprimante::imprime(const TableauImprime& tableau) {
-    const QPrinterInfo celle = QPrinterInfo::defaultPrinter();
-    if (celle.isNull())
+void imprimesur(QPrinter& imprimante, const JobPages& pages, const QString& titre, const QString& langue,
+                const Imprimante::Avance& avance) {
+    imprimante.setDocName(titre);
+    if (enfichier(imprimante))
+        ecritfichier(imprimante.outputFileName(), pages, {titre, langue, QDateTime::currentDateTime()}, avance);
+    else
+        peint(imprimante, pages, avance);
+}
+
+QtImprimante::QtImprimante() = default;
+QtImprimante::~QtImprimante() = default;
+
+QPrinter& QtImprimante::imprimante() const {
+    if (!imprimante_)
+        imprimante_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    return *imprimante_;
+}
+
+ReponseImpression QtImprimante::demande(const Question& question) {
+    QPrintDialog dialogue(&imprimante(), QApplication::activeWindow());
+    dialogue.setWindowTitle(mots().impression);
+    dialogue.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize |
+                        QAbstractPrintDialog::PrintCollateCopies);
+    dialogue.setOption(QAbstractPrintDialog::PrintSelection, question.selectionpossible);
+    dialogue.setPrintRange(question.selectionproposee ? QAbstractPrintDialog::Selection
+                                                      : QAbstractPrintDialog::AllPages);
+    if (dialogue.exec() != QDialog::Accepted)
+        return ReponseImpression::Annule;
+    return dialogue.printRange() == QAbstractPrintDialog::Selection ? ReponseImpression::Selection
+                                                                    : ReponseImpression::Tout;
+}
+
+PrintDevice::Sheet QtImprimante::feuille() const {
+    return feuillede(imprimante());
+}
+
+void QtImprimante::imprimepages(const JobPages& pages, const QString& titre, const Avance& avance) {
+    QPrinter& celle = imprimante();
+    if (!celle.isValid() || (enfichier(celle) && celle.outputFileName().isEmpty()))
+        throw PrintFailure("no printer");
+    imprimesur(celle, pages, titre, mots().langue, avance);
+    // A file is chosen for one job: the next one would take its place without a word.
+    if (enfichier(celle))
+        celle.setOutputFileName({});
+}
+
+bool QtImprimante::imprime(const PaperTable& liste) {
+    try {
+        imprimepages(tablePages(feuille(), liste), liste.title, {});
+        return true;
+    } catch (const PrintFailure&) {
         return false;
-    QPrinter imprimante(celle, QPrinter::HighResolution);
-    return imprimetableau(imprimante, tableau);
+    }
+}
+
+/// The same dialog, of which nothing is printed.
+void QtImprimante::configure() {
+    QPrintDialog dialogue(&imprimante(), QApplication::activeWindow());
+    dialogue.setWindowTitle(mots().configuration);
+    dialogue.setOptions(QAbstractPrintDialog::PrintShowPageSize);
+    if (auto* boutons = dialogue.findChild<QDialogButtonBox*>()) {
+        if (QPushButton* valider = boutons->button(QDialogButtonBox::Ok); valider && !mots().valider.isEmpty())
+            valider->setText(mots().valider);
+    }
+    dialogue.exec();
 }
 
 } // namespace velm

@@ -254,9 +254,9 @@ TEST_F(FenetreListeTest, PrintingAsksFirstAndTakesAllRows) {
     EXPECT_TRUE(imprimante.tableaux.empty());
     fenetre->findChild<QAction*>(u"ContextMenuPrint"_s)->trigger();
     ASSERT_EQ(imprimante.tableaux.size(), 1U);
-    EXPECT_EQ(imprimante.tableaux.front().titre, u"t33");
-    EXPECT_EQ(imprimante.tableaux.front().lignes.count(u'\r'), beaucoup - 1);
-    EXPECT_EQ(imprimante.tableaux.front().entetes, (QStringList{u"t300"_s, u"t301"_s, QString()}));
+    EXPECT_EQ(imprimante.tableaux.front().title, u"t33");
+    EXPECT_EQ(imprimante.tableaux.front().rows.count(u'\r'), beaucoup - 1);
+    EXPECT_EQ(imprimante.tableaux.front().headers, (QStringList{u"t300"_s, u"t301"_s, QString()}));
 }
 
 TEST_F(FenetreListeTest, TheButtonMergesEqualCellsAndChangesItsToolTip) {

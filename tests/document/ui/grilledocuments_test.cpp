@@ -125,11 +125,11 @@ TEST_F(GrilleDocumentsTest, ThePaperBearsAllRowsUnderTheTitlesAsTheyStand) {
     colonnes.deplace(0, 1);
     avec(2);
     grille->trie(0);
-    const TableauImprime papier = grille->tableau(u"titre"_s);
-    EXPECT_EQ(papier.titre, u"titre");
-    EXPECT_EQ(papier.entetes, (QStringList{u"t301"_s, u"t300"_s, QString()}));
-    EXPECT_EQ(papier.largeurs, (QList<int>{2000, 3000, 0}));
-    EXPECT_EQ(papier.lignes, u"mot 1\tTitre 00001\tCO000001\rmot 2\tTitre 00002\tCO000002");
+    const PaperTable papier = grille->tableau(u"titre"_s);
+    EXPECT_EQ(papier.title, u"titre");
+    EXPECT_EQ(papier.headers, (QStringList{u"t301"_s, u"t300"_s, QString()}));
+    EXPECT_EQ(papier.widths, (QList<int>{2000, 3000, 0}));
+    EXPECT_EQ(papier.rows, u"mot 1\tTitre 00001\tCO000001\rmot 2\tTitre 00002\tCO000002");
 }
 
 TEST_F(GrilleDocumentsTest, OnlyTheCodeOfACollectionBecomesAPicture) {

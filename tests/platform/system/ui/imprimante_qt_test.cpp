@@ -1,7 +1,8 @@
-// A list on paper, which is a file here.
+// The printer, which is a file here.
 #include "platform/system/ui/qtimprimante.h"
 
 #include <QFile>
+#include <QPageLayout>
 #include <QPrinter>
 #include <QTemporaryDir>
 
@@ -14,63 +15,68 @@ namespace {
 
 class ImprimanteQtTest : public testing::Test {
 protected:
-    static TableauImprime tableau(int lignes) {
-        TableauImprime t{u"Impression"_s, {u"Titre"_s, u"Mot clé"_s, u"Clef"_s}, {3000, 1000, 0}, {}};
+    static JobPages liste(int lignes) {
+        PaperTable t{u"Impression"_s, {u"Titre"_s, u"Mot clé"_s}, {3000, 1000}, {}};
         for (int i = 1; i <= lignes; ++i)
-            t.lignes += (i > 1 ? u"\r"_s : QString()) + u"Un titre qui est long, numéro %1\tvente\tCO%1"_s.arg(i);
-        return t;
+            t.rows += (i > 1 ? u"\r"_s : QString()) + u"Un titre, numéro %1\tvente"_s.arg(i);
+        return tablePages(sheetA4, t);
     }
-    /// Sheets of what was printed; 0 when nothing was.
-    int feuilles(const TableauImprime& t) const {
-        const QString chemin = dossier.filePath(u"liste.pdf"_s);
-        {
-            QPrinter imprimante(QPrinter::HighResolution);
-            imprimante.setOutputFormat(QPrinter::PdfFormat);
-            imprimante.setOutputFileName(chemin);
-            EXPECT_TRUE(imprimetableau(imprimante, t));
-        }
+    QByteArray octets() const {
         QFile fichier(chemin);
-        if (!fichier.open(QIODevice::ReadOnly))
-            return 0;
-        const QByteArray octets = fichier.readAll();
-        EXPECT_TRUE(octets.startsWith("%PDF"));
-        return static_cast<int>(octets.count("/Type /Page\n"));
+        return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
     }
+
     QTemporaryDir dossier;
+    QString chemin = dossier.filePath(u"travail.pdf"_s);
+    QPrinter imprimante{QPrinter::HighResolution};
+
+    void SetUp() override {
+        imprimante.setOutputFormat(QPrinter::PdfFormat);
+        imprimante.setOutputFileName(chemin);
+    }
 };
 
 } // namespace
 
-TEST_F(ImprimanteQtTest, AShortListTakesOneSheetAndALongOneMore) {
-    EXPECT_EQ(feuilles(tableau(1)), 1);
-    EXPECT_EQ(feuilles(tableau(20)), 1);
-    const int deuxcents = feuilles(tableau(200));
-    EXPECT_GT(deuxcents, 2);
-    const int deuxmille = feuilles(tableau(2000));
-    // The last sheet is seldom full.
-    EXPECT_GT(deuxmille, 10 * (deuxcents - 1));
-    EXPECT_LE(deuxmille, 10 * deuxcents);
+TEST_F(ImprimanteQtTest, AFileIsWrittenWholeWithEachPageTold) {
+    const JobPages pages = liste(500);
+    ASSERT_GT(pages.pages.size(), 3U);
+    QList<int> entendues;
+    imprimesur(imprimante, pages, u"Liste"_s, u"fr"_s, [&](int page) {
+        entendues << page;
+        return true;
+    });
+    EXPECT_TRUE(octets().startsWith("%PDF"));
+    EXPECT_EQ(entendues.size(), static_cast<qsizetype>(pages.pages.size()));
+    EXPECT_EQ(imprimante.docName(), u"Liste");
 }
 
-TEST_F(ImprimanteQtTest, LongCellsTakeSeveralLines) {
-    TableauImprime long_ = tableau(40);
-    const int avant = feuilles(long_);
-    long_.lignes.replace(u"qui est long"_s, u"qui est "_s + u"vraiment très long "_s.repeated(20));
-    EXPECT_GT(feuilles(long_), 2 * avant);
-    // One that no sheet can hold is cut.
-    long_.lignes = u"un mot "_s.repeated(20'000) + u"\rcourt"_s;
-    EXPECT_EQ(feuilles(long_), 2);
-}
-
-TEST_F(ImprimanteQtTest, RowsThatFitNoColumnDoNoHarm) {
-    EXPECT_EQ(feuilles({{}, {}, {}, u"a\tb\rc"_s}), 1);
-    EXPECT_EQ(feuilles({u"t"_s, {u"un"_s}, {0, 0}, u"a\tb\t\tc\r\r"_s}), 1);
-    EXPECT_EQ(feuilles({u"t"_s, {u"un"_s}, {1, 1, 1}, u"seule"_s}), 1);
+TEST_F(ImprimanteQtTest, StoppedNothingComesOut) {
+    EXPECT_THROW(imprimesur(imprimante, liste(500), {}, {}, [](int page) { return page < 2; }), PrintFailure);
+    EXPECT_FALSE(QFile::exists(chemin));
 }
 
 TEST_F(ImprimanteQtTest, AFileThatCannotBeWrittenIsAFailure) {
-    QPrinter imprimante(QPrinter::HighResolution);
-    imprimante.setOutputFormat(QPrinter::PdfFormat);
     imprimante.setOutputFileName(dossier.filePath(u"absent/liste.pdf"_s));
-    EXPECT_FALSE(imprimetableau(imprimante, tableau(3)));
+    EXPECT_THROW(imprimesur(imprimante, liste(3), {}, {}, {}), PrintFailure);
+}
+
+TEST_F(ImprimanteQtTest, ThePaperIsToldInTwips) {
+    imprimante.setPageSize(QPageSize(QPageSize::A4));
+    const PrintDevice::Sheet droite = feuillede(imprimante);
+    EXPECT_NEAR(droite.width, sheetA4.width, 10);
+    EXPECT_NEAR(droite.height, sheetA4.height, 10);
+    EXPECT_EQ(droite.offsetX, 0);
+    imprimante.setPageOrientation(QPageLayout::Landscape);
+    EXPECT_EQ(feuillede(imprimante).width, droite.height);
+    EXPECT_EQ(feuillede(imprimante).height, droite.width);
+}
+
+TEST_F(ImprimanteQtTest, WithoutAPrinterAJobIsAFailureAndAListComesToNothing) {
+    QtImprimante celle;
+    if (QPrinter(QPrinter::HighResolution).outputFormat() != QPrinter::PdfFormat)
+        GTEST_SKIP() << "this machine has a printer";
+    EXPECT_THROW(celle.imprimepages(liste(3), {}, {}), PrintFailure);
+    EXPECT_FALSE(celle.imprime({u"t"_s, {u"a"_s}, {1}, u"x"_s}));
+    EXPECT_GT(celle.feuille().width, 0);
 }
