@@ -12,6 +12,7 @@ enum class Ordre : std::uint8_t {
     EnvoyerPiece,
     Ranger, ///< into the dossiers
     Imprimer,
+    ExporterPdf,
     Copier,
     ToutSelectionner,
     Chercher, ///< by the find dialog
@@ -22,6 +23,7 @@ enum class Ordre : std::uint8_t {
     EjecterPage,
     AbandonnerTravail,
     ConfigurerImprimante,
+    Apercu, ///< of the open job, or else of what would be printed
 
     // ---- histories; rank 0 is a step, n a jump to the n-th entry
     Precedent,

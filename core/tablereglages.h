@@ -157,6 +157,10 @@ inline constexpr Serie<ReglageTexte> styletabulations{{{u"EDITEUR", u"STYLE##-TA
 /// 1 for a style of the condensed list, 0 for another, 2 where nobody has chosen.
 inline constexpr Serie<ReglageEntier> styleabc{{{u"EDITEUR", u"STYLE##-ABC"}, 2, Maitre::Oui, bornes16}};
 
+// ---- the preview of what is printed
+inline constexpr ReglageLibre apercularge{{u"POSITIONFORME", u"APERCUWIDTH"}, 0};
+inline constexpr ReglageLibre apercuhaut{{u"POSITIONFORME", u"APERCUHEIGHT"}, 0};
+
 // ---- the window of the dossiers
 inline constexpr ReglageEntier dossiersdeveloppe{{u"DOSSIER", u"DEVELOPPE"}, 1, Maitre::Oui};
 inline constexpr ReglageLibre dossierslargeur{{u"POSITIONFORME", u"DOSSIERSWIDTH"}, 0};

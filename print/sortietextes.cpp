@@ -55,10 +55,6 @@ bool SortieTextes::veutremplacer(const QString& chemin) const {
                                       Bouton::Oui | Bouton::Non, Bouton::Non) == Bouton::Oui;
 }
 
-void SortieTextes::copietout(const RichTextControl& rtf) const {
-    donnees_.pressepapiers.pose({{}, {}, rtf.textRtf()});
-}
-
 void SortieTextes::envoietexte(const QString& titrecourant, const RichTextControl& rtf) const {
     const QString corps = rtf.selLength() > 0 ? rtf.selText() : rtf.text();
     if (fitsMessage(titrecourant, corps)) {

@@ -1,9 +1,8 @@
 #pragma once
-// The ways in which the text of a document window leaves the program, as the user sees it: to a file, to the clipboard,
-// by mail. Nothing of the base is read, and nothing that is shown changes.
+// The ways in which the text of a document window leaves the program, as the user sees it: to a file and by mail.
+// Nothing of the base is read, and nothing that is shown changes.
 #include "core/fichiersechanges.h"
 #include "platform/richtext/control.h"
-#include "platform/system/outside.h"
 
 namespace velm {
 
@@ -14,7 +13,6 @@ public:
         Dialogues& dialogues;
         Sablier& sablier;
         Courrier& courrier;
-        PressePapiers& pressepapiers;
         Libelles texte;
     };
     explicit SortieTextes(const Donnees& donnees);
@@ -22,8 +20,6 @@ public:
     /// Writes all of the text where the user wants it, as rich or as plain text, whole or not at all. True when it is
     /// written.
     bool enregistresous(const QString& titrecourant, const RichTextControl& rtf) const;
-    /// Puts all of the text on the clipboard, as rich text only: what takes plain text gets nothing.
-    void copietout(const RichTextControl& rtf) const;
     /// Opens a message with the selection, or all of the text where there is none, as its body. A body that no mail
     /// program would take is attached, which is told.
     void envoietexte(const QString& titrecourant, const RichTextControl& rtf) const;

@@ -115,11 +115,11 @@ void ControleListe::imprime() {
     const RemplissageListe::Services& avec = services_.recherche;
     if (remplie() || liste_.lignes() == 0 || !veutimprimer(avec.dialogues, avec.texte))
         return;
-    lignes_.choisittout();
     imprimeliste(tableau(), services_.imprimante, avec.sablier, avec.dialogues, avec.texte);
 }
 
-PaperTable ControleListe::tableau() const {
+PaperTable ControleListe::tableau() {
+    lignes_.choisittout();
     PaperTable papier{titreimprime(services_.recherche.texte), {}, {}, lignes_.copie()};
     for (int place = 0; place < liste_.colonnes().nombre(); ++place) {
         papier.headers << liste_.colonnes().titre(place);

@@ -42,6 +42,8 @@ public:
     void supprime();
     /// Prints all rows, after a question.
     void imprime();
+    /// All rows as they go to paper: they are selected then.
+    PaperTable tableau();
     /// Sorts by a column, from its end where it is sorted already.
     void trie(int colonne);
     void suivantrecherche();
@@ -56,7 +58,6 @@ private:
     void litchoix();
     void montrechoix();
     QStringList cleschoisies() const;
-    PaperTable tableau() const;
 
     Services services_;
     VueLignes& lignes_;

@@ -56,6 +56,7 @@ public:
     void amene(int indice);
     void arrange(ChildArea::Arrangement disposition);
 
+    int comptefenetres() const { return static_cast<int>(documents_.size()); }
     /// The document windows among them.
     std::vector<Textes*> fenetres() const { return documents_; }
     Textes* fenetre(int indice) const;

@@ -14,6 +14,7 @@
 #include "shell/fenetredossiers.h"
 #include "shell/fenetresannexes.h"
 #include "shell/fenetreslistes.h"
+#include "shell/impressions.h"
 #include "shell/lignedetat.h"
 #include "shell/logique/premierzoom.h"
 #include "shell/motsdesoutils.h"
@@ -46,6 +47,7 @@ CadrePrincipal::~CadrePrincipal() = default;
 
 void CadrePrincipal::decharge() {
     donnees_.dossiers.decharge();
+    donnees_.impressions.decharge();
     commandes_.reset();
     depart_.reset();
     entrees_.reset();
@@ -88,6 +90,7 @@ QString CadrePrincipal::chargeprincipale() {
         donnees_.styles, donnees_.seance, donnees_.monde, rafraichir_, [this](Textes& fenetre) {
             zoom_->prend(fenetre);
             donnees_.dossiers.suit(fenetre);
+            donnees_.impressions.suit(fenetre);
         }});
     recherches_ = std::make_unique<Recherches>(
         aire, actions, *bureau_, *selection_,
@@ -97,6 +100,7 @@ QString CadrePrincipal::chargeprincipale() {
         FenetresAnnexes::Donnees{donnees_.reglages, donnees_.corpus, donnees_.seance, donnees_.monde, texte});
     listes_ = std::make_unique<FenetresListes>(FenetresListes::Donnees{
         aire, actions, *bureau_, *selection_, donnees_.reglages, donnees_.corpus, donnees_.monde, texte});
+    donnees_.impressions.attache(*ecran_, *bureau_, *selection_);
     donnees_.dossiers.attache(*ecran_, *bureau_, [this] { return selection_->liste().lignes() > 0; });
     chargedevant();
     chargecommandes();
@@ -129,8 +133,8 @@ void CadrePrincipal::chargecommandes() {
     Actions& actions = ecran_->pieces().actions;
     commandes_ = std::make_unique<Commandes>(
         Commandes::Acteurs{*ecran_, actions, *bureau_, barres_, donnees_.reglages, selection_->controle(), *recherches_,
-                           *annexes_, *listes_, *zoom_, donnees_.dossiers, [this] { donnees_.fin.quitteprogramme(); },
-                           [this] { donnees_.aide.ouvre(); }});
+                           *annexes_, *listes_, *zoom_, donnees_.dossiers, donnees_.impressions,
+                           [this] { donnees_.fin.quitteprogramme(); }, [this] { donnees_.aide.ouvre(); }});
     const bool une = seance.parametres().multifenetre != 0;
     bureau_->navigation().changeunefenetre(une);
     actions.coche(Ordre::UneFenetre, une);

@@ -27,6 +27,7 @@ class Ecrangeneral;
 class EntreesFenetres;
 class FabriqueTextes;
 class FenetreDossiers;
+class Impressions;
 class FenetreFille;
 class FenetresAnnexes;
 class FenetresListes;
@@ -51,6 +52,7 @@ public:
         const MondeExterieur& monde;
         const Aide& aide;
         FenetreDossiers& dossiers;
+        Impressions& impressions;
     };
     explicit CadrePrincipal(const Donnees& donnees);
     ~CadrePrincipal() override;

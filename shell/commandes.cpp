@@ -12,6 +12,7 @@
 #include "shell/fenetredossiers.h"
 #include "shell/fenetresannexes.h"
 #include "shell/fenetreslistes.h"
+#include "shell/impressions.h"
 #include "shell/logique/commandes.h"
 #include "shell/logique/placesdesbarres.h"
 #include "shell/recherches.h"
@@ -52,6 +53,13 @@ void Commandes::apprendfenetres() {
         });
     }
     sur(Ordre::ToutSelectionner, [this](int) { toutselectionner(); });
+    Impressions& impressions = acteurs_.impressions;
+    for (const Ordre ordre : {Ordre::Imprimer, Ordre::ImprimerPage, Ordre::Ejections})
+        sur(ordre, [&impressions](int) { impressions.imprimer(); });
+    sur(Ordre::EjecterPage, [&impressions](int) { impressions.terminer(); });
+    sur(Ordre::AbandonnerTravail, [&impressions](int) { impressions.abandonner(); });
+    sur(Ordre::ConfigurerImprimante, [&impressions](int) { impressions.configurer(); });
+    sur(Ordre::Apercu, [&impressions](int) { impressions.apercu(); });
     sur(Ordre::Chercher, [this](int) { acteurs_.annexes.montrerecherche(); });
 }
 

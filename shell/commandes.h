@@ -17,6 +17,7 @@ class Ecrangeneral;
 class FenetreDossiers;
 class FenetresAnnexes;
 class FenetresListes;
+class Impressions;
 class Recherches;
 class ZoomTextes;
 
@@ -37,6 +38,7 @@ public:
         FenetresListes& listes;
         ZoomTextes& zoom;
         FenetreDossiers& dossiers;
+        Impressions& impressions;
         std::function<void()> quitte;
         std::function<void()> aide;
     };

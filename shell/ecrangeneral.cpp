@@ -180,6 +180,11 @@ void Ecrangeneral::montredispositions(bool visibles) {
         barres_->montrebouton(ordre, visibles);
 }
 
+void Ecrangeneral::montreejections(bool ouvert) {
+    barres_->montrebouton(Ordre::Imprimer, !ouvert);
+    barres_->montrebouton(Ordre::Ejections, ouvert);
+}
+
 void Ecrangeneral::marquevide(int rang, bool vide) {
     barres_->marquevide(rang, vide);
 }

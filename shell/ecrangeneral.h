@@ -46,6 +46,8 @@ public:
     void montreselection(bool visible);
     /// The three buttons that arrange the windows.
     void montredispositions(bool visibles);
+    /// Of the buttons that print: the plain one, or, while a job is open, the one with its entries.
+    void montreejections(bool ouvert);
     /// The collection of a slot has no document, or has some.
     void marquevide(int rang, bool vide);
     /// What stands at the side of a button of the command bar; not owned.

@@ -5,6 +5,7 @@
 #include "platform/widgets/text/richtextbox.h"
 #include "shell/bureau.h"
 #include "shell/ecrangeneral.h"
+#include "shell/impressions.h"
 #include "shell/logique/seance.h"
 
 namespace velm {
@@ -46,7 +47,13 @@ void FenetreDossiers::montre(const ElementEnAttente& attente) {
         return;
     fenetre_ = new frmdossiers(
         {magasin_, donnees_.corpus, donnees_.reglages, donnees_.monde.sablier, donnees_.monde.dialogues, fichiers_,
-         [&langue = donnees_.langue](Texte numero) { return langue.lireressource(numero); }, ontrouve_},
+         [&langue = donnees_.langue](Texte numero) { return langue.lireressource(numero); }, ontrouve_,
+         [&impressions = donnees_.impressions](const QString& libelle, const QStringList& cles) {
+             impressions.imprimerdossier(libelle, cles);
+         },
+         [&impressions = donnees_.impressions](const QString& libelle, const QStringList& cles) {
+             impressions.exporterdossier(libelle, cles);
+         }},
         ecran_);
     fenetre_->setAttribute(Qt::WA_DeleteOnClose);
     connect(fenetre_, &QDialog::finished, this, &FenetreDossiers::fermee);

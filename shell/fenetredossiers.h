@@ -18,6 +18,7 @@ class Bureau;
 class Ecrangeneral;
 class Seance;
 class Textes;
+class Impressions;
 class frmdossiers;
 
 class FenetreDossiers final : public QObject, public Dossiers {
@@ -31,6 +32,7 @@ public:
         Corpus& corpus;
         const Seance& seance;
         const MondeExterieur& monde;
+        Impressions& impressions;
     };
     explicit FenetreDossiers(const Donnees& donnees);
     ~FenetreDossiers() override;

@@ -60,6 +60,7 @@ int main(int argc, char** argv) {
                            programmepret = &programme;
                            dialogues.setCaptions(
                                [&programme](velm::Bouton bouton) { return programme.libellebouton(bouton); });
+                           imprimante.setMots([&programme] { return programme.motsdelimprimante(); });
                            dialogues.setKinds([&programme] { return programme.sortesdefichiers(); });
                        });
 }

@@ -64,10 +64,11 @@ void MenusEcran::menufichier() {
     remplit(envoi, {Ordre::EnvoyerTexte, Ordre::EnvoyerPiece});
     envoi.setEnabled(false); // until the entries in it can be had
     connect(&actions_.de(Ordre::EnvoyerTexte), &QAction::enabledChanged, &envoi, &QMenu::setEnabled);
-    remplit(fichier, {Ordre::Ranger});
+    remplit(fichier, {Ordre::ExporterPdf, Ordre::Ranger});
     desdocuments_ = {&actions_.de(Ordre::Enregistrer), envoi.menuAction(), &actions_.de(Ordre::Ranger),
-                     fichier.addSeparator()};
-    remplit(fichier, {Ordre::Imprimer, Ordre::EjecterPage, Ordre::ConfigurerImprimante, {}, Ordre::MettreAJour});
+                     &actions_.de(Ordre::ExporterPdf), fichier.addSeparator()};
+    remplit(fichier,
+            {Ordre::Imprimer, Ordre::Apercu, Ordre::EjecterPage, Ordre::ConfigurerImprimante, {}, Ordre::MettreAJour});
     QAction* ligne = fichier.addSeparator();
     ligne->setObjectName(u"lineLastFile"_s);
     const QAction& premier = actions_.de(Ordre::DernierDocument);

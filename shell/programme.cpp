@@ -24,8 +24,9 @@ Programme::Programme(const OptionsProgramme& options, MondeExterieur monde)
       magasin_(options.fichierreglages), reglages_(magasin_),
       langue_([this](const QString& numero) { avis_.textemanquant(numero); }), avis_(monde.dialogues, langue_),
       accueil_(langue_, monde.sablier, options.patience),
-      dossiers_({reglages_, langue_, corpus_, seance_, monde_}), aide_{seance_, langue_, monde_},
-      cadre_({reglages_, langue_, corpus_, styles_, seance_, fin_, monde_, aide_, dossiers_}),
+      impressions_({reglages_, langue_, corpus_, styles_, seance_, monde_}),
+      dossiers_({reglages_, langue_, corpus_, seance_, monde_, impressions_}), aide_{seance_, langue_, monde_},
+      cadre_({reglages_, langue_, corpus_, styles_, seance_, fin_, monde_, aide_, dossiers_, impressions_}),
       seance_(environnement(), reglages_, langue_, corpus_, monde.dialogues, ecrans()),
       fin_(seance_, reglages_, langue_, corpus_, monde.dialogues, ecrans()) {
     initialiseressources();
@@ -37,7 +38,7 @@ Programme::~Programme() {
 }
 
 Ecrans Programme::ecrans() {
-    return {accueil_, cadre_, dossiers_, travaux_, [this] { litstyles(); }, [this] { return connexion(); }};
+    return {accueil_, cadre_, dossiers_, impressions_, [this] { litstyles(); }, [this] { return connexion(); }};
 }
 
 Environnement Programme::environnement() {
@@ -104,6 +105,12 @@ SortesFichier Programme::sortesdefichiers() {
     const auto texte = [this](Texte numero) { return langue_.lireressource(numero); };
     return {texte(Texte::SorteDossier), texte(Texte::SorteLecteur), texte(Texte::SorteFichier),
             texte(Texte::SorteFichierSansExtension)};
+}
+
+MotsImprimante Programme::motsdelimprimante() {
+    return {langue_.lireressource(Texte::AvanceTitre),
+            langue_.lireressource(Texte::MenuConfigurerImprimante).remove(u'&'),
+            langue_.lireressource(Texte::ConfigurationValider), noms::languedesdocuments.toString()};
 }
 
 void Programme::litstyles() {

@@ -7,10 +7,12 @@
 #include "document/styles.h"
 #include "platform/base/failure.h"
 #include "platform/system/singleinstance.h"
+#include "platform/system/ui/qtimprimante.h"
 #include "shell/accueil.h"
 #include "shell/aide.h"
 #include "shell/cadreprincipal.h"
 #include "shell/fenetredossiers.h"
+#include "shell/impressions.h"
 #include "shell/logique/seance.h"
 #include "shell/mondeexterieur.h"
 
@@ -55,6 +57,8 @@ public:
     QString libellebouton(Bouton bouton) { return avis_.libellebouton(bouton); }
     /// What file dialogs call what they list.
     SortesFichier sortesdefichiers();
+    /// What the dialogs of the printer say.
+    MotsImprimante motsdelimprimante();
     void ouvreaide() const { aide_.ouvre(); }
     bool aidepresente() const { return aide_.presente(); }
 
@@ -64,6 +68,7 @@ public:
     Selection& selection() const { return cadre_.selection(); }
     Recherches& recherches() const { return cadre_.recherches(); }
     FenetreDossiers& dossiers() { return dossiers_; }
+    Impressions& impressions() { return impressions_; }
     FenetresListes& listes() const { return cadre_.listes(); }
     Textes* fenetre(int indice) const; ///< null before there is a frame, too
     void ouvre(const Cle& cle) { cadre_.ouvre(cle); }
@@ -86,8 +91,8 @@ private:
     Corpus corpus_;
     TableStyles styles_;
     EcranAccueil accueil_;
+    Impressions impressions_;
     FenetreDossiers dossiers_;
-    Travaux travaux_;
     Aide aide_;
     CadrePrincipal cadre_;
     Seance seance_;

@@ -62,6 +62,7 @@ void Selection::construitmenu() {
 
 void Selection::permet(Ordre ordre, bool permis) {
     actions_.permet(ordre, permis);
+    emit changee();
 }
 
 void Selection::coche(Ordre ordre, bool cochee) {
@@ -94,6 +95,7 @@ void Selection::ditvide() {
 
 void Selection::montrepanneau(bool visible) {
     ecran_.montreselection(visible);
+    emit changee();
 }
 
 void Selection::elargitpanneau() {

@@ -30,6 +30,8 @@ public:
 signals:
     /// The search form is to be shown or hidden.
     void criteresvoulus(bool montres);
+    /// It has got rows, or lost them, or is seen, or no longer.
+    void changee();
 
 private:
     // ---- VueListe

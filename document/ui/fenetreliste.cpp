@@ -200,8 +200,7 @@ void FenetreListe::imprime() {
 
 bool FenetreListe::peut(Ordre ordre) const {
     return flex_->rows() > 1 && !flex_->isHidden() &&
-           ((ordre == Ordre::Copier && description_.copiable) || ordre == Ordre::ToutSelectionner ||
-            ordre == Ordre::Imprimer);
+           ((ordre == Ordre::Copier && description_.copiable) || ordre == Ordre::ToutSelectionner);
 }
 
 void FenetreListe::fait(Ordre ordre) {
@@ -211,8 +210,6 @@ void FenetreListe::fait(Ordre ordre) {
         copie();
     else if (ordre == Ordre::ToutSelectionner)
         flex_->selectAll();
-    else if (ordre == Ordre::Imprimer)
-        imprime();
 }
 
 void FenetreListe::ecritreglages() {

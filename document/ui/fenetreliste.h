@@ -7,6 +7,8 @@
 #include "core/texte.h"
 #include "document/ui/grilledocuments.h"
 #include "platform/system/dialogues.h"
+#include "platform/system/imprimante.h"
+#include "platform/system/outside.h"
 #include "platform/system/sablier.h"
 
 #include <QWidget>

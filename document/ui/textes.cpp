@@ -42,6 +42,12 @@ void donnefocus(const QWidget& fenetre, QWidget& vue) {
         vue.setFocus();
 }
 
+/// What hands the text on.
+bool sortant(Ordre ordre) {
+    return ordre == Ordre::Enregistrer || ordre == Ordre::EnvoyerTexte || ordre == Ordre::EnvoyerPiece ||
+           ordre == Ordre::Imprimer || ordre == Ordre::ImprimerPage || ordre == Ordre::ExporterPdf;
+}
+
 } // namespace
 
 Textes::Textes(int indice, const ContexteTextes& contexte, QWidget* parent)
@@ -115,6 +121,7 @@ void Textes::relie() {
     connect(zone_, &ZoneTexte::menuschanges, this, peutautrement);
     connect(zone_, &ZoneTexte::cible, this, &Textes::cible);
     connect(zone_, &ZoneTexte::ranger, this, &Textes::ranger);
+    connect(zone_, &ZoneTexte::sortie, this, &Textes::sortie);
     connect(zone_, &ZoneTexte::bascule, this, bascule);
 }
 
@@ -249,7 +256,7 @@ bool Textes::peut(Ordre ordre) const {
     if (ordre == Ordre::Ranger)
         return zone_->peutranger();
     return zone_->lecture().menusactifs() &&
-           (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Chercher);
+           (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Chercher || sortant(ordre));
 }
 
 void Textes::fait(Ordre ordre) {
@@ -259,6 +266,8 @@ void Textes::fait(Ordre ordre) {
         zone_->toutselectionner();
     else if (ordre == Ordre::Ranger)
         zone_->range();
+    else if (sortant(ordre) && peut(ordre))
+        emit sortie(ordre == Ordre::ImprimerPage ? Ordre::Imprimer : ordre);
 }
 
 Lecture& Textes::lecture() {

@@ -66,6 +66,7 @@ signals:
     void ranger(const QString& cle, const QString& titre, qsizetype debut, qsizetype longueur);
     void selection(const QStringList& cles); ///< to become the selection list, in this order
     void premierplan();                      ///< wants to be the active window of the frame
+    void sortie(velm::Ordre ordre);          ///< the text is to be printed, saved, sent or exported
     void cible(const QString& texte);        ///< what the link under the pointer leads to; empty for none
     void ferme();                            ///< the settings are written, the slot is released
 

@@ -38,12 +38,15 @@ void ZoneTexte::copie() {
     const RichTextControl& controle = vue().control();
     if (controle.length() == 0)
         return;
-    const bool tout = controle.selLength() == 0;
-    const qsizetype debut = tout ? 0 : controle.selStart();
-    const qsizetype longueur = tout ? controle.length() : controle.selLength();
+    const qsizetype debut = controle.selStart();
+    const qsizetype longueur = controle.selLength();
+    // All of it goes as rich text alone: what takes plain text gets nothing.
+    if (longueur == 0) {
+        contexte_.pressepapiers.pose({{}, {}, controle.textRtf()});
+        return;
+    }
     contexte_.pressepapiers.pose({richPlain(controle.richText(), debut, longueur),
-                                  richHtml(controle.richText(), debut, longueur),
-                                  tout ? controle.textRtf() : controle.selRtf()});
+                                  richHtml(controle.richText(), debut, longueur), controle.selRtf()});
 }
 
 void ZoneTexte::toutselectionner() {
@@ -149,12 +152,14 @@ void ZoneTexte::construitmenu() {
     connect(entree(*menu_, u"MnuSelectAll"_s, Texte::DocumentToutSelectionner, u"sélectionnertout"_s),
             &QAction::triggered, this, &ZoneTexte::toutselectionner);
     menu_->addSeparator();
-    entree(*menu_, u"MnuPrint"_s, Texte::DocumentImprimer, u"Imprimer"_s);
+    const auto sort = [this](QAction* entree, Ordre ordre) {
+        connect(entree, &QAction::triggered, this, [this, ordre] { emit sortie(ordre); });
+    };
+    sort(entree(*menu_, u"MnuPrint"_s, Texte::DocumentImprimer, u"Imprimer"_s), Ordre::Imprimer);
     QMenu* envoi = menu_->addMenu(icon(u"envoyer"_s), contexte_.texte(Texte::DocumentEnvoyer));
     envoi->setObjectName(u"MnuSendfile"_s);
-    envoi->setEnabled(false);
-    entree(*envoi, u"MnuSend(0)"_s, Texte::DocumentEnvoyerTexte, u"texte"_s);
-    entree(*envoi, u"MnuSend(1)"_s, Texte::DocumentEnvoyerPieceJointe, u"piècejointe"_s);
+    sort(entree(*envoi, u"MnuSend(0)"_s, Texte::DocumentEnvoyerTexte, u"texte"_s), Ordre::EnvoyerTexte);
+    sort(entree(*envoi, u"MnuSend(1)"_s, Texte::DocumentEnvoyerPieceJointe, u"piècejointe"_s), Ordre::EnvoyerPiece);
     connect(entree(*menu_, u"MnuStore"_s, Texte::DocumentRanger, u"rangerdocument"_s), &QAction::triggered, this,
             &ZoneTexte::range);
     menu_->addSeparator();
@@ -177,6 +182,9 @@ void ZoneTexte::montremenu(const QPoint& ou) {
     const bool possible = lecture_->menusactifs() && vue().control().length() > 0;
     celle(u"MnuCopy"_s)->setEnabled(possible);
     celle(u"MnuSelectAll"_s)->setEnabled(possible);
+    for (const QString& nom : {u"MnuPrint"_s, u"MnuSend(0)"_s, u"MnuSend(1)"_s})
+        celle(nom)->setEnabled(lecture_->menusactifs());
+    menu_->findChild<QMenu*>(u"MnuSendfile"_s)->setEnabled(lecture_->menusactifs());
     celle(u"MnuStore"_s)->setEnabled(peutranger());
     celle(u"MnuOuvrirLiens"_s)->setChecked(parties_.volet.liens().ouverte());
     celle(u"MnuOuvrirCorrélats"_s)->setChecked(parties_.volet.correlats().ouverte());

@@ -55,8 +55,9 @@ public:
     void dit(const QString& texte) override;
 
 signals:
-    void arrive();       ///< another document is about to be shown
-    void menuschanges(); ///< the first document was asked for
+    void arrive();                  ///< another document is about to be shown
+    void menuschanges();            ///< the first document was asked for
+    void sortie(velm::Ordre ordre); ///< the text is to be printed or sent
     void cible(const QString& texte);
     void ranger(const QString& cle, const QString& titre, qsizetype debut, qsizetype longueur);
     void bascule(velm::ListeDeLiens* liste); ///< the entry of a list was chosen

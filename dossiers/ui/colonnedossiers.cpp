@@ -52,9 +52,11 @@ ColonneDossiers::ColonneDossiers(const Libelles& texte, QWidget* parent)
     ecart(look::spacing);
     disposition->addWidget(bouton(u"toutreduire"_s, texte(Texte::ToutReduire), {}, &ColonneDossiers::toutreduire));
     ecart(look::groupSpacing);
-    QPushButton* const imprimer = bouton(u"imprimer"_s, texte(Texte::DossiersImprimer), u"Imprimer"_s, nullptr);
-    imprimer->setEnabled(false);
-    disposition->addWidget(imprimer);
+    imprimer_ = bouton(u"imprimer"_s, texte(Texte::DossiersImprimer), u"Imprimer"_s, &ColonneDossiers::imprimer);
+    disposition->addWidget(imprimer_);
+    ecart(look::spacing);
+    exporter_ = bouton(u"exporterpdf"_s, texte(Texte::DossiersExporterPdf), u"pdf"_s, &ColonneDossiers::exporter);
+    disposition->addWidget(exporter_);
     ecart(look::spacing);
     disposition->addWidget(bouton(u"Command1"_s, texte(Texte::Reparer), {}, &ColonneDossiers::reparer));
     ecart(look::spacing);
@@ -84,6 +86,8 @@ void ColonneDossiers::permet(const CommandesDossiers& commandes) {
     renommer_->setEnabled(commandes.renommer);
     haut_->setEnabled(commandes.haut);
     bas_->setEnabled(commandes.bas);
+    imprimer_->setEnabled(commandes.contenu);
+    exporter_->setEnabled(commandes.contenu);
 }
 
 } // namespace velm

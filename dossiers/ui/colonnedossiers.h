@@ -27,6 +27,8 @@ signals:
     void bas();
     void toutdevelopper();
     void toutreduire();
+    void imprimer();
+    void exporter();
     void reparer();
     void fermer();
 
@@ -39,6 +41,8 @@ private:
     QPushButton* supprimer_;
     QPushButton* haut_;
     QPushButton* bas_;
+    QPushButton* imprimer_ = nullptr;
+    QPushButton* exporter_ = nullptr;
     QPushButton* retrouver_ = nullptr;
 };
 

@@ -121,6 +121,8 @@ void frmdossiers::reliecommandes() {
     connect(colonne_, &ColonneDossiers::toutdevelopper, this, [this] { gestion_.toutdevelopper(); });
     connect(colonne_, &ColonneDossiers::toutreduire, this, [this] { gestion_.toutreduire(); });
     connect(colonne_, &ColonneDossiers::reparer, this, &frmdossiers::repare);
+    connect(colonne_, &ColonneDossiers::imprimer, this, [this] { sort(contexte_.imprime); });
+    connect(colonne_, &ColonneDossiers::exporter, this, [this] { sort(contexte_.exporte); });
     retour_ = std::make_unique<RetourDossiers>(gestion_, colonne_->retrouver(), this);
     touches_ = std::make_unique<TouchesDossiers>(gestion_, *retour_, *arbre_, *liste_);
     connect(retour_.get(), &RetourDossiers::dit, this, [this](const QString& mots) {
@@ -159,6 +161,15 @@ void frmdossiers::ouvrefichier(const QString& nomfichier) {
 void frmdossiers::chargefichier(const QString& nomfichier) {
     ouvrefichier(nomfichier);
     gestion_.enregistre();
+}
+
+/// The selected dossier alone, in the order of its list.
+void frmdossiers::sort(const Contexte::Sortie& sortie) {
+    const TreeNodes& noeuds = arbre_->nodes();
+    QStringList cles;
+    for (int index = 1; index <= liste_->items().count(); ++index)
+        cles << liste_->items().key(index);
+    sortie(noeuds.text(noeuds.selected()), cles);
 }
 
 void frmdossiers::repare() {

@@ -36,6 +36,10 @@ public:
         FichiersDossiers& fichiers;
         Libelles texte;
         std::function<bool()> ontrouve; ///< whether the selection list has rows
+        /// What prints the items of a dossier, and what makes a PDF of them: the dossier's text and the items' keys.
+        using Sortie = std::function<void(const QString& libelle, const QStringList& cles)>;
+        Sortie imprime;
+        Sortie exporte;
     };
     explicit frmdossiers(const Contexte& contexte, QWidget* parent = nullptr);
 
@@ -75,6 +79,7 @@ private:
     void reliefichiers();
     void ouvrefichier(const QString& nomfichier);
     void repare();
+    void sort(const Contexte::Sortie& sortie);
     void ecritligne(const QString& texte);
     void teinteligne();
     void place();

@@ -5,7 +5,6 @@
 
 #include <QPointF>
 #include <QRectF>
-#include <QRgb>
 #include <QString>
 
 #include <cstdint>
@@ -21,7 +20,7 @@ struct JobStyle {
     bool italic = false;
     bool underline = false;
     bool strike = false;
-    QRgb colour = 0xFF000000;
+    std::uint32_t colour = 0xFF000000;
 
     friend bool operator==(const JobStyle&, const JobStyle&) = default;
 };
@@ -40,7 +39,7 @@ struct JobRun {
 
 struct JobFill {
     QRectF where;
-    QRgb colour = 0xFF000000;
+    std::uint32_t colour = 0xFF000000;
     bool round = false; ///< a disc
 };
 

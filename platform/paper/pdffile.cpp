@@ -14,6 +14,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 using pdf::number;
@@ -152,7 +154,7 @@ private:
         objects_.setInRoot("/ViewerPreferences", "<< /DisplayDocTitle true >>");
         std::string info = "<< /Title " + unicode(properties_.title);
         if (properties_.created.isValid()) {
-            const QString moment = properties_.created.toUTC().toString(QStringLiteral("'D:'yyyyMMddHHmmss'Z'"));
+            const QString moment = properties_.created.toUTC().toString(u"'D:'yyyyMMddHHmmss'Z'"_s);
             info += " /CreationDate " + pdf::bytes(moment.toLatin1());
         }
         objects_.setInfo(info + " >>");

@@ -10,6 +10,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr double ruleThickness = 10; // twips
@@ -71,7 +73,7 @@ void PrintJob::close() {
 void PrintJob::blank() {
     if (!isOpen())
         openPage();
-    print(QStringLiteral(" "));
+    print(u" "_s);
 }
 
 void PrintJob::newPage() {

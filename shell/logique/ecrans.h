@@ -74,13 +74,13 @@ public:
     virtual void ouvrefichierdossier(const QString& chemin) { Q_UNUSED(chemin) }
 };
 
-/// What goes on in the background and has to end before the program does: a print job. There is none yet.
+/// What goes on in the background and has to end before the program does: a print job.
 class Travaux {
 public:
     virtual ~Travaux() = default;
-    virtual bool impressionouverte() const { return false; }
-    virtual void termineimpression() {}
-    virtual void abandonneimpression() {}
+    virtual bool impressionouverte() const = 0;
+    virtual void termineimpression() = 0;
+    virtual void abandonneimpression() = 0;
 };
 
 /// None is owned.

@@ -70,8 +70,7 @@ protected:
     DialoguesFiltre dialogues;
     SablierMuet sablier;
     CourrierScript courrier;
-    PressePapiersScript pressepapiers;
-    SortieTextes sortie{{dialogues, sablier, courrier, pressepapiers, [](Texte lequel) {
+    SortieTextes sortie{{dialogues, sablier, courrier, [](Texte lequel) {
                              const QString parties = lequel == Texte::FichierPasEnregistre ? u"%1: %2"_s : QString();
                              return u"<"_s + QString::number(static_cast<int>(lequel)) + u'>' + parties;
                          }}};
@@ -183,18 +182,6 @@ TEST_F(Sortie, TheLongestNameThatIsProposedCanBeWritten) {
 }
 
 // ---- to the clipboard
-
-TEST_F(Sortie, CopyingWithoutASelectionGivesTheWholeAsRichTextOnly) {
-    choisit(4, 0);
-    const QByteArray avant = rtf.textRtf();
-    sortie.copietout(rtf);
-    EXPECT_EQ(pressepapiers.contenu.rtf, avant);
-    EXPECT_TRUE(pressepapiers.contenu.texte.isEmpty());
-    EXPECT_TRUE(pressepapiers.contenu.html.isEmpty());
-    EXPECT_EQ(rtf.textRtf(), avant) << "what is shown does not change";
-    EXPECT_EQ(rtf.selStart(), 4);
-    EXPECT_EQ(rtf.selLength(), 0);
-}
 
 // ---- by mail
 

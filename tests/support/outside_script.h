@@ -1,5 +1,6 @@
 #pragma once
 // Doubles of the outside world: they record what was asked of it and answer as told.
+#include "platform/paper/jobpages.h"
 #include "platform/system/courrier.h"
 #include "platform/system/drives.h"
 #include "platform/system/imprimante.h"

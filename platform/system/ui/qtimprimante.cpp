@@ -45,7 +45,6 @@ void peint(QPrinter& imprimante, const JobPages& pages, const Imprimante::Avance
     QPainter peintre;
     if (!peintre.begin(&imprimante))
         throw PrintFailure("the printer takes no job");
-    constexpr double twipsPerInch = 1440;
     peintre.scale(imprimante.logicalDpiX() / twipsPerInch, imprimante.logicalDpiY() / twipsPerInch);
     peintre.translate(pages.offsetX, pages.offsetY);
     PagePainter page(pages);

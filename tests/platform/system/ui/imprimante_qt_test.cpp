@@ -1,4 +1,5 @@
 // The printer, which is a file here.
+#include "platform/paper/jobpages.h"
 #include "platform/system/ui/qtimprimante.h"
 
 #include <QFile>
@@ -57,7 +58,7 @@ TEST_F(ImprimanteQtTest, StoppedNothingComesOut) {
 }
 
 TEST_F(ImprimanteQtTest, AFileThatCannotBeWrittenIsAFailure) {
-    imprimante.setOutputFileName(dossier.filePath(u"absent/liste.pdf"_s));
+    imprimante.setOutputFileName(dossier.path());
     EXPECT_THROW(imprimesur(imprimante, liste(3), {}, {}, {}), PrintFailure);
 }
 
