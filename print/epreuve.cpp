@@ -1,6 +1,10 @@
 #include "print/epreuve.h"
 
+#include "core/adresse.h"
 #include "document/listesliens.h"
+#include "platform/system/addresses.h"
+
+#include <QUrl>
 
 #include <algorithm>
 
@@ -44,7 +48,20 @@ void Epreuve::annonce(const QString& titre, const ListesLiens* liens) {
 
 void annoncedocument(PrintJob& travail, const QString& titre, const ListesLiens* liens) {
     travail.setTitle(titre);
-    Q_UNUSED(liens)
+    std::vector<LinkSpan> dehors;
+    const auto ajoute = [&](const QStringList& adresses, const ListePositions& debuts, const ListePositions& fins,
+                            const auto& adresse) {
+        for (qsizetype rang = 0; rang < std::min({adresses.size(), debuts.nombre(), fins.nombre()}); ++rang) {
+            if (const std::optional<QUrl> url = adresse(adresses.at(rang)))
+                dehors.push_back({debuts.valeur(rang), fins.valeur(rang), QString::fromLatin1(url->toEncoded())});
+        }
+    };
+    if (liens) {
+        ajoute(liens->ListeUrl, liens->ListeStartUrl, liens->ListeEndUrl,
+               [](const QString& adresse) { return webUrl(adresseaouvrir(adresse)); });
+        ajoute(liens->ListeEmail, liens->ListeStartEmail, liens->ListeEndEmail, mailUrl);
+    }
+    travail.setLinks(std::move(dehors));
 }
 
 } // namespace velm

@@ -49,6 +49,13 @@ struct JobPicture {
     int object = 0;
 };
 
+/// Letters of a text that lead to an address outside: first position, and the one behind the last.
+struct LinkSpan {
+    qsizetype start = 0;
+    qsizetype end = 0;
+    QString address;
+};
+
 /// A place that leads to an address outside.
 struct JobLink {
     QRectF where;

@@ -72,7 +72,32 @@ void LineOut::put(int number, const SetDocument::Block& block, int line, QPointF
         putPiece(set, blockStart, from, std::min(end, runs[run].start + runs[run].count), runs[run].format, corner,
                  stretched);
     }
+    putLinks(set, blockStart, corner);
     putBeside(number, block, line, corner);
+}
+
+void LineOut::setLinks(std::vector<LinkSpan> links) {
+    links_ = std::move(links);
+    std::ranges::sort(links_, {}, &LinkSpan::start);
+    link_ = 0;
+}
+
+void LineOut::putLinks(const QTextLine& line, int blockStart, QPointF corner) {
+    const int start = blockStart + line.textStart();
+    const int end = start + line.textLength();
+    while (link_ < links_.size() && links_[link_].end <= start)
+        ++link_;
+    for (std::size_t i = link_; i < links_.size() && links_[i].start < end; ++i) {
+        const auto from = static_cast<int>(std::max<qsizetype>(links_[i].start, start));
+        const auto to = static_cast<int>(std::min<qsizetype>(links_[i].end, end));
+        if (to <= from)
+            continue;
+        const double one = line.cursorToX(from - blockStart);
+        const double other = line.cursorToX(to - blockStart);
+        const QRectF where(corner.x() + std::min(one, other), corner.y() + line.y(), std::abs(other - one),
+                           line.height());
+        job_.pages.back().links.push_back({where, links_[i].address});
+    }
 }
 
 void LineOut::putBeside(int number, const SetDocument::Block& block, int line, QPointF corner) {

@@ -42,6 +42,8 @@ public:
     void goBack(const Mark& mark);
     /// The title of the texts that are printed from now on.
     void setTitle(const QString& title) { title_ = title; }
+    /// Where their letters lead to.
+    void setLinks(std::vector<LinkSpan> links) { formatter_.setLinks(std::move(links)); }
 
     Sheet sheet() const override { return isOpen() ? sheet_ : paper_(); }
     void blank() override;

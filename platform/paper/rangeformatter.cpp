@@ -63,13 +63,21 @@ void RangeFormatter::release() {
 void RangeFormatter::begin(const RichText& rich, qsizetype from, qsizetype to, const QRect& rectangle, JobPages& job) {
     setting_ = std::make_unique<Setting>(rich, from, to, rectangle);
     const ShownText& shown = setting_->set.shown();
-    const auto source = static_cast<std::uint16_t>(job.sources.size());
+    const auto source = static_cast<std::uint32_t>(job.sources.size());
     job.sources.push_back({shown.text(),
                            shown.objects(),
                            {},
                            static_cast<int>(job.pages.size()) - 1,
                            static_cast<float>(rectangle.top())});
     setting_->out = std::make_unique<LineOut>(setting_->set, setting_->part ? *setting_->part : rich, job, source);
+    std::vector<LinkSpan> links;
+    for (const LinkSpan& link : links_) {
+        const qsizetype start = std::clamp(link.start, from, to) - from;
+        const qsizetype end = std::clamp(link.end, from, to) - from;
+        if (end > start)
+            links.push_back({shown.toDocument(start), shown.toDocument(end), link.address});
+    }
+    setting_->out->setLinks(std::move(links));
 }
 
 PrintDevice::Formatted RangeFormatter::format(const RichText& rich, qsizetype from, qsizetype to,

@@ -11,6 +11,8 @@
 #include <QRect>
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace velm {
 
@@ -28,6 +30,8 @@ public:
     /// See PrintDevice::format(); what is printed is added to the last page of the job.
     PrintDevice::Formatted format(const RichText& rich, qsizetype from, qsizetype to, const QRect& rectangle,
                                   JobPages& job);
+    /// Where the texts that are set from now on lead to.
+    void setLinks(std::vector<LinkSpan> links) { links_ = std::move(links); }
     /// Forgets the range that is set.
     void release();
 
@@ -36,6 +40,7 @@ private:
     void begin(const RichText& rich, qsizetype from, qsizetype to, const QRect& rectangle, JobPages& job);
 
     std::unique_ptr<Setting> setting_;
+    std::vector<LinkSpan> links_;
 };
 
 } // namespace velm

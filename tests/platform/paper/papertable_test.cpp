@@ -1,7 +1,6 @@
 // A list on the sheets of a job.
-#include "platform/paper/papertable.h"
-
 #include "platform/paper/jobpages.h"
+#include "platform/paper/papertable.h"
 
 #include <gtest/gtest.h>
 

@@ -59,6 +59,34 @@ TEST_F(RangeFormatterTest, AnEmptyTextPrintsNothingAndEndsAtOnce) {
     EXPECT_TRUE(job.pages[0].runs.empty());
 }
 
+TEST_F(RangeFormatterTest, ALinkHasAPlaceOnEachLineThatItTakes) {
+    const RichText rich = plain(u"avant "_s + u"lien "_s.repeated(60) + u"après\r\nautre"_s);
+    formatter.setLinks({{306, 311, u"https://b"_s}, {6, 305, u"https://a"_s}, {900, 950, u"https://c"_s}});
+    pages(rich, sheet);
+    const std::vector<JobLink>& links = job.pages[0].links;
+    ASSERT_GT(links.size(), 3U);
+    EXPECT_EQ(links.back().address, u"https://b");
+    EXPECT_GT(links.front().where.left(), sheet.left() + 200) << "behind what stands before it";
+    for (std::size_t i = 0; i + 1 < links.size(); ++i) {
+        EXPECT_EQ(links[i].address, u"https://a");
+        EXPECT_GT(links[i].where.width(), 100);
+        EXPECT_LE(links[i].where.right(), sheet.right() + 60);
+        if (i > 0) {
+            EXPECT_GE(links[i].where.top(), links[i - 1].where.bottom() - 1);
+        }
+    }
+}
+
+TEST_F(RangeFormatterTest, LinksOfARangeAreThoseOfItsLetters) {
+    const RichText rich = plain(u"un deux trois"_s);
+    formatter.setLinks({{0, 2, u"https://un"_s}, {3, 7, u"https://deux"_s}, {8, 13, u"https://trois"_s}});
+    pages(rich, sheet, 5, 10);
+    ASSERT_EQ(job.pages[0].links.size(), 2U);
+    EXPECT_EQ(job.pages[0].links[0].address, u"https://deux");
+    EXPECT_NEAR(job.pages[0].links[0].where.left(), sheet.left(), 30);
+    EXPECT_EQ(job.pages[0].links[1].address, u"https://trois");
+}
+
 TEST_F(RangeFormatterTest, EachPageGoesOnWhereTheOneBeforeEnded) {
     QString text;
     for (int i = 1; i <= 300; ++i)
