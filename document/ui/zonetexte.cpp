@@ -38,15 +38,21 @@ void ZoneTexte::copie() {
     const RichTextControl& controle = vue().control();
     if (controle.length() == 0)
         return;
-    const qsizetype debut = controle.selStart();
-    const qsizetype longueur = controle.selLength();
-    // All of it goes as rich text alone: what takes plain text gets nothing.
-    if (longueur == 0) {
-        contexte_.pressepapiers.pose({{}, {}, controle.textRtf()});
-        return;
-    }
+    const bool tout = controle.selLength() == 0;
+    const qsizetype debut = tout ? 0 : controle.selStart();
+    const qsizetype longueur = tout ? controle.length() : controle.selLength();
     contexte_.pressepapiers.pose({richPlain(controle.richText(), debut, longueur),
-                                  richHtml(controle.richText(), debut, longueur), controle.selRtf()});
+                                  richHtml(controle.richText(), debut, longueur),
+                                  tout ? controle.textRtf() : controle.selRtf()});
+}
+
+/// The window's own entry differs from the frame's command where nothing is selected: all of it goes as rich text
+/// alone, and what takes plain text gets nothing.
+void ZoneTexte::copiedelafenetre() {
+    if (vue().selLength() > 0)
+        copie();
+    else
+        contexte_.pressepapiers.pose({{}, {}, vue().control().textRtf()});
 }
 
 void ZoneTexte::toutselectionner() {
@@ -148,7 +154,7 @@ QAction* ZoneTexte::entree(QMenu& menu, const QString& nom, Texte texte, const Q
 void ZoneTexte::construitmenu() {
     menu_->setObjectName(u"ContextMenu"_s);
     connect(entree(*menu_, u"MnuCopy"_s, Texte::DocumentCopier, u"Copier"_s), &QAction::triggered, this,
-            &ZoneTexte::copie);
+            &ZoneTexte::copiedelafenetre);
     connect(entree(*menu_, u"MnuSelectAll"_s, Texte::DocumentToutSelectionner, u"sélectionnertout"_s),
             &QAction::triggered, this, &ZoneTexte::toutselectionner);
     menu_->addSeparator();

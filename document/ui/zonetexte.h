@@ -66,6 +66,7 @@ protected:
     bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
+    void copiedelafenetre();
     void montretitre(const QPoint& ou);
     void construitmenu();
     QAction* entree(QMenu& menu, const QString& nom, Texte texte, const QString& image) const;

@@ -6,6 +6,8 @@
 
 namespace velm {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr qint64 patience = 400; ///< milliseconds without a box
@@ -43,7 +45,7 @@ bool AvancementImpression::page(int faites, int toutes) {
 /// Nothing else can be done meanwhile: what is printed must stay as it is.
 void AvancementImpression::montre() {
     boite_ = new QProgressDialog(parent_());
-    boite_->setObjectName(QStringLiteral("avancement"));
+    boite_->setObjectName(u"avancement"_s);
     boite_->setWindowTitle(texte_(Texte::AvanceTitre));
     boite_->setCancelButtonText(texte_(Texte::Annuler));
     boite_->setWindowModality(Qt::ApplicationModal);

@@ -206,8 +206,7 @@ TEST_F(MenusTest, CtrlQAsksAndLeaves) {
 
 TEST_F(MenusTest, WhatIsNotBuiltYetStandsInItsPlaceAndIsOff) {
     demarre(QStringLiteral("CO1"));
-    for (const char* nom : {"Menu_MajNet", "mediteur", "moutils3", "mfichier2(0)", "mfichier2(2)", "mfichier2(3)",
-                            "maide0(1)", "mfichier0(0)"}) {
+    for (const char* nom : {"Menu_MajNet", "mediteur", "moutils3", "mfichier2(2)", "maide0(1)"}) {
         EXPECT_FALSE(entree(nom)->isEnabled()) << nom;
         EXPECT_FALSE(entree(nom)->text().isEmpty()) << nom;
     }
@@ -215,8 +214,9 @@ TEST_F(MenusTest, WhatIsNotBuiltYetStandsInItsPlaceAndIsOff) {
     EXPECT_TRUE(barreecran().isButtonEnabled(QStringLiteral("Index")));
     for (const char* cle : {"chrono", "numéro", "motclé"})
         EXPECT_TRUE(barrecommande().isButtonEnabled(QString::fromUtf8(cle))) << cle;
-    for (const char* cle : {"Imprimer", "imprimereject"})
-        EXPECT_FALSE(barrecommande().isButtonEnabled(QString::fromUtf8(cle))) << cle;
+    EXPECT_TRUE(barrecommande().isButtonEnabled(QStringLiteral("Imprimer")));
+    EXPECT_FALSE(barrecommande().isButtonEnabled(QStringLiteral("imprimereject"))) << "no job is open";
+    EXPECT_FALSE(barrecommande().isButtonVisible(QStringLiteral("imprimereject")));
     QMenu* ejections = barrecommande().menu(QStringLiteral("imprimereject"));
     ASSERT_NE(ejections, nullptr);
     emit ejections->aboutToShow();

@@ -187,7 +187,8 @@ TEST_F(LonguesListesTest, TheFrameCopiesAllRowsOfTheDatesInSlices) {
 
 TEST_F(LonguesListesTest, AListThatIsTooLongForPaperIsNotPrinted) {
     ouvrelindex();
-    actions().de(Ordre::Imprimer).trigger();
+    EXPECT_FALSE(actions().de(Ordre::Imprimer).isEnabled()) << "that command prints documents";
+    index().findChild<QAction*>(u"ContextMenuPrint"_s)->trigger();
     ASSERT_EQ(dialogues.messages.size(), 1U);
     const QLocale francais(QLocale::French);
     EXPECT_EQ(dialogues.messages[0].texte, mots(9573, {francais.toString(beaucoup), francais.toString(20'000)}));

@@ -246,13 +246,14 @@ TEST_F(FenetreListeTest, CopyingTakesAllRowsAndTheCopyKeyTheSelectedOnes) {
 }
 
 TEST_F(FenetreListeTest, PrintingAsksFirstAndTakesAllRows) {
-    fenetre->fait(Ordre::Imprimer);
+    QAction* const imprime = fenetre->findChild<QAction*>(u"ContextMenuPrint"_s);
+    imprime->trigger();
     EXPECT_TRUE(dialogues.messages.empty()) << "there is nothing to print";
     remplit();
     dialogues.answers = {Bouton::Non, Bouton::Oui};
-    fenetre->fait(Ordre::Imprimer);
+    imprime->trigger();
     EXPECT_TRUE(imprimante.tableaux.empty());
-    fenetre->findChild<QAction*>(u"ContextMenuPrint"_s)->trigger();
+    imprime->trigger();
     ASSERT_EQ(imprimante.tableaux.size(), 1U);
     EXPECT_EQ(imprimante.tableaux.front().title, u"t33");
     EXPECT_EQ(imprimante.tableaux.front().rows.count(u'\r'), beaucoup - 1);
@@ -301,8 +302,9 @@ TEST_F(FenetreListeTest, TheFrameIsToldWhatTheListCanDoAndWhenThatChanges) {
     }
     remplit(3);
     EXPECT_EQ(changements, 1);
-    for (const Ordre ordre : {Ordre::Copier, Ordre::ToutSelectionner, Ordre::Imprimer})
+    for (const Ordre ordre : {Ordre::Copier, Ordre::ToutSelectionner})
         EXPECT_TRUE(fenetre->peut(ordre));
+    EXPECT_FALSE(fenetre->peut(Ordre::Imprimer)) << "that command prints documents";
     EXPECT_FALSE(fenetre->peut(Ordre::Chercher));
     EXPECT_FALSE(fenetre->peut(Ordre::Quitter));
     fenetre->fait(Ordre::ToutSelectionner);

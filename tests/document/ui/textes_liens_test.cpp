@@ -253,6 +253,21 @@ TEST_F(LiensTextes, TheMenuOfAListOpensTheRowUnderThePointer) {
     EXPECT_EQ(fenetre.referencecourante(), u"CO000003");
 }
 
+TEST_F(LiensTextes, TheEntriesThatPrintAndSendTellTheFrame) {
+    Textes& fenetre = ouvre("CO000001");
+    std::vector<Ordre> dits;
+    QObject::connect(&fenetre, &Textes::sortie, &fenetre, [&](Ordre ordre) { dits.push_back(ordre); });
+    emit fenetre.vue().rightClicked(0, {10, 10});
+    for (const auto& nom : {u"MnuPrint"_s, u"MnuSend(0)"_s, u"MnuSend(1)"_s})
+        entree(fenetre, nom)->trigger();
+    for (const Ordre ordre : {Ordre::Enregistrer, Ordre::ImprimerPage, Ordre::ExporterPdf, Ordre::Quitter}) {
+        EXPECT_EQ(fenetre.peut(ordre), ordre != Ordre::Quitter);
+        fenetre.fait(ordre);
+    }
+    EXPECT_EQ(dits, (std::vector{Ordre::Imprimer, Ordre::EnvoyerTexte, Ordre::EnvoyerPiece, Ordre::Enregistrer,
+                                 Ordre::Imprimer, Ordre::ExporterPdf}));
+}
+
 TEST_F(LiensTextes, TheTextsMenuHoldsItsEntriesAndCopies) {
     Textes& fenetre = ouvre("CO000001");
     emit fenetre.vue().rightClicked(0, {10, 10});
@@ -260,10 +275,16 @@ TEST_F(LiensTextes, TheTextsMenuHoldsItsEntriesAndCopies) {
     ASSERT_NE(menu, nullptr);
     EVENTUALLY(menu->isVisible());
     menu->close();
-    for (const auto& nom : {u"MnuPrint"_s, u"MnuSend(0)"_s, u"MnuSend(1)"_s, u"MnuStore"_s}) {
+    for (const auto& nom : {u"MnuPrint"_s, u"MnuSend(0)"_s, u"MnuSend(1)"_s}) {
         ASSERT_NE(entree(fenetre, nom), nullptr) << nom.toStdString();
-        EXPECT_FALSE(entree(fenetre, nom)->isEnabled()) << nom.toStdString();
+        EXPECT_TRUE(entree(fenetre, nom)->isEnabled()) << nom.toStdString();
     }
+    ASSERT_NE(entree(fenetre, u"MnuStore"_s), nullptr);
+    EXPECT_FALSE(entree(fenetre, u"MnuStore"_s)->isEnabled()) << "there are no dossiers";
+    entree(fenetre, u"MnuCopy"_s)->trigger();
+    EXPECT_TRUE(banc->pressepapiers.contenu.rtf.startsWith("{\\rtf1"));
+    EXPECT_TRUE(banc->pressepapiers.contenu.texte.isEmpty()) << "without a selection all of it, as rich text alone";
+    EXPECT_TRUE(banc->pressepapiers.contenu.html.isEmpty());
     entree(fenetre, u"MnuSelectAll"_s)->trigger();
     EXPECT_EQ(fenetre.vue().selLength(), fenetre.vue().control().length());
     entree(fenetre, u"MnuCopy"_s)->trigger();

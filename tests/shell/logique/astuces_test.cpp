@@ -124,7 +124,7 @@ TEST_F(AstucesTest, LinesAreTakenAsTheyStand) {
 TEST_F(AstucesTest, ATipAboutWhatIsStillToComeIsNone) {
     tirages_ = {0.0, 0.99};
     Astuces a = astuces();
-    EXPECT_TRUE(a.loadtips(ecrit("[imprimereject] plus tard\r\n[Copier] copie\r\n[moutils3] plus tard\r\nfin\r\n")));
+    EXPECT_TRUE(a.loadtips(ecrit("[maide0(1)] plus tard\r\n[Copier] copie\r\n[moutils3] plus tard\r\nfin\r\n")));
     EXPECT_EQ(a.nombre(), 2);
     EXPECT_EQ(a.displaycurrenttip(), u"copie") << "the command's name is no part of the tip";
     a.nexttip();

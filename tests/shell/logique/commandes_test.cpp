@@ -144,7 +144,7 @@ TEST(CommandesTest, TheListsAreOpenedByCommandsThatStayDown) {
 }
 
 TEST(CommandesTest, WhatACommandNeedsIsKnownByItsNames) {
-    EXPECT_EQ(besoindunom(u"imprimereject"), Besoin::Attente);
+    EXPECT_EQ(besoindunom(u"imprimereject"), Besoin::Etat);
     EXPECT_EQ(besoindunom(u"maide0(1)"), Besoin::Attente) << "by its entry as well";
     EXPECT_EQ(besoindunom(u"Copier"), Besoin::Fenetre);
     EXPECT_EQ(besoindunom(u"CO"), Besoin::Rien);
