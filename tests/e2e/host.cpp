@@ -73,6 +73,7 @@ Demarrage Host::start() {
     options.dossierdonnees = QDir(folder()).filePath(u"donnees"_s);
     program_ = std::make_unique<Programme>(options, MondeExterieur{dialogues_, navigateur_, processus_, sablier_,
                                                                    pressepapiers_, courrier_, imprimante_, lecteurs_});
+    imprimante_.setMots([this] { return program_->motsdelimprimante(); });
     dialogues_.setCaptions([this](Bouton bouton) { return program_->libellebouton(bouton); });
     return program_->demarre();
 }

@@ -240,6 +240,9 @@ bool Guide::prepare(const QString& base) {
 bool Guide::start() {
     look::apply(*qApp, manner_.theme);
     host_->setSetting(u"LANGUE", u"EXTENSION", manner_.language);
+    // A print asks nothing and leaves its job open.
+    host_->setSetting(u"EDITEUR", u"CHOIXIMPRIMANTE", u"0"_s);
+    host_->setSetting(u"EDITEUR", u"EJECTIONAUTOMATIQUE", u"0"_s);
     return host_->start() == Demarrage::EnMarche && QTest::qWaitForWindowExposed(host_->frame());
 }
 

@@ -44,6 +44,9 @@ void chronology(Guide& guide);
 void numbers(Guide& guide);
 void keywords(Guide& guide);
 
+// ---- what leaves the program
+void printing(Guide& guide);
+
 // ---- what the user keeps
 void dossiers(Guide& guide);
 

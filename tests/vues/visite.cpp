@@ -37,10 +37,10 @@ QStringList walk(const Manner& manner, const Eye& eye) {
     firstStart(guide);
     if (!guide.host().frame())
         return {u"the frame"_s};
-    for (const auto station :
-         {&desk,       &firstClick, &documents,     &panels, &wordsInPanel, &links,         &finding,  &properties,
-          &searchForm, &results,    &listOfResults, &index,  &chronology,   &numbers,       &keywords, &dossiers,
-          &menus,      &popups,     &manyWindows,   &bars,   &smallWindows, &fileQuestions, &end})
+    for (const auto station : {&desk,       &firstClick,  &documents,  &panels,       &wordsInPanel,  &links,
+                               &finding,    &properties,  &searchForm, &results,      &listOfResults, &index,
+                               &chronology, &numbers,     &keywords,   &dossiers,     &printing,      &menus,
+                               &popups,     &manyWindows, &bars,       &smallWindows, &fileQuestions, &end})
         station(guide);
     return guide.missed();
 }
