@@ -32,12 +32,11 @@ constexpr double cent = 100;
 
 FrmApercu::FrmApercu(Reglages& reglages, Libelles texte, QWidget* parent)
     : QDialog(parent), reglages_(reglages), texte_(std::move(texte)), barre_(new Toolbar(this)),
-      vue_(new SheetsView(this)), page_(new QLabel(this)), zoom_(new QLabel(this)) {
+      page_(new QLabel(this)), zoom_(new QLabel(this)) {
     setObjectName(u"frmapercu"_s);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setWindowModality(Qt::WindowModal);
     setAttribute(Qt::WA_DeleteOnClose);
-    vue_->setObjectName(u"feuilles"_s);
     page_->setObjectName(u"page"_s);
     zoom_->setObjectName(u"zoom"_s);
     construit();
@@ -47,8 +46,11 @@ FrmApercu::FrmApercu(Reglages& reglages, Libelles texte, QWidget* parent)
 
 FrmApercu::~FrmApercu() = default;
 
+/// In the order of the Tab key.
 void FrmApercu::construit() {
     construitbarre();
+    vue_ = new SheetsView(this);
+    vue_->setObjectName(u"feuilles"_s);
     auto* haut = new QHBoxLayout;
     haut->setContentsMargins(look::spacing, look::grid, look::windowMargin, look::grid);
     haut->addWidget(barre_);
@@ -71,7 +73,7 @@ void FrmApercu::construit() {
     ajoute(u"exporter"_s, Texte::ApercuExporter, u"pdf"_s, &FrmApercu::exporter);
     ajoute(u"abandonner"_s, Texte::AbandonImpression, u"abandonner"_s, &FrmApercu::abandonner);
     bas->addStretch();
-    QPushButton* const imprime = ajoute(u"imprimer"_s, Texte::ApercuImprimer, u"Imprimer"_s, &FrmApercu::imprimer);
+    QPushButton* const imprime = ajoute(u"imprimer"_s, Texte::ApercuImprimer, {}, &FrmApercu::imprimer);
     imprime->setDefault(true);
     imprime->setShortcut(QKeySequence::Print);
     auto* fermer = new QPushButton(texte_(Texte::ProprietesFermer), this);

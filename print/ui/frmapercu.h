@@ -71,7 +71,7 @@ private:
     Actes actes_;
     JobPages pages_;
     Toolbar* barre_;
-    SheetsView* vue_;
+    SheetsView* vue_ = nullptr;
     QLabel* page_;
     QLabel* zoom_;
     bool complet_ = false; ///< all sheets are there

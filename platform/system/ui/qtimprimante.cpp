@@ -45,8 +45,7 @@ void peint(QPrinter& imprimante, const JobPages& pages, const Imprimante::Avance
     QPainter peintre;
     if (!peintre.begin(&imprimante))
         throw PrintFailure("the printer takes no job");
-    peintre.scale(imprimante.logicalDpiX() / twipsPerInch, imprimante.logicalDpiY() / twipsPerInch);
-    peintre.translate(pages.offsetX, pages.offsetY);
+    entwips(peintre, imprimante, pages);
     PagePainter page(pages);
     for (std::size_t i = 0; i < pages.pages.size(); ++i) {
         if (avance && !avance(static_cast<int>(i))) {
@@ -62,6 +61,11 @@ void peint(QPrinter& imprimante, const JobPages& pages, const Imprimante::Avance
 }
 
 } // namespace
+
+void entwips(QPainter& peintre, const QPaintDevice& papier, const JobPages& pages) {
+    peintre.scale(double(papier.logicalDpiX()) / twipsPerInch, double(papier.logicalDpiY()) / twipsPerInch);
+    peintre.translate(pages.offsetX, pages.offsetY);
+}
 
 PrintDevice::Sheet feuillede(const QPrinter& imprimante) {
     QPageLayout papier = imprimante.pageLayout();
@@ -135,7 +139,7 @@ bool QtImprimante::imprime(const PaperTable& liste) {
 void QtImprimante::configure() {
     QPrintDialog dialogue(&imprimante(), QApplication::activeWindow());
     dialogue.setWindowTitle(mots().configuration);
-    dialogue.setOptions(QAbstractPrintDialog::PrintShowPageSize);
+    dialogue.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
     if (auto* boutons = dialogue.findChild<QDialogButtonBox*>()) {
         if (QPushButton* valider = boutons->button(QDialogButtonBox::Ok); valider && !mots().valider.isEmpty())
             valider->setText(mots().valider);

@@ -6,6 +6,8 @@
 
 #include <memory>
 
+class QPaintDevice;
+class QPainter;
 class QPrinter;
 
 namespace velm {
@@ -46,6 +48,8 @@ private:
 
 /// The paper of a printer, in twips.
 PrintDevice::Sheet feuillede(const QPrinter& imprimante);
+/// From now on the painter, which paints on this paper, counts in twips from the corner of what can be printed.
+void entwips(QPainter& peintre, const QPaintDevice& papier, const JobPages& pages);
 /// Prints on it, or writes its file. Throws PrintFailure.
 void imprimesur(QPrinter& imprimante, const JobPages& pages, const QString& titre, const QString& langue,
                 const Imprimante::Avance& avance);

@@ -38,7 +38,7 @@ SheetsView::~SheetsView() = default;
 QSizeF SheetsView::sheetSize() const {
     if (job_ == nullptr)
         return {1, 1};
-    return QSizeF(job_->width, job_->height) * (logicalDpiX() / twipsPerInch);
+    return QSizeF(job_->width, job_->height) * (double(logicalDpiX()) / twipsPerInch);
 }
 
 void SheetsView::setJob(const JobPages* job) {
@@ -207,7 +207,7 @@ void SheetsView::changeEvent(QEvent* event) {
 }
 
 void SheetsView::walk(int rows) {
-    showSheet(std::clamp(current() + rows * rows_.columns(), 0, rows_.count() - 1));
+    showSheet(current() + rows * rows_.columns());
 }
 
 void SheetsView::keyPressEvent(QKeyEvent* event) {

@@ -1,9 +1,11 @@
 // The printer, which is a file here.
-#include "platform/paper/jobpages.h"
+#include "platform/paper/pagepainter.h"
 #include "platform/system/ui/qtimprimante.h"
 
 #include <QFile>
+#include <QImage>
 #include <QPageLayout>
+#include <QPainter>
 #include <QPrinter>
 #include <QTemporaryDir>
 
@@ -71,6 +73,26 @@ TEST_F(ImprimanteQtTest, ThePaperIsToldInTwips) {
     imprimante.setPageOrientation(QPageLayout::Landscape);
     EXPECT_EQ(feuillede(imprimante).width, droite.height);
     EXPECT_EQ(feuillede(imprimante).height, droite.width);
+}
+
+TEST_F(ImprimanteQtTest, PagesArePaintedInTheSizeOfThePaperBehindWhatCannotBePrinted) {
+    JobPages une;
+    une.offsetX = 720; // half an inch
+    une.offsetY = 1440;
+    une.pages.emplace_back();
+    une.pages[0].fills.push_back({{1440, 1440, 1440, 1440}, 0xFF000000, false});
+    QImage papier(500, 500, QImage::Format_RGB32);
+    papier.setDotsPerMeterX(3937); // 100 to the inch
+    papier.setDotsPerMeterY(3937);
+    papier.fill(Qt::white);
+    {
+        QPainter peintre(&papier);
+        entwips(peintre, papier, une);
+        PagePainter(une).paint(peintre, 0);
+    }
+    const auto noir = [&](int x, int y) { return qGray(papier.pixel(x, y)) < 128; };
+    EXPECT_TRUE(noir(155, 205) && noir(245, 295));
+    EXPECT_FALSE(noir(145, 205) || noir(155, 195) || noir(255, 295) || noir(245, 305));
 }
 
 TEST_F(ImprimanteQtTest, WithoutAPrinterAJobIsAFailureAndAListComesToNothing) {
