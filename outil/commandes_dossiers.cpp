@@ -3,7 +3,7 @@
 #include "core/schemas.h"
 #include "core/texte.h"
 #include "dossiers/echangedossiers.h"
-#include "dossiers/lignesdossiers.h"
+#include "outil/atelier.h"
 #include "outil/sortie.h"
 #include "platform/system/files.h"
 
@@ -18,19 +18,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QString chemindossiers(const Contexte& contexte) {
-    const QString chemin = contexte.valeur(u"--dossiers"_s);
-    return chemin.isEmpty() ? joinPath(contexte.dossierprogramme(), Magasin::nomfichier) : chemin;
-}
-
-/// What cannot be read, or is damaged.
-int echouemagasin(Contexte& contexte, Texte lequel, const EchecEcriture& echec) {
-    const QString chemin = chemindossiers(contexte);
-    if (echec.obstacle == Obstacle::Damaged)
-        return contexte.echoue(Echec, Texte::MagasinEndommage, {chemin});
-    return contexte.echouefichier(lequel, chemin, echec.obstacle, echec.mots);
-}
-
 void ecritjson(const Contexte& contexte, const QJsonObject& objet) {
     contexte.ecrit(QJsonDocument(objet).toJson(QJsonDocument::Indented));
 }
@@ -38,26 +25,6 @@ void ecritjson(const Contexte& contexte, const QJsonObject& objet) {
 void etiquette(Contexte& contexte, Texte libelle, const QString& valeur) {
     contexte.ligne(contexte.texte(Texte::LigneEtiquetee, {contexte.texte(libelle), valeur}));
 }
-
-/// The store as the window has it, without a window.
-class Atelier {
-public:
-    explicit Atelier(Contexte& contexte)
-        : arbre(magasin, noeuds, sablier_, contexte.texte(Texte::MesDossiers)),
-          contenu(magasin, elements, contexte.texte(Texte::MotExtrait)) {
-        magasin.ouvremagasin(chemindossiers(contexte));
-    }
-
-private:
-    SablierMuet sablier_;
-
-public:
-    Magasin magasin;
-    TreeNodes noeuds;
-    ListItems elements;
-    ArbreDossiers arbre;
-    ContenuDossier contenu;
-};
 
 /// To look into, beside a reader that may hold it. Nothing, and told, where that cannot be.
 std::unique_ptr<Database> ouvrelecture(Contexte& contexte) {
@@ -68,12 +35,6 @@ std::unique_ptr<Database> ouvrelecture(Contexte& contexte) {
     if (!ouverte.database)
         echouemagasin(contexte, Texte::FichierIllisible, {ouverte.obstacle, ouverte.message});
     return std::move(ouverte.database);
-}
-
-std::optional<LigneDossier> dossiernumero(Database& base, qint64 numero) {
-    const std::vector<LigneDossier> lignes = lignesdesdossiers(base);
-    const auto ligne = std::ranges::find(lignes, numero, &LigneDossier::numero);
-    return ligne == lignes.end() ? std::nullopt : std::optional(*ligne);
 }
 
 /// What a repair did, or would do.

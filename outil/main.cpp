@@ -7,11 +7,13 @@
 #include "outil/sortie.h"
 #include "platform/base/failure.h"
 #include "platform/system/files.h"
+#include "platform/typeset/headless.h"
 
 #include <QCoreApplication>
 
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 using namespace velm;
 using namespace Qt::Literals::StringLiterals;
@@ -46,10 +48,17 @@ int lancesansdeborder(outil::Contexte& contexte, const QStringList& ligne) {
     }
 }
 
+/// Pages are set with fonts, which need more of the toolkit than other commands, but no display.
+std::unique_ptr<QCoreApplication> lapplication(int& argc, char** argv) {
+    if (argc < 2 || QByteArrayView(argv[1]) != "pdf")
+        return std::make_unique<QCoreApplication>(argc, argv);
+    return headlessApplication(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = lapplication(argc, argv);
     const QString dossier = QCoreApplication::applicationDirPath();
     QStringList manquants;
     Langue langue([&](const QString& numero) { manquants.append(numero); });

@@ -83,5 +83,6 @@ int motcle(Contexte& contexte);
 int cv2(Contexte& contexte);
 int rtf(Contexte& contexte);
 int formats(Contexte& contexte);
+int pdf(Contexte& contexte);
 
 } // namespace velm::outil

@@ -1,27 +1,15 @@
 #include "print/impressiondossier.h"
 
-#include "document/affichage.h"
-#include "document/listesliens.h"
 #include "dossiers/avisdossiers.h"
 #include "dossiers/cleelement.h"
 #include "dossiers/libellecompte.h"
+#include "print/documentcharge.h"
 #include "print/gardeimpression.h"
 
 #include <algorithm>
 
 namespace velm {
 namespace {
-
-/// What is never shown, and holds the document that is being printed.
-class DocumentCache final : public FormulaireRiche {
-public:
-    RichTextControl& rtfRichTextBox1() override { return controle_; }
-    ListesLiens* listes() override { return &liens_; }
-
-private:
-    RichTextControl controle_;
-    ListesLiens liens_;
-};
 
 /// What of a document is printed.
 struct Passage {
@@ -75,25 +63,16 @@ bool ImpressionDossier::choisit() const {
     return donnees_.dialogue.demande({}) != ReponseImpression::Annule;
 }
 
-QString ImpressionDossier::titrede(const Cle& document) const {
-    const auto notice = donnees_.corpus.document(document);
-    return notice ? notice->titre : QString();
-}
-
 void ImpressionDossier::imprimeelements(const QString& nom, const QStringList& cles) {
-    DocumentCache cache;
-    RichTextControl& controle = cache.rtfRichTextBox1();
-    SourceCorpus source(donnees_.corpus);
+    DocumentCharge charge({donnees_.corpus, donnees_.styles, donnees_.sablier});
     for (const QString& cle : cles) {
-        const std::optional<QByteArray> corps = donnees_.corpus.corps(documentdelacle(cle));
-        if (!corps)
+        if (!charge.charge(documentdelacle(cle)))
             continue;
-        controle.setTextRtf(*corps);
-        chargecontenu(cache, false, {donnees_.styles, source, donnees_.sablier});
-        const Passage passage = passagede(cle, controle.length());
+        const DocumentImprime document = charge.document();
+        const Passage passage = passagede(cle, document.rtf.length());
         if (donnees_.annonce)
-            donnees_.annonce(titrede(documentdelacle(cle)), cache.listes());
-        donnees_.impression.imprimerrichtextdossier(controle, nom, passage.debut, passage.fin);
+            donnees_.annonce(document.titre, document.liens);
+        donnees_.impression.imprimerrichtextdossier(document.rtf, nom, passage.debut, passage.fin);
     }
     donnees_.impression.terminetravaildossier(nom);
 }

@@ -44,7 +44,6 @@ private:
     bool veutimprimer(const QString& nom) const;
     bool veutterminer() const;
     bool choisit() const;
-    QString titrede(const Cle& document) const;
     void imprimeelements(const QString& nom, const QStringList& cles);
 
     Donnees donnees_;
