@@ -43,24 +43,36 @@ PdfFont::PdfFont(const QRawFont& font, int number) : font_(font), number_(number
     unitsPerEm_ = std::max(1, static_cast<int>(hb_face_get_upem(face_)));
     hb_ = hb_font_create(face_);
     hb_font_set_scale(hb_, unitsPerEm_, unitsPerEm_);
+    letters_ = hb_buffer_create();
+    has_.resize(0x10000, -1);
 }
 
 PdfFont::~PdfFont() {
+    hb_buffer_destroy(letters_);
     hb_font_destroy(hb_);
     hb_face_destroy(face_);
 }
 
+bool PdfFont::has(char32_t letter) {
+    if (letter >= has_.size())
+        return font_.supportsCharacter(letter);
+    signed char& known = has_[letter];
+    if (known < 0)
+        known = font_.supportsCharacter(letter) ? 1 : 0;
+    return known > 0;
+}
+
 std::vector<PdfFont::Glyph> PdfFont::shape(QStringView text) {
-    std::unique_ptr<hb_buffer_t, decltype(&hb_buffer_destroy)> buffer(hb_buffer_create(), &hb_buffer_destroy);
+    hb_buffer_clear_contents(letters_);
     const auto* units = reinterpret_cast<const std::uint16_t*>(text.utf16());
     const int length = static_cast<int>(text.size());
-    hb_buffer_add_utf16(buffer.get(), units, length, 0, length);
-    hb_buffer_guess_segment_properties(buffer.get());
-    hb_shape(hb_, buffer.get(), nullptr, 0);
+    hb_buffer_add_utf16(letters_, units, length, 0, length);
+    hb_buffer_guess_segment_properties(letters_);
+    hb_shape(hb_, letters_, nullptr, 0);
     unsigned count = 0;
-    const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer.get(), &count);
-    const hb_glyph_position_t* places = hb_buffer_get_glyph_positions(buffer.get(), &count);
-    const bool leftward = HB_DIRECTION_IS_BACKWARD(hb_buffer_get_direction(buffer.get()));
+    const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(letters_, &count);
+    const hb_glyph_position_t* places = hb_buffer_get_glyph_positions(letters_, &count);
+    const bool leftward = HB_DIRECTION_IS_BACKWARD(hb_buffer_get_direction(letters_));
     const auto scaled = [this](int units_) {
         return static_cast<int>(std::lround(double(units_) * thousand / unitsPerEm_));
     };
@@ -81,21 +93,23 @@ std::vector<PdfFont::Glyph> PdfFont::shape(QStringView text) {
                     break;
                 }
         const QStringView letters = first && to > from ? text.sliced(from, to - from) : QStringView();
-        note(id, letters);
-        glyphs.push_back({id, scaled(places[i].x_advance), widths_[id], scaled(places[i].x_offset), letters == u" "});
+        glyphs.push_back(
+            {id, scaled(places[i].x_advance), note(id, letters), scaled(places[i].x_offset), letters == u" "});
     }
     return glyphs;
 }
 
-void PdfFont::note(std::uint32_t glyph, QStringView letters) {
-    const auto known = used_.find(glyph);
-    if (known == used_.end()) {
-        used_.emplace(glyph, letters.toString());
-        widths_[glyph] =
-            static_cast<int>(std::lround(double(hb_font_get_glyph_h_advance(hb_, glyph)) * thousand / unitsPerEm_));
-    } else if (known->second.isEmpty()) {
-        known->second = letters.toString();
-    }
+/// The glyph's own width.
+int PdfFont::note(std::uint32_t glyph, QStringView letters) {
+    if (glyph >= used_.size())
+        used_.resize(glyph + 1);
+    Use& use = used_[glyph];
+    if (use.width < 0)
+        use.width = std::max(
+            0, static_cast<int>(std::lround(double(hb_font_get_glyph_h_advance(hb_, glyph)) * thousand / unitsPerEm_)));
+    if (use.letters.isEmpty())
+        use.letters = letters.toString();
+    return use.width;
 }
 
 QByteArray PdfFont::subset() const {
@@ -103,8 +117,10 @@ QByteArray PdfFont::subset() const {
                                                                                  &hb_subset_input_destroy);
     if (!input)
         return {};
-    for (const auto& [glyph, letters] : used_)
-        hb_set_add(hb_subset_input_glyph_set(input.get()), glyph);
+    for (std::size_t glyph = 0; glyph < used_.size(); ++glyph) {
+        if (used_[glyph].width >= 0)
+            hb_set_add(hb_subset_input_glyph_set(input.get()), static_cast<hb_codepoint_t>(glyph));
+    }
     for (const char* table : {"GSUB", "GPOS", "GDEF", "kern", "name", "post", "OS/2", "DSIG", "FFTM", "cmap"})
         hb_set_add(hb_subset_input_set(input.get(), HB_SUBSET_SETS_DROP_TABLE_TAG), hb_tag_from_string(table, 4));
     hb_subset_input_set_flags(input.get(), HB_SUBSET_FLAGS_RETAIN_GIDS | HB_SUBSET_FLAGS_NO_HINTING);
@@ -130,10 +146,10 @@ QByteArray PdfFont::toUnicode() const {
         block.clear();
         count = 0;
     };
-    for (const auto& [glyph, letters] : used_) {
-        if (letters.isEmpty())
+    for (std::size_t glyph = 0; glyph < used_.size(); ++glyph) {
+        if (used_[glyph].letters.isEmpty())
             continue;
-        block += '<' + hex(glyph, 4) + "> <" + utf16(letters) + ">\n";
+        block += '<' + hex(static_cast<std::uint32_t>(glyph), 4) + "> <" + utf16(used_[glyph].letters) + ">\n";
         if (++count == most)
             close();
     }
@@ -183,8 +199,10 @@ std::string PdfFont::embed(PdfObjects& objects) const {
     const bool outlines = font_.fontTable("glyf").isEmpty();
     const std::string name = postScriptName().toStdString();
     std::string widths;
-    for (const auto& [glyph, width] : widths_)
-        widths += std::to_string(glyph) + " [" + std::to_string(width) + "] ";
+    for (std::size_t glyph = 0; glyph < used_.size(); ++glyph) {
+        if (used_[glyph].width >= 0)
+            widths += std::to_string(glyph) + " [" + std::to_string(used_[glyph].width) + "] ";
+    }
     const int described = objects.add(descriptor(objects, subset(), outlines));
     const int part =
         objects.add(std::string("<< /Type /Font /Subtype ") +

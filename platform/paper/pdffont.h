@@ -4,13 +4,13 @@
 #include <QRawFont>
 #include <QString>
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 struct hb_font_t;
 struct hb_face_t;
+struct hb_buffer_t;
 
 namespace velm {
 
@@ -37,13 +37,14 @@ public:
     /// What a page's resources call it.
     QByteArray name() const { return "F" + QByteArray::number(number_); }
     const QRawFont& raw() const { return font_; }
+    bool has(char32_t letter);
     /// The glyphs of letters that this font has, from left to right; they are in use from now on.
     std::vector<Glyph> shape(QStringView text);
     /// The font's dictionary, with what is in use. Throws what the objects throw.
     std::string embed(PdfObjects& objects) const;
 
 private:
-    void note(std::uint32_t glyph, QStringView letters);
+    int note(std::uint32_t glyph, QStringView letters);
     QByteArray subset() const;
     QByteArray toUnicode() const;
     QByteArray postScriptName() const;
@@ -53,9 +54,14 @@ private:
     int number_;
     hb_face_t* face_ = nullptr;
     hb_font_t* hb_ = nullptr;
+    hb_buffer_t* letters_ = nullptr; ///< that are shaped
     int unitsPerEm_ = 1000;
-    std::map<std::uint32_t, QString> used_; ///< glyphs, with the letters that they stand for
-    std::map<std::uint32_t, int> widths_;   ///< in thousandths
+    struct Use {
+        QString letters; ///< that the glyph stands for
+        int width = -1;  ///< in thousandths; less than none: not in use
+    };
+    std::vector<Use> used_;        ///< by glyph
+    std::vector<signed char> has_; ///< by letter: 1, 0, or -1 where it was not asked for yet
 };
 
 } // namespace velm

@@ -1,6 +1,8 @@
 #include "platform/paper/pdfobjects.h"
 
 #include <qpdf/Buffer.hh>
+#include <qpdf/Pl_Buffer.hh>
+#include <qpdf/Pl_Flate.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 #include <qpdf/QPDFWriter.hh>
@@ -22,10 +24,16 @@ int PdfObjects::add(const std::string& words) {
 }
 
 int PdfObjects::addStream(const std::string& dictionary, const std::string& bytes) {
-    QPDFObjectHandle stream = QPDFObjectHandle::newStream(&file_->pdf, bytes);
+    // Compressed at once: a long job's file is never held as it is spoken.
+    Pl_Buffer packed("packed");
+    Pl_Flate flate("flate", &packed, Pl_Flate::a_deflate);
+    flate.write(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
+    flate.finish();
+    QPDFObjectHandle stream = QPDFObjectHandle::newStream(&file_->pdf, packed.getBufferSharedPointer());
     QPDFObjectHandle described = QPDFObjectHandle::parse(&file_->pdf, dictionary);
     for (const std::string& key : described.getKeys())
         stream.getDict().replaceKey(key, described.getKey(key));
+    stream.getDict().replaceKey("/Filter", QPDFObjectHandle::newName("/FlateDecode"));
     return file_->pdf.makeIndirectObject(stream).getObjectID();
 }
 

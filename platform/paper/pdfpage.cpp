@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace velm {
 
@@ -25,14 +26,13 @@ QByteArray numbers(std::initializer_list<double> values) {
     return all;
 }
 
-bool has(const QRawFont& font, QStringView letters) {
-    const auto points = letters.toUcs4();
-    return std::ranges::all_of(points, [&](uint point) { return font.supportsCharacter(point); });
+char32_t code(QStringView letter) {
+    return letter.size() == 2 ? QChar::surrogateToUcs4(letter[0], letter[1]) : letter[0].unicode();
 }
 
 /// The next letter of a text, in one or two units.
 qsizetype letterAt(QStringView text, qsizetype at) {
-    return text[at].isHighSurrogate() && at + 1 < text.size() ? 2 : 1;
+    return text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate() ? 2 : 1;
 }
 
 } // namespace
@@ -46,15 +46,15 @@ PdfFont* PdfFonts::of(const QRawFont& raw) {
 }
 
 /// Fonts are taken in one size, so that a family in two sizes is embedded once.
-const QRawFont& PdfFonts::main(const JobStyle& style) {
+PdfFont* PdfFonts::main(const JobStyle& style) {
     JobStyle plain = style;
     plain.points = emUnits / twipsPerPoint;
     plain.underline = plain.strike = false;
     plain.colour = 0;
-    const auto known = std::ranges::find(mains_, plain, &std::pair<JobStyle, QRawFont>::first);
+    const auto known = std::ranges::find(mains_, plain, &std::pair<JobStyle, PdfFont*>::first);
     if (known != mains_.end())
         return known->second;
-    return mains_.emplace_back(plain, QRawFont::fromFont(jobFont(plain))).second;
+    return mains_.emplace_back(plain, of(QRawFont::fromFont(jobFont(plain)))).second;
 }
 
 /// The font by which the toolkit shows letters that the main one lacks.
@@ -70,18 +70,19 @@ QRawFont PdfFonts::standingIn(const JobStyle& style, const QString& letters) con
 }
 
 std::vector<PdfFonts::Piece> PdfFonts::pieces(const JobStyle& style, QStringView text) {
-    const QRawFont font = main(style);
-    if (has(font, text))
-        return {{of(font), text.toString()}};
+    PdfFont* const font = main(style);
     std::vector<Piece> pieces;
+    qsizetype begin = 0;
     for (qsizetype at = 0; at < text.size();) {
         const qsizetype units = letterAt(text, at);
         const QStringView letter = text.sliced(at, units);
-        PdfFont* const here = of(has(font, letter) ? font : standingIn(style, letter.toString()));
-        if (pieces.empty() || pieces.back().font != here)
+        PdfFont* const here = font->has(code(letter)) ? font : of(standingIn(style, letter.toString()));
+        if (pieces.empty() || pieces.back().font != here) {
             pieces.push_back({here, {}});
-        pieces.back().text += letter;
+            begin = at;
+        }
         at += units;
+        pieces.back().text = text.sliced(begin, at - begin);
     }
     return pieces;
 }
@@ -103,7 +104,9 @@ void PdfPage::colour(QRgb colour) {
 }
 
 QByteArray PdfPage::content(const JobPage& page) {
-    words_.clear();
+    constexpr qsizetype usual = 32'768;
+    words_ = {};
+    words_.reserve(usual);
     used_.clear();
     pictures_.clear();
     font_ = nullptr;
@@ -121,7 +124,7 @@ QByteArray PdfPage::content(const JobPage& page) {
         if (style.underline || style.strike)
             lines(one, style, *fonts_.pieces(style, job_.text(one).first(1)).front().font);
     }
-    return words_;
+    return std::move(words_);
 }
 
 void PdfPage::fill(const JobFill& fill) {
@@ -189,7 +192,8 @@ void PdfPage::letters(const std::vector<PdfFont::Glyph>& glyphs, double stretch)
     };
     for (const PdfFont::Glyph& glyph : glyphs) {
         off = move(off - glyph.x);
-        words_ += QByteArray::number(glyph.id, 16).rightJustified(4, '0');
+        for (int shift = 12; shift >= 0; shift -= 4)
+            words_ += "0123456789abcdef"[glyph.id >> shift & 0xF];
         off += glyph.x + glyph.natural - glyph.advance - (glyph.blank ? stretch : 0);
     }
     words_ += ">]TJ\n";

@@ -16,19 +16,19 @@ class PdfFonts {
 public:
     struct Piece {
         PdfFont* font = nullptr;
-        QString text;
+        QStringView text;
     };
-    /// The letters of a style parted by the font that has them.
+    /// The letters of a style parted by the font that has them; the text outlives the pieces.
     std::vector<Piece> pieces(const JobStyle& style, QStringView text);
     const std::vector<std::unique_ptr<PdfFont>>& all() const { return fonts_; }
 
 private:
     PdfFont* of(const QRawFont& raw);
-    const QRawFont& main(const JobStyle& style);
+    PdfFont* main(const JobStyle& style);
     QRawFont standingIn(const JobStyle& style, const QString& letters) const;
 
     std::vector<std::unique_ptr<PdfFont>> fonts_;
-    std::vector<std::pair<JobStyle, QRawFont>> mains_;
+    std::vector<std::pair<JobStyle, PdfFont*>> mains_;
 };
 
 class PdfPage {

@@ -23,6 +23,13 @@ double mainHeight(const ShownText& shown) {
     return std::clamp(shown.mainFormat().size, 12, 96) / 144.0 * SetDocument::dpi;
 }
 
+/// The lines, and the letters that were kept for them.
+void forget(QTextLayout& lines) {
+    lines.clearLayout();
+    lines.setCacheEnabled(false);
+    lines.setText({}); // a block has its own; what was shaped goes
+}
+
 } // namespace
 
 /// Gives the fonts their device and the pictures their room; it paints nothing.
@@ -73,7 +80,8 @@ SetDocument::Block SetDocument::block(int number) {
     const QTextBlock block = document_.findBlockByNumber(number);
     if (number != current_) {
         if (current_ >= 0)
-            document_.findBlockByNumber(current_).layout()->clearLayout();
+            forget(*document_.findBlockByNumber(current_).layout());
+        block.layout()->setCacheEnabled(true); // places are asked for: the letters are shaped once
         height_ = setter_.set(*block.layout(), number, work_);
         current_ = number;
     }
