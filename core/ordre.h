@@ -14,6 +14,7 @@ enum class Ordre : std::uint8_t {
     Imprimer,
     ExporterPdf,
     Copier,
+    CopierReference, ///< with a line that says where it is from
     ToutSelectionner,
     Chercher, ///< by the find dialog
 

@@ -157,6 +157,11 @@ inline constexpr Serie<ReglageTexte> styletabulations{{{u"EDITEUR", u"STYLE##-TA
 /// 1 for a style of the condensed list, 0 for another, 2 where nobody has chosen.
 inline constexpr Serie<ReglageEntier> styleabc{{{u"EDITEUR", u"STYLE##-ABC"}, 2, Maitre::Oui, bornes16}};
 
+/// The line that is copied with a passage: {article}, {titre}, {collection}, {source}, {date} and {clé} stand for what
+/// the document has of these.
+inline constexpr ReglageTexte citation{
+    {u"EDITEUR", u"CITATION"}, u"{article}, {titre}, {collection}, {source}, {date} (réf. {clé})", Maitre::Oui};
+
 // ---- the preview of what is printed
 inline constexpr ReglageLibre apercularge{{u"POSITIONFORME", u"APERCUWIDTH"}, 0};
 inline constexpr ReglageLibre apercuhaut{{u"POSITIONFORME", u"APERCUHEIGHT"}, 0};

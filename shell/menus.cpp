@@ -82,7 +82,7 @@ void MenusEcran::menufichier() {
 void MenusEcran::menuedition() {
     QMenu& edition = menu(u"medition"_s, Texte::MenuEdition);
     desdocuments_ << edition.menuAction();
-    remplit(edition, {Ordre::Copier, Ordre::ToutSelectionner, Ordre::Chercher});
+    remplit(edition, {Ordre::Copier, Ordre::CopierReference, Ordre::ToutSelectionner, Ordre::Chercher});
 }
 
 void MenusEcran::menuaffichage() {

@@ -256,12 +256,15 @@ bool Textes::peut(Ordre ordre) const {
     if (ordre == Ordre::Ranger)
         return zone_->peutranger();
     return zone_->lecture().menusactifs() &&
-           (ordre == Ordre::Copier || ordre == Ordre::ToutSelectionner || ordre == Ordre::Chercher || sortant(ordre));
+           (ordre == Ordre::Copier || ordre == Ordre::CopierReference || ordre == Ordre::ToutSelectionner ||
+            ordre == Ordre::Chercher || sortant(ordre));
 }
 
 void Textes::fait(Ordre ordre) {
     if (ordre == Ordre::Copier)
         zone_->copie();
+    else if (ordre == Ordre::CopierReference)
+        zone_->copieavecreference();
     else if (ordre == Ordre::ToutSelectionner)
         zone_->toutselectionner();
     else if (ordre == Ordre::Ranger)

@@ -1,6 +1,10 @@
 #include "document/ui/zonetexte.h"
 
+#include "core/cle.h"
+#include "core/dates.h"
+#include "core/tablereglages.h"
 #include "core/texte.h"
+#include "document/citation.h"
 #include "document/ui/barretextes.h"
 #include "document/ui/frmproperties.h"
 #include "document/ui/listedeliens.h"
@@ -44,6 +48,37 @@ void ZoneTexte::copie() {
     contexte_.pressepapiers.pose({richPlain(controle.richText(), debut, longueur),
                                   richHtml(controle.richText(), debut, longueur),
                                   tout ? controle.textRtf() : controle.selRtf()});
+}
+
+QString ZoneTexte::reference(qsizetype debut, qsizetype longueur) const {
+    const ContexteLecture& besoins = contexte_.lecture;
+    const DocumentAffiche& document = lecture_->document();
+    ElementsCitation elements;
+    elements.article = articlescites(vue().control().text(), debut, longueur, besoins.texte);
+    elements.titre = document.titre;
+    elements.collection = besoins.libelle(indicedetype(lecture_->cle().code));
+    elements.source = document.Source;
+    elements.date = dateecrite(document.datetext, besoins.texte);
+    elements.cle = lecture_->referencecourante();
+    return citation(contexte_.reglages.lit(reglage::citation), elements);
+}
+
+void ZoneTexte::copieavecreference() {
+    const RichTextControl& controle = vue().control();
+    if (controle.length() == 0)
+        return;
+    const bool tout = controle.selLength() == 0;
+    const qsizetype debut = tout ? 0 : controle.selStart();
+    const qsizetype longueur = tout ? controle.length() : controle.selLength();
+    RichText passage = controle.richText().copy(debut, longueur);
+    const FormatId lettres = passage.intern(CharFormat());
+    const FormatId paragraphe = passage.intern(ParaFormat());
+    // A passage that ends inside of a paragraph has that paragraph's end before the line.
+    if (!passage.text().endsWith(u"\r\n"))
+        passage.append(u"\r\n", lettres, paragraphe);
+    passage.append(reference(debut, longueur), lettres, paragraphe);
+    contexte_.pressepapiers.pose(
+        {richPlain(passage, 0, passage.length()), richHtml(passage, 0, passage.length()), writeRtf(passage)});
 }
 
 /// The window's own entry differs from the frame's command where nothing is selected: all of it goes as rich text
@@ -157,6 +192,8 @@ void ZoneTexte::construitmenu() {
             &ZoneTexte::copiedelafenetre);
     connect(entree(*menu_, u"MnuSelectAll"_s, Texte::DocumentToutSelectionner, u"sélectionnertout"_s),
             &QAction::triggered, this, &ZoneTexte::toutselectionner);
+    connect(entree(*menu_, u"MnuCopyReference"_s, Texte::DocumentCopierReference, u"copierréférence"_s),
+            &QAction::triggered, this, &ZoneTexte::copieavecreference);
     menu_->addSeparator();
     const auto sort = [this](QAction* entree, Ordre ordre) {
         connect(entree, &QAction::triggered, this, [this, ordre] { emit sortie(ordre); });
@@ -187,6 +224,7 @@ void ZoneTexte::montremenu(const QPoint& ou) {
     const auto celle = [this](const QString& nom) { return menu_->findChild<QAction*>(nom); };
     const bool possible = lecture_->menusactifs() && vue().control().length() > 0;
     celle(u"MnuCopy"_s)->setEnabled(possible);
+    celle(u"MnuCopyReference"_s)->setEnabled(possible);
     celle(u"MnuSelectAll"_s)->setEnabled(possible);
     for (const QString& nom : {u"MnuPrint"_s, u"MnuSend(0)"_s, u"MnuSend(1)"_s})
         celle(nom)->setEnabled(lecture_->menusactifs());

@@ -37,6 +37,8 @@ public:
 
     /// The selection, or the whole rich text when nothing is selected, on the clipboard; nothing of an empty text.
     void copie();
+    /// The same with a line behind it that says where it is from.
+    void copieavecreference();
     void toutselectionner();
     /// Hands the document, or the selected part of it, on to the dossiers.
     void range();
@@ -66,6 +68,7 @@ protected:
     bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
+    QString reference(qsizetype debut, qsizetype longueur) const;
     void copiedelafenetre();
     void montretitre(const QPoint& ou);
     void construitmenu();

@@ -253,6 +253,27 @@ TEST_F(LiensTextes, TheMenuOfAListOpensTheRowUnderThePointer) {
     EXPECT_EQ(fenetre.referencecourante(), u"CO000003");
 }
 
+TEST_F(LiensTextes, APassageIsCopiedWithItsReferenceInAllForms) {
+    Textes& fenetre = ouvre("CO000001");
+    fenetre.vue().setSelStart(0);
+    fenetre.vue().setSelLength(4);
+    ASSERT_TRUE(fenetre.peut(Ordre::CopierReference));
+    fenetre.fait(Ordre::CopierReference);
+    const ContenuPressePapiers& contenu = banc->pressepapiers.contenu;
+    EXPECT_TRUE(contenu.texte.startsWith(u"Voir\n"_s)) << contenu.texte.toStdString();
+    EXPECT_TRUE(contenu.texte.contains(u"CO000001"_s));
+    EXPECT_TRUE(contenu.html.contains(u"Voir"_s) && contenu.html.contains(u"CO000001"_s));
+    EXPECT_TRUE(contenu.html.trimmed().endsWith(u"</html>"_s)) << "one document";
+    EXPECT_TRUE(contenu.rtf.startsWith("{\\rtf1") && contenu.rtf.contains("CO000001"));
+    EXPECT_EQ(fenetre.vue().selLength(), 4) << "nothing in the window changes";
+    // Without a selection all of it.
+    fenetre.vue().setSelLength(0);
+    emit fenetre.vue().rightClicked(0, {10, 10});
+    entree(fenetre, u"MnuCopyReference"_s)->trigger();
+    EXPECT_TRUE(contenu.texte.contains(fenetre.vue().control().text().left(30)));
+    EXPECT_TRUE(contenu.texte.contains(u"CO000001"_s));
+}
+
 TEST_F(LiensTextes, TheEntriesThatPrintAndSendTellTheFrame) {
     Textes& fenetre = ouvre("CO000001");
     std::vector<Ordre> dits;
