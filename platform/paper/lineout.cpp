@@ -15,6 +15,14 @@ QRgb colourOf(std::int32_t colour) {
     return colour == autoColour ? black : viewColour(colour).rgb();
 }
 
+double inTwips(double dots) {
+    return dots * SetDocument::twipsPerDot;
+}
+
+QRectF inTwips(const QRectF& dots) {
+    return {dots.topLeft() * SetDocument::twipsPerDot, dots.size() * SetDocument::twipsPerDot};
+}
+
 bool runsLeft(QChar letter) {
     const QChar::Direction direction = letter.direction();
     return direction == QChar::DirR || direction == QChar::DirAL;
@@ -46,8 +54,8 @@ std::uint16_t LineOut::styleOf(FormatId format) {
     std::int32_t& style = styles_[format];
     if (style < 0) {
         const CharFormat& f = formats_[format];
-        style = job_.style({installedFamily(f.family), std::clamp(f.size, 2, 800) / 2.0, f.bold, f.italic, f.underline,
-                            f.strike, colourOf(f.colour)});
+        style = job_.style({installedFamily(f.family), SetDocument::points(std::clamp(f.size, 2, 800) / 2.0), f.bold,
+                            f.italic, f.underline, f.strike, colourOf(f.colour)});
     }
     return static_cast<std::uint16_t>(style);
 }
@@ -94,9 +102,8 @@ void LineOut::putLinks(const QTextLine& line, int blockStart, QPointF corner) {
             continue;
         const double one = line.cursorToX(from - blockStart);
         const double other = line.cursorToX(to - blockStart);
-        const QRectF where(corner.x() + std::min(one, other), corner.y() + line.y(), std::abs(other - one),
-                           line.height());
-        job_.pages.back().links.push_back({where, links_[i].address});
+        const QRectF where(std::min(one, other), line.y(), std::abs(other - one), line.height());
+        job_.pages.back().links.push_back({inTwips(where).translated(corner), links_[i].address});
     }
 }
 
@@ -106,10 +113,11 @@ void LineOut::putBeside(int number, const SetDocument::Block& block, int line, Q
     if (line == 0 && shown.format(number).bullet && shown.paragraph(number).first) {
         const BulletMark bullet = set_.setter().bullet(number, block.lines->lineAt(0), set_.firstLetter(number));
         const QPointF half(bullet.radius, bullet.radius);
-        page.fills.push_back({QRectF(corner + bullet.centre - half, corner + bullet.centre + half), black, true});
+        page.fills.push_back(
+            {inTwips(QRectF(bullet.centre - half, bullet.centre + half)).translated(corner), black, true});
     }
     if (line + 1 == block.lines->lineCount() && shown.paragraph(number).headEnd)
-        page.fills.push_back({set_.setter().headRule(number, block.height).translated(corner), ruleColour});
+        page.fills.push_back({inTwips(set_.setter().headRule(number, block.height)).translated(corner), ruleColour});
 }
 
 void LineOut::putPiece(const QTextLine& line, int blockStart, int from, int to, FormatId format, QPointF corner,
@@ -117,9 +125,9 @@ void LineOut::putPiece(const QTextLine& line, int blockStart, int from, int to, 
     JobPage& page = job_.pages.back();
     const CharFormat& look = formats_[format];
     const QString& text = set_.shown().text();
-    const double baseline = corner.y() + line.y() + line.ascent();
+    const double baseline = corner.y() + inTwips(line.y() + line.ascent());
     const auto placeOf = [&](int at, QTextLine::Edge edge = QTextLine::Leading) {
-        return corner.x() + line.cursorToX(at - blockStart, edge);
+        return corner.x() + inTwips(line.cursorToX(at - blockStart, edge));
     };
     for (int at = from; at < to;) {
         const QChar first = text.at(at);
@@ -129,7 +137,7 @@ void LineOut::putPiece(const QTextLine& line, int blockStart, int from, int to, 
         }
         if (first == QChar::ObjectReplacementCharacter && look.object >= 0) {
             const double width = placeOf(at, QTextLine::Trailing) - placeOf(at);
-            const double height = line.ascent();
+            const double height = inTwips(line.ascent());
             page.pictures.push_back({{placeOf(at), baseline - height, width, height}, source_, look.object});
             ++at;
             continue;
@@ -145,7 +153,8 @@ void LineOut::putPiece(const QTextLine& line, int blockStart, int from, int to, 
         const double x = std::min(one, other);
         const double width = std::abs(other - one);
         if (look.background != autoColour)
-            page.fills.push_back({{x, baseline - line.ascent(), width, line.height()}, colourOf(look.background)});
+            page.fills.push_back(
+                {{x, baseline - inTwips(line.ascent()), width, inTwips(line.height())}, colourOf(look.background)});
         page.runs.push_back({static_cast<float>(x), static_cast<float>(baseline - look.offset),
                              static_cast<float>(width), at, static_cast<std::uint16_t>(end - at), styleOf(format),
                              source_, stretched});

@@ -13,7 +13,7 @@ public:
     /// What of the text leads outside, in positions of the document.
     void setLinks(std::vector<LinkSpan> links);
 
-    /// Line `line` of block `number`, whose corner lies at that place of the job's last page.
+    /// Line `line` of block `number`, whose corner lies at that place of the job's last page, in twips.
     void put(int number, const SetDocument::Block& block, int line, QPointF corner);
 
 private:

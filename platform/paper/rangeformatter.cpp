@@ -9,7 +9,11 @@ namespace velm {
 
 namespace {
 
-/// The bands of a set block's lines, which share the room between them.
+int inTwips(int dots) {
+    return qRound(dots * SetDocument::twipsPerDot);
+}
+
+/// The bands of a set block's lines, which share the room between them, in twips.
 class Bands {
 public:
     explicit Bands(const SetDocument::Block& block) : block_(block) {}
@@ -18,9 +22,9 @@ public:
         if (line <= 0)
             return 0;
         if (line >= count())
-            return block_.height;
+            return inTwips(block_.height);
         const QRectF above = block_.lines->lineAt(line - 1).rect();
-        return qRound((above.bottom() + block_.lines->lineAt(line).y()) / 2);
+        return inTwips(qRound((above.bottom() + block_.lines->lineAt(line).y()) / 2));
     }
 
 private:
@@ -102,8 +106,8 @@ PrintDevice::Formatted RangeFormatter::format(const RichText& rich, qsizetype fr
             s.next = first == end ? end : s.from + shown.toModel(shown.documentStart(s.block));
             return {s.next, y};
         }
-        const int skipped = continued && !any && s.line == 0 ? s.set.setter().spaceBefore(s.block) : 0;
-        const int text = block.height - s.set.setter().spaceAfter(s.block);
+        const int skipped = continued && !any && s.line == 0 ? inTwips(s.set.setter().spaceBefore(s.block)) : 0;
+        const int text = inTwips(block.height - s.set.setter().spaceAfter(s.block));
         const bool row = shown.paragraph(s.block).tabs && !shown.format(s.block).tabs.empty();
         int corner = y - std::max(bands.top(s.line), skipped);
         const bool whole = row && s.line == 0 && text - skipped <= rectangle.height();

@@ -12,9 +12,9 @@ constexpr qsizetype charactersAtOnce = 4096;
 
 PaperPage pageOf(int width, int hang) {
     PaperPage page;
-    page.measure = std::max(1, width);
+    page.measure = std::max(1, pixelsFromTwips(width));
     page.tableMeasure = page.measure;
-    page.margin = hang;
+    page.margin = pixelsFromTwips(hang);
     return page;
 }
 
@@ -54,9 +54,10 @@ protected:
         const QSize twips = pictures_.size(format);
         if (!twips.isValid())
             return;
-        const double fit = std::min(1.0, measure_ / std::max(1.0, double(twips.width())));
-        item.setWidth(twips.width() * fit);
-        item.setAscent(twips.height() * fit);
+        const double width = twips.width() / twipsPerDot;
+        const double fit = std::min(1.0, measure_ / std::max(1.0, width));
+        item.setWidth(width * fit);
+        item.setAscent(twips.height() / twipsPerDot * fit);
         item.setDescent(0);
     }
 
@@ -65,6 +66,11 @@ private:
     SheetPictures pictures_;
     double measure_;
 };
+
+double SetDocument::points(double asked) {
+    constexpr double pointsPerInch = 72;
+    return std::max(1, qRound(asked * dpi / pointsPerInch)) * pointsPerInch / dpi;
+}
 
 SetDocument::SetDocument(const RichText& rich, int width, int hang)
     : shown_(rich), page_(pageOf(width, hang)), setter_(shown_, page_, dpi, mainHeight(shown_)), fill_(document_) {
