@@ -1,58 +1,13 @@
 // Printing, the preview, PDF files, saving and sending, from the buttons and entries of the frame.
-#include "platform/paper/jobpages.h"
-#include "platform/widgets/paper/sheetsview.h"
-#include "print/ui/frmapercu.h"
-#include "shell/impressions.h"
-#include "shell/recherches.h"
-#include "shell/selection.h"
-#include "tests/shell/dossiers_support.h"
+#include "tests/shell/impressions_support.h"
 
 #include <QMenu>
-#include <QPushButton>
 
 #include <set>
 
 using namespace velm;
+using test::ImpressionsTest;
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
-
-class ImpressionsTest : public test::DossiersTest {
-protected:
-    void SetUp() override {
-        DossiersTest::SetUp();
-        regle(u"EDITEUR", u"CHOIXIMPRIMANTE", u"0"_s);
-        regle(u"EDITEUR", u"EJECTIONAUTOMATIQUE", u"1"_s);
-        regle(u"EDITEUR", u"CHOIXIMPRIMANTEDOSSIER", u"0"_s);
-        regle(u"EDITEUR", u"EJECTIONAUTOMATIQUEDOSSIER", u"0"_s);
-    }
-    void sansejection() const { regle(u"EDITEUR", u"EJECTIONAUTOMATIQUE", u"0"_s); }
-    QAction& action(Ordre ordre) const { return actions().de(ordre); }
-    void donne(Ordre ordre) const { actions().de(ordre).trigger(); }
-    bool visible(const char* bouton) const { return barrecommande().isButtonVisible(QString::fromUtf8(bouton)); }
-    FrmApercu* apercu() const { return programme->impressions().fenetreapercu(); }
-    QPushButton& boutonapercu(const QString& nom) const { return *apercu()->findChild<QPushButton*>(nom); }
-
-    /// All letters of a job.
-    static QString textede(const JobPages& pages) {
-        QString tout;
-        for (const JobPage& page : pages.pages) {
-            for (const JobRun& run : page.runs)
-                tout += pages.text(run);
-        }
-        return tout;
-    }
-    std::vector<test::DocumentEssai> documents() const override {
-        auto tous = DossiersTest::documents();
-        QByteArray longtemps = "{\\rtf1\\ansi ";
-        for (int i = 0; i < 400; ++i)
-            longtemps += "Paragraphe " + QByteArray::number(i) + ".\\par ";
-        tous.push_back({u"EU000001"_s, u"Un long document"_s, longtemps + "}"});
-        return tous;
-    }
-};
-
-} // namespace
 
 TEST_F(ImpressionsTest, TheButtonPrintsTheDocumentInFrontUnderItsTitle) {
     commence(u"CO1"_s);
