@@ -7,17 +7,22 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QDir>
+#include <QFileInfo>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include <cmath>
 #include <string>
 
 namespace velm {
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -65,6 +70,17 @@ void peint(QPrinter& imprimante, const JobPages& pages, const Imprimante::Avance
 void entwips(QPainter& peintre, const QPaintDevice& papier, const JobPages& pages) {
     peintre.scale(double(papier.logicalDpiX()) / twipsPerInch, double(papier.logicalDpiY()) / twipsPerInch);
     peintre.translate(pages.offsetX, pages.offsetY);
+}
+
+QString fichiersuivant(const QString& chemin) {
+    const QFileInfo fichier(chemin);
+    static const QRegularExpression compte(u" \\((\\d+)\\)$"_s);
+    const QString nom = QString(fichier.completeBaseName()).remove(compte);
+    for (int numero = 2;; ++numero) {
+        const QString autre = fichier.dir().filePath(nom + u" (%1)."_s.arg(numero) + fichier.suffix());
+        if (!QFileInfo::exists(autre))
+            return autre;
+    }
 }
 
 PrintDevice::Sheet feuillede(const QPrinter& imprimante) {
@@ -121,9 +137,9 @@ void QtImprimante::imprimepages(const JobPages& pages, const QString& titre, con
     if (!celle.isValid() || (enfichier(celle) && celle.outputFileName().isEmpty()))
         throw PrintFailure("no printer");
     imprimesur(celle, pages, titre, mots().langue, avance);
-    // A file is chosen for one job: the next one would take its place without a word.
+    // The next job must not take the file's place without a word.
     if (enfichier(celle))
-        celle.setOutputFileName({});
+        celle.setOutputFileName(fichiersuivant(celle.outputFileName()));
 }
 
 bool QtImprimante::imprime(const PaperTable& liste) {

@@ -46,6 +46,8 @@ private:
     mutable std::unique_ptr<QPrinter> imprimante_; ///< asking the system for its printers takes time
 };
 
+/// Where the job goes that follows the one in this file: "travail (2).pdf", the first number that is free.
+QString fichiersuivant(const QString& chemin);
 /// The paper of a printer, in twips.
 PrintDevice::Sheet feuillede(const QPrinter& imprimante);
 /// From now on the painter, which paints on this paper, counts in twips from the corner of what can be printed.

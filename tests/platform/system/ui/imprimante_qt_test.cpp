@@ -64,6 +64,15 @@ TEST_F(ImprimanteQtTest, AFileThatCannotBeWrittenIsAFailure) {
     EXPECT_THROW(imprimesur(imprimante, liste(3), {}, {}, {}), PrintFailure);
 }
 
+TEST_F(ImprimanteQtTest, TheNextJobTakesNoFilesPlace) {
+    const QString second = dossier.filePath(u"travail (2).pdf"_s);
+    EXPECT_EQ(fichiersuivant(chemin), second);
+    QFile fichier(second);
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+    EXPECT_EQ(fichiersuivant(chemin), dossier.filePath(u"travail (3).pdf"_s));
+    EXPECT_EQ(fichiersuivant(second), dossier.filePath(u"travail (3).pdf"_s));
+}
+
 TEST_F(ImprimanteQtTest, ThePaperIsToldInTwips) {
     imprimante.setPageSize(QPageSize(QPageSize::A4));
     const PrintDevice::Sheet droite = feuillede(imprimante);
