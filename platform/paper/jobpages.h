@@ -56,6 +56,9 @@ struct LinkSpan {
     QString address;
 };
 
+/// Of the frame that stands for a picture that cannot be shown.
+inline constexpr std::uint32_t missingPictureColour = 0xFF9AA3AE;
+
 /// A place that leads to an address outside.
 struct JobLink {
     QRectF where;

@@ -136,9 +136,10 @@ void LineOut::putPiece(const QTextLine& line, int blockStart, int from, int to, 
             continue;
         }
         if (first == QChar::ObjectReplacementCharacter && look.object >= 0) {
-            const double width = placeOf(at, QTextLine::Trailing) - placeOf(at);
+            const double width = std::abs(placeOf(at + 1) - placeOf(at)); // an object's trailing edge is its place, too
             const double height = inTwips(line.ascent());
-            page.pictures.push_back({{placeOf(at), baseline - height, width, height}, source_, look.object});
+            page.pictures.push_back(
+                {{std::min(placeOf(at), placeOf(at + 1)), baseline - height, width, height}, source_, look.object});
             ++at;
             continue;
         }

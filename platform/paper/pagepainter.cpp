@@ -54,8 +54,13 @@ void PagePainter::paintPicture(QPainter& painter, const JobPicture& picture) {
         const RichObject& object = source.objects[static_cast<std::size_t>(picture.object)];
         known = pictures_.emplace(key, pictureOf(object)).first;
     }
-    if (!known->second.isNull())
+    if (!known->second.isNull()) {
         painter.drawImage(picture.where, known->second);
+        return;
+    }
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QColor::fromRgb(missingPictureColour));
+    painter.drawRect(picture.where);
 }
 
 } // namespace velm

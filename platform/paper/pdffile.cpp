@@ -97,13 +97,21 @@ private:
             const auto& objects = job_.sources[key.first].objects;
             const auto place = static_cast<std::size_t>(std::max(0, key.second));
             const QImage image = place < objects.size() ? pictureOf(objects[place]) : QImage();
-            known = pictureObjects_.emplace(key, imageObject(image)).first;
+            known = pictureObjects_.emplace(key, image.isNull() ? frameObject() : imageObject(image)).first;
         }
         return known->second;
     }
+    /// In place of a picture that cannot be shown.
+    int frameObject() {
+        constexpr double full = 255;
+        const QRgb grey = missingPictureColour;
+        const QByteArray colour =
+            number(qRed(grey) / full) + ' ' + number(qGreen(grey) / full) + ' ' + number(qBlue(grey) / full) + " RG ";
+        return objects_.addStream("<< /Type /XObject /Subtype /Form /BBox [0 0 1 1] >>",
+                                  colour.toStdString() + "0 w 0 0 1 1 re S");
+    }
     int imageObject(const QImage& image) {
-        const QImage plain =
-            image.isNull() ? QImage(1, 1, QImage::Format_RGB888) : image.convertToFormat(QImage::Format_RGB888);
+        const QImage plain = image.convertToFormat(QImage::Format_RGB888);
         std::string more;
         if (image.hasAlphaChannel())
             more = " /SMask " + reference(sampled(image.convertToFormat(QImage::Format_Alpha8), 1, "/DeviceGray", {}));

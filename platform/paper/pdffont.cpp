@@ -43,6 +43,8 @@ PdfFont::PdfFont(const QRawFont& font, int number) : font_(font), number_(number
     unitsPerEm_ = std::max(1, static_cast<int>(hb_face_get_upem(face_)));
     hb_ = hb_font_create(face_);
     hb_font_set_scale(hb_, unitsPerEm_, unitsPerEm_);
+    glyphs_ = hb_face_get_glyph_count(face_);
+    outlines_ = font_.fontTable("glyf").isEmpty();
     letters_ = hb_buffer_create();
     has_.resize(0x10000, -1);
 }
@@ -93,23 +95,39 @@ std::vector<PdfFont::Glyph> PdfFont::shape(QStringView text) {
                     break;
                 }
         const QStringView letters = first && to > from ? text.sliced(from, to - from) : QStringView();
+        const std::uint32_t code = note(id, letters);
         glyphs.push_back(
-            {id, scaled(places[i].x_advance), note(id, letters), scaled(places[i].x_offset), letters == u" "});
+            {code, scaled(places[i].x_advance), used_[code].width, scaled(places[i].x_offset), letters == u" "});
     }
     return glyphs;
 }
 
-/// The glyph's own width.
-int PdfFont::note(std::uint32_t glyph, QStringView letters) {
+/// The code of a glyph where it stands for these letters.
+std::uint32_t PdfFont::note(std::uint32_t glyph, QStringView letters) {
     if (glyph >= used_.size())
         used_.resize(glyph + 1);
     Use& use = used_[glyph];
-    if (use.width < 0)
+    if (use.width < 0) {
+        use.glyph = glyph;
         use.width = std::max(
             0, static_cast<int>(std::lround(double(hb_font_get_glyph_h_advance(hb_, glyph)) * thousand / unitsPerEm_)));
+    }
     if (use.letters.isEmpty())
         use.letters = letters.toString();
-    return use.width;
+    if (letters.isEmpty() || use.letters == letters || outlines_)
+        return glyph;
+    constexpr std::uint32_t codes = 0x10000;
+    const auto next = glyphs_ + static_cast<std::uint32_t>(further_.size());
+    const auto [known, isNew] = further_.try_emplace({glyph, letters.toString()}, next);
+    const std::uint32_t code = known->second;
+    if (code >= codes)
+        return glyph;
+    if (isNew) {
+        const Use more{letters.toString(), use.width, glyph};
+        used_.resize(std::max<std::size_t>(used_.size(), code + 1));
+        used_[code] = more;
+    }
+    return code;
 }
 
 QByteArray PdfFont::subset() const {
@@ -117,9 +135,9 @@ QByteArray PdfFont::subset() const {
                                                                                  &hb_subset_input_destroy);
     if (!input)
         return {};
-    for (std::size_t glyph = 0; glyph < used_.size(); ++glyph) {
-        if (used_[glyph].width >= 0)
-            hb_set_add(hb_subset_input_glyph_set(input.get()), static_cast<hb_codepoint_t>(glyph));
+    for (std::size_t code = 0; code < used_.size(); ++code) {
+        if (used_[code].width >= 0)
+            hb_set_add(hb_subset_input_glyph_set(input.get()), used_[code].glyph);
     }
     for (const char* table : {"GSUB", "GPOS", "GDEF", "kern", "name", "post", "OS/2", "DSIG", "FFTM", "cmap"})
         hb_set_add(hb_subset_input_set(input.get(), HB_SUBSET_SETS_DROP_TABLE_TAG), hb_tag_from_string(table, 4));
@@ -146,10 +164,10 @@ QByteArray PdfFont::toUnicode() const {
         block.clear();
         count = 0;
     };
-    for (std::size_t glyph = 0; glyph < used_.size(); ++glyph) {
-        if (used_[glyph].letters.isEmpty())
+    for (std::size_t code = 0; code < used_.size(); ++code) {
+        if (used_[code].letters.isEmpty())
             continue;
-        block += '<' + hex(static_cast<std::uint32_t>(glyph), 4) + "> <" + utf16(used_[glyph].letters) + ">\n";
+        block += '<' + hex(static_cast<std::uint32_t>(code), 4) + "> <" + utf16(used_[code].letters) + ">\n";
         if (++count == most)
             close();
     }
@@ -195,18 +213,30 @@ std::string PdfFont::descriptor(PdfObjects& objects, const QByteArray& file, boo
            " >>";
 }
 
+std::string PdfFont::glyphsOfCodes() const {
+    std::string all;
+    for (const Use& use : used_) {
+        const std::uint32_t glyph = use.width >= 0 ? use.glyph : 0;
+        all += static_cast<char>(glyph >> 8U);
+        all += static_cast<char>(glyph & 0xFFU);
+    }
+    return all;
+}
+
 std::string PdfFont::embed(PdfObjects& objects) const {
-    const bool outlines = font_.fontTable("glyf").isEmpty();
     const std::string name = postScriptName().toStdString();
     std::string widths;
-    for (std::size_t glyph = 0; glyph < used_.size(); ++glyph) {
-        if (used_[glyph].width >= 0)
-            widths += std::to_string(glyph) + " [" + std::to_string(used_[glyph].width) + "] ";
+    for (std::size_t code = 0; code < used_.size(); ++code) {
+        if (used_[code].width >= 0)
+            widths += std::to_string(code) + " [" + std::to_string(used_[code].width) + "] ";
     }
-    const int described = objects.add(descriptor(objects, subset(), outlines));
+    const int described = objects.add(descriptor(objects, subset(), outlines_));
+    const std::string glyphs = further_.empty() || outlines_
+                                   ? std::string("/Identity")
+                                   : PdfObjects::reference(objects.addStream("<< >>", glyphsOfCodes()));
     const int part =
         objects.add(std::string("<< /Type /Font /Subtype ") +
-                    (outlines ? "/CIDFontType0" : "/CIDFontType2 /CIDToGIDMap /Identity") + " /BaseFont /" + name +
+                    (outlines_ ? "/CIDFontType0" : "/CIDFontType2 /CIDToGIDMap " + glyphs) + " /BaseFont /" + name +
                     " /CIDSystemInfo << /Registry (Adobe) /Ordering (Identity) /Supplement 0 >>" + " /FontDescriptor " +
                     PdfObjects::reference(described) + " /W [" + widths + "] >>");
     const int letters = objects.addStream("<< >>", toUnicode().toStdString());

@@ -4,6 +4,7 @@
 #include <QRawFont>
 #include <QString>
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,7 +21,7 @@ class PdfFont {
 public:
     /// A glyph of shaped letters: how far the pen goes, in thousandths of the type's height.
     struct Glyph {
-        std::uint32_t id = 0;
+        std::uint32_t code = 0; ///< by which the file has it
         int advance = 0;
         int natural = 0; ///< its width in the font, without what its neighbours change
         int x = 0;       ///< where it stands off the pen
@@ -44,7 +45,8 @@ public:
     std::string embed(PdfObjects& objects) const;
 
 private:
-    int note(std::uint32_t glyph, QStringView letters);
+    std::uint32_t note(std::uint32_t glyph, QStringView letters);
+    std::string glyphsOfCodes() const;
     QByteArray subset() const;
     QByteArray toUnicode() const;
     QByteArray postScriptName() const;
@@ -56,11 +58,17 @@ private:
     hb_font_t* hb_ = nullptr;
     hb_buffer_t* letters_ = nullptr; ///< that are shaped
     int unitsPerEm_ = 1000;
+    std::uint32_t glyphs_ = 0;
+    bool outlines_ = false; ///< of the kind whose codes are its glyphs
     struct Use {
         QString letters; ///< that the glyph stands for
         int width = -1;  ///< in thousandths; less than none: not in use
+        std::uint32_t glyph = 0;
     };
-    std::vector<Use> used_;        ///< by glyph
+    /// By code, which is the glyph's number, but for a glyph that stands for several letters, as one does for a blank
+    /// and for that which does not break: of these all but the first have codes behind all glyphs.
+    std::vector<Use> used_;
+    std::map<std::pair<std::uint32_t, QString>, std::uint32_t> further_;
     std::vector<signed char> has_; ///< by letter: 1, 0, or -1 where it was not asked for yet
 };
 

@@ -165,7 +165,10 @@ void PdfPage::run(const JobRun& run) {
     }
     const double em = style.points * twipsPerPoint;
     const double missing = run.width * emUnits / em - natural;
-    const double stretch = run.stretched && blanks > 0 ? missing / blanks : 0;
+    // Type of the screen's size is a trace narrower than its outlines: words stand where the line was set for them.
+    constexpr double trace = 0.01;
+    const bool fitted = run.stretched || std::abs(missing) <= trace * natural;
+    const double stretch = fitted && blanks > 0 ? missing / blanks : 0;
     for (const auto& [font, glyphs] : pieces) {
         used_.insert(font);
         if (font != font_ || style.points != points_) {
@@ -193,7 +196,7 @@ void PdfPage::letters(const std::vector<PdfFont::Glyph>& glyphs, double stretch)
     for (const PdfFont::Glyph& glyph : glyphs) {
         off = move(off - glyph.x);
         for (int shift = 12; shift >= 0; shift -= 4)
-            words_ += "0123456789abcdef"[glyph.id >> shift & 0xF];
+            words_ += "0123456789abcdef"[glyph.code >> shift & 0xF];
         off += glyph.x + glyph.natural - glyph.advance - (glyph.blank ? stretch : 0);
     }
     words_ += ">]TJ\n";

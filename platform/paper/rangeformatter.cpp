@@ -37,7 +37,7 @@ struct RangeFormatter::Setting {
     Setting(const RichText& rich, qsizetype first, qsizetype end, const QRect& rectangle)
         : origin(&rich), revision(rich.revision()), from(first), to(end), width(rectangle.width()), next(first),
           part(first > 0 || end < rich.length() ? std::optional(rich.copy(first, end - first)) : std::nullopt),
-          set(part ? *part : rich, rectangle.width(), rectangle.left()) {}
+          set(part ? *part : rich, rectangle.width(), rectangle.left(), rectangle.height()) {}
 
     bool goesOn(const RichText& rich, qsizetype at, qsizetype end, const QRect& rectangle) const {
         return origin == &rich && revision == rich.revision() && to == end && next == at && at > from &&

@@ -35,8 +35,8 @@ void forget(QTextLayout& lines) {
 /// Gives the fonts their device and the pictures their room; it paints nothing.
 class SetDocument::Layout final : public QAbstractTextDocumentLayout {
 public:
-    Layout(QTextDocument* document, const ShownText& shown, int measure)
-        : QAbstractTextDocumentLayout(document), measure_(measure) {
+    Layout(QTextDocument* document, const ShownText& shown, int measure, double highest)
+        : QAbstractTextDocumentLayout(document), measure_(measure), highest_(highest) {
         device_.dpi = dpi;
         setPaintDevice(&device_);
         pictures_.setContent(&shown);
@@ -55,9 +55,10 @@ protected:
         if (!twips.isValid())
             return;
         const double width = twips.width() / twipsPerDot;
-        const double fit = std::min(1.0, measure_ / std::max(1.0, width));
+        const double height = twips.height() / twipsPerDot;
+        const double fit = std::min({1.0, measure_ / std::max(1.0, width), highest_ / std::max(1.0, height)});
         item.setWidth(width * fit);
-        item.setAscent(twips.height() / twipsPerDot * fit);
+        item.setAscent(height * fit);
         item.setDescent(0);
     }
 
@@ -65,6 +66,7 @@ private:
     Density device_;
     SheetPictures pictures_;
     double measure_;
+    double highest_;
 };
 
 double SetDocument::points(double asked) {
@@ -72,9 +74,12 @@ double SetDocument::points(double asked) {
     return std::max(1, qRound(asked * dpi / pointsPerInch)) * pointsPerInch / dpi;
 }
 
-SetDocument::SetDocument(const RichText& rich, int width, int hang)
+SetDocument::SetDocument(const RichText& rich, int width, int hang, int height)
     : shown_(rich), page_(pageOf(width, hang)), setter_(shown_, page_, dpi, mainHeight(shown_)), fill_(document_) {
-    document_.setDocumentLayout(new Layout(&document_, shown_, page_.measure));
+    // The room between lines is the type's.
+    constexpr double room = 2;
+    const double highest = std::max(1.0, height / twipsPerDot - room * mainHeight(shown_));
+    document_.setDocumentLayout(new Layout(&document_, shown_, page_.measure, highest));
     fill_.begin(shown_, rich);
 }
 

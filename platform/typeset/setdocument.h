@@ -11,6 +11,8 @@
 #include <QAbstractTextDocumentLayout>
 #include <QTextDocument>
 
+#include <limits>
+
 namespace velm {
 
 class SetDocument {
@@ -20,8 +22,9 @@ public:
     /// The size that type of so many points has.
     static double points(double asked);
 
-    /// Lengths are twips. Hanging lines reach at most `hang` to the left of the text.
-    SetDocument(const RichText& rich, int width, int hang);
+    /// Lengths are twips. Hanging lines reach at most `hang` to the left of the text; no picture is higher than
+    /// `height`.
+    SetDocument(const RichText& rich, int width, int hang, int height = std::numeric_limits<int>::max());
     ~SetDocument();
     SetDocument(const SetDocument&) = delete;
     SetDocument& operator=(const SetDocument&) = delete;
