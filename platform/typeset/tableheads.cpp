@@ -12,13 +12,15 @@ constexpr int longestHead = 400; // characters
 
 constexpr int mostTitles = 2; // paragraphs that part a table
 
-/// A line over some of a table's rows: set as they are, but for the stops.
+/// A line over some of a table's rows: set as they are, but for the stops, and for their cells' hanging lines.
 bool isTitle(const ShownText& text, int number, int row) {
     ParaFormat here = text.format(number);
     const ParaFormat& rows = text.format(row);
     if (!here.tabs.empty() || text.paragraph(number).tabs)
         return false;
     here.tabs = rows.tabs;
+    here.startIndent = rows.startIndent;
+    here.offset = rows.offset;
     here.spaceAfter = rows.spaceAfter;
     return here == rows;
 }

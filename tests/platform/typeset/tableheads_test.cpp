@@ -14,6 +14,7 @@ struct Row {
     QString text;
     int after = 60;
     std::vector<std::int32_t> stops = {1000, 2000};
+    int hang = 0; ///< of the further lines of a row's last cell
 };
 
 /// The numbers of the paragraphs that end a head.
@@ -23,6 +24,7 @@ QList<int> heads(const std::vector<Row>& rows) {
         ParaFormat format;
         format.spaceAfter = row.after;
         format.tabs = row.stops;
+        format.offset = row.hang;
         rich.append(row.text + u"\r\n"_s, rich.intern(CharFormat{}), rich.intern(format));
     }
     const ShownText shown(rich);
@@ -50,6 +52,14 @@ TEST(TableHeads, TitlesOverSomeOfTheRowsPartNoTable) {
             {{u"Bien\tDélai"_s}, {u"a\tb"_s}, {u"c\td"_s}, title, title, title, {u"e\tf"_s}, {u"g\th"_s}, {u"i\tj"_s}}),
         (QList<int>{0, 6}))
         << "three lines are text of their own";
+}
+
+TEST(TableHeads, TitlesPartNoTableWhoseCellsHang) {
+    const Row title{u"Titre Ier"_s, 60, {}};
+    const auto row = [](const QString& text) { return Row{text, 60, {1000}, 1000}; };
+    EXPECT_EQ(heads({row(u"Articles\tRédaction"_s), title, row(u"R. 1\tdu décret"_s), row(u"R. 2\tdu décret"_s), title,
+                     row(u"R. 3\tdu décret"_s), row(u"R. 4\tdu décret"_s), row(u"R. 5\tdu décret"_s)}),
+              QList<int>{0});
 }
 
 TEST(TableHeads, EachTableHasItsOwn) {
