@@ -65,8 +65,8 @@ private:
         int width = -1;  ///< in thousandths; less than none: not in use
         std::uint32_t glyph = 0;
     };
-    /// By code, which is the glyph's number, but for a glyph that stands for several letters, as one does for a blank
-    /// and for that which does not break: of these all but the first have codes behind all glyphs.
+    /// By code, which is the glyph's number, but for a glyph that stands for several texts, as one does for an accented
+    /// letter and for a letter with its accent: of these all but the first have codes behind all glyphs.
     std::vector<Use> used_;
     std::map<std::pair<std::uint32_t, QString>, std::uint32_t> further_;
     std::vector<signed char> has_; ///< by letter: 1, 0, or -1 where it was not asked for yet

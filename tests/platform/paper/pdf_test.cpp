@@ -147,6 +147,16 @@ TEST_F(PdfTest, AStretchedLineReachesItsEdge) {
     EXPECT_NEAR(right, (1134 + 9638) / 20.0, 1.5);
 }
 
+TEST_F(PdfTest, WordsEndWhereTheLineWasSetForThem) {
+    print(text(u"mot "_s.repeated(20) + u"mot"_s));
+    const JobRun& run = job.pages().pages[0].runs.at(0);
+    const QString boxes = said(u"pdftotext"_s, {u"-bbox"_s, written(), u"-"_s});
+    double right = 0;
+    for (const auto& match : QRegularExpression(u"xMax=\"([0-9.]+)\""_s).globalMatch(boxes))
+        right = std::max(right, match.captured(1).toDouble());
+    EXPECT_NEAR(right, double(run.x + run.width) / 20.0, 0.1);
+}
+
 TEST_F(PdfTest, LettersThatTheFontLacksComeFromAnother) {
     print(text(u"a → 漢 b"_s));
     EXPECT_TRUE(said(u"pdftotext"_s, {written(), u"-"_s}).contains(u"→"_s));
@@ -162,8 +172,18 @@ TEST_F(PdfTest, EachLetterKeepsItsCode) {
         EXPECT_TRUE(read.contains(word)) << word.toStdString() << " in " << read.toStdString();
     // Blanks are all alike to that tool; the file tells one that does not break from others.
     const QString objects = opened(path);
-    EXPECT_TRUE(objects.contains(u"> <00a0>"_s));
-    EXPECT_TRUE(objects.contains(u"> <0020>"_s));
+    QStringList codes; // of the page
+    for (const auto& line : QRegularExpression(u"\\[(<[^\\]]*>)\\]TJ"_s).globalMatch(objects))
+        for (const auto& some : QRegularExpression(u"<([0-9a-f]*)>"_s).globalMatch(line.captured(1)))
+            for (qsizetype at = 0; at < some.captured(1).size(); at += 4)
+                codes << some.captured(1).mid(at, 4);
+    EXPECT_GT(codes.size(), 20);
+    // One glyph, twice: as a letter with its accent, and as the accented letter.
+    for (const QString& letters : {u"00a0"_s, u"0020"_s, u"00650301"_s, u"00e9"_s}) {
+        const auto code = QRegularExpression(u"<([0-9a-f]{4})> <%1>"_s.arg(letters)).match(objects);
+        ASSERT_TRUE(code.hasMatch()) << letters.toStdString();
+        EXPECT_TRUE(codes.contains(code.captured(1))) << letters.toStdString();
+    }
     said(u"qpdf"_s, {u"--check"_s, path});
 }
 
