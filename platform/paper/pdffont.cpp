@@ -15,16 +15,6 @@ namespace {
 
 constexpr int thousand = 1000;
 
-/// A table of the font, as the shaper asks for it.
-hb_blob_t* tableOf(hb_face_t*, hb_tag_t tag, void* font) {
-    const auto* raw = static_cast<const QRawFont*>(font);
-    std::array<char, 5> name{};
-    hb_tag_to_string(tag, name.data());
-    auto* bytes = new QByteArray(raw->fontTable(name.data()));
-    return hb_blob_create(bytes->constData(), static_cast<unsigned>(bytes->size()), HB_MEMORY_MODE_READONLY, bytes,
-                          [](void* kept) { delete static_cast<QByteArray*>(kept); });
-}
-
 QByteArray hex(std::uint32_t number, int digits) {
     return QByteArray::number(number, 16).rightJustified(digits, '0');
 }
@@ -38,8 +28,23 @@ QByteArray utf16(const QString& letters) {
 
 } // namespace
 
+/// A table of the font, as the shaper asks for it. It lives as long as the font: who makes a part of that keeps no
+/// reference to what it takes from a table.
+hb_blob_t* PdfFont::table(hb_face_t*, std::uint32_t tag, void* font) {
+    auto& self = *static_cast<PdfFont*>(font);
+    auto known = self.tables_.find(tag);
+    if (known == self.tables_.end()) {
+        std::array<char, 5> name{};
+        hb_tag_to_string(tag, name.data());
+        known = self.tables_.emplace(tag, self.font_.fontTable(name.data())).first;
+    }
+    const QByteArray& bytes = known->second;
+    return hb_blob_create(bytes.constData(), static_cast<unsigned>(bytes.size()), HB_MEMORY_MODE_READONLY, nullptr,
+                          nullptr);
+}
+
 PdfFont::PdfFont(const QRawFont& font, int number) : font_(font), number_(number) {
-    face_ = hb_face_create_for_tables(tableOf, &font_, nullptr);
+    face_ = hb_face_create_for_tables(&PdfFont::table, this, nullptr);
     unitsPerEm_ = std::max(1, static_cast<int>(hb_face_get_upem(face_)));
     hb_ = hb_font_create(face_);
     hb_font_set_scale(hb_, unitsPerEm_, unitsPerEm_);

@@ -10,6 +10,7 @@
 #include <vector>
 
 struct hb_font_t;
+struct hb_blob_t;
 struct hb_face_t;
 struct hb_buffer_t;
 
@@ -52,7 +53,10 @@ private:
     QByteArray postScriptName() const;
     std::string descriptor(PdfObjects& objects, const QByteArray& file, bool outlines) const;
 
+    static hb_blob_t* table(hb_face_t* face, std::uint32_t tag, void* font);
+
     QRawFont font_;
+    std::map<std::uint32_t, QByteArray> tables_; ///< those that were asked for
     int number_;
     hb_face_t* face_ = nullptr;
     hb_font_t* hb_ = nullptr;
