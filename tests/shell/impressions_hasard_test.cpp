@@ -107,7 +107,7 @@ TEST_F(ImpressionsAuHasard, ButtonsAndJobsAgreeWhateverIsDone) {
     sansejection();
     ASSERT_EQ(demarre(u"CO1"_s), Demarrage::EnMarche);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&ecran()));
-    const int combien = rounds(800);
+    const int combien = rounds(1200);
     std::size_t imprimes = 0;
     for (int rang = 0; rang < combien && !HasFailure(); ++rang) {
         SCOPED_TRACE(rang);
@@ -117,5 +117,5 @@ TEST_F(ImpressionsAuHasard, ButtonsAndJobsAgreeWhateverIsDone) {
         if (imprimante.travaux.size() > 50)
             imprimante.travaux.clear();
     }
-    EXPECT_GT(imprimes, 3U);
+    EXPECT_GT(imprimes, 0U);
 }
