@@ -1,6 +1,6 @@
 // A hand that prints, looks at what it prints, and closes windows meanwhile, in any order.
-#include "tests/shell/impressions_support.h"
 #include "shell/bureau.h"
+#include "tests/shell/impressions_support.h"
 #include "tests/support/rounds.h"
 
 #include <QMdiSubWindow>
