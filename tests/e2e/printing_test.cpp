@@ -11,6 +11,8 @@
 #include <QProcess>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace velm::e2e {
 
 namespace {
@@ -74,6 +76,17 @@ TEST_F(Printing, TwoDocumentsRunOnInOneJobIntoAFile) {
     const QString words = QString::fromUtf8(reader.readAllStandardOutput());
     EXPECT_TRUE(words.contains(u"taux effectif complet"_s));
     EXPECT_TRUE(words.contains(u"aune de Vaucelles"_s));
+    // The next job is offered a file of its own.
+    key(u"ctrl+p"_s);
+    ASSERT_TRUE(becomes([this] { return question() && question()->isActiveWindow(); }));
+    EXPECT_TRUE(inProgram([this] {
+        const auto fields = question()->findChildren<QLineEdit*>();
+        return std::ranges::any_of(fields,
+                                   [](const QLineEdit* field) { return field->text().endsWith(u"travail (2).pdf"); });
+    }));
+    key(u"Escape"_s);
+    ASSERT_TRUE(becomes([this] { return !question(); }));
+    EXPECT_FALSE(inProgram([this] { return jobIsOpen(); }));
 }
 
 TEST_F(Printing, AnOpenJobIsAskedAboutAtTheEnd) {

@@ -1,7 +1,10 @@
 // Printing, the preview, PDF files, saving and sending, from the buttons and entries of the frame.
+#include "shell/bureau.h"
 #include "tests/shell/impressions_support.h"
 
 #include <QMenu>
+#include <QPointer>
+#include <QTimer>
 
 #include <set>
 
@@ -128,8 +131,9 @@ TEST_F(ImpressionsTest, WithTheSearchFormInFrontTheListIsPrinted) {
     EXPECT_FALSE(action(Ordre::Imprimer).isEnabled()) << "there is no row";
     programme->selection().controle().remplissage().remplitdecles({u"CO000001"_s, u"JP000007"_s});
     programme->selection().controle().affichemenuselection(true);
-    programme->recherches().montre(true);
-    ASSERT_TRUE(action(Ordre::Imprimer).isEnabled());
+    ASSERT_EQ(programme->bureau().devant()->nature(), Nature::Recherche);
+    EXPECT_TRUE(action(Ordre::Imprimer).isEnabled()) << "it has got rows, and the form was in front before";
+    EXPECT_TRUE(action(Ordre::Apercu).isEnabled());
     dialogues.answers = {Bouton::Oui};
     donne(Ordre::Imprimer);
     EXPECT_EQ(imprimante.tableaux.size(), 1U);
@@ -181,6 +185,22 @@ TEST_F(ImpressionsTest, ThePreviewIsAskedForOnceAndClosesOnEscape) {
     EVENTUALLY(apercu() == nullptr);
     donne(Ordre::Apercu);
     EXPECT_EQ(apercu()->size(), QSize(700, 500));
+}
+
+TEST_F(ImpressionsTest, APreviewThatIsClosedWhileItIsMadeStopsBeingMade) {
+    commence(u"EU1"_s);
+    QPointer<FrmApercu> vu;
+    QTimer::singleShot(0, &ecran(), [&] {
+        vu = apercu();
+        if (vu)
+            vu->reject();
+    });
+    donne(Ordre::Apercu);
+    ASSERT_TRUE(vu) << "it was seen before all of it was made";
+    EXPECT_TRUE(vu->pages().pages.empty());
+    EVENTUALLY(apercu() == nullptr);
+    donne(Ordre::Apercu);
+    EXPECT_GT(apercu()->pages().pages.size(), 5U);
 }
 
 TEST_F(ImpressionsTest, ThePreviewOfAnOpenJobShowsWhereItGoesOnAndEndsOrAbandonsIt) {
