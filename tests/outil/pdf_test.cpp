@@ -57,6 +57,8 @@ TEST_F(OutilPdf, ADossierBecomesAFileUnderItsName) {
     const Sortie sortie = lance({u"pdf"_s, u"--dossier"_s, u"1"_s, u"--dossiers"_s, magasin, fichier});
     EXPECT_EQ(sortie.code, 0) << sortie.erreurs.toStdString();
     EXPECT_TRUE(dit(u"pdfinfo"_s, {fichier}).contains(QRegularExpression(u"Title: +Baux"_s)));
+    EXPECT_TRUE(dit(u"pdfinfo"_s, {fichier}).contains(QRegularExpression(u"Pages: +2\\n"_s)))
+        << "a sheet for each document, and none behind them that holds nothing but a header";
     const QString texte = dit(u"pdftotext"_s, {fichier, u"-"_s});
     EXPECT_TRUE(texte.contains(u"taux effectif complet"_s));
     EXPECT_TRUE(texte.contains(u"Cour de c"_s)) << "nine letters of the extract";
