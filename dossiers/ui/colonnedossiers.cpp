@@ -53,14 +53,7 @@ ColonneDossiers::ColonneDossiers(const Libelles& texte, QWidget* parent)
     disposition->addWidget(bouton(u"toutreduire"_s, texte(Texte::ToutReduire), {}, &ColonneDossiers::toutreduire));
     ecart(look::groupSpacing);
     imprimer_ = bouton(u"imprimer"_s, texte(Texte::DossiersImprimer), u"Imprimer"_s, &ColonneDossiers::imprimer);
-    exporter_ = bouton(u"exporterpdf"_s, {}, u"pdf"_s, &ColonneDossiers::exporter);
-    exporter_->setToolTip(texte(Texte::DossiersExporterPdf));
-    exporter_->setAccessibleName(texte(Texte::DossiersExporterPdf));
-    auto* papier = new QHBoxLayout;
-    papier->setSpacing(look::spacing);
-    papier->addWidget(imprimer_, 1);
-    papier->addWidget(exporter_);
-    disposition->addLayout(papier);
+    disposition->addWidget(imprimer_);
     ecart(look::spacing);
     disposition->addWidget(bouton(u"Command1"_s, texte(Texte::Reparer), {}, &ColonneDossiers::reparer));
     ecart(look::spacing);
@@ -91,7 +84,6 @@ void ColonneDossiers::permet(const CommandesDossiers& commandes) {
     haut_->setEnabled(commandes.haut);
     bas_->setEnabled(commandes.bas);
     imprimer_->setEnabled(commandes.contenu);
-    exporter_->setEnabled(commandes.contenu);
 }
 
 } // namespace velm

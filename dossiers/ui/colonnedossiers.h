@@ -28,7 +28,6 @@ signals:
     void toutdevelopper();
     void toutreduire();
     void imprimer();
-    void exporter();
     void reparer();
     void fermer();
 
@@ -42,7 +41,6 @@ private:
     QPushButton* haut_;
     QPushButton* bas_;
     QPushButton* imprimer_ = nullptr;
-    QPushButton* exporter_ = nullptr;
     QPushButton* retrouver_ = nullptr;
 };
 

@@ -80,9 +80,11 @@ void frmdossiers::construitbarres() {
     barre_->addButton(u"ouvrirdossier"_s, Toolbar::Kind::Plain, u"ouvrir"_s);
     barre_->addButton(u"enregistrerdossier"_s, Toolbar::Kind::Plain, u"enregistrer"_s);
     barre_->addButton(u"envoyerdossier"_s, Toolbar::Kind::Plain, u"envoyer"_s);
+    barre_->addButton(u"exporterdossier"_s, Toolbar::Kind::Plain, u"pdf"_s);
     barre_->setToolTip(u"ouvrirdossier"_s, texte(Texte::OuvrirFichierDossier));
     barre_->setToolTip(u"enregistrerdossier"_s, texte(Texte::EnregistrerDossier));
     barre_->setToolTip(u"envoyerdossier"_s, texte(Texte::EnvoyerDossier));
+    barre_->setToolTip(u"exporterdossier"_s, texte(Texte::DossiersExporterPdf));
     // Between the two bars for the Tab key, as for the eye.
     developpe_ = new QCheckBox(texte(Texte::DevelopperALOuverture), this);
     developpe_->setObjectName(u"Checkdeveloppe"_s);
@@ -122,7 +124,6 @@ void frmdossiers::reliecommandes() {
     connect(colonne_, &ColonneDossiers::toutreduire, this, [this] { gestion_.toutreduire(); });
     connect(colonne_, &ColonneDossiers::reparer, this, &frmdossiers::repare);
     connect(colonne_, &ColonneDossiers::imprimer, this, [this] { sort(contexte_.imprime); });
-    connect(colonne_, &ColonneDossiers::exporter, this, [this] { sort(contexte_.exporte); });
     retour_ = std::make_unique<RetourDossiers>(gestion_, colonne_->retrouver(), this);
     touches_ = std::make_unique<TouchesDossiers>(gestion_, *retour_, *arbre_, *liste_);
     connect(retour_.get(), &RetourDossiers::dit, this, [this](const QString& mots) {
@@ -150,6 +151,8 @@ void frmdossiers::reliefichiers() {
         // Sent is what was found with the program's searches: without that nothing is.
         else if (bouton == u"envoyerdossier" && contexte_.ontrouve())
             contexte_.fichiers.envoie(echange_.fichier());
+        else if (bouton == u"exporterdossier")
+            sort(contexte_.exporte);
     });
 }
 
@@ -243,6 +246,7 @@ void frmdossiers::montrecommandes(const CommandesDossiers& commandes) {
     colonne_->permet(commandes);
     barre_->setButtonEnabled(u"enregistrerdossier"_s, commandes.contenu);
     barre_->setButtonEnabled(u"envoyerdossier"_s, commandes.contenu);
+    barre_->setButtonEnabled(u"exporterdossier"_s, commandes.contenu);
 }
 
 void frmdossiers::editenoeud(int noeud) {

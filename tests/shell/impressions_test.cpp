@@ -333,7 +333,7 @@ TEST_F(ImpressionsTest, ADossierIsPrintedAndExportedFromItsWindow) {
     ASSERT_EQ(imprimante.travaux.size(), 1U);
     EXPECT_TRUE(textede(imprimante.travaux[0].pages).contains(u"Voir"));
     dialogues.saveFiles = {dossier.filePath(u"dossier.pdf"_s)};
-    presse(u"exporterpdf"_s);
+    presse(*fenetre()->findChild<Toolbar*>(u"Toolbar1"_s), "exporterdossier");
     EXPECT_TRUE(QFile::exists(dossier.filePath(u"dossier.pdf"_s)));
     EXPECT_EQ(dialogues.fileQuestions.back().nom, u"Affaire Durand");
     ferme();

@@ -27,7 +27,9 @@ const QStringList tools =
 const QStringList entries = u"quitter enregistrer envoyer texte piècejointe ranger sélectionnertout chercher "
                             "configurerimprimante majnet options astuce aideweb aide apropos boitearret boiteattention "
                             "boiteinformation boitequestion partenaires éditeur ouvrir "
-                            "retirer outil éjecter abandonner fenêtresuivante toutfermer"_s.split(u' ');
+                            "retirer outil éjecter abandonner fenêtresuivante toutfermer "
+                            "aperçu pdf copierréférence premièrepage pageprécédente pagesuivante dernièrepage "
+                            "agrandir réduire pageentière largeurpage"_s.split(u' ');
 const QStringList nodes =
     u"collectionfermée collectionouverte livrefermé livreouvert chapitrefermé chapitreouvert document "
     "dossierfermé dossierouvert dossierdocument dossierextrait dossiernouveau dossiermodifié "
