@@ -1,5 +1,6 @@
 #pragma once
 // The text of a document window: what is read in it, shown in a view with its links and its pop-up menu.
+#include "core/ordre.h"
 #include "core/texte.h"
 #include "document/ui/contextetextes.h"
 

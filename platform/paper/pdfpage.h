@@ -4,6 +4,7 @@
 #include "platform/paper/pdffont.h"
 
 #include <QByteArray>
+#include <QRgb>
 
 #include <map>
 #include <memory>
